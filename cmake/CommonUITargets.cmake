@@ -1,0 +1,80 @@
+# How the libraries, tests and programs of this project are built: one place for language level, warnings,
+# visibility and sanitizers.
+include_guard(GLOBAL)
+
+find_program(COMMONUI_CCACHE ccache)
+if(COMMONUI_CCACHE AND PROJECT_IS_TOP_LEVEL AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${COMMONUI_CCACHE})
+endif()
+
+# The settings of every target of the project. Warnings stay private, so that a consumer's build is not judged by ours.
+function(commonui_compile_settings target)
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        COMPILE_WARNING_AS_ERROR ${PROJECT_IS_TOP_LEVEL})
+    if(MSVC)
+        target_compile_options(${target} PRIVATE /W4 /utf-8 /permissive-)
+    else()
+        target_compile_options(${target} PRIVATE
+            -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+            -Wcast-qual -Wformat=2 -Wimplicit-fallthrough)
+        # One rounding for each operation: results do not depend on whether the machine has a fused multiply-add.
+        target_compile_options(${target} PRIVATE -ffp-contract=off)
+    endif()
+    if(COMMONUI_SANITIZE)
+        target_compile_options(${target} PRIVATE
+            -fsanitize=${COMMONUI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${COMMONUI_SANITIZE})
+    endif()
+endfunction()
+
+# commonui_add_library(NAME ALIAS alias LAYERS dir...): a library of all sources in the layer folders.
+# Public headers lie beside the sources. A forwarding header under CommonUI/ in the build tree lets a user of
+# add_subdirectory write the same #include lines as a user of the installed package.
+function(commonui_add_library name)
+    cmake_parse_arguments(arg "" "ALIAS" "LAYERS" ${ARGN})
+    set(sources)
+    set(headers)
+    foreach(layer IN LISTS arg_LAYERS)
+        file(GLOB found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${layer}/*.cpp)
+        list(APPEND sources ${found})
+        file(GLOB found RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${layer}/*.h)
+        list(APPEND headers ${found})
+    endforeach()
+    foreach(header IN LISTS headers)
+        file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/include/CommonUI/${header}
+            CONTENT "#include \"${PROJECT_SOURCE_DIR}/${header}\"\n")
+    endforeach()
+
+    add_library(${name} ${sources})
+    add_library(CommonUI::${arg_ALIAS} ALIAS ${name})
+    commonui_compile_settings(${name})
+    set_target_properties(${name} PROPERTIES
+        EXPORT_NAME ${arg_ALIAS}
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        COMMONUI_HEADERS "${headers}")
+    target_include_directories(${name}
+        PUBLIC
+            $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>
+            $<INSTALL_INTERFACE:include>
+        PRIVATE ${PROJECT_SOURCE_DIR})
+    string(TOUPPER ${name} upper)
+    target_compile_definitions(${name} PRIVATE ${upper}_BUILD)
+    if(NOT BUILD_SHARED_LIBS)
+        target_compile_definitions(${name} PUBLIC COMMONUI_STATIC)
+    endif()
+endfunction()
+
+# commonui_add_program(NAME SOURCES file... LIBRARIES target...): a program or test of this project, which may include
+# by the path from the project's root.
+function(commonui_add_program name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    commonui_compile_settings(${name})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(${name} PRIVATE ${arg_LIBRARIES})
+endfunction()

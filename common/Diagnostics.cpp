@@ -1,0 +1,88 @@
+#include "common/Diagnostics.h"
+
+#include <atomic>
+#include <iostream>
+#include <mutex>
+#include <set>
+#include <utility>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+thread_local int t_indentation = 0;
+
+void WriteToStandardError(const SDiagnosticLine& line)
+{
+    const std::string text(static_cast<std::size_t>(line.indentation) * 2, ' ');
+    std::cerr << ToUtf8(line.category) + ": " + text + ToUtf8(line.text) + "\n";
+}
+
+} // namespace
+
+struct CDiagnostics::SState {
+    mutable std::mutex mutex;
+    std::set<CStr, std::less<>> enabled;
+    std::atomic<bool> anyEnabled{false};
+    CSink sink = WriteToStandardError;
+};
+
+CDiagnostics::CDiagnostics()
+    : m_state(std::make_unique<SState>())
+{
+}
+
+CDiagnostics::~CDiagnostics() = default;
+
+bool CDiagnostics::IsEnabled(std::u16string_view category) const
+{
+    if (!m_state->anyEnabled.load(std::memory_order_relaxed))
+        return false;
+    const std::lock_guard lock(m_state->mutex);
+    return m_state->enabled.contains(category);
+}
+
+void CDiagnostics::SetEnabled(std::u16string_view category, bool enabled)
+{
+    const std::lock_guard lock(m_state->mutex);
+    if (enabled)
+        m_state->enabled.emplace(category);
+    else if (const auto found = m_state->enabled.find(category); found != m_state->enabled.end())
+        m_state->enabled.erase(found);
+    m_state->anyEnabled = !m_state->enabled.empty();
+}
+
+void CDiagnostics::Write(std::u16string_view category, EDiagnosticLevel level, std::u16string_view text)
+{
+    if (level < EDiagnosticLevel::Warning && !IsEnabled(category))
+        return;
+    const std::lock_guard lock(m_state->mutex);
+    m_state->sink({category, level, t_indentation, text});
+}
+
+CDiagnostics::CSink CDiagnostics::SetSink(CSink sink)
+{
+    const std::lock_guard lock(m_state->mutex);
+    return std::exchange(m_state->sink, sink ? std::move(sink) : CSink(WriteToStandardError));
+}
+
+CDiagnostics::CScope::CScope() noexcept
+{
+    ++t_indentation;
+}
+
+CDiagnostics::CScope::~CScope()
+{
+    --t_indentation;
+}
+
+CDiagnostics& GetDiagnostics()
+{
+    // Never destroyed: destructors of static objects may still write.
+    static CDiagnostics& diagnostics = *new CDiagnostics;
+    return diagnostics;
+}
+
+} // namespace CommonUI

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "EnumValue.h"
+#include "StringTable.h"
+
+#include <algorithm>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace CommonUI
+{
+
+/// One row of a catalogue: what a table in the code says of an enumeration's value. The display text comes
+/// from the string table by `textId`, or is `literal` where `textId` is 0; `shortTextId` 0 means no short
+/// text.
+struct SEnumRow {
+    int value;
+    std::u16string_view iniName;
+    int textId;
+    std::u16string_view literal = {};
+    int shortTextId = 0;
+    int standard = 0;
+};
+
+/// A named enumeration for the enumeration type `E`: its values in the order of selection lists, and what the
+/// look-ups answer for a number that it does not have. Not changed after it is built, so any thread may read
+/// it.
+template<class E>
+class CEnum
+{
+public:
+    using CValue = CEnumValue<int>;
+
+    /// @param fallback what FindValue answers for an unknown key
+    /// The three texts are what the look-ups by number answer for an unknown number.
+    explicit CEnum(E fallback = E(), const CStr& iniName = {}, const CStr& friendlyString = {},
+                   const CStr& shortFriendlyString = {})
+        : m_fallback(fallback)
+        , m_fallbackIniName(iniName)
+        , m_fallbackFriendlyString(friendlyString)
+        , m_fallbackShortFriendlyString(shortFriendlyString)
+    {
+    }
+
+    /// An enumeration of the rows, with their texts in the language of the string table.
+    static CEnum FromRows(std::span<const SEnumRow> rows, CEnum built = CEnum())
+    {
+        built.m_values.reserve(rows.size());
+        for (const SEnumRow& row : rows)
+            built.Add({row.value, row.iniName, row.textId != 0 ? GetString(row.textId) : CStr(row.literal),
+                       row.shortTextId != 0 ? GetString(row.shortTextId) : CStr(), row.standard});
+        return built;
+    }
+
+    /// Appends a copy and returns the stored element, which stays where it is until the next Add.
+    CValue& Add(const CValue& value) { return m_values.emplace_back(value); }
+
+    auto begin() const noexcept { return m_values.begin(); }
+    auto end() const noexcept { return m_values.end(); }
+    std::size_t GetCount() const noexcept { return m_values.size(); }
+
+    /// The first value of that number, or end().
+    auto Find(int number) const noexcept { return std::find(begin(), end(), number); }
+    /// The first value of that key, compared exactly, or end().
+    auto FindIniName(std::u16string_view iniName) const
+    {
+        return std::find_if(begin(), end(),
+                            [&](const CValue& value) { return value.GetIniName() == iniName; });
+    }
+    /// The number of the key, or the fallback's number for an unknown key.
+    E GetValue(std::u16string_view iniName) const { return GetValue(iniName, m_fallback); }
+    /// The number of the key, or `unknown` for an unknown key.
+    E GetValue(std::u16string_view iniName, E unknown) const
+    {
+        const auto found = FindIniName(iniName);
+        return found == end() ? unknown : static_cast<E>(found->GetValue());
+    }
+
+    CStr GetIniName(int number) const
+    {
+        const auto found = Find(number);
+        return found == end() ? m_fallbackIniName : found->GetIniName();
+    }
+    CStr GetFriendlyString(int number) const
+    {
+        const auto found = Find(number);
+        return found == end() ? m_fallbackFriendlyString : found->GetFriendlyString();
+    }
+    /// The value's short text, or its display text where it has none; for an unknown number the fallback's
+    /// short text, even when that is empty.
+    CStr GetShortFriendlyString(int number) const
+    {
+        const auto found = Find(number);
+        return found == end() ? m_fallbackShortFriendlyString : found->GetShortFriendlyString();
+    }
+
+private:
+    std::vector<CValue> m_values;
+    E m_fallback;
+    CStr m_fallbackIniName;
+    CStr m_fallbackFriendlyString;
+    CStr m_fallbackShortFriendlyString;
+};
+
+} // namespace CommonUI

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Str.h"
+
+namespace CommonUI
+{
+
+/// One value of a named enumeration: a number with the key that files store, its display texts and the
+/// standard it belongs to. `T` is int in all of this library.
+template<class T>
+class CEnumValue
+{
+public:
+    /// @param value the enumerator's number, the identity of the value
+    /// @param iniName the key under which files store the value; it may end in a blank
+    /// @param friendlyString the display text
+    /// @param shortFriendlyString the short display text; empty where the display text serves
+    /// @param standard the EAnalysisStandards number; 0 where the enumeration knows no standards
+    CEnumValue(T value, const CStr& iniName, const CStr& friendlyString, const CStr& shortFriendlyString,
+               int standard)
+        : m_value(value)
+        , m_iniName(iniName)
+        , m_friendlyString(friendlyString)
+        , m_shortFriendlyString(shortFriendlyString)
+        , m_standard(standard)
+    {
+    }
+
+    T GetValue() const noexcept { return m_value; }
+    operator T() const noexcept { return m_value; }
+    /// Compares the number only.
+    bool operator==(T value) const noexcept { return m_value == value; }
+
+    CStr GetIniName() const { return m_iniName; }
+    CStr GetFriendlyString() const { return m_friendlyString; }
+    /// The short display text, or the display text where there is no short one.
+    CStr GetShortFriendlyString() const
+    {
+        return m_shortFriendlyString.IsEmpty() ? m_friendlyString : m_shortFriendlyString;
+    }
+    int GetStandard() const noexcept { return m_standard; }
+
+    void SetIniName(const CStr& iniName) { m_iniName = iniName; }
+    void SetFriendlyString(const CStr& text) { m_friendlyString = text; }
+    void SetShortFriendlyString(const CStr& text) { m_shortFriendlyString = text; }
+    void SetStandard(int standard) noexcept { m_standard = standard; }
+
+private:
+    T m_value;
+    CStr m_iniName;
+    CStr m_friendlyString;
+    CStr m_shortFriendlyString;
+    int m_standard;
+};
+
+} // namespace CommonUI

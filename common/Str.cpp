@@ -1,0 +1,362 @@
+#include "common/Str.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <new>
+#include <stdexcept>
+#include <utility>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+constexpr std::u16string_view c_whiteSpace = u" \t\n\v\f\r";
+constexpr char32_t c_replacement = 0xFFFD;
+
+bool IsHighSurrogate(char16_t unit)
+{
+    return (unit & 0xFC00) == 0xD800;
+}
+
+bool IsLowSurrogate(char16_t unit)
+{
+    return (unit & 0xFC00) == 0xDC00;
+}
+
+void CopyUnits(char16_t* to, const char16_t* from, std::size_t count)
+{
+    if (count != 0)
+        std::memcpy(to, from, count * sizeof(char16_t));
+}
+
+void AppendUtf16(std::u16string& text, char32_t code)
+{
+    if (code < 0x10000) {
+        text += static_cast<char16_t>(code);
+        return;
+    }
+    text += static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
+    text += static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
+}
+
+void AppendUtf8(std::string& bytes, char32_t code)
+{
+    const auto tail = [code](int shift) { return static_cast<char>(0x80 | ((code >> shift) & 0x3F)); };
+    if (code < 0x80) {
+        bytes += static_cast<char>(code);
+    } else if (code < 0x800) {
+        bytes += static_cast<char>(0xC0 | (code >> 6));
+        bytes += tail(0);
+    } else if (code < 0x10000) {
+        bytes += static_cast<char>(0xE0 | (code >> 12));
+        bytes += tail(6);
+        bytes += tail(0);
+    } else {
+        bytes += static_cast<char>(0xF0 | (code >> 18));
+        bytes += tail(12);
+        bytes += tail(6);
+        bytes += tail(0);
+    }
+}
+
+/// What a lead byte of UTF-8 promises: how many bytes follow, and the range of the first of them (which
+/// excludes overlong forms, surrogates and numbers beyond U+10FFFF). Unicode Standard, table 3-7.
+struct SLead {
+    int following;
+    unsigned char low;
+    unsigned char high;
+};
+
+SLead LeadOf(unsigned char byte)
+{
+    if (byte >= 0xC2 && byte <= 0xDF)
+        return {1, 0x80, 0xBF};
+    if (byte >= 0xE0 && byte <= 0xEF)
+        return {2, static_cast<unsigned char>(byte == 0xE0 ? 0xA0 : 0x80),
+                static_cast<unsigned char>(byte == 0xED ? 0x9F : 0xBF)};
+    if (byte >= 0xF0 && byte <= 0xF4)
+        return {3, static_cast<unsigned char>(byte == 0xF0 ? 0x90 : 0x80),
+                static_cast<unsigned char>(byte == 0xF4 ? 0x8F : 0xBF)};
+    return {0, 0, 0};
+}
+
+/// Decodes the sequence at `at`, which is beyond ASCII, and moves past it or past its ill-formed part.
+char32_t DecodeSequence(std::string_view bytes, std::size_t& at)
+{
+    const auto lead = static_cast<unsigned char>(bytes[at++]);
+    SLead expected = LeadOf(lead);
+    if (expected.following == 0)
+        return c_replacement;
+    char32_t code = lead & (0x3F >> expected.following);
+    for (int i = 0; i < expected.following; ++i) {
+        if (at == bytes.size())
+            return c_replacement;
+        const auto byte = static_cast<unsigned char>(bytes[at]);
+        if (byte < expected.low || byte > expected.high)
+            return c_replacement;
+        code = (code << 6) | (byte & 0x3F);
+        expected.low = 0x80;
+        expected.high = 0xBF;
+        ++at;
+    }
+    return code;
+}
+
+} // namespace
+
+/// A reference-counted buffer; the code units follow the header.
+struct CStr::SBuffer {
+    std::atomic<std::size_t> references{1};
+    std::size_t capacity;
+
+    char16_t* Units() { return reinterpret_cast<char16_t*>(this + 1); }
+
+    static SBuffer* Create(std::size_t capacity)
+    {
+        constexpr std::size_t limit = (static_cast<std::size_t>(-1) / 2 - sizeof(SBuffer)) / sizeof(char16_t);
+        if (capacity > limit)
+            throw std::length_error("CStr");
+        void* memory = ::operator new(sizeof(SBuffer) + capacity * sizeof(char16_t));
+        auto* buffer = new (memory) SBuffer;
+        buffer->capacity = capacity;
+        return buffer;
+    }
+};
+
+CStr::CStr(std::u16string_view text)
+    : CStr()
+{
+    CopyUnits(GrowTo(text.size()), text.data(), text.size());
+}
+
+CStr::CStr(std::size_t count, char16_t unit)
+    : CStr()
+{
+    std::fill_n(GrowTo(count), count, unit);
+}
+
+CStr::CStr(const CStr& other) noexcept
+{
+    std::memcpy(static_cast<void*>(this), &other, sizeof *this);
+    if (IsShared())
+        Buffer()->references.fetch_add(1, std::memory_order_relaxed);
+}
+
+CStr::CStr(CStr&& other) noexcept
+{
+    std::memcpy(static_cast<void*>(this), &other, sizeof *this);
+    other.m_tag = 0;
+}
+
+CStr& CStr::operator=(const CStr& other) noexcept
+{
+    CStr copy(other);
+    Swap(copy);
+    return *this;
+}
+
+CStr& CStr::operator=(CStr&& other) noexcept
+{
+    CStr moved(std::move(other));
+    Swap(moved);
+    return *this;
+}
+
+void CStr::Swap(CStr& other) noexcept
+{
+    alignas(CStr) unsigned char saved[sizeof(CStr)];
+    std::memcpy(saved, static_cast<void*>(this), sizeof saved);
+    std::memcpy(static_cast<void*>(this), &other, sizeof saved);
+    std::memcpy(static_cast<void*>(&other), saved, sizeof saved);
+}
+
+void CStr::ReleaseBuffer() noexcept
+{
+    SBuffer* buffer = Buffer();
+    if (buffer->references.fetch_sub(1, std::memory_order_acq_rel) != 1)
+        return;
+    buffer->~SBuffer();
+    ::operator delete(buffer);
+}
+
+/// The header in front of a shared text's units.
+CStr::SBuffer* CStr::Buffer() const noexcept
+{
+    return reinterpret_cast<SBuffer*>(m_heap.units) - 1;
+}
+
+/// Makes this text its buffer's only owner with the given length, keeping what fits of the old text, and
+/// returns the place of the units for the caller to fill. The old buffer must stay alive until the caller has
+/// read from it.
+char16_t* CStr::GrowTo(std::size_t length)
+{
+    if (!IsShared() && length <= c_inlineCapacity) {
+        m_tag = static_cast<char16_t>(length);
+        return m_inline;
+    }
+    const bool alone = IsShared() && Buffer()->references.load(std::memory_order_acquire) == 1;
+    if (!alone || Buffer()->capacity < length) {
+        const std::size_t kept = std::min(GetLength(), length);
+        const bool growing = GetLength() != 0;
+        SBuffer* fresh =
+            SBuffer::Create(growing ? std::max(length, GetLength() + GetLength() / 2 + 16) : length);
+        CopyUnits(fresh->Units(), data(), kept);
+        Release();
+        m_heap.units = fresh->Units();
+        m_tag = c_sharedTag;
+    }
+    m_heap.length = length;
+    return m_heap.units;
+}
+
+void CStr::Reserve(std::size_t length)
+{
+    const std::size_t kept = GetLength();
+    if (length <= kept)
+        return;
+    GrowTo(length);
+    if (IsShared())
+        m_heap.length = kept;
+    else
+        m_tag = static_cast<char16_t>(kept);
+}
+
+CStr& CStr::operator+=(std::u16string_view text)
+{
+    if (text.empty())
+        return *this;
+    const std::size_t length = GetLength();
+    const std::less<const char16_t*> before;
+    const bool own = !before(text.data(), begin()) && before(text.data(), end());
+    if (own) {
+        const CStr copy(text);
+        CopyUnits(GrowTo(length + copy.GetLength()) + length, copy.data(), copy.GetLength());
+    } else {
+        CopyUnits(GrowTo(length + text.size()) + length, text.data(), text.size());
+    }
+    return *this;
+}
+
+CStr& CStr::AppendAscii(std::string_view text)
+{
+    const std::size_t length = GetLength();
+    std::transform(text.begin(), text.end(), GrowTo(length + text.size()) + length,
+                   [](char c) { return static_cast<char16_t>(static_cast<unsigned char>(c)); });
+    return *this;
+}
+
+CStr CStr::FromAscii(std::string_view text)
+{
+    CStr result;
+    result.AppendAscii(text);
+    return result;
+}
+
+CStr CStr::FromUtf8(std::string_view bytes)
+{
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    if (std::all_of(bytes.begin(), bytes.end(), isAscii))
+        return FromAscii(bytes);
+    std::u16string text;
+    text.reserve(bytes.size());
+    for (std::size_t at = 0; at < bytes.size();) {
+        if (isAscii(bytes[at]))
+            text += static_cast<char16_t>(bytes[at++]);
+        else
+            AppendUtf16(text, DecodeSequence(bytes, at));
+    }
+    return CStr(text);
+}
+
+std::string CStr::ToUtf8() const
+{
+    return CommonUI::ToUtf8(View());
+}
+
+std::string ToUtf8(std::u16string_view text)
+{
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char16_t unit = text[at];
+        if (IsHighSurrogate(unit) && at + 1 < text.size() && IsLowSurrogate(text[at + 1]))
+            AppendUtf8(bytes, 0x10000 + ((char32_t(unit) & 0x3FF) << 10) + (text[++at] & 0x3FF));
+        else
+            AppendUtf8(bytes, IsHighSurrogate(unit) || IsLowSurrogate(unit) ? c_replacement : unit);
+    }
+    return bytes;
+}
+
+CStr CStr::Mid(std::size_t first, std::size_t count) const
+{
+    const std::size_t length = GetLength();
+    if (first >= length)
+        return {};
+    if (first == 0 && count >= length)
+        return *this;
+    return View().substr(first, count);
+}
+
+CStr CStr::Right(std::size_t count) const
+{
+    const std::size_t length = GetLength();
+    return Mid(length - std::min(count, length));
+}
+
+CStr CStr::Replace(std::u16string_view from, std::u16string_view to) const
+{
+    std::size_t found = from.empty() ? npos : Find(from);
+    if (found == npos)
+        return *this;
+    CStr result;
+    std::size_t rest = 0;
+    for (; found != npos; found = Find(from, rest)) {
+        result += View().substr(rest, found - rest);
+        result += to;
+        rest = found + from.size();
+    }
+    return result += View().substr(rest);
+}
+
+std::vector<CStr> CStr::Split(std::u16string_view delimiter) const
+{
+    if (delimiter.empty())
+        return {*this};
+    std::vector<CStr> pieces;
+    std::size_t rest = 0;
+    for (std::size_t found = Find(delimiter); found != npos; found = Find(delimiter, rest)) {
+        pieces.push_back(Mid(rest, found - rest));
+        rest = found + delimiter.size();
+    }
+    pieces.push_back(Mid(rest));
+    return pieces;
+}
+
+std::u16string_view TrimView(std::u16string_view view) noexcept
+{
+    const std::size_t first = view.find_first_not_of(c_whiteSpace);
+    if (first == std::u16string_view::npos)
+        return {};
+    return view.substr(first, view.find_last_not_of(c_whiteSpace) - first + 1);
+}
+
+CStr CStr::Trim() const
+{
+    return TrimView(View());
+}
+
+CStr CStr::TrimLeft() const
+{
+    const std::size_t first = View().find_first_not_of(c_whiteSpace);
+    return first == npos ? CStr() : Mid(first);
+}
+
+CStr CStr::TrimRight() const
+{
+    return Left(View().find_last_not_of(c_whiteSpace) + 1);
+}
+
+} // namespace CommonUI

@@ -1,0 +1,186 @@
+#pragma once
+
+#include "Export.h"
+#include "Format.h"
+
+#include <compare>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace CommonUI
+{
+
+/// A text of UTF-16 code units with value semantics: every key, name, file path and display text of the
+/// library.
+///
+/// Texts of up to 11 code units lie in the object itself; longer ones share one buffer between their copies,
+/// so that copying never copies characters. Lengths and positions count code units, not characters. The text
+/// need not be well-formed UTF-16. Different objects may be used in different threads, even when they share a
+/// buffer.
+class COMMONDLL_API CStr
+{
+public:
+    /// What the searching functions return when nothing was found.
+    static constexpr std::size_t npos = std::u16string_view::npos;
+
+    CStr() noexcept
+        : m_tag(0)
+    {
+        m_inline[0] = 0;
+    }
+    CStr(const char16_t* text)
+        : CStr(std::u16string_view(text))
+    {
+    }
+    CStr(std::u16string_view text);
+    CStr(const std::u16string& text)
+        : CStr(std::u16string_view(text))
+    {
+    }
+    /// `unit` repeated `count` times.
+    CStr(std::size_t count, char16_t unit);
+    CStr(const CStr& other) noexcept;
+    CStr(CStr&& other) noexcept;
+    CStr& operator=(const CStr& other) noexcept;
+    CStr& operator=(CStr&& other) noexcept;
+    ~CStr() { Release(); }
+
+    /// The text of UTF-8 bytes. Every maximal part of an ill-formed sequence becomes one U+FFFD, as the
+    /// Unicode Standard recommends (chapter 3, U+FFFD substitution of maximal subparts); nothing is dropped.
+    static CStr FromUtf8(std::string_view bytes);
+    /// The text of 7-bit ASCII characters; a byte above 127 becomes the code unit of the same number
+    /// (Latin-1).
+    static CStr FromAscii(std::string_view text);
+    /// The text as UTF-8. A surrogate without its partner becomes U+FFFD.
+    std::string ToUtf8() const;
+
+    std::size_t GetLength() const noexcept { return IsShared() ? m_heap.length : m_tag; }
+    bool IsEmpty() const noexcept { return GetLength() == 0; }
+    /// The code units; nothing stands behind the last one.
+    const char16_t* data() const noexcept { return IsShared() ? m_heap.units : m_inline; }
+    std::u16string_view View() const noexcept { return {data(), GetLength()}; }
+    operator std::u16string_view() const noexcept { return View(); }
+    const char16_t* begin() const noexcept { return data(); }
+    const char16_t* end() const noexcept { return data() + GetLength(); }
+    /// The code unit at `index`, which must be below the length.
+    char16_t operator[](std::size_t index) const noexcept { return data()[index]; }
+
+    /// Appends in place when no other text shares the buffer: a text is built in time proportional to its
+    /// length.
+    CStr& operator+=(std::u16string_view text);
+    CStr& operator+=(char16_t unit) { return *this += std::u16string_view(&unit, 1); }
+    /// Appends 7-bit ASCII characters.
+    CStr& AppendAscii(std::string_view text);
+    /// Makes room for a text of `length` code units, so that appending up to it allocates nothing more.
+    void Reserve(std::size_t length);
+    void Clear() noexcept { *this = CStr(); }
+
+    /// The position of the first occurrence at or after `from`, or `npos`.
+    std::size_t Find(std::u16string_view text, std::size_t from = 0) const noexcept
+    {
+        return View().find(text, from);
+    }
+    std::size_t Find(char16_t unit, std::size_t from = 0) const noexcept { return View().find(unit, from); }
+    /// The position of the last occurrence, or `npos`.
+    std::size_t ReverseFind(std::u16string_view text) const noexcept { return View().rfind(text); }
+    std::size_t ReverseFind(char16_t unit) const noexcept { return View().rfind(unit); }
+    /// The position of the first code unit at or after `from` that is one of `units`, or `npos`.
+    std::size_t FindOneOf(std::u16string_view units, std::size_t from = 0) const noexcept
+    {
+        return View().find_first_of(units, from);
+    }
+    bool Contains(std::u16string_view text) const noexcept { return Find(text) != npos; }
+    bool StartsWith(std::u16string_view text) const noexcept { return View().starts_with(text); }
+    bool EndsWith(std::u16string_view text) const noexcept { return View().ends_with(text); }
+
+    /// The part from `first`, `count` code units long or shorter where the text ends; empty when it starts
+    /// beyond.
+    CStr Mid(std::size_t first, std::size_t count = npos) const;
+    CStr Left(std::size_t count) const { return Mid(0, count); }
+    CStr Right(std::size_t count) const;
+    /// The text with every occurrence of `from` replaced; unchanged when `from` is empty.
+    CStr Replace(std::u16string_view from, std::u16string_view to) const;
+    /// The pieces between the occurrences of `delimiter`: always one more than there are occurrences, so an
+    /// empty text has one empty piece. The whole text when the delimiter is empty.
+    std::vector<CStr> Split(std::u16string_view delimiter) const;
+    /// The text without white space (blank, tab, line feed, vertical tab, form feed, carriage return) at its
+    /// ends.
+    CStr Trim() const;
+    CStr TrimLeft() const;
+    CStr TrimRight() const;
+
+    /// A text by printf's rules in the "C" locale: see FormatText for the conversions and for what becomes of
+    /// a conversion that does not fit its argument.
+    template<class... Args>
+    static CStr Format(std::u16string_view format, const Args&... args)
+    {
+        const SFormatArg list[] = {SFormatArg(args)..., SFormatArg()};
+        return FormatText(format, list, sizeof...(args));
+    }
+
+    void Swap(CStr& other) noexcept;
+
+    friend bool operator==(const CStr& a, const CStr& b) noexcept { return a.View() == b.View(); }
+    friend bool operator==(const CStr& a, std::u16string_view b) noexcept { return a.View() == b; }
+    friend bool operator==(const CStr& a, const char16_t* b) noexcept { return a.View() == b; }
+    /// Ordering by code units, exact and independent of any locale.
+    friend std::strong_ordering operator<=>(const CStr& a, const CStr& b) noexcept
+    {
+        return a.View() <=> b.View();
+    }
+    friend std::strong_ordering operator<=>(const CStr& a, std::u16string_view b) noexcept
+    {
+        return a.View() <=> b;
+    }
+    friend CStr operator+(CStr a, std::u16string_view b) { return std::move(a += b); }
+    friend CStr operator+(CStr a, const CStr& b) { return std::move(a += b.View()); }
+    friend CStr operator+(CStr a, const char16_t* b) { return std::move(a += b); }
+    friend CStr operator+(CStr a, char16_t b) { return std::move(a += b); }
+    friend CStr operator+(std::u16string_view a, const CStr& b) { return CStr(a) += b; }
+    friend CStr operator+(const char16_t* a, const CStr& b) { return CStr(a) += b; }
+
+private:
+    struct SBuffer;
+
+    static constexpr std::size_t c_inlineCapacity = 11;
+    static constexpr char16_t c_sharedTag = 0xFFFF;
+
+    bool IsShared() const noexcept { return m_tag == c_sharedTag; }
+    SBuffer* Buffer() const noexcept;
+    void Release() noexcept
+    {
+        if (IsShared())
+            ReleaseBuffer();
+    }
+    void ReleaseBuffer() noexcept;
+    char16_t* GrowTo(std::size_t length);
+
+    union {
+        char16_t m_inline[c_inlineCapacity];
+        struct {
+            char16_t* units;
+            std::size_t length;
+        } m_heap;
+    };
+    char16_t m_tag; ///< the length of an inline text, or c_sharedTag
+};
+
+/// `view` without white space (blank, tab, line feed, vertical tab, form feed, carriage return) at its ends.
+COMMONDLL_API std::u16string_view TrimView(std::u16string_view view) noexcept;
+
+/// The UTF-8 form of any UTF-16 view; a surrogate without its partner becomes U+FFFD.
+COMMONDLL_API std::string ToUtf8(std::u16string_view text);
+
+} // namespace CommonUI
+
+template<>
+struct std::hash<CommonUI::CStr> {
+    std::size_t operator()(const CommonUI::CStr& text) const noexcept
+    {
+        return std::hash<std::u16string_view>()(text.View());
+    }
+};

@@ -1,0 +1,10 @@
+#include "common/Str.h"
+
+#include <gtest/gtest.h>
+
+using namespace CommonUI;
+
+TEST(Str, Empty)
+{
+    EXPECT_TRUE(CStr().IsEmpty());
+}
