@@ -141,6 +141,20 @@ constexpr SStringTableRow c_english[] = {
     {7962, u"Sum"},
     {7963, u"Integer"},
     {7964, u"Integer"},
+    {9601, u"Pico"},
+    {9602, u"Ångström"},
+    {9603, u"Nano"},
+    {9604, u"Microinch"},
+    {9605, u"Micro"},
+    {9606, u"Mil"},
+    {9607, u"Milli"},
+    {9608, u"Centi"},
+    {9609, u"Inch"},
+    {9610, u"None"},
+    {9611, u"Kilo"},
+    {9612, u"Mega"},
+    {9613, u"Giga"},
+    {9614, u"Undefined"},
 };
 
 constexpr bool IsRising()
