@@ -103,4 +103,14 @@ private:
     CStr m_fallbackShortFriendlyString;
 };
 
+/// The enumeration of a table of rows with static storage: built on the first call, in the language of the
+/// string table at that moment, and never destroyed, so that destructors of static objects may still save
+/// what they hold.
+template<class E, const auto& Rows, E Fallback = E()>
+const CEnum<E>& GetEnumOfRows()
+{
+    static const CEnum<E>& values = *new CEnum<E>(CEnum<E>::FromRows(Rows, CEnum<E>(Fallback)));
+    return values;
+}
+
 } // namespace CommonUI

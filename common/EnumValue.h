@@ -26,6 +26,13 @@ public:
     {
     }
 
+    /// The key, texts and standard of `other` under another number.
+    CEnumValue(T value, const CEnumValue& other)
+        : CEnumValue(other)
+    {
+        m_value = value;
+    }
+
     T GetValue() const noexcept { return m_value; }
     operator T() const noexcept { return m_value; }
     /// Compares the number only.

@@ -17,6 +17,16 @@ using EUnitFactor = CUnit::EUnitFactor;
 
 constexpr std::u16string_view c_metre = u"m";
 
+constexpr SEnumRow c_factorNames[] = {
+    {.value = 0, .iniName = u"Pico", .textId = 9601},  {.value = 1, .iniName = u"Aangstroem", .textId = 9602},
+    {.value = 2, .iniName = u"Nano", .textId = 9603},  {.value = 3, .iniName = u"MicroInch", .textId = 9604},
+    {.value = 4, .iniName = u"Micro", .textId = 9605}, {.value = 5, .iniName = u"MilliInch", .textId = 9606},
+    {.value = 6, .iniName = u"Milli", .textId = 9607}, {.value = 7, .iniName = u"Centi", .textId = 9608},
+    {.value = 8, .iniName = u"Inch", .textId = 9609},  {.value = 9, .iniName = u"Unity", .textId = 9610},
+    {.value = 10, .iniName = u"Kilo", .textId = 9611}, {.value = 11, .iniName = u"Mega", .textId = 9612},
+    {.value = 12, .iniName = u"Giga", .textId = 9613}, {.value = 13, .iniName = u"Undefined", .textId = 9614},
+};
+
 /// How a factor is written: as a whole symbol for lengths, as a prefix for every other kind. Factors without
 /// a metric prefix are never offered for other kinds; their number keeps the text true if one is set all the
 /// same.
@@ -186,26 +196,7 @@ CUnit::EUnitFactor CUnit::SuitableFactor(double value, int power, SShownDigits s
 
 const CEnum<CUnit::EUnitFactor>& CUnit::GetUnitFactorEnum()
 {
-    static constexpr SEnumRow c_rows[] = {
-        {.value = 0, .iniName = u"Pico", .textId = 9601},
-        {.value = 1, .iniName = u"Aangstroem", .textId = 9602},
-        {.value = 2, .iniName = u"Nano", .textId = 9603},
-        {.value = 3, .iniName = u"MicroInch", .textId = 9604},
-        {.value = 4, .iniName = u"Micro", .textId = 9605},
-        {.value = 5, .iniName = u"MilliInch", .textId = 9606},
-        {.value = 6, .iniName = u"Milli", .textId = 9607},
-        {.value = 7, .iniName = u"Centi", .textId = 9608},
-        {.value = 8, .iniName = u"Inch", .textId = 9609},
-        {.value = 9, .iniName = u"Unity", .textId = 9610},
-        {.value = 10, .iniName = u"Kilo", .textId = 9611},
-        {.value = 11, .iniName = u"Mega", .textId = 9612},
-        {.value = 12, .iniName = u"Giga", .textId = 9613},
-        {.value = 13, .iniName = u"Undefined", .textId = 9614},
-    };
-    // Never destroyed: preferences may still be saved while static objects are destroyed.
-    static const auto& values =
-        *new auto(CEnum<EUnitFactor>::FromRows(c_rows, CEnum<EUnitFactor>(EUnitFactor::Unity)));
-    return values;
+    return GetEnumOfRows<EUnitFactor, c_factorNames, EUnitFactor::Unity>();
 }
 
 } // namespace CommonUI

@@ -9,14 +9,90 @@ namespace CommonUI
 /// The standard to which a roughness parameter belongs.
 enum class EAnalysisStandards {
     None = 0,
-    VORNLegacy = 1, ///< the parameters of earlier versions: the areal ones, and profile ones without filters
+    VORNLegacy = 1, ///< the parameters of earlier versions: the areal ones, and profile ones without a filter
     ISO4287 = 2,
-    ISO12085 = 3,
+    ISO12085 = 3, ///< listed behind ISO13565
     ISO13565 = 4,
-    MUFU = 5,
+    MUFU = 5,            ///< valleys of a profile that hold a lubricant
     RoughnessPlugIns = 6 ///< parameters that plug-ins compute
 };
 
+/// The form that a profile roughness analysis removes before it evaluates.
+enum class ERoughnessFormRemoval { Mean = 0, Line = 1, Parabola = 2 };
+
+/// Where a roughness analysis sends its report.
+enum class ERoughnessReportOption { None = 0, Word = 1, HTML = 2 };
+
+/// The statistics that can be computed over a set of results. Their display order is not the numeric one.
+enum class EStatistics {
+    None = 0,
+    Minimum = 1,
+    Maximum = 2,
+    Sum = 3,
+    Mean = 4,
+    Sd = 5,
+    SdPercent = 6, ///< its key ends in a blank, as earlier files have it
+    Median = 7,
+    Fractile = 8,
+    Mode = 9,
+    MeanWeightArea = 10,
+    MeanWeightVolume = 11,
+    SDWeightArea = 12,
+    SDWeightVolume = 13,
+    Count = 14,
+    EntryCount = 15,
+    Total = 16
+};
+
+/// Which part of the image serves the estimation of a tip's shape: a width that the user gives, or what lies
+/// within a depth below the tip's apex.
+enum class ETipEstimationArea {
+    Width = 0,
+    Depth10 = 1,
+    Depth20 = 2,
+    Depth50 = 3,
+    Depth100 = 4,
+    Depth150 = 5
+};
+
+/// The filter in front of a MUFU evaluation: robust Gaussian regression of order 0 or 2, then a morphological
+/// closing.
+enum class EMUFUFilterType { None = 0, RGR0 = 1, RGR2 = 2 };
+
+/// From what the robust regression of a MUFU evaluation starts.
+enum class EMUFURobustSeed { Closing = 0 };
+
+/// The ratio of the filter's cut-off to the length of the closing; the value 1.5 has the key "1_5".
+enum class EMUFUClosingCutOffRatio {
+    Ratio1 = 0,
+    Ratio1_5 = 1,
+    Ratio2 = 2,
+    Ratio3 = 3,
+    Ratio4 = 4,
+    Ratio5 = 5
+};
+
+/// The lines of a grain analysis's summary.
+enum class EMeasureSummaryItems {
+    GrainSettings = 0,
+    GrainTime = 1,
+    GrainStatus = 2,
+    Coverage = 3,
+    SegmentCount = 4,
+    ModeNormalizedSegmentCount = 5,
+    FileName = 6
+};
+
+/// Each accessor builds its enumeration on the first call, with the texts of the language that is installed
+/// then, and returns the same object ever after. Any thread may call.
 COMMONUI_API const CEnum<EAnalysisStandards>& GetAnalysisStandardsEnum();
+COMMONUI_API const CEnum<ERoughnessFormRemoval>& GetRoughnessFormRemovalEnum();
+COMMONUI_API const CEnum<ERoughnessReportOption>& GetRoughnessReportOptionEnum();
+COMMONUI_API const CEnum<EStatistics>& GetStatisticsEnum();
+COMMONUI_API const CEnum<ETipEstimationArea>& GetTipEstimationAreaEnum();
+COMMONUI_API const CEnum<EMUFUFilterType>& GetMUFUFilterTypeEnum();
+COMMONUI_API const CEnum<EMUFURobustSeed>& GetMUFURobustSeedEnum();
+COMMONUI_API const CEnum<EMUFUClosingCutOffRatio>& GetMUFUClosingCutOffRatioEnum();
+COMMONUI_API const CEnum<EMeasureSummaryItems>& GetMeasureSummaryItemsEnum();
 
 } // namespace CommonUI
