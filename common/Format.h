@@ -26,7 +26,10 @@ public:
         Utf8  ///< narrow text, taken as UTF-8
     };
 
-    constexpr SFormatArg() noexcept = default;
+    constexpr SFormatArg() noexcept
+        : m_int(0)
+    {
+    }
     template<std::integral T>
     constexpr SFormatArg(T value) noexcept
         : m_kind(std::is_signed_v<T> ? EKind::Int : EKind::Unsigned)
@@ -76,7 +79,7 @@ public:
     }
 
     EKind GetKind() const noexcept { return m_kind; }
-    /// Whether the argument was a character (`char` or `char16_t`), which "%c" and "%s" show as itself.
+    /// Whether the argument was a character (`char` or `char16_t`), which "%s" shows as itself.
     bool IsCharacter() const noexcept { return m_character; }
     /// The size of the argument's type in bytes: "%u" and "%x" of a negative number show it modulo 2^(8 *
     /// bytes).
@@ -92,7 +95,7 @@ private:
     std::size_t m_bytes = 0;
     bool m_character = false;
     union {
-        long long m_int = 0;
+        long long m_int;
         unsigned long long m_unsigned;
         double m_real;
         std::u16string_view m_text;
@@ -103,14 +106,19 @@ private:
 /// Formats by printf's rules in the "C" locale, whatever locale the process runs under.
 ///
 /// Conversions: %d %i %u %x %X %o %c %s %f %F %e %E %g %G %%, each with the flags "-+ #0", a width and a
-/// precision (either may be "*", which takes an integer argument). Length modifiers (h, l, ll, z, j, t, L,
-/// I64) are read and mean nothing, because every argument knows its own type; "%lf" and "%ls" therefore work
-/// as in C.
+/// precision (either may be "*", which takes an argument). Both count code units and are limited to
+/// c_formatLimit. Length modifiers (h, l, ll, z, j, t, L, I32, I64) are read and mean nothing, because every
+/// argument knows its own type; "%lf" and "%ls" therefore work as in C.
+///
+/// %s of a character and %c of any integer give the code unit of that number. The precision of %s cuts the
+/// text, never between the halves of a surrogate pair.
 ///
 /// A conversion that does not fit its argument never reads what is not there: an integer conversion truncates
-/// a real number toward zero, a real conversion takes an integer's value, a text conversion writes a number
-/// in its plain form, a numeric conversion writes a text as it is. A conversion without an argument, or with
-/// an unknown letter, stands in the result as it stands in the format. Surplus arguments are ignored.
+/// a real number toward zero, a real conversion takes an integer's value, %c and %s write a number in its
+/// plain form (decimal, or as ShortestText does), a numeric conversion writes a text as it is, uncut but
+/// padded to the width; a text for "*" counts as zero. A conversion without an argument, or with an unknown
+/// letter (among them %n and %p), stands in the result as it stands in the format. Surplus arguments are
+/// ignored.
 COMMONDLL_API CStr FormatText(std::u16string_view format, const SFormatArg* args, std::size_t count);
 
 } // namespace CommonUI

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdio>
+#include <locale>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Runs the tests under a locale whose decimal point is a comma, and formats reference texts in the "C"
+/// locale.
+class CCommaLocaleTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr)
+            << "LOCPATH must name the test locale's folder";
+        std::locale::global(std::locale("de_DE.UTF-8"));
+        ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+        char text[8];
+        std::snprintf(text, sizeof text, "%.1f", 0.5);
+        ASSERT_STREQ(text, "0,5");
+        m_c = newlocale(LC_ALL_MASK, "C", nullptr);
+        ASSERT_NE(m_c, nullptr);
+    }
+
+    void TearDown() override
+    {
+        std::locale::global(std::locale::classic());
+        if (m_c)
+            freelocale(m_c);
+    }
+
+    /// What the C library prints in the "C" locale; valid until the next call.
+    template<class... Args>
+    std::string_view Reference(const std::string& format, Args... args)
+    {
+        const locale_t before = uselocale(m_c);
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+        const int length = std::snprintf(m_characters.data(), m_characters.size(), format.c_str(), args...);
+        if (static_cast<std::size_t>(length) >= m_characters.size()) {
+            m_characters.resize(static_cast<std::size_t>(length) + 1);
+            std::snprintf(m_characters.data(), m_characters.size(), format.c_str(), args...);
+        }
+#pragma GCC diagnostic pop
+        uselocale(before);
+        return {m_characters.data(), static_cast<std::size_t>(length)};
+    }
+
+private:
+    locale_t m_c = nullptr;
+    std::vector<char> m_characters = std::vector<char>(512);
+};
