@@ -129,13 +129,13 @@ struct CStr::SBuffer {
 CStr::CStr(std::u16string_view text)
     : CStr()
 {
-    CopyUnits(GrowTo(text.size()), text.data(), text.size());
+    CopyUnits(SetLength(text.size()), text.data(), text.size());
 }
 
 CStr::CStr(std::size_t count, char16_t unit)
     : CStr()
 {
-    std::fill_n(GrowTo(count), count, unit);
+    std::fill_n(SetLength(count), count, unit);
 }
 
 CStr::CStr(const CStr& other) noexcept
@@ -188,10 +188,7 @@ CStr::SBuffer* CStr::Buffer() const noexcept
     return reinterpret_cast<SBuffer*>(m_heap.units) - 1;
 }
 
-/// Makes this text its buffer's only owner with the given length, keeping what fits of the old text, and
-/// returns the place of the units for the caller to fill. The old buffer must stay alive until the caller has
-/// read from it.
-char16_t* CStr::GrowTo(std::size_t length)
+char16_t* CStr::SetLength(std::size_t length)
 {
     if (!IsShared() && length <= c_inlineCapacity) {
         m_tag = static_cast<char16_t>(length);
@@ -217,7 +214,7 @@ void CStr::Reserve(std::size_t length)
     const std::size_t kept = GetLength();
     if (length <= kept)
         return;
-    GrowTo(length);
+    SetLength(length);
     if (IsShared())
         m_heap.length = kept;
     else
@@ -233,9 +230,9 @@ CStr& CStr::operator+=(std::u16string_view text)
     const bool own = !before(text.data(), begin()) && before(text.data(), end());
     if (own) {
         const CStr copy(text);
-        CopyUnits(GrowTo(length + copy.GetLength()) + length, copy.data(), copy.GetLength());
+        CopyUnits(SetLength(length + copy.GetLength()) + length, copy.data(), copy.GetLength());
     } else {
-        CopyUnits(GrowTo(length + text.size()) + length, text.data(), text.size());
+        CopyUnits(SetLength(length + text.size()) + length, text.data(), text.size());
     }
     return *this;
 }
@@ -243,7 +240,7 @@ CStr& CStr::operator+=(std::u16string_view text)
 CStr& CStr::AppendAscii(std::string_view text)
 {
     const std::size_t length = GetLength();
-    std::transform(text.begin(), text.end(), GrowTo(length + text.size()) + length,
+    std::transform(text.begin(), text.end(), SetLength(length + text.size()) + length,
                    [](char c) { return static_cast<char16_t>(static_cast<unsigned char>(c)); });
     return *this;
 }

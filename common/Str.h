@@ -77,6 +77,9 @@ public:
     CStr& AppendAscii(std::string_view text);
     /// Makes room for a text of `length` code units, so that appending up to it allocates nothing more.
     void Reserve(std::size_t length);
+    /// Makes the text `length` code units long and its units this text's own, keeping what fits of the old text.
+    /// @return the units for the caller to write; those beyond the old text are undefined until written
+    char16_t* SetLength(std::size_t length);
     void Clear() noexcept { *this = CStr(); }
 
     /// The position of the first occurrence at or after `from`, or `npos`.
@@ -157,7 +160,6 @@ private:
             ReleaseBuffer();
     }
     void ReleaseBuffer() noexcept;
-    char16_t* GrowTo(std::size_t length);
 
     union {
         char16_t m_inline[c_inlineCapacity];

@@ -11,32 +11,25 @@ namespace CommonUI
 namespace
 {
 
-// Numbers of CParameter::EDimension.
-constexpr int c_dimensionless = 0;
-constexpr int c_length = 1;
-constexpr int c_area = 5;
-constexpr int c_volume = 6;
-constexpr int c_inverseLength = 7;
-constexpr int c_inverseArea = 8;
-constexpr int c_angle = 9;
-constexpr int c_percent = 10;
+using EDimension = CParameter::EDimension;
 
-constexpr SRoughnessVariable c_levelHeight[] = {{u"c", 9401, c_length, 0.0}};
+constexpr SRoughnessVariable c_levelHeight[] = {{u"c", 9401, EDimension::Length, 0.0}};
 // The defaults 10 % and 80 % make Vm(p) and Vv(p) start as Vmp and Vvv do (ISO 25178-3).
-constexpr SRoughnessVariable c_materialRatio[] = {{u"p", 9402, c_percent, 10.0}};
-constexpr SRoughnessVariable c_voidRatio[] = {{u"p", 9402, c_percent, 80.0}};
-constexpr SRoughnessVariable c_twoRatios[] = {{u"p", 9402, c_percent, 10.0}, {u"q", 9403, c_percent, 50.0}};
-constexpr SRoughnessVariable c_percentile[] = {{u"p", 9404, c_percent, 95.0}};
+constexpr SRoughnessVariable c_materialRatio[] = {{u"p", 9402, EDimension::Percent, 10.0}};
+constexpr SRoughnessVariable c_voidRatio[] = {{u"p", 9402, EDimension::Percent, 80.0}};
+constexpr SRoughnessVariable c_twoRatios[] = {{u"p", 9402, EDimension::Percent, 10.0},
+                                              {u"q", 9403, EDimension::Percent, 50.0}};
+constexpr SRoughnessVariable c_percentile[] = {{u"p", 9404, EDimension::Percent, 95.0}};
 // The reference level C0 is given as the material ratio at it (ISO 4287, 4.5.4): a height would depend on the
 // highest peak.
-constexpr SRoughnessVariable c_referenceAndDepth[] = {{u"c0", 9405, c_percent, 5.0},
-                                                      {u"dc", 9406, c_length, 1e-6}};
+constexpr SRoughnessVariable c_referenceAndDepth[] = {{u"c0", 9405, EDimension::Percent, 5.0},
+                                                      {u"dc", 9406, EDimension::Length, 1e-6}};
 
 struct SRow {
     ERoughnessParameters value;
     std::u16string_view iniName;
     EAnalysisStandards standard;
-    int dimension;
+    EDimension dimension;
     std::span<const SRoughnessVariable> variables = {};
 };
 
@@ -45,158 +38,158 @@ using enum EAnalysisStandards;
 
 constexpr SRow c_rows[] = {
     // Areal: height parameters
-    {Sa, u"Sa", VORNLegacy, c_length},
-    {Sq, u"Sq", VORNLegacy, c_length},
-    {Ssk, u"Ssk", VORNLegacy, c_dimensionless},
-    {Sku, u"Sku", VORNLegacy, c_dimensionless},
-    {Sp, u"Sp", VORNLegacy, c_length},
-    {Sv, u"Sv", VORNLegacy, c_length},
-    {Sz, u"Sz", VORNLegacy, c_length},
-    {Smean, u"Smean", VORNLegacy, c_length},
-    {Smin, u"Smin", VORNLegacy, c_length},
-    {Smax, u"Smax", VORNLegacy, c_length},
+    {Sa, u"Sa", VORNLegacy, EDimension::Length},
+    {Sq, u"Sq", VORNLegacy, EDimension::Length},
+    {Ssk, u"Ssk", VORNLegacy, EDimension::None},
+    {Sku, u"Sku", VORNLegacy, EDimension::None},
+    {Sp, u"Sp", VORNLegacy, EDimension::Length},
+    {Sv, u"Sv", VORNLegacy, EDimension::Length},
+    {Sz, u"Sz", VORNLegacy, EDimension::Length},
+    {Smean, u"Smean", VORNLegacy, EDimension::Length},
+    {Smin, u"Smin", VORNLegacy, EDimension::Length},
+    {Smax, u"Smax", VORNLegacy, EDimension::Length},
     // Areal: spatial parameters
-    {Sal, u"Sal", VORNLegacy, c_length},
-    {Str, u"Str", VORNLegacy, c_dimensionless},
-    {Std, u"Std", VORNLegacy, c_angle},
-    {Scl20, u"Scl20", VORNLegacy, c_length},
-    {Scl37, u"Scl37", VORNLegacy, c_length},
-    {Str20, u"Str20", VORNLegacy, c_dimensionless},
-    {Str37, u"Str37", VORNLegacy, c_dimensionless},
-    {Stdi, u"Stdi", VORNLegacy, c_dimensionless},
-    {Srw, u"Srw", VORNLegacy, c_length},
-    {Srwi, u"Srwi", VORNLegacy, c_dimensionless},
-    {Sfd, u"Sfd", VORNLegacy, c_dimensionless},
+    {Sal, u"Sal", VORNLegacy, EDimension::Length},
+    {Str, u"Str", VORNLegacy, EDimension::None},
+    {Std, u"Std", VORNLegacy, EDimension::Angle},
+    {Scl20, u"Scl20", VORNLegacy, EDimension::Length},
+    {Scl37, u"Scl37", VORNLegacy, EDimension::Length},
+    {Str20, u"Str20", VORNLegacy, EDimension::None},
+    {Str37, u"Str37", VORNLegacy, EDimension::None},
+    {Stdi, u"Stdi", VORNLegacy, EDimension::None},
+    {Srw, u"Srw", VORNLegacy, EDimension::Length},
+    {Srwi, u"Srwi", VORNLegacy, EDimension::None},
+    {Sfd, u"Sfd", VORNLegacy, EDimension::None},
     // Areal: hybrid parameters
-    {Sdq, u"Sdq", VORNLegacy, c_dimensionless},
-    {Sdr, u"Sdr", VORNLegacy, c_percent},
-    {S2A, u"S2A", VORNLegacy, c_area},
-    {S3A, u"S3A", VORNLegacy, c_area},
+    {Sdq, u"Sdq", VORNLegacy, EDimension::None},
+    {Sdr, u"Sdr", VORNLegacy, EDimension::Percent},
+    {S2A, u"S2A", VORNLegacy, EDimension::Area},
+    {S3A, u"S3A", VORNLegacy, EDimension::Area},
     // Areal: functional parameters
-    {Sk, u"Sk", VORNLegacy, c_length},
-    {Spk, u"Spk", VORNLegacy, c_length},
-    {Svk, u"Svk", VORNLegacy, c_length},
-    {Smr1, u"Smr1", VORNLegacy, c_percent},
-    {Smr2, u"Smr2", VORNLegacy, c_percent},
-    {Sxp, u"Sxp", VORNLegacy, c_length},
-    {Sdc0_5, u"Sdc0_5", VORNLegacy, c_length},
-    {Sdc5_10, u"Sdc5_10", VORNLegacy, c_length},
-    {Sdc10_50, u"Sdc10_50", VORNLegacy, c_length},
-    {Sdc50_95, u"Sdc50_95", VORNLegacy, c_length},
-    {Vmp, u"Vmp", VORNLegacy, c_length},
-    {Vmc, u"Vmc", VORNLegacy, c_length},
-    {Vvc, u"Vvc", VORNLegacy, c_length},
-    {Vvv, u"Vvv", VORNLegacy, c_length},
+    {Sk, u"Sk", VORNLegacy, EDimension::Length},
+    {Spk, u"Spk", VORNLegacy, EDimension::Length},
+    {Svk, u"Svk", VORNLegacy, EDimension::Length},
+    {Smr1, u"Smr1", VORNLegacy, EDimension::Percent},
+    {Smr2, u"Smr2", VORNLegacy, EDimension::Percent},
+    {Sxp, u"Sxp", VORNLegacy, EDimension::Length},
+    {Sdc0_5, u"Sdc0_5", VORNLegacy, EDimension::Length},
+    {Sdc5_10, u"Sdc5_10", VORNLegacy, EDimension::Length},
+    {Sdc10_50, u"Sdc10_50", VORNLegacy, EDimension::Length},
+    {Sdc50_95, u"Sdc50_95", VORNLegacy, EDimension::Length},
+    {Vmp, u"Vmp", VORNLegacy, EDimension::Length},
+    {Vmc, u"Vmc", VORNLegacy, EDimension::Length},
+    {Vvc, u"Vvc", VORNLegacy, EDimension::Length},
+    {Vvv, u"Vvv", VORNLegacy, EDimension::Length},
     // Areal: feature parameters
-    {Spd, u"Spd", VORNLegacy, c_inverseArea},
-    {Spc, u"Spc", VORNLegacy, c_inverseLength},
-    {S5p, u"S5p", VORNLegacy, c_length},
-    {S5v, u"S5v", VORNLegacy, c_length},
-    {S10z, u"S10z", VORNLegacy, c_length},
-    {Sda, u"Sda", VORNLegacy, c_area},
-    {Sha, u"Sha", VORNLegacy, c_area},
-    {Sdv, u"Sdv", VORNLegacy, c_volume},
-    {Shv, u"Shv", VORNLegacy, c_volume},
+    {Spd, u"Spd", VORNLegacy, EDimension::InverseArea},
+    {Spc, u"Spc", VORNLegacy, EDimension::InverseLength},
+    {S5p, u"S5p", VORNLegacy, EDimension::Length},
+    {S5v, u"S5v", VORNLegacy, EDimension::Length},
+    {S10z, u"S10z", VORNLegacy, EDimension::Length},
+    {Sda, u"Sda", VORNLegacy, EDimension::Area},
+    {Sha, u"Sha", VORNLegacy, EDimension::Area},
+    {Sdv, u"Sdv", VORNLegacy, EDimension::Volume},
+    {Shv, u"Shv", VORNLegacy, EDimension::Volume},
     // Areal: templates
-    {Smr, u"Smr", VORNLegacy, c_percent, c_levelHeight},
-    {Smc, u"Smc", VORNLegacy, c_length, c_materialRatio},
-    {Sdc, u"Sdc", VORNLegacy, c_length, c_twoRatios},
-    {Vm, u"Vm", VORNLegacy, c_length, c_materialRatio},
-    {Vv, u"Vv", VORNLegacy, c_length, c_voidRatio},
-    {Sch, u"Sch", VORNLegacy, c_length, c_percentile},
+    {Smr, u"Smr", VORNLegacy, EDimension::Percent, c_levelHeight},
+    {Smc, u"Smc", VORNLegacy, EDimension::Length, c_materialRatio},
+    {Sdc, u"Sdc", VORNLegacy, EDimension::Length, c_twoRatios},
+    {Vm, u"Vm", VORNLegacy, EDimension::Length, c_materialRatio},
+    {Vv, u"Vv", VORNLegacy, EDimension::Length, c_voidRatio},
+    {Sch, u"Sch", VORNLegacy, EDimension::Length, c_percentile},
     // Profile parameters without filter
-    {ProfileRa, u"Ra", VORNLegacy, c_length},
-    {ProfileRq, u"Rq", VORNLegacy, c_length},
-    {ProfileRsk, u"Rsk", VORNLegacy, c_dimensionless},
-    {ProfileRku, u"Rku", VORNLegacy, c_dimensionless},
-    {ProfileRp, u"Rp", VORNLegacy, c_length},
-    {ProfileRv, u"Rv", VORNLegacy, c_length},
-    {ProfileRz, u"Rz", VORNLegacy, c_length},
-    {ProfileRt, u"Rt", VORNLegacy, c_length},
-    {ProfileRmean, u"Rmean", VORNLegacy, c_length},
-    {ProfileRmin, u"Rmin", VORNLegacy, c_length},
-    {ProfileRmax, u"Rmax", VORNLegacy, c_length},
-    {ProfileRSm, u"RSm", VORNLegacy, c_length},
-    {ProfileRdq, u"Rdq", VORNLegacy, c_dimensionless},
-    {ProfileRmr, u"Rmr", VORNLegacy, c_percent, c_levelHeight},
-    {ProfileRdc, u"Rdc", VORNLegacy, c_length, c_twoRatios},
-    {ProfileRmr2, u"Rmr2", VORNLegacy, c_percent, c_referenceAndDepth},
+    {ProfileRa, u"Ra", VORNLegacy, EDimension::Length},
+    {ProfileRq, u"Rq", VORNLegacy, EDimension::Length},
+    {ProfileRsk, u"Rsk", VORNLegacy, EDimension::None},
+    {ProfileRku, u"Rku", VORNLegacy, EDimension::None},
+    {ProfileRp, u"Rp", VORNLegacy, EDimension::Length},
+    {ProfileRv, u"Rv", VORNLegacy, EDimension::Length},
+    {ProfileRz, u"Rz", VORNLegacy, EDimension::Length},
+    {ProfileRt, u"Rt", VORNLegacy, EDimension::Length},
+    {ProfileRmean, u"Rmean", VORNLegacy, EDimension::Length},
+    {ProfileRmin, u"Rmin", VORNLegacy, EDimension::Length},
+    {ProfileRmax, u"Rmax", VORNLegacy, EDimension::Length},
+    {ProfileRSm, u"RSm", VORNLegacy, EDimension::Length},
+    {ProfileRdq, u"Rdq", VORNLegacy, EDimension::None},
+    {ProfileRmr, u"Rmr", VORNLegacy, EDimension::Percent, c_levelHeight},
+    {ProfileRdc, u"Rdc", VORNLegacy, EDimension::Length, c_twoRatios},
+    {ProfileRmr2, u"Rmr2", VORNLegacy, EDimension::Percent, c_referenceAndDepth},
     // ISO 4287, roughness profile
-    {Iso4287Ra, u"4287Ra", ISO4287, c_length},
-    {Iso4287Rq, u"4287Rq", ISO4287, c_length},
-    {Iso4287Rsk, u"4287Rsk", ISO4287, c_dimensionless},
-    {Iso4287Rku, u"4287Rku", ISO4287, c_dimensionless},
-    {Iso4287Rp, u"4287Rp", ISO4287, c_length},
-    {Iso4287Rv, u"4287Rv", ISO4287, c_length},
-    {Iso4287Rz, u"4287Rz", ISO4287, c_length},
-    {Iso4287Rc, u"4287Rc", ISO4287, c_length},
-    {Iso4287Rt, u"4287Rt", ISO4287, c_length},
-    {Iso4287RSm, u"4287RSm", ISO4287, c_length},
-    {Iso4287Rdq, u"4287Rdq", ISO4287, c_dimensionless},
-    {Iso4287Rmr, u"4287Rmr", ISO4287, c_percent, c_levelHeight},
-    {Iso4287Rdc, u"4287Rdc", ISO4287, c_length, c_twoRatios},
-    {Iso4287Rmr2, u"4287Rmr2", ISO4287, c_percent, c_referenceAndDepth},
+    {Iso4287Ra, u"4287Ra", ISO4287, EDimension::Length},
+    {Iso4287Rq, u"4287Rq", ISO4287, EDimension::Length},
+    {Iso4287Rsk, u"4287Rsk", ISO4287, EDimension::None},
+    {Iso4287Rku, u"4287Rku", ISO4287, EDimension::None},
+    {Iso4287Rp, u"4287Rp", ISO4287, EDimension::Length},
+    {Iso4287Rv, u"4287Rv", ISO4287, EDimension::Length},
+    {Iso4287Rz, u"4287Rz", ISO4287, EDimension::Length},
+    {Iso4287Rc, u"4287Rc", ISO4287, EDimension::Length},
+    {Iso4287Rt, u"4287Rt", ISO4287, EDimension::Length},
+    {Iso4287RSm, u"4287RSm", ISO4287, EDimension::Length},
+    {Iso4287Rdq, u"4287Rdq", ISO4287, EDimension::None},
+    {Iso4287Rmr, u"4287Rmr", ISO4287, EDimension::Percent, c_levelHeight},
+    {Iso4287Rdc, u"4287Rdc", ISO4287, EDimension::Length, c_twoRatios},
+    {Iso4287Rmr2, u"4287Rmr2", ISO4287, EDimension::Percent, c_referenceAndDepth},
     // ISO 4287, waviness profile
-    {Iso4287Wa, u"4287Wa", ISO4287, c_length},
-    {Iso4287Wq, u"4287Wq", ISO4287, c_length},
-    {Iso4287Wsk, u"4287Wsk", ISO4287, c_dimensionless},
-    {Iso4287Wku, u"4287Wku", ISO4287, c_dimensionless},
-    {Iso4287Wp, u"4287Wp", ISO4287, c_length},
-    {Iso4287Wv, u"4287Wv", ISO4287, c_length},
-    {Iso4287Wz, u"4287Wz", ISO4287, c_length},
-    {Iso4287Wc, u"4287Wc", ISO4287, c_length},
-    {Iso4287Wt, u"4287Wt", ISO4287, c_length},
-    {Iso4287WSm, u"4287WSm", ISO4287, c_length},
-    {Iso4287Wdq, u"4287Wdq", ISO4287, c_dimensionless},
-    {Iso4287Wmr, u"4287Wmr", ISO4287, c_percent, c_levelHeight},
-    {Iso4287Wdc, u"4287Wdc", ISO4287, c_length, c_twoRatios},
-    {Iso4287Wmr2, u"4287Wmr2", ISO4287, c_percent, c_referenceAndDepth},
+    {Iso4287Wa, u"4287Wa", ISO4287, EDimension::Length},
+    {Iso4287Wq, u"4287Wq", ISO4287, EDimension::Length},
+    {Iso4287Wsk, u"4287Wsk", ISO4287, EDimension::None},
+    {Iso4287Wku, u"4287Wku", ISO4287, EDimension::None},
+    {Iso4287Wp, u"4287Wp", ISO4287, EDimension::Length},
+    {Iso4287Wv, u"4287Wv", ISO4287, EDimension::Length},
+    {Iso4287Wz, u"4287Wz", ISO4287, EDimension::Length},
+    {Iso4287Wc, u"4287Wc", ISO4287, EDimension::Length},
+    {Iso4287Wt, u"4287Wt", ISO4287, EDimension::Length},
+    {Iso4287WSm, u"4287WSm", ISO4287, EDimension::Length},
+    {Iso4287Wdq, u"4287Wdq", ISO4287, EDimension::None},
+    {Iso4287Wmr, u"4287Wmr", ISO4287, EDimension::Percent, c_levelHeight},
+    {Iso4287Wdc, u"4287Wdc", ISO4287, EDimension::Length, c_twoRatios},
+    {Iso4287Wmr2, u"4287Wmr2", ISO4287, EDimension::Percent, c_referenceAndDepth},
     // ISO 4287, primary profile
-    {Iso4287Pa, u"4287Pa", ISO4287, c_length},
-    {Iso4287Pq, u"4287Pq", ISO4287, c_length},
-    {Iso4287Psk, u"4287Psk", ISO4287, c_dimensionless},
-    {Iso4287Pku, u"4287Pku", ISO4287, c_dimensionless},
-    {Iso4287Pp, u"4287Pp", ISO4287, c_length},
-    {Iso4287Pv, u"4287Pv", ISO4287, c_length},
-    {Iso4287Pz, u"4287Pz", ISO4287, c_length},
-    {Iso4287Pc, u"4287Pc", ISO4287, c_length},
-    {Iso4287Pt, u"4287Pt", ISO4287, c_length},
-    {Iso4287PSm, u"4287PSm", ISO4287, c_length},
-    {Iso4287Pdq, u"4287Pdq", ISO4287, c_dimensionless},
-    {Iso4287Pmr, u"4287Pmr", ISO4287, c_percent, c_levelHeight},
-    {Iso4287Pdc, u"4287Pdc", ISO4287, c_length, c_twoRatios},
-    {Iso4287Pmr2, u"4287Pmr2", ISO4287, c_percent, c_referenceAndDepth},
+    {Iso4287Pa, u"4287Pa", ISO4287, EDimension::Length},
+    {Iso4287Pq, u"4287Pq", ISO4287, EDimension::Length},
+    {Iso4287Psk, u"4287Psk", ISO4287, EDimension::None},
+    {Iso4287Pku, u"4287Pku", ISO4287, EDimension::None},
+    {Iso4287Pp, u"4287Pp", ISO4287, EDimension::Length},
+    {Iso4287Pv, u"4287Pv", ISO4287, EDimension::Length},
+    {Iso4287Pz, u"4287Pz", ISO4287, EDimension::Length},
+    {Iso4287Pc, u"4287Pc", ISO4287, EDimension::Length},
+    {Iso4287Pt, u"4287Pt", ISO4287, EDimension::Length},
+    {Iso4287PSm, u"4287PSm", ISO4287, EDimension::Length},
+    {Iso4287Pdq, u"4287Pdq", ISO4287, EDimension::None},
+    {Iso4287Pmr, u"4287Pmr", ISO4287, EDimension::Percent, c_levelHeight},
+    {Iso4287Pdc, u"4287Pdc", ISO4287, EDimension::Length, c_twoRatios},
+    {Iso4287Pmr2, u"4287Pmr2", ISO4287, EDimension::Percent, c_referenceAndDepth},
     // ISO 13565-2
-    {Iso13565Rk, u"p13565_2Rk", ISO13565, c_length},
-    {Iso13565Rpk, u"p13565_2Rpk", ISO13565, c_length},
-    {Iso13565Rvk, u"p13565_2Rvk", ISO13565, c_length},
-    {Iso13565Mr1, u"p13565_2Rmr1", ISO13565, c_percent},
-    {Iso13565Mr2, u"p13565_2Rmr2", ISO13565, c_percent},
+    {Iso13565Rk, u"p13565_2Rk", ISO13565, EDimension::Length},
+    {Iso13565Rpk, u"p13565_2Rpk", ISO13565, EDimension::Length},
+    {Iso13565Rvk, u"p13565_2Rvk", ISO13565, EDimension::Length},
+    {Iso13565Mr1, u"p13565_2Rmr1", ISO13565, EDimension::Percent},
+    {Iso13565Mr2, u"p13565_2Rmr2", ISO13565, EDimension::Percent},
     // ISO 12085, motifs
-    {Iso12085AR, u"p12085_RAr", ISO12085, c_length},
-    {Iso12085R, u"p12085_Rr", ISO12085, c_length},
-    {Iso12085Rx, u"p12085_Rrx", ISO12085, c_length},
-    {Iso12085SAR, u"p12085_RSAr", ISO12085, c_length},
-    {Iso12085SR, u"p12085_RSr", ISO12085, c_length},
-    {Iso12085AW, u"p12085_WAr", ISO12085, c_length},
-    {Iso12085W, u"p12085_Wr", ISO12085, c_length},
-    {Iso12085SAW, u"p12085_WSAr", ISO12085, c_length},
-    {Iso12085SW, u"p12085_WSr", ISO12085, c_length},
-    {Iso12085Wte, u"p12085_Wte", ISO12085, c_length},
-    {Iso12085Wx, u"p12085_Wrx", ISO12085, c_length},
+    {Iso12085AR, u"p12085_RAr", ISO12085, EDimension::Length},
+    {Iso12085R, u"p12085_Rr", ISO12085, EDimension::Length},
+    {Iso12085Rx, u"p12085_Rrx", ISO12085, EDimension::Length},
+    {Iso12085SAR, u"p12085_RSAr", ISO12085, EDimension::Length},
+    {Iso12085SR, u"p12085_RSr", ISO12085, EDimension::Length},
+    {Iso12085AW, u"p12085_WAr", ISO12085, EDimension::Length},
+    {Iso12085W, u"p12085_Wr", ISO12085, EDimension::Length},
+    {Iso12085SAW, u"p12085_WSAr", ISO12085, EDimension::Length},
+    {Iso12085SW, u"p12085_WSr", ISO12085, EDimension::Length},
+    {Iso12085Wte, u"p12085_Wte", ISO12085, EDimension::Length},
+    {Iso12085Wx, u"p12085_Wrx", ISO12085, EDimension::Length},
     // MUFU, functional valleys
-    {MufuMsm, u"Msm", MUFU, c_length},
-    {MufuRMn, u"rMn", MUFU, c_inverseLength},
-    {MufuRMd, u"rMd", MUFU, c_length},
-    {MufuRMx, u"rMx", MUFU, c_length},
-    {MufuRMw, u"rMw", MUFU, c_length},
-    {MufuRMs, u"rMs", MUFU, c_length},
-    {MufuRMa, u"rMa", MUFU, c_percent},
-    {MufuRMv, u"rMv", MUFU, c_length},
+    {MufuMsm, u"Msm", MUFU, EDimension::Length},
+    {MufuRMn, u"rMn", MUFU, EDimension::InverseLength},
+    {MufuRMd, u"rMd", MUFU, EDimension::Length},
+    {MufuRMx, u"rMx", MUFU, EDimension::Length},
+    {MufuRMw, u"rMw", MUFU, EDimension::Length},
+    {MufuRMs, u"rMs", MUFU, EDimension::Length},
+    {MufuRMa, u"rMa", MUFU, EDimension::Percent},
+    {MufuRMv, u"rMv", MUFU, EDimension::Length},
     // Plug-ins
-    {PlugIn, u"PlugIn", RoughnessPlugIns, c_dimensionless},
+    {PlugIn, u"PlugIn", RoughnessPlugIns, EDimension::None},
     // Count
-    {Count, u"Count", None, c_dimensionless},
+    {Count, u"Count", None, EDimension::None},
 };
 
 constexpr std::size_t c_count = std::size(c_rows);
@@ -245,10 +238,10 @@ const CEnum<ERoughnessParameters>& GetRoughnessParametersEnum()
     return values;
 }
 
-int RoughnessParameter2Dimension(ERoughnessParameters parameter)
+CParameter::EDimension RoughnessParameter2Dimension(ERoughnessParameters parameter)
 {
     const SRow* const row = FindRow(parameter);
-    return row ? row->dimension : c_dimensionless;
+    return row ? row->dimension : EDimension::None;
 }
 
 std::span<const SRoughnessVariable> GetRoughnessVariables(ERoughnessParameters parameter)

@@ -2,6 +2,7 @@
 
 #include "../common/Enum.h"
 #include "../platform/Export.h"
+#include "Parameter.h"
 
 #include <span>
 #include <string_view>
@@ -178,17 +179,17 @@ enum class ERoughnessParameters : int {
 /// dimension is percent in percent (5.2 means 5.2 %). Any thread may call.
 COMMONUI_API const CEnum<ERoughnessParameters>& GetRoughnessParametersEnum();
 
-/// The number of the parameter's CParameter::EDimension; 0 (dimensionless) for a value that the catalogue
+/// The dimension of the parameter's values; dimensionless for a value that the catalogue
 /// does not have. Heights and distances both count as lengths in the common unit of X and Y. The volume
 /// parameters of ISO 25178-2 (Vmp, Vmc, Vvc, Vvv, Vm, Vv) are volumes per area, thus lengths.
-COMMONUI_API int RoughnessParameter2Dimension(ERoughnessParameters parameter);
+COMMONUI_API CParameter::EDimension RoughnessParameter2Dimension(ERoughnessParameters parameter);
 
 /// An input of a template parameter.
 struct SRoughnessVariable {
     std::u16string_view key; ///< the symbol in the parameter's formula
     int textId;              ///< of the display text in the string table
-    int dimension;           ///< the number of its CParameter::EDimension
-    double defaultValue;     ///< in m or percent, by its dimension
+    CParameter::EDimension dimension;
+    double defaultValue; ///< in m or percent, by its dimension
 };
 
 /// The inputs of a template parameter in the order in which files store their values; empty for every other

@@ -123,7 +123,8 @@ TEST(RoughnessCatalogue, TemplatesAndNoOthersHaveVariables)
 TEST(RoughnessCatalogue, UnknownNumbersAreDimensionlessWithoutVariables)
 {
     for (const int number : {-1, 54, 55, 114, 115, 121, 133, 144}) {
-        EXPECT_EQ(0, RoughnessParameter2Dimension(ERoughnessParameters(number))) << number;
+        EXPECT_EQ(CParameter::EDimension::None, RoughnessParameter2Dimension(ERoughnessParameters(number)))
+            << number;
         EXPECT_TRUE(GetRoughnessVariables(ERoughnessParameters(number)).empty()) << number;
         EXPECT_TRUE(GetRoughnessParametersEnum().GetIniName(number).IsEmpty()) << number;
     }
@@ -164,13 +165,13 @@ SPage ReadPage()
     return page;
 }
 
-std::string DimensionCell(int dimension)
+std::string DimensionCell(CParameter::EDimension dimension)
 {
     static const std::map<int, std::string> c_cells = {
         {0, "dimensionless"},       {1, "length, m"},          {5, "area, m²"}, {6, "volume, m³"},
         {7, "inverse length, 1/m"}, {8, "inverse area, 1/m²"}, {9, "angle, °"}, {10, "percent, %"},
     };
-    return c_cells.at(dimension);
+    return c_cells.at(static_cast<int>(dimension));
 }
 
 TEST(RoughnessCatalogue, ThePageOfParametersAgrees)
