@@ -1,0 +1,135 @@
+#include "examples/analysis/ArealParameters.h"
+
+#include "examples/analysis/HeightParameters.h"
+#include "examples/analysis/MaterialRatio.h"
+#include "examples/analysis/Summation.h"
+
+#include <cmath>
+
+namespace SurfaceAnalysis
+{
+
+namespace
+{
+
+// Sum of the squared gradient over the points that have one, and how many there are.
+SSums<2> SumSquaredGradient(const SSurface& surface)
+{
+    const double perX = 1 / (2 * surface.dx);
+    const double perY = 1 / (2 * surface.dy);
+    if (surface.lines < 3 || surface.points < 3)
+        return {};
+    return PairwiseSum(1, surface.lines - 1, [&](std::size_t row) {
+        const auto above = surface.GetLine(row - 1);
+        const auto line = surface.GetLine(row);
+        const auto below = surface.GetLine(row + 1);
+        return PairwiseSum(1, surface.points - 1, [&](std::size_t i) {
+            const double p = (line[i + 1] - line[i - 1]) * perX;
+            const double q = (below[i] - above[i]) * perY;
+            const double square = p * p + q * q;
+            return std::isnan(square + line[i]) ? SSums<2>{} : SSums<2>{square, 1};
+        });
+    });
+}
+
+// How much larger than its projection a facet is whose squared gradient is given: √(1 + s) - 1 without
+// cancellation.
+double GetExcess(double square)
+{
+    return square / (1 + std::sqrt(1 + square));
+}
+
+// Sum of the excess of the cells that have four valid corners, and how many there are. The four facets of a
+// cell have the slope of an edge in one direction and the mean slope of two edges in the other.
+SSums<2> SumExcess(const SSurface& surface)
+{
+    const double perX = 1 / surface.dx;
+    const double perY = 1 / surface.dy;
+    if (surface.lines < 2 || surface.points < 2)
+        return {};
+    return PairwiseSum(0, surface.lines - 1, [&](std::size_t row) {
+        const auto line = surface.GetLine(row);
+        const auto next = surface.GetLine(row + 1);
+        return PairwiseSum(0, surface.points - 1, [&](std::size_t i) {
+            const double p1 = (line[i + 1] - line[i]) * perX;
+            const double p2 = (next[i + 1] - next[i]) * perX;
+            const double q1 = (next[i] - line[i]) * perY;
+            const double q2 = (next[i + 1] - line[i + 1]) * perY;
+            const double pp = (p1 + p2) * (p1 + p2) / 4;
+            const double qq = (q1 + q2) * (q1 + q2) / 4;
+            const double excess = (GetExcess(p1 * p1 + qq) + GetExcess(p2 * p2 + qq) +
+                                   GetExcess(pp + q1 * q1) + GetExcess(pp + q2 * q2)) /
+                                  4;
+            return std::isnan(excess) ? SSums<2>{} : SSums<2>{excess, 1};
+        });
+    });
+}
+
+void AddHybrid(const SSurface& surface, std::vector<SValue>& values)
+{
+    const auto [squares, points] = SumSquaredGradient(surface).values;
+    const auto [excess, cells] = SumExcess(surface).values;
+    const double cellArea = surface.dx * surface.dy;
+    values.insert(values.end(), {
+                                    {"Sdq", std::sqrt(squares / points)},
+                                    {"Sdr", 100 * excess / cells},
+                                    {"S2A", cells == 0 ? c_undefined : cells * cellArea},
+                                    {"S3A", cells == 0 ? c_undefined : (cells + excess) * cellArea},
+                                });
+}
+
+void AddHeights(const SHeightParameters& heights, std::vector<SValue>& values)
+{
+    values.insert(values.end(), {
+                                    {"Sa", heights.average},
+                                    {"Sq", heights.rms},
+                                    {"Ssk", heights.skewness},
+                                    {"Sku", heights.kurtosis},
+                                    {"Sp", heights.GetPeak()},
+                                    {"Sv", heights.GetPit()},
+                                    {"Sz", heights.highest - heights.lowest},
+                                    {"Smean", heights.mean},
+                                    {"Smin", heights.lowest},
+                                    {"Smax", heights.highest},
+                                });
+}
+
+void AddMaterialRatio(const CMaterialRatio& curve, std::vector<SValue>& values)
+{
+    const SCore core = curve.ComputeCore();
+    const auto fall = [&](double first, double second) {
+        return curve.GetHeight(first) - curve.GetHeight(second);
+    };
+    values.insert(values.end(), {
+                                    {"Sk", core.Sk},
+                                    {"Spk", core.Spk},
+                                    {"Svk", core.Svk},
+                                    {"Smr1", core.Smr1},
+                                    {"Smr2", core.Smr2},
+                                    {"Sxp", fall(2.5, 50)},
+                                    {"Vmp", curve.GetMaterialVolume(10)},
+                                    {"Vmc", curve.GetMaterialVolume(80) - curve.GetMaterialVolume(10)},
+                                    {"Vvc", curve.GetVoidVolume(10) - curve.GetVoidVolume(80)},
+                                    {"Vvv", curve.GetVoidVolume(80)},
+                                    {"Sdc0_5", fall(0, 5)},
+                                    {"Sdc5_10", fall(5, 10)},
+                                    {"Sdc10_50", fall(10, 50)},
+                                    {"Sdc50_95", fall(50, 95)},
+                                });
+}
+
+} // namespace
+
+std::vector<SValue> ComputeAreal(const SSurface& surface)
+{
+    const CMaterialRatio curve(surface.heights);
+    const SHeightParameters heights = ComputeHeightParameters(curve.GetHeights());
+    std::vector<SValue> values;
+    AddHeights(heights, values);
+    AddHybrid(surface, values);
+    AddMaterialRatio(curve, values);
+    values.push_back({"Count", heights.count});
+    return values;
+}
+
+} // namespace SurfaceAnalysis

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Value.h"
+
+#include <span>
+#include <vector>
+
+namespace SurfaceAnalysis
+{
+
+/// Value below which a share of the values lies, by linear interpolation between neighbours in rising order:
+/// the lowest for 0, the median for 0.5, the highest for 1. NaN values are left out; without any other the
+/// result is NaN.
+/// @param share 0 to 1
+double ComputeFractile(std::span<const double> values, double share);
+
+/// Statistics of a list of values, NaN values left out: Count, Sum, Minimum, Maximum, Mean, Sd, SdPercent,
+/// Median and Fractile, in this order. Sd is that of a sample (n - 1, NaN for a single value), "SdPercent "
+/// (the key ends in a blank) is Sd in percent of |Mean|, NaN for a mean of 0. Of no value at all Count and
+/// Sum are 0, the others NaN.
+/// @param share for Fractile, 0 to 1
+std::vector<SValue> ComputeStatistics(std::span<const double> values, double share = 0.25);
+
+} // namespace SurfaceAnalysis
