@@ -4,7 +4,9 @@
 #include "examples/analysis/MaterialRatio.h"
 #include "examples/analysis/Summation.h"
 
+#include <array>
 #include <cmath>
+#include <future>
 
 namespace SurfaceAnalysis
 {
@@ -32,11 +34,14 @@ SSums<2> SumSquaredGradient(const SSurface& surface)
     });
 }
 
-// How much larger than its projection a facet is whose squared gradient is given: √(1 + s) - 1 without
-// cancellation.
-double GetExcess(double square)
+// How much larger than their projections four facets are on average whose squared gradients are given:
+// √(1 + s) - 1 without cancellation.
+double GetExcess(const std::array<double, 4>& squares)
 {
-    return square / (1 + std::sqrt(1 + square));
+    std::array<double, 4> excess;
+    for (std::size_t i = 0; i < squares.size(); ++i)
+        excess[i] = squares[i] / (1 + std::sqrt(1 + squares[i]));
+    return (excess[0] + excess[1] + excess[2] + excess[3]) / 4;
 }
 
 // Sum of the excess of the cells that have four valid corners, and how many there are. The four facets of a
@@ -57,78 +62,81 @@ SSums<2> SumExcess(const SSurface& surface)
             const double q2 = (next[i + 1] - line[i + 1]) * perY;
             const double pp = (p1 + p2) * (p1 + p2) / 4;
             const double qq = (q1 + q2) * (q1 + q2) / 4;
-            const double excess = (GetExcess(p1 * p1 + qq) + GetExcess(p2 * p2 + qq) +
-                                   GetExcess(pp + q1 * q1) + GetExcess(pp + q2 * q2)) /
-                                  4;
+            const double excess = GetExcess({p1 * p1 + qq, p2 * p2 + qq, pp + q1 * q1, pp + q2 * q2});
             return std::isnan(excess) ? SSums<2>{} : SSums<2>{excess, 1};
         });
     });
 }
 
-void AddHybrid(const SSurface& surface, std::vector<SValue>& values)
+std::vector<SValue> ComputeHybrid(const SSurface& surface)
 {
     const auto [squares, points] = SumSquaredGradient(surface).values;
     const auto [excess, cells] = SumExcess(surface).values;
     const double cellArea = surface.dx * surface.dy;
-    values.insert(values.end(), {
-                                    {"Sdq", std::sqrt(squares / points)},
-                                    {"Sdr", 100 * excess / cells},
-                                    {"S2A", cells == 0 ? c_undefined : cells * cellArea},
-                                    {"S3A", cells == 0 ? c_undefined : (cells + excess) * cellArea},
-                                });
+    return {
+        {"Sdq", std::sqrt(squares / points)},
+        {"Sdr", 100 * excess / cells},
+        {"S2A", cells == 0 ? c_undefined : cells * cellArea},
+        {"S3A", cells == 0 ? c_undefined : (cells + excess) * cellArea},
+    };
 }
 
-void AddHeights(const SHeightParameters& heights, std::vector<SValue>& values)
+std::vector<SValue> ComputeHeights(const SHeightParameters& heights)
 {
-    values.insert(values.end(), {
-                                    {"Sa", heights.average},
-                                    {"Sq", heights.rms},
-                                    {"Ssk", heights.skewness},
-                                    {"Sku", heights.kurtosis},
-                                    {"Sp", heights.GetPeak()},
-                                    {"Sv", heights.GetPit()},
-                                    {"Sz", heights.highest - heights.lowest},
-                                    {"Smean", heights.mean},
-                                    {"Smin", heights.lowest},
-                                    {"Smax", heights.highest},
-                                });
+    return {
+        {"Sa", heights.average},
+        {"Sq", heights.rms},
+        {"Ssk", heights.skewness},
+        {"Sku", heights.kurtosis},
+        {"Sp", heights.GetPeak()},
+        {"Sv", heights.GetPit()},
+        {"Sz", heights.highest - heights.lowest},
+        {"Smean", heights.mean},
+        {"Smin", heights.lowest},
+        {"Smax", heights.highest},
+    };
 }
 
-void AddMaterialRatio(const CMaterialRatio& curve, std::vector<SValue>& values)
+std::vector<SValue> ComputeMaterialRatio(const CMaterialRatio& curve)
 {
     const SCore core = curve.ComputeCore();
     const auto fall = [&](double first, double second) {
         return curve.GetHeight(first) - curve.GetHeight(second);
     };
-    values.insert(values.end(), {
-                                    {"Sk", core.Sk},
-                                    {"Spk", core.Spk},
-                                    {"Svk", core.Svk},
-                                    {"Smr1", core.Smr1},
-                                    {"Smr2", core.Smr2},
-                                    {"Sxp", fall(2.5, 50)},
-                                    {"Vmp", curve.GetMaterialVolume(10)},
-                                    {"Vmc", curve.GetMaterialVolume(80) - curve.GetMaterialVolume(10)},
-                                    {"Vvc", curve.GetVoidVolume(10) - curve.GetVoidVolume(80)},
-                                    {"Vvv", curve.GetVoidVolume(80)},
-                                    {"Sdc0_5", fall(0, 5)},
-                                    {"Sdc5_10", fall(5, 10)},
-                                    {"Sdc10_50", fall(10, 50)},
-                                    {"Sdc50_95", fall(50, 95)},
-                                });
+    return {
+        {"Sk", core.Sk},
+        {"Spk", core.Spk},
+        {"Svk", core.Svk},
+        {"Smr1", core.Smr1},
+        {"Smr2", core.Smr2},
+        {"Sxp", fall(2.5, 50)},
+        {"Vmp", curve.GetMaterialVolume(10)},
+        {"Vmc", curve.GetMaterialVolume(80) - curve.GetMaterialVolume(10)},
+        {"Vvc", curve.GetVoidVolume(10) - curve.GetVoidVolume(80)},
+        {"Vvv", curve.GetVoidVolume(80)},
+        {"Sdc0_5", fall(0, 5)},
+        {"Sdc5_10", fall(5, 10)},
+        {"Sdc10_50", fall(10, 50)},
+        {"Sdc50_95", fall(50, 95)},
+    };
+}
+
+void Append(const std::vector<SValue>& more, std::vector<SValue>& values)
+{
+    values.insert(values.end(), more.begin(), more.end());
 }
 
 } // namespace
 
 std::vector<SValue> ComputeAreal(const SSurface& surface)
 {
+    auto hybrid = std::async([&] { return ComputeHybrid(surface); }); // while the heights are being sorted
     const CMaterialRatio curve(surface.heights);
     const SHeightParameters heights = ComputeHeightParameters(curve.GetHeights());
-    std::vector<SValue> values;
-    AddHeights(heights, values);
-    AddHybrid(surface, values);
-    AddMaterialRatio(curve, values);
-    values.push_back({"Count", heights.count});
+    std::vector<SValue> values = ComputeHeights(heights);
+    Append(hybrid.get(), values);
+    Append(ComputeMaterialRatio(curve), values);
+    values.push_back({"Count", static_cast<double>(heights.count)});
     return values;
 }
 

@@ -4,38 +4,46 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace SurfaceAnalysis
 {
 
+SRange FindRange(std::span<const double> heights)
+{
+    constexpr double c_infinity = std::numeric_limits<double>::infinity();
+    SRange range{.count = 0, .lowest = c_infinity, .highest = -c_infinity};
+    for (const double z : heights) {
+        range.count += !std::isnan(z);
+        range.lowest = std::min(range.lowest, z); // keeps the first if z is NaN
+        range.highest = std::max(range.highest, z);
+    }
+    return range.count == 0 ? SRange{} : range;
+}
+
 SHeightParameters ComputeHeightParameters(std::span<const double> heights)
 {
-    SHeightParameters result;
-    const auto [count, sum] = SumValid(heights, [](double z) { return SSums<2>{1, z}; }).values;
-    result.count = count;
-    if (count == 0)
+    SHeightParameters result{FindRange(heights)};
+    if (result.count == 0)
         return result;
-    for (const double z : heights) {
-        result.lowest = std::fmin(result.lowest, z); // fmin and fmax pass NaN over
-        result.highest = std::fmax(result.highest, z);
-    }
+    const auto count = static_cast<double>(result.count);
+    const double sum = SumValid(heights, [](double z) { return z; });
     // Rounding must not lift the mean of equal heights off them.
     const double mean = std::clamp(sum / count, result.lowest, result.highest);
-    const auto [absolute, square] = SumValid(heights, [&](double z) {
-                                        return SSums<2>{std::fabs(z - mean), (z - mean) * (z - mean)};
-                                    }).values;
-    const double rms = std::sqrt(square / count);
+    // In shares of the range, so that no power over- or underflows.
+    const double range = result.highest - result.lowest;
+    const double perRange = range > 0 ? 1 / range : 0;
+    const auto [first, second, third, fourth] = SumValid(heights, [&](double z) {
+                                                    const double t = (z - mean) * perRange;
+                                                    const double tt = t * t;
+                                                    return SSums<4>{std::fabs(t), tt, tt * t, tt * tt};
+                                                }).values;
+    const double rms = std::sqrt(second / count);
     result.mean = mean;
-    result.average = absolute / count;
-    result.rms = rms;
-    if (rms == 0)
-        return result;
-    const auto [third, fourth] = SumValid(heights, [&](double z) {
-                                     const double t = (z - mean) / rms;
-                                     return SSums<2>{t * t * t, t * t * t * t};
-                                 }).values;
-    result.skewness = third / count;
-    result.kurtosis = fourth / count;
+    result.average = first / count * range;
+    result.rms = rms * range;
+    result.skewness = third / count / (rms * rms * rms); // 0 / 0 if there is no range
+    result.kurtosis = fourth / count / (rms * rms * rms * rms);
     return result;
 }
 

@@ -1,5 +1,6 @@
 #include "examples/analysis/MaterialRatio.h"
 
+#include "examples/analysis/HeightParameters.h"
 #include "examples/analysis/Summation.h"
 
 #include <algorithm>
@@ -11,23 +12,6 @@ namespace SurfaceAnalysis
 
 namespace
 {
-
-struct SRange {
-    std::size_t count = 0;
-    double lowest = std::numeric_limits<double>::infinity();
-    double highest = -std::numeric_limits<double>::infinity();
-};
-
-SRange FindRange(std::span<const double> heights)
-{
-    SRange range;
-    for (const double z : heights) {
-        range.count += !std::isnan(z);
-        range.lowest = std::min(range.lowest, z); // keeps the first if z is NaN
-        range.highest = std::max(range.highest, z);
-    }
-    return range;
-}
 
 // Distributes the heights over buckets of falling height, sorted one by one then. On a usual surface that
 // takes a third of the time of one big sort; at worst, when all heights but one are in one bucket, no more.

@@ -1,5 +1,7 @@
 #include "examples/analysis/ProfileElements.h"
 
+#include "examples/analysis/HeightParameters.h"
+
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -56,8 +58,8 @@ SProfileElements ComputeElements(std::span<const double> profile)
 {
     if (profile.empty())
         return {};
-    const auto [lowest, highest] = std::minmax_element(profile.begin(), profile.end());
-    const auto crossings = FindCrossings(profile, c_heightShare * (*highest - *lowest),
+    const SRange range = FindRange(profile);
+    const auto crossings = FindCrossings(profile, c_heightShare * (range.highest - range.lowest),
                                          c_widthShare * static_cast<double>(profile.size() - 1));
     if (crossings.size() < 3)
         return {};
@@ -65,10 +67,10 @@ SProfileElements ComputeElements(std::span<const double> profile)
     const auto elements = static_cast<double>(last / 2);
     double heights = 0;
     for (std::size_t i = 0; i < last; i += 2) {
-        const auto begin = profile.begin() + static_cast<std::ptrdiff_t>(std::ceil(crossings[i]));
-        const auto end = profile.begin() + static_cast<std::ptrdiff_t>(std::ceil(crossings[i + 2]));
-        const auto [low, high] = std::minmax_element(begin, end);
-        heights += *high - *low;
+        const auto first = static_cast<std::size_t>(std::ceil(crossings[i]));
+        const auto end = static_cast<std::size_t>(std::ceil(crossings[i + 2]));
+        const SRange element = FindRange(profile.subspan(first, end - first));
+        heights += element.highest - element.lowest;
     }
     return {.spacing = (crossings[last] - crossings[0]) / elements, .height = heights / elements};
 }

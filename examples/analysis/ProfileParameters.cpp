@@ -5,7 +5,10 @@
 #include "examples/analysis/ProfileElements.h"
 #include "examples/analysis/Summation.h"
 
+#include <algorithm>
 #include <cmath>
+#include <future>
+#include <thread>
 
 namespace SurfaceAnalysis
 {
@@ -31,7 +34,7 @@ double ComputeSlope(std::span<const double> z, double dx)
 std::vector<double> GetUnbroken(std::span<const double> heights, const SHeightParameters& parameters)
 {
     std::vector<double> profile;
-    if (parameters.count != static_cast<double>(heights.size()))
+    if (parameters.count != heights.size())
         return profile;
     profile.reserve(heights.size());
     for (const double z : heights)
@@ -39,63 +42,74 @@ std::vector<double> GetUnbroken(std::span<const double> heights, const SHeightPa
     return profile;
 }
 
-void AddUnfiltered(std::span<const double> heights, double dx, std::vector<SValue>& values)
+std::vector<SValue> ComputeUnfiltered(std::span<const double> heights, double dx)
 {
     const SHeightParameters h = ComputeHeightParameters(heights);
     const std::vector<double> profile = GetUnbroken(heights, h);
-    values.insert(values.end(), {
-                                    {"Ra", h.average},
-                                    {"Rq", h.rms},
-                                    {"Rsk", h.skewness},
-                                    {"Rku", h.kurtosis},
-                                    {"Rp", h.GetPeak()},
-                                    {"Rv", h.GetPit()},
-                                    {"Rz", ComputeTenPointHeight(profile)},
-                                    {"Rt", h.highest - h.lowest},
-                                    {"Rmean", h.mean},
-                                    {"Rmin", h.lowest},
-                                    {"Rmax", h.highest},
-                                    {"RSm", ComputeElements(profile).spacing * dx},
-                                    {"Rdq", ComputeSlope(heights, dx)},
-                                });
+    return {
+        {"Ra", h.average},
+        {"Rq", h.rms},
+        {"Rsk", h.skewness},
+        {"Rku", h.kurtosis},
+        {"Rp", h.GetPeak()},
+        {"Rv", h.GetPit()},
+        {"Rz", ComputeTenPointHeight(profile)},
+        {"Rt", h.highest - h.lowest},
+        {"Rmean", h.mean},
+        {"Rmin", h.lowest},
+        {"Rmax", h.highest},
+        {"RSm", ComputeElements(profile).spacing * dx},
+        {"Rdq", ComputeSlope(heights, dx)},
+    };
 }
 
-void AddPrimary(std::span<const double> heights, double dx, std::vector<SValue>& values)
+std::vector<SValue> ComputePrimary(std::span<const double> heights, double dx)
 {
     const SHeightParameters h = ComputeHeightParameters(heights);
     const SProfileElements elements = ComputeElements(GetUnbroken(heights, h));
-    values.insert(values.end(), {
-                                    {"4287Pa", h.average},
-                                    {"4287Pq", h.rms},
-                                    {"4287Psk", h.skewness},
-                                    {"4287Pku", h.kurtosis},
-                                    {"4287Pp", h.GetPeak()},
-                                    {"4287Pv", h.GetPit()},
-                                    {"4287Pz", h.highest - h.lowest},
-                                    {"4287Pc", elements.height},
-                                    {"4287Pt", h.highest - h.lowest},
-                                    {"4287PSm", elements.spacing * dx},
-                                    {"4287Pdq", ComputeSlope(heights, dx)},
-                                });
+    return {
+        {"4287Pa", h.average},
+        {"4287Pq", h.rms},
+        {"4287Psk", h.skewness},
+        {"4287Pku", h.kurtosis},
+        {"4287Pp", h.GetPeak()},
+        {"4287Pv", h.GetPit()},
+        {"4287Pz", h.highest - h.lowest},
+        {"4287Pc", elements.height},
+        {"4287Pt", h.highest - h.lowest},
+        {"4287PSm", elements.spacing * dx},
+        {"4287Pdq", ComputeSlope(heights, dx)},
+    };
 }
 
 } // namespace
 
 std::vector<SValue> ComputeProfile(std::span<const double> heights, double dx)
 {
-    std::vector<SValue> values;
-    AddUnfiltered(heights, dx, values);
+    std::vector<SValue> values = ComputeUnfiltered(heights, dx);
     SSurface line{.points = heights.size(), .lines = 1, .heights{heights.begin(), heights.end()}};
     Level(line, ELevelling::Plane); // the plane of a single line is a straight line
-    AddPrimary(line.heights, dx, values);
+    const std::vector<SValue> primary = ComputePrimary(line.heights, dx);
+    values.insert(values.end(), primary.begin(), primary.end());
     return values;
 }
 
 std::vector<SLineValues> ComputeProfiles(const SSurface& surface)
 {
+    std::vector<std::vector<SValue>> lines(surface.lines);
+    const auto compute = [&](std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i < last; ++i)
+            lines[i] = ComputeProfile(surface.GetLine(i), surface.dx);
+    };
+    const std::size_t threads = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 16);
+    std::vector<std::future<void>> shares;
+    for (std::size_t i = 0; i < threads; ++i)
+        shares.push_back(std::async(compute, surface.lines * i / threads, surface.lines * (i + 1) / threads));
+    for (auto& share : shares)
+        share.get();
+
     std::vector<SLineValues> table;
-    for (std::size_t line = 0; line < surface.lines; ++line) {
-        const std::vector<SValue> values = ComputeProfile(surface.GetLine(line), surface.dx);
+    for (const std::vector<SValue>& values : lines) {
         table.resize(values.size());
         for (std::size_t i = 0; i < values.size(); ++i) {
             table[i].key = values[i].key;

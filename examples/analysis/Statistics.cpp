@@ -44,7 +44,7 @@ std::vector<SValue> ComputeStatistics(std::span<const double> values, double sha
 {
     const std::vector<double> rising = SortRising(values);
     const SHeightParameters moments = ComputeHeightParameters(rising);
-    const double n = moments.count;
+    const auto n = static_cast<double>(moments.count);
     const double sd = n > 1 ? moments.rms * std::sqrt(n / (n - 1)) : c_undefined;
     return {
         {"Count", n},
