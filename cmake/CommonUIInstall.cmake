@@ -1,5 +1,4 @@
 # Install rules and the CMake package, so that find_package(CommonUI) gives CommonUI::Common and CommonUI::CommonUI.
-include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 install(TARGETS CommonDLL CommonUIDLL EXPORT CommonUITargets

@@ -1,6 +1,7 @@
 # How the libraries, tests and programs of this project are built: one place for language level, warnings,
 # visibility and sanitizers.
 include_guard(GLOBAL)
+include(GNUInstallDirs)
 
 find_program(COMMONUI_CCACHE ccache)
 if(COMMONUI_CCACHE AND PROJECT_IS_TOP_LEVEL AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
@@ -52,15 +53,25 @@ function(commonui_add_library name)
     add_library(${name} ${sources})
     add_library(CommonUI::${arg_ALIAS} ALIAS ${name})
     commonui_compile_settings(${name})
+    # Before 1.0 each minor version may change the binary interface. $ORIGIN lets the libraries find each other
+    # wherever they are installed together.
     set_target_properties(${name} PROPERTIES
         EXPORT_NAME ${arg_ALIAS}
         VERSION ${PROJECT_VERSION}
-        SOVERSION ${PROJECT_VERSION_MAJOR}
+        SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+        POSITION_INDEPENDENT_CODE ON
+        INSTALL_RPATH "$<$<PLATFORM_ID:Linux>:$ORIGIN>"
         COMMONUI_HEADERS "${headers}")
+    if(WIN32)
+        set_target_properties(${name} PROPERTIES PREFIX "")
+    endif()
+    if(BUILD_SHARED_LIBS AND CMAKE_SYSTEM_NAME STREQUAL "Linux")
+        target_link_options(${name} PRIVATE LINKER:--no-undefined)
+    endif()
     target_include_directories(${name}
         PUBLIC
             $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>
-            $<INSTALL_INTERFACE:include>
+            $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
         PRIVATE ${PROJECT_SOURCE_DIR})
     string(TOUPPER ${name} upper)
     target_compile_definitions(${name} PRIVATE ${upper}_BUILD)
