@@ -1,8 +1,8 @@
 #pragma once
 
 /// @file
-/// COMMONUI_API marks what CommonUIDLL exports. The build of the library defines COMMONUIDLL_BUILD; a static build
-/// defines COMMONUI_STATIC for the library and its users.
+/// COMMONUI_API marks what CommonUIDLL exports. The build of the library defines COMMONUIDLL_BUILD; a static
+/// build defines COMMONUI_STATIC for the library and its users.
 
 #if defined(COMMONUI_STATIC)
 #define COMMONUI_API
