@@ -1,9 +1,11 @@
 #include "common/DecimalDigits.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
 #include <cstring>
+#include <iterator>
 #include <optional>
 
 namespace CommonUI
@@ -11,8 +13,6 @@ namespace CommonUI
 
 namespace
 {
-
-constexpr int c_mostIntegerDigits = 48;
 
 template<std::uint64_t Base, std::size_t Count>
 constexpr std::array<std::uint64_t, Count> Powers()
@@ -142,48 +142,69 @@ std::optional<SSignificantInteger> RoundSignificant(SBinary value, int count)
     return SSignificantInteger{*number, exponent};
 }
 
-} // namespace
-
-std::string_view IntegerDigits(std::uint64_t value, int least, SDigitBuffer& buffer)
+char* PutPair(char* end, std::uint64_t pair)
 {
-    char* const end = buffer.characters + c_mostIntegerDigits;
-    char* at = end;
-    while (value >= 100) {
-        at -= 2;
-        std::memcpy(at, &c_digitPairs[2 * (value % 100)], 2);
-        value /= 100;
-    }
-    if (value >= 10) {
-        at -= 2;
-        std::memcpy(at, &c_digitPairs[2 * value], 2);
-    } else {
-        *--at = static_cast<char>('0' + value);
-    }
-    while (end - at < least)
-        *--at = '0';
-    return {at, static_cast<std::size_t>(end - at)};
+    std::memcpy(end - 2, &c_digitPairs[2 * pair], 2);
+    return end - 2;
 }
 
-std::string_view FixedDigits(double magnitude, int decimals, SDigitBuffer& buffer)
+} // namespace
+
+char* CDecimalDigits::PutLast(char* end, int count)
+{
+    if (m_isText) {
+        const std::size_t known = std::min(m_text.size(), static_cast<std::size_t>(count));
+        const std::string_view last = m_text.substr(m_text.size() - known);
+        m_text.remove_suffix(known);
+        std::memcpy(end - known, last.data(), known);
+        std::memset(end - count, '0', static_cast<std::size_t>(count) - known);
+        return end - count;
+    }
+    char* const begin = end - count;
+    std::uint64_t rest = m_number;
+    for (; end - begin >= 2; rest /= 100)
+        end = PutPair(end, rest % 100);
+    if (end != begin) {
+        *--end = static_cast<char>('0' + rest % 10);
+        rest /= 10;
+    }
+    m_number = rest;
+    return begin;
+}
+
+char* CDecimalDigits::PutRest(char* end) const
+{
+    if (m_isText && !m_text.empty())
+        return static_cast<char*>(std::memcpy(end - m_text.size(), m_text.data(), m_text.size()));
+    std::uint64_t rest = m_number;
+    for (; rest >= 100; rest /= 100)
+        end = PutPair(end, rest % 100);
+    if (rest >= 10)
+        return PutPair(end, rest);
+    *--end = static_cast<char>('0' + rest);
+    return end;
+}
+
+CDecimalDigits FixedDigits(double magnitude, int decimals, SDigitBuffer& buffer)
 {
     if (const auto number = RoundScaled(TakeApart(magnitude), decimals))
-        return IntegerDigits(*number, decimals + 1, buffer);
+        return CDecimalDigits(*number);
 
     char* const begin = buffer.characters;
     char* const end =
         std::to_chars(begin, std::end(buffer.characters), magnitude, std::chars_format::fixed, decimals).ptr;
     const auto length = static_cast<std::size_t>(end - begin);
     if (decimals == 0)
-        return {begin, length};
+        return CDecimalDigits(std::string_view(begin, length));
     // Closes the gap of the point.
     std::memmove(begin + 1, begin, length - 1 - static_cast<std::size_t>(decimals));
-    return {begin + 1, length - 1};
+    return CDecimalDigits(std::string_view(begin + 1, length - 1));
 }
 
 SSignificantDigits SignificantDigits(double magnitude, int count, SDigitBuffer& buffer)
 {
     if (const auto found = RoundSignificant(TakeApart(magnitude), count))
-        return {IntegerDigits(found->number, count, buffer), found->exponent};
+        return {CDecimalDigits(found->number), found->exponent};
 
     char* const begin = buffer.characters;
     char* const end =
@@ -195,9 +216,9 @@ SSignificantDigits SignificantDigits(double magnitude, int count, SDigitBuffer& 
     int exponent = 0;
     std::from_chars(exponentText + (*exponentText == '+' ? 1 : 0), end, exponent);
     if (count == 1)
-        return {{begin, 1}, exponent};
+        return {CDecimalDigits(std::string_view(begin, 1)), exponent};
     begin[1] = begin[0];
-    return {{begin + 1, length - 1}, exponent};
+    return {CDecimalDigits(std::string_view(begin + 1, length - 1)), exponent};
 }
 
 } // namespace CommonUI

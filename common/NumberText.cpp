@@ -5,37 +5,35 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <iterator>
+#include <limits>
 
 namespace CommonUI
 {
 
-/// The pieces of a number's text from left to right; `padZeros` and the width are still to be applied.
-struct CNumberText::SParts {
-    std::string_view prefix;
-    std::size_t leadingZeros = 0;
-    std::string_view whole;
-    bool point = false;
-    std::size_t fractionZeros = 0; ///< between the point and the fraction
-    std::string_view fraction;
-    std::size_t trailingZeros = 0;
-    std::string_view suffix;
-    bool padZeros = false;
-
-    std::size_t Length() const
-    {
-        return prefix.size() + leadingZeros + whole.size() + (point ? 1 : 0) + fractionZeros +
-               fraction.size() + trailingZeros + suffix.size();
-    }
-};
-
 namespace
 {
+
+/// More than a double's digits before the point, its sign and point, and c_fewCharacters.
+constexpr std::size_t c_realOverhead = 309 + 2 + 16 + 1;
+/// More than an integer's digits in any base with sign and prefix, and c_fewCharacters.
+constexpr std::size_t c_integerOverhead = 48;
+constexpr std::size_t c_fewCharacters = 16;
+/// More than the digits of an exponent: "e-308".
+constexpr std::size_t c_exponentRoom = 8;
 
 bool IsCapital(char conversion)
 {
     return conversion >= 'A' && conversion <= 'Z';
+}
+
+bool IsIntegerConversion(char conversion)
+{
+    return conversion == 'd' || conversion == 'u' || conversion == 'x' || conversion == 'X' ||
+           conversion == 'o';
 }
 
 std::string_view SignText(bool negative, const SNumberFormat& format)
@@ -47,144 +45,89 @@ std::string_view SignText(bool negative, const SNumberFormat& format)
     return format.blankSign ? " " : "";
 }
 
-/// The exponent of a number as printf shows it, such as "e-05" or "E+100".
-class CExponentText
+char* PutInBase(char* end, unsigned long long value, unsigned bits, bool capital)
 {
-public:
-    CExponentText(int exponent, bool capital)
-    {
-        char* at = std::end(m_characters);
-        int rest = std::abs(exponent);
-        do {
-            *--at = static_cast<char>('0' + rest % 10);
-            rest /= 10;
-        } while (rest != 0 || at > std::end(m_characters) - 2);
-        *--at = exponent < 0 ? '-' : '+';
-        *--at = capital ? 'E' : 'e';
-        m_begin = at;
-    }
-
-    std::string_view View() const
-    {
-        return {m_begin, static_cast<std::size_t>(std::end(m_characters) - m_begin)};
-    }
-
-private:
-    char m_characters[5];
-    const char* m_begin;
-};
-
-bool IsIntegerConversion(char conversion)
-{
-    return std::string_view("duxXo").find(conversion) != std::string_view::npos;
-}
-
-std::string_view DigitsInBase(unsigned long long value, char conversion, SDigitBuffer& buffer)
-{
-    if (conversion == 'd' || conversion == 'u')
-        return IntegerDigits(value, 1, buffer);
-    char* const begin = buffer.characters;
-    char* const end =
-        std::to_chars(begin, std::end(buffer.characters), value, conversion == 'o' ? 8 : 16).ptr;
-    if (conversion == 'X')
-        std::transform(begin, end, begin,
-                       [](char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return {begin, static_cast<std::size_t>(end - begin)};
-}
-
-std::string_view WithoutTrailingZeros(std::string_view digits)
-{
-    while (!digits.empty() && digits.back() == '0')
-        digits.remove_suffix(1);
-    return digits;
-}
-
-char* Put(char* at, std::string_view text)
-{
-    return std::copy(text.begin(), text.end(), at);
+    const char* const digits = capital ? "0123456789ABCDEF" : "0123456789abcdef";
+    for (; value != 0; value >>= bits)
+        *--end = digits[value & ((1u << bits) - 1)];
+    return end;
 }
 
 } // namespace
 
 void CNumberText::SetReal(double value, const SNumberFormat& format)
 {
-    SParts parts;
-    parts.prefix = SignText(std::signbit(value), format);
-    parts.padZeros = format.zeroPad;
     const double magnitude = std::fabs(value);
-    if (!std::isfinite(value)) {
-        const bool capital = IsCapital(format.conversion) && format.conversion != 'X';
-        parts.whole = std::isnan(value) ? (capital ? "NAN" : "nan") : (capital ? "INF" : "inf");
-        parts.padZeros = false;
-        return Assemble(parts, format);
-    }
     const int precision = format.precision < 0 ? 6 : format.precision;
+    if (!(magnitude < std::numeric_limits<double>::infinity()))
+        return SetNotFinite(value, format);
     switch (format.conversion) {
     case 'f':
     case 'F':
-        return SetFixed(magnitude, parts, format, precision);
+        SetFixed(magnitude, format, precision);
+        break;
     case 'e':
     case 'E':
-        return SetScientific(magnitude, parts, format, precision);
+        SetScientific(magnitude, format, precision);
+        break;
     case 'g':
     case 'G':
-        return SetGeneral(magnitude, parts, format, std::max(precision, 1));
+        SetGeneral(magnitude, format, std::max(precision, 1));
+        break;
     default:
         return SetTruncated(value, format);
     }
+    Complete(SignText(std::signbit(value), format), format, format.zeroPad);
 }
 
-void CNumberText::SetFixed(double magnitude, SParts& parts, const SNumberFormat& format, int decimals)
+void CNumberText::SetNotFinite(double value, const SNumberFormat& format)
+{
+    const std::string_view sign = SignText(std::signbit(value), format);
+    const bool capital = IsCapital(format.conversion) && format.conversion != 'X';
+    Begin(format, c_integerOverhead, 0);
+    m_begin -= 3;
+    std::memcpy(m_begin, std::isnan(value) ? (capital ? "NAN" : "nan") : (capital ? "INF" : "inf"), 3);
+    Complete(sign, format, false);
+}
+
+void CNumberText::SetFixed(double magnitude, const SNumberFormat& format, int decimals)
 {
     SDigitBuffer buffer;
     const int exact = std::min(decimals, SDigitBuffer::c_mostDecimals);
-    const std::string_view digits = FixedDigits(magnitude, exact, buffer);
-    const std::size_t wholeLength = digits.size() - static_cast<std::size_t>(exact);
-    parts.whole = digits.substr(0, wholeLength);
-    parts.fraction = digits.substr(wholeLength);
-    parts.trailingZeros = static_cast<std::size_t>(decimals - exact);
-    parts.point = decimals > 0 || format.alternate;
-    Assemble(parts, format);
+    Begin(format, c_realOverhead + static_cast<std::size_t>(decimals),
+          static_cast<std::size_t>(decimals - exact));
+    PutDigits(FixedDigits(magnitude, exact, buffer), exact, decimals > 0 || format.alternate);
+    AppendZeros(decimals - exact);
 }
 
-void CNumberText::SetScientific(double magnitude, SParts& parts, const SNumberFormat& format, int decimals)
+void CNumberText::SetScientific(double magnitude, const SNumberFormat& format, int decimals)
 {
     SDigitBuffer buffer;
     const int exact = std::min(decimals, SDigitBuffer::c_mostSignificant - 1);
-    const auto [digits, exponent] = SignificantDigits(magnitude, exact + 1, buffer);
-    const CExponentText exponentText(exponent, IsCapital(format.conversion));
-    parts.whole = digits.substr(0, 1);
-    parts.fraction = digits.substr(1);
-    parts.trailingZeros = static_cast<std::size_t>(decimals - exact);
-    parts.point = decimals > 0 || format.alternate;
-    parts.suffix = exponentText.View();
-    Assemble(parts, format);
+    const auto found = SignificantDigits(magnitude, exact + 1, buffer);
+    Begin(format, c_realOverhead + static_cast<std::size_t>(decimals),
+          c_exponentRoom + static_cast<std::size_t>(decimals - exact));
+    PutDigits(found.digits, exact, decimals > 0 || format.alternate);
+    AppendZeros(decimals - exact);
+    AppendExponent(found.exponent, IsCapital(format.conversion));
 }
 
-void CNumberText::SetGeneral(double magnitude, SParts& parts, const SNumberFormat& format, int significant)
+void CNumberText::SetGeneral(double magnitude, const SNumberFormat& format, int significant)
 {
     SDigitBuffer buffer;
     const int exact = std::min(significant, SDigitBuffer::c_mostSignificant);
-    const auto [digits, exponent] = SignificantDigits(magnitude, exact, buffer);
-    const bool scientific = exponent < -4 || exponent >= significant;
-    const CExponentText exponentText(exponent, IsCapital(format.conversion));
-    if (scientific)
-        parts.suffix = exponentText.View();
-    if (exponent < 0 && !scientific) {
-        parts.whole = "0";
-        parts.fractionZeros = static_cast<std::size_t>(-exponent - 1);
-        parts.fraction = digits;
-    } else {
-        const std::size_t wholeLength = scientific ? 1 : static_cast<std::size_t>(exponent) + 1;
-        parts.whole = digits.substr(0, wholeLength);
-        parts.fraction = digits.substr(wholeLength);
-    }
+    const auto found = SignificantDigits(magnitude, exact, buffer);
+    const bool scientific = found.exponent < -4 || found.exponent >= significant;
+    const int decimals = exact - 1 - (scientific ? 0 : found.exponent);
+    Begin(format, c_realOverhead + static_cast<std::size_t>(significant),
+          c_exponentRoom + static_cast<std::size_t>(significant - exact));
+    PutDigits(found.digits, decimals, decimals > 0 || format.alternate);
     if (format.alternate)
-        parts.trailingZeros = static_cast<std::size_t>(significant - exact);
-    else
-        parts.fraction = WithoutTrailingZeros(parts.fraction);
-    parts.point = !parts.fraction.empty() || format.alternate;
-    Assemble(parts, format);
+        AppendZeros(significant - exact);
+    else if (decimals > 0)
+        DropZeros();
+    if (scientific)
+        AppendExponent(found.exponent, IsCapital(format.conversion));
 }
 
 /// An integer conversion of a finite real number.
@@ -214,62 +157,104 @@ void CNumberText::SetSigned(long long value, const SNumberFormat& format)
 
 void CNumberText::SetUnsigned(unsigned long long value, const SNumberFormat& format)
 {
-    if (format.conversion == 'd')
-        SetInteger(value, SignText(false, format), format);
-    else if (IsIntegerConversion(format.conversion))
-        SetInteger(value, {}, format);
+    if (IsIntegerConversion(format.conversion))
+        SetInteger(value, format.conversion == 'd' ? SignText(false, format) : std::string_view(), format);
     else
         SetReal(static_cast<double>(value), format);
 }
 
 void CNumberText::SetInteger(unsigned long long magnitude, std::string_view sign, const SNumberFormat& format)
 {
-    SDigitBuffer buffer;
-    SParts parts;
-    parts.prefix = sign;
-    parts.padZeros = format.zeroPad && format.precision < 0;
-    if (magnitude != 0 || format.precision != 0)
-        parts.whole = DigitsInBase(magnitude, format.conversion, buffer);
-    const auto least = static_cast<std::size_t>(std::max(format.precision, 0));
-    if (parts.whole.size() < least)
-        parts.leadingZeros = least - parts.whole.size();
-    if (format.alternate) {
-        if (format.conversion == 'o' && parts.leadingZeros == 0 && !parts.whole.starts_with('0'))
-            parts.leadingZeros = 1;
-        if (magnitude != 0 && (format.conversion == 'x' || format.conversion == 'X'))
-            parts.prefix = format.conversion == 'x' ? "0x" : "0X";
-    }
-    Assemble(parts, format);
+    const char conversion = format.conversion;
+    const int least = format.precision < 0 ? 1 : format.precision;
+    Begin(format, c_integerOverhead + static_cast<std::size_t>(least), 0);
+    if (conversion == 'o')
+        m_begin = PutInBase(m_begin, magnitude, 3, false);
+    else if (conversion == 'x' || conversion == 'X')
+        m_begin = PutInBase(m_begin, magnitude, 4, conversion == 'X');
+    else if (magnitude != 0)
+        m_begin = CDecimalDigits(magnitude).PutRest(m_begin);
+    while (m_end - m_begin < least)
+        *--m_begin = '0';
+    if (format.alternate && conversion == 'o' && (m_begin == m_end || *m_begin != '0'))
+        *--m_begin = '0';
+    if (format.alternate && magnitude != 0 && (conversion == 'x' || conversion == 'X'))
+        sign = conversion == 'x' ? "0x" : "0X";
+    Complete(sign, format, format.zeroPad && format.precision < 0);
 }
 
-/// Fills the width and puts the pieces one behind the other.
-void CNumberText::Assemble(SParts& parts, const SNumberFormat& format)
+/// Makes room for `length` characters and the width, with `margin` more to the right of where digits are put.
+void CNumberText::Begin(const SNumberFormat& format, std::size_t length, std::size_t margin)
 {
-    const std::size_t length = parts.Length();
-    const auto width = static_cast<std::size_t>(std::max(format.width, 0));
-    m_length = std::max(length, width);
-    std::size_t blanks = m_length - length;
-    if (parts.padZeros && !format.leftAlign) {
-        parts.leadingZeros += blanks;
-        blanks = 0;
+    const std::size_t room = length + static_cast<std::size_t>(std::max(format.width, 0)) + margin;
+    char* end = std::end(m_internal);
+    if (room > c_internalSize) {
+        m_heap = std::make_unique<char[]>(room);
+        end = m_heap.get() + room;
     }
-    if (m_length > c_internalSize)
-        m_heap = std::make_unique<char[]>(m_length);
+    m_begin = m_end = end - margin;
+}
 
-    char* at = m_heap ? m_heap.get() : m_internal;
-    if (!format.leftAlign)
-        at = std::fill_n(at, blanks, ' ');
-    at = Put(at, parts.prefix);
-    at = std::fill_n(at, parts.leadingZeros, '0');
-    at = Put(at, parts.whole);
-    if (parts.point)
-        *at++ = '.';
-    at = std::fill_n(at, parts.fractionZeros, '0');
-    at = Put(at, parts.fraction);
-    at = std::fill_n(at, parts.trailingZeros, '0');
-    at = Put(at, parts.suffix);
-    if (format.leftAlign)
-        std::fill_n(at, blanks, ' ');
+void CNumberText::PutDigits(CDecimalDigits digits, int decimals, bool point)
+{
+    m_begin = digits.PutLast(m_begin, decimals);
+    if (point)
+        *--m_begin = '.';
+    m_begin = digits.PutRest(m_begin);
+}
+
+void CNumberText::AppendZeros(int count)
+{
+    m_end = std::fill_n(m_end, count, '0');
+}
+
+/// Drops the zeros at the end of the decimals, and the point when nothing follows it.
+void CNumberText::DropZeros()
+{
+    while (m_end[-1] == '0')
+        --m_end;
+    if (m_end[-1] == '.')
+        --m_end;
+}
+
+void CNumberText::AppendExponent(int exponent, bool capital)
+{
+    *m_end++ = capital ? 'E' : 'e';
+    *m_end++ = exponent < 0 ? '-' : '+';
+    const int magnitude = std::abs(exponent);
+    if (magnitude >= 100)
+        *m_end++ = static_cast<char>('0' + magnitude / 100);
+    *m_end++ = static_cast<char>('0' + magnitude / 10 % 10);
+    *m_end++ = static_cast<char>('0' + magnitude % 10);
+}
+
+/// Puts the prefix before the digits and fills the width.
+void CNumberText::Complete(std::string_view prefix, const SNumberFormat& format, bool padZeros)
+{
+    const auto length = static_cast<std::size_t>(m_end - m_begin) + prefix.size();
+    const auto width = static_cast<std::size_t>(std::max(format.width, 0));
+    const std::size_t missing = width > length ? width - length : 0;
+    if (padZeros && !format.leftAlign)
+        PutBefore(missing, '0');
+    for (std::size_t i = prefix.size(); i > 0; --i)
+        *--m_begin = prefix[i - 1];
+    if (format.leftAlign) {
+        std::copy(m_begin, m_end, m_begin - missing);
+        m_begin -= missing;
+        std::fill_n(m_end - missing, missing, ' ');
+    } else if (!padZeros) {
+        PutBefore(missing, ' ');
+    }
+}
+
+void CNumberText::PutBefore(std::size_t count, char character)
+{
+    // Few characters are one store of a fixed size: the room that Begin makes is never used up.
+    if (count <= c_fewCharacters)
+        std::memset(m_begin - c_fewCharacters, character, c_fewCharacters);
+    else
+        std::memset(m_begin - count, character, count);
+    m_begin -= count;
 }
 
 CStr ShortestText(double value)

@@ -12,6 +12,8 @@
 namespace CommonUI
 {
 
+class CDecimalDigits;
+
 /// How one number becomes text: a single conversion of printf, taken apart.
 struct SNumberFormat {
     char conversion = 'f';  ///< one of d u x X o f F e E g G
@@ -42,8 +44,8 @@ COMMONDLL_API bool ParseNumberFormat(std::u16string_view text, SNumberFormat& fo
 /// double. An integer conversion of a real number drops the fraction; a number beyond 64 bits keeps all its
 /// decimal digits, and what is not finite stays "inf" or "nan".
 ///
-/// The text lies in the object itself unless it is longer than c_internalSize characters.
-class COMMONDLL_API CNumberText
+/// The text lies in the object itself unless width and precision are together beyond about 40.
+class CNumberText
 {
 public:
     CNumberText(double value, const SNumberFormat& format) { SetReal(value, format); }
@@ -60,25 +62,33 @@ public:
     CNumberText& operator=(const CNumberText&) = delete;
 
     /// The characters, ASCII only; valid as long as the object.
-    std::string_view View() const noexcept { return {m_heap ? m_heap.get() : m_internal, m_length}; }
+    std::string_view View() const noexcept { return {m_begin, static_cast<std::size_t>(m_end - m_begin)}; }
 
 private:
-    struct SParts;
+    /// The longest double in %f has 309 digits before the point.
+    static constexpr std::size_t c_internalSize = 384;
 
-    static constexpr std::size_t c_internalSize = 352;
-
-    void SetReal(double value, const SNumberFormat& format);
-    void SetSigned(long long value, const SNumberFormat& format);
-    void SetUnsigned(unsigned long long value, const SNumberFormat& format);
-    void SetFixed(double magnitude, SParts& parts, const SNumberFormat& format, int decimals);
-    void SetScientific(double magnitude, SParts& parts, const SNumberFormat& format, int decimals);
-    void SetGeneral(double magnitude, SParts& parts, const SNumberFormat& format, int significant);
+    COMMONDLL_API void SetReal(double value, const SNumberFormat& format);
+    COMMONDLL_API void SetSigned(long long value, const SNumberFormat& format);
+    COMMONDLL_API void SetUnsigned(unsigned long long value, const SNumberFormat& format);
+    void SetNotFinite(double value, const SNumberFormat& format);
+    void SetFixed(double magnitude, const SNumberFormat& format, int decimals);
+    void SetScientific(double magnitude, const SNumberFormat& format, int decimals);
+    void SetGeneral(double magnitude, const SNumberFormat& format, int significant);
     void SetTruncated(double value, const SNumberFormat& format);
     void SetInteger(unsigned long long magnitude, std::string_view sign, const SNumberFormat& format);
-    void Assemble(SParts& parts, const SNumberFormat& format);
 
+    void Begin(const SNumberFormat& format, std::size_t length, std::size_t margin);
+    void PutDigits(CDecimalDigits digits, int decimals, bool point);
+    void AppendZeros(int count);
+    void DropZeros();
+    void AppendExponent(int exponent, bool capital);
+    void PutBefore(std::size_t count, char character);
+    void Complete(std::string_view prefix, const SNumberFormat& format, bool padZeros);
+
+    char* m_begin; ///< the text grows from its last digit to the left
+    char* m_end;
     std::unique_ptr<char[]> m_heap;
-    std::size_t m_length = 0;
     char m_internal[c_internalSize];
 };
 

@@ -28,10 +28,9 @@ const std::vector<std::string>& UsualFormats()
             "%8.4f",  "%8.3f",  "%8.2f",  "%8.1f",  "%7.0f",  "%10.6G", "%10.7G", "%9.7f",  "%9.6f",
             "%9.5f",  "%9.4f",  "%9.3f",  "%9.2f",  "%9.1f",  "%8.0f",  "%10.8f", "%10.7f", "%10.6f",
             "%10.5f", "%10.4f", "%10.3f", "%10.2f", "%10.1f", "%9.0f",  "%lf"};
-        for (int precision = 1; precision <= 12; ++precision) {
-            list.push_back("%." + std::to_string(precision) + "f");
-            list.push_back("%." + std::to_string(precision) + "G");
-        }
+        for (const char letter : {'f', 'G'})
+            for (int precision = 1; precision <= 12; ++precision)
+                list.push_back(std::string("%.").append(std::to_string(precision)) + letter);
         return list;
     }();
     return formats;
@@ -89,7 +88,7 @@ std::string RandomFormat(CValues& random, std::string_view letters)
     if (random.Below(2) == 0)
         format += std::to_string(1 + random.Below(random.Below(8) == 0 ? 400 : 24));
     if (random.Below(4) != 0)
-        format += "." + std::to_string(random.Below(random.Below(16) == 0 ? 1200 : 24));
+        format.append(".").append(std::to_string(random.Below(random.Below(16) == 0 ? 1200 : 24)));
     return format + letters[random.Below(letters.size())];
 }
 
