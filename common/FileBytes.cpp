@@ -1,0 +1,172 @@
+#include "common/FileBytes.h"
+
+#include <cerrno>
+#include <charconv>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <ios>
+#include <new>
+#include <random>
+#include <system_error>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+fs::path ToPath(const CStr& fileName)
+{
+    return fs::path(fileName.begin(), fileName.end());
+}
+
+/// Throws the reason why a stream failed, as far as the system left it.
+[[noreturn]] void ThrowStreamError(const char* what, const fs::path& path)
+{
+    throw fs::filesystem_error(what, path, std::error_code(errno, std::generic_category()));
+}
+
+[[noreturn]] void Refuse(const char* what, const fs::path& path, std::errc reason)
+{
+    throw fs::filesystem_error(what, path, std::make_error_code(reason));
+}
+
+/// Runs `work` and returns whether it came to its end; else why not.
+template<class TWork>
+bool Try(CStr& reason, TWork&& work)
+{
+    try {
+        work();
+        return true;
+    } catch (const std::exception& error) {
+        reason = CStr::FromUtf8(error.what());
+        return false;
+    }
+}
+
+std::string ReadAll(const fs::path& path, std::size_t maximum)
+{
+    const fs::file_status status = fs::status(path);
+    if (!fs::exists(status))
+        Refuse("cannot open file", path, std::errc::no_such_file_or_directory);
+    if (fs::is_directory(status))
+        Refuse("cannot read", path, std::errc::is_a_directory);
+    if (!fs::is_regular_file(status))
+        Refuse("not a regular file", path, std::errc::invalid_argument);
+    if (fs::file_size(path) > maximum)
+        Refuse("cannot read", path, std::errc::file_too_large);
+
+    errno = 0;
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        ThrowStreamError("cannot open file", path);
+    std::string bytes(static_cast<std::size_t>(fs::file_size(path)), '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (file.bad())
+        ThrowStreamError("cannot read file", path);
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return bytes;
+}
+
+/// The file that is meant by a path that may be a symbolic link, also one that leads to nothing yet.
+fs::path FollowLinks(fs::path path)
+{
+    constexpr int mostLinks = 40;
+    for (int i = 0; fs::is_symlink(fs::symlink_status(path)); ++i) {
+        if (i == mostLinks)
+            Refuse("cannot follow link", path, std::errc::too_many_symbolic_link_levels);
+        path = path.parent_path() / fs::read_symlink(path);
+    }
+    return path;
+}
+
+/// A file of its own beside the target; it is removed unless it has taken the target's place.
+class CTemporary
+{
+public:
+    explicit CTemporary(const fs::path& target)
+        : m_path(target.parent_path() / MakeName())
+    {
+        errno = 0;
+        m_file.open(m_path, std::ios::binary | std::ios::trunc);
+        if (!m_file)
+            ThrowStreamError("cannot create temporary file", m_path);
+    }
+    CTemporary(const CTemporary&) = delete;
+    CTemporary& operator=(const CTemporary&) = delete;
+    ~CTemporary()
+    {
+        if (m_replaced)
+            return;
+        m_file.close();
+        std::error_code ignored;
+        fs::remove(m_path, ignored);
+    }
+
+    void Write(std::string_view bytes)
+    {
+        errno = 0;
+        m_file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        m_file.close();
+        if (!m_file)
+            ThrowStreamError("cannot write temporary file", m_path);
+    }
+    void SetPermissions(fs::perms permissions) { fs::permissions(m_path, permissions); }
+    void Replace(const fs::path& target)
+    {
+        fs::rename(m_path, target);
+        m_replaced = true;
+    }
+
+private:
+    static std::string MakeName()
+    {
+        std::random_device random;
+        const std::uint64_t number = (std::uint64_t(random()) << 32) | random();
+        char digits[16];
+        return std::string("~").append(digits, std::to_chars(digits, std::end(digits), number, 16).ptr) +
+               ".tmp";
+    }
+
+    fs::path m_path;
+    std::ofstream m_file;
+    bool m_replaced = false;
+};
+
+void ReplaceAll(const fs::path& path, std::string_view bytes)
+{
+    const fs::path target = FollowLinks(path);
+    const fs::file_status status = fs::status(target);
+    if (fs::is_directory(status))
+        Refuse("cannot replace", target, std::errc::is_a_directory);
+    if (fs::exists(status) && !fs::is_regular_file(status))
+        Refuse("not a regular file", target, std::errc::invalid_argument);
+    constexpr fs::perms write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    if (fs::exists(status) && (status.permissions() & write) == fs::perms::none)
+        Refuse("write-protected", target, std::errc::permission_denied);
+
+    CTemporary temporary(target);
+    // Before the content arrives: nobody may read of it what the file itself would not show.
+    if (fs::exists(status))
+        temporary.SetPermissions(status.permissions());
+    temporary.Write(bytes);
+    temporary.Replace(target);
+}
+
+} // namespace
+
+bool ReadFileBytes(const CStr& fileName, std::string& bytes, std::size_t maximum, CStr& reason)
+{
+    bytes.clear();
+    return Try(reason, [&] { bytes = ReadAll(ToPath(fileName), maximum); });
+}
+
+bool ReplaceFileBytes(const CStr& fileName, std::string_view bytes, CStr& reason)
+{
+    return Try(reason, [&] { ReplaceAll(ToPath(fileName), bytes); });
+}
+
+} // namespace CommonUI

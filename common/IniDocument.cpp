@@ -1,0 +1,453 @@
+#include "common/IniDocument.h"
+
+#include "common/IniQuotes.h"
+#include "common/Wtf8.h"
+
+#include <algorithm>
+#include <limits>
+#include <random>
+#include <stdexcept>
+#include <utility>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+std::uint64_t GetHashKey()
+{
+    static const std::uint64_t key = (std::uint64_t(std::random_device()()) << 32) | std::random_device()();
+    return key;
+}
+
+std::uint32_t To32(std::size_t position)
+{
+    return static_cast<std::uint32_t>(position);
+}
+
+std::u16string ToUtf16(std::string_view wtf8)
+{
+    std::u16string text;
+    AppendUtf16(text, wtf8);
+    return text;
+}
+
+/// How often each line end occurs.
+struct SLineEndCounts {
+    std::size_t both = 0;
+    std::size_t feed = 0;
+    std::size_t carriageReturn = 0;
+
+    void Add(std::string_view lineEnd)
+    {
+        if (!lineEnd.empty())
+            ++(lineEnd.size() == 2 ? both : lineEnd == "\n" ? feed : carriageReturn);
+    }
+    const char* GetMostFrequent() const
+    {
+        if (both > feed && both >= carriageReturn)
+            return "\r\n";
+        return carriageReturn > feed ? "\r" : "\n";
+    }
+};
+
+} // namespace
+
+CIniDocument::CIniDocument()
+    : m_hashKey(GetHashKey())
+{
+    Load({});
+}
+
+void CIniDocument::Load(std::string bytes)
+{
+    SIniContent content = DecodeIni(std::move(bytes));
+    m_encoding = content.encoding;
+    m_mark = std::move(content.mark);
+    m_tail = std::move(content.tail);
+    m_sections.clear();
+    m_sectionNames.Clear();
+    GetSection({});
+    Parse(std::move(content.text));
+}
+
+std::string CIniDocument::ToBytes() const
+{
+    return EncodeIni(m_encoding, m_mark, JoinLines(), m_tail);
+}
+
+/// Takes the text as all lines of the document. Sections keep their numbers.
+void CIniDocument::Parse(std::string text)
+{
+    m_text = std::move(text);
+    m_names.clear();
+    m_waste = 0;
+    m_lines.clear();
+    m_firstLine = m_lastLine = c_none;
+    m_keys.Clear();
+    for (SSection& section : m_sections)
+        section = {std::move(section.name)};
+
+    SLineEndCounts counts;
+    CLineEnds lineEnds(m_text);
+    std::uint32_t section = 0;
+    for (std::size_t begin = 0; begin < m_text.size();) {
+        const CLineEnds::SLine ends = lineEnds.Next(begin);
+        counts.Add(std::string_view(m_text).substr(ends.end, ends.next - ends.end));
+        const std::uint32_t line = AddRecord(begin, ends, section, m_lastLine);
+        if (m_lines[line].kind == EKind::Header)
+            section = m_lines[line].section;
+        begin = ends.next;
+    }
+    m_lineEnd = counts.GetMostFrequent();
+}
+
+/// Takes the line of the text as the one behind `after`, in `section` unless it is a header. Filler goes into
+/// the record of the filler before it. Returns the record.
+std::uint32_t CIniDocument::AddRecord(std::size_t begin, CLineEnds::SLine ends, std::uint32_t section,
+                                      std::uint32_t after)
+{
+    const std::string_view text = std::string_view(m_text).substr(begin, ends.end - begin);
+    const SIniLine parts = ParseIniLine(text);
+    const std::uint32_t length = To32(ends.next - begin);
+    if (parts.kind == EIniLine::Filler && after != c_none) {
+        SRecord& previous = m_lines[after];
+        if (previous.kind == EKind::Filler && previous.begin + previous.length == begin) {
+            previous.length += length;
+            return after;
+        }
+    }
+    const std::uint32_t line = To32(m_lines.size());
+    SRecord& record = m_lines.emplace_back();
+    record.begin = To32(begin);
+    record.length = length;
+    Link(line, after);
+    if (parts.kind == EIniLine::Filler)
+        return line;
+
+    const std::string_view name = text.substr(parts.begin, parts.end - parts.begin);
+    record.quoted = parts.quoted;
+    record.section = section;
+    if (parts.kind == EIniLine::Header) {
+        std::string unquoted;
+        if (parts.quoted)
+            AppendWtf8(unquoted, Unquote(name));
+        AddHeader(line, parts.quoted ? unquoted : name);
+    } else if (parts.kind == EIniLine::Key) {
+        record.name = To32(parts.quoted ? m_names.size() : begin + parts.begin);
+        if (parts.quoted)
+            AppendWtf8(m_names, Unquote(name));
+        record.nameLength = To32(parts.quoted ? m_names.size() - record.name : name.size());
+        record.value = To32(begin + parts.value);
+        AddKey(line);
+    } else {
+        record.kind = EKind::Malformed;
+    }
+    m_sections[record.section].last = line;
+    return line;
+}
+
+void CIniDocument::AddHeader(std::uint32_t line, std::string_view name)
+{
+    SRecord& record = m_lines[line];
+    record.kind = EKind::Header;
+    record.section = GetSection(name);
+    SSection& section = m_sections[record.section];
+    if (section.firstHeader == c_none)
+        section.firstHeader = line;
+    else
+        m_lines[section.lastHeader].sibling = line;
+    section.lastHeader = line;
+}
+
+void CIniDocument::AddKey(std::uint32_t line)
+{
+    SRecord& record = m_lines[line];
+    const std::string_view name = NameOf(record);
+    const std::uint32_t hash = HashKey(record.section, name);
+    const std::uint32_t first = m_keys.Find(hash, [&](std::uint32_t other) {
+        return m_lines[other].section == record.section && NameOf(m_lines[other]) == name;
+    });
+    if (first == c_none) {
+        record.kind = EKind::Key;
+        m_keys.Insert(hash, line);
+    } else {
+        record.kind = EKind::Duplicate;
+        record.sibling = std::exchange(m_lines[first].sibling, line);
+    }
+}
+
+void CIniDocument::Link(std::uint32_t line, std::uint32_t after)
+{
+    std::uint32_t& link = after == c_none ? m_firstLine : m_lines[after].next;
+    m_lines[line].next = std::exchange(link, line);
+    if (m_lines[line].next == c_none)
+        m_lastLine = line;
+}
+
+template<class TVisit>
+void CIniDocument::VisitKeys(std::uint32_t section, TVisit&& visit) const
+{
+    const auto visitPart = [&](std::uint32_t line) {
+        for (; line != c_none && m_lines[line].kind != EKind::Header; line = m_lines[line].next) {
+            if (m_lines[line].kind == EKind::Key)
+                visit(line);
+        }
+    };
+    if (section == 0)
+        visitPart(m_firstLine);
+    for (std::uint32_t header = m_sections[section].firstHeader; header != c_none;
+         header = m_lines[header].sibling)
+        visitPart(m_lines[header].next);
+}
+
+std::uint32_t CIniDocument::FindSection(std::string_view name) const
+{
+    return m_sectionNames.Find(HashName(name, m_hashKey),
+                               [&](std::uint32_t section) { return m_sections[section].name == name; });
+}
+
+std::uint32_t CIniDocument::GetSection(std::string_view name)
+{
+    if (const std::uint32_t found = FindSection(name); found != c_none)
+        return found;
+    const std::uint32_t section = To32(m_sections.size());
+    m_sections.push_back({std::string(name)});
+    m_sectionNames.Insert(HashName(name, m_hashKey), section);
+    return section;
+}
+
+bool CIniDocument::Exists(std::uint32_t section) const
+{
+    bool exists = m_sections[section].firstHeader != c_none;
+    if (!exists)
+        VisitKeys(section, [&exists](std::uint32_t) { exists = true; });
+    return exists;
+}
+
+bool CIniDocument::HasSection(std::string_view name) const
+{
+    const std::uint32_t section = FindSection(name);
+    return section != c_none && Exists(section);
+}
+
+std::vector<std::string_view> CIniDocument::GetSections() const
+{
+    std::vector<std::string_view> names;
+    if (Exists(0))
+        names.emplace_back();
+    for (std::uint32_t line = m_firstLine; line != c_none; line = m_lines[line].next) {
+        const std::uint32_t section = m_lines[line].section;
+        if (section != 0 && m_lines[line].kind == EKind::Header && m_sections[section].firstHeader == line)
+            names.push_back(m_sections[section].name);
+    }
+    return names;
+}
+
+std::vector<std::string> CIniDocument::GetKeys(std::uint32_t section) const
+{
+    std::vector<std::string> names;
+    VisitKeys(section, [&](std::uint32_t line) { names.emplace_back(ListedName(line)); });
+    return names;
+}
+
+void CIniDocument::ClearSection(std::uint32_t section)
+{
+    VisitKeys(section, [this](std::uint32_t line) { EraseKey(line); });
+    CompactIfWasteful();
+}
+
+std::string_view CIniDocument::ValueOf(const SRecord& record) const
+{
+    std::string_view value = TextOf(record).substr(record.value - record.begin);
+    while (!value.empty() && (value.back() == '\n' || value.back() == '\r'))
+        value.remove_suffix(1);
+    return TrimBlanks(value);
+}
+
+/// Whether blanks stand on both sides of the equals sign: then they are meant as ornament. A name with a
+/// blank at its end is written without a blank behind the sign.
+bool CIniDocument::IsSpaced(const SRecord& record) const
+{
+    const std::string_view name = NameOf(record);
+    const std::string_view value = TextOf(record).substr(record.value - record.begin);
+    return !record.quoted && !name.empty() && IsBlank(name.back()) && !value.empty() &&
+           IsBlank(value.front());
+}
+
+/// The name without its blanks when they are ornament and no other line has that name.
+std::string_view CIniDocument::ListedName(std::uint32_t line) const
+{
+    const SRecord& record = m_lines[line];
+    const std::string_view name = NameOf(record);
+    const std::string_view trimmed = TrimBlanksRight(name);
+    return IsSpaced(record) && FindLine(record.section, trimmed) == line ? trimmed : name;
+}
+
+/// The blanks at the end of a name do not count, so that a name is found with them and without.
+std::uint32_t CIniDocument::HashKey(std::uint32_t section, std::string_view key) const
+{
+    return HashName(TrimBlanksRight(key), m_hashKey + section);
+}
+
+std::uint32_t CIniDocument::FindLine(std::uint32_t section, std::string_view key) const
+{
+    std::uint32_t inexact = c_none;
+    const std::uint32_t exact = m_keys.Find(HashKey(section, key), [&](std::uint32_t line) {
+        const SRecord& record = m_lines[line];
+        if (record.section != section)
+            return false;
+        const std::string_view name = NameOf(record);
+        if (name == key)
+            return true;
+        if (!record.quoted && TrimBlanksRight(name) == key)
+            inexact = std::min(inexact, line);
+        return false;
+    });
+    return exact != c_none ? exact : inexact;
+}
+
+/// As FindLine, but never a line whose name really ends in a blank that `key` lacks: that is another key.
+std::uint32_t CIniDocument::FindLineToChange(std::uint32_t section, std::string_view key) const
+{
+    const std::uint32_t line = FindLine(section, key);
+    if (line == c_none || NameOf(m_lines[line]) == key || IsSpaced(m_lines[line]))
+        return line;
+    return c_none;
+}
+
+void CIniDocument::SetValue(std::uint32_t section, std::string_view key, std::string_view value)
+{
+    const std::uint32_t line = FindLineToChange(section, key);
+    if (line == c_none) {
+        AddKeyLine(section, key, value);
+        return;
+    }
+    SRecord& record = m_lines[line];
+    const std::string_view old = ValueOf(record);
+    if (old == value)
+        return;
+    std::string text(TextOf(record));
+    text.replace(static_cast<std::size_t>(old.data() - TextOf(record).data()), old.size(), value);
+    ReplaceText(record, text);
+    CompactIfWasteful();
+}
+
+void CIniDocument::AddKeyLine(std::uint32_t section, std::string_view key, std::string_view value)
+{
+    if (section != 0 && m_sections[section].firstHeader == c_none) {
+        const std::string name = QuoteSection(ToUtf16(m_sections[section].name), m_encoding);
+        InsertLine("[" + name + "]", section, m_lastLine);
+    }
+    const std::string line = QuoteKey(ToUtf16(key), m_encoding).append("=").append(value);
+    InsertLine(line, section, m_sections[section].last);
+}
+
+void CIniDocument::RemoveKey(std::uint32_t section, std::string_view key)
+{
+    for (std::uint32_t line; (line = FindLineToChange(section, key)) != c_none;)
+        EraseKey(line);
+    CompactIfWasteful();
+}
+
+void CIniDocument::EraseKey(std::uint32_t line)
+{
+    m_keys.Erase(HashKey(m_lines[line].section, NameOf(m_lines[line])), line);
+    for (; line != c_none; line = m_lines[line].sibling) {
+        SRecord& record = m_lines[line];
+        m_waste += record.length + sizeof(SRecord);
+        record.length = 0;
+        record.kind = EKind::Removed;
+    }
+}
+
+std::uint32_t CIniDocument::AddLine(std::string_view line, std::uint32_t section)
+{
+    CLineEnds lineEnds(line);
+    std::size_t begin = 0;
+    do {
+        const CLineEnds::SLine ends = lineEnds.Next(begin);
+        const std::string_view one = line.substr(begin, ends.end - begin);
+        const bool isHeader = ParseIniLine(one).kind == EIniLine::Header;
+        const std::uint32_t added = InsertLine(one, section, isHeader ? m_lastLine : LastLineOf(section));
+        if (isHeader)
+            section = m_lines[added].section;
+        begin = ends.next;
+    } while (begin < line.size());
+    return section;
+}
+
+/// The section's last line, filler included; c_none for an unnamed section without lines.
+std::uint32_t CIniDocument::LastLineOf(std::uint32_t section) const
+{
+    std::uint32_t last = m_sections[section].last;
+    for (;;) {
+        const std::uint32_t next = last == c_none ? m_firstLine : m_lines[last].next;
+        if (next == c_none || m_lines[next].kind == EKind::Header)
+            return last;
+        last = next;
+    }
+}
+
+std::uint32_t CIniDocument::InsertLine(std::string_view line, std::uint32_t section, std::uint32_t after)
+{
+    EnsureLineEnd(after);
+    const std::size_t begin = AppendText(std::string(line) + m_lineEnd);
+    return AddRecord(begin, {begin + line.size(), m_text.size()}, section, after);
+}
+
+/// Only the last line of a file can lack its line end; it needs one when something is to follow.
+void CIniDocument::EnsureLineEnd(std::uint32_t line)
+{
+    if (line == c_none)
+        return;
+    const std::string_view text = TextOf(m_lines[line]);
+    if (!text.empty() && text.back() != '\n' && text.back() != '\r')
+        ReplaceText(m_lines[line], std::string(text) + m_lineEnd);
+}
+
+void CIniDocument::ReplaceText(SRecord& record, const std::string& text)
+{
+    const std::uint32_t begin = To32(AppendText(text));
+    m_waste += record.length;
+    record.value += begin - record.begin;
+    if (!record.quoted)
+        record.name += begin - record.begin;
+    record.begin = begin;
+    record.length = To32(text.size());
+}
+
+std::size_t CIniDocument::AppendText(std::string_view text)
+{
+    const std::size_t begin = m_text.size();
+    if (text.size() > std::numeric_limits<std::uint32_t>::max() - begin)
+        throw std::length_error("CIniDocument");
+    m_text += text;
+    return begin;
+}
+
+void CIniDocument::CompactIfWasteful()
+{
+    if (m_waste > m_text.size() / 2 + 0x10000)
+        Parse(JoinLines());
+}
+
+std::string CIniDocument::JoinLines() const
+{
+    std::string text;
+    text.reserve(m_text.size());
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    for (std::uint32_t line = m_firstLine; line != c_none; line = m_lines[line].next) {
+        const SRecord& record = m_lines[line];
+        if (record.begin != end) {
+            text.append(m_text, begin, end - begin);
+            begin = record.begin;
+        }
+        end = record.begin + record.length;
+    }
+    return text.append(m_text, begin, end - begin);
+}
+
+} // namespace CommonUI

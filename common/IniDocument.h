@@ -1,0 +1,152 @@
+#pragma once
+
+#include "IniEncoding.h"
+#include "IniIndex.h"
+#include "IniLine.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace CommonUI
+{
+
+/// The lines of an INI file with everything that stands in them, and an index of its keys.
+///
+/// Names, values and lines are WTF-8 whatever the encoding of the file. All bytes lie in one text: the file's
+/// as it was read, behind it every line that was changed or added; a line is a record of positions in it, and
+/// the records are linked in the order of the file.
+class CIniDocument
+{
+public:
+    /// The file sizes that Load takes, so that every position fits into 32 bits.
+    static constexpr std::size_t c_maximumSize = std::size_t(1) << 30;
+
+    CIniDocument();
+
+    /// Takes the bytes of a file. The numbers of sections from before mean nothing any more.
+    void Load(std::string bytes);
+    std::string ToBytes() const;
+
+    EIniEncoding GetEncoding() const noexcept { return m_encoding; }
+    /// Goes over to an encoding that holds every character of `text`, if the present one does not.
+    void MakeRoomFor(std::string_view text) { m_encoding = WideEnough(m_encoding, text); }
+
+    /// The number of the section of that name; it stays when the section comes and goes. 0 is the unnamed
+    /// section, which begins the file.
+    std::uint32_t GetSection(std::string_view name);
+    std::string_view GetSectionName(std::uint32_t section) const { return m_sections[section].name; }
+    /// How many numbers of sections there are.
+    std::size_t CountSections() const noexcept { return m_sections.size(); }
+    /// Whether the file has a header of the section, or, of the unnamed one, a key.
+    bool HasSection(std::string_view name) const;
+    /// The names of the sections that the file has, each once, in its order.
+    std::vector<std::string_view> GetSections() const;
+    /// The names of the keys of a section in the order of the file, each once.
+    std::vector<std::string> GetKeys(std::uint32_t section) const;
+    void ClearSection(std::uint32_t section);
+
+    /// The stored value without the blanks around it; nothing when there is no such key. It is valid until
+    /// the next change.
+    std::optional<std::string_view> GetValue(std::uint32_t section, std::string_view key) const
+    {
+        const std::uint32_t line = FindLine(section, key);
+        return line == c_none ? std::nullopt : std::optional(ValueOf(m_lines[line]));
+    }
+    /// As GetValue, for the line that SetValue would change.
+    std::optional<std::string_view> GetValueToChange(std::uint32_t section, std::string_view key) const
+    {
+        const std::uint32_t line = FindLineToChange(section, key);
+        return line == c_none ? std::nullopt : std::optional(ValueOf(m_lines[line]));
+    }
+    /// Changes the value in its line, or adds a line at the end of the section. `value` is in stored form.
+    void SetValue(std::uint32_t section, std::string_view key, std::string_view value);
+    void RemoveKey(std::uint32_t section, std::string_view key);
+
+    /// Adds a line as it stands, without its line end: a header at the end of the file, any other behind the
+    /// last line of `section`. Returns the section of the lines after it.
+    std::uint32_t AddLine(std::string_view line, std::uint32_t section);
+
+private:
+    static constexpr std::uint32_t c_none = CIniIndex::c_none;
+
+    enum class EKind : std::uint8_t { Filler, Malformed, Header, Key, Duplicate, Removed };
+
+    /// A line, or a run of filler lines.
+    struct SRecord {
+        std::uint32_t begin = 0;
+        std::uint32_t length = 0; ///< with the line end
+        std::uint32_t name = 0;   ///< of a key: where its name lies, in m_names when it is stored in quotes
+        std::uint32_t nameLength = 0;
+        std::uint32_t value = 0;        ///< where the value of a key begins, with the blanks before it
+        std::uint32_t section = c_none; ///< of a header or key
+        std::uint32_t next = c_none;    ///< the next line of the file
+        std::uint32_t sibling = c_none; ///< of a key, a duplicate; of a header, the next one of the section
+        EKind kind = EKind::Filler;
+        bool quoted = false;
+    };
+
+    struct SSection {
+        std::string name;
+        std::uint32_t firstHeader = c_none;
+        std::uint32_t lastHeader = c_none;
+        std::uint32_t last = c_none; ///< its last line that is no filler; new keys go behind it
+    };
+
+    std::string_view TextOf(const SRecord& record) const
+    {
+        return std::string_view(m_text).substr(record.begin, record.length);
+    }
+    std::string_view NameOf(const SRecord& record) const
+    {
+        return std::string_view(record.quoted ? m_names : m_text).substr(record.name, record.nameLength);
+    }
+    std::string_view ValueOf(const SRecord& record) const;
+    bool IsSpaced(const SRecord& record) const;
+    std::string_view ListedName(std::uint32_t line) const;
+
+    std::uint32_t FindSection(std::string_view name) const;
+    bool Exists(std::uint32_t section) const;
+    std::uint32_t HashKey(std::uint32_t section, std::string_view key) const;
+    std::uint32_t FindLine(std::uint32_t section, std::string_view key) const;
+    std::uint32_t FindLineToChange(std::uint32_t section, std::string_view key) const;
+    std::uint32_t LastLineOf(std::uint32_t section) const;
+    template<class TVisit>
+    void VisitKeys(std::uint32_t section, TVisit&& visit) const;
+
+    void Parse(std::string text);
+    std::uint32_t AddRecord(std::size_t begin, CLineEnds::SLine ends, std::uint32_t section,
+                            std::uint32_t after);
+    void AddHeader(std::uint32_t line, std::string_view name);
+    void AddKey(std::uint32_t line);
+    void Link(std::uint32_t line, std::uint32_t after);
+    std::uint32_t InsertLine(std::string_view line, std::uint32_t section, std::uint32_t after);
+    void AddKeyLine(std::uint32_t section, std::string_view key, std::string_view value);
+    void EnsureLineEnd(std::uint32_t line);
+    void ReplaceText(SRecord& record, const std::string& text);
+    std::size_t AppendText(std::string_view text);
+    void EraseKey(std::uint32_t line);
+    void CompactIfWasteful();
+    std::string JoinLines() const;
+
+    EIniEncoding m_encoding = EIniEncoding::Utf8;
+    std::string m_mark;
+    std::string m_tail;
+    std::string m_lineEnd; ///< the most frequent one of the file
+
+    std::string m_text;
+    std::string m_names;     ///< the names that are stored in quotes, as what they stand for
+    std::size_t m_waste = 0; ///< how many bytes of text and records serve no line
+    std::vector<SRecord> m_lines;
+    std::uint32_t m_firstLine = c_none;
+    std::uint32_t m_lastLine = c_none;
+    CIniIndex m_keys; ///< the first line of each key
+    std::vector<SSection> m_sections;
+    CIniIndex m_sectionNames;
+    std::uint64_t m_hashKey;
+};
+
+} // namespace CommonUI

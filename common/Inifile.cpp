@@ -1,0 +1,369 @@
+#include "common/Inifile.h"
+
+#include "common/Diagnostics.h"
+#include "common/FileBytes.h"
+#include "common/IniDocument.h"
+#include "common/IniValue.h"
+#include "common/Wtf8.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <utility>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+constexpr std::u16string_view c_category = u"Inifile";
+
+/// A name as WTF-8; one of ordinary length and ASCII characters, as most are, needs no allocation.
+class CName
+{
+public:
+    explicit CName(std::u16string_view name)
+    {
+        if (!StoreAscii(name)) {
+            AppendWtf8(m_long, name);
+            m_view = m_long;
+        }
+    }
+    CName(const CName&) = delete;
+    CName& operator=(const CName&) = delete;
+
+    operator std::string_view() const { return m_view; }
+
+private:
+    bool StoreAscii(std::u16string_view name)
+    {
+        if (name.size() > sizeof m_short)
+            return false;
+        char16_t all = 0;
+        for (std::size_t i = 0; i < name.size(); ++i) {
+            all = static_cast<char16_t>(all | name[i]);
+            m_short[i] = static_cast<char>(name[i]);
+        }
+        m_view = std::string_view(m_short, name.size());
+        return all < 0x80;
+    }
+
+    char m_short[64];
+    std::string m_long;
+    std::string_view m_view;
+};
+
+template<class T>
+bool IsSame(const T& a, const T& b)
+{
+    return a == b;
+}
+
+bool IsSame(double a, double b)
+{
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
+
+bool IsSame(const std::vector<double>& a, const std::vector<double>& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](double x, double y) { return IsSame(x, y); });
+}
+
+bool Warn(const CStr& text)
+{
+    GetDiagnostics().Write(c_category, EDiagnosticLevel::Warning, text);
+    return false;
+}
+
+void WarnUnreadable(const CStr& section, std::u16string_view key, std::string_view stored)
+{
+    constexpr std::size_t mostShown = 80;
+    Warn(u"Section \"" + section + u"\", key \"" + key + u"\": the value \"" +
+         FromWtf8(stored.substr(0, mostShown)) + u"\" cannot be read; its default is used");
+}
+
+} // namespace
+
+CInifile::CInifile()
+    : m_document(std::make_unique<CIniDocument>())
+{
+}
+
+CInifile::CInifile(const CInifile& other)
+    : m_document(std::make_unique<CIniDocument>(*other.m_document))
+    , m_fileName(other.m_fileName)
+    , m_sectionName(other.m_sectionName)
+    , m_section(other.m_section)
+    , m_parseSection(other.m_parseSection)
+{
+}
+
+CInifile::CInifile(CInifile&& other) noexcept
+    : CInifile()
+{
+    Swap(other);
+}
+
+CInifile& CInifile::operator=(const CInifile& other)
+{
+    CInifile copy(other);
+    Swap(copy);
+    return *this;
+}
+
+CInifile& CInifile::operator=(CInifile&& other) noexcept
+{
+    CInifile moved(std::move(other));
+    Swap(moved);
+    return *this;
+}
+
+CInifile::~CInifile() = default;
+
+void CInifile::Swap(CInifile& other) noexcept
+{
+    m_document.swap(other.m_document);
+    m_fileName.Swap(other.m_fileName);
+    m_sectionName.Swap(other.m_sectionName);
+    std::swap(m_section, other.m_section);
+    std::swap(m_parseSection, other.m_parseSection);
+}
+
+bool CInifile::Load()
+{
+    return LoadCopy(m_fileName);
+}
+
+bool CInifile::Load(const CStr& fileName)
+{
+    SetFileName(fileName);
+    return Load();
+}
+
+bool CInifile::LoadCopy(const CStr& fileName)
+{
+    std::string bytes;
+    CStr reason;
+    const bool read = ReadFileBytes(fileName, bytes, CIniDocument::c_maximumSize, reason);
+    LoadBytes(std::move(bytes));
+    return read || Warn(u"Cannot load \"" + fileName + u"\": " + reason);
+}
+
+void CInifile::LoadBytes(std::string bytes)
+{
+    m_document->Load(std::move(bytes));
+    m_section = m_document->GetSection(CName(m_sectionName));
+    m_parseSection = 0;
+}
+
+std::string CInifile::GetBytes() const
+{
+    return m_document->ToBytes();
+}
+
+bool CInifile::Save()
+{
+    return SaveCopy(m_fileName);
+}
+
+bool CInifile::SaveCopy(const CStr& fileName) const
+{
+    CStr reason;
+    if (fileName.IsEmpty())
+        return Warn(u"Cannot save a document that has no file name");
+    return ReplaceFileBytes(fileName, GetBytes(), reason) ||
+           Warn(u"Cannot save \"" + fileName + u"\": " + reason);
+}
+
+void CInifile::Merge(const CInifile& other)
+{
+    if (this == &other)
+        return;
+    for (std::uint32_t from = 0; from < other.m_document->CountSections(); ++from) {
+        const std::uint32_t to = m_document->GetSection(other.m_document->GetSectionName(from));
+        for (const std::string& key : other.m_document->GetKeys(from)) {
+            const std::string_view value = *other.m_document->GetValue(from, key);
+            m_document->MakeRoomFor(value);
+            m_document->SetValue(to, key, value);
+        }
+    }
+}
+
+void CInifile::ParseLine(std::u16string_view line)
+{
+    std::string text;
+    AppendWtf8(text, line);
+    m_document->MakeRoomFor(text);
+    m_parseSection = m_document->AddLine(text, m_parseSection);
+}
+
+void CInifile::SelectSection(std::u16string_view name)
+{
+    m_section = m_document->GetSection(CName(name));
+    m_sectionName = name;
+}
+
+void CInifile::ClearSection()
+{
+    m_document->ClearSection(m_section);
+}
+
+bool CInifile::HasSection(std::u16string_view name) const
+{
+    return m_document->HasSection(CName(name));
+}
+
+std::vector<CStr> CInifile::GetSections() const
+{
+    std::vector<CStr> names;
+    for (const std::string_view name : m_document->GetSections())
+        names.push_back(FromWtf8(name));
+    return names;
+}
+
+bool CInifile::HasKey(std::u16string_view key) const
+{
+    return m_document->GetValue(m_section, CName(key)).has_value();
+}
+
+void CInifile::RemoveKey(std::u16string_view key)
+{
+    m_document->RemoveKey(m_section, CName(key));
+}
+
+std::vector<CStr> CInifile::GetKeys() const
+{
+    std::vector<CStr> names;
+    for (const std::string& name : m_document->GetKeys(m_section))
+        names.push_back(FromWtf8(name));
+    return names;
+}
+
+template<class T>
+T CInifile::Read(std::u16string_view key, const T& byDefault) const
+{
+    const auto stored = m_document->GetValue(m_section, CName(key));
+    if (!stored)
+        return byDefault;
+    T value{};
+    if (ParseIniValue(*stored, value))
+        return value;
+    WarnUnreadable(m_sectionName, key, *stored);
+    return byDefault;
+}
+
+template<class T>
+void CInifile::Write(std::u16string_view key, const T& value)
+{
+    const CName name(key);
+    T present{};
+    if (const auto stored = m_document->GetValueToChange(m_section, name)) {
+        if (ParseIniValue(*stored, present) && IsSame(present, value))
+            return;
+    }
+    m_document->SetValue(m_section, name, FormatIniValue(value, m_document->GetEncoding()));
+}
+
+bool CInifile::ReadBool(std::u16string_view key, bool byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+int CInifile::ReadInt(std::u16string_view key, int byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+unsigned CInifile::ReadUnsigned(std::u16string_view key, unsigned byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+double CInifile::ReadDouble(std::u16string_view key, double byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+SColor CInifile::ReadColor(std::u16string_view key, const SColor& byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+SRect CInifile::ReadRect(std::u16string_view key, const SRect& byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+SSize CInifile::ReadSize(std::u16string_view key, const SSize& byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+CStr CInifile::ReadText(std::u16string_view key, std::u16string_view byDefault) const
+{
+    return Read(key, CStr(byDefault));
+}
+
+std::vector<CStr> CInifile::ReadTexts(std::u16string_view key, const std::vector<CStr>& byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+std::vector<double> CInifile::ReadDoubles(std::u16string_view key, const std::vector<double>& byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+void CInifile::WriteBool(std::u16string_view key, bool value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteInt(std::u16string_view key, int value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteUnsigned(std::u16string_view key, unsigned value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteDouble(std::u16string_view key, double value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteColor(std::u16string_view key, const SColor& value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteRect(std::u16string_view key, const SRect& value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteSize(std::u16string_view key, const SSize& value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteText(std::u16string_view key, std::u16string_view value)
+{
+    Write(key, CStr(value));
+}
+
+void CInifile::WriteTexts(std::u16string_view key, const std::vector<CStr>& value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteDoubles(std::u16string_view key, const std::vector<double>& value)
+{
+    Write(key, value);
+}
+
+} // namespace CommonUI
