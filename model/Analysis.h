@@ -1,0 +1,20 @@
+#pragma once
+
+namespace CommonUI
+{
+
+/// The kinds of analysis that keep preferences.
+enum class EAnalysis {
+    Calibration1D = 0,
+    CalibrationXY = 1,
+    CalibrationZ = 2,
+    CrossCorrelation = 3,
+    Linearity = 4,
+    PlaneCorrection = 5,
+    Roughness = 6,        ///< of a surface image; its parameters are those of the roughness catalogue
+    RoughnessProfile = 7, ///< of profiles; its parameters are those of the roughness catalogue
+    Tip = 8,
+    Measure = 9 ///< grains and measured shapes; its parameters are those of the grain catalogue
+};
+
+} // namespace CommonUI

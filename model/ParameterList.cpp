@@ -1,0 +1,282 @@
+#include "model/ParameterList.h"
+
+#include "common/Diagnostics.h"
+#include "model/Enumerations.h"
+#include "model/MeasureParameters.h"
+#include "model/RoughnessCatalogue.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+using EDimension = CParameter::EDimension;
+using EUnitFactor = CUnit::EUnitFactor;
+
+constexpr std::u16string_view c_on = u"P_On";
+constexpr std::u16string_view c_factor = u"P_Factor";
+constexpr std::u16string_view c_format = u"_P_FloatFormat";
+constexpr std::u16string_view c_size = u"_P_FloatSize";
+constexpr std::u16string_view c_countKey = u"NumDynamicParameters";
+
+// More digits than a double has would only show noise; no choice in the dialogs comes near.
+constexpr int c_largestSize = 20;
+
+bool IsRoughness(EAnalysis analysis)
+{
+    return analysis == EAnalysis::Roughness || analysis == EAnalysis::RoughnessProfile;
+}
+
+/// The number below which no dynamic parameter's lies: the largest that the analysis's catalogue has ever
+/// used.
+int LargestCatalogueValue(EAnalysis analysis)
+{
+    if (IsRoughness(analysis))
+        return 143;
+    return analysis == EAnalysis::Measure ? 76 : 0;
+}
+
+/// The key of a catalogue entry; empty for analyses without a catalogue.
+CStr CatalogueKey(EAnalysis analysis, int value)
+{
+    if (IsRoughness(analysis))
+        return GetRoughnessParametersEnum().GetIniName(value);
+    return analysis == EAnalysis::Measure ? GetMeasureParametersEnum().GetIniName(value) : CStr();
+}
+
+template<class E>
+std::optional<int> ValueOfKey(const CEnum<E>& catalogue, const CStr& key)
+{
+    const auto found = catalogue.FindIniName(key);
+    return found == catalogue.end() ? std::nullopt : std::optional<int>(found->GetValue());
+}
+
+std::optional<int> CatalogueValue(EAnalysis analysis, const CStr& key)
+{
+    if (IsRoughness(analysis))
+        return ValueOfKey(GetRoughnessParametersEnum(), key);
+    return analysis == EAnalysis::Measure ? ValueOfKey(GetMeasureParametersEnum(), key) : std::nullopt;
+}
+
+void Warn(const CStr& text)
+{
+    GetDiagnostics().Write(u"Parameters", EDiagnosticLevel::Warning, text);
+}
+
+/// Selects a section of a file for as long as the object lives.
+class CSectionScope
+{
+public:
+    CSectionScope(CInifile& ini, const CStr& section)
+        : m_ini(ini)
+        , m_previous(ini.GetSection())
+    {
+        m_ini.SelectSection(section);
+    }
+    ~CSectionScope() { m_ini.SelectSection(m_previous); }
+    CSectionScope(const CSectionScope&) = delete;
+    CSectionScope& operator=(const CSectionScope&) = delete;
+
+private:
+    CInifile& m_ini;
+    CStr m_previous;
+};
+
+CStr DynamicSection(const CInifile& ini)
+{
+    return ini.GetSection() + u"_DynamicParameters";
+}
+
+void WriteFormat(const CParameter& parameter, CInifile& ini, const CStr& prefix)
+{
+    const CParameter::SFormatSpecifier& format = parameter.GetFloatFormat();
+    ini.WriteText(prefix + c_format, GetFormatSpecifierEnum().GetIniName(static_cast<int>(format.type)));
+    ini.WriteInt(prefix + c_size, format.count);
+}
+
+void ReadFormat(CParameter& parameter, const CInifile& ini, const CStr& prefix)
+{
+    CParameter::SFormatSpecifier format = parameter.GetFloatFormat();
+    const CStr kind = ini.ReadText(prefix + c_format);
+    format.type = GetFormatSpecifierEnum().GetValue(kind, format.type);
+    const int size = ini.ReadInt(prefix + c_size, format.count);
+    if (size >= 0 && size <= c_largestSize)
+        format.count = size;
+    else
+        Warn(CStr::Format(u"%s%s: %d digits cannot be shown", prefix, CStr(c_size), size));
+    parameter.SetFloatFormat(format);
+}
+
+CStr FactorKey(const CParameter& parameter)
+{
+    return CUnit::GetUnitFactorEnum().GetIniName(static_cast<int>(parameter.GetUnitFactor()));
+}
+
+EUnitFactor ReadFactor(const CInifile& ini, const CStr& key, EUnitFactor byDefault)
+{
+    const CStr name = ini.ReadText(key);
+    return CUnit::GetUnitFactorEnum().GetValue(name, byDefault);
+}
+
+void SaveStatic(CParameter& parameter, CInifile& ini)
+{
+    if (parameter.GetVariableCount() != 0)
+        parameter.SetOn(false);
+    const CStr prefix = parameter.GetIniName();
+    ini.WriteBool(prefix + u'_' + c_on, parameter.IsOn());
+    ini.WriteText(prefix + u'_' + c_factor, FactorKey(parameter));
+    WriteFormat(parameter, ini, prefix);
+}
+
+void LoadStatic(CParameter& parameter, const CInifile& ini)
+{
+    const CStr prefix = parameter.GetIniName();
+    parameter.SetOn(ini.ReadBool(prefix + u'_' + c_on, parameter.IsOn()));
+    parameter.SetUnitFactor(ReadFactor(ini, prefix + u'_' + c_factor, parameter.GetUnitFactor()));
+    ReadFormat(parameter, ini, prefix);
+    if (parameter.GetVariableCount() != 0)
+        parameter.SetOn(false);
+}
+
+CStr DynamicPrefix(int number)
+{
+    return CStr::Format(u"Dyn%d_", number);
+}
+
+void SaveDynamic(const CParameter& parameter, CInifile& ini, const CStr& prefix, EAnalysis analysis)
+{
+    std::vector<double> values;
+    for (std::size_t i = 0; i < parameter.GetVariableCount(); ++i)
+        values.push_back(parameter.GetVariable(i).GetVariableValue());
+    ini.WriteText(prefix + u"ParentParam", CatalogueKey(analysis, parameter.GetParentValue()));
+    ini.WriteInt(prefix + u"NumVariables", static_cast<int>(values.size()));
+    ini.WriteDoubles(prefix + u"VariableValues", values);
+    ini.WriteBool(prefix + c_on, parameter.IsOn());
+    ini.WriteText(prefix + c_factor, FactorKey(parameter));
+    // The format's suffixes begin with an underscore of their own, so there are two in these keys.
+    WriteFormat(parameter, ini, prefix);
+    if (parameter.GetStandard() != static_cast<int>(EAnalysisStandards::RoughnessPlugIns))
+        return;
+    ini.WriteInt(prefix + u"P_Dimension", static_cast<int>(parameter.GetDimension()));
+    ini.WriteText(prefix + u"IniName", parameter.GetIniName());
+    ini.WriteText(prefix + u"FriendlyName", parameter.GetFriendlyString());
+    ini.WriteText(prefix + u"ShortFriendlyName", parameter.GetShortFriendlyString());
+}
+
+/// What a plug-in's parameter says of itself; other parameters have it from their parent.
+void ReadOwnDescription(CParameter& parameter, const CInifile& ini, const CStr& prefix)
+{
+    const int dimension = ini.ReadInt(prefix + u"P_Dimension", static_cast<int>(parameter.GetDimension()));
+    if (dimension >= 0 && dimension <= static_cast<int>(EDimension::Percent))
+        parameter.SetDimension(static_cast<EDimension>(dimension));
+    else
+        Warn(CStr::Format(u"%sP_Dimension: there is no dimension %d", prefix, dimension));
+    parameter.SetIniName(ini.ReadText(prefix + u"IniName", parameter.GetIniName()));
+    parameter.SetFriendlyString(ini.ReadText(prefix + u"FriendlyName", parameter.GetFriendlyString()));
+    if (ini.HasKey(prefix + u"ShortFriendlyName"))
+        parameter.SetShortFriendlyString(ini.ReadText(prefix + u"ShortFriendlyName"));
+}
+
+/// The parameter of the list that a dynamic entry is an instance of, or null.
+const CParameter* FindParent(const std::vector<CParameter>& parameters, const CInifile& ini,
+                             const CStr& prefix, EAnalysis analysis)
+{
+    const CStr key = ini.ReadText(prefix + u"ParentParam");
+    const std::optional<int> value = CatalogueValue(analysis, key);
+    const auto parent = value ? std::find(parameters.begin(), parameters.end(), *value) : parameters.end();
+    if (parent == parameters.end()) {
+        Warn(CStr::Format(u"%sParentParam: there is no parameter \"%s\"", prefix, key));
+        return nullptr;
+    }
+    const int count = ini.ReadInt(prefix + u"NumVariables", 0);
+    if (count < 0 || static_cast<std::size_t>(count) != parent->GetVariableCount()) {
+        Warn(CStr::Format(u"%sNumVariables: \"%s\" has %d variables, not %d", prefix, key,
+                          parent->GetVariableCount(), count));
+        return nullptr;
+    }
+    return &*parent;
+}
+
+CParameter LoadDynamic(int value, const CParameter& parent, const CInifile& ini, const CStr& prefix)
+{
+    CParameter parameter(value, parent);
+    const std::vector<double> values = ini.ReadDoubles(prefix + u"VariableValues");
+    for (std::size_t i = 0; i < std::min(values.size(), parameter.GetVariableCount()); ++i)
+        parameter.GetVariable(i).SetVariableValue(values[i]);
+    parameter.SetOn(ini.ReadBool(prefix + c_on, parameter.IsOn()));
+    parameter.SetUnitFactor(ReadFactor(ini, prefix + c_factor, EUnitFactor::Undefined));
+    ReadFormat(parameter, ini, prefix);
+    ReadOwnDescription(parameter, ini, prefix);
+    return parameter;
+}
+
+/// The numbers of the entries that the current section really has: the stored count may say anything.
+std::set<int> EntryNumbers(const CInifile& ini)
+{
+    constexpr std::string_view start = "Dyn";
+    std::set<int> numbers;
+    for (const CStr& key : ini.GetKeys()) {
+        const std::string text = key.ToUtf8();
+        int number = 0;
+        if (!text.starts_with(start))
+            continue;
+        const auto read = std::from_chars(text.data() + start.size(), text.data() + text.size(), number);
+        if (read.ec == std::errc() && key.StartsWith(DynamicPrefix(number)))
+            numbers.insert(number);
+    }
+    return numbers;
+}
+
+} // namespace
+
+void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis)
+{
+    for (CParameter& parameter : parameters) {
+        if (!parameter.HasParent())
+            SaveStatic(parameter, ini);
+    }
+    const CSectionScope scope(ini, DynamicSection(ini));
+    ini.ClearSection();
+    const auto count = std::ranges::count_if(parameters, &CParameter::HasParent);
+    if (count == 0)
+        return;
+    ini.WriteInt(c_countKey, static_cast<int>(count));
+    int number = 0;
+    for (const CParameter& parameter : parameters) {
+        if (parameter.HasParent())
+            SaveDynamic(parameter, ini, DynamicPrefix(++number), analysis);
+    }
+}
+
+void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis)
+{
+    std::erase_if(parameters, [](const CParameter& parameter) { return parameter.HasParent(); });
+    for (CParameter& parameter : parameters)
+        LoadStatic(parameter, ini);
+
+    const CStr section = DynamicSection(ini);
+    if (!ini.HasSection(section))
+        return;
+    int value = LargestCatalogueValue(analysis);
+    for (const CParameter& parameter : parameters)
+        value = std::max(value, parameter.GetValue());
+    const CSectionScope scope(ini, section);
+    const int count = ini.ReadInt(c_countKey, 0);
+    for (const int number : EntryNumbers(ini)) {
+        if (number < 1 || number > count)
+            continue;
+        const CStr prefix = DynamicPrefix(number);
+        if (const CParameter* parent = FindParent(parameters, ini, prefix, analysis))
+            parameters.push_back(LoadDynamic(++value, *parent, ini, prefix));
+    }
+}
+
+} // namespace CommonUI

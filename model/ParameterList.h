@@ -1,0 +1,26 @@
+#pragma once
+
+#include "../common/Inifile.h"
+#include "../platform/Export.h"
+#include "Analysis.h"
+#include "Parameter.h"
+
+#include <vector>
+
+namespace CommonUI
+{
+
+/// Writes the choices of a list of parameters to the current section of `ini`, and its dynamic parameters to
+/// a section of their own, which is that section's name followed by "_DynamicParameters". The stored keys are
+/// described in docs/parameter-list.md. The section that was current is current again afterwards.
+/// @param parameters templates among them are switched off, in the caller's list as well
+/// @param analysis whose catalogue names the parents of dynamic parameters
+COMMONUI_API void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis);
+
+/// Reads what SaveParameterList wrote. Static parameters are those that `parameters` already has; what the
+/// file does not say about them stays. All dynamic parameters are replaced by those of the file, under new
+/// numbers behind the catalogue's; one whose parent is unknown or has another count of variables is left out,
+/// with a line in the diagnostics (category u"Parameters"). Values that cannot be read keep their default.
+COMMONUI_API void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis);
+
+} // namespace CommonUI

@@ -1,0 +1,199 @@
+#include "model/ParameterList.h"
+
+#include "common/Diagnostics.h"
+#include "model/RoughnessCatalogue.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <limits>
+
+using namespace CommonUI;
+using EFactor = CUnit::EUnitFactor;
+using EFormat = CParameter::EFormatSpecifier;
+
+namespace
+{
+
+/// The parameter of a catalogue entry, with its variables.
+CParameter FromCatalogue(ERoughnessParameters id)
+{
+    const auto entry = GetRoughnessParametersEnum().Find(static_cast<int>(id));
+    CParameter parameter(entry->GetValue(), entry->GetIniName(), entry->GetFriendlyString(),
+                         entry->GetShortFriendlyString(), entry->GetStandard(), true,
+                         RoughnessParameter2Dimension(id));
+    for (const SRoughnessVariable& row : GetRoughnessVariables(id)) {
+        CParameter variable(0, row.key, GetString(row.textId), u"", 0, true, row.dimension);
+        variable.SetVariableValue(row.defaultValue);
+        parameter.AddVariable(variable);
+    }
+    return parameter;
+}
+
+std::vector<CParameter> StaticList()
+{
+    return {FromCatalogue(ERoughnessParameters::Sa), FromCatalogue(ERoughnessParameters::Sdc),
+            FromCatalogue(ERoughnessParameters::PlugIn)};
+}
+
+std::vector<CParameter> SampleList()
+{
+    std::vector<CParameter> list = StaticList();
+    list[0].SetUnitFactor(EFactor::Micro);
+    list[0].SetFloatFormat({EFormat::FormatDecimals, 3});
+    list[1].SetOn(true);
+    CParameter instance(200, list[1]);
+    instance.GetVariable(0).SetVariableValue(2.5);
+    instance.GetVariable(1).SetVariableValue(std::numeric_limits<double>::infinity());
+    CParameter plugIn(201, list[2]);
+    plugIn.SetIniName(u"Acme Ra ");
+    plugIn.SetFriendlyString(u"Acme=Ra");
+    plugIn.SetShortFriendlyString(u"ARa");
+    plugIn.SetDimension(CParameter::EDimension::Volume);
+    plugIn.SetOn(false);
+    list.insert(list.begin(), instance);
+    list.push_back(plugIn);
+    return list;
+}
+
+CInifile IniOf(const std::string& bytes)
+{
+    CInifile ini;
+    ini.LoadBytes(bytes);
+    ini.SelectSection(u"A");
+    return ini;
+}
+
+std::string FileBytes(const std::string& name)
+{
+    std::ifstream file(std::filesystem::path(COMMONUI_TEST_DATA) / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Keeps warnings from the test's output and counts them.
+class CWarningCounter
+{
+public:
+    CWarningCounter()
+        : m_previous(GetDiagnostics().SetSink([this](const SDiagnosticLine&) { ++m_count; }))
+    {
+    }
+    ~CWarningCounter() { GetDiagnostics().SetSink(m_previous); }
+    int GetCount() const { return m_count; }
+
+private:
+    int m_count = 0;
+    CDiagnostics::CSink m_previous;
+};
+
+} // namespace
+
+TEST(ParameterList, StoredKeysAreThoseOfTheGoldenFile)
+{
+    std::vector<CParameter> list = SampleList();
+    CInifile ini = IniOf("[A]\n[A_DynamicParameters]\nDyn9_ParentParam=Sdc\n");
+    SaveParameterList(list, ini, EAnalysis::Roughness);
+    EXPECT_EQ(ini.GetBytes(), FileBytes("parameter-list.ini"));
+    EXPECT_EQ(ini.GetSection(), u"A");
+    EXPECT_FALSE(list[2].IsOn()) << "a template is switched off in the caller's list, too";
+}
+
+TEST(ParameterList, ReadsBackWhatItWrote)
+{
+    std::vector<CParameter> saved = SampleList();
+    CInifile ini = IniOf("");
+    SaveParameterList(saved, ini, EAnalysis::RoughnessProfile);
+    std::vector<CParameter> list = StaticList();
+    list.emplace_back(300, list[1]); // a dynamic parameter from before, which goes
+    LoadParameterList(list, ini, EAnalysis::RoughnessProfile);
+    ASSERT_EQ(list.size(), 5u);
+    EXPECT_EQ(ini.GetSection(), u"A");
+    EXPECT_TRUE(CParameter::IsEqual(list[0], saved[1]));
+    EXPECT_FALSE(list[1].IsOn());
+    EXPECT_EQ(list[3].GetValue(), 144);
+    EXPECT_EQ(list[3].GetBaseValue(), static_cast<int>(ERoughnessParameters::Sdc));
+    EXPECT_TRUE(list[3].IsOn());
+    EXPECT_EQ(list[3].GetVariable(0).GetVariableValue(), 2.5);
+    EXPECT_EQ(list[3].GetVariable(1).GetVariableValue(), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(list[4].GetValue(), 145);
+    EXPECT_EQ(list[4].GetIniName(), u"Acme Ra ");
+    EXPECT_EQ(list[4].GetFriendlyString(), u"Acme=Ra");
+    EXPECT_EQ(list[4].GetShortFriendlyString(), u"ARa");
+    EXPECT_EQ(list[4].GetDimension(), CParameter::EDimension::Volume);
+    EXPECT_FALSE(list[4].IsOn());
+}
+
+TEST(ParameterList, WithoutDynamicParametersTheirSectionIsEmpty)
+{
+    std::vector<CParameter> list = StaticList();
+    CInifile ini = IniOf("[A_DynamicParameters]\nNumDynamicParameters=1\nDyn1_ParentParam=Sdc\n");
+    SaveParameterList(list, ini, EAnalysis::Roughness);
+    ini.SelectSection(u"A_DynamicParameters");
+    EXPECT_TRUE(ini.GetKeys().empty());
+}
+
+TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
+{
+    const char* const good = "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7\n";
+    const struct {
+        const char* what;
+        EAnalysis analysis;
+        const char* count;
+        const char* first;
+        const char* more;
+        int dynamic;
+        bool warned;
+    } cases[] = {
+        {"good", EAnalysis::Roughness, "1", good, "", 1, false},
+        {"count too large", EAnalysis::Roughness, "2000000000", good, "", 1, false},
+        {"count too small", EAnalysis::Roughness, "0", good, "", 0, false},
+        {"count negative", EAnalysis::Roughness, "-1", good, "", 0, false},
+        {"count no number", EAnalysis::Roughness, "many", good, "", 0, true},
+        {"unknown parent", EAnalysis::Roughness, "1", "Dyn1_ParentParam=Nope\nDyn1_NumVariables=0\n", "", 0,
+         true},
+        {"no parent", EAnalysis::Roughness, "1", "Dyn1_NumVariables=0\n", "", 0, true},
+        {"parent not in the list", EAnalysis::Roughness, "1", "Dyn1_ParentParam=Sq\n", "", 0, true},
+        {"count of variables", EAnalysis::Roughness, "1", "Dyn1_ParentParam=Sdc\n", "", 0, true},
+        {"no catalogue", EAnalysis::Tip, "1", good, "", 0, true},
+        {"a gap", EAnalysis::Roughness, "5", "Dyn5_ParentParam=Sdc\nDyn5_NumVariables=2\n", "", 1, false},
+        {"written differently", EAnalysis::Roughness, "1", "Dyn01_ParentParam=Sdc\nDyn01_NumVariables=2\n",
+         "", 0, false},
+        {"dimension", EAnalysis::Roughness, "1", good, "Dyn1_P_Dimension=11\n", 1, true},
+        {"digits", EAnalysis::Roughness, "1", good, "Dyn1__P_FloatSize=2000000000\n", 1, true},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.what);
+        const CWarningCounter warnings;
+        std::string bytes("[A]\n[A_DynamicParameters]\nNumDynamicParameters=");
+        for (const char* part : {row.count, "\n", row.first, row.more})
+            bytes += part;
+        CInifile ini = IniOf(bytes);
+        std::vector<CParameter> list = StaticList();
+        LoadParameterList(list, ini, row.analysis);
+        ASSERT_EQ(list.size(), 3u + static_cast<unsigned>(row.dynamic));
+        EXPECT_EQ(warnings.GetCount() > 0, row.warned);
+        if (row.dynamic == 1) {
+            EXPECT_EQ(list[3].GetUnitFactor(), EFactor::Undefined);
+            EXPECT_EQ(list[3].GetDimension(), CParameter::EDimension::Length);
+            EXPECT_EQ(list[3].GetFloatFormat().count, 5);
+            EXPECT_EQ(list[3].GetVariable(1).GetVariableValue(), 50)
+                << "the parent's, as the list is too short";
+        }
+    }
+}
+
+TEST(ParameterList, UnknownNamesOfStaticParametersKeepWhatWas)
+{
+    const CWarningCounter warnings;
+    CInifile ini = IniOf("[A]\nSa_P_On=perhaps\nSa_P_Factor=nano\nSa_P_FloatFormat=Roman\nSa_P_FloatSize=-1\n"
+                         "Sdc_P_On=1\n");
+    std::vector<CParameter> list = StaticList();
+    list[0].SetUnitFactor(EFactor::Milli);
+    const CParameter before = list[0];
+    LoadParameterList(list, ini, EAnalysis::Roughness);
+    EXPECT_TRUE(CParameter::IsEqual(list[0], before));
+    EXPECT_FALSE(list[1].IsOn());
+    EXPECT_GE(warnings.GetCount(), 2);
+}
