@@ -1,0 +1,207 @@
+#include "examples/analysis/ArealParameters.h"
+
+#include "examples/analysis/Levelling.h"
+#include "examples/analysis/MaterialRatio.h"
+#include "examples/analysis/SurfaceReader.h"
+#include "tests/analysis/TestSurfaces.h"
+
+#include <cmath>
+#include <filesystem>
+#include <numbers>
+#include <random>
+
+using namespace SurfaceAnalysis;
+
+namespace
+{
+
+constexpr double c_pi = std::numbers::pi;
+
+} // namespace
+
+TEST(ArealParameters, Sine)
+{
+    // 2 periods, amplitude 1 µm, about a height of 5 mm; the material ratio curve is A cos(pi x)
+    const double k = 2 * c_pi / 20000;
+    const SSurface surface =
+        MakeSurface(40000, 3, [&](double x, double) { return 5e-3 + 1e-6 * std::sin(k * (x + 0.5)); });
+    const auto values = ComputeAreal(surface);
+    const auto expect = [&](const char* key, double value, double tolerance) {
+        EXPECT_NEAR(Get(values, key), value, tolerance * value) << key;
+    };
+    const auto cap = [](double x) { return 1e-6 * (std::sin(x * c_pi) / c_pi - x * std::cos(x * c_pi)); };
+    expect("Sa", 2e-6 / c_pi, 1e-8);
+    expect("Sq", 1e-6 / std::sqrt(2), 1e-8);
+    expect("Sku", 1.5, 1e-8);
+    expect("Sz", 2e-6, 1e-7);
+    expect("Smean", 5e-3, 1e-14);
+    expect("Sdq", k / std::sqrt(2), 1e-4);
+    expect("Sdr", 100 * k * k / 4, 1e-4); // half the mean square slope
+    expect("Sxp", 1e-6 * std::cos(0.025 * c_pi), 2e-4);
+    expect("Sdc10_50", 1e-6 * std::cos(0.1 * c_pi), 2e-4);
+    expect("Vmp", cap(0.1), 2e-3);
+    expect("Vvv", cap(0.2), 2e-3);
+    EXPECT_NEAR(Get(values, "Ssk"), 0, 1e-8);
+}
+
+TEST(ArealParameters, Plane)
+{
+    // z = 0.3 x + 0.4 y: a gradient of 0.5 in every point
+    const SSurface surface = MakeSurface(30, 20, [](double x, double y) { return 3e-7 * x + 4e-7 * y; });
+    ExpectValues(ComputeAreal(surface), {{"Sdq", 0.5},
+                                         {"Sdr", 100 * (std::sqrt(1.25) - 1)},
+                                         {"S2A", 29e-6 * 19e-6},
+                                         {"S3A", 29e-6 * 19e-6 * std::sqrt(1.25)},
+                                         {"Smin", 0},
+                                         {"Smax", 29 * 3e-7 + 19 * 4e-7},
+                                         {"Count", 600}});
+}
+
+TEST(ArealParameters, TinySlopeKeepsItsArea)
+{
+    const SSurface surface = MakeSurface(30, 20, [](double x, double) { return 1e-14 * x; }); // slope 1e-8
+    EXPECT_NEAR(Get(ComputeAreal(surface), "Sdr"), 100 * 0.5e-16, 1e-22);
+}
+
+TEST(ArealParameters, StraightMaterialRatioCurve)
+{
+    for (const std::size_t points : {101, 104, 1003}) {
+        const double range = static_cast<double>(points - 1) * 1e-6;
+        // 37 has no factor in common with the numbers of points: every height occurs once, in no order
+        const SSurface surface = MakeSurface(points, 1, [&](double x, double) {
+            return 1e-6 * std::fmod(37 * x, static_cast<double>(points));
+        });
+        const auto values = ComputeAreal(surface);
+        ExpectValues(values, {{"Sk", range}, {"Sxp", 0.475 * range}, {"Sdc0_5", 0.05 * range}});
+        ExpectValues(
+            values,
+            {{"Vmp", 0.005 * range}, {"Vmc", 0.315 * range}, {"Vvc", 0.385 * range}, {"Vvv", 0.02 * range}});
+        EXPECT_NEAR(Get(values, "Spk"), 0, 1e-12);
+        EXPECT_NEAR(Get(values, "Svk"), 0, 1e-12);
+    }
+}
+
+TEST(ArealParameters, CoreWithPeaksAndDales)
+{
+    // Falls by 40 to the 10 % point, by 8 to the 80 % point and by 60 to the end: the line through the core
+    // falls by 80/7.
+    const SSurface surface = MakeSurface(1001, 1, [](double x, double) {
+        return 1e-9 * (x < 100 ? 48 - 0.4 * x + 0 : x <= 800 ? 8 - 8 * (x - 100) / 700 : -0.3 * (x - 800));
+    });
+    const auto values = ComputeAreal(surface);
+    const double top = 8 + 8.0 / 7; // nm, of the line at 0 %
+    const double bottom = -16.0 / 7;
+    const double peakEnd = (48 - top) / 0.4 / 1000;
+    const double daleBegin = 0.8 - bottom / 0.3 / 1000;
+    ExpectValues(values, {{"Sk", (top - bottom) * 1e-9},
+                          {"Smr1", 100 * peakEnd},
+                          {"Smr2", 100 * daleBegin},
+                          {"Spk", (48 - top) * 1e-9}, // triangles as they are
+                          {"Svk", (60 + bottom) * 1e-9}});
+}
+
+TEST(ArealParameters, TwoLevels)
+{
+    // One point in four is 3 nm high.
+    const SSurface surface =
+        MakeSurface(40, 10, [](double x, double) { return std::fmod(x, 4) < 1 ? 3e-9 : 0; });
+    ExpectValues(ComputeAreal(surface), {{"Sa", 1.125e-9},
+                                         {"Sq", std::sqrt(27.0 / 16) * 1e-9},
+                                         {"Ssk", 2 / std::sqrt(3)},
+                                         {"Sku", 7.0 / 3},
+                                         {"Sp", 2.25e-9},
+                                         {"Sv", 0.75e-9},
+                                         {"Sk", 0},
+                                         {"Sdc10_50", 3e-9}});
+}
+
+TEST(ArealParameters, WhatIsNotDefinedIsNaN)
+{
+    const auto flat = [](double, double) { return 0.1; };
+    const auto nan = c_undefined;
+    ExpectValues(ComputeAreal(MakeSurface(100, 30, flat)),
+                 {{"Smean", 0.1}, {"Sq", 0}, {"Ssk", nan}, {"Sku", nan}, {"Sk", 0}, {"Sdr", 0}});
+    ExpectValues(ComputeAreal(MakeSurface(100, 1, flat)),
+                 {{"Sq", 0}, {"Sdq", nan}, {"Sdr", nan}, {"S2A", nan}});
+    ExpectValues(ComputeAreal(MakeSurface(1, 1, flat)),
+                 {{"Smean", 0.1}, {"Sq", 0}, {"Sk", nan}, {"Vmp", 0}, {"Sxp", 0}});
+    SSurface missing = MakeSurface(3, 3, [](double, double) { return c_missing; });
+    Level(missing, ELevelling::Plane);
+    EXPECT_THROW(ComputeAreal(missing), ENoPoints);
+}
+
+TEST(ArealParameters, MissingPointsAreLeftOut)
+{
+    const auto ramp = [](double x, double y) { return 3e-7 * x + 4e-7 * y; };
+    SSurface surface = MakeSurface(30, 20, ramp);
+    surface.heights[0] = surface.heights[5 * 30 + 7] = c_missing;
+    ExpectValues(ComputeAreal(surface), {{"Count", 598},
+                                         {"Sdq", 0.5},
+                                         {"Sdr", 100 * (std::sqrt(1.25) - 1)},
+                                         {"S2A", (29 * 19 - 5) * 1e-12},
+                                         {"Smin", 3e-7}});
+    Level(surface, ELevelling::Plane);
+    ExpectValues(ComputeAreal(surface), {{"Sq", 0}, {"Ssk", c_undefined}, {"Count", 598}});
+}
+
+TEST(MaterialRatio, SortsAnyDistribution)
+{
+    std::mt19937 random(1);
+    const auto heavyTailed = [&] {
+        return std::tan(c_pi * (static_cast<double>(random()) / 4294967296.0 - 0.5));
+    };
+    std::vector<double> heights;
+    for (int i = 0; i < 20000; ++i)
+        heights.push_back(i % 7 == 0 ? c_missing : i % 5 == 0 ? 0.25 : heavyTailed());
+    const CMaterialRatio curve(heights);
+    std::erase_if(heights, [](double z) { return std::isnan(z); });
+    std::sort(heights.rbegin(), heights.rend());
+    EXPECT_TRUE(
+        std::equal(heights.begin(), heights.end(), curve.GetHeights().begin(), curve.GetHeights().end()));
+    for (const double percent : {0.0, 3.3, 50.0, 99.99, 100.0})
+        EXPECT_NEAR(curve.GetHeight(curve.GetRatio(curve.GetHeight(percent))), curve.GetHeight(percent),
+                    1e-9);
+}
+
+TEST(Levelling, RemovesWhatItShould)
+{
+    const auto wave = [](double x, double y) { return 1e-9 * std::cos(x) * std::cos(y); };
+    SSurface surface =
+        MakeSurface(64, 48, [&](double x, double y) { return 1e-3 + 3e-7 * x - 2e-7 * y + wave(x, y); });
+    SSurface expected = MakeSurface(64, 48, wave);
+    surface.heights[3] = expected.heights[3] = c_missing;
+    Level(surface, ELevelling::Mean);
+    EXPECT_NEAR(Get(ComputeAreal(surface), "Smean"), 0, 1e-18);
+    EXPECT_GT(Get(ComputeAreal(surface), "Sz"), 1e-5);
+    Level(surface, ELevelling::Plane);
+    Level(expected, ELevelling::Plane);
+    EXPECT_TRUE(std::isnan(surface.heights[3]));
+    surface.heights[3] = expected.heights[3] = 0;
+    for (std::size_t i = 0; i < surface.heights.size(); ++i)
+        ASSERT_NEAR(surface.heights[i], expected.heights[i], 1e-18) << i;
+}
+
+TEST(Levelling, OfPointsOnOneStraightLine)
+{
+    for (const auto& [alongX, alongY] : {std::pair{1.0, 0.0}, {0.0, 1.0}, {1.0, 1.0}}) {
+        SSurface surface = MakeSurface(9, 9, [&](double x, double y) {
+            return (x - 4) * alongY == (y - 4) * alongX ? 1 + 0.5 * x + 0.25 * y : c_missing;
+        });
+        Level(surface, ELevelling::Plane);
+        ExpectValues(ComputeAreal(surface), {{"Sz", 0}, {"Count", 9}});
+    }
+}
+
+TEST(ArealParameters, MeasuredSurface)
+{
+    const std::filesystem::path path = COMMONUI_SHARED_DATA "/afm-height-256.txt";
+    if (!std::filesystem::exists(path))
+        GTEST_SKIP() << "the measured surface is not here";
+    SSurface surface = ReadSurface(path);
+    EXPECT_EQ(surface.channel, "ZSensor");
+    EXPECT_EQ(surface.points, 256u);
+    EXPECT_EQ(surface.lines, 256u);
+    EXPECT_DOUBLE_EQ(surface.dx, 10e-6 / 256);
+    Level(surface, ELevelling::Mean);
+    EXPECT_NEAR(Get(ComputeAreal(surface), "Sq"), 3.5222918750e-8, 0.5e-18);
+}

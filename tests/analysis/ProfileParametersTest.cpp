@@ -1,0 +1,153 @@
+#include "examples/analysis/ProfileParameters.h"
+
+#include "examples/analysis/Statistics.h"
+#include "tests/analysis/TestSurfaces.h"
+
+#include <cmath>
+#include <numbers>
+
+using namespace SurfaceAnalysis;
+
+namespace
+{
+
+constexpr double c_dx = 1e-6;
+
+template<class CHeight>
+std::vector<double> MakeProfile(std::size_t points, const CHeight& getHeight)
+{
+    return MakeSurface(points, 1, [&](double x, double) { return getHeight(x); }).heights;
+}
+
+double Wave(double x, double period)
+{
+    return std::sin(2 * std::numbers::pi * (x + 0.5) / period);
+}
+
+} // namespace
+
+TEST(ProfileParameters, Sine)
+{
+    const auto values =
+        ComputeProfile(MakeProfile(4000, [](double x) { return 2e-3 + 1e-6 * Wave(x, 400); }), c_dx);
+    EXPECT_NEAR(Get(values, "Rq"), 1e-6 / std::sqrt(2), 1e-14);
+    EXPECT_NEAR(Get(values, "Rku"), 1.5, 1e-9);
+    EXPECT_NEAR(Get(values, "Rt"), 2e-6, 1e-10);
+    EXPECT_NEAR(Get(values, "Rz"), 2e-6, 1e-10);
+    EXPECT_NEAR(Get(values, "Rmean"), 2e-3, 1e-15);
+    EXPECT_NEAR(Get(values, "RSm"), 400e-6, 1e-10);
+    EXPECT_NEAR(Get(values, "Rdq"), 2 * std::numbers::pi / 400 / std::sqrt(2), 1e-5);
+    EXPECT_NEAR(Get(values, "4287Pc"), 2e-6, 1e-8); // the fitted line is not quite level
+}
+
+TEST(ProfileParameters, PrimaryProfileIsWithoutItsLine)
+{
+    const auto tilted = MakeProfile(4000, [](double x) { return 5e-7 * x + 1e-6 * Wave(x, 100); });
+    const auto level = MakeProfile(4000, [](double x) { return 1e-6 * Wave(x, 100); });
+    const auto values = ComputeProfile(tilted, c_dx);
+    const auto expected = ComputeProfile(level, c_dx);
+    for (const char* key : {"4287Pa", "4287Pq", "4287Pku", "4287Pp", "4287Pv", "4287Pz", "4287Pc", "4287Pt",
+                            "4287PSm", "4287Pdq"})
+        EXPECT_NEAR(Get(values, key), Get(expected, key), 1e-9 * std::max(std::abs(Get(expected, key)), 1e-6))
+            << key;
+    EXPECT_GT(Get(values, "Rt"), 1e-3);
+    EXPECT_TRUE(std::isnan(Get(values, "Rz")));
+}
+
+TEST(ProfileParameters, ElementsAreTheSignificantOnes)
+{
+    struct SRow {
+        const char* what;
+        double rippleHeight; // of a ripple with a period of 20 points, on a wave of height 1 and 200 points
+        double spikeHeight;  // of a spike in every valley
+        double spikeWidth;   // in points
+        double spacing;      // expected
+    };
+    const SRow rows[] = {
+        {"plain wave", 0, 0, 0, 200},
+        {"ripple below a tenth of the height", 0.15, 0, 0, 200},
+        {"spike narrower than a hundredth of the length", 0, 2, 10, 200},
+        {"spike wide enough", 0, 2, 60, 100},
+    };
+    for (const SRow& row : rows) {
+        const auto profile = MakeProfile(4001, [&](double x) {
+            const bool isSpike = std::abs(std::fmod(x, 200) - 150) < row.spikeWidth / 2;
+            return 1e-6 * (Wave(x, 200) + row.rippleHeight * Wave(x, 20) + (isSpike ? row.spikeHeight : 0));
+        });
+        EXPECT_NEAR(Get(ComputeProfile(profile, c_dx), "RSm"), row.spacing * c_dx, 0.01 * row.spacing * c_dx)
+            << row.what;
+    }
+}
+
+TEST(ProfileParameters, TenPointHeight)
+{
+    // Seven peaks of 1 … 7 nm between valleys of as many; the five greatest count.
+    const auto profile = MakeProfile(28, [](double x) {
+        const double height = std::floor(x / 4) + 1;
+        return 1e-9 * (std::fmod(x, 4) < 2 ? height : -height) * (std::fmod(x, 2) < 1 ? 1 : 0.5);
+    });
+    ExpectValues(ComputeProfile(profile, c_dx), {{"Rz", 10e-9}, {"Rt", 14e-9}});
+}
+
+TEST(ProfileParameters, SlopeOfAStraightLineAndOfTooFewPoints)
+{
+    const auto slope = [](std::vector<double> heights) { return Get(ComputeProfile(heights, c_dx), "Rdq"); };
+    const auto line = [](double x) { return 2e-7 * x; };
+    EXPECT_NEAR(slope(MakeProfile(7, line)), 0.2, 1e-12);
+    EXPECT_TRUE(std::isnan(slope(MakeProfile(6, line))));
+}
+
+TEST(ProfileParameters, MissingPoints)
+{
+    auto profile = MakeProfile(4000, [](double x) { return 1e-7 * x + 1e-6 * Wave(x, 100); });
+    const auto whole = ComputeProfile(profile, c_dx);
+    profile[2000] = c_missing;
+    const auto broken = ComputeProfile(profile, c_dx);
+    for (const char* key : {"Rz", "RSm", "4287PSm", "4287Pc"})
+        EXPECT_TRUE(std::isnan(Get(broken, key))) << key;
+    for (const char* key : {"Ra", "Rq", "Rt", "Rdq", "4287Pa", "4287Pq", "4287Pdq"})
+        EXPECT_NEAR(Get(broken, key) / Get(whole, key), 1, 1e-2) << key;
+
+    for (const SValue& value : ComputeProfile(std::vector<double>(20, c_missing), c_dx))
+        EXPECT_TRUE(std::isnan(value.value)) << value.key;
+    EXPECT_TRUE(std::isnan(Get(ComputeProfile({}, c_dx), "Ra")));
+    ExpectValues(ComputeProfile(MakeProfile(100, [](double x) { return 0.1 * x; }), c_dx),
+                 {{"4287Pq", 0}, {"4287Psk", c_undefined}, {"4287PSm", c_undefined}, {"4287Pdq", 0}});
+}
+
+TEST(ProfileParameters, TableOfLines)
+{
+    const SSurface surface =
+        MakeSurface(50, 33, [](double x, double y) { return 1e-9 * (y + 1) * Wave(x, 10); });
+    const auto table = ComputeProfiles(surface);
+    const auto line = ComputeProfile(surface.GetLine(32), surface.dx);
+    ASSERT_EQ(table.size(), line.size());
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        EXPECT_EQ(table[i].key, line[i].key);
+        ASSERT_EQ(table[i].values.size(), 33u);
+        ExpectValues({{table[i].key, table[i].values[32]}}, {line[i]});
+    }
+}
+
+TEST(Statistics, OfAList)
+{
+    const double nan = c_undefined;
+    const std::vector<double> list = {4, nan, 1, 2, 9};
+    ExpectValues(ComputeStatistics(list, 0.9), {{"Count", 4},
+                                                {"Sum", 16},
+                                                {"Minimum", 1},
+                                                {"Maximum", 9},
+                                                {"Mean", 4},
+                                                {"Sd", std::sqrt(38.0 / 3)},
+                                                {"SdPercent ", 25 * std::sqrt(38.0 / 3)},
+                                                {"Median", 3},
+                                                {"Fractile", 7.5}});
+    ExpectValues(ComputeStatistics(std::vector{-1.0, -3.0}),
+                 {{"SdPercent ", 50 * std::sqrt(2)}, {"Fractile", -2.5}});
+    ExpectValues(ComputeStatistics(std::vector{-1.0, 1.0}),
+                 {{"Mean", 0}, {"SdPercent ", nan}, {"Sd", std::sqrt(2)}});
+    ExpectValues(ComputeStatistics(std::vector{5.0}),
+                 {{"Sd", nan}, {"SdPercent ", nan}, {"Median", 5}, {"Fractile", 5}});
+    ExpectValues(ComputeStatistics(std::vector{nan}),
+                 {{"Count", 0}, {"Sum", 0}, {"Mean", nan}, {"Minimum", nan}, {"Median", nan}});
+}

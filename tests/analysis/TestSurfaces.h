@@ -1,0 +1,45 @@
+#pragma once
+
+#include "examples/analysis/Surface.h"
+#include "examples/analysis/Value.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <string_view>
+
+namespace SurfaceAnalysis
+{
+
+/// A surface with points 1 µm apart whose heights the function gives from column and row.
+template<class CHeight>
+SSurface MakeSurface(std::size_t points, std::size_t lines, const CHeight& getHeight)
+{
+    SSurface surface{.points = points, .lines = lines, .dx = 1e-6, .dy = 1e-6};
+    for (std::size_t y = 0; y < lines; ++y)
+        for (std::size_t x = 0; x < points; ++x)
+            surface.heights.push_back(getHeight(static_cast<double>(x), static_cast<double>(y)));
+    return surface;
+}
+
+inline double Get(const std::vector<SValue>& values, std::string_view key)
+{
+    const auto found =
+        std::find_if(values.begin(), values.end(), [&](const SValue& v) { return v.key == key; });
+    EXPECT_NE(found, values.end()) << key;
+    return found == values.end() ? -1 : found->value;
+}
+
+/// Compares to a relative 1e-9; NaN equals NaN, and next to nothing equals 0.
+inline void ExpectValues(const std::vector<SValue>& values, const std::vector<SValue>& expected)
+{
+    for (const auto& [key, value] : expected) {
+        const double actual = Get(values, key);
+        if (std::isnan(value))
+            EXPECT_TRUE(std::isnan(actual)) << key << " is " << actual;
+        else
+            EXPECT_NEAR(actual, value, 1e-9 * std::max(std::abs(value), 1e-9)) << key;
+    }
+}
+
+} // namespace SurfaceAnalysis
