@@ -130,12 +130,12 @@ void Append(const std::vector<SValue>& more, std::vector<SValue>& values)
 
 std::vector<SValue> ComputeAreal(const SSurface& surface)
 {
-    auto hybrid = std::async([&] { return ComputeHybrid(surface); }); // while the heights are being sorted
-    const CMaterialRatio curve(surface.heights);
-    const SHeightParameters heights = ComputeHeightParameters(curve.GetHeights());
+    // Sorting the heights takes as long as everything else.
+    auto ofCurve = std::async([&] { return ComputeMaterialRatio(CMaterialRatio(surface.heights)); });
+    const SHeightParameters heights = ComputeHeightParameters(surface.heights);
     std::vector<SValue> values = ComputeHeights(heights);
-    Append(hybrid.get(), values);
-    Append(ComputeMaterialRatio(curve), values);
+    Append(ComputeHybrid(surface), values);
+    Append(ofCurve.get(), values);
     values.push_back({"Count", static_cast<double>(heights.count)});
     return values;
 }

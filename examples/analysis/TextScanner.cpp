@@ -30,35 +30,32 @@ char ToLower(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// How many bytes the UTF-8 sequence at the beginning of the text has; 0 if there is none. Overlong forms and
-// surrogates need no check: in doubt a file is Latin-1 or not, and nobody decodes the result.
-std::size_t GetSequenceLength(std::string_view text)
+bool IsCharacter(char32_t code)
 {
-    const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t length = lead < 0x80   ? 1
-                               : lead < 0xC2 ? 0
-                               : lead < 0xE0 ? 2
-                               : lead < 0xF0 ? 3
-                               : lead < 0xF5 ? 4
-                                             : 0;
-    if (length > text.size())
-        return 0;
-    const auto isTrail = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
-    return std::all_of(text.begin() + 1,
-                       text.begin() + static_cast<std::ptrdiff_t>(std::max<std::size_t>(length, 1)), isTrail)
-               ? length
-               : 0;
+    return code < 0xD800 || (code > 0xDFFF && code <= 0x10FFFF);
 }
 
 bool IsUtf8(std::string_view text)
 {
-    while (!text.empty()) {
-        const std::size_t length = GetSequenceLength(text);
-        if (length == 0)
-            return false;
-        text.remove_prefix(length);
+    char32_t code = 0;
+    char32_t least = 0; // that needs a sequence of this length
+    int pending = 0;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (pending > 0) {
+            code = code << 6 | (byte & 0x3F);
+            --pending;
+            if ((byte & 0xC0) != 0x80 || (pending == 0 && (code < least || !IsCharacter(code))))
+                return false;
+        } else if (byte >= 0x80) {
+            if (byte < 0xC2 || byte > 0xF4)
+                return false;
+            pending = byte < 0xE0 ? 1 : byte < 0xF0 ? 2 : 3;
+            least = pending == 1 ? 0x80 : pending == 2 ? 0x800 : 0x10000;
+            code = byte & (0x3F >> pending);
+        }
     }
-    return true;
+    return pending == 0;
 }
 
 } // namespace

@@ -87,16 +87,30 @@ TEST_F(SurfaceReader, ReadsSdf)
 
 TEST_F(SurfaceReader, ReadsMatrix)
 {
-    const SSurface surface = Read("# channel: H\xF6he\r\n#\r\n# Anything else\r\n# WIDTH: 6,00 \xB5m\r\n"
+    const SSurface surface = Read("# channel: Z\r\n#\r\n# Anything else\r\n# WIDTH: 6,00 \xB5m\r\n"
                                   "# Height: 8.0e-3mm\r\n# Value units: \xB5m\r\n"
                                   " 1,5e-003\t2 3 \r\n\r\nNaN -4 +5.25");
-    EXPECT_EQ(surface.channel, "H\u00F6he");
+    EXPECT_EQ(surface.channel, "Z");
     EXPECT_EQ(surface.points, 3u);
     EXPECT_EQ(surface.lines, 2u);
     EXPECT_DOUBLE_EQ(surface.dx, 2e-6);
     EXPECT_DOUBLE_EQ(surface.dy, 4e-6);
     EXPECT_EQ(surface.missing, 1u);
     ExpectHeights(surface, {1.5e-9, 2e-6, 3e-6, c_missing, -4e-6, 5.25e-6});
+}
+
+TEST_F(SurfaceReader, TakesChannelForLatin1IfItIsNoUtf8)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"H\u00F6he \u20AC \U0001D11E", "H\u00F6he \u20AC \U0001D11E"},
+        {"H\xF6he", "H\u00F6he"},
+        {"\xC3", "\u00C3"},                               // cut off
+        {"\xE0\x82\xB5", "\u00E0\u0082\u00B5"},           // longer than need be
+        {"\xED\xA0\x80", "\u00ED\u00A0\u0080"},           // half a surrogate pair
+        {"\xF4\x90\x80\x80", "\u00F4\u0090\u0080\u0080"}, // beyond Unicode
+    };
+    for (const auto& [bytes, text] : rows)
+        EXPECT_EQ(Read(c_matrix + "# Channel: " + bytes + "\n1\n").channel, text);
 }
 
 TEST_F(SurfaceReader, KnowsUnits)
