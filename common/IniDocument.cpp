@@ -248,7 +248,14 @@ std::vector<std::string_view> CIniDocument::GetSections() const
 std::vector<std::string> CIniDocument::GetKeys(std::uint32_t section) const
 {
     std::vector<std::string> names;
-    VisitKeys(section, [&](std::uint32_t line) { names.emplace_back(ListedName(line)); });
+    VisitKeys(section, [&](std::uint32_t line) {
+        const std::string_view name = NameOf(m_lines[line]);
+        const std::string_view trimmed = TrimBlanksRight(name);
+        if (!IsSpaced(m_lines[line]))
+            names.emplace_back(name);
+        else if (FindLine(section, trimmed, false) == line)
+            names.emplace_back(trimmed);
+    });
     return names;
 }
 
@@ -276,24 +283,18 @@ bool CIniDocument::IsSpaced(const SRecord& record) const
            IsBlank(value.front());
 }
 
-/// The name without its blanks when they are ornament and no other line has that name.
-std::string_view CIniDocument::ListedName(std::uint32_t line) const
-{
-    const SRecord& record = m_lines[line];
-    const std::string_view name = NameOf(record);
-    const std::string_view trimmed = TrimBlanksRight(name);
-    return IsSpaced(record) && FindLine(record.section, trimmed) == line ? trimmed : name;
-}
-
 /// The blanks at the end of a name do not count, so that a name is found with them and without.
 std::uint32_t CIniDocument::HashKey(std::uint32_t section, std::string_view key) const
 {
     return HashName(TrimBlanksRight(key), m_hashKey + section);
 }
 
-std::uint32_t CIniDocument::FindLine(std::uint32_t section, std::string_view key) const
+/// The line of the key: that of the exact name, else one whose name has blanks behind it, ornament or, if
+/// `anyBlanks`, not.
+std::uint32_t CIniDocument::FindLine(std::uint32_t section, std::string_view key, bool anyBlanks) const
 {
-    std::uint32_t inexact = c_none;
+    std::uint32_t spaced = c_none;
+    std::uint32_t unspaced = c_none;
     const std::uint32_t exact = m_keys.Find(HashKey(section, key), [&](std::uint32_t line) {
         const SRecord& record = m_lines[line];
         if (record.section != section)
@@ -301,25 +302,20 @@ std::uint32_t CIniDocument::FindLine(std::uint32_t section, std::string_view key
         const std::string_view name = NameOf(record);
         if (name == key)
             return true;
-        if (!record.quoted && TrimBlanksRight(name) == key)
-            inexact = std::min(inexact, line);
+        if (!record.quoted && TrimBlanksRight(name) == key) {
+            std::uint32_t& first = IsSpaced(record) ? spaced : unspaced;
+            first = std::min(first, line);
+        }
         return false;
     });
-    return exact != c_none ? exact : inexact;
-}
-
-/// As FindLine, but never a line whose name really ends in a blank that `key` lacks: that is another key.
-std::uint32_t CIniDocument::FindLineToChange(std::uint32_t section, std::string_view key) const
-{
-    const std::uint32_t line = FindLine(section, key);
-    if (line == c_none || NameOf(m_lines[line]) == key || IsSpaced(m_lines[line]))
-        return line;
-    return c_none;
+    if (exact != c_none)
+        return exact;
+    return spaced == c_none && anyBlanks ? unspaced : spaced;
 }
 
 void CIniDocument::SetValue(std::uint32_t section, std::string_view key, std::string_view value)
 {
-    const std::uint32_t line = FindLineToChange(section, key);
+    const std::uint32_t line = FindLine(section, key, false);
     if (line == c_none) {
         AddKeyLine(section, key, value);
         return;
@@ -346,7 +342,7 @@ void CIniDocument::AddKeyLine(std::uint32_t section, std::string_view key, std::
 
 void CIniDocument::RemoveKey(std::uint32_t section, std::string_view key)
 {
-    for (std::uint32_t line; (line = FindLineToChange(section, key)) != c_none;)
+    for (std::uint32_t line; (line = FindLine(section, key, false)) != c_none;)
         EraseKey(line);
     CompactIfWasteful();
 }

@@ -50,16 +50,17 @@ public:
     void ClearSection(std::uint32_t section);
 
     /// The stored value without the blanks around it; nothing when there is no such key. It is valid until
-    /// the next change.
+    /// the next change. A key is found by its exact name, else by its name without blanks behind it.
     std::optional<std::string_view> GetValue(std::uint32_t section, std::string_view key) const
     {
-        const std::uint32_t line = FindLine(section, key);
+        const std::uint32_t line = FindLine(section, key, true);
         return line == c_none ? std::nullopt : std::optional(ValueOf(m_lines[line]));
     }
-    /// As GetValue, for the line that SetValue would change.
+    /// As GetValue, for the line that SetValue would change: a name that ends in a blank, with none behind
+    /// the equals sign, is then another key than the same name without.
     std::optional<std::string_view> GetValueToChange(std::uint32_t section, std::string_view key) const
     {
-        const std::uint32_t line = FindLineToChange(section, key);
+        const std::uint32_t line = FindLine(section, key, false);
         return line == c_none ? std::nullopt : std::optional(ValueOf(m_lines[line]));
     }
     /// Changes the value in its line, or adds a line at the end of the section. `value` is in stored form.
@@ -106,13 +107,11 @@ private:
     }
     std::string_view ValueOf(const SRecord& record) const;
     bool IsSpaced(const SRecord& record) const;
-    std::string_view ListedName(std::uint32_t line) const;
 
     std::uint32_t FindSection(std::string_view name) const;
     bool Exists(std::uint32_t section) const;
     std::uint32_t HashKey(std::uint32_t section, std::string_view key) const;
-    std::uint32_t FindLine(std::uint32_t section, std::string_view key) const;
-    std::uint32_t FindLineToChange(std::uint32_t section, std::string_view key) const;
+    std::uint32_t FindLine(std::uint32_t section, std::string_view key, bool anyBlanks) const;
     std::uint32_t LastLineOf(std::uint32_t section) const;
     template<class TVisit>
     void VisitKeys(std::uint32_t section, TVisit&& visit) const;

@@ -1,0 +1,188 @@
+#include "tests/common/InifileTesting.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <random>
+
+using namespace CommonUI;
+
+namespace
+{
+
+/// Files of pieces that mean something to the store, in an order that means nothing.
+class CRandomFile
+{
+public:
+    explicit CRandomFile(unsigned seed)
+        : m_random(seed)
+    {
+    }
+
+    std::size_t Below(std::size_t limit) { return m_random() % limit; }
+
+    std::string Bytes()
+    {
+        static const std::string pieces[] = {
+            "[",
+            "]",
+            "=",
+            "\"",
+            "\\",
+            "\\u00",
+            ";",
+            "#",
+            " ",
+            "\t",
+            "\n",
+            "\n",
+            "\r\n",
+            "\r",
+            "a",
+            "key",
+            "[A]\n",
+            "[B]\r\n",
+            "[\"A\"]",
+            "k = 1\n",
+            "k =2",
+            ",",
+            "\xFF",
+            "\xFE",
+            "\xC3\xA9",
+            "\xE9",
+            "\xED\xA0\x80",
+            std::string(1, '\0'),
+            "0x",
+            "\xEF\xBB\xBF",
+        };
+        std::string bytes = c_emptyFiles[Below(c_emptyFiles.size())];
+        for (std::size_t count = Below(60); count > 0; --count)
+            bytes += pieces[Below(std::size(pieces))];
+        return bytes;
+    }
+
+    CStr Text()
+    {
+        static const char16_t units[] = u"ab =[];#\",\\\t\r\n\u00E9\u4E2D\xD83D\xDE00\uFEFF";
+        CStr text;
+        for (std::size_t count = Below(5); count > 0; --count)
+            text += units[Below(std::size(units))];
+        return text;
+    }
+
+private:
+    std::mt19937 m_random;
+};
+
+using CSectionModel = std::map<CStr, CStr>;
+
+/// The keys of a section as a user of the store sees them.
+CSectionModel Observe(const CInifile& ini)
+{
+    CSectionModel model;
+    for (const CStr& key : ini.GetKeys())
+        model[key] = ini.ReadText(key, u"(missing)");
+    return model;
+}
+
+} // namespace
+
+TEST(InifileFuzz, AnyBytesAreKeptAndMeanTheSameAgain)
+{
+    for (unsigned seed = 0; seed < 5000; ++seed) {
+        const std::string bytes = CRandomFile(seed).Bytes();
+        CInifile ini = IniOf(bytes, u"A");
+        ASSERT_EQ(ini.GetBytes(), bytes) << seed;
+        CInifile merged;
+        merged.Merge(ini);
+        for (const CStr& section : ini.GetSections()) {
+            ini.SelectSection(section);
+            merged.SelectSection(section);
+            ASSERT_EQ(Observe(merged), Observe(ini)) << seed;
+            for (const auto& [key, value] : Observe(ini))
+                ini.WriteText(key, value);
+        }
+        ASSERT_EQ(ini.GetBytes(), bytes) << seed;
+    }
+}
+
+TEST(InifileFuzz, EditsOfAnyFileReadBack)
+{
+    for (unsigned seed = 0; seed < 3000; ++seed) {
+        CRandomFile random(seed);
+        // In a foreign file "k = 1" is the key "k" and, to who asks for it exactly, also the key "k ".
+        const bool foreign = seed % 2 == 0;
+        CInifile ini = IniOf(foreign ? random.Bytes() : c_emptyFiles[random.Below(c_emptyFiles.size())]);
+        std::map<CStr, CSectionModel> models;
+        const std::vector<CStr> keys = {u"k", u"a", random.Text(), random.Text(), u"k "};
+        const std::vector<CStr> sections = {u"", u"A", random.Text()};
+        for (int step = 0; step < 30; ++step) {
+            ini.SelectSection(sections[random.Below(sections.size())]);
+            CSectionModel& model = models.try_emplace(ini.GetSection(), Observe(ini)).first->second;
+            const CStr drawn = keys[random.Below(keys.size())];
+            const CStr key = foreign ? drawn.TrimRight() : drawn;
+            if (random.Below(20) == 0) {
+                ini.ClearSection();
+                model.clear();
+            } else if (random.Below(4) == 0) {
+                ini.RemoveKey(key);
+                model.erase(key);
+            } else {
+                const CStr value = random.Text();
+                ini.WriteText(key, value);
+                model[key] = value;
+            }
+            ASSERT_EQ(Observe(ini), model) << seed;
+            ASSERT_EQ(Observe(Reloaded(ini)), model) << seed;
+        }
+    }
+}
+
+TEST(InifileFuzz, ManyChangesStayCompactAndRight)
+{
+    CInifile ini;
+    for (int round = 0; round < 20; ++round) {
+        for (int i = 0; i < 2000; ++i) {
+            ini.SelectSection(CStr::FromAscii("S" + std::to_string(i % 7)));
+            ini.WriteInt(CStr::FromAscii("k" + std::to_string(i)), i * round);
+            if (i % 3 == round % 3)
+                ini.RemoveKey(CStr::FromAscii("k" + std::to_string(i)));
+        }
+    }
+    const CInifile reloaded = Reloaded(ini);
+    EXPECT_EQ(reloaded.GetBytes(), ini.GetBytes());
+    for (int i = 0; i < 2000; ++i) {
+        ini.SelectSection(CStr::FromAscii("S" + std::to_string(i % 7)));
+        EXPECT_EQ(ini.ReadInt(CStr::FromAscii("k" + std::to_string(i)), -1), i % 3 == 19 % 3 ? -1 : i * 19);
+    }
+}
+
+// Each takes well under a second in linear time and hours in quadratic time.
+TEST(InifileFuzz, HugeFilesTakeLinearTime)
+{
+    const auto repeated = [](const std::string& piece, std::size_t count) {
+        std::string bytes;
+        bytes.reserve(piece.size() * count);
+        for (std::size_t i = 0; i < count; ++i)
+            bytes += piece;
+        return bytes;
+    };
+    std::string sections;
+    for (int i = 0; i < 100000; ++i)
+        sections += "[" + std::to_string(i) + "]\nk=1\n";
+    const std::string files[] = {
+        repeated("k=1\n", 1000000),        repeated("[A]\nk=1\n", 500000), sections,
+        std::string(10000000, '['),        std::string(10000000, '"'),     "k=" + std::string(10000000, '\\'),
+        repeated("\"\\", 5000000),         std::string(10000000, '\r'),    std::string(10000000, '\0'),
+        "k=" + std::string(50000000, 'x'), repeated("[\"\n", 3000000),     repeated("x\n\n", 1000000),
+    };
+    for (const std::string& bytes : files) {
+        CInifile ini = IniOf(bytes, u"A");
+        EXPECT_TRUE(ini.GetBytes() == bytes);
+        ini.WriteInt(u"k", 2);
+        for (const CStr& section : ini.GetSections()) {
+            ini.SelectSection(section);
+            ini.RemoveKey(u"k");
+        }
+        EXPECT_FALSE(Reloaded(ini).HasKey(u"k"));
+    }
+}

@@ -1,0 +1,218 @@
+#include "tests/common/InifileTesting.h"
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <gtest/gtest.h>
+#include <limits>
+
+using namespace CommonUI;
+
+namespace
+{
+
+const std::vector<CStr> c_texts = {
+    u"",
+    u" ",
+    u"\t",
+    u" leading",
+    u"trailing\t",
+    u"a=b",
+    u"=",
+    u"[a]",
+    u"]",
+    u"; no comment",
+    u"# none",
+    u"'a'",
+    u"\"",
+    u"\"quoted\"",
+    u"\"a\",\"b\"",
+    u"say \"a\"",
+    u"\\",
+    u"\\\"",
+    u"C:\\data\\new\\x.pln",
+    u"\"\\u0041",
+    u",",
+    u"a,b,",
+    u"1\r\n2\n3\r",
+    u"\u0085\u2028\uFEFF",
+    u"\uFEFF",
+    u"\u00FF\u00FE",
+    u"\u00EF\u00BB\u00BF",
+    u"\u00C3\u00A9",
+    u"caf\u00E9 \u20AC \u0081",
+    u"\u4E2D\u6587 \U0001F600",
+    u"\xD83D",
+    u"\xDE00\xD83D",
+    CStr(std::u16string_view(u"a\0b\0", 4)),
+    CStr(3, u'\0'),
+    CStr(1000, u'\u00E4'),
+};
+
+} // namespace
+
+TEST(InifileValue, AnyTextIsValueKeyAndSectionInAnyEncoding)
+{
+    for (const std::string& file : c_emptyFiles) {
+        CInifile ini = IniOf(file);
+        for (const CStr& text : c_texts) {
+            ini.SelectSection(text);
+            ini.WriteText(u"text", text);
+            ini.WriteText(text + u".", text);
+            ini.WriteText(u"." + text, text);
+            ini.WriteTexts(u"list", {text, text});
+            ini.WriteTexts(text, {text});
+        }
+        CInifile read = Reloaded(ini);
+        EXPECT_EQ(read.GetBytes(), ini.GetBytes());
+        EXPECT_EQ(read.GetSections().size(), c_texts.size());
+        for (const CStr& text : c_texts) {
+            read.SelectSection(text);
+            EXPECT_EQ(read.ReadText(u"text"), text) << text.ToUtf8();
+            EXPECT_EQ(read.ReadText(text + u"."), text) << text.ToUtf8();
+            EXPECT_EQ(read.ReadText(u"." + text), text) << text.ToUtf8();
+            EXPECT_EQ(read.ReadTexts(u"list"), (std::vector<CStr>{text, text})) << text.ToUtf8();
+            EXPECT_EQ(read.ReadTexts(text), (std::vector<CStr>{text})) << text.ToUtf8();
+        }
+    }
+}
+
+TEST(InifileValue, ListsOfTexts)
+{
+    const std::vector<CStr> missing = {u"missing"};
+    for (const std::vector<CStr>& list :
+         {std::vector<CStr>{}, {u""}, {u"", u""}, {u"a", u"", u"b,"}, c_texts}) {
+        CInifile ini;
+        ini.WriteTexts(u"k", list);
+        EXPECT_EQ(Reloaded(ini).ReadTexts(u"k", missing), list);
+    }
+    struct SRow {
+        const char* stored;
+        std::vector<CStr> list;
+    };
+    const SRow rows[] = {
+        {"a, b ,c d", {u"a", u"b", u"c d"}},         {",", {u"", u""}}, {"a\"b\",c", {u"a\"b\"", u"c"}},
+        {" \"a,b\" , c ", {u"a,b", u"c"}},           {"\"a", missing},  {"\"a\"b,c", missing},
+        {"C:\\a,\"C:\\\\b\"", {u"C:\\a", u"C:\\b"}},
+    };
+    for (const SRow& row : rows) {
+        const CDiagnosticsCapture diagnostics;
+        EXPECT_EQ(IniOf(std::string("k=") + row.stored).ReadTexts(u"k", missing), row.list) << row.stored;
+        EXPECT_EQ(diagnostics.GetLines().size(), row.list == missing ? 1u : 0u) << row.stored;
+    }
+}
+
+TEST(InifileValue, DoublesKeepTheirBits)
+{
+    using limits = std::numeric_limits<double>;
+    std::vector<double> values = {0.0,
+                                  -0.0,
+                                  0.1,
+                                  1e22,
+                                  5e-324,
+                                  limits::min(),
+                                  limits::max(),
+                                  limits::infinity(),
+                                  -limits::infinity(),
+                                  limits::quiet_NaN(),
+                                  -limits::quiet_NaN(),
+                                  std::bit_cast<double>(0x7FF8000000000123)};
+    std::uint64_t bits = 1;
+    for (int i = 0; i < 2000; ++i)
+        values.push_back(std::bit_cast<double>(bits = bits * 6364136223846793005 + 1442695040888963407));
+    CInifile ini;
+    ini.WriteDoubles(u"all", values);
+    ini.WriteDoubles(u"none", {});
+    for (std::size_t i = 0; i < values.size(); ++i)
+        ini.WriteDouble(CStr::FromAscii(std::to_string(i)), values[i]);
+
+    const CInifile read = Reloaded(ini);
+    const std::vector<double> list = read.ReadDoubles(u"all");
+    ASSERT_EQ(list.size(), values.size());
+    EXPECT_TRUE(read.ReadDoubles(u"none", {1}).empty());
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const double one = read.ReadDouble(CStr::FromAscii(std::to_string(i)), 1);
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(one), std::bit_cast<std::uint64_t>(values[i])) << values[i];
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(list[i]), std::bit_cast<std::uint64_t>(values[i]))
+            << values[i];
+    }
+}
+
+TEST(InifileValue, StoredForms)
+{
+    CInifile ini;
+    ini.WriteBool(u"b", true);
+    ini.WriteInt(u"i", std::numeric_limits<int>::min());
+    ini.WriteUnsigned(u"u", 4294967295u);
+    ini.WriteColor(u"c", {255, 128, 0});
+    ini.WriteRect(u"r", {-1, 2, 3, 4});
+    ini.WriteSize(u"s", {640, 480});
+    ini.WriteDoubles(u"d", {0.1, 1e300, std::nan("")});
+    ini.WriteText(u"p", u"C:\\data\\new, 2\\x.pln");
+    ini.WriteTexts(u"t", {u"C:\\new", u"a b", u"x,y", u""});
+    EXPECT_EQ(ini.GetBytes(), "b=1\ni=-2147483648\nu=4294967295\nc=255,128,0\nr=-1,2,3,4\ns=640,480\n"
+                              "d=0.1,1e+300,nan\np=C:\\data\\new, 2\\x.pln\nt=C:\\new,a b,\"x,y\",\"\"\n");
+    EXPECT_EQ(ini.ReadInt(u"i", 0), std::numeric_limits<int>::min());
+    EXPECT_EQ(ini.ReadUnsigned(u"u", 0), 4294967295u);
+    EXPECT_EQ(ini.ReadColor(u"c", {}), (SColor{255, 128, 0}));
+    EXPECT_EQ(ini.ReadRect(u"r", {}), (SRect{-1, 2, 3, 4}));
+    EXPECT_EQ(ini.ReadSize(u"s", {}), (SSize{640, 480}));
+}
+
+TEST(InifileValue, NumbersAsPeopleWriteThem)
+{
+    for (const char* yes : {"1", "true", "YES", "oN"})
+        EXPECT_TRUE(IniOf(std::string("k=") + yes).ReadBool(u"k", false)) << yes;
+    for (const char* no : {"0", "False", "no", "OFF"})
+        EXPECT_FALSE(IniOf(std::string("k=") + no).ReadBool(u"k", true)) << no;
+    EXPECT_EQ(IniOf("k = +5 ").ReadInt(u"k", 0), 5);
+    EXPECT_EQ(IniOf("k = +1.5E3 ").ReadDouble(u"k", 0), 1500.0);
+    EXPECT_EQ(IniOf("k = 1 , +2.5,-inf").ReadDoubles(u"k"),
+              (std::vector<double>{1, 2.5, -std::numeric_limits<double>::infinity()}));
+    EXPECT_EQ(IniOf("k = 1 , 2").ReadSize(u"k", {}), (SSize{1, 2}));
+}
+
+TEST(InifileValue, WhatIsNoneOfTheTypeGivesTheDefaultAndAWarning)
+{
+    struct SRow {
+        const char* stored;
+        bool (*isDefault)(const CInifile&);
+    };
+    const auto isInt = [](const CInifile& i) { return i.ReadInt(u"k", 42) == 42; };
+    const auto isDouble = [](const CInifile& i) { return i.ReadDouble(u"k", 42) == 42; };
+    const auto isColor = [](const CInifile& i) { return i.ReadColor(u"k", {1, 2, 3}) == SColor{1, 2, 3}; };
+    const auto isDoubles = [](const CInifile& i) {
+        return i.ReadDoubles(u"k", {42}) == std::vector<double>{42};
+    };
+    const SRow rows[] = {
+        {"2", [](const CInifile& i) { return i.ReadBool(u"k", true); }},
+        {"", [](const CInifile& i) { return i.ReadBool(u"k", true); }},
+        {"-1", [](const CInifile& i) { return i.ReadUnsigned(u"k", 42) == 42; }},
+        {"", isInt},
+        {"1.0", isInt},
+        {"+-1", isInt},
+        {"++1", isInt},
+        {"2147483648", isInt},
+        {"1,5", isDouble},
+        {"0x10", isDouble},
+        {"1e999", isDouble},
+        {"nan(1)", isDouble},
+        {"nan(zz)", isDouble},
+        {"1,2,256", isColor},
+        {"1,2", isColor},
+        {"1,2,3,", isColor},
+        {"1,2,3,4",
+         [](const CInifile& i) {
+             return i.ReadSize(u"k", {4, 2}) == SSize{4, 2};
+         }},
+        {"1,,2", isDoubles},
+        {",", isDoubles},
+    };
+    for (const SRow& row : rows) {
+        const CDiagnosticsCapture diagnostics;
+        EXPECT_TRUE(row.isDefault(IniOf(std::string("k=") + row.stored))) << row.stored;
+        EXPECT_EQ(diagnostics.GetLines().size(), 1u) << row.stored;
+        EXPECT_TRUE(row.isDefault(CInifile())) << row.stored;
+        EXPECT_EQ(diagnostics.GetLines().size(), 1u) << row.stored;
+    }
+}
