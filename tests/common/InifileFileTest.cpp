@@ -1,0 +1,161 @@
+#include "tests/common/InifileTesting.h"
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <sys/resource.h>
+
+using namespace CommonUI;
+namespace fs = std::filesystem;
+
+namespace
+{
+
+/// A folder of its own for each test.
+class InifileFile : public testing::Test
+{
+protected:
+    InifileFile()
+        : m_folder(fs::path(testing::TempDir()) /
+                   (std::string("inifile-") + testing::UnitTest::GetInstance()->current_test_info()->name()))
+    {
+        fs::remove_all(m_folder);
+        fs::create_directories(m_folder);
+    }
+    ~InifileFile() override { fs::remove_all(m_folder); }
+
+    fs::path PathOf(const std::string& name) const { return m_folder / name; }
+    CStr NameOf(const std::string& name) const { return PathOf(name).u16string(); }
+
+    void Put(const std::string& name, const std::string& bytes) const
+    {
+        std::ofstream(PathOf(name), std::ios::binary) << bytes;
+    }
+    std::string Get(const std::string& name) const
+    {
+        std::ifstream file(PathOf(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    std::size_t CountFiles() const
+    {
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(m_folder), {}));
+    }
+
+    fs::path m_folder;
+};
+
+/// No file can grow beyond a number of bytes while it lives, as on a full disk.
+class CFullDisk
+{
+public:
+    explicit CFullDisk(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~CFullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, SIG_DFL);
+    }
+    CFullDisk(const CFullDisk&) = delete;
+    CFullDisk& operator=(const CFullDisk&) = delete;
+
+private:
+    rlimit m_before{};
+};
+
+} // namespace
+
+TEST_F(InifileFile, LoadsChangesAndSaves)
+{
+    Put("a \xC3\xA4.ini", "[A]\r\nk=1\r\n");
+    CInifile ini;
+    ini.SelectSection(u"A");
+    ASSERT_TRUE(ini.Load(NameOf("a \xC3\xA4.ini")));
+    EXPECT_EQ(ini.ReadInt(u"k", 0), 1);
+    ini.WriteInt(u"k", 2);
+    EXPECT_TRUE(ini.Save());
+    EXPECT_EQ(Get("a \xC3\xA4.ini"), "[A]\r\nk=2\r\n");
+    EXPECT_TRUE(ini.SaveCopy(NameOf("new.ini")));
+    EXPECT_EQ(Get("new.ini"), "[A]\r\nk=2\r\n");
+    EXPECT_EQ(CountFiles(), 2u);
+
+    CInifile copy;
+    ASSERT_TRUE(copy.LoadCopy(NameOf("new.ini")));
+    EXPECT_TRUE(copy.GetFileName().IsEmpty());
+    EXPECT_EQ(copy.GetBytes(), ini.GetBytes());
+}
+
+TEST_F(InifileFile, WhatCannotBeLoadedLeavesAnEmptyDocument)
+{
+    Put("file", "k=1");
+    for (const CStr& name :
+         {CStr(), NameOf("missing"), NameOf("file/below"), NameOf(""), CStr(u"/dev/null"), CStr(u"\xD800")}) {
+        const CDiagnosticsCapture diagnostics;
+        CInifile ini = IniOf("k=1");
+        EXPECT_FALSE(ini.Load(name)) << name.ToUtf8();
+        EXPECT_EQ(ini.GetBytes(), "");
+        EXPECT_EQ(ini.GetFileName(), name);
+        EXPECT_EQ(diagnostics.GetLines().size(), 1u);
+    }
+}
+
+TEST_F(InifileFile, WhatCannotBeSavedIsToldAndLeavesNothing)
+{
+    Put("file", "k=1");
+    Put("protected", "k=1");
+    fs::permissions(PathOf("protected"), fs::perms::owner_read);
+    fs::create_symlink("loop", PathOf("loop"));
+    for (const CStr& name :
+         {CStr(), NameOf("missing/x.ini"), NameOf("file/below"), CStr(m_folder.u16string()),
+          NameOf("protected"), NameOf("loop"), CStr(u"/dev/null"), CStr(u"\xD800")}) {
+        const CDiagnosticsCapture diagnostics;
+        EXPECT_FALSE(IniOf("k=2").SaveCopy(name)) << name.ToUtf8();
+        EXPECT_EQ(diagnostics.GetLines().size(), 1u) << name.ToUtf8();
+    }
+    EXPECT_EQ(Get("protected"), "k=1");
+    EXPECT_EQ(CountFiles(), 3u);
+}
+
+TEST_F(InifileFile, FullDiskKeepsTheOldFile)
+{
+    Put("a.ini", "k=1");
+    // Less and more than a stream holds back before it writes.
+    for (const std::size_t size : {200, 1000000}) {
+        CInifile ini;
+        ini.SetFileName(NameOf("a.ini"));
+        ini.WriteText(u"k", CStr(size, u'x'));
+        const CDiagnosticsCapture diagnostics;
+        {
+            const CFullDisk disk(100);
+            EXPECT_FALSE(ini.Save());
+        }
+        EXPECT_EQ(diagnostics.GetLines().size(), 1u);
+        EXPECT_EQ(Get("a.ini"), "k=1");
+        EXPECT_EQ(CountFiles(), 1u);
+    }
+}
+
+TEST_F(InifileFile, LinksAndPermissionsStay)
+{
+    fs::create_directory(PathOf("data"));
+    Put("data/real.ini", "k=1");
+    const fs::perms permissions = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
+    fs::permissions(PathOf("data/real.ini"), permissions);
+    fs::create_symlink("data/real.ini", PathOf("near.ini"));
+    fs::create_symlink(PathOf("near.ini"), PathOf("link.ini"));
+    fs::create_symlink("data/new.ini", PathOf("dangling.ini"));
+
+    EXPECT_TRUE(IniOf("k=2").SaveCopy(NameOf("link.ini")));
+    EXPECT_TRUE(fs::is_symlink(PathOf("link.ini")) && fs::is_symlink(PathOf("near.ini")));
+    EXPECT_EQ(Get("data/real.ini"), "k=2");
+    EXPECT_EQ(fs::status(PathOf("data/real.ini")).permissions(), permissions);
+    EXPECT_TRUE(IniOf("k=3").SaveCopy(NameOf("dangling.ini")));
+    EXPECT_TRUE(fs::is_symlink(PathOf("dangling.ini")));
+    EXPECT_EQ(Get("data/new.ini"), "k=3");
+}
