@@ -91,6 +91,14 @@ void OursInteger(benchmark::State& state, const char* format)
     });
 }
 
+/// As a cell of a result table, without the reading of the format.
+void OursText(benchmark::State& state, const char* format)
+{
+    ForEachValue(state, [parsed = Parsed(format)](double value) {
+        benchmark::DoNotOptimize(CStr::FromAscii(CNumberText(value, parsed).View()));
+    });
+}
+
 /// The whole way: the format is read each time and a text comes out.
 void OursFormat(benchmark::State& state, const char* format)
 {
@@ -104,6 +112,7 @@ const bool s_registered = [] {
         const std::string name = std::string("Real/") + format;
         benchmark::RegisterBenchmark((name + "/snprintf").c_str(), LibraryReal, format);
         benchmark::RegisterBenchmark((name + "/CNumberText").c_str(), OursReal, format);
+        benchmark::RegisterBenchmark((name + "/CNumberText to CStr").c_str(), OursText, format);
         benchmark::RegisterBenchmark((name + "/CStr::Format").c_str(), OursFormat, format);
     }
     for (const char* format : {"%d", "%6d", "%08x"}) {

@@ -71,7 +71,8 @@ public:
     {
         while (!format.empty()) {
             const std::size_t plain = std::min(format.find(u'%'), format.size());
-            m_result += format.substr(0, plain);
+            if (plain != 0)
+                m_result += format.substr(0, plain);
             format.remove_prefix(plain);
             if (format.empty())
                 break;

@@ -138,19 +138,6 @@ CStr::CStr(std::size_t count, char16_t unit)
     std::fill_n(SetLength(count), count, unit);
 }
 
-CStr::CStr(const CStr& other) noexcept
-{
-    std::memcpy(static_cast<void*>(this), &other, sizeof *this);
-    if (IsShared())
-        Buffer()->references.fetch_add(1, std::memory_order_relaxed);
-}
-
-CStr::CStr(CStr&& other) noexcept
-{
-    std::memcpy(static_cast<void*>(this), &other, sizeof *this);
-    other.m_tag = 0;
-}
-
 CStr& CStr::operator=(const CStr& other) noexcept
 {
     CStr copy(other);
@@ -169,8 +156,13 @@ void CStr::Swap(CStr& other) noexcept
 {
     alignas(CStr) unsigned char saved[sizeof(CStr)];
     std::memcpy(saved, static_cast<void*>(this), sizeof saved);
-    std::memcpy(static_cast<void*>(this), &other, sizeof saved);
+    CopyBytes(other);
     std::memcpy(static_cast<void*>(&other), saved, sizeof saved);
+}
+
+void CStr::AddReference() noexcept
+{
+    Buffer()->references.fetch_add(1, std::memory_order_relaxed);
 }
 
 void CStr::ReleaseBuffer() noexcept
@@ -185,14 +177,14 @@ void CStr::ReleaseBuffer() noexcept
 /// The header in front of a shared text's units.
 CStr::SBuffer* CStr::Buffer() const noexcept
 {
-    return reinterpret_cast<SBuffer*>(m_heap.units) - 1;
+    return reinterpret_cast<SBuffer*>(m_long.units) - 1;
 }
 
 char16_t* CStr::SetLength(std::size_t length)
 {
-    if (!IsShared() && length <= c_inlineCapacity) {
-        m_tag = static_cast<char16_t>(length);
-        return m_inline;
+    if (!IsShared() && length <= c_shortCapacity) {
+        m_short.tag = static_cast<char16_t>(length);
+        return m_short.units;
     }
     const bool alone = IsShared() && Buffer()->references.load(std::memory_order_acquire) == 1;
     if (!alone || Buffer()->capacity < length) {
@@ -202,11 +194,11 @@ char16_t* CStr::SetLength(std::size_t length)
             SBuffer::Create(growing ? std::max(length, GetLength() + GetLength() / 2 + 16) : length);
         CopyUnits(fresh->Units(), data(), kept);
         Release();
-        m_heap.units = fresh->Units();
-        m_tag = c_sharedTag;
+        m_long.tag = c_sharedTag;
+        m_long.units = fresh->Units();
     }
-    m_heap.length = length;
-    return m_heap.units;
+    m_long.length = length;
+    return m_long.units;
 }
 
 void CStr::Reserve(std::size_t length)
@@ -216,9 +208,9 @@ void CStr::Reserve(std::size_t length)
         return;
     SetLength(length);
     if (IsShared())
-        m_heap.length = kept;
+        m_long.length = kept;
     else
-        m_tag = static_cast<char16_t>(kept);
+        m_short.tag = static_cast<char16_t>(kept);
 }
 
 CStr& CStr::operator+=(std::u16string_view text)

@@ -4,7 +4,9 @@
 #include "Format.h"
 
 #include <compare>
+#include <concepts>
 #include <cstddef>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -17,21 +19,17 @@ namespace CommonUI
 /// A text of UTF-16 code units with value semantics: every key, name, file path and display text of the
 /// library.
 ///
-/// Texts of up to 11 code units lie in the object itself; longer ones share one buffer between their copies,
+/// Texts of up to 15 code units lie in the object itself; longer ones share one buffer between their copies,
 /// so that copying never copies characters. Lengths and positions count code units, not characters. The text
-/// need not be well-formed UTF-16. Different objects may be used in different threads, even when they share a
-/// buffer.
+/// need not be well-formed UTF-16. A text that was moved from is empty. Different objects may be used in
+/// different threads, even when they share a buffer.
 class COMMONDLL_API CStr
 {
 public:
     /// What the searching functions return when nothing was found.
     static constexpr std::size_t npos = std::u16string_view::npos;
 
-    CStr() noexcept
-        : m_tag(0)
-    {
-        m_inline[0] = 0;
-    }
+    CStr() noexcept { m_short.tag = 0; }
     CStr(const char16_t* text)
         : CStr(std::u16string_view(text))
     {
@@ -43,8 +41,17 @@ public:
     }
     /// `unit` repeated `count` times.
     CStr(std::size_t count, char16_t unit);
-    CStr(const CStr& other) noexcept;
-    CStr(CStr&& other) noexcept;
+    CStr(const CStr& other) noexcept
+    {
+        CopyBytes(other);
+        if (IsShared())
+            AddReference();
+    }
+    CStr(CStr&& other) noexcept
+    {
+        CopyBytes(other);
+        other.m_short.tag = 0;
+    }
     CStr& operator=(const CStr& other) noexcept;
     CStr& operator=(CStr&& other) noexcept;
     ~CStr() { Release(); }
@@ -58,10 +65,10 @@ public:
     /// The text as UTF-8. A surrogate without its partner becomes U+FFFD.
     std::string ToUtf8() const;
 
-    std::size_t GetLength() const noexcept { return IsShared() ? m_heap.length : m_tag; }
+    std::size_t GetLength() const noexcept { return IsShared() ? m_long.length : m_short.tag; }
     bool IsEmpty() const noexcept { return GetLength() == 0; }
     /// The code units; nothing stands behind the last one.
-    const char16_t* data() const noexcept { return IsShared() ? m_heap.units : m_inline; }
+    const char16_t* data() const noexcept { return IsShared() ? m_long.units : m_short.units; }
     std::u16string_view View() const noexcept { return {data(), GetLength()}; }
     operator std::u16string_view() const noexcept { return View(); }
     const char16_t* begin() const noexcept { return data(); }
@@ -127,33 +134,40 @@ public:
 
     void Swap(CStr& other) noexcept;
 
-    friend bool operator==(const CStr& a, const CStr& b) noexcept { return a.View() == b.View(); }
-    friend bool operator==(const CStr& a, std::u16string_view b) noexcept { return a.View() == b; }
-    friend bool operator==(const CStr& a, const char16_t* b) noexcept { return a.View() == b; }
+    template<class T>
+    requires std::convertible_to<const T&, std::u16string_view>
+    friend bool operator==(const CStr& a, const T& b) noexcept { return a.View() == std::u16string_view(b); }
     /// Ordering by code units, exact and independent of any locale.
-    friend std::strong_ordering operator<=>(const CStr& a, const CStr& b) noexcept
+    template<class T>
+    requires std::convertible_to<const T&, std::u16string_view>
+    friend std::strong_ordering operator<=>(const CStr& a, const T& b) noexcept
     {
-        return a.View() <=> b.View();
+        return a.View() <=> std::u16string_view(b);
     }
-    friend std::strong_ordering operator<=>(const CStr& a, std::u16string_view b) noexcept
-    {
-        return a.View() <=> b;
-    }
-    friend CStr operator+(CStr a, std::u16string_view b) { return std::move(a += b); }
-    friend CStr operator+(CStr a, const CStr& b) { return std::move(a += b.View()); }
-    friend CStr operator+(CStr a, const char16_t* b) { return std::move(a += b); }
+    template<class T>
+    requires std::convertible_to<const T&, std::u16string_view>
+    friend CStr operator+(CStr a, const T& b) { return std::move(a += std::u16string_view(b)); }
     friend CStr operator+(CStr a, char16_t b) { return std::move(a += b); }
-    friend CStr operator+(std::u16string_view a, const CStr& b) { return CStr(a) += b; }
-    friend CStr operator+(const char16_t* a, const CStr& b) { return CStr(a) += b; }
+    template<class T>
+    requires(std::convertible_to<const T&, std::u16string_view> && !std::same_as<T, CStr>) friend CStr
+    operator+(const T& a, const CStr& b)
+    {
+        return CStr(std::u16string_view(a)) += b;
+    }
 
 private:
     struct SBuffer;
 
-    static constexpr std::size_t c_inlineCapacity = 11;
+    static constexpr std::size_t c_shortCapacity = 15;
     static constexpr char16_t c_sharedTag = 0xFFFF;
 
-    bool IsShared() const noexcept { return m_tag == c_sharedTag; }
+    bool IsShared() const noexcept { return m_short.tag == c_sharedTag; }
     SBuffer* Buffer() const noexcept;
+    void CopyBytes(const CStr& other) noexcept
+    {
+        std::memcpy(static_cast<void*>(this), static_cast<const void*>(&other), sizeof *this);
+    }
+    void AddReference() noexcept;
     void Release() noexcept
     {
         if (IsShared())
@@ -161,14 +175,21 @@ private:
     }
     void ReleaseBuffer() noexcept;
 
-    union {
-        char16_t m_inline[c_inlineCapacity];
-        struct {
-            char16_t* units;
-            std::size_t length;
-        } m_heap;
+    /// The tag is the length of a short text, or c_sharedTag. As the first member of both it may be read
+    /// whichever of them is in use.
+    struct SShort {
+        char16_t tag;
+        char16_t units[c_shortCapacity];
     };
-    char16_t m_tag; ///< the length of an inline text, or c_sharedTag
+    struct SLong {
+        char16_t tag;
+        char16_t* units;
+        std::size_t length;
+    };
+    union {
+        SShort m_short;
+        SLong m_long;
+    };
 };
 
 /// `view` without white space (blank, tab, line feed, vertical tab, form feed, carriage return) at its ends.

@@ -2,9 +2,263 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
+#include <thread>
+#include <unordered_set>
+
 using namespace CommonUI;
 
-TEST(Str, Empty)
+namespace
 {
-    EXPECT_TRUE(CStr().IsEmpty());
+
+/// Texts around the length from which a text is shared instead of lying in the object.
+std::vector<CStr> TextsOfCriticalLengths()
+{
+    std::vector<CStr> texts;
+    for (const std::size_t length : {0, 1, 11, 12, 14, 15, 16, 17, 100})
+        texts.emplace_back(length, u'x');
+    return texts;
+}
+
+std::vector<CStr> List(std::initializer_list<const char16_t*> texts)
+{
+    return {texts.begin(), texts.end()};
+}
+
+} // namespace
+
+TEST(Str, MalformedUtf8)
+{
+    const struct {
+        std::string_view bytes;
+        std::u16string_view text;
+    } rows[] = {
+        {"", u""},
+        {"a\xC2\xB5\xE2\x82\xAC\xF0\x9F\x98\x80z", u"a\u00b5\u20ac\U0001F600z"},
+        {{"a\0b", 3}, {u"a\0b", 3}},
+        {"\xEF\xBB\xBF"
+         "a",
+         u"\uFEFFa"},
+        {"\xF4\x8F\xBF\xBF\xEE\x80\x80\xED\x9F\xBF", u"\U0010FFFF\uE000\uD7FF"},
+        // no sequence at all
+        {"\x80", u"\uFFFD"},
+        {"a\xBF\xBF", u"a\uFFFD\uFFFD"},
+        {"\xFE\xFF", u"\uFFFD\uFFFD"},
+        // overlong
+        {"\xC0\x80", u"\uFFFD\uFFFD"},
+        {"\xC1\xBF", u"\uFFFD\uFFFD"},
+        {"\xE0\x9F\xBF", u"\uFFFD\uFFFD\uFFFD"},
+        {"\xF0\x8F\xBF\xBF", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
+        // surrogates
+        {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
+        {"\xED\xBF\xBFz", u"\uFFFD\uFFFD\uFFFDz"},
+        // beyond U+10FFFF
+        {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
+        {"\xF5\x80\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
+        // cut short, at the end and by another character
+        {"\xC2", u"\uFFFD"},
+        {"\xE2\x82", u"\uFFFD"},
+        {"\xF0\x9F\x98", u"\uFFFD"},
+        {"\xF0\x9F\x98z", u"\uFFFDz"},
+        {"\xE2\x82\xE2\x82\xAC", u"\uFFFD\u20ac"},
+        {"\xC2(", u"\uFFFD("},
+        {"a\xF1\x80\x80\xE1\x80\xC2z\x80z\x80\xBF", u"a\uFFFD\uFFFD\uFFFDz\uFFFDz\uFFFD\uFFFD"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(CStr::FromUtf8(row.bytes), row.text) << testing::PrintToString(row.bytes);
+}
+
+TEST(Str, LoneSurrogatesLeaveAsReplacements)
+{
+    const struct {
+        std::u16string text;
+        std::string_view bytes;
+    } rows[] = {
+        {u"\u007f\u0080\u07ff\u0800\uffff\U00010000\U0010ffff",
+         "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
+        {{u'a', char16_t(0xD800)}, "a\xEF\xBF\xBD"},
+        {{char16_t(0xDC00), u'b'},
+         "\xEF\xBF\xBD"
+         "b"},
+        {{char16_t(0xDBFF), char16_t(0xD83D), char16_t(0xDE00)}, "\xEF\xBF\xBD\xF0\x9F\x98\x80"},
+        {{char16_t(0xDC00), char16_t(0xD800)}, "\xEF\xBF\xBD\xEF\xBF\xBD"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(CStr(row.text).ToUtf8(), row.bytes);
+}
+
+TEST(Str, AsciiBytesKeepTheirNumbers)
+{
+    CStr text = CStr::FromAscii("\x7F\x80\xFF");
+    EXPECT_EQ(text, u"\u007f\u0080\u00ff");
+    text.AppendAscii("").AppendAscii("abcdefghijklmnop");
+    EXPECT_EQ(text, u"\u007f\u0080\u00ffabcdefghijklmnop");
+}
+
+TEST(Str, CopiesAreIndependent)
+{
+    for (const CStr& original : TextsOfCriticalLengths()) {
+        const std::u16string expected(original.View());
+        CStr changed = original;
+        changed += u'y';
+        CStr reserved = original;
+        reserved.Reserve(200);
+        EXPECT_EQ(reserved, expected);
+        const char16_t* const place = reserved.data();
+        reserved += std::u16string(200 - expected.size(), u'z');
+        EXPECT_EQ(reserved.data(), place);
+        EXPECT_EQ(changed, expected + u'y');
+        EXPECT_EQ(original, expected);
+        CStr cleared = original;
+        cleared.Clear();
+        EXPECT_TRUE(cleared.IsEmpty());
+        EXPECT_EQ(original, expected);
+    }
+}
+
+TEST(Str, MovedFromIsEmptyAndUsable)
+{
+    for (CStr& text : TextsOfCriticalLengths()) {
+        const CStr expected = text;
+        CStr moved = std::move(text);
+        EXPECT_EQ(moved, expected);
+        EXPECT_TRUE(text.IsEmpty());
+        text += u"again";
+        EXPECT_EQ(text, u"again");
+        text = std::move(moved);
+        EXPECT_EQ(text, expected);
+        EXPECT_TRUE(moved.IsEmpty());
+        CStr& self = text;
+        text = std::move(self);
+        text = self;
+        text.Swap(self);
+        EXPECT_EQ(text, expected);
+    }
+}
+
+TEST(Str, AppendsPartsOfItself)
+{
+    for (const CStr& original : TextsOfCriticalLengths()) {
+        const std::u16string plain(original.View());
+        CStr text = original;
+        text += text;
+        EXPECT_EQ(text, plain + plain);
+        text += text.View().substr(text.GetLength() / 2);
+        EXPECT_EQ(text, plain + plain + plain);
+        CStr alone(plain);
+        for (int i = 0; i < 5; ++i)
+            alone += alone.View();
+        EXPECT_EQ(alone, CStr(32 * plain.size(), u'x'));
+    }
+}
+
+TEST(Str, SharedBufferInTwoThreads)
+{
+    const CStr original(50, u'x');
+    const auto work = [copy = original]() mutable {
+        for (int i = 0; i < 1000; ++i) {
+            CStr changed = copy;
+            changed += u'y';
+            copy = changed.Left(50);
+        }
+        EXPECT_EQ(copy, CStr(50, u'x'));
+    };
+    std::thread first(work), second(work);
+    first.join();
+    second.join();
+    EXPECT_EQ(original, CStr(50, u'x'));
+}
+
+TEST(Str, SplitAndReplace)
+{
+    const struct {
+        const char16_t* text;
+        const char16_t* delimiter;
+        std::vector<CStr> pieces;
+        const char16_t* replaced; ///< with "ab" for the delimiter
+    } rows[] = {
+        {u"", u",", List({u""}), u""},
+        {u"a", u",", List({u"a"}), u"a"},
+        {u",", u",", List({u"", u""}), u"ab"},
+        {u"a,b,,c,", u",", List({u"a", u"b", u"", u"c", u""}), u"aabbababcab"},
+        {u"a::b:c", u"::", List({u"a", u"b:c"}), u"aabb:c"},
+        {u"aaa", u"aa", List({u"", u"a"}), u"aba"},
+        {u"abc", u"", List({u"abc"}), u"abc"},
+        {u"a", u"abc", List({u"a"}), u"a"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(CStr(row.text).Split(row.delimiter), row.pieces) << ToUtf8(row.text);
+        EXPECT_EQ(CStr(row.text).Replace(row.delimiter, u"ab"), row.replaced) << ToUtf8(row.text);
+    }
+    EXPECT_EQ(CStr(u"a--b").Replace(u"-", u""), u"ab");
+}
+
+TEST(Str, Trim)
+{
+    const struct {
+        const char16_t* text;
+        const char16_t* both;
+        const char16_t* left;
+        const char16_t* right;
+    } rows[] = {
+        {u"", u"", u"", u""},
+        {u" \t\n\v\f\r", u"", u"", u""},
+        {u"a b", u"a b", u"a b", u"a b"},
+        {u" \r\na\t b\v ", u"a\t b", u"a\t b\v ", u" \r\na\t b"},
+        {u"\u00a0a\u2003", u"\u00a0a\u2003", u"\u00a0a\u2003", u"\u00a0a\u2003"},
+    };
+    for (const auto& row : rows) {
+        const CStr text(row.text);
+        EXPECT_EQ(text.Trim(), row.both);
+        EXPECT_EQ(text.TrimLeft(), row.left);
+        EXPECT_EQ(text.TrimRight(), row.right);
+    }
+}
+
+TEST(Str, FindsAndCuts)
+{
+    const CStr text(u"abcabc");
+    const std::size_t npos = CStr::npos;
+    EXPECT_EQ(text.Find(u"bc"), 1u);
+    EXPECT_EQ(text.Find(u"bc", 2), 4u);
+    EXPECT_EQ(text.Find(u'c', 6), npos);
+    EXPECT_EQ(text.Find(u"a", 100), npos);
+    EXPECT_EQ(text.ReverseFind(u"ab"), 3u);
+    EXPECT_EQ(text.ReverseFind(u'x'), npos);
+    EXPECT_EQ(text.FindOneOf(u"xcb", 2), 2u);
+    EXPECT_TRUE(text.StartsWith(u"") && text.StartsWith(u"abca") && !text.StartsWith(u"abcabca"));
+    EXPECT_TRUE(text.EndsWith(u"abc") && !text.EndsWith(u"ab") && text.Contains(u"ca"));
+    EXPECT_EQ(text.Mid(4), u"bc");
+    EXPECT_EQ(text.Mid(1, 2), u"bc");
+    EXPECT_EQ(text.Mid(6), u"");
+    EXPECT_EQ(text.Mid(npos, npos), u"");
+    EXPECT_EQ(text.Left(100), text);
+    EXPECT_EQ(text.Right(2), u"bc");
+    EXPECT_EQ(text.Right(100), text);
+}
+
+TEST(Str, OrdersByCodeUnits)
+{
+    const CStr sorted[] = {u"", u"A", u"AA", u"Z", u"a", u"a ", u"\u00e4", u"\U0001F600", u"\uFF21"};
+    EXPECT_TRUE(std::is_sorted(std::begin(sorted), std::end(sorted)));
+    for (const CStr& a : sorted)
+        for (const CStr& b : sorted) {
+            EXPECT_EQ(a == b, &a == &b);
+            EXPECT_EQ(a < b, &a < &b);
+            EXPECT_EQ(a > b.View(), &a > &b);
+        }
+    EXPECT_TRUE(sorted[1] < u"B" && u"B" > sorted[1] && sorted[1] == std::u16string(u"A"));
+    const std::map<CStr, int, std::less<>> map{{u"key", 1}};
+    EXPECT_TRUE(map.contains(std::u16string_view(u"key")));
+    EXPECT_TRUE(std::unordered_set<CStr>({CStr(20, u'x')}).contains(CStr(20, u'x')));
+}
+
+TEST(Str, Concatenates)
+{
+    const CStr a(u"a");
+    EXPECT_EQ(a + a + u"b" + u'c' + std::u16string(u"d") + std::u16string_view(u"e"), u"aabcde");
+    EXPECT_EQ(u"x" + a, u"xa");
+    EXPECT_EQ(std::u16string_view(u"y") + a, u"ya");
+    EXPECT_EQ(a, u"a");
 }

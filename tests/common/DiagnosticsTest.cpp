@@ -1,0 +1,88 @@
+#include "common/Diagnostics.h"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+#include <sstream>
+#include <thread>
+
+using namespace CommonUI;
+
+namespace
+{
+
+class CDiagnosticsTest : public testing::Test
+{
+protected:
+    CDiagnosticsTest()
+    {
+        m_diagnostics.SetSink([this](const SDiagnosticLine& line) {
+            m_lines.push_back(
+                CStr::Format(u"%d %s %d %s", line.level, line.category, line.indentation, line.text));
+        });
+    }
+
+    std::vector<CStr> TakeLines() { return std::exchange(m_lines, {}); }
+
+    CDiagnostics m_diagnostics;
+    std::vector<CStr> m_lines;
+};
+
+} // namespace
+
+TEST_F(CDiagnosticsTest, CategoryDecidesBelowWarning)
+{
+    const auto writeAll = [this](std::u16string_view category) {
+        for (const auto level : {EDiagnosticLevel::Trace, EDiagnosticLevel::Info, EDiagnosticLevel::Warning,
+                                 EDiagnosticLevel::Error})
+            m_diagnostics.Write(category, level, u"text");
+        return TakeLines();
+    };
+    const std::vector<CStr> grave = {u"2 Inifile 0 text", u"3 Inifile 0 text"};
+    const std::vector<CStr> all = {u"0 Inifile 0 text", u"1 Inifile 0 text", u"2 Inifile 0 text",
+                                   u"3 Inifile 0 text"};
+    EXPECT_EQ(writeAll(u"Inifile"), grave);
+    m_diagnostics.SetEnabled(u"3DStack", true);
+    EXPECT_EQ(writeAll(u"Inifile"), grave);
+    m_diagnostics.SetEnabled(u"Inifile", true);
+    m_diagnostics.SetEnabled(u"Inifile", true);
+    EXPECT_TRUE(m_diagnostics.IsEnabled(u"Inifile") && !m_diagnostics.IsEnabled(u"inifile"));
+    EXPECT_EQ(writeAll(u"Inifile"), all);
+    m_diagnostics.SetEnabled(u"Inifile", false);
+    m_diagnostics.SetEnabled(u"unknown", false);
+    EXPECT_EQ(writeAll(u"Inifile"), grave);
+    EXPECT_TRUE(m_diagnostics.IsEnabled(u"3DStack"));
+}
+
+TEST_F(CDiagnosticsTest, ScopesIndentTheirThread)
+{
+    const auto write = [this] { m_diagnostics.Write(u"c", EDiagnosticLevel::Error, u"t"); };
+    {
+        const CDiagnostics::CScope outer;
+        write();
+        {
+            const CDiagnostics::CScope inner;
+            write();
+            std::thread(write).join();
+        }
+        write();
+    }
+    write();
+    const std::vector<CStr> expected = {u"3 c 1 t", u"3 c 2 t", u"3 c 0 t", u"3 c 1 t", u"3 c 0 t"};
+    EXPECT_EQ(TakeLines(), expected);
+}
+
+TEST_F(CDiagnosticsTest, EmptySinkRestoresStandardError)
+{
+    std::ostringstream captured;
+    std::streambuf* const before = std::cerr.rdbuf(captured.rdbuf());
+    const CDiagnostics::CSink own = m_diagnostics.SetSink({});
+    const CDiagnostics::CScope scope;
+    m_diagnostics.Write(u"Inifile", EDiagnosticLevel::Warning, u"5 \u00b5m");
+    const CDiagnostics::CSink standard = m_diagnostics.SetSink(own);
+    std::cerr.rdbuf(before);
+    EXPECT_TRUE(standard);
+    EXPECT_EQ(captured.str(), "Inifile:   5 \xC2\xB5m\n");
+    m_diagnostics.Write(u"Inifile", EDiagnosticLevel::Warning, u"back");
+    EXPECT_EQ(TakeLines(), std::vector<CStr>{u"2 Inifile 1 back"});
+}
