@@ -1,5 +1,6 @@
 #include "model/RoughnessCatalogue.h"
 
+#include "common/Exceptions.h"
 #include "model/Enumerations.h"
 
 #include <algorithm>
@@ -248,6 +249,27 @@ std::span<const SRoughnessVariable> GetRoughnessVariables(ERoughnessParameters p
 {
     const SRow* const row = FindRow(parameter);
     return row ? row->variables : std::span<const SRoughnessVariable>();
+}
+
+CParameter MakeRoughnessParameter(ERoughnessParameters parameter)
+{
+    const auto& catalogue = GetRoughnessParametersEnum();
+    const auto entry = catalogue.Find(static_cast<int>(parameter));
+    if (entry == catalogue.end())
+        throw EInternal(u"RoughnessCatalogue", __LINE__, u"MakeRoughnessParameter",
+                        CStr::Format(u"Illegal Parameter ID: %d", parameter));
+    CParameter made(entry->GetValue(), entry->GetIniName(), entry->GetFriendlyString(),
+                    entry->GetShortFriendlyString(), entry->GetStandard(), false,
+                    RoughnessParameter2Dimension(parameter));
+    if (parameter == Count)
+        made.SetFloatFormat({CParameter::EFormatSpecifier::FormatInteger, 5});
+    int number = 0;
+    for (const SRoughnessVariable& row : GetRoughnessVariables(parameter)) {
+        CParameter variable(number++, row.key, GetString(row.textId), CStr(), 0, true, row.dimension);
+        variable.SetVariableValue(row.defaultValue);
+        made.AddVariable(variable);
+    }
+    return made;
 }
 
 } // namespace CommonUI

@@ -197,4 +197,9 @@ struct SRoughnessVariable {
 /// p below q.
 COMMONUI_API std::span<const SRoughnessVariable> GetRoughnessVariables(ERoughnessParameters parameter);
 
+/// A catalogue entry as a parameter to be chosen: with its texts, its dimension and its variables at their
+/// defaults. It is switched off, and the number of points is shown as an integer.
+/// @throws EInternal when the catalogue does not have the number: "Illegal Parameter ID: %d"
+COMMONUI_API CParameter MakeRoughnessParameter(ERoughnessParameters parameter);
+
 } // namespace CommonUI

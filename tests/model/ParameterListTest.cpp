@@ -17,25 +17,15 @@ using EFormat = CParameter::EFormatSpecifier;
 namespace
 {
 
-/// The parameter of a catalogue entry, with its variables.
-CParameter FromCatalogue(ERoughnessParameters id)
-{
-    const auto entry = GetRoughnessParametersEnum().Find(static_cast<int>(id));
-    CParameter parameter(entry->GetValue(), entry->GetIniName(), entry->GetFriendlyString(),
-                         entry->GetShortFriendlyString(), entry->GetStandard(), true,
-                         RoughnessParameter2Dimension(id));
-    for (const SRoughnessVariable& row : GetRoughnessVariables(id)) {
-        CParameter variable(0, row.key, GetString(row.textId), u"", 0, true, row.dimension);
-        variable.SetVariableValue(row.defaultValue);
-        parameter.AddVariable(variable);
-    }
-    return parameter;
-}
-
 std::vector<CParameter> StaticList()
 {
-    return {FromCatalogue(ERoughnessParameters::Sa), FromCatalogue(ERoughnessParameters::Sdc),
-            FromCatalogue(ERoughnessParameters::PlugIn)};
+    std::vector<CParameter> list;
+    for (const auto id :
+         {ERoughnessParameters::Sa, ERoughnessParameters::Sdc, ERoughnessParameters::PlugIn}) {
+        list.push_back(MakeRoughnessParameter(id));
+        list.back().SetOn(list.back().GetVariableCount() == 0);
+    }
+    return list;
 }
 
 std::vector<CParameter> SampleList()
