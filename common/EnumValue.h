@@ -37,6 +37,7 @@ public:
     operator T() const noexcept { return m_value; }
     /// Compares the number only.
     bool operator==(T value) const noexcept { return m_value == value; }
+    bool operator==(const CEnumValue& other) const noexcept { return m_value == other.m_value; }
 
     CStr GetIniName() const { return m_iniName; }
     CStr GetFriendlyString() const { return m_friendlyString; }

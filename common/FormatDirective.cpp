@@ -8,7 +8,31 @@ namespace CommonUI
 namespace
 {
 
-constexpr std::u16string_view c_numericLetters = u"diuxXofFeEgG";
+bool IsNumericLetter(char16_t letter)
+{
+    switch (letter) {
+    case u'd':
+    case u'i':
+    case u'u':
+    case u'x':
+    case u'X':
+    case u'o':
+    case u'f':
+    case u'F':
+    case u'e':
+    case u'E':
+    case u'g':
+    case u'G':
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool IsLengthModifier(char16_t unit)
+{
+    return unit == u'l' || unit == u'h' || unit == u'z' || unit == u'j' || unit == u't' || unit == u'L';
+}
 
 void ReadFlags(std::u16string_view& rest, SNumberFormat& format)
 {
@@ -56,8 +80,8 @@ void SkipLengthModifiers(std::u16string_view& rest)
 {
     if (Skip(rest, u"I64") || Skip(rest, u"I32"))
         return;
-    const std::size_t end = rest.find_first_not_of(u"hlzjtL");
-    rest.remove_prefix(std::min(end, rest.size()));
+    while (!rest.empty() && IsLengthModifier(rest.front()))
+        rest.remove_prefix(1);
 }
 
 } // namespace
@@ -76,12 +100,12 @@ bool ReadFormatDirective(std::u16string_view text, SFormatDirective& directive)
             found.format.precision = ReadLimitedNumber(rest);
     }
     SkipLengthModifiers(rest);
-    constexpr std::u16string_view c_otherLetters = u"cs%";
-    if (rest.empty() ||
-        (c_numericLetters.find(rest.front()) == rest.npos && c_otherLetters.find(rest.front()) == rest.npos))
+    if (rest.empty())
         return false;
-    const char16_t letter = rest.front() == u'i' ? u'd' : rest.front();
-    found.format.conversion = static_cast<char>(letter);
+    const char16_t letter = rest.front();
+    if (!IsNumericLetter(letter) && letter != u's' && letter != u'c' && letter != u'%')
+        return false;
+    found.format.conversion = letter == u'i' ? 'd' : static_cast<char>(letter);
     found.length = text.size() - rest.size() + 1;
     directive = found;
     return true;
@@ -92,8 +116,7 @@ bool ParseNumberFormat(std::u16string_view text, SNumberFormat& format)
     SFormatDirective directive;
     if (!text.starts_with(u'%') || !ReadFormatDirective(text, directive) || directive.length != text.size())
         return false;
-    if (c_numericLetters.find(text.back()) == text.npos || directive.widthFromArgument ||
-        directive.precisionFromArgument)
+    if (!IsNumericLetter(text.back()) || directive.widthFromArgument || directive.precisionFromArgument)
         return false;
     format = directive.format;
     return true;

@@ -1,6 +1,7 @@
 #include "common/NumberText.h"
 
 #include "common/DecimalDigits.h"
+#include "common/Exceptions.h"
 
 #include <algorithm>
 #include <charconv>
@@ -17,11 +18,11 @@ namespace CommonUI
 namespace
 {
 
-/// More than a double's digits before the point, its sign and point, and c_fewCharacters.
-constexpr std::size_t c_realOverhead = 309 + 2 + 16 + 1;
-/// More than an integer's digits in any base with sign and prefix, and c_fewCharacters.
-constexpr std::size_t c_integerOverhead = 48;
 constexpr std::size_t c_fewCharacters = 16;
+/// More than an integer's digits in any base with sign and prefix.
+constexpr std::size_t c_integerOverhead = 32 + c_fewCharacters;
+/// More than a double's digits before the point, its sign and point.
+constexpr std::size_t c_realOverhead = 312 + c_fewCharacters;
 /// More than the digits of an exponent: "e-308".
 constexpr std::size_t c_exponentRoom = 8;
 
@@ -133,6 +134,8 @@ void CNumberText::SetGeneral(double magnitude, const SNumberFormat& format, int 
 /// An integer conversion of a finite real number.
 void CNumberText::SetTruncated(double value, const SNumberFormat& format)
 {
+    if (!IsIntegerConversion(format.conversion))
+        throw EInternal(u"NumberText", __LINE__, u"CNumberText::SetTruncated", u"no conversion of a number");
     constexpr double c_twoTo63 = 9223372036854775808.0;
     const double whole = std::trunc(value);
     if (whole >= -c_twoTo63 && whole < c_twoTo63)
@@ -239,7 +242,7 @@ void CNumberText::Complete(std::string_view prefix, const SNumberFormat& format,
     for (std::size_t i = prefix.size(); i > 0; --i)
         *--m_begin = prefix[i - 1];
     if (format.leftAlign) {
-        std::copy(m_begin, m_end, m_begin - missing);
+        std::memmove(m_begin - missing, m_begin, length);
         m_begin -= missing;
         std::fill_n(m_end - missing, missing, ' ');
     } else if (!padZeros) {

@@ -42,7 +42,8 @@ COMMONDLL_API bool ParseNumberFormat(std::u16string_view text, SNumberFormat& fo
 /// The last digit is rounded half to even on the exact binary value. Infinity and not-a-number give "inf" and
 /// "nan" with their sign, in capitals under F, E and G. A real conversion of an integer takes its value as a
 /// double. An integer conversion of a real number drops the fraction; a number beyond 64 bits keeps all its
-/// decimal digits, and what is not finite stays "inf" or "nan".
+/// decimal digits, and what is not finite stays "inf" or "nan". A conversion letter that SNumberFormat does
+/// not name is a programming error (EInternal).
 ///
 /// The text lies in the object itself unless width and precision are together beyond about 40.
 class CNumberText

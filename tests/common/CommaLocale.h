@@ -18,7 +18,7 @@ protected:
     {
         ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr)
             << "LOCPATH must name the test locale's folder";
-        std::locale::global(std::locale("de_DE.UTF-8"));
+        std::locale::global(std::locale(std::locale::classic(), new CCommaPunctuation));
         ASSERT_STREQ(std::localeconv()->decimal_point, ",");
         char text[8];
         std::snprintf(text, sizeof text, "%.1f", 0.5);
@@ -30,6 +30,7 @@ protected:
     void TearDown() override
     {
         std::locale::global(std::locale::classic());
+        std::setlocale(LC_ALL, "C");
         if (m_c)
             freelocale(m_c);
     }
@@ -52,6 +53,13 @@ protected:
     }
 
 private:
+    /// A named std::locale would do, too, but some C libraries leak memory when they make one.
+    struct CCommaPunctuation : std::numpunct<char> {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+
     locale_t m_c = nullptr;
     std::vector<char> m_characters = std::vector<char>(512);
 };

@@ -1,4 +1,5 @@
 #include "common/NumberText.h"
+#include "common/Exceptions.h"
 
 #include "tests/common/CommaLocale.h"
 
@@ -243,6 +244,8 @@ TEST_F(CNumberTextTest, ConversionOfTheOtherKind)
         EXPECT_EQ(CNumberText(row.value, format).View(), row.text);
     }
     EXPECT_EQ(CNumberText(-3, SNumberFormat()).View(), "-3.000000");
+    EXPECT_THROW(CNumberText(1.5, {.conversion = 's'}), EInternal);
+    EXPECT_THROW(CNumberText(1, {.conversion = 'i'}), EInternal);
     EXPECT_EQ(CNumberText(3u, {.conversion = 'G', .width = 4}).View(), "   3");
 }
 

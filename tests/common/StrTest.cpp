@@ -16,7 +16,7 @@ namespace
 std::vector<CStr> TextsOfCriticalLengths()
 {
     std::vector<CStr> texts;
-    for (const std::size_t length : {0, 1, 11, 12, 14, 15, 16, 17, 100})
+    for (const std::size_t length : {0u, 1u, 11u, 12u, 14u, 15u, 16u, 17u, 100u})
         texts.emplace_back(length, u'x');
     return texts;
 }
