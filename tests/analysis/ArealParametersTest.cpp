@@ -83,10 +83,9 @@ TEST(ArealParameters, StraightMaterialRatioCurve)
 
 TEST(ArealParameters, CoreWithPeaksAndDales)
 {
-    // Falls by 40 to the 10 % point, by 8 to the 80 % point and by 60 to the end: the line through the core
-    // falls by 80/7.
+    // nm: falls by 40 to 10 %, by 8 to 80 % and by 60 to the end. The line through the core falls by 80/7.
     const SSurface surface = MakeSurface(1001, 1, [](double x, double) {
-        return 1e-9 * (x < 100 ? 48 - 0.4 * x + 0 : x <= 800 ? 8 - 8 * (x - 100) / 700 : -0.3 * (x - 800));
+        return 1e-9 * (x < 100 ? 48 - 0.4 * x : x <= 800 ? 8 - 8 * (x - 100) / 700 : -0.3 * (x - 800));
     });
     const auto values = ComputeAreal(surface);
     const double top = 8 + 8.0 / 7; // nm, of the line at 0 %
