@@ -13,8 +13,8 @@ enum class ELevelling {
 };
 
 /// Levels a surface in place. Missing points take no part and stay missing; without a valid point nothing
-/// happens. Where the valid points do not span a plane, as in a single line, the slope along them is all that
-/// is removed. What is left of an exact plane is zero, not the noise of rounding.
+/// happens. Where the valid points do not span a plane, as in a single line, the slope along them is all
+/// that is removed. What is left of an exact plane is zero, not the noise of rounding.
 void Level(SSurface& surface, ELevelling levelling);
 
 } // namespace SurfaceAnalysis

@@ -26,12 +26,12 @@ struct SCore {
     double Sk = c_undefined;   ///< core height, m
     double Spk = c_undefined;  ///< reduced peak height, m
     double Svk = c_undefined;  ///< reduced dale height, m
-    double Smr1 = c_undefined; ///< material ratio above which there are peaks only, percent
-    double Smr2 = c_undefined; ///< material ratio below which there are dales only, percent
+    double Smr1 = c_undefined; ///< material ratio at which peaks end and the core begins, percent
+    double Smr2 = c_undefined; ///< material ratio at which the core ends and dales begin, percent
 };
 
-/// The areal material ratio curve of a set of heights (ISO 25178-2: inverse material ratio): how high a plane
-/// lies that cuts a given share of the points.
+/// The areal material ratio curve of a set of heights (ISO 25178-2: inverse material ratio): how high a
+/// plane lies that cuts a given share of the points.
 ///
 /// The curve runs through the n heights in falling order at material ratios 0, 1/(n-1) … 1 and is straight
 /// between them, from the highest point at 0 % to the lowest at 100 %.
@@ -54,9 +54,9 @@ public:
     /// Void below the height of a material ratio, volume per area, m (ISO 25178-2: Vv).
     double GetVoidVolume(double percent) const;
     /// Core, peaks and dales (ISO 13565-2, ISO 25178-2: Sk family). The equivalent straight line is the
-    /// least-squares line through the 40 % of the curve whose secant falls least, the first of them if there
-    /// are several. Spk and Svk are the heights of triangles with the areas of the curve above and below the
-    /// core.
+    /// least-squares line through the 40 % of the curve whose secant falls least, the first of them if
+    /// there are several. Spk and Svk are the heights of triangles with the areas of the curve above and
+    /// below the core.
     SCore ComputeCore() const;
 
 private:

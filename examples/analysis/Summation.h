@@ -22,8 +22,8 @@ struct SSums {
     friend SSums operator+(SSums left, const SSums& right) { return left += right; }
 };
 
-/// Σ term(i) for i in [first, last), summed by halves so that the rounding error grows with the logarithm of
-/// the count. The terms are numbers or SSums.
+/// Σ term(i) for i in [first, last), summed by halves so that the rounding error grows with the logarithm
+/// of the count. The terms are numbers or SSums.
 template<class CTerm>
 auto PairwiseSum(std::size_t first, std::size_t last, const CTerm& term) -> decltype(term(first))
 {

@@ -8,8 +8,8 @@
 namespace SurfaceAnalysis
 {
 
-/// Walks through the text of a file and knows how to say what is wrong where. For the readers of this folder
-/// only.
+/// Walks through the text of a file and knows how to say what is wrong where. For the readers of this
+/// folder only.
 class CTextScanner
 {
 public:
