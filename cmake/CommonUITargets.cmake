@@ -24,6 +24,8 @@ function(commonui_compile_settings target)
             -Wcast-qual -Wformat=2 -Wimplicit-fallthrough)
         # One rounding for each operation: results do not depend on whether the machine has a fused multiply-add.
         target_compile_options(${target} PRIVATE -ffp-contract=off)
+        # A library calls its own functions directly: nobody may put others in their place, so they can be inlined.
+        target_compile_options(${target} PRIVATE -fno-semantic-interposition)
     endif()
     if(COMMONUI_SANITIZE)
         target_compile_options(${target} PRIVATE

@@ -115,53 +115,85 @@ std::u16string_view BodyStyle(const SCellInfo& cell)
     return cell.Has(SCellInfo::RowHeader) ? u"style=\"text-align:left;\"" : u"style=\"text-align:right;\"";
 }
 
-void AppendSpan(CTextBuilder& html, std::int32_t span)
-{
-    if (span >= 0 && span <= 9)
-        html += static_cast<char16_t>(u'0' + span);
-    else
-        html += CStr::Format(u"%d", span);
-}
+/// Everything that the opening tag of a cell depends on.
+struct STag {
+    std::u16string_view element; ///< "TH" or "TD"
+    std::u16string_view style;
+    std::u16string_view cssClass;
+    std::int32_t rowSpan;
+    std::int32_t columnSpan;
 
-/// An element "TH" or "TD" with its attributes and content.
-void AppendCell(CTextBuilder& html, std::u16string_view element, const SCellInfo& cell,
-                std::u16string_view style, std::u16string_view cssClass)
-{
-    html += u"<";
-    html += element;
-    html += u" ROWSPAN=";
-    AppendSpan(html, cell.rowSpan);
-    html += u" COLSPAN=";
-    AppendSpan(html, cell.columnSpan);
-    html += u" ";
-    html += style;
-    html += u" ";
-    html += cssClass;
-    html += u">";
-    bool first = true;
-    Detail::ForEachPiece(cell.text, [&](std::u16string_view piece) {
-        html += first ? u"<nobr>" : u"<br><nobr>";
-        html += piece;
-        html += u"</nobr>";
-        first = false;
-    });
-    html += u"</";
-    html += element;
-    html += u">\n";
-}
-
-void AppendRow(CTextBuilder& html, const CCells& cells, std::size_t index, const SSections& sections)
-{
-    const CRow& row = cells[index];
-    html += u"<TR>";
-    for (const SCellInfo& cell : row) {
-        if (cell.Has(SCellInfo::ColumnHeader))
-            AppendCell(html, u"TH", cell, HeaderStyle(cell), HeaderClass(cell, &cell == &row.back()));
-        else
-            AppendCell(html, u"TD", cell, BodyStyle(cell), BodyClass(cell, index, cells.size(), sections));
+    /// The texts are literals, so that comparing where they stand is enough.
+    bool operator==(const STag& other) const
+    {
+        return style.data() == other.style.data() && cssClass.data() == other.cssClass.data() &&
+               element.data() == other.element.data() && rowSpan == other.rowSpan &&
+               columnSpan == other.columnSpan;
     }
-    html += u"</TR>\n";
-}
+
+    CStr GetOpening() const
+    {
+        return CStr::Format(u"<%s ROWSPAN=%d COLSPAN=%d %s %s>", element, rowSpan, columnSpan, style,
+                            cssClass);
+    }
+};
+
+/// Writes rows of a table. Neighbouring cells mostly have the same tag, so that its text is kept.
+class CRowWriter
+{
+public:
+    CRowWriter(CTextBuilder& html, const CCells& cells)
+        : m_html(html)
+        , m_cells(cells)
+        , m_sections(cells)
+    {
+    }
+
+    const SSections& GetSections() const { return m_sections; }
+
+    void Append(std::size_t row)
+    {
+        m_html += u"<TR>";
+        for (const SCellInfo& cell : m_cells[row])
+            AppendCell(cell, TagOf(cell, row));
+        m_html += u"</TR>\n";
+    }
+
+private:
+    STag TagOf(const SCellInfo& cell, std::size_t row) const
+    {
+        if (cell.Has(SCellInfo::ColumnHeader))
+            return {u"TH", HeaderStyle(cell), HeaderClass(cell, &cell == &m_cells[row].back()), cell.rowSpan,
+                    cell.columnSpan};
+        return {u"TD", BodyStyle(cell), BodyClass(cell, row, m_cells.size(), m_sections), cell.rowSpan,
+                cell.columnSpan};
+    }
+
+    void AppendCell(const SCellInfo& cell, const STag& tag)
+    {
+        if (!(tag == m_tag)) {
+            m_tag = tag;
+            m_opening = tag.GetOpening() + u"<nobr>";
+            m_closing = u"</nobr></" + CStr(tag.element) + u">\n";
+        }
+        m_html += m_opening;
+        bool first = true;
+        Detail::ForEachPiece(cell.text, [&](std::u16string_view piece) {
+            if (!first)
+                m_html += u"</nobr><br><nobr>";
+            m_html += piece;
+            first = false;
+        });
+        m_html += m_closing;
+    }
+
+    CTextBuilder& m_html;
+    const CCells& m_cells;
+    SSections m_sections;
+    STag m_tag{};
+    CStr m_opening;
+    CStr m_closing;
+};
 
 /// The alignment of a selected cell. The misspelt value is what other programs have always been given: it
 /// leaves the cell at the reader's default alignment.
@@ -240,18 +272,22 @@ CStr CGridBaseOutputCtrl::GenerateResultsHTMLTable(const CCells& cells, bool omi
 {
     if (cells.empty())
         return {};
-    const SSections sections(cells);
     CTextBuilder html;
-    html += fullWidth ? u"<table style=\"width:100%;\">\n" : u"<table>\n";
+    CRowWriter writer(html, cells);
+    if (fullWidth)
+        html += u"<table style=\"width:100%;\">\n";
+    else
+        html += u"<table>\n";
     // The element of the column has never had its closing bracket; readers of the format rely on the exact
     // text.
     if (!omitColumnGroup)
         html += u"<colgroup><col class=\"first\"</colgroup>";
     html += u"<THEAD>\n";
     for (std::size_t row = 0; row < cells.size(); ++row) {
-        if (row == sections.headerRows)
+        if (row == writer.GetSections().headerRows)
             html += u"</THEAD>\n<TBODY>\n";
-        AppendRow(html, cells, row, sections);
+        writer.Append(row);
+        Detail::ReserveByRows(html, row + 1, cells.size());
     }
     html += u"</TBODY>\n</table>";
     return html.Take();

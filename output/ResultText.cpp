@@ -16,19 +16,15 @@ using CRow = CGridBaseOutputCtrl::CRow;
 using SCellInfo = CGridBaseOutputCtrl::SCellInfo;
 using Detail::c_lineEnd;
 
-bool IsOneLine(const CRow& row)
-{
-    return std::ranges::none_of(row, [](const SCellInfo& cell) { return cell.text.Contains(c_lineEnd); });
-}
-
 /// Writes one physical line of a row, whose texts `textOf` gives by the index of the cell.
 template<class TTextOf>
 void AppendLine(CTextBuilder& text, const CRow& row, TTextOf textOf)
 {
     for (std::size_t i = 0; i < row.size(); ++i) {
         if (i != 0 && row[i].columnSpan >= 1)
-            text += u'\t';
-        text += textOf(i);
+            text.Append(u'\t', textOf(i));
+        else
+            text += textOf(i);
     }
     text += c_lineEnd;
 }
@@ -46,6 +42,14 @@ void AppendWrappedRow(CTextBuilder& text, const CRow& row)
             return line < pieces[i].size() ? pieces[i][line] : std::u16string_view();
         });
     }
+}
+
+void AppendRow(CTextBuilder& text, const CRow& row)
+{
+    if (std::ranges::any_of(row, [](const SCellInfo& cell) { return Detail::HasReturn(cell.text); }))
+        AppendWrappedRow(text, row);
+    else
+        AppendLine(text, row, [&row](std::size_t i) { return row[i].text.View(); });
 }
 
 } // namespace
@@ -88,11 +92,9 @@ CStr CGridBaseOutputCtrl::GenerateSummaryText(const CCells& cells)
 CStr CGridBaseOutputCtrl::GenerateResultsText(const CCells& cells)
 {
     CTextBuilder text;
-    for (const CRow& row : cells) {
-        if (IsOneLine(row))
-            AppendLine(text, row, [&row](std::size_t i) { return row[i].text.View(); });
-        else
-            AppendWrappedRow(text, row);
+    for (std::size_t row = 0; row < cells.size(); ++row) {
+        AppendRow(text, cells[row]);
+        Detail::ReserveByRows(text, row + 1, cells.size());
     }
     return text.Take();
 }
