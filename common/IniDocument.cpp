@@ -26,11 +26,32 @@ std::uint32_t To32(std::size_t position)
     return static_cast<std::uint32_t>(position);
 }
 
-std::u16string ToUtf16(std::string_view wtf8)
+/// Calls `use` with a name as WTF-8. ASCII, as most names are, needs no copy for it: it is taken as it is.
+template<class TUse>
+std::uint32_t WithName(std::u16string_view name, TUse&& use)
 {
-    std::u16string text;
-    AppendUtf16(text, wtf8);
-    return text;
+    return IsAscii(name) ? use(name) : use(std::string_view(ToWtf8(name)));
+}
+
+bool IsSameName(std::string_view a, std::string_view b)
+{
+    return a == b;
+}
+
+bool IsSameName(std::string_view a, std::u16string_view ascii)
+{
+    if (a.size() != ascii.size())
+        return false;
+    std::size_t i = 0;
+    for (; i + 4 <= a.size(); i += 4) {
+        if (LoadFour(a.data() + i) != LoadFour(ascii.data() + i))
+            return false;
+    }
+    for (; i < a.size(); ++i) {
+        if (static_cast<unsigned char>(a[i]) != ascii[i])
+            return false;
+    }
+    return true;
 }
 
 /// How often each line end occurs.
@@ -68,7 +89,7 @@ void CIniDocument::Load(std::string bytes)
     m_tail = std::move(content.tail);
     m_sections.clear();
     m_sectionNames.Clear();
-    GetSection({});
+    AddSection({});
     Parse(std::move(content.text));
 }
 
@@ -108,8 +129,7 @@ void CIniDocument::Parse(std::string text)
 std::uint32_t CIniDocument::AddRecord(std::size_t begin, CLineEnds::SLine ends, std::uint32_t section,
                                       std::uint32_t after)
 {
-    const std::string_view text = std::string_view(m_text).substr(begin, ends.end - begin);
-    const SIniLine parts = ParseIniLine(text);
+    const SIniLine parts = ParseIniLine(std::string_view(m_text).substr(begin, ends.end - begin));
     const std::uint32_t length = To32(ends.next - begin);
     if (parts.kind == EIniLine::Filler && after != c_none) {
         SRecord& previous = m_lines[after];
@@ -122,37 +142,30 @@ std::uint32_t CIniDocument::AddRecord(std::size_t begin, CLineEnds::SLine ends, 
     SRecord& record = m_lines.emplace_back();
     record.begin = To32(begin);
     record.length = length;
+    record.section = section;
     Link(line, after);
     if (parts.kind == EIniLine::Filler)
         return line;
-
-    const std::string_view name = text.substr(parts.begin, parts.end - parts.begin);
-    record.quoted = parts.quoted;
-    record.section = section;
-    if (parts.kind == EIniLine::Header) {
-        std::string unquoted;
-        if (parts.quoted)
-            AppendWtf8(unquoted, Unquote(name));
-        AddHeader(line, parts.quoted ? unquoted : name);
-    } else if (parts.kind == EIniLine::Key) {
-        record.name = To32(parts.quoted ? m_names.size() : begin + parts.begin);
-        if (parts.quoted)
-            AppendWtf8(m_names, Unquote(name));
-        record.nameLength = To32(parts.quoted ? m_names.size() - record.name : name.size());
-        record.value = To32(begin + parts.value);
-        AddKey(line);
-    } else {
+    if (parts.kind == EIniLine::Header)
+        AddHeader(line, parts);
+    else if (parts.kind == EIniLine::Key)
+        AddKey(line, parts);
+    else
         record.kind = EKind::Malformed;
-    }
     m_sections[record.section].last = line;
     return line;
 }
 
-void CIniDocument::AddHeader(std::uint32_t line, std::string_view name)
+void CIniDocument::AddHeader(std::uint32_t line, const SIniLine& parts)
 {
     SRecord& record = m_lines[line];
+    const std::string_view stored = TextOf(record).substr(parts.begin, parts.end - parts.begin);
+    const std::string unquoted = parts.quoted ? ToWtf8(Unquote(stored)) : std::string();
+    const std::string_view name = parts.quoted ? unquoted : stored;
     record.kind = EKind::Header;
-    record.section = GetSection(name);
+    record.section = FindSection(name);
+    if (record.section == c_none)
+        record.section = AddSection(name);
     SSection& section = m_sections[record.section];
     if (section.firstHeader == c_none)
         section.firstHeader = line;
@@ -161,9 +174,19 @@ void CIniDocument::AddHeader(std::uint32_t line, std::string_view name)
     section.lastHeader = line;
 }
 
-void CIniDocument::AddKey(std::uint32_t line)
+void CIniDocument::AddKey(std::uint32_t line, const SIniLine& parts)
 {
     SRecord& record = m_lines[line];
+    record.value = record.begin + To32(parts.value);
+    record.name = record.begin + To32(parts.begin);
+    record.nameLength = To32(parts.end - parts.begin);
+    if (parts.quoted) {
+        const std::string unquoted = ToWtf8(Unquote(NameOf(record)));
+        record.quoted = true;
+        record.name = To32(m_names.size());
+        record.nameLength = To32(unquoted.size());
+        m_names += unquoted;
+    }
     const std::string_view name = NameOf(record);
     const std::uint32_t hash = HashKey(record.section, name);
     const std::uint32_t first = m_keys.Find(hash, [&](std::uint32_t other) {
@@ -202,20 +225,31 @@ void CIniDocument::VisitKeys(std::uint32_t section, TVisit&& visit) const
         visitPart(m_lines[header].next);
 }
 
-std::uint32_t CIniDocument::FindSection(std::string_view name) const
+template<class TUnit>
+std::uint32_t CIniDocument::FindSection(std::basic_string_view<TUnit> name) const
 {
-    return m_sectionNames.Find(HashName(name, m_hashKey),
-                               [&](std::uint32_t section) { return m_sections[section].name == name; });
+    return m_sectionNames.Find(HashName(name, m_hashKey), [&](std::uint32_t section) {
+        return IsSameName(m_sections[section].name, name);
+    });
 }
 
-std::uint32_t CIniDocument::GetSection(std::string_view name)
+std::uint32_t CIniDocument::AddSection(std::string_view name)
 {
-    if (const std::uint32_t found = FindSection(name); found != c_none)
-        return found;
     const std::uint32_t section = To32(m_sections.size());
     m_sections.push_back({std::string(name)});
     m_sectionNames.Insert(HashName(name, m_hashKey), section);
     return section;
+}
+
+std::uint32_t CIniDocument::GetSection(std::u16string_view name)
+{
+    const std::uint32_t found = WithName(name, [this](auto same) { return FindSection(same); });
+    return found != c_none ? found : AddSection(ToWtf8(name));
+}
+
+CStr CIniDocument::GetSectionName(std::uint32_t section) const
+{
+    return FromWtf8(m_sections[section].name);
 }
 
 bool CIniDocument::Exists(std::uint32_t section) const
@@ -226,35 +260,35 @@ bool CIniDocument::Exists(std::uint32_t section) const
     return exists;
 }
 
-bool CIniDocument::HasSection(std::string_view name) const
+bool CIniDocument::HasSection(std::u16string_view name) const
 {
-    const std::uint32_t section = FindSection(name);
+    const std::uint32_t section = WithName(name, [this](auto same) { return FindSection(same); });
     return section != c_none && Exists(section);
 }
 
-std::vector<std::string_view> CIniDocument::GetSections() const
+std::vector<CStr> CIniDocument::GetSections() const
 {
-    std::vector<std::string_view> names;
+    std::vector<CStr> names;
     if (Exists(0))
         names.emplace_back();
     for (std::uint32_t line = m_firstLine; line != c_none; line = m_lines[line].next) {
         const std::uint32_t section = m_lines[line].section;
         if (section != 0 && m_lines[line].kind == EKind::Header && m_sections[section].firstHeader == line)
-            names.push_back(m_sections[section].name);
+            names.push_back(GetSectionName(section));
     }
     return names;
 }
 
-std::vector<std::string> CIniDocument::GetKeys(std::uint32_t section) const
+std::vector<CStr> CIniDocument::GetKeys(std::uint32_t section) const
 {
-    std::vector<std::string> names;
+    std::vector<CStr> names;
     VisitKeys(section, [&](std::uint32_t line) {
         const std::string_view name = NameOf(m_lines[line]);
         const std::string_view trimmed = TrimBlanksRight(name);
         if (!IsSpaced(m_lines[line]))
-            names.emplace_back(name);
+            names.push_back(FromWtf8(name));
         else if (FindLine(section, trimmed, false) == line)
-            names.emplace_back(trimmed);
+            names.push_back(FromWtf8(trimmed));
     });
     return names;
 }
@@ -284,14 +318,17 @@ bool CIniDocument::IsSpaced(const SRecord& record) const
 }
 
 /// The blanks at the end of a name do not count, so that a name is found with them and without.
-std::uint32_t CIniDocument::HashKey(std::uint32_t section, std::string_view key) const
+template<class TUnit>
+std::uint32_t CIniDocument::HashKey(std::uint32_t section, std::basic_string_view<TUnit> key) const
 {
     return HashName(TrimBlanksRight(key), m_hashKey + section);
 }
 
 /// The line of the key: that of the exact name, else one whose name has blanks behind it, ornament or, if
 /// `anyBlanks`, not.
-std::uint32_t CIniDocument::FindLine(std::uint32_t section, std::string_view key, bool anyBlanks) const
+template<class TUnit>
+std::uint32_t CIniDocument::FindLine(std::uint32_t section, std::basic_string_view<TUnit> key,
+                                     bool anyBlanks) const
 {
     std::uint32_t spaced = c_none;
     std::uint32_t unspaced = c_none;
@@ -300,9 +337,9 @@ std::uint32_t CIniDocument::FindLine(std::uint32_t section, std::string_view key
         if (record.section != section)
             return false;
         const std::string_view name = NameOf(record);
-        if (name == key)
+        if (IsSameName(name, key))
             return true;
-        if (!record.quoted && TrimBlanksRight(name) == key) {
+        if (name.size() > key.size() && !record.quoted && IsSameName(TrimBlanksRight(name), key)) {
             std::uint32_t& first = IsSpaced(record) ? spaced : unspaced;
             first = std::min(first, line);
         }
@@ -313,9 +350,16 @@ std::uint32_t CIniDocument::FindLine(std::uint32_t section, std::string_view key
     return spaced == c_none && anyBlanks ? unspaced : spaced;
 }
 
-void CIniDocument::SetValue(std::uint32_t section, std::string_view key, std::string_view value)
+std::optional<std::string_view> CIniDocument::FindValue(std::uint32_t section, std::u16string_view key,
+                                                        bool anyBlanks) const
 {
-    const std::uint32_t line = FindLine(section, key, false);
+    const std::uint32_t line = WithName(key, [&](auto name) { return FindLine(section, name, anyBlanks); });
+    return line == c_none ? std::nullopt : std::optional(ValueOf(m_lines[line]));
+}
+
+void CIniDocument::SetValue(std::uint32_t section, std::u16string_view key, std::string_view value)
+{
+    const std::uint32_t line = WithName(key, [&](auto name) { return FindLine(section, name, false); });
     if (line == c_none) {
         AddKeyLine(section, key, value);
         return;
@@ -330,19 +374,20 @@ void CIniDocument::SetValue(std::uint32_t section, std::string_view key, std::st
     CompactIfWasteful();
 }
 
-void CIniDocument::AddKeyLine(std::uint32_t section, std::string_view key, std::string_view value)
+void CIniDocument::AddKeyLine(std::uint32_t section, std::u16string_view key, std::string_view value)
 {
     if (section != 0 && m_sections[section].firstHeader == c_none) {
-        const std::string name = QuoteSection(ToUtf16(m_sections[section].name), m_encoding);
+        const std::string name = QuoteSection(GetSectionName(section), m_encoding);
         InsertLine("[" + name + "]", section, m_lastLine);
     }
-    const std::string line = QuoteKey(ToUtf16(key), m_encoding).append("=").append(value);
+    const std::string line = QuoteKey(key, m_encoding).append("=").append(value);
     InsertLine(line, section, m_sections[section].last);
 }
 
-void CIniDocument::RemoveKey(std::uint32_t section, std::string_view key)
+void CIniDocument::RemoveKey(std::uint32_t section, std::u16string_view key)
 {
-    for (std::uint32_t line; (line = FindLine(section, key, false)) != c_none;)
+    const std::string name = ToWtf8(key);
+    for (std::uint32_t line; (line = FindLine(section, std::string_view(name), false)) != c_none;)
         EraseKey(line);
     CompactIfWasteful();
 }

@@ -3,6 +3,7 @@
 #include "IniEncoding.h"
 #include "IniIndex.h"
 #include "IniLine.h"
+#include "Str.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -16,7 +17,7 @@ namespace CommonUI
 
 /// The lines of an INI file with everything that stands in them, and an index of its keys.
 ///
-/// Names, values and lines are WTF-8 whatever the encoding of the file. All bytes lie in one text: the file's
+/// Lines and stored values are WTF-8 whatever the encoding of the file. All bytes lie in one text: the file's
 /// as it was read, behind it every line that was changed or added; a line is a record of positions in it, and
 /// the records are linked in the order of the file.
 class CIniDocument
@@ -37,35 +38,33 @@ public:
 
     /// The number of the section of that name; it stays when the section comes and goes. 0 is the unnamed
     /// section, which begins the file.
-    std::uint32_t GetSection(std::string_view name);
-    std::string_view GetSectionName(std::uint32_t section) const { return m_sections[section].name; }
+    std::uint32_t GetSection(std::u16string_view name);
+    CStr GetSectionName(std::uint32_t section) const;
     /// How many numbers of sections there are.
     std::size_t CountSections() const noexcept { return m_sections.size(); }
     /// Whether the file has a header of the section, or, of the unnamed one, a key.
-    bool HasSection(std::string_view name) const;
+    bool HasSection(std::u16string_view name) const;
     /// The names of the sections that the file has, each once, in its order.
-    std::vector<std::string_view> GetSections() const;
+    std::vector<CStr> GetSections() const;
     /// The names of the keys of a section in the order of the file, each once.
-    std::vector<std::string> GetKeys(std::uint32_t section) const;
+    std::vector<CStr> GetKeys(std::uint32_t section) const;
     void ClearSection(std::uint32_t section);
 
     /// The stored value without the blanks around it; nothing when there is no such key. It is valid until
     /// the next change. A key is found by its exact name, else by its name without blanks behind it.
-    std::optional<std::string_view> GetValue(std::uint32_t section, std::string_view key) const
+    std::optional<std::string_view> GetValue(std::uint32_t section, std::u16string_view key) const
     {
-        const std::uint32_t line = FindLine(section, key, true);
-        return line == c_none ? std::nullopt : std::optional(ValueOf(m_lines[line]));
+        return FindValue(section, key, true);
     }
     /// As GetValue, for the line that SetValue would change: a name that ends in a blank, with none behind
     /// the equals sign, is then another key than the same name without.
-    std::optional<std::string_view> GetValueToChange(std::uint32_t section, std::string_view key) const
+    std::optional<std::string_view> GetValueToChange(std::uint32_t section, std::u16string_view key) const
     {
-        const std::uint32_t line = FindLine(section, key, false);
-        return line == c_none ? std::nullopt : std::optional(ValueOf(m_lines[line]));
+        return FindValue(section, key, false);
     }
     /// Changes the value in its line, or adds a line at the end of the section. `value` is in stored form.
-    void SetValue(std::uint32_t section, std::string_view key, std::string_view value);
-    void RemoveKey(std::uint32_t section, std::string_view key);
+    void SetValue(std::uint32_t section, std::u16string_view key, std::string_view value);
+    void RemoveKey(std::uint32_t section, std::u16string_view key);
 
     /// Adds a line as it stands, without its line end: a header at the end of the file, any other behind the
     /// last line of `section`. Returns the section of the lines after it.
@@ -108,10 +107,16 @@ private:
     std::string_view ValueOf(const SRecord& record) const;
     bool IsSpaced(const SRecord& record) const;
 
-    std::uint32_t FindSection(std::string_view name) const;
+    template<class TUnit>
+    std::uint32_t FindSection(std::basic_string_view<TUnit> name) const;
+    std::uint32_t AddSection(std::string_view name);
     bool Exists(std::uint32_t section) const;
-    std::uint32_t HashKey(std::uint32_t section, std::string_view key) const;
-    std::uint32_t FindLine(std::uint32_t section, std::string_view key, bool anyBlanks) const;
+    template<class TUnit>
+    std::uint32_t HashKey(std::uint32_t section, std::basic_string_view<TUnit> key) const;
+    template<class TUnit>
+    std::uint32_t FindLine(std::uint32_t section, std::basic_string_view<TUnit> key, bool anyBlanks) const;
+    std::optional<std::string_view> FindValue(std::uint32_t section, std::u16string_view key,
+                                              bool anyBlanks) const;
     std::uint32_t LastLineOf(std::uint32_t section) const;
     template<class TVisit>
     void VisitKeys(std::uint32_t section, TVisit&& visit) const;
@@ -119,11 +124,11 @@ private:
     void Parse(std::string text);
     std::uint32_t AddRecord(std::size_t begin, CLineEnds::SLine ends, std::uint32_t section,
                             std::uint32_t after);
-    void AddHeader(std::uint32_t line, std::string_view name);
-    void AddKey(std::uint32_t line);
+    void AddHeader(std::uint32_t line, const SIniLine& parts);
+    void AddKey(std::uint32_t line, const SIniLine& parts);
     void Link(std::uint32_t line, std::uint32_t after);
     std::uint32_t InsertLine(std::string_view line, std::uint32_t section, std::uint32_t after);
-    void AddKeyLine(std::uint32_t section, std::string_view key, std::string_view value);
+    void AddKeyLine(std::uint32_t section, std::u16string_view key, std::string_view value);
     void EnsureLineEnd(std::uint32_t line);
     void ReplaceText(SRecord& record, const std::string& text);
     std::size_t AppendText(std::string_view text);

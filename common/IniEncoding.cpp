@@ -45,10 +45,7 @@ std::string FromUtf16Bytes(std::string_view bytes)
         const auto high = static_cast<unsigned char>(bytes[2 * i + 1]);
         units[i] = static_cast<char16_t>(low | (high << 8));
     }
-    std::string text;
-    text.reserve(units.size());
-    AppendWtf8(text, units);
-    return text;
+    return ToWtf8(units);
 }
 
 std::string ToUtf16Bytes(std::string_view text)
@@ -123,7 +120,8 @@ std::string EncodeIni(EIniEncoding encoding, std::string_view mark, std::string 
         return std::string(c_utf16Mark).append(ToUtf16Bytes(text)).append(tail);
     if (encoding == EIniEncoding::Western) {
         std::string bytes = std::string(mark).append(ToWestern(text));
-        if (IsAscii(text) || (EncodingOf(bytes) == EIniEncoding::Western && MarkOf(bytes) == mark))
+        if (IsAscii(std::string_view(text)) ||
+            (EncodingOf(bytes) == EIniEncoding::Western && MarkOf(bytes) == mark))
             return bytes;
         mark = c_utf8Mark;
     }
@@ -141,7 +139,7 @@ bool IsWestern(char16_t unit) noexcept
 
 EIniEncoding WideEnough(EIniEncoding wanted, std::string_view text)
 {
-    if (IsAscii(text) || wanted == EIniEncoding::Utf16)
+    if (IsAscii(std::string_view(text)) || wanted == EIniEncoding::Utf16)
         return wanted;
     if (HasSurrogate(text))
         return EIniEncoding::Utf16;

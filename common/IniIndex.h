@@ -8,27 +8,40 @@
 namespace CommonUI
 {
 
+inline std::uint32_t LoadFour(const char* at) noexcept
+{
+    std::uint32_t bytes;
+    std::memcpy(&bytes, at, sizeof bytes);
+    return bytes;
+}
+
+/// Four ASCII characters as the bytes that they would be, whatever the byte order.
+inline std::uint32_t LoadFour(const char16_t* at) noexcept
+{
+    std::uint64_t units;
+    std::memcpy(&units, at, sizeof units);
+    const std::uint64_t pairs = (units | (units >> 8)) & 0x0000FFFF0000FFFF;
+    return static_cast<std::uint32_t>(pairs | (pairs >> 16));
+}
+
 /// A hash of names under a secret key: whoever writes a file cannot choose names that collide. It is the NH
-/// construction (32-bit sums multiplied, as in UMAC, RFC 4418, 5.2), its keys stretched from one.
-inline std::uint32_t HashName(std::string_view name, std::uint64_t key) noexcept
+/// construction (32-bit sums multiplied, as in UMAC, RFC 4418, 5.2), its keys stretched from one. ASCII has
+/// the same hash as bytes and as UTF-16.
+template<class TUnit>
+std::uint32_t HashName(std::basic_string_view<TUnit> name, std::uint64_t key) noexcept
 {
     constexpr std::uint64_t stretch = 0x9E3779B97F4A7C15;
-    const auto load = [](const char* at) {
-        std::uint32_t four;
-        std::memcpy(&four, at, 4);
-        return four;
-    };
     std::uint64_t sum = key ^ name.size();
     const auto mix = [&](std::uint32_t low, std::uint32_t high) {
         key = (key ^ (key >> 29)) * stretch;
         sum += std::uint64_t(std::uint32_t(low + key)) * std::uint32_t(high + (key >> 32));
     };
-    const char* at = name.data();
+    const TUnit* at = name.data();
     std::size_t rest = name.size();
     for (; rest > 8; rest -= 8, at += 8)
-        mix(load(at), load(at + 4));
+        mix(LoadFour(at), LoadFour(at + 4));
     if (rest >= 4) {
-        mix(load(at), load(at + rest - 4));
+        mix(LoadFour(at), LoadFour(at + rest - 4));
     } else if (rest > 0) {
         const auto byte = [at](std::size_t i) { return std::uint32_t(static_cast<unsigned char>(at[i])); };
         mix(byte(0) | (byte(rest / 2) << 8) | (byte(rest - 1) << 16), 0);
@@ -103,7 +116,7 @@ private:
         for (const SEntry& entry : m_entries)
             live += entry.number < c_erased ? 1 : 0;
         std::size_t size = 16;
-        while (size < 4 * live)
+        while (size < 3 * live)
             size *= 2;
         std::vector<SEntry> old(size);
         old.swap(m_entries);

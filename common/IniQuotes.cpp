@@ -39,8 +39,7 @@ bool IsPlain(std::u16string_view text, EIniEncoding encoding)
 
 bool HasBlankEnd(std::u16string_view text)
 {
-    const auto isBlank = [](char16_t unit) { return unit == ' ' || unit == '\t'; };
-    return !text.empty() && (isBlank(text.front()) || isBlank(text.back()));
+    return !text.empty() && (IsBlank(text.front()) || IsBlank(text.back()));
 }
 
 void AppendEscape(std::string& stored, char16_t unit)
@@ -128,25 +127,6 @@ std::size_t AppendUnescaped(std::u16string& text, std::string_view inner, std::s
 }
 
 } // namespace
-
-std::size_t SkipBlanks(std::string_view text, std::size_t at) noexcept
-{
-    while (at < text.size() && IsBlank(text[at]))
-        ++at;
-    return at;
-}
-
-std::string_view TrimBlanksRight(std::string_view text) noexcept
-{
-    while (!text.empty() && IsBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
-std::string_view TrimBlanks(std::string_view text) noexcept
-{
-    return TrimBlanksRight(text.substr(SkipBlanks(text, 0)));
-}
 
 std::size_t FindClosingQuote(std::string_view text, std::size_t open) noexcept
 {

@@ -13,15 +13,32 @@
 namespace CommonUI
 {
 
-constexpr bool IsBlank(char c) noexcept
+template<class TUnit>
+constexpr bool IsBlank(TUnit unit) noexcept
 {
-    return c == ' ' || c == '\t';
+    return unit == ' ' || unit == '\t';
 }
 
 /// The first position at or after `at` that holds no blank, or the size.
-std::size_t SkipBlanks(std::string_view text, std::size_t at) noexcept;
-std::string_view TrimBlanks(std::string_view text) noexcept;
-std::string_view TrimBlanksRight(std::string_view text) noexcept;
+inline std::size_t SkipBlanks(std::string_view text, std::size_t at) noexcept
+{
+    while (at < text.size() && IsBlank(text[at]))
+        ++at;
+    return at;
+}
+
+template<class TUnit>
+std::basic_string_view<TUnit> TrimBlanksRight(std::basic_string_view<TUnit> text) noexcept
+{
+    while (!text.empty() && IsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+inline std::string_view TrimBlanks(std::string_view text) noexcept
+{
+    return TrimBlanksRight(text.substr(SkipBlanks(text, 0)));
+}
 
 /// The place of the quote that ends what begins with the quote at `open`, or npos.
 std::size_t FindClosingQuote(std::string_view text, std::size_t open) noexcept;

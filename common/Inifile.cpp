@@ -19,41 +19,6 @@ namespace
 
 constexpr std::u16string_view c_category = u"Inifile";
 
-/// A name as WTF-8; one of ordinary length and ASCII characters, as most are, needs no allocation.
-class CName
-{
-public:
-    explicit CName(std::u16string_view name)
-    {
-        if (!StoreAscii(name)) {
-            AppendWtf8(m_long, name);
-            m_view = m_long;
-        }
-    }
-    CName(const CName&) = delete;
-    CName& operator=(const CName&) = delete;
-
-    operator std::string_view() const { return m_view; }
-
-private:
-    bool StoreAscii(std::u16string_view name)
-    {
-        if (name.size() > sizeof m_short)
-            return false;
-        char16_t all = 0;
-        for (std::size_t i = 0; i < name.size(); ++i) {
-            all = static_cast<char16_t>(all | name[i]);
-            m_short[i] = static_cast<char>(name[i]);
-        }
-        m_view = std::string_view(m_short, name.size());
-        return all < 0x80;
-    }
-
-    char m_short[64];
-    std::string m_long;
-    std::string_view m_view;
-};
-
 template<class T>
 bool IsSame(const T& a, const T& b)
 {
@@ -94,7 +59,6 @@ CInifile::CInifile()
 CInifile::CInifile(const CInifile& other)
     : m_document(std::make_unique<CIniDocument>(*other.m_document))
     , m_fileName(other.m_fileName)
-    , m_sectionName(other.m_sectionName)
     , m_section(other.m_section)
     , m_parseSection(other.m_parseSection)
 {
@@ -126,7 +90,6 @@ void CInifile::Swap(CInifile& other) noexcept
 {
     m_document.swap(other.m_document);
     m_fileName.Swap(other.m_fileName);
-    m_sectionName.Swap(other.m_sectionName);
     std::swap(m_section, other.m_section);
     std::swap(m_parseSection, other.m_parseSection);
 }
@@ -153,8 +116,9 @@ bool CInifile::LoadCopy(const CStr& fileName)
 
 void CInifile::LoadBytes(std::string bytes)
 {
+    const CStr section = GetSection();
     m_document->Load(std::move(bytes));
-    m_section = m_document->GetSection(CName(m_sectionName));
+    SelectSection(section);
     m_parseSection = 0;
 }
 
@@ -183,7 +147,7 @@ void CInifile::Merge(const CInifile& other)
         return;
     for (std::uint32_t from = 0; from < other.m_document->CountSections(); ++from) {
         const std::uint32_t to = m_document->GetSection(other.m_document->GetSectionName(from));
-        for (const std::string& key : other.m_document->GetKeys(from)) {
+        for (const CStr& key : other.m_document->GetKeys(from)) {
             const std::string_view value = *other.m_document->GetValue(from, key);
             m_document->MakeRoomFor(value);
             m_document->SetValue(to, key, value);
@@ -193,16 +157,19 @@ void CInifile::Merge(const CInifile& other)
 
 void CInifile::ParseLine(std::u16string_view line)
 {
-    std::string text;
-    AppendWtf8(text, line);
+    const std::string text = ToWtf8(line);
     m_document->MakeRoomFor(text);
     m_parseSection = m_document->AddLine(text, m_parseSection);
 }
 
 void CInifile::SelectSection(std::u16string_view name)
 {
-    m_section = m_document->GetSection(CName(name));
-    m_sectionName = name;
+    m_section = m_document->GetSection(name);
+}
+
+CStr CInifile::GetSection() const
+{
+    return m_document->GetSectionName(m_section);
 }
 
 void CInifile::ClearSection()
@@ -212,58 +179,51 @@ void CInifile::ClearSection()
 
 bool CInifile::HasSection(std::u16string_view name) const
 {
-    return m_document->HasSection(CName(name));
+    return m_document->HasSection(name);
 }
 
 std::vector<CStr> CInifile::GetSections() const
 {
-    std::vector<CStr> names;
-    for (const std::string_view name : m_document->GetSections())
-        names.push_back(FromWtf8(name));
-    return names;
+    return m_document->GetSections();
 }
 
 bool CInifile::HasKey(std::u16string_view key) const
 {
-    return m_document->GetValue(m_section, CName(key)).has_value();
+    return m_document->GetValue(m_section, key).has_value();
 }
 
 void CInifile::RemoveKey(std::u16string_view key)
 {
-    m_document->RemoveKey(m_section, CName(key));
+    m_document->RemoveKey(m_section, key);
 }
 
 std::vector<CStr> CInifile::GetKeys() const
 {
-    std::vector<CStr> names;
-    for (const std::string& name : m_document->GetKeys(m_section))
-        names.push_back(FromWtf8(name));
-    return names;
+    return m_document->GetKeys(m_section);
 }
 
 template<class T>
 T CInifile::Read(std::u16string_view key, const T& byDefault) const
 {
-    const auto stored = m_document->GetValue(m_section, CName(key));
+    const auto stored = m_document->GetValue(m_section, key);
     if (!stored)
         return byDefault;
     T value{};
     if (ParseIniValue(*stored, value))
         return value;
-    WarnUnreadable(m_sectionName, key, *stored);
+    WarnUnreadable(GetSection(), key, *stored);
     return byDefault;
 }
 
 template<class T>
 void CInifile::Write(std::u16string_view key, const T& value)
 {
-    const CName name(key);
     T present{};
-    if (const auto stored = m_document->GetValueToChange(m_section, name)) {
+    if (const auto stored = m_document->GetValueToChange(m_section, key)) {
         if (ParseIniValue(*stored, present) && IsSame(present, value))
             return;
     }
-    m_document->SetValue(m_section, name, FormatIniValue(value, m_document->GetEncoding()));
+    m_document->SetValue(m_section, key, FormatIniValue(value, m_document->GetEncoding()));
 }
 
 bool CInifile::ReadBool(std::u16string_view key, bool byDefault) const

@@ -82,7 +82,7 @@ public:
     /// Makes a section the current one, which the functions below use. It comes into being when a key is
     /// written to it.
     void SelectSection(std::u16string_view name);
-    const CStr& GetSection() const noexcept { return m_sectionName; }
+    CStr GetSection() const;
     /// Removes all keys of the current section. Its header and comments stay.
     void ClearSection();
     /// Whether a section exists, be it empty. The unnamed one exists when it has a key.
@@ -130,7 +130,6 @@ private:
 
     std::unique_ptr<CIniDocument> m_document; ///< never null
     CStr m_fileName;
-    CStr m_sectionName;
     unsigned m_section = 0;      ///< the number of the current section in the document
     unsigned m_parseSection = 0; ///< the section that ParseLine adds to
 };

@@ -85,14 +85,6 @@ void AppendCode(std::string& bytes, char32_t code)
 
 } // namespace
 
-bool IsAscii(std::string_view bytes) noexcept
-{
-    unsigned char all = 0;
-    for (const char c : bytes)
-        all |= static_cast<unsigned char>(c);
-    return all < 0x80;
-}
-
 bool IsUtf8(std::string_view bytes) noexcept
 {
     for (std::size_t at = SkipAscii(bytes, 0); at < bytes.size();) {
@@ -114,6 +106,14 @@ void AppendWtf8(std::string& bytes, std::u16string_view text)
             AppendCode(bytes, text[at]);
         }
     }
+}
+
+std::string ToWtf8(std::u16string_view text)
+{
+    std::string bytes;
+    bytes.reserve(text.size());
+    AppendWtf8(bytes, text);
+    return bytes;
 }
 
 void AppendUtf16(std::u16string& text, std::string_view wtf8)

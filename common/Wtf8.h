@@ -3,6 +3,9 @@
 #include "Export.h"
 #include "Str.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -13,7 +16,22 @@
 namespace CommonUI
 {
 
-COMMONDLL_API bool IsAscii(std::string_view bytes) noexcept;
+template<class TUnit>
+bool IsAscii(std::basic_string_view<TUnit> text) noexcept
+{
+    constexpr std::uint64_t beyond = sizeof(TUnit) == 1 ? 0x8080808080808080 : 0xFF80FF80FF80FF80;
+    constexpr std::size_t atOnce = sizeof beyond / sizeof(TUnit);
+    std::uint64_t all = 0;
+    for (; text.size() >= atOnce; text.remove_prefix(atOnce)) {
+        std::uint64_t units;
+        std::memcpy(&units, text.data(), sizeof units);
+        all |= units;
+    }
+    unsigned rest = 0;
+    for (const TUnit unit : text)
+        rest |= static_cast<unsigned>(unit);
+    return (all & beyond) == 0 && rest < 0x80;
+}
 
 /// Whether the bytes are well-formed UTF-8 (Unicode Standard, table 3-7); surrogates are not.
 COMMONDLL_API bool IsUtf8(std::string_view bytes) noexcept;
@@ -30,6 +48,7 @@ inline bool IsSurrogate(char16_t unit) noexcept
 }
 
 COMMONDLL_API void AppendWtf8(std::string& bytes, std::u16string_view text);
+COMMONDLL_API std::string ToWtf8(std::u16string_view text);
 
 /// Appends the text of bytes that AppendWtf8 made or that IsUtf8 accepts; of others, some text.
 COMMONDLL_API void AppendUtf16(std::u16string& text, std::string_view wtf8);
