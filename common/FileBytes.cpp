@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <fstream>
 #include <ios>
-#include <new>
 #include <random>
 #include <system_error>
 

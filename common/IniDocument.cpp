@@ -370,7 +370,7 @@ void CIniDocument::SetValue(std::uint32_t section, std::u16string_view key, std:
         return;
     std::string text(TextOf(record));
     text.replace(static_cast<std::size_t>(old.data() - TextOf(record).data()), old.size(), value);
-    ReplaceText(record, text);
+    ChangeText(record, text);
     CompactIfWasteful();
 }
 
@@ -445,10 +445,10 @@ void CIniDocument::EnsureLineEnd(std::uint32_t line)
         return;
     const std::string_view text = TextOf(m_lines[line]);
     if (!text.empty() && text.back() != '\n' && text.back() != '\r')
-        ReplaceText(m_lines[line], std::string(text) + m_lineEnd);
+        ChangeText(m_lines[line], std::string(text) + m_lineEnd);
 }
 
-void CIniDocument::ReplaceText(SRecord& record, const std::string& text)
+void CIniDocument::ChangeText(SRecord& record, const std::string& text)
 {
     const std::uint32_t begin = To32(AppendText(text));
     m_waste += record.length;

@@ -130,7 +130,7 @@ private:
     std::uint32_t InsertLine(std::string_view line, std::uint32_t section, std::uint32_t after);
     void AddKeyLine(std::uint32_t section, std::u16string_view key, std::string_view value);
     void EnsureLineEnd(std::uint32_t line);
-    void ReplaceText(SRecord& record, const std::string& text);
+    void ChangeText(SRecord& record, const std::string& text);
     std::size_t AppendText(std::string_view text);
     void EraseKey(std::uint32_t line);
     void CompactIfWasteful();

@@ -128,7 +128,8 @@ std::string EncodeIni(EIniEncoding encoding, std::string_view mark, std::string 
     // A text that begins with the mark's own character needs a mark in front, or it would be taken for it.
     if (mark.empty() && MarkOf(text) == c_utf8Mark)
         mark = c_utf8Mark;
-    return mark.empty() ? text : std::string(mark).append(text);
+    text.insert(0, mark);
+    return text;
 }
 
 bool IsWestern(char16_t unit) noexcept

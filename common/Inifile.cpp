@@ -1,6 +1,7 @@
 #include "common/Inifile.h"
 
 #include "common/Diagnostics.h"
+#include "common/Exceptions.h"
 #include "common/FileBytes.h"
 #include "common/IniDocument.h"
 #include "common/IniValue.h"
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <new>
 #include <utility>
 
 namespace CommonUI
@@ -109,13 +111,22 @@ bool CInifile::LoadCopy(const CStr& fileName)
 {
     std::string bytes;
     CStr reason;
-    const bool read = ReadFileBytes(fileName, bytes, CIniDocument::c_maximumSize, reason);
-    LoadBytes(std::move(bytes));
-    return read || Warn(u"Cannot load \"" + fileName + u"\": " + reason);
+    bool loaded = ReadFileBytes(fileName, bytes, CIniDocument::c_maximumSize, reason);
+    try {
+        LoadBytes(std::move(bytes));
+    } catch (const std::bad_alloc&) {
+        // A file of the shortest possible lines needs some 25 times its size.
+        Clear();
+        loaded = false;
+        reason = u"not enough memory";
+    }
+    return loaded || Warn(u"Cannot load \"" + fileName + u"\": " + reason);
 }
 
 void CInifile::LoadBytes(std::string bytes)
 {
+    if (bytes.size() > CIniDocument::c_maximumSize)
+        throw EInternal(u"Inifile", __LINE__, u"CInifile::LoadBytes", u"more than 1 GiB");
     const CStr section = GetSection();
     m_document->Load(std::move(bytes));
     SelectSection(section);

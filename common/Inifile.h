@@ -56,7 +56,7 @@ public:
     bool Load(const CStr& fileName);
     /// As Load, but the file name of this object stays what it is: the content is a copy of that file.
     bool LoadCopy(const CStr& fileName);
-    /// Replaces the content by what the bytes of a file would give.
+    /// Replaces the content by what the bytes of a file would give, 1 GiB at most.
     void LoadBytes(std::string bytes);
     /// The bytes that Save would write.
     std::string GetBytes() const;
