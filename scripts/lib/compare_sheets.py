@@ -2,8 +2,8 @@
 
 compare_sheets.py REPORT.TXT TEXT_SHEET.FODS HTML_SHEET.FODS
 
-The text report has summary lines "label: value", an empty line, and result lines of tab-separated cells, of which the
-first is the header.
+The text report has summary lines "label: value" and then tables of tab-separated cells, each behind an empty line. The
+header of a table may take several lines: those behind the first begin with an empty cell.
 """
 
 import math
@@ -54,13 +54,23 @@ def read_sheet(path):
 
 
 def read_text(path):
+    """The summary lines and the rows of each table, as they stand."""
     with open(path, encoding="utf-8-sig", newline="") as file:
-        lines = file.read().split("\r\n")
-    gap = lines.index("")
-    results = [line.split("\t") for line in lines[gap + 1 :] if line]
-    if len(results) < 2:
+        blocks = file.read().strip("\r\n").split("\r\n\r\n")
+    if len(blocks) < 2:
         sys.exit(f"{path}: no results")
-    return lines[:gap], results
+    return blocks[0].split("\r\n"), [[line.split("\t") for line in block.split("\r\n")] for block in blocks[1:]]
+
+
+def unwrapped(table):
+    """The rows of a table with the lines of its header joined, as they are in one cell of the HTML report."""
+    rows = [table[0]]
+    for row in table[1:]:
+        if len(rows) == 1 and row[0] == "":
+            rows[0] = [f"{above} {below}".strip() for above, below in zip(rows[0], row)]
+        else:
+            rows.append(row)
+    return rows
 
 
 def matches(cells, expected):
@@ -68,31 +78,32 @@ def matches(cells, expected):
     return missing >= 0 and all(c.shows(e) for c, e in zip(cells, expected)) and not any(expected[len(cells) :])
 
 
-def compare(name, sheet, start, expected):
-    """The faults of the expected rows, which have to stand one below the other from row `start` on."""
-    found = sheet[start:] + [[]] * len(expected)
-    return [
-        f"{name}, row {start + i + 1}: expected {row}, found {cells}"
+def compare(name, sheet, expected):
+    """The faults of the sheet's rows, which have to be the expected ones from the first to the last."""
+    found = sheet + [[]] * (len(expected) - len(sheet))
+    faults = [
+        f"{name}, row {i + 1}: expected {row}, found {cells}"
         for i, (row, cells) in enumerate(zip(expected, found))
         if not matches(cells, row)
     ]
+    return faults + [f"{name}, row {i + 1}: unexpected" for i in range(len(expected), len(found)) if found[i]]
 
 
 def main(text_path, text_sheet_path, html_sheet_path):
-    summary, results = read_text(text_path)
-    faults = compare("text", read_sheet(text_sheet_path), 0, [[line] for line in summary] + [[]] + results)
+    summary, tables = read_text(text_path)
+    expected = [[line] for line in summary]
+    for table in tables:
+        expected += [[]] + table
+    faults = compare("text", read_sheet(text_sheet_path), expected)
 
-    sheet = read_sheet(html_sheet_path)
-    headers = [i for i, cells in enumerate(sheet) if matches(cells, results[0])]
-    if headers:
-        faults += compare("HTML", sheet, 0, [line.split(": ", 1) for line in summary])
-        faults += compare("HTML", sheet, headers[0], results)
-    else:
-        faults.append(f"HTML: the header {results[0]} is in no row")
+    expected = [line.replace(": ", ":\n", 1).split("\n") for line in summary]
+    for table in tables:
+        expected += unwrapped(table)
+    faults += compare("HTML", [row for row in read_sheet(html_sheet_path) if row], expected)
     if faults:
-        sys.exit("\n".join(faults))
-    cells = sum(len(row) for row in results)
-    print(f"{len(summary)} summary lines and {cells} cells of results are in place in both spreadsheets")
+        sys.exit("\n".join(faults[:20]))
+    cells = sum(len(row) for table in tables for row in table)
+    print(f"{len(summary)} summary lines and {cells} cells of {len(tables)} tables are in place in both spreadsheets")
 
 
 main(*sys.argv[1:])
