@@ -1,0 +1,15 @@
+#pragma once
+
+#include <iosfwd>
+#include <span>
+
+namespace SurfaceReport
+{
+
+/// The program behind its main function.
+/// @param arguments without the program's name
+/// @param err receives one line for what is wrong, and the progress of long input
+/// @return the exit status: 0, or 1 when nothing was written for a reason that `err` was told
+int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::ostream& err);
+
+} // namespace SurfaceReport

@@ -1,0 +1,152 @@
+#include "examples/surface_report/Program.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+const fs::path c_sample = fs::path(COMMONUI_EXAMPLE_DATA) / "ground_steel.sdf";
+
+std::string BytesOf(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Runs the program with a folder of its own for input and reports.
+class SurfaceReportTest : public testing::Test
+{
+protected:
+    SurfaceReportTest()
+        : m_folder(fs::temp_directory_path() /
+                   (std::string("surface_report-") +
+                    testing::UnitTest::GetInstance()->current_test_info()->name()))
+    {
+        fs::remove_all(m_folder);
+        fs::create_directories(m_folder);
+    }
+    ~SurfaceReportTest() override { fs::remove_all(m_folder); }
+
+    int Run(std::vector<std::string> arguments)
+    {
+        std::vector<const char*> pointers;
+        for (const std::string& argument : arguments)
+            pointers.push_back(argument.c_str());
+        m_out.str({});
+        m_err.str({});
+        return SurfaceReport::RunProgram(pointers, m_out, m_err);
+    }
+    fs::path Out() const { return m_folder / "made" / "out"; }
+    fs::path Write(const std::string& name, const std::string& bytes) const
+    {
+        std::ofstream(m_folder / name, std::ios::binary) << bytes;
+        return m_folder / name;
+    }
+
+    fs::path m_folder;
+    std::ostringstream m_out;
+    std::ostringstream m_err;
+};
+
+} // namespace
+
+TEST_F(SurfaceReportTest, ReportsOfTheSampleAreThoseOfTheGoldenFiles)
+{
+    ASSERT_EQ(Run({c_sample.string(), "--out", Out().string(), "--level", "plane", "--parameters",
+                   "Sq,Ra,Sa,Count,Sdr,4287PSm,S2A", "--unit", "um"}),
+              0)
+        << m_err.str();
+    EXPECT_EQ(BytesOf(Out() / "report.txt"), BytesOf(fs::path(COMMONUI_TEST_DATA) / "ground_steel.txt"));
+    EXPECT_EQ(BytesOf(Out() / "report.html"), BytesOf(fs::path(COMMONUI_TEST_DATA) / "ground_steel.html"));
+    EXPECT_EQ(m_out.str(), BytesOf(fs::path(COMMONUI_TEST_DATA) / "ground_steel.terminal.txt"));
+    EXPECT_EQ(m_err.str(), "");
+}
+
+TEST_F(SurfaceReportTest, MeasuredSurfaceHasItsKnownRoughness)
+{
+    const fs::path measured = fs::path(COMMONUI_SHARED_DATA) / "afm-height-256.txt";
+    if (!fs::exists(measured))
+        GTEST_SKIP() << "the measured surface is not beside the checkout";
+    ASSERT_EQ(Run({measured.string(), "--out", Out().string(), "--level", "mean", "--parameters", "Sq",
+                   "--transpose"}),
+              0);
+    EXPECT_NE(
+        BytesOf(Out() / "report.txt")
+            .find("\r\nSurface parameter\tSq, Root Mean Square Height\r\nValue\t35.223\r\nUnit\tnm\r\n"),
+        std::string::npos);
+}
+
+TEST_F(SurfaceReportTest, MarkupInTheInputStaysText)
+{
+    const fs::path input =
+        Write("a&b.txt", "# Channel: <b>\n# Width: 3 um\n# Height: 2 um\n# Value units: nm\n1 2 "
+                         "3\n2 3 5\n");
+    ASSERT_EQ(Run({input.string(), "--out", Out().string(), "--parameters", "Sa"}), 0) << m_err.str();
+    const std::string html = BytesOf(Out() / "report.html");
+    EXPECT_NE(html.find("&lt;b&gt;"), std::string::npos);
+    EXPECT_NE(html.find("<title>Surface report: a&amp;b.txt</title>"), std::string::npos);
+    EXPECT_NE(BytesOf(Out() / "report.txt").find("Channel: <b>\r\n"), std::string::npos);
+}
+
+TEST_F(SurfaceReportTest, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
+{
+    const std::string sample = c_sample.string();
+    const std::string out = Out().string();
+    const std::string file = Write("file", "x").string();
+    const std::string header = "# Width: 3 um\n# Height: 1 um\n# Value units: nm\n";
+    const struct {
+        std::vector<std::string> arguments;
+        std::string message;
+    } cases[] = {
+        {{}, "surface_report: no input is given; see --help\n"},
+        {{sample}, "surface_report: no folder is given for the reports; see --help\n"},
+        {{sample, "--out"}, "surface_report: --out needs a value\n"},
+        {{sample, "--out", out, "--fast"}, "surface_report: there is no option \"--fast\"\n"},
+        {{sample, sample, "--out", out}, "surface_report: \"" + sample + "\" is one input too many\n"},
+        {{sample, "--out", out, "--unit", "furlong"},
+         "surface_report: --unit: \"furlong\" is no unit of length\n"},
+        {{sample, "--out", out, "--level", "bow"},
+         "surface_report: --level: \"bow\" is none of none, mean, plane\n"},
+        {{sample, "--out", out, "--parameters", "Sa,Sx"},
+         "surface_report: --parameters: there is no parameter \"Sx\"\n"},
+        {{sample, "--out", out, "--parameters", "4287Ra"},
+         "surface_report: --parameters: \"4287Ra\" is not among the parameters that are computed\n"},
+        {{Write("text.txt", header + "1 2 x\n").string(), "--out", out}, "text.txt:4: "},
+        {{Write("short.sdf",
+                "aISO-1.0\nNumPoints = 3\nNumProfiles = 3\nXscale = 1e-6\nYscale = 1e-6\nZscale = 1\n*\n1 2 "
+                "3\n*\n")
+              .string(),
+          "--out", out},
+         "short.sdf:9: "},
+        {{Write("missing.txt", header + "BAD BAD BAD\n").string(), "--out", out},
+         "missing.txt: no valid point\n"},
+        {{(m_folder / "nothing").string(), "--out", out}, "nothing: "},
+        {{m_folder.string(), "--out", out}, m_folder.string() + ": "},
+        {{sample, "--out", file}, file},
+        {{sample, "--out", file + "/below"}, file},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.message);
+        EXPECT_EQ(Run(row.arguments), 1);
+        EXPECT_NE(m_err.str().find(row.message), std::string::npos) << m_err.str();
+        EXPECT_EQ(m_err.str().find('\n'), m_err.str().size() - 1) << "one line: " << m_err.str();
+        EXPECT_EQ(m_out.str(), "");
+        EXPECT_FALSE(fs::exists(Out()));
+    }
+}
+
+TEST_F(SurfaceReportTest, HelpNamesEveryOption)
+{
+    EXPECT_EQ(Run({"--help"}), 0);
+    for (const char* option : {"INPUT", "--out", "--parameters", "--unit", "--level", "--transpose"})
+        EXPECT_NE(m_out.str().find(option), std::string::npos) << option;
+}
