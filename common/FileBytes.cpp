@@ -55,18 +55,19 @@ std::string ReadAll(const fs::path& path, std::size_t maximum)
         Refuse("cannot read", path, std::errc::is_a_directory);
     if (!fs::is_regular_file(status))
         Refuse("not a regular file", path, std::errc::invalid_argument);
-    if (fs::file_size(path) > maximum)
-        Refuse("cannot read", path, std::errc::file_too_large);
-
     errno = 0;
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
+    std::filebuf file;
+    if (!file.open(path, std::ios::in | std::ios::binary))
         ThrowStreamError("cannot open file", path);
-    std::string bytes(static_cast<std::size_t>(fs::file_size(path)), '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (file.bad())
+    const auto size = static_cast<std::streamoff>(file.pubseekoff(0, std::ios::end));
+    if (size < 0)
         ThrowStreamError("cannot read file", path);
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    if (static_cast<std::uintmax_t>(size) > maximum)
+        Refuse("cannot read", path, std::errc::file_too_large);
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    file.pubseekpos(0);
+    if (file.sgetn(bytes.data(), size) != size)
+        ThrowStreamError("cannot read file", path);
     return bytes;
 }
 
