@@ -29,7 +29,7 @@ bool IsHeader(const CGrid::CRow& row)
     return !row.empty() && row.front().Has(SCell::ColumnHeader);
 }
 
-/// The widths of the columns, and which of them hold numbers.
+/// The widths of the columns, and which of them hold nothing but numbers.
 struct SLayout {
     std::vector<std::size_t> widths;
     std::vector<bool> toRight;
@@ -38,10 +38,10 @@ struct SLayout {
     {
         for (const CGrid::CRow& row : cells) {
             widths.resize(std::max(widths.size(), row.size()));
-            toRight.resize(widths.size());
+            toRight.resize(widths.size(), true);
             for (std::size_t i = 0; i < row.size(); ++i) {
                 widths[i] = std::max(widths[i], row[i].text.GetLength());
-                toRight[i] = toRight[i] || (i != 0 && IsNumber(row[i]));
+                toRight[i] = toRight[i] && (IsNumber(row[i]) || row[i].text.IsEmpty() || IsHeader(row));
             }
         }
     }
