@@ -84,7 +84,8 @@ public:
     CStr& AppendAscii(std::string_view text);
     /// Makes room for a text of `length` code units, so that appending up to it allocates nothing more.
     void Reserve(std::size_t length);
-    /// Makes the text `length` code units long and its units this text's own, keeping what fits of the old text.
+    /// Makes the text `length` code units long and its units this text's own, keeping what fits of the old
+    /// text.
     /// @return the units for the caller to write; those beyond the old text are undefined until written
     char16_t* SetLength(std::size_t length);
     void Clear() noexcept { *this = CStr(); }
