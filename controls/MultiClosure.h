@@ -1,0 +1,190 @@
+#pragma once
+
+#include "Closure.h"
+
+#include <cstddef>
+
+/// @file
+/// Multicast lists: an event that any number of objects subscribe to.
+///
+/// What a call guarantees, whatever the subscribers do in it:
+/// - Subscribers are called in the order of subscription, each at most once.
+/// - Any subscriber may unsubscribe or be destroyed, the one being called included. Who is gone is not
+/// called.
+/// - Who subscribes during a call is first called by the next call; a call made inside another one is a next
+///   call. Who unsubscribes and subscribes again is new.
+/// - The list itself may be destroyed. Every call of it then ends after the subscriber it is at.
+/// - An exception of a subscriber ends the call and reaches the caller. List and subscriptions are as the
+///   subscribers left them; those not reached yet are not called.
+/// - A call takes no lock and allocates nothing. Subscribing and unsubscribing take the same time however
+///   many subscribers there are.
+///
+/// Lists, records and subscribers belong to the user-interface thread. None of them can be copied or moved.
+
+namespace CommonUI
+{
+
+class CMultiClosureBase;
+
+/// One subscription: a slot in the chain of its list.
+struct SClosureEntry {
+    CCallbackSlot slot;
+    SClosureEntry* previous = nullptr;
+    SClosureEntry* next = nullptr;
+};
+
+/// The subscriber's side of a subscription, a member of the subscribing object. It serves a list of any
+/// signature and one list at a time; it unsubscribes when it is destroyed, and it may outlive the list.
+class COMMONUI_API CClosureConnection
+{
+public:
+    CClosureConnection() = default;
+    ~CClosureConnection() { Disconnect(); }
+    CClosureConnection(const CClosureConnection&) = delete;
+    CClosureConnection& operator=(const CClosureConnection&) = delete;
+
+    bool IsConnected() const noexcept { return m_list != nullptr; }
+    /// Unsubscribes; harmless when not connected.
+    void Disconnect() noexcept;
+
+private:
+    friend class CCallbackSlot;
+    friend class CMultiClosureBase;
+
+    CMultiClosureBase* m_list = nullptr;
+    SClosureEntry* m_entry = nullptr;
+};
+
+/// What lists of all signatures share: the chain of subscriptions.
+class COMMONUI_API CMultiClosureBase
+{
+public:
+    CMultiClosureBase(const CMultiClosureBase&) = delete;
+    CMultiClosureBase& operator=(const CMultiClosureBase&) = delete;
+
+    /// How many are subscribed.
+    std::size_t GetCount() const noexcept { return m_count; }
+    /// Ends the subscription of the record. A record that is not connected to this list is left alone.
+    void Unsubscribe(CClosureConnection& connection) noexcept;
+
+protected:
+    /// A call in progress. The entry it is at stays in the chain until the call leaves it, even when its
+    /// subscriber or the list is gone; every other entry goes at once.
+    class COMMONUI_API CCall
+    {
+    public:
+        explicit CCall(const CMultiClosureBase& list) noexcept
+            : m_list(&list)
+            , m_outer(list.m_calls)
+            , m_current(list.m_first)
+            , m_last(list.m_last)
+        {
+            list.m_calls = this;
+        }
+        ~CCall()
+        {
+            if (m_list)
+                m_list->m_calls = m_outer;
+            if (m_current && !m_current->slot.IsConnected())
+                Release(m_current);
+        }
+        CCall(const CCall&) = delete;
+        CCall& operator=(const CCall&) = delete;
+
+        /// The first entry, or null.
+        SClosureEntry* GetFirst() const noexcept { return m_current; }
+        /// Leaves the entry for the one after it; null when the call is over.
+        SClosureEntry* StepFrom(SClosureEntry* entry) noexcept
+        {
+            m_current = entry == m_last ? nullptr : entry->next;
+            SClosureEntry* const next = m_current;
+            if (!entry->slot.IsConnected())
+                Release(entry);
+            return next;
+        }
+
+    private:
+        friend class CMultiClosureBase;
+
+        bool IsAt(const SClosureEntry* entry) const noexcept;
+        void Release(SClosureEntry* entry) noexcept;
+
+        const CMultiClosureBase* m_list; ///< null when it has been destroyed
+        CCall* m_outer;                  ///< the call in which this one was made
+        SClosureEntry* m_current;        ///< null when the call is over
+        SClosureEntry* m_last;           ///< the last entry to call
+    };
+
+    CMultiClosureBase() = default;
+    ~CMultiClosureBase();
+    /// Connects the record, which the entry's slot names already, after it has been disconnected from where
+    /// it was.
+    void Append(std::unique_ptr<SClosureEntry> entry, CClosureConnection& connection) noexcept;
+
+private:
+    bool IsInCall(const SClosureEntry* entry) const noexcept;
+    void Unlink(SClosureEntry* entry) const noexcept;
+
+    // Mutable for calls of a constant list: they free an entry whose subscriber is gone when they leave it.
+    mutable SClosureEntry* m_first = nullptr;
+    mutable SClosureEntry* m_last = nullptr;
+    mutable CCall* m_calls = nullptr; ///< the innermost call in progress
+    std::size_t m_count = 0;
+};
+
+/// An event: subscribers of the result type R with arguments of the types A. R is void or bool.
+template<class R, class... A>
+class CMultiClosure : public CMultiClosureBase
+{
+    static_assert(std::is_void_v<R> || std::is_same_v<R, bool>,
+                  "what would many other results make together?");
+
+public:
+    /// Subscribes a member function of an object. When memory runs out nothing changes.
+    /// @param object not owned; destroy or disconnect the record before it
+    /// @param connection the subscriber's record; if it is connected already, here or to another list, it is
+    ///     disconnected first, so that it never stands for two subscriptions
+    template<class C>
+    void Subscribe(std::type_identity_t<C>& object, R (C::*method)(A...), CClosureConnection& connection)
+    {
+        auto entry = std::make_unique<SClosureEntry>();
+        entry->slot.Set(MakeClosure(object, method), &connection);
+        Append(std::move(entry), connection);
+    }
+
+    /// Calls the subscribers; see the head of this file. Arguments that are values are copied for each.
+    /// @return for bool: whether all who were called returned true, and true when nobody was. A false does
+    /// not
+    ///     end the call.
+    R Invoke(A... args) const
+    {
+        if constexpr (std::is_void_v<R>) {
+            ForEachClosure([&](CClosureBase<R, A...>& closure) { closure.Invoke(args...); });
+        } else {
+            bool all = true;
+            ForEachClosure([&](CClosureBase<R, A...>& closure) { all &= closure.Invoke(args...); });
+            return all;
+        }
+    }
+
+private:
+    // May outlive the list, so it touches nothing of it after the first subscriber.
+    template<class F>
+    void ForEachClosure(F function) const
+    {
+        CCall call(*this);
+        for (SClosureEntry* entry = call.GetFirst(); entry; entry = call.StepFrom(entry)) {
+            if (entry->slot.IsConnected())
+                function(*entry->slot.Get<R, A...>());
+        }
+    }
+};
+
+template<class R>
+using CMultiClosure0 = CMultiClosure<R>;
+template<class R, class A>
+using CMultiClosure1 = CMultiClosure<R, A>;
+template<class R, class A1, class A2>
+using CMultiClosure2 = CMultiClosure<R, A1, A2>;
+
+} // namespace CommonUI
