@@ -1,0 +1,157 @@
+#include "controls/Timer.h"
+
+#include "common/Diagnostics.h"
+#include "platform/ManualTimerService.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <optional>
+
+using namespace CommonUI;
+
+namespace
+{
+
+/// A manual service that can be out of timers, repeat an identifier, and shows what it was asked.
+class CTestService : public CManualTimerService
+{
+public:
+    TIdentifier Create(unsigned int interval, FProcedure given) override
+    {
+        procedure = given;
+        return forced ? *forced : CManualTimerService::Create(interval, given);
+    }
+    bool Kill(TIdentifier identifier) override
+    {
+        killed = identifier;
+        return CManualTimerService::Kill(identifier);
+    }
+
+    std::optional<TIdentifier> forced;
+    FProcedure procedure = nullptr;
+    TIdentifier killed = 0;
+};
+
+class Timer : public testing::Test
+{
+public:
+    Timer() { timer->SetCallback(*this, &Timer::OnTick); }
+    ~Timer() override
+    {
+        timer.reset();
+        SetTimerService(m_previous);
+    }
+    void OnTick(CBaseTimer&)
+    {
+        ++ticks;
+        if (action)
+            action(*this);
+    }
+    void OnOtherTick(CBaseTimer&) { ++otherTicks; }
+
+    CTestService service;
+    std::unique_ptr<CWinTimer> timer = std::make_unique<CWinTimer>(30U);
+    void (*action)(Timer&) = nullptr;
+    int ticks = 0;
+    int otherTicks = 0;
+
+private:
+    CTimerService* m_previous = SetTimerService(&service);
+};
+
+} // namespace
+
+TEST_F(Timer, RunsFromStartToStop)
+{
+    EXPECT_TRUE(timer->SetRunning(false));
+    timer->SetInterval(50);
+    EXPECT_FALSE(timer->IsRunning());
+    EXPECT_TRUE(timer->SetRunning(true));
+    EXPECT_TRUE(timer->SetRunning(true));
+    EXPECT_EQ(service.GetTimerCount(), 1U);
+    service.Advance(40);
+    timer->SetInterval(20);
+    service.Advance(19);
+    EXPECT_EQ(ticks, 0);
+    service.Advance(21);
+    EXPECT_EQ(ticks, 2);
+    EXPECT_TRUE(timer->SetRunning(false));
+    EXPECT_EQ(service.GetTimerCount(), 0U);
+    EXPECT_TRUE(timer->SetRunning(true));
+    timer.reset();
+    EXPECT_EQ(service.GetTimerCount(), 0U);
+    // A tick that was on its way.
+    service.killed = 0;
+    service.procedure(1);
+    EXPECT_EQ(ticks, 2);
+    EXPECT_EQ(service.killed, 1U);
+}
+
+TEST_F(Timer, FrequencyGivesTheInterval)
+{
+    constexpr unsigned int longest = std::numeric_limits<unsigned int>::max();
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    const struct {
+        double hertz;
+        unsigned int interval;
+        int warnings;
+    } cases[] = {
+        {3, 333, 0}, {1001, 0, 0}, {infinity, 0, 0},   {1e-7, longest, 0}, {5e-324, longest, 0},
+        {0, 30, 1},  {-3, 30, 1},  {-infinity, 30, 1}, {nan, 30, 1},
+    };
+    int warnings = 0;
+    const auto sink = GetDiagnostics().SetSink([&](const SDiagnosticLine&) { ++warnings; });
+    for (const auto& row : cases) {
+        warnings = 0;
+        timer->SetInterval(30);
+        timer->SetFrequency(row.hertz);
+        EXPECT_EQ(timer->GetInterval(), row.interval) << row.hertz;
+        EXPECT_EQ(warnings, row.warnings) << row.hertz;
+    }
+    GetDiagnostics().SetSink(sink);
+}
+
+TEST_F(Timer, StaysStoppedWithoutAnIdentifierOfItsOwn)
+{
+    timer->SetRunning(true);
+    CWinTimer second(10);
+    for (const CTimerService::TIdentifier identifier : {0, 1}) {
+        service.forced = identifier;
+        EXPECT_FALSE(second.SetRunning(true));
+        EXPECT_FALSE(second.IsRunning());
+    }
+    service.Advance(30);
+    EXPECT_EQ(ticks, 1);
+    service.forced = 0;
+    timer->SetInterval(20);
+    EXPECT_FALSE(timer->IsRunning());
+}
+
+TEST_F(Timer, TickMayChangeItsTimer)
+{
+    const struct {
+        const char* what;
+        void (*change)(Timer&);
+        int ticks;
+        int otherTicks;
+    } cases[] = {
+        {"stop", [](Timer& t) { t.timer->SetRunning(false); }, 1, 0},
+        {"change the interval", [](Timer& t) { t.timer->SetInterval(20); }, 4, 0},
+        {"destroy", [](Timer& t) { t.timer.reset(); }, 1, 0},
+        {"change the callback", [](Timer& t) { t.timer->SetCallback(t, &Timer::OnOtherTick); }, 1, 2},
+        {"run a loop", [](Timer& t) { t.ticks < 2 ? t.service.Advance(30) : void(); }, 3, 0},
+    };
+    for (const auto& row : cases) {
+        timer = std::make_unique<CWinTimer>(30U);
+        timer->SetCallback(*this, &Timer::OnTick);
+        timer->SetRunning(true);
+        ticks = otherTicks = 0;
+        action = row.change;
+        service.Advance(90);
+        EXPECT_EQ(ticks, row.ticks) << row.what;
+        EXPECT_EQ(otherTicks, row.otherTicks) << row.what;
+    }
+}
