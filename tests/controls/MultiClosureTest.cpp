@@ -37,11 +37,12 @@ TEST(MultiClosure, PassesArgumentsAsDeclaredAndJoinsResults)
     CMultiClosure1<bool, int&> sums;
     int sum = 0;
     EXPECT_TRUE(sums.Invoke(sum));
-    sums.Subscribe(second, &STarget::OnSum, second.connection);
-    EXPECT_TRUE(sums.Invoke(sum));
     sums.Subscribe(first, &SDerivedTarget::OnSum, first.connection);
+    sums.Subscribe(second, &STarget::OnSum, second.connection);
     EXPECT_FALSE(sums.Invoke(sum));
-    EXPECT_EQ(sum, 21);
+    first.result = true;
+    EXPECT_TRUE(sums.Invoke(sum));
+    EXPECT_EQ(sum, 22);
 
     CMultiClosure2<void, std::string, unsigned int> texts;
     texts.Subscribe(first, &STarget::OnText, first.connection);
