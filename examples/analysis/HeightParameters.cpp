@@ -27,7 +27,7 @@ SHeightParameters ComputeHeightParameters(std::span<const double> heights)
     if (result.count == 0)
         return result;
     const auto count = static_cast<double>(result.count);
-    const double sum = SumValid(heights, [](double z) { return z; });
+    const double sum = SumHeights(heights);
     // Rounding must not lift the mean of equal heights off them.
     const double mean = std::clamp(sum / count, result.lowest, result.highest);
     // In shares of the range, so that no power over- or underflows.

@@ -18,8 +18,9 @@ struct SRange {
 /// @param heights in any order, missing points NaN
 SRange FindRange(std::span<const double> heights);
 
-/// The height parameters that areal and profile families share, about the mean of the valid heights. All
-/// NaN if there are none; skewness and kurtosis are NaN if all heights are the same.
+/// The height parameters that areal and profile families share, about the mean of the valid heights. All NaN
+/// if there are none; skewness and kurtosis are NaN if all heights are the same. A mean that is only rounding
+/// noise is 0.
 struct SHeightParameters : SRange {
     double mean = c_undefined;
     double average = c_undefined; ///< arithmetic mean of |z|

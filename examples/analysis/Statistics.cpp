@@ -33,11 +33,38 @@ std::vector<double> SortRising(std::span<const double> values)
     return rising;
 }
 
+// The narrowest run of `count` values among those that are not empty and rise; the first if there are
+// several.
+std::span<const double> FindNarrowest(std::span<const double> rising, std::size_t count)
+{
+    std::size_t best = 0;
+    for (std::size_t i = 1; i + count <= rising.size(); ++i)
+        if (rising[i + count - 1] - rising[i] < rising[best + count - 1] - rising[best])
+            best = i;
+    return rising.subspan(best, count);
+}
+
 } // namespace
 
 double ComputeFractile(std::span<const double> values, double share)
 {
     return InterpolateFractile(SortRising(values), share);
+}
+
+double ComputeMode(std::span<const double> values)
+{
+    const std::vector<double> rising = SortRising(values);
+    std::span<const double> rest = rising;
+    while (rest.size() > 3)
+        rest = FindNarrowest(rest, (rest.size() + 1) / 2);
+    if (rest.size() == 3) {
+        const double below = rest[1] - rest[0];
+        const double above = rest[2] - rest[1];
+        if (below == above)
+            return rest[1];
+        rest = rest.subspan(below < above ? 0 : 1, 2);
+    }
+    return rest.empty() ? c_undefined : rest.front() + (rest.back() - rest.front()) / 2;
 }
 
 std::vector<SValue> ComputeStatistics(std::span<const double> values, double share)
@@ -48,7 +75,7 @@ std::vector<SValue> ComputeStatistics(std::span<const double> values, double sha
     const double sd = n > 1 ? moments.rms * std::sqrt(n / (n - 1)) : c_undefined;
     return {
         {"Count", n},
-        {"Sum", SumValid(rising, [](double v) { return v; })},
+        {"Sum", SumHeights(rising)},
         {"Minimum", moments.lowest},
         {"Maximum", moments.highest},
         {"Mean", moments.mean},
@@ -57,6 +84,18 @@ std::vector<SValue> ComputeStatistics(std::span<const double> values, double sha
         {"Median", InterpolateFractile(rising, 0.5)},
         {"Fractile", InterpolateFractile(rising, share)},
     };
+}
+
+SWeighted ComputeWeighted(std::span<const double> values, std::span<const double> weights)
+{
+    const auto sum = [&](const auto& term) {
+        return PairwiseSum(0, values.size(), [&](std::size_t i) {
+            return weights[i] > 0 && !std::isnan(values[i]) ? weights[i] * term(values[i]) : 0;
+        });
+    };
+    const double weight = sum([](double) { return 1; });
+    const double mean = sum([](double v) { return v; }) / weight; // 0 / 0 without values
+    return {.mean = mean, .sd = std::sqrt(sum([&](double v) { return (v - mean) * (v - mean); }) / weight)};
 }
 
 } // namespace SurfaceAnalysis

@@ -14,11 +14,26 @@ namespace SurfaceAnalysis
 /// @param share 0 to 1
 double ComputeFractile(std::span<const double> values, double share);
 
+/// The value around which the others are densest: the half-sample mode (Robertson and Cryer 1974), which
+/// keeps the narrowest half of the values again and again and needs no classes. NaN values are left out;
+/// without any other the result is NaN.
+double ComputeMode(std::span<const double> values);
+
 /// Statistics of a list of values, NaN values left out: Count, Sum, Minimum, Maximum, Mean, Sd, SdPercent,
 /// Median and Fractile, in this order. Sd is that of a sample (n - 1, NaN for a single value), "SdPercent "
-/// (the key ends in a blank) is Sd in percent of |Mean|, NaN for a mean of 0. Of no value at all Count and
-/// Sum are 0, the others NaN.
+/// (the key ends in a blank) is Sd in percent of |Mean|, NaN for a mean of 0. A sum of values that cancel but
+/// for rounding is 0. Of no value at all Count and Sum are 0, the others NaN.
 /// @param share for Fractile, 0 to 1
 std::vector<SValue> ComputeStatistics(std::span<const double> values, double share = 0.25);
+
+/// A mean in which each value counts with its weight.
+struct SWeighted {
+    double mean = c_undefined; ///< Σwv / Σw
+    double sd = c_undefined; ///< √(Σw(v - mean)² / Σw): the weights are shares of a whole, not repetitions
+};
+
+/// A value that is NaN or has no weight above 0 is left out; without any other the result is NaN.
+/// @param weights one for each value
+SWeighted ComputeWeighted(std::span<const double> values, std::span<const double> weights);
 
 } // namespace SurfaceAnalysis

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <span>
 
 namespace SurfaceAnalysis
@@ -45,6 +46,17 @@ auto SumValid(std::span<const double> heights, const CTerm& term) -> decltype(te
     return PairwiseSum(0, heights.size(), [&](std::size_t i) {
         return std::isnan(heights[i]) ? decltype(term(0.0)){} : term(heights[i]);
     });
+}
+
+/// Sum of the valid heights. Where they cancel, what is left is rounding noise, not a sum: it is 0 then, so
+/// that the mean of a levelled surface is.
+inline double SumHeights(std::span<const double> heights)
+{
+    const auto [sum, magnitude] = SumValid(heights, [](double z) {
+                                      return SSums<2>{z, std::fabs(z)};
+                                  }).values;
+    const double noise = 4 * std::numeric_limits<double>::epsilon() * magnitude;
+    return std::fabs(sum) <= noise ? 0 : sum;
 }
 
 } // namespace SurfaceAnalysis

@@ -1,6 +1,5 @@
 #include "examples/analysis/ProfileParameters.h"
 
-#include "examples/analysis/Statistics.h"
 #include "tests/analysis/TestSurfaces.h"
 
 #include <cmath>
@@ -127,27 +126,4 @@ TEST(ProfileParameters, TableOfLines)
         ASSERT_EQ(table[i].values.size(), 33u);
         ExpectValues({{table[i].key, table[i].values[32]}}, {line[i]});
     }
-}
-
-TEST(Statistics, OfAList)
-{
-    const double nan = c_undefined;
-    const std::vector<double> list = {4, nan, 1, 2, 9};
-    ExpectValues(ComputeStatistics(list, 0.9), {{"Count", 4},
-                                                {"Sum", 16},
-                                                {"Minimum", 1},
-                                                {"Maximum", 9},
-                                                {"Mean", 4},
-                                                {"Sd", std::sqrt(38.0 / 3)},
-                                                {"SdPercent ", 25 * std::sqrt(38.0 / 3)},
-                                                {"Median", 3},
-                                                {"Fractile", 7.5}});
-    ExpectValues(ComputeStatistics(std::vector{-1.0, -3.0}),
-                 {{"SdPercent ", 50 * std::sqrt(2)}, {"Fractile", -2.5}});
-    ExpectValues(ComputeStatistics(std::vector{-1.0, 1.0}),
-                 {{"Mean", 0}, {"SdPercent ", nan}, {"Sd", std::sqrt(2)}});
-    ExpectValues(ComputeStatistics(std::vector{5.0}),
-                 {{"Sd", nan}, {"SdPercent ", nan}, {"Median", 5}, {"Fractile", 5}});
-    ExpectValues(ComputeStatistics(std::vector{nan}),
-                 {{"Count", 0}, {"Sum", 0}, {"Mean", nan}, {"Minimum", nan}, {"Median", nan}});
 }
