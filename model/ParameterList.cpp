@@ -1,6 +1,7 @@
 #include "model/ParameterList.h"
 
 #include "common/Diagnostics.h"
+#include "model/detail/SectionScope.h"
 #include "model/Enumerations.h"
 #include "model/MeasureParameters.h"
 #include "model/RoughnessCatalogue.h"
@@ -70,25 +71,6 @@ void Warn(const CStr& text)
 {
     GetDiagnostics().Write(u"Parameters", EDiagnosticLevel::Warning, text);
 }
-
-/// Selects a section of a file for as long as the object lives.
-class CSectionScope
-{
-public:
-    CSectionScope(CInifile& ini, const CStr& section)
-        : m_ini(ini)
-        , m_previous(ini.GetSection())
-    {
-        m_ini.SelectSection(section);
-    }
-    ~CSectionScope() { m_ini.SelectSection(m_previous); }
-    CSectionScope(const CSectionScope&) = delete;
-    CSectionScope& operator=(const CSectionScope&) = delete;
-
-private:
-    CInifile& m_ini;
-    CStr m_previous;
-};
 
 CStr DynamicSection(const CInifile& ini)
 {
@@ -243,7 +225,7 @@ void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnal
         if (!parameter.HasParent())
             SaveStatic(parameter, ini);
     }
-    const CSectionScope scope(ini, DynamicSection(ini));
+    const Detail::CSectionScope scope(ini, DynamicSection(ini));
     ini.ClearSection();
     const auto count = std::ranges::count_if(parameters, &CParameter::HasParent);
     if (count == 0)
@@ -268,7 +250,7 @@ void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnal
     int value = LargestCatalogueValue(analysis);
     for (const CParameter& parameter : parameters)
         value = std::max(value, parameter.GetValue());
-    const CSectionScope scope(ini, section);
+    const Detail::CSectionScope scope(ini, section);
     const int count = ini.ReadInt(c_countKey, 0);
     for (const int number : EntryNumbers(ini)) {
         if (number < 1 || number > count)

@@ -1,7 +1,7 @@
 #include "model/ParameterList.h"
 
-#include "common/Diagnostics.h"
 #include "model/RoughnessCatalogue.h"
+#include "tests/model/PreferencesTesting.h"
 
 #include <gtest/gtest.h>
 
@@ -61,22 +61,6 @@ std::string FileBytes(const std::string& name)
     std::ifstream file(std::filesystem::path(COMMONUI_TEST_DATA) / name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
-
-/// Keeps warnings from the test's output and counts them.
-class CWarningCounter
-{
-public:
-    CWarningCounter()
-        : m_previous(GetDiagnostics().SetSink([this](const SDiagnosticLine&) { ++m_count; }))
-    {
-    }
-    ~CWarningCounter() { GetDiagnostics().SetSink(m_previous); }
-    int GetCount() const { return m_count; }
-
-private:
-    int m_count = 0;
-    CDiagnostics::CSink m_previous;
-};
 
 } // namespace
 

@@ -1,0 +1,293 @@
+#include "model/AnalysisPreferencesData.h"
+
+#include "common/Exceptions.h"
+#include "common/StringTable.h"
+#include "model/detail/AnalysisDefaults.h"
+#include "model/RoughnessCatalogue.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+[[noreturn]] void ThrowIllegal(int line, std::u16string_view function, std::u16string_view format, int number)
+{
+    throw EInternal(u"AnalysisPreferencesData", line, u"CAnalysisPreferencesData::" + CStr(function),
+                    CStr::Format(format, number));
+}
+
+const Detail::SAnalysisDefaults& DefaultsOf(EAnalysis analysis, std::u16string_view function)
+{
+    const Detail::SAnalysisDefaults* const found = Detail::FindAnalysisDefaults(analysis);
+    if (!found)
+        ThrowIllegal(__LINE__, function, u"Illegal Analysis value: %d", static_cast<int>(analysis));
+    return *found;
+}
+
+/// The first entry of that number, or null.
+template<class TList>
+auto* FindIn(TList& list, int id)
+{
+    const auto found = std::find(list.begin(), list.end(), id);
+    return found == list.end() ? nullptr : &*found;
+}
+
+bool SetIn(std::vector<CParameter>& list, int id, const CParameter& entry)
+{
+    CParameter* const found = FindIn(list, id);
+    if (found)
+        *found = entry;
+    return found;
+}
+
+bool SetOnIn(std::vector<CParameter>& list, int id, bool on)
+{
+    CParameter* const found = FindIn(list, id);
+    if (found)
+        found->SetOn(on);
+    return found;
+}
+
+std::vector<int> NumbersOf(const std::vector<CParameter>& list)
+{
+    std::vector<int> numbers(list.size());
+    std::ranges::transform(list, numbers.begin(), &CParameter::GetValue);
+    return numbers;
+}
+
+std::vector<SParameterGroup> OneGroup(std::vector<CParameter> entries)
+{
+    std::vector<SParameterGroup> groups(1);
+    groups[0].name = GetString(7412);
+    groups[0].parameters = std::move(entries);
+    return groups;
+}
+
+} // namespace
+
+CAnalysisPreferencesData::CAnalysisPreferencesData(EAnalysis analysis)
+    : m_analysis(analysis)
+{
+    CAnalysisPreferencesData::Init();
+    m_allowed.reports = m_allowed.plugIns = Detail::IsRoughness(analysis);
+    m_allowed.histograms = analysis == EAnalysis::Measure;
+}
+
+CAnalysisPreferencesData::~CAnalysisPreferencesData() = default;
+
+CStr CAnalysisPreferencesData::GetININame(EAnalysis analysis)
+{
+    return DefaultsOf(analysis, u"GetININame").iniName;
+}
+
+CStr CAnalysisPreferencesData::GetFriendlyName(EAnalysis analysis)
+{
+    return GetString(DefaultsOf(analysis, u"GetFriendlyName").textId);
+}
+
+std::unique_ptr<CAnalysisPreferencesData> CAnalysisPreferencesData::Clone() const
+{
+    return std::make_unique<CAnalysisPreferencesData>(*this);
+}
+
+bool CAnalysisPreferencesData::Assign(const CAnalysisPreferencesData& other)
+{
+    if (other.m_analysis != m_analysis)
+        return false;
+    CAnalysisPreferencesData::operator=(other);
+    SetModified();
+    return true;
+}
+
+std::vector<SParameterGroup> CAnalysisPreferencesData::GetGroups(CGetter getter, bool all) const
+{
+    std::vector<CParameter> entries;
+    for (const CParameter& parameter : m_parameters) {
+        if (all || (!parameter.HasParent() && parameter.GetVariableCount() == 0))
+            entries.push_back((this->*getter)(parameter.GetValue()));
+    }
+    return OneGroup(std::move(entries));
+}
+
+std::vector<SParameterGroup> CAnalysisPreferencesData::GetParameterGroups(bool all) const
+{
+    return GetGroups(&CAnalysisPreferencesData::GetParameter, all);
+}
+
+std::vector<SParameterGroup> CAnalysisPreferencesData::GetStatisticGroups() const
+{
+    return OneGroup(m_statistics);
+}
+
+std::vector<SParameterGroup> CAnalysisPreferencesData::GetOutputGroups() const
+{
+    return OneGroup(m_outputs);
+}
+
+int CAnalysisPreferencesData::FindParameterMaxValue() const
+{
+    int largest = 0;
+    for (const CParameter& parameter : m_parameters)
+        largest = std::max(largest, parameter.GetValue());
+    return largest + 1;
+}
+
+int CAnalysisPreferencesData::AddParameter(int /*parent*/, const CParameter& parameter)
+{
+    constexpr int plugIn = static_cast<int>(ERoughnessParameters::PlugIn);
+    CParameter added(FindParameterMaxValue(), parameter);
+    added.SetParentValue(plugIn);
+    m_parameters.push_back(added);
+    SetModified();
+    return added.GetValue();
+}
+
+CParameter CAnalysisPreferencesData::GetParameter(int id) const
+{
+    const CParameter* const found = FindIn(m_parameters, id);
+    if (!found)
+        ThrowIllegal(__LINE__, u"GetParameter", u"Illegal Parameter ID: %d", id);
+    return *found;
+}
+
+CParameter CAnalysisPreferencesData::GetStatistic(int id) const
+{
+    const CParameter* const found = FindIn(m_statistics, id);
+    if (!found)
+        ThrowIllegal(__LINE__, u"GetStatistic", u"Illegal m_Statistic ID: %d", id);
+    return *found;
+}
+
+CParameter CAnalysisPreferencesData::GetOutput(int id) const
+{
+    const CParameter* const found = FindIn(m_outputs, id);
+    if (!found)
+        ThrowIllegal(__LINE__, u"GetOutput", u"Illegal Output ID: %d", id);
+    return *found;
+}
+
+std::vector<int> CAnalysisPreferencesData::GetParameterIDs() const
+{
+    return NumbersOf(m_parameters);
+}
+
+std::vector<int> CAnalysisPreferencesData::GetStatisticIDs() const
+{
+    return NumbersOf(m_statistics);
+}
+
+std::vector<int> CAnalysisPreferencesData::GetOutputIDs() const
+{
+    return NumbersOf(m_outputs);
+}
+
+bool CAnalysisPreferencesData::Changed(bool changed) noexcept
+{
+    if (changed)
+        SetModified();
+    return changed;
+}
+
+bool CAnalysisPreferencesData::SetParameter(int id, const CParameter& parameter)
+{
+    if (!SetIn(m_parameters, id, parameter))
+        m_parameters.push_back(parameter);
+    return Changed(true);
+}
+
+bool CAnalysisPreferencesData::SetStatistic(int id, const CParameter& statistic)
+{
+    return Changed(SetIn(m_statistics, id, statistic));
+}
+
+bool CAnalysisPreferencesData::SetOutput(int id, const CParameter& output)
+{
+    return Changed(SetIn(m_outputs, id, output));
+}
+
+bool CAnalysisPreferencesData::SetParameterOn(int id, bool on)
+{
+    return Changed(SetOnIn(m_parameters, id, on));
+}
+
+bool CAnalysisPreferencesData::SetStatsOn(int id, bool on)
+{
+    return Changed(SetOnIn(m_statistics, id, on));
+}
+
+bool CAnalysisPreferencesData::SetOutputOn(int id, bool on)
+{
+    return Changed(SetOnIn(m_outputs, id, on));
+}
+
+bool CAnalysisPreferencesData::SetParameters(const std::vector<CParameter>& parameters)
+{
+    m_parameters = parameters;
+    return Changed(true);
+}
+
+bool CAnalysisPreferencesData::SetStatistics(const std::vector<CParameter>& statistics)
+{
+    bool all = true;
+    for (const CParameter& statistic : statistics)
+        all &= SetStatistic(statistic.GetValue(), statistic);
+    return all;
+}
+
+bool CAnalysisPreferencesData::SetOutputs(const std::vector<CParameter>& outputs)
+{
+    bool all = true;
+    for (const CParameter& output : outputs)
+        all &= SetOutput(output.GetValue(), output);
+    return all;
+}
+
+void CAnalysisPreferencesData::SetWriteToFile(bool write)
+{
+    m_writeToFile = write;
+    SetModified();
+}
+
+void CAnalysisPreferencesData::SetWriteToDB(bool write)
+{
+    m_writeToDB = write;
+    SetModified();
+}
+
+void CAnalysisPreferencesData::SetUnit(const CUnit& unit)
+{
+    m_unit = unit;
+    SetModified();
+}
+
+bool CAnalysisPreferencesData::SetPreprocessingNo(int number)
+{
+    if (number < 0 || number > static_cast<int>(ERoughnessPreprocessingOptions::Lines))
+        return false;
+    m_preprocessing = static_cast<ERoughnessPreprocessingOptions>(number);
+    return Changed(true);
+}
+
+void CAnalysisPreferencesData::SetAllowed(const SAllowed& allowed)
+{
+    m_allowed = allowed;
+    SetModified();
+}
+
+bool CAnalysisPreferencesData::IsStandardEnabled(EAnalysisStandards standard) const
+{
+    const auto found = m_enabledStandards.find(standard);
+    return found == m_enabledStandards.end() || found->second;
+}
+
+void CAnalysisPreferencesData::SetEnabledStandards(const std::map<EAnalysisStandards, bool>& enabled)
+{
+    m_enabledStandards = enabled;
+    SetModified();
+}
+
+} // namespace CommonUI

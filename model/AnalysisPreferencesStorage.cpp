@@ -1,0 +1,166 @@
+#include "common/Exceptions.h"
+#include "model/AnalysisPreferencesData.h"
+#include "model/detail/AnalysisDefaults.h"
+#include "model/detail/OldPreferences.h"
+#include "model/detail/Preference.h"
+#include "model/detail/SectionScope.h"
+#include "model/ParameterList.h"
+
+#include <algorithm>
+#include <optional>
+#include <tuple>
+
+namespace CommonUI
+{
+
+namespace Detail
+{
+
+template<>
+inline constexpr int c_storedNumbers<ERoughnessPreprocessingOptions> = 4;
+
+} // namespace Detail
+
+/// The stored values besides the lists, in two parts, because the lists stand between them in the file.
+struct CAnalysisPreferencesData::SStored {
+    using CData = CAnalysisPreferencesData;
+
+    static constexpr auto BeforeLists(const Detail::SAnalysisDefaults& defaults)
+    {
+        return std::tuple{Detail::SPreference{u"WriteToFile", &CData::m_writeToFile, defaults.writeToFile},
+                          Detail::SPreference{u"WriteToDB", &CData::m_writeToDB, defaults.writeToDB}};
+    }
+    static constexpr auto BehindLists(const Detail::SAnalysisDefaults& defaults)
+    {
+        return std::tuple{
+            Detail::SPreference{u"UnitString", &CData::m_unit, defaults.heightUnit},
+            Detail::SPreference{u"Preprocessing", &CData::m_preprocessing, defaults.preprocessing}};
+    }
+
+    static void ReadOn(std::vector<CParameter>& list, int id, const CInifile& ini, const CStr& key)
+    {
+        const auto found = std::find(list.begin(), list.end(), id);
+        if (found != list.end())
+            found->SetOn(ini.ReadBool(key, found->IsOn()));
+    }
+
+    static void ReadOld(CData& data, const CInifile& ini, const Detail::SOldKey& row)
+    {
+        switch (row.target) {
+        case Detail::EOldTarget::WriteToFile:
+            return Detail::ReadPreference(ini, row.key, data.m_writeToFile);
+        case Detail::EOldTarget::WriteToDB:
+            return Detail::ReadPreference(ini, row.key, data.m_writeToDB);
+        case Detail::EOldTarget::HeightUnit:
+            return Detail::ReadOldUnit(ini, row.key, data.m_unit);
+        case Detail::EOldTarget::Preprocessing:
+            return Detail::ReadPreference(ini, row.key, data.m_preprocessing);
+        case Detail::EOldTarget::Parameter:
+            return ReadOn(data.m_parameters, row.id, ini, row.key);
+        case Detail::EOldTarget::Output:
+            return ReadOn(data.m_outputs, row.id, ini, row.key);
+        case Detail::EOldTarget::ReportOption:
+            return; // the roughness analyses, which alone have it, read it themselves
+        }
+    }
+};
+
+void CAnalysisPreferencesData::Init()
+{
+    const Detail::SAnalysisDefaults* const defaults = Detail::FindAnalysisDefaults(m_analysis);
+    if (!defaults)
+        throw EInternal(u"AnalysisPreferencesData", __LINE__, u"CAnalysisPreferencesData::Init",
+                        CStr::Format(u"Illegal Analysis value: %d", static_cast<int>(m_analysis)));
+    Detail::InitPreferences(*this, SStored::BeforeLists(*defaults));
+    Detail::InitPreferences(*this, SStored::BehindLists(*defaults));
+    m_parameters = Detail::MakeDefaultParameters(m_analysis);
+    m_statistics = Detail::MakeDefaultStatistics(m_analysis);
+    m_outputs = Detail::MakeDefaultOutputs(m_analysis);
+}
+
+bool CAnalysisPreferencesData::Save(CInifile& ini)
+{
+    const Detail::SAnalysisDefaults& defaults = *Detail::FindAnalysisDefaults(m_analysis);
+    Detail::SavePreferences(*this, ini, SStored::BeforeLists(defaults));
+    SaveParameters(m_parameters, ini, m_analysis);
+    SaveStatistics(m_statistics, ini);
+    SaveOutput(m_outputs, ini);
+    Detail::SavePreferences(*this, ini, SStored::BehindLists(defaults));
+    ClearModified();
+    return true;
+}
+
+bool CAnalysisPreferencesData::Load(CInifile& ini)
+{
+    CBaseData::Load(ini, false);
+    if (!ini.HasKey(u"WriteToFile") && LoadOld(ini))
+        return true;
+    const Detail::SAnalysisDefaults& defaults = *Detail::FindAnalysisDefaults(m_analysis);
+    Detail::LoadPreferences(*this, ini, SStored::BeforeLists(defaults));
+    LoadParameters(m_parameters, ini, m_analysis);
+    LoadStatistics(m_statistics, ini);
+    LoadOutput(m_outputs, ini);
+    Detail::LoadPreferences(*this, ini, SStored::BehindLists(defaults));
+    ClearModified();
+    return true;
+}
+
+void CAnalysisPreferencesData::SaveParameters(std::vector<CParameter>& parameters, CInifile& ini,
+                                              EAnalysis analysis)
+{
+    SaveParameterList(parameters, ini, analysis);
+}
+
+void CAnalysisPreferencesData::LoadParameters(std::vector<CParameter>& parameters, CInifile& ini,
+                                              EAnalysis analysis)
+{
+    LoadParameterList(parameters, ini, analysis);
+}
+
+void CAnalysisPreferencesData::SaveStatistics(const std::vector<CParameter>& statistics, CInifile& ini)
+{
+    for (const CParameter& statistic : statistics) {
+        ini.WriteBool(statistic.GetIniName() + u"_S_On", statistic.IsOn());
+        ini.WriteDouble(statistic.GetIniName() + u"_S_Value", statistic.GetVariableValue());
+    }
+}
+
+void CAnalysisPreferencesData::LoadStatistics(std::vector<CParameter>& statistics, const CInifile& ini)
+{
+    for (CParameter& statistic : statistics) {
+        bool on = statistic.IsOn();
+        double value = statistic.GetVariableValue();
+        Detail::ReadPreference(ini, statistic.GetIniName() + u"_S_On", on);
+        Detail::ReadPreference(ini, statistic.GetIniName() + u"_S_Value", value);
+        statistic.SetOn(on);
+        statistic.SetVariableValue(value);
+    }
+}
+
+void CAnalysisPreferencesData::SaveOutput(const std::vector<CParameter>& outputs, CInifile& ini)
+{
+    for (const CParameter& output : outputs)
+        ini.WriteBool(output.GetIniName() + u"_O_On", output.IsOn());
+}
+
+void CAnalysisPreferencesData::LoadOutput(std::vector<CParameter>& outputs, const CInifile& ini)
+{
+    for (CParameter& output : outputs)
+        output.SetOn(ini.ReadBool(output.GetIniName() + u"_O_On", output.IsOn()));
+}
+
+bool CAnalysisPreferencesData::LoadOld(CInifile& ini)
+{
+    const std::optional<CStr> section = Detail::FindOldSection(ini, m_analysis);
+    if (!section)
+        return false;
+    const Detail::CSectionScope scope(ini, *section);
+    for (const Detail::SOldKey& row : Detail::GetOldKeys()) {
+        if (row.IsOf(m_analysis) && ini.HasKey(row.key))
+            SStored::ReadOld(*this, ini, row);
+    }
+    SetModified();
+    return true;
+}
+
+} // namespace CommonUI

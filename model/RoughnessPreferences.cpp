@@ -1,0 +1,302 @@
+#include "model/RoughnessPreferences.h"
+
+#include "model/detail/CatalogueOrder.h"
+#include "model/detail/OldPreferences.h"
+#include "model/detail/ParameterGroups.h"
+#include "model/detail/Preference.h"
+#include "model/detail/RoughnessNames.h"
+#include "model/detail/SectionScope.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <tuple>
+
+namespace CommonUI
+{
+
+namespace Detail
+{
+
+template<>
+const CEnum<ERoughnessParameters>& NamesOf()
+{
+    return GetRoughnessParametersEnum();
+}
+
+template<>
+const CEnum<ERoughnessFormRemoval>& NamesOf()
+{
+    return GetRoughnessFormRemovalEnum();
+}
+
+template<>
+const CEnum<ERoughnessReportOption>& NamesOf()
+{
+    return GetRoughnessReportOptionEnum();
+}
+
+template<>
+const CEnum<EMUFUFilterType>& NamesOf()
+{
+    return GetMUFUFilterTypeEnum();
+}
+
+template<>
+const CEnum<EMUFURobustSeed>& NamesOf()
+{
+    return GetMUFURobustSeedEnum();
+}
+
+template<>
+const CEnum<EMUFUClosingCutOffRatio>& NamesOf()
+{
+    return GetMUFUClosingCutOffRatioEnum();
+}
+
+} // namespace Detail
+
+namespace
+{
+
+using Detail::SPreference;
+using CConfig = CRoughnessAnalysisPreferencesData::SBarChartConfig;
+
+constexpr int c_mostBars = 1000;
+constexpr std::u16string_view c_barChartPrefix = u"BarChart_";
+
+constexpr auto BarChartTable(EAnalysis analysis)
+{
+    using enum ERoughnessParameters;
+    constexpr CConfig byDefault;
+    return std::tuple{
+        SPreference{u"Parameter", &CConfig::parameter, analysis == EAnalysis::Roughness ? Sa : Iso4287Ra},
+        SPreference{u"BarCount", &CConfig::barCount, byDefault.barCount},
+        SPreference{u"AutoScale", &CConfig::autoScale, byDefault.autoScale},
+        SPreference{u"Lower", &CConfig::lower, byDefault.lower},
+        SPreference{u"Upper", &CConfig::upper, byDefault.upper},
+        SPreference{u"LimitsOn", &CConfig::limitsOn, byDefault.limitsOn},
+        SPreference{u"LowerLimit", &CConfig::lowerLimit, byDefault.lowerLimit},
+        SPreference{u"UpperLimit", &CConfig::upperLimit, byDefault.upperLimit}};
+}
+
+const CParameter* FindTemplate(const std::vector<CParameter>& parameters, int value)
+{
+    const auto found = std::find(parameters.begin(), parameters.end(), value);
+    const bool isTemplate =
+        found != parameters.end() && !found->HasParent() && found->GetVariableCount() != 0;
+    return isTemplate ? &*found : nullptr;
+}
+
+} // namespace
+
+struct CRoughnessAnalysisPreferencesData::SStored {
+    using CData = CRoughnessAnalysisPreferencesData;
+
+    static constexpr std::tuple c_table{
+        SPreference{u"FormRemoval", &CData::m_formRemoval, ERoughnessFormRemoval::Line},
+        SPreference{u"ReportOption", &CData::m_reportOption, ERoughnessReportOption::None},
+        SPreference{u"MUFU_FilterType", &CData::m_mufuFilterType, EMUFUFilterType::RGR2},
+        SPreference{u"MUFU_RobustSeed", &CData::m_mufuRobustSeed, EMUFURobustSeed::Closing},
+        SPreference{u"MUFU_ClosingCutOffRatio", &CData::m_mufuRatio, EMUFUClosingCutOffRatio::Ratio2}};
+};
+
+CRoughnessAnalysisPreferencesData::CRoughnessAnalysisPreferencesData(EAnalysis analysis)
+    : CAnalysisPreferencesData(analysis)
+{
+    InitOwn();
+}
+
+CRoughnessAnalysisPreferencesData::~CRoughnessAnalysisPreferencesData() = default;
+
+void CRoughnessAnalysisPreferencesData::Init()
+{
+    CAnalysisPreferencesData::Init();
+    InitOwn();
+}
+
+void CRoughnessAnalysisPreferencesData::InitOwn()
+{
+    Detail::InitPreferences(*this, SStored::c_table);
+    Detail::InitPreferences(m_barChart, BarChartTable(GetAnalysis()));
+}
+
+bool CRoughnessAnalysisPreferencesData::Save(CInifile& ini)
+{
+    Detail::SavePreferences(*this, ini, SStored::c_table);
+    Detail::SavePreferences(m_barChart, ini, BarChartTable(GetAnalysis()), c_barChartPrefix);
+    return CAnalysisPreferencesData::Save(ini);
+}
+
+bool CRoughnessAnalysisPreferencesData::Load(CInifile& ini)
+{
+    if (!CAnalysisPreferencesData::Load(ini))
+        return false;
+    Detail::LoadPreferences(*this, ini, SStored::c_table);
+    Detail::LoadPreferences(m_barChart, ini, BarChartTable(GetAnalysis()), c_barChartPrefix);
+    m_barChart.barCount = std::clamp(m_barChart.barCount, 1, c_mostBars);
+    for (CParameter& parameter : EditParameters()) {
+        if (!parameter.HasParent())
+            continue;
+        if (const CParameter* parent = FindTemplate(ViewParameters(), parameter.GetParentValue()))
+            Detail::NameByVariables(parameter, *parent);
+    }
+    return true;
+}
+
+bool CRoughnessAnalysisPreferencesData::LoadOld(CInifile& ini)
+{
+    const std::optional<CStr> section = Detail::FindOldSection(ini, GetAnalysis());
+    if (!section || !CAnalysisPreferencesData::LoadOld(ini))
+        return false;
+    const Detail::CSectionScope scope(ini, *section);
+    for (const Detail::SOldKey& row : Detail::GetOldKeys()) {
+        if (row.target != Detail::EOldTarget::ReportOption || !row.IsOf(GetAnalysis()))
+            continue;
+        const int number = ini.ReadInt(row.key, static_cast<int>(m_reportOption));
+        if (GetRoughnessReportOptionEnum().Find(number) != GetRoughnessReportOptionEnum().end())
+            m_reportOption = static_cast<ERoughnessReportOption>(number);
+        else
+            Detail::WarnOfPreference(CStr::Format(u"%s: there is no %d", row.key, number));
+    }
+    return true;
+}
+
+std::unique_ptr<CAnalysisPreferencesData> CRoughnessAnalysisPreferencesData::Clone() const
+{
+    return std::make_unique<CRoughnessAnalysisPreferencesData>(*this);
+}
+
+bool CRoughnessAnalysisPreferencesData::Assign(const CAnalysisPreferencesData& other)
+{
+    if (const auto* same = dynamic_cast<const CRoughnessAnalysisPreferencesData*>(&other)) {
+        if (same->GetAnalysis() != GetAnalysis())
+            return false;
+        *this = *same;
+        SetModified();
+        return true;
+    }
+    return CAnalysisPreferencesData::Assign(other);
+}
+
+std::vector<SParameterGroup> CRoughnessAnalysisPreferencesData::GetGroups(CGetter getter, bool all) const
+{
+    std::vector<CParameter> entries;
+    for (const SParameterGroup& group : CAnalysisPreferencesData::GetGroups(getter, all))
+        entries.insert(entries.end(), group.parameters.begin(), group.parameters.end());
+
+    std::vector<SParameterGroup> groups;
+    for (const auto& standard : GetAnalysisStandardsEnum()) {
+        SParameterGroup group{standard.GetFriendlyString(), standard.GetValue(), false, {}, {}};
+        std::ranges::copy_if(entries, std::back_inserter(group.parameters), [&](const CParameter& entry) {
+            return entry.GetStandard() == standard.GetValue();
+        });
+        if (group.parameters.empty() || !IsStandardEnabled(EAnalysisStandards{standard.GetValue()}))
+            continue;
+        group.subGroups = Detail::GroupByKind(group.parameters, Detail::GetRoughnessKinds(), group.standard);
+        if (!group.subGroups.empty())
+            group.parameters.clear();
+        groups.push_back(std::move(group));
+    }
+    return groups;
+}
+
+std::vector<SParameterGroup> CRoughnessAnalysisPreferencesData::GetCurveGroups() const
+{
+    return Detail::GroupByKind(ViewOutputs(), Detail::GetRoughnessCurveKinds());
+}
+
+std::vector<SParameterGroup> CRoughnessAnalysisPreferencesData::GetOutputGroups() const
+{
+    constexpr int results = 9782;
+    constexpr Detail::SGroupRow row = {static_cast<int>(ERoughnessOutputs::RoughnessChart),
+                                       static_cast<int>(ERoughnessOutputs::ResultMainImage), results};
+    std::vector<SParameterGroup> groups = GetCurveGroups();
+    for (SParameterGroup& group : Detail::GroupByKind(ViewOutputs(), {&row, 1}))
+        groups.push_back(std::move(group));
+    return groups;
+}
+
+int CRoughnessAnalysisPreferencesData::AddParameter(int parent, const CParameter& parameter)
+{
+    const CParameter* const found = FindTemplate(ViewParameters(), parent);
+    if (!found) {
+        CParameter plugIn = parameter;
+        // Only parameters of this standard are stored with their texts.
+        plugIn.SetStandard(static_cast<int>(EAnalysisStandards::RoughnessPlugIns));
+        return CAnalysisPreferencesData::AddParameter(parent, plugIn);
+    }
+    CParameter added(FindParameterMaxValue(), *found);
+    for (std::size_t i = 0; i < std::min(added.GetVariableCount(), parameter.GetVariableCount()); ++i)
+        added.GetVariable(i).SetVariableValue(parameter.GetVariable(i).GetVariableValue());
+    added.SetOn(parameter.IsOn());
+    added.SetUnitFactor(parameter.GetUnitFactor());
+    added.SetFloatFormat(parameter.GetFloatFormat());
+    Detail::NameByVariables(added, *found);
+    SetParameter(added.GetValue(), added);
+    return added.GetValue();
+}
+
+int CRoughnessAnalysisPreferencesData::AddTemplateInstance(ERoughnessParameters parent,
+                                                           const std::vector<double>& values)
+{
+    const int value = static_cast<int>(parent);
+    const CParameter* const found = FindTemplate(ViewParameters(), value);
+    if (!found || found->GetVariableCount() != values.size())
+        return CParameter::c_noParent;
+    CParameter instance = *found;
+    instance.SetOn(true);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        instance.GetVariable(i).SetVariableValue(values[i]);
+    return AddParameter(value, instance);
+}
+
+bool CRoughnessAnalysisPreferencesData::SetParameters(const std::vector<CParameter>& parameters)
+{
+    CAnalysisPreferencesData::SetParameters(parameters);
+    for (CParameter& parameter : EditParameters()) {
+        if (!parameter.HasParent() && parameter.GetVariableCount() != 0)
+            parameter.SetOn(false);
+    }
+    Detail::SortByCatalogue(EditParameters(), GetRoughnessParametersEnum());
+    return true;
+}
+
+void CRoughnessAnalysisPreferencesData::SetBarChartConfig(const SBarChartConfig& config)
+{
+    m_barChart = config;
+    m_barChart.barCount = std::clamp(config.barCount, 1, c_mostBars);
+    SetModified();
+}
+
+void CRoughnessAnalysisPreferencesData::SetFormRemoval(ERoughnessFormRemoval removal)
+{
+    m_formRemoval = removal;
+    SetModified();
+}
+
+void CRoughnessAnalysisPreferencesData::SetReportOption(ERoughnessReportOption option)
+{
+    m_reportOption = option;
+    SetModified();
+}
+
+void CRoughnessAnalysisPreferencesData::SetMUFUFilterType(EMUFUFilterType type)
+{
+    m_mufuFilterType = type;
+    SetModified();
+}
+
+void CRoughnessAnalysisPreferencesData::SetMUFURobustSeed(EMUFURobustSeed seed)
+{
+    m_mufuRobustSeed = seed;
+    SetModified();
+}
+
+void CRoughnessAnalysisPreferencesData::SetMUFUClosingCutOffRatio(EMUFUClosingCutOffRatio ratio)
+{
+    m_mufuRatio = ratio;
+    SetModified();
+}
+
+} // namespace CommonUI

@@ -1,0 +1,238 @@
+#include "common/Exceptions.h"
+#include "common/StringTable.h"
+#include "tests/model/PreferencesTesting.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+
+using namespace CommonUI;
+using CData = CAnalysisPreferencesData;
+
+namespace
+{
+
+/// The first parameter, statistic and output of every list changed in all that is stored of them.
+void ChangeAll(CData& data)
+{
+    data.SetWriteToFile(!data.GetWriteToFile());
+    data.SetWriteToDB(!data.GetWriteToDB());
+    data.SetUnit(CUnit(CUnit::EUnitFactor::MicroInch));
+    data.SetPreprocessingNo(3);
+    for (const int id : data.GetParameterIDs()) {
+        CParameter parameter = data.GetParameter(id);
+        parameter.SetOn(parameter.GetVariableCount() == 0 && !parameter.IsOn());
+        parameter.SetUnitFactor(CUnit::EUnitFactor::Milli);
+        parameter.SetFloatFormat({CParameter::EFormatSpecifier::FormatDecimals, id % 12});
+        data.SetParameter(id, parameter);
+    }
+    for (CParameter& statistic : data.GetStatistics()) {
+        statistic.SetOn(!statistic.IsOn());
+        statistic.SetVariableValue(statistic.GetValue() + 0.1);
+        data.SetStatistic(statistic.GetValue(), statistic);
+    }
+    for (const CParameter& output : data.GetOutputs())
+        data.SetOutputOn(output.GetValue(), !output.IsOn());
+}
+
+bool SameLists(const std::vector<CParameter>& a, const std::vector<CParameter>& b)
+{
+    return std::ranges::equal(a, b, CParameter::IsEqual);
+}
+
+void ExpectSame(const CData& a, const CData& b)
+{
+    EXPECT_EQ(a.GetWriteToFile(), b.GetWriteToFile());
+    EXPECT_EQ(a.GetWriteToDB(), b.GetWriteToDB());
+    EXPECT_EQ(a.GetUnit(), b.GetUnit());
+    EXPECT_EQ(a.GetPreprocessingOption(), b.GetPreprocessingOption());
+    EXPECT_TRUE(SameLists(a.GetParameters(), b.GetParameters()));
+    EXPECT_TRUE(SameLists(a.GetStatistics(), b.GetStatistics()));
+    EXPECT_TRUE(SameLists(a.GetOutputs(), b.GetOutputs()));
+}
+
+std::vector<int> GroupedIDs(const std::vector<SParameterGroup>& groups)
+{
+    std::vector<int> ids;
+    for (const SParameterGroup& group : groups) {
+        for (const CParameter& parameter : group.parameters)
+            ids.push_back(parameter.GetValue());
+        const std::vector<int> below = GroupedIDs(group.subGroups);
+        ids.insert(ids.end(), below.begin(), below.end());
+    }
+    return ids;
+}
+
+} // namespace
+
+TEST(AnalysisPreferences, NamesAndDefaultsOfEveryAnalysis)
+{
+    const struct {
+        const char16_t* iniName;
+        int textId;
+        int parameters;
+    } rows[] = {
+        {u"1DCalibration", 7219, 5},      {u"XYCalibration", 7220, 8},
+        {u"ZCalibration", 7221, 4},       {u"CrossCorrelation", 7222, 5},
+        {u"Linearity", 7223, 4},          {u"PlaneCorrection", 7224, 5},
+        {u"RoughnessAnalysis", 7784, 56}, {u"RoughnessProfileAnalysis", 7225, 84},
+        {u"TipAnalysis", 7226, 5},        {u"MeasureTools", 7372, 70},
+    };
+    for (int i = 0; i < c_analysisCount; ++i) {
+        const auto data = MakePreferences(EAnalysis{i});
+        EXPECT_EQ(data->GetININame(), rows[i].iniName);
+        EXPECT_EQ(data->GetFriendlyName(), GetString(rows[i].textId));
+        EXPECT_EQ(data->GetParameterIDs().size(), static_cast<std::size_t>(rows[i].parameters)) << i;
+        EXPECT_TRUE(*data == EAnalysis{i});
+        EXPECT_FALSE(data->IsModified());
+        for (const auto& list : {data->GetParameters(), data->GetStatistics(), data->GetOutputs()}) {
+            EXPECT_TRUE(std::ranges::any_of(list, &CParameter::IsOn)) << i;
+            std::vector<CStr> keys;
+            for (const CParameter& entry : list) {
+                EXPECT_FALSE(entry.GetFriendlyString().IsEmpty()) << entry.GetIniName().ToUtf8();
+                EXPECT_FALSE(entry.IsOn() && entry.GetVariableCount() != 0);
+                keys.push_back(entry.GetIniName());
+            }
+            std::ranges::sort(keys);
+            EXPECT_EQ(std::ranges::adjacent_find(keys), keys.end()) << "two entries share a key";
+        }
+    }
+}
+
+TEST(AnalysisPreferences, WhatIsSavedIsLoaded)
+{
+    for (int i = 0; i < c_analysisCount; ++i) {
+        SCOPED_TRACE(i);
+        const auto saved = MakePreferences(EAnalysis{i});
+        ChangeAll(*saved);
+        EXPECT_TRUE(saved->IsModified());
+        CInifile ini = PreferencesIni();
+        EXPECT_TRUE(saved->Save(ini));
+        EXPECT_FALSE(saved->IsModified());
+        const auto loaded = MakePreferences(EAnalysis{i});
+        EXPECT_TRUE(loaded->Load(ini));
+        EXPECT_FALSE(loaded->IsModified());
+        ExpectSame(*loaded, *saved);
+        EXPECT_EQ(SavedBytes(*loaded), ini.GetBytes());
+        loaded->Reset();
+        ExpectSame(*loaded, *MakePreferences(EAnalysis{i}));
+    }
+}
+
+TEST(AnalysisPreferences, KeysStandInTheOrderOfTheLayout)
+{
+    CData data(EAnalysis::PlaneCorrection);
+    CInifile ini = PreferencesIni();
+    data.Save(ini);
+    const std::vector<CStr> keys = ini.GetKeys();
+    const std::size_t size = keys.size();
+    EXPECT_EQ(keys[0], u"WriteToFile");
+    EXPECT_EQ(keys[1], u"WriteToDB");
+    EXPECT_EQ(keys[2], u"TiltX_P_On");
+    EXPECT_EQ(keys[22], u"Count_S_On");
+    EXPECT_EQ(keys[23], u"Count_S_Value");
+    EXPECT_TRUE(ini.HasKey(u"SdPercent _S_On"));
+    EXPECT_EQ(keys[38], u"ResultTable_O_On");
+    EXPECT_EQ(keys[size - 2], u"UnitString");
+    EXPECT_EQ(keys[size - 1], u"Preprocessing");
+}
+
+TEST(AnalysisPreferences, WhatCannotBeReadKeepsItsValue)
+{
+    const CWarningCounter warnings;
+    CInifile ini = PreferencesIni("[A]\nWriteToFile=maybe\nPreprocessing=4\nCount_S_On=2\nMean_S_Value=nan\n"
+                                  "ResultTable_O_On=\n");
+    CData data(EAnalysis::CalibrationZ);
+    const CData before = data;
+    EXPECT_TRUE(data.Load(ini));
+    ExpectSame(data, before);
+    EXPECT_EQ(warnings.GetCount(), 5);
+}
+
+TEST(AnalysisPreferences, AbsentNumbersThrowInGettersAndAreRefusedBySetters)
+{
+    const CData data(EAnalysis::Tip);
+    const EAnalysis none{10};
+    const struct {
+        const char16_t* function;
+        const char16_t* text;
+        std::function<void()> call;
+    } rows[] = {
+        {u"GetParameter", u"Illegal Parameter ID: 12345", [&] { (void)data.GetParameter(12345); }},
+        {u"GetStatistic", u"Illegal m_Statistic ID: -1", [&] { (void)data.GetStatistic(-1); }},
+        {u"GetOutput", u"Illegal Output ID: 12345", [&] { (void)data.GetOutput(12345); }},
+        {u"GetFriendlyName", u"Illegal Analysis value: 10", [&] { (void)CData::GetFriendlyName(none); }},
+        {u"GetININame", u"Illegal Analysis value: -1", [&] { (void)CData::GetININame(EAnalysis{-1}); }},
+        {u"Init", u"Illegal Analysis value: 10", [&] { (void)CData(none); }},
+    };
+    for (const auto& row : rows) {
+        try {
+            row.call();
+            ADD_FAILURE() << CStr(row.text).ToUtf8();
+        } catch (const EInternal& error) {
+            EXPECT_EQ(error.GetMessageText(), row.text);
+            EXPECT_EQ(error.GetFunction(), u"CAnalysisPreferencesData::" + CStr(row.function));
+            EXPECT_EQ(error.GetFile(), u"AnalysisPreferencesData");
+        }
+    }
+    CData changed = data;
+    const CParameter other(12345, u"x", u"x", u"", 0, true);
+    EXPECT_FALSE(changed.SetStatistic(12345, other) || changed.SetOutput(12345, other) ||
+                 changed.SetParameterOn(12345, true) || changed.SetStatsOn(12345, true) ||
+                 changed.SetOutputOn(12345, true) || changed.SetPreprocessingNo(-1));
+    EXPECT_FALSE(changed.SetStatistics({other, changed.GetStatistics()[0]}));
+    EXPECT_TRUE(changed.SetOutputs({}));
+}
+
+TEST(AnalysisPreferences, ParametersAreReplacedAppendedAndNumbered)
+{
+    CData data(EAnalysis::Tip);
+    EXPECT_EQ(data.FindParameterMaxValue(), 6);
+    const CParameter other(40, u"Own", u"Own", u"", 6, true);
+    EXPECT_TRUE(data.SetParameter(41, other));
+    EXPECT_EQ(data.GetParameterIDs().back(), 40);
+    EXPECT_EQ(data.AddParameter(0, other), 41);
+    EXPECT_EQ(data.GetParameter(41).GetParentValue(), 142);
+    EXPECT_EQ(data.GetParameter(41).GetIniName(), u"Own");
+    EXPECT_TRUE(data.GetParameter(41).IsOn());
+    EXPECT_TRUE(data.SetParameters({}));
+    EXPECT_EQ(data.FindParameterMaxValue(), 1);
+    data.SetParameters({CParameter(-7, u"Own", u"Own", u"", 6, true)});
+    EXPECT_EQ(data.FindParameterMaxValue(), 1);
+}
+
+TEST(AnalysisPreferences, GroupsListWhatTheGetterAnswers)
+{
+    CData data(EAnalysis::Roughness);
+    const int dynamic = data.AddParameter(0, CParameter(7, u"Own", u"Own", u"", 6, true));
+    const auto few = data.GetGroups(&CData::GetParameter, false);
+    ASSERT_EQ(few.size(), 1u);
+    EXPECT_EQ(few[0].name, u"All Parameters");
+    EXPECT_EQ(few[0].parameters.size(), 50u) << "six templates and the dynamic parameter are left out";
+    EXPECT_EQ(GroupedIDs(data.GetGroups(&CData::GetParameter, true)), data.GetParameterIDs());
+    EXPECT_EQ(data.GetParameterIDs().back(), dynamic);
+    EXPECT_EQ(GroupedIDs(data.GetStatisticGroups()), data.GetStatisticIDs());
+    EXPECT_EQ(GroupedIDs(data.GetOutputGroups()), data.GetOutputIDs());
+    data.SetParameters({data.GetStatistic(4), data.GetStatistic(1)});
+    data.SetStatsOn(4, false);
+    const auto statistics = data.GetGroups(&CData::GetStatistic, false);
+    EXPECT_EQ(GroupedIDs(statistics), (std::vector<int>{4, 1}));
+    EXPECT_FALSE(statistics[0].parameters[0].IsOn());
+}
+
+TEST(AnalysisPreferences, AssignKeepsTheAnalysisAndTheClass)
+{
+    CRoughnessAnalysisPreferencesData data(EAnalysis::Roughness);
+    data.SetFormRemoval(ERoughnessFormRemoval::Parabola);
+    EXPECT_FALSE(data.Assign(CRoughnessAnalysisPreferencesData(EAnalysis::RoughnessProfile)));
+    EXPECT_FALSE(data.Assign(CData(EAnalysis::Tip)));
+    CData base(EAnalysis::Roughness);
+    base.SetWriteToDB(true);
+    EXPECT_TRUE(data.Assign(base));
+    EXPECT_TRUE(data.GetWriteToDB());
+    EXPECT_EQ(data.GetFormRemoval(), ERoughnessFormRemoval::Parabola);
+    const auto clone = data.Clone();
+    EXPECT_TRUE(clone->Assign(CRoughnessAnalysisPreferencesData(EAnalysis::Roughness)));
+    EXPECT_EQ(SavedBytes(*clone), SavedBytes(*MakePreferences(EAnalysis::Roughness)));
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "common/Diagnostics.h"
+#include "common/Inifile.h"
+#include "model/GrainPreferences.h"
+#include "model/RoughnessPreferences.h"
+
+#include <memory>
+#include <string>
+
+/// Keeps warnings from the test's output and counts them.
+class CWarningCounter
+{
+public:
+    CWarningCounter()
+        : m_previous(
+              CommonUI::GetDiagnostics().SetSink([this](const CommonUI::SDiagnosticLine&) { ++m_count; }))
+    {
+    }
+    ~CWarningCounter() { CommonUI::GetDiagnostics().SetSink(m_previous); }
+    int GetCount() const { return m_count; }
+
+private:
+    int m_count = 0;
+    CommonUI::CDiagnostics::CSink m_previous;
+};
+
+constexpr int c_analysisCount = 10;
+
+inline std::unique_ptr<CommonUI::CAnalysisPreferencesData> MakePreferences(CommonUI::EAnalysis analysis)
+{
+    using namespace CommonUI;
+    if (analysis == EAnalysis::Measure)
+        return std::make_unique<CGrainAnalysisPreferencesData>();
+    if (analysis == EAnalysis::Roughness || analysis == EAnalysis::RoughnessProfile)
+        return std::make_unique<CRoughnessAnalysisPreferencesData>(analysis);
+    return std::make_unique<CAnalysisPreferencesData>(analysis);
+}
+
+inline CommonUI::CInifile PreferencesIni(const std::string& bytes = {}, const char16_t* section = u"A")
+{
+    CommonUI::CInifile ini;
+    ini.LoadBytes(bytes);
+    ini.SelectSection(section);
+    return ini;
+}
+
+/// What Save writes for the object.
+inline std::string SavedBytes(CommonUI::CAnalysisPreferencesData& data)
+{
+    CommonUI::CInifile ini = PreferencesIni();
+    data.Save(ini);
+    return ini.GetBytes();
+}
