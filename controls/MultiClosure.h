@@ -79,7 +79,15 @@ protected:
             , m_current(list.m_first)
             , m_last(list.m_last)
         {
+// GCC 12 does not see that the destructor takes the address out again.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdangling-pointer"
+#endif
             list.m_calls = this;
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic pop
+#endif
         }
         ~CCall()
         {
