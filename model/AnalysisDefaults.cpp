@@ -43,12 +43,13 @@ struct SQuantity {
     int textId;
     bool on;
     EDimension dimension = EDimension::None;
+    EFormat format = EFormat::FormatDigits;
 };
 
 constexpr SQuantity c_calibration1D[] = {
     {1, u"Pitch", 9701, true, EDimension::Length},
     {2, u"PitchSd", 9702, true, EDimension::Length},
-    {3, u"PeriodCount", 9703, false},
+    {3, u"PeriodCount", 9703, false, EDimension::None, EFormat::FormatInteger},
     {4, u"ScaleFactor", 9704, true},
     {5, u"Deviation", 9705, true, EDimension::Percent},
 };
@@ -256,6 +257,7 @@ std::vector<CParameter> FromQuantities(std::span<const SQuantity> quantities)
         CParameter& made = list.emplace_back(row.value, row.iniName, GetString(row.textId), CStr(), 0, row.on,
                                              row.dimension);
         made.SetUnitFactor(FactorOf(row.dimension));
+        made.SetFloatFormat({row.format, made.GetFloatFormat().count});
     }
     return list;
 }

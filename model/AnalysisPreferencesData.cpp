@@ -170,6 +170,12 @@ CParameter CAnalysisPreferencesData::GetOutput(int id) const
     return *found;
 }
 
+bool CAnalysisPreferencesData::IsParameterOn(int id) const
+{
+    const CParameter* const found = FindIn(m_parameters, id);
+    return found && found->IsOn();
+}
+
 std::vector<int> CAnalysisPreferencesData::GetParameterIDs() const
 {
     return NumbersOf(m_parameters);

@@ -112,6 +112,8 @@ public:
     std::vector<CParameter> GetParameters() const { return m_parameters; }
     std::vector<CParameter> GetStatistics() const { return m_statistics; }
     std::vector<CParameter> GetOutputs() const { return m_outputs; }
+    /// Whether the parameter is on; false also when the list does not have it.
+    bool IsParameterOn(int id) const;
     std::vector<int> GetParameterIDs() const;
     std::vector<int> GetStatisticIDs() const;
     std::vector<int> GetOutputIDs() const;

@@ -123,9 +123,10 @@ void CRoughnessAnalysisPreferencesData::InitOwn()
 
 bool CRoughnessAnalysisPreferencesData::Save(CInifile& ini)
 {
+    const bool saved = CAnalysisPreferencesData::Save(ini);
     Detail::SavePreferences(*this, ini, SStored::c_table);
     Detail::SavePreferences(m_barChart, ini, BarChartTable(GetAnalysis()), c_barChartPrefix);
-    return CAnalysisPreferencesData::Save(ini);
+    return saved;
 }
 
 bool CRoughnessAnalysisPreferencesData::Load(CInifile& ini)

@@ -1,0 +1,202 @@
+#include "model/AnalysisPreferencesManager.h"
+
+#include "common/Exceptions.h"
+#include "model/detail/AnalysisDefaults.h"
+#include "model/detail/SectionScope.h"
+#include "model/GrainPreferences.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+using CData = CAnalysisPreferencesData;
+using CRoughnessData = CRoughnessAnalysisPreferencesData;
+
+std::unique_ptr<CData> MakeData(EAnalysis analysis)
+{
+    if (analysis == EAnalysis::Measure)
+        return std::make_unique<CGrainAnalysisPreferencesData>();
+    if (Detail::IsRoughness(analysis))
+        return std::make_unique<CRoughnessData>(analysis);
+    return std::make_unique<CData>(analysis);
+}
+
+/// The object of the analysis in an array of all.
+template<class TArray>
+auto& At(TArray& data, EAnalysis analysis, std::u16string_view function)
+{
+    const auto index = static_cast<std::size_t>(analysis);
+    if (index >= data.size())
+        throw EInternal(u"AnalysisPreferencesManager", __LINE__,
+                        u"CAnalysisPreferencesManager::" + CStr(function),
+                        CStr::Format(u"Illegal Analysis value: %d", static_cast<int>(analysis)));
+    return *data[index];
+}
+
+void SortByValue(std::vector<CParameter>& list)
+{
+    std::ranges::stable_sort(list, {}, &CParameter::GetValue);
+}
+
+/// Sorts `list` and answers whether it differs from `current`.
+bool SortAndCompare(std::vector<CParameter>& list, std::vector<CParameter> current)
+{
+    SortByValue(list);
+    SortByValue(current);
+    return !std::ranges::equal(list, current, CParameter::IsEqual);
+}
+
+/// Calls `visit` for every analysis with its section selected, which is `ini`'s with the analysis's name
+/// behind it.
+template<class TVisit>
+bool ForAll(CInifile& ini, TVisit visit)
+{
+    const CStr base = ini.GetSection();
+    bool all = true;
+    for (int i = 0; i <= static_cast<int>(EAnalysis::Measure); ++i) {
+        const EAnalysis analysis{i};
+        const Detail::CSectionScope scope(ini, base + u"_" + CData::GetININame(analysis));
+        all &= visit(analysis);
+    }
+    return all;
+}
+
+} // namespace
+
+CAnalysisPreferencesManager::CAnalysisPreferencesManager()
+{
+    for (std::size_t i = 0; i < m_data.size(); ++i)
+        m_data[i] = MakeData(static_cast<EAnalysis>(i));
+}
+
+CAnalysisPreferencesManager::~CAnalysisPreferencesManager() = default;
+
+const CAnalysisPreferencesData& CAnalysisPreferencesManager::GetData(EAnalysis analysis) const
+{
+    return At(m_data, analysis, u"GetData");
+}
+
+CAnalysisPreferencesData& CAnalysisPreferencesManager::_GetData(EAnalysis analysis)
+{
+    return At(m_data, analysis, u"_GetData");
+}
+
+bool CAnalysisPreferencesManager::SetData(EAnalysis analysis, const CAnalysisPreferencesData& data)
+{
+    const bool done = _GetData(analysis).Assign(data);
+    if (done)
+        AnnounceAll(analysis);
+    return done;
+}
+
+bool CAnalysisPreferencesManager::SetDataParameters(EAnalysis analysis, std::vector<CParameter>& list)
+{
+    CData& data = _GetData(analysis);
+    if (!SortAndCompare(list, data.GetParameters()))
+        return false;
+    if (data.SetParameters(list))
+        Announce(analysis, EPreferencesChange::Parameters);
+    return true;
+}
+
+bool CAnalysisPreferencesManager::SetDataStatistics(EAnalysis analysis, std::vector<CParameter>& list)
+{
+    CData& data = _GetData(analysis);
+    if (!SortAndCompare(list, data.GetStatistics()))
+        return false;
+    if (data.SetStatistics(list))
+        Announce(analysis, EPreferencesChange::Statistics);
+    return true;
+}
+
+bool CAnalysisPreferencesManager::SetDataOutputs(EAnalysis analysis, std::vector<CParameter>& list)
+{
+    CData& data = _GetData(analysis);
+    if (!SortAndCompare(list, data.GetOutputs()))
+        return false;
+    if (data.SetOutputs(list))
+        Announce(analysis, EPreferencesChange::Outputs);
+    return true;
+}
+
+bool CAnalysisPreferencesManager::SetDataParameterOn(EAnalysis analysis, int id, bool on)
+{
+    CData& data = At(m_data, analysis, u"SetDataParameterOn");
+    const bool changes = data.IsParameterOn(id) != on;
+    const bool done = data.SetParameterOn(id, on);
+    if (done && changes)
+        Announce(analysis, EPreferencesChange::Parameters);
+    return done;
+}
+
+bool CAnalysisPreferencesManager::SetDataPreprocessingNo(EAnalysis analysis, int number)
+{
+    CData& data = At(m_data, analysis, u"SetDataPreprocessingNo");
+    const auto before = data.GetPreprocessingOption();
+    const bool done = data.SetPreprocessingNo(number);
+    if (data.GetPreprocessingOption() != before)
+        Announce(analysis, EPreferencesChange::Parameters);
+    return done;
+}
+
+bool CAnalysisPreferencesManager::SetBarChartConfig(EAnalysis analysis,
+                                                    const CRoughnessData::SBarChartConfig& config)
+{
+    auto* const data = dynamic_cast<CRoughnessData*>(&_GetData(analysis));
+    if (!data)
+        return false;
+    const CRoughnessData::SBarChartConfig before = data->GetBarChartConfig();
+    data->SetBarChartConfig(config);
+    if (data->GetBarChartConfig() != before)
+        Announce(analysis, EPreferencesChange::Outputs);
+    return true;
+}
+
+bool CAnalysisPreferencesManager::LoadData(EAnalysis analysis, CInifile& ini)
+{
+    const bool done = _GetData(analysis).Load(ini);
+    if (done)
+        AnnounceAll(analysis);
+    return done;
+}
+
+bool CAnalysisPreferencesManager::SaveData(EAnalysis analysis, CInifile& ini)
+{
+    return _GetData(analysis).Save(ini);
+}
+
+bool CAnalysisPreferencesManager::Load(CInifile& ini)
+{
+    return ForAll(ini, [&](EAnalysis analysis) { return LoadData(analysis, ini); });
+}
+
+bool CAnalysisPreferencesManager::Save(CInifile& ini) const
+{
+    return ForAll(ini, [&](EAnalysis analysis) { return At(m_data, analysis, u"Save").Save(ini); });
+}
+
+void CAnalysisPreferencesManager::Announce(EAnalysis analysis, EPreferencesChange kind) const
+{
+    m_changes.Invoke({analysis, kind});
+}
+
+void CAnalysisPreferencesManager::AnnounceAll(EAnalysis analysis) const
+{
+    for (const auto kind :
+         {EPreferencesChange::Parameters, EPreferencesChange::Statistics, EPreferencesChange::Outputs})
+        Announce(analysis, kind);
+}
+
+CAnalysisPreferencesManager& GetAnalysisPreferencesManager()
+{
+    // Never destroyed, so that destructors of static objects may still save.
+    static auto& manager = *new CAnalysisPreferencesManager;
+    return manager;
+}
+
+} // namespace CommonUI
