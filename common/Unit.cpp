@@ -37,20 +37,13 @@ struct SFactorRow {
 };
 
 constexpr SFactorRow c_factors[] = {
-    {1e-12, u"pm", u"p"},
-    {1e-10, u"Å", u"1E-10 "},
-    {1e-9, u"nm", u"n"},
-    {2.54e-8, u"µin", u"2.54E-8 "},
-    {1e-6, u"µm", u"µ"},
-    {2.54e-5, u"mil", u"2.54E-5 "},
-    {1e-3, u"mm", u"m"},
-    {1e-2, u"cm", u"c"},
-    {2.54e-2, u"in", u"2.54E-2 "},
-    {1.0, u"m", u""},
-    {1e3, u"km", u"k"},
-    {1e6, u"Mm", u"M"},
-    {1e9, u"Gm", u"G"},
-    {1.0, u"m", u""},
+    {1e-12, u"pm", u"p"},         {1e-10, u"Å", u"1E-10"},
+    {1e-9, u"nm", u"n"},          {2.54e-8, u"µin", u"2.54E-8"},
+    {1e-6, u"µm", u"µ"},          {2.54e-5, u"mil", u"2.54E-5"},
+    {1e-3, u"mm", u"m"},          {1e-2, u"cm", u"c"},
+    {2.54e-2, u"in", u"2.54E-2"}, {1.0, u"m", u""},
+    {1e3, u"km", u"k"},           {1e6, u"Mm", u"M"},
+    {1e9, u"Gm", u"G"},           {1.0, u"m", u""},
 };
 
 /// Further spellings that are understood but never written.
@@ -100,6 +93,8 @@ EUnitFactor FactorOfPrefix(char16_t prefix)
 {
     if (prefix == u'u' || prefix == u'\u03BC')
         return EUnitFactor::Micro;
+    if (prefix == u'c')
+        return EUnitFactor::Centi;
     for (const EUnitFactor factor : c_metric) {
         if (RowOf(factor).prefix == std::u16string_view(&prefix, 1))
             return factor;
@@ -149,10 +144,11 @@ bool CUnit::ParseLength(const CStr& text, CUnit& unit)
 
 CUnit CUnit::FromText(const CStr& text)
 {
-    CUnit unit;
-    if (ParseLength(text, unit))
-        return unit;
     const std::u16string_view trimmed = TrimView(text);
+    CUnit unit;
+    // "A" is ampere here: no length is written so.
+    if (std::ranges::find(c_prefixable, trimmed) == std::end(c_prefixable) && ParseLength(text, unit))
+        return unit;
     if (trimmed.size() > 1 && std::ranges::find(c_prefixable, trimmed.substr(1)) != std::end(c_prefixable)) {
         if (const EUnitFactor factor = FactorOfPrefix(trimmed[0]); factor != EUnitFactor::Undefined)
             return CUnit(factor, trimmed.substr(1));
@@ -165,12 +161,21 @@ double CUnit::GetFactorValue(EUnitFactor factor) noexcept
     return RowOf(factor).value;
 }
 
+bool CUnit::IsMetricPrefix(EUnitFactor factor) noexcept
+{
+    return std::ranges::find(c_metric, factor) != std::end(c_metric);
+}
+
 CStr CUnit::GetText() const
 {
     if (IsEmpty())
         return {};
     const SFactorRow& row = RowOf(m_factor);
-    return m_symbol == c_metre ? CStr(row.length) : CStr(row.prefix) + m_symbol;
+    if (m_symbol == c_metre)
+        return row.length;
+    if (row.prefix.size() > 1)
+        return u"(" + CStr(row.prefix) + u" " + m_symbol + u")";
+    return CStr(row.prefix) + m_symbol;
 }
 
 CUnit::EUnitFactor CUnit::SuitableFactor(double value, int power, SShownDigits shown) const

@@ -66,6 +66,10 @@ public:
     static double GetFactorValue(EUnitFactor factor) noexcept;
     double GetFactorValue() const noexcept { return GetFactorValue(m_factor); }
 
+    /// Whether the factor is one by a power of a thousand, which units of any kind take as a prefix; the
+    /// others (Ångström, centi, inches) are for lengths.
+    static bool IsMetricPrefix(EUnitFactor factor) noexcept;
+
     /// The unit with its prefix: "nm", "Å", "µin", "mil", "mV"; a unit at factor Undefined is shown like one
     /// at factor 1.
     CStr GetText() const;

@@ -8,8 +8,7 @@ namespace CommonUI
 {
 
 /// The quantities by which grain analysis measures a grain (a particle, a pore or an island of a surface).
-/// The numbers are stored in files of earlier versions, so they keep their gaps: 66 to 69, 71 and 74 are not
-/// in the catalogue.
+/// The numbers 66 to 69, 71 and 74 are not in the catalogue; they are not given to new quantities.
 enum class EMeasureParameters {
     None = 0,
     Type = 1,

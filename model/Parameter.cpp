@@ -49,7 +49,7 @@ CStr UnitText(EDimension dimension, const CUnit& unit)
         return u"°";
     if (dimension == EDimension::Percent)
         return u"%";
-    const CStr text = unit.GetText();
+    CStr text = unit.GetText();
     if (text.IsEmpty())
         return text;
     switch (dimension) {
@@ -78,8 +78,11 @@ std::vector<CParameter::CScaling> ScalingsOf(std::span<const EUnitFactor> factor
     std::vector<CParameter::CScaling> scalings;
     if (unit.IsEmpty())
         return scalings;
-    for (const EUnitFactor factor : factors)
-        scalings.emplace_back(factor, UnitText(dimension, unit.WithFactor(factor)));
+    const bool isLength = unit.IsSameKind(CUnit(EUnitFactor::Unity));
+    for (const EUnitFactor factor : factors) {
+        if (isLength || CUnit::IsMetricPrefix(factor))
+            scalings.emplace_back(factor, UnitText(dimension, unit.WithFactor(factor)));
+    }
     return scalings;
 }
 

@@ -150,7 +150,11 @@ void SaveDynamic(const CParameter& parameter, CInifile& ini, const CStr& prefix,
     ini.WriteInt(prefix + u"P_Dimension", static_cast<int>(parameter.GetDimension()));
     ini.WriteText(prefix + u"IniName", parameter.GetIniName());
     ini.WriteText(prefix + u"FriendlyName", parameter.GetFriendlyString());
-    ini.WriteText(prefix + u"ShortFriendlyName", parameter.GetShortFriendlyString());
+    // Without a short text the parameter answers with the friendly one, which shall not become a text of its
+    // own.
+    const CStr shortText = parameter.GetShortFriendlyString();
+    ini.WriteText(prefix + u"ShortFriendlyName",
+                  shortText == parameter.GetFriendlyString() ? CStr() : shortText);
 }
 
 /// What a plug-in's parameter says of itself; other parameters have it from their parent.

@@ -32,13 +32,12 @@ std::u16string_view NextToken(std::u16string_view& rest, std::u16string_view del
 
 void CGridBaseOutputCtrl::AddRow(SRow row)
 {
-    if (row.cells.size() < m_columns.size())
-        row.cells.resize(m_columns.size());
     m_rows.push_back(std::move(row));
 }
 
 void CGridBaseOutputCtrl::Clear()
 {
+    m_nameHeader.Clear();
     m_columns.clear();
     m_rows.clear();
     ClearSelection();
@@ -54,12 +53,11 @@ bool CGridBaseOutputCtrl::InsertTokenizableRow(const CStr& line, const CStr& del
     SRow row{.name = name, .cells = {}, .subHeader = subHeader, .data = data};
     for (auto token = NextToken(rest, delimiters); !token.empty(); token = NextToken(rest, delimiters))
         row.cells.emplace_back(TrimView(token).empty() ? std::u16string_view() : token);
-    if (row.cells.size() > m_columns.size()) {
+    if (m_type != SCellInfo::Summary && row.cells.size() > m_columns.size()) {
         GetDiagnostics().Write(u"ResultGrid", EDiagnosticLevel::Warning,
                                CStr::Format(u"Row \"%s\" has %d cells for %d columns", row.name,
                                             row.cells.size(), m_columns.size()));
     }
-    row.cells.resize(m_columns.size());
     m_rows.insert(atTop ? m_rows.begin() : m_rows.end(), std::move(row));
     return true;
 }
@@ -101,13 +99,15 @@ CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::HeaderRow() const
 
 CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::BodyRow(const SRow& row) const
 {
-    CRow cells;
-    cells.reserve(row.cells.size() + 1);
+    // A summary has labels and values, but neither columns nor headers.
+    const bool summary = m_type == SCellInfo::Summary;
+    const std::size_t count = summary ? row.cells.size() : m_columns.size();
     const std::uint32_t flags = row.subHeader ? SCellInfo::SubHeader : 0U;
-    // A summary has labels and values, but no headers.
-    cells.push_back(MakeCell(row.name, m_type == SCellInfo::Summary ? flags : flags | SCellInfo::RowHeader));
-    for (const CStr& text : row.cells)
-        cells.push_back(MakeCell(text, flags));
+    CRow cells;
+    cells.reserve(count + 1);
+    cells.push_back(MakeCell(row.name, summary ? flags : flags | SCellInfo::RowHeader));
+    for (std::size_t i = 0; i < count; ++i)
+        cells.push_back(MakeCell(i < row.cells.size() ? row.cells[i] : CStr(), flags));
     for (SCellInfo& cell : cells)
         cell.indent = row.indent;
     return cells;
@@ -132,21 +132,31 @@ void CGridBaseOutputCtrl::GetGridCells(CCells& cells, int type) const
         cells.push_back(BodyRow(row));
 }
 
+std::size_t CGridBaseOutputCtrl::GetWidth() const
+{
+    std::size_t width = m_columns.size();
+    if (m_type == SCellInfo::Summary) {
+        for (const SRow& row : m_rows)
+            width = std::max(width, row.cells.size());
+    }
+    return width + 1;
+}
+
 void CGridBaseOutputCtrl::Select(const SSelection& selection)
 {
-    m_hasSelection = false;
-    if (m_rows.empty())
-        return;
     m_selection = selection;
+    m_hasSelection = !m_rows.empty();
+    if (!m_hasSelection)
+        return;
     m_selection.lastRow = std::min(selection.lastRow, m_rows.size() - 1);
-    m_selection.lastColumn = std::min(selection.lastColumn, m_columns.size());
+    m_selection.lastColumn = std::min(selection.lastColumn, GetWidth() - 1);
     m_hasSelection =
         m_selection.firstRow <= m_selection.lastRow && m_selection.firstColumn <= m_selection.lastColumn;
 }
 
 void CGridBaseOutputCtrl::SelectAll()
 {
-    Select({0, m_rows.size(), 0, m_columns.size()});
+    Select({0, m_rows.size(), 0, GetWidth()});
 }
 
 void CGridBaseOutputCtrl::ClearSelection()
@@ -164,7 +174,7 @@ void CGridBaseOutputCtrl::GetSelectedCells(CCells& cells, bool headers) const
         return CRow(row.begin() + static_cast<std::ptrdiff_t>(first),
                     row.begin() + static_cast<std::ptrdiff_t>(last));
     };
-    if (headers) {
+    if (headers && !m_columns.empty()) {
         cells.push_back(cut(HeaderRow()));
         for (SCellInfo& cell : cells.back())
             cell.text = cell.text.Replace(u"\r\n", u" ");

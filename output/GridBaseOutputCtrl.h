@@ -50,7 +50,9 @@ public:
     using CCells = std::vector<CRow>;
 
     /// A column with its header text, wrapped by "\r\n", and the name of the group that it belongs to
-    /// together with its neighbours of the same group name.
+    /// together with its neighbours of the same group name. In tab-separated text a group's name takes one
+    /// cell however many columns it spans, so that the names of later groups do not stand over their columns;
+    /// HTML shows them right.
     struct SColumn {
         CStr header;
         CStr group;
@@ -97,15 +99,16 @@ public:
 
     /// Makes room for that many rows in all.
     void ReserveRows(std::size_t count) { m_rows.reserve(count); }
-    /// Appends a row. A row with fewer cells than columns is filled with empty ones; a summary has no columns
-    /// and keeps its rows as they are.
+    /// Appends a row. In the table it has as many cells as there are columns, empty ones where it has fewer;
+    /// the rows of a summary, which has no columns, keep their own counts.
     void AddRow(SRow row);
     const std::vector<SRow>& GetRows() const noexcept { return m_rows; }
+    /// Removes columns, rows and selection.
     void Clear();
 
     /// Adds a row from one line. Runs of delimiters count as one and there is no empty token; the first token
     /// is the row's name, the others its cells, where a token of blanks alone is an empty cell. Tokens beyond
-    /// the last column are dropped, with a line in the diagnostics.
+    /// the last column are not shown, with a line in the diagnostics.
     /// @param delimiters every one of its code units separates
     /// @param subHeader whether the row belongs to the column headers
     /// @param atTop whether the row goes in front of all others
@@ -161,6 +164,8 @@ public:
                                    bool omitColumnGroup = false);
 
 private:
+    /// One more than the last column that can be selected: that of the names and the longest row.
+    std::size_t GetWidth() const;
     bool Delivers(int type) const noexcept { return (type & m_type) != 0; }
     CRow GroupRow() const;
     CRow HeaderRow() const;

@@ -32,6 +32,9 @@ constexpr double c_minusInfinite = -1.7e37F;
 constexpr double c_notAvailable = 8.506e37;
 constexpr double c_integerLimit = 32767;
 
+/// More digits than anyone reads, and few enough for any memory.
+constexpr int c_largestCount = 99;
+
 /// The formats of one digit count: the first for magnitudes below 0.1, each next one for a decade more, the
 /// last for all larger magnitudes.
 struct SDigitsRow {
@@ -120,20 +123,21 @@ CStr FormatParameterValue(double value, const CParameter::SFormatSpecifier& form
         return {};
     if (std::isinf(value))
         return value > 0 ? u"INF" : u"-INF";
+    const int count = std::clamp(format.count, 0, c_largestCount);
     SNumberFormat number;
     switch (format.type) {
     case EFormatSpecifier::FormatDecimals:
-        number = Fixed(0, format.count);
+        number = Fixed(0, count);
         break;
     case EFormatSpecifier::FormatDigits:
-        number = Exponent(0, format.count);
+        number = Exponent(0, count);
         break;
     case EFormatSpecifier::FormatInteger:
         number = Fixed(0, 0);
-        value = std::round(value) + 0.0; // no "-0"
+        value = std::round(value);
         break;
     }
-    return CStr::FromAscii(CNumberText(value, number).View());
+    return CStr::FromAscii(CNumberText(value + 0.0, number).View()); // no "-0"
 }
 
 CStr GenerateNumberFormatText(const CParameter::SFormatSpecifier& format)

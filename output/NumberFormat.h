@@ -14,7 +14,8 @@ namespace CommonUI
 COMMONUI_API CStr GetFormatString(const CParameter::SFormatSpecifier& format);
 
 /// The text of a value in a parameter's number format. An integer format rounds to the nearest integer, half
-/// away from zero. Empty for a NaN, "INF" or "-INF" for an infinity.
+/// away from zero. Empty for a NaN, "INF" or "-INF" for an infinity; zero has no sign. Counts are taken from
+/// 0 to 99.
 /// @param value the value as shown: at the parameter's unit factor
 COMMONUI_API CStr FormatParameterValue(double value, const CParameter::SFormatSpecifier& format);
 
@@ -25,6 +26,7 @@ COMMONUI_API CStr GenerateNumberFormatText(const CParameter::SFormatSpecifier& f
 /// the value, in widths that line up a column of similar values. Fixed-point texts keep the leading blanks of
 /// their width; exponent forms have neither blanks nor leading zeros in the exponent ("1E-6").
 ///
+/// Zero has as many decimals as digits are asked for, from 3 to 8, and otherwise one: "0.0".
 /// Empty for a NaN; "INF" from 1.7e35 upward, "-INF" from -1.7e37 downward.
 /// @param digits 0 to 8; negative numbers count as 6, larger ones as 8
 /// @param integer whether a whole number of magnitude below 32767 is written without decimals

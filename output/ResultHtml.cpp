@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace CommonUI
 {
@@ -204,10 +205,10 @@ std::u16string_view SelectionStyle(bool header, bool rowName)
     return rowName ? u"text-align:left;" : u"text-align:rigth;";
 }
 
-CStr SelectionHtml(const CCells& cells)
+/// @param hasHeader whether the first row is that of the headers
+/// @param hasNames whether the first column is that of the row names
+CStr SelectionHtml(const CCells& cells, bool hasHeader, bool hasNames)
 {
-    const bool hasHeader = StartsWith(cells.front(), SCellInfo::ColumnHeader);
-    const bool hasNames = StartsWith(cells.back(), SCellInfo::RowHeader);
     CTextBuilder html;
     html += Detail::c_metaLine;
     html += c_style;
@@ -313,11 +314,15 @@ CGridBaseOutputCtrl::SCopiedTexts CGridBaseOutputCtrl::CopySelectionAsHTML(bool 
 {
     CCells cells;
     GetSelectedCells(cells, headers);
-    if (transpose)
+    bool hasHeader = headers && !m_columns.empty();
+    bool hasNames = m_selection.firstColumn == 0;
+    if (transpose) {
         TransposeCells(cells);
+        std::swap(hasHeader, hasNames);
+    }
     if (cells.empty())
         return {};
-    return {SelectionHtml(cells), SelectionText(cells)};
+    return {SelectionHtml(cells, hasHeader, hasNames), SelectionText(cells)};
 }
 
 } // namespace CommonUI

@@ -63,8 +63,9 @@ SProfileElements ComputeElements(std::span<const double> profile)
                                          c_widthShare * static_cast<double>(profile.size() - 1));
     if (crossings.size() < 3)
         return {};
-    const std::size_t last = (crossings.size() - 1) / 2 * 2;
-    const auto elements = static_cast<double>(last / 2);
+    const std::size_t count = (crossings.size() - 1) / 2;
+    const std::size_t last = count * 2;
+    const auto elements = static_cast<double>(count);
     double heights = 0;
     for (std::size_t i = 0; i < last; i += 2) {
         const auto first = static_cast<std::size_t>(std::ceil(crossings[i]));

@@ -13,7 +13,7 @@ namespace
 
 constexpr int c_points = 128;
 constexpr int c_lines = 96;
-constexpr int c_reach = 2; // of the smoothing, in points
+constexpr std::size_t c_width = 5; // of the smoothing, in points
 
 // Whole numbers only, so that no rounding differs from one machine to the next. Generator: Park and Miller,
 // 1988.
@@ -34,13 +34,13 @@ private:
 // Marks of the grains, in nm: noise along x, smoothed.
 std::array<int, c_points> MakeGrooves(CRandom& random, int range)
 {
-    std::array<int, c_points + 2 * c_reach> noise;
+    std::array<int, c_points + c_width - 1> noise;
     for (int& value : noise)
         value = random.Get(range);
     std::array<int, c_points> grooves{};
     for (std::size_t i = 0; i < c_points; ++i)
-        for (std::size_t j = 0; j <= 2 * c_reach; ++j)
-            grooves[i] += noise[i + j] / (2 * c_reach + 1);
+        for (std::size_t j = 0; j < c_width; ++j)
+            grooves[i] += noise[i + j] / static_cast<int>(c_width);
     return grooves;
 }
 

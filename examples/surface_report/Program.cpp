@@ -69,6 +69,26 @@ void WriteFile(const fs::path& path, const std::string& bytes)
         throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
 }
 
+/// Writes both reports, or neither: when the second cannot be written, the first is as it was.
+void WriteReports(const CReport& report, const fs::path& folder)
+{
+    fs::create_directories(folder);
+    const fs::path html = folder / "report.html";
+    std::string before;
+    CommonUI::CStr reason;
+    const bool existed = CommonUI::ReadFileBytes(html.u16string(), before, before.max_size(), reason);
+    WriteFile(html, report.GetHtml());
+    try {
+        WriteFile(folder / "report.txt", report.GetText());
+    } catch (const std::runtime_error&) {
+        if (existed)
+            WriteFile(html, before);
+        else
+            fs::remove(html);
+        throw;
+    }
+}
+
 void Run(const SOptions& options, std::ostream& out, std::ostream& err)
 {
     SurfaceAnalysis::SSurface surface = Read(options.input, err);
@@ -77,10 +97,9 @@ void Run(const SOptions& options, std::ostream& out, std::ostream& err)
         const auto areal = SurfaceAnalysis::ComputeAreal(surface);
         const auto profiles = SurfaceAnalysis::ComputeProfiles(surface);
         const CReport report(surface, SelectColumns(areal, profiles, options), options);
-        fs::create_directories(options.folder);
-        WriteFile(options.folder / "report.html", report.GetHtml());
-        WriteFile(options.folder / "report.txt", report.GetText());
-        out << report.GetTerminalText();
+        WriteReports(report, options.folder);
+        if (!(out << report.GetTerminalText() << std::flush))
+            throw std::runtime_error("the report cannot be printed");
     } catch (const SurfaceAnalysis::ENoPoints& error) {
         throw std::runtime_error(options.input.string() + ": " + error.what());
     }

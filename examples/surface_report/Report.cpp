@@ -38,6 +38,15 @@ CStr LevellingText(ELevelling levelling)
     }
 }
 
+/// What a file says of itself, on one line and in one cell.
+CStr OneLine(const std::string& text)
+{
+    std::string line = text;
+    std::ranges::replace_if(
+        line, [](unsigned char c) { return c < ' '; }, ' ');
+    return CStr::FromUtf8(line);
+}
+
 /// A length with the unit that suits it.
 CStr LengthText(double metres)
 {
@@ -51,9 +60,9 @@ void FillSummary(CGrid& grid, const SSurface& surface, const SOptions& options)
     const auto add = [&grid](const char16_t* label, const CStr& text) {
         grid.AddRow({.name = label, .cells = {text}});
     };
-    add(u"File", CStr::FromUtf8(surface.fileName));
+    add(u"File", OneLine(surface.fileName));
     if (!surface.channel.empty())
-        add(u"Channel", CStr::FromUtf8(surface.channel));
+        add(u"Channel", OneLine(surface.channel));
     add(u"Points", CStr::Format(u"%d × %d", surface.points, surface.lines));
     add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
     add(u"Missing points", CStr::Format(u"%d", surface.missing));
@@ -117,6 +126,7 @@ void FillStatistics(CGrid& grid, const std::vector<SColumn>& columns)
     for (const SColumn& column : columns)
         grid.AddColumn({HeaderOf(column.parameter), {}});
     std::vector<std::vector<SurfaceAnalysis::SValue>> computed;
+    computed.reserve(columns.size());
     for (const SColumn& column : columns)
         computed.push_back(SurfaceAnalysis::ComputeStatistics(column.values));
     for (const auto& entry : GetStatisticsEnum()) {
@@ -138,8 +148,9 @@ CStr EscapeMarkup(const CStr& text)
     return text.Replace(u"&", u"&amp;").Replace(u"<", u"&lt;").Replace(u">", u"&gt;");
 }
 
-/// The same grid with texts that may stand in HTML: what comes from a file may hold markup characters.
-CGrid Escaped(const CGrid& grid)
+/// The rows of a summary with texts that may stand in HTML: what comes from a file may hold markup
+/// characters.
+CGrid EscapedSummary(const CGrid& grid)
 {
     CGrid escaped(grid.GetType());
     for (CGrid::SRow row : grid.GetRows()) {
@@ -190,11 +201,16 @@ std::string CReport::GetText() const
 
 std::string CReport::GetHtml() const
 {
-    const CGrid summary = Escaped(m_summary);
-    const std::string tables =
-        Joined({CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose),
-                CGrid::GenerateHTMLTables(nullptr, &m_profiles, &m_statistics, m_transpose)},
-               "\n<br>\n");
+    const CGrid summary = EscapedSummary(m_summary);
+    CGrid::CCells profiles;
+    m_profiles.GetGridHeaders(profiles, SCell::Results);
+    m_profiles.GetGridCells(profiles, SCell::Results);
+    m_statistics.GetGridCells(profiles, SCell::Statistics);
+    if (m_transpose)
+        CGrid::TransposeCells(profiles);
+    const std::string tables = Joined({CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose),
+                                       CGrid::GenerateResultsHTMLTable(profiles)},
+                                      "\n<br>\n");
     return "<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report: " + m_title + "</title>\n" + tables +
            "\n</html>\n";
 }

@@ -22,14 +22,14 @@ struct SFactorCase {
 
 constexpr SFactorCase c_factorCases[] = {
     {EFactor::Pico, u"Pico", 1e-12, u"pm", u"pV"},
-    {EFactor::Aangstroem, u"Aangstroem", 1e-10, u"Å", u"1E-10 V"},
+    {EFactor::Aangstroem, u"Aangstroem", 1e-10, u"Å", u"(1E-10 V)"},
     {EFactor::Nano, u"Nano", 1e-9, u"nm", u"nV"},
-    {EFactor::MicroInch, u"MicroInch", 2.54e-8, u"µin", u"2.54E-8 V"},
+    {EFactor::MicroInch, u"MicroInch", 2.54e-8, u"µin", u"(2.54E-8 V)"},
     {EFactor::Micro, u"Micro", 1e-6, u"µm", u"µV"},
-    {EFactor::MilliInch, u"MilliInch", 2.54e-5, u"mil", u"2.54E-5 V"},
+    {EFactor::MilliInch, u"MilliInch", 2.54e-5, u"mil", u"(2.54E-5 V)"},
     {EFactor::Milli, u"Milli", 1e-3, u"mm", u"mV"},
     {EFactor::Centi, u"Centi", 1e-2, u"cm", u"cV"},
-    {EFactor::Inch, u"Inch", 2.54e-2, u"in", u"2.54E-2 V"},
+    {EFactor::Inch, u"Inch", 2.54e-2, u"in", u"(2.54E-2 V)"},
     {EFactor::Unity, u"Unity", 1, u"m", u"V"},
     {EFactor::Kilo, u"Kilo", 1e3, u"km", u"kV"},
     {EFactor::Mega, u"Mega", 1e6, u"Mm", u"MV"},
@@ -51,6 +51,10 @@ TEST(Unit, FactorsHaveTheirValuesKeysAndTexts)
         EXPECT_EQ(CUnit(row.factor).GetText(), row.length);
         EXPECT_EQ(CUnit(row.factor, u"V").GetText(), row.volt);
         EXPECT_EQ(CUnit::FromText(row.length).GetFactorValue(), row.value);
+        if (!CStr(row.volt).StartsWith(u"(")) {
+            const CStr ampere = CStr(row.volt).Replace(u"V", u"A");
+            EXPECT_EQ(CUnit::FromText(ampere).GetText(), ampere);
+        }
     }
     EXPECT_EQ(CUnit::GetUnitFactorEnum().GetValue(u"nano"), EFactor::Unity);
     EXPECT_EQ(CUnit::GetFactorValue(static_cast<EFactor>(99)), 1);
@@ -64,7 +68,7 @@ TEST(Unit, ReadsTexts)
         const char16_t* symbol;
     } cases[] = {
         {u"um", EFactor::Micro, u"m"},          {u"\u03BCm", EFactor::Micro, u"m"},
-        {u" nm ", EFactor::Nano, u"m"},         {u"A", EFactor::Aangstroem, u"m"},
+        {u" nm ", EFactor::Nano, u"m"},         {u"A", EFactor::Unity, u"A"},
         {u"\u212B", EFactor::Aangstroem, u"m"}, {u"mm", EFactor::Milli, u"m"},
         {u"Mm", EFactor::Mega, u"m"},           {u"uin", EFactor::MicroInch, u"m"},
         {u"mV", EFactor::Milli, u"V"},          {u"uV", EFactor::Micro, u"V"},
@@ -78,6 +82,9 @@ TEST(Unit, ReadsTexts)
         EXPECT_EQ(unit.GetSymbol(), row.symbol) << CStr(row.text).ToUtf8();
     }
     CUnit unit(EFactor::Kilo);
+    EXPECT_TRUE(CUnit::ParseLength(u"A", unit));
+    EXPECT_EQ(unit, CUnit(EFactor::Aangstroem));
+    unit = CUnit(EFactor::Kilo);
     EXPECT_FALSE(CUnit::ParseLength(u"mV", unit));
     EXPECT_EQ(unit, CUnit(EFactor::Kilo));
     EXPECT_TRUE(CUnit(EFactor::Nano).IsSameKind(CUnit(EFactor::Inch)));

@@ -104,6 +104,7 @@ TEST(ParameterList, WithoutDynamicParametersTheirSectionIsEmpty)
     std::vector<CParameter> list = StaticList();
     CInifile ini = IniOf("[A_DynamicParameters]\nNumDynamicParameters=1\nDyn1_ParentParam=Sdc\n");
     SaveParameterList(list, ini, EAnalysis::Roughness);
+    EXPECT_TRUE(ini.HasSection(u"A_DynamicParameters"));
     ini.SelectSection(u"A_DynamicParameters");
     EXPECT_TRUE(ini.GetKeys().empty());
 }

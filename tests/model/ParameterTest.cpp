@@ -140,7 +140,10 @@ TEST(Parameter, ScalingsAreOfferedWhereAUnitCanBeChosen)
         EXPECT_TRUE(CParameter::GetScalingsList(dimension, c_lengths).empty());
     const SBase3D<CUnit> mixed{c_metre, c_volt, c_volt};
     EXPECT_TRUE(CParameter::GetScalingsList(EDimension::Area, mixed).empty());
-    EXPECT_EQ(CParameter::GetScalingsList(EDimension::LengthZ, mixed).front().second, u"pV");
+    CStr offered;
+    for (const auto& scaling : CParameter::GetScalingsList(EDimension::LengthZ, mixed))
+        offered += scaling.second + u" ";
+    EXPECT_EQ(offered, u"pV nV µV mV V ");
     EXPECT_TRUE(CParameter::GetUSMetricScalingsList(EDimension::LengthZ, mixed).empty());
 }
 

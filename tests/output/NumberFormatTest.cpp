@@ -142,6 +142,8 @@ TEST(ParameterFormat, GivesTheFormatAndTheTextOfAValue)
         {{EFormat::FormatInteger, 5}, u"%d", 2.5, u"3", u"5 Integer"},
         {{EFormat::FormatInteger, 5}, u"%d", -0.2, u"0", u"5 Integer"},
         {{EFormat::FormatInteger, 5}, u"%d", 1e15, u"1000000000000000", u"5 Integer"},
+        {{EFormat::FormatDecimals, 1}, u"%.1lf", -0.0, u"0.0", u"1 Decimals"},
+        {{EFormat::FormatDecimals, -5}, u"%.-5lf", 2.5, u"2", u"-5 Decimals"},
         {{static_cast<EFormat>(7), 5}, u"%lf", 0.5, u"0.500000", u"5 "},
         {{EFormat::FormatDigits, 5}, u"%.5lG", std::nan(""), u"", u"5 Digits"},
         {{EFormat::FormatInteger, 5}, u"%d", c_infinity, u"INF", u"5 Integer"},

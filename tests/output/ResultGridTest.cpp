@@ -47,6 +47,7 @@ TEST(EndResults, NewRowsGoInFrontUnlessAppended)
 TEST(ResultGrid, TakesRowsFromTokens)
 {
     CGrid grid(SCell::Results);
+    grid.AddRow({.name = u"early", .cells = {u"1", u"2", u"surplus"}});
     grid.AddColumn({u"A", {}});
     grid.AddColumn({u"B", {}});
     EXPECT_FALSE(grid.InsertTokenizableRow(u"\t\t", u"\t"));
@@ -61,13 +62,14 @@ TEST(ResultGrid, TakesRowsFromTokens)
     collection.AddItemToCollection(SEndResultItem(u"no values"), true);
     grid.AddResultsToGrid(&collection, {});
     grid.AddResultsToGrid(nullptr, {});
-    EXPECT_EQ(grid.GetRows()[1].data, 7u);
+    EXPECT_EQ(grid.GetRows()[2].data, 7u);
     CCells cells;
     grid.GetGridHeaders(cells, SCell::Results | SCell::Statistics);
     grid.GetGridCells(cells, SCell::Results);
     grid.GetGridCells(cells, SCell::Statistics);
     EXPECT_EQ(Describe(cells), "[ #28][A #8][B #8]\n"
                                "[first #20][][]\n"
+                               "[early #20][1][2]\n"
                                "[x #22][1 #2][ #2]\n"
                                "[item #20][][0.5]\n");
 }
@@ -168,4 +170,12 @@ TEST(ResultGrid, SelectionIsCutAndCopied)
         EXPECT_NE(copied.html.ToUtf8().find(row.html), std::string::npos) << copied.html.ToUtf8();
         EXPECT_EQ(copied.html.IsEmpty(), copied.text.IsEmpty());
     }
+
+    CGrid summary(SCell::Summary);
+    summary.AddRow({.name = u"Sq", .cells = {u"12.5"}});
+    summary.AddRow({.name = u"Sa", .cells = {u"10", u"nm"}});
+    summary.SelectAll();
+    const CGrid::SCopiedTexts copied = summary.CopySelectionAsHTML(false, true);
+    EXPECT_EQ(copied.text, u"Sq\t12.5\nSa\t10\tnm");
+    EXPECT_NE(copied.html.ToUtf8().find("<tr>" + td("left", "Sq") + td("rigth", "12.5")), std::string::npos);
 }

@@ -76,6 +76,8 @@ TEST(ResultHtml, SectionsAndSpansAtTheEdges)
         return CGrid::GenerateResultsHTMLTable(cells, true).ToUtf8().find(part) != std::string::npos;
     };
     EXPECT_FALSE(has(SampleTable(), "colgroup"));
+    EXPECT_TRUE(CGrid::GenerateResultsHTMLTable(SampleTable(), true, true)
+                    .StartsWith(u"<table style=\"width:100%;\">\n<THEAD>\n"));
     // A spanning cell in the first body row has no line above it.
     EXPECT_TRUE(
         has({{Cell(u"x", 0, 3)}, {Cell(u"y")}},

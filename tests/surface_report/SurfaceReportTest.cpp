@@ -144,6 +144,17 @@ TEST_F(SurfaceReportTest, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
     }
 }
 
+TEST_F(SurfaceReportTest, BothReportsAreReplacedOrNeither)
+{
+    const std::string sample = c_sample.string();
+    fs::create_directories(Out() / "report.txt"); // a folder, which cannot be replaced by a file
+    EXPECT_EQ(Run({sample, "--out", Out().string()}), 1);
+    EXPECT_FALSE(fs::exists(Out() / "report.html"));
+    std::ofstream(Out() / "report.html") << "before";
+    EXPECT_EQ(Run({sample, "--out", Out().string()}), 1);
+    EXPECT_EQ(BytesOf(Out() / "report.html"), "before");
+}
+
 TEST_F(SurfaceReportTest, HelpNamesEveryOption)
 {
     EXPECT_EQ(Run({"--help"}), 0);
