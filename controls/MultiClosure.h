@@ -21,6 +21,12 @@
 ///
 /// Lists, records and subscribers belong to the user-interface thread. None of them can be copied or moved.
 
+// GCC 12 does not see that a call takes its address out of the list again when it ends.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdangling-pointer"
+#endif
+
 namespace CommonUI
 {
 
@@ -79,15 +85,7 @@ protected:
             , m_current(list.m_first)
             , m_last(list.m_last)
         {
-// GCC 12 does not see that the destructor takes the address out again.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdangling-pointer"
-#endif
             list.m_calls = this;
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic pop
-#endif
         }
         ~CCall()
         {
@@ -199,3 +197,7 @@ template<class R, class A1, class A2>
 using CMultiClosure2 = CMultiClosure<R, A1, A2>;
 
 } // namespace CommonUI
+
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic pop
+#endif

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Parameter.h"
+#include "../Parameter.h"
 
 #include <span>
 #include <string_view>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "common/Diagnostics.h"
-#include "common/Enum.h"
-#include "common/Inifile.h"
-#include "common/Unit.h"
+#include "../../common/Diagnostics.h"
+#include "../../common/Enum.h"
+#include "../../common/Inifile.h"
+#include "../../common/Unit.h"
 
 #include <cmath>
 #include <string_view>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Inifile.h"
+#include "../../common/Inifile.h"
 
 namespace CommonUI::Detail
 {
