@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Export.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace CommonUI
+{
+
+/// Where an application lies and where it may keep what belongs to its user.
+class COMMONUI_API CFolders
+{
+public:
+    CFolders() = default;
+    CFolders(const CFolders&) = delete;
+    CFolders& operator=(const CFolders&) = delete;
+    virtual ~CFolders();
+
+    /// The folder of the running program, in which its own files lie.
+    virtual std::filesystem::path GetApplicationFolder() const = 0;
+    /// The folder for the user's settings; it need not exist.
+    virtual std::filesystem::path GetSettingsFolder() const = 0;
+};
+
+/// Folders that the application names: for programs that are not installed, and for tests.
+class COMMONUI_API CFixedFolders : public CFolders
+{
+public:
+    CFixedFolders(std::filesystem::path application, std::filesystem::path settings);
+
+    std::filesystem::path GetApplicationFolder() const override;
+    std::filesystem::path GetSettingsFolder() const override;
+
+private:
+    std::filesystem::path m_application;
+    std::filesystem::path m_settings;
+};
+
+/// The folders of the process. From the start they are the system's: the folder of the executable file, or
+/// the current one where the system does not tell; and the user's folder for settings of programs
+/// (XDG_CONFIG_HOME or .config on Linux, APPDATA on Windows), or the application's where there is none.
+COMMONUI_API const CFolders& GetFolders();
+
+/// Sets the folders of the process; null sets the system's. To be called while nobody uses the folders
+/// before.
+/// @return the ones before, null for the system's
+COMMONUI_API std::unique_ptr<CFolders> SetFolders(std::unique_ptr<CFolders> folders);
+
+} // namespace CommonUI

@@ -1,0 +1,48 @@
+#include "platform/XmlDocument.h"
+
+#include "platform/detail/XmlNesting.h"
+
+namespace CommonUI
+{
+
+CXmlDocument::~CXmlDocument() = default;
+
+bool CXmlDocument::Load(std::string_view bytes, std::u16string_view root, CStr& reason)
+{
+    Clear();
+    const Detail::EXmlEncoding encoding = Detail::FindXmlEncoding(bytes);
+    if (bytes.size() > c_largestSize)
+        reason = CStr::Format(u"more than %d bytes", c_largestSize);
+    else if (encoding == Detail::EXmlEncoding::Unknown)
+        reason = u"neither UTF-8 nor UTF-16";
+    else if (!Detail::IsNestedUpTo(c_deepestNesting, Detail::XmlMarkup(bytes, encoding)))
+        reason = CStr::Format(u"elements are nested more than %d deep", c_deepestNesting);
+    else if (Parse(bytes, root, reason))
+        return true;
+    Clear();
+    return false;
+}
+
+void CMemoryXmlDocument::SetText(std::u16string_view expression, std::u16string_view value, const CStr& text)
+{
+    m_texts[{expression, value}] = text;
+}
+
+CStr CMemoryXmlDocument::QueryText(std::u16string_view expression, std::u16string_view value) const
+{
+    const auto found = m_texts.find({expression, value});
+    return found == m_texts.end() ? CStr() : found->second;
+}
+
+bool CMemoryXmlDocument::Parse(std::string_view /*bytes*/, std::u16string_view /*root*/, CStr& reason)
+{
+    reason = u"documents in memory do not read others";
+    return false;
+}
+
+void CMemoryXmlDocument::Clear()
+{
+    // What the application has set is no content of a file.
+}
+
+} // namespace CommonUI

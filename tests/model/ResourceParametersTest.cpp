@@ -1,0 +1,73 @@
+#include "model/ResourceParameters.h"
+
+#include "platform/Folders.h"
+#include "tests/model/PreferencesTesting.h"
+#include "tests/model/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+using namespace CommonUI;
+
+namespace
+{
+
+/// Makes a folder the application's and puts a configuration file there.
+class CConfiguredApplication
+{
+public:
+    explicit CConfiguredApplication(const std::string& bytes)
+    {
+        SetFolders(std::make_unique<CFixedFolders>(m_folder.GetPath(), m_folder.GetPath()));
+        m_folder.Write("VORNConfig.xml", bytes);
+    }
+    ~CConfiguredApplication() { SetFolders(nullptr); }
+
+private:
+    CTemporaryFolder m_folder;
+};
+
+std::string Field(const char* id, const char* name, const char* mark = "<database/>")
+{
+    return std::string("<field>") + mark + "<identifier>" + id + "</identifier><friendlyname>" + name +
+           "</friendlyname></field>";
+}
+
+std::string Configuration(const std::string& fields)
+{
+    return "<?xml version='1.0'?><configuration><fields>" + fields + "</fields></configuration>";
+}
+
+} // namespace
+
+TEST(ResourceParameters, NamesOfDatabaseFields)
+{
+    const CWarningCounter warnings;
+    const CConfiguredApplication application(
+        Configuration(Field("Hidden", "no", "") + Field("Sa", "Mean \xC2\xB5") + Field("Sa", "later") +
+                      Field("&quot;'", "Quotes")));
+    CResourceParameters resources;
+    EXPECT_EQ(resources.GetStringByDatabaseID(u"Sa"), u"Mean µ");
+    EXPECT_EQ(resources.GetStringByDatabaseID(u"\"'"), u"Quotes");
+    for (const char16_t* id : {u"Hidden", u"", u"sa", u"Sa\" or \"\"=\"", u"'"})
+        EXPECT_TRUE(resources.GetStringByDatabaseID(id).IsEmpty());
+    EXPECT_EQ(warnings.GetCount(), 0);
+}
+
+TEST(ResourceParameters, FilesThatCannotBeUsedGiveNoNamesAndOneLine)
+{
+    const std::string deep(300000, '<');
+    for (const std::string& bytes : {std::string(), std::string("<configuration><fields>"), deep,
+                                     "<fields>" + Field("Sa", "x") + "</fields>"}) {
+        const CWarningCounter warnings;
+        const CConfiguredApplication application(bytes);
+        CResourceParameters resources;
+        EXPECT_TRUE(resources.GetStringByDatabaseID(u"Sa").IsEmpty());
+        EXPECT_TRUE(resources.GetStringByDatabaseID(u"Sq").IsEmpty());
+        EXPECT_EQ(warnings.GetCount(), 1);
+    }
+    const CWarningCounter warnings;
+    SetFolders(std::make_unique<CFixedFolders>("no such folder", ""));
+    EXPECT_TRUE(CResourceParameters().GetStringByDatabaseID(u"Sa").IsEmpty());
+    SetFolders(nullptr);
+    EXPECT_EQ(warnings.GetCount(), 1);
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+
+/// A folder of the test's own, gone when the object is.
+class CTemporaryFolder
+{
+public:
+    CTemporaryFolder()
+    {
+        std::random_device random;
+        do {
+            m_path = std::filesystem::temp_directory_path() / ("commonui-test-" + std::to_string(random()));
+        } while (!std::filesystem::create_directory(m_path));
+    }
+    ~CTemporaryFolder()
+    {
+        std::error_code error;
+        std::filesystem::remove_all(m_path, error);
+    }
+    CTemporaryFolder(const CTemporaryFolder&) = delete;
+    CTemporaryFolder& operator=(const CTemporaryFolder&) = delete;
+
+    const std::filesystem::path& GetPath() const { return m_path; }
+
+    void Write(const char* name, const std::string& bytes) const
+    {
+        std::ofstream(m_path / name, std::ios::binary) << bytes;
+    }
+    std::string Read(const char* name) const
+    {
+        std::ifstream file(m_path / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+private:
+    std::filesystem::path m_path;
+};

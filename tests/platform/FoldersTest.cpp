@@ -1,0 +1,18 @@
+#include "platform/Folders.h"
+
+#include <gtest/gtest.h>
+
+using namespace CommonUI;
+
+TEST(Folders, TheSystemsUnlessTheApplicationSetsThem)
+{
+    const std::filesystem::path system = GetFolders().GetApplicationFolder();
+    EXPECT_TRUE(std::filesystem::is_directory(system)) << system;
+    EXPECT_TRUE(system.is_absolute());
+    EXPECT_FALSE(GetFolders().GetSettingsFolder().empty());
+    EXPECT_EQ(SetFolders(std::make_unique<CFixedFolders>("application", "settings")), nullptr);
+    EXPECT_EQ(GetFolders().GetApplicationFolder(), "application");
+    EXPECT_EQ(GetFolders().GetSettingsFolder(), "settings");
+    EXPECT_NE(SetFolders(nullptr), nullptr);
+    EXPECT_EQ(GetFolders().GetApplicationFolder(), system);
+}
