@@ -84,11 +84,24 @@ void WriteFormat(const CParameter& parameter, CInifile& ini, const CStr& prefix)
     ini.WriteInt(prefix + c_size, format.count);
 }
 
+/// The value whose name a key has; `byDefault` where the key is missing or the name unknown.
+template<class E>
+E ReadName(const CInifile& ini, const CStr& key, const CEnum<E>& names, E byDefault)
+{
+    if (!ini.HasKey(key))
+        return byDefault;
+    const CStr name = ini.ReadText(key);
+    const auto found = names.FindIniName(name);
+    if (found != names.end())
+        return static_cast<E>(found->GetValue());
+    Warn(CStr::Format(u"%s: there is no \"%s\"", key, name));
+    return byDefault;
+}
+
 void ReadFormat(CParameter& parameter, const CInifile& ini, const CStr& prefix)
 {
     CParameter::SFormatSpecifier format = parameter.GetFloatFormat();
-    const CStr kind = ini.ReadText(prefix + c_format);
-    format.type = GetFormatSpecifierEnum().GetValue(kind, format.type);
+    format.type = ReadName(ini, prefix + c_format, GetFormatSpecifierEnum(), format.type);
     const int size = ini.ReadInt(prefix + c_size, format.count);
     if (size >= 0 && size <= c_largestSize)
         format.count = size;
@@ -104,8 +117,7 @@ CStr FactorKey(const CParameter& parameter)
 
 EUnitFactor ReadFactor(const CInifile& ini, const CStr& key, EUnitFactor byDefault)
 {
-    const CStr name = ini.ReadText(key);
-    return CUnit::GetUnitFactorEnum().GetValue(name, byDefault);
+    return ReadName(ini, key, CUnit::GetUnitFactorEnum(), byDefault);
 }
 
 void SaveStatic(CParameter& parameter, CInifile& ini)

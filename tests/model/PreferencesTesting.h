@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 /// Keeps warnings from the test's output and counts them.
 class CWarningCounter
@@ -37,7 +38,7 @@ inline std::unique_ptr<CommonUI::CAnalysisPreferencesData> MakePreferences(Commo
     return std::make_unique<CAnalysisPreferencesData>(analysis);
 }
 
-inline CommonUI::CInifile PreferencesIni(const std::string& bytes = {}, const char16_t* section = u"A")
+inline CommonUI::CInifile PreferencesIni(const std::string& bytes = {}, std::u16string_view section = u"A")
 {
     CommonUI::CInifile ini;
     ini.LoadBytes(bytes);
