@@ -40,10 +40,7 @@ namespace SurfaceAnalysis
 std::vector<SValue> ComputeProfile(std::span<const double> heights, double dx);
 
 /// One parameter of all lines of a surface.
-struct SLineValues {
-    std::string_view key;       ///< refers to a string literal
-    std::vector<double> values; ///< one for each line, NaN where it is not defined
-};
+using SLineValues = SValues;
 
 /// ComputeProfile for each line, its keys in the same order. Empty for a surface without lines.
 std::vector<SLineValues> ComputeProfiles(const SSurface& surface);

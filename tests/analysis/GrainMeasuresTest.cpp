@@ -1,0 +1,363 @@
+#include "examples/analysis/GrainMeasures.h"
+
+#include "examples/analysis/Neighbours.h"
+#include "tests/analysis/GrainPictures.h"
+
+#include <cmath>
+#include <numbers>
+#include <set>
+#include <sstream>
+#include <string>
+
+using namespace SurfaceAnalysis;
+
+namespace
+{
+
+constexpr double c_pi = std::numbers::pi;
+constexpr double c_nan = c_undefined;
+
+std::vector<SValue> GetGrain(const SGrains& grains, std::size_t index)
+{
+    std::vector<SValue> values;
+    for (const SValues& column : grains.columns)
+        values.push_back({column.key, column.values[index]});
+    return values;
+}
+
+std::vector<SValue> MeasureOnly(const SSurface& surface)
+{
+    const SGrains grains = MeasureGrains(surface, c_threshold, EGrainKind::Particle);
+    EXPECT_EQ(grains.count, 1u);
+    return GetGrain(grains, 0);
+}
+
+// Expects values given as text: key, value, key, value ...
+void ExpectText(const std::vector<SValue>& values, const char* expected)
+{
+    std::istringstream stream(expected);
+    std::string key;
+    std::string value;
+    while (stream >> key >> value)
+        ExpectValues({{key, Get(values, key)}}, {{key, std::stod(value)}});
+}
+
+SSurface MakeDisc(double radius, double hole)
+{
+    const double centre = std::ceil(radius) + 1.5;
+    const auto size = static_cast<std::size_t>(2 * centre);
+    return MakeSurface(size, size, [&](double x, double y) {
+        const double r = std::hypot(x + 0.5 - centre, y + 0.5 - centre);
+        return r <= radius && r >= hole ? 100e-9 : 0;
+    });
+}
+
+SSurface Transpose(const SSurface& surface)
+{
+    SSurface result{.points = surface.lines, .lines = surface.points, .dx = surface.dy, .dy = surface.dx};
+    for (std::size_t x = 0; x < surface.points; ++x)
+        for (std::size_t y = 0; y < surface.lines; ++y)
+            result.heights.push_back(surface.heights[y * surface.points + x]);
+    return result;
+}
+
+} // namespace
+
+TEST(GrainMeasures, Shapes)
+{
+    struct SRow {
+        const char* what;
+        const char* picture;
+        double dx;
+        double dy;
+        const char* expected;
+    };
+    const SRow rows[] = {
+        {"single point at the border", "#", 1, 1,
+         "Length 1 Breadth 1 AspectRatio 1 Elongation 0 Perimeter 4 MaxFeret 1.41421356237 FormFactor "
+         "0.785398163397 Roundness 0.636619772368 Compactness 0.797884560803 Convexity 1 Solidity 1 "
+         "FiberLength 1 FiberWidth 1 CGAreaX 0.5 BoundRectMinX 0 BoundRectMaxY 1 NearestNeighbourID nan "
+         "NearestNeighbourDist nan ID 1 Type 0"},
+        {"rectangle", "....../.####./.####./.####./......", 1, 1,
+         "AreaPixel 12 Length 4 Breadth 3 AspectRatio 1.33333333333 Elongation 0.25 Orientation 0 Perimeter "
+         "14 MaxFeret 5 XExtent 4 YExtent 3 FormFactor 0.769369629451 Convexity 1 Solidity 1 FiberLength 4 "
+         "FiberWidth 3 HeywoodDiameter 3.90882009522 HeywoodRadius 1.95441004761 CGAreaX 3 CGAreaY 2.5 "
+         "CGPolygonX 3 CGPolygonY 2.5 BoundRectMinX 1 BoundRectMinY 1 BoundRectMaxX 5 BoundRectMaxY 4"},
+        {"rectangle of oblong cells", "##/##/##", 2, 0.5,
+         "AreaPixel 6 Length 4 Breadth 1.5 Orientation 0 Perimeter 11 MaxFeret 4.27200187266 CGAreaX 2 "
+         "CGPolygonY 0.75 YExtent 1.5"},
+        {"upright rectangle", "#/#/#", 1, 1, "Length 3 Breadth 1 Orientation 90"},
+        {"small L, whose string is its hull", "#../#../###", 1, 1,
+         "Perimeter 10.8284271247 Convexity 1 Solidity 0.714285714286 CGAreaX 1.1 Orientation 45 Length "
+         "4.24264068712 Breadth 2.82842712475"},
+        {"L", "#..../#..../#..../#..../#####", 1, 1,
+         "Perimeter 18.3245553203 Convexity 0.963562495287 Solidity 0.529411764706 MaxFeret 7.07106781187 "
+         "FormFactor 0.336810393314"},
+        {"hole", "####/#..#/####", 1, 1,
+         "Perimeter 14 AreaPixel 10 Solidity 0.833333333333 FiberLength 4 CGAreaX 2"},
+        {"hole out of the middle", "####/#.##/####", 1, 1,
+         "CGAreaX 2.04545454545 CGPolygonX 2 CGAreaY 1.5 AreaPixel 11 Convexity 1"},
+        {"hole closed by a diagonal is none", ".##/#.#/###", 1, 1, "CGPolygonX 1.64285714286 AreaPixel 7"},
+        {"slit of one cell", "###/#.#/#.#", 1, 1, "Perimeter 14.1622776602 Convexity 0.847321334036"},
+        {"string around oblong cells", "##./.##", 2, 1,
+         "Perimeter 14.472135955 Convexity 1 MaxFeret 6.32455532034"},
+    };
+    for (const SRow& row : rows) {
+        SCOPED_TRACE(row.what);
+        ExpectText(MeasureOnly(MakePicture(row.picture, row.dx, row.dy)), row.expected);
+    }
+}
+
+TEST(GrainMeasures, DiscsAndRings)
+{
+    for (const double radius : {25.0, 100.0, 400.0}) {
+        const auto disc = MeasureOnly(MakeDisc(radius, 0));
+        const double tolerance = 2 / radius; // twice a cell in the diameter
+        EXPECT_NEAR(Get(disc, "Perimeter") / (2e-6 * c_pi * radius), 1, tolerance);
+        EXPECT_NEAR(Get(disc, "HeywoodDiameter") / (2e-6 * radius), 1, tolerance / 10);
+        EXPECT_NEAR(Get(disc, "MaxFeret") / (2e-6 * radius), 1, tolerance);
+        EXPECT_NEAR(Get(disc, "AspectRatio"), 1, tolerance);
+        EXPECT_NEAR(Get(disc, "FormFactor"), 1, tolerance);
+        EXPECT_NEAR(Get(disc, "Roundness"), 1, tolerance);
+        EXPECT_NEAR(Get(disc, "Solidity"), 1, tolerance);
+        EXPECT_NEAR(Get(disc, "Convexity"), 1, 1e-12);
+        EXPECT_TRUE(std::isnan(Get(disc, "FiberLength"))); // rounder than a square
+
+        const auto ring = MeasureOnly(MakeDisc(radius, radius / 2));
+        EXPECT_EQ(Get(ring, "Perimeter"), Get(disc, "Perimeter"));
+        EXPECT_NEAR(Get(ring, "AreaExHoles") / Get(disc, "AreaExHoles"), 0.75, tolerance / 10);
+        EXPECT_NEAR(Get(ring, "FormFactor"), 0.75, tolerance);
+    }
+}
+
+TEST(GrainMeasures, SlantingBar)
+{
+    // 200 by 20 µm at 30° from x to y, of cells of 1 by 0.5 µm
+    SSurface surface = MakeSurface(220, 320, [](double column, double line) {
+        const double x = column + 0.5 - 110;
+        const double y = (line + 0.5) / 2 - 80;
+        const double along = x * std::cos(c_pi / 6) + y * std::sin(c_pi / 6);
+        const double across = y * std::cos(c_pi / 6) - x * std::sin(c_pi / 6);
+        return std::abs(along) <= 100 && std::abs(across) <= 10 ? 100e-9 : 0;
+    });
+    surface.dy = 0.5e-6;
+    const auto bar = MeasureOnly(surface);
+    EXPECT_NEAR(Get(bar, "Orientation"), 30, 0.5);
+    EXPECT_NEAR(Get(bar, "Length"), 200e-6, 2e-6);
+    EXPECT_NEAR(Get(bar, "Breadth"), 20e-6, 1.5e-6);
+    EXPECT_NEAR(Get(bar, "Perimeter"), 440e-6, 4e-6);
+    EXPECT_NEAR(Get(bar, "FiberLength"), 200e-6, 3e-6);
+    EXPECT_NEAR(Get(bar, "FiberWidth"), 20e-6, 1e-6);
+    ExpectValues(bar,
+                 {{"CGAreaX", 110e-6}, {"CGAreaY", 80e-6}, {"AreaExHoles", Get(bar, "AreaPixel") * 0.5e-12}});
+}
+
+TEST(GrainMeasures, HeightsAndVolumes)
+{
+    // About a threshold of 10: particles of five points and of one, pores of two points and of three.
+    SSurface surface{.points = 4, .lines = 3, .dx = 2, .dy = 1};
+    surface.heights = {12, 20, -8, 2, 16, 13, 17, c_missing, -3, 4, -1, 11};
+    const SGrains particles = MeasureGrains(surface, 10, EGrainKind::Particle);
+    const SGrains pores = MeasureGrains(surface, 10, EGrainKind::Pore);
+    ASSERT_EQ(particles.count, 2u);
+    ASSERT_EQ(pores.count, 2u);
+    EXPECT_NEAR(particles.coverage, 600.0 / 11, 1e-9);
+    // The mean along the outline is that of 12 12 20 20 17 17 17 13 16 16.
+    ExpectText(
+        GetGrain(particles, 0),
+        "MaxHeight 10 AverageHeight 5.6 MedianHeight 6 StdHeight 2.87054001888 MaxDepth nan SDDepth nan "
+        "MinAbsHeight 12 MaxAbsHeight 20 RangeAbsHeight 8 MeanAbsHeight 15.6 MedianAbsHeight 16 SdAbsHeight "
+        "2.87054001888 MinZPosX 1 MinZPosY 0.5 MaxZPosX 3 MaxZPosY 0.5 MinCntrHeight 12 MaxCntrHeight 20 "
+        "AveCntrHeight 16 MatVoidVolume 56 Volume 56 VoidVolume 0 NettoVolume 56 AbsMaterialVolume 156 "
+        "AbsVoidVolume 0 CGVolumeX 2.92857142857 CGVolumeY 1.07142857143 CGVoidVolumeX nan");
+    ExpectText(GetGrain(pores, 1),
+               "MatVoidVolume 60 Volume 0 VoidVolume 60 NettoVolume -60 AbsMaterialVolume 8 AbsVoidVolume 8 "
+               "AbsNetVolume 0 AbsMatVoidVolume 16 MaxDepth 13 AverageDepth 10 MedianDepth 11 MaxHeight nan "
+               "Type 1 CGVolumeX nan CGVoidVolumeX 2.86666666667");
+}
+
+TEST(GrainMeasures, PoresAreTheParticlesUpsideDown)
+{
+    const std::pair<const char*, const char*> pairs[] = {
+        {"MaxHeight", "MaxDepth"},   {"AverageHeight", "AverageDepth"}, {"MedianHeight", "MedianDepth"},
+        {"StdHeight", "SDDepth"},    {"Volume", "VoidVolume"},          {"CGVolumeX", "CGVoidVolumeX"},
+        {"MaxZPosX", "MinZPosX"},    {"MaxZPosY", "MinZPosY"},          {"Perimeter", "Perimeter"},
+        {"Length", "Length"},        {"CGVolumeY", "CGVoidVolumeY"},    {"MatVoidVolume", "MatVoidVolume"},
+        {"CGPolygonX", "CGPolygonX"}};
+    SSurface surface = MakeSurface(60, 50, [](double x, double y) {
+        return 1e-7 * (std::sin(0.3 * x) * std::cos(0.2 * y) + 0.3 * std::sin(1.9 * x + y));
+    });
+    surface.heights[777] = c_missing;
+    const SGrains particles = MeasureGrains(surface, 4e-8, EGrainKind::Particle);
+    for (double& z : surface.heights)
+        z = -z;
+    const SGrains pores = MeasureGrains(surface, -4e-8, EGrainKind::Pore);
+    ASSERT_GT(particles.count, 5u);
+    ASSERT_EQ(pores.count, particles.count);
+    EXPECT_EQ(pores.coverage, particles.coverage);
+    for (std::size_t i = 0; i < pores.count; ++i)
+        for (const auto& [ofParticle, ofPore] : pairs)
+            EXPECT_DOUBLE_EQ(Get(GetGrain(particles, i), ofParticle), Get(GetGrain(pores, i), ofPore))
+                << ofPore;
+}
+
+TEST(GrainMeasures, AnyShapeKeepsToTheLimits)
+{
+    std::mt19937 random(7);
+    for (int i = 0; i < 300; ++i) {
+        SSurface surface = MakeNoise(random, 1 + random() % 20, 1 + random() % 20, 0.65);
+        surface.dx = 0.5 + 0.25 * (i % 5);
+        const SGrains grains = MeasureGrains(surface, c_threshold, EGrainKind::Particle);
+        for (std::size_t grain = 0; grain < grains.count; ++grain) {
+            const auto values = GetGrain(grains, grain);
+            for (const char* key :
+                 {"FormFactor", "Roundness", "Compactness", "Convexity", "Elongation", "Solidity"}) {
+                EXPECT_GE(Get(values, key), 0) << key;
+                EXPECT_LE(Get(values, key), 1) << key;
+            }
+            EXPECT_GE(Get(values, "AspectRatio"), 1);
+            EXPECT_GE(Get(values, "MaxFeret"), Get(values, "Length") * (1 - 1e-12));
+            EXPECT_GE(Get(values, "Orientation"), 0);
+            EXPECT_LT(Get(values, "Orientation"), 180);
+        }
+    }
+}
+
+TEST(GrainMeasures, TransposedMapsHaveTheSameGrains)
+{
+    std::mt19937 random(8);
+    for (int i = 0; i < 50; ++i) {
+        SSurface surface = MakeNoise(random, 1 + random() % 20, 1 + random() % 20, 0.7);
+        surface.dx = 1e-6 + 0.25e-6 * (i % 3);
+        const SGrains grains = MeasureGrains(surface, c_threshold, EGrainKind::Particle);
+        const SGrains transposed = MeasureGrains(Transpose(surface), c_threshold, EGrainKind::Particle);
+        for (const char* key : {"Perimeter", "Length", "Breadth", "MaxFeret", "Solidity", "Convexity",
+                                "AreaExHoles", "AveCntrHeight", "NearestNeighbourDist"}) {
+            const auto sorted = [&](const SGrains& of) {
+                const auto column = std::ranges::find(of.columns, std::string_view(key), &SValues::key);
+                std::multiset<double> values;
+                for (const double value : column->values)
+                    values.insert(std::isnan(value) ? -1 : value);
+                return std::vector<double>(values.begin(), values.end());
+            };
+            const auto expected = sorted(grains);
+            const auto actual = sorted(transposed);
+            ASSERT_EQ(actual.size(), expected.size());
+            for (std::size_t k = 0; k < expected.size(); ++k)
+                ASSERT_NEAR(actual[k], expected[k], 1e-9 * std::abs(expected[k])) << key;
+        }
+    }
+}
+
+TEST(GrainMeasures, MissingPointsBoundGrains)
+{
+    ExpectValues(GetGrain(MeasureGrains(MakePicture("##?##/##?##"), c_threshold, EGrainKind::Particle), 1),
+                 {{"Length", 2},
+                  {"BoundRectMinX", 3},
+                  {"NearestNeighbourID", 1},
+                  {"NearestNeighbourDist", 3},
+                  {"NearestNeighbourAngle", 180}});
+    const SGrains none = MeasureGrains(MakePicture("??"), c_threshold, EGrainKind::Pore);
+    EXPECT_EQ(none.count, 0u);
+    EXPECT_TRUE(std::isnan(none.coverage));
+    EXPECT_EQ(none.columns.size(), GetGrainKeys().size());
+    EXPECT_EQ(MeasureGrains(SSurface(), c_threshold, EGrainKind::Particle).count, 0u);
+}
+
+TEST(GrainMeasures, PatternsOfManyPoints)
+{
+    constexpr std::size_t c_size = 512;
+    const std::string_view keys[] = {"NearestNeighbourDist", "AreaPixel", "none of the keys"};
+    const SGrains checks = MeasureGrains(
+        MakeSurface(c_size, c_size, [](double x, double y) { return std::fmod(x + y, 2) < 1 ? 100e-9 : 0; }),
+        c_threshold, EGrainKind::Particle, keys);
+    EXPECT_EQ(checks.count, c_size * c_size / 2);
+    ASSERT_EQ(checks.columns.size(), 2u); // in the order of all keys
+    EXPECT_EQ(checks.columns[0].values, std::vector<double>(checks.count, 1));
+    for (const double distance : checks.columns[1].values)
+        ASSERT_NEAR(distance, std::sqrt(2) * 1e-6, 1e-15);
+
+    // Lines that are joined at alternate ends: one grain without holes, whose string lies along every line.
+    const auto meander = MeasureOnly(MakeSurface(c_size, c_size - 1, [](double x, double y) {
+        const double end = std::fmod(y, 4) < 2 ? c_size - 1 : 0;
+        return std::fmod(y, 2) < 1 || x == end ? 100e-9 : 0;
+    }));
+    EXPECT_EQ(Get(meander, "AreaPixel"), 256 * 512 + 255);
+    EXPECT_NEAR(Get(meander, "FiberLength"), 256 * 512e-6, 256e-6);
+    EXPECT_NEAR(Get(meander, "FiberWidth"), 1e-6, 0.01e-6);
+}
+
+TEST(GrainMeasures, Statistics)
+{
+    const SGrains grains = MeasureGrains(MakePicture("#.##.##"), 0.75 * c_threshold, EGrainKind::Particle);
+    const auto lengths = std::ranges::find(grains.columns, "Length", &SValues::key);
+    const double sd = std::sqrt(0.16);
+    ExpectValues(ComputeGrainStatistics(grains, *lengths), {{"Count", 3},
+                                                            {"Mean", 5.0 / 3},
+                                                            {"Mode", 2},
+                                                            {"MeanWeightArea", 1.8},
+                                                            {"SDWeightArea", sd},
+                                                            {"MeanWeightVolume", 1.8},
+                                                            {"SDWeightVolume", sd}});
+}
+
+TEST(Neighbours, AreThoseOfTheDefinition)
+{
+    std::mt19937 random(2);
+    const auto real = [&](double range) { return range * static_cast<double>(random()) / 4294967296.0; };
+    const auto fill = [&](std::size_t count, const auto& make) {
+        std::vector<SPosition> positions;
+        for (std::size_t i = 0; i < count; ++i)
+            positions.push_back(make(static_cast<double>(i)));
+        return positions;
+    };
+    const std::vector<SPosition> sets[] = {
+        fill(2,
+             [&](double i) {
+                 return SPosition{i, -i};
+             }),
+        fill(500,
+             [&](double) {
+                 return SPosition{real(1), real(1)};
+             }),
+        fill(500,
+             [&](double) {
+                 return SPosition{1e-6 + real(1e-4), 3};
+             }),
+        fill(500,
+             [&](double i) {
+                 return SPosition{3, i * i};
+             }),
+        fill(500,
+             [&](double i) {
+                 return SPosition{i < 3 ? 1e3 * i : real(1), i < 3 ? 700 : real(0.01)};
+             }),
+        fill(400,
+             [&](double i) {
+                 return SPosition{std::fmod(i, 20), std::floor(i / 20)};
+             }), // all at several
+        fill(5,
+             [&](double) {
+                 return SPosition{7, 7};
+             }),
+    };
+    for (const auto& set : sets) {
+        const auto neighbours = FindNeighbours(set);
+        ASSERT_EQ(neighbours.size(), set.size());
+        for (std::size_t i = 0; i < set.size(); ++i) {
+            std::size_t nearest = i == 0 ? 1 : 0;
+            const auto distance = [&](std::size_t k) {
+                return std::hypot(set[k].x - set[i].x, set[k].y - set[i].y);
+            };
+            for (std::size_t k = 0; k < set.size(); ++k)
+                if (k != i && distance(k) < distance(nearest))
+                    nearest = k;
+            ASSERT_EQ(neighbours[i].index, nearest);
+            ASSERT_DOUBLE_EQ(neighbours[i].distance, distance(nearest));
+        }
+    }
+    EXPECT_EQ(FindNeighbours(sets[0])[0].angle, -45);
+    EXPECT_EQ(FindNeighbours(sets[0])[1].angle, 135);
+    EXPECT_TRUE(std::isnan(FindNeighbours(sets[6])[0].angle));
+    EXPECT_TRUE(FindNeighbours(std::span(sets[0]).first(1)).empty());
+}
