@@ -9,6 +9,32 @@
 namespace SurfaceAnalysis
 {
 
+namespace
+{
+
+SHeightParameters ComputeAbout(double mean, const SRange& range, std::span<const double> heights)
+{
+    const auto count = static_cast<double>(range.count);
+    // In shares of the extent, so that no power over- or underflows.
+    const double extent = std::max(range.highest, mean) - std::min(range.lowest, mean);
+    const double perExtent = extent > 0 ? 1 / extent : 0;
+    const auto [first, second, third, fourth] = SumValid(heights, [&](double z) {
+                                                    const double t = (z - mean) * perExtent;
+                                                    const double tt = t * t;
+                                                    return SSums<4>{std::fabs(t), tt, tt * t, tt * tt};
+                                                }).values;
+    const double rms = std::sqrt(second / count);
+    SHeightParameters result{range};
+    result.mean = mean;
+    result.average = first / count * extent;
+    result.rms = rms * extent;
+    result.skewness = third / count / (rms * rms * rms); // 0 / 0 if all heights are on the mean line
+    result.kurtosis = fourth / count / (rms * rms * rms * rms);
+    return result;
+}
+
+} // namespace
+
 SRange FindRange(std::span<const double> heights)
 {
     constexpr double c_infinity = std::numeric_limits<double>::infinity();
@@ -23,28 +49,18 @@ SRange FindRange(std::span<const double> heights)
 
 SHeightParameters ComputeHeightParameters(std::span<const double> heights)
 {
-    SHeightParameters result{FindRange(heights)};
-    if (result.count == 0)
-        return result;
-    const auto count = static_cast<double>(result.count);
-    const double sum = SumHeights(heights);
+    const SRange range = FindRange(heights);
+    if (range.count == 0)
+        return {};
+    const double mean = SumHeights(heights) / static_cast<double>(range.count);
     // Rounding must not lift the mean of equal heights off them.
-    const double mean = std::clamp(sum / count, result.lowest, result.highest);
-    // In shares of the range, so that no power over- or underflows.
-    const double range = result.highest - result.lowest;
-    const double perRange = range > 0 ? 1 / range : 0;
-    const auto [first, second, third, fourth] = SumValid(heights, [&](double z) {
-                                                    const double t = (z - mean) * perRange;
-                                                    const double tt = t * t;
-                                                    return SSums<4>{std::fabs(t), tt, tt * t, tt * tt};
-                                                }).values;
-    const double rms = std::sqrt(second / count);
-    result.mean = mean;
-    result.average = first / count * range;
-    result.rms = rms * range;
-    result.skewness = third / count / (rms * rms * rms); // 0 / 0 if there is no range
-    result.kurtosis = fourth / count / (rms * rms * rms * rms);
-    return result;
+    return ComputeAbout(std::clamp(mean, range.lowest, range.highest), range, heights);
+}
+
+SHeightParameters ComputeHeightParameters(std::span<const double> heights, double mean)
+{
+    const SRange range = FindRange(heights);
+    return range.count == 0 ? SHeightParameters{} : ComputeAbout(mean, range, heights);
 }
 
 } // namespace SurfaceAnalysis

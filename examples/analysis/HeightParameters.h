@@ -18,9 +18,8 @@ struct SRange {
 /// @param heights in any order, missing points NaN
 SRange FindRange(std::span<const double> heights);
 
-/// The height parameters that areal and profile families share, about the mean of the valid heights. All NaN
-/// if there are none; skewness and kurtosis are NaN if all heights are the same. A mean that is only rounding
-/// noise is 0.
+/// The height parameters that areal and profile families share, about a mean plane or line. All NaN if there
+/// is no valid height; skewness and kurtosis are NaN if all heights are on the mean line.
 struct SHeightParameters : SRange {
     double mean = c_undefined;
     double average = c_undefined; ///< arithmetic mean of |z|
@@ -32,7 +31,11 @@ struct SHeightParameters : SRange {
     double GetPit() const { return mean - lowest; }
 };
 
+/// About the mean of the valid heights, which is 0 where it would only be rounding noise.
 /// @param heights in any order, missing points NaN
 SHeightParameters ComputeHeightParameters(std::span<const double> heights);
+/// About a mean line that was computed before, maybe from more heights than these.
+/// @param heights in any order, missing points NaN
+SHeightParameters ComputeHeightParameters(std::span<const double> heights, double mean);
 
 } // namespace SurfaceAnalysis

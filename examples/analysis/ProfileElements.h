@@ -15,7 +15,8 @@ struct SProfileElements {
 
 /// Divides a profile at its mean line into elements (ISO 4287). Portions that do not rise or fall more than
 /// 10 % of the total height beyond the mean line, or are narrower than 1 % of the profile, are no peaks or
-/// valleys of their own.
+/// valleys of their own. Elements start at the first crossing of the mean line that two other portions have
+/// in common and end at the next in the same direction. All NaN without a whole one.
 /// @param profile heights about the mean line, in m, none missing
 SProfileElements ComputeElements(std::span<const double> profile);
 

@@ -118,8 +118,8 @@ TEST_F(SurfaceReportTest, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
          "surface_report: --level: \"bow\" is none of none, mean, plane\n"},
         {{sample, "--out", out, "--parameters", "Sa,Sx"},
          "surface_report: --parameters: there is no parameter \"Sx\"\n"},
-        {{sample, "--out", out, "--parameters", "4287Ra"},
-         "surface_report: --parameters: \"4287Ra\" is not among the parameters that are computed\n"},
+        {{sample, "--out", out, "--parameters", "p12085_Wr"},
+         "surface_report: --parameters: \"p12085_Wr\" is not among the parameters that are computed\n"},
         {{Write("text.txt", header + "1 2 x\n").string(), "--out", out}, "text.txt:4: "},
         {{Write("short.sdf",
                 "aISO-1.0\nNumPoints = 3\nNumProfiles = 3\nXscale = 1e-6\nYscale = 1e-6\nZscale = 1\n*\n1 2 "

@@ -1,0 +1,104 @@
+#include "examples/analysis/ProfileParameters.h"
+#include "examples/analysis/SplitProfile.h"
+
+#include "tests/analysis/TestSurfaces.h"
+
+#include <cmath>
+#include <numbers>
+
+using namespace SurfaceAnalysis;
+
+namespace
+{
+
+constexpr double c_dx = 1e-6;
+
+double Wave(double x, double period)
+{
+    return std::sin(2 * std::numbers::pi * (x + 0.5) / period);
+}
+
+template<class CHeight>
+std::vector<double> MakeProfile(std::size_t points, const CHeight& getHeight)
+{
+    return MakeSurface(points, 1, [&](double x, double) { return getHeight(x); }).heights;
+}
+
+} // namespace
+
+TEST(Iso4287, SeparatesRoughnessFromWaviness)
+{
+    // tilt, 3 µm of waviness and 1 µm of roughness, a fifth of the cut-off long
+    const auto profile = MakeProfile(
+        10000, [](double x) { return 2e-8 * x + 3e-6 * Wave(x + 1250, 5000) + 1e-6 * Wave(x, 100); });
+    const auto values = ComputeProfile(profile, c_dx, 500e-6);
+    const auto expect = [&](const char* key, double value, double tolerance) {
+        EXPECT_NEAR(Get(values, key), value, tolerance * value) << key;
+    };
+    expect("4287Ra", 2e-6 / std::numbers::pi, 0.02);
+    expect("4287Rq", 1e-6 / std::sqrt(2), 0.02);
+    expect("4287Rku", 1.5, 0.03);
+    expect("4287Rz", 2e-6, 0.03);
+    expect("4287Rc", 2e-6, 0.03);
+    expect("4287RSm", 100e-6, 0.01);
+    expect("4287Rdq", 2 * std::numbers::pi / 100 / std::sqrt(2), 0.01);
+    expect("4287Wt", 6e-6, 0.05);
+    expect("4287Wa", 6e-6 / std::numbers::pi, 0.1);
+    expect("4287WSm", 5000e-6, 0.1);
+    EXPECT_GT(Get(values, "4287Pt"), 7e-6);
+}
+
+TEST(Iso4287, RoughnessIsTheMeanOfTheSamplingLengths)
+{
+    // Ripple whose amplitude doubles from one of five sampling lengths to the next: 1 + 2 + 4 + 8 + 16 = 31.
+    const auto profile =
+        MakeProfile(5000, [](double x) { return 1e-6 * Wave(x, 40) * std::exp2(std::floor(x / 1000)); });
+    const auto values = ComputeProfile(profile, c_dx);
+    EXPECT_NEAR(Get(values, "4287Rz"), 2e-6 * 31 / 5, 0.2e-6);
+    EXPECT_NEAR(Get(values, "4287Rq"), 1e-6 * 31 / 5 / std::sqrt(2), 0.05e-6);
+    EXPECT_NEAR(Get(values, "4287Rt"), 32e-6, 0.5e-6);
+    EXPECT_NEAR(Get(values, "4287RSm"), 40e-6, 0.2e-6);
+}
+
+TEST(Iso4287, SamplingLengthsAreWholeCutoffsInTheMiddle)
+{
+    struct SRow {
+        std::size_t points;
+        double cutoff; // in points
+        std::size_t count;
+        std::ptrdiff_t begin;
+        std::ptrdiff_t end;
+    };
+    for (const SRow& row :
+         {SRow{6000, 1100, 5, 250, 5750}, {4096, 819.2, 5, 0, 4096}, {100, 60, 1, 20, 80}}) {
+        const std::vector<double> profile(row.points);
+        const auto lengths =
+            CProfileSplitter(row.points, c_dx, row.cutoff * c_dx).GetSamplingLengths(profile);
+        ASSERT_EQ(lengths.size(), row.count) << row.cutoff;
+        EXPECT_EQ(lengths.front().data() - profile.data(), row.begin) << row.cutoff;
+        EXPECT_EQ(&lengths.back().back() - profile.data() + 1, row.end) << row.cutoff;
+    }
+}
+
+TEST(Iso4287, CutoffThatDoesNotFit)
+{
+    const auto profile = MakeProfile(1000, [](double x) { return 1e-6 * Wave(x, 20); });
+    for (const double cutoff : {c_undefined, 0.0, -c_dx, 2 * c_dx, 1001 * c_dx, HUGE_VAL})
+        for (const auto& [key, value] : ComputeProfile(profile, c_dx, cutoff))
+            EXPECT_EQ(std::isnan(value), key.starts_with("4287R") || key.starts_with("4287W"))
+                << key << " at " << cutoff;
+    for (const double cutoff : {2.5 * c_dx, DefaultCutoff(1000, c_dx), 1000 * c_dx})
+        EXPECT_FALSE(std::isnan(Get(ComputeProfile(profile, c_dx, cutoff), "4287Rq"))) << cutoff;
+}
+
+TEST(Iso4287, MissingPoints)
+{
+    auto profile = MakeProfile(5000, [](double x) { return 1e-6 * Wave(x, 50); });
+    for (std::size_t i = 1000; i < 2000; ++i)
+        profile[i] = c_missing; // a whole sampling length
+    profile[2500] = c_missing;
+    const auto values = ComputeProfile(profile, c_dx, 1000e-6);
+    EXPECT_NEAR(Get(values, "4287Rq"), 1e-6 / std::sqrt(2), 2e-8);
+    EXPECT_NEAR(Get(values, "4287RSm"), 50e-6, 1e-6);
+    EXPECT_TRUE(std::isnan(Get(values, "4287WSm")));
+}
