@@ -98,10 +98,7 @@ protected:
         CCall& operator=(const CCall&) = delete;
 
         /// The first entry, or null.
-        SClosureEntry* GetFirst() const noexcept
-        {
-            return m_current;
-        }
+        SClosureEntry* GetFirst() const noexcept { return m_current; }
         /// Leaves the entry for the one after it; null when the call is over.
         SClosureEntry* StepFrom(SClosureEntry* entry) noexcept
         {

@@ -1,5 +1,6 @@
 #include "examples/surface_report/Columns.h"
 
+#include "model/MeasureParameters.h"
 #include "model/RoughnessCatalogue.h"
 #include "output/NumberFormat.h"
 
@@ -10,8 +11,6 @@ namespace SurfaceReport
 {
 
 using namespace CommonUI;
-using SurfaceAnalysis::SLineValues;
-using SurfaceAnalysis::SValue;
 
 namespace
 {
@@ -33,34 +32,11 @@ double LargestMagnitude(const std::vector<double>& values)
     return largest;
 }
 
-SColumn MakeColumn(int id, std::vector<double> values, const SOptions& options)
+bool HasKey(const std::vector<SColumn>& columns, const CStr& key)
 {
-    SColumn column{MakeRoughnessParameter(static_cast<ERoughnessParameters>(id)), std::move(values)};
-    if (options.unit)
-        column.parameter.SetUnitFactor(*options.unit);
-    else
-        column.parameter.SetupFactor(Units(), LargestMagnitude(column.values));
-    return column;
-}
-
-bool IsWanted(const CStr& key, const SOptions& options)
-{
-    return options.parameters.empty() ||
-           std::ranges::find(options.parameters, key.ToUtf8()) != options.parameters.end();
-}
-
-void CheckKeys(const SOptions& options, const SColumns& columns)
-{
-    for (const std::string& key : options.parameters) {
-        const CStr name = CStr::FromUtf8(key);
-        const auto hasKey = [&name](const SColumn& column) { return column.parameter.GetIniName() == name; };
-        if (std::ranges::any_of(columns.surface, hasKey) || std::ranges::any_of(columns.profiles, hasKey))
-            continue;
-        const auto& catalogue = GetRoughnessParametersEnum();
-        if (catalogue.FindIniName(name) == catalogue.end())
-            throw EUsage("--parameters: there is no parameter \"" + key + "\"");
-        throw EUsage("--parameters: \"" + key + "\" is not among the parameters that are computed");
-    }
+    return std::ranges::find(columns, key, [](const SColumn& column) {
+               return column.parameter.GetIniName();
+           }) != columns.end();
 }
 
 } // namespace
@@ -75,22 +51,37 @@ CStr SColumn::GetText(double value) const
     return FormatParameterValue(value * parameter.CalcFactor(), parameter.GetFloatFormat());
 }
 
-SColumns SelectColumns(std::span<const SValue> surface, std::span<const SLineValues> profiles,
-                       const SOptions& options)
+std::vector<SColumn> MakeColumns(const std::vector<CParameter>& parameters, const CValuesOf& valuesOf,
+                                 const SOptions& options, bool automaticUnits)
 {
-    SColumns columns;
-    for (const auto& entry : GetRoughnessParametersEnum()) {
-        const CStr name = entry.GetIniName();
-        const std::string key = name.ToUtf8();
-        if (!IsWanted(name, options))
+    std::vector<SColumn> columns;
+    for (const CParameter& parameter : parameters) {
+        if (!parameter.IsOn())
             continue;
-        if (const auto found = std::ranges::find(surface, key, &SValue::key); found != surface.end())
-            columns.surface.push_back(MakeColumn(entry, {found->value}, options));
-        if (const auto found = std::ranges::find(profiles, key, &SLineValues::key); found != profiles.end())
-            columns.profiles.push_back(MakeColumn(entry, found->values, options));
+        SColumn column{parameter, valuesOf(parameter)};
+        if (column.values.empty())
+            continue;
+        if (options.unit)
+            column.parameter.SetUnitFactor(*options.unit);
+        else if (automaticUnits)
+            column.parameter.SetupFactor(Units(), LargestMagnitude(column.values));
+        columns.push_back(std::move(column));
     }
-    CheckKeys(options, columns);
     return columns;
+}
+
+void CheckKeys(const SOptions& options, const std::vector<const std::vector<SColumn>*>& columns)
+{
+    for (const std::string& key : options.parameters) {
+        const CStr name = CStr::FromUtf8(key);
+        if (std::ranges::any_of(columns, [&name](const auto* table) { return HasKey(*table, name); }))
+            continue;
+        const auto& roughness = GetRoughnessParametersEnum();
+        const auto& grains = GetMeasureParametersEnum();
+        if (roughness.FindIniName(name) == roughness.end() && grains.FindIniName(name) == grains.end())
+            throw EUsage("--parameters: there is no parameter \"" + key + "\"");
+        throw EUsage("--parameters: \"" + key + "\" is not among the parameters that are computed");
+    }
 }
 
 } // namespace SurfaceReport

@@ -2,18 +2,15 @@
 
 #include "examples/surface_report/Options.h"
 
-#include "examples/analysis/ProfileParameters.h"
-#include "examples/analysis/Value.h"
 #include "model/Parameter.h"
 
-#include <span>
-#include <string_view>
+#include <functional>
 #include <vector>
 
 namespace SurfaceReport
 {
 
-/// A parameter of the catalogue with the values that the analysis has computed of it.
+/// A parameter with the values that the analysis has computed of it.
 struct SColumn {
     CommonUI::CParameter parameter; ///< at the unit factor in which the values are shown
     std::vector<double> values;     ///< at unit factor 1; NaN where not defined
@@ -24,16 +21,17 @@ struct SColumn {
     CommonUI::CStr GetText(double value) const;
 };
 
-/// The parameters of a report: one value each of the surface, one for each line of the profiles.
-struct SColumns {
-    std::vector<SColumn> surface;
-    std::vector<SColumn> profiles;
-};
+/// Computes the values of a parameter; none for one that is not computed.
+using CValuesOf = std::function<std::vector<double>(const CommonUI::CParameter&)>;
 
-/// Pairs the computed values with the catalogue's parameters, those that the options ask for, in the order of
-/// the catalogue.
-/// @throws EUsage for a key that is not in the catalogue or not computed
-SColumns SelectColumns(std::span<const SurfaceAnalysis::SValue> surface,
-                       std::span<const SurfaceAnalysis::SLineValues> profiles, const SOptions& options);
+/// The columns of those parameters that are on and computed.
+/// @param automaticUnits whether each column is shown in the unit that suits it, unless the options name one
+std::vector<SColumn> MakeColumns(const std::vector<CommonUI::CParameter>& parameters,
+                                 const CValuesOf& valuesOf, const SOptions& options, bool automaticUnits);
+
+/// Finds fault with keys of the options that no column shows.
+/// @param columns the columns of all tables, one behind the other
+/// @throws EUsage
+void CheckKeys(const SOptions& options, const std::vector<const std::vector<SColumn>*>& columns);
 
 } // namespace SurfaceReport

@@ -1,37 +1,37 @@
 #include "examples/surface_report/Options.h"
 
+#include "common/NumberText.h"
+
+#include <cmath>
 #include <string_view>
 
 namespace SurfaceReport
 {
 
+using SurfaceAnalysis::EGrainKind;
 using SurfaceAnalysis::ELevelling;
 
-const char* const c_usage = R"(Reports the roughness of a measured surface.
+const char* const c_usage = R"(Reports the roughness or the grains of a measured surface.
 
-usage: surface_report INPUT --out DIR [--parameters KEYS] [--unit UNIT] [--level none|mean|plane] [--transpose]
+usage: surface_report INPUT --out DIR [OPTION...]
 
   INPUT              a surface: ISO 25178-71 ASCII, or a text matrix with a "#" header
   --out DIR          folder for report.txt (tab-separated) and report.html
-  --parameters KEYS  parameters by their keys, separated by commas: Sa,Sq,Ra,4287Pz
+  --parameters KEYS  parameters by their keys, separated by commas: Sa,Sq,4287Ra,4287Pz
   --unit UNIT        unit of lengths: pm, nm, um, mm, m, uin, mil, in ...
   --level LEVEL      what is subtracted first: none, the mean height, or the least-squares plane
+  --cutoff LENGTH    cut-off of the profile filter, such as 2.5um; a fifth of the profile without it
+  --grains HEIGHT    measures the connected grains at or above a height, such as 50nm, instead
+  --pores HEIGHT     measures the connected pores below a height instead
   --transpose        parameters as columns of the surface's table and as rows of the profiles' table
+  --preferences FILE parameters, units, formats and statistics are those of an INI file, which is made with
+                     the defaults where there is none
+  --set CHANGE       changes the preferences and saves them, any number of times:
+                     Sa=off  Sq.unit=um  Sq.format=Digits:4  Fractile=on:95  Sch=on:95
 )";
 
 namespace
 {
-
-std::vector<std::string> SplitKeys(std::string_view text)
-{
-    std::vector<std::string> keys;
-    for (std::size_t comma = text.find(','); comma != std::string_view::npos; comma = text.find(',')) {
-        keys.emplace_back(text.substr(0, comma));
-        text.remove_prefix(comma + 1);
-    }
-    keys.emplace_back(text);
-    return keys;
-}
 
 ELevelling ParseLevelling(const std::string& text)
 {
@@ -44,51 +44,121 @@ ELevelling ParseLevelling(const std::string& text)
     throw EUsage("--level: \"" + text + "\" is none of none, mean, plane");
 }
 
-CommonUI::CUnit::EUnitFactor ParseUnit(const std::string& text)
+/// A number with a unit of length behind it.
+double ParseLength(const std::string& option, const std::string& text)
 {
-    CommonUI::CUnit unit;
-    if (!CommonUI::CUnit::ParseLength(CommonUI::CStr::FromUtf8(text), unit))
-        throw EUsage("--unit: \"" + text + "\" is no unit of length");
-    return unit.GetFactor();
+    const std::size_t unit = std::min(text.find_last_of("0123456789.") + 1, text.size());
+    double value = 0;
+    if (!CommonUI::ParseDouble(CommonUI::CStr::FromUtf8(text.substr(0, unit)), value) ||
+        !std::isfinite(value))
+        throw EUsage(option + ": \"" + text + "\" is no length such as 50nm");
+    return value * CommonUI::CUnit::GetFactorValue(ParseUnit(option, text.substr(unit)));
 }
+
+/// Reads the command line option by option.
+class CParser
+{
+public:
+    explicit CParser(std::span<const char* const> arguments)
+        : m_arguments(arguments)
+    {
+    }
+
+    SOptions Parse()
+    {
+        while (m_next < m_arguments.size())
+            Take(m_arguments[m_next++]);
+        if (!m_options.help)
+            Check();
+        return m_options;
+    }
+
+private:
+    std::string ValueOf(const std::string& option)
+    {
+        if (m_next == m_arguments.size())
+            throw EUsage(option + " needs a value");
+        return m_arguments[m_next++];
+    }
+
+    void Take(const std::string& argument)
+    {
+        if (argument == "--help")
+            m_options.help = true;
+        else if (argument == "--transpose")
+            m_options.transpose = true;
+        else if (argument.starts_with("--"))
+            TakeValue(argument);
+        else if (m_options.input.empty())
+            m_options.input = argument;
+        else
+            throw EUsage("\"" + argument + "\" is one input too many");
+    }
+
+    void TakeValue(const std::string& option)
+    {
+        if (option == "--out")
+            m_options.folder = ValueOf(option);
+        else if (option == "--parameters")
+            m_options.parameters = Split(ValueOf(option), ',');
+        else if (option == "--unit")
+            m_options.unit = ParseUnit(option, ValueOf(option));
+        else if (option == "--level")
+            m_options.levelling = ParseLevelling(ValueOf(option));
+        else if (option == "--cutoff")
+            m_options.cutoff = ParseLength(option, ValueOf(option));
+        else if (option == "--grains")
+            m_options.grains = {ParseLength(option, ValueOf(option)), EGrainKind::Particle};
+        else if (option == "--pores")
+            m_options.grains = {ParseLength(option, ValueOf(option)), EGrainKind::Pore};
+        else if (option == "--preferences")
+            m_options.preferences = ValueOf(option);
+        else if (option == "--set")
+            m_options.sets.push_back(ValueOf(option));
+        else
+            throw EUsage("there is no option \"" + option + "\"");
+    }
+
+    void Check() const
+    {
+        if (m_options.input.empty())
+            throw EUsage("no input is given; see --help");
+        if (m_options.folder.empty())
+            throw EUsage("no folder is given for the reports; see --help");
+        if (!m_options.sets.empty() && m_options.preferences.empty())
+            throw EUsage("--set changes preferences, but no --preferences are given");
+    }
+
+    std::span<const char* const> m_arguments;
+    std::size_t m_next = 0;
+    SOptions m_options;
+};
 
 } // namespace
 
 SOptions ParseOptions(std::span<const char* const> arguments)
 {
-    SOptions options;
-    std::size_t next = 0;
-    const auto valueOf = [&](const std::string& option) -> std::string {
-        if (next == arguments.size())
-            throw EUsage(option + " needs a value");
-        return arguments[next++];
-    };
-    while (next < arguments.size()) {
-        const std::string argument = arguments[next++];
-        if (argument == "--help")
-            options.help = true;
-        else if (argument == "--transpose")
-            options.transpose = true;
-        else if (argument == "--out")
-            options.folder = valueOf(argument);
-        else if (argument == "--parameters")
-            options.parameters = SplitKeys(valueOf(argument));
-        else if (argument == "--unit")
-            options.unit = ParseUnit(valueOf(argument));
-        else if (argument == "--level")
-            options.levelling = ParseLevelling(valueOf(argument));
-        else if (argument.starts_with("--"))
-            throw EUsage("there is no option \"" + argument + "\"");
-        else if (options.input.empty())
-            options.input = argument;
-        else
-            throw EUsage("\"" + argument + "\" is one input too many");
+    return CParser(arguments).Parse();
+}
+
+CommonUI::CUnit::EUnitFactor ParseUnit(const std::string& option, const std::string& text)
+{
+    CommonUI::CUnit unit;
+    if (!CommonUI::CUnit::ParseLength(CommonUI::CStr::FromUtf8(text), unit))
+        throw EUsage(option + ": \"" + text + "\" is no unit of length");
+    return unit.GetFactor();
+}
+
+std::vector<std::string> Split(std::string_view text, char separator)
+{
+    std::vector<std::string> pieces;
+    for (std::size_t found = text.find(separator); found != std::string_view::npos;
+         found = text.find(separator)) {
+        pieces.emplace_back(text.substr(0, found));
+        text.remove_prefix(found + 1);
     }
-    if (!options.help && options.input.empty())
-        throw EUsage("no input is given; see --help");
-    if (!options.help && options.folder.empty())
-        throw EUsage("no folder is given for the reports; see --help");
-    return options;
+    pieces.emplace_back(text);
+    return pieces;
 }
 
 } // namespace SurfaceReport

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/Unit.h"
+#include "examples/analysis/Grains.h"
 #include "examples/analysis/Levelling.h"
 
 #include <filesystem>
@@ -8,6 +9,7 @@
 #include <span>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace SurfaceReport
@@ -20,16 +22,26 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// Which grains are measured.
+struct SGrainOptions {
+    double threshold; ///< height in m on the levelled surface
+    SurfaceAnalysis::EGrainKind kind;
+};
+
 /// What the command line asks for.
 struct SOptions {
     std::filesystem::path input;
     std::filesystem::path folder; ///< where the reports go; made if it does not exist
-    /// Keys of the roughness catalogue; empty for all that are computed.
+    /// The parameters by key; empty for those of the preferences, or without such for all that are computed.
     std::vector<std::string> parameters{};
-    /// The unit factor of all lengths, areas and volumes; without one each parameter has the one that suits
-    /// it.
+    /// The unit factor of all lengths, areas and volumes; without one that of the preferences, or without
+    /// such the one that suits each parameter.
     std::optional<CommonUI::CUnit::EUnitFactor> unit{};
     SurfaceAnalysis::ELevelling levelling = SurfaceAnalysis::ELevelling::None;
+    std::optional<double> cutoff{}; ///< of the profile filter, m
+    std::optional<SGrainOptions> grains{};
+    std::filesystem::path preferences{}; ///< the file of choices; empty for none
+    std::vector<std::string> sets{};     ///< changes of the choices, see EditPreferences
     bool transpose = false;
     bool help = false;
 };
@@ -40,5 +52,13 @@ extern const char* const c_usage;
 /// @param arguments without the program's name
 /// @throws EUsage
 SOptions ParseOptions(std::span<const char* const> arguments);
+
+/// The unit of length that a text names.
+/// @param option for the message
+/// @throws EUsage when it names none
+CommonUI::CUnit::EUnitFactor ParseUnit(const std::string& option, const std::string& text);
+
+/// The pieces of a text between separators: always one more than there are separators.
+std::vector<std::string> Split(std::string_view text, char separator);
 
 } // namespace SurfaceReport

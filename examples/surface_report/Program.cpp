@@ -1,11 +1,11 @@
 #include "examples/surface_report/Program.h"
 
 #include "common/FileBytes.h"
-#include "examples/analysis/ArealParameters.h"
 #include "examples/analysis/Levelling.h"
 #include "examples/analysis/MaterialRatio.h"
-#include "examples/analysis/ProfileParameters.h"
 #include "examples/analysis/SurfaceReader.h"
+#include "examples/surface_report/Choices.h"
+#include "examples/surface_report/Content.h"
 #include "examples/surface_report/Options.h"
 #include "examples/surface_report/Report.h"
 
@@ -91,12 +91,11 @@ void WriteReports(const CReport& report, const fs::path& folder)
 
 void Run(const SOptions& options, std::ostream& out, std::ostream& err)
 {
+    const SChoices choices = MakeChoices(options);
     SurfaceAnalysis::SSurface surface = Read(options.input, err);
     try {
         SurfaceAnalysis::Level(surface, options.levelling);
-        const auto areal = SurfaceAnalysis::ComputeAreal(surface);
-        const auto profiles = SurfaceAnalysis::ComputeProfiles(surface);
-        const CReport report(surface, SelectColumns(areal, profiles, options), options);
+        const CReport report(MakeContent(surface, choices, options), options.transpose);
         WriteReports(report, options.folder);
         if (!(out << report.GetTerminalText() << std::flush))
             throw std::runtime_error("the report cannot be printed");

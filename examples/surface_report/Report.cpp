@@ -1,9 +1,7 @@
 #include "examples/surface_report/Report.h"
 
-#include "examples/analysis/Statistics.h"
 #include "examples/surface_report/AlignedText.h"
 #include "model/Enumerations.h"
-#include "model/RoughnessCatalogue.h"
 #include "output/NumberFormat.h"
 
 #include <algorithm>
@@ -13,60 +11,19 @@ namespace SurfaceReport
 {
 
 using namespace CommonUI;
-using SurfaceAnalysis::ELevelling;
-using SurfaceAnalysis::SSurface;
 using CGrid = CGridBaseOutputCtrl;
 using SCell = CGrid::SCellInfo;
 
 namespace
 {
 
-/// The statistics that are shown, as far as they are defined.
-constexpr EStatistics c_statistics[] = {EStatistics::Count, EStatistics::Minimum, EStatistics::Maximum,
-                                        EStatistics::Mean,  EStatistics::Sd,      EStatistics::SdPercent,
-                                        EStatistics::Median};
-
-CStr LevellingText(ELevelling levelling)
+/// On one line and in one cell, whatever a file says of itself.
+CStr OneLine(const CStr& text)
 {
-    switch (levelling) {
-    case ELevelling::Mean:
-        return u"mean height subtracted";
-    case ELevelling::Plane:
-        return u"least-squares plane subtracted";
-    default:
-        return u"none";
-    }
-}
-
-/// What a file says of itself, on one line and in one cell.
-CStr OneLine(const std::string& text)
-{
-    std::string line = text;
+    std::u16string line(text.View());
     std::ranges::replace_if(
-        line, [](unsigned char c) { return c < ' '; }, ' ');
-    return CStr::FromUtf8(line);
-}
-
-/// A length with the unit that suits it.
-CStr LengthText(double metres)
-{
-    const CUnit unit(CUnit(CUnit::EUnitFactor::Unity).SuitableFactor(metres, 1));
-    const double shown = metres / unit.GetFactorValue();
-    return FormatParameterValue(shown, CParameter::SFormatSpecifier()) + u" " + unit.GetText();
-}
-
-void FillSummary(CGrid& grid, const SSurface& surface, const SOptions& options)
-{
-    const auto add = [&grid](const char16_t* label, const CStr& text) {
-        grid.AddRow({.name = label, .cells = {text}});
-    };
-    add(u"File", OneLine(surface.fileName));
-    if (!surface.channel.empty())
-        add(u"Channel", OneLine(surface.channel));
-    add(u"Points", CStr::Format(u"%d × %d", surface.points, surface.lines));
-    add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
-    add(u"Missing points", CStr::Format(u"%d", surface.missing));
-    add(u"Levelling", LevellingText(options.levelling));
+        line, [](char16_t unit) { return unit < u' '; }, u' ');
+    return line;
 }
 
 void FillSurface(CGrid& grid, const std::vector<SColumn>& columns)
@@ -82,30 +39,27 @@ void FillSurface(CGrid& grid, const std::vector<SColumn>& columns)
 /// The parameter's symbol over the standard it belongs to: an unfiltered Ra is not that of ISO 4287.
 CStr HeaderOf(const CParameter& parameter)
 {
-    return parameter.GetShortFriendlyString() + u"\r\n" +
-           GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard());
+    const CStr symbol = parameter.GetShortFriendlyString();
+    if (parameter.GetStandard() == static_cast<int>(EAnalysisStandards::None))
+        return symbol;
+    return symbol + u"\r\n" + GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard());
 }
 
-void AddSymbols(CGrid& grid, const CStr& nameHeader, const std::vector<SColumn>& columns)
+void FillRows(CGrid& grid, const SContent& content)
 {
-    grid.SetNameHeader(nameHeader);
+    grid.SetNameHeader(content.rowName);
     CGrid::SRow units{.name = u"Unit", .cells = {}, .subHeader = true};
-    for (const SColumn& column : columns) {
+    for (const SColumn& column : content.columns) {
         grid.AddColumn({HeaderOf(column.parameter), {}});
         units.cells.push_back(column.GetUnitText());
     }
     grid.AddRow(units);
-}
-
-void FillProfiles(CGrid& grid, const std::vector<SColumn>& columns)
-{
-    AddSymbols(grid, u"Profile", columns);
-    const std::size_t lines = columns.empty() ? 0 : columns.front().values.size();
-    grid.ReserveRows(lines + 1);
-    for (std::size_t line = 0; line < lines; ++line) {
-        CGrid::SRow row{.name = CStr::Format(u"%d", line + 1), .cells = {}};
-        for (const SColumn& column : columns)
-            row.cells.push_back(column.GetText(column.values[line]));
+    const std::size_t count = content.columns.front().values.size();
+    grid.ReserveRows(count + 1);
+    for (std::size_t i = 0; i < count; ++i) {
+        CGrid::SRow row{.name = CStr::Format(u"%d", i + 1), .cells = {}};
+        for (const SColumn& column : content.columns)
+            row.cells.push_back(column.GetText(column.values[i]));
         grid.AddRow(std::move(row));
     }
 }
@@ -120,26 +74,33 @@ CStr StatisticText(const SColumn& column, EStatistics statistic, double value)
     return column.GetText(value);
 }
 
-void FillStatistics(CGrid& grid, const std::vector<SColumn>& columns)
+CStr StatisticName(const CParameter& statistic)
+{
+    if (statistic != static_cast<int>(EStatistics::Fractile))
+        return statistic.GetFriendlyString();
+    return CStr::Format(u"%s %G %%", statistic.GetFriendlyString(), statistic.GetVariableValue());
+}
+
+void FillStatistics(CGrid& grid, const SContent& content)
 {
     grid.SetNameHeader(u"Statistic");
-    for (const SColumn& column : columns)
-        grid.AddColumn({HeaderOf(column.parameter), {}});
     std::vector<std::vector<SurfaceAnalysis::SValue>> computed;
-    computed.reserve(columns.size());
-    for (const SColumn& column : columns)
-        computed.push_back(SurfaceAnalysis::ComputeStatistics(column.values));
-    for (const auto& entry : GetStatisticsEnum()) {
-        const auto statistic = static_cast<EStatistics>(entry.GetValue());
-        if (columns.empty() || std::ranges::find(c_statistics, statistic) == std::end(c_statistics))
-            continue;
-        CGrid::SRow row{.name = entry.GetFriendlyString(), .cells = {}};
-        for (std::size_t i = 0; i < columns.size(); ++i) {
-            const auto found =
-                std::ranges::find(computed[i], entry.GetIniName().ToUtf8(), &SurfaceAnalysis::SValue::key);
-            row.cells.push_back(StatisticText(columns[i], statistic, found->value));
+    computed.reserve(content.columns.size());
+    for (const SColumn& column : content.columns) {
+        grid.AddColumn({HeaderOf(column.parameter), {}});
+        computed.push_back(content.compute(column));
+    }
+    for (const CParameter& statistic : content.statistics) {
+        const std::string key = statistic.GetIniName().ToUtf8();
+        CGrid::SRow row{.name = StatisticName(statistic), .cells = {}};
+        for (std::size_t i = 0; i < content.columns.size(); ++i) {
+            const auto found = std::ranges::find(computed[i], key, &SurfaceAnalysis::SValue::key);
+            if (statistic.IsOn() && found != computed[i].end())
+                row.cells.push_back(StatisticText(
+                    content.columns[i], static_cast<EStatistics>(statistic.GetValue()), found->value));
         }
-        grid.AddRow(std::move(row));
+        if (!row.cells.empty())
+            grid.AddRow(std::move(row));
     }
 }
 
@@ -175,27 +136,28 @@ std::string Joined(std::initializer_list<CStr> texts, std::string_view separator
 
 } // namespace
 
-CReport::CReport(const SSurface& surface, const SColumns& columns, const SOptions& options)
-    : m_title(EscapeMarkup(CStr::FromUtf8(surface.fileName)).ToUtf8())
-    , m_transpose(options.transpose)
+CReport::CReport(const SContent& content, bool transpose)
+    : m_title(EscapeMarkup(OneLine(CStr::FromUtf8(content.title))).ToUtf8())
+    , m_transpose(transpose)
     , m_summary(SCell::Summary)
     , m_surface(SCell::Results)
-    , m_profiles(SCell::Results)
+    , m_rows(SCell::Results)
     , m_statistics(SCell::Statistics)
 {
-    FillSummary(m_summary, surface, options);
-    if (!columns.surface.empty())
-        FillSurface(m_surface, columns.surface);
-    if (!columns.profiles.empty()) {
-        FillProfiles(m_profiles, columns.profiles);
-        FillStatistics(m_statistics, columns.profiles);
+    for (const auto& [label, text] : content.summary)
+        m_summary.AddRow({.name = label, .cells = {OneLine(text)}});
+    if (!content.surface.empty())
+        FillSurface(m_surface, content.surface);
+    if (!content.columns.empty()) {
+        FillRows(m_rows, content);
+        FillStatistics(m_statistics, content);
     }
 }
 
 std::string CReport::GetText() const
 {
     return "\xEF\xBB\xBF" + Joined({CGrid::GenerateText(&m_summary, &m_surface, nullptr, m_transpose),
-                                    CGrid::GenerateText(nullptr, &m_profiles, &m_statistics, m_transpose)},
+                                    CGrid::GenerateText(nullptr, &m_rows, &m_statistics, m_transpose)},
                                    "\r\n");
 }
 
@@ -203,8 +165,8 @@ std::string CReport::GetHtml() const
 {
     const CGrid summary = EscapedSummary(m_summary);
     CGrid::CCells profiles;
-    m_profiles.GetGridHeaders(profiles, SCell::Results);
-    m_profiles.GetGridCells(profiles, SCell::Results);
+    m_rows.GetGridHeaders(profiles, SCell::Results);
+    m_rows.GetGridCells(profiles, SCell::Results);
     m_statistics.GetGridCells(profiles, SCell::Statistics);
     if (m_transpose)
         CGrid::TransposeCells(profiles);
@@ -225,7 +187,7 @@ std::string CReport::GetTerminalText() const
     CGrid::CCells statistics;
     m_statistics.GetGridHeaders(statistics, SCell::Statistics);
     CGrid::CCells profiles;
-    m_profiles.GetGridCells(profiles, SCell::Results);
+    m_rows.GetGridCells(profiles, SCell::Results);
     if (!profiles.empty())
         statistics.push_back(profiles.front());
     m_statistics.GetGridCells(statistics, SCell::Statistics);

@@ -114,6 +114,13 @@ TEST_F(SurfaceReportTest, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
         {{sample, sample, "--out", out}, "surface_report: \"" + sample + "\" is one input too many\n"},
         {{sample, "--out", out, "--unit", "furlong"},
          "surface_report: --unit: \"furlong\" is no unit of length\n"},
+        {{sample, "--out", out, "--grains", "50"}, "surface_report: --grains: \"\" is no unit of length\n"},
+        {{sample, "--out", out, "--pores", "nm"},
+         "surface_report: --pores: \"nm\" is no length such as 50nm\n"},
+        {{sample, "--out", out, "--set", "Sa=on"},
+         "surface_report: --set changes preferences, but no --preferences are given\n"},
+        {{sample, "--out", out, "--preferences", m_folder.string()},
+         m_folder.string() + ": the preferences cannot be read\n"},
         {{sample, "--out", out, "--level", "bow"},
          "surface_report: --level: \"bow\" is none of none, mean, plane\n"},
         {{sample, "--out", out, "--parameters", "Sa,Sx"},
@@ -142,6 +149,68 @@ TEST_F(SurfaceReportTest, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
         EXPECT_EQ(m_out.str(), "");
         EXPECT_FALSE(fs::exists(Out()));
     }
+}
+
+TEST_F(SurfaceReportTest, ChoicesAreKept)
+{
+    const fs::path file = m_folder / "choices.ini";
+    const auto report = [&](std::vector<std::string> more) {
+        std::vector<std::string> arguments = {c_sample.string(), "--out",         Out().string(), "--level",
+                                              "plane",           "--preferences", file.string()};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        EXPECT_EQ(Run(arguments), 0) << m_err.str();
+        return BytesOf(Out() / "report.txt");
+    };
+    const auto has = [](const std::string& text, const char* part) {
+        return text.find(part) != std::string::npos;
+    };
+    const std::string before = report({});
+    EXPECT_TRUE(has(before, "Sa, Arithmetical Mean Height\t209.35\tnm\r\n"));
+    EXPECT_FALSE(has(before, "Percentile"));
+    std::ofstream(file, std::ios::app) << "[Theirs]\nkey = kept\n";
+
+    const std::string changed =
+        report({"--set", "Sa=off", "--set", "Sq.unit=um", "--set", "Sq.format=Digits:4", "--set",
+                "Fractile=on:90", "--set", "Sch=on:95", "--set", "Sch=on:5", "--set", "Sch.format=Decimals:1",
+                "--set", "statistic.Count=off"});
+    EXPECT_FALSE(has(changed, "Sa, "));
+    EXPECT_TRUE(has(changed, "Sq, Root Mean Square Height\t0.2845\tµm\r\n"));
+    EXPECT_TRUE(has(changed, "Percentile 90 %\t"));
+    EXPECT_FALSE(has(changed, "\r\nCount\t"));
+    EXPECT_EQ(report({}), changed) << "the choices of yesterday";
+    EXPECT_TRUE(has(BytesOf(file), "[Theirs]\nkey = kept\n"));
+
+    EXPECT_FALSE(has(report({"--set", "Sch=off"}), "Sch("));
+    const std::string saved = BytesOf(file);
+    for (const char* change : {"Sa", "Nope=on", "Sa=perhaps", "Sa=on:3", "Sq.unit=furlong",
+                               "Sq.format=Roman:3", "Sq.format=Digits:13", "Fractile=on:101", "Mean=on:3",
+                               "Mean.unit=nm", "Sch=on", "Sch=on:1,2", "Sch=on:x"}) {
+        EXPECT_EQ(Run({c_sample.string(), "--out", Out().string(), "--preferences", file.string(), "--set",
+                       "Sa=on", "--set", change}),
+                  1)
+            << change;
+        EXPECT_EQ(m_err.str().rfind(std::string("surface_report: --set ") + change + ": ", 0), 0u)
+            << m_err.str();
+        EXPECT_EQ(BytesOf(file), saved) << change;
+    }
+}
+
+TEST_F(SurfaceReportTest, GrainsAndPoresAreReportedOneToARow)
+{
+    const fs::path input = Write("islands.txt", "# Width: 4 um\n# Height: 3 um\n# Value units: nm\n"
+                                                "9 0 0 0\n9 0 0 7\n0 0 0 -5\n");
+    ASSERT_EQ(Run({input.string(), "--out", Out().string(), "--grains", "5nm", "--parameters",
+                   "AreaExHoles,MaxZPosX"}),
+              0)
+        << m_err.str();
+    const std::string text = BytesOf(Out() / "report.txt");
+    EXPECT_NE(text.find("Shape Count: 2\r\nCoverage: 25 %\r\n\r\nParticle\tArea\tX Position, Z Max\r\n"
+                        "Unit\tµm²\tµm\r\n1\t2\t0.5\r\n2\t1\t3.5\r\nCount\t2\t2\r\n"),
+              std::string::npos)
+        << text;
+    ASSERT_EQ(
+        Run({input.string(), "--out", Out().string(), "--pores", "-1nm", "--parameters", "AreaExHoles"}), 0);
+    EXPECT_NE(m_out.str().find("Shape Count                        1\n"), std::string::npos) << m_out.str();
 }
 
 TEST_F(SurfaceReportTest, BothReportsAreReplacedOrNeither)

@@ -1,0 +1,151 @@
+#include "examples/surface_report/Content.h"
+
+#include "examples/analysis/ArealParameters.h"
+#include "examples/analysis/GrainMeasures.h"
+#include "examples/analysis/ProfileParameters.h"
+#include "examples/analysis/Statistics.h"
+#include "model/Enumerations.h"
+#include "model/RoughnessCatalogue.h"
+#include "output/NumberFormat.h"
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+
+namespace SurfaceReport
+{
+
+using namespace CommonUI;
+using SurfaceAnalysis::EGrainKind;
+using SurfaceAnalysis::ELevelling;
+using SurfaceAnalysis::SSurface;
+using SurfaceAnalysis::SValue;
+using SurfaceAnalysis::SValues;
+
+namespace
+{
+
+CStr LevellingText(ELevelling levelling)
+{
+    switch (levelling) {
+    case ELevelling::Mean:
+        return u"mean height subtracted";
+    case ELevelling::Plane:
+        return u"least-squares plane subtracted";
+    default:
+        return u"none";
+    }
+}
+
+/// A length with the unit that suits it.
+CStr LengthText(double metres)
+{
+    const CUnit unit(CUnit(CUnit::EUnitFactor::Unity).SuitableFactor(metres, 1));
+    const double shown = metres / unit.GetFactorValue();
+    return FormatParameterValue(shown, CParameter::SFormatSpecifier()) + u" " + unit.GetText();
+}
+
+/// The texts of the summary that say what was measured.
+SContent Describe(const SSurface& surface, const SOptions& options)
+{
+    SContent content{.title = surface.fileName};
+    const auto add = [&content](const char16_t* label, const CStr& text) {
+        content.summary.emplace_back(label, text);
+    };
+    add(u"File", CStr::FromUtf8(surface.fileName));
+    if (!surface.channel.empty())
+        add(u"Channel", CStr::FromUtf8(surface.channel));
+    add(u"Points", CStr::Format(u"%d × %d", surface.points, surface.lines));
+    add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
+    add(u"Missing points", CStr::Format(u"%d", surface.missing));
+    add(u"Levelling", LevellingText(options.levelling));
+    return content;
+}
+
+/// The percentile that the statistics ask for, as a share.
+double FractileShare(const std::vector<CParameter>& statistics)
+{
+    const auto found =
+        std::ranges::find(statistics, static_cast<int>(EStatistics::Fractile), &CParameter::GetValue);
+    return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
+}
+
+/// The key by which the analysis knows a parameter: that of its template where it is made from one.
+std::string AnalysisKey(const CParameter& parameter)
+{
+    return parameter.HasParent() ? GetRoughnessParametersEnum().GetIniName(parameter.GetBaseValue()).ToUtf8()
+                                 : parameter.GetIniName().ToUtf8();
+}
+
+SContent RoughnessContent(const SSurface& surface, const SChoices& choices, const SOptions& options)
+{
+    SContent content = Describe(surface, options);
+    const auto areal = SurfaceAnalysis::ComputeAreal(surface);
+    const auto profiles = SurfaceAnalysis::ComputeProfiles(surface, options.cutoff);
+    const auto ofSurface = [&](const CParameter& parameter) -> std::vector<double> {
+        const std::string key = AnalysisKey(parameter);
+        if (parameter.HasParent())
+            return {};
+        const auto found = std::ranges::find(areal, key, &SValue::key);
+        return found == areal.end() ? std::vector<double>() : std::vector<double>{found->value};
+    };
+    const auto ofProfiles = [&](const CParameter& parameter) -> std::vector<double> {
+        const std::string key = AnalysisKey(parameter);
+        if (parameter.HasParent())
+            return {};
+        const auto found = std::ranges::find(profiles, key, &SValues::key);
+        return found == profiles.end() ? std::vector<double>() : found->values;
+    };
+    content.surface = MakeColumns(choices.surface, ofSurface, options, choices.automaticUnits);
+    content.rowName = u"Profile";
+    content.columns = MakeColumns(choices.profiles, ofProfiles, options, choices.automaticUnits);
+    content.statistics = choices.profileStatistics;
+    content.compute = [share = FractileShare(content.statistics)](const SColumn& column) {
+        return SurfaceAnalysis::ComputeStatistics(column.values, share);
+    };
+    return content;
+}
+
+SContent GrainContent(const SSurface& surface, const SChoices& choices, const SOptions& options)
+{
+    const SGrainOptions& asked = *options.grains;
+    const bool pores = asked.kind == EGrainKind::Pore;
+    const auto grains = std::make_shared<SurfaceAnalysis::SGrains>(
+        SurfaceAnalysis::MeasureGrains(surface, asked.threshold, asked.kind));
+    const auto valuesOf = [&](const CParameter& parameter) -> std::vector<double> {
+        const auto found = std::ranges::find(grains->columns, parameter.GetIniName().ToUtf8(), &SValues::key);
+        return found == grains->columns.end() ? std::vector<double>() : found->values;
+    };
+    SContent content = Describe(surface, options);
+    const auto& items = GetMeasureSummaryItemsEnum();
+    const auto label = [&items](EMeasureSummaryItems item) {
+        return items.GetFriendlyString(static_cast<int>(item));
+    };
+    const CParameter::SFormatSpecifier format;
+    content.summary.emplace_back(label(EMeasureSummaryItems::GrainSettings),
+                                 (pores ? u"pores below " : u"particles from ") +
+                                     LengthText(asked.threshold));
+    content.summary.emplace_back(label(EMeasureSummaryItems::SegmentCount),
+                                 CStr::Format(u"%d", grains->count));
+    content.summary.emplace_back(label(EMeasureSummaryItems::Coverage),
+                                 FormatParameterValue(grains->coverage, format) + u" %");
+    content.rowName = pores ? u"Pore" : u"Particle";
+    content.columns = MakeColumns(choices.grains, valuesOf, options, choices.automaticUnits);
+    content.statistics = choices.grainStatistics;
+    content.compute = [grains, share = FractileShare(content.statistics)](const SColumn& column) {
+        return SurfaceAnalysis::ComputeGrainStatistics(*grains, {.values = column.values}, share);
+    };
+    return content;
+}
+
+} // namespace
+
+SContent MakeContent(const SSurface& surface, const SChoices& choices, const SOptions& options)
+{
+    SContent content = options.grains ? GrainContent(surface, choices, options)
+                                      : RoughnessContent(surface, choices, options);
+    CheckKeys(options, {&content.surface, &content.columns});
+    return content;
+}
+
+} // namespace SurfaceReport

@@ -1,0 +1,202 @@
+#include "examples/surface_report/Preferences.h"
+
+#include "common/NumberText.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <stdexcept>
+
+namespace SurfaceReport
+{
+
+using namespace CommonUI;
+using EFormat = CParameter::EFormatSpecifier;
+using CList = std::vector<CParameter>;
+
+namespace
+{
+
+constexpr EAnalysis c_analyses[] = {EAnalysis::Roughness, EAnalysis::RoughnessProfile, EAnalysis::Measure};
+
+/// A change taken apart: `subject.aspect=value:arguments`.
+struct SChange {
+    std::string text; ///< as given, for messages
+    CStr subject{};
+    std::string aspect{}; ///< "unit", "format", or empty
+    std::string value{};
+    std::vector<std::string> arguments{};
+    bool statistic = false; ///< the subject is a statistic for sure
+
+    [[noreturn]] void Fail(const std::string& reason) const { throw EUsage("--set " + text + ": " + reason); }
+};
+
+SChange ParseChange(const std::string& text)
+{
+    constexpr std::string_view statistic = "statistic.";
+    SChange change{.text = text};
+    std::string_view left = std::string_view(text).substr(0, text.find('='));
+    if (left.size() == text.size())
+        change.Fail("it has the form KEY=VALUE");
+    const auto right = Split(std::string_view(text).substr(left.size() + 1), ':');
+    change.value = right.front();
+    if (right.size() > 1)
+        change.arguments = Split(right[1], ',');
+    if (right.size() > 2)
+        change.Fail("it has one colon too many");
+    change.statistic = left.starts_with(statistic);
+    if (change.statistic)
+        left.remove_prefix(statistic.size());
+    for (const std::string_view aspect : {".unit", ".format"}) {
+        if (left.ends_with(aspect)) {
+            change.aspect = aspect.substr(1);
+            left.remove_suffix(aspect.size());
+        }
+    }
+    change.subject = CStr::FromUtf8(left);
+    return change;
+}
+
+bool OnOff(const SChange& change)
+{
+    if (change.value != "on" && change.value != "off")
+        change.Fail("the value is on or off");
+    return change.value == "on";
+}
+
+std::vector<double> Numbers(const SChange& change)
+{
+    std::vector<double> numbers;
+    for (const std::string& argument : change.arguments) {
+        if (!ParseDouble(CStr::FromUtf8(argument), numbers.emplace_back()))
+            change.Fail("\"" + argument + "\" is no number");
+    }
+    return numbers;
+}
+
+CParameter::SFormatSpecifier FormatOf(const SChange& change, CParameter::SFormatSpecifier format)
+{
+    const auto& kinds = GetFormatSpecifierEnum();
+    const auto kind =
+        std::ranges::find(kinds, CStr::FromUtf8(change.value), &CEnumValue<int>::GetFriendlyString);
+    if (kind == kinds.end())
+        change.Fail("the format is Decimals, Digits or Integer");
+    format.type = static_cast<EFormat>(kind->GetValue());
+    const std::vector<double> counts = Numbers(change);
+    if (counts.size() > 1 || (counts.size() == 1 && !(counts[0] >= 1 && counts[0] <= 12)))
+        change.Fail("the count of a format is 1 to 12");
+    if (counts.size() == 1)
+        format.count = static_cast<int>(counts[0]);
+    return format;
+}
+
+/// Switches a template's parameters: a new one with its values, or none any more.
+void EditTemplate(CAnalysisPreferencesManager& manager, EAnalysis analysis, const CParameter& parent,
+                  const SChange& change)
+{
+    if (OnOff(change)) {
+        const auto& data = manager.GetData(analysis);
+        const auto copy = data.Clone();
+        auto* roughness = dynamic_cast<CRoughnessAnalysisPreferencesData*>(copy.get());
+        const auto id = static_cast<ERoughnessParameters>(parent.GetValue());
+        if (!roughness || roughness->AddTemplateInstance(id, Numbers(change)) == CParameter::c_noParent)
+            change.Fail("it takes " + std::to_string(parent.GetVariableCount()) + " values");
+        CList list = roughness->GetParameters();
+        manager.SetDataParameters(analysis, list);
+        return;
+    }
+    CList list = manager.GetData(analysis).GetParameters();
+    std::erase_if(list, [&](const CParameter& p) { return p.GetParentValue() == parent.GetValue(); });
+    manager.SetDataParameters(analysis, list);
+}
+
+void EditEntry(CParameter& entry, const SChange& change)
+{
+    if (change.aspect == "unit")
+        entry.SetUnitFactor(ParseUnit("--set " + change.text, change.value));
+    else if (change.aspect == "format")
+        entry.SetFloatFormat(FormatOf(change, entry.GetFloatFormat()));
+    else
+        entry.SetOn(OnOff(change));
+}
+
+/// @return whether the analysis has a parameter of the key
+bool EditParameters(CAnalysisPreferencesManager& manager, EAnalysis analysis, const SChange& change)
+{
+    CList list = manager.GetData(analysis).GetParameters();
+    const auto found = std::ranges::find(list, change.subject, &CParameter::GetIniName);
+    if (found == list.end())
+        return false;
+    if (change.aspect.empty() && found->GetVariableCount() != 0) {
+        EditTemplate(manager, analysis, CParameter(*found), change);
+        return true;
+    }
+    if (change.aspect.empty() && !change.arguments.empty())
+        change.Fail("the parameter takes no values");
+    const int base = found->GetBaseValue();
+    for (CParameter& parameter : list) {
+        if (parameter.GetBaseValue() == base)
+            EditEntry(parameter, change);
+    }
+    manager.SetDataParameters(analysis, list);
+    return true;
+}
+
+bool EditStatistics(CAnalysisPreferencesManager& manager, EAnalysis analysis, const SChange& change)
+{
+    CList list = manager.GetData(analysis).GetStatistics();
+    // The key of one statistic ends in a blank, which nobody types.
+    const auto found = std::ranges::find_if(
+        list, [&](const CParameter& p) { return p.GetIniName().TrimRight() == change.subject.TrimRight(); });
+    if (found == list.end())
+        return false;
+    if (!change.aspect.empty())
+        change.Fail("a statistic has no unit and no format");
+    found->SetOn(OnOff(change));
+    const std::vector<double> values = Numbers(change);
+    const bool isFractile = *found == static_cast<int>(EStatistics::Fractile);
+    if (values.size() > (isFractile ? 1U : 0U) ||
+        (values.size() == 1 && !(values[0] >= 0 && values[0] <= 100)))
+        change.Fail("only Fractile takes a value, 0 to 100");
+    if (values.size() == 1)
+        found->SetVariableValue(values[0]);
+    manager.SetDataStatistics(analysis, list);
+    return true;
+}
+
+} // namespace
+
+void EditPreferences(CAnalysisPreferencesManager& manager, const std::string& text)
+{
+    const SChange change = ParseChange(text);
+    const auto editAll = [&](auto edit) {
+        bool found = false;
+        for (const EAnalysis analysis : c_analyses)
+            found |= edit(manager, analysis, change);
+        return found;
+    };
+    const bool found = (!change.statistic && editAll(EditParameters)) || editAll(EditStatistics);
+    if (!found)
+        change.Fail("there is no parameter or statistic \"" + change.subject.ToUtf8() + "\"");
+}
+
+void LoadPreferences(CAnalysisPreferencesManager& manager, const SOptions& options)
+{
+    CInifile ini;
+    const std::string name = options.preferences.string();
+    const bool exists = std::filesystem::exists(options.preferences);
+    if (exists && !ini.Load(options.preferences.u16string()))
+        throw std::runtime_error(name + ": the preferences cannot be read");
+    ini.SelectSection(c_section);
+    if (exists)
+        manager.Load(ini);
+    for (const std::string& change : options.sets)
+        EditPreferences(manager, change);
+    if (exists && options.sets.empty())
+        return;
+    manager.Save(ini);
+    ini.SetFileName(options.preferences.u16string());
+    if (!ini.Save())
+        throw std::runtime_error(name + ": the preferences cannot be saved");
+}
+
+} // namespace SurfaceReport
