@@ -19,8 +19,8 @@ namespace CommonUI
 class COMMONUI_API CXmlDocument
 {
 public:
-    static constexpr std::size_t c_largestSize = 4 * 1024 * 1024; ///< in bytes
-    static constexpr std::size_t c_deepestNesting = 200;          ///< of elements
+    static constexpr std::size_t c_largestSize = std::size_t{4} << 20; ///< in bytes
+    static constexpr std::size_t c_deepestNesting = 200;               ///< of elements
 
     CXmlDocument() = default;
     CXmlDocument(const CXmlDocument&) = delete;
