@@ -2,6 +2,7 @@
 
 #include "examples/analysis/HeightParameters.h"
 #include "examples/analysis/MaterialRatio.h"
+#include "examples/analysis/SpatialParameters.h"
 #include "examples/analysis/Summation.h"
 
 #include <array>
@@ -130,10 +131,11 @@ void Append(const std::vector<SValue>& more, std::vector<SValue>& values)
 
 std::vector<SValue> ComputeAreal(const SSurface& surface)
 {
-    // Sorting the heights takes as long as everything else.
+    // Sorting the heights takes a while.
     auto ofCurve = std::async([&] { return ComputeMaterialRatio(CMaterialRatio(surface.heights)); });
     const SHeightParameters heights = ComputeHeightParameters(surface.heights);
     std::vector<SValue> values = ComputeHeights(heights);
+    Append(ComputeSpatial(surface, heights.mean), values);
     Append(ComputeHybrid(surface), values);
     Append(ofCurve.get(), values);
     values.push_back({"Count", static_cast<double>(heights.count)});

@@ -16,6 +16,8 @@ namespace SurfaceAnalysis
 /// - Sp = max z, Sv = -min z, Sz = Sp + Sv; Smean, Smin, Smax are the heights themselves, not relative to
 ///   the mean: m
 ///
+/// Spatial parameters Sal, Str, Std, Scl20, Scl37, Str20, Str37: see ComputeSpatial.
+///
 /// Hybrid parameters. The standard defines them by integrals over a continuous surface; here:
 /// - Sdq: root mean square of the gradient by central differences (z[i+1] - z[i-1]) / 2d, over the points
 ///   that are valid along with their four neighbours
@@ -31,7 +33,8 @@ namespace SurfaceAnalysis
 ///   m
 /// - Sdc0_5 … Sdc50_95: Smc(first) - Smc(second), percents as in the key: m
 ///
-/// Count is the number of valid points. Missing points are left out everywhere. A parameter that the points
+/// Count is the number of valid points. Missing points are left out, but for the spatial
+/// parameters. A parameter that the points
 /// do not allow is NaN.
 /// @return the parameters in the order above, which starts with Sa and ends with Count
 /// @throws ENoPoints when all points are missing

@@ -28,8 +28,9 @@ std::vector<SValue> ComputeIso4287(const SProfiles& profiles, const CProfileSpli
 
 /// Root mean square slope by the seven-point formula (ISO 4287), over the points with three valid neighbours
 /// to either side; NaN without any.
+/// @param z heights in m, missing points NaN
 /// @param dx spacing of the points in m
-double ComputeSlope(std::span<const double> profile, double dx);
+double ComputeSlope(std::span<const double> z, double dx);
 
 /// The heights above the mean line; empty if one is missing.
 std::vector<double> GetUnbroken(std::span<const double> heights, double mean);

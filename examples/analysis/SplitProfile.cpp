@@ -48,13 +48,14 @@ CProfileSplitter::GetSamplingLengths(std::span<const double> profile) const
     if (!m_filter)
         return {profile};
     const auto points = static_cast<double>(profile.size());
-    const double count = std::floor(points / m_cutoff * (1 + 2 * c_rounding));
-    const double rest = std::max(points - count * m_cutoff, 0.0);
-    const auto getBegin = [&](double i) {
-        return std::min(static_cast<std::size_t>(std::lround(rest / 2 + i * m_cutoff)), profile.size());
+    const auto count = static_cast<std::size_t>(points / m_cutoff * (1 + 2 * c_rounding));
+    const double rest = std::max(points - static_cast<double>(count) * m_cutoff, 0.0);
+    const auto getBegin = [&](std::size_t i) {
+        const auto begin = std::lround(rest / 2 + static_cast<double>(i) * m_cutoff);
+        return std::min(static_cast<std::size_t>(begin), profile.size());
     };
     std::vector<std::span<const double>> lengths;
-    for (double i = 0; i < count; ++i)
+    for (std::size_t i = 0; i < count; ++i)
         lengths.push_back(profile.subspan(getBegin(i), getBegin(i + 1) - getBegin(i)));
     return lengths;
 }

@@ -1,0 +1,115 @@
+#include "examples/analysis/SpatialParameters.h"
+
+#include "examples/analysis/Autocorrelation.h"
+#include "tests/analysis/TestSurfaces.h"
+
+#include <cmath>
+#include <numbers>
+#include <random>
+
+using namespace SurfaceAnalysis;
+
+namespace
+{
+
+double Cosine(double x, double period)
+{
+    return std::cos(2 * std::numbers::pi * x / period);
+}
+
+// The definition itself, for one shift.
+double Correlate(const SSurface& surface, std::ptrdiff_t shiftX, std::size_t shiftY)
+{
+    const auto columns = static_cast<std::ptrdiff_t>(surface.points);
+    double sum = 0;
+    double count = 0;
+    for (std::size_t y = shiftY; y < surface.lines; ++y)
+        for (std::ptrdiff_t x = std::max<std::ptrdiff_t>(0, shiftX);
+             x < columns + std::min<std::ptrdiff_t>(0, shiftX); ++x) {
+            const double a = surface.GetLine(y)[static_cast<std::size_t>(x)];
+            const double b = surface.GetLine(y - shiftY)[static_cast<std::size_t>(x - shiftX)];
+            sum += std::isnan(a + b) ? 0 : a * b;
+            ++count;
+        }
+    return sum / count;
+}
+
+} // namespace
+
+TEST(Autocorrelation, IsTheMeanProductOfThePointsThatOverlap)
+{
+    std::mt19937 random(3);
+    for (const auto& [points, lines] : {std::pair<std::size_t, std::size_t>{16, 16}, {21, 10}, {2, 7}}) {
+        SSurface surface = MakeSurface(points, lines, [&](double, double) {
+            return 1e-9 * (static_cast<double>(random() % 2001) - 1000);
+        });
+        surface.heights[points + 1] = c_missing;
+        const CAutocorrelation autocorrelation(surface, 0);
+        const double unshifted = Correlate(surface, 0, 0);
+        const auto reach = static_cast<std::ptrdiff_t>(points / 2);
+        for (std::size_t y = 0; y <= lines / 2; ++y)
+            for (std::ptrdiff_t x = -reach; x <= reach; ++x)
+                EXPECT_NEAR(autocorrelation.GetValue(static_cast<double>(x), static_cast<double>(y)),
+                            Correlate(surface, x, y) / unshifted, 1e-13)
+                    << x << " " << y << " of " << points << " by " << lines;
+    }
+}
+
+TEST(SpatialParameters, ProductOfCosines)
+{
+    // The autocorrelation is cos(kx x) cos(ky y): fastest along the shorter waves, slowest along the others.
+    struct SRow {
+        double periodX; // in points
+        double periodY;
+        double dy;
+    };
+    for (const SRow& row : {SRow{32, 128, 1e-6}, {128, 32, 1e-6}, {64, 64, 0.5e-6}}) {
+        SSurface surface = MakeSurface(512, 512, [&](double x, double y) {
+            return 3e-3 + 1e-7 * Cosine(x, row.periodX) * Cosine(y, row.periodY);
+        });
+        surface.dy = row.dy;
+        const double x = row.periodX * surface.dx;
+        const double y = row.periodY * surface.dy;
+        const auto values = ComputeSpatial(surface, 3e-3);
+        const double turn20 = std::acos(0.20) / (2 * std::numbers::pi);
+        const double turn37 = std::acos(0.37) / (2 * std::numbers::pi);
+        for (const char* key : {"Sal", "Scl20"})
+            EXPECT_NEAR(Get(values, key) / std::min(x, y), turn20, 0.02 * turn20) << key;
+        EXPECT_NEAR(Get(values, "Scl37") / std::min(x, y), turn37, 0.02 * turn37);
+        for (const char* key : {"Str", "Str20", "Str37"})
+            EXPECT_NEAR(Get(values, key), std::min(x, y) / std::max(x, y), 0.01) << key;
+    }
+}
+
+TEST(SpatialParameters, DirectionOfWaves)
+{
+    const double pi = std::numbers::pi;
+    for (const double dy : {1e-6, 2e-6})
+        for (const double degrees : {0.0, 0.3, 30.0, 45.0, 77.7, 90.0, -60.0, -89.0}) {
+            SSurface surface = MakeSurface(300, 200, [&](double x, double y) {
+                const double along =
+                    x * std::cos(degrees * pi / 180) + y * dy / 1e-6 * std::sin(degrees * pi / 180);
+                return 1e-7 * Cosine(along, 12.5) + 2e-8 * Cosine(x + y, 5);
+            });
+            surface.dy = dy;
+            const double error = Get(ComputeSpatial(surface, 0), "Std") - degrees;
+            EXPECT_NEAR(std::remainder(error, 180), 0, 0.1) << degrees << " dy " << dy;
+        }
+}
+
+TEST(SpatialParameters, WhatIsNotReachedIsNaN)
+{
+    const auto nan = c_undefined;
+    const auto grating = [](double x, double) { return Cosine(x, 16); };
+    const auto longWave = [](double x, double y) { return Cosine(x, 640) * Cosine(y, 640); };
+    const auto flat = [](double, double) { return 0.0; };
+    const auto ofGrating = ComputeSpatial(MakeSurface(128, 64, grating), 0);
+    EXPECT_NEAR(Get(ofGrating, "Sal"), 16e-6 * std::acos(0.2) / (2 * std::numbers::pi), 0.1e-6);
+    ExpectValues(ofGrating, {{"Str", nan}, {"Str37", nan}});
+    ExpectValues(ComputeSpatial(MakeSurface(64, 64, longWave), 0), {{"Sal", nan}, {"Scl37", nan}});
+    for (const SSurface& surface :
+         {MakeSurface(64, 64, flat), MakeSurface(64, 1, grating), MakeSurface(1, 1, flat),
+          MakeSurface(0, 0, flat), MakeSurface(8, 8, [](double, double) { return c_missing; })})
+        for (const SValue& value : ComputeSpatial(surface, 0))
+            EXPECT_TRUE(std::isnan(value.value)) << value.key << " of " << surface.points;
+}
