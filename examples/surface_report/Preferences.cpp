@@ -1,5 +1,6 @@
 #include "examples/surface_report/Preferences.h"
 
+#include "common/Diagnostics.h"
 #include "common/NumberText.h"
 
 #include <algorithm>
@@ -15,6 +16,25 @@ using CList = std::vector<CParameter>;
 
 namespace
 {
+
+/// Keeps what the diagnostics say while the object lives, to be told as the reason of a failure.
+class CReason
+{
+public:
+    CReason()
+        : m_previous(GetDiagnostics().SetSink([this](const SDiagnosticLine& line) { m_text = line.text; }))
+    {
+    }
+    ~CReason() { GetDiagnostics().SetSink(m_previous); }
+    CReason(const CReason&) = delete;
+    CReason& operator=(const CReason&) = delete;
+
+    [[noreturn]] void Fail() const { throw std::runtime_error(m_text.ToUtf8()); }
+
+private:
+    CStr m_text;
+    CDiagnostics::CSink m_previous;
+};
 
 constexpr EAnalysis c_analyses[] = {EAnalysis::Roughness, EAnalysis::RoughnessProfile, EAnalysis::Measure};
 
@@ -182,10 +202,10 @@ void EditPreferences(CAnalysisPreferencesManager& manager, const std::string& te
 void LoadPreferences(CAnalysisPreferencesManager& manager, const SOptions& options)
 {
     CInifile ini;
-    const std::string name = options.preferences.string();
+    ini.SetFileName(options.preferences.u16string());
     const bool exists = std::filesystem::exists(options.preferences);
-    if (exists && !ini.Load(options.preferences.u16string()))
-        throw std::runtime_error(name + ": the preferences cannot be read");
+    if (const CReason reason; exists && !ini.Load())
+        reason.Fail();
     ini.SelectSection(c_section);
     if (exists)
         manager.Load(ini);
@@ -194,9 +214,8 @@ void LoadPreferences(CAnalysisPreferencesManager& manager, const SOptions& optio
     if (exists && options.sets.empty())
         return;
     manager.Save(ini);
-    ini.SetFileName(options.preferences.u16string());
-    if (!ini.Save())
-        throw std::runtime_error(name + ": the preferences cannot be saved");
+    if (const CReason reason; !ini.Save())
+        reason.Fail();
 }
 
 } // namespace SurfaceReport

@@ -120,7 +120,7 @@ TEST_F(SurfaceReportTest, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
         {{sample, "--out", out, "--set", "Sa=on"},
          "surface_report: --set changes preferences, but no --preferences are given\n"},
         {{sample, "--out", out, "--preferences", m_folder.string()},
-         m_folder.string() + ": the preferences cannot be read\n"},
+         "surface_report: Cannot load \"" + m_folder.string() + "\": "},
         {{sample, "--out", out, "--level", "bow"},
          "surface_report: --level: \"bow\" is none of none, mean, plane\n"},
         {{sample, "--out", out, "--parameters", "Sa,Sx"},
