@@ -129,13 +129,14 @@ void Append(const std::vector<SValue>& more, std::vector<SValue>& values)
 
 } // namespace
 
-std::vector<SValue> ComputeAreal(const SSurface& surface)
+std::vector<SValue> ComputeAreal(const SSurface& surface, bool spatial)
 {
     // Sorting the heights takes a while.
     auto ofCurve = std::async([&] { return ComputeMaterialRatio(CMaterialRatio(surface.heights)); });
     const SHeightParameters heights = ComputeHeightParameters(surface.heights);
     std::vector<SValue> values = ComputeHeights(heights);
-    Append(ComputeSpatial(surface, heights.mean), values);
+    if (spatial)
+        Append(ComputeSpatial(surface, heights.mean), values);
     Append(ComputeHybrid(surface), values);
     Append(ofCurve.get(), values);
     values.push_back({"Count", static_cast<double>(heights.count)});

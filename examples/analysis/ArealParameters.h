@@ -36,8 +36,9 @@ namespace SurfaceAnalysis
 /// Count is the number of valid points. Missing points are left out, but for the spatial
 /// parameters. A parameter that the points
 /// do not allow is NaN.
+/// @param spatial whether the spatial parameters are computed, which take longer than all others together
 /// @return the parameters in the order above, which starts with Sa and ends with Count
 /// @throws ENoPoints when all points are missing
-std::vector<SValue> ComputeAreal(const SSurface& surface);
+std::vector<SValue> ComputeAreal(const SSurface& surface, bool spatial = true);
 
 } // namespace SurfaceAnalysis

@@ -4,6 +4,7 @@
 #include "examples/analysis/GrainMeasures.h"
 #include "examples/analysis/ProfileParameters.h"
 #include "examples/analysis/Statistics.h"
+#include "examples/analysis/TemplateParameters.h"
 #include "model/Enumerations.h"
 #include "model/RoughnessCatalogue.h"
 #include "output/NumberFormat.h"
@@ -77,22 +78,47 @@ std::string AnalysisKey(const CParameter& parameter)
                                  : parameter.GetIniName().ToUtf8();
 }
 
+std::vector<double> VariableValues(const CParameter& parameter)
+{
+    std::vector<double> values;
+    for (const CParameter& variable : parameter.GetVariables())
+        values.push_back(variable.GetVariableValue());
+    return values;
+}
+
+/// Whether a parameter that is on is one of those keys, of which "*" at the end stands for any more.
+bool IsAnyOn(const std::vector<CParameter>& parameters, std::initializer_list<std::u16string_view> keys)
+{
+    return std::ranges::any_of(parameters, [&keys](const CParameter& parameter) {
+        const CStr key = parameter.GetIniName();
+        return parameter.IsOn() && std::ranges::any_of(keys, [&key](std::u16string_view wanted) {
+                   return wanted.ends_with(u'*') ? key.StartsWith(wanted.substr(0, wanted.size() - 1))
+                                                 : key == wanted;
+               });
+    });
+}
+
 SContent RoughnessContent(const SSurface& surface, const SChoices& choices, const SOptions& options)
 {
     SContent content = Describe(surface, options);
-    const auto areal = SurfaceAnalysis::ComputeAreal(surface);
-    const auto profiles = SurfaceAnalysis::ComputeProfiles(surface, options.cutoff);
+    // What takes long is computed only where it is shown: spectra, and profiles that need a filter.
+    const bool spatial = IsAnyOn(choices.surface, {u"Sal", u"St*", u"Scl*"});
+    const bool filtered = IsAnyOn(choices.profiles, {u"4287R*", u"4287W*"});
+    const auto areal = SurfaceAnalysis::ComputeAreal(surface, spatial);
+    const auto profiles =
+        SurfaceAnalysis::ComputeProfiles(surface, filtered ? options.cutoff : SurfaceAnalysis::c_undefined);
     const auto ofSurface = [&](const CParameter& parameter) -> std::vector<double> {
         const std::string key = AnalysisKey(parameter);
         if (parameter.HasParent())
-            return {};
+            return {SurfaceAnalysis::ComputeTemplate(surface, key, VariableValues(parameter))};
         const auto found = std::ranges::find(areal, key, &SValue::key);
         return found == areal.end() ? std::vector<double>() : std::vector<double>{found->value};
     };
     const auto ofProfiles = [&](const CParameter& parameter) -> std::vector<double> {
         const std::string key = AnalysisKey(parameter);
         if (parameter.HasParent())
-            return {};
+            return SurfaceAnalysis::ComputeLineTemplates(surface, key, VariableValues(parameter),
+                                                         options.cutoff);
         const auto found = std::ranges::find(profiles, key, &SValues::key);
         return found == profiles.end() ? std::vector<double>() : found->values;
     };

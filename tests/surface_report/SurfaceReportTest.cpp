@@ -176,6 +176,7 @@ TEST_F(SurfaceReportTest, ChoicesAreKept)
     EXPECT_FALSE(has(changed, "Sa, "));
     EXPECT_TRUE(has(changed, "Sq, Root Mean Square Height\t0.2845\tµm\r\n"));
     EXPECT_TRUE(has(changed, "Percentile 90 %\t"));
+    EXPECT_TRUE(has(changed, "\r\nSch(95 %), Percentile Height\t373.9\tnm\r\nSch(5 %), Percentile Height\t"));
     EXPECT_FALSE(has(changed, "\r\nCount\t"));
     EXPECT_EQ(report({}), changed) << "the choices of yesterday";
     EXPECT_TRUE(has(BytesOf(file), "[Theirs]\nkey = kept\n"));
