@@ -1,4 +1,4 @@
-#include "common/DecimalDigits.h"
+#include "common/detail/DecimalDigits.h"
 
 #include <algorithm>
 #include <array>

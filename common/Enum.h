@@ -32,7 +32,7 @@ class CEnum
 public:
     using CValue = CEnumValue<int>;
 
-    /// @param fallback what FindValue answers for an unknown key
+    /// @param fallback what GetValue answers for an unknown key
     /// The three texts are what the look-ups by number answer for an unknown number.
     explicit CEnum(E fallback = E(), const CStr& iniName = {}, const CStr& friendlyString = {},
                    const CStr& shortFriendlyString = {})

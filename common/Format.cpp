@@ -1,6 +1,6 @@
 #include "common/Format.h"
 
-#include "common/FormatDirective.h"
+#include "common/detail/FormatDirective.h"
 #include "common/NumberText.h"
 #include "common/Str.h"
 

@@ -1,4 +1,4 @@
-#include "common/FormatDirective.h"
+#include "common/detail/FormatDirective.h"
 
 #include <algorithm>
 

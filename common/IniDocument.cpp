@@ -1,7 +1,7 @@
-#include "common/IniDocument.h"
+#include "common/detail/IniDocument.h"
 
-#include "common/IniQuotes.h"
-#include "common/Wtf8.h"
+#include "common/detail/IniQuotes.h"
+#include "common/detail/Wtf8.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,6 +1,6 @@
-#include "common/IniEncoding.h"
+#include "common/detail/IniEncoding.h"
 
-#include "common/Wtf8.h"
+#include "common/detail/Wtf8.h"
 
 #include <algorithm>
 #include <iterator>

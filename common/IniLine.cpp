@@ -1,6 +1,6 @@
-#include "common/IniLine.h"
+#include "common/detail/IniLine.h"
 
-#include "common/IniQuotes.h"
+#include "common/detail/IniQuotes.h"
 
 #include <algorithm>
 

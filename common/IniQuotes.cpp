@@ -1,6 +1,6 @@
-#include "common/IniQuotes.h"
+#include "common/detail/IniQuotes.h"
 
-#include "common/Wtf8.h"
+#include "common/detail/Wtf8.h"
 
 #include <algorithm>
 #include <optional>

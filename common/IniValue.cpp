@@ -1,7 +1,7 @@
-#include "common/IniValue.h"
+#include "common/detail/IniValue.h"
 
-#include "common/IniQuotes.h"
-#include "common/Wtf8.h"
+#include "common/detail/IniQuotes.h"
+#include "common/detail/Wtf8.h"
 
 #include <algorithm>
 #include <array>

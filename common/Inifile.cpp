@@ -1,11 +1,11 @@
 #include "common/Inifile.h"
 
+#include "common/detail/IniDocument.h"
+#include "common/detail/IniValue.h"
+#include "common/detail/Wtf8.h"
 #include "common/Diagnostics.h"
 #include "common/Exceptions.h"
 #include "common/FileBytes.h"
-#include "common/IniDocument.h"
-#include "common/IniValue.h"
-#include "common/Wtf8.h"
 
 #include <algorithm>
 #include <bit>

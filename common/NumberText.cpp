@@ -1,6 +1,6 @@
 #include "common/NumberText.h"
 
-#include "common/DecimalDigits.h"
+#include "common/detail/DecimalDigits.h"
 #include "common/Exceptions.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "common/Wtf8.h"
+#include "common/detail/Wtf8.h"
 
 #include <cstdint>
 #include <cstring>

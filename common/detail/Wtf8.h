@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Export.h"
-#include "Str.h"
+#include "common/Str.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -34,7 +33,7 @@ bool IsAscii(std::basic_string_view<TUnit> text) noexcept
 }
 
 /// Whether the bytes are well-formed UTF-8 (Unicode Standard, table 3-7); surrogates are not.
-COMMONDLL_API bool IsUtf8(std::string_view bytes) noexcept;
+bool IsUtf8(std::string_view bytes) noexcept;
 
 /// Whether the code unit at `at` and the one behind it are a surrogate pair.
 inline bool IsPairAt(std::u16string_view text, std::size_t at) noexcept
@@ -47,13 +46,13 @@ inline bool IsSurrogate(char16_t unit) noexcept
     return (unit & 0xF800) == 0xD800;
 }
 
-COMMONDLL_API void AppendWtf8(std::string& bytes, std::u16string_view text);
-COMMONDLL_API std::string ToWtf8(std::u16string_view text);
+void AppendWtf8(std::string& bytes, std::u16string_view text);
+std::string ToWtf8(std::u16string_view text);
 
 /// Appends the text of bytes that AppendWtf8 made or that IsUtf8 accepts; of others, some text.
-COMMONDLL_API void AppendUtf16(std::u16string& text, std::string_view wtf8);
+void AppendUtf16(std::u16string& text, std::string_view wtf8);
 
 /// The text of bytes as AppendUtf16 takes them.
-COMMONDLL_API CStr FromWtf8(std::string_view wtf8);
+CStr FromWtf8(std::string_view wtf8);
 
 } // namespace CommonUI

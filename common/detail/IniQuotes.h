@@ -1,7 +1,7 @@
 #pragma once
 
-#include "IniEncoding.h"
-#include "Str.h"
+#include "common/detail/IniEncoding.h"
+#include "common/Str.h"
 
 #include <string>
 #include <string_view>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "IniEncoding.h"
-#include "IniIndex.h"
-#include "IniLine.h"
-#include "Str.h"
+#include "common/detail/IniEncoding.h"
+#include "common/detail/IniIndex.h"
+#include "common/detail/IniLine.h"
+#include "common/Str.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Color.h"
-#include "IniEncoding.h"
-#include "Rect.h"
-#include "Str.h"
+#include "common/Color.h"
+#include "common/detail/IniEncoding.h"
+#include "common/Rect.h"
+#include "common/Str.h"
 
 #include <string>
 #include <string_view>
