@@ -86,15 +86,6 @@ std::string ToWestern(std::string_view text)
     return bytes;
 }
 
-bool HasSurrogate(std::string_view text)
-{
-    for (std::size_t at = text.find('\xED'); at != text.npos; at = text.find('\xED', at + 1)) {
-        if (static_cast<unsigned char>(text[at + 1]) >= 0xA0)
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 SIniContent DecodeIni(std::string bytes)
@@ -142,7 +133,7 @@ EIniEncoding WideEnough(EIniEncoding wanted, std::string_view text)
 {
     if (IsAscii(std::string_view(text)) || wanted == EIniEncoding::Utf16)
         return wanted;
-    if (HasSurrogate(text))
+    if (FindSurrogate(text) != text.npos)
         return EIniEncoding::Utf16;
     std::u16string units;
     AppendUtf16(units, text);

@@ -1,5 +1,7 @@
 #include "common/Str.h"
 
+#include "common/detail/Wtf8.h"
+
 #include <algorithm>
 #include <atomic>
 #include <cstring>
@@ -14,95 +16,12 @@ namespace
 {
 
 constexpr std::u16string_view c_whiteSpace = u" \t\n\v\f\r";
-constexpr char32_t c_replacement = 0xFFFD;
-
-bool IsHighSurrogate(char16_t unit)
-{
-    return (unit & 0xFC00) == 0xD800;
-}
-
-bool IsLowSurrogate(char16_t unit)
-{
-    return (unit & 0xFC00) == 0xDC00;
-}
+constexpr char16_t c_replacement = 0xFFFD;
 
 void CopyUnits(char16_t* to, const char16_t* from, std::size_t count)
 {
     if (count != 0)
         std::memcpy(to, from, count * sizeof(char16_t));
-}
-
-void AppendUtf16(std::u16string& text, char32_t code)
-{
-    if (code < 0x10000) {
-        text += static_cast<char16_t>(code);
-        return;
-    }
-    text += static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
-    text += static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
-}
-
-void AppendUtf8(std::string& bytes, char32_t code)
-{
-    const auto tail = [code](int shift) { return static_cast<char>(0x80 | ((code >> shift) & 0x3F)); };
-    if (code < 0x80) {
-        bytes += static_cast<char>(code);
-    } else if (code < 0x800) {
-        bytes += static_cast<char>(0xC0 | (code >> 6));
-        bytes += tail(0);
-    } else if (code < 0x10000) {
-        bytes += static_cast<char>(0xE0 | (code >> 12));
-        bytes += tail(6);
-        bytes += tail(0);
-    } else {
-        bytes += static_cast<char>(0xF0 | (code >> 18));
-        bytes += tail(12);
-        bytes += tail(6);
-        bytes += tail(0);
-    }
-}
-
-/// What a lead byte of UTF-8 promises: how many bytes follow, and the range of the first of them (which
-/// excludes overlong forms, surrogates and numbers beyond U+10FFFF). Unicode Standard, table 3-7.
-struct SLead {
-    int following;
-    unsigned char low;
-    unsigned char high;
-};
-
-SLead LeadOf(unsigned char byte)
-{
-    if (byte >= 0xC2 && byte <= 0xDF)
-        return {1, 0x80, 0xBF};
-    if (byte >= 0xE0 && byte <= 0xEF)
-        return {2, static_cast<unsigned char>(byte == 0xE0 ? 0xA0 : 0x80),
-                static_cast<unsigned char>(byte == 0xED ? 0x9F : 0xBF)};
-    if (byte >= 0xF0 && byte <= 0xF4)
-        return {3, static_cast<unsigned char>(byte == 0xF0 ? 0x90 : 0x80),
-                static_cast<unsigned char>(byte == 0xF4 ? 0x8F : 0xBF)};
-    return {0, 0, 0};
-}
-
-/// Decodes the sequence at `at`, which is beyond ASCII, and moves past it or past its ill-formed part.
-char32_t DecodeSequence(std::string_view bytes, std::size_t& at)
-{
-    const auto lead = static_cast<unsigned char>(bytes[at++]);
-    SLead expected = LeadOf(lead);
-    if (expected.following == 0)
-        return c_replacement;
-    char32_t code = lead & (0x3F >> expected.following);
-    for (int i = 0; i < expected.following; ++i) {
-        if (at == bytes.size())
-            return c_replacement;
-        const auto byte = static_cast<unsigned char>(bytes[at]);
-        if (byte < expected.low || byte > expected.high)
-            return c_replacement;
-        code = (code << 6) | (byte & 0x3F);
-        expected.low = 0x80;
-        expected.high = 0xBF;
-        ++at;
-    }
-    return code;
 }
 
 } // namespace
@@ -246,16 +165,17 @@ CStr CStr::FromAscii(std::string_view text)
 
 CStr CStr::FromUtf8(std::string_view bytes)
 {
-    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
-    if (std::all_of(bytes.begin(), bytes.end(), isAscii))
-        return FromAscii(bytes);
+    if (IsUtf8(bytes))
+        return FromWtf8(bytes);
     std::u16string text;
     text.reserve(bytes.size());
     for (std::size_t at = 0; at < bytes.size();) {
-        if (isAscii(bytes[at]))
-            text += static_cast<char16_t>(bytes[at++]);
+        const SUtf8Sequence sequence = SequenceAt(bytes, at);
+        if (sequence.wellFormed)
+            AppendUtf16(text, bytes.substr(at, sequence.length));
         else
-            AppendUtf16(text, DecodeSequence(bytes, at));
+            text += c_replacement;
+        at += sequence.length;
     }
     return CStr(text);
 }
@@ -267,15 +187,10 @@ std::string CStr::ToUtf8() const
 
 std::string ToUtf8(std::u16string_view text)
 {
-    std::string bytes;
-    bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const char16_t unit = text[at];
-        if (IsHighSurrogate(unit) && at + 1 < text.size() && IsLowSurrogate(text[at + 1]))
-            AppendUtf8(bytes, 0x10000 + ((char32_t(unit) & 0x3FF) << 10) + (text[++at] & 0x3FF));
-        else
-            AppendUtf8(bytes, IsHighSurrogate(unit) || IsLowSurrogate(unit) ? c_replacement : unit);
-    }
+    std::string bytes = ToWtf8(text);
+    const std::string replacement = ToWtf8({&c_replacement, 1}); // as long as a surrogate
+    for (std::size_t at = 0; (at = FindSurrogate(bytes, at)) != bytes.npos;)
+        bytes.replace(at, replacement.size(), replacement);
     return bytes;
 }
 

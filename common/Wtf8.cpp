@@ -14,11 +14,6 @@ unsigned char ByteAt(std::string_view bytes, std::size_t at)
     return static_cast<unsigned char>(bytes[at]);
 }
 
-bool IsTail(std::string_view bytes, std::size_t at)
-{
-    return (ByteAt(bytes, at) & 0xC0) == 0x80;
-}
-
 /// The first position at or after `at` that is not within eight bytes of ASCII.
 std::size_t SkipAscii(std::string_view bytes, std::size_t at)
 {
@@ -31,42 +26,25 @@ std::size_t SkipAscii(std::string_view bytes, std::size_t at)
     return at;
 }
 
-/// The length of the sequence that the lead byte promises; 0 for a byte that leads none.
-std::size_t SequenceLength(unsigned char lead)
-{
-    if (lead < 0x80)
-        return 1;
-    if (lead < 0xC2 || lead > 0xF4)
-        return 0;
-    return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-}
+/// What a lead byte promises: how many bytes follow, and the range of the first of them (which excludes
+/// overlong forms, surrogates and numbers beyond U+10FFFF). Unicode Standard, table 3-7.
+struct SLead {
+    unsigned following;
+    unsigned char low;
+    unsigned char high;
+};
 
-/// Whether the second byte keeps overlong forms, surrogates and numbers beyond U+10FFFF out.
-bool IsSecondByte(unsigned char lead, unsigned char second)
+SLead LeadOf(unsigned char byte)
 {
-    switch (lead) {
-    case 0xE0:
-        return second >= 0xA0;
-    case 0xED:
-        return second < 0xA0;
-    case 0xF0:
-        return second >= 0x90;
-    case 0xF4:
-        return second < 0x90;
-    default:
-        return true;
-    }
-}
-
-bool IsSequence(std::string_view bytes, std::size_t at, std::size_t length)
-{
-    if (length == 0 || length > bytes.size() - at)
-        return false;
-    for (std::size_t i = 1; i < length; ++i) {
-        if (!IsTail(bytes, at + i))
-            return false;
-    }
-    return length == 1 || IsSecondByte(ByteAt(bytes, at), ByteAt(bytes, at + 1));
+    if (byte >= 0xC2 && byte <= 0xDF)
+        return {1, 0x80, 0xBF};
+    if (byte >= 0xE0 && byte <= 0xEF)
+        return {2, static_cast<unsigned char>(byte == 0xE0 ? 0xA0 : 0x80),
+                static_cast<unsigned char>(byte == 0xED ? 0x9F : 0xBF)};
+    if (byte >= 0xF0 && byte <= 0xF4)
+        return {3, static_cast<unsigned char>(byte == 0xF0 ? 0x90 : 0x80),
+                static_cast<unsigned char>(byte == 0xF4 ? 0x8F : 0xBF)};
+    return {0, 0, 0};
 }
 
 void AppendCode(std::string& bytes, char32_t code)
@@ -85,15 +63,38 @@ void AppendCode(std::string& bytes, char32_t code)
 
 } // namespace
 
+SUtf8Sequence SequenceAt(std::string_view bytes, std::size_t at) noexcept
+{
+    if (ByteAt(bytes, at) < 0x80)
+        return {1, true};
+    SLead expected = LeadOf(ByteAt(bytes, at));
+    for (std::size_t i = 1; i <= expected.following; ++i) {
+        if (at + i == bytes.size() || ByteAt(bytes, at + i) < expected.low ||
+            ByteAt(bytes, at + i) > expected.high)
+            return {i, false};
+        expected.low = 0x80;
+        expected.high = 0xBF;
+    }
+    return {expected.following + 1, expected.following != 0};
+}
+
 bool IsUtf8(std::string_view bytes) noexcept
 {
     for (std::size_t at = SkipAscii(bytes, 0); at < bytes.size();) {
-        const std::size_t length = SequenceLength(ByteAt(bytes, at));
-        if (!IsSequence(bytes, at, length))
+        const SUtf8Sequence sequence = SequenceAt(bytes, at);
+        if (!sequence.wellFormed)
             return false;
-        at = length == 1 ? SkipAscii(bytes, at + 1) : at + length;
+        at = sequence.length == 1 ? SkipAscii(bytes, at + 1) : at + sequence.length;
     }
     return true;
+}
+
+std::size_t FindSurrogate(std::string_view wtf8, std::size_t from) noexcept
+{
+    std::size_t at = wtf8.find('\xED', from);
+    while (at != wtf8.npos && ByteAt(wtf8, at + 1) < 0xA0)
+        at = wtf8.find('\xED', at + 1);
+    return at;
 }
 
 void AppendWtf8(std::string& bytes, std::u16string_view text)
@@ -124,9 +125,9 @@ void AppendUtf16(std::u16string& text, std::string_view wtf8)
             text += static_cast<char16_t>(lead);
             continue;
         }
-        const std::size_t length = SequenceLength(lead);
-        char32_t code = lead & (0x7Fu >> length);
-        for (std::size_t i = 1; i < length && at < wtf8.size(); ++i)
+        const unsigned following = LeadOf(lead).following;
+        char32_t code = lead & (0x3Fu >> following);
+        for (unsigned i = 0; i < following && at < wtf8.size(); ++i)
             code = (code << 6) | (ByteAt(wtf8, at++) & 0x3F);
         if (code < 0x10000) {
             text += static_cast<char16_t>(code);

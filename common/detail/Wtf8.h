@@ -32,6 +32,13 @@ bool IsAscii(std::basic_string_view<TUnit> text) noexcept
     return (all & beyond) == 0 && rest < 0x80;
 }
 
+/// What stands at a position of bytes that are taken for UTF-8.
+struct SUtf8Sequence {
+    std::size_t length; ///< of an ill-formed sequence, its maximal part that could begin a well-formed one
+    bool wellFormed;
+};
+SUtf8Sequence SequenceAt(std::string_view bytes, std::size_t at) noexcept;
+
 /// Whether the bytes are well-formed UTF-8 (Unicode Standard, table 3-7); surrogates are not.
 bool IsUtf8(std::string_view bytes) noexcept;
 
@@ -48,6 +55,9 @@ inline bool IsSurrogate(char16_t unit) noexcept
 
 void AppendWtf8(std::string& bytes, std::u16string_view text);
 std::string ToWtf8(std::u16string_view text);
+
+/// The place of the first surrogate without a partner at or after `from`, or npos.
+std::size_t FindSurrogate(std::string_view wtf8, std::size_t from = 0) noexcept;
 
 /// Appends the text of bytes that AppendWtf8 made or that IsUtf8 accepts; of others, some text.
 void AppendUtf16(std::u16string& text, std::string_view wtf8);
