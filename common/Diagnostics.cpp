@@ -23,9 +23,10 @@ void WriteToStandardError(const SDiagnosticLine& line)
 } // namespace
 
 struct CDiagnostics::SState {
-    mutable std::mutex mutex;
+    std::mutex categoryMutex;
     std::set<CStr, std::less<>> enabled;
     std::atomic<bool> anyEnabled{false};
+    std::mutex sinkMutex; ///< not that of the categories: a sink may ask for them
     CSink sink = WriteToStandardError;
 };
 
@@ -40,13 +41,13 @@ bool CDiagnostics::IsEnabled(std::u16string_view category) const
 {
     if (!m_state->anyEnabled.load(std::memory_order_relaxed))
         return false;
-    const std::lock_guard lock(m_state->mutex);
+    const std::lock_guard lock(m_state->categoryMutex);
     return m_state->enabled.contains(category);
 }
 
 void CDiagnostics::SetEnabled(std::u16string_view category, bool enabled)
 {
-    const std::lock_guard lock(m_state->mutex);
+    const std::lock_guard lock(m_state->categoryMutex);
     if (enabled)
         m_state->enabled.emplace(category);
     else if (const auto found = m_state->enabled.find(category); found != m_state->enabled.end())
@@ -58,13 +59,13 @@ void CDiagnostics::Write(std::u16string_view category, EDiagnosticLevel level, s
 {
     if (level < EDiagnosticLevel::Warning && !IsEnabled(category))
         return;
-    const std::lock_guard lock(m_state->mutex);
+    const std::lock_guard lock(m_state->sinkMutex);
     m_state->sink({category, level, t_indentation, text});
 }
 
 CDiagnostics::CSink CDiagnostics::SetSink(CSink sink)
 {
-    const std::lock_guard lock(m_state->mutex);
+    const std::lock_guard lock(m_state->sinkMutex);
     return std::exchange(m_state->sink, sink ? std::move(sink) : CSink(WriteToStandardError));
 }
 

@@ -48,7 +48,8 @@ public:
     void Write(std::u16string_view category, EDiagnosticLevel level, std::u16string_view text);
 
     /// Sets where lines go and returns the sink before it; an empty function restores the standard error
-    /// stream. The sink must not write to the channel itself.
+    /// stream. The sink may ask for categories and enable them, but must neither write to the channel nor
+    /// set its sink.
     CSink SetSink(CSink sink);
 
     /// Indents the lines that this thread writes while the object lives.

@@ -86,3 +86,13 @@ TEST_F(CDiagnosticsTest, EmptySinkRestoresStandardError)
     m_diagnostics.Write(u"Inifile", EDiagnosticLevel::Warning, u"back");
     EXPECT_EQ(TakeLines(), std::vector<CStr>{u"2 Inifile 1 back"});
 }
+
+TEST_F(CDiagnosticsTest, SinkMayAskForCategories)
+{
+    bool enabled = false;
+    m_diagnostics.SetSink(
+        [&](const SDiagnosticLine& line) { enabled = m_diagnostics.IsEnabled(line.category); });
+    m_diagnostics.SetEnabled(u"c", true);
+    m_diagnostics.Write(u"c", EDiagnosticLevel::Info, u"t");
+    EXPECT_TRUE(enabled);
+}
