@@ -17,20 +17,24 @@ namespace
 
 namespace fs = std::filesystem;
 
-fs::path ToPath(const CStr& fileName)
+[[noreturn]] void Refuse(const char* what, std::errc reason)
 {
-    return fs::path(fileName.begin(), fileName.end());
+    throw std::system_error(std::make_error_code(reason), what);
 }
 
 /// Throws the reason why a stream failed, as far as the system left it.
-[[noreturn]] void ThrowStreamError(const char* what, const fs::path& path)
+[[noreturn]] void ThrowStreamError(const char* what)
 {
-    throw fs::filesystem_error(what, path, std::error_code(errno, std::generic_category()));
+    const std::error_code left(errno, std::generic_category());
+    throw std::system_error(left ? left : std::make_error_code(std::errc::io_error), what);
 }
 
-[[noreturn]] void Refuse(const char* what, const fs::path& path, std::errc reason)
+fs::path ToPath(const CStr& fileName)
 {
-    throw fs::filesystem_error(what, path, std::make_error_code(reason));
+    // To the system the name would end there: that of another file.
+    if (fileName.Find(u'\0') != CStr::npos)
+        Refuse("the name has a character U+0000", std::errc::invalid_argument);
+    return fs::path(fileName.begin(), fileName.end());
 }
 
 /// Runs `work` and returns whether it came to its end; else why not.
@@ -40,34 +44,37 @@ bool Try(CStr& reason, TWork&& work)
     try {
         work();
         return true;
+    } catch (const fs::filesystem_error& error) {
+        // what() has the path too, which the caller knows.
+        reason = CStr::FromUtf8(error.code().message());
     } catch (const std::exception& error) {
         reason = CStr::FromUtf8(error.what());
-        return false;
     }
+    return false;
 }
 
 std::string ReadAll(const fs::path& path, std::size_t maximum)
 {
     const fs::file_status status = fs::status(path);
     if (!fs::exists(status))
-        Refuse("cannot open file", path, std::errc::no_such_file_or_directory);
+        Refuse("cannot open file", std::errc::no_such_file_or_directory);
     if (fs::is_directory(status))
-        Refuse("cannot read", path, std::errc::is_a_directory);
+        Refuse("cannot read", std::errc::is_a_directory);
     if (!fs::is_regular_file(status))
-        Refuse("not a regular file", path, std::errc::invalid_argument);
+        Refuse("not a regular file", std::errc::invalid_argument);
     errno = 0;
     std::filebuf file;
     if (!file.open(path, std::ios::in | std::ios::binary))
-        ThrowStreamError("cannot open file", path);
+        ThrowStreamError("cannot open file");
     const auto size = static_cast<std::streamoff>(file.pubseekoff(0, std::ios::end));
     if (size < 0)
-        ThrowStreamError("cannot read file", path);
+        ThrowStreamError("cannot read file");
     if (static_cast<std::uintmax_t>(size) > maximum)
-        Refuse("cannot read", path, std::errc::file_too_large);
+        Refuse("cannot read", std::errc::file_too_large);
     std::string bytes(static_cast<std::size_t>(size), '\0');
     file.pubseekpos(0);
     if (file.sgetn(bytes.data(), size) != size)
-        ThrowStreamError("cannot read file", path);
+        ThrowStreamError("cannot read file");
     return bytes;
 }
 
@@ -77,7 +84,7 @@ fs::path FollowLinks(fs::path path)
     constexpr int mostLinks = 40;
     for (int i = 0; fs::is_symlink(fs::symlink_status(path)); ++i) {
         if (i == mostLinks)
-            Refuse("cannot follow link", path, std::errc::too_many_symbolic_link_levels);
+            Refuse("cannot follow link", std::errc::too_many_symbolic_link_levels);
         path = path.parent_path() / fs::read_symlink(path);
     }
     return path;
@@ -93,7 +100,7 @@ public:
         errno = 0;
         m_file.open(m_path, std::ios::binary | std::ios::trunc);
         if (!m_file)
-            ThrowStreamError("cannot create temporary file", m_path);
+            ThrowStreamError("cannot create temporary file");
     }
     CTemporary(const CTemporary&) = delete;
     CTemporary& operator=(const CTemporary&) = delete;
@@ -112,7 +119,7 @@ public:
         m_file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         m_file.close();
         if (!m_file)
-            ThrowStreamError("cannot write temporary file", m_path);
+            ThrowStreamError("cannot write temporary file");
     }
     void SetPermissions(fs::perms permissions) { fs::permissions(m_path, permissions); }
     void Replace(const fs::path& target)
@@ -141,12 +148,12 @@ void ReplaceAll(const fs::path& path, std::string_view bytes)
     const fs::path target = FollowLinks(path);
     const fs::file_status status = fs::status(target);
     if (fs::is_directory(status))
-        Refuse("cannot replace", target, std::errc::is_a_directory);
+        Refuse("cannot replace", std::errc::is_a_directory);
     if (fs::exists(status) && !fs::is_regular_file(status))
-        Refuse("not a regular file", target, std::errc::invalid_argument);
+        Refuse("not a regular file", std::errc::invalid_argument);
     constexpr fs::perms write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     if (fs::exists(status) && (status.permissions() & write) == fs::perms::none)
-        Refuse("write-protected", target, std::errc::permission_denied);
+        Refuse("write-protected", std::errc::permission_denied);
 
     CTemporary temporary(target);
     // Before the content arrives: nobody may read of it what the file itself would not show.

@@ -94,8 +94,8 @@ TEST_F(InifileFile, LoadsChangesAndSaves)
 TEST_F(InifileFile, WhatCannotBeLoadedLeavesAnEmptyDocument)
 {
     Put("file", "k=1");
-    for (const CStr& name :
-         {CStr(), NameOf("missing"), NameOf("file/below"), NameOf(""), CStr(u"/dev/null"), CStr(u"\xD800")}) {
+    for (const CStr& name : {CStr(), NameOf("missing"), NameOf("file/below"), NameOf(""), CStr(u"/dev/null"),
+                             CStr(u"\xD800"), NameOf(std::string("file\0x", 6))}) {
         const CDiagnosticsCapture diagnostics;
         CInifile ini = IniOf("k=1");
         EXPECT_FALSE(ini.Load(name)) << name.ToUtf8();
@@ -111,13 +111,16 @@ TEST_F(InifileFile, WhatCannotBeSavedIsToldAndLeavesNothing)
     Put("protected", "k=1");
     fs::permissions(PathOf("protected"), fs::perms::owner_read);
     fs::create_symlink("loop", PathOf("loop"));
-    for (const CStr& name :
-         {CStr(), NameOf("missing/x.ini"), NameOf("file/below"), CStr(m_folder.u16string()),
-          NameOf("protected"), NameOf("loop"), CStr(u"/dev/null"), CStr(u"\xD800")}) {
+    for (const CStr& name : {CStr(), NameOf("missing/x.ini"), NameOf("file/below"),
+                             CStr(m_folder.u16string()), NameOf("protected"), NameOf("loop"),
+                             CStr(u"/dev/null"), CStr(u"\xD800"), NameOf(std::string("file\0x", 6))}) {
         const CDiagnosticsCapture diagnostics;
         EXPECT_FALSE(IniOf("k=2").SaveCopy(name)) << name.ToUtf8();
-        EXPECT_EQ(diagnostics.GetLines().size(), 1u) << name.ToUtf8();
+        ASSERT_EQ(diagnostics.GetLines().size(), 1u) << name.ToUtf8();
+        const CStr& line = diagnostics.GetLines()[0];
+        EXPECT_TRUE(name.IsEmpty() || line.Find(name) == line.ReverseFind(name)) << line.ToUtf8();
     }
+    EXPECT_EQ(Get("file"), "k=1");
     EXPECT_EQ(Get("protected"), "k=1");
     EXPECT_EQ(CountFiles(), 3u);
 }
