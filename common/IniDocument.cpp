@@ -75,20 +75,13 @@ struct SLineEndCounts {
 
 } // namespace
 
-CIniDocument::CIniDocument()
+CIniDocument::CIniDocument(std::string bytes)
     : m_hashKey(GetHashKey())
-{
-    Load({});
-}
-
-void CIniDocument::Load(std::string bytes)
 {
     SIniContent content = DecodeIni(std::move(bytes));
     m_encoding = content.encoding;
     m_mark = std::move(content.mark);
     m_tail = std::move(content.tail);
-    m_sections.clear();
-    m_sectionNames.Clear();
     AddSection({});
     Parse(std::move(content.text));
 }

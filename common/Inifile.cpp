@@ -51,6 +51,18 @@ void WarnUnreadable(const CStr& section, std::u16string_view key, std::string_vi
          FromWtf8(stored.substr(0, mostShown)) + u"\" cannot be read; its default is used");
 }
 
+/// Runs `work`, which returns whether it succeeded; when it ran out of memory, that is the reason why not.
+template<class TWork>
+bool WithinMemory(CStr& reason, TWork&& work)
+{
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        reason = u"not enough memory";
+        return false;
+    }
+}
+
 } // namespace
 
 CInifile::CInifile()
@@ -66,7 +78,7 @@ CInifile::CInifile(const CInifile& other)
 {
 }
 
-CInifile::CInifile(CInifile&& other) noexcept
+CInifile::CInifile(CInifile&& other)
     : CInifile()
 {
     Swap(other);
@@ -79,7 +91,7 @@ CInifile& CInifile::operator=(const CInifile& other)
     return *this;
 }
 
-CInifile& CInifile::operator=(CInifile&& other) noexcept
+CInifile& CInifile::operator=(CInifile&& other)
 {
     CInifile moved(std::move(other));
     Swap(moved);
@@ -109,17 +121,16 @@ bool CInifile::Load(const CStr& fileName)
 
 bool CInifile::LoadCopy(const CStr& fileName)
 {
-    std::string bytes;
+    Clear();
     CStr reason;
-    bool loaded = ReadFileBytes(fileName, bytes, CIniDocument::c_maximumSize, reason);
-    try {
-        LoadBytes(std::move(bytes));
-    } catch (const std::bad_alloc&) {
+    const bool loaded = WithinMemory(reason, [&] {
+        std::string bytes;
+        if (!ReadFileBytes(fileName, bytes, CIniDocument::c_maximumSize, reason))
+            return false;
         // A file of the shortest possible lines needs some 25 times its size.
-        Clear();
-        loaded = false;
-        reason = u"not enough memory";
-    }
+        LoadBytes(std::move(bytes));
+        return true;
+    });
     return loaded || Warn(u"Cannot load \"" + fileName + u"\": " + reason);
 }
 
@@ -127,10 +138,10 @@ void CInifile::LoadBytes(std::string bytes)
 {
     if (bytes.size() > CIniDocument::c_maximumSize)
         throw EInternal(u"Inifile", __LINE__, u"CInifile::LoadBytes", u"more than 1 GiB");
-    const CStr section = GetSection();
-    m_document->Load(std::move(bytes));
-    SelectSection(section);
+    auto document = std::make_unique<CIniDocument>(std::move(bytes));
+    m_section = document->GetSection(GetSection());
     m_parseSection = 0;
+    m_document = std::move(document);
 }
 
 std::string CInifile::GetBytes() const
@@ -148,7 +159,7 @@ bool CInifile::SaveCopy(const CStr& fileName) const
     CStr reason;
     if (fileName.IsEmpty())
         return Warn(u"Cannot save a document that has no file name");
-    return ReplaceFileBytes(fileName, GetBytes(), reason) ||
+    return WithinMemory(reason, [&] { return ReplaceFileBytes(fileName, GetBytes(), reason); }) ||
            Warn(u"Cannot save \"" + fileName + u"\": " + reason);
 }
 

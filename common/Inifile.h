@@ -38,10 +38,10 @@ public:
     CInifile();
     /// The copy has the same content, file name and current section, and no other tie with the original.
     CInifile(const CInifile& other);
-    /// The moved-from object is empty.
-    CInifile(CInifile&& other) noexcept;
+    /// The moved-from object is an empty document, which takes memory: hence not noexcept.
+    CInifile(CInifile&& other);
     CInifile& operator=(const CInifile& other);
-    CInifile& operator=(CInifile&& other) noexcept;
+    CInifile& operator=(CInifile&& other);
     virtual ~CInifile();
 
     /// The file that Load and Save use; it need not exist.
@@ -49,14 +49,15 @@ public:
     const CStr& GetFileName() const noexcept { return m_fileName; }
 
     /// Replaces the content by that of the file. The current section stays selected. Returns false, with the
-    /// reason in the diagnostics and the document empty, when the file is missing, cannot be read, or is
-    /// larger than 1 GiB.
+    /// reason in the diagnostics and the document empty, when the file is missing, cannot be read, is larger
+    /// than 1 GiB, or leaves no memory.
     bool Load();
     /// SetFileName, then Load.
     bool Load(const CStr& fileName);
     /// As Load, but the file name of this object stays what it is: the content is a copy of that file.
     bool LoadCopy(const CStr& fileName);
-    /// Replaces the content by what the bytes of a file would give, 1 GiB at most.
+    /// Replaces the content by what the bytes of a file would give, 1 GiB at most. Without memory for it,
+    /// std::bad_alloc is thrown and the content stays.
     void LoadBytes(std::string bytes);
     /// The bytes that Save would write.
     std::string GetBytes() const;
@@ -85,7 +86,7 @@ public:
     CStr GetSection() const;
     /// Removes all keys of the current section. Its header and comments stay.
     void ClearSection();
-    /// Whether a section exists, be it empty. The unnamed one exists when it has a key.
+    /// Whether a section exists, be it empty. The unnamed one exists when it has a key or a header `[]`.
     bool HasSection(std::u16string_view name) const;
     /// The names of all sections, each once, in the order of the file.
     std::vector<CStr> GetSections() const;

@@ -23,13 +23,11 @@ namespace CommonUI
 class CIniDocument
 {
 public:
-    /// The file sizes that Load takes, so that every position fits into 32 bits.
+    /// The size of a file at most, so that every position fits into 32 bits.
     static constexpr std::size_t c_maximumSize = std::size_t(1) << 30;
 
-    CIniDocument();
-
-    /// Takes the bytes of a file. The numbers of sections from before mean nothing any more.
-    void Load(std::string bytes);
+    /// Takes the bytes of a file.
+    explicit CIniDocument(std::string bytes = {});
     std::string ToBytes() const;
 
     EIniEncoding GetEncoding() const noexcept { return m_encoding; }
@@ -42,7 +40,7 @@ public:
     CStr GetSectionName(std::uint32_t section) const;
     /// How many numbers of sections there are.
     std::size_t CountSections() const noexcept { return m_sections.size(); }
-    /// Whether the file has a header of the section, or, of the unnamed one, a key.
+    /// Whether the file has a header of the section, or, of the unnamed one, a header or a key.
     bool HasSection(std::u16string_view name) const;
     /// The names of the sections that the file has, each once, in its order.
     std::vector<CStr> GetSections() const;

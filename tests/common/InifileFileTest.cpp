@@ -1,10 +1,13 @@
+#include "tests/common/FailingAllocation.h"
 #include "tests/common/InifileTesting.h"
 
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <new>
 #include <sys/resource.h>
 
 using namespace CommonUI;
@@ -45,6 +48,19 @@ protected:
 
     fs::path m_folder;
 };
+
+/// Whether `work` returns true when that allocation of it fails; the failure may come out of it, too.
+bool WorksWithout(int allocation, const std::function<bool()>& work, bool& failed)
+{
+    bool works = false;
+    const CFailingAllocation failing(allocation);
+    try {
+        works = work();
+    } catch (const std::bad_alloc&) {
+    }
+    failed = failing.HasFailed();
+    return works;
+}
 
 /// No file can grow beyond a number of bytes while it lives, as on a full disk.
 class CFullDisk
@@ -161,4 +177,29 @@ TEST_F(InifileFile, LinksAndPermissionsStay)
     EXPECT_TRUE(IniOf("k=3").SaveCopy(NameOf("dangling.ini")));
     EXPECT_TRUE(fs::is_symlink(PathOf("dangling.ini")));
     EXPECT_EQ(Get("data/new.ini"), "k=3");
+}
+
+TEST_F(InifileFile, WithoutMemoryNothingIsHalfDone)
+{
+    const std::string old = "[A]\na=1\n";
+    const std::string fresh = "[B]\nb=2\n[A long name of a section]\n\"c\" =3\nd =4\n";
+    Put("fresh.ini", fresh);
+    const CStr freshName = NameOf("fresh.ini");
+    const CStr savedName = NameOf("saved.ini");
+    const CDiagnosticsCapture diagnostics;
+    bool failed = true;
+    for (int allocation = 1; failed; ++allocation) {
+        CInifile ini = IniOf(old, u"A long name of a section");
+        const bool saved = WorksWithout(
+            allocation, [&] { return ini.SaveCopy(savedName); }, failed);
+        EXPECT_EQ(Get("saved.ini"), saved ? old : "") << allocation;
+        const bool loaded = WorksWithout(
+            allocation, [&] { return ini.Load(freshName); }, failed);
+        EXPECT_TRUE(ini.GetBytes() == (loaded ? fresh : "") || (!loaded && ini.GetBytes() == old))
+            << allocation;
+        EXPECT_EQ(ini.GetSection(), u"A long name of a section");
+        ini.WriteInt(u"d ", 5);
+        EXPECT_EQ(Reloaded(ini).ReadInt(u"d ", 0), 5);
+        fs::remove(PathOf("saved.ini"));
+    }
 }
