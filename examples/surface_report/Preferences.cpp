@@ -76,6 +76,12 @@ SChange ParseChange(const std::string& text)
     return change;
 }
 
+/// False for a number that is none.
+bool IsWithin(double number, double lower, double upper)
+{
+    return lower <= number && number <= upper;
+}
+
 bool OnOff(const SChange& change)
 {
     if (change.value != "on" && change.value != "off")
@@ -102,7 +108,7 @@ CParameter::SFormatSpecifier FormatOf(const SChange& change, CParameter::SFormat
         change.Fail("the format is Decimals, Digits or Integer");
     format.type = static_cast<EFormat>(kind->GetValue());
     const std::vector<double> counts = Numbers(change);
-    if (counts.size() > 1 || (counts.size() == 1 && !(counts[0] >= 1 && counts[0] <= 12)))
+    if (counts.size() > 1 || (counts.size() == 1 && !IsWithin(counts[0], 1, 12)))
         change.Fail("the count of a format is 1 to 12");
     if (counts.size() == 1)
         format.count = static_cast<int>(counts[0]);
@@ -174,8 +180,7 @@ bool EditStatistics(CAnalysisPreferencesManager& manager, EAnalysis analysis, co
     found->SetOn(OnOff(change));
     const std::vector<double> values = Numbers(change);
     const bool isFractile = *found == static_cast<int>(EStatistics::Fractile);
-    if (values.size() > (isFractile ? 1U : 0U) ||
-        (values.size() == 1 && !(values[0] >= 0 && values[0] <= 100)))
+    if (values.size() > (isFractile ? 1U : 0U) || (values.size() == 1 && !IsWithin(values[0], 0, 100)))
         change.Fail("only Fractile takes a value, 0 to 100");
     if (values.size() == 1)
         found->SetVariableValue(values[0]);
@@ -185,18 +190,18 @@ bool EditStatistics(CAnalysisPreferencesManager& manager, EAnalysis analysis, co
 
 } // namespace
 
-void EditPreferences(CAnalysisPreferencesManager& manager, const std::string& text)
+void EditPreferences(CAnalysisPreferencesManager& manager, const std::string& change)
 {
-    const SChange change = ParseChange(text);
+    const SChange parsed = ParseChange(change);
     const auto editAll = [&](auto edit) {
         bool found = false;
         for (const EAnalysis analysis : c_analyses)
-            found |= edit(manager, analysis, change);
+            found |= edit(manager, analysis, parsed);
         return found;
     };
-    const bool found = (!change.statistic && editAll(EditParameters)) || editAll(EditStatistics);
+    const bool found = (!parsed.statistic && editAll(EditParameters)) || editAll(EditStatistics);
     if (!found)
-        change.Fail("there is no parameter or statistic \"" + change.subject.ToUtf8() + "\"");
+        parsed.Fail("there is no parameter or statistic \"" + parsed.subject.ToUtf8() + "\"");
 }
 
 void LoadPreferences(CAnalysisPreferencesManager& manager, const SOptions& options)

@@ -39,7 +39,7 @@ void FillSurface(CGrid& grid, const std::vector<SColumn>& columns)
 /// The parameter's symbol over the standard it belongs to: an unfiltered Ra is not that of ISO 4287.
 CStr HeaderOf(const CParameter& parameter)
 {
-    const CStr symbol = parameter.GetShortFriendlyString();
+    CStr symbol = parameter.GetShortFriendlyString();
     if (parameter.GetStandard() == static_cast<int>(EAnalysisStandards::None))
         return symbol;
     return symbol + u"\r\n" + GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard());
