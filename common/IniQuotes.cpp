@@ -12,12 +12,14 @@ namespace
 {
 
 /// How many code units the character at `at` has when it may stand in the file as it is; 0 when not. Control
-/// characters may not, lest a line break or an editor drops them, nor may a surrogate without its partner,
-/// which no reader would take, nor U+FEFF, which would be a byte order mark at the start of a file.
+/// characters and what else breaks lines may not, lest a line ends or an editor drops them, nor may a
+/// surrogate without its partner, which no reader would take, nor U+FEFF, which would be a byte order mark at
+/// the start of a file.
 std::size_t PlainLength(std::u16string_view text, std::size_t at, EIniEncoding encoding)
 {
     const char16_t unit = text[at];
-    if (unit < 0x20 || unit == 0x7F || unit == 0xFEFF)
+    const bool isControl = unit < 0x20 || (unit >= 0x7F && unit < 0xA0);
+    if (isControl || unit == 0x2028 || unit == 0x2029 || unit == 0xFEFF)
         return 0;
     if (encoding == EIniEncoding::Western)
         return IsWestern(unit) ? 1 : 0;

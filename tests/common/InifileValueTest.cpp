@@ -150,8 +150,10 @@ TEST(InifileValue, StoredForms)
     ini.WriteDoubles(u"d", {0.1, 1e300, std::nan("")});
     ini.WriteText(u"p", u"C:\\data\\new, 2\\x.pln");
     ini.WriteTexts(u"t", {u"C:\\new", u"a b", u"x,y", u""});
+    ini.WriteText(u"e", u"\u0085\u009F\u00A0\u2028\u2029\u202A");
     EXPECT_EQ(ini.GetBytes(), "b=1\ni=-2147483648\nu=4294967295\nc=255,128,0\nr=-1,2,3,4\ns=640,480\n"
-                              "d=0.1,1e+300,nan\np=C:\\data\\new, 2\\x.pln\nt=C:\\new,a b,\"x,y\",\"\"\n");
+                              "d=0.1,1e+300,nan\np=C:\\data\\new, 2\\x.pln\nt=C:\\new,a b,\"x,y\",\"\"\n"
+                              "e=\"\\u0085\\u009F\xC2\xA0\\u2028\\u2029\xE2\x80\xAA\"\n");
     EXPECT_EQ(ini.ReadInt(u"i", 0), std::numeric_limits<int>::min());
     EXPECT_EQ(ini.ReadUnsigned(u"u", 0), 4294967295u);
     EXPECT_EQ(ini.ReadColor(u"c", {}), (SColor{255, 128, 0}));
