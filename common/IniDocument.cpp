@@ -73,6 +73,23 @@ struct SLineEndCounts {
     }
 };
 
+/// How much of the filler at the beginning of a file is about the file: comments up to the first blank line
+/// behind them, with it.
+std::size_t FileCommentLength(std::string_view filler)
+{
+    CLineEnds lineEnds(filler);
+    bool hasComment = false;
+    for (std::size_t begin = 0; begin < filler.size();) {
+        const CLineEnds::SLine ends = lineEnds.Next(begin);
+        const bool isBlank = SkipBlanks(filler, begin) >= ends.end;
+        if (isBlank && hasComment)
+            return ends.next;
+        hasComment |= !isBlank;
+        begin = ends.next;
+    }
+    return 0;
+}
+
 } // namespace
 
 CIniDocument::CIniDocument(std::string bytes)
@@ -100,6 +117,7 @@ void CIniDocument::Parse(std::string text)
     m_lines.clear();
     m_firstLine = m_lastLine = c_none;
     m_keys.Clear();
+    m_otherNames.Clear();
     for (SSection& section : m_sections)
         section = {std::move(section.name)};
 
@@ -167,6 +185,30 @@ void CIniDocument::AddHeader(std::uint32_t line, const SIniLine& parts)
     section.lastHeader = line;
 }
 
+/// What the name would be if the blanks in front of the equals sign were no ornament, or were ornament; empty
+/// when there are none.
+std::string_view CIniDocument::OtherNameOf(const SRecord& record) const
+{
+    if (record.quoted || record.name == record.value - 1 || !IsBlank(m_text[record.value - 2]))
+        return {};
+    const auto stored = std::string_view(m_text).substr(record.name, record.value - 1 - record.name);
+    return IsSpaced(record) ? stored : TrimBlanksRight(stored);
+}
+
+template<class TUnit>
+std::uint32_t CIniDocument::HashKey(std::uint32_t section, std::basic_string_view<TUnit> key) const
+{
+    return HashName(key, m_hashKey + section);
+}
+
+template<class TUnit>
+auto CIniDocument::HasOtherName(std::uint32_t section, std::basic_string_view<TUnit> name) const
+{
+    return [this, section, name](std::uint32_t line) {
+        return m_lines[line].section == section && IsSameName(OtherNameOf(m_lines[line]), name);
+    };
+}
+
 void CIniDocument::AddKey(std::uint32_t line, const SIniLine& parts)
 {
     SRecord& record = m_lines[line];
@@ -183,15 +225,18 @@ void CIniDocument::AddKey(std::uint32_t line, const SIniLine& parts)
     const std::string_view name = NameOf(record);
     const std::uint32_t hash = HashKey(record.section, name);
     const std::uint32_t first = m_keys.Find(hash, [&](std::uint32_t other) {
-        return m_lines[other].section == record.section && NameOf(m_lines[other]) == name;
+        return m_lines[other].section == record.section && NameOf(m_lines[other]) == name &&
+               IsSpaced(m_lines[other]) == IsSpaced(record);
     });
-    if (first == c_none) {
-        record.kind = EKind::Key;
-        m_keys.Insert(hash, line);
-    } else {
+    if (first != c_none) {
         record.kind = EKind::Duplicate;
         record.sibling = std::exchange(m_lines[first].sibling, line);
+        return;
     }
+    record.kind = EKind::Key;
+    m_keys.Insert(hash, line);
+    if (const std::string_view other = OtherNameOf(record); !other.empty())
+        m_otherNames.Add(HashKey(record.section, other), line, HasOtherName(record.section, other));
 }
 
 void CIniDocument::Link(std::uint32_t line, std::uint32_t after)
@@ -276,12 +321,10 @@ std::vector<CStr> CIniDocument::GetKeys(std::uint32_t section) const
 {
     std::vector<CStr> names;
     VisitKeys(section, [&](std::uint32_t line) {
+        // A line with ornament may be hidden behind one without.
         const std::string_view name = NameOf(m_lines[line]);
-        const std::string_view trimmed = TrimBlanksRight(name);
-        if (!IsSpaced(m_lines[line]))
+        if (!IsSpaced(m_lines[line]) || FindLine(section, name, false) == line)
             names.push_back(FromWtf8(name));
-        else if (FindLine(section, trimmed, false) == line)
-            names.push_back(FromWtf8(trimmed));
     });
     return names;
 }
@@ -300,53 +343,32 @@ std::string_view CIniDocument::ValueOf(const SRecord& record) const
     return TrimBlanks(value);
 }
 
-/// Whether blanks stand on both sides of the equals sign: then they are meant as ornament. A name with a
-/// blank at its end is written without a blank behind the sign.
-bool CIniDocument::IsSpaced(const SRecord& record) const
-{
-    const std::string_view name = NameOf(record);
-    const std::string_view value = TextOf(record).substr(record.value - record.begin);
-    return !record.quoted && !name.empty() && IsBlank(name.back()) && !value.empty() &&
-           IsBlank(value.front());
-}
-
-/// The blanks at the end of a name do not count, so that a name is found with them and without.
-template<class TUnit>
-std::uint32_t CIniDocument::HashKey(std::uint32_t section, std::basic_string_view<TUnit> key) const
-{
-    return HashName(TrimBlanksRight(key), m_hashKey + section);
-}
-
-/// The line of the key: that of the exact name, else one whose name has blanks behind it, ornament or, if
-/// `anyBlanks`, not.
+/// The line of the key: one without ornament, else one with, else, if `otherNames`, the first one of that
+/// other name.
 template<class TUnit>
 std::uint32_t CIniDocument::FindLine(std::uint32_t section, std::basic_string_view<TUnit> key,
-                                     bool anyBlanks) const
+                                     bool otherNames) const
 {
+    const std::uint32_t hash = HashKey(section, key);
     std::uint32_t spaced = c_none;
-    std::uint32_t unspaced = c_none;
-    const std::uint32_t exact = m_keys.Find(HashKey(section, key), [&](std::uint32_t line) {
+    const std::uint32_t found = m_keys.Find(hash, [&](std::uint32_t line) {
         const SRecord& record = m_lines[line];
-        if (record.section != section)
+        if (record.section != section || !IsSameName(NameOf(record), key))
             return false;
-        const std::string_view name = NameOf(record);
-        if (IsSameName(name, key))
+        if (!IsSpaced(record))
             return true;
-        if (name.size() > key.size() && !record.quoted && IsSameName(TrimBlanksRight(name), key)) {
-            std::uint32_t& first = IsSpaced(record) ? spaced : unspaced;
-            first = std::min(first, line);
-        }
+        spaced = line;
         return false;
     });
-    if (exact != c_none)
-        return exact;
-    return spaced == c_none && anyBlanks ? unspaced : spaced;
+    if (found != c_none)
+        return found;
+    return spaced == c_none && otherNames ? m_otherNames.Find(hash, HasOtherName(section, key)) : spaced;
 }
 
 std::optional<std::string_view> CIniDocument::FindValue(std::uint32_t section, std::u16string_view key,
-                                                        bool anyBlanks) const
+                                                        bool otherNames) const
 {
-    const std::uint32_t line = WithName(key, [&](auto name) { return FindLine(section, name, anyBlanks); });
+    const std::uint32_t line = WithName(key, [&](auto name) { return FindLine(section, name, otherNames); });
     return line == c_none ? std::nullopt : std::optional(ValueOf(m_lines[line]));
 }
 
@@ -364,7 +386,20 @@ void CIniDocument::SetValue(std::uint32_t section, std::u16string_view key, std:
     std::string text(TextOf(record));
     text.replace(static_cast<std::size_t>(old.data() - TextOf(record).data()), old.size(), value);
     ChangeText(record, text);
+    const SIniLine parts = ParseIniLine(text);
+    if (!record.quoted && (parts.quoted || parts.end - parts.begin != record.nameLength))
+        QuoteName(record);
     CompactIfWasteful();
+}
+
+/// Keeps the name what it is: a quote at its beginning may find its partner in a new value, and when a value
+/// goes, blanks behind it may make ornament of blanks in front of the equals sign.
+void CIniDocument::QuoteName(SRecord& record)
+{
+    std::string text(TextOf(record));
+    text.replace(record.name - record.begin, record.nameLength, Quote(FromWtf8(NameOf(record)), m_encoding));
+    ChangeText(record, text);
+    Parse(JoinLines());
 }
 
 void CIniDocument::AddKeyLine(std::uint32_t section, std::u16string_view key, std::string_view value)
@@ -374,26 +409,55 @@ void CIniDocument::AddKeyLine(std::uint32_t section, std::u16string_view key, st
         InsertLine("[" + name + "]", section, m_lastLine);
     }
     const std::string line = QuoteKey(key, m_encoding).append("=").append(value);
-    InsertLine(line, section, m_sections[section].last);
+    const std::uint32_t last = m_sections[section].last;
+    InsertLine(line, section, section == 0 && last == c_none ? SeparateFileComment() : last);
+}
+
+/// The line behind which the first key of the unnamed section goes: the comment about the file, which gets a
+/// record of its own, or c_none.
+std::uint32_t CIniDocument::SeparateFileComment()
+{
+    const std::uint32_t first = m_firstLine;
+    if (first == c_none || m_lines[first].kind != EKind::Filler)
+        return c_none;
+    if (first == m_lastLine)
+        return first;
+    const std::uint32_t length = To32(FileCommentLength(TextOf(m_lines[first])));
+    if (length == 0)
+        return c_none;
+    if (length < m_lines[first].length) {
+        SRecord rest;
+        rest.begin = m_lines[first].begin + length;
+        rest.length = m_lines[first].length - length;
+        m_lines[first].length = length;
+        m_lines.push_back(rest);
+        Link(To32(m_lines.size()) - 1, first);
+    }
+    return first;
 }
 
 void CIniDocument::RemoveKey(std::uint32_t section, std::u16string_view key)
 {
     const std::string name = ToWtf8(key);
-    for (std::uint32_t line; (line = FindLine(section, std::string_view(name), false)) != c_none;)
+    std::uint32_t line = FindLine(section, std::string_view(name), true);
+    for (; line != c_none; line = FindLine(section, std::string_view(name), false))
         EraseKey(line);
     CompactIfWasteful();
 }
 
 void CIniDocument::EraseKey(std::uint32_t line)
 {
-    m_keys.Erase(HashKey(m_lines[line].section, NameOf(m_lines[line])), line);
+    const std::uint32_t section = m_lines[line].section;
+    const std::string_view other = OtherNameOf(m_lines[line]);
+    m_keys.Erase(HashKey(section, NameOf(m_lines[line])), line);
     for (; line != c_none; line = m_lines[line].sibling) {
         SRecord& record = m_lines[line];
         m_waste += record.length + sizeof(SRecord);
         record.length = 0;
         record.kind = EKind::Removed;
     }
+    m_otherNames.DropFront(HashKey(section, other), HasOtherName(section, other),
+                           [this](std::uint32_t gone) { return m_lines[gone].kind == EKind::Removed; });
 }
 
 std::uint32_t CIniDocument::AddLine(std::string_view line, std::uint32_t section)

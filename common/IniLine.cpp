@@ -37,7 +37,10 @@ SIniLine ParseKey(std::string_view line, std::size_t begin) noexcept
     const std::size_t equals = line.find('=', begin);
     if (equals == c_none)
         return {};
-    return {EIniLine::Key, false, begin, equals, equals + 1};
+    const bool ornament = equals + 1 < line.size() && IsBlank(line[equals + 1]);
+    const std::string_view name = line.substr(begin, equals - begin);
+    return {EIniLine::Key, false, begin, begin + (ornament ? TrimBlanksRight(name) : name).size(),
+            equals + 1};
 }
 
 } // namespace

@@ -69,25 +69,10 @@ void AppendEscape(std::string& stored, char16_t unit)
     }
 }
 
-std::string Quoted(std::u16string_view text, EIniEncoding encoding)
-{
-    std::string stored = "\"";
-    for (std::size_t at = 0; at < text.size();) {
-        const bool special = text[at] == '"' || text[at] == '\\';
-        const std::size_t length = special ? 0 : PlainLength(text, at, encoding);
-        if (length == 0)
-            AppendEscape(stored, text[at++]);
-        else
-            AppendWtf8(stored, text.substr(at, length));
-        at += length;
-    }
-    return stored += '"';
-}
-
 std::string QuotedUnless(bool plain, std::u16string_view text, EIniEncoding encoding)
 {
     if (!plain || !IsPlain(text, encoding))
-        return Quoted(text, encoding);
+        return Quote(text, encoding);
     std::string stored;
     stored.reserve(text.size());
     AppendWtf8(stored, text);
@@ -150,6 +135,21 @@ std::u16string Unquote(std::string_view inner)
         at = escape < inner.size() ? AppendUnescaped(text, inner, escape) : escape;
     }
     return text;
+}
+
+std::string Quote(std::u16string_view text, EIniEncoding encoding)
+{
+    std::string stored = "\"";
+    for (std::size_t at = 0; at < text.size();) {
+        const bool special = text[at] == '"' || text[at] == '\\';
+        const std::size_t length = special ? 0 : PlainLength(text, at, encoding);
+        if (length == 0)
+            AppendEscape(stored, text[at++]);
+        else
+            AppendWtf8(stored, text.substr(at, length));
+        at += length;
+    }
+    return stored += '"';
 }
 
 std::string QuoteKey(std::u16string_view key, EIniEncoding encoding)

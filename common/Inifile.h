@@ -22,9 +22,10 @@ class CIniDocument;
 /// Any text can be a section, a key or a value and reads back as it was written. The stored format is
 /// described in docs/ini-file.md.
 ///
-/// Names of sections and keys are exact and case-sensitive; a key may end in a blank. Only when no key has
-/// the exact name are the blanks in front of the equals sign ignored, so that "Key = 5" is found as "Key". Of
-/// equal keys in a section the first counts, and sections of the same name are one section. The unnamed
+/// Names of sections and keys are exact and case-sensitive; a key may end in a blank. Blanks on both sides of
+/// the equals sign are ornament: "Key = 5" is the key "Key". Only when no key has the name are the blanks in
+/// front of the sign taken the other way: "Key =5" is found as "Key", too, though a write does not change it.
+/// Of equal keys in a section the first counts, and sections of the same name are one section. The unnamed
 /// section, u"", is what stands before the first header.
 ///
 /// Reading functions return a default when the key is missing, and also, with a warning in the diagnostics
@@ -92,7 +93,7 @@ public:
     std::vector<CStr> GetSections() const;
 
     bool HasKey(std::u16string_view key) const;
-    /// Removes a key with its duplicates.
+    /// Removes the key that reading finds under the name, with its duplicates.
     void RemoveKey(std::u16string_view key);
     /// The keys of the current section, each once, in the order of the file.
     std::vector<CStr> GetKeys() const;

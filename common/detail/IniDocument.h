@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/detail/IniEncoding.h"
+#include "common/detail/IniGroups.h"
 #include "common/detail/IniIndex.h"
 #include "common/detail/IniLine.h"
 #include "common/Str.h"
@@ -49,19 +50,20 @@ public:
     void ClearSection(std::uint32_t section);
 
     /// The stored value without the blanks around it; nothing when there is no such key. It is valid until
-    /// the next change. A key is found by its exact name, else by its name without blanks behind it.
+    /// the next change. A key is found by its name, else by what its name could be as well: the blanks in
+    /// front of the equals sign belong to the name unless some stand behind it too, but it is read both ways.
     std::optional<std::string_view> GetValue(std::uint32_t section, std::u16string_view key) const
     {
         return FindValue(section, key, true);
     }
-    /// As GetValue, for the line that SetValue would change: a name that ends in a blank, with none behind
-    /// the equals sign, is then another key than the same name without.
+    /// As GetValue, for the line that SetValue would change: the key is found by its name only.
     std::optional<std::string_view> GetValueToChange(std::uint32_t section, std::u16string_view key) const
     {
         return FindValue(section, key, false);
     }
     /// Changes the value in its line, or adds a line at the end of the section. `value` is in stored form.
     void SetValue(std::uint32_t section, std::u16string_view key, std::string_view value);
+    /// Removes the key that GetValue finds.
     void RemoveKey(std::uint32_t section, std::u16string_view key);
 
     /// Adds a line as it stands, without its line end: a header at the end of the file, any other behind the
@@ -78,7 +80,7 @@ private:
         std::uint32_t begin = 0;
         std::uint32_t length = 0; ///< with the line end
         std::uint32_t name = 0;   ///< of a key: where its name lies, in m_names when it is stored in quotes
-        std::uint32_t nameLength = 0;
+        std::uint32_t nameLength = 0;   ///< without blanks that are ornament
         std::uint32_t value = 0;        ///< where the value of a key begins, with the blanks before it
         std::uint32_t section = c_none; ///< of a header or key
         std::uint32_t next = c_none;    ///< the next line of the file
@@ -103,7 +105,12 @@ private:
         return std::string_view(record.quoted ? m_names : m_text).substr(record.name, record.nameLength);
     }
     std::string_view ValueOf(const SRecord& record) const;
-    bool IsSpaced(const SRecord& record) const;
+    /// Whether the blanks in front of the equals sign are ornament.
+    bool IsSpaced(const SRecord& record) const noexcept
+    {
+        return !record.quoted && record.name + record.nameLength + 1 != record.value;
+    }
+    std::string_view OtherNameOf(const SRecord& record) const;
 
     template<class TUnit>
     std::uint32_t FindSection(std::basic_string_view<TUnit> name) const;
@@ -112,9 +119,11 @@ private:
     template<class TUnit>
     std::uint32_t HashKey(std::uint32_t section, std::basic_string_view<TUnit> key) const;
     template<class TUnit>
-    std::uint32_t FindLine(std::uint32_t section, std::basic_string_view<TUnit> key, bool anyBlanks) const;
+    auto HasOtherName(std::uint32_t section, std::basic_string_view<TUnit> name) const;
+    template<class TUnit>
+    std::uint32_t FindLine(std::uint32_t section, std::basic_string_view<TUnit> key, bool otherNames) const;
     std::optional<std::string_view> FindValue(std::uint32_t section, std::u16string_view key,
-                                              bool anyBlanks) const;
+                                              bool otherNames) const;
     std::uint32_t LastLineOf(std::uint32_t section) const;
     template<class TVisit>
     void VisitKeys(std::uint32_t section, TVisit&& visit) const;
@@ -127,9 +136,11 @@ private:
     void Link(std::uint32_t line, std::uint32_t after);
     std::uint32_t InsertLine(std::string_view line, std::uint32_t section, std::uint32_t after);
     void AddKeyLine(std::uint32_t section, std::u16string_view key, std::string_view value);
+    std::uint32_t SeparateFileComment();
     void EnsureLineEnd(std::uint32_t line);
     void ChangeText(SRecord& record, const std::string& text);
     std::size_t AppendText(std::string_view text);
+    void QuoteName(SRecord& record);
     void EraseKey(std::uint32_t line);
     void CompactIfWasteful();
     std::string JoinLines() const;
@@ -145,7 +156,8 @@ private:
     std::vector<SRecord> m_lines;
     std::uint32_t m_firstLine = c_none;
     std::uint32_t m_lastLine = c_none;
-    CIniIndex m_keys; ///< the first line of each key
+    CIniIndex m_keys;        ///< the first line of each key, with ornament and without
+    CIniGroups m_otherNames; ///< the same lines by their other names
     std::vector<SSection> m_sections;
     CIniIndex m_sectionNames;
     std::uint64_t m_hashKey;

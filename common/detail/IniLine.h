@@ -19,7 +19,7 @@ struct SIniLine {
     EIniLine kind = EIniLine::Malformed;
     bool quoted = false;   ///< whether the name stands in quotes; begin and end are then what is between them
     std::size_t begin = 0; ///< of the name of the section or key
-    std::size_t end = 0;
+    std::size_t end = 0;   ///< blanks on both sides of an equals sign are ornament, no part of the name
     std::size_t value = 0; ///< what follows the equals sign
 };
 

@@ -46,6 +46,8 @@ std::size_t FindClosingQuote(std::string_view text, std::size_t open) noexcept;
 /// The text that stands between two quotes. A backslash that begins no escape stands for itself.
 std::u16string Unquote(std::string_view inner);
 
+/// The text in quotes, whether it needs them or not.
+std::string Quote(std::u16string_view text, EIniEncoding encoding);
 /// The stored form of a name in front of an equals sign.
 std::string QuoteKey(std::u16string_view key, EIniEncoding encoding);
 /// The stored form of a name between square brackets.

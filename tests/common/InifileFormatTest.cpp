@@ -45,6 +45,12 @@ struct SEdit {
     std::string after;
 };
 
+void WriteUnnamed(CInifile& ini)
+{
+    ini.SelectSection(u"");
+    ini.WriteInt(u"m", 3);
+}
+
 // The current section is "A".
 const SEdit c_edits[] = {
     {"change", "[A]\n  k =  1 \t\r\nm=2\r\n", [](CInifile& i) { i.WriteInt(u"k", 7); },
@@ -70,12 +76,12 @@ const SEdit c_edits[] = {
      "[A]\r\nk=1\r\nl=2\r\nm=3\r\n"},
     {"new section", "x=1\r[B]\r; end", [](CInifile& i) { i.WriteInt(u"m", 3); },
      "x=1\r[B]\r; end\r[A]\rm=3\r"},
-    {"new unnamed key", "[A]\nk=1\n",
-     [](CInifile& i) {
-         i.SelectSection(u"");
-         i.WriteInt(u"m", 3);
-     },
-     "m=3\n[A]\nk=1\n"},
+    {"new unnamed key", "[A]\nk=1\n", WriteUnnamed, "m=3\n[A]\nk=1\n"},
+    {"new unnamed key and the comment of a section", "\n; of A\n[A]\n", WriteUnnamed, "m=3\n\n; of A\n[A]\n"},
+    {"new unnamed key and the comment of the file", "\n; file\n\n; of A\n[A]\n", WriteUnnamed,
+     "\n; file\n\nm=3\n; of A\n[A]\n"},
+    {"new unnamed key behind nothing but a comment", "; file\n\n; more", WriteUnnamed,
+     "; file\n\n; more\nm=3\n"},
     {"new file", "", [](CInifile& i) { i.WriteInt(u"m", 3); }, "[A]\nm=3\n"},
     {"UTF-16", Wide(u"[A]\r\nk=\xD800\r\n") + "x", [](CInifile& i) { i.WriteText(u"m", u"\u00E4\xDC00"); },
      Wide(u"[A]\r\nk=\xD800\r\nm=\"\u00E4\\uDC00\"\r\n") + "x"},
@@ -102,6 +108,22 @@ const SEdit c_edits[] = {
          i.RemoveKey(u"Other");
      },
      "[A]\nKey = 2\n"},
+    {"spaced key and one with a blank at its end", "[A]\nk = 3\n",
+     [](CInifile& i) {
+         i.WriteInt(u"k", 4);
+         i.WriteInt(u"k ", 5);
+     },
+     "[A]\nk = 4\nk =5\n"},
+    {"remove what is read under the name", "[A]\nk =1\nk\t=2\nm = 3\n",
+     [](CInifile& i) {
+         i.RemoveKey(u"k");
+         i.RemoveKey(u"m ");
+     },
+     "[A]\nk\t=2\n"},
+    {"value with the quote that the name lacks", "[A]\n\"k = 1\n",
+     [](CInifile& i) { i.WriteText(u"\"k", u"a\"=b"); }, "[A]\n\"\\\"k\" = a\"=b\n"},
+    {"value that leaves its blanks to a name with a blank", "[A]\nk =1 \n",
+     [](CInifile& i) { i.WriteText(u"k ", u""); }, "[A]\n\"k \"= \n"},
     {"merge", "[A]\nk=1\n",
      [](CInifile& i) { i.Merge(IniOf("u=0\n[A]\nk = 2\nk = 3\n;c\n[B]\nSrw ='x'\n\"=\"=a , \"b\"\n")); },
      "u=0\n[A]\nk=2\n[B]\nSrw ='x'\n\"=\"=a , \"b\"\n"},
@@ -143,6 +165,10 @@ TEST(InifileFormat, Reading)
         {"k =1\nk=2", u"k ", u"1"},
         {"k  = 1\nk = 2", u"k", u"1"},
         {"k =1\nk  = 2", u"k", u"2"},
+        {"k =1\nk = 2", u"k", u"2"},
+        {"k = 1\nk =2", u"k ", u"2"},
+        {"k = 1\nk=2", u"k", u"2"},
+        {"k = 1", u"k ", u"1"},
         {"SdPercent _S_On=1", u"SdPercent _S_On", u"1"},
         {"k=1\nk=2\n[]\nk=3", u"k", u"1"},
         {"[B]\nk=1\n[]\nk=2", u"k", u"2"},
