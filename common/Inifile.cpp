@@ -65,21 +65,17 @@ bool WithinMemory(CStr& reason, TWork&& work)
 
 } // namespace
 
-CInifile::CInifile()
-    : m_document(std::make_unique<CIniDocument>())
-{
-}
+CInifile::CInifile() = default;
 
 CInifile::CInifile(const CInifile& other)
-    : m_document(std::make_unique<CIniDocument>(*other.m_document))
+    : m_document(other.m_document ? std::make_unique<CIniDocument>(*other.m_document) : nullptr)
     , m_fileName(other.m_fileName)
     , m_section(other.m_section)
     , m_parseSection(other.m_parseSection)
 {
 }
 
-CInifile::CInifile(CInifile&& other)
-    : CInifile()
+CInifile::CInifile(CInifile&& other) noexcept
 {
     Swap(other);
 }
@@ -91,7 +87,7 @@ CInifile& CInifile::operator=(const CInifile& other)
     return *this;
 }
 
-CInifile& CInifile::operator=(CInifile&& other)
+CInifile& CInifile::operator=(CInifile&& other) noexcept
 {
     CInifile moved(std::move(other));
     Swap(moved);
@@ -106,6 +102,22 @@ void CInifile::Swap(CInifile& other) noexcept
     m_fileName.Swap(other.m_fileName);
     std::swap(m_section, other.m_section);
     std::swap(m_parseSection, other.m_parseSection);
+}
+
+const CIniDocument& CInifile::GetDocument() const
+{
+    if (m_document)
+        return *m_document;
+    // Never destroyed: destructors of static objects may still read.
+    static const CIniDocument& empty = *new CIniDocument;
+    return empty;
+}
+
+CIniDocument& CInifile::GetDocument()
+{
+    if (!m_document)
+        m_document = std::make_unique<CIniDocument>();
+    return *m_document;
 }
 
 bool CInifile::Load()
@@ -146,7 +158,7 @@ void CInifile::LoadBytes(std::string bytes)
 
 std::string CInifile::GetBytes() const
 {
-    return m_document->ToBytes();
+    return GetDocument().ToBytes();
 }
 
 bool CInifile::Save()
@@ -167,12 +179,12 @@ void CInifile::Merge(const CInifile& other)
 {
     if (this == &other)
         return;
-    for (std::uint32_t from = 0; from < other.m_document->CountSections(); ++from) {
-        const std::uint32_t to = m_document->GetSection(other.m_document->GetSectionName(from));
-        for (const CStr& key : other.m_document->GetKeys(from)) {
-            const std::string_view value = *other.m_document->GetValue(from, key);
-            m_document->MakeRoomFor(value);
-            m_document->SetValue(to, key, value);
+    for (std::uint32_t from = 0; from < other.GetDocument().CountSections(); ++from) {
+        const std::uint32_t to = GetDocument().GetSection(other.GetDocument().GetSectionName(from));
+        for (const CStr& key : other.GetDocument().GetKeys(from)) {
+            const std::string_view value = *other.GetDocument().GetValue(from, key);
+            GetDocument().MakeRoomFor(value);
+            GetDocument().SetValue(to, key, value);
         }
     }
 }
@@ -180,54 +192,54 @@ void CInifile::Merge(const CInifile& other)
 void CInifile::ParseLine(std::u16string_view line)
 {
     const std::string text = ToWtf8(line);
-    m_document->MakeRoomFor(text);
-    m_parseSection = m_document->AddLine(text, m_parseSection);
+    GetDocument().MakeRoomFor(text);
+    m_parseSection = GetDocument().AddLine(text, m_parseSection);
 }
 
 void CInifile::SelectSection(std::u16string_view name)
 {
-    m_section = m_document->GetSection(name);
+    m_section = GetDocument().GetSection(name);
 }
 
 CStr CInifile::GetSection() const
 {
-    return m_document->GetSectionName(m_section);
+    return GetDocument().GetSectionName(m_section);
 }
 
 void CInifile::ClearSection()
 {
-    m_document->ClearSection(m_section);
+    GetDocument().ClearSection(m_section);
 }
 
 bool CInifile::HasSection(std::u16string_view name) const
 {
-    return m_document->HasSection(name);
+    return GetDocument().HasSection(name);
 }
 
 std::vector<CStr> CInifile::GetSections() const
 {
-    return m_document->GetSections();
+    return GetDocument().GetSections();
 }
 
 bool CInifile::HasKey(std::u16string_view key) const
 {
-    return m_document->GetValue(m_section, key).has_value();
+    return GetDocument().GetValue(m_section, key).has_value();
 }
 
 void CInifile::RemoveKey(std::u16string_view key)
 {
-    m_document->RemoveKey(m_section, key);
+    GetDocument().RemoveKey(m_section, key);
 }
 
 std::vector<CStr> CInifile::GetKeys() const
 {
-    return m_document->GetKeys(m_section);
+    return GetDocument().GetKeys(m_section);
 }
 
 template<class T>
 T CInifile::Read(std::u16string_view key, const T& byDefault) const
 {
-    const auto stored = m_document->GetValue(m_section, key);
+    const auto stored = GetDocument().GetValue(m_section, key);
     if (!stored)
         return byDefault;
     T value{};
@@ -241,11 +253,11 @@ template<class T>
 void CInifile::Write(std::u16string_view key, const T& value)
 {
     T present{};
-    if (const auto stored = m_document->GetValueToChange(m_section, key)) {
+    if (const auto stored = GetDocument().GetValueToChange(m_section, key)) {
         if (ParseIniValue(*stored, present) && IsSame(present, value))
             return;
     }
-    m_document->SetValue(m_section, key, FormatIniValue(value, m_document->GetEncoding()));
+    GetDocument().SetValue(m_section, key, FormatIniValue(value, GetDocument().GetEncoding()));
 }
 
 bool CInifile::ReadBool(std::u16string_view key, bool byDefault) const

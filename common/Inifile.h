@@ -39,10 +39,10 @@ public:
     CInifile();
     /// The copy has the same content, file name and current section, and no other tie with the original.
     CInifile(const CInifile& other);
-    /// The moved-from object is an empty document, which takes memory: hence not noexcept.
-    CInifile(CInifile&& other);
+    /// The moved-from object is empty.
+    CInifile(CInifile&& other) noexcept;
     CInifile& operator=(const CInifile& other);
-    CInifile& operator=(CInifile&& other);
+    CInifile& operator=(CInifile&& other) noexcept;
     virtual ~CInifile();
 
     /// The file that Load and Save use; it need not exist.
@@ -129,8 +129,10 @@ private:
     template<class T>
     void Write(std::u16string_view key, const T& value);
     void Swap(CInifile& other) noexcept;
+    const CIniDocument& GetDocument() const;
+    CIniDocument& GetDocument();
 
-    std::unique_ptr<CIniDocument> m_document; ///< never null
+    std::unique_ptr<CIniDocument> m_document; ///< null for an empty one, so that moving needs no memory
     CStr m_fileName;
     unsigned m_section = 0;      ///< the number of the current section in the document
     unsigned m_parseSection = 0; ///< the section that ParseLine adds to

@@ -106,7 +106,7 @@ private:
     }
     std::string_view ValueOf(const SRecord& record) const;
     /// Whether the blanks in front of the equals sign are ornament.
-    bool IsSpaced(const SRecord& record) const noexcept
+    static bool IsSpaced(const SRecord& record) noexcept
     {
         return !record.quoted && record.name + record.nameLength + 1 != record.value;
     }
