@@ -48,7 +48,7 @@ bool SetOnIn(std::vector<CParameter>& list, int id, bool on)
 {
     CParameter* const found = FindIn(list, id);
     if (found)
-        found->SetOn(on);
+        found->SetOn(on && !found->IsTemplate());
     return found;
 }
 

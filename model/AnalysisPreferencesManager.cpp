@@ -97,6 +97,9 @@ bool CAnalysisPreferencesManager::SetData(EAnalysis analysis, const CAnalysisPre
 bool CAnalysisPreferencesManager::SetDataParameters(EAnalysis analysis, std::vector<CParameter>& list)
 {
     CData& data = _GetData(analysis);
+    // A template is never on: a list that says so is no change.
+    for (CParameter& parameter : list)
+        parameter.SetOn(parameter.IsOn() && !parameter.IsTemplate());
     if (!SortAndCompare(list, data.GetParameters()))
         return false;
     if (data.SetParameters(list))
@@ -127,9 +130,9 @@ bool CAnalysisPreferencesManager::SetDataOutputs(EAnalysis analysis, std::vector
 bool CAnalysisPreferencesManager::SetDataParameterOn(EAnalysis analysis, int id, bool on)
 {
     CData& data = At(m_data, analysis, u"SetDataParameterOn");
-    const bool changes = data.IsParameterOn(id) != on;
+    const bool before = data.IsParameterOn(id);
     const bool done = data.SetParameterOn(id, on);
-    if (done && changes)
+    if (data.IsParameterOn(id) != before)
         Announce(analysis, EPreferencesChange::Parameters);
     return done;
 }
@@ -172,7 +175,17 @@ bool CAnalysisPreferencesManager::SaveData(EAnalysis analysis, CInifile& ini)
 
 bool CAnalysisPreferencesManager::Load(CInifile& ini)
 {
-    return ForAll(ini, [&](EAnalysis analysis) { return LoadData(analysis, ini); });
+    // Listeners are told when everything is as the file says, not in between.
+    std::vector<EAnalysis> loaded;
+    const bool done = ForAll(ini, [&](EAnalysis analysis) {
+        const bool success = _GetData(analysis).Load(ini);
+        if (success)
+            loaded.push_back(analysis);
+        return success;
+    });
+    for (const EAnalysis analysis : loaded)
+        AnnounceAll(analysis);
+    return done;
 }
 
 bool CAnalysisPreferencesManager::Save(CInifile& ini) const

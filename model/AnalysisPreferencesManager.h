@@ -31,6 +31,8 @@ struct SPreferencesChange {
 /// returns. They may read and change preferences, but a change of what they are told of calls them again:
 /// setters that find nothing to change call nobody. User-interface thread only.
 ///
+/// The manager must outlive the calls of its listeners.
+///
 /// Every function that takes an analysis throws EInternal for a number that is none: "Illegal Analysis value:
 /// %d".
 class COMMONUI_API CAnalysisPreferencesManager

@@ -1,3 +1,4 @@
+#include "common/Diagnostics.h"
 #include "common/Exceptions.h"
 #include "model/AnalysisPreferencesData.h"
 #include "model/detail/AnalysisDefaults.h"
@@ -20,6 +21,17 @@ template<>
 inline constexpr int c_storedNumbers<ERoughnessPreprocessingOptions> = 4;
 
 } // namespace Detail
+
+namespace
+{
+
+/// Whether a statistic can have the value: a percentile lies between 0 and 100.
+bool IsValueOf(const CParameter& statistic, double value)
+{
+    return statistic != static_cast<int>(EStatistics::Fractile) || (value >= 0 && value <= 100);
+}
+
+} // namespace
 
 /// The stored values besides the lists, in two parts, because the lists stand between them in the file.
 struct CAnalysisPreferencesData::SStored {
@@ -133,7 +145,12 @@ void CAnalysisPreferencesData::LoadStatistics(std::vector<CParameter>& statistic
         Detail::ReadPreference(ini, statistic.GetIniName() + u"_S_On", on);
         Detail::ReadPreference(ini, statistic.GetIniName() + u"_S_Value", value);
         statistic.SetOn(on);
-        statistic.SetVariableValue(value);
+        if (IsValueOf(statistic, value))
+            statistic.SetVariableValue(value);
+        else
+            GetDiagnostics().Write(
+                u"Preferences", EDiagnosticLevel::Warning,
+                CStr::Format(u"%s_S_Value: %G is no percentile", statistic.GetIniName(), value));
     }
 }
 

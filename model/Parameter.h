@@ -132,6 +132,8 @@ public:
     double GetVariableValue() const noexcept { return m_variableValue; }
     void SetVariableValue(double value) noexcept { m_variableValue = value; }
     std::size_t GetVariableCount() const noexcept { return m_variables.size(); }
+    /// Whether it is a template: a parameter of its own with variables. A template is never on.
+    bool IsTemplate() const noexcept { return !HasParent() && !m_variables.empty(); }
     /// @param index below GetVariableCount, which is not checked
     const CParameter& GetVariable(std::size_t index) const { return m_variables[index]; }
     CParameter& GetVariable(std::size_t index) { return m_variables[index]; }

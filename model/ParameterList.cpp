@@ -8,10 +8,13 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace CommonUI
 {
@@ -183,9 +186,9 @@ void ReadOwnDescription(CParameter& parameter, const CInifile& ini, const CStr& 
         parameter.SetShortFriendlyString(ini.ReadText(prefix + u"ShortFriendlyName"));
 }
 
-/// The parameter of the list that a dynamic entry is an instance of, or null.
-const CParameter* FindParent(const std::vector<CParameter>& parameters, const CInifile& ini,
-                             const CStr& prefix, EAnalysis analysis)
+/// The static parameter that a dynamic entry is an instance of, or null.
+const CParameter* FindParent(std::span<const CParameter> parameters, const CInifile& ini, const CStr& prefix,
+                             EAnalysis analysis)
 {
     const CStr key = ini.ReadText(prefix + u"ParentParam");
     const std::optional<int> value = CatalogueValue(analysis, key);
@@ -207,8 +210,14 @@ CParameter LoadDynamic(int value, const CParameter& parent, const CInifile& ini,
 {
     CParameter parameter(value, parent);
     const std::vector<double> values = ini.ReadDoubles(prefix + u"VariableValues");
-    for (std::size_t i = 0; i < std::min(values.size(), parameter.GetVariableCount()); ++i)
-        parameter.GetVariable(i).SetVariableValue(values[i]);
+    const auto isFinite = [](double number) { return std::isfinite(number); };
+    if (values.size() != parameter.GetVariableCount() || !std::ranges::all_of(values, isFinite))
+        Warn(CStr::Format(u"%sVariableValues: these are not %d finite numbers", prefix,
+                          parameter.GetVariableCount()));
+    for (std::size_t i = 0; i < std::min(values.size(), parameter.GetVariableCount()); ++i) {
+        if (isFinite(values[i]))
+            parameter.GetVariable(i).SetVariableValue(values[i]);
+    }
     parameter.SetOn(ini.ReadBool(prefix + c_on, parameter.IsOn()));
     parameter.SetUnitFactor(ReadFactor(ini, prefix + c_factor, EUnitFactor::Undefined));
     ReadFormat(parameter, ini, prefix);
@@ -268,11 +277,17 @@ void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnal
         value = std::max(value, parameter.GetValue());
     const Detail::CSectionScope scope(ini, section);
     const int count = ini.ReadInt(c_countKey, 0);
-    for (const int number : EntryNumbers(ini)) {
+    const std::set<int> numbers = EntryNumbers(ini);
+    if (std::cmp_not_equal(numbers.size(), count) || (count > 0 && *numbers.rbegin() != count))
+        Warn(CStr::Format(u"%s: there are %d entries, not those from 1 to %d", CStr(c_countKey),
+                          numbers.size(), count));
+    const std::size_t staticCount = parameters.size();
+    for (const int number : numbers) {
         if (number < 1 || number > count)
             continue;
         const CStr prefix = DynamicPrefix(number);
-        if (const CParameter* parent = FindParent(parameters, ini, prefix, analysis))
+        const std::span<const CParameter> statics(parameters.data(), staticCount);
+        if (const CParameter* parent = FindParent(statics, ini, prefix, analysis))
             parameters.push_back(LoadDynamic(++value, *parent, ini, prefix));
     }
 }

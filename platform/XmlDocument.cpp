@@ -15,7 +15,9 @@ bool CXmlDocument::Load(std::string_view bytes, std::u16string_view root, CStr& 
         reason = CStr::Format(u"more than %d bytes", c_largestSize);
     else if (encoding == Detail::EXmlEncoding::Unknown)
         reason = u"neither UTF-8 nor UTF-16";
-    else if (!Detail::IsNestedUpTo(c_deepestNesting, Detail::XmlMarkup(bytes, encoding)))
+    else if (const std::string markup = Detail::XmlMarkup(bytes, encoding); Detail::HasDeclarations(markup))
+        reason = u"the document type has declarations of its own";
+    else if (!Detail::IsNestedUpTo(c_deepestNesting, markup))
         reason = CStr::Format(u"elements are nested more than %d deep", c_deepestNesting);
     else if (Parse(bytes, root, reason))
         return true;

@@ -57,6 +57,13 @@ std::string XmlMarkup(std::string_view bytes, EXmlEncoding encoding)
     return markup;
 }
 
+bool HasDeclarations(std::string_view markup)
+{
+    const std::size_t type = markup.find("<!DOCTYPE");
+    const std::size_t end = type == npos ? npos : markup.find_first_of("[>", type);
+    return end != npos && markup[end] == '[';
+}
+
 bool IsNestedUpTo(std::size_t deepest, std::string_view markup)
 {
     std::size_t depth = 0;

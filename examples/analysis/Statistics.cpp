@@ -15,7 +15,7 @@ namespace
 
 double InterpolateFractile(const std::vector<double>& rising, double share)
 {
-    if (rising.empty())
+    if (rising.empty() || !(share >= 0 && share <= 1))
         return c_undefined;
     const double position = share * static_cast<double>(rising.size() - 1);
     const auto index = static_cast<std::size_t>(position);

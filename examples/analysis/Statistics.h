@@ -11,7 +11,7 @@ namespace SurfaceAnalysis
 /// Value below which a share of the values lies, by linear interpolation between neighbours in rising
 /// order: the lowest for 0, the median for 0.5, the highest for 1. NaN values are left out; without any
 /// other the result is NaN.
-/// @param share 0 to 1
+/// @param share 0 to 1; the result is NaN for any other
 double ComputeFractile(std::span<const double> values, double share);
 
 /// The value around which the others are densest: the half-sample mode (Robertson and Cryer 1974), which

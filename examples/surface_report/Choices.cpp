@@ -1,8 +1,5 @@
 #include "examples/surface_report/Choices.h"
 
-#include "examples/surface_report/Preferences.h"
-#include "model/AnalysisPreferencesManager.h"
-
 #include <algorithm>
 
 namespace SurfaceReport
@@ -32,12 +29,9 @@ void SwitchOnNamed(CList& list, const SOptions& options)
 
 } // namespace
 
-SChoices MakeChoices(const SOptions& options)
+SChoices MakeChoices(const CAnalysisPreferencesManager& manager, const SOptions& options)
 {
-    CAnalysisPreferencesManager manager;
     const bool hasPreferences = !options.preferences.empty();
-    if (hasPreferences)
-        LoadPreferences(manager, options);
     const auto& surface = manager.GetData(EAnalysis::Roughness);
     const auto& profiles = manager.GetData(EAnalysis::RoughnessProfile);
     const auto& grains = manager.GetData(EAnalysis::Measure);

@@ -2,6 +2,7 @@
 
 #include "examples/surface_report/Options.h"
 
+#include "model/AnalysisPreferencesManager.h"
 #include "model/Parameter.h"
 
 #include <vector>
@@ -22,7 +23,6 @@ struct SChoices {
 
 /// The choices of the preferences, or without such all parameters of surfaces and profiles and the usual ones
 /// of grains; as far as the options name parameters, those are on and no others.
-/// @throws EUsage, std::runtime_error: see LoadPreferences
-SChoices MakeChoices(const SOptions& options);
+SChoices MakeChoices(const CommonUI::CAnalysisPreferencesManager& preferences, const SOptions& options);
 
 } // namespace SurfaceReport

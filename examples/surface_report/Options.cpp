@@ -108,15 +108,22 @@ private:
         else if (option == "--cutoff")
             m_options.cutoff = ParseLength(option, ValueOf(option));
         else if (option == "--grains")
-            m_options.grains = {ParseLength(option, ValueOf(option)), EGrainKind::Particle};
+            TakeGrains(option, EGrainKind::Particle);
         else if (option == "--pores")
-            m_options.grains = {ParseLength(option, ValueOf(option)), EGrainKind::Pore};
+            TakeGrains(option, EGrainKind::Pore);
         else if (option == "--preferences")
             m_options.preferences = ValueOf(option);
         else if (option == "--set")
             m_options.sets.push_back(ValueOf(option));
         else
             throw EUsage("there is no option \"" + option + "\"");
+    }
+
+    void TakeGrains(const std::string& option, EGrainKind kind)
+    {
+        if (m_options.grains)
+            throw EUsage(option + ": either particles or pores are measured, at one height");
+        m_options.grains = {ParseLength(option, ValueOf(option)), kind};
     }
 
     void Check() const

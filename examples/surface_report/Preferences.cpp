@@ -4,6 +4,7 @@
 #include "common/NumberText.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <stdexcept>
 
@@ -93,10 +94,16 @@ std::vector<double> Numbers(const SChange& change)
 {
     std::vector<double> numbers;
     for (const std::string& argument : change.arguments) {
-        if (!ParseDouble(CStr::FromUtf8(argument), numbers.emplace_back()))
+        if (!ParseDouble(CStr::FromUtf8(argument), numbers.emplace_back()) || !std::isfinite(numbers.back()))
             change.Fail("\"" + argument + "\" is no number");
     }
     return numbers;
+}
+
+void RefuseArguments(const SChange& change)
+{
+    if (!change.arguments.empty())
+        change.Fail("it takes no values");
 }
 
 CParameter::SFormatSpecifier FormatOf(const SChange& change, CParameter::SFormatSpecifier format)
@@ -108,37 +115,60 @@ CParameter::SFormatSpecifier FormatOf(const SChange& change, CParameter::SFormat
         change.Fail("the format is Decimals, Digits or Integer");
     format.type = static_cast<EFormat>(kind->GetValue());
     const std::vector<double> counts = Numbers(change);
-    if (counts.size() > 1 || (counts.size() == 1 && !IsWithin(counts[0], 1, 12)))
+    if (counts.empty())
+        return format;
+    if (counts.size() > 1 || !IsWithin(counts[0], 1, 12) || counts[0] != std::floor(counts[0]))
         change.Fail("the count of a format is 1 to 12");
-    if (counts.size() == 1)
-        format.count = static_cast<int>(counts[0]);
+    format.count = static_cast<int>(counts[0]);
     return format;
 }
 
-/// Switches a template's parameters: a new one with its values, or none any more.
+CUnit::EUnitFactor UnitOf(const SChange& change, const CParameter& parameter)
+{
+    RefuseArguments(change);
+    const CUnit metre(CUnit::EUnitFactor::Unity);
+    if (CParameter::GetScalingsList(parameter.GetDimension(), {metre, metre, metre}).empty())
+        change.Fail("the parameter is no length, area or volume");
+    return ParseUnit("--set " + change.text, change.value);
+}
+
+bool IsInstance(const CParameter& parameter, const CParameter& parent, const std::vector<double>& values)
+{
+    return parameter.GetParentValue() == parent.GetValue() &&
+           std::ranges::equal(parameter.GetVariables(), values, {}, &CParameter::GetVariableValue);
+}
+
+/// Switches a template's parameters: one with the values on, or all of them off for good.
 void EditTemplate(CAnalysisPreferencesManager& manager, EAnalysis analysis, const CParameter& parent,
                   const SChange& change)
 {
-    if (OnOff(change)) {
-        const auto& data = manager.GetData(analysis);
-        const auto copy = data.Clone();
-        auto* roughness = dynamic_cast<CRoughnessAnalysisPreferencesData*>(copy.get());
-        const auto id = static_cast<ERoughnessParameters>(parent.GetValue());
-        if (!roughness || roughness->AddTemplateInstance(id, Numbers(change)) == CParameter::c_noParent)
-            change.Fail("it takes " + std::to_string(parent.GetVariableCount()) + " values");
-        CList list = roughness->GetParameters();
+    CList list = manager.GetData(analysis).GetParameters();
+    if (!OnOff(change)) {
+        RefuseArguments(change);
+        std::erase_if(list, [&](const CParameter& p) { return p.GetParentValue() == parent.GetValue(); });
         manager.SetDataParameters(analysis, list);
         return;
     }
-    CList list = manager.GetData(analysis).GetParameters();
-    std::erase_if(list, [&](const CParameter& p) { return p.GetParentValue() == parent.GetValue(); });
+    const std::vector<double> values = Numbers(change);
+    const auto same =
+        std::ranges::find_if(list, [&](const CParameter& p) { return IsInstance(p, parent, values); });
+    if (same != list.end()) {
+        same->SetOn(true);
+    } else {
+        const auto copy = manager.GetData(analysis).Clone();
+        auto* roughness = dynamic_cast<CRoughnessAnalysisPreferencesData*>(copy.get());
+        const auto id = static_cast<ERoughnessParameters>(parent.GetValue());
+        if (!roughness || roughness->AddTemplateInstance(id, values) == CParameter::c_noParent)
+            change.Fail("it takes " + std::to_string(parent.GetVariableCount()) + " values");
+        list = roughness->GetParameters();
+    }
     manager.SetDataParameters(analysis, list);
 }
 
 void EditEntry(CParameter& entry, const SChange& change)
 {
     if (change.aspect == "unit")
-        entry.SetUnitFactor(ParseUnit("--set " + change.text, change.value));
+        entry.SetUnitFactor(UnitOf(change, entry));
     else if (change.aspect == "format")
         entry.SetFloatFormat(FormatOf(change, entry.GetFloatFormat()));
     else
@@ -156,8 +186,8 @@ bool EditParameters(CAnalysisPreferencesManager& manager, EAnalysis analysis, co
         EditTemplate(manager, analysis, CParameter(*found), change);
         return true;
     }
-    if (change.aspect.empty() && !change.arguments.empty())
-        change.Fail("the parameter takes no values");
+    if (change.aspect.empty())
+        RefuseArguments(change);
     const int base = found->GetBaseValue();
     for (CParameter& parameter : list) {
         if (parameter.GetBaseValue() == base)
@@ -179,9 +209,9 @@ bool EditStatistics(CAnalysisPreferencesManager& manager, EAnalysis analysis, co
         change.Fail("a statistic has no unit and no format");
     found->SetOn(OnOff(change));
     const std::vector<double> values = Numbers(change);
-    const bool isFractile = *found == static_cast<int>(EStatistics::Fractile);
+    const bool isFractile = found->IsOn() && *found == static_cast<int>(EStatistics::Fractile);
     if (values.size() > (isFractile ? 1U : 0U) || (values.size() == 1 && !IsWithin(values[0], 0, 100)))
-        change.Fail("only Fractile takes a value, 0 to 100");
+        change.Fail("only Fractile=on takes a value, 0 to 100");
     if (values.size() == 1)
         found->SetVariableValue(values[0]);
     manager.SetDataStatistics(analysis, list);
@@ -204,22 +234,28 @@ void EditPreferences(CAnalysisPreferencesManager& manager, const std::string& ch
         parsed.Fail("there is no parameter or statistic \"" + parsed.subject.ToUtf8() + "\"");
 }
 
-void LoadPreferences(CAnalysisPreferencesManager& manager, const SOptions& options)
+CPreferencesFile::CPreferencesFile(const SOptions& options)
 {
-    CInifile ini;
-    ini.SetFileName(options.preferences.u16string());
-    const bool exists = std::filesystem::exists(options.preferences);
-    if (const CReason reason; exists && !ini.Load())
-        reason.Fail();
-    ini.SelectSection(c_section);
-    if (exists)
-        manager.Load(ini);
-    for (const std::string& change : options.sets)
-        EditPreferences(manager, change);
-    if (exists && options.sets.empty())
+    if (options.preferences.empty())
         return;
-    manager.Save(ini);
-    if (const CReason reason; !ini.Save())
+    m_ini.SetFileName(options.preferences.u16string());
+    const bool exists = std::filesystem::exists(options.preferences);
+    if (const CReason reason; exists && !m_ini.Load())
+        reason.Fail();
+    m_ini.SelectSection(c_section);
+    if (exists)
+        m_manager.Load(m_ini);
+    for (const std::string& change : options.sets)
+        EditPreferences(m_manager, change);
+    m_needsSaving = !exists || !options.sets.empty();
+}
+
+void CPreferencesFile::Save()
+{
+    if (!m_needsSaving)
+        return;
+    m_manager.Save(m_ini);
+    if (const CReason reason; !m_ini.Save())
         reason.Fail();
 }
 

@@ -12,15 +12,31 @@ namespace SurfaceReport
 /// The section under which the program keeps the preferences of all analyses in its file.
 constexpr std::u16string_view c_section = u"SurfaceReport";
 
-/// Loads the preferences from the options' file, changes them as the options say, and saves them when the
-/// file is not there yet or something was changed. What the file holds besides stays as it is.
-/// @throws EUsage for a change that cannot be made; nothing is saved then
-/// @throws std::runtime_error when the file cannot be read or written
-void LoadPreferences(CommonUI::CAnalysisPreferencesManager& manager, const SOptions& options);
+/// The preferences of all analyses in the options' file.
+class CPreferencesFile
+{
+public:
+    /// Loads the preferences, or takes the defaults where there is no file, and changes them as the options
+    /// say.
+    /// @throws EUsage for a change that cannot be made
+    /// @throws std::runtime_error when the file cannot be read
+    explicit CPreferencesFile(const SOptions& options);
+
+    const CommonUI::CAnalysisPreferencesManager& GetManager() const { return m_manager; }
+    /// Saves when the file is not there yet or something was to be changed. What the file holds besides stays
+    /// as it is.
+    /// @throws std::runtime_error when the file cannot be written
+    void Save();
+
+private:
+    CommonUI::CAnalysisPreferencesManager m_manager;
+    CommonUI::CInifile m_ini;
+    bool m_needsSaving = false;
+};
 
 /// Makes one change:
 /// - `Sa=on`, `Sa=off`: a parameter of the analyses, or a statistic, by key
-/// - `Fractile=on:95`: a statistic with its value
+/// - `Fractile=on:95`: a percentile with its value
 /// - `Sch=on:95`: a parameter of its own from a template, with the values of its variables, in m or percent;
 /// `Sch=off`
 ///   removes them all

@@ -7,6 +7,7 @@
 #include "examples/surface_report/Choices.h"
 #include "examples/surface_report/Content.h"
 #include "examples/surface_report/Options.h"
+#include "examples/surface_report/Preferences.h"
 #include "examples/surface_report/Report.h"
 
 #include <cstdint>
@@ -91,11 +92,13 @@ void WriteReports(const CReport& report, const fs::path& folder)
 
 void Run(const SOptions& options, std::ostream& out, std::ostream& err)
 {
-    const SChoices choices = MakeChoices(options);
+    CPreferencesFile preferences(options);
+    const SChoices choices = MakeChoices(preferences.GetManager(), options);
     SurfaceAnalysis::SSurface surface = Read(options.input, err);
     try {
         SurfaceAnalysis::Level(surface, options.levelling);
         const CReport report(MakeContent(surface, choices, options), options.transpose);
+        preferences.Save();
         WriteReports(report, options.folder);
         if (!(out << report.GetTerminalText() << std::flush))
             throw std::runtime_error("the report cannot be printed");

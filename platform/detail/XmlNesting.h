@@ -16,6 +16,10 @@ EXmlEncoding FindXmlEncoding(std::string_view bytes);
 /// place of every other one, by which markup is told from text just as well.
 std::string XmlMarkup(std::string_view bytes, EXmlEncoding encoding);
 
+/// Whether the document type declares anything itself, such as entities. Such declarations follow other rules
+/// than the document, by which it could be made to look less deep.
+bool HasDeclarations(std::string_view markup);
+
 /// Whether elements lie at most `deepest` deep in each other; one pass without recursion. Of a malformed
 /// document it need not be true.
 bool IsNestedUpTo(std::size_t deepest, std::string_view markup);

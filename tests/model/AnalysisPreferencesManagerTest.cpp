@@ -204,3 +204,17 @@ TEST(AnalysisPreferencesManager, NumbersThatAreNoAnalysisThrow)
         }
     }
 }
+
+TEST(AnalysisPreferencesManager, SwitchingATemplateOnIsNoChange)
+{
+    CAnalysisPreferencesManager manager;
+    std::vector<CParameter> list = manager.GetData(EAnalysis::Roughness).GetParameters();
+    for (CParameter& parameter : list) {
+        if (parameter.IsTemplate())
+            parameter.SetOn(true);
+    }
+    EXPECT_FALSE(manager.SetDataParameters(EAnalysis::Roughness, list));
+    const int sch = static_cast<int>(ERoughnessParameters::Sch);
+    EXPECT_TRUE(manager.SetDataParameterOn(EAnalysis::Roughness, sch, true));
+    EXPECT_FALSE(manager.GetData(EAnalysis::Roughness).IsParameterOn(sch));
+}

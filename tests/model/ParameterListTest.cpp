@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <limits>
 
 using namespace CommonUI;
 using EFactor = CUnit::EUnitFactor;
@@ -36,7 +35,7 @@ std::vector<CParameter> SampleList()
     list[1].SetOn(true);
     CParameter instance(200, list[1]);
     instance.GetVariable(0).SetVariableValue(2.5);
-    instance.GetVariable(1).SetVariableValue(std::numeric_limits<double>::infinity());
+    instance.GetVariable(1).SetVariableValue(97.5);
     CParameter plugIn(201, list[2]);
     plugIn.SetIniName(u"Acme Ra ");
     plugIn.SetFriendlyString(u"Acme=Ra");
@@ -90,7 +89,7 @@ TEST(ParameterList, ReadsBackWhatItWrote)
     EXPECT_EQ(list[3].GetBaseValue(), static_cast<int>(ERoughnessParameters::Sdc));
     EXPECT_TRUE(list[3].IsOn());
     EXPECT_EQ(list[3].GetVariable(0).GetVariableValue(), 2.5);
-    EXPECT_EQ(list[3].GetVariable(1).GetVariableValue(), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(list[3].GetVariable(1).GetVariableValue(), 97.5);
     EXPECT_EQ(list[4].GetValue(), 145);
     EXPECT_EQ(list[4].GetIniName(), u"Acme Ra ");
     EXPECT_EQ(list[4].GetFriendlyString(), u"Acme=Ra");
@@ -111,7 +110,7 @@ TEST(ParameterList, WithoutDynamicParametersTheirSectionIsEmpty)
 
 TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
 {
-    const char* const good = "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7\n";
+    const char* const good = "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7,50\n";
     const struct {
         const char* what;
         EAnalysis analysis;
@@ -122,9 +121,13 @@ TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
         bool warned;
     } cases[] = {
         {"good", EAnalysis::Roughness, "1", good, "", 1, false},
-        {"count too large", EAnalysis::Roughness, "2000000000", good, "", 1, false},
-        {"count too small", EAnalysis::Roughness, "0", good, "", 0, false},
-        {"count negative", EAnalysis::Roughness, "-1", good, "", 0, false},
+        {"count too large", EAnalysis::Roughness, "2000000000", good, "", 1, true},
+        {"count too small", EAnalysis::Roughness, "0", good, "", 0, true},
+        {"too few values", EAnalysis::Roughness, "1",
+         "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7\n", "", 1, true},
+        {"no finite value", EAnalysis::Roughness, "1",
+         "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7,nan\n", "", 1, true},
+        {"count negative", EAnalysis::Roughness, "-1", good, "", 0, true},
         {"count no number", EAnalysis::Roughness, "many", good, "", 0, true},
         {"unknown parent", EAnalysis::Roughness, "1", "Dyn1_ParentParam=Nope\nDyn1_NumVariables=0\n", "", 0,
          true},
@@ -132,9 +135,9 @@ TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
         {"parent not in the list", EAnalysis::Roughness, "1", "Dyn1_ParentParam=Sq\n", "", 0, true},
         {"count of variables", EAnalysis::Roughness, "1", "Dyn1_ParentParam=Sdc\n", "", 0, true},
         {"no catalogue", EAnalysis::Tip, "1", good, "", 0, true},
-        {"a gap", EAnalysis::Roughness, "5", "Dyn5_ParentParam=Sdc\nDyn5_NumVariables=2\n", "", 1, false},
+        {"a gap", EAnalysis::Roughness, "5", "Dyn5_ParentParam=Sdc\nDyn5_NumVariables=2\n", "", 1, true},
         {"written differently", EAnalysis::Roughness, "1", "Dyn01_ParentParam=Sdc\nDyn01_NumVariables=2\n",
-         "", 0, false},
+         "", 0, true},
         {"dimension", EAnalysis::Roughness, "1", good, "Dyn1_P_Dimension=11\n", 1, true},
         {"digits", EAnalysis::Roughness, "1", good, "Dyn1__P_FloatSize=2000000000\n", 1, true},
     };
@@ -153,8 +156,7 @@ TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
             EXPECT_EQ(list[3].GetUnitFactor(), EFactor::Undefined);
             EXPECT_EQ(list[3].GetDimension(), CParameter::EDimension::Length);
             EXPECT_EQ(list[3].GetFloatFormat().count, 5);
-            EXPECT_EQ(list[3].GetVariable(1).GetVariableValue(), 50)
-                << "the parent's, as the list is too short";
+            EXPECT_EQ(list[3].GetVariable(1).GetVariableValue(), 50);
         }
     }
 }

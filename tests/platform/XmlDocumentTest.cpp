@@ -49,7 +49,7 @@ TEST(XmlDocument, TextsOfDocumentsThatCanBeRead)
         {"Latin-1", "<?xml version='1.0' encoding='ISO-8859-1'?><r><a>\xB5m</a></r>", u"µm"},
         {"UTF-16", Wide("<r><a>x</a></r>", false), u"x"},
         {"UTF-16 with a mark", "\xFE\xFF" + Wide("<r><a>x</a></r>", true), u"x"},
-        {"own entities are none", "<!DOCTYPE r [<!ENTITY e 'x<y'>]><r><a>&e;&amp;</a></r>", u"&e;&"},
+        {"a document type", "<!DOCTYPE r SYSTEM 'r.dtd'><r><a>&e;&amp;</a></r>", u"&e;&"},
         {"nothing", "<r/>", u""},
         {"many in a row", "<r>" + Repeated("<b><c/></b>", 1000) + "<a b='>'>x</a></r>", u"x"},
     };
@@ -79,7 +79,8 @@ TEST(XmlDocument, HarmfulDocumentsAreRefused)
         {"no tag end", "<r><a"},
         {"open quote", "<r><a b='></a></r>"},
         {"open comment", "<r><!--</r>"},
-        {"cut bomb", bomb + "]><r>&l39;"},
+        {"entity bomb", bomb + "]><r><a>&l39;</a></r>"},
+        {"depth hidden by a declaration", "<!DOCTYPE r [<!-- \" -->]>" + Nested(100000)},
         {"one too deep", Nested(CXmlDocument::c_deepestNesting)},
         {"very deep", Repeated("<a>", 1000000)},
         {"deep in UTF-16", Wide(Nested(100000), true)},
@@ -95,8 +96,6 @@ TEST(XmlDocument, HarmfulDocumentsAreRefused)
     }
     const auto xml = MakeXmlDocument();
     CStr reason;
-    EXPECT_TRUE(xml->Load(bomb + "]><r><a>&l39;</a></r>", u"r", reason)) << "a bomb that nobody lights";
-    EXPECT_EQ(xml->QueryText(u"a", u""), u"&l39;");
     EXPECT_TRUE(xml->Load(Nested(CXmlDocument::c_deepestNesting - 1), u"r", reason));
 }
 

@@ -1,5 +1,7 @@
 #include "examples/surface_report/Program.h"
 
+#include "common/Inifile.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -171,8 +173,8 @@ TEST_F(SurfaceReportTest, ChoicesAreKept)
 
     const std::string changed =
         report({"--set", "Sa=off", "--set", "Sq.unit=um", "--set", "Sq.format=Digits:4", "--set",
-                "Fractile=on:90", "--set", "Sch=on:95", "--set", "Sch=on:5", "--set", "Sch.format=Decimals:1",
-                "--set", "statistic.Count=off"});
+                "Fractile=on:90", "--set", "Sch=on:95", "--set", "Sch=on:5", "--set", "Sch=on:95", "--set",
+                "Sch.format=Decimals:1", "--set", "statistic.Count=off"});
     EXPECT_FALSE(has(changed, "Sa, "));
     EXPECT_TRUE(has(changed, "Sq, Root Mean Square Height\t0.2845\tµm\r\n"));
     EXPECT_TRUE(has(changed, "Percentile 90 %\t"));
@@ -182,10 +184,22 @@ TEST_F(SurfaceReportTest, ChoicesAreKept)
     EXPECT_TRUE(has(BytesOf(file), "[Theirs]\nkey = kept\n"));
 
     EXPECT_FALSE(has(report({"--set", "Sch=off"}), "Sch("));
+    EXPECT_EQ(Run({(m_folder / "nothing").string(), "--out", Out().string(), "--preferences",
+                   (m_folder / "new.ini").string(), "--set", "Sa=off"}),
+              1);
+    EXPECT_FALSE(fs::exists(m_folder / "new.ini")) << "nothing is kept of a run that failed";
+    CommonUI::CInifile hostile;
+    ASSERT_TRUE(hostile.Load(file.u16string()));
+    hostile.SelectSection(u"SurfaceReport_RoughnessProfileAnalysis");
+    hostile.WriteDouble(u"Fractile_S_Value", 5000);
+    ASSERT_TRUE(hostile.Save());
+    EXPECT_TRUE(has(report({}), "Percentile 95 %\t"));
+    ASSERT_EQ(report({"--set", "Fractile=on:90"}).size(), report({}).size());
     const std::string saved = BytesOf(file);
     for (const char* change : {"Sa", "Nope=on", "Sa=perhaps", "Sa=on:3", "Sq.unit=furlong",
                                "Sq.format=Roman:3", "Sq.format=Digits:13", "Fractile=on:101", "Mean=on:3",
-                               "Mean.unit=nm", "Sch=on", "Sch=on:1,2", "Sch=on:x"}) {
+                               "Mean.unit=nm", "Sch=on", "Sch=on:1,2", "Sch=on:x", "Sch=on:nan", "Sch=off:1",
+                               "Sq.unit=nm:7", "Ssk.unit=um", "Sq.format=Digits:4.5", "Fractile=off:5"}) {
         EXPECT_EQ(Run({c_sample.string(), "--out", Out().string(), "--preferences", file.string(), "--set",
                        "Sa=on", "--set", change}),
                   1)
