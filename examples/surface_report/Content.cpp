@@ -101,12 +101,14 @@ bool IsAnyOn(const std::vector<CParameter>& parameters, std::initializer_list<st
 SContent RoughnessContent(const SSurface& surface, const SChoices& choices, const SOptions& options)
 {
     SContent content = Describe(surface, options);
-    // What takes long is computed only where it is shown: spectra, and profiles that need a filter.
+    // What takes long is computed only where it is shown: spectra, profiles, and those that need a filter.
     const bool spatial = IsAnyOn(choices.surface, {u"Sal", u"St*", u"Scl*"});
     const bool filtered = IsAnyOn(choices.profiles, {u"4287R*", u"4287W*"});
     const auto areal = SurfaceAnalysis::ComputeAreal(surface, spatial);
-    const auto profiles =
-        SurfaceAnalysis::ComputeProfiles(surface, filtered ? options.cutoff : SurfaceAnalysis::c_undefined);
+    std::vector<SValues> profiles;
+    if (IsAnyOn(choices.profiles, {u"*"}))
+        profiles = SurfaceAnalysis::ComputeProfiles(surface,
+                                                    filtered ? options.cutoff : SurfaceAnalysis::c_undefined);
     const auto ofSurface = [&](const CParameter& parameter) -> std::vector<double> {
         const std::string key = AnalysisKey(parameter);
         if (parameter.HasParent())
