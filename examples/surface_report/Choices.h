@@ -23,6 +23,6 @@ struct SChoices {
 
 /// The choices of the preferences, or without such all parameters of surfaces and profiles and the usual ones
 /// of grains; as far as the options name parameters, those are on and no others.
-SChoices MakeChoices(const CommonUI::CAnalysisPreferencesManager& preferences, const SOptions& options);
+SChoices MakeChoices(const CommonUI::CAnalysisPreferencesManager& manager, const SOptions& options);
 
 } // namespace SurfaceReport
