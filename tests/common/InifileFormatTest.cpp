@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 using namespace CommonUI;
-using namespace std::string_literals;
 
 namespace
 {
@@ -16,27 +15,6 @@ std::string Wide(std::u16string_view text)
         bytes += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
     return bytes;
 }
-
-const std::string c_unusualFiles[] = {
-    "",
-    "\n",
-    "\r\r\n\n\r",
-    "a=1",
-    "[A]\r\na=1\nb=2\rc=3\r\n",
-    "; comment\n# other\n  ; indented\n\n[A]\n\n\n",
-    "garbage\n[open\n=\n==\n[]\n[ ]x\n\"a\"b=1\n\"a\n[\"x]\n",
-    "[A]\nk=1\nk=2\n[B]\n[A]\nk=3\n",
-    "nul\0key=nul\0value\n\0"s,
-    "\xEF\xBB\xBF[A]\nk=\xC3\xA9\n",
-    "\xEF\xBB\xBF[A]\nk=\xE9\n",
-    "[caf\xE9]\nk=\x80\x81\xFF\n",
-    "k=\xED\xA0\x80 overlong \xC0\x80\n",
-    "\xFF\xFE",
-    "\xFF\xFE\n",
-    Wide(u"[\u00C4]\r\nk=\U0001F600\r\n"),
-    Wide(u"[A]\nk=1") + "x",
-    Wide(u"\xD800=\xDC00\xD800\n\xDC00\uFEFF\n\0") + "\n",
-};
 
 struct SEdit {
     const char* name;
@@ -132,12 +110,6 @@ const SEdit c_edits[] = {
 };
 
 } // namespace
-
-TEST(InifileFormat, UnchangedFilesKeepTheirBytes)
-{
-    for (const std::string& bytes : c_unusualFiles)
-        EXPECT_EQ(IniOf(bytes).GetBytes(), bytes);
-}
 
 TEST(InifileFormat, ChangesKeepTheRest)
 {

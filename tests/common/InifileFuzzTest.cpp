@@ -5,6 +5,7 @@
 #include <random>
 
 using namespace CommonUI;
+using namespace std::string_literals;
 
 namespace
 {
@@ -22,43 +23,17 @@ public:
 
     std::string Bytes()
     {
-        static const std::string pieces[] = {
-            "[",
-            "]",
-            "=",
-            "\"",
-            "\\",
-            "\\u00",
-            ";",
-            "#",
-            " ",
-            "\t",
-            "\n",
-            "\n",
-            "\r\n",
-            "\r",
-            "a",
-            "key",
-            "[A]\n",
-            "[B]\r\n",
-            "[\"A\"]",
-            "k = 1\n",
-            "k =2",
-            "k \t= 3\n",
-            "\"k=1\n",
-            ",",
-            "\xFF",
-            "\xFE",
-            "\xC3\xA9",
-            "\xE9",
-            "\xED\xA0\x80",
-            std::string(1, '\0'),
-            "0x",
-            "\xEF\xBB\xBF",
-        };
+        static const std::string characters = "[]=\"\\;# \t\n\n\r,ak\xFF\xFE\xE9\x81\xD8\0"s;
+        static const std::string words[] = {
+            "[A]\n",   "[B]\r\n",     "[\"A\"]", "k = 1\n",          "k =2",         "k \t= 3\n",
+            "\"k=1\n", "\"a\"b=1\n",  "\\u00",   "\xC3\xA9",         "\xED\xA0\x80", "\xC0\x80",
+            "\0\xDC"s, "[\0]\0\n\0"s, "key",     "k\0=\0=\xD8\n\0"s, "\xEF\xBB\xBF", "\r\n"};
         std::string bytes = c_emptyFiles[Below(c_emptyFiles.size())];
         for (std::size_t count = Below(60); count > 0; --count)
-            bytes += pieces[Below(std::size(pieces))];
+            if (Below(2) == 0)
+                bytes += characters[Below(characters.size())];
+            else
+                bytes += words[Below(std::size(words))];
         return bytes;
     }
 
@@ -165,8 +140,7 @@ TEST(InifileFuzz, HugeFilesTakeLinearTime)
 {
     const auto repeated = [](const std::string& piece, std::size_t count) {
         std::string bytes;
-        bytes.reserve(piece.size() * count);
-        for (std::size_t i = 0; i < count; ++i)
+        while (count-- > 0)
             bytes += piece;
         return bytes;
     };
@@ -179,21 +153,10 @@ TEST(InifileFuzz, HugeFilesTakeLinearTime)
             blanks += (i & bit) != 0 ? " " : "\t";
         blanks += i % 3 == 0 ? "= 1\n" : "=1\n";
     }
-    const std::string files[] = {
-        repeated("k=1\n", 200000),
-        repeated("[A]\nk=1\n", 100000),
-        sections,
-        std::string(3000000, '['),
-        std::string(3000000, '"'),
-        "k=" + std::string(3000000, '\\'),
-        repeated("\"\\", 1000000),
-        std::string(3000000, '\r'),
-        std::string(3000000, '\0'),
-        "k=" + std::string(3000000, 'x'),
-        repeated("[\"\n", 600000),
-        repeated("x\n\n", 200000),
-        blanks,
-    };
+    std::vector<std::string> files = {sections, blanks, "k=" + repeated("\\", 3000000)};
+    for (const std::string& piece :
+         {"["s, "\""s, "\r"s, "\0"s, "x"s, "\"\\"s, "k=1\n"s, "x\n\n"s, "[\"\n"s, "[A]\nk=1\n"s})
+        files.push_back(repeated(piece, 1000000 / piece.size()));
     for (const std::string& bytes : files) {
         CInifile ini = IniOf(bytes, u"A");
         EXPECT_TRUE(ini.GetBytes() == bytes);

@@ -21,11 +21,6 @@ std::vector<CStr> TextsOfCriticalLengths()
     return texts;
 }
 
-std::vector<CStr> List(std::initializer_list<const char16_t*> texts)
-{
-    return {texts.begin(), texts.end()};
-}
-
 } // namespace
 
 TEST(Str, MalformedUtf8)
@@ -37,36 +32,22 @@ TEST(Str, MalformedUtf8)
         {"", u""},
         {"a\xC2\xB5\xE2\x82\xAC\xF0\x9F\x98\x80z", u"a\u00b5\u20ac\U0001F600z"},
         {{"a\0b", 3}, {u"a\0b", 3}},
-        {"\xEF\xBB\xBF"
-         "a",
-         u"\uFEFFa"},
+        {"\xEF\xBB\xBFz", u"\uFEFFz"},
         {"\xF4\x8F\xBF\xBF\xEE\x80\x80\xED\x9F\xBF", u"\U0010FFFF\uE000\uD7FF"},
-        // no sequence at all
-        {"\x80", u"\uFFFD"},
-        {"a\xBF\xBF", u"a\uFFFD\uFFFD"},
-        {"\xFE\xFF", u"\uFFFD\uFFFD"},
-        // overlong
-        {"\xC0\x80", u"\uFFFD\uFFFD"},
-        {"\xC1\xBF", u"\uFFFD\uFFFD"},
-        {"\xE0\x9F\xBF", u"\uFFFD\uFFFD\uFFFD"},
-        {"\xF0\x8F\xBF\xBF", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
-        // surrogates
-        {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
-        {"\xED\xBF\xBFz", u"\uFFFD\uFFFD\uFFFDz"},
-        // beyond U+10FFFF
-        {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
-        {"\xF5\x80\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
-        // cut short, at the end and by another character
-        {"\xC2", u"\uFFFD"},
-        {"\xE2\x82", u"\uFFFD"},
-        {"\xF0\x9F\x98", u"\uFFFD"},
-        {"\xF0\x9F\x98z", u"\uFFFDz"},
-        {"\xE2\x82\xE2\x82\xAC", u"\uFFFD\u20ac"},
-        {"\xC2(", u"\uFFFD("},
+        {"\xE2\x82\xE2\x82\xAC\xC2(", u"\uFFFD\u20ac\uFFFD("},
         {"a\xF1\x80\x80\xE1\x80\xC2z\x80z\x80\xBF", u"a\uFFFD\uFFFD\uFFFDz\uFFFDz\uFFFD\uFFFD"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(CStr::FromUtf8(row.bytes), row.text) << testing::PrintToString(row.bytes);
+    // No sequence, overlong, surrogates, beyond U+10FFFF: every byte is replaced.
+    for (const std::string bytes :
+         {"\x80", "\xBF\xBF", "\xFE\xFF", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF",
+          "\xED\xA0\x80", "\xED\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80"})
+        EXPECT_EQ(CStr::FromUtf8(bytes + "z"), CStr(bytes.size(), u'\uFFFD') + u"z");
+    for (const std::string cut : {"\xC2", "\xE2\x82", "\xF0\x9F\x98"}) {
+        EXPECT_EQ(CStr::FromUtf8(cut), u"\uFFFD");
+        EXPECT_EQ(CStr::FromUtf8(cut + "z"), u"\uFFFDz");
+    }
 }
 
 TEST(Str, LoneSurrogatesLeaveAsReplacements)
@@ -78,9 +59,7 @@ TEST(Str, LoneSurrogatesLeaveAsReplacements)
         {u"\u007f\u0080\u07ff\u0800\uffff\U00010000\U0010ffff",
          "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
         {{u'a', char16_t(0xD800)}, "a\xEF\xBF\xBD"},
-        {{char16_t(0xDC00), u'b'},
-         "\xEF\xBF\xBD"
-         "b"},
+        {{char16_t(0xDC00), u'z'}, "\xEF\xBF\xBDz"},
         {{char16_t(0xDBFF), char16_t(0xD83D), char16_t(0xDE00)}, "\xEF\xBF\xBD\xF0\x9F\x98\x80"},
         {{char16_t(0xDC00), char16_t(0xD800)}, "\xEF\xBF\xBD\xEF\xBF\xBD"},
     };
@@ -177,16 +156,13 @@ TEST(Str, SplitAndReplace)
         const char16_t* delimiter;
         std::vector<CStr> pieces;
         const char16_t* replaced; ///< with "ab" for the delimiter
-    } rows[] = {
-        {u"", u",", List({u""}), u""},
-        {u"a", u",", List({u"a"}), u"a"},
-        {u",", u",", List({u"", u""}), u"ab"},
-        {u"a,b,,c,", u",", List({u"a", u"b", u"", u"c", u""}), u"aabbababcab"},
-        {u"a::b:c", u"::", List({u"a", u"b:c"}), u"aabb:c"},
-        {u"aaa", u"aa", List({u"", u"a"}), u"aba"},
-        {u"abc", u"", List({u"abc"}), u"abc"},
-        {u"a", u"abc", List({u"a"}), u"a"},
-    };
+    } rows[] = {{u"", u",", {u""}, u""},
+                {u",", u",", {u"", u""}, u"ab"},
+                {u"a,b,,c,", u",", {u"a", u"b", u"", u"c", u""}, u"aabbababcab"},
+                {u"a::b:c", u"::", {u"a", u"b:c"}, u"aabb:c"},
+                {u"aaa", u"aa", {u"", u"a"}, u"aba"},
+                {u"abc", u"", {u"abc"}, u"abc"},
+                {u"a", u"abc", {u"a"}, u"a"}};
     for (const auto& row : rows) {
         EXPECT_EQ(CStr(row.text).Split(row.delimiter), row.pieces) << ToUtf8(row.text);
         EXPECT_EQ(CStr(row.text).Replace(row.delimiter, u"ab"), row.replaced) << ToUtf8(row.text);
@@ -197,22 +173,17 @@ TEST(Str, SplitAndReplace)
 TEST(Str, Trim)
 {
     const struct {
-        const char16_t* text;
-        const char16_t* both;
+        CStr text;
         const char16_t* left;
         const char16_t* right;
-    } rows[] = {
-        {u"", u"", u"", u""},
-        {u" \t\n\v\f\r", u"", u"", u""},
-        {u"a b", u"a b", u"a b", u"a b"},
-        {u" \r\na\t b\v ", u"a\t b", u"a\t b\v ", u" \r\na\t b"},
-        {u"\u00a0a\u2003", u"\u00a0a\u2003", u"\u00a0a\u2003", u"\u00a0a\u2003"},
-    };
+    } rows[] = {{u"", u"", u""},
+                {u" \t\n\v\f\r", u"", u""},
+                {u" \r\na\t b\v ", u"a\t b\v ", u" \r\na\t b"},
+                {u"\u00a0a\u2003", u"\u00a0a\u2003", u"\u00a0a\u2003"}};
     for (const auto& row : rows) {
-        const CStr text(row.text);
-        EXPECT_EQ(text.Trim(), row.both);
-        EXPECT_EQ(text.TrimLeft(), row.left);
-        EXPECT_EQ(text.TrimRight(), row.right);
+        EXPECT_EQ(row.text.TrimLeft(), row.left);
+        EXPECT_EQ(row.text.TrimRight(), row.right);
+        EXPECT_EQ(row.text.Trim(), CStr(row.left).TrimRight());
     }
 }
 

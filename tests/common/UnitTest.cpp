@@ -8,6 +8,7 @@
 
 using namespace CommonUI;
 using EFactor = CUnit::EUnitFactor;
+using enum CUnit::EUnitFactor;
 
 namespace
 {
@@ -21,20 +22,20 @@ struct SFactorCase {
 };
 
 constexpr SFactorCase c_factorCases[] = {
-    {EFactor::Pico, u"Pico", 1e-12, u"pm", u"pV"},
-    {EFactor::Aangstroem, u"Aangstroem", 1e-10, u"Å", u"(1E-10 V)"},
-    {EFactor::Nano, u"Nano", 1e-9, u"nm", u"nV"},
-    {EFactor::MicroInch, u"MicroInch", 2.54e-8, u"µin", u"(2.54E-8 V)"},
-    {EFactor::Micro, u"Micro", 1e-6, u"µm", u"µV"},
-    {EFactor::MilliInch, u"MilliInch", 2.54e-5, u"mil", u"(2.54E-5 V)"},
-    {EFactor::Milli, u"Milli", 1e-3, u"mm", u"mV"},
-    {EFactor::Centi, u"Centi", 1e-2, u"cm", u"cV"},
-    {EFactor::Inch, u"Inch", 2.54e-2, u"in", u"(2.54E-2 V)"},
-    {EFactor::Unity, u"Unity", 1, u"m", u"V"},
-    {EFactor::Kilo, u"Kilo", 1e3, u"km", u"kV"},
-    {EFactor::Mega, u"Mega", 1e6, u"Mm", u"MV"},
-    {EFactor::Giga, u"Giga", 1e9, u"Gm", u"GV"},
-    {EFactor::Undefined, u"Undefined", 1, u"m", u"V"},
+    {Pico, u"Pico", 1e-12, u"pm", u"pV"},
+    {Aangstroem, u"Aangstroem", 1e-10, u"Å", u"(1E-10 V)"},
+    {Nano, u"Nano", 1e-9, u"nm", u"nV"},
+    {MicroInch, u"MicroInch", 2.54e-8, u"µin", u"(2.54E-8 V)"},
+    {Micro, u"Micro", 1e-6, u"µm", u"µV"},
+    {MilliInch, u"MilliInch", 2.54e-5, u"mil", u"(2.54E-5 V)"},
+    {Milli, u"Milli", 1e-3, u"mm", u"mV"},
+    {Centi, u"Centi", 1e-2, u"cm", u"cV"},
+    {Inch, u"Inch", 2.54e-2, u"in", u"(2.54E-2 V)"},
+    {Unity, u"Unity", 1, u"m", u"V"},
+    {Kilo, u"Kilo", 1e3, u"km", u"kV"},
+    {Mega, u"Mega", 1e6, u"Mm", u"MV"},
+    {Giga, u"Giga", 1e9, u"Gm", u"GV"},
+    {Undefined, u"Undefined", 1, u"m", u"V"},
 };
 
 } // namespace
@@ -56,7 +57,7 @@ TEST(Unit, FactorsHaveTheirValuesKeysAndTexts)
             EXPECT_EQ(CUnit::FromText(ampere).GetText(), ampere);
         }
     }
-    EXPECT_EQ(CUnit::GetUnitFactorEnum().GetValue(u"nano"), EFactor::Unity);
+    EXPECT_EQ(CUnit::GetUnitFactorEnum().GetValue(u"nano"), Unity);
     EXPECT_EQ(CUnit::GetFactorValue(static_cast<EFactor>(99)), 1);
 }
 
@@ -66,62 +67,50 @@ TEST(Unit, ReadsTexts)
         const char16_t* text;
         EFactor factor;
         const char16_t* symbol;
-    } cases[] = {
-        {u"um", EFactor::Micro, u"m"},          {u"\u03BCm", EFactor::Micro, u"m"},
-        {u" nm ", EFactor::Nano, u"m"},         {u"A", EFactor::Unity, u"A"},
-        {u"\u212B", EFactor::Aangstroem, u"m"}, {u"mm", EFactor::Milli, u"m"},
-        {u"Mm", EFactor::Mega, u"m"},           {u"uin", EFactor::MicroInch, u"m"},
-        {u"mV", EFactor::Milli, u"V"},          {u"uV", EFactor::Micro, u"V"},
-        {u"min", EFactor::Unity, u"min"},       {u"°", EFactor::Unity, u"°"},
-        {u"%", EFactor::Unity, u"%"},           {u"", EFactor::Unity, u""},
-        {u"NM", EFactor::Unity, u"NM"},
-    };
+    } cases[] = {{u"um", Micro, u"m"},          {u"\u03BCm", Micro, u"m"},
+                 {u" nm ", Nano, u"m"},         {u"A", Unity, u"A"},
+                 {u"\u212B", Aangstroem, u"m"}, {u"mm", Milli, u"m"},
+                 {u"Mm", Mega, u"m"},           {u"uin", MicroInch, u"m"},
+                 {u"mV", Milli, u"V"},          {u"uV", Micro, u"V"},
+                 {u"min", Unity, u"min"},       {u"°", Unity, u"°"},
+                 {u"%", Unity, u"%"},           {u"", Unity, u""},
+                 {u"NM", Unity, u"NM"}};
     for (const auto& row : cases) {
         const CUnit unit = CUnit::FromText(row.text);
         EXPECT_EQ(unit.GetFactor(), row.factor) << CStr(row.text).ToUtf8();
         EXPECT_EQ(unit.GetSymbol(), row.symbol) << CStr(row.text).ToUtf8();
     }
-    CUnit unit(EFactor::Kilo);
+    CUnit unit(Kilo);
     EXPECT_TRUE(CUnit::ParseLength(u"A", unit));
-    EXPECT_EQ(unit, CUnit(EFactor::Aangstroem));
-    unit = CUnit(EFactor::Kilo);
+    EXPECT_EQ(unit, CUnit(Aangstroem));
+    unit = CUnit(Kilo);
     EXPECT_FALSE(CUnit::ParseLength(u"mV", unit));
-    EXPECT_EQ(unit, CUnit(EFactor::Kilo));
-    EXPECT_TRUE(CUnit(EFactor::Nano).IsSameKind(CUnit(EFactor::Inch)));
-    EXPECT_FALSE(CUnit(EFactor::Nano).IsSameKind(CUnit(EFactor::Nano, u"V")));
+    EXPECT_EQ(unit, CUnit(Kilo));
+    EXPECT_TRUE(CUnit(Nano).IsSameKind(CUnit(Inch)));
+    EXPECT_FALSE(CUnit(Nano).IsSameKind(CUnit(Nano, u"V")));
 }
 
 TEST(Unit, SuitableFactorIsChosenAfterRounding)
 {
-    constexpr CUnit::SShownDigits oneDecimal{.decimals = 1};
-    constexpr CUnit::SShownDigits fiveDigits{};
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    constexpr CUnit::SShownDigits one{.decimals = 1};
+    constexpr CUnit::SShownDigits five{};
     const struct {
         double value;
         int power;
         EFactor unit;
         CUnit::SShownDigits shown;
         EFactor expected;
-    } cases[] = {
-        {35.2e-9, 1, EFactor::Unity, fiveDigits, EFactor::Nano},
-        {-35.2e-9, 1, EFactor::Unity, fiveDigits, EFactor::Nano},
-        {999.99e-9, 1, EFactor::Unity, fiveDigits, EFactor::Nano},
-        {999.996e-9, 1, EFactor::Unity, fiveDigits, EFactor::Micro},
-        {999.94e-9, 1, EFactor::Unity, oneDecimal, EFactor::Nano},
-        {999.96e-9, 1, EFactor::Unity, oneDecimal, EFactor::Micro},
-        {960e-9, 1, EFactor::Unity, oneDecimal, EFactor::Nano},
-        {1e-6, 1, EFactor::Unity, fiveDigits, EFactor::Micro},
-        {1e-12, 2, EFactor::Unity, fiveDigits, EFactor::Micro},
-        {1e-18, 3, EFactor::Unity, fiveDigits, EFactor::Micro},
-        {2.5e-13, 2, EFactor::Unity, fiveDigits, EFactor::Nano},
-        {1e-15, 1, EFactor::Unity, fiveDigits, EFactor::Pico},
-        {1e15, 1, EFactor::Unity, fiveDigits, EFactor::Giga},
-        {1e-6, 1, EFactor::Inch, fiveDigits, EFactor::MicroInch},
-        {1, 1, EFactor::MicroInch, fiveDigits, EFactor::Inch},
-        {0, 1, EFactor::Milli, fiveDigits, EFactor::Milli},
-        {5e-9, 0, EFactor::Milli, fiveDigits, EFactor::Milli},
-        {std::numeric_limits<double>::infinity(), 1, EFactor::Milli, fiveDigits, EFactor::Milli},
-        {std::nan(""), 1, EFactor::Milli, fiveDigits, EFactor::Milli},
-    };
+    } cases[] = {{35.2e-9, 1, Unity, five, Nano},   {-35.2e-9, 1, Unity, five, Nano},
+                 {999.99e-9, 1, Unity, five, Nano}, {999.996e-9, 1, Unity, five, Micro},
+                 {999.94e-9, 1, Unity, one, Nano},  {999.96e-9, 1, Unity, one, Micro},
+                 {1e-6, 1, Unity, five, Micro},     {1e-12, 2, Unity, five, Micro},
+                 {1e-18, 3, Unity, five, Micro},    {2.5e-13, 2, Unity, five, Nano},
+                 {1e-15, 1, Unity, five, Pico},     {1e15, 1, Unity, five, Giga},
+                 {1e-6, 1, Inch, five, MicroInch},  {1, 1, MicroInch, five, Inch},
+                 {0, 1, Milli, five, Milli},        {5e-9, 0, Milli, five, Milli},
+                 {infinity, 1, Milli, five, Milli}, {nan, 1, Milli, five, Milli}};
     for (const auto& row : cases)
         EXPECT_EQ(CUnit(row.unit).SuitableFactor(row.value, row.power, row.shown), row.expected)
             << row.value << " power " << row.power;
