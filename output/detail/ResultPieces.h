@@ -57,7 +57,7 @@ void ForEachPiece(std::u16string_view text, TVisit visit)
 /// after every row.
 inline void ReserveByRows(CTextBuilder& text, std::size_t rowsDone, std::size_t rowCount)
 {
-    constexpr std::size_t enough = 64;
+    constexpr std::size_t enough = 8;
     if (rowsDone == enough)
         text.Reserve(text.GetLength() / enough * rowCount / 4 * 5);
 }
