@@ -125,7 +125,7 @@ EUnitFactor ReadFactor(const CInifile& ini, const CStr& key, EUnitFactor byDefau
 
 void SaveStatic(CParameter& parameter, CInifile& ini)
 {
-    if (parameter.GetVariableCount() != 0)
+    if (parameter.IsTemplate())
         parameter.SetOn(false);
     const CStr prefix = parameter.GetIniName();
     ini.WriteBool(prefix + u'_' + c_on, parameter.IsOn());
@@ -139,7 +139,7 @@ void LoadStatic(CParameter& parameter, const CInifile& ini)
     parameter.SetOn(ini.ReadBool(prefix + u'_' + c_on, parameter.IsOn()));
     parameter.SetUnitFactor(ReadFactor(ini, prefix + u'_' + c_factor, parameter.GetUnitFactor()));
     ReadFormat(parameter, ini, prefix);
-    if (parameter.GetVariableCount() != 0)
+    if (parameter.IsTemplate())
         parameter.SetOn(false);
 }
 

@@ -83,8 +83,7 @@ constexpr auto BarChartTable(EAnalysis analysis)
 const CParameter* FindTemplate(const std::vector<CParameter>& parameters, int value)
 {
     const auto found = std::find(parameters.begin(), parameters.end(), value);
-    const bool isTemplate =
-        found != parameters.end() && !found->HasParent() && found->GetVariableCount() != 0;
+    const bool isTemplate = found != parameters.end() && found->IsTemplate();
     return isTemplate ? &*found : nullptr;
 }
 
@@ -256,7 +255,7 @@ bool CRoughnessAnalysisPreferencesData::SetParameters(const std::vector<CParamet
 {
     CAnalysisPreferencesData::SetParameters(parameters);
     for (CParameter& parameter : EditParameters()) {
-        if (!parameter.HasParent() && parameter.GetVariableCount() != 0)
+        if (parameter.IsTemplate())
             parameter.SetOn(false);
     }
     Detail::SortByCatalogue(EditParameters(), GetRoughnessParametersEnum());

@@ -14,7 +14,7 @@ namespace
 void SwitchAllOn(CList& list)
 {
     for (CParameter& parameter : list)
-        parameter.SetOn(parameter.GetVariableCount() == 0);
+        parameter.SetOn(!parameter.IsTemplate());
 }
 
 /// Leaves on what the options name, parameters made from a named template included.
@@ -23,7 +23,7 @@ void SwitchOnNamed(CList& list, const SOptions& options)
     for (CParameter& parameter : list) {
         const bool named = std::ranges::find(options.parameters, parameter.GetIniName().ToUtf8()) !=
                            options.parameters.end();
-        parameter.SetOn(named && (parameter.HasParent() || parameter.GetVariableCount() == 0));
+        parameter.SetOn(named && !parameter.IsTemplate());
     }
 }
 

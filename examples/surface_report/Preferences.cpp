@@ -182,7 +182,7 @@ bool EditParameters(CAnalysisPreferencesManager& manager, EAnalysis analysis, co
     const auto found = std::ranges::find(list, change.subject, &CParameter::GetIniName);
     if (found == list.end())
         return false;
-    if (change.aspect.empty() && found->GetVariableCount() != 0) {
+    if (change.aspect.empty() && found->IsTemplate()) {
         EditTemplate(manager, analysis, CParameter(*found), change);
         return true;
     }
