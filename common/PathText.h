@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Str.h"
+
+#include <string_view>
+
+namespace CommonUI
+{
+
+/// @file
+/// Paths as text, understood alike on every platform: `/`, `\` and `:` all end a folder, so that a path
+/// written on one system shows the same name on another.
+
+/// Where the last part of a path begins: behind the last separator, or at 0 where there is none.
+constexpr std::size_t GetFileNamePosition(std::u16string_view path) noexcept
+{
+    const std::size_t separator = path.find_last_of(u"/\\:");
+    return separator == std::u16string_view::npos ? 0 : separator + 1;
+}
+
+/// The last part of a path, with its extension; empty when the path ends in a separator.
+constexpr std::u16string_view GetFileName(std::u16string_view path) noexcept
+{
+    return path.substr(GetFileNamePosition(path));
+}
+
+/// What stands before the last part of a path, with the separator at its end.
+constexpr std::u16string_view GetFolder(std::u16string_view path) noexcept
+{
+    return path.substr(0, GetFileNamePosition(path));
+}
+
+} // namespace CommonUI

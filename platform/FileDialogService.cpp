@@ -1,0 +1,91 @@
+#include "platform/FileDialogService.h"
+
+#include "common/PathText.h"
+
+#include <utility>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+CFileDialogService* s_service = nullptr;
+
+} // namespace
+
+const CFileDialogMemory::SPlace* CFileDialogMemory::Find(const CStr& key) const
+{
+    const auto found = m_places.find(key);
+    return found == m_places.end() ? nullptr : &found->second;
+}
+
+void CFileDialogMemory::Remember(const CStr& key, const CStr& path)
+{
+    m_places[key] = {CStr(GetFolder(path)), CStr(GetFileName(path))};
+}
+
+bool CFileDialogMemory::Load(CInifile& ini)
+{
+    Clear();
+    ini.SelectSection(c_section);
+    for (const CStr& key : ini.GetKeys())
+        Remember(key, ini.ReadText(key));
+    return true;
+}
+
+bool CFileDialogMemory::Save(CInifile& ini) const
+{
+    ini.SelectSection(c_section);
+    ini.ClearSection();
+    for (const auto& [key, place] : m_places)
+        ini.WriteText(key, place.folder + place.file);
+    return true;
+}
+
+CFileDialogService::~CFileDialogService() = default;
+
+bool CFileDialogService::Choose(const SFileDialog& dialog, CStr& path)
+{
+    SFileDialog shown = dialog;
+    if (const CFileDialogMemory::SPlace* place = m_memory.Find(dialog.memoryKey)) {
+        shown.folder = place->folder;
+        if (shown.file.IsEmpty())
+            shown.file = place->file;
+    }
+    CStr chosen;
+    if (!Show(shown, chosen))
+        return false;
+    if (!dialog.memoryKey.IsEmpty())
+        m_memory.Remember(dialog.memoryKey, chosen);
+    path = chosen;
+    return true;
+}
+
+bool CMemoryFileDialogService::Show(const SFileDialog& dialog, CStr& path)
+{
+    m_shown.push_back(dialog);
+    if (m_answers.empty())
+        return false;
+    path = m_answers.front();
+    m_answers.erase(m_answers.begin());
+    return !path.IsEmpty();
+}
+
+CFileDialogService& GetSilentFileDialogService()
+{
+    static CFileDialogService& service = *new CMemoryFileDialogService;
+    return service;
+}
+
+CFileDialogService& GetFileDialogService()
+{
+    return s_service ? *s_service : GetSilentFileDialogService();
+}
+
+CFileDialogService* SetFileDialogService(CFileDialogService* service)
+{
+    return std::exchange(s_service, service);
+}
+
+} // namespace CommonUI

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "../common/Inifile.h"
+#include "../common/Str.h"
+#include "Export.h"
+
+#include <map>
+#include <vector>
+
+namespace CommonUI
+{
+
+/// What a dialog for choosing a file offers.
+struct SFileDialog {
+    bool forOpen = true; ///< an existing file to be read; else a file to be written, old or new
+    /// Pairs of a text and its masks, as "Filter files (*.flt)|*.flt|All files (*.*)|*.*||"; several masks
+    /// are joined by semicolons.
+    CStr filter{};
+    CStr extension{}; ///< what a name without an extension gets when saved, without the dot; may be empty
+    CStr memoryKey{}; ///< what the last folder and file are remembered under; empty remembers nothing
+    CStr folder{};    ///< where the dialog starts; the remembered folder comes before it
+    CStr file{};      ///< the name or path proposed; the remembered file only when this is empty
+
+    friend bool operator==(const SFileDialog&, const SFileDialog&) = default;
+};
+
+/// Folder and file that were chosen last, by the memory key of the dialog.
+class COMMONUI_API CFileDialogMemory
+{
+public:
+    struct SPlace {
+        CStr folder; ///< with the separator at its end
+        CStr file;   ///< its name alone
+
+        friend bool operator==(const SPlace&, const SPlace&) = default;
+    };
+
+    static constexpr std::u16string_view c_section = u"FileDialogs";
+
+    /// Null when nothing is remembered under the key.
+    const SPlace* Find(const CStr& key) const;
+    void Remember(const CStr& key, const CStr& path);
+    void Clear() noexcept { m_places.clear(); }
+
+    /// Replaces what is remembered by what the section c_section holds: the full path under each key.
+    /// @return true always
+    bool Load(CInifile& ini);
+    /// Writes the section anew. @return true always
+    bool Save(CInifile& ini) const;
+
+private:
+    std::map<CStr, SPlace> m_places;
+};
+
+/// What an application lends the library to let its user choose a file. Used on the user-interface thread.
+class COMMONUI_API CFileDialogService
+{
+public:
+    CFileDialogService() = default;
+    virtual ~CFileDialogService();
+    CFileDialogService(const CFileDialogService&) = delete;
+    CFileDialogService& operator=(const CFileDialogService&) = delete;
+
+    /// Shows the dialog over the application's main window, if it has one, where its memory says, and
+    /// remembers the choice.
+    /// @param path receives the path chosen; left alone when the user cancels
+    /// @return false when the user cancels
+    bool Choose(const SFileDialog& dialog, CStr& path);
+
+    CFileDialogMemory& GetMemory() noexcept { return m_memory; }
+
+protected:
+    /// Shows the dialog, its folder and file already those of the memory.
+    virtual bool Show(const SFileDialog& dialog, CStr& path) = 0;
+
+private:
+    CFileDialogMemory m_memory;
+};
+
+/// A service without a display: keeps what was asked and gives the answers prepared for it, in their order;
+/// without one it cancels.
+class COMMONUI_API CMemoryFileDialogService : public CFileDialogService
+{
+public:
+    /// The choice of the first dialog to come that has none prepared; an empty path cancels.
+    void Prepare(const CStr& path) { m_answers.push_back(path); }
+    /// What was shown, the oldest first.
+    const std::vector<SFileDialog>& GetShown() const noexcept { return m_shown; }
+
+protected:
+    bool Show(const SFileDialog& dialog, CStr& path) override;
+
+private:
+    std::vector<CStr> m_answers;
+    std::vector<SFileDialog> m_shown;
+};
+
+/// A CMemoryFileDialogService for programs without a display: its dialogs are cancelled at once. It lives
+/// until the process ends.
+COMMONUI_API CFileDialogService& GetSilentFileDialogService();
+
+/// The service that the library shows its file dialogs with: GetSilentFileDialogService() unless another one
+/// was set.
+COMMONUI_API CFileDialogService& GetFileDialogService();
+
+/// Sets the service and returns the one before. It is not owned and must outlive its use; null stands for
+/// GetSilentFileDialogService().
+COMMONUI_API CFileDialogService* SetFileDialogService(CFileDialogService* service);
+
+} // namespace CommonUI

@@ -1,0 +1,74 @@
+#include "platform/MessageBoxService.h"
+
+#include "common/Diagnostics.h"
+
+#include <utility>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+void WriteText(const SMessageBox& box)
+{
+    GetDiagnostics().Write(u"MessageBox", EDiagnosticLevel::Warning, box.text);
+}
+
+class CSilentMessageBoxService final : public CMessageBoxService
+{
+public:
+    EMessageBoxAnswer Show(const SMessageBox& box) override
+    {
+        WriteText(box);
+        return GetCautiousAnswer(box.style);
+    }
+};
+
+CMessageBoxService* s_service = nullptr;
+
+} // namespace
+
+CMessageBoxService::~CMessageBoxService() = default;
+
+EMessageBoxAnswer CMessageBoxService::GetCautiousAnswer(unsigned int style) noexcept
+{
+    switch (style & MessageBoxStyle::c_buttonMask) {
+    case MessageBoxStyle::c_yesNo:
+        return EMessageBoxAnswer::No;
+    case MessageBoxStyle::c_okCancel:
+        return EMessageBoxAnswer::Cancel;
+    default:
+        return EMessageBoxAnswer::Ok;
+    }
+}
+
+EMessageBoxAnswer CMemoryMessageBoxService::Show(const SMessageBox& box)
+{
+    WriteText(box);
+    m_shown.push_back(box);
+    if (m_answers.empty())
+        return GetCautiousAnswer(box.style);
+    const EMessageBoxAnswer answer = m_answers.front();
+    m_answers.erase(m_answers.begin());
+    return answer;
+}
+
+CMessageBoxService& GetSilentMessageBoxService()
+{
+    // Never destroyed, so that destructors of static objects may still report.
+    static CMessageBoxService& service = *new CSilentMessageBoxService;
+    return service;
+}
+
+CMessageBoxService& GetMessageBoxService()
+{
+    return s_service ? *s_service : GetSilentMessageBoxService();
+}
+
+CMessageBoxService* SetMessageBoxService(CMessageBoxService* service)
+{
+    return std::exchange(s_service, service);
+}
+
+} // namespace CommonUI

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "../common/Str.h"
+#include "Export.h"
+
+#include <vector>
+
+namespace CommonUI
+{
+
+/// The looks of a message box: one set of buttons, one icon and further bits, joined by `|`.
+namespace MessageBoxStyle
+{
+constexpr unsigned int c_ok = 0x0;        ///< an OK button
+constexpr unsigned int c_okCancel = 0x1;  ///< OK and Cancel
+constexpr unsigned int c_yesNo = 0x4;     ///< Yes and No
+constexpr unsigned int c_error = 0x10;    ///< the icon for errors
+constexpr unsigned int c_question = 0x20; ///< the icon for questions
+constexpr unsigned int c_warning = 0x30;  ///< the icon for warnings
+constexpr unsigned int c_help = 0x4000;   ///< a Help button beside the others
+constexpr unsigned int c_buttonMask = 0xF;
+constexpr unsigned int c_iconMask = 0xF0;
+} // namespace MessageBoxStyle
+
+enum class EMessageBoxAnswer : int {
+    Ok = 1,
+    Cancel = 2,
+    Yes = 6,
+    No = 7,
+};
+
+/// What a message box shows.
+struct SMessageBox {
+    CStr text{};
+    unsigned int style = MessageBoxStyle::c_ok;
+    /// The topic that the Help button opens, as a number of the application's help system; 0 without one.
+    unsigned int helpTopic = 0;
+
+    friend bool operator==(const SMessageBox&, const SMessageBox&) = default;
+};
+
+/// What an application lends the library to tell its user something and to ask. Used on the user-interface
+/// thread.
+class COMMONUI_API CMessageBoxService
+{
+public:
+    CMessageBoxService() = default;
+    virtual ~CMessageBoxService();
+    CMessageBoxService(const CMessageBoxService&) = delete;
+    CMessageBoxService& operator=(const CMessageBoxService&) = delete;
+
+    /// Shows the box over the application's main window, if it has one, and waits for the answer. Closing a
+    /// box counts as Cancel, as No where there is no Cancel, or as OK where there is neither.
+    virtual EMessageBoxAnswer Show(const SMessageBox& box) = 0;
+
+    /// The answer of a box that nobody answers: OK for boxes that only tell something, No or Cancel for
+    /// questions.
+    static EMessageBoxAnswer GetCautiousAnswer(unsigned int style) noexcept;
+};
+
+/// A service without a display: keeps what was shown and gives the answers prepared for it, in their order,
+/// then the cautious ones. The text goes to the diagnostics, at level Warning.
+class COMMONUI_API CMemoryMessageBoxService : public CMessageBoxService
+{
+public:
+    EMessageBoxAnswer Show(const SMessageBox& box) override;
+
+    /// The answer of the first box to come that has none prepared.
+    void Prepare(EMessageBoxAnswer answer) { m_answers.push_back(answer); }
+    /// What was shown, the oldest first.
+    const std::vector<SMessageBox>& GetShown() const noexcept { return m_shown; }
+    void ClearShown() noexcept { m_shown.clear(); }
+
+private:
+    std::vector<EMessageBoxAnswer> m_answers;
+    std::vector<SMessageBox> m_shown;
+};
+
+/// A service for programs without a display: the text goes to the diagnostics, at level Warning, and the
+/// answer is the cautious one. It lives until the process ends.
+COMMONUI_API CMessageBoxService& GetSilentMessageBoxService();
+
+/// The service that the library shows its message boxes with: GetSilentMessageBoxService() unless another one
+/// was set.
+COMMONUI_API CMessageBoxService& GetMessageBoxService();
+
+/// Sets the service and returns the one before. It is not owned and must outlive its use; null stands for
+/// GetSilentMessageBoxService().
+COMMONUI_API CMessageBoxService* SetMessageBoxService(CMessageBoxService* service);
+
+} // namespace CommonUI

@@ -1,0 +1,66 @@
+#include "common/PathText.h"
+#include "platform/FileDialogService.h"
+#include "platform/MessageBoxService.h"
+
+#include <gtest/gtest.h>
+
+using namespace CommonUI;
+
+TEST(PathText, EverySeparatorEndsAFolderOnEveryPlatform)
+{
+    struct SCase {
+        std::u16string_view path, folder, name;
+    };
+    constexpr SCase c_cases[] = {
+        {u"C:\\data\\sets\\my.pln", u"C:\\data\\sets\\", u"my.pln"},
+        {u"my.pln", u"", u"my.pln"},
+        {u"C:\\data\\", u"C:\\data\\", u""},
+        {u"D:name.col", u"D:", u"name.col"},
+        {u"/sets/a b.flt", u"/sets/", u"a b.flt"},
+        {u"C:/x\\y", u"C:/x\\", u"y"},
+        {u"", u"", u""},
+    };
+    for (const SCase& row : c_cases) {
+        EXPECT_EQ(CStr(GetFileName(row.path)), row.name);
+        EXPECT_EQ(CStr(GetFolder(row.path)), row.folder);
+    }
+}
+
+TEST(MessageBoxService, AnswersThatNobodyGaveAreCautious)
+{
+    CMemoryMessageBoxService service;
+    EXPECT_EQ(SetMessageBoxService(&service), nullptr);
+    service.Prepare(EMessageBoxAnswer::Yes);
+    const SMessageBox question{u"Remove?", MessageBoxStyle::c_yesNo | MessageBoxStyle::c_warning, 21000};
+    const SMessageBox choice{u"Go on?", MessageBoxStyle::c_okCancel};
+    EXPECT_EQ(GetMessageBoxService().Show(question), EMessageBoxAnswer::Yes);
+    EXPECT_EQ(GetMessageBoxService().Show(question), EMessageBoxAnswer::No);
+    EXPECT_EQ(GetMessageBoxService().Show(choice), EMessageBoxAnswer::Cancel);
+    EXPECT_EQ(GetMessageBoxService().Show({u"Done."}), EMessageBoxAnswer::Ok);
+    EXPECT_EQ(service.GetShown(), (std::vector<SMessageBox>{question, question, choice, {u"Done."}}));
+    EXPECT_EQ(SetMessageBoxService(nullptr), &service);
+    EXPECT_EQ(GetMessageBoxService().Show(question), EMessageBoxAnswer::No);
+}
+
+TEST(FileDialogService, RemembersFolderAndFileByKeyAcrossRuns)
+{
+    CMemoryFileDialogService service;
+    const SFileDialog dialog{.memoryKey = u"Settings_Filter", .folder = u"/custom/"};
+    CStr path = u"untouched";
+    EXPECT_FALSE(service.Choose(dialog, path));
+    EXPECT_EQ(path, u"untouched");
+    EXPECT_EQ(service.GetShown().back(), dialog);
+
+    service.Prepare(u"/sets/a=b.flt");
+    EXPECT_TRUE(service.Choose(dialog, path));
+    EXPECT_EQ(path, u"/sets/a=b.flt");
+    CInifile ini;
+    EXPECT_TRUE(service.GetMemory().Save(ini));
+    CMemoryFileDialogService later;
+    EXPECT_TRUE(later.GetMemory().Load(ini));
+    EXPECT_FALSE(later.Choose(dialog, path));
+    EXPECT_EQ(later.GetShown().back().folder, u"/sets/");
+    EXPECT_EQ(later.GetShown().back().file, u"a=b.flt");
+    EXPECT_FALSE(later.Choose({.memoryKey = u"Settings_FFT", .folder = u"/custom/"}, path));
+    EXPECT_EQ(later.GetShown().back().folder, u"/custom/");
+}
