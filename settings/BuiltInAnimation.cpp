@@ -1,0 +1,10 @@
+#include "settings/detail/BuiltInContents.h"
+
+namespace CommonUI
+{
+
+void WriteBuiltInAnimation(EBuiltInSetting, CInifile&)
+{
+}
+
+} // namespace CommonUI

@@ -1,0 +1,10 @@
+#include "settings/detail/BuiltInContents.h"
+
+namespace CommonUI
+{
+
+void WriteBuiltInFilter(EBuiltInSetting, CInifile&)
+{
+}
+
+} // namespace CommonUI
