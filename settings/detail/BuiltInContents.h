@@ -3,6 +3,8 @@
 #include "common/Inifile.h"
 #include "settings/BuiltInSetting.h"
 
+#include <cstddef>
+
 namespace CommonUI
 {
 
@@ -19,5 +21,16 @@ void WriteBuiltInFilter(EBuiltInSetting setting, CInifile& ini);
 void WriteBuiltInColorScale(EBuiltInSetting setting, CInifile& ini);
 void WriteBuiltInGrainThresholds(EBuiltInSetting setting, CInifile& ini);
 void WriteBuiltInAnimation(EBuiltInSetting setting, CInifile& ini);
+
+/// Whether a table has the numbers from `first` to `last` in order, so that a row is found by its number.
+template<class TRow, std::size_t Count>
+constexpr bool AreNumbered(const TRow (&rows)[Count], int first, int last)
+{
+    int number = first;
+    for (const TRow& row : rows)
+        if (row.number != number++)
+            return false;
+    return number == last + 1;
+}
 
 } // namespace CommonUI

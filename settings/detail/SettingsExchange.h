@@ -1,0 +1,105 @@
+#pragma once
+
+#include "common/Enum.h"
+#include "common/Inifile.h"
+#include "model/detail/SectionScope.h"
+
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+namespace CommonUI::Detail
+{
+
+/// @file
+/// One function names the keys of a set in their order and calls either a reader or a writer, which have the
+/// same members, for each value. So what is written and what is read cannot differ.
+
+/// Reads the values of a set from a section. A missing key leaves the value, its default. What cannot be used
+/// has a line in the diagnostics and makes the set unusable; members answer whether their value can be used.
+class CSettingsReader
+{
+public:
+    CSettingsReader(CInifile& ini, std::u16string_view section);
+
+    bool IsUsable() const { return m_usable; }
+
+    /// A default that depends on what has been read.
+    template<class T>
+    void Default(T& value, const std::type_identity_t<T>& byDefault)
+    {
+        value = byDefault;
+    }
+
+    template<class E>
+    bool Choice(std::u16string_view key, const CEnum<E>& choices, E& value)
+    {
+        return !m_ini.HasKey(key) || NeededChoice(key, choices, value);
+    }
+    /// A choice that has no default.
+    template<class E>
+    bool NeededChoice(std::u16string_view key, const CEnum<E>& choices, E& value)
+    {
+        const auto found = choices.FindIniName(m_ini.ReadText(key));
+        if (found == choices.end())
+            return Refuse(key, u"a choice that is known");
+        value = static_cast<E>(found->GetValue());
+        return true;
+    }
+    /// From 1 to `greatest`.
+    bool Integer(std::u16string_view key, int& value, int greatest);
+    /// Odd, from 1 to `greatest`.
+    bool OddInteger(std::u16string_view key, int& value, int greatest);
+    /// Above 0 and finite, at most `greatest`.
+    bool Positive(std::u16string_view key, double& value, double greatest);
+    /// `count` finite numbers.
+    bool Numbers(std::u16string_view key, std::vector<double>& values, int count);
+    /// What several values have to be together.
+    bool Require(bool condition, std::u16string_view key, std::u16string_view expected)
+    {
+        return condition || Refuse(key, expected);
+    }
+
+private:
+    bool Refuse(std::u16string_view key, std::u16string_view expected);
+
+    CInifile& m_ini;
+    CSectionScope m_scope;
+    bool m_usable = true;
+};
+
+/// Writes the values of a set to a section, whose earlier keys go. What cannot be used is written all the
+/// same.
+class CSettingsWriter
+{
+public:
+    CSettingsWriter(CInifile& ini, std::u16string_view section);
+
+    template<class T>
+    void Default(const T&, const std::type_identity_t<T>&)
+    {
+    }
+
+    template<class E>
+    bool Choice(std::u16string_view key, const CEnum<E>& choices, E value)
+    {
+        m_ini.WriteText(key, choices.GetIniName(static_cast<int>(value)));
+        return true;
+    }
+    template<class E>
+    bool NeededChoice(std::u16string_view key, const CEnum<E>& choices, E value)
+    {
+        return Choice(key, choices, value);
+    }
+    bool Integer(std::u16string_view key, int value, int greatest);
+    bool OddInteger(std::u16string_view key, int value, int greatest);
+    bool Positive(std::u16string_view key, double value, double greatest);
+    bool Numbers(std::u16string_view key, const std::vector<double>& values, int count);
+    bool Require(bool condition, std::u16string_view, std::u16string_view) { return condition; }
+
+private:
+    CInifile& m_ini;
+    CSectionScope m_scope;
+};
+
+} // namespace CommonUI::Detail
