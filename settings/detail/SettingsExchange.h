@@ -95,7 +95,7 @@ public:
     bool OddInteger(std::u16string_view key, int value, int greatest);
     bool Positive(std::u16string_view key, double value, double greatest);
     bool Numbers(std::u16string_view key, const std::vector<double>& values, int count);
-    bool Require(bool condition, std::u16string_view, std::u16string_view) { return condition; }
+    static bool Require(bool condition, std::u16string_view, std::u16string_view) { return condition; }
 
 private:
     CInifile& m_ini;
