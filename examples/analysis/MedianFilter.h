@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Surface.h"
+
+#include <cstddef>
+#include <span>
+
+namespace SurfaceAnalysis
+{
+
+/// Median of the valid points of a window around each point. It removes noise and spikes that cover less than
+/// half the window, and keeps edges. At borders the window is cut off.
+///
+/// With a threshold it only replaces points that stand out, and leaves all others as they are: as a weak
+/// median against noise, or to remove spikes.
+struct SMedianFilter {
+    std::size_t columns = 3; ///< of the window, odd
+    std::size_t rows = 3;
+    /// A point is replaced if it is further from the median than this many times the spread of the heights in
+    /// the window, CRankWindow::GetSpread; 0 replaces every point. A window of less than 5 points has no
+    /// spread that an outlier does not change, so there the threshold has to be 0.
+    double threshold = 0;
+};
+
+/// Missing points stay missing and do not count in other points' windows.
+SSurface FilterMedian(const SSurface& surface, const SMedianFilter& filter);
+
+/// Removes spikes from each line for itself, by a median of points of the line.
+struct SLineSpikeFilter {
+    std::size_t points = 3; ///< of the window, odd
+    /// A point is replaced by the median of its window if it is further from it than this many times the
+    /// noise of the line, FindLineNoise. The less, the stronger the filter.
+    double threshold = 3;
+};
+
+SSurface RemoveLineSpikes(const SSurface& surface, const SLineSpikeFilter& filter);
+
+/// The standard deviation of the white noise that neighbouring points of a line would differ as much by,
+/// median |z[i+1] - z[i]| / (0.6745 √2); a few spikes or steps do not change it. 0 if no two neighbours are
+/// valid.
+double FindLineNoise(std::span<const double> heights);
+
+/// The median where the window is whole; at borders and beside missing points the heights themselves, so that
+/// a slope stays what it is.
+SSurface SmoothInside(const SSurface& surface, std::size_t columns, std::size_t rows);
+
+} // namespace SurfaceAnalysis

@@ -1,0 +1,82 @@
+#include "examples/analysis/PlaneCorrection.h"
+
+#include "examples/analysis/Background.h"
+#include "examples/analysis/MedianFilter.h"
+#include "examples/analysis/Parallel.h"
+#include "examples/analysis/PolynomialFit.h"
+#include "examples/analysis/TerraceForm.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace SurfaceAnalysis
+{
+
+namespace
+{
+
+SGrid GetAll(SSurface& surface)
+{
+    return {.heights = surface.heights, .points = surface.points, .lines = surface.lines};
+}
+
+SGrid GetLine(SSurface& surface, std::size_t line)
+{
+    return {.heights = GetAll(surface).GetLine(line), .points = surface.points, .lines = 1};
+}
+
+// Calls correct for the parts of the surface that are corrected each for itself.
+template<class CCorrect>
+void ForEachPart(SSurface& surface, ECorrectionScope scope, const CCorrect& correct)
+{
+    if (scope == ECorrectionScope::Global)
+        correct(GetAll(surface), 0);
+    else
+        ComputeInShares(surface.lines, [&](std::size_t first, std::size_t last) {
+            for (std::size_t line = first; line < last; ++line)
+                correct(GetLine(surface, line), line);
+        });
+}
+
+void RemovePolynomials(SSurface& surface, ECorrectionScope scope, std::size_t order)
+{
+    ForEachPart(surface, scope, [&](const SGrid& grid, std::size_t) { RemovePolynomial(grid, order); });
+}
+
+void MoveBackgrounds(SSurface& surface, ECorrectionScope scope)
+{
+    ForEachPart(surface, scope, [](const SGrid& grid, std::size_t) {
+        const double background = FindBackground(grid.heights);
+        for (double& height : grid.heights)
+            height -= background;
+    });
+}
+
+void LevelTerraces(SSurface& surface, ECorrectionScope scope, std::size_t order)
+{
+    constexpr std::size_t window = 5;
+    const bool isGlobal = scope == ECorrectionScope::Global;
+    SSurface smooth = SmoothInside(surface, surface.points < window ? 1 : window,
+                                   !isGlobal || surface.lines < window ? 1 : window);
+    ForEachPart(surface, scope, [&](const SGrid& grid, std::size_t line) {
+        RemoveTerraceForm(grid, isGlobal ? GetAll(smooth) : GetLine(smooth, line), order);
+    });
+}
+
+} // namespace
+
+void Correct(SSurface& surface, const SPlaneCorrection& correction)
+{
+    switch (correction.method) {
+    case ECorrectionMethod::Offset:
+        return RemovePolynomials(surface, correction.scope, 0);
+    case ECorrectionMethod::Polynomial:
+        return RemovePolynomials(surface, correction.scope, std::clamp<std::size_t>(correction.order, 1, 9));
+    case ECorrectionMethod::StepWizard:
+        return LevelTerraces(surface, correction.scope, std::clamp<std::size_t>(correction.order, 1, 2));
+    case ECorrectionMethod::ZeroBackground:
+        return MoveBackgrounds(surface, correction.scope);
+    }
+}
+
+} // namespace SurfaceAnalysis
