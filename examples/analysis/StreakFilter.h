@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Surface.h"
+
+#include <cstddef>
+
+namespace SurfaceAnalysis
+{
+
+/// Removes streaks, which scanning leaves along the lines: runs of points, one line or a few lines wide, that
+/// are all higher than the points above and below by more than a threshold, or all lower. They are replaced
+/// by straight interpolation from the line above to the line below. Narrow streaks go first.
+///
+/// A streak is not seen at the first and last line, nor where it or one of the lines beside it has missing
+/// points.
+struct SStreakFilter {
+    bool isBright = true;   ///< higher than the lines beside it, otherwise lower
+    std::size_t width = 1;  ///< of the widest streak, in lines
+    std::size_t length = 8; ///< of the shortest, in points
+    /// In multiples of FindColumnNoise.
+    double threshold = 3;
+};
+
+/// All other points stay as they are.
+SSurface RemoveStreaks(const SSurface& surface, const SStreakFilter& filter);
+
+/// The standard deviation of the white noise that neighbouring lines would differ as much by, median
+/// |z[y+1] - z[y]| / (0.6745 √2) over all columns; streaks do not change it. 0 if no two neighbours are
+/// valid.
+double FindColumnNoise(const SSurface& surface);
+
+} // namespace SurfaceAnalysis
