@@ -19,8 +19,9 @@ namespace
 constexpr int c_slopePasses = 8;
 constexpr int c_terracePasses = 2;
 constexpr std::size_t c_mostTerraces = 32;
-constexpr double c_leastShare = 0.02;
-constexpr double c_outlier = 5; // in standard deviations
+constexpr double c_leastShare = 0.02; // of the points, on a terrace
+constexpr double c_leastOnAll = 0.7;  // of the points, on all terraces together
+constexpr double c_outlier = 5;       // in standard deviations
 constexpr double c_deviation =
     1.4826; // standard deviation in median absolute deviations, of a normal distribution
 constexpr double c_rounding = 1e-9; // share of the range of heights that is not told from none
@@ -238,6 +239,24 @@ void Shift(const SGrid& grid, double height)
         z -= height;
 }
 
+// Whether the terraces hold enough of the points; if not, nothing is changed.
+bool FitTerraces(const SGrid& grid, const SGrid& smooth, std::size_t order, std::vector<TTerrace> terraces)
+{
+    const CPolynomialFit fit(grid, order, std::move(terraces));
+    const std::vector<double>& counts = fit.GetCounts();
+    const double all = std::accumulate(counts.begin(), counts.end(), 0.0);
+    if (all < c_leastOnAll * static_cast<double>(GetValid(grid).size()))
+        return false;
+    const std::vector<double> form = fit.Fit(grid);
+    fit.GetBasis().Subtract(smooth, form);
+    fit.GetBasis().Subtract(grid, form);
+    const auto most = std::max_element(counts.begin(), counts.end()) - counts.begin();
+    const double reference = fit.ComputeLevels(grid)[static_cast<std::size_t>(most)];
+    Shift(smooth, reference);
+    Shift(grid, reference);
+    return true;
+}
+
 } // namespace
 
 void RemoveTerraceForm(const SGrid& grid, const SGrid& smooth, std::size_t order)
@@ -254,15 +273,9 @@ void RemoveTerraceForm(const SGrid& grid, const SGrid& smooth, std::size_t order
         basis.Subtract(grid, slopes);
     }
     for (int pass = 0; pass < c_terracePasses; ++pass) {
-        const CPolynomialFit fit(grid, order, AssignTerraces(smooth, FindNoise(grid, along, across)));
-        const std::vector<double> form = fit.Fit(grid);
-        basis.Subtract(smooth, form);
-        basis.Subtract(grid, form);
-        const auto& counts = fit.GetCounts();
-        const auto most = std::max_element(counts.begin(), counts.end()) - counts.begin();
-        const double reference = fit.ComputeLevels(grid)[static_cast<std::size_t>(most)];
-        Shift(smooth, reference);
-        Shift(grid, reference);
+        const double noise = FindNoise(grid, along, across);
+        if (!FitTerraces(grid, smooth, order, AssignTerraces(smooth, noise)))
+            return RemovePolynomial(grid, order);
     }
 }
 

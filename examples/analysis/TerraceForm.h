@@ -22,6 +22,8 @@ namespace SurfaceAnalysis
 /// 4. The mean of the terrace with the most points becomes 0.
 ///
 /// Steps have to stand out of the smoothed differences, and terraces must be some six times the noise apart.
+/// Where all terraces together hold less than 70 % of the points, as on a wavy surface, there are none to
+/// speak of: the polynomial is fitted to all points, and the mean height becomes 0.
 /// @param grid changed in place; without a valid point nothing happens
 /// @param smooth the same points with less noise, as from SmoothInside, in which steps and terraces are
 ///     sought; changed in the same way

@@ -205,6 +205,21 @@ TEST(PlaneCorrection, LevelsTerraces)
     }
 }
 
+TEST(PlaneCorrection, WithoutTerracesTheWizardFitsAllPoints)
+{
+    const SSurface waves = MakeSurface(150, 100, [](double x, double y) {
+        return 50 * std::sin(x / 25) * std::cos(y / 30) + 0.3 * x - 0.1 * y;
+    });
+    for (const ECorrectionScope scope : {c_global, c_linewise}) {
+        const SSurface wizard = Corrected(waves, {scope, c_wizard, 1});
+        const SSurface plain = Corrected(waves, {scope, c_polynomial, 1});
+        double furthest = 0;
+        for (std::size_t i = 0; i < waves.heights.size(); ++i)
+            furthest = std::max(furthest, std::fabs(wizard.heights[i] - plain.heights[i]));
+        EXPECT_LT(furthest, 1e-11);
+    }
+}
+
 TEST(PlaneCorrection, MovesTheLowestPeakOfTheDistributionToZero)
 {
     CNoise noise;
