@@ -778,6 +778,8 @@ constexpr SStringTableRow c_english[] = {
     {10105, u"Length"},
     {10106, u"Fraction of the Evaluation Length"},
     {10107, u"Automatic"},
+    {10121, u"Smooth"},
+    {10122, u"Stripes"},
 };
 
 constexpr bool IsRising()
