@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace CommonUI::Detail
 {
@@ -36,13 +37,18 @@ public:
     template<class E>
     void operator()(std::u16string_view key, E& value, const CEnum<E>& names)
     {
+        if (m_ini.HasKey(key))
+            value = ValueOf(key, m_ini.ReadText(key), names);
+    }
+    template<class E>
+    void operator()(std::u16string_view key, std::vector<E>& values, const CEnum<E>& names)
+    {
         if (!m_ini.HasKey(key))
             return;
-        const CStr name = m_ini.ReadText(key);
-        if (const auto found = names.FindIniName(name); found != names.end())
-            value = static_cast<E>(found->GetValue());
-        else
-            Refuse(CStr::Format(u"%s: there is no \"%s\"", key, name));
+        values.clear();
+        // A text that is no list is read as the empty name, which no enumeration has.
+        for (const CStr& name : m_ini.ReadTexts(key, {CStr()}))
+            values.push_back(ValueOf(key, name, names));
     }
 
     bool IsUsable() const noexcept { return m_usable; }
@@ -50,6 +56,16 @@ public:
     const CInifile& GetIni() const noexcept { return m_ini; }
 
 private:
+    template<class E>
+    E ValueOf(std::u16string_view key, const CStr& name, const CEnum<E>& names)
+    {
+        const auto found = names.FindIniName(name);
+        if (found != names.end())
+            return static_cast<E>(found->GetValue());
+        Refuse(CStr::Format(u"%s: there is no \"%s\"", key, name));
+        return E();
+    }
+
     CInifile& m_ini;
     ESettingType m_type;
     CStr m_previous;
@@ -84,8 +100,15 @@ public:
     {
         m_ini.WriteText(key, names.GetIniName(static_cast<int>(value)));
     }
-
-    CInifile& GetIni() const noexcept { return m_ini; }
+    template<class E>
+    void operator()(std::u16string_view key, const std::vector<E>& values, const CEnum<E>& names)
+    {
+        std::vector<CStr> texts;
+        texts.reserve(values.size());
+        for (const E value : values)
+            texts.push_back(names.GetIniName(static_cast<int>(value)));
+        m_ini.WriteTexts(key, texts);
+    }
 
 private:
     CInifile& m_ini;

@@ -84,41 +84,28 @@ TEST(ColorScale, SavesAndLoads)
 TEST(ColorScale, RefusesWhatIsUnusable)
 {
     const std::string good = "[ColorScale]\nStop1=0,0,0,0\nStop2=1,255,255,255\n";
-    const struct {
-        std::string text;
-        std::vector<std::string> reasons; ///< none for what is a colour scale
-    } rows[] = {
-        {good, {}},
-        {"[ColorScale]\nStop1=0.5,0,0,0\nStop2=0.5,1,1,1\n", {}},
-        {good + "Stop4=nonsense\n", {}}, // stops end at the first number that is missing
-        {"", {"there is no such section", "fewer than two stops"}},
-        {"Stop1=0,0,0,0\nStop2=1,0,0,0\n", {"there is no such section", "fewer than two stops"}},
-        {"[ColorScale]\nStop1=0,0,0,0\n", {"fewer than two stops"}},
-        {good + "Stop3=1,0,0\n", {"Stop3: no position from 0 to 1 with red, green and blue of 0 to 255"}},
-        {good + "Stop3=1,0,0,256\n", {"Stop3: no position from 0 to 1 with red, green and blue of 0 to 255"}},
-        {good + "Stop3=1,0,0.5,0\n", {"Stop3: no position from 0 to 1 with red, green and blue of 0 to 255"}},
-        {good + "Stop3=nan,0,0,0\n", {"Stop3: no position from 0 to 1 with red, green and blue of 0 to 255"}},
-        {good + "Stop3=0.9,0,0,0\n", {"Stop3: below the stop before it"}},
-        {good + "Interpolation=smooth\n", {"Interpolation: there is no \"smooth\""}},
-        {good + "Below=red\nAbove=1,2\n", {"Below: no colour", "Above: no colour"}},
-    };
-    CRefusals refusals;
-    const SColorScale before{.stops = {{0, c_red}, {1, c_blue}}};
-    for (const auto& row : rows) {
-        SColorScale scale = before;
-        CInifile ini = IniOfText(row.text);
-        EXPECT_EQ(scale.Load(ini), row.reasons.empty()) << row.text;
-        EXPECT_EQ(scale == before, !row.reasons.empty()) << row.text;
-        std::vector<std::string> expected;
-        for (const std::string& reason : row.reasons)
-            expected.push_back("ColorScale: [ColorScale] " + reason);
-        EXPECT_EQ(refusals.Take(), expected) << row.text;
-    }
+    const std::string noStop = ": no position from 0 to 1 with red, green and blue of 0 to 255";
     std::string tooMany = "[ColorScale]\n";
     for (std::size_t i = 1; i <= SColorScale::c_mostStops + 1; ++i)
         tooMany += "Stop" + std::to_string(i) + "=0,0,0,0\n";
-    CInifile ini = IniOfText(tooMany);
-    EXPECT_FALSE(SColorScale().Load(ini));
+    const SColorScale before{.stops = {{0, c_red}, {1, c_blue}}};
+    ExpectReads(before, "ColorScale: [ColorScale] ",
+                {
+                    {good},
+                    {good + "Stop4=nonsense\n"}, // stops end at the first number that is missing
+                    {"[ColorScale]\nStop1=0.5,0,0,0\nStop2=0.5,1,1,1\n"},
+                    {"", {"there is no such section", "fewer than two stops"}},
+                    {"Stop1=0,0,0,0\nStop2=1,0,0,0\n", {"there is no such section", "fewer than two stops"}},
+                    {"[ColorScale]\nStop1=0,0,0,0\n", {"fewer than two stops"}},
+                    {good + "Stop3=1,0,0\n", {"Stop3" + noStop}},
+                    {good + "Stop3=1,0,0,256\n", {"Stop3" + noStop}},
+                    {good + "Stop3=1,0,0.5,0\n", {"Stop3" + noStop}},
+                    {good + "Stop3=nan,0,0,0\n", {"Stop3" + noStop}},
+                    {good + "Stop3=0.9,0,0,0\n", {"Stop3: below the stop before it"}},
+                    {good + "Interpolation=smooth\n", {"Interpolation: there is no \"smooth\""}},
+                    {good + "Below=red\nAbove=1,2\n", {"Below: no colour", "Above: no colour"}},
+                    {tooMany, {"Stop257: too many stops"}},
+                });
 }
 
 TEST(ColorScale, BuiltInScalesHoldWhatTheirNamesSay)

@@ -1,0 +1,58 @@
+#include "settings/AnimationSettings.h"
+
+#include "SettingTextTesting.h"
+
+#include <limits>
+
+using namespace CommonUI;
+
+TEST(AnimationSettings, FramesOfALoopDoNotShowItsBeginningTwice)
+{
+    SAnimationSettings animation{.duration = 2, .framesPerSecond = 10};
+    EXPECT_EQ(animation.GetFrameCount(), 20);
+    EXPECT_DOUBLE_EQ(animation.GetPosition(19), 0.95);
+    animation.loop = false;
+    EXPECT_DOUBLE_EQ(animation.GetPosition(19), 1);
+    const SAnimationSettings still{.duration = 0.1, .framesPerSecond = 1, .loop = false};
+    EXPECT_EQ(still.GetFrameCount(), 1);
+    EXPECT_EQ(still.GetPosition(0), 0);
+}
+
+TEST(AnimationSettings, ViewAtAPosition)
+{
+    const SAnimationSettings animation{
+        .keyFrames = {{0.2, {0, 10, 1}}, {0.6, {360, 30, 2}}, {0.6, {0, 90, 5}}}};
+    const struct {
+        double position;
+        SAnimationView view;
+    } rows[] = {
+        {0, {0, 10, 1}},   {0.2, {0, 10, 1}}, {0.3, {90, 15, 1.25}},
+        {0.6, {0, 90, 5}}, {1, {0, 90, 5}},   {std::numeric_limits<double>::quiet_NaN(), {0, 10, 1}},
+    };
+    for (const auto& row : rows) {
+        const SAnimationView view = animation.GetView(row.position);
+        EXPECT_NEAR(view.azimuth, row.view.azimuth, 1e-9) << row.position;
+        EXPECT_NEAR(view.elevation, row.view.elevation, 1e-9) << row.position;
+        EXPECT_NEAR(view.zoom, row.view.zoom, 1e-9) << row.position;
+    }
+}
+
+TEST(AnimationSettings, RefusesWhatIsUnusable)
+{
+    const std::string good = "[Animation]\nKeyFrame1=0,0,35,1\n";
+    const std::string noKeyFrame = ": no position, azimuth, elevation and zoom within their ranges";
+    ExpectReads(SAnimationSettings{.duration = 5}, "Animation: [Animation] ",
+                {
+                    {good + "Duration=0.1\nKeyFrame2=0,-720,90,0.01\n"},
+                    {"", {"there is no such section", "no key frame"}},
+                    {"[Animation]\nDuration=3\n", {"no key frame"}},
+                    {good + "Duration=0\n", {"Duration: no number from 0.1 to 3600"}},
+                    {good + "FramesPerSecond=25.5\n", {"FramesPerSecond: no integer from 1 to 120"}},
+                    {good + "KeyFrame2=1,0,35\n", {"KeyFrame2" + noKeyFrame}},
+                    {good + "KeyFrame2=1,0,91,1\n", {"KeyFrame2" + noKeyFrame}},
+                    {good + "KeyFrame2=1,0,35,0\n", {"KeyFrame2" + noKeyFrame}},
+                    {good + "KeyFrame2=1,nan,35,1\n", {"KeyFrame2" + noKeyFrame}},
+                    {"[Animation]\nKeyFrame1=1,0,0,1\nKeyFrame2=0.5,0,0,1\n",
+                     {"KeyFrame2: before the key frame in front of it"}},
+                });
+}

@@ -1,0 +1,85 @@
+#include "settings/RoughnessSettings.h"
+
+#include "SettingTextTesting.h"
+
+#include <set>
+
+using namespace CommonUI;
+
+namespace
+{
+
+using CData = CRoughnessAnalysisPreferencesData;
+
+std::string TextOf(const CData& data)
+{
+    CInifile ini;
+    SaveRoughnessSettings(data, ini);
+    return ini.GetBytes();
+}
+
+} // namespace
+
+TEST(RoughnessSettings, KeepMadeParametersAndAllChoices)
+{
+    CData data(EAnalysis::Roughness);
+    data.AddTemplateInstance(ERoughnessParameters::Sch, {95});
+    data.SetFormRemoval(ERoughnessFormRemoval::Parabola);
+    CInifile ini = IniOfText(TextOf(data));
+    EXPECT_TRUE(data.IsModified());
+
+    CData read(EAnalysis::Roughness);
+    read.SetParameterOn(static_cast<int>(ERoughnessParameters::Sdr), false);
+    read.SetAllowed({.plugIns = true});
+    read.ClearModified();
+    EXPECT_TRUE(LoadRoughnessSettings(ini, read));
+    EXPECT_EQ(TextOf(read), TextOf(data));
+    EXPECT_TRUE(read.IsModified());
+    EXPECT_TRUE(read.GetAllowed().plugIns);
+}
+
+TEST(RoughnessSettings, DefaultsForWhatIsNotSaid)
+{
+    CData read(EAnalysis::RoughnessProfile);
+    read.SetFormRemoval(ERoughnessFormRemoval::Parabola);
+    CInifile ini = IniOfText("[Analysis_RoughnessProfileAnalysis]\nWriteToFile=1\nReportOption=Telex\n");
+    CRefusals refusals;
+    EXPECT_TRUE(LoadRoughnessSettings(ini, read));
+    EXPECT_EQ(refusals.Take(), std::vector<std::string>{"Preferences: ReportOption: there is no \"Telex\""});
+    CData expected(EAnalysis::RoughnessProfile);
+    expected.SetWriteToFile(true);
+    EXPECT_EQ(TextOf(read), TextOf(expected));
+}
+
+TEST(RoughnessSettings, RefuseASetForTheOtherAnalysis)
+{
+    CInifile ini = BuiltInIni(EBuiltInSetting::bisRoughnessImageVORNClassic);
+    CData profile(EAnalysis::RoughnessProfile);
+    const std::string before = TextOf(profile);
+    CRefusals refusals;
+    EXPECT_FALSE(LoadRoughnessSettings(ini, profile));
+    EXPECT_EQ(refusals.Take(),
+              std::vector<std::string>{"ProfileRoughness: [Analysis_RoughnessProfileAnalysis] "
+                                       "there is no such section"});
+    EXPECT_EQ(TextOf(profile), before);
+    EXPECT_FALSE(profile.IsModified());
+}
+
+TEST(RoughnessSettings, BuiltInSetsHaveParametersOfTheirStandardOnly)
+{
+    const struct {
+        EBuiltInSetting setting;
+        EAnalysis analysis;
+    } rows[] = {{EBuiltInSetting::bisRoughnessImageVORNClassic, EAnalysis::Roughness},
+                {EBuiltInSetting::bisRoughnessProfileVORNClassic, EAnalysis::RoughnessProfile}};
+    for (const auto& row : rows) {
+        CInifile ini = BuiltInIni(row.setting);
+        CData data(row.analysis);
+        ASSERT_TRUE(LoadRoughnessSettings(ini, data));
+        std::set<int> standards;
+        for (const CParameter& parameter : data.GetParameters())
+            if (parameter.IsOn())
+                standards.insert(parameter.GetStandard());
+        EXPECT_EQ(standards, std::set<int>{static_cast<int>(EAnalysisStandards::VORNLegacy)});
+    }
+}
