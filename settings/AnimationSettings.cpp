@@ -1,6 +1,6 @@
 #include "settings/AnimationSettings.h"
 
-#include "settings/detail/SettingFields.h"
+#include "settings/detail/SettingsExchange.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,12 +13,12 @@ namespace
 
 constexpr std::u16string_view c_section = u"Animation";
 
-template<class TVisitor, class TSettings>
-void VisitFields(TVisitor& visit, TSettings& settings)
+template<class TStore, class TSettings>
+void Exchange(TStore& store, TSettings& settings)
 {
-    visit(u"Duration", settings.duration, {0.1, 3600});
-    visit(u"FramesPerSecond", settings.framesPerSecond, {1, 120});
-    visit(u"Loop", settings.loop);
+    store.NumberWithin(u"Duration", settings.duration, {0.1, 3600});
+    store.IntegerWithin(u"FramesPerSecond", settings.framesPerSecond, {1, 120});
+    store.Flag(u"Loop", settings.loop);
 }
 
 CStr KeyFrameKey(std::size_t index)
@@ -34,29 +34,27 @@ bool IsKeyFrame(const std::vector<double>& values)
         values, allowed, [](double value, const CRange<double>& range) { return range.Contains(value); });
 }
 
-void ReadKeyFrames(Detail::CSettingReader& reader, std::vector<SAnimationKeyFrame>& keyFrames)
+void ReadKeyFrames(Detail::CSettingsReader& reader, std::vector<SAnimationKeyFrame>& keyFrames)
 {
     for (CStr key = KeyFrameKey(0); reader.GetIni().HasKey(key); key = KeyFrameKey(keyFrames.size())) {
         const std::vector<double> values = reader.GetIni().ReadDoubles(key);
-        if (!IsKeyFrame(values))
-            return reader.Refuse(key + u": no position, azimuth, elevation and zoom within their ranges");
-        if (!keyFrames.empty() && values[0] < keyFrames.back().position)
-            return reader.Refuse(key + u": before the key frame in front of it");
-        if (keyFrames.size() == SAnimationSettings::c_mostKeyFrames)
-            return reader.Refuse(key + u": too many key frames");
+        const double earliest = keyFrames.empty() ? 0 : keyFrames.back().position;
+        if (!reader.Require(IsKeyFrame(values), key, u"a position and a view") ||
+            !reader.Require(values[0] >= earliest, key, u"at or behind the key frame before it") ||
+            !reader.Require(keyFrames.size() < SAnimationSettings::c_mostKeyFrames, u"too many key frames"))
+            return;
         keyFrames.push_back({values[0], {values[1], values[2], values[3]}});
     }
-    if (keyFrames.empty())
-        reader.Refuse(u"no key frame");
+    reader.Require(!keyFrames.empty(), u"no key frame");
 }
 
 } // namespace
 
 bool SAnimationSettings::Load(CInifile& ini)
 {
-    Detail::CSettingReader reader(ini, ESettingType::Animation, c_section);
+    Detail::CSettingsReader reader(ini, c_section);
     SAnimationSettings read{.keyFrames = {}};
-    VisitFields(reader, read);
+    Exchange(reader, read);
     ReadKeyFrames(reader, read.keyFrames);
     if (reader.IsUsable())
         *this = std::move(read);
@@ -65,8 +63,8 @@ bool SAnimationSettings::Load(CInifile& ini)
 
 void SAnimationSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingWriter writer(ini, c_section);
-    VisitFields(writer, *this);
+    Detail::CSettingsWriter writer(ini, c_section);
+    Exchange(writer, *this);
     for (std::size_t i = 0; i < keyFrames.size(); ++i) {
         const SAnimationView& view = keyFrames[i].view;
         ini.WriteDoubles(KeyFrameKey(i), {keyFrames[i].position, view.azimuth, view.elevation, view.zoom});

@@ -1,7 +1,7 @@
 #include "settings/BatchSequenceSettings.h"
 
 #include "settings/BuiltInSetting.h"
-#include "settings/detail/SettingFields.h"
+#include "settings/detail/SettingsExchange.h"
 
 namespace CommonUI
 {
@@ -24,18 +24,6 @@ CStr StepKey(std::size_t index)
     return CStr::Format(u"Step%u", static_cast<unsigned>(index + 1));
 }
 
-template<class TVisitor, class TStep>
-void VisitFields(TVisitor& visit, TStep& step, const CStr& key)
-{
-    visit(key, step.operation, GetBatchOperationEnum());
-    if (step.operation == EBatchOperation::Apply) {
-        visit(key + u"_Type", step.type, GetSettingTypeEnum());
-        visit(key + u"_Settings", step.settings);
-    } else if (step.operation == EBatchOperation::ShowProfiles) {
-        visit(key + u"_Profiles", step.profiles, {1, 16});
-    }
-}
-
 bool IsSettingsOf(ESettingType type, std::u16string_view settings)
 {
     if (settings.starts_with(c_file))
@@ -47,15 +35,21 @@ bool IsSettingsOf(ESettingType type, std::u16string_view settings)
     return found != builtIns.end() && GetSettingType(EBuiltInSetting{found->GetValue()}) == type;
 }
 
-void ReadStep(Detail::CSettingReader& reader, SBatchStep& step, const CStr& key)
+template<class TStore, class TStep>
+void Exchange(TStore& store, TStep& step, const CStr& key)
 {
-    VisitFields(reader, step, key);
-    if (!reader.IsUsable() || step.operation != EBatchOperation::Apply)
+    if (!store.Choice(key, GetBatchOperationEnum(), step.operation))
         return;
-    if (step.type == ESettingType::Unknown || step.type == ESettingType::Batch)
-        reader.Refuse(key + u"_Type: no type that a step can apply");
-    else if (!IsSettingsOf(step.type, step.settings))
-        reader.Refuse(CStr::Format(u"%s_Settings: \"%s\" is no set of this type", key, step.settings));
+    if (step.operation == EBatchOperation::ShowProfiles)
+        store.IntegerWithin(key + u"_Profiles", step.profiles, {1, 16});
+    if (step.operation != EBatchOperation::Apply)
+        return;
+    const bool isType = store.NeededChoice(key + u"_Type", GetSettingTypeEnum(), step.type) &&
+                        store.Require(step.type != ESettingType::Unknown && step.type != ESettingType::Batch,
+                                      key + u"_Type", u"a type that a step can apply");
+    store.Text(key + u"_Settings", step.settings);
+    if (isType)
+        store.Require(IsSettingsOf(step.type, step.settings), key + u"_Settings", u"a set of this type");
 }
 
 } // namespace
@@ -67,16 +61,14 @@ const CEnum<EBatchOperation>& GetBatchOperationEnum()
 
 bool SBatchSequenceSettings::Load(CInifile& ini)
 {
-    Detail::CSettingReader reader(ini, ESettingType::Batch, c_section);
+    Detail::CSettingsReader reader(ini, c_section);
     SBatchSequenceSettings read;
-    for (CStr key = StepKey(0); reader.IsUsable() && ini.HasKey(key); key = StepKey(read.steps.size())) {
-        if (read.steps.size() == c_mostSteps)
-            reader.Refuse(key + u": too many steps");
-        else
-            ReadStep(reader, read.steps.emplace_back(), key);
+    for (CStr key = StepKey(0); ini.HasKey(key); key = StepKey(read.steps.size())) {
+        if (!reader.Require(read.steps.size() < c_mostSteps, u"too many steps"))
+            break;
+        Exchange(reader, read.steps.emplace_back(), key);
     }
-    if (reader.IsUsable() && read.steps.empty())
-        reader.Refuse(u"no step");
+    reader.Require(!read.steps.empty(), u"no step");
     if (reader.IsUsable())
         *this = std::move(read);
     return reader.IsUsable();
@@ -84,9 +76,9 @@ bool SBatchSequenceSettings::Load(CInifile& ini)
 
 void SBatchSequenceSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingWriter writer(ini, c_section);
+    Detail::CSettingsWriter writer(ini, c_section);
     for (std::size_t i = 0; i < steps.size(); ++i)
-        VisitFields(writer, steps[i], StepKey(i));
+        Exchange(writer, steps[i], StepKey(i));
 }
 
 } // namespace CommonUI

@@ -1,6 +1,6 @@
 #include "settings/ColorScale.h"
 
-#include "settings/detail/SettingFields.h"
+#include "settings/detail/SettingsExchange.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,13 +18,13 @@ constexpr SEnumRow c_interpolations[] = {
 
 constexpr std::u16string_view c_section = u"ColorScale";
 
-template<class TVisitor, class TScale>
-void VisitFields(TVisitor& visit, TScale& scale)
+template<class TStore, class TScale>
+void Exchange(TStore& store, TScale& scale)
 {
-    visit(u"Interpolation", scale.interpolation, GetColorInterpolationEnum());
-    visit(u"Missing", scale.missing);
-    visit(u"Below", scale.below);
-    visit(u"Above", scale.above);
+    store.Choice(u"Interpolation", GetColorInterpolationEnum(), scale.interpolation);
+    store.OptionalColor(u"Missing", scale.missing);
+    store.OptionalColor(u"Below", scale.below);
+    store.OptionalColor(u"Above", scale.above);
 }
 
 CStr StopKey(std::size_t index)
@@ -48,20 +48,18 @@ std::optional<SColorStop> ReadStop(const CInifile& ini, const CStr& key)
     return SColorStop{values[0], {primary(1), primary(2), primary(3)}};
 }
 
-void ReadStops(Detail::CSettingReader& reader, std::vector<SColorStop>& stops)
+void ReadStops(Detail::CSettingsReader& reader, std::vector<SColorStop>& stops)
 {
     for (CStr key = StopKey(0); reader.GetIni().HasKey(key); key = StopKey(stops.size())) {
         const std::optional<SColorStop> stop = ReadStop(reader.GetIni(), key);
-        if (!stop)
-            return reader.Refuse(key + u": no position from 0 to 1 with red, green and blue of 0 to 255");
-        if (!stops.empty() && stop->position < stops.back().position)
-            return reader.Refuse(key + u": below the stop before it");
-        if (stops.size() == SColorScale::c_mostStops)
-            return reader.Refuse(key + u": too many stops");
+        const double lowest = stops.empty() ? 0 : stops.back().position;
+        if (!reader.Require(stop.has_value(), key, u"a position and a colour") ||
+            !reader.Require(stop->position >= lowest, key, u"at or above the stop before it") ||
+            !reader.Require(stops.size() < SColorScale::c_mostStops, u"too many stops"))
+            return;
         stops.push_back(*stop);
     }
-    if (stops.size() < 2)
-        reader.Refuse(u"fewer than two stops");
+    reader.Require(stops.size() >= 2, u"fewer than two stops");
 }
 
 std::uint8_t Between(std::uint8_t from, std::uint8_t to, double share)
@@ -78,9 +76,9 @@ const CEnum<EColorInterpolation>& GetColorInterpolationEnum()
 
 bool SColorScale::Load(CInifile& ini)
 {
-    Detail::CSettingReader reader(ini, ESettingType::ColorScale, c_section);
+    Detail::CSettingsReader reader(ini, c_section);
     SColorScale read{.stops = {}};
-    VisitFields(reader, read);
+    Exchange(reader, read);
     ReadStops(reader, read.stops);
     if (reader.IsUsable())
         *this = std::move(read);
@@ -89,8 +87,8 @@ bool SColorScale::Load(CInifile& ini)
 
 void SColorScale::Save(CInifile& ini) const
 {
-    Detail::CSettingWriter writer(ini, c_section);
-    VisitFields(writer, *this);
+    Detail::CSettingsWriter writer(ini, c_section);
+    Exchange(writer, *this);
     for (std::size_t i = 0; i < stops.size(); ++i) {
         const SColor& color = stops[i].color;
         ini.WriteDoubles(StopKey(i), {stops[i].position, static_cast<double>(color.red),

@@ -1,6 +1,6 @@
 #include "settings/GrainThresholdSettings.h"
 
-#include "settings/detail/SettingFields.h"
+#include "settings/detail/SettingsExchange.h"
 
 #include <limits>
 
@@ -31,15 +31,15 @@ constexpr CRange<double> AllowedValue(EGrainThreshold threshold)
     return isShare ? CRange(0.0, 100.0) : CRange(-c_greatest, c_greatest);
 }
 
-template<class TVisitor, class TSettings>
-void VisitFields(TVisitor& visit, TSettings& settings)
+template<class TStore, class TSettings>
+void Exchange(TStore& store, TSettings& settings)
 {
-    visit(u"Side", settings.side, GetGrainSideEnum());
-    visit(u"Threshold", settings.threshold, GetGrainThresholdEnum());
-    visit(u"Value", settings.value, AllowedValue(settings.threshold));
-    visit(u"MinimumArea", settings.minimumArea, {0, c_greatest});
-    visit(u"MinimumPoints", settings.minimumPoints, {1, std::numeric_limits<int>::max()});
-    visit(u"IncludeEdgeGrains", settings.includeEdgeGrains);
+    store.Choice(u"Side", GetGrainSideEnum(), settings.side);
+    store.Choice(u"Threshold", GetGrainThresholdEnum(), settings.threshold);
+    store.NumberWithin(u"Value", settings.value, AllowedValue(settings.threshold));
+    store.NumberWithin(u"MinimumArea", settings.minimumArea, {0, c_greatest});
+    store.IntegerWithin(u"MinimumPoints", settings.minimumPoints, {1, std::numeric_limits<int>::max()});
+    store.Flag(u"IncludeEdgeGrains", settings.includeEdgeGrains);
 }
 
 } // namespace
@@ -56,9 +56,10 @@ const CEnum<EGrainThreshold>& GetGrainThresholdEnum()
 
 bool SGrainThresholdSettings::Load(CInifile& ini)
 {
-    Detail::CSettingReader reader(ini, ESettingType::PnP, c_section);
+    Detail::CSettingsReader reader(ini, c_section);
+    reader.Require(ini.HasSection(c_section), u"there is no such section");
     SGrainThresholdSettings read;
-    VisitFields(reader, read);
+    Exchange(reader, read);
     if (reader.IsUsable())
         *this = read;
     return reader.IsUsable();
@@ -66,8 +67,8 @@ bool SGrainThresholdSettings::Load(CInifile& ini)
 
 void SGrainThresholdSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingWriter writer(ini, c_section);
-    VisitFields(writer, *this);
+    Detail::CSettingsWriter writer(ini, c_section);
+    Exchange(writer, *this);
 }
 
 } // namespace CommonUI

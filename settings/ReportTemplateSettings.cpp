@@ -1,6 +1,6 @@
 #include "settings/ReportTemplateSettings.h"
 
-#include "settings/detail/SettingFields.h"
+#include "settings/detail/SettingsExchange.h"
 
 namespace CommonUI
 {
@@ -50,17 +50,20 @@ constexpr SEnumRow c_blocks[] = {
 
 constexpr std::u16string_view c_section = u"ReportTemplate";
 
-template<class TVisitor, class TSettings>
-void VisitFields(TVisitor& visit, TSettings& settings)
+template<class TStore, class TSettings>
+void Exchange(TStore& store, TSettings& settings)
 {
-    visit(u"Format", settings.format, GetReportFormatEnum());
-    visit(u"Orientation", settings.orientation, GetReportOrientationEnum());
-    visit(u"Scope", settings.scope, GetReportScopeEnum());
-    visit(u"Columns", settings.columns, {1, 4});
-    visit(u"Margin", settings.margin, {0, 100});
-    visit(u"Title", settings.title);
-    visit(u"GrainQuantities", settings.grainQuantities, GetMeasureParametersEnum());
-    visit(u"Blocks", settings.blocks, GetReportBlockEnum());
+    store.Choice(u"Format", GetReportFormatEnum(), settings.format);
+    store.Choice(u"Orientation", GetReportOrientationEnum(), settings.orientation);
+    store.Choice(u"Scope", GetReportScopeEnum(), settings.scope);
+    store.IntegerWithin(u"Columns", settings.columns, {1, 4});
+    store.NumberWithin(u"Margin", settings.margin, {0, 100});
+    store.Text(u"Title", settings.title);
+    store.Choices(u"GrainQuantities", GetMeasureParametersEnum(), settings.grainQuantities);
+    if (store.Choices(u"Blocks", GetReportBlockEnum(), settings.blocks))
+        store.Require(
+            CRange(std::size_t{1}, SReportTemplateSettings::c_mostBlocks).Contains(settings.blocks.size()),
+            u"Blocks", u"a list of 1 to 64 blocks");
 }
 
 } // namespace
@@ -87,13 +90,9 @@ const CEnum<EReportBlock>& GetReportBlockEnum()
 
 bool SReportTemplateSettings::Load(CInifile& ini)
 {
-    Detail::CSettingReader reader(ini, ESettingType::ActiveReport, c_section);
+    Detail::CSettingsReader reader(ini, c_section);
     SReportTemplateSettings read{.blocks = {}};
-    VisitFields(reader, read);
-    if (reader.IsUsable() && read.blocks.empty())
-        reader.Refuse(u"Blocks: there is none");
-    if (read.blocks.size() > c_mostBlocks)
-        reader.Refuse(u"Blocks: there are too many");
+    Exchange(reader, read);
     if (reader.IsUsable())
         *this = std::move(read);
     return reader.IsUsable();
@@ -101,8 +100,8 @@ bool SReportTemplateSettings::Load(CInifile& ini)
 
 void SReportTemplateSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingWriter writer(ini, c_section);
-    VisitFields(writer, *this);
+    Detail::CSettingsWriter writer(ini, c_section);
+    Exchange(writer, *this);
 }
 
 } // namespace CommonUI

@@ -1,6 +1,6 @@
 #include "settings/RoughnessSettings.h"
 
-#include "settings/detail/SettingFields.h"
+#include "settings/detail/SettingsExchange.h"
 
 namespace CommonUI
 {
@@ -17,11 +17,9 @@ CStr SectionOf(EAnalysis analysis)
 
 bool LoadRoughnessSettings(CInifile& ini, CRoughnessAnalysisPreferencesData& data)
 {
-    const EAnalysis analysis = data.GetAnalysis();
-    const ESettingType type =
-        analysis == EAnalysis::Roughness ? ESettingType::ImageRoughness : ESettingType::ProfileRoughness;
-    const Detail::CSettingReader reader(ini, type, SectionOf(analysis));
-    if (!reader.IsUsable())
+    const CStr section = SectionOf(data.GetAnalysis());
+    Detail::CSettingsReader reader(ini, section);
+    if (!reader.Require(ini.HasSection(section), u"there is no such section"))
         return false;
     CRoughnessAnalysisPreferencesData read = data;
     read.Init();
@@ -31,7 +29,7 @@ bool LoadRoughnessSettings(CInifile& ini, CRoughnessAnalysisPreferencesData& dat
 
 void SaveRoughnessSettings(const CRoughnessAnalysisPreferencesData& data, CInifile& ini)
 {
-    const Detail::CSettingWriter writer(ini, SectionOf(data.GetAnalysis()));
+    const Detail::CSettingsWriter writer(ini, SectionOf(data.GetAnalysis()));
     CRoughnessAnalysisPreferencesData(data).Save(ini);
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace CommonUI::Detail
@@ -61,10 +62,56 @@ bool CSettingsReader::Positive(std::u16string_view key, double& value, double gr
            Refuse(key, CStr::Format(u"a number above 0, at most %G", greatest));
 }
 
+bool CSettingsReader::IntegerWithin(std::u16string_view key, int& value, const CRange<int>& allowed)
+{
+    if (m_ini.HasKey(key))
+        value = m_ini.ReadInt(key, std::numeric_limits<int>::min());
+    return allowed.Contains(value) ||
+           Refuse(key, CStr::Format(u"a whole number from %d to %d", allowed.GetLower(), allowed.GetUpper()));
+}
+
+bool CSettingsReader::NumberWithin(std::u16string_view key, double& value, const CRange<double>& allowed)
+{
+    if (m_ini.HasKey(key))
+        value = m_ini.ReadDouble(key, std::numeric_limits<double>::quiet_NaN());
+    return allowed.Contains(value) ||
+           Refuse(key, CStr::Format(u"a number from %G to %G", allowed.GetLower(), allowed.GetUpper()));
+}
+
 bool CSettingsReader::Numbers(std::u16string_view key, std::vector<double>& values, int count)
 {
     values = m_ini.ReadDoubles(key);
     return AreFinite(values, count) || Refuse(key, CStr::Format(u"%d finite numbers", count));
+}
+
+bool CSettingsReader::Flag(std::u16string_view key, bool& value)
+{
+    value = m_ini.ReadBool(key, value);
+    return !m_ini.HasKey(key) || m_ini.ReadBool(key, !value) == value || Refuse(key, u"1 or 0");
+}
+
+bool CSettingsReader::Text(std::u16string_view key, CStr& value)
+{
+    value = m_ini.ReadText(key, value);
+    return true;
+}
+
+bool CSettingsReader::OptionalColor(std::u16string_view key, std::optional<SColor>& value)
+{
+    if (!m_ini.HasKey(key))
+        return true;
+    constexpr SColor white{255, 255, 255};
+    value = m_ini.ReadColor(key, SColor{});
+    return m_ini.ReadColor(key, white) == *value || Refuse(key, u"a colour");
+}
+
+bool CSettingsReader::Require(bool condition, std::u16string_view reason)
+{
+    if (!condition)
+        GetDiagnostics().Write(u"Settings", EDiagnosticLevel::Warning,
+                               CStr::Format(u"[%s] %s", m_ini.GetSection(), reason));
+    m_usable = m_usable && condition;
+    return condition;
 }
 
 bool CSettingsReader::Refuse(std::u16string_view key, std::u16string_view expected)
@@ -100,10 +147,41 @@ bool CSettingsWriter::Positive(std::u16string_view key, double value, double gre
     return IsPositive(value, greatest);
 }
 
+bool CSettingsWriter::IntegerWithin(std::u16string_view key, int value, const CRange<int>& allowed)
+{
+    m_ini.WriteInt(key, value);
+    return allowed.Contains(value);
+}
+
+bool CSettingsWriter::NumberWithin(std::u16string_view key, double value, const CRange<double>& allowed)
+{
+    m_ini.WriteDouble(key, value);
+    return allowed.Contains(value);
+}
+
 bool CSettingsWriter::Numbers(std::u16string_view key, const std::vector<double>& values, int count)
 {
     m_ini.WriteDoubles(key, values);
     return AreFinite(values, count);
+}
+
+bool CSettingsWriter::Flag(std::u16string_view key, bool value)
+{
+    m_ini.WriteBool(key, value);
+    return true;
+}
+
+bool CSettingsWriter::Text(std::u16string_view key, const CStr& value)
+{
+    m_ini.WriteText(key, value);
+    return true;
+}
+
+bool CSettingsWriter::OptionalColor(std::u16string_view key, const std::optional<SColor>& value)
+{
+    if (value)
+        m_ini.WriteColor(key, *value);
+    return true;
 }
 
 } // namespace CommonUI::Detail

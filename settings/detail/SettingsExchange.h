@@ -1,9 +1,12 @@
 #pragma once
 
+#include "common/Color.h"
 #include "common/Enum.h"
 #include "common/Inifile.h"
+#include "common/Range.h"
 #include "model/detail/SectionScope.h"
 
+#include <optional>
 #include <string_view>
 #include <type_traits>
 #include <vector>
@@ -52,13 +55,37 @@ public:
     bool OddInteger(std::u16string_view key, int& value, int greatest);
     /// Above 0 and finite, at most `greatest`.
     bool Positive(std::u16string_view key, double& value, double greatest);
+    bool IntegerWithin(std::u16string_view key, int& value, const CRange<int>& allowed);
+    bool NumberWithin(std::u16string_view key, double& value, const CRange<double>& allowed);
     /// `count` finite numbers.
     bool Numbers(std::u16string_view key, std::vector<double>& values, int count);
+    bool Flag(std::u16string_view key, bool& value);
+    bool Text(std::u16string_view key, CStr& value);
+    bool OptionalColor(std::u16string_view key, std::optional<SColor>& value);
+    template<class E>
+    bool Choices(std::u16string_view key, const CEnum<E>& choices, std::vector<E>& values)
+    {
+        if (!m_ini.HasKey(key))
+            return true;
+        values.clear();
+        // A text that is no list is read as the empty name, which is no choice.
+        for (const CStr& name : m_ini.ReadTexts(key, {CStr()})) {
+            const auto found = choices.FindIniName(name);
+            if (found == choices.end())
+                return Refuse(key, u"a list of choices that are known");
+            values.push_back(static_cast<E>(found->GetValue()));
+        }
+        return true;
+    }
     /// What several values have to be together.
     bool Require(bool condition, std::u16string_view key, std::u16string_view expected)
     {
         return condition || Refuse(key, expected);
     }
+    /// What the section as a whole has to be.
+    bool Require(bool condition, std::u16string_view reason);
+
+    const CInifile& GetIni() const { return m_ini; }
 
 private:
     bool Refuse(std::u16string_view key, std::u16string_view expected);
@@ -94,7 +121,22 @@ public:
     bool Integer(std::u16string_view key, int value, int greatest);
     bool OddInteger(std::u16string_view key, int value, int greatest);
     bool Positive(std::u16string_view key, double value, double greatest);
+    bool IntegerWithin(std::u16string_view key, int value, const CRange<int>& allowed);
+    bool NumberWithin(std::u16string_view key, double value, const CRange<double>& allowed);
     bool Numbers(std::u16string_view key, const std::vector<double>& values, int count);
+    bool Flag(std::u16string_view key, bool value);
+    bool Text(std::u16string_view key, const CStr& value);
+    bool OptionalColor(std::u16string_view key, const std::optional<SColor>& value);
+    template<class E>
+    bool Choices(std::u16string_view key, const CEnum<E>& choices, const std::vector<E>& values)
+    {
+        std::vector<CStr> names;
+        names.reserve(values.size());
+        for (const E value : values)
+            names.push_back(choices.GetIniName(static_cast<int>(value)));
+        m_ini.WriteTexts(key, names);
+        return true;
+    }
     static bool Require(bool condition, std::u16string_view, std::u16string_view) { return condition; }
 
 private:

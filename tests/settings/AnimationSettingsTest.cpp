@@ -1,6 +1,6 @@
 #include "settings/AnimationSettings.h"
 
-#include "SettingTextTesting.h"
+#include "ReaderTesting.h"
 
 #include <limits>
 
@@ -40,19 +40,19 @@ TEST(AnimationSettings, ViewAtAPosition)
 TEST(AnimationSettings, RefusesWhatIsUnusable)
 {
     const std::string good = "[Animation]\nKeyFrame1=0,0,35,1\n";
-    const std::string noKeyFrame = ": no position, azimuth, elevation and zoom within their ranges";
-    ExpectReads(SAnimationSettings{.duration = 5}, "Animation: [Animation] ",
-                {
-                    {good + "Duration=0.1\nKeyFrame2=0,-720,90,0.01\n"},
-                    {"", {"there is no such section", "no key frame"}},
-                    {"[Animation]\nDuration=3\n", {"no key frame"}},
-                    {good + "Duration=0\n", {"Duration: no number from 0.1 to 3600"}},
-                    {good + "FramesPerSecond=25.5\n", {"FramesPerSecond: no integer from 1 to 120"}},
-                    {good + "KeyFrame2=1,0,35\n", {"KeyFrame2" + noKeyFrame}},
-                    {good + "KeyFrame2=1,0,91,1\n", {"KeyFrame2" + noKeyFrame}},
-                    {good + "KeyFrame2=1,0,35,0\n", {"KeyFrame2" + noKeyFrame}},
-                    {good + "KeyFrame2=1,nan,35,1\n", {"KeyFrame2" + noKeyFrame}},
-                    {"[Animation]\nKeyFrame1=1,0,0,1\nKeyFrame2=0.5,0,0,1\n",
-                     {"KeyFrame2: before the key frame in front of it"}},
-                });
+    ExpectReads(
+        SAnimationSettings{.duration = 5}, "Animation",
+        {
+            {good + "Duration=0.1\nKeyFrame2=0,-720,90,0.01\n"},
+            {"", {"no key frame"}},
+            {"[Animation]\nDuration=3\n", {"no key frame"}},
+            {good + "Duration=0\n", {"Duration=0 is not a number from 0.1 to 3600"}},
+            {good + "FramesPerSecond=25.5\n", {"FramesPerSecond=25.5 is not a whole number from 1 to 120"}},
+            {good + "KeyFrame2=1,0,35\n", {"KeyFrame2=1,0,35 is not a position and a view"}},
+            {good + "KeyFrame2=1,0,91,1\n", {"KeyFrame2=1,0,91,1 is not a position and a view"}},
+            {good + "KeyFrame2=1,0,35,0\n", {"KeyFrame2=1,0,35,0 is not a position and a view"}},
+            {good + "KeyFrame2=1,nan,35,1\n", {"KeyFrame2=1,nan,35,1 is not a position and a view"}},
+            {"[Animation]\nKeyFrame1=1,0,0,1\nKeyFrame2=0.5,0,0,1\n",
+             {"KeyFrame2=0.5,0,0,1 is not at or behind the key frame before it"}},
+        });
 }

@@ -1,6 +1,6 @@
 #include "settings/BatchSequenceSettings.h"
 
-#include "SettingTextTesting.h"
+#include "ReaderTesting.h"
 
 using namespace CommonUI;
 
@@ -28,29 +28,28 @@ TEST(BatchSequenceSettings, RefusesWhatIsUnusable)
         return "[Batch]\nStep1=Apply\nStep1_Type=" + type + "\nStep1_Settings=" + settings + "\n";
     };
     const auto noSet = [](const std::string& settings) {
-        return std::vector<std::string>{"Step1_Settings: \"" + settings + "\" is no set of this type"};
+        return std::vector<std::string>{"Step1_Settings=" + settings + " is not a set of this type"};
     };
-    const std::vector<std::string> noType = {"Step1_Type: no type that a step can apply"};
-    ExpectReads(
-        SBatchSequenceSettings{}, "Batch: [Batch] ",
-        {
-            {apply("Filter", "FILE:x")}, // whether there is such a file is seen when the step is done
-            {"[Batch]\nStep1=ShowProfiles\nStep3=nonsense\n"},
-            {"",
-             {
-                 "there is no such section",
-             }},
-            {"[Batch]\n", {"no step"}},
-            {"[Batch]\nStep1=apply\n", {"Step1: there is no \"apply\""}},
-            {"[Batch]\nStep1=Apply\n", noType},
-            {apply("Unknown", "FILE:x"), noType},
-            {apply("Batch", "BUILT-IN:bisBatchQuickLaunchBasicDoc"), noType},
-            {apply("Filters", "FILE:x"), {"Step1_Type: there is no \"Filters\""}},
-            {apply("Filter", ""), noSet("")},
-            {apply("Filter", "FILE:"), noSet("FILE:")},
-            {apply("Filter", "x.flt"), noSet("x.flt")},
-            {apply("Filter", "BUILT-IN:CSQuickLaunchGray"), noSet("BUILT-IN:CSQuickLaunchGray")},
-            {apply("Filter", "BUILT-IN:CSQuickLaunchGrey"), noSet("BUILT-IN:CSQuickLaunchGrey")},
-            {"[Batch]\nStep1=ShowProfiles\nStep1_Profiles=0\n", {"Step1_Profiles: no integer from 1 to 16"}},
-        });
+    const auto noType = [](const std::string& type) {
+        return std::vector<std::string>{"Step1_Type=" + type + " is not a type that a step can apply"};
+    };
+    ExpectReads(SBatchSequenceSettings{}, "Batch",
+                {
+                    {apply("Filter", "FILE:x")}, // whether there is such a file is seen when the step is done
+                    {"[Batch]\nStep1=ShowProfiles\nStep3=nonsense\n"},
+                    {"", {"no step"}},
+                    {"[Batch]\n", {"no step"}},
+                    {"[Batch]\nStep1=apply\n", {"Step1=apply is not a choice that is known"}},
+                    {"[Batch]\nStep1=Apply\n", {"Step1_Type= is not a choice that is known"}},
+                    {apply("Unknown", "FILE:x"), noType("Unknown")},
+                    {apply("Batch", "BUILT-IN:bisBatchQuickLaunchBasicDoc"), noType("Batch")},
+                    {apply("Filters", "FILE:x"), {"Step1_Type=Filters is not a choice that is known"}},
+                    {apply("Filter", ""), noSet("")},
+                    {apply("Filter", "FILE:"), noSet("FILE:")},
+                    {apply("Filter", "x.flt"), noSet("x.flt")},
+                    {apply("Filter", "BUILT-IN:CSQuickLaunchGray"), noSet("BUILT-IN:CSQuickLaunchGray")},
+                    {apply("Filter", "BUILT-IN:CSQuickLaunchGrey"), noSet("BUILT-IN:CSQuickLaunchGrey")},
+                    {"[Batch]\nStep1=ShowProfiles\nStep1_Profiles=0\n",
+                     {"Step1_Profiles=0 is not a whole number from 1 to 16"}},
+                });
 }

@@ -1,6 +1,6 @@
 #include "settings/ColorScale.h"
 
-#include "SettingTextTesting.h"
+#include "ReaderTesting.h"
 
 #include <gtest/gtest.h>
 
@@ -69,7 +69,7 @@ TEST(ColorScale, SavesAndLoads)
                             .missing = SColor{1, 2, 3},
                             .below = c_blue,
                             .above = {}};
-    CInifile ini = IniOfText("[Other]\nKey=1\n[ColorScale]\nAbove=1,1,1\nStop9=1,0,0,0\n");
+    CInifile ini = Document(u"[Other]\nKey=1\n[ColorScale]\nAbove=1,1,1\nStop9=1,0,0,0\n");
     ini.SelectSection(u"Other");
     scale.Save(ini);
     SColorScale read;
@@ -84,40 +84,34 @@ TEST(ColorScale, SavesAndLoads)
 TEST(ColorScale, RefusesWhatIsUnusable)
 {
     const std::string good = "[ColorScale]\nStop1=0,0,0,0\nStop2=1,255,255,255\n";
-    const std::string noStop = ": no position from 0 to 1 with red, green and blue of 0 to 255";
     std::string tooMany = "[ColorScale]\n";
     for (std::size_t i = 1; i <= SColorScale::c_mostStops + 1; ++i)
         tooMany += "Stop" + std::to_string(i) + "=0,0,0,0\n";
     const SColorScale before{.stops = {{0, c_red}, {1, c_blue}}};
-    ExpectReads(before, "ColorScale: [ColorScale] ",
-                {
-                    {good},
-                    {good + "Stop4=nonsense\n"}, // stops end at the first number that is missing
-                    {"[ColorScale]\nStop1=0.5,0,0,0\nStop2=0.5,1,1,1\n"},
-                    {"", {"there is no such section", "fewer than two stops"}},
-                    {"Stop1=0,0,0,0\nStop2=1,0,0,0\n", {"there is no such section", "fewer than two stops"}},
-                    {"[ColorScale]\nStop1=0,0,0,0\n", {"fewer than two stops"}},
-                    {good + "Stop3=1,0,0\n", {"Stop3" + noStop}},
-                    {good + "Stop3=1,0,0,256\n", {"Stop3" + noStop}},
-                    {good + "Stop3=1,0,0.5,0\n", {"Stop3" + noStop}},
-                    {good + "Stop3=nan,0,0,0\n", {"Stop3" + noStop}},
-                    {good + "Stop3=0.9,0,0,0\n", {"Stop3: below the stop before it"}},
-                    {good + "Interpolation=smooth\n", {"Interpolation: there is no \"smooth\""}},
-                    {good + "Below=red\nAbove=1,2\n", {"Below: no colour", "Above: no colour"}},
-                    {tooMany, {"Stop257: too many stops"}},
-                });
+    ExpectReads(
+        before, "ColorScale",
+        {
+            {good},
+            {good + "Stop4=nonsense\n"}, // stops end at the first number that is missing
+            {"[ColorScale]\nStop1=0.5,0,0,0\nStop2=0.5,1,1,1\n"},
+            {"", {"fewer than two stops"}},
+            {"Stop1=0,0,0,0\nStop2=1,0,0,0\n", {"fewer than two stops"}},
+            {"[ColorScale]\nStop1=0,0,0,0\n", {"fewer than two stops"}},
+            {good + "Stop3=1,0,0\n", {"Stop3=1,0,0 is not a position and a colour"}},
+            {good + "Stop3=1,0,0,256\n", {"Stop3=1,0,0,256 is not a position and a colour"}},
+            {good + "Stop3=1,0,0.5,0\n", {"Stop3=1,0,0.5,0 is not a position and a colour"}},
+            {good + "Stop3=nan,0,0,0\n", {"Stop3=nan,0,0,0 is not a position and a colour"}},
+            {good + "Stop3=0.9,0,0,0\n", {"Stop3=0.9,0,0,0 is not at or above the stop before it"}},
+            {good + "Interpolation=smooth\n", {"Interpolation=smooth is not a choice that is known"}},
+            {good + "Below=red\nAbove=1,2\n", {"Below=red is not a colour", "Above=1,2 is not a colour"}},
+            {tooMany, {"too many stops"}},
+        });
 }
 
 TEST(ColorScale, BuiltInScalesHoldWhatTheirNamesSay)
 {
-    const auto scaleOf = [](EBuiltInSetting setting) {
-        CInifile ini = BuiltInIni(setting);
-        SColorScale scale;
-        EXPECT_TRUE(scale.Load(ini));
-        return scale;
-    };
-    const SColorScale grey = scaleOf(EBuiltInSetting::CSQuickLaunchGrey);
-    const SColorScale inverted = scaleOf(EBuiltInSetting::CSQuickLaunchInvGrey);
+    const SColorScale grey = BuiltIn<SColorScale>(177);
+    const SColorScale inverted = BuiltIn<SColorScale>(178);
     for (const double position : {0.0, 0.2, 0.7, 1.0})
         EXPECT_EQ(grey.GetColor(position), inverted.GetColor(1 - position));
 
@@ -126,6 +120,6 @@ TEST(ColorScale, BuiltInScalesHoldWhatTheirNamesSay)
         table.erase(std::unique(table.begin(), table.end()), table.end());
         return table.size();
     };
-    EXPECT_EQ(countStripes(scaleOf(EBuiltInSetting::CSQuickLaunchStripes5)), 5u);
-    EXPECT_EQ(countStripes(scaleOf(EBuiltInSetting::CSQuickLaunchStripes10)), 10u);
+    EXPECT_EQ(countStripes(BuiltIn<SColorScale>(195)), 5u);
+    EXPECT_EQ(countStripes(BuiltIn<SColorScale>(196)), 10u);
 }

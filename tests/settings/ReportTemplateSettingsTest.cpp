@@ -1,6 +1,6 @@
 #include "settings/ReportTemplateSettings.h"
 
-#include "SettingTextTesting.h"
+#include "ReaderTesting.h"
 
 using namespace CommonUI;
 
@@ -29,22 +29,25 @@ TEST(ReportTemplateSettings, SavesAndLoads)
 TEST(ReportTemplateSettings, RefusesWhatIsUnusable)
 {
     const std::string good = "[ReportTemplate]\nBlocks=Title,Image\n";
-    std::string tooMany = "[ReportTemplate]\nBlocks=Title";
+    std::string tooMany = "Blocks=Title";
     for (std::size_t i = 0; i < SReportTemplateSettings::c_mostBlocks; ++i)
         tooMany += ",Image";
-    ExpectReads(SReportTemplateSettings{.columns = 2}, "ActiveReport: [ReportTemplate] ",
-                {
-                    {good},
-                    {good + "GrainQuantities=\n"},
-                    {"<html>\n", {"there is no such section"}},
-                    {"[ReportTemplate]\n", {"Blocks: there is none"}},
-                    {"[ReportTemplate]\nBlocks=\n", {"Blocks: there is none"}},
-                    {"[ReportTemplate]\nBlocks=Title,Sound\n", {"Blocks: there is no \"Sound\""}},
-                    {"[ReportTemplate]\nBlocks=Title,\"Image\n", {"Blocks: there is no \"\""}},
-                    {tooMany, {"Blocks: there are too many"}},
-                    {good + "GrainQuantities=Volume,Taste\n", {"GrainQuantities: there is no \"Taste\""}},
-                    {good + "Columns=5\nMargin=-1\n",
-                     {"Columns: no integer from 1 to 4", "Margin: no number from 0 to 100"}},
-                    {good + "Format=PDF\n", {"Format: there is no \"PDF\""}},
-                });
+    ExpectReads(
+        SReportTemplateSettings{.columns = 2}, "ReportTemplate",
+        {
+            {good},
+            {good + "GrainQuantities=\n"},
+            {"<html>\n", {"Blocks= is not a list of 1 to 64 blocks"}},
+            {"[ReportTemplate]\nBlocks=\n", {"Blocks= is not a list of 1 to 64 blocks"}},
+            {"[ReportTemplate]\nBlocks=Title,Sound\n",
+             {"Blocks=Title,Sound is not a list of choices that are known"}},
+            {"[ReportTemplate]\nBlocks=Title,\"Image\n",
+             {"Blocks=Title,\"Image is not a list of choices that are known"}},
+            {"[ReportTemplate]\n" + tooMany + "\n", {tooMany + " is not a list of 1 to 64 blocks"}},
+            {good + "GrainQuantities=Volume,Taste\n",
+             {"GrainQuantities=Volume,Taste is not a list of choices that are known"}},
+            {good + "Columns=5\nMargin=-1\n",
+             {"Columns=5 is not a whole number from 1 to 4", "Margin=-1 is not a number from 0 to 100"}},
+            {good + "Format=PDF\n", {"Format=PDF is not a choice that is known"}},
+        });
 }

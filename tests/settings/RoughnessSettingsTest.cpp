@@ -1,6 +1,6 @@
 #include "settings/RoughnessSettings.h"
 
-#include "SettingTextTesting.h"
+#include "ReaderTesting.h"
 
 #include <set>
 
@@ -25,7 +25,7 @@ TEST(RoughnessSettings, KeepMadeParametersAndAllChoices)
     CData data(EAnalysis::Roughness);
     data.AddTemplateInstance(ERoughnessParameters::Sch, {95});
     data.SetFormRemoval(ERoughnessFormRemoval::Parabola);
-    CInifile ini = IniOfText(TextOf(data));
+    CInifile ini = Document(CStr::FromUtf8(TextOf(data)));
     EXPECT_TRUE(data.IsModified());
 
     CData read(EAnalysis::Roughness);
@@ -42,7 +42,7 @@ TEST(RoughnessSettings, DefaultsForWhatIsNotSaid)
 {
     CData read(EAnalysis::RoughnessProfile);
     read.SetFormRemoval(ERoughnessFormRemoval::Parabola);
-    CInifile ini = IniOfText("[Analysis_RoughnessProfileAnalysis]\nWriteToFile=1\nReportOption=Telex\n");
+    CInifile ini = Document(u"[Analysis_RoughnessProfileAnalysis]\nWriteToFile=1\nReportOption=Telex\n");
     CRefusals refusals;
     EXPECT_TRUE(LoadRoughnessSettings(ini, read));
     EXPECT_EQ(refusals.Take(), std::vector<std::string>{"Preferences: ReportOption: there is no \"Telex\""});
@@ -53,14 +53,13 @@ TEST(RoughnessSettings, DefaultsForWhatIsNotSaid)
 
 TEST(RoughnessSettings, RefuseASetForTheOtherAnalysis)
 {
-    CInifile ini = BuiltInIni(EBuiltInSetting::bisRoughnessImageVORNClassic);
+    CInifile ini = Document(GetBuiltInSettingText(EBuiltInSetting::bisRoughnessImageVORNClassic));
     CData profile(EAnalysis::RoughnessProfile);
     const std::string before = TextOf(profile);
     CRefusals refusals;
     EXPECT_FALSE(LoadRoughnessSettings(ini, profile));
-    EXPECT_EQ(refusals.Take(),
-              std::vector<std::string>{"ProfileRoughness: [Analysis_RoughnessProfileAnalysis] "
-                                       "there is no such section"});
+    EXPECT_EQ(refusals.Take(), std::vector<std::string>{"Settings: [Analysis_RoughnessProfileAnalysis] "
+                                                        "there is no such section"});
     EXPECT_EQ(TextOf(profile), before);
     EXPECT_FALSE(profile.IsModified());
 }
@@ -73,7 +72,7 @@ TEST(RoughnessSettings, BuiltInSetsHaveParametersOfTheirStandardOnly)
     } rows[] = {{EBuiltInSetting::bisRoughnessImageVORNClassic, EAnalysis::Roughness},
                 {EBuiltInSetting::bisRoughnessProfileVORNClassic, EAnalysis::RoughnessProfile}};
     for (const auto& row : rows) {
-        CInifile ini = BuiltInIni(row.setting);
+        CInifile ini = Document(GetBuiltInSettingText(row.setting));
         CData data(row.analysis);
         ASSERT_TRUE(LoadRoughnessSettings(ini, data));
         std::set<int> standards;

@@ -1,32 +1,13 @@
 #pragma once
 
-#include "common/Diagnostics.h"
-#include "common/Inifile.h"
-#include "settings/BuiltInSettingText.h"
+#include "SettingsTesting.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
 #include <vector>
 
 namespace CommonUI
 {
 
-inline CInifile IniOfText(const std::string& text)
-{
-    CInifile ini;
-    ini.LoadBytes(text);
-    return ini;
-}
-
-inline CInifile BuiltInIni(EBuiltInSetting setting)
-{
-    return IniOfText(GetBuiltInSettingText(setting).ToUtf8());
-}
-
-/// Collects the lines that the readers of settings write to the diagnostics while it lives; those of the INI
-/// store itself are kept from the test's output.
+/// Collects the lines of the diagnostics while it lives, but for those of the INI store.
 class CRefusals
 {
 public:
@@ -55,20 +36,19 @@ struct SReaderRow {
 };
 
 /// Checks what a reader says of each text, and that it takes a refused text for nothing at all.
-/// @param prefix of all lines in the diagnostics: the settings type and the section
 template<class TSettings>
-void ExpectReads(const TSettings& before, const std::string& prefix, const std::vector<SReaderRow>& rows)
+void ExpectReads(const TSettings& before, const std::string& section, const std::vector<SReaderRow>& rows)
 {
     CRefusals refusals;
     for (const SReaderRow& row : rows) {
         TSettings settings = before;
-        CInifile ini = IniOfText(row.text);
+        CInifile ini = Document(CStr::FromUtf8(row.text));
         EXPECT_EQ(settings.Load(ini), row.reasons.empty()) << row.text;
         EXPECT_EQ(settings == before, !row.reasons.empty()) << row.text;
         EXPECT_TRUE(ini.GetSection().IsEmpty());
         std::vector<std::string> expected;
         for (const std::string& reason : row.reasons)
-            expected.push_back(prefix + reason);
+            expected.push_back("Settings: [" + section + "] " + reason);
         EXPECT_EQ(refusals.Take(), expected) << row.text;
     }
 }
