@@ -1,0 +1,53 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace Offscreen
+{
+
+/// What the pixels of a context are made of, in bits.
+struct SPixelBits {
+    int red = 0;
+    int green = 0;
+    int blue = 0;
+    int alpha = 0;
+    int depth = 0;
+    int stencil = 0;
+    int accumRed = 0;
+    int accumGreen = 0;
+    int accumBlue = 0;
+    int accumAlpha = 0;
+    int auxBuffers = 0; ///< a number of buffers, not of bits
+    bool doubleBuffered = false;
+    bool stereo = false;
+};
+
+/// An OpenGL context with a picture of its own in memory, for machines without display and graphics card. It
+/// has the fixed function pipeline (compatibility profile), eight bits for each of red, green, blue and
+/// alpha, a depth buffer of 24 bits or more, and is current in the thread that made it for as long as it
+/// lives. One of them lives at a time.
+class CContext
+{
+public:
+    /// @param width, height of the picture in pixels, from 1
+    /// @param reason receives one line when there is no context
+    /// @return null when there is no driver, or none that can do this
+    static std::unique_ptr<CContext> Make(int width, int height, std::string& reason);
+
+    ~CContext();
+    CContext(const CContext&) = delete;
+    CContext& operator=(const CContext&) = delete;
+
+    /// What the driver gave, which may be more than what was asked for.
+    SPixelBits GetPixelBits() const;
+
+private:
+    struct SHandles;
+
+    explicit CContext(std::unique_ptr<SHandles> handles);
+
+    std::unique_ptr<SHandles> m_handles;
+};
+
+} // namespace Offscreen
