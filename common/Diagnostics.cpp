@@ -16,8 +16,12 @@ thread_local int t_indentation = 0;
 
 void WriteToStandardError(const SDiagnosticLine& line)
 {
-    const std::string text(static_cast<std::size_t>(line.indentation) * 2, ' ');
-    std::cerr << ToUtf8(line.category) + ": " + text + ToUtf8(line.text) + "\n";
+    std::string text = line.category.empty() ? std::string() : ToUtf8(line.category) + ": ";
+    text.append(static_cast<std::size_t>(line.indentation) * 2, ' ');
+    text += ToUtf8(line.text);
+    if (!line.text.ends_with(u'\n'))
+        text += '\n';
+    std::cerr << text;
 }
 
 } // namespace
@@ -39,6 +43,8 @@ CDiagnostics::~CDiagnostics() = default;
 
 bool CDiagnostics::IsEnabled(std::u16string_view category) const
 {
+    if (category.empty())
+        return true;
     if (!m_state->anyEnabled.load(std::memory_order_relaxed))
         return false;
     const std::lock_guard lock(m_state->categoryMutex);

@@ -20,7 +20,7 @@ enum class EDiagnosticLevel {
 
 /// One line of the diagnostics channel as the sink receives it.
 struct SDiagnosticLine {
-    std::u16string_view category; ///< such as u"3DStack" or u"Inifile"; valid during the call only
+    std::u16string_view category; ///< such as u"3DStack" or u"Inifile", or empty; valid during the call only
     EDiagnosticLevel level;
     int indentation;          ///< how many scopes are open in the writing thread
     std::u16string_view text; ///< valid during the call only
@@ -29,8 +29,9 @@ struct SDiagnosticLine {
 /// The trace channel of the library: lines under a category, at a level, indented by scope.
 ///
 /// Lines of level Warning and Error are always passed on; lines below reach the sink only when their category
-/// is enabled. Without a sink of the application, warnings and errors go to the standard error stream. Any
-/// thread may write; the sink is called by one thread at a time.
+/// is enabled. The empty category is always enabled: it is for reports that somebody has asked for. Without a
+/// sink of the application, what is passed on goes to the standard error stream. Any thread may write; the
+/// sink is called by one thread at a time.
 class COMMONDLL_API CDiagnostics
 {
 public:
@@ -42,7 +43,9 @@ public:
     CDiagnostics& operator=(const CDiagnostics&) = delete;
 
     /// Whether a Trace or Info line of the category would be passed on: ask before building a costly text.
+    /// As long as no category was enabled this costs no more than a call.
     bool IsEnabled(std::u16string_view category) const;
+    /// Means nothing for the empty category.
     void SetEnabled(std::u16string_view category, bool enabled);
 
     void Write(std::u16string_view category, EDiagnosticLevel level, std::u16string_view text);

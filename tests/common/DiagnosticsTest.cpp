@@ -54,6 +54,16 @@ TEST_F(CDiagnosticsTest, CategoryDecidesBelowWarning)
     EXPECT_TRUE(m_diagnostics.IsEnabled(u"3DStack"));
 }
 
+TEST_F(CDiagnosticsTest, EmptyCategoryIsAlwaysEnabled)
+{
+    for (const bool enabled : {true, false}) {
+        m_diagnostics.SetEnabled(u"", enabled);
+        EXPECT_TRUE(m_diagnostics.IsEnabled(u"") && !m_diagnostics.IsEnabled(u"3DStack"));
+        m_diagnostics.Write({}, EDiagnosticLevel::Trace, u"text");
+        EXPECT_EQ(TakeLines(), std::vector<CStr>{u"0  0 text"});
+    }
+}
+
 TEST_F(CDiagnosticsTest, ScopesIndentTheirThread)
 {
     const auto write = [this] { m_diagnostics.Write(u"c", EDiagnosticLevel::Error, u"t"); };
@@ -79,10 +89,11 @@ TEST_F(CDiagnosticsTest, EmptySinkRestoresStandardError)
     const CDiagnostics::CSink own = m_diagnostics.SetSink({});
     const CDiagnostics::CScope scope;
     m_diagnostics.Write(u"Inifile", EDiagnosticLevel::Warning, u"5 \u00b5m");
+    m_diagnostics.Write(u"", EDiagnosticLevel::Info, u"a line feed of its own\n");
     const CDiagnostics::CSink standard = m_diagnostics.SetSink(own);
     std::cerr.rdbuf(before);
     EXPECT_TRUE(standard);
-    EXPECT_EQ(captured.str(), "Inifile:   5 \xC2\xB5m\n");
+    EXPECT_EQ(captured.str(), "Inifile:   5 \xC2\xB5m\n  a line feed of its own\n");
     m_diagnostics.Write(u"Inifile", EDiagnosticLevel::Warning, u"back");
     EXPECT_EQ(TakeLines(), std::vector<CStr>{u"2 Inifile 1 back"});
 }
