@@ -1,0 +1,70 @@
+#include "platform/GLEntryPoints.h"
+
+#include <cstdint>
+#include <utility>
+
+#if defined(_WIN32) && defined(COMMONUI_WITH_OPENGL)
+#include <windows.h>
+#endif
+
+namespace CommonUI
+{
+
+namespace
+{
+
+class CSystemGLEntryPoints final : public CGLEntryPoints
+{
+public:
+#if defined(_WIN32) && defined(COMMONUI_WITH_OPENGL)
+    FProcedure GetProcedure(const char* name) override
+    {
+        const auto procedure = reinterpret_cast<FProcedure>(wglGetProcAddress(name));
+        // Some drivers answer with small numbers or with -1 instead of null.
+        const auto address = reinterpret_cast<std::intptr_t>(procedure);
+        return address >= -1 && address <= 3 ? nullptr : procedure;
+    }
+#else
+    FProcedure GetProcedure(const char*) override
+    {
+        return nullptr;
+    }
+#endif
+};
+
+CGLEntryPoints* s_entryPoints = nullptr;
+
+} // namespace
+
+CGLEntryPoints::~CGLEntryPoints() = default;
+
+CGLEntryPoints::FProcedure CTableGLEntryPoints::GetProcedure(const char* name)
+{
+    const auto found = m_procedures.find(std::string_view(name));
+    return found == m_procedures.end() ? nullptr : found->second;
+}
+
+void CTableGLEntryPoints::Remove(std::string_view name)
+{
+    if (const auto found = m_procedures.find(name); found != m_procedures.end())
+        m_procedures.erase(found);
+}
+
+CGLEntryPoints& GetSystemGLEntryPoints()
+{
+    // Never destroyed, so that destructors of static objects may still ask.
+    static CGLEntryPoints& entryPoints = *new CSystemGLEntryPoints;
+    return entryPoints;
+}
+
+CGLEntryPoints& GetGLEntryPoints()
+{
+    return s_entryPoints ? *s_entryPoints : GetSystemGLEntryPoints();
+}
+
+CGLEntryPoints* SetGLEntryPoints(CGLEntryPoints* entryPoints)
+{
+    return std::exchange(s_entryPoints, entryPoints);
+}
+
+} // namespace CommonUI

@@ -1,0 +1,54 @@
+#pragma once
+
+/// @file
+/// The device context and the pixel format of the window system. On Windows they are the system's own;
+/// elsewhere they have the same fields, so that what reads them is the same everywhere.
+
+#include <cstdint>
+
+struct HDC__;
+#if defined(_WIN32)
+struct tagPIXELFORMATDESCRIPTOR;
+#endif
+
+namespace CommonUI
+{
+
+/// Names a device context of the window system. The library only passes it on.
+using HDC = ::HDC__*;
+
+#if defined(_WIN32)
+using PIXELFORMATDESCRIPTOR = ::tagPIXELFORMATDESCRIPTOR;
+#else
+/// The pixels that a device context can show, as WGL describes them.
+struct PIXELFORMATDESCRIPTOR {
+    std::uint16_t nSize = 40; ///< of this record in bytes
+    std::uint16_t nVersion = 1;
+    std::uint32_t dwFlags = 0;   ///< bits PFD_...
+    std::uint8_t iPixelType = 0; ///< 0 for colours of red, green and blue, 1 for indices into a palette
+    std::uint8_t cColorBits = 0; ///< bits of a colour, without those of alpha
+    std::uint8_t cRedBits = 0;
+    std::uint8_t cRedShift = 0;
+    std::uint8_t cGreenBits = 0;
+    std::uint8_t cGreenShift = 0;
+    std::uint8_t cBlueBits = 0;
+    std::uint8_t cBlueShift = 0;
+    std::uint8_t cAlphaBits = 0;
+    std::uint8_t cAlphaShift = 0;
+    std::uint8_t cAccumBits = 0;
+    std::uint8_t cAccumRedBits = 0;
+    std::uint8_t cAccumGreenBits = 0;
+    std::uint8_t cAccumBlueBits = 0;
+    std::uint8_t cAccumAlphaBits = 0;
+    std::uint8_t cDepthBits = 0;
+    std::uint8_t cStencilBits = 0;
+    std::uint8_t cAuxBuffers = 0; ///< a number of buffers
+    std::uint8_t iLayerType = 0;
+    std::uint8_t bReserved = 0; ///< numbers of overlay and underlay planes
+    std::uint32_t dwLayerMask = 0;
+    std::uint32_t dwVisibleMask = 0;
+    std::uint32_t dwDamageMask = 0;
+};
+#endif
+
+} // namespace CommonUI
