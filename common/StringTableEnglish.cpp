@@ -20,6 +20,8 @@ constexpr SStringTableRow c_english[] = {
     {7224, u"Plane Correction"},
     {7225, u"Profile Roughness Analysis"},
     {7226, u"Tip Analysis"},
+    {7308, u"Operation: %s\nOpenGL error: %s\nError message: \"%s\" (%d)\n\n"
+           u"For more information please see the \"3D trouble shooting\" section of the help file."},
     {7331, u"None"},
     {7332, u"X Center of Gravity, Area"},
     {7333, u"Y Center of Gravity, Area"},

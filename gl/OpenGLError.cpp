@@ -1,0 +1,77 @@
+#include "gl/OpenGLError.h"
+
+#include "common/Diagnostics.h"
+#include "common/StringTable.h"
+#include "gl/detail/ErrorTest.h"
+#include "platform/MessageBoxService.h"
+
+namespace CommonUI
+{
+
+namespace
+{
+
+constexpr int c_messageId = 7308;
+
+constexpr struct {
+    GLenum code;
+    std::u16string_view name;
+} c_errors[] = {
+    {GL_NO_ERROR, u"GL_NO_ERROR"},
+    {GL_INVALID_ENUM, u"GL_INVALID_ENUM"},
+    {GL_INVALID_VALUE, u"GL_INVALID_VALUE"},
+    {GL_INVALID_OPERATION, u"GL_INVALID_OPERATION"},
+    {GL_STACK_OVERFLOW, u"GL_STACK_OVERFLOW"},
+    {GL_STACK_UNDERFLOW, u"GL_STACK_UNDERFLOW"},
+    {GL_OUT_OF_MEMORY, u"GL_OUT_OF_MEMORY"},
+    {GLU_INVALID_ENUM, u"GLU_INVALID_ENUM"},
+    {GLU_INVALID_VALUE, u"GLU_INVALID_VALUE"},
+    {GLU_OUT_OF_MEMORY, u"GLU_OUT_OF_MEMORY"},
+    {GLU_INCOMPATIBLE_GL_VERSION, u"GLU_INCOMPATIBLE_GL_VERSION"},
+};
+
+void WriteError(std::u16string_view message, const Detail::SPlace& place)
+{
+    CStr line = message;
+    if (!place.function.empty())
+        line += CStr::Format(u" (Function: %s)", place.function);
+    if (!place.file.empty())
+        line += CStr::Format(u" (File: %s)", place.file);
+    line += u'\n';
+    GetDiagnostics().Write({}, EDiagnosticLevel::Error, u"OpenGL Error:\n");
+    GetDiagnostics().Write({}, EDiagnosticLevel::Error, line);
+}
+
+} // namespace
+
+std::u16string_view GetOpenGLErrorName(unsigned int code)
+{
+    for (const auto& error : c_errors) {
+        if (error.code == code)
+            return error.name;
+    }
+    return u"Unknown error code";
+}
+
+const char* Detail::GetErrorText(GLenum code)
+{
+    return reinterpret_cast<const char*>(gluErrorString(code));
+}
+
+void Detail::ReportError(GLenum code, std::u16string_view operation, const SPlace& place)
+{
+    const char* text = GetErrorText(code);
+    const CStr description = CStr::FromAscii(text ? text : "INVALID");
+    const CStr message =
+        CStr::Format(GetString(c_messageId), operation, GetOpenGLErrorName(code), description, code);
+    WriteError(message, place);
+    GetMessageBoxService().Show(
+        {message, MessageBoxStyle::c_warning | MessageBoxStyle::c_help, c_openGLHelpTopic});
+}
+
+bool OpenGLErrorMsg(const CStr& operation, const CStr& function, const CStr& file, int /*line*/)
+{
+    return Detail::HasFailed(operation, {function, file});
+}
+
+} // namespace CommonUI

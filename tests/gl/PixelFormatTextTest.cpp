@@ -1,0 +1,95 @@
+#include "gl/PixelFormatText.h"
+#include "tests/gl/GLTesting.h"
+
+using namespace CommonUI;
+
+namespace
+{
+
+/// A descriptor with another value in every field, and every flag set.
+PIXELFORMATDESCRIPTOR MakeFullDescriptor()
+{
+    return {.nSize = 40,
+            .nVersion = 65535,
+            .dwFlags = 0xFFFFFFFF,
+            .iPixelType = 1,
+            .cColorBits = 255,
+            .cRedBits = 5,
+            .cRedShift = 6,
+            .cGreenBits = 7,
+            .cGreenShift = 8,
+            .cBlueBits = 9,
+            .cBlueShift = 10,
+            .cAlphaBits = 11,
+            .cAlphaShift = 12,
+            .cAccumBits = 13,
+            .cAccumRedBits = 14,
+            .cAccumGreenBits = 15,
+            .cAccumBlueBits = 16,
+            .cAccumAlphaBits = 17,
+            .cDepthBits = 18,
+            .cStencilBits = 19,
+            .cAuxBuffers = 20,
+            .iLayerType = 200,
+            .bReserved = 22,
+            .dwLayerMask = 23,
+            .dwVisibleMask = 0xFFFFFFFF,
+            .dwDamageMask = 0x80000000};
+}
+
+CStr GetLine(const CStr& text, std::size_t index)
+{
+    return text.Split(u"\n")[index];
+}
+
+} // namespace
+
+TEST(PixelFormatText, DescriptorsWithAllAndWithoutAnyFlags)
+{
+    const CStr full = PixelFormatDescriptorString(MakeFullDescriptor(), u"\n");
+    EXPECT_EQ(full.ToUtf8() + "\n", ReadTestData("pixel-format-descriptor.txt"));
+
+    PIXELFORMATDESCRIPTOR pfd{.dwFlags = 0x25};
+    const CStr window = PixelFormatDescriptorString(pfd, u"\n");
+    EXPECT_EQ(GetLine(window, 0), u"nSize            : 40");
+    EXPECT_EQ(GetLine(window, 2),
+              u"dwFlags          : PFD_DRAW_TO_WINDOW  | PFD_SUPPORT_OPENGL | PFD_DOUBLEBUFFER");
+    EXPECT_EQ(GetLine(window, 3), u"iPixelType       : PFD_TYPE_RGBA");
+    pfd = {.dwFlags = 0x2000, .iPixelType = 2};
+    const CStr unknown = PixelFormatDescriptorString(pfd, u"\n");
+    EXPECT_EQ(GetLine(unknown, 2), u"dwFlags          : ");
+    EXPECT_EQ(GetLine(unknown, 3), u"iPixelType       : ");
+}
+
+TEST(PixelFormatText, AttributesAroundTheKnownOnes)
+{
+    std::vector<int> attributes = {0, -1};
+    for (int attribute = 0x1FFF; attribute <= 0x203D; ++attribute)
+        attributes.push_back(attribute);
+    std::vector<int> values(attributes.size());
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = static_cast<int>(i) - 1;
+    // All values with a name, and one beyond on both sides.
+    for (const auto& [attribute, first, last] :
+         {std::array{0x2003, 0x2024, 0x2028}, {0x2007, 0x2027, 0x202B}, {0x2013, 0x202A, 0x202D}}) {
+        for (int value = first; value <= last; ++value) {
+            attributes.push_back(attribute);
+            values.push_back(value);
+        }
+    }
+    const auto count = static_cast<unsigned int>(attributes.size());
+    const CStr text = ExtPixelFormatDescriptorString(count, attributes.data(), values.data(), u"\n");
+    EXPECT_EQ(text.ToUtf8() + "\n", ReadTestData("pixel-format-attributes.txt"));
+}
+
+TEST(PixelFormatText, SeparatorsStandBetweenLinesOnly)
+{
+    const int attributes[] = {0x2003, 0x2001};
+    const int values[] = {0x2027, 1};
+    const CStr first = u"WGL_ACCELERATION_ARB            : WGL_FULL_ACCELERATION_ARB";
+    const CStr both = first + u"; WGL_DRAW_TO_WINDOW_ARB          : 1";
+    EXPECT_EQ(ExtPixelFormatDescriptorString(0, attributes, values, u"; "), u"");
+    EXPECT_EQ(ExtPixelFormatDescriptorString(0, nullptr, nullptr, u"; "), u"");
+    EXPECT_EQ(ExtPixelFormatDescriptorString(1, attributes, values, u"; "), first);
+    EXPECT_EQ(ExtPixelFormatDescriptorString(2, attributes, values, u"; "), both);
+}
