@@ -1,0 +1,87 @@
+#pragma once
+
+#include "../platform/Export.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace CommonUI
+{
+
+/// What a record of a CGLStack stands for.
+enum class EStackOperation : std::int32_t {
+    soAttrib = 0,      ///< a saved group of attributes
+    soMatrix = 1,      ///< a saved matrix of the mode that was current
+    soWindowCoord = 2, ///< stands above the four records of PushWindowCoord
+    soDepthMask = 3,   ///< stands above the record of PushDepthMask
+};
+
+/// Changes of the OpenGL state that undo themselves: each push is recorded, and what was not popped is popped
+/// by the destructor, the newest first.
+///
+/// Each step asks OpenGL for errors and reports them as OpenGLErrorMsg does; an error that was pending before
+/// counts as that of the first step. A push that gives false has reported why and leaves this stack as it
+/// was; one of several steps has undone those that succeeded. Steps are traced under the category "3DStack",
+/// at level Trace. Everything runs on the thread that owns the current rendering context; without a current
+/// context pushes and pops succeed and change nothing.
+class COMMONUI_API CGLStack
+{
+public:
+    /// One record. It has virtual functions for the sake of its type information only.
+    struct COMMONUI_API SStackOperation {
+        explicit SStackOperation(EStackOperation kind) noexcept
+            : operation(kind)
+        {
+        }
+        virtual ~SStackOperation();
+        SStackOperation(const SStackOperation&) = delete;
+        SStackOperation& operator=(const SStackOperation&) = delete;
+
+        EStackOperation operation;
+    };
+
+    CGLStack() noexcept = default;
+    /// Pops all records.
+    ~CGLStack();
+    /// Two stacks that undo the same records would undo them twice.
+    CGLStack(const CGLStack&) = delete;
+    CGLStack& operator=(const CGLStack&) = delete;
+
+    /// Saves groups of attributes. When OpenGL complains, its own stack is left as the driver left it, and
+    /// the state is unknown: stop drawing.
+    /// @param mask the bits of the groups, as for glPushAttrib
+    bool PushAttrib(unsigned int mask);
+    /// Saves the current matrix of the current matrix mode. Errors are as grave as those of PushAttrib.
+    bool PushMatrix();
+    /// Saves the depth-buffer attributes and switches writing into the depth buffer on or off.
+    bool PushDepthMask(bool write);
+    /// Saves the matrix mode and the model-view and projection matrices, and sets an orthographic projection
+    /// with an identity model-view. The matrix mode is model-view then. The edges are those of glOrtho.
+    bool PushWindowCoord(double left, double right, double bottom, double top, double zNear, double zFar);
+    /// The same, fitted to the viewport: one unit is one pixel, and x and y are window coordinates.
+    /// @param unitDepth z from 0 to 1 spans the depth range from its near to its far end; otherwise the depth
+    ///     range is taken for the near and far planes
+    bool PushWindowCoord(bool unitDepth);
+    /// Undoes the newest record; for one that stands above others, these as well.
+    /// @return false when there is no record, or when OpenGL has an error pending, which is reported then;
+    ///     the record is gone in that case
+    bool Pop();
+    /// Moves all records of another stack on top of this one, in their order, without undoing anything.
+    /// @return true
+    bool TransferStack(CGLStack& other);
+
+protected:
+    /// Puts a record on top, without touching OpenGL: for classes that check how a stack gets along with
+    /// records it does not know. Such records and null are reported when they are popped.
+    void Append(std::unique_ptr<SStackOperation> record);
+    /// All records, the newest at the end.
+    const std::vector<std::unique_ptr<SStackOperation>>& GetRecords() const noexcept { return m_records; }
+
+private:
+    void TraceContent() const;
+
+    std::vector<std::unique_ptr<SStackOperation>> m_records;
+};
+
+} // namespace CommonUI

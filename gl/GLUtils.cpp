@@ -1,0 +1,101 @@
+#include "gl/GLUtils.h"
+
+#include "gl/detail/ErrorTest.h"
+#include "gl/GLStack.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+constexpr double c_pi = std::numbers::pi;
+
+void SetupPerspective(double fieldOfView, double zNear, double zFar, double width, double height)
+{
+    const double aspect = width / std::max(height, 1.0);
+    double vertical = fieldOfView;
+    if (aspect < 1.0) {
+        const double tangent = std::tan(fieldOfView * 0.5 * c_pi / 180);
+        vertical = std::atan(tangent * height / std::max(width, 1.0)) * 2.0 * 180 / c_pi;
+    }
+    gluPerspective(vertical, aspect, zNear, zFar);
+}
+
+void SetupOrthographic(double fieldOfView, double zNear, double zFar, double width, double height)
+{
+    const double aspect = width / std::max(height, 1.0);
+    const double shorter = std::tan(fieldOfView * 0.5 * c_pi / 180) * zFar;
+    const double halfWidth = aspect < 1.0 ? shorter : shorter * aspect;
+    const double halfHeight = aspect < 1.0 ? height / std::max(width, 1.0) * shorter : shorter;
+    glOrtho(-halfWidth, halfWidth, -halfHeight, halfHeight, zNear, zFar);
+}
+
+/// @param operation the name of the function that is called, and the text of its error
+/// @param setPosition calls the variant of glRasterPos
+template<class SetPosition>
+bool SetPixelPosition(std::u16string_view operation, double z, SetPosition setPosition)
+{
+    CGLStack stack;
+    if (!stack.PushWindowCoord(true) || !stack.PushAttrib(GL_VIEWPORT_BIT))
+        return false;
+    glDepthRange(z, z);
+    setPosition();
+    return !Detail::HasFailed(operation, {operation, u"GLUtils"});
+}
+
+} // namespace
+
+void SetupProjectionMatrix(bool orthographic, double fieldOfView, double zNear, double zFar,
+                           const SRect& viewport)
+{
+    // Exact, and without the overflow of integers.
+    const double width = static_cast<double>(viewport.right) - viewport.left;
+    const double height = static_cast<double>(viewport.bottom) - viewport.top;
+    if (orthographic)
+        SetupOrthographic(fieldOfView, zNear, zFar, width, height);
+    else
+        SetupPerspective(fieldOfView, zNear, zFar, width, height);
+}
+
+void SetupProjectionMatrix(bool orthographic, double fieldOfView, double zNear, double zFar)
+{
+    GLint viewport[4] = {};
+    glGetIntegerv(GL_VIEWPORT, viewport);
+    const auto [x, y, width, height] = viewport;
+    SetupProjectionMatrix(orthographic, fieldOfView, zNear, zFar, {x, y, x + width, y + height});
+}
+
+bool PixelPos4d(double x, double y, double z, double w)
+{
+    return SetPixelPosition(u"PixelPos4d", z, [=] { glRasterPos4d(x, y, z, w); });
+}
+
+bool PixelPos4f(float x, float y, float z, float w)
+{
+    return SetPixelPosition(u"PixelPos4f", z, [=] { glRasterPos4f(x, y, z, w); });
+}
+
+bool PixelPos2d(double x, double y)
+{
+    return PixelPos4d(x, y, 0.0, 1.0);
+}
+
+bool PixelPos2f(float x, float y)
+{
+    return PixelPos4f(x, y, 0.0F, 1.0F);
+}
+
+void Transform(double x, double y, double z, const double* matrix, double& outX, double& outY, double& outZ)
+{
+    const double* m = matrix;
+    outX = m[0] * x + m[4] * y + m[8] * z + m[12];
+    outY = m[1] * x + m[5] * y + m[9] * z + m[13];
+    outZ = m[2] * x + m[6] * y + m[10] * z + m[14];
+}
+
+} // namespace CommonUI

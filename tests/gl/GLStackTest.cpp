@@ -1,0 +1,313 @@
+#include "gl/GLStack.h"
+#include "tests/gl/FaultyDriver.h"
+#include "tests/gl/GLTesting.h"
+
+#include <algorithm>
+#include <functional>
+
+using namespace CommonUI;
+
+namespace
+{
+
+/// A stack that shows its records and takes any.
+class COpenStack : public CGLStack
+{
+public:
+    void Append(int kind)
+    {
+        CGLStack::Append(std::make_unique<SStackOperation>(static_cast<EStackOperation>(kind)));
+    }
+    void AppendEmpty() { CGLStack::Append(nullptr); }
+
+    /// The kinds of the records from the bottom up, one digit each.
+    std::string GetKinds() const
+    {
+        std::string kinds;
+        for (const auto& record : GetRecords())
+            kinds += record ? std::to_string(static_cast<int>(record->operation)) : "-";
+        return kinds;
+    }
+};
+
+using FStep = std::function<bool(COpenStack&)>;
+
+class CGLStackTest : public CContextTest
+{
+protected:
+    CGLStackTest() { GetDiagnostics().SetEnabled(u"3DStack", false); }
+    ~CGLStackTest() override { GetDiagnostics().SetEnabled(u"3DStack", false); }
+
+    /// A push that must fail, report it once, and leave everything as it was.
+    void ExpectFailure(const FStep& push, const CStr& operation, std::u16string_view error)
+    {
+        COpenStack stack;
+        stack.Append(7);
+        const SGLState before;
+        m_boxes.ClearShown();
+        EXPECT_FALSE(push(stack)) << operation.ToUtf8();
+        FaultyDriver::FailBefore(0);
+        EXPECT_EQ(SGLState(), before) << operation.ToUtf8();
+        EXPECT_EQ(stack.GetKinds(), "7");
+        ASSERT_EQ(m_boxes.GetShown().size(), 1U) << operation.ToUtf8();
+        const CStr start = CStr::Format(u"Operation: %s\nOpenGL error: %s\n", operation, error);
+        EXPECT_EQ(m_boxes.GetShown()[0].text.Left(start.GetLength()), start);
+    }
+};
+
+const FStep c_windowCoord = [](COpenStack& stack) { return stack.PushWindowCoord(-1, 3, 2, 4, -5, 5); };
+const FStep c_pixelCoord = [](COpenStack& stack) { return stack.PushWindowCoord(true); };
+const FStep c_depthMask = [](COpenStack& stack) { return stack.PushDepthMask(false); };
+
+/// What glOrtho multiplies with.
+std::array<double, 16> Ortho(double left, double right, double bottom, double top, double zNear, double zFar)
+{
+    return {2 / (right - left),
+            0,
+            0,
+            0,
+            0,
+            2 / (top - bottom),
+            0,
+            0,
+            0,
+            0,
+            -2 / (zFar - zNear),
+            0,
+            -(right + left) / (right - left),
+            -(top + bottom) / (top - bottom),
+            -(zFar + zNear) / (zFar - zNear),
+            1};
+}
+
+constexpr std::array<double, 16> c_identity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+/// The driver keeps matrices as floats.
+void ExpectNear(const std::array<double, 16>& actual, const std::array<double, 16>& expected)
+{
+    for (std::size_t i = 0; i < expected.size(); ++i)
+        EXPECT_NEAR(actual[i], expected[i], 1e-5) << i;
+}
+
+int FreeSlots(GLenum limit, GLenum depth)
+{
+    return GetInteger(limit) - GetInteger(depth);
+}
+
+} // namespace
+
+TEST_F(CGLStackTest, EachPushIsUndoneByOnePop)
+{
+    glMatrixMode(GL_TEXTURE);
+    glDepthRange(0.25, 0.75);
+    const SGLState before;
+    const struct {
+        FStep push;
+        const char* kinds;
+        std::function<SGLState(SGLState)> change;
+    } rows[] = {
+        {[](COpenStack& stack) { return stack.PushAttrib(GL_TRANSFORM_BIT); }, "0",
+         [](SGLState state) {
+             ++state.depths[0];
+             return state;
+         }},
+        {[](COpenStack& stack) { return stack.PushMatrix(); }, "1", [](SGLState state) { return state; }},
+        {c_depthMask, "03",
+         [](SGLState state) {
+             ++state.depths[0];
+             state.depthMask = 0;
+             return state;
+         }},
+        {c_windowCoord, "01012",
+         [](SGLState state) {
+             state.depths = {state.depths[0] + 2, state.depths[1] + 1, state.depths[2] + 1};
+             state.matrixMode = GL_MODELVIEW;
+             state.projection = GetDoubles<16>(GL_PROJECTION_MATRIX);
+             return state;
+         }},
+    };
+    for (const auto& row : rows) {
+        COpenStack stack;
+        EXPECT_TRUE(row.push(stack));
+        EXPECT_EQ(stack.GetKinds(), row.kinds);
+        EXPECT_EQ(SGLState(), row.change(before)) << row.kinds;
+        EXPECT_TRUE(stack.Pop());
+        EXPECT_EQ(stack.GetKinds(), "");
+        EXPECT_EQ(SGLState(), before) << row.kinds;
+    }
+    EXPECT_TRUE(m_boxes.GetShown().empty());
+    EXPECT_EQ(TakeLines(), "");
+}
+
+TEST_F(CGLStackTest, WhatWasChangedSincePushingIsRestored)
+{
+    glLoadIdentity();
+    CGLStack stack;
+    EXPECT_TRUE(stack.PushMatrix() && stack.PushAttrib(GL_DEPTH_BUFFER_BIT | GL_VIEWPORT_BIT));
+    const SGLState before;
+    EXPECT_TRUE(stack.PushAttrib(GL_DEPTH_BUFFER_BIT | GL_VIEWPORT_BIT) && stack.PushMatrix());
+    glTranslated(1, 2, 3);
+    glDepthMask(GL_FALSE);
+    glDepthRange(1, 0);
+    EXPECT_TRUE(stack.PushDepthMask(true));
+    EXPECT_EQ(GetInteger(GL_DEPTH_WRITEMASK), 1);
+    EXPECT_TRUE(stack.Pop());
+    EXPECT_EQ(GetInteger(GL_DEPTH_WRITEMASK), 0);
+    EXPECT_TRUE(stack.Pop() && stack.Pop());
+    EXPECT_EQ(SGLState(), before);
+}
+
+TEST_F(CGLStackTest, WindowCoordinatesFitWhatTheyAreGiven)
+{
+    COpenStack stack;
+    glViewport(10, 20, 300, 200);
+    glDepthRange(0.25, 0.75);
+    glTranslated(1, 1, 1);
+    EXPECT_TRUE(c_windowCoord(stack));
+    ExpectNear(GetDoubles<16>(GL_PROJECTION_MATRIX), Ortho(-1, 3, 2, 4, -5, 5));
+    EXPECT_EQ(GetDoubles<16>(GL_MODELVIEW_MATRIX), c_identity);
+    EXPECT_TRUE(stack.PushWindowCoord(true));
+    ExpectNear(GetDoubles<16>(GL_PROJECTION_MATRIX), Ortho(10, 310, 20, 220, 0, -1));
+    EXPECT_TRUE(stack.PushWindowCoord(false));
+    ExpectNear(GetDoubles<16>(GL_PROJECTION_MATRIX), Ortho(10, 310, 20, 220, 0.25, 0.75));
+    EXPECT_EQ(stack.GetKinds(), "010120101201012");
+}
+
+TEST_F(CGLStackTest, DestructionUnwindsNestedGroups)
+{
+    glMatrixMode(GL_PROJECTION);
+    const SGLState before;
+    {
+        COpenStack outer;
+        EXPECT_TRUE(outer.PushDepthMask(false));
+        COpenStack inner;
+        EXPECT_TRUE(inner.PushMatrix() && inner.PushWindowCoord(true) && inner.PushAttrib(GL_VIEWPORT_BIT));
+        EXPECT_TRUE(outer.TransferStack(inner));
+        EXPECT_TRUE(outer.TransferStack(inner) && outer.TransferStack(outer));
+        EXPECT_EQ(outer.GetKinds(), "031010120");
+        EXPECT_EQ(inner.GetKinds(), "");
+    }
+    EXPECT_EQ(SGLState(), before);
+    EXPECT_EQ(TakeLines(), "");
+}
+
+TEST_F(CGLStackTest, TraceOfANestedUnwind)
+{
+    {
+        COpenStack stack;
+        GetDiagnostics().SetEnabled(u"3DStack", true);
+        EXPECT_TRUE(stack.PushDepthMask(false) && stack.PushWindowCoord(true) && stack.PushMatrix());
+        stack.Append(9);
+        EXPECT_TRUE(stack.Pop());
+        stack.AppendEmpty();
+        EXPECT_FALSE(stack.Pop());
+        stack.Append(-4);
+    }
+    std::string trace = TakeLines();
+    // The limits are the driver's own.
+    for (const GLenum limit :
+         {GL_MAX_ATTRIB_STACK_DEPTH, GL_MAX_MODELVIEW_STACK_DEPTH, GL_MAX_PROJECTION_STACK_DEPTH}) {
+        const std::string text = " (" + std::to_string(GetInteger(limit)) + ")";
+        for (std::size_t at = 0; (at = trace.find(text, at)) != std::string::npos;)
+            trace.replace(at, text.size(), " (limit)");
+    }
+    EXPECT_EQ(trace, ReadTestData("gl-stack-trace.txt"));
+}
+
+TEST_F(CGLStackTest, PopsWithNothingToPop)
+{
+    const std::string empty = "3DStack    3 Error: Popping empty GLStack\n";
+    const std::string hole = "3DStack    3 Error: Empty GLStack item\n";
+    {
+        COpenStack stack;
+        EXPECT_FALSE(stack.Pop());
+        EXPECT_EQ(TakeLines(), empty);
+        stack.AppendEmpty();
+        EXPECT_FALSE(stack.Pop() || stack.Pop());
+        EXPECT_EQ(stack.GetKinds(), "-");
+        EXPECT_EQ(TakeLines(), hole + hole);
+        stack.Append(2); // without the four records below it
+        EXPECT_TRUE(stack.Pop());
+        EXPECT_EQ(TakeLines(), hole + hole + hole + hole);
+        stack.Append(3);
+        stack.Append(42);
+    }
+    EXPECT_EQ(TakeLines(), "3DStack    3 Unknown stack operation: 42\n" + hole + hole);
+}
+
+TEST_F(CGLStackTest, PopReportsWhatOpenGLComplainsAbout)
+{
+    COpenStack stack;
+    stack.Append(1); // a matrix that nobody pushed
+    EXPECT_FALSE(stack.Pop());
+    EXPECT_EQ(stack.GetKinds(), "");
+    ASSERT_EQ(m_boxes.GetShown().size(), 1U);
+    EXPECT_TRUE(m_boxes.GetShown()[0].text.StartsWith(
+        u"Operation: CGLStack::Pop\nOpenGL error: GL_STACK_UNDERFLOW\n"));
+    EXPECT_NE(TakeLines().find(" (Function: CGLStack::Pop) (File: GLStack)\n"), std::string::npos);
+}
+
+TEST_F(CGLStackTest, FullStacksOfTheDriver)
+{
+    const CStr overflow = u"GL_STACK_OVERFLOW";
+    const FStep pushMatrix = [](COpenStack& stack) { return stack.PushMatrix(); };
+    const FStep pushAttrib = [](COpenStack& stack) { return stack.PushAttrib(0xAB00); };
+    for (const auto& [mode, limit, depth] :
+         {std::array{GL_PROJECTION, GL_MAX_PROJECTION_STACK_DEPTH, GL_PROJECTION_STACK_DEPTH},
+          {GL_MODELVIEW, GL_MAX_MODELVIEW_STACK_DEPTH, GL_MODELVIEW_STACK_DEPTH}}) {
+        CGLStack filler;
+        glMatrixMode(static_cast<GLenum>(mode));
+        while (FreeSlots(static_cast<GLenum>(limit), static_cast<GLenum>(depth)) > 0)
+            EXPECT_TRUE(filler.PushMatrix());
+        ExpectFailure(pushMatrix, u"PushMatrix", overflow);
+        ExpectFailure(c_windowCoord, u"PushMatrix", overflow);
+        ExpectFailure(c_pixelCoord, u"PushMatrix", overflow);
+    }
+    CGLStack filler;
+    while (FreeSlots(GL_MAX_ATTRIB_STACK_DEPTH, GL_ATTRIB_STACK_DEPTH) > 1)
+        EXPECT_TRUE(filler.PushAttrib(GL_TRANSFORM_BIT));
+    ExpectFailure(c_windowCoord, u"PushAttrib (0x1000)", overflow);
+    EXPECT_TRUE(filler.PushAttrib(GL_TRANSFORM_BIT));
+    ExpectFailure(c_windowCoord, u"PushAttrib (0x1000)", overflow);
+    ExpectFailure(c_depthMask, u"PushAttrib (0x100)", overflow);
+    TakeLines();
+    ExpectFailure(pushAttrib, u"PushAttrib (0xAB00)", overflow);
+    EXPECT_NE(TakeLines().find(" (Function: CGLStack::PushAttrib) (File: GLStack)\n"), std::string::npos);
+}
+
+TEST_F(CGLStackTest, FailureOfEachStepInBetween)
+{
+    const struct {
+        const FStep& push;
+        int test;
+        std::u16string_view operation, function;
+    } rows[] = {
+        {c_depthMask, 2, u"PushDepthMask", u"CGLStack::PushDepthMask"},
+        {c_pixelCoord, 1, u"Get info", u"CGLStack::PushWindowCoord"},
+        {c_pixelCoord, 3, u"MatrixMode", u"CGLStack::PushWindowCoord"},
+        {c_pixelCoord, 5, u"SetupProjection", u"CGLStack::PushWindowCoord"},
+        {c_pixelCoord, 7, u"MatrixMode", u"CGLStack::PushWindowCoord"},
+        {c_pixelCoord, 9, u"SetupModelView", u"CGLStack::PushWindowCoord"},
+    };
+    glMatrixMode(GL_PROJECTION);
+    for (const auto& row : rows) {
+        FaultyDriver::FailBefore(row.test);
+        TakeLines();
+        ExpectFailure(row.push, row.operation, u"GL_INVALID_ENUM");
+        const std::string place = ToUtf8(CStr::Format(u" (Function: %s) (File: GLStack)\n", row.function));
+        EXPECT_NE(TakeLines().find(place), std::string::npos);
+    }
+}
+
+TEST_F(CGLStackTest, BoxesWithoutExtent)
+{
+    const FStep flat = [](COpenStack& stack) { return stack.PushWindowCoord(0, 1, 0, 1, 2, 2); };
+    ExpectFailure(flat, u"SetupProjection", u"GL_INVALID_VALUE");
+    for (const auto& [width, height] : {std::array{0, 200}, {300, 0}, {0, 0}}) {
+        glViewport(10, 20, width, height);
+        ExpectFailure(c_pixelCoord, u"SetupProjection", u"GL_INVALID_VALUE");
+    }
+    glDepthRange(0.5, 0.5);
+    const FStep depthRange = [](COpenStack& stack) { return stack.PushWindowCoord(false); };
+    ExpectFailure(depthRange, u"SetupProjection", u"GL_INVALID_VALUE");
+}

@@ -1,0 +1,179 @@
+#include "gl/GLUtils.h"
+#include "tests/gl/FaultyDriver.h"
+#include "tests/gl/GLTesting.h"
+
+#include <cmath>
+#include <functional>
+#include <numbers>
+
+using namespace CommonUI;
+
+namespace
+{
+
+class CGLUtilsTest : public CContextTest
+{
+};
+
+/// The extents in x and y and the planes that a projection matrix was made of, as x and y at z = -1.
+struct SFrustum {
+    double x, y;
+};
+
+/// What a fresh projection does to x and y: the two numbers by which all projections here differ.
+SFrustum Project(bool orthographic, double angle, const SRect& viewport)
+{
+    glLoadIdentity();
+    SetupProjectionMatrix(orthographic, angle, 2, 10, viewport);
+    const auto matrix = GetDoubles<16>(GL_MODELVIEW_MATRIX);
+    return {matrix[0], matrix[5]};
+}
+
+double TangentOfHalf(double degrees)
+{
+    return std::tan(degrees * std::numbers::pi / 360);
+}
+
+constexpr std::array<double, 16> c_identity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+} // namespace
+
+TEST_F(CGLUtilsTest, PerspectiveFitsTheAngleToTheShorterEdge)
+{
+    const struct {
+        SRect viewport;
+        double vertical; ///< the vertical angle in degrees
+        double aspect;
+    } rows[] = {
+        {{0, 0, 400, 200}, 45, 2}, {{10, 20, 210, 220}, 45, 1}, {{-100, 0, 100, 400}, 79.27854, 0.5},
+        {{0, 0, 300, 0}, 45, 300}, {{0, 5, 300, 0}, 45, 300},
+    };
+    for (const auto& row : rows) {
+        const SFrustum found = Project(false, 45, row.viewport);
+        EXPECT_NEAR(found.y, 1 / TangentOfHalf(row.vertical), 1e-5) << row.aspect;
+        EXPECT_NEAR(found.x, found.y / row.aspect, 1e-5) << row.aspect;
+    }
+    const auto matrix = GetDoubles<16>(GL_MODELVIEW_MATRIX);
+    EXPECT_NEAR(matrix[10], -(10.0 + 2.0) / (10.0 - 2.0), 1e-5);
+    EXPECT_NEAR(matrix[14], -2.0 * 10.0 * 2.0 / (10.0 - 2.0), 1e-5);
+    EXPECT_EQ(matrix[11], -1);
+}
+
+TEST_F(CGLUtilsTest, OrthographicShowsWhatPerspectiveShowsAtTheFarPlane)
+{
+    constexpr SRect c_viewports[] = {{0, 0, 400, 200}, {0, 0, 200, 200}, {0, 0, 200, 400}, {0, 0, 300, 0}};
+    for (const SRect& viewport : c_viewports) {
+        const SFrustum perspective = Project(false, 60, viewport);
+        const SFrustum box = Project(true, 60, viewport);
+        EXPECT_NEAR(box.x * 10, perspective.x, 1e-5) << viewport.right << ' ' << viewport.bottom;
+        EXPECT_NEAR(box.y * 10, perspective.y, 1e-5);
+    }
+    EXPECT_NEAR(GetDoubles<16>(GL_MODELVIEW_MATRIX)[10], -2.0 / (10.0 - 2.0), 1e-6);
+}
+
+TEST_F(CGLUtilsTest, ProjectionIsMultipliedOntoTheCurrentMatrix)
+{
+    glViewport(30, 40, 120, 60);
+    glScaled(3, 3, 3);
+    SetupProjectionMatrix(false, 90, 1, 2);
+    const auto matrix = GetDoubles<16>(GL_MODELVIEW_MATRIX);
+    EXPECT_NEAR(matrix[0], 3 / 2.0, 1e-5);
+    EXPECT_NEAR(matrix[5], 3, 1e-5);
+    EXPECT_EQ(GetInteger(GL_MATRIX_MODE), GL_MODELVIEW);
+}
+
+TEST_F(CGLUtilsTest, ProjectionsThatDoNotExistChangeNothing)
+{
+    const struct {
+        bool orthographic;
+        double angle, zNear, zFar;
+        SRect viewport;
+        GLenum error;
+    } rows[] = {
+        {false, 45, 2, 2, {0, 0, 3, 2}, GL_NO_ERROR},   {true, 45, 2, 2, {0, 0, 3, 2}, GL_INVALID_VALUE},
+        {false, 0, 1, 2, {0, 0, 3, 2}, GL_NO_ERROR},    {true, 0, 1, 2, {0, 0, 3, 2}, GL_INVALID_VALUE},
+        {false, 45, 1, 2, {0, 0, 0, 200}, GL_NO_ERROR}, {false, 45, 1, 2, {0, 0, 0, 0}, GL_NO_ERROR},
+        {false, 45, 1, 2, {5, 0, 5, 200}, GL_NO_ERROR},
+    };
+    for (const auto& row : rows) {
+        SetupProjectionMatrix(row.orthographic, row.angle, row.zNear, row.zFar, row.viewport);
+        EXPECT_EQ(glGetError(), row.error);
+        EXPECT_EQ(GetDoubles<16>(GL_MODELVIEW_MATRIX), c_identity);
+    }
+    // A straight angle and the widest rectangle are at least numbers.
+    constexpr int c_least = std::numeric_limits<int>::min();
+    constexpr int c_most = std::numeric_limits<int>::max();
+    for (const bool orthographic : {false, true}) {
+        const SFrustum straight = Project(orthographic, 180, {0, 0, 300, 200});
+        EXPECT_LT(std::abs(straight.y), 1e-6);
+        const SFrustum wide = Project(orthographic, 90, {c_least, c_least, c_most, c_most});
+        EXPECT_NEAR(wide.x, wide.y, 1e-6);
+    }
+}
+
+TEST_F(CGLUtilsTest, RasterPositionIsThePixel)
+{
+    using FPosition = std::function<bool()>;
+    const struct {
+        FPosition set;
+        std::array<double, 4> position;
+    } rows[] = {
+        {[] { return PixelPos4d(110.5, 60.25, 0.5, 1); }, {110.5, 60.25, 0.5, 1}},
+        {[] { return PixelPos4d(220, 120, 1, 2); }, {110, 60, 1, 2}},
+        {[] { return PixelPos4f(31.5F, 41.75F, 0.25F, 1); }, {31.5, 41.75, 0.25, 1}},
+        {[] { return PixelPos2d(140, 80); }, {140, 80, 0, 1}},
+        {[] { return PixelPos2f(30.5F, 99.5F); }, {30.5, 99.5, 0, 1}},
+    };
+    glViewport(30, 40, 120, 60);
+    glDepthRange(0.1, 0.9);
+    glMatrixMode(GL_PROJECTION);
+    glRotated(30, 1, 2, 3);
+    const SGLState before;
+    for (const auto& row : rows) {
+        EXPECT_TRUE(row.set());
+        EXPECT_EQ(SGLState(), before);
+        EXPECT_EQ(GetInteger(GL_CURRENT_RASTER_POSITION_VALID), 1);
+        const auto found = GetDoubles<4>(GL_CURRENT_RASTER_POSITION);
+        for (std::size_t i = 0; i < found.size(); ++i)
+            EXPECT_NEAR(found[i], row.position[i], 1e-3) << i;
+    }
+    EXPECT_EQ(TakeLines(), "");
+}
+
+TEST_F(CGLUtilsTest, FailuresOfPixelPositions)
+{
+    constexpr int c_ownTest = 11; // the tenth step is the last push
+    const SGLState before;
+    FaultyDriver::FailBefore(c_ownTest);
+    EXPECT_FALSE(PixelPos2d(1, 2));
+    EXPECT_NE(TakeLines().find("\" section of the help file. (Function: PixelPos4d) (File: GLUtils)\n"),
+              std::string::npos);
+    EXPECT_TRUE(m_boxes.GetShown()[0].text.StartsWith(u"Operation: PixelPos4d\n"));
+    FaultyDriver::FailBefore(c_ownTest);
+    EXPECT_FALSE(PixelPos2f(1, 2));
+    EXPECT_TRUE(m_boxes.GetShown()[1].text.StartsWith(u"Operation: PixelPos4f\n"));
+    EXPECT_EQ(SGLState(), before);
+
+    glViewport(0, 0, 0, 200);
+    EXPECT_FALSE(PixelPos2d(1, 2));
+    while (GetInteger(GL_ATTRIB_STACK_DEPTH) < GetInteger(GL_MAX_ATTRIB_STACK_DEPTH) - 2)
+        glPushAttrib(GL_TRANSFORM_BIT);
+    glViewport(0, 0, 300, 200);
+    const SGLState nearlyFull;
+    EXPECT_FALSE(PixelPos2d(1, 2));
+    EXPECT_TRUE(m_boxes.GetShown()[3].text.StartsWith(u"Operation: PushAttrib (0x800)\n"));
+    EXPECT_EQ(SGLState(), nearlyFull);
+    EXPECT_EQ(m_boxes.GetShown().size(), 4U);
+}
+
+TEST(Transform, IgnoresTheFourthRow)
+{
+    const double matrix[] = {2, 3, 5, 100, 7, 11, 13, 200, 17, 19, 23, 300, 29, 31, 37, 400};
+    double x = 1;
+    double y = 10;
+    double z = 100;
+    Transform(x, y, z, matrix, x, y, z);
+    EXPECT_EQ(x, 2 + 70 + 1700 + 29);
+    EXPECT_EQ(y, 3 + 110 + 1900 + 31);
+    EXPECT_EQ(z, 5 + 130 + 2300 + 37);
+}
