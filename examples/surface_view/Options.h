@@ -1,0 +1,44 @@
+#pragma once
+
+#include "common/Rect.h"
+#include "examples/analysis/Levelling.h"
+
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <stdexcept>
+#include <string>
+
+namespace SurfaceView
+{
+
+/// The command line cannot be understood; the message is one line.
+class EUsage : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// What the command line asks for.
+struct SOptions {
+    std::filesystem::path input{};
+    std::filesystem::path output{};
+    CommonUI::SSize size{.cx = 900, .cy = 600}; ///< of the picture in pixels
+    bool orthographic = false;
+    std::string colorScale = "Default 3D"; ///< key or display text of a built-in colour scale
+    double azimuth = 30;                   ///< how far the eye has gone around the surface, degrees
+    double elevation = 35;                 ///< how high the eye stands above the surface, degrees, 0 to 90
+    /// How many times heights are drawn higher than lengths; without it, what gives the surface a good shape.
+    std::optional<double> zScale{};
+    SurfaceAnalysis::ELevelling levelling = SurfaceAnalysis::ELevelling::None;
+    bool help = false;
+};
+
+/// How the program is called.
+extern const char* const c_usage;
+
+/// @param arguments without the program's name
+/// @throws EUsage
+SOptions ParseOptions(std::span<const char* const> arguments);
+
+} // namespace SurfaceView

@@ -1,0 +1,249 @@
+#include "examples/surface_view/Program.h"
+
+#include "common/Diagnostics.h"
+#include "examples/surface_view/ColorTable.h"
+#include "examples/surface_view/Drawing.h"
+#include "examples/surface_view/StackDepths.h"
+
+#include <GL/gl.h>
+#include <gtest/gtest.h>
+#include <png.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+using namespace SurfaceView;
+
+namespace
+{
+
+const std::string c_sample = (fs::path(COMMONUI_EXAMPLE_DATA) / "ground_steel.sdf").string();
+
+using CPixel = std::array<png_byte, 3>;
+
+struct SPng {
+    png_uint_32 width = 0;
+    png_uint_32 height = 0;
+    std::vector<CPixel> pixels{};
+};
+
+SPng ReadPng(const fs::path& path)
+{
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    if (!png_image_begin_read_from_file(&image, path.string().c_str()))
+        return {};
+    image.format = PNG_FORMAT_RGB;
+    SPng png{.width = image.width, .height = image.height};
+    png.pixels.resize(PNG_IMAGE_SIZE(image) / sizeof(CPixel));
+    png_image_finish_read(&image, nullptr, png.pixels.data(), 0, nullptr);
+    return png;
+}
+
+/// Runs the program with a folder of its own.
+class SurfaceViewTest : public testing::Test
+{
+protected:
+    SurfaceViewTest()
+        : m_folder(fs::temp_directory_path() / "surface_view-test" /
+                   testing::UnitTest::GetInstance()->current_test_info()->name())
+    {
+        fs::remove_all(m_folder);
+        fs::create_directories(m_folder);
+    }
+    ~SurfaceViewTest() override { fs::remove_all(m_folder); }
+
+    int RunWith(const std::vector<std::string>& arguments,
+                const CContextMaker& makeContext = Offscreen::CContext::Make)
+    {
+        std::vector<const char*> pointers;
+        for (const std::string& argument : arguments)
+            pointers.push_back(argument.c_str());
+        m_out.str({});
+        m_err.str({});
+        return RunProgram(pointers, m_out, m_err, makeContext);
+    }
+    std::string Picture() const { return (m_folder / "picture.png").string(); }
+
+    fs::path m_folder;
+    std::ostringstream m_out;
+    std::ostringstream m_err;
+};
+
+std::unique_ptr<Offscreen::CContext> MakeNone(int, int, std::string& reason)
+{
+    reason = "nothing to draw on";
+    return nullptr;
+}
+
+/// A scene of a small surface.
+SScene MakeScene(const CFont& font, CommonUI::SSize size)
+{
+    SurfaceAnalysis::SSurface surface{.points = 3, .lines = 3, .dx = 1e-6, .dy = 1e-6};
+    surface.heights = {0, 1e-7, 0, 2e-7, 3e-7, 1e-7, 0, 0, 1e-7};
+    const SDirection direction{30, 35};
+    SScene scene{.box = MakeBox(surface, 0), .colors = GetColorTable("Grey"), .eye = direction.ToEye()};
+    scene.mesh = MakeMesh(surface, scene.box);
+    scene.layout = MakeLayout(scene.box, direction, false, {u"Title", u"Subtitle"}, size, 1, font);
+    return scene;
+}
+
+/// What drawing could leave behind, in lines of a name's number and values.
+std::string ReadState()
+{
+    std::ostringstream state;
+    for (const GLenum name : {GL_ATTRIB_STACK_DEPTH,
+                              GL_MODELVIEW_STACK_DEPTH,
+                              GL_PROJECTION_STACK_DEPTH,
+                              GL_MATRIX_MODE,
+                              GL_MODELVIEW_MATRIX,
+                              GL_PROJECTION_MATRIX,
+                              GL_VIEWPORT,
+                              GL_DEPTH_RANGE,
+                              GL_DEPTH_TEST,
+                              GL_DEPTH_WRITEMASK,
+                              GL_LIGHTING,
+                              GL_LIGHT0,
+                              GL_LIGHT_MODEL_TWO_SIDE,
+                              GL_LIGHT_MODEL_AMBIENT,
+                              GL_TEXTURE_1D,
+                              GL_TEXTURE_BINDING_1D,
+                              GL_BLEND,
+                              GL_BLEND_SRC,
+                              GL_LINE_WIDTH,
+                              GL_POLYGON_MODE,
+                              GL_COLOR_CLEAR_VALUE,
+                              GL_CURRENT_COLOR,
+                              GL_CURRENT_NORMAL,
+                              GL_CURRENT_TEXTURE_COORDS,
+                              GL_CURRENT_RASTER_POSITION,
+                              GL_UNPACK_ALIGNMENT}) {
+        std::array<double, 16> values{};
+        glGetDoublev(name, values.data());
+        state << std::hex << name << ':';
+        for (const double value : values)
+            state << ' ' << value;
+        state << '\n';
+    }
+    return state.str();
+}
+
+} // namespace
+
+TEST_F(SurfaceViewTest, PictureHasItsSizeColorsAndBackground)
+{
+    for (const char* projection : {"perspective", "orthographic"}) {
+        ASSERT_EQ(RunWith({c_sample, "--out", Picture(), "--size", "300x200", "--projection", projection,
+                           "--color", "CSQuickLaunchGlow"}),
+                  0)
+            << m_err.str();
+        EXPECT_EQ(m_out.str(), "State restored: attribute stack 0, model-view stack 1, projection stack 1, "
+                               "matrix mode GL_MODELVIEW\nPicture written: " +
+                                   Picture() + "\n");
+        const SPng png = ReadPng(Picture());
+        EXPECT_EQ(png.width, 300u);
+        EXPECT_EQ(png.height, 200u);
+        for (const std::size_t corner : {0, 299, 199 * 300, 200 * 300 - 1})
+            EXPECT_EQ(png.pixels.at(corner), (CPixel{255, 255, 255}));
+        // Text is in the upper half only on the left: the picture is not upside down.
+        const auto isDark = [](const CPixel& pixel) { return pixel[0] + pixel[1] + pixel[2] < 250; };
+        const auto rows = [&](int first, int last) {
+            return std::count_if(png.pixels.begin() + first * 300, png.pixels.begin() + last * 300, isDark);
+        };
+        EXPECT_GT(rows(5, 20), 40);
+        EXPECT_LT(rows(185, 200), 20);
+        // Of all scales only this one has bright reds.
+        EXPECT_GT(std::ranges::count_if(
+                      png.pixels,
+                      [](const CPixel& pixel) { return pixel[0] > 150 && pixel[1] < 80 && pixel[2] < 60; }),
+                  500);
+    }
+}
+
+TEST_F(SurfaceViewTest, WhatGoesWrongIsSaidInOneLineAndLeavesNoPicture)
+{
+    const std::string line = (m_folder / "line.txt").string();
+    std::ofstream(line) << "# Width: 3 um\n# Height: 1 um\n# Value units: m\n1 2 3\n";
+    const std::string missing = (m_folder / "missing.sdf").string();
+    const std::string nowhere = (m_folder / "no" / "picture.png").string();
+    const auto real = Offscreen::CContext::Make;
+    const struct {
+        std::vector<std::string> arguments;
+        CContextMaker makeContext;
+        std::string message;
+    } rows[]{
+        {{missing, "--out", Picture()}, real, missing},
+        {{line, "--out", Picture()}, real, line + ": a picture needs at least two lines of two points\n"},
+        {{c_sample, "--out", nowhere}, real, nowhere},
+        {{c_sample, "--out", Picture(), "--color", "Basic (Doc)"},
+         real,
+         "--color: \"Basic (Doc)\" is none of Default 2D, Default 3D, "},
+        {{c_sample, "--out", Picture(), "--size", "0x0"}, real, "--size: \"0\" is no number of pixels"},
+        {{c_sample, "--out", Picture()}, MakeNone, "there is no OpenGL to draw with: nothing to draw on\n"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(RunWith(row.arguments, row.makeContext), 1);
+        EXPECT_TRUE(m_err.str().starts_with("surface_view: " + row.message)) << m_err.str();
+        EXPECT_EQ(std::ranges::count(m_err.str(), '\n'), 1) << m_err.str();
+        EXPECT_EQ(m_out.str(), "");
+        EXPECT_FALSE(fs::exists(Picture()));
+    }
+}
+
+TEST_F(SurfaceViewTest, DrawingLeavesTheStateAsItWas)
+{
+    constexpr CommonUI::SSize size{200, 150};
+    std::string reason;
+    const auto context = Offscreen::CContext::Make(size.cx, size.cy, reason);
+    ASSERT_TRUE(context) << reason;
+    const CFont font;
+    const SScene scene = MakeScene(font, size);
+    glViewport(3, 4, 50, 60);
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glScaled(2, 3, 4);
+    glColor3ub(10, 20, 30);
+    glRasterPos2d(0.1, 0.1);
+    const std::string before = ReadState();
+    Draw(scene, size, font);
+    EXPECT_EQ(ReadState(), before);
+
+    // The attribute stack overflows at one depth of the drawing after the other.
+    const auto sink = CommonUI::GetDiagnostics().SetSink([](const CommonUI::SDiagnosticLine&) {});
+    int limit = 0;
+    glGetIntegerv(GL_MAX_ATTRIB_STACK_DEPTH, &limit);
+    for (int left = 0; left < 4; ++left) {
+        int depth = 0;
+        for (glGetIntegerv(GL_ATTRIB_STACK_DEPTH, &depth); depth < limit - left; ++depth)
+            glPushAttrib(GL_CURRENT_BIT);
+        for (; depth > limit - left; --depth)
+            glPopAttrib();
+        const std::string full = ReadState();
+        EXPECT_THROW(Draw(scene, size, font), std::runtime_error);
+        EXPECT_EQ(ReadState(), full) << left;
+        EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+    }
+    CommonUI::GetDiagnostics().SetSink(sink);
+}
+
+TEST_F(SurfaceViewTest, StateThatIsNotRestoredIsAnError)
+{
+    const SStackDepths before{.attributes = 0, .modelView = 1, .projection = 1, .matrixMode = GL_MODELVIEW};
+    CheckRestored(before, before);
+    try {
+        CheckRestored(before, {.attributes = 2, .modelView = 1, .projection = 3, .matrixMode = GL_TEXTURE});
+        ADD_FAILURE();
+    } catch (const std::runtime_error& error) {
+        EXPECT_STREQ(
+            error.what(),
+            "drawing left attribute stack 2, model-view stack 1, projection stack 3, matrix mode GL_TEXTURE; "
+            "before it was attribute stack 0, model-view stack 1, projection stack 1, matrix mode "
+            "GL_MODELVIEW");
+    }
+}
