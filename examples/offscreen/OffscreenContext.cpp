@@ -128,40 +128,7 @@ int GetInteger(GLenum name)
     return value;
 }
 
-} // namespace
-
-std::unique_ptr<CContext> CContext::Make(int width, int height, std::string& reason)
-{
-    const auto fail = [&reason](const char* what) {
-        reason = Explain(what);
-        return nullptr;
-    };
-    auto handles = std::make_unique<SHandles>();
-    handles->display = OpenDisplay();
-    if (handles->display == EGL_NO_DISPLAY)
-        return fail("no display of EGL can be opened");
-    const EGLConfig config = eglBindAPI(EGL_OPENGL_API) ? ChooseConfig(handles->display) : nullptr;
-    if (!config)
-        return fail("the driver has no off-screen pixel format for OpenGL");
-    handles->surface = CreateSurface(handles->display, config, width, height);
-    if (handles->surface == EGL_NO_SURFACE)
-        return fail("the driver makes no off-screen picture of this size");
-    // Without a version in the attributes, the context is one with all of the older functions.
-    handles->context = eglCreateContext(handles->display, config, EGL_NO_CONTEXT, nullptr);
-    if (handles->context == EGL_NO_CONTEXT ||
-        !eglMakeCurrent(handles->display, handles->surface, handles->surface, handles->context))
-        return fail("the driver makes no OpenGL context");
-    return std::unique_ptr<CContext>(new CContext(std::move(handles)));
-}
-
-CContext::CContext(std::unique_ptr<SHandles> handles)
-    : m_handles(std::move(handles))
-{
-}
-
-CContext::~CContext() = default;
-
-SPixelBits CContext::GetPixelBits() const
+SPixelBits ReadPixelBits()
 {
     return {.red = GetInteger(GL_RED_BITS),
             .green = GetInteger(GL_GREEN_BITS),
@@ -177,5 +144,39 @@ SPixelBits CContext::GetPixelBits() const
             .doubleBuffered = GetInteger(GL_DOUBLEBUFFER) != 0,
             .stereo = GetInteger(GL_STEREO) != 0};
 }
+
+} // namespace
+
+std::unique_ptr<CContext> CContext::Make(int width, int height, std::string& reason)
+{
+    const auto fail = [&reason](const char* what) {
+        reason = Explain(what);
+        return nullptr;
+    };
+    auto handles = std::make_unique<SHandles>();
+    handles->display = OpenDisplay();
+    if (handles->display == EGL_NO_DISPLAY)
+        return fail("no display of EGL can be opened");
+    EGLConfig config = eglBindAPI(EGL_OPENGL_API) ? ChooseConfig(handles->display) : nullptr;
+    if (!config)
+        return fail("the driver has no off-screen pixel format for OpenGL");
+    handles->surface = CreateSurface(handles->display, config, width, height);
+    if (handles->surface == EGL_NO_SURFACE)
+        return fail("the driver makes no off-screen picture of this size");
+    // Without a version in the attributes, the context is one with all of the older functions.
+    handles->context = eglCreateContext(handles->display, config, EGL_NO_CONTEXT, nullptr);
+    if (handles->context == EGL_NO_CONTEXT ||
+        !eglMakeCurrent(handles->display, handles->surface, handles->surface, handles->context))
+        return fail("the driver makes no OpenGL context");
+    return std::unique_ptr<CContext>(new CContext(std::move(handles)));
+}
+
+CContext::CContext(std::unique_ptr<SHandles> handles)
+    : m_handles(std::move(handles))
+    , m_bits(ReadPixelBits())
+{
+}
+
+CContext::~CContext() = default;
 
 } // namespace Offscreen

@@ -40,7 +40,7 @@ public:
     CContext& operator=(const CContext&) = delete;
 
     /// What the driver gave, which may be more than what was asked for.
-    SPixelBits GetPixelBits() const;
+    const SPixelBits& GetPixelBits() const { return m_bits; }
 
 private:
     struct SHandles;
@@ -48,6 +48,7 @@ private:
     explicit CContext(std::unique_ptr<SHandles> handles);
 
     std::unique_ptr<SHandles> m_handles;
+    SPixelBits m_bits;
 };
 
 } // namespace Offscreen

@@ -59,9 +59,10 @@ SAxis MakeAxis(CommonUI::CRange<double> range, int intervals)
     const double factor = unit.GetFactorValue();
     const double step = NearestStep(range.GetLength() / factor / intervals);
     const int decimals = std::max(0, -static_cast<int>(std::floor(std::log10(step) + c_tolerance)));
-    const double last = std::floor(range.GetUpper() / factor / step + c_tolerance);
-    for (double count = std::ceil(range.GetLower() / factor / step - c_tolerance); count <= last; ++count) {
-        const double value = count == 0 ? 0 : count * step; // no minus sign in front of zero
+    const auto first = static_cast<long long>(std::ceil(range.GetLower() / factor / step - c_tolerance));
+    const auto last = static_cast<long long>(std::floor(range.GetUpper() / factor / step + c_tolerance));
+    for (long long count = first; count <= last; ++count) {
+        const double value = static_cast<double>(count) * step;
         const CommonUI::CNumberText text(value, {.conversion = 'f', .precision = decimals});
         axis.ticks.push_back(
             {.value = value * factor, .text = CStr::FromAscii(text.View()).Replace(u"-", u"−")});

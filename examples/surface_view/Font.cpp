@@ -49,6 +49,7 @@ namespace
 /// Takes over the coverage of a glyph where it is more than what is there.
 void CopyGlyph(const FT_GlyphSlotRec_& glyph, int x, int baseline, SPixels& pixels)
 {
+    const auto width = static_cast<std::size_t>(pixels.size.cx);
     for (int row = 0; row < static_cast<int>(glyph.bitmap.rows); ++row) {
         const int y = baseline + glyph.bitmap_top - 1 - row;
         if (y < 0 || y >= pixels.size.cy)
@@ -57,8 +58,8 @@ void CopyGlyph(const FT_GlyphSlotRec_& glyph, int x, int baseline, SPixels& pixe
             const int target = x + glyph.bitmap_left + column;
             if (target < 0 || target >= pixels.size.cx)
                 continue;
-            std::uint8_t& alpha =
-                pixels.bytes[static_cast<std::size_t>((y * pixels.size.cx + target) * 4 + 3)];
+            std::uint8_t& alpha = pixels.bytes[static_cast<std::size_t>(y) * width * 4 +
+                                               static_cast<std::size_t>(target) * 4 + 3];
             alpha = std::max(alpha, glyph.bitmap.buffer[row * glyph.bitmap.pitch + column]);
         }
     }

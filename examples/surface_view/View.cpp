@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace SurfaceView
@@ -12,6 +13,7 @@ namespace SurfaceView
 namespace
 {
 
+constexpr double c_infinity = std::numeric_limits<double>::infinity();
 constexpr double c_radian = std::numbers::pi / 180;
 constexpr double c_fieldOfView = 30; ///< a narrow one, so that the perspective does not shout
 /// The block is fitted with a little room, or its edges would be cut in half.
@@ -62,8 +64,8 @@ std::array<SPoint, 8> TurnedCorners(const SBox& box, const std::array<double, 16
 /// the distance where the bounds meet.
 double PerspectiveDistance(const std::array<SPoint, 8>& corners, double SPoint::*across, double opening)
 {
-    double low = -INFINITY;
-    double high = -INFINITY;
+    double low = -c_infinity;
+    double high = -c_infinity;
     for (const SPoint& corner : corners) {
         low = std::max(low, opening * corner.z - corner.*across);
         high = std::max(high, opening * corner.z + corner.*across);
@@ -84,8 +86,8 @@ double Center(const std::array<SPoint, 8>& corners, double SPoint::*across, doub
 {
     double offset = 0;
     for (int round = 0; round < 20; ++round) { // the last of them move it by less than a pixel's millionth
-        double low = INFINITY;
-        double high = -INFINITY;
+        double low = c_infinity;
+        double high = -c_infinity;
         for (const SPoint& corner : corners) {
             const double seen = (corner.*across + offset) / (orthographic ? 1 : distance - corner.z);
             low = std::min(low, seen);
