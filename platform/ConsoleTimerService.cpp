@@ -15,6 +15,12 @@ bool CConsoleTimerService::Kill(TIdentifier identifier)
     return m_schedule.Kill(identifier);
 }
 
+std::uint64_t CConsoleTimerService::GetTime() const
+{
+    return static_cast<std::uint64_t>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(GetNow()).count());
+}
+
 std::size_t CConsoleTimerService::ProcessDue()
 {
     const auto now = GetNow();

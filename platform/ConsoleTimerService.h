@@ -16,6 +16,7 @@ public:
     /// An interval of 0 counts as 1 millisecond.
     TIdentifier Create(unsigned int interval, FProcedure procedure) override;
     bool Kill(TIdentifier identifier) override;
+    std::uint64_t GetTime() const override;
 
     /// Makes the ticks that are due by now, at most one for each timer, and does not wait: for programs with
     /// a loop of their own.

@@ -25,7 +25,7 @@ void CManualTimerService::Advance(unsigned int milliseconds)
     m_now = std::max(m_now, end);
 }
 
-std::uint64_t CManualTimerService::GetTime() const noexcept
+std::uint64_t CManualTimerService::GetTime() const
 {
     return static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(m_now).count());
 }

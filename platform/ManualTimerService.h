@@ -23,7 +23,7 @@ public:
     void Advance(unsigned int milliseconds);
 
     /// Milliseconds since the service was made.
-    std::uint64_t GetTime() const noexcept;
+    std::uint64_t GetTime() const override;
     std::size_t GetTimerCount() const noexcept { return m_schedule.GetCount(); }
 
 private:

@@ -31,6 +31,10 @@ CMessageBoxService* s_service = nullptr;
 
 CMessageBoxService::~CMessageBoxService() = default;
 
+void CMessageBoxService::Beep(unsigned int)
+{
+}
+
 EMessageBoxAnswer CMessageBoxService::GetCautiousAnswer(unsigned int style) noexcept
 {
     switch (style & MessageBoxStyle::c_buttonMask) {

@@ -52,6 +52,9 @@ public:
     /// Shows the box over the application's main window, if it has one, and waits for the answer. Closing a
     /// box counts as Cancel, as No where there is no Cancel, or as OK where there is neither.
     virtual EMessageBoxAnswer Show(const SMessageBox& box) = 0;
+    /// Makes the sound that belongs to an icon of MessageBoxStyle, without a box, and does not wait for its
+    /// end. A service that does not override this stays silent.
+    virtual void Beep(unsigned int icon);
 
     /// The answer of a box that nobody answers: OK for boxes that only tell something, No or Cancel for
     /// questions.
@@ -64,16 +67,20 @@ class COMMONUI_API CMemoryMessageBoxService : public CMessageBoxService
 {
 public:
     EMessageBoxAnswer Show(const SMessageBox& box) override;
+    void Beep(unsigned int icon) override { m_beeps.push_back(icon); }
 
     /// The answer of the first box to come that has none prepared.
     void Prepare(EMessageBoxAnswer answer) { m_answers.push_back(answer); }
     /// What was shown, the oldest first.
     const std::vector<SMessageBox>& GetShown() const noexcept { return m_shown; }
     void ClearShown() noexcept { m_shown.clear(); }
+    /// The icons of the sounds that were made, the oldest first.
+    const std::vector<unsigned int>& GetBeeps() const noexcept { return m_beeps; }
 
 private:
     std::vector<EMessageBoxAnswer> m_answers;
     std::vector<SMessageBox> m_shown;
+    std::vector<unsigned int> m_beeps;
 };
 
 /// A service for programs without a display: the text goes to the diagnostics, at level Warning, and the

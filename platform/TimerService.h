@@ -32,6 +32,9 @@ public:
     virtual TIdentifier Create(unsigned int interval, FProcedure procedure) = 0;
     /// Ends a timer. @return false if there is none of this identifier
     virtual bool Kill(TIdentifier identifier) = 0;
+    /// Milliseconds on a clock that never goes back, by which the timers tick. It begins whenever it likes;
+    /// only differences mean something. The default is the steady clock of the machine.
+    virtual std::uint64_t GetTime() const;
 };
 
 /// The service that the timers of the process use: GetConsoleTimerService() unless another one was set.
