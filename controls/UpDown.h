@@ -1,0 +1,81 @@
+#pragma once
+
+#include "../common/Rect.h"
+#include "../common/Str.h"
+#include "Closure.h"
+#include "View.h"
+#include "Window.h"
+
+namespace CommonUI
+{
+
+class CStepSizeCtrl;
+class CUpDown;
+
+/// The spin button on the screen, or what stands for it.
+class COMMONUI_API CSpinView : public CControlView<CUpDown>
+{
+public:
+    ~CSpinView() override;
+
+    /// Where the button lies, in pixels of the screen.
+    virtual SRect GetScreenRect() const = 0;
+    virtual void SetVisible(bool visible) = 0;
+    /// Shows a text beside the button for a moment. A view that cannot show one at will does nothing.
+    virtual void ShowHint(const CStr& text);
+};
+
+/// A spin button: two arrows that step a value, and the place beside which the step-size pop-up appears.
+class COMMONUI_API CUpDown : public CWnd, public CViewedControl<CSpinView>
+{
+public:
+    CUpDown();
+    ~CUpDown() override;
+
+    /// Gives the button its window; null takes it away. The view is not owned.
+    void SetView(CSpinView* view);
+    /// Sets the member function that is called with the steps that the user makes. The object is not owned;
+    /// the function may destroy the button.
+    template<class C>
+    void SetCallback(std::type_identity_t<C>& object, void (C::*method)(int))
+    {
+        m_slot.Set(MakeClosure(object, method));
+    }
+    /// The pop-up that the pointer calls up; null for none. It is not owned; a CStepSizeCtrl sets itself.
+    void SetStepSizeCtrl(CStepSizeCtrl* control) noexcept { m_stepSize = control; }
+
+    /// Shows or hides the button, which is hidden at first. @param identifier the number of the button in its
+    /// dialog
+    void Show(unsigned int identifier, bool visible);
+    bool IsVisible() const noexcept { return m_visible; }
+    unsigned int GetIdentifier() const noexcept { return m_identifier; }
+    void ShowHint(const CStr& text);
+
+    /// The user has pressed an arrow. @param delta in steps, positive upwards
+    void OnDeltaPos(int delta);
+    void OnPointerEntered();
+    void OnPointerLeft();
+
+private:
+    CCallbackSlot m_slot;
+    CStepSizeCtrl* m_stepSize = nullptr;
+    unsigned int m_identifier = 0;
+    bool m_visible = false;
+};
+
+/// A spin button without a display.
+class COMMONUI_API CMemorySpinView : public CSpinView
+{
+public:
+    ~CMemorySpinView() override;
+
+    SRect GetScreenRect() const override { return rect; }
+    void SetVisible(bool visible) override { shown = visible; }
+    void ShowHint(const CStr& text) override { hint = text; }
+
+    SRect rect{};
+    bool shown = false;
+    CStr hint{}; ///< the last one
+};
+
+} // namespace CommonUI

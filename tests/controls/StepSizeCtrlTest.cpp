@@ -1,0 +1,178 @@
+#include "controls/StepSizeCtrl.h"
+
+#include "platform/ManualTimerService.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+using namespace CommonUI;
+
+namespace
+{
+
+/// A service whose clock can run ahead of its ticks, as that of a busy program.
+class CLateService : public CManualTimerService
+{
+public:
+    std::uint64_t GetTime() const override { return CManualTimerService::GetTime() + late; }
+    std::uint64_t late = 0;
+};
+
+class StepSizeCtrl : public testing::Test
+{
+public:
+    StepSizeCtrl()
+    {
+        spinView.rect = {100, 50, 118, 50 + 27};
+        spin.SetView(&spinView);
+        spin.Show(5, true);
+        popup->SetView(&view);
+        popup->SetCallback(*this, &StepSizeCtrl::OnStepSize);
+    }
+    ~StepSizeCtrl() override
+    {
+        popup.reset();
+        SetTimerService(m_previous);
+    }
+    void OnStepSize(int delta)
+    {
+        deltas.push_back(delta);
+        if (deltas.size() == 3)
+            popup.reset();
+    }
+    void SlideOut()
+    {
+        spin.OnPointerEntered();
+        service.Advance(240);
+        ASSERT_EQ(popup->GetSlideStep(), 9);
+    }
+
+    CLateService service;
+    CUpDown spin;
+    CMemorySpinView spinView;
+    CMemoryStepSizeView view;
+    std::unique_ptr<CStepSizeCtrl> popup = std::make_unique<CStepSizeCtrl>(spin);
+    std::vector<int> deltas;
+
+private:
+    CTimerService* m_previous = SetTimerService(&service);
+};
+
+} // namespace
+
+TEST_F(StepSizeCtrl, SlidesOutInNineSteps)
+{
+    EXPECT_TRUE(spinView.shown);
+    spin.OnPointerEntered();
+    for (int step = 1; step <= 9; ++step) {
+        EXPECT_EQ(popup->GetSlideStep(), step);
+        EXPECT_EQ(view.rect, (SRect{118, 50, 118 + 3 * step, 77}));
+        EXPECT_EQ(view.upperButton, (SRect{0, 0, 3 * step, 13}));
+        EXPECT_EQ(view.lowerButton, (SRect{0, 14, 3 * step, 27}));
+        EXPECT_EQ(service.GetTimerCount(), step < 9 ? 1U : 0U);
+        service.Advance(30);
+    }
+    EXPECT_TRUE(view.shown);
+}
+
+TEST_F(StepSizeCtrl, SlidesBackWhenThePointerHasBeenAway)
+{
+    SlideOut();
+    spin.OnPointerLeft();
+    service.Advance(499);
+    popup->GetButton(CStepSizeBtn::EType::Larger).OnPointerEntered();
+    service.Advance(1000);
+    EXPECT_EQ(popup->GetSlideStep(), 9);
+    popup->GetButton(CStepSizeBtn::EType::Larger).OnPointerLeft();
+    service.Advance(499);
+    EXPECT_EQ(popup->GetSlideStep(), 9);
+    service.Advance(1);
+    EXPECT_EQ(popup->GetSlideStep(), 8);
+    service.Advance(7 * 30);
+    EXPECT_EQ(popup->GetSlideStep(), 1);
+    EXPECT_TRUE(view.shown);
+    service.Advance(30);
+    EXPECT_EQ(popup->GetSlideStep(), 0);
+    EXPECT_FALSE(view.shown);
+    EXPECT_EQ(service.GetTimerCount(), 0U);
+}
+
+TEST_F(StepSizeCtrl, PointerLeavesHalfWay)
+{
+    spin.OnPointerEntered();
+    service.Advance(90);
+    spin.OnPointerLeft();
+    service.Advance(499);
+    EXPECT_EQ(popup->GetSlideStep(), 4) << "it waits where it is";
+    service.Advance(1);
+    EXPECT_EQ(popup->GetSlideStep(), 3) << "and has nothing to catch up with";
+    spin.OnPointerEntered();
+    EXPECT_EQ(popup->GetSlideStep(), 4) << "back at once";
+    service.Advance(30);
+    spin.OnPointerLeft();
+    service.Advance(400);
+    popup->Show(*popup);
+    EXPECT_EQ(popup->GetSlideStep(), 5) << "only the spin button slides at once";
+    service.Advance(30);
+    EXPECT_EQ(popup->GetSlideStep(), 6);
+}
+
+TEST_F(StepSizeCtrl, LateTickCatchesUp)
+{
+    const struct {
+        std::uint64_t late;
+        int step;
+    } cases[] = {{14, 2}, {15, 3}, {45, 4}, {1000000000000, 9}};
+    for (const auto& row : cases) {
+        popup->Close();
+        EXPECT_FALSE(view.shown);
+        service.late = 0;
+        spin.OnPointerEntered();
+        service.late = row.late;
+        service.Advance(30);
+        EXPECT_EQ(popup->GetSlideStep(), row.step) << row.late;
+    }
+    spin.OnPointerLeft();
+    service.Advance(500);
+    service.late += 1000;
+    service.Advance(30);
+    EXPECT_EQ(popup->GetSlideStep(), 0);
+}
+
+TEST_F(StepSizeCtrl, ButtonsTellTheirDirection)
+{
+    popup->GetButton(CStepSizeBtn::EType::Larger).OnClicked();
+    popup->GetButton(CStepSizeBtn::EType::Smaller).OnClicked();
+    SlideOut();
+    popup->GetButton(CStepSizeBtn::EType::Smaller).OnClicked();
+    EXPECT_EQ(deltas, (std::vector<int>{1, -1, -1}));
+    EXPECT_EQ(popup, nullptr);
+    EXPECT_FALSE(view.shown);
+    spin.OnPointerEntered();
+    spin.OnPointerLeft();
+    EXPECT_EQ(service.GetTimerCount(), 0U);
+}
+
+TEST_F(StepSizeCtrl, HidesWithItsSpinButton)
+{
+    SlideOut();
+    spin.OnPointerLeft();
+    spin.Show(5, false);
+    EXPECT_FALSE(view.shown || spinView.shown);
+    EXPECT_EQ(popup->GetSlideStep(), 0);
+    EXPECT_EQ(service.GetTimerCount(), 0U);
+}
+
+TEST_F(StepSizeCtrl, ViewThatComesLaterShowsTheState)
+{
+    popup->SetView(nullptr);
+    popup->SetToolTip(u"step");
+    SlideOut();
+    CMemoryStepSizeView later;
+    popup->SetView(&later);
+    EXPECT_TRUE(later.shown);
+    EXPECT_EQ(later.toolTip, u"step");
+    EXPECT_EQ(later.rect.right, 118 + 27);
+}
