@@ -47,7 +47,7 @@ public:
     };
 
     CStepSizeBtn(CStepSizeCtrl& owner, EType type);
-    ~CStepSizeBtn() override;
+    virtual ~CStepSizeBtn();
 
     EType GetType() const noexcept { return m_type; }
     /// The user has pressed the button, which may be gone afterwards.
@@ -67,7 +67,7 @@ class COMMONUI_API CStepSizeCtrl : public CWnd, public CViewedControl<CStepSizeV
 public:
     /// @param spin where the pop-up appears; it must live as long as the pop-up
     explicit CStepSizeCtrl(CUpDown& spin);
-    ~CStepSizeCtrl() override;
+    virtual ~CStepSizeCtrl();
 
     /// Gives the pop-up its window; null takes it away. The view is not owned.
     void SetView(CStepSizeView* view);

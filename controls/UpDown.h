@@ -30,7 +30,7 @@ class COMMONUI_API CUpDown : public CWnd, public CViewedControl<CSpinView>
 {
 public:
     CUpDown();
-    ~CUpDown() override;
+    virtual ~CUpDown();
 
     /// Gives the button its window; null takes it away. The view is not owned.
     void SetView(CSpinView* view);

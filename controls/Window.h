@@ -54,7 +54,7 @@ public:
 
 protected:
     CWnd() = default;
-    virtual ~CWnd();
+    ~CWnd();
 
 private:
     mutable CWatch* m_watches = nullptr; ///< the innermost

@@ -1,0 +1,116 @@
+#pragma once
+
+#include "../common/Str.h"
+#include "Closure.h"
+#include "View.h"
+#include "Window.h"
+
+namespace CommonUI
+{
+
+class CExEdit;
+
+enum class EKey {
+    Character, ///< a key that writes SKey::character
+    Tab,
+    Enter,
+    Escape,
+    Up,
+    Down,
+    Left,
+    Right,
+    Home,
+    End,
+    Backspace,
+    Delete,
+    Other
+};
+
+/// A key that is pressed, or repeats itself, with the modifier keys that are held.
+struct SKey {
+    EKey key = EKey::Other;
+    char16_t character = 0;
+    bool shift = false;
+    bool control = false;
+    bool alt = false;
+};
+
+/// The edit field on the screen, or what stands for it. It offers every key and wheel movement to its control
+/// before it acts itself, and tells it when the user has changed the text and when the focus has left.
+class COMMONUI_API CEditView : public CControlView<CExEdit>
+{
+public:
+    ~CEditView() override;
+
+    virtual CStr GetText() const = 0;
+    /// Replaces the text, without telling the control.
+    virtual void SetText(const CStr& text) = 0;
+    /// Selects the text and scrolls the caret into view.
+    virtual void SelectAll() = 0;
+    virtual bool HasFocus() const = 0;
+    /// Moves the focus to the next or previous tab stop of the dialog: out of a container into the one around
+    /// it where the field is the last or first.
+    virtual void MoveFocus(bool backward) = 0;
+};
+
+/// An edit field that may keep Enter and Escape for itself, and can check what was typed.
+class COMMONUI_API CExEdit : public CWnd, public CViewedControl<CEditView>
+{
+public:
+    /// @param wantsEnter whether Enter and Escape finish the input and stay in the field; otherwise they go
+    /// on
+    ///     to the dialog
+    /// @param validate see SetValidate
+    CExEdit(bool wantsEnter, bool validate);
+    virtual ~CExEdit();
+
+    /// Gives the field its window; null takes it away. The view is not owned.
+    void SetView(CEditView* view);
+    /// Whether Enter, Escape and the loss of the focus call Validate.
+    void SetValidate(bool validate) noexcept { m_validate = validate; }
+    /// Whether the user has typed something that Validate has not seen yet.
+    bool IsModified() const noexcept { return m_modified; }
+
+    /// Sets the member function that every key is offered to first, in place of the one before; a key for
+    /// which it returns false is swallowed. The object is not owned. It may destroy the field.
+    template<class C>
+    void SetKeyFilter(std::type_identity_t<C>& object, bool (C::*method)(const SKey&))
+    {
+        m_keyFilter.Set(MakeClosure(object, method));
+    }
+    void ResetKeyFilter() noexcept { m_keyFilter.Reset(); }
+
+    /// A key was pressed. @return whether it is dealt with; otherwise the view treats it as it would without
+    /// control. The field may be gone afterwards.
+    bool OnKey(const SKey& key);
+    /// The wheel was turned. @param delta 120 for a notch, positive away from the user
+    /// @return as OnKey
+    virtual bool OnMouseWheel(int delta, bool control);
+    /// The user has changed the text.
+    void OnTextEdited() noexcept { m_modified = true; }
+    void OnFocusLost();
+    /// The view asks whether the field gets all keys, also those by which a dialog is closed.
+    /// @param byDefault whether it does without control, as a field of several lines
+    bool ClaimsAllKeys(bool byDefault) noexcept;
+
+    /// Takes what was typed, or restores the text. A plain field takes anything.
+    virtual void Validate();
+
+protected:
+    /// A key that the filter has let pass; see OnKey.
+    virtual bool HandleKey(const SKey& key);
+    /// The field has got a view that still has to show its value.
+    virtual void OnViewSet();
+    void ClearModified() noexcept { m_modified = false; }
+
+private:
+    bool FinishInput(const SKey& key);
+
+    bool m_validate;
+    bool m_wantsEnter;
+    bool m_allKeysByDefault = false;
+    bool m_modified = false;
+    CCallbackSlot m_keyFilter;
+};
+
+} // namespace CommonUI

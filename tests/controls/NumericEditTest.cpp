@@ -1,0 +1,574 @@
+#include "common/Diagnostics.h"
+#include "controls/FloatEdit.h"
+#include "controls/IntEdit.h"
+#include "controls/MemoryEditView.h"
+#include "platform/MessageBoxService.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <initializer_list>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+using namespace CommonUI;
+
+namespace
+{
+
+constexpr int c_intMin = std::numeric_limits<int>::min();
+constexpr int c_intMax = std::numeric_limits<int>::max();
+constexpr float c_floatMax = std::numeric_limits<float>::max();
+constexpr float c_infinity = std::numeric_limits<float>::infinity();
+constexpr float c_nan = std::numeric_limits<float>::quiet_NaN();
+
+/// An edit with a window that has the focus, whose callbacks are recorded and may act.
+template<class TEdit, class T>
+class CStage
+{
+public:
+    CStage()
+    {
+        edit->SetView(&view);
+        edit->SetChangeNotification(*this, &CStage::OnChange);
+        view.SetFocus(true);
+    }
+    ~CStage()
+    {
+        edit.reset();
+        SetMessageBoxService(m_previousBoxes);
+        GetDiagnostics().SetSink(m_previousSink);
+    }
+    void OnChange(T value)
+    {
+        changes.push_back(value);
+        byUser = edit->ValidatingUserInput();
+        if (const auto action = onChange)
+            action(value);
+    }
+    bool OnValidate(T value)
+    {
+        asked.push_back(value);
+        const auto action = onValidate;
+        return action(value);
+    }
+    void SetValidator(std::function<bool(T)> action)
+    {
+        onValidate = std::move(action);
+        edit->SetValidator(*this, &CStage::OnValidate);
+    }
+    void Enter(std::u16string_view text)
+    {
+        view.SelectAll();
+        view.Press(EKey::Delete);
+        view.Type(text);
+        view.Press(EKey::Enter);
+    }
+    void ExpectTyped(const CStr& text, T value)
+    {
+        Enter(text);
+        EXPECT_EQ(edit->GetValue(), value) << text.ToUtf8();
+        EXPECT_EQ(view.GetText(), edit->ValueToText(value));
+        EXPECT_FALSE(edit->IsModified());
+    }
+    void ExpectRefused(std::initializer_list<const char16_t*> texts)
+    {
+        std::size_t beeps = CountBeeps();
+        for (const char16_t* text : texts) {
+            ExpectTyped(text, edit->GetValue());
+            EXPECT_EQ(CountBeeps(), ++beeps) << CStr(text).ToUtf8();
+        }
+    }
+    std::size_t CountBeeps() const { return m_boxes.GetBeeps().size(); }
+
+    CMemoryEditView view;
+    std::unique_ptr<TEdit> edit = std::make_unique<TEdit>();
+    std::vector<T> changes;
+    std::vector<T> asked;
+    bool byUser = false;
+    std::function<void(T)> onChange;
+    std::function<bool(T)> onValidate;
+    int warnings = 0;
+
+private:
+    CMemoryMessageBoxService m_boxes;
+    CMessageBoxService* m_previousBoxes = SetMessageBoxService(&m_boxes);
+    CDiagnostics::CSink m_previousSink =
+        GetDiagnostics().SetSink([this](const SDiagnosticLine&) { ++warnings; });
+};
+
+using CIntStage = CStage<CIntEdit, int>;
+using CFloatStage = CStage<CFloatEdit, float>;
+
+/// Where steps lead from a value.
+template<class T>
+struct SSteps {
+    T value, step, up, down, none, threeUp;
+};
+
+template<class TEdit, class T>
+void ExpectSteps(std::initializer_list<SSteps<T>> cases)
+{
+    for (const auto& row : cases) {
+        const auto step = [&](int delta) {
+            TEdit edit;
+            edit.SetIncrement(row.step);
+            edit.SetValue(row.value);
+            edit.OnSpinDeltaPos(delta);
+            return edit.GetValue();
+        };
+        EXPECT_EQ(step(1), row.up) << row.value;
+        EXPECT_EQ(step(-1), row.down) << row.value;
+        EXPECT_EQ(step(0), row.none) << row.value;
+        EXPECT_EQ(step(3), row.threeUp) << row.value;
+    }
+}
+
+} // namespace
+
+TEST(NumericEdit, ReadsAnInteger)
+{
+    const struct {
+        const char16_t* text;
+        int value;
+    } cases[] = {
+        {u" \t-5", -5},
+        {u"+7", 7},
+        {u"12abc", 12},
+        {u"1e5", 1},
+        {u"3.9", 3},
+        {u"2147483648", c_intMax},
+        {u"-99999999999999999999", c_intMin},
+        {u"99999999999999999999", c_intMax},
+    };
+    CIntStage stage;
+    for (const auto& row : cases)
+        stage.ExpectTyped(row.text, row.value);
+    EXPECT_EQ(stage.CountBeeps(), 0U);
+    stage.ExpectRefused({u"", u"abc", u"+-5", u"- 5", u".5"});
+}
+
+TEST(NumericEdit, ReadsARealNumber)
+{
+    const struct {
+        const char16_t* text;
+        float value;
+    } cases[] = {
+        {u"-1.5 mm", -1.5F},
+        {u"2.", 2.0F},
+        {u"+.5", 0.5F},
+        {u"1e5", 1e5F},
+        {u"1e", 1.0F},
+        {u"2E-1e", 0.2F},
+        {u"1,5", 1.0F},
+        {u"0x10", 0.0F},
+        {u"1e400", c_floatMax},
+        {u"1e-400", 0.0F},
+        {u"-1e39", -c_floatMax},
+        {u"-InF", -c_floatMax},
+        {u"infinite", c_floatMax},
+    };
+    CFloatStage stage;
+    for (const auto& row : cases)
+        stage.ExpectTyped(row.text, row.value);
+    EXPECT_EQ(stage.CountBeeps(), 0U);
+    stage.ExpectRefused({u"nan", u"-nan(1)", u".", u"e5", u"-.e5", u"mm", u""});
+}
+
+TEST(NumericEdit, FormatHoldsOneRealConversion)
+{
+    const struct {
+        const char16_t* format;
+        const char16_t* text; ///< of 1.25
+    } cases[] = {
+        {u"%.1f", u"1.2"},
+        {u"%+8.3E", u"+1.250E+00"},
+        {u" %g %% of it", u" 1.25 % of it"},
+        {u"%.2Lf mm", u"1.25 mm"},
+    };
+    CFloatStage stage;
+    stage.edit->SetValue(1.25F);
+    for (const auto& row : cases) {
+        EXPECT_TRUE(stage.edit->SetFormatString(row.format));
+        EXPECT_EQ(stage.view.GetText(), row.text);
+    }
+    int refused = 0;
+    for (const char16_t* format :
+         {u"", u"mm", u"%d", u"%s", u"%f %f", u"%f%", u"%*f", u"%%f", u"x %f", u"%f%n", u"%.1f0"}) {
+        EXPECT_FALSE(stage.edit->SetFormatString(format)) << CStr(format).ToUtf8();
+        EXPECT_EQ(stage.edit->GetFormatString(), u"%.2Lf mm");
+        EXPECT_EQ(stage.warnings, ++refused);
+    }
+}
+
+TEST(NumericEdit, ClampsIntoTheRange)
+{
+    const struct {
+        float minimum, maximum, value, expected;
+    } cases[] = {
+        {0, 10, 11, 10},
+        {0, 10, -c_infinity, 0},
+        {10, 0, 11, 10},
+        {10, 0, -1, 0},
+        {10, 0, 5, 5},
+        {4, 4, 7, 4},
+        {-c_infinity, c_infinity, c_infinity, c_floatMax},
+        {0, 10, c_nan, 3},
+        {c_nan, 10, 20, 20},
+    };
+    for (const auto& row : cases) {
+        CFloatStage stage;
+        stage.edit->SetValue(3);
+        stage.edit->SetRange(row.minimum, row.maximum, 0.1);
+        EXPECT_EQ(stage.changes.size(), row.minimum == 4 ? 2U : 1U) << "clamped by the new range";
+        stage.edit->SetValue(row.value);
+        EXPECT_EQ(stage.edit->GetValue(), row.expected) << row.minimum << ' ' << row.value;
+        EXPECT_EQ(stage.view.GetText(), CStr::Format(u"%f", double{row.expected}));
+        EXPECT_EQ(stage.warnings, std::isnan(row.minimum) || std::isnan(row.value) ? 1 : 0);
+    }
+}
+
+TEST(NumericEdit, IncrementIsMantissaAndPowerOfTen)
+{
+    const struct {
+        float step, increment, smaller; ///< smaller: ten times
+    } cases[] = {
+        {250, 250, 25},
+        {0, 1, 0.1F},
+        {c_nan, 1, 0.1F},
+        {c_infinity, 1, 0.1F},
+        {-0.7F, 0.7F, 0.07F},
+        {0.01F, 0.01F, 0.001F},
+        {1000, 1000, 100},
+        {c_floatMax, c_floatMax, 3.4028235e37F},
+        {std::numeric_limits<float>::denorm_min(), 1e-45F, 1e-45F},
+    };
+    for (const auto& row : cases) {
+        CFloatEdit edit;
+        edit.SetIncrementExponentMin(-100, false);
+        edit.SetIncrement(row.step);
+        EXPECT_EQ(edit.GetIncrement(), row.increment) << row.step;
+        edit.OnStepSizeChanged(-1);
+        EXPECT_EQ(edit.GetIncrement(), row.smaller) << row.step;
+    }
+    CIntEdit edit;
+    for (const int step : {1, 7, 29, 57, 115, 1009, 999999999, c_intMax, -115}) {
+        edit.SetIncrement(step);
+        EXPECT_EQ(edit.GetIncrement(), std::abs(step));
+    }
+    edit.SetIncrement(c_intMin);
+    EXPECT_EQ(edit.GetIncrement(), c_intMax);
+}
+
+TEST(NumericEdit, IncrementFitsTheRange)
+{
+    const struct {
+        float minimum, maximum;
+        double factor;
+        float increment;
+        int intIncrement;
+    } cases[] = {
+        {0, 10, 0.1, 1, 1},
+        {0, 9, 0.1, 0.1F, 1},
+        {1000, 1001, 0.01, 10, 10},
+        {10, 0, 0.1, 0.1F, 1},
+        {-5, 5, 1, 10, 10},
+        {-10, -5, 1, 1, 1},
+        {10, -10, 1, 1, 1},
+        {0, 10, 0, 1, 1},
+        {0, 10, double{c_nan}, 1, 1},
+        {0, 10, 1e-300, 1e-45F, 1},
+        {0, 10, 1e300, 1e38F, 1000000000},
+    };
+    for (const auto& row : cases) {
+        CFloatEdit edit;
+        edit.SetRange(row.minimum, row.maximum, row.factor);
+        EXPECT_EQ(edit.GetIncrement(), row.increment)
+            << row.minimum << ' ' << row.maximum << ' ' << row.factor;
+        CIntEdit intEdit;
+        intEdit.SetIncrement(static_cast<int>(row.minimum), static_cast<int>(row.maximum), row.factor);
+        EXPECT_EQ(intEdit.GetIncrement(), row.intIncrement) << row.minimum << ' ' << row.maximum;
+    }
+}
+
+TEST(NumericEdit, ExponentStaysWithinItsLimits)
+{
+    const struct {
+        float value;
+        bool relative;
+        float least, greatest;
+    } cases[] = {
+        {0, true, 1e-5F, 1e5F},          {1234, true, 1e-2F, 1e8F},   {1000, true, 1e-2F, 1e8F},
+        {999.99994F, true, 1e-3F, 1e7F}, {-0.01F, true, 1e-7F, 1e3F}, {1234, false, 1e-5F, 1e5F},
+    };
+    for (const auto& row : cases) {
+        CFloatEdit edit;
+        edit.SetValue(row.value);
+        edit.SetIncrementExponentMin(-5, row.relative);
+        edit.SetIncrementExponentMax(5, row.relative);
+        for (int i = 0; i < 20; ++i)
+            edit.OnStepSizeChanged(-1);
+        EXPECT_EQ(edit.GetIncrement(), row.least) << row.value;
+        for (int i = 0; i < 20; ++i)
+            edit.OnStepSizeChanged(1);
+        EXPECT_EQ(edit.GetIncrement(), row.greatest) << row.value;
+        edit.OnStepSizeChanged(c_intMax);
+        edit.OnStepSizeChanged(c_intMin);
+        EXPECT_EQ(edit.GetIncrement(), row.greatest) << row.value;
+    }
+    CIntEdit edit;
+    edit.SetIncrement(25);
+    edit.OnStepSizeChanged(-1);
+    EXPECT_EQ(edit.GetIncrement(), 2);
+    edit.OnStepSizeChanged(-1);
+    EXPECT_EQ(edit.GetIncrement(), 2);
+    edit.SetValue(c_intMax);
+    for (int i = 0; i < 20; ++i)
+        edit.OnStepSizeChanged(1);
+    EXPECT_EQ(edit.GetIncrement(), c_intMax);
+}
+
+TEST(NumericEdit, StepsOfARealNumber)
+{
+    ExpectSteps<CFloatEdit, float>({
+        {1.23F, 0.1F, 1.3F, 1.2F, 1.2F, 1.5F},
+        {-1.23F, 0.1F, -1.2F, -1.3F, -1.3F, -1.0F},
+        {1.3F, 0.1F, 1.4F, 1.2F, 1.3F, 1.6F},
+        {1.2F, 0.1F, 1.3F, 1.1F, 1.2F, 1.5F},
+        {1.3000001F, 0.1F, 1.4F, 1.2F, 1.3F, 1.6F},
+        {0.1F, 0.1F, 0.2F, 0, 0.1F, 0.4F},
+        {100000.3F, 0.1F, 100000.4F, 100000.2F, 100000.3F, 100000.6F},
+        {7, 10, 10, 0, 0, 30},
+        // A step that is lost in the digits of the value.
+        {1, 1e-10F, 1, 1, 1, 1},
+        {1e10F, 0.1F, 1e10F, 1e10F, 1e10F, 1e10F},
+        {1, 3e38F, 3e38F, -3e38F, 0, c_floatMax},
+    });
+    CFloatEdit edit;
+    edit.SetIncrement(0.01F);
+    for (int i = 1; i <= 1000; ++i) {
+        edit.OnSpinDeltaPos(1);
+        ASSERT_EQ(edit.GetValue(), static_cast<float>(i / 100.0));
+    }
+}
+
+TEST(NumericEdit, StepsOfAnInteger)
+{
+    ExpectSteps<CIntEdit, int>({
+        {4, 2, 6, 2, 4, 10},
+        {-4, 2, -2, -6, -4, 2},
+        {1995, 1000, 3000, 0, 1000, 4000},
+        // Division drops the fraction, so steps towards 0 pass the first multiple.
+        {5, 2, 6, 2, 4, 10},
+        {-5, 2, -2, -6, -4, 2},
+        {c_intMax, 1, c_intMax, c_intMax - 1, c_intMax, c_intMax},
+        {c_intMin, 1, c_intMin + 1, c_intMin, c_intMin, c_intMin + 3},
+        {c_intMax, c_intMax, c_intMax, 0, c_intMax, c_intMax},
+    });
+    CIntEdit edit;
+    edit.SetIncrement(1000);
+    edit.OnSpinDeltaPos(c_intMin);
+    EXPECT_EQ(edit.GetValue(), c_intMin);
+    edit.OnSpinDeltaPos(c_intMax);
+    EXPECT_EQ(edit.GetValue(), c_intMax);
+}
+
+TEST(NumericEdit, StepsEndAtTheRange)
+{
+    CIntStage stage;
+    stage.edit->Setup(3, 1, 5, 10);
+    stage.changes.clear();
+    for (const int delta : {1, 1, -1, -1, 1})
+        stage.edit->OnSpinDeltaPos(delta);
+    EXPECT_EQ(stage.changes, (std::vector<int>{5, 1, 5}));
+    EXPECT_EQ(stage.CountBeeps(), 0U);
+
+    stage.edit->Setup(3, 10, 0, 1);
+    stage.edit->OnSpinDeltaPos(1);
+    EXPECT_EQ(stage.edit->GetValue(), 2);
+    stage.edit->OnSpinDeltaPos(c_intMin);
+    EXPECT_EQ(stage.edit->GetValue(), 10);
+}
+
+TEST(NumericEdit, WheelCountsNotches)
+{
+    CFloatStage stage;
+    CMemorySpinView spin;
+    stage.edit->GetSpinButton().SetView(&spin);
+    stage.edit->SetIncrement(0.1F);
+    stage.edit->SetValue(1.23F);
+    const struct {
+        int delta;
+        float value;
+    } cases[] = {{60, 1.2F}, {60, 1.3F}, {-100, 1.3F}, {-140, 1.1F}, {119, 1.1F}, {1, 1.2F}, {360, 1.5F}};
+    for (const auto& row : cases) {
+        EXPECT_TRUE(stage.edit->OnMouseWheel(row.delta, true));
+        EXPECT_EQ(stage.edit->GetValue(), row.value);
+    }
+    EXPECT_EQ(spin.hint, u"\u00B1 0.1");
+    stage.view.Type(u"7");
+    stage.edit->OnMouseWheel(60, true);
+    EXPECT_EQ(stage.edit->GetValue(), 71.5F) << "no step applies what was typed as well";
+
+    EXPECT_FALSE(stage.edit->OnMouseWheel(120, false));
+    stage.view.SetFocus(false);
+    EXPECT_FALSE(stage.edit->OnMouseWheel(120, true));
+    stage.view.SetFocus(true);
+    stage.edit->EnableStepping(false);
+    EXPECT_FALSE(stage.edit->OnMouseWheel(120, true));
+    EXPECT_FALSE(stage.view.Press({.key = EKey::Up, .control = true}));
+    EXPECT_EQ(stage.edit->GetValue(), 71.5F);
+}
+
+TEST(NumericEdit, WheelTurnedVeryFar)
+{
+    CIntStage stage;
+    EXPECT_TRUE(stage.edit->OnMouseWheel(119, true));
+    EXPECT_TRUE(stage.edit->OnMouseWheel(c_intMax, true));
+    EXPECT_EQ(stage.edit->GetValue(), (119LL + c_intMax) / 120);
+}
+
+TEST(NumericEdit, ArrowsStepWithControl)
+{
+    CIntStage stage;
+    stage.view.Type(u"4");
+    EXPECT_TRUE(stage.view.Press({.key = EKey::Up, .control = true}));
+    EXPECT_EQ(stage.changes, (std::vector<int>{40, 41})) << "first what was typed";
+    EXPECT_TRUE(stage.byUser);
+    EXPECT_TRUE(stage.view.Press({.key = EKey::Down, .control = true}));
+    EXPECT_FALSE(stage.view.Press(EKey::Down));
+    stage.edit->GetSpinButton().OnDeltaPos(-2);
+    EXPECT_EQ(stage.changes, (std::vector<int>{40, 41, 40, 38}));
+    EXPECT_FALSE(stage.edit->ValidatingUserInput());
+}
+
+TEST(NumericEdit, UserIsCheckedAndProgramIsNot)
+{
+    CIntStage stage;
+    stage.SetValidator([&](int value) { return value % 2 == 0; });
+    stage.edit->SetValue(5);
+    stage.edit->SetValue(5);
+    EXPECT_FALSE(stage.byUser);
+    stage.Enter(u"7");
+    EXPECT_EQ(stage.view.GetText(), u"5");
+    EXPECT_EQ(stage.CountBeeps(), 1U);
+    stage.Enter(u"5");
+    stage.Enter(u"8");
+    stage.edit->OnSpinDeltaPos(1);
+    EXPECT_EQ(stage.CountBeeps(), 2U);
+    EXPECT_EQ(stage.changes, (std::vector<int>{5, 5, 8}));
+    EXPECT_EQ(stage.asked, (std::vector<int>{7, 8, 9})) << "the same value is not asked for";
+}
+
+TEST(NumericEdit, NotificationSetsTheValueAgain)
+{
+    CIntStage stage;
+    stage.onChange = [&](int value) { stage.edit->SetValue(value + 1); };
+    const std::function<void()> ways[] = {
+        [&] { stage.edit->SetValue(10); },
+        [&] { stage.Enter(u"10"); },
+        [&] { stage.edit->OnSpinDeltaPos(10); },
+    };
+    for (const auto& change : ways) {
+        stage.edit->Setup(0, c_intMin, c_intMax, 1);
+        stage.edit->ResetChangeNotification();
+        stage.edit->SetValue(0);
+        stage.edit->SetChangeNotification(stage, &CIntStage::OnChange);
+        stage.changes.clear();
+        change();
+        EXPECT_EQ(stage.changes, (std::vector<int>{10, 11}));
+        EXPECT_EQ(stage.edit->GetValue(), 12);
+        EXPECT_EQ(stage.view.GetText(), u"12");
+    }
+}
+
+TEST(NumericEdit, ValidatorSetsTheValueAgain)
+{
+    for (const bool accept : {false, true}) {
+        CIntStage stage;
+        stage.SetValidator([&](int value) {
+            stage.edit->SetValue(value + 100);
+            stage.edit->OnSpinDeltaPos(1); // the user steps while he is asked
+            return accept;
+        });
+        stage.Enter(u"1");
+        EXPECT_EQ(stage.asked, std::vector<int>{1});
+        EXPECT_EQ(stage.edit->GetValue(), accept ? 1 : 101);
+        EXPECT_EQ(stage.view.GetText(), accept ? u"1" : u"101");
+    }
+}
+
+TEST(NumericEdit, ValidatorThatTakesTheFocus)
+{
+    CIntStage stage;
+    stage.SetValidator([&](int) {
+        stage.view.SetFocus(false); // a message box
+        return false;
+    });
+    stage.Enter(u"1");
+    EXPECT_EQ(stage.asked.size(), 1U);
+    EXPECT_EQ(stage.view.GetText(), u"0");
+    EXPECT_EQ(stage.CountBeeps(), 1U);
+}
+
+TEST(NumericEdit, CallbackThrows)
+{
+    CIntStage stage;
+    stage.SetValidator([](int) -> bool { throw std::runtime_error("validator"); });
+    EXPECT_THROW(stage.Enter(u"1"), std::runtime_error);
+    EXPECT_EQ(stage.edit->GetValue(), 0);
+    EXPECT_EQ(stage.view.GetText(), u"0");
+    EXPECT_FALSE(stage.edit->IsModified() || stage.edit->ValidatingUserInput());
+
+    stage.edit->ResetValidator();
+    stage.onChange = [](int) { throw std::runtime_error("listener"); };
+    for (int i = 0; i < 4; ++i) // the depth is lowered each time
+        EXPECT_THROW(stage.edit->SetValue(5 + i), std::runtime_error);
+    EXPECT_EQ(stage.changes.size(), 4U);
+    EXPECT_EQ(stage.view.GetText(), u"8");
+}
+
+TEST(NumericEdit, CallbackDestroysTheEdit)
+{
+    const struct {
+        const char* what;
+        void (*act)(CIntStage&);
+    } cases[] = {
+        {"set", [](CIntStage& s) { s.edit->SetValue(3); }},
+        {"range", [](CIntStage& s) { s.edit->SetRange(3, 5, 0.1); }},
+        {"enter", [](CIntStage& s) { s.Enter(u"3"); }},
+        {"arrow", [](CIntStage& s) { s.view.Press({.key = EKey::Up, .control = true}); }},
+        {"typed, then arrow",
+         [](CIntStage& s) { s.view.Type(u"3"), s.view.Press({.key = EKey::Up, .control = true}); }},
+        {"wheel", [](CIntStage& s) { s.edit->OnMouseWheel(120, true); }},
+        {"spin", [](CIntStage& s) { s.edit->GetSpinButton().OnDeltaPos(1); }},
+        {"focus", [](CIntStage& s) { s.view.Type(u"3"), s.view.MoveFocus(false); }},
+    };
+    for (const auto& row : cases) {
+        for (const bool byValidator : {false, true}) {
+            CIntStage stage;
+            stage.SetValidator([&](int) { return byValidator ? stage.edit.reset(), true : true; });
+            stage.onChange = [&](int) { stage.edit.reset(); };
+            // It reads the flag before the edit is gone.
+            row.act(stage);
+            EXPECT_EQ(stage.edit, nullptr) << row.what;
+            EXPECT_EQ(stage.view.GetControl(), nullptr) << row.what;
+        }
+    }
+}
+
+TEST(NumericEdit, TypedTextOutlivesANewStep)
+{
+    CIntStage stage;
+    stage.view.Type(u"5");
+    stage.edit->GetStepSizeCtrl().GetButton(CStepSizeBtn::EType::Larger).OnClicked();
+    EXPECT_EQ(stage.edit->GetIncrement(), 10);
+    EXPECT_EQ(stage.view.GetText(), u"50");
+    stage.view.Press(EKey::Enter);
+    EXPECT_EQ(stage.edit->GetValue(), 50);
+    stage.edit->GetStepSizeCtrl().GetButton(CStepSizeBtn::EType::Smaller).OnClicked();
+    EXPECT_EQ(stage.edit->GetIncrement(), 1);
+}
