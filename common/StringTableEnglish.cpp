@@ -116,6 +116,7 @@ constexpr SStringTableRow c_english[] = {
     {7479, u"Shape Count"},
     {7480, u"Mode Normalized Shape Count"},
     {7481, u"File Name"},
+    {7483, u"Processing, please wait..."},
     {7484, u"ID"},
     {7485, u"Median Height"},
     {7486, u"Median Depth"},
