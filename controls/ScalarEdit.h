@@ -141,7 +141,4 @@ private:
     bool m_validatingUserInput = false;
 };
 
-extern template class CScalarEdit<int>;
-extern template class CScalarEdit<float>;
-
 } // namespace CommonUI
