@@ -2,6 +2,7 @@
 
 #include "platform/MessageLoop.h"
 
+#include <cmath>
 #include <exception>
 #include <mutex>
 #include <utility>
@@ -23,9 +24,9 @@ struct CProgressThreadDialog::SShared {
     CCancelQueue queue;
     std::exception_ptr error; ///< of the worker until it has ended
 
-    std::mutex mutex; ///< guards what follows
-    float increment = 0;
-    long long steps = 0; ///< reported and not shown yet; above 0 a message is on its way
+    std::mutex mutex;      ///< guards what follows
+    double progress = 0;   ///< reported and not shown yet
+    bool onItsWay = false; ///< a message that will show it
     CStr text;
 };
 
@@ -100,8 +101,9 @@ int CProgressThreadDialog::PostThreadProgress(float increment, const CStr& text)
     bool first = false;
     {
         const std::lock_guard lock(shared->mutex);
-        first = shared->steps++ == 0;
-        shared->increment = increment;
+        first = !std::exchange(shared->onItsWay, true);
+        if (std::isfinite(increment))
+            shared->progress += increment;
         if (!text.IsEmpty())
             shared->text = text;
     }
@@ -116,13 +118,13 @@ void CProgressThreadDialog::Show(SShared& shared)
     if (!shared.dialog)
         return;
     std::unique_lock lock(shared.mutex);
-    const auto steps = static_cast<double>(std::exchange(shared.steps, 0));
-    const double increment = shared.increment;
+    shared.onItsWay = false;
+    const double progress = std::exchange(shared.progress, 0);
     const CStr text = std::exchange(shared.text, CStr());
     lock.unlock();
     if (!text.IsEmpty())
         shared.dialog->SetText(text);
-    shared.dialog->AddProgress(increment * steps);
+    shared.dialog->AddProgress(progress);
 }
 
 } // namespace CommonUI

@@ -10,9 +10,8 @@ namespace CommonUI
 
 /// A progress dialog that runs its work on a thread of its own, while the user interface stays alive.
 ///
-/// The work reports by PostThreadProgress and must end soon after that has returned nonzero. Reports cross
-/// over as one message however many there are: the dialog always sees the latest text and increment, and
-/// makes as many steps of that increment as were reported.
+/// The work reports by PostThreadProgress and must end soon after that has returned nonzero. Reports that the
+/// dialog has not shown yet cross over as one message: the latest text, and all increments together.
 class COMMONUI_API CProgressThreadDialog : public CProgressDialog
 {
 public:
