@@ -750,6 +750,19 @@ constexpr SStringTableRow c_english[] = {
     {10038, u"ISO 16610 L"},
     {10039, u"ISO 16610 S"},
     {10040, u"Curves"},
+    {10051, u"Unable to load the file \"%s\"\n\nPlease verify that the path and file name are correct, and "
+            u"that you have Read access to the file.\n\nDo you want the file to be removed from the list?"},
+    {10052, u"Unable to load the file \"%s\"\n\nPlease verify that the path and file name are correct, and "
+            u"that you have Read access to the file.\n\nDo you want to refresh the list?"},
+    {10053, u"Unable to load the file \"%s\"\n\nPlease verify that the path and file name are correct, and "
+            u"that you have Read access to the file."},
+    {10054, u"Unable to save the file \"%s\"\n\nPlease verify that the path and file name are correct, and "
+            u"that you have Write access to the file."},
+    {10055, u"Syntax error in specification: %s"},
+    {10056, u"Syntax error in specification: '%s', either Id<> of File<> must be specified"},
+    {10057, u"Syntax error in specification: '%s', File<> specification needs filename"},
+    {10058, u"Settings of the type \"%s\" are not kept in files."},
+    {10059, u"Settings of the type \"%s\" cannot be saved to a file."},
     {10071, u"Global"},
     {10072, u"Linewise"},
     {10073, u"Profile"},

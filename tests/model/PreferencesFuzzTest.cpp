@@ -1,6 +1,6 @@
 #include "model/AnalysisPreferencesManager.h"
 #include "tests/model/PreferencesTesting.h"
-#include "tests/model/TemporaryFolder.h"
+#include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

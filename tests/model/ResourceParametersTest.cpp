@@ -2,7 +2,7 @@
 
 #include "platform/Folders.h"
 #include "tests/model/PreferencesTesting.h"
-#include "tests/model/TemporaryFolder.h"
+#include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,266 @@
+#include "tests/settings/SettingsFactoryTesting.h"
+
+#include <fstream>
+#include <iterator>
+
+using namespace CommonUI;
+using enum ESettingType;
+
+namespace
+{
+
+std::string DataFile(const char* name)
+{
+    std::ifstream file(std::string(COMMONUI_TEST_DATA "/") + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+CSettings MakeSet(const CStr& path, ESettingType type, int value)
+{
+    CSettings set(SSettingsEntry(path, type), {});
+    set.WriteInt(u"Value", value);
+    return set;
+}
+
+} // namespace
+
+TEST_F(SettingsFactory, RecentUses)
+{
+    struct SCase {
+        std::vector<int> uses;
+        std::u16string_view recent;
+    };
+    const SCase c_cases[] = {
+        {{}, u""},
+        {{4}, u"Recent{Global Leveling 4}"},
+        {{4, 6, 4}, u"Recent{Global Leveling 4,Linewise Offset 6}"},
+        {{8, 3, 4, 5, 6},
+         u"Recent{Linewise Offset 6,Linewise Bow Removal 5,Global Leveling 4,Global Bow Removal 3}"},
+        {{8, 3, 4, 5, 6, 3},
+         u"Recent{Global Bow Removal 3,Linewise Offset 6,Linewise Bow Removal 5,Global Leveling 4}"},
+    };
+    for (const SCase& row : c_cases) {
+        m_factory = {};
+        for (const int id : row.uses)
+            EXPECT_TRUE(m_factory.GetSettings(id, true).GetEntryInfo() == id);
+        m_factory.GetSettings(10, false);
+        EXPECT_EQ(Recent(PlaneCorr), row.recent);
+    }
+    // An index means nothing for a built-in set.
+    m_factory.AddToRecentItems({EBuiltInSetting{175}, ColorScale}, 3);
+    m_factory.AddToRecentItems({EBuiltInSetting{175}, ColorScale}, 4);
+    EXPECT_EQ(Recent(ColorScale), u"Recent{Glow 175}");
+    EXPECT_EQ(Recent(Filter), u"");
+}
+
+TEST_F(SettingsFactory, DynamicItems)
+{
+    struct SCase {
+        std::u16string_view path;
+        ESettingType type;
+        bool result;
+        int id;
+    };
+    constexpr SCase c_cases[] = {
+        {u"/a/x.pln", PlaneCorr, true, 200}, {u"/b/x.pln", PlaneCorr, true, 201},
+        {u"/a/x.pln", PlaneCorr, true, 200}, {u"/A/x.pln", PlaneCorr, true, 202},
+        {u"/a/x.pln", Filter, true, 203},    {u"/a/x.pln", Unknown, false, 204},
+        {u"/b/x.pln", PlaneCorr, true, 201}, {u"C:\\a\\x.pln", PlaneCorr, true, 205},
+    };
+    for (const SCase& row : c_cases) {
+        SSettingsEntry entry(row.path, row.type);
+        EXPECT_EQ(m_factory.NewDynamicItem(entry, row.type == PlaneCorr), row.result);
+        EXPECT_EQ(entry.m_ID, row.id);
+    }
+    EXPECT_EQ(Recent(PlaneCorr), u"Recent{x.pln 205,x.pln 201,x.pln 202,x.pln 200}");
+    EXPECT_EQ(Recent(Filter), u"");
+    SSettingsEntry named(u"/b/x.pln", PlaneCorr);
+    named.m_Name = u"Mine";
+    EXPECT_TRUE(m_factory.NewDynamicItem(named, false));
+    EXPECT_EQ(named.m_ID, 206);
+    EXPECT_EQ(m_factory.GetNewID(), 207U);
+}
+
+TEST_F(SettingsFactory, IdentifiersOfNoSet)
+{
+    for (const int id : {-1, 0, 200, 1 << 30})
+        EXPECT_TRUE(m_factory.GetSettings(id, true).GetEntryInfo() == SSettingsEntry::s_InvalidID);
+    EXPECT_EQ(m_warnings.size(), 4U);
+    EXPECT_TRUE(m_boxes.GetShown().empty());
+}
+
+TEST_F(SettingsFactory, StoredKeysAreThoseOnRecord)
+{
+    const std::string stored = DataFile("settings-factory.ini");
+    CInifile ini;
+    ini.LoadBytes(stored);
+    EXPECT_TRUE(m_factory.Load(ini));
+    EXPECT_EQ(Recent(PlaneCorr), u"Recent{first.pln 201,Global Leveling 4,second.pln 200}");
+    EXPECT_EQ(Recent(ColorScale), u"Recent{Multicolor 1 193}");
+    CInifile written;
+    EXPECT_TRUE(m_factory.Save(written));
+    EXPECT_EQ(written.GetBytes(), stored);
+    EXPECT_TRUE(m_warnings.empty());
+}
+
+TEST_F(SettingsFactory, RecentListsOfDamagedFiles)
+{
+    struct SCase {
+        std::vector<CStr> stored;
+        std::vector<CStr> kept;
+        std::size_t warnings;
+    };
+    const CStr level = u"BUILT-IN:PlaneCorrQuickLaunchImageLeveling";
+    const SCase c_cases[] = {
+        {{u"FILE:/1", level, u"FILE:/2", u"FILE:/3", u"FILE:/4"},
+         {u"FILE:/1", level, u"FILE:/2", u"FILE:/3"},
+         0},
+        {{u"FILE:/1", level, u"FILE:/1", level}, {u"FILE:/1", level}, 0},
+        {{u"HTTP:/1", level, u"", u"/1", u"file:/1", u"FILE:"}, {level}, 5},
+        {{u"BUILT-IN:", u"BUILT-IN:Nobody", u"BUILT-IN:CSQuickLaunchGlow", u"BUILT-IN:4"}, {}, 4},
+        {{u"FILE:%s\\\u00E9\u65E5", u"FILE:a,\"b\""}, {u"FILE:%s\\\u00E9\u65E5", u"FILE:a,\"b\""}, 0},
+    };
+    for (const SCase& row : c_cases) {
+        m_factory = {};
+        m_warnings.clear();
+        CInifile ini;
+        ini.SelectSection(CSettingsFactory::c_StorageSection);
+        ini.WriteText(u"Foreign", u"stays");
+        ini.WriteTexts(u"PlaneCorr", row.stored);
+        m_factory.Load(ini);
+        m_factory.Save(ini);
+        EXPECT_EQ(ini.ReadTexts(u"PlaneCorr"), row.kept);
+        EXPECT_EQ(ini.ReadText(u"Foreign"), u"stays");
+        EXPECT_EQ(m_warnings.size(), row.warnings);
+    }
+}
+
+TEST_F(SettingsFactory, AVanishedFileIsForgottenWhenTheUserAgrees)
+{
+    struct SCase {
+        bool isRecent;
+        EMessageBoxAnswer answer;
+        std::u16string_view question, recent;
+    };
+    constexpr SCase c_cases[] = {
+        {true, EMessageBoxAnswer::No, u"Do you want the file to be removed from the list?",
+         u"Recent{x%s.pln 200}"},
+        {true, EMessageBoxAnswer::Yes, u"Do you want the file to be removed from the list?", u""},
+        {false, EMessageBoxAnswer::Yes, u"Do you want to refresh the list?", u""},
+    };
+    for (const SCase& row : c_cases) {
+        m_factory = {};
+        CSettings set = MakeSet(Path("x%s.pln"), PlaneCorr, 1);
+        EXPECT_TRUE(m_factory.SaveSettings(set, row.isRecent));
+        std::filesystem::remove(m_folder.GetPath() / "x%s.pln");
+        m_boxes.Prepare(row.answer);
+        EXPECT_TRUE(m_factory.GetSettings(200, true).GetEntryInfo() == SSettingsEntry::s_InvalidID);
+        const CStr text =
+            u"Unable to load the file \"" + Path("x%s.pln") +
+            u"\"\n\nPlease verify that the path and file name are correct, and that you have Read "
+            u"access to the file.\n\n" +
+            row.question;
+        EXPECT_EQ(m_boxes.GetShown().back(),
+                  (SMessageBox{text, MessageBoxStyle::c_yesNo | MessageBoxStyle::c_warning}));
+        EXPECT_EQ(Recent(PlaneCorr), row.recent);
+    }
+}
+
+TEST_F(SettingsFactory, SavedSetsAreLoadedAgain)
+{
+    CSettings set = MakeSet(Path("x.flt"), Filter, 5);
+    EXPECT_TRUE(m_factory.SaveSettings(set, false));
+    EXPECT_TRUE(set.GetEntryInfo() == 200);
+    const CSettings read = m_factory.LoadSettings(Filter, Path("x.flt") + u"\\", true);
+    EXPECT_EQ(read.ReadInt(u"Value", 0), 5);
+    EXPECT_EQ(read.GetFileName(), Path("x.flt"));
+    EXPECT_TRUE(read.GetEntryInfo() == 200);
+    EXPECT_EQ(Recent(Filter), u"Recent{x.flt 200}");
+
+    m_folder.Write("x.flt", "; mine\nValue=6\n");
+    CSettings again = m_factory.GetSettings(200, false);
+    EXPECT_EQ(again.ReadInt(u"Value", 0), 6);
+    EXPECT_TRUE(m_factory.SaveSettings(again, false));
+    EXPECT_EQ(m_folder.Read("x.flt"), "; mine\nValue=6\n");
+}
+
+TEST_F(SettingsFactory, WhatCannotBeSaved)
+{
+    m_folder.Write("folder/inside", "");
+    CSettings builtIn = m_factory.GetSettings(4, false);
+    CSettings nowhere = MakeSet({}, Filter, 1);
+    CSettings folder = MakeSet(Path("folder"), Filter, 1);
+    CSettings noFolder = MakeSet(Path("none/x.flt"), Filter, 1);
+    for (CSettings* set : {&builtIn, &nowhere, &folder, &noFolder})
+        EXPECT_FALSE(m_factory.SaveSettings(*set, true));
+    EXPECT_EQ(m_warnings.size(), 4U);
+    EXPECT_EQ(Recent(Filter), u"");
+    EXPECT_EQ(m_factory.GetNewID(), 200U);
+}
+
+TEST_F(SettingsFactory, FilesThatCannotBeLoaded)
+{
+    m_folder.Write("folder.flt/inside", "");
+    m_folder.Write("large.flt", "");
+    std::filesystem::resize_file(m_folder.GetPath() / "large.flt", CSettingsFactory::c_maximumFileSize + 1);
+    const CStr paths[] = {u"",
+                          u"\\",
+                          Path("none.flt"),
+                          Path("folder.flt"),
+                          Path("large.flt"),
+                          Path("folder.flt") + u'\0',
+                          CStr(1, 0xD800)};
+    for (const CStr& path : paths) {
+        for (const ESettingType type : {Filter, ColorScale}) {
+            m_warnings.clear();
+            const CSettings set = m_factory.LoadSettings(type, path, true);
+            EXPECT_TRUE(set.GetEntryInfo() == SSettingsEntry::s_InvalidID);
+            EXPECT_TRUE(set.GetFileName().IsEmpty());
+            EXPECT_EQ(Recent(type), u"");
+            EXPECT_EQ(m_warnings.size(), 1U);
+        }
+    }
+    EXPECT_EQ(m_factory.GetNewID(), 200U);
+    const std::string binary("\xFF\xD8\0\x80\nValue=3\0\n[", 15);
+    m_folder.Write("binary.flt", binary);
+    CSettings set = m_factory.LoadSettings(Filter, Path("binary.flt"), false);
+    EXPECT_TRUE(set.GetEntryInfo() == 201);
+    EXPECT_EQ(set.GetBytes(), binary);
+}
+
+TEST_F(SettingsFactory, AColorScaleIsReadAgainWhenItsFileHasChanged)
+{
+    namespace fs = std::filesystem;
+    const fs::path file = m_folder.GetPath() / "x.col";
+    const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    struct SStep {
+        const char* bytes;
+        int minutesLater;
+        int value;
+    };
+    constexpr SStep c_steps[] = {
+        {"Value=1", 0, 1},  {"Value=2", 0, 1},  {"Value=3 ", 0, 3}, {"Value=4 ", 1, 4},
+        {"Value=5", 90, 5}, {"Value=6", 90, 6}, {"Value=7", 2, 7},  {"Value=8", 2, 7},
+    };
+    for (const SStep& step : c_steps) {
+        m_folder.Write("x.col", step.bytes);
+        fs::last_write_time(file, longAgo + std::chrono::minutes(step.minutesLater));
+        CSettings set = m_factory.LoadSettings(ColorScale, Path("x.col"), false);
+        EXPECT_EQ(set.ReadInt(u"Value", 0), step.value);
+        EXPECT_EQ(set.GetFileName(), Path("x.col"));
+        set.WriteInt(u"Value", 0);
+    }
+    fs::remove(file);
+    EXPECT_TRUE(m_factory.LoadSettings(ColorScale, Path("x.col"), false).GetEntryInfo() == -1);
+}
+
+TEST_F(SettingsFactory, CopiesAreIndependentAndTheSingletonStartsAnew)
+{
+    GetSettingsFactory().GetSettings(4, true);
+    CSettingsFactory copy = GetSettingsFactory();
+    EXPECT_EQ(&GetSettingsFactory(), &GetSettingsFactory());
+    CloseSettingsFactory();
+    EXPECT_EQ(Text(GetSettingsFactory().GetTree(PlaneCorr, ESettingCategory::Recent)), u"");
+    EXPECT_EQ(Text(copy.GetTree(PlaneCorr, ESettingCategory::Recent)), u"Recent{Global Leveling 4}");
+    CloseSettingsFactory();
+}

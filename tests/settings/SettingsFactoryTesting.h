@@ -1,0 +1,78 @@
+#pragma once
+
+#include "common/Diagnostics.h"
+#include "platform/FileDialogService.h"
+#include "platform/Folders.h"
+#include "platform/MessageBoxService.h"
+#include "settings/SettingsFactory.h"
+#include "tests/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+/// A factory whose inner operations can be called.
+class CTestFactory : public CommonUI::CSettingsFactory
+{
+public:
+    using CSettingsFactory::AddCustomItems;
+    using CSettingsFactory::AddExampleItems;
+    using CSettingsFactory::AddQuickLaunchItems;
+    using CSettingsFactory::AddRecentItems;
+    using CSettingsFactory::AddToRecentItems;
+    using CSettingsFactory::GetFileDialogInfo;
+    using CSettingsFactory::GetNewID;
+    using CSettingsFactory::NewDynamicItem;
+};
+
+/// A factory with a settings folder, message boxes and file dialogs of the test's own.
+class SettingsFactory : public testing::Test
+{
+protected:
+    SettingsFactory()
+    {
+        CommonUI::SetFolders(
+            std::make_unique<CommonUI::CFixedFolders>(m_folder.GetPath(), m_folder.GetPath()));
+        CommonUI::SetMessageBoxService(&m_boxes);
+        CommonUI::SetFileDialogService(&m_dialogs);
+        m_sink = CommonUI::GetDiagnostics().SetSink(
+            [this](const CommonUI::SDiagnosticLine& line) { m_warnings.emplace_back(line.text); });
+    }
+    ~SettingsFactory() override
+    {
+        CommonUI::GetDiagnostics().SetSink(m_sink);
+        CommonUI::SetFileDialogService(nullptr);
+        CommonUI::SetMessageBoxService(nullptr);
+        CommonUI::SetFolders(nullptr);
+    }
+
+    /// The full path of a name in the test's folder.
+    CommonUI::CStr Path(const char* name) const { return (m_folder.GetPath() / name).u16string(); }
+
+    /// Trees as "Heading{leaf 5,Folder{x.pln 200}}".
+    static CommonUI::CStr Text(const std::vector<CommonUI::CSettingsFactory::CTree>& trees)
+    {
+        CommonUI::CStr text;
+        for (const auto& tree : trees) {
+            const auto& [name, id] = tree.GetValue();
+            text += (text.IsEmpty() ? u"" : u",") + name;
+            if (tree.IsLeaf())
+                text += CommonUI::CStr::Format(u" %d", id);
+            else
+                text += u"{" + Text(tree.GetChildren()) + u"}";
+            EXPECT_TRUE(tree.IsLeaf() || id == -1);
+        }
+        return text;
+    }
+    CommonUI::CStr Recent(CommonUI::ESettingType type)
+    {
+        return Text(m_factory.GetTree(type, CommonUI::ESettingCategory::Recent));
+    }
+
+    CTemporaryFolder m_folder;
+    CommonUI::CMemoryMessageBoxService m_boxes;
+    CommonUI::CMemoryFileDialogService m_dialogs;
+    std::vector<CommonUI::CStr> m_warnings;
+    CTestFactory m_factory;
+
+private:
+    CommonUI::CDiagnostics::CSink m_sink;
+};

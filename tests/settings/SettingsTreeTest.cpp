@@ -1,0 +1,151 @@
+#include "tests/settings/SettingsFactoryTesting.h"
+
+using namespace CommonUI;
+using enum ESettingType;
+namespace fs = std::filesystem;
+
+TEST_F(SettingsFactory, TreeOfAllCategories)
+{
+    EXPECT_EQ(Text(m_factory.GetTree(PnP, true)),
+              u"Built-in Settings{Simple Threshold - Pores 197,Simple Threshold - Particles 198}");
+    m_folder.Write("Custom Settings/mine.pnps", "");
+    m_factory.GetSettings(198, true);
+    const CStr others =
+        u"Custom Settings{mine.pnps 200},Built-in Settings{Simple Threshold - Pores 197,Simple "
+        u"Threshold - Particles 198}";
+    EXPECT_EQ(Text(m_factory.GetTree(PnP, true)), u"Recent{Simple Threshold - Particles 198}," + others);
+    EXPECT_EQ(m_factory.GetTree(PnP, ESettingCategory::All).size(), 3U);
+    EXPECT_EQ(Text(m_factory.GetTree(PnP, false)), others);
+    EXPECT_EQ(Text(m_factory.GetTree(PnP, ESettingCategory::Custom)), u"Custom Settings{mine.pnps 200}");
+    EXPECT_EQ(m_factory.GetTree(PnP, ESettingCategory::QuickLaunch).size(), 1U);
+    EXPECT_TRUE(m_factory.GetTree(PnP, ESettingCategory::Example).empty());
+    EXPECT_TRUE(m_factory.GetTree(ZCalibration, true).empty());
+    EXPECT_TRUE(m_factory.GetTree(Unknown, true).empty());
+    EXPECT_TRUE(m_warnings.empty());
+}
+
+TEST_F(SettingsFactory, BuiltInSetsStandBelowTheirGroups)
+{
+    std::map<int, int> found;
+    for (const auto& type : GetSettingTypeEnum()) {
+        for (const auto& heading :
+             m_factory.GetTree(ESettingType{type.GetValue()}, ESettingCategory::QuickLaunch)) {
+            for (const auto& node : heading.GetChildren()) {
+                for (const auto& leaf : node.GetChildren())
+                    ++found[leaf.GetValue().second];
+                if (node.IsLeaf())
+                    ++found[node.GetValue().second];
+            }
+        }
+    }
+    EXPECT_EQ(found.size(), 199U);
+    const auto trees = m_factory.GetTree(PlaneCorr, ESettingCategory::QuickLaunch);
+    ASSERT_EQ(trees[0].GetChildren().size(), 2U);
+    EXPECT_EQ(trees[0].GetChildren()[1].GetValue().first, u"Profiles");
+    EXPECT_EQ(trees[0].GetChildren()[1].GetChildren().back().GetValue().second, 21);
+}
+
+TEST_F(SettingsFactory, CustomFilesByMask)
+{
+    struct SCase {
+        ESettingType type;
+        std::u16string_view names;
+    };
+    constexpr SCase c_cases[] = {
+        {Batch, u"x.batch 200"},
+        {Filter, u"x.flt 201"},
+        {FFT, u"x.fflt 202"},
+        {Force, u"x.fcs 203"},
+        {PlaneCorr, u"x.pln 204"},
+        {ColorScale, u"x.col 205"},
+        {PnP, u"x.pnps 206"},
+        {ActiveReport, u"x.doc 207,x.docm 208,x.docx 209,x.htm 210,x.html 211"},
+        {LinearityCorrection, u"x.cpl 212"},
+        {ZCalibration, u"x.cpz 213"},
+        {UnitCell, u"x.cpu 214"},
+        {ZCalibrationReference, u"x.crz 215"},
+        {UnitCellReference, u"x.cru 216"},
+        {Animation, u"x.animation 217"},
+        {ImageRoughness, u"x.irs 218"},
+        {ProfileRoughness, u"x.prs 219"},
+    };
+    for (const char* extension :
+         {"batch", "flt", "fflt", "fcs", "pln", "col", "pnps",      "htm", "html", "doc", "docx",
+          "docm",  "cpl", "cpz",  "cpu", "crz", "cru", "animation", "irs", "prs",  "txt", "plnx"})
+        m_folder.Write((std::string("Custom Settings/x.") + extension).c_str(), "");
+    // Twice: a menu that is built again has the same identifiers.
+    for (int i = 0; i < 2; ++i) {
+        for (const SCase& row : c_cases)
+            EXPECT_EQ(Text(m_factory.GetTree(row.type, ESettingCategory::Custom)),
+                      u"Custom Settings{" + CStr(row.names) + u"}");
+    }
+    std::vector<CSettingsFactory::CTree> trees;
+    for (const ESettingType type : {Unknown, ESettingType{14}, ESettingType{-1}})
+        EXPECT_FALSE(m_factory.AddCustomItems(type, trees));
+    EXPECT_TRUE(m_factory.AddExampleItems(PlaneCorr, trees));
+    EXPECT_TRUE(m_factory.AddRecentItems(PlaneCorr, trees));
+    EXPECT_TRUE(m_factory.AddQuickLaunchItems(ZCalibration, trees));
+    EXPECT_TRUE(trees.empty());
+}
+
+TEST_F(SettingsFactory, FilesOfAFolderByName)
+{
+    for (const char* name :
+         {"Set 10.flt", "set 9.FLT", "Set 009.flt", "b/1.flt", "B2/c/x.flt", "a.flt.txt", "empty/none",
+          "\xC3\x89t\xC3\xA9.flt", "\xE6\x97\xA5\xE6\x9C\xAC.flt", "x.flt/y.Flt"})
+        m_folder.Write(name, "not to be read");
+    const CStr folder = m_folder.GetPath().u16string();
+    const CStr expected = u"b{1.flt 200},B2{c{x.flt 201}},x.flt{y.Flt 202},Set 009.flt 203,set 9.FLT 204,"
+                          u"Set 10.flt 205,\u00C9t\u00E9.flt 206,\u65E5\u672C.flt 207";
+    EXPECT_EQ(Text(m_factory.GetTree(Filter, folder, u"*.flt")), expected);
+    EXPECT_EQ(Text(m_factory.GetTree(Filter, folder + u"/", u"*.flt")), expected);
+    EXPECT_EQ(m_factory.GetSettings(201, false).GetFileName(), Path("B2/c/x.flt"));
+
+    struct SCase {
+        std::u16string_view masks, names;
+    };
+    constexpr SCase c_cases[] = {
+        {u"*.txt|NONE", u"empty{none 0},a.flt.txt 0"},
+        {u"?t?.flt", u"\u00C9t\u00E9.flt 0"},
+        {u"\u00E9*", u"\u00C9t\u00E9.flt 0"},
+        {u"s*1*.flt", u"Set 10.flt 0"},
+        {u"n*.*", u""},
+        {u"", u""},
+    };
+    for (const SCase& row : c_cases) {
+        CStr names = Text(m_factory.GetTree(Filter, folder, row.masks));
+        for (int id = 200; id < 220; ++id)
+            names = names.Replace(CStr::Format(u" %d", id), u" 0");
+        EXPECT_EQ(names, row.names);
+    }
+    EXPECT_EQ(m_factory.GetTree(Filter, Path("empty"), u"*.*").size(), 1U);
+    for (const CStr& none : {Path("nobody"), Path("a.flt.txt"), CStr(), CStr(1, 0xDC00)})
+        EXPECT_TRUE(m_factory.GetTree(Filter, none, u"*.*").empty());
+}
+
+TEST_F(SettingsFactory, LinksAreFollowedOnce)
+{
+    m_folder.Write("a/x.flt", "");
+    m_folder.Write("elsewhere.txt", "");
+    std::error_code error;
+    fs::create_directory_symlink(m_folder.GetPath(), m_folder.GetPath() / "a/up", error);
+    if (error)
+        GTEST_SKIP() << "no links here: " << error.message();
+    fs::create_directory_symlink("a", m_folder.GetPath() / "b");
+    fs::create_directory_symlink("loop", m_folder.GetPath() / "loop");
+    fs::create_symlink("../elsewhere.txt", m_folder.GetPath() / "a/link.flt");
+    fs::create_symlink("nowhere", m_folder.GetPath() / "a/broken.flt");
+    EXPECT_EQ(Text(m_factory.GetTree(Filter, m_folder.GetPath().u16string(), u"*.flt")),
+              u"a{link.flt 200,x.flt 201}");
+}
+
+#if defined(__linux__)
+TEST_F(SettingsFactory, NamesThatAreNoTextAreLeftOutWithAWarning)
+{
+    m_folder.Write("good.flt", "");
+    for (const char* name : {"bad\xFF.flt", "bad\xED\xA0\x80.flt", "\xC3/x.flt", "bad\xFF.txt"})
+        m_folder.Write(name, "");
+    EXPECT_EQ(Text(m_factory.GetTree(Filter, m_folder.GetPath().u16string(), u"*.flt")), u"good.flt 200");
+    EXPECT_EQ(m_warnings.size(), 3U);
+}
+#endif
