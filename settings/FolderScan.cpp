@@ -110,7 +110,10 @@ CStr GetFolderText(const CStr& folder)
 CStr GetCustomSettingsFolder()
 {
     CStr text;
-    return ToText(GetFolders().GetSettingsFolder() / "Custom Settings" / "", text) ? text : CStr();
+    if (ToText(GetFolders().GetSettingsFolder() / "Custom Settings" / "", text))
+        return text;
+    WarnOfSettings(u"The name of the settings folder is no text: \"" + text + u'"');
+    return {};
 }
 
 CSimpleTree<CStr> FindFilesBelow(const CStr& folder, std::u16string_view masks)

@@ -33,7 +33,7 @@ public:
     /// How many sets a recent list has at most.
     static constexpr unsigned s_MaxRecentCount = 4;
     /// A file of settings may have so many bytes; a larger one is none.
-    static constexpr std::size_t c_maximumFileSize = std::size_t{16} << 20;
+    static constexpr std::size_t c_maximumFileSize = std::size_t{64} << 20;
 
     /// A node of a menu: its text and the identifier of the set, s_InvalidID for a folder or heading.
     using CTree = CSimpleTree<std::pair<CStr, int>>;

@@ -26,7 +26,8 @@ const SSettingsFiles* FindSettingsFiles(ESettingType type);
 /// The masks of a type's files, joined by `|`.
 CStr GetMasks(const SSettingsFiles& files);
 
-/// The folder in which the user's own settings are looked for, with a separator at its end.
+/// The folder in which the user's own settings are looked for, with a separator at its end; empty, with a
+/// warning, when no text leads to it.
 CStr GetCustomSettingsFolder();
 
 /// The files below a folder whose names match a mask: inner nodes are folders by name, leaves are files by

@@ -1,22 +1,9 @@
-#include "settings/BuiltInSetting.h"
-
-#include <gtest/gtest.h>
-
-#include <fstream>
-#include <sstream>
+#include "tests/settings/SettingsFactoryTesting.h"
 
 using namespace CommonUI;
 
 namespace
 {
-
-std::string DataFile(const std::string& name)
-{
-    std::ifstream file(COMMONUI_TEST_DATA "/" + name, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 template<class E>
 std::string Lines(const CEnum<E>& values)

@@ -1,19 +1,10 @@
 #include "tests/settings/SettingsFactoryTesting.h"
 
-#include <fstream>
-#include <iterator>
-
 using namespace CommonUI;
 using enum ESettingType;
 
 namespace
 {
-
-std::string DataFile(const char* name)
-{
-    std::ifstream file(std::string(COMMONUI_TEST_DATA "/") + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 CSettings MakeSet(const CStr& path, ESettingType type, int value)
 {

@@ -9,6 +9,15 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+
+inline std::string DataFile(const std::string& name)
+{
+    std::ifstream file(COMMONUI_TEST_DATA "/" + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 /// A factory whose inner operations can be called.
 class CTestFactory : public CommonUI::CSettingsFactory
 {
@@ -45,7 +54,10 @@ protected:
     }
 
     /// The full path of a name in the test's folder.
-    CommonUI::CStr Path(const char* name) const { return (m_folder.GetPath() / name).u16string(); }
+    CommonUI::CStr Path(const char* name = "") const
+    {
+        return (m_folder.GetPath() / name).make_preferred().u16string();
+    }
 
     /// Trees as "Heading{leaf 5,Folder{x.pln 200}}".
     static CommonUI::CStr Text(const std::vector<CommonUI::CSettingsFactory::CTree>& trees)

@@ -1,8 +1,5 @@
 #include "tests/settings/SettingsFactoryTesting.h"
 
-#include <fstream>
-#include <sstream>
-
 using namespace CommonUI;
 using enum ESettingType;
 
@@ -44,10 +41,7 @@ TEST_F(SettingsFactory, FileDialogTextsAreThoseOnRecord)
         texts += "[" + GetSettingTypeEnum().GetIniName(type).ToUtf8() + "]\nextension=" + extension.ToUtf8() +
                  "\nopen=" + open.ToUtf8() + "\nsave=" + save.ToUtf8() + "\n";
     }
-    std::ifstream file(COMMONUI_TEST_DATA "/settings-files.ini", std::ios::binary);
-    std::ostringstream expected;
-    expected << file.rdbuf();
-    EXPECT_EQ(texts, expected.str());
+    EXPECT_EQ(texts, DataFile("settings-files.ini"));
 }
 
 TEST_F(SettingsFactory, LoadPrompt)

@@ -3,23 +3,6 @@
 using namespace CommonUI;
 using enum ESettingType;
 
-namespace
-{
-
-const CStr c_syntax = u"Syntax error in specification: ";
-
-CStr NeitherIdNorFile(const CStr& spec)
-{
-    return u"Syntax error in specification: '" + spec + u"', either Id<> of File<> must be specified";
-}
-
-CStr NoFileName(const CStr& spec)
-{
-    return u"Syntax error in specification: '" + spec + u"', File<> specification needs filename";
-}
-
-} // namespace
-
 TEST_F(SettingsFactory, ValidSpecifications)
 {
     SSettingsEntry met(u"/a/x.pln", PlaneCorr);
@@ -52,7 +35,7 @@ TEST_F(SettingsFactory, ValidSpecifications)
         for (std::size_t length = 0; length < row.spec.Find(u']'); ++length) {
             const CStr prefix = row.spec.Left(length);
             EXPECT_FALSE(m_factory.ParseUserSpec(prefix, info));
-            EXPECT_EQ(info.error, c_syntax + prefix);
+            EXPECT_EQ(info.error, u"Syntax error in specification: " + prefix);
             EXPECT_TRUE(info.kind == 0 && info.typeText.IsEmpty() && info.type == Unknown &&
                         info.entries.empty());
         }
@@ -82,24 +65,26 @@ TEST_F(SettingsFactory, IdentifiersThatNameNothing)
 TEST_F(SettingsFactory, WrongSpecifications)
 {
     struct SCase {
-        CStr spec;
-        CStr error;
+        std::u16string_view error;
+        std::vector<CStr> specs;
     };
-    std::vector<SCase> cases;
-    for (const CStr spec :
+    const SCase c_cases[] = {
+        {u"Syntax error in specification: %s",
          {u"", u"PlaneCorr(File(x))", u"Nothing[File(x)]", u"Unknown[Id(5)]", u"plancorr[Id(5)]",
           u" PlaneCorr[Id(5)]", u"]PlaneCorr[Id(5)]", u"][", u"[Id(5)]", u"PlaneCorr[Id()]",
           u"PlaneCorr[Id(]", u"http://PlaneCorr[Id(5)]", u"://PlaneCorr[Id(5)]", u"settings://[Id(5)]",
-          u"Settings://PlaneCorr[Id(5)]", u"settings://settings://PlaneCorr[Id(5)]", u"%s[File(%d)]"})
-        cases.push_back({spec, c_syntax + spec});
-    for (const CStr spec : {u"PlaneCorr[Name(x)]", u"PlaneCorr[]", u"PlaneCorr[file(x)]",
-                            u"PlaneCorr[ File(x)]", u"PlaneCorr[File]", u"Nothing[ID(5)]"})
-        cases.push_back({spec, NeitherIdNorFile(spec)});
-    for (const CStr spec : {u"PlaneCorr[File()]", u"PlaneCorr[File(]", u"settings://PlaneCorr[File()]"})
-        cases.push_back({spec, NoFileName(spec)});
-    for (const SCase& row : cases) {
-        CSettingsFactory::SParseInfo info;
-        EXPECT_FALSE(m_factory.ParseUserSpec(row.spec, info));
-        EXPECT_EQ(info.error, row.error);
+          u"Settings://PlaneCorr[Id(5)]", u"settings://settings://PlaneCorr[Id(5)]", u"%s[File(%d)]"}},
+        {u"Syntax error in specification: '%s', either Id<> of File<> must be specified",
+         {u"PlaneCorr[Name(x)]", u"PlaneCorr[]", u"PlaneCorr[file(x)]", u"PlaneCorr[ File(x)]",
+          u"PlaneCorr[File]", u"Nothing[ID(5)]"}},
+        {u"Syntax error in specification: '%s', File<> specification needs filename",
+         {u"PlaneCorr[File()]", u"PlaneCorr[File(]", u"settings://PlaneCorr[File()]"}},
+    };
+    for (const SCase& row : c_cases) {
+        for (const CStr& spec : row.specs) {
+            CSettingsFactory::SParseInfo info;
+            EXPECT_FALSE(m_factory.ParseUserSpec(spec, info));
+            EXPECT_EQ(info.error, CStr::Format(row.error, spec));
+        }
     }
 }
