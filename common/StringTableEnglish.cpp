@@ -848,6 +848,9 @@ constexpr SStringTableRow c_english[] = {
     {10203, u"Image Roughness of the Batch"},
     {10204, u"Table of Particles and Pores"},
     {10205, u"Statistics of Particles and Pores"},
+    {10221, u"Software"},
+    {10222, u"Automatic"},
+    {10223, u"Hardware"},
 };
 
 constexpr bool IsRising()
