@@ -47,10 +47,11 @@ CStr LengthText(double metres)
 }
 
 /// The texts of the summary that say what was measured.
-SContent Describe(const SSurface& surface, const SOptions& options)
+SContent Describe(const SInput& input, const SOptions& options)
 {
+    const SSurface& surface = input.surface;
     SContent content{.title = surface.fileName};
-    const auto add = [&content](const char16_t* label, const CStr& text) {
+    const auto add = [&content](const CStr& label, const CStr& text) {
         content.summary.emplace_back(label, text);
     };
     add(u"File", CStr::FromUtf8(surface.fileName));
@@ -60,6 +61,8 @@ SContent Describe(const SSurface& surface, const SOptions& options)
     add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
     add(u"Missing points", CStr::Format(u"%d", surface.missing));
     add(u"Levelling", LevellingText(options.levelling));
+    for (std::size_t i = 0; i < input.steps.size(); ++i)
+        add(CStr::Format(u"Step %d", i + 1), input.steps[i]);
     return content;
 }
 
@@ -98,23 +101,52 @@ bool IsAnyOn(const std::vector<CParameter>& parameters, std::initializer_list<st
     });
 }
 
-SContent RoughnessContent(const SSurface& surface, const SChoices& choices, const SOptions& options)
+/// Computes the parameters of a surface that the choices show.
+class CArealValues
 {
-    SContent content = Describe(surface, options);
-    // What takes long is computed only where it is shown: spectra, profiles, and those that need a filter.
-    const bool spatial = IsAnyOn(choices.surface, {u"Sal", u"St*", u"Scl*"});
+public:
+    CArealValues(const SSurface& surface, const SChoices& choices)
+        : m_surface(surface)
+        // What takes long is computed only where it is shown.
+        , m_values(
+              SurfaceAnalysis::ComputeAreal(surface, IsAnyOn(choices.surface, {u"Sal", u"St*", u"Scl*"})))
+    {
+    }
+
+    /// Appends the value of a parameter that is computed.
+    void AppendTo(std::vector<double>& values, const CParameter& parameter) const
+    {
+        const std::string key = AnalysisKey(parameter);
+        const auto found = std::ranges::find(m_values, key, &SValue::key);
+        if (parameter.HasParent())
+            values.push_back(SurfaceAnalysis::ComputeTemplate(m_surface, key, VariableValues(parameter)));
+        else if (found != m_values.end())
+            values.push_back(found->value);
+    }
+
+private:
+    const SSurface& m_surface;
+    std::vector<SValue> m_values;
+};
+
+SContent RoughnessContent(const SInput& input, const SChoices& choices, const SOptions& options)
+{
+    const SSurface& surface = input.surface;
+    SContent content = Describe(input, options);
+    std::vector<CArealValues> areal;
+    if (input.raw)
+        areal.emplace_back(*input.raw, choices);
+    areal.emplace_back(surface, choices);
     const bool filtered = IsAnyOn(choices.profiles, {u"4287R*", u"4287W*"});
-    const auto areal = SurfaceAnalysis::ComputeAreal(surface, spatial);
     std::vector<SValues> profiles;
     if (IsAnyOn(choices.profiles, {u"*"}))
         profiles = SurfaceAnalysis::ComputeProfiles(surface,
                                                     filtered ? options.cutoff : SurfaceAnalysis::c_undefined);
-    const auto ofSurface = [&](const CParameter& parameter) -> std::vector<double> {
-        const std::string key = AnalysisKey(parameter);
-        if (parameter.HasParent())
-            return {SurfaceAnalysis::ComputeTemplate(surface, key, VariableValues(parameter))};
-        const auto found = std::ranges::find(areal, key, &SValue::key);
-        return found == areal.end() ? std::vector<double>() : std::vector<double>{found->value};
+    const auto ofSurface = [&areal](const CParameter& parameter) {
+        std::vector<double> values;
+        for (const CArealValues& surfaceValues : areal)
+            surfaceValues.AppendTo(values, parameter);
+        return values;
     };
     const auto ofProfiles = [&](const CParameter& parameter) -> std::vector<double> {
         const std::string key = AnalysisKey(parameter);
@@ -134,17 +166,17 @@ SContent RoughnessContent(const SSurface& surface, const SChoices& choices, cons
     return content;
 }
 
-SContent GrainContent(const SSurface& surface, const SChoices& choices, const SOptions& options)
+SContent GrainContent(const SInput& input, const SChoices& choices, const SOptions& options)
 {
     const SGrainOptions& asked = *options.grains;
     const bool pores = asked.kind == EGrainKind::Pore;
     const auto grains = std::make_shared<SurfaceAnalysis::SGrains>(
-        SurfaceAnalysis::MeasureGrains(surface, asked.threshold, asked.kind));
+        SurfaceAnalysis::MeasureGrains(input.surface, asked.threshold, asked.kind));
     const auto valuesOf = [&](const CParameter& parameter) -> std::vector<double> {
         const auto found = std::ranges::find(grains->columns, parameter.GetIniName().ToUtf8(), &SValues::key);
         return found == grains->columns.end() ? std::vector<double>() : found->values;
     };
-    SContent content = Describe(surface, options);
+    SContent content = Describe(input, options);
     const auto& items = GetMeasureSummaryItemsEnum();
     const auto label = [&items](EMeasureSummaryItems item) {
         return items.GetFriendlyString(static_cast<int>(item));
@@ -168,10 +200,10 @@ SContent GrainContent(const SSurface& surface, const SChoices& choices, const SO
 
 } // namespace
 
-SContent MakeContent(const SSurface& surface, const SChoices& choices, const SOptions& options)
+SContent MakeContent(const SInput& input, const SChoices& choices, const SOptions& options)
 {
-    SContent content = options.grains ? GrainContent(surface, choices, options)
-                                      : RoughnessContent(surface, choices, options);
+    SContent content =
+        options.grains ? GrainContent(input, choices, options) : RoughnessContent(input, choices, options);
     CheckKeys(options, {&content.surface, &content.columns});
     return content;
 }

@@ -5,13 +5,24 @@
 
 #include "examples/analysis/Surface.h"
 
+#include <optional>
+#include <vector>
+
 namespace SurfaceReport
 {
 
-/// Analyses a levelled surface as the options ask: its roughness and that of its profiles, or its grains.
+/// A surface and what was done to it.
+struct SInput {
+    SurfaceAnalysis::SSurface surface; ///< as it is analysed
+    /// As it was read, to be shown beside the other; only where it is asked for.
+    std::optional<SurfaceAnalysis::SSurface> raw{};
+    std::vector<CommonUI::CStr> steps{}; ///< what was applied after the levelling, in this order
+};
+
+/// Analyses a surface as the options ask: its roughness, beside that of the raw one, and that of its
+/// profiles, or its grains.
 /// @throws EUsage for parameters that are not computed
 /// @throws SurfaceAnalysis::ENoPoints when all points are missing
-SContent MakeContent(const SurfaceAnalysis::SSurface& surface, const SChoices& choices,
-                     const SOptions& options);
+SContent MakeContent(const SInput& input, const SChoices& choices, const SOptions& options);
 
 } // namespace SurfaceReport

@@ -28,6 +28,13 @@ usage: surface_report INPUT --out DIR [OPTION...]
                      the defaults where there is none
   --set CHANGE       changes the preferences and saves them, any number of times:
                      Sa=off  Sq.unit=um  Sq.format=Digits:4  Fractile=on:95  Sch=on:95
+  --settings SPEC    applies a plane correction or a filter first, any number of times in the order given; the
+                     surface's table then shows the raw surface beside the processed one. A set is named by its
+                     identifier, its key or a file: 'PlaneCorr[Id(4)]'  'Filter[File(x.flt)]'
+  --list-settings [TYPE]
+                     prints the sets there are of a type, such as Filter, or of all, instead of a report
+  --settings-folder DIR
+                     the folder whose folder "Custom Settings" holds the user's own sets
 )";
 
 namespace
@@ -68,7 +75,7 @@ public:
     {
         while (m_next < m_arguments.size())
             Take(m_arguments[m_next++]);
-        if (!m_options.help)
+        if (!m_options.help && !m_options.listSettings)
             Check();
         return m_options;
     }
@@ -81,12 +88,21 @@ private:
         return m_arguments[m_next++];
     }
 
+    std::string OptionalValue()
+    {
+        const bool given =
+            m_next < m_arguments.size() && !std::string_view(m_arguments[m_next]).starts_with("--");
+        return given ? m_arguments[m_next++] : "";
+    }
+
     void Take(const std::string& argument)
     {
         if (argument == "--help")
             m_options.help = true;
         else if (argument == "--transpose")
             m_options.transpose = true;
+        else if (argument == "--list-settings")
+            m_options.listSettings = OptionalValue();
         else if (argument.starts_with("--"))
             TakeValue(argument);
         else if (m_options.input.empty())
@@ -115,6 +131,10 @@ private:
             m_options.preferences = ValueOf(option);
         else if (option == "--set")
             m_options.sets.push_back(ValueOf(option));
+        else if (option == "--settings")
+            m_options.settings.push_back(ValueOf(option));
+        else if (option == "--settings-folder")
+            m_options.settingsFolder = ValueOf(option);
         else
             throw EUsage("there is no option \"" + option + "\"");
     }

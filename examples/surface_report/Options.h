@@ -42,6 +42,11 @@ struct SOptions {
     std::optional<SGrainOptions> grains{};
     std::filesystem::path preferences{}; ///< the file of choices; empty for none
     std::vector<std::string> sets{};     ///< changes of the choices, see EditPreferences
+    /// Specifications of the settings sets that are applied before the analysis, in this order.
+    std::vector<std::string> settings{};
+    /// To list settings sets instead of analysing anything: the key of their type, empty for all types.
+    std::optional<std::string> listSettings{};
+    std::filesystem::path settingsFolder{}; ///< where custom settings lie; empty for the user's folder
     bool transpose = false;
     bool help = false;
 };

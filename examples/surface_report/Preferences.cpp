@@ -1,7 +1,7 @@
 #include "examples/surface_report/Preferences.h"
 
-#include "common/Diagnostics.h"
 #include "common/NumberText.h"
+#include "examples/surface_report/Reason.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,25 +17,6 @@ using CList = std::vector<CParameter>;
 
 namespace
 {
-
-/// Keeps what the diagnostics say while the object lives, to be told as the reason of a failure.
-class CReason
-{
-public:
-    CReason()
-        : m_previous(GetDiagnostics().SetSink([this](const SDiagnosticLine& line) { m_text = line.text; }))
-    {
-    }
-    ~CReason() { GetDiagnostics().SetSink(m_previous); }
-    CReason(const CReason&) = delete;
-    CReason& operator=(const CReason&) = delete;
-
-    [[noreturn]] void Fail() const { throw std::runtime_error(m_text.ToUtf8()); }
-
-private:
-    CStr m_text;
-    CDiagnostics::CSink m_previous;
-};
 
 constexpr EAnalysis c_analyses[] = {EAnalysis::Roughness, EAnalysis::RoughnessProfile, EAnalysis::Measure};
 
@@ -242,12 +223,14 @@ CPreferencesFile::CPreferencesFile(const SOptions& options)
     const bool exists = std::filesystem::exists(options.preferences);
     if (const CReason reason; exists && !m_ini.Load())
         reason.Fail();
+    m_factory.Load(m_ini);
     m_ini.SelectSection(c_section);
     if (exists)
         m_manager.Load(m_ini);
     for (const std::string& change : options.sets)
         EditPreferences(m_manager, change);
-    m_needsSaving = !exists || !options.sets.empty();
+    m_usesSettings = !options.settings.empty();
+    m_needsSaving = !exists || !options.sets.empty() || m_usesSettings;
 }
 
 void CPreferencesFile::Save()
@@ -255,6 +238,8 @@ void CPreferencesFile::Save()
     if (!m_needsSaving)
         return;
     m_manager.Save(m_ini);
+    if (m_usesSettings)
+        m_factory.Save(m_ini);
     if (const CReason reason; !m_ini.Save())
         reason.Fail();
 }

@@ -3,6 +3,7 @@
 #include "examples/surface_report/Options.h"
 
 #include "model/AnalysisPreferencesManager.h"
+#include "settings/SettingsFactory.h"
 
 #include <string>
 
@@ -12,7 +13,7 @@ namespace SurfaceReport
 /// The section under which the program keeps the preferences of all analyses in its file.
 constexpr std::u16string_view c_section = u"SurfaceReport";
 
-/// The preferences of all analyses in the options' file.
+/// The preferences of all analyses in the options' file, and the settings sets that were used recently.
 class CPreferencesFile
 {
 public:
@@ -23,15 +24,18 @@ public:
     explicit CPreferencesFile(const SOptions& options);
 
     const CommonUI::CAnalysisPreferencesManager& GetManager() const { return m_manager; }
-    /// Saves when the file is not there yet or something was to be changed. What the file holds besides stays
-    /// as it is.
+    CommonUI::CSettingsFactory& GetFactory() { return m_factory; }
+    /// Saves when the file is not there yet, something was to be changed or sets were used. What the file
+    /// holds besides stays as it is.
     /// @throws std::runtime_error when the file cannot be written
     void Save();
 
 private:
     CommonUI::CAnalysisPreferencesManager m_manager;
+    CommonUI::CSettingsFactory m_factory;
     CommonUI::CInifile m_ini;
     bool m_needsSaving = false;
+    bool m_usesSettings = false;
 };
 
 /// Makes one change:

@@ -8,10 +8,14 @@
 #include "examples/surface_report/Content.h"
 #include "examples/surface_report/Options.h"
 #include "examples/surface_report/Preferences.h"
+#include "examples/surface_report/Processing.h"
 #include "examples/surface_report/Report.h"
+#include "examples/surface_report/Steps.h"
+#include "platform/Folders.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <ostream>
 
 namespace SurfaceReport
@@ -90,21 +94,75 @@ void WriteReports(const CReport& report, const fs::path& folder)
     }
 }
 
-void Run(const SOptions& options, std::ostream& out, std::ostream& err)
+/// Has the user's own sets looked for in the options' folder as long as the object lives.
+class CSettingsFolderScope
 {
-    CPreferencesFile preferences(options);
+public:
+    explicit CSettingsFolderScope(const SOptions& options)
+        : m_isSet(!options.settingsFolder.empty())
+    {
+        if (m_isSet && !fs::is_directory(options.settingsFolder))
+            throw EUsage("--settings-folder: \"" + options.settingsFolder.string() + "\" is no folder");
+        if (m_isSet)
+            m_previous = CommonUI::SetFolders(std::make_unique<CommonUI::CFixedFolders>(
+                CommonUI::GetFolders().GetApplicationFolder(), options.settingsFolder));
+    }
+    ~CSettingsFolderScope()
+    {
+        if (m_isSet)
+            CommonUI::SetFolders(std::move(m_previous));
+    }
+    CSettingsFolderScope(const CSettingsFolderScope&) = delete;
+    CSettingsFolderScope& operator=(const CSettingsFolderScope&) = delete;
+
+private:
+    bool m_isSet;
+    std::unique_ptr<CommonUI::CFolders> m_previous;
+};
+
+/// Prints the answer to what was asked for.
+void Print(const std::string& text, std::ostream& out)
+{
+    if (!(out << text << std::flush))
+        throw std::runtime_error("the output cannot be printed");
+}
+
+/// Does to the surface what the options ask; the raw one is kept where the steps change it.
+void Process(SInput& input, const std::vector<SStep>& steps, const SOptions& options)
+{
+    if (!steps.empty())
+        input.raw = input.surface;
+    SurfaceAnalysis::Level(input.surface, options.levelling);
+    for (const SStep& step : steps) {
+        Apply(step, input.surface);
+        input.steps.push_back(step.name);
+    }
+}
+
+void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
+{
     const SChoices choices = MakeChoices(preferences.GetManager(), options);
-    SurfaceAnalysis::SSurface surface = Read(options.input, err);
+    const std::vector<SStep> steps = LoadSteps(preferences.GetFactory(), options.settings);
+    SInput input{.surface = Read(options.input, err)};
     try {
-        SurfaceAnalysis::Level(surface, options.levelling);
-        const CReport report(MakeContent(surface, choices, options), options.transpose);
+        Process(input, steps, options);
+        const CReport report(MakeContent(input, choices, options), options.transpose);
         preferences.Save();
         WriteReports(report, options.folder);
-        if (!(out << report.GetTerminalText() << std::flush))
-            throw std::runtime_error("the report cannot be printed");
+        Print(report.GetTerminalText(), out);
     } catch (const SurfaceAnalysis::ENoPoints& error) {
         throw std::runtime_error(options.input.string() + ": " + error.what());
     }
+}
+
+void Run(const SOptions& options, std::ostream& out, std::ostream& err)
+{
+    const CSettingsFolderScope folder(options);
+    CPreferencesFile preferences(options);
+    if (options.listSettings)
+        Print(ListSettings(preferences.GetFactory(), *options.listSettings), out);
+    else
+        MakeReport(options, preferences, out, err);
 }
 
 } // namespace

@@ -29,11 +29,20 @@ CStr OneLine(const CStr& text)
 void FillSurface(CGrid& grid, const std::vector<SColumn>& columns)
 {
     grid.SetNameHeader(u"Surface parameter");
-    grid.AddColumn({u"Value", {}});
+    if (columns.front().values.size() > 1) {
+        grid.AddColumn({u"Raw", {}});
+        grid.AddColumn({u"Processed", {}});
+    } else {
+        grid.AddColumn({u"Value", {}});
+    }
     grid.AddColumn({u"Unit", {}});
-    for (const SColumn& column : columns)
-        grid.AddRow({.name = column.parameter.GetFriendlyString(),
-                     .cells = {column.GetText(column.values.front()), column.GetUnitText()}});
+    for (const SColumn& column : columns) {
+        CGrid::SRow row{.name = column.parameter.GetFriendlyString(), .cells = {}};
+        for (const double value : column.values)
+            row.cells.push_back(column.GetText(value));
+        row.cells.push_back(column.GetUnitText());
+        grid.AddRow(std::move(row));
+    }
 }
 
 /// The parameter's symbol over the standard it belongs to: an unfiltered Ra is not that of ISO 4287.

@@ -19,7 +19,8 @@ struct SContent {
     std::string title; ///< UTF-8
     /// Labels and texts of the summary. Control characters in them become blanks.
     std::vector<std::pair<CommonUI::CStr, CommonUI::CStr>> summary{};
-    std::vector<SColumn> surface{}; ///< one value each
+    /// One value each; or two, that of the raw surface and that of the processed one.
+    std::vector<SColumn> surface{};
     CommonUI::CStr rowName{};       ///< what the rows of the columns are: profiles or grains
     std::vector<SColumn> columns{}; ///< a value for each row
     /// The statistics, of which those are shown that are on and computed.

@@ -1,65 +1,6 @@
-#include "examples/surface_report/Program.h"
+#include "SurfaceReportFixture.h"
 
 #include "common/Inifile.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <sstream>
-#include <string>
-#include <vector>
-
-namespace fs = std::filesystem;
-
-namespace
-{
-
-const fs::path c_sample = fs::path(COMMONUI_EXAMPLE_DATA) / "ground_steel.sdf";
-
-std::string BytesOf(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-/// Runs the program with a folder of its own for input and reports.
-class SurfaceReportTest : public testing::Test
-{
-protected:
-    SurfaceReportTest()
-        : m_folder(fs::temp_directory_path() /
-                   (std::string("surface_report-") +
-                    testing::UnitTest::GetInstance()->current_test_info()->name()))
-    {
-        fs::remove_all(m_folder);
-        fs::create_directories(m_folder);
-    }
-    ~SurfaceReportTest() override { fs::remove_all(m_folder); }
-
-    int Run(std::vector<std::string> arguments)
-    {
-        std::vector<const char*> pointers;
-        for (const std::string& argument : arguments)
-            pointers.push_back(argument.c_str());
-        m_out.str({});
-        m_err.str({});
-        return SurfaceReport::RunProgram(pointers, m_out, m_err);
-    }
-    fs::path Out() const { return m_folder / "made" / "out"; }
-    fs::path Write(const std::string& name, const std::string& bytes) const
-    {
-        std::ofstream(m_folder / name, std::ios::binary) << bytes;
-        return m_folder / name;
-    }
-
-    fs::path m_folder;
-    std::ostringstream m_out;
-    std::ostringstream m_err;
-};
-
-} // namespace
 
 TEST_F(SurfaceReportTest, ReportsOfTheSampleAreThoseOfTheGoldenFiles)
 {
@@ -79,7 +20,7 @@ TEST_F(SurfaceReportTest, MeasuredSurfaceHasItsKnownRoughness)
     if (!fs::exists(measured))
         GTEST_SKIP() << "the measured surface is not beside the checkout";
     ASSERT_EQ(Run({measured.string(), "--out", Out().string(), "--level", "mean", "--parameters", "Sq",
-                   "--transpose"}),
+                   "--transpose", "--settings", "--list-settings", "--settings-folder"}),
               0);
     EXPECT_NE(
         BytesOf(Out() / "report.txt")
@@ -242,6 +183,7 @@ TEST_F(SurfaceReportTest, BothReportsAreReplacedOrNeither)
 TEST_F(SurfaceReportTest, HelpNamesEveryOption)
 {
     EXPECT_EQ(Run({"--help"}), 0);
-    for (const char* option : {"INPUT", "--out", "--parameters", "--unit", "--level", "--transpose"})
+    for (const char* option : {"INPUT", "--out", "--parameters", "--unit", "--level", "--transpose",
+                               "--settings", "--list-settings", "--settings-folder"})
         EXPECT_NE(m_out.str().find(option), std::string::npos) << option;
 }

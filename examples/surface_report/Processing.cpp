@@ -1,0 +1,148 @@
+#include "examples/surface_report/Processing.h"
+
+#include "examples/analysis/PlaneCorrection.h"
+#include "examples/analysis/SurfaceFilter.h"
+
+#include <cmath>
+#include <stdexcept>
+
+namespace SurfaceReport
+{
+
+using namespace CommonUI;
+using namespace SurfaceAnalysis;
+
+namespace
+{
+
+ECorrectionMethod MethodOf(EPlaneCorrectionMethod method)
+{
+    switch (method) {
+    case EPlaneCorrectionMethod::StepWizard:
+        return ECorrectionMethod::StepWizard;
+    case EPlaneCorrectionMethod::ZeroBackground:
+        return ECorrectionMethod::ZeroBackground;
+    case EPlaneCorrectionMethod::Offset:
+        return ECorrectionMethod::Offset;
+    default:
+        return ECorrectionMethod::Polynomial;
+    }
+}
+
+/// A correction of profiles takes each line of a surface for one.
+SPlaneCorrection CorrectionOf(const SPlaneCorrectionSettings& settings)
+{
+    return {.scope = settings.scope == EPlaneCorrectionScope::Global ? ECorrectionScope::Global
+                                                                     : ECorrectionScope::Linewise,
+            .method = MethodOf(settings.method),
+            .order = static_cast<std::size_t>(settings.order)};
+}
+
+struct SWindow {
+    std::size_t columns;
+    std::size_t rows;
+};
+
+TSurfaceFilter MedianOf(const SFilterSettings& settings, const SWindow& window)
+{
+    if (settings.kind == EFilterKind::Median && settings.strength == EFilterStrength::Full)
+        return SMedianFilter{.columns = window.columns, .rows = window.rows};
+    if (settings.application == EFilterApplication::Curve)
+        return SLineSpikeFilter{.points = window.columns, .threshold = settings.threshold};
+    return SMedianFilter{.columns = window.columns, .rows = window.rows, .threshold = settings.threshold};
+}
+
+SKernel GaussianKernel(double deviation, const SWindow& window)
+{
+    SKernel kernel{.columns = window.columns, .rows = window.rows, .weights = {}};
+    kernel.weights.reserve(window.columns * window.rows);
+    const auto squareOf = [](std::size_t position, std::size_t count) {
+        const std::size_t middle = count / 2;
+        const double distance = static_cast<double>(position) - static_cast<double>(middle);
+        return distance * distance;
+    };
+    for (std::size_t row = 0; row < window.rows; ++row) {
+        for (std::size_t column = 0; column < window.columns; ++column)
+            kernel.weights.push_back(
+                std::exp(-(squareOf(row, window.rows) + squareOf(column, window.columns)) /
+                         (2 * deviation * deviation)));
+    }
+    return kernel;
+}
+
+SIsoGaussianFilter IsoGaussianOf(const SFilterSettings& settings, const SSurface& surface)
+{
+    SIsoGaussianFilter filter{.extent = settings.kind == EFilterKind::ArealGaussian
+                                            ? EGaussianExtent::Areal
+                                            : EGaussianExtent::Profile,
+                              .pass = settings.cutoff.pass == EFilterPass::High ? EPass::High : EPass::Low,
+                              .share = 1};
+    const double evaluationLength = GetCutoff(surface, filter);
+    filter.share = 0;
+    filter.cutoff = settings.cutoff.GetLength(evaluationLength);
+    return filter;
+}
+
+std::vector<TSurfaceFilter> StreakFiltersOf(const SFilterSettings& settings)
+{
+    std::vector<TSurfaceFilter> filters;
+    const auto add = [&](bool isBright, EFilterPolarity other) {
+        if (settings.polarity != other)
+            filters.emplace_back(SStreakFilter{.isBright = isBright,
+                                               .width = static_cast<std::size_t>(settings.maximumWidth),
+                                               .threshold = settings.threshold});
+    };
+    add(true, EFilterPolarity::Dark);
+    add(false, EFilterPolarity::Bright);
+    return filters;
+}
+
+/// The filters that do, one after the other, what the settings say.
+std::vector<TSurfaceFilter> FiltersOf(const SFilterSettings& settings, const SSurface& surface)
+{
+    const SWindow window{static_cast<std::size_t>(settings.columns), static_cast<std::size_t>(settings.rows)};
+    switch (settings.kind) {
+    case EFilterKind::Mean:
+        return {SMeanFilter{.columns = window.columns, .rows = window.rows}};
+    case EFilterKind::Gauss:
+        return {GaussianKernel(settings.standardDeviation, window)};
+    case EFilterKind::Convolution:
+        return {SKernel{.columns = window.columns, .rows = window.rows, .weights = settings.weights}};
+    case EFilterKind::Streaks:
+        return StreakFiltersOf(settings);
+    case EFilterKind::ProfileGaussian:
+    case EFilterKind::ArealGaussian:
+        return {IsoGaussianOf(settings, surface)};
+    default:
+        return {MedianOf(settings, window)};
+    }
+}
+
+/// Each answers why the set does not fit the surface; empty if it does.
+std::string_view ApplySettings(const SPlaneCorrectionSettings& settings, SSurface& surface)
+{
+    Correct(surface, CorrectionOf(settings));
+    return {};
+}
+
+std::string_view ApplySettings(const SFilterSettings& settings, SSurface& surface)
+{
+    for (const TSurfaceFilter& filter : FiltersOf(settings, surface)) {
+        if (const std::string_view refusal = FindRefusal(surface, filter); !refusal.empty())
+            return refusal;
+        surface = *Filter(surface, filter);
+    }
+    return {};
+}
+
+} // namespace
+
+void Apply(const SStep& step, SSurface& surface)
+{
+    const std::string_view refusal = std::visit(
+        [&surface](const auto& settings) { return ApplySettings(settings, surface); }, step.settings);
+    if (!refusal.empty())
+        throw std::runtime_error("--settings " + step.specification + ": " + std::string(refusal));
+}
+
+} // namespace SurfaceReport
