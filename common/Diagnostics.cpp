@@ -1,6 +1,5 @@
 #include "common/Diagnostics.h"
 
-#include <atomic>
 #include <iostream>
 #include <mutex>
 #include <set>
@@ -29,7 +28,6 @@ void WriteToStandardError(const SDiagnosticLine& line)
 struct CDiagnostics::SState {
     std::mutex categoryMutex;
     std::set<CStr, std::less<>> enabled;
-    std::atomic<bool> anyEnabled{false};
     std::mutex sinkMutex; ///< not that of the categories: a sink may ask for them
     CSink sink = WriteToStandardError;
 };
@@ -41,12 +39,8 @@ CDiagnostics::CDiagnostics()
 
 CDiagnostics::~CDiagnostics() = default;
 
-bool CDiagnostics::IsEnabled(std::u16string_view category) const
+bool CDiagnostics::IsListed(std::u16string_view category) const
 {
-    if (category.empty())
-        return true;
-    if (!m_state->anyEnabled.load(std::memory_order_relaxed))
-        return false;
     const std::lock_guard lock(m_state->categoryMutex);
     return m_state->enabled.contains(category);
 }
@@ -58,7 +52,7 @@ void CDiagnostics::SetEnabled(std::u16string_view category, bool enabled)
         m_state->enabled.emplace(category);
     else if (const auto found = m_state->enabled.find(category); found != m_state->enabled.end())
         m_state->enabled.erase(found);
-    m_state->anyEnabled = !m_state->enabled.empty();
+    m_anyEnabled = !m_state->enabled.empty();
 }
 
 void CDiagnostics::Write(std::u16string_view category, EDiagnosticLevel level, std::u16string_view text)

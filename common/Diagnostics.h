@@ -3,6 +3,7 @@
 #include "Export.h"
 #include "Str.h"
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -44,7 +45,10 @@ public:
 
     /// Whether a Trace or Info line of the category would be passed on: ask before building a costly text.
     /// As long as no category was enabled this costs no more than a call.
-    bool IsEnabled(std::u16string_view category) const;
+    bool IsEnabled(std::u16string_view category) const
+    {
+        return category.empty() || (m_anyEnabled.load(std::memory_order_relaxed) && IsListed(category));
+    }
     /// Means nothing for the empty category.
     void SetEnabled(std::u16string_view category, bool enabled);
 
@@ -67,7 +71,11 @@ public:
 
 private:
     struct SState;
+
+    bool IsListed(std::u16string_view category) const;
+
     std::unique_ptr<SState> m_state;
+    std::atomic<bool> m_anyEnabled{false}; ///< beside the state, so that asking costs one look
 };
 
 /// The one channel of the process. It lives until the process ends, longer than any static object.

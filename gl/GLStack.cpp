@@ -5,7 +5,6 @@
 #include "gl/OpenGLWrapper.h"
 
 #include <iterator>
-#include <optional>
 #include <utility>
 
 namespace CommonUI
@@ -15,10 +14,40 @@ namespace
 {
 
 constexpr std::u16string_view c_category = u"3DStack";
+constexpr std::size_t c_usualDepth = 8; // one group and a few single records
 
-constexpr Detail::SPlace PlaceOf(std::u16string_view function)
+constexpr Detail::SStep Step(std::u16string_view function, std::u16string_view operation)
 {
-    return {function, u"GLStack"};
+    return {operation, function, u"GLStack"};
+}
+
+constexpr auto c_pushMatrix = Step(u"CGLStack::PushMatrix", u"PushMatrix");
+constexpr auto c_pushDepthMask = Step(u"CGLStack::PushDepthMask", u"PushDepthMask");
+constexpr auto c_getInfo = Step(u"CGLStack::PushWindowCoord", u"Get info");
+constexpr auto c_matrixMode = Step(u"CGLStack::PushWindowCoord", u"MatrixMode");
+constexpr auto c_setupProjection = Step(u"CGLStack::PushWindowCoord", u"SetupProjection");
+constexpr auto c_setupModelView = Step(u"CGLStack::PushWindowCoord", u"SetupModelView");
+constexpr auto c_pop = Step(u"CGLStack::Pop", u"CGLStack::Pop");
+
+/// What there is to know of a kind of records.
+struct SKind {
+    CGLStack::SStackOperation record; ///< says nothing but its kind, so that all stacks can share it
+    std::u16string_view line;         ///< for the trace
+    int furtherPops;                  ///< how many records it stands above
+};
+
+constinit const SKind c_kinds[] = {
+    {CGLStack::SStackOperation(EStackOperation::soAttrib), u"soAttrib\n", 0},
+    {CGLStack::SStackOperation(EStackOperation::soMatrix), u"soMatrix\n", 0},
+    {CGLStack::SStackOperation(EStackOperation::soWindowCoord), u"soWindowCoord\n", 4},
+    {CGLStack::SStackOperation(EStackOperation::soDepthMask), u"soDepthMask\n", 1},
+};
+
+/// Null for a kind that is unknown.
+const SKind* FindKind(EStackOperation operation)
+{
+    const auto index = static_cast<std::size_t>(operation);
+    return index < std::size(c_kinds) ? &c_kinds[index] : nullptr;
 }
 
 bool IsTracing()
@@ -42,42 +71,8 @@ void TraceStacks()
     G_OpenGLWrapper.DiagnoseOutputStacks();
 }
 
-/// The line that traces an operation; empty for one that is unknown.
-std::u16string_view GetLine(EStackOperation operation)
-{
-    switch (operation) {
-    case EStackOperation::soAttrib:
-        return u"soAttrib\n";
-    case EStackOperation::soMatrix:
-        return u"soMatrix\n";
-    case EStackOperation::soWindowCoord:
-        return u"soWindowCoord\n";
-    case EStackOperation::soDepthMask:
-        return u"soDepthMask\n";
-    }
-    return {};
-}
-
-/// How many records an operation stands above.
-int CountFurtherPops(EStackOperation operation)
-{
-    switch (operation) {
-    case EStackOperation::soWindowCoord:
-        return 4;
-    case EStackOperation::soDepthMask:
-        return 1;
-    default:
-        return 0;
-    }
-}
-
 void Undo(EStackOperation operation)
 {
-    const std::u16string_view line = GetLine(operation);
-    if (line.empty())
-        ReportFault(CStr::Format(u"Unknown stack operation: %d\n", operation));
-    else
-        Trace(line);
     if (operation == EStackOperation::soAttrib)
         glPopAttrib();
     else if (operation == EStackOperation::soMatrix)
@@ -86,13 +81,50 @@ void Undo(EStackOperation operation)
 
 } // namespace
 
-CGLStack::SStackOperation::~SStackOperation() = default;
+void CGLStack::SDelete::operator()(const SStackOperation* record) const noexcept
+{
+    const SKind* kind = FindKind(record->operation);
+    if (!kind || record != &kind->record)
+        delete record;
+}
+
+/// The records that a push of several steps appends: unless it is closed they are undone, as if they had been
+/// put together on a stack of their own.
+class CGLStack::CGroup
+{
+public:
+    explicit CGroup(CGLStack& stack)
+        : m_stack(stack)
+        , m_first(stack.m_records.size())
+    {
+    }
+    ~CGroup() { m_stack.Unwind(m_first); }
+    CGroup(const CGroup&) = delete;
+    CGroup& operator=(const CGroup&) = delete;
+
+    /// Appends the record that stands above the others, and keeps them all.
+    bool Close(EStackOperation operation)
+    {
+        m_stack.Append(operation);
+        m_first = m_stack.m_records.size();
+        return true;
+    }
+
+private:
+    CGLStack& m_stack;
+    std::size_t m_first;
+};
 
 CGLStack::~CGLStack()
 {
+    Unwind(0);
+}
+
+void CGLStack::Unwind(std::size_t remaining)
+{
     if (IsTracing())
-        TraceContent();
-    while (!m_records.empty()) {
+        TraceContent(remaining);
+    while (m_records.size() > remaining) {
         const std::size_t count = m_records.size();
         Pop();
         if (m_records.size() == count) // an empty slot, which Pop leaves where it is
@@ -100,14 +132,14 @@ CGLStack::~CGLStack()
     }
 }
 
-void CGLStack::TraceContent() const
+void CGLStack::TraceContent(std::size_t first) const
 {
     Trace(u"CGLStack destructor:\n");
     TraceStacks();
     Trace(u"Stack content:\n");
-    for (const auto& record : m_records) {
-        const std::u16string_view line = record ? GetLine(record->operation) : std::u16string_view();
-        Trace(line.empty() ? u"INVALID\n" : line);
+    for (std::size_t i = first; i < m_records.size(); ++i) {
+        const SKind* kind = m_records[i] ? FindKind(m_records[i]->operation) : nullptr;
+        Trace(kind ? kind->line : u"INVALID\n");
     }
 }
 
@@ -115,62 +147,59 @@ void CGLStack::TraceContent() const
 
 bool CGLStack::PushAttrib(unsigned int mask)
 {
-    Append(std::make_unique<SStackOperation>(EStackOperation::soAttrib));
+    Append(EStackOperation::soAttrib);
     glPushAttrib(mask);
     const GLenum code = glGetError();
     if (code == GL_NO_ERROR) [[likely]]
         return true;
     m_records.pop_back();
-    Detail::ReportError(code, CStr::Format(u"PushAttrib (0x%X)", mask), PlaceOf(u"CGLStack::PushAttrib"));
+    Detail::ReportError(code, Step(u"CGLStack::PushAttrib", CStr::Format(u"PushAttrib (0x%X)", mask)));
     return false;
 }
 
 bool CGLStack::PushMatrix()
 {
-    Append(std::make_unique<SStackOperation>(EStackOperation::soMatrix));
+    Append(EStackOperation::soMatrix);
     glPushMatrix();
     const GLenum code = glGetError();
     if (code == GL_NO_ERROR) [[likely]]
         return true;
     m_records.pop_back();
-    Detail::ReportError(code, u"PushMatrix", PlaceOf(u"CGLStack::PushMatrix"));
+    Detail::ReportError(code, c_pushMatrix);
     return false;
 }
 
 bool CGLStack::PushDepthMask(bool write)
 {
-    CGLStack steps;
-    if (!steps.PushAttrib(GL_DEPTH_BUFFER_BIT))
+    CGroup group(*this);
+    if (!PushAttrib(GL_DEPTH_BUFFER_BIT))
         return false;
     glDepthMask(write ? GL_TRUE : GL_FALSE);
-    if (Detail::HasFailed(u"PushDepthMask", PlaceOf(u"CGLStack::PushDepthMask")))
+    if (Detail::HasFailed(c_pushDepthMask))
         return false;
-    steps.Append(std::make_unique<SStackOperation>(EStackOperation::soDepthMask));
-    return TransferStack(steps);
+    return group.Close(EStackOperation::soDepthMask);
 }
 
 bool CGLStack::PushWindowCoord(double left, double right, double bottom, double top, double zNear,
                                double zFar)
 {
-    constexpr Detail::SPlace place = PlaceOf(u"CGLStack::PushWindowCoord");
-    CGLStack steps;
-    if (!steps.PushAttrib(GL_TRANSFORM_BIT))
+    CGroup group(*this);
+    if (!PushAttrib(GL_TRANSFORM_BIT))
         return false;
     glMatrixMode(GL_PROJECTION);
-    if (Detail::HasFailed(u"MatrixMode", place) || !steps.PushMatrix())
+    if (Detail::HasFailed(c_matrixMode) || !PushMatrix())
         return false;
     glLoadIdentity();
     glOrtho(left, right, bottom, top, zNear, zFar);
-    if (Detail::HasFailed(u"SetupProjection", place) || !steps.PushAttrib(GL_TRANSFORM_BIT))
+    if (Detail::HasFailed(c_setupProjection) || !PushAttrib(GL_TRANSFORM_BIT))
         return false;
     glMatrixMode(GL_MODELVIEW);
-    if (Detail::HasFailed(u"MatrixMode", place) || !steps.PushMatrix())
+    if (Detail::HasFailed(c_matrixMode) || !PushMatrix())
         return false;
     glLoadIdentity();
-    if (Detail::HasFailed(u"SetupModelView", place))
+    if (Detail::HasFailed(c_setupModelView))
         return false;
-    steps.Append(std::make_unique<SStackOperation>(EStackOperation::soWindowCoord));
-    return TransferStack(steps);
+    return group.Close(EStackOperation::soWindowCoord);
 }
 
 bool CGLStack::PushWindowCoord(bool unitDepth)
@@ -181,7 +210,7 @@ bool CGLStack::PushWindowCoord(bool unitDepth)
     GLdouble depths[2] = {0.0, -1.0};
     if (!unitDepth)
         glGetDoublev(GL_DEPTH_RANGE, depths);
-    if (Detail::HasFailed(u"Get info", PlaceOf(u"CGLStack::PushWindowCoord")))
+    if (Detail::HasFailed(c_getInfo))
         return false;
     const auto [x, y, width, height] = viewport;
     return PushWindowCoord(x, x + width, y, y + height, depths[0], depths[1]);
@@ -189,13 +218,19 @@ bool CGLStack::PushWindowCoord(bool unitDepth)
 
 bool CGLStack::Pop()
 {
-    const bool tracing = IsTracing();
-    std::optional<CDiagnostics::CScope> scope;
-    if (tracing) {
-        Trace(u"Entering CGLStack::Pop:\n");
-        scope.emplace();
-        TraceStacks();
-    }
+    if (!IsTracing())
+        return PopTop(false);
+    Trace(u"Entering CGLStack::Pop:\n");
+    const CDiagnostics::CScope scope;
+    TraceStacks();
+    const bool done = PopTop(true);
+    if (done)
+        Trace(u"Exiting CGLStack::Pop\n");
+    return done;
+}
+
+bool CGLStack::PopTop(bool tracing)
+{
     if (m_records.empty()) {
         ReportFault(u"Error: Popping empty GLStack\n");
         return false;
@@ -205,15 +240,16 @@ bool CGLStack::Pop()
         return false;
     }
     const EStackOperation operation = m_records.back()->operation;
+    const SKind* kind = FindKind(operation);
+    if (!kind)
+        ReportFault(CStr::Format(u"Unknown stack operation: %d\n", operation));
+    else if (tracing)
+        Trace(kind->line);
     Undo(operation);
     m_records.pop_back();
-    for (int i = CountFurtherPops(operation); i > 0; --i)
+    for (int i = kind ? kind->furtherPops : 0; i > 0; --i)
         Pop();
-    if (Detail::HasFailed(u"CGLStack::Pop", PlaceOf(u"CGLStack::Pop")))
-        return false;
-    if (tracing)
-        Trace(u"Exiting CGLStack::Pop\n");
-    return true;
+    return !Detail::HasFailed(c_pop);
 }
 
 bool CGLStack::TransferStack(CGLStack& other)
@@ -226,8 +262,15 @@ bool CGLStack::TransferStack(CGLStack& other)
     return true;
 }
 
-void CGLStack::Append(std::unique_ptr<SStackOperation> record)
+void CGLStack::Append(EStackOperation operation)
 {
+    Append(TRecord(&FindKind(operation)->record));
+}
+
+void CGLStack::Append(TRecord record)
+{
+    if (m_records.capacity() == 0)
+        m_records.reserve(c_usualDepth);
     m_records.push_back(std::move(record));
 }
 

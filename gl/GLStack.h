@@ -2,6 +2,7 @@
 
 #include "../platform/Export.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -29,17 +30,23 @@ class COMMONUI_API CGLStack
 {
 public:
     /// One record. It has virtual functions for the sake of its type information only.
-    struct COMMONUI_API SStackOperation {
-        explicit SStackOperation(EStackOperation kind) noexcept
+    struct SStackOperation {
+        constexpr explicit SStackOperation(EStackOperation kind) noexcept
             : operation(kind)
         {
         }
-        virtual ~SStackOperation();
+        virtual ~SStackOperation() = default;
         SStackOperation(const SStackOperation&) = delete;
         SStackOperation& operator=(const SStackOperation&) = delete;
 
-        EStackOperation operation;
+        const EStackOperation operation;
     };
+
+    /// Deletes a record, unless it is the one that all stacks share for its kind.
+    struct COMMONUI_API SDelete {
+        void operator()(const SStackOperation* record) const noexcept;
+    };
+    using TRecord = std::unique_ptr<const SStackOperation, SDelete>;
 
     CGLStack() noexcept = default;
     /// Pops all records.
@@ -74,14 +81,19 @@ public:
 protected:
     /// Puts a record on top, without touching OpenGL: for classes that check how a stack gets along with
     /// records it does not know. Such records and null are reported when they are popped.
-    void Append(std::unique_ptr<SStackOperation> record);
+    void Append(TRecord record);
     /// All records, the newest at the end.
-    const std::vector<std::unique_ptr<SStackOperation>>& GetRecords() const noexcept { return m_records; }
+    const std::vector<TRecord>& GetRecords() const noexcept { return m_records; }
 
 private:
-    void TraceContent() const;
+    class CGroup;
 
-    std::vector<std::unique_ptr<SStackOperation>> m_records;
+    void Append(EStackOperation operation);
+    bool PopTop(bool tracing);
+    void Unwind(std::size_t remaining);
+    void TraceContent(std::size_t first) const;
+
+    std::vector<TRecord> m_records;
 };
 
 } // namespace CommonUI

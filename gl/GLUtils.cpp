@@ -35,17 +35,19 @@ void SetupOrthographic(double fieldOfView, double zNear, double zFar, double wid
     glOrtho(-halfWidth, halfWidth, -halfHeight, halfHeight, zNear, zFar);
 }
 
-/// @param operation the name of the function that is called, and the text of its error
+constexpr Detail::SStep c_pixelPos4d{u"PixelPos4d", u"PixelPos4d", u"GLUtils"};
+constexpr Detail::SStep c_pixelPos4f{u"PixelPos4f", u"PixelPos4f", u"GLUtils"};
+
 /// @param setPosition calls the variant of glRasterPos
 template<class SetPosition>
-bool SetPixelPosition(std::u16string_view operation, double z, SetPosition setPosition)
+bool SetPixelPosition(const Detail::SStep& step, double z, SetPosition setPosition)
 {
     CGLStack stack;
     if (!stack.PushWindowCoord(true) || !stack.PushAttrib(GL_VIEWPORT_BIT))
         return false;
     glDepthRange(z, z);
     setPosition();
-    return !Detail::HasFailed(operation, {operation, u"GLUtils"});
+    return !Detail::HasFailed(step);
 }
 
 } // namespace
@@ -72,12 +74,12 @@ void SetupProjectionMatrix(bool orthographic, double fieldOfView, double zNear, 
 
 bool PixelPos4d(double x, double y, double z, double w)
 {
-    return SetPixelPosition(u"PixelPos4d", z, [=] { glRasterPos4d(x, y, z, w); });
+    return SetPixelPosition(c_pixelPos4d, z, [=] { glRasterPos4d(x, y, z, w); });
 }
 
 bool PixelPos4f(float x, float y, float z, float w)
 {
-    return SetPixelPosition(u"PixelPos4f", z, [=] { glRasterPos4f(x, y, z, w); });
+    return SetPixelPosition(c_pixelPos4f, z, [=] { glRasterPos4f(x, y, z, w); });
 }
 
 bool PixelPos2d(double x, double y)

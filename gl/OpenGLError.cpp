@@ -30,13 +30,13 @@ constexpr struct {
     {GLU_INCOMPATIBLE_GL_VERSION, u"GLU_INCOMPATIBLE_GL_VERSION"},
 };
 
-void WriteError(std::u16string_view message, const Detail::SPlace& place)
+void WriteError(std::u16string_view message, const Detail::SStep& step)
 {
     CStr line = message;
-    if (!place.function.empty())
-        line += CStr::Format(u" (Function: %s)", place.function);
-    if (!place.file.empty())
-        line += CStr::Format(u" (File: %s)", place.file);
+    if (!step.function.empty())
+        line += CStr::Format(u" (Function: %s)", step.function);
+    if (!step.file.empty())
+        line += CStr::Format(u" (File: %s)", step.file);
     line += u'\n';
     GetDiagnostics().Write({}, EDiagnosticLevel::Error, u"OpenGL Error:\n");
     GetDiagnostics().Write({}, EDiagnosticLevel::Error, line);
@@ -58,20 +58,20 @@ const char* Detail::GetErrorText(GLenum code)
     return reinterpret_cast<const char*>(gluErrorString(code));
 }
 
-void Detail::ReportError(GLenum code, std::u16string_view operation, const SPlace& place)
+void Detail::ReportError(GLenum code, const SStep& step)
 {
     const char* text = GetErrorText(code);
     const CStr description = CStr::FromAscii(text ? text : "INVALID");
     const CStr message =
-        CStr::Format(GetString(c_messageId), operation, GetOpenGLErrorName(code), description, code);
-    WriteError(message, place);
+        CStr::Format(GetString(c_messageId), step.operation, GetOpenGLErrorName(code), description, code);
+    WriteError(message, step);
     GetMessageBoxService().Show(
         {message, MessageBoxStyle::c_warning | MessageBoxStyle::c_help, c_openGLHelpTopic});
 }
 
 bool OpenGLErrorMsg(const CStr& operation, const CStr& function, const CStr& file, int /*line*/)
 {
-    return Detail::HasFailed(operation, {function, file});
+    return Detail::HasFailed({operation, function, file});
 }
 
 } // namespace CommonUI

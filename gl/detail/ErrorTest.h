@@ -1,6 +1,5 @@
 #pragma once
 
-#include "common/Str.h"
 #include "gl/detail/OpenGL.h"
 
 #include <string_view>
@@ -8,22 +7,24 @@
 namespace CommonUI::Detail
 {
 
-/// Where a step of OpenGL stands, for the report of its error.
-struct SPlace {
+/// A step of OpenGL, for the report of its error. Make constants of it: otherwise the lengths of the texts
+/// are counted each time, which takes longer than most steps.
+struct SStep {
+    std::u16string_view operation{};
     std::u16string_view function{};
     std::u16string_view file{};
 };
 
 /// Reports an error that was read already.
-void ReportError(GLenum code, std::u16string_view operation, const SPlace& place);
+void ReportError(GLenum code, const SStep& step);
 
 /// OpenGLErrorMsg for the steps of the library itself: as long as nothing goes wrong no text is made.
-inline bool HasFailed(std::u16string_view operation, const SPlace& place)
+inline bool HasFailed(const SStep& step)
 {
     const GLenum code = glGetError();
     if (code == GL_NO_ERROR) [[likely]]
         return false;
-    ReportError(code, operation, place);
+    ReportError(code, step);
     return true;
 }
 

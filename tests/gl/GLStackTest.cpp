@@ -16,7 +16,7 @@ class COpenStack : public CGLStack
 public:
     void Append(int kind)
     {
-        CGLStack::Append(std::make_unique<SStackOperation>(static_cast<EStackOperation>(kind)));
+        CGLStack::Append(TRecord(new SStackOperation(static_cast<EStackOperation>(kind))));
     }
     void AppendEmpty() { CGLStack::Append(nullptr); }
 
