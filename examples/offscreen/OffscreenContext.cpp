@@ -30,7 +30,8 @@ struct CContext::SHandles {
             eglDestroyContext(display, context);
         if (surface != EGL_NO_SURFACE)
             eglDestroySurface(display, surface);
-        eglTerminate(display);
+        // The display stays open: closing it would unload the driver, which the next context would load
+        // again, and leave behind what the driver never gives back.
         eglReleaseThread();
     }
 };
