@@ -68,7 +68,7 @@ void ReportFault(std::u16string_view line)
 void TraceStacks()
 {
     const CDiagnostics::CScope scope;
-    G_OpenGLWrapper.DiagnoseOutputStacks();
+    COpenGLWrapper::DiagnoseOutputStacks();
 }
 
 void Undo(EStackOperation operation)

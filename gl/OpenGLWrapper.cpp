@@ -47,6 +47,7 @@ COpenGLWrapper::COpenGLWrapper(COpenGLWrapper& other) noexcept
 {
 }
 
+// NOLINTNEXTLINE(misc-unconventional-assign-operator): it takes over what the other one holds
 COpenGLWrapper& COpenGLWrapper::operator=(COpenGLWrapper& other) noexcept
 {
     m_fatalError = other.m_fatalError;

@@ -26,7 +26,7 @@ public:
     /// Takes the extensions over from the other one, which has none then, and copies what it knows of fatal
     /// errors.
     COpenGLWrapper(COpenGLWrapper& other) noexcept;
-    COpenGLWrapper& operator=(COpenGLWrapper& other) noexcept;
+    COpenGLWrapper& operator=(COpenGLWrapper& other) noexcept; // NOLINT(misc-unconventional-assign-operator)
 
     /// Looks up the entry points of both extensions anew. An extension that is missing or incomplete is not
     /// held any more.
@@ -43,15 +43,15 @@ public:
     bool TestOpenGLError(const CStr& operation, const CStr& function, const CStr& file, int line);
 
     /// Writes one pending error, which is taken by that; nothing when there is none.
-    void DiagnoseOutputError();
+    static void DiagnoseOutputError();
     /// Writes who made the driver, its version and extensions, and those of the window system for the device
     /// context; texts that the driver does not give are left out.
-    void DiagnoseOutputOpenGLStrings(HDC hdc);
+    static void DiagnoseOutputOpenGLStrings(HDC hdc);
     /// Writes how pixels are packed and unpacked.
-    void DiagnoseOutputPixelStore();
+    static void DiagnoseOutputPixelStore();
     /// Writes the depths of the attribute, model-view and projection stacks with their limits, and the matrix
     /// mode.
-    void DiagnoseOutputStacks();
+    static void DiagnoseOutputStacks();
 
 private:
     bool m_fatalError = false;

@@ -10,7 +10,7 @@
 #define COMMONUI_WGL_CALL
 #endif
 
-struct HPBUFFERARB__;
+struct HPBUFFERARB__; // NOLINT(bugprone-reserved-identifier): the name that WGL gives it
 
 namespace CommonUI
 {

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-struct HDC__;
+struct HDC__; // NOLINT(bugprone-reserved-identifier): the name that windows.h gives it
 #if defined(_WIN32)
 struct tagPIXELFORMATDESCRIPTOR;
 #endif

@@ -15,12 +15,11 @@ class CGLUtilsTest : public CContextTest
 {
 };
 
-/// The extents in x and y and the planes that a projection matrix was made of, as x and y at z = -1.
+/// The numbers that x and y are multiplied with.
 struct SFrustum {
     double x, y;
 };
 
-/// What a fresh projection does to x and y: the two numbers by which all projections here differ.
 SFrustum Project(bool orthographic, double angle, const SRect& viewport)
 {
     glLoadIdentity();

@@ -31,12 +31,12 @@ TEST_F(CNoContextTest, ReportsHaveNoValues)
 {
     COpenGLWrapper wrapper;
     EXPECT_FALSE(wrapper.CheckExtensions(nullptr) || wrapper.TestOpenGLError(u"", u"", u"", 0));
-    wrapper.DiagnoseOutputError();
-    wrapper.DiagnoseOutputOpenGLStrings(nullptr);
+    COpenGLWrapper::DiagnoseOutputError();
+    COpenGLWrapper::DiagnoseOutputOpenGLStrings(nullptr);
     EXPECT_EQ(TakeLines(), "");
-    wrapper.DiagnoseOutputPixelStore();
+    COpenGLWrapper::DiagnoseOutputPixelStore();
     EXPECT_TRUE(TakeLines().ends_with("1 GL_UNPACK_ALIGNMENT:   0\n"));
-    wrapper.DiagnoseOutputStacks();
+    COpenGLWrapper::DiagnoseOutputStacks();
     EXPECT_EQ(TakeLines(),
               "           1 Attribute stack: 0 (0)\n           1 ModelView stack: 0 (0)\n"
               "           1 Projection stack: 0 (0)\n           1 Current MatrixMode: INVALID (0)\n");

@@ -87,11 +87,11 @@ TEST_F(COpenGLErrorTest, LastingErrorIsReportedOnceForAll)
 TEST_F(COpenGLErrorTest, ReportOfAnError)
 {
     glEnable(GL_NONE);
-    m_wrapper.DiagnoseOutputError();
-    m_wrapper.DiagnoseOutputError();
+    COpenGLWrapper::DiagnoseOutputError();
+    COpenGLWrapper::DiagnoseOutputError();
     EXPECT_EQ(TakeLines(), "           1 Error: \"invalid enumerant\" (1280)\n");
     FaultyDriver::StayBroken(0x507);
-    m_wrapper.DiagnoseOutputError();
+    COpenGLWrapper::DiagnoseOutputError();
     EXPECT_EQ(TakeLines(), "           1 Error: INVALID (1287)\n");
     EXPECT_TRUE(m_boxes.GetShown().empty());
 }

@@ -28,7 +28,6 @@ protected:
     static std::string Text(GLenum name) { return reinterpret_cast<const char*>(glGetString(name)); }
 
     CTableGLEntryPoints m_entryPoints;
-    COpenGLWrapper m_wrapper;
 };
 
 const char* GetExtensionsOf(HDC hdc)
@@ -43,13 +42,13 @@ TEST_F(COpenGLReportsTest, Strings)
     std::string expected = "OpenGL Vendor: " + Text(GL_VENDOR);
     expected += "\nOpenGL Renderer: " + Text(GL_RENDERER) + "\nOpenGL Version: " + Text(GL_VERSION);
     expected += "\nOpenGL Extensions: \"" + Text(GL_EXTENSIONS) + "\"\n";
-    m_wrapper.DiagnoseOutputOpenGLStrings(nullptr);
+    COpenGLWrapper::DiagnoseOutputOpenGLStrings(nullptr);
     EXPECT_EQ(TakeReport(), expected);
     m_entryPoints.Set("wglGetExtensionsStringARB", GetExtensionsOf);
-    m_wrapper.DiagnoseOutputOpenGLStrings(nullptr);
+    COpenGLWrapper::DiagnoseOutputOpenGLStrings(nullptr);
     EXPECT_EQ(TakeReport(), expected + "CWGL_ARB_extensions_string: \"WGL_ARB_multisample\"\n");
     int window = 0;
-    m_wrapper.DiagnoseOutputOpenGLStrings(reinterpret_cast<HDC>(&window));
+    COpenGLWrapper::DiagnoseOutputOpenGLStrings(reinterpret_cast<HDC>(&window));
     EXPECT_EQ(TakeReport(), expected);
 }
 
@@ -63,7 +62,7 @@ TEST_F(COpenGLReportsTest, PixelStore)
     glPixelStorei(GL_PACK_ALIGNMENT, 2);
     glPixelStorei(GL_UNPACK_SWAP_BYTES, 1);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
-    m_wrapper.DiagnoseOutputPixelStore();
+    COpenGLWrapper::DiagnoseOutputPixelStore();
     EXPECT_EQ(TakeReport(), "GL_PACK_SWAP_BYTES:  0\nGL_PACK_LSB_FIRST:   1\nGL_PACK_ROW_LENGTH:  3\n"
                             "GL_PACK_SKIP_ROWS:   4\nGL_PACK_SKIP_PIXELS: 5\nGL_PACK_ALIGNMENT:   2\n"
                             "GL_UNPACK_SWAP_BYTES:  1\nGL_UNPACK_LSB_FIRST:   0\nGL_UNPACK_ROW_LENGTH:  6\n"
@@ -88,7 +87,7 @@ TEST_F(COpenGLReportsTest, Stacks)
     };
     for (const auto& [mode, line] : c_rows) {
         glMatrixMode(mode);
-        m_wrapper.DiagnoseOutputStacks();
+        COpenGLWrapper::DiagnoseOutputStacks();
         EXPECT_EQ(TakeReport(), depths + line);
     }
 }
