@@ -763,6 +763,7 @@ constexpr SStringTableRow c_english[] = {
     {10057, u"Syntax error in specification: '%s', File<> specification needs filename"},
     {10058, u"Settings of the type \"%s\" are not kept in files."},
     {10059, u"Settings of the type \"%s\" cannot be saved to a file."},
+    {10060, u"The settings are not complete. Nothing has been saved to the file \"%s\"."},
     {10071, u"Global"},
     {10072, u"Linewise"},
     {10073, u"Profile"},

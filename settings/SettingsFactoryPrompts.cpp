@@ -14,6 +14,7 @@ constexpr int c_cannotLoad = 10053;
 constexpr int c_cannotSave = 10054;
 constexpr int c_noFilesToOpen = 10058;
 constexpr int c_noFilesToSave = 10059;
+constexpr int c_notFilled = 10060;
 
 /// Shows a text about a path or a type. @return false, the answer of who shows it
 bool Fail(int textId, const CStr& subject)
@@ -76,10 +77,11 @@ bool CSettingsFactory::SaveSettingsPrompt(ESettingType type, CStr& path,
         return false;
     const SSettingsEntry entry(chosen, type);
     CSettings settings(entry, {});
-    const bool isFilled = saver.Invoke(settings);
+    if (!saver.Invoke(settings))
+        return Fail(c_notFilled, chosen);
     // A subscriber may have assigned a set with an entry of its own.
     settings.SetEntryInfo(entry);
-    if (!isFilled || !SaveSettings(settings, addToRecent))
+    if (!SaveSettings(settings, addToRecent))
         return Fail(c_cannotSave, chosen);
     path = chosen;
     return true;

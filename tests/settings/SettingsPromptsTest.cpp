@@ -100,7 +100,9 @@ TEST_F(SettingsFactory, SavePrompt)
     saver.result = false;
     m_dialogs.Prepare(Path("z.flt"));
     EXPECT_FALSE(m_factory.SaveSettingsPrompt(Filter, path, savers, true));
-    EXPECT_EQ(m_boxes.GetShown().size(), 2U);
+    EXPECT_EQ(m_boxes.GetShown().back().text,
+              u"The settings are not complete. Nothing has been saved to the file \"" + Path("z.flt") +
+                  u"\".");
     EXPECT_FALSE(std::filesystem::exists(m_folder.GetPath() / "z.flt"));
     EXPECT_EQ(path, Path("x.flt"));
     EXPECT_FALSE(m_factory.SaveSettingsPrompt(ActiveReport, path, savers, true));
