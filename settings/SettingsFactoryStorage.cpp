@@ -1,5 +1,7 @@
-#include "settings/detail/SettingsFiles.h"
 #include "settings/SettingsFactory.h"
+
+#include "model/detail/SectionScope.h"
+#include "settings/detail/SettingsFiles.h"
 
 #include <ranges>
 
@@ -16,7 +18,7 @@ constexpr std::u16string_view c_builtInPrefix = u"BUILT-IN:";
 
 bool CSettingsFactory::Save(CInifile& ini) const
 {
-    ini.SelectSection(c_StorageSection);
+    const Detail::CSectionScope scope(ini, c_StorageSection);
     for (const auto& type : GetSettingTypeEnum()) {
         std::vector<CStr> texts;
         if (const auto recent = m_recent.find(ESettingType{type.GetValue()}); recent != m_recent.end()) {
@@ -38,7 +40,7 @@ CStr CSettingsFactory::GetStoredText(ESettingType type, const CRecentKey& key) c
 
 bool CSettingsFactory::Load(CInifile& ini)
 {
-    ini.SelectSection(c_StorageSection);
+    const Detail::CSectionScope scope(ini, c_StorageSection);
     for (const auto& type : GetSettingTypeEnum()) {
         // From the last to the first: each comes in front of those before it.
         const std::vector<CStr> texts = ini.ReadTexts(type.GetIniName());

@@ -85,12 +85,15 @@ TEST_F(SettingsFactory, StoredKeysAreThoseOnRecord)
     const std::string stored = DataFile("settings-factory.ini");
     CInifile ini;
     ini.LoadBytes(stored);
+    ini.SelectSection(u"Callers");
     EXPECT_TRUE(m_factory.Load(ini));
+    EXPECT_EQ(ini.GetSection(), u"Callers");
     EXPECT_EQ(Recent(PlaneCorr), u"Recent{first.pln 201,Global Leveling 4,second.pln 200}");
     EXPECT_EQ(Recent(ColorScale), u"Recent{Multicolor 1 193}");
     CInifile written;
     EXPECT_TRUE(m_factory.Save(written));
     EXPECT_EQ(written.GetBytes(), stored);
+    EXPECT_EQ(written.GetSection(), u"");
     EXPECT_TRUE(m_warnings.empty());
 }
 

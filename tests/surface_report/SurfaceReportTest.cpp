@@ -20,7 +20,7 @@ TEST_F(SurfaceReportTest, MeasuredSurfaceHasItsKnownRoughness)
     if (!fs::exists(measured))
         GTEST_SKIP() << "the measured surface is not beside the checkout";
     ASSERT_EQ(Run({measured.string(), "--out", Out().string(), "--level", "mean", "--parameters", "Sq",
-                   "--transpose", "--settings", "--list-settings", "--settings-folder"}),
+                   "--transpose"}),
               0);
     EXPECT_NE(
         BytesOf(Out() / "report.txt")
