@@ -1,0 +1,55 @@
+#pragma once
+
+#include "../common/Str.h"
+#include "Export.h"
+
+#include <string>
+
+namespace CommonUI
+{
+
+/// What an application lends the library to put things on the clipboard. Used on the user-interface thread.
+class COMMONUI_API CClipboard
+{
+public:
+    CClipboard() = default;
+    virtual ~CClipboard();
+    CClipboard(const CClipboard&) = delete;
+    CClipboard& operator=(const CClipboard&) = delete;
+
+    /// Replaces what is on the clipboard by two forms of the same thing in one step, so that whoever pastes
+    /// takes the form it understands best. On Windows the HTML is put there as MakeClipboardHtml gives it.
+    /// @param html a document or a part of one
+    /// @param text the plain form
+    /// @return false, and the clipboard keeps what it has, when another program holds it
+    virtual bool Put(const CStr& html, const CStr& text) = 0;
+};
+
+/// A clipboard of the process alone, for programs without a display and for tests.
+class COMMONUI_API CMemoryClipboard : public CClipboard
+{
+public:
+    bool Put(const CStr& html, const CStr& text) override;
+
+    const CStr& GetHtml() const noexcept { return m_html; }
+    const CStr& GetText() const noexcept { return m_text; }
+
+private:
+    CStr m_html;
+    CStr m_text;
+};
+
+/// The clipboard that copy commands use: one of the process alone unless another one was set.
+COMMONUI_API CClipboard& GetClipboard();
+
+/// Sets the clipboard and returns the one before. It is not owned and must outlive its use; null stands for
+/// the one of the process alone.
+COMMONUI_API CClipboard* SetClipboard(CClipboard* clipboard);
+
+/// HTML in the form that the clipboard of Windows calls "HTML Format": a header with the places where the
+/// document and the copied part of it begin and end, then the document as UTF-8. The places count bytes from
+/// the header's beginning, in ten digits each.
+/// @param html the copied part; a surrogate without its partner becomes U+FFFD
+COMMONUI_API std::string MakeClipboardHtml(const CStr& html);
+
+} // namespace CommonUI
