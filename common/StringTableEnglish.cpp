@@ -852,6 +852,11 @@ constexpr SStringTableRow c_english[] = {
     {10221, u"Software"},
     {10222, u"Automatic"},
     {10223, u"Hardware"},
+    {10241, u"True"},
+    {10242, u"False"},
+    {10243, u"not checked"},
+    {10244, u"checked"},
+    {10245, u"partly checked"},
 };
 
 constexpr bool IsRising()
