@@ -1,0 +1,161 @@
+#include "output/GridCtrl.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace CommonUI
+{
+
+CGridCtrl::CGridCtrl() = default;
+
+CGridCtrl::~CGridCtrl()
+{
+    CancelEdit();
+}
+
+void CGridCtrl::AddColumn(const SColumn& column)
+{
+    std::vector<int> widths;
+    widths.reserve(m_columns.size() + 1);
+    for (std::size_t i = 0; i < m_columns.size(); ++i)
+        widths.push_back(GetColumnWidth(i));
+    widths.push_back(column.width);
+    m_columns.push_back(column);
+    SetColumnWidths(widths, 0);
+}
+
+CGridRow& CGridCtrl::AddRow()
+{
+    CGridRow& row = *m_rows.emplace_back(std::make_unique<CGridRow>(*this, nullptr));
+    row.m_place = m_shown.size();
+    m_shown.push_back(&row);
+    SetRowCount(m_shown.size());
+    return row;
+}
+
+void CGridCtrl::RemoveRow(CGridRow& row)
+{
+    auto& rows = row.m_parent ? row.m_parent->m_subRows : m_rows;
+    const auto found = std::ranges::find(rows, &row, &std::unique_ptr<CGridRow>::get);
+    const std::unique_ptr<CGridRow> removed = std::move(*found);
+    rows.erase(found);
+    RowsChanged();
+}
+
+void CGridCtrl::RemoveAllRows()
+{
+    m_rows.clear();
+    RowsChanged();
+}
+
+void CGridCtrl::RowsChanged()
+{
+    m_shown.clear();
+    m_hasTree = false;
+    ShowRows(m_rows);
+    SetRowCount(m_shown.size());
+    ItemsChanged();
+}
+
+void CGridCtrl::ShowRows(const std::vector<std::unique_ptr<CGridRow>>& rows)
+{
+    for (const auto& row : rows) {
+        row->m_place = m_shown.size();
+        m_shown.push_back(row.get());
+        m_hasTree = m_hasTree || row->HasSubRows();
+        if (row->IsExpanded())
+            ShowRows(row->GetSubRows());
+    }
+}
+
+void CGridCtrl::ItemsChanged()
+{
+    const std::shared_ptr<CGridItem> item = m_edited.lock();
+    if (m_editing && (!item || GetItemRect(*item).IsEmpty()))
+        CancelEdit();
+    Redraw();
+}
+
+std::shared_ptr<CGridItem> CGridCtrl::GetItem(SGridCell cell) const
+{
+    return cell.row < m_shown.size() ? m_shown[cell.row]->GetItem(cell.column) : nullptr;
+}
+
+void CGridCtrl::SetReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+    if (readOnly)
+        CancelEdit();
+    Redraw();
+}
+
+bool CGridCtrl::IsSelected(const CGridItem& item) const
+{
+    const CGridRow* const row = item.GetRow();
+    return row && row->m_place < m_shown.size() && m_shown[row->m_place] == row &&
+           GetSelection().Contains({row->m_place, row->GetColumnOf(item)});
+}
+
+SRect CGridCtrl::GetItemRect(const CGridItem& item) const
+{
+    const CGridRow* const row = item.GetRow();
+    if (!row || row->m_place >= m_shown.size() || m_shown[row->m_place] != row)
+        return {};
+    const std::size_t column = row->GetColumnOf(item);
+    return column < GetColumnCount() ? GetContentRect({row->m_place, column}) : SRect{};
+}
+
+SRect CGridCtrl::GetExpanderRect(SGridCell cell, const SRect& rect) const
+{
+    const int left = rect.left + static_cast<int>(m_shown[cell.row]->GetDepth()) * GetRowHeight();
+    return SRect{left, rect.top, left + GetRowHeight(), rect.bottom};
+}
+
+SRect CGridCtrl::GetContentRect(SGridCell cell) const
+{
+    SRect rect = GetCellRect(cell);
+    if (m_hasTree && cell.column == 0)
+        rect.left = std::min(GetExpanderRect(cell, rect).right, rect.right);
+    return rect;
+}
+
+void CGridCtrl::RedrawItem(const CGridItem& item) const
+{
+    if (const SRect rect = GetItemRect(item); GetView() && !rect.IsEmpty())
+        GetView()->Invalidate(rect);
+}
+
+void CGridCtrl::OnItemChanged(CGridItem& item, int id)
+{
+    if (const auto closure = m_changeSlot.Share<void, CGridItem&, int>())
+        closure->Invoke(item, id);
+}
+
+void CGridCtrl::DrawCell(CGridPainter& painter, SGridCell cell, const SRect& rect) const
+{
+    const SRect content = GetContentRect(cell);
+    if (const auto item = GetItem(cell))
+        item->OnDrawValue(painter, content);
+    else
+        painter.FillBackground(content, GetSelection().Contains(cell) ? EGridBackground::Selected
+                                                                      : EGridBackground::Plain);
+    if (content == rect)
+        return;
+    painter.FillBackground({rect.left, rect.top, content.left, rect.bottom}, EGridBackground::Plain);
+    if (m_shown[cell.row]->HasSubRows())
+        painter.DrawExpander(GetExpanderRect(cell, rect).Shrunk(c_margin, c_margin),
+                             m_shown[cell.row]->IsExpanded());
+}
+
+void CGridCtrl::DrawHeader(CGridPainter& painter, std::size_t first, std::size_t last) const
+{
+    for (std::size_t column = first; column <= last; ++column) {
+        SRect rect = GetCellRect({0, column});
+        rect.top = 0;
+        rect.bottom = GetHeaderHeight();
+        painter.FillBackground(rect, EGridBackground::Header);
+        painter.WriteText(rect.Shrunk(2 * c_margin, 0), m_columns[column].header, EGridAlign::Left);
+    }
+}
+
+} // namespace CommonUI

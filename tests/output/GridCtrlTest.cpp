@@ -1,0 +1,174 @@
+#include "output/GridCheckItem.h"
+#include "output/GridDblSpinItem.h"
+#include "output/GridListItem.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/output/GridHarness.h"
+
+using namespace CommonUI;
+
+namespace
+{
+
+/// A row with two rows below it, and one after it.
+void FillTree(CGridHarness& harness)
+{
+    CGridRow& top = harness.grid->AddRow();
+    top.Emplace<CGridItem>(u"top");
+    for (const char16_t* name : {u"first", u"second"})
+        top.AddSubRow().Emplace<CGridItem>(name);
+    harness.grid->AddRow().Emplace<CGridItem>(u"last");
+}
+
+std::string ShownNames(const CGridHarness& harness)
+{
+    std::string names;
+    for (const CGridRow* row : harness.grid->GetShownRows())
+        names += row->GetItem(0)->FormatItem().ToUtf8() + " ";
+    return names;
+}
+
+} // namespace
+
+TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
+{
+    CGridHarness harness;
+    FillTree(harness);
+    EXPECT_EQ(ShownNames(harness), "top first second last ");
+    EXPECT_EQ(harness.DrawAll().substr(0, 142), "background 20,20,100,40 plain\n"
+                                                "text 24,20,96,40 left \"top\"\n"
+                                                "background 0,20,20,40 plain\n"
+                                                "expander 2,22,18,38 open\n"
+                                                "background 100,20,200,40 plain\n");
+    EXPECT_NE(harness.DrawAll().find("text 44,40,96,60 left \"first\""), std::string::npos) << "indented";
+    EXPECT_NE(harness.DrawAll().find("background 0,0,100,20 header\ntext 4,0,96,20 left \"Name\""),
+              std::string::npos);
+    harness.Press(20, 30);
+    EXPECT_EQ(harness.grid->GetRowCount(), 4u) << "beside the expander";
+    harness.Press(19, 30);
+    EXPECT_EQ(ShownNames(harness), "top last ");
+    for (const auto& [key, names] : {std::pair(EGridKey::Right, "top first second last "),
+                                     {EGridKey::Right, "top first second last "},
+                                     {EGridKey::Left, "top last "}}) {
+        harness.grid->SelectCell({0, 0});
+        EXPECT_TRUE(harness.Key(key));
+        EXPECT_EQ(ShownNames(harness), names);
+    }
+    const std::shared_ptr<CGridItem> kept = harness.grid->GetRows()[0]->GetSubRows()[1]->GetItem(0);
+    EXPECT_TRUE(harness.grid->GetItemRect(*kept).IsEmpty()) << "not shown";
+    harness.grid->GetRows()[0]->SetExpanded(true);
+    harness.grid->SelectCell({3, 0});
+    harness.grid->RemoveRow(*harness.grid->GetRows()[0]);
+    EXPECT_EQ(ShownNames(harness), "last ");
+    EXPECT_EQ(harness.grid->GetSelection().GetFocus(), SGridCell{}) << "cut to the rows that are left";
+    EXPECT_EQ(kept->GetGrid(), nullptr);
+    kept->SetValue(u"still usable");
+}
+
+TEST(GridCtrl, EditorsOpenAndEnd)
+{
+    CGridHarness harness;
+    CGridRow& row = harness.grid->AddRow();
+    auto& number = row.Emplace<CGridDblSpinItem>(1.5);
+    number.EnableSpinControl(true, 0, 10);
+    number.SetId(4);
+    auto& list = row.Emplace<CGridListItem>();
+    list.SetOptions({u"nm", u"µm"});
+    list.SetId(5);
+    auto& code = harness.grid->AddRow().Emplace<CGridItem>(
+        CGridValue(u""), 0, SGridEditRules{.mask = u"a-dd", .initialText = u"A-00"});
+    code.SetId(6);
+
+    harness.Press(85, 30);
+    ASSERT_TRUE(harness.view.editor) << "by the arrows";
+    EXPECT_EQ(harness.view.editor->kind, SGridEdit::EKind::Spin);
+    EXPECT_EQ(harness.view.editor->rect, (SRect{0, 20, 100, 40}));
+    EXPECT_EQ(harness.view.editor->text, u"1.5");
+    EXPECT_EQ(harness.view.editor->maximum, 10);
+    EXPECT_TRUE(harness.Key(EGridKey::Escape));
+    EXPECT_FALSE(harness.view.editor || harness.grid->EndEdit(u"2")) << "cancelled";
+
+    const struct {
+        SGridCell cell;
+        const char16_t* text;
+        bool taken;
+        const char* changes;
+    } cases[] = {
+        {{0, 0}, u"7", true, "4 "},    {{0, 0}, u"seven", false, ""}, {{0, 0}, u"7.0", true, ""},
+        {{0, 0}, u"70", true, "4! "},  {{0, 1}, u"µm", true, "5 "},   {{0, 1}, u"mm", false, ""},
+        {{1, 0}, u"B-12", true, "6 "}, {{1, 0}, u"B-1", false, ""},
+    };
+    for (const auto& edit : cases) {
+        harness.grid->SelectCell(edit.cell);
+        EXPECT_TRUE(harness.Key(EGridKey::F2));
+        EXPECT_TRUE(harness.grid->IsEditing());
+        EXPECT_EQ(harness.grid->EndEdit(edit.text), edit.taken) << CStr(edit.text).ToUtf8();
+        EXPECT_FALSE(harness.view.editor);
+        EXPECT_EQ(harness.TakeChanges(), edit.changes) << CStr(edit.text).ToUtf8();
+    }
+    EXPECT_EQ(number.FormatItem(), u"10");
+    EXPECT_EQ(code.FormatItem(), u"B-12");
+    code.SetValue(u"");
+    harness.Press(50, 50, GridMouse::c_leftDoubleClick);
+    EXPECT_EQ(harness.view.editor->text, u"A-00");
+    harness.grid->RemoveRow(*harness.grid->GetRows()[1]);
+    EXPECT_FALSE(harness.view.editor || harness.grid->IsEditing()) << "the row of the editor is gone";
+    EXPECT_EQ(harness.grid->OnSetCursor({50, 30}), EGridCursor::Text);
+    EXPECT_EQ(harness.grid->OnSetCursor({150, 30}), EGridCursor::Arrow);
+    harness.grid->SelectCell({0, 0});
+    EXPECT_TRUE(harness.grid->BeginEdit());
+    harness.grid->SetReadOnly(true);
+    EXPECT_FALSE(harness.view.editor || harness.grid->BeginEdit());
+}
+
+TEST(GridCtrl, DrawsAndScrollsToWhatIsAskedFor)
+{
+    CGridHarness harness;
+    for (int i = 0; i < 1000; ++i)
+        harness.grid->AddRow().Emplace<CGridItem>(i);
+    EXPECT_EQ(harness.grid->GetExtent().height, 1001 * 20);
+    CTextGridPainter painter;
+    harness.grid->Draw(painter, {0, 45, 100, 46});
+    EXPECT_EQ(painter.GetLog(), u"background 0,40,100,60 plain\ntext 4,40,96,60 right \"1\"\n");
+    const struct {
+        SGridCell cell;
+        long long top;
+    } cases[] = {{{4, 0}, 0},       {{5, 0}, 20},      {{999, 0}, 19900},
+                 {{995, 0}, 19900}, {{994, 0}, 19880}, {{0, 0}, 0}};
+    for (const auto& row : cases) {
+        harness.grid->EnsureVisible(row.cell);
+        EXPECT_EQ(harness.grid->GetScrollTop(), row.top);
+    }
+    harness.grid->ScrollTo(50, 1LL << 60);
+    EXPECT_EQ(harness.grid->GetScrollTop(), 19900);
+    EXPECT_EQ(harness.grid->GetScrollLeft(), 0) << "all columns fit";
+    harness.grid->ScrollTo(0, 30);
+    EXPECT_EQ(harness.grid->HitTest({5, 25}).cell, (SGridCell{1, 0}));
+    EXPECT_EQ(harness.grid->HitTest({105, 5}).part, SGridHit::EPart::ColumnHeader);
+    EXPECT_EQ(harness.grid->HitTest({200, 25}).part, SGridHit::EPart::Nothing);
+    EXPECT_EQ(harness.grid->GetVisibleRange(), (SGridRange{1, 6, 0, 1}));
+    harness.grid->SetViewSize({0, 0});
+    painter.Clear();
+    harness.grid->Draw(painter, {});
+    EXPECT_TRUE(painter.GetLines().empty());
+}
+
+TEST(GridCtrl, ItemsMoveBetweenPlaces)
+{
+    CGridHarness harness;
+    CGridRow& row = harness.grid->AddRow();
+    const auto item = std::make_shared<CGridCheckItem>(1, 0);
+    row.Add(item);
+    row.Set(3, item);
+    EXPECT_EQ(row.GetItem(0), nullptr);
+    EXPECT_EQ(row.GetItem(3), item);
+    EXPECT_TRUE(harness.grid->GetItemRect(*item).IsEmpty()) << "a column that does not exist";
+    row.Set(1, item);
+    row.Set(1, std::make_shared<CGridItem>());
+    EXPECT_EQ(item->GetRow(), nullptr);
+    row.Set(1, nullptr);
+    EXPECT_EQ(row.GetItem(1), nullptr);
+    harness.Press(150, 30);
+    EXPECT_FALSE(harness.Key(EGridKey::Space)) << "a cell without an item";
+}

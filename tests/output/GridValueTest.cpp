@@ -1,0 +1,112 @@
+#include "output/GridValue.h"
+#include "output/GridBaseOutputItem.h"
+#include "output/GridView.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+using namespace CommonUI;
+using EType = EGridValueType;
+
+TEST(GridValue, TextsAreReadInTheTypeOfTheValue)
+{
+    const struct {
+        CGridValue value;
+        const char16_t* text;
+        bool read;
+        const char16_t* result;
+    } cases[] = {
+        {1.5, u" 2.25 ", true, u"2.25"},
+        {1.5, u"1e400", false, u"1.5"},
+        {1.5, u"inf", false, u"1.5"},
+        {1.5, u"2,5", false, u"1.5"},
+        {7, u"-12", true, u"-12"},
+        {7, u"2147483648", false, u"7"},
+        {7u, u"4294967295", true, u"4294967295"},
+        {7u, u"-1", false, u"7"},
+        {{EType::I1, 300}, u"-128", true, u"-128"},
+        {{EType::UI1, 300}, u"256", false, u"255"},
+        {{EType::I2, -40000}, u"1.0", false, u"-32768"},
+        {u"old", u" new ", true, u" new "},
+        {{}, u"x", true, u"x"},
+        {true, u"False", false, u"True"},
+        {{EType::Bool, 0}, u"", false, u"False"},
+        {{EType::String, 12}, u"", true, u""},
+        {{EType::R8, 3}, u"", false, u"3"},
+    };
+    for (const auto& row : cases) {
+        CGridValue value = row.value;
+        EXPECT_EQ(value.ReadText(row.text), row.read) << value.ToText().ToUtf8();
+        EXPECT_EQ(value.ToText(), row.result);
+        EXPECT_EQ(value == row.value, !row.read);
+    }
+    EXPECT_EQ(CGridValue(true).GetInteger(), -1) << "all bits set";
+    EXPECT_EQ(CGridValue(-2.9).GetInteger(), -2);
+    EXPECT_EQ(CGridValue(std::nan("")).GetInteger(), 0);
+    EXPECT_EQ(CGridValue(1e300).GetInteger(), std::numeric_limits<long long>::max());
+    EXPECT_FALSE(CGridValue(7) == CGridValue(EType::I4, 7));
+}
+
+TEST(GridValue, FormatsByType)
+{
+    const struct {
+        int type;
+        const char16_t* format;
+        CGridValue value;
+        const char16_t* text;
+    } cases[] = {
+        {5, u"%.2f nm", 1.257, u"1.26 nm"},
+        {8, u"<%s>", u"abc", u"<abc>"},
+        {8, u"<%s>", 1.257, u"1.257"},
+        {5, u"%.2f", u"abc", u"abc"},
+        {22, u"%d", 7, u""},
+        {3, u"%d", 7, u"7"},
+        {0, u"%d", {}, u""},
+        {11, u"%d", true, u""},
+        {5, u"", 1.5, u"1.5"},
+        {5, u"%d", 2.75, u"2"},
+        {5, u"%s and %s", 2.75, u"2.75 and %s"},
+        {5, u"%n%p", 2.75, u"%n%p"},
+        {8, u"%.1f", u"abc", u"abc"},
+        {8, u"%*s|", u"abc", u"%*s|"},
+    };
+    for (const auto& row : cases) {
+        CGridBaseOutputItem item;
+        item.SetFormatString(row.type, row.format);
+        item.SetFormatString(row.type, u"");
+        item.SetValue(row.value);
+        EXPECT_EQ(item.FormatItem(), row.text) << item.FormatItem().ToUtf8();
+    }
+}
+
+TEST(GridValue, EditRulesAndSteps)
+{
+    const struct {
+        SGridEditRules rules;
+        const char16_t* text;
+        bool accepted;
+    } cases[] = {
+        {{}, u"anything", true},
+        {{.validCharacters = u"0123"}, u"3210", true},
+        {{.validCharacters = u"0123"}, u"4", false},
+        {{.mask = u"dd:a*"}, u"12:xµ", true},
+        {{.mask = u"dd:a*"}, u"12:x", false},
+        {{.mask = u"dd:a*"}, u"12;xy", false},
+        {{.mask = u"dd:a*"}, u"1x:xy", false},
+        {{.mask = u"dd:a*"}, u"12:µy", false},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(row.rules.Accepts(row.text), row.accepted) << CStr(row.text).ToUtf8();
+
+    const SGridEdit edit{.minimum = -2, .maximum = 10};
+    const struct {
+        const char16_t* text;
+        int steps;
+        const char16_t* result;
+    } steps[] = {{u"1.5", 1, u"2.5"}, {u"9.5", 1, u"10"}, {u"-1", -5, u"-2"},
+                 {u"x", 1, u"-1"},    {u"nan", 0, u"-2"}, {u"1e300", -1, u"10"}};
+    for (const auto& row : steps)
+        EXPECT_EQ(StepGridEdit(edit, row.text, row.steps), row.result);
+}
