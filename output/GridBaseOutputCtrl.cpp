@@ -32,6 +32,7 @@ std::u16string_view NextToken(std::u16string_view& rest, std::u16string_view del
 
 void CGridBaseOutputCtrl::AddRow(SRow row)
 {
+    m_longestRow = std::max(m_longestRow, row.cells.size());
     m_rows.push_back(std::move(row));
 }
 
@@ -40,6 +41,7 @@ void CGridBaseOutputCtrl::Clear()
     m_nameHeader.Clear();
     m_columns.clear();
     m_rows.clear();
+    m_longestRow = 0;
     ClearSelection();
 }
 
@@ -58,6 +60,7 @@ bool CGridBaseOutputCtrl::InsertTokenizableRow(const CStr& line, const CStr& del
                                CStr::Format(u"Row \"%s\" has %d cells for %d columns", row.name,
                                             row.cells.size(), m_columns.size()));
     }
+    m_longestRow = std::max(m_longestRow, row.cells.size());
     m_rows.insert(atTop ? m_rows.begin() : m_rows.end(), std::move(row));
     return true;
 }
@@ -107,7 +110,7 @@ CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::BodyRow(const SRow& row) const
     cells.reserve(count + 1);
     cells.push_back(MakeCell(row.name, summary ? flags : flags | SCellInfo::RowHeader));
     for (std::size_t i = 0; i < count; ++i)
-        cells.push_back(MakeCell(i < row.cells.size() ? row.cells[i] : CStr(), flags));
+        cells.push_back(MakeCell(GetCellText(row, i + 1), flags));
     for (SCellInfo& cell : cells)
         cell.indent = row.indent;
     return cells;
@@ -132,14 +135,22 @@ void CGridBaseOutputCtrl::GetGridCells(CCells& cells, int type) const
         cells.push_back(BodyRow(row));
 }
 
-std::size_t CGridBaseOutputCtrl::GetWidth() const
+std::size_t CGridBaseOutputCtrl::GetWidth() const noexcept
 {
-    std::size_t width = m_columns.size();
-    if (m_type == SCellInfo::Summary) {
-        for (const SRow& row : m_rows)
-            width = std::max(width, row.cells.size());
-    }
-    return width + 1;
+    return (m_type == SCellInfo::Summary ? std::max(m_columns.size(), m_longestRow) : m_columns.size()) + 1;
+}
+
+CStr CGridBaseOutputCtrl::GetCellText(const SRow& row, std::size_t column) const
+{
+    if (column == 0)
+        return row.name;
+    if (column > row.cells.size())
+        return {};
+    const CStr& text = row.cells[column - 1];
+    if (text.IsEmpty() || row.subHeader || column > m_columns.size() ||
+        m_columns[column - 1].formats.IsEmpty())
+        return text;
+    return m_columns[column - 1].formats.ApplyToText(text);
 }
 
 void CGridBaseOutputCtrl::Select(const SSelection& selection)

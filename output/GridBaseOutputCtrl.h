@@ -3,6 +3,8 @@
 #include "../common/Str.h"
 #include "../platform/Export.h"
 #include "EndResults.h"
+#include "GridFormats.h"
+#include "GridSelection.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -56,6 +58,8 @@ public:
     struct SColumn {
         CStr header;
         CStr group;
+        /// How the column's cells are shown and copied. Empty cells and sub-headers stand as they are.
+        CGridFormats formats{};
     };
 
     /// A row of the table: its name and the texts of its cells, column by column.
@@ -69,12 +73,7 @@ public:
 
     /// A rectangle of cells, both ends included. Column 0 is that of the row names, column 1 the first of the
     /// cells.
-    struct SSelection {
-        std::size_t firstRow;
-        std::size_t lastRow;
-        std::size_t firstColumn;
-        std::size_t lastColumn;
-    };
+    using SSelection = SGridRange;
 
     /// What a copy command puts on the clipboard: both forms together.
     struct SCopiedTexts {
@@ -92,6 +91,7 @@ public:
 
     /// The header above the row names.
     void SetNameHeader(const CStr& header) { m_nameHeader = header; }
+    const CStr& GetNameHeader() const noexcept { return m_nameHeader; }
     void AddColumn(const SColumn& column) { m_columns.push_back(column); }
     /// The columns of cells, that of the names not counted.
     int GetColumnCount() const noexcept { return static_cast<int>(m_columns.size()); }
@@ -103,6 +103,12 @@ public:
     /// the rows of a summary, which has no columns, keep their own counts.
     void AddRow(SRow row);
     const std::vector<SRow>& GetRows() const noexcept { return m_rows; }
+    /// How many columns can be selected: that of the names, and those of the cells or, in a summary, as many
+    /// as the longest row has cells.
+    std::size_t GetWidth() const noexcept;
+    /// The text that a cell shows; empty where the row has none. @param column 0 for the row's name, 1 for
+    /// the first cell
+    CStr GetCellText(const SRow& row, std::size_t column) const;
     /// Removes columns, rows and selection.
     void Clear();
 
@@ -164,8 +170,6 @@ public:
                                    bool omitColumnGroup = false);
 
 private:
-    /// One more than the last column that can be selected: that of the names and the longest row.
-    std::size_t GetWidth() const;
     bool Delivers(int type) const noexcept { return (type & m_type) != 0; }
     CRow GroupRow() const;
     CRow HeaderRow() const;
@@ -175,6 +179,7 @@ private:
     CStr m_nameHeader;
     std::vector<SColumn> m_columns;
     std::vector<SRow> m_rows;
+    std::size_t m_longestRow = 0; ///< the cells of the longest row so far
     SSelection m_selection{};
     bool m_hasSelection = false;
 };

@@ -1,0 +1,200 @@
+#include "output/ResultGridPane.h"
+#include "output/GridCopy.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/output/GridHarness.h"
+#include "tests/output/TestTables.h"
+
+#include <algorithm>
+
+using namespace CommonUI;
+
+namespace
+{
+
+/// Columns in two groups, one of them without a name and with a wrapped header; a row of units on top.
+CGrid MakeTable(std::size_t rows)
+{
+    CGrid grid(SCell::Results);
+    grid.SetNameHeader(u"Line");
+    grid.AddColumn({u"Ra", u"Height"});
+    grid.AddColumn({u"Rq", u"Height"});
+    grid.AddColumn({u"RSm\r\nmean", {}});
+    grid.AddRow({.name = u"", .cells = {u"nm", u"nm", u"µm"}, .subHeader = true});
+    for (std::size_t row = 1; row < rows; ++row)
+        grid.AddRow({.name = CStr::Format(u"%d", row), .cells = {u"1.5", u"1.9", u"7\r\n8"}});
+    return grid;
+}
+
+struct SPane {
+    explicit SPane(std::size_t rows)
+        : grid(MakeTable(rows))
+        , pane(grid)
+    {
+        pane.SetView(&view);
+        pane.SetViewSize({200, 132});
+    }
+    std::string Draw(const SRect& clip) const
+    {
+        CTextGridPainter painter;
+        pane.Draw(painter, clip);
+        return painter.GetLog().ToUtf8();
+    }
+
+    CMemoryGridView view;
+    CGrid grid;
+    CResultGridPane pane;
+};
+
+} // namespace
+
+TEST(ResultGridPane, HeadersAreMergedAndWrapped)
+{
+    const SPane shown(3);
+    EXPECT_EQ(shown.pane.GetHeaderHeight(), 3 * 16 + 4);
+    EXPECT_EQ(shown.Draw({0, 0, 200, 52}), "background 80,0,240,18 header\n"
+                                           "text 84,2,236,18 center \"Height\"\n"
+                                           "background 80,18,160,52 header\n"
+                                           "text 84,18,156,34 center \"Ra\"\n"
+                                           "background 160,18,240,52 header\n"
+                                           "text 164,18,236,34 center \"Rq\"\n"
+                                           "background 0,0,80,52 header\n"
+                                           "text 4,2,76,18 left \"Line\"\n");
+    EXPECT_EQ(shown.Draw({240, 0, 260, 1}), "background 240,0,320,52 header\n"
+                                            "text 244,2,316,18 center \"RSm\"\n"
+                                            "text 244,18,316,34 center \"mean\"\n");
+    EXPECT_EQ(shown.Draw({170, 0, 180, 1}).find("background 80,0,240,18"), 0u) << "the whole group";
+}
+
+TEST(ResultGridPane, CellsStayBelowNamesAndHeaders)
+{
+    SPane shown(3);
+    shown.pane.ScrollTo(1000, 0);
+    EXPECT_EQ(shown.pane.GetScrollLeft(), 120);
+    EXPECT_EQ(shown.Draw({0, 52, 200, 73}), "background 40,52,120,72 sub-header\n"
+                                            "text 44,52,116,72 right \"nm\"\n"
+                                            "background 120,52,200,72 sub-header\n"
+                                            "text 124,52,196,72 right \"µm\"\n"
+                                            "background 0,52,80,72 header\n"
+                                            "background 40,72,120,92 plain\n"
+                                            "text 44,72,116,92 right \"1.9\"\n"
+                                            "background 120,72,200,92 plain\n"
+                                            "text 124,72,196,92 right \"7 8\"\n"
+                                            "background 0,72,80,92 header\n"
+                                            "text 4,72,76,92 left \"1\"\n");
+    EXPECT_EQ(shown.pane.HitTest({79, 80}).cell, (SGridCell{1, 0})) << "the names are not scrolled";
+    EXPECT_EQ(shown.pane.HitTest({81, 80}).cell, (SGridCell{1, 2}));
+    shown.pane.SelectCell({1, 1});
+    EXPECT_EQ(shown.pane.GetScrollLeft(), 0) << "beside the names, not below them";
+
+    shown.pane.FitColumns();
+    EXPECT_EQ(shown.pane.GetColumnWidth(0), 4 * 8 + 8);
+    EXPECT_EQ(shown.pane.GetColumnWidth(1), 3 * 8 + 8);
+    EXPECT_EQ(shown.pane.GetColumnWidth(3), 4 * 8 + 8);
+    shown.grid.AddColumn({u"x", u"A long group"});
+    shown.pane.Update();
+    shown.pane.FitColumns();
+    EXPECT_EQ(shown.pane.GetColumnWidth(4), 12 * 8 + 8) << "wide enough for the group";
+}
+
+TEST(ResultGridPane, SelectionIsThatOfTheTable)
+{
+    const struct {
+        std::vector<SPoint> path; ///< pressed at the first, dragged to the others
+        SGridModifiers modifiers;
+        const char16_t* text;
+    } cases[] = {
+        {{{100, 80}}, c_plain, u"1.5"},
+        {{{100, 80}, {170, 100}}, c_plain, u"1.5\t1.9\n1.5\t1.9"},
+        {{{10, 80}}, c_plain, u"1\t1.5\t1.9\t7\r\n8"},
+        {{{10, 80}, {100, 100}}, c_plain, u"1\t1.5\t1.9\t7\r\n8\n2\t1.5\t1.9\t7\r\n8"},
+        {{{100, 30}}, c_plain, u"nm\n1.5\n1.5"},
+        {{{100, 30}, {170, 30}}, c_plain, u"nm\tnm\n1.5\t1.9\n1.5\t1.9"},
+        {{{10, 30}}, c_plain, u"\tnm\tnm\tµm\n1\t1.5\t1.9\t7\r\n8\n2\t1.5\t1.9\t7\r\n8"},
+        {{{170, 80}}, c_shift, u"\tnm\tnm\n1\t1.5\t1.9"},
+        {{{100, 100}, {100, 400}, {-10, 400}}, c_plain, u"2\t1.5"},
+        {{{190, 125}}, c_plain, u""},
+    };
+    for (const auto& row : cases) {
+        SPane shown(3);
+        if (row.modifiers.shift)
+            shown.pane.SelectCell({0, 0});
+        shown.pane.OnMouse(GridMouse::c_leftDown, row.path[0], row.modifiers);
+        for (std::size_t i = 1; i < row.path.size(); ++i)
+            shown.pane.OnMouse(GridMouse::c_move, row.path[i], row.modifiers);
+        CMemoryClipboard clipboard;
+        EXPECT_EQ(CopySelection(shown.grid, false, false, clipboard), *row.text != 0);
+        EXPECT_EQ(clipboard.GetText(), row.text) << clipboard.GetText().ToUtf8();
+    }
+    SPane shown(3);
+    shown.pane.SelectAll();
+    shown.grid.Clear();
+    EXPECT_EQ(shown.pane.GetCell({2, 1}).text, u"") << "not told yet";
+    shown.pane.Update();
+    EXPECT_TRUE(shown.pane.GetSelection().IsEmpty());
+}
+
+TEST(ResultGridPane, CopiesBothFormsTogether)
+{
+    SPane shown(2);
+    CMemoryClipboard clipboard;
+    EXPECT_FALSE(CopySelection(shown.grid, false, true, clipboard));
+    SetClipboard(&clipboard);
+    EXPECT_FALSE(shown.pane.OnKey({EGridKey::C, c_control}));
+    shown.pane.SelectCell({1, 1});
+    EXPECT_TRUE(shown.pane.OnKey({EGridKey::C, c_control}));
+    SetClipboard(nullptr);
+    EXPECT_EQ(clipboard.GetText(), u"Ra\n1.5");
+    EXPECT_NE(clipboard.GetHtml().Find(u">1.5</td>"), CStr::npos);
+    EXPECT_TRUE(CopySelection(shown.grid, true, true, clipboard));
+    EXPECT_EQ(clipboard.GetText(), u"Ra\t1.5");
+    EXPECT_TRUE(CopyGrids(nullptr, &shown.grid, nullptr, true, clipboard));
+    EXPECT_EQ(clipboard.GetText(), CGrid::GenerateText(nullptr, &shown.grid, nullptr, true));
+    EXPECT_EQ(clipboard.GetHtml(), CGrid::GenerateHTMLTables(nullptr, &shown.grid, nullptr, true));
+    EXPECT_FALSE(CopyGrids(nullptr, nullptr, nullptr, false, clipboard));
+}
+
+TEST(ResultGridPane, ColumnsHaveFormats)
+{
+    CGrid grid(SCell::Results);
+    CGrid::SColumn column{u"Ra", {}};
+    column.formats.Set(5, u"%.1f");
+    column.formats.Set(8, u"(%s)");
+    grid.AddColumn(column);
+    grid.AddRow({.name = u"units", .cells = {u"nm"}, .subHeader = true});
+    for (const char16_t* text : {u"1.26", u"none", u""})
+        grid.AddRow({.name = u"8", .cells = {text, u"surplus"}});
+    EXPECT_EQ(CGrid::GenerateText(nullptr, &grid, nullptr, false),
+              u"\tRa\r\nunits\tnm\r\n8\t1.3\r\n8\t(none)\r\n8\t\r\n");
+    EXPECT_EQ(CResultGridPane(grid).GetCell({1, 1}).text, u"1.3");
+}
+
+TEST(ResultGridPane, MillionRowsAreShownLazily)
+{
+    SPane shown(1000000);
+    shown.pane.ScrollTo(0, 1LL << 40);
+    EXPECT_EQ(shown.pane.GetVisibleRange(), (SGridRange{999996, 999999, 1, 2}));
+    const std::string drawn = shown.Draw({0, 0, 200, 132});
+    EXPECT_NE(drawn.find("text 4,112,76,132 left \"999999\""), std::string::npos) << drawn;
+    EXPECT_EQ(std::count(drawn.begin(), drawn.end(), '\n'), 4 * 3 * 2 + 8)
+        << "four rows of three columns, and headers";
+    shown.pane.OnKey({EGridKey::Home, c_control});
+    EXPECT_EQ(shown.pane.GetScrollTop(), 0);
+    shown.pane.OnKey({EGridKey::PageDown, c_shift});
+    EXPECT_EQ(shown.pane.GetSelection().GetRange(), (SGridRange{0, 3, 0, 0}));
+}
+
+TEST(ResultGridPane, SummaryHasNeitherHeadersNorFrozenNames)
+{
+    CGrid summary(SCell::Summary);
+    summary.AddRow({.name = u"File", .cells = {u"a.sdf"}});
+    summary.AddRow({.name = u"Sq", .cells = {u"12.5", u"nm"}, .indent = 1});
+    CResultGridPane pane(summary);
+    pane.SetViewSize({400, 100});
+    CTextGridPainter painter;
+    pane.Draw(painter, {0, 0, 400, 100});
+    EXPECT_EQ(painter.GetLines()[1], u"text 4,0,76,20 left \"File\"");
+    EXPECT_EQ(painter.GetLines()[8], u"text 104,20,156,40 left \"12.5\"") << painter.GetLog().ToUtf8();
+    EXPECT_EQ(pane.GetColumnCount(), 3u);
+}
