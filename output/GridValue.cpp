@@ -54,47 +54,37 @@ CGridValue::CGridValue(EGridValueType type, long long number)
     : m_type(type)
 {
     if (type == EGridValueType::R8)
-        m_content = static_cast<double>(number);
+        m_real = static_cast<double>(number);
     else if (type == EGridValueType::String)
-        m_content = CStr::Format(u"%d", number);
+        m_text = CStr::Format(u"%d", number);
     else if (type != EGridValueType::Empty)
-        m_content = std::clamp(number, GetLimits(type).lowest, GetLimits(type).highest);
+        m_integer = std::clamp(number, GetLimits(type).lowest, GetLimits(type).highest);
 }
 
 long long CGridValue::GetInteger() const noexcept
 {
-    if (const auto* number = std::get_if<long long>(&m_content))
-        return *number;
-    const double real = GetReal();
+    if (m_type != EGridValueType::R8)
+        return m_integer;
     constexpr double beyond = 0x1p63;
-    if (real >= beyond)
+    if (m_real >= beyond)
         return std::numeric_limits<long long>::max();
-    if (real < -beyond)
+    if (m_real < -beyond)
         return std::numeric_limits<long long>::min();
-    return std::isnan(real) ? 0 : static_cast<long long>(real);
+    return std::isnan(m_real) ? 0 : static_cast<long long>(m_real);
 }
 
 double CGridValue::GetReal() const noexcept
 {
-    if (const auto* number = std::get_if<long long>(&m_content))
-        return static_cast<double>(*number);
-    const auto* real = std::get_if<double>(&m_content);
-    return real ? *real : 0;
-}
-
-CStr CGridValue::GetString() const
-{
-    const auto* text = std::get_if<CStr>(&m_content);
-    return text ? *text : CStr();
+    return m_type == EGridValueType::R8 ? m_real : static_cast<double>(m_integer);
 }
 
 CStr CGridValue::ToText() const
 {
     if (m_type == EGridValueType::Bool)
-        return CommonUI::GetString(GetInteger() != 0 ? c_trueText : c_falseText);
+        return CommonUI::GetString(m_integer != 0 ? c_trueText : c_falseText);
     if (IsInteger())
-        return CStr::Format(u"%d", GetInteger());
-    return m_type == EGridValueType::R8 ? ShortestText(GetReal()) : GetString();
+        return CStr::Format(u"%d", m_integer);
+    return m_type == EGridValueType::R8 ? ShortestText(m_real) : m_text;
 }
 
 bool CGridValue::ReadText(std::u16string_view text)
@@ -105,13 +95,13 @@ bool CGridValue::ReadText(std::u16string_view text)
         double real = 0;
         if (!ParseDouble(text, real) || !std::isfinite(real))
             return false;
-        m_content = real;
+        m_real = real;
     } else if (IsInteger()) {
         long long number = 0;
         const SLimits limits = GetLimits(m_type);
         if (!ParseInteger(text, number) || number < limits.lowest || number > limits.highest)
             return false;
-        m_content = number;
+        m_integer = number;
     } else {
         *this = CGridValue(CStr(text));
     }

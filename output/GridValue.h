@@ -4,7 +4,6 @@
 #include "../platform/Export.h"
 
 #include <string_view>
-#include <variant>
 
 namespace CommonUI
 {
@@ -32,7 +31,7 @@ public:
     CGridValue() = default;
     CGridValue(double value)
         : m_type(EGridValueType::R8)
-        , m_content(value)
+        , m_real(value)
     {
     }
     CGridValue(int value)
@@ -49,7 +48,7 @@ public:
     }
     CGridValue(const CStr& value)
         : m_type(EGridValueType::String)
-        , m_content(value)
+        , m_text(value)
     {
     }
     CGridValue(const char16_t* value)
@@ -61,13 +60,17 @@ public:
     CGridValue(EGridValueType type, long long number);
 
     EGridValueType GetType() const noexcept { return m_type; }
-    bool IsInteger() const noexcept { return std::holds_alternative<long long>(m_content); }
+    bool IsInteger() const noexcept
+    {
+        return m_type != EGridValueType::Empty && m_type != EGridValueType::R8 &&
+               m_type != EGridValueType::String;
+    }
     /// The number without its fraction, cut to the range of the result; 0 for a text, nothing and a NaN.
     long long GetInteger() const noexcept;
     /// The number; 0 for a text and nothing.
     double GetReal() const noexcept;
     /// The text of a String, otherwise an empty one.
-    CStr GetString() const;
+    const CStr& GetString() const noexcept { return m_text; }
 
     /// The value as a text: numbers in their plain form, a real one with as many digits as it needs; a Bool
     /// in words.
@@ -81,7 +84,10 @@ public:
 
 private:
     EGridValueType m_type = EGridValueType::Empty;
-    std::variant<std::monostate, long long, double, CStr> m_content;
+    // Only the one that belongs to the type is set.
+    long long m_integer = 0;
+    double m_real = 0;
+    CStr m_text;
 };
 
 } // namespace CommonUI
