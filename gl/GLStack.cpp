@@ -71,6 +71,16 @@ void TraceStacks()
     COpenGLWrapper::DiagnoseOutputStacks();
 }
 
+/// Sinks and message boxes are the application's and may throw, which must not leave a destructor.
+template<class F>
+void Contain(const F& function) noexcept
+{
+    try {
+        function();
+    } catch (...) { // there is nobody left to tell
+    }
+}
+
 void Undo(EStackOperation operation)
 {
     if (operation == EStackOperation::soAttrib)
@@ -120,15 +130,19 @@ CGLStack::~CGLStack()
     Unwind(0);
 }
 
-void CGLStack::Unwind(std::size_t remaining)
+void CGLStack::Unwind(std::size_t remaining) noexcept
 {
     if (IsTracing())
-        TraceContent(remaining);
+        Contain([=, this] { TraceContent(remaining); });
     while (m_records.size() > remaining) {
         const std::size_t count = m_records.size();
-        Pop();
-        if (m_records.size() == count) // an empty slot, which Pop leaves where it is
-            m_records.pop_back();
+        Contain([this] { Pop(); });
+        if (m_records.size() < count)
+            continue;
+        // An empty slot, which Pop leaves where it is, or a change that could not be traced.
+        if (const auto& record = m_records.back())
+            Undo(record->operation);
+        m_records.pop_back();
     }
 }
 

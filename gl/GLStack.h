@@ -49,7 +49,8 @@ public:
     using TRecord = std::unique_ptr<const SStackOperation, SDelete>;
 
     CGLStack() noexcept = default;
-    /// Pops all records.
+    /// Pops all records, also when the sink of the diagnostics or a message box throws; that exception ends
+    /// here.
     ~CGLStack();
     /// Two stacks that undo the same records would undo them twice.
     CGLStack(const CGLStack&) = delete;
@@ -90,7 +91,7 @@ private:
 
     void Append(EStackOperation operation);
     bool PopTop(bool tracing);
-    void Unwind(std::size_t remaining);
+    void Unwind(std::size_t remaining) noexcept;
     void TraceContent(std::size_t first) const;
 
     std::vector<TRecord> m_records;

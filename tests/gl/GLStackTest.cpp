@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <stdexcept>
 
 using namespace CommonUI;
 
@@ -288,6 +289,37 @@ TEST_F(CGLStackTest, FailureOfEachStepInBetween)
         ExpectFailure(row.push, row.operation, u"GL_INVALID_ENUM");
         EXPECT_NE(TakeLines().find(row.place), std::string::npos);
     }
+}
+
+TEST_F(CGLStackTest, WhatThrowsDoesNotStopUndoing)
+{
+    class CThrowingBoxes : public CMessageBoxService
+    {
+        EMessageBoxAnswer Show(const SMessageBox&) override { throw std::runtime_error("closed"); }
+    } boxes;
+    SetMessageBoxService(&boxes);
+    glMatrixMode(GL_PROJECTION);
+    const SGLState before;
+    FaultyDriver::FailBefore(4);
+    COpenStack stack;
+    EXPECT_THROW(c_windowCoord(stack), std::runtime_error);
+    EXPECT_EQ(stack.GetKinds(), "");
+    EXPECT_EQ(SGLState(), before);
+    {
+        COpenStack reporting;
+        EXPECT_TRUE(c_windowCoord(reporting));
+        FaultyDriver::FailBefore(2);
+    }
+    EXPECT_EQ(SGLState(), before);
+    CDiagnostics::CSink sink;
+    {
+        COpenStack tracing;
+        EXPECT_TRUE(c_windowCoord(tracing));
+        GetDiagnostics().SetEnabled(u"3DStack", true);
+        sink = GetDiagnostics().SetSink([](const SDiagnosticLine&) { throw std::runtime_error("full"); });
+    }
+    GetDiagnostics().SetSink(sink);
+    EXPECT_EQ(SGLState(), before);
 }
 
 TEST_F(CGLStackTest, BoxesWithoutExtent)
