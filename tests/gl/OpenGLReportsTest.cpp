@@ -52,6 +52,16 @@ TEST_F(COpenGLReportsTest, Strings)
     EXPECT_EQ(TakeReport(), expected);
 }
 
+TEST_F(COpenGLReportsTest, ExtensionsAreLookedForInBothLists)
+{
+    const CWGL_ARB_extensions_string before;
+    EXPECT_TRUE(before.IsSupported(nullptr, "GL_ARB_multitextur")); // a part of a longer name
+    EXPECT_FALSE(before.IsSupported(nullptr, "WGL_ARB_multisample"));
+    m_entryPoints.Set("wglGetExtensionsStringARB", GetExtensionsOf);
+    EXPECT_TRUE(CWGL_ARB_extensions_string().IsSupported(nullptr, "WGL_ARB_multisample"));
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
 TEST_F(COpenGLReportsTest, PixelStore)
 {
     int value = 3;
