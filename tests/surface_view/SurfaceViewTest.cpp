@@ -166,6 +166,15 @@ TEST_F(SurfaceViewTest, PictureHasItsSizeColorsAndBackground)
     }
 }
 
+TEST_F(SurfaceViewTest, PicturesAsLongAsDriversMakeThem)
+{
+    for (const char* size : {"4096x100", "100x1366"}) {
+        EXPECT_EQ(RunWith({c_sample, "--out", Picture(), "--size", size}), 0) << m_err.str();
+        const SPng png = ReadPng(Picture());
+        EXPECT_EQ(std::to_string(png.width) + "x" + std::to_string(png.height), size);
+    }
+}
+
 TEST_F(SurfaceViewTest, WhatGoesWrongIsSaidInOneLineAndLeavesNoPicture)
 {
     const std::string line = (m_folder / "line.txt").string();
