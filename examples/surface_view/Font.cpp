@@ -23,9 +23,11 @@ struct CFont::SFace {
     /// Pixels of a length that the font gives in 64ths.
     static int Pixels(FT_Pos length) { return static_cast<int>((length + 32) >> 6); }
 
-    /// Gives each glyph of a line, drawn, and where its origin lies along the line.
+    /// Gives each glyph of a line and where its origin lies along the line.
+    /// @param flags FT_LOAD_RENDER for glyphs that are drawn
+    /// @return the length of the line, pixels
     template<class F>
-    int ForEachGlyph(std::u16string_view text, int height, const F& function)
+    int ForEachGlyph(std::u16string_view text, int height, FT_Int32 flags, const F& function)
     {
         FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(height));
         FT_Pos x = 0;
@@ -34,7 +36,7 @@ struct CFont::SFace {
             const bool isPair = (character & 0xFC00) == 0xD800 && i + 1 < text.size();
             if (isPair)
                 character = 0x10000 + ((character & 0x3FF) << 10) + (text[++i] & 0x3FF);
-            if (FT_Load_Char(face, character, FT_LOAD_RENDER | FT_LOAD_NO_HINTING) != 0)
+            if (FT_Load_Char(face, character, flags | FT_LOAD_NO_HINTING) != 0)
                 continue;
             function(*face->glyph, Pixels(x));
             x += face->glyph->advance.x;
@@ -79,7 +81,8 @@ CFont::~CFont() = default;
 
 SSize CFont::Measure(std::u16string_view text, int height) const
 {
-    const int width = m_face->ForEachGlyph(text, height, [](const FT_GlyphSlotRec_&, int) {});
+    const int width =
+        m_face->ForEachGlyph(text, height, FT_LOAD_DEFAULT, [](const FT_GlyphSlotRec_&, int) {});
     const FT_Size_Metrics& metrics = m_face->face->size->metrics;
     return {.cx = width, .cy = SFace::Pixels(metrics.ascender - metrics.descender)};
 }
@@ -92,8 +95,9 @@ SPixels CFont::Draw(std::u16string_view text, int height, CommonUI::SColor color
     for (std::size_t i = 0; i < count; ++i)
         pixels.bytes.insert(pixels.bytes.end(), {color.red, color.green, color.blue, 0});
     const int baseline = SFace::Pixels(-m_face->face->size->metrics.descender);
-    m_face->ForEachGlyph(
-        text, height, [&](const FT_GlyphSlotRec_& glyph, int x) { CopyGlyph(glyph, x, baseline, pixels); });
+    m_face->ForEachGlyph(text, height, FT_LOAD_RENDER, [&](const FT_GlyphSlotRec_& glyph, int x) {
+        CopyGlyph(glyph, x, baseline, pixels);
+    });
     return pixels;
 }
 

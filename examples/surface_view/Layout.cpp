@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <ranges>
 #include <utility>
 
 namespace SurfaceView
@@ -129,10 +130,17 @@ private:
     /// A line of text at the top of what is still free, cut where it is too long.
     void PlaceTitle(const CStr& text, int height)
     {
+        const auto fits = [&](const CStr& line) {
+            return m_font.Measure(line, height).cx <= m_free.right - m_free.left;
+        };
+        const auto cutAt = [&](std::size_t length) { return text.Left(length) + u"…"; };
         CStr shown = text;
-        for (std::size_t length = text.GetLength();
-             length > 0 && m_font.Measure(shown, height).cx > m_free.right - m_free.left; --length)
-            shown = text.Left(length - 1) + u"…";
+        if (!fits(text)) {
+            const auto lengths = std::views::iota(std::size_t{1}, text.GetLength());
+            const auto tooLong = std::ranges::partition_point(
+                lengths, [&](std::size_t length) { return fits(cutAt(length)); });
+            shown = cutAt(static_cast<std::size_t>(tooLong - lengths.begin()));
+        }
         m_free.bottom -= m_font.Measure(shown, height).cy;
         AddLabel(shown, height, m_free.left, m_free.bottom);
     }

@@ -118,6 +118,19 @@ TEST(LayoutTest, NothingOverlapsAndAllIsInThePicture)
     }
 }
 
+TEST(LayoutTest, TitleOfAnyLengthIsCutToTheWidthOfThePicture)
+{
+    const CFont font;
+    for (const std::size_t length : {200, 500'000}) { // the second takes minutes when cut letter by letter
+        const SPictureText text{.title = CommonUI::CStr(length, u'i')};
+        const SLabel title = MakeLayout(c_box, {30, 35}, false, text, {300, 300}, 1, font).labels[0];
+        const CommonUI::CStr wider = CommonUI::CStr(title.text.GetLength(), u'i') + u"…";
+        EXPECT_EQ(title.text.Right(2), u"i…");
+        EXPECT_LE(title.place.right, 300 - 9);
+        EXPECT_GT(title.place.left + font.Measure(wider, title.height).cx, 300 - 9);
+    }
+}
+
 TEST(FontTest, TextHasTheSizeThatWasMeasured)
 {
     const CFont font;
