@@ -43,7 +43,7 @@ SOptions ParseOptions(std::span<const char* const> arguments)
             options.help = true;
         else if (argument != "--out")
             throw std::runtime_error("there is no option \"" + argument + "\"");
-        else if (++i == arguments.size())
+        else if (++i == arguments.size() || *arguments[i] == '\0')
             throw std::runtime_error("--out needs a value");
         else
             options.output = arguments[i];
@@ -59,7 +59,8 @@ void Run(const SOptions& options, std::ostream& out, const CContextMaker& makeCo
         throw ENoContext("there is no OpenGL to report on: " + reason);
     const std::string report = MakeReport(context->GetPixelBits());
     if (options.output.empty()) {
-        out << report << std::flush;
+        if (!(out << report << std::flush))
+            throw std::runtime_error("the report cannot be written");
         return;
     }
     CommonUI::CStr failure;

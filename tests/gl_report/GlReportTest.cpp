@@ -97,6 +97,7 @@ TEST(GlReportTest, WhatGoesWrongIsSaidInOneLine)
     } rows[]{
         {{}, MakeNone, 2, "gl_report: there is no OpenGL to report on: nothing to draw on\n"},
         {{"--out"}, MakeNone, 1, "gl_report: --out needs a value\n"},
+        {{"--out", ""}, MakeNone, 1, "gl_report: --out needs a value\n"},
         {{"--loud"}, MakeNone, 1, "gl_report: there is no option \"--loud\"\n"},
         {{"--out", "no/such/folder/report.txt"},
          Offscreen::CContext::Make,
@@ -110,6 +111,14 @@ TEST(GlReportTest, WhatGoesWrongIsSaidInOneLine)
         EXPECT_TRUE(answer.err.starts_with(row.err)) << answer.err;
         EXPECT_LE(std::count(answer.err.begin(), answer.err.end(), '\n'), 1);
     }
+}
+
+TEST(GlReportTest, ReportThatCannotBeWrittenIsAFailure)
+{
+    std::ostringstream err;
+    std::ostream full(nullptr);
+    EXPECT_EQ(GlReport::RunProgram({}, full, err), 1);
+    EXPECT_EQ(err.str(), "gl_report: the report cannot be written\n");
 }
 
 TEST(OffscreenContextTest, RefusesASizeThatNoDriverHas)
