@@ -243,6 +243,20 @@ TEST_F(CGLStackTest, PopReportsWhatOpenGLComplainsAbout)
     EXPECT_NE(TakeLines().find(" (Function: CGLStack::Pop) (File: GLStack)\n"), std::string::npos);
 }
 
+TEST_F(CGLStackTest, FailuresOfFurtherPopsAreIgnored)
+{
+    COpenStack stack;
+    const SGLState before;
+    for (const bool expected : {true, false}) { // the second error is that of the record above
+        EXPECT_TRUE(stack.PushDepthMask(false));
+        FaultyDriver::FailBefore(expected ? 1 : 2);
+        EXPECT_EQ(stack.Pop(), expected);
+        EXPECT_EQ(stack.GetKinds(), "");
+        EXPECT_EQ(SGLState(), before);
+    }
+    EXPECT_EQ(m_boxes.GetShown().size(), 2U);
+}
+
 TEST_F(CGLStackTest, FullStacksOfTheDriver)
 {
     const CStr overflow = u"GL_STACK_OVERFLOW";
