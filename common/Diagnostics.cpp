@@ -20,6 +20,7 @@ void WriteToStandardError(const SDiagnosticLine& line)
     text += ToUtf8(line.text);
     if (!line.text.ends_with(u'\n'))
         text += '\n';
+    static const std::ios_base::Init init; // constructors of static objects may write, too
     std::cerr << text;
 }
 
