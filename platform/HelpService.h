@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Export.h"
+
+#include <vector>
+
+namespace CommonUI
+{
+
+/// What an application lends the library to open its help. Used on the user-interface thread.
+class COMMONUI_API CHelpService
+{
+public:
+    CHelpService() = default;
+    virtual ~CHelpService();
+    CHelpService(const CHelpService&) = delete;
+    CHelpService& operator=(const CHelpService&) = delete;
+
+    /// Opens a topic by its number in the help system; that of a dialog is the dialog's number.
+    /// @return false if there is no such topic
+    virtual bool Open(unsigned int topic) = 0;
+};
+
+/// A help system without a display: keeps what was opened.
+class COMMONUI_API CMemoryHelpService : public CHelpService
+{
+public:
+    bool Open(unsigned int topic) override;
+    /// The topics that were opened, the oldest first.
+    const std::vector<unsigned int>& GetOpened() const noexcept { return m_opened; }
+
+private:
+    std::vector<unsigned int> m_opened;
+};
+
+/// The service that the library opens help with. Unless one was set there is no help, and a line in the
+/// diagnostics says which topic was asked for.
+COMMONUI_API CHelpService& GetHelpService();
+
+/// Sets the service and returns the one before. It is not owned and must outlive its use; null stands for
+/// none.
+COMMONUI_API CHelpService* SetHelpService(CHelpService* service);
+
+} // namespace CommonUI
