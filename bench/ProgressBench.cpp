@@ -1,76 +1,108 @@
+#include "dialogs/MemoryProgressView.h"
 #include "dialogs/ProgressThreadDialog.h"
-#include "platform/MessageLoop.h"
+#include "platform/MemoryMessageLoop.h"
 
 #include <benchmark/benchmark.h>
 
-#include <atomic>
+#include <chrono>
+#include <functional>
+#include <latch>
 
 using namespace CommonUI;
 
 namespace
 {
 
-class CWaiting
+/// A dialog with a window, whose work is any function.
+class CRun
 {
 public:
-    void Work()
+    CRun()
     {
-        while (!end)
-            std::this_thread::yield();
+        dialog.SetView(&view);
+        dialog.SetWork(*this, &CRun::Work);
+        dialog.SetStepCallback(*this, &CRun::OnStep);
     }
-    std::atomic<bool> end = false;
+    void Work() { work(); }
+    void OnStep(CProgressDialogBase&, const CStr&)
+    {
+        if (onStep)
+            onStep();
+    }
+
+    CMemoryProgressView view;
+    CProgressThreadDialog dialog{nullptr, u"Batch", {}};
+    std::function<void()> work;
+    std::function<void()> onStep;
 };
 
-/// A report while the user interface is busy and handles nothing.
-void Report(benchmark::State& state)
+const CStr c_text = u"Evaluating surface 17 of 250";
+
+/// The user interface is at something else all the time, and handles no message.
+void ReportToHangingInterface(benchmark::State& state)
 {
-    CConsoleMessageLoop loop;
-    CMessageLoop* const before = SetMessageLoop(&loop);
-    {
-        CWaiting waiting;
-        CProgressThreadDialog dialog(u"Batch");
-        dialog.SetWork(waiting, &CWaiting::Work);
-        dialog.RunThread();
-        const CStr text = u"Evaluating surface 17 of 250";
+    CRun run;
+    std::latch done(1);
+    run.work = [&] {
         for (auto _ : state)
-            benchmark::DoNotOptimize(dialog.PostThreadProgress(0.01F, state.range(0) ? text : CStr()));
-        waiting.end = true;
-    }
-    SetMessageLoop(before);
+            benchmark::DoNotOptimize(run.dialog.PostThreadProgress(1e-6F, state.range(0) ? c_text : CStr()));
+        done.count_down();
+    };
+    GetMessageLoop().Post([&] {
+        done.wait();
+        run.dialog.EndDialog(CBaseDialog::c_ok);
+    });
+    run.dialog.DoModal();
 }
-BENCHMARK(Report)->ArgName("text")->Arg(0)->Arg(1);
+BENCHMARK(ReportToHangingInterface)->ArgName("text")->Arg(0)->Arg(1)->UseRealTime();
 
-/// Work that reports all the time.
-class CEager
+/// The user interface handles reports as fast as it can.
+void ReportToBusyInterface(benchmark::State& state)
 {
-public:
-    void Work()
-    {
-        while (dialog->PostThreadProgress(0.01F, CStr()) == 0) {
-        }
-    }
-    CProgressThreadDialog* dialog = nullptr;
-};
+    CRun run;
+    run.work = [&] {
+        for (auto _ : state)
+            benchmark::DoNotOptimize(run.dialog.PostThreadProgress(1e-6F, state.range(0) ? c_text : CStr()));
+    };
+    run.dialog.DoModal();
+}
+BENCHMARK(ReportToBusyInterface)->ArgName("text")->Arg(0)->Arg(1)->UseRealTime();
 
-/// From the cancel of the user to the end of the work.
+/// What a report would cost if each one were a message with its own text.
+void MessageForEachReport(benchmark::State& state)
+{
+    CRun run;
+    run.work = [&] {
+        for (auto _ : state)
+            GetMessageLoop().Post([&run, text = c_text] { run.dialog.SetText(text); });
+    };
+    run.dialog.DoModal();
+}
+BENCHMARK(MessageForEachReport)->UseRealTime();
+
+/// From the user's cancel to the return of work that reports all the time.
 void Cancel(benchmark::State& state)
 {
-    CConsoleMessageLoop loop;
-    CMessageLoop* const before = SetMessageLoop(&loop);
+    using CClock = std::chrono::steady_clock;
     for (auto _ : state) {
-        state.PauseTiming();
-        CEager eager;
-        CProgressThreadDialog dialog(u"Batch");
-        eager.dialog = &dialog;
-        dialog.SetWork(eager, &CEager::Work);
-        dialog.RunThread();
-        loop.RunUntil([&] { return !dialog.IsDelayed(); });
-        state.ResumeTiming();
-        dialog.OnCancel();
-        loop.RunUntil([&] { return !dialog.IsWorking(); });
+        CRun run;
+        CClock::time_point canceled;
+        CClock::time_point returned;
+        run.onStep = [&] {
+            if (run.dialog.IsCanceled())
+                return;
+            canceled = CClock::now();
+            run.dialog.OnCancel();
+        };
+        run.work = [&] {
+            while (run.dialog.PostThreadProgress(1e-6F, c_text) == 0) {
+            }
+            returned = CClock::now();
+        };
+        run.dialog.DoModal();
+        state.SetIterationTime(std::chrono::duration<double>(returned - canceled).count());
     }
-    SetMessageLoop(before);
 }
-BENCHMARK(Cancel)->Iterations(300)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(Cancel)->UseManualTime()->Iterations(1000)->Unit(benchmark::kMicrosecond);
 
 } // namespace

@@ -12,6 +12,7 @@ namespace
 // Rising ids. 7000 to 8999 are the ids that other parts of the application know; 9000 upward are this
 // library's own.
 constexpr SStringTableRow c_english[] = {
+    {7204, u"Progress"},
     {7219, u"1D Calibration"},
     {7220, u"X/Y Calibration"},
     {7221, u"Z Calibration"},
@@ -127,6 +128,7 @@ constexpr SStringTableRow c_english[] = {
     {7771, u"Parabola"},
     {7784, u"Image Roughness Analysis"},
     {7799, u"RGR0 with closing"},
+    {7804, u"Specify Format"},
     {7807, u"Std. Dev. %"},
     {7808, u"No Standard"},
     {7810, u"VORN Classic"},
@@ -144,6 +146,8 @@ constexpr SStringTableRow c_english[] = {
     {7962, u"Sum"},
     {7963, u"Integer"},
     {7964, u"Integer"},
+    {8101, u"Progress:"},
+    {8158, u"Format:"},
     {9001, u"Sa, Arithmetical Mean Height"},
     {9002, u"Sq, Root Mean Square Height"},
     {9003, u"Ssk, Skewness"},
@@ -857,6 +861,10 @@ constexpr SStringTableRow c_english[] = {
     {10243, u"not checked"},
     {10244, u"checked"},
     {10245, u"partly checked"},
+    {10261, u"OK"},
+    {10262, u"Cancel"},
+    {10263, u"Count:"},
+    {10264, u"Example:"},
 };
 
 constexpr bool IsRising()

@@ -1,33 +1,38 @@
 #include "dialogs/ProgressCtrl.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace CommonUI
 {
 
-void CProgressCtrl::SetRange(int minimum, int maximum) noexcept
+CProgressBarView::~CProgressBarView() = default;
+
+void CProgressCtrl::SetView(CProgressBarView* view)
+{
+    m_view = view;
+    SetRange(m_minimum, m_maximum);
+}
+
+void CProgressCtrl::SetRange(int minimum, int maximum)
 {
     m_minimum = minimum;
     m_maximum = std::max(minimum, maximum);
-    m_position = std::clamp(m_position, m_minimum, m_maximum);
+    if (m_view)
+        m_view->SetBarRange(m_minimum, m_maximum);
+    SetPos(m_position);
 }
 
-void CProgressCtrl::Step(double increment) noexcept
+void CProgressCtrl::SetPos(int position)
 {
-    if (!std::isfinite(m_progress + increment))
-        return;
-    m_progress += increment;
-    const double reached = std::trunc(m_progress);
-    if (reached <= m_position)
-        return;
-    if (reached <= m_maximum) {
-        m_position = static_cast<int>(reached);
-    } else if (m_wrap) {
-        // The minimum comes one after the maximum.
-        const double length = static_cast<double>(m_maximum) - m_minimum + 1;
-        m_position = static_cast<int>(m_minimum + std::fmod(reached - m_minimum, length));
-    }
+    m_position = std::clamp(position, m_minimum, m_maximum);
+    if (m_view)
+        m_view->SetBarPosition(m_position);
+}
+
+void CProgressCtrl::StepIt()
+{
+    const long long next = static_cast<long long>(m_position) + m_step;
+    SetPos(next > m_maximum ? m_minimum : static_cast<int>(std::max<long long>(next, m_minimum)));
 }
 
 } // namespace CommonUI

@@ -1,32 +1,51 @@
 #pragma once
 
-#include "../platform/Export.h"
+#include "../controls/Window.h"
 
 namespace CommonUI
 {
 
-/// A progress bar: a position in a range, which steps of any size add up to.
-class COMMONUI_API CProgressCtrl
+/// The bar on the screen, or what stands for it.
+class COMMONUI_API CProgressBarView
 {
 public:
-    /// A maximum below the minimum counts as the minimum. The position stays, or goes to the nearer bound.
-    void SetRange(int minimum, int maximum) noexcept;
+    CProgressBarView() = default;
+    virtual ~CProgressBarView();
+    CProgressBarView(const CProgressBarView&) = delete;
+    CProgressBarView& operator=(const CProgressBarView&) = delete;
+
+    virtual void SetBarRange(int minimum, int maximum) = 0;
+    /// @param position within the range
+    virtual void SetBarPosition(int position) = 0;
+};
+
+/// A progress bar: a position in a range, from 0 to 100 at first, and the step by which it goes on.
+class COMMONUI_API CProgressCtrl : public CWnd
+{
+public:
+    CProgressCtrl() = default;
+    ~CProgressCtrl() = default;
+
+    /// Gives the bar its window and shows it there; null takes it away. The view is not owned.
+    void SetView(CProgressBarView* view);
+    /// Sets the range; a position beyond it moves to its bound. A maximum below the minimum counts as the
+    /// minimum.
+    void SetRange(int minimum, int maximum);
     int GetMinimum() const noexcept { return m_minimum; }
     int GetMaximum() const noexcept { return m_maximum; }
-    int GetPosition() const noexcept { return m_position; }
-    /// Whether a step beyond the maximum goes on from the minimum; otherwise it leaves the position as it is.
-    void SetWrap(bool wrap) noexcept { m_wrap = wrap; }
-
-    /// Adds to the progress, of which the bar shows the whole part. Progress that is negative leaves the bar
-    /// where it is until it is made up for; infinity and not-a-number are ignored.
-    void Step(double increment) noexcept;
+    /// A position beyond the range becomes its bound.
+    void SetPos(int position);
+    int GetPos() const noexcept { return m_position; }
+    void SetStep(int step) noexcept { m_step = step; }
+    /// Goes on by the step. Past the maximum the bar starts again from its minimum.
+    void StepIt();
 
 private:
+    CProgressBarView* m_view = nullptr;
     int m_minimum = 0;
     int m_maximum = 100;
     int m_position = 0;
-    bool m_wrap = false;
-    double m_progress = 0; ///< all steps together
+    int m_step = 10;
 };
 
 } // namespace CommonUI

@@ -1,130 +1,149 @@
 #include "dialogs/ProgressThreadDialog.h"
 
-#include "platform/MessageLoop.h"
+#include "common/Diagnostics.h"
+#include "common/Exceptions.h"
+#include "dialogs/detail/ProgressInbox.h"
+#include "platform/ThreadMessages.h"
 
-#include <cmath>
-#include <exception>
-#include <mutex>
 #include <utility>
 
 namespace CommonUI
 {
 
-/// What the two threads share.
-struct CProgressThreadDialog::SShared {
-    explicit SShared(CProgressThreadDialog* owner)
-        : dialog(owner)
-        , loop(GetMessageLoop())
-    {
-    }
-
-    CProgressThreadDialog* dialog; ///< of the user interface alone; null when it is gone
-    bool closed = false;           ///< of the user interface alone
-    CMessageLoop& loop;
-    CCancelQueue queue;
-    std::exception_ptr error; ///< of the worker until it has ended
-
-    std::mutex mutex;      ///< guards what follows
-    double progress = 0;   ///< reported and not shown yet
-    bool onItsWay = false; ///< a message that will show it
-    CStr text;
-};
-
-CProgressThreadDialog::CProgressThreadDialog(const CStr& caption, const CStr& text)
-    : CProgressDialog(caption, text)
+CProgressThreadDialog::CProgressThreadDialog(CWnd* parent, const CStr& caption, const CStr& text)
+    : CProgressDialogBase(parent, caption, text)
+    , m_inbox(std::make_shared<CProgressInbox>(*this, false))
 {
 }
 
 CProgressThreadDialog::~CProgressThreadDialog()
 {
-    if (!m_shared)
-        return;
-    m_shared->dialog = nullptr;
-    m_shared->closed = true;
-    if (IsWorking()) {
-        CCancelQueue::Post(m_shared->queue.GetIdentifier());
-        m_thread.join();
-    }
+    EndDialog(c_cancel);
+    DropInbox();
 }
 
 int CProgressThreadDialog::DoModal()
 {
-    if (!RunThread())
-        return 0;
     const CWatch watch(*this);
-    const auto shared = m_shared;
-    shared->loop.RunUntil([&shared] { return shared->closed; });
-    if (watch.IsGone())
-        return 0;
-    if (shared->error)
-        std::rethrow_exception(shared->error);
-    return 1;
+    const int result = CProgressDialogBase::DoModal();
+    if (!watch.IsGone())
+        if (const auto exception = m_inbox->TakeException())
+            std::rethrow_exception(exception);
+    return result;
 }
 
-bool CProgressThreadDialog::RunThread()
+bool CProgressThreadDialog::OnInitDialog()
 {
-    const auto work = m_work.Share<void>();
-    if (!work || IsWorking())
-        return false;
-    const auto shared = m_shared = std::make_shared<SShared>(this);
-    SetNotifyThread(shared->queue.GetIdentifier());
-    Open();
-    m_thread = std::thread([shared, work] { Work(shared, *work); });
-    return true;
+    const bool show = CProgressDialogBase::OnInitDialog();
+    RunThread();
+    return show;
 }
 
-void CProgressThreadDialog::Work(const std::shared_ptr<SShared>& shared, CClosureBase0<void>& work)
+void CProgressThreadDialog::OnDestroy()
 {
+    CProgressDialogBase::OnDestroy();
+    m_inbox->Detach();
+    StopWorker();
+}
+
+void CProgressThreadDialog::RunThread()
+{
+    if (m_worker)
+        throw EInternal(u"ProgressThreadDialog", __LINE__, u"CProgressThreadDialog::RunThread",
+                        u"The worker has been started.");
+    DropInbox();
+    m_inbox = std::make_shared<CProgressInbox>(*this, IsOpen());
+    auto run = [work = m_work.Share<void>(), inbox = m_inbox]() -> unsigned long {
+        std::exception_ptr exception;
+        try {
+            if (work)
+                work->Invoke();
+        } catch (...) {
+            exception = std::current_exception();
+        }
+        inbox->PostClose(std::move(exception));
+        return 1;
+    };
+    m_worker = std::make_unique<CWorkerThread>(std::move(run), CWorkerThread::c_timeCritical);
+    if (IsCanceled())
+        PostToThread(m_worker->GetIdentifier(), c_cancelMessage);
     try {
-        work.Invoke();
+        m_worker->Start();
     } catch (...) {
-        shared->error = std::current_exception();
+        m_inbox->PostClose(std::current_exception());
     }
-    shared->loop.Post([shared] {
-        if (shared->dialog)
-            shared->dialog->End();
-    });
 }
 
-void CProgressThreadDialog::End()
+void CProgressThreadDialog::StopWorker()
 {
-    m_thread.join();
-    m_shared->closed = true;
-    Close();
+    if (!m_worker)
+        return;
+    if (!m_inbox->IsDone())
+        SetCanceled(true);
+    m_worker.reset();
+}
+
+void CProgressThreadDialog::DropInbox()
+{
+    StopWorker();
+    m_inbox->Detach();
+    if (m_inbox->TakeException())
+        GetDiagnostics().Write(u"Progress", EDiagnosticLevel::Error,
+                               u"The work of a progress dialog threw an exception that nobody waited for.");
+}
+
+void CProgressThreadDialog::NotifyCancel()
+{
+    if (m_worker)
+        PostToThread(m_worker->GetIdentifier(), c_cancelMessage);
+    CProgressDialogBase::NotifyCancel();
 }
 
 int CProgressThreadDialog::PostThreadProgress(float increment, const CStr& text)
 {
-    const std::shared_ptr<SShared>& shared = m_shared;
-    if (shared->queue.Take())
+    SetLatestReport(increment, text);
+    if (TakeThreadMessage(c_cancelMessage))
         return 1;
-    bool first = false;
-    {
-        const std::lock_guard lock(shared->mutex);
-        first = !std::exchange(shared->onItsWay, true);
-        if (std::isfinite(increment))
-            shared->progress += increment;
-        if (!text.IsEmpty())
-            shared->text = text;
-    }
-    if (first)
-        shared->loop.Post([shared] { Show(*shared); });
+    m_inbox->PostStep();
+    if (!text.IsEmpty())
+        m_inbox->PostNewText();
     return 0;
 }
 
-/// Shows what was reported since the last time.
-void CProgressThreadDialog::Show(SShared& shared)
+void CProgressThreadDialog::OnMessage(unsigned int message)
 {
-    if (!shared.dialog)
-        return;
-    std::unique_lock lock(shared.mutex);
-    shared.onItsWay = false;
-    const double progress = std::exchange(shared.progress, 0);
-    const CStr text = std::exchange(shared.text, CStr());
-    lock.unlock();
-    if (!text.IsEmpty())
-        shared.dialog->SetText(text);
-    shared.dialog->AddProgress(progress);
+    switch (message) {
+    case c_stepMessage:
+        OnStepMessage();
+        break;
+    case c_newTextMessage:
+        m_inbox->AcceptNewText();
+        SetText(GetLatestText());
+        break;
+    default:
+        OnCloseMessage();
+    }
+}
+
+void CProgressThreadDialog::OnStepMessage()
+{
+    const CWatch watch(*this);
+    const auto inbox = m_inbox;
+    ShowProgress();
+    for (auto count = inbox->TakeSteps(c_stepsPerMessage); count > 0; --count) {
+        Step(GetLatestIncrement());
+        if (watch.IsGone() || m_inbox != inbox)
+            return;
+    }
+}
+
+void CProgressThreadDialog::OnCloseMessage()
+{
+    // Steps that were reported are made before, unless nobody is interested any more.
+    if (m_inbox->HasSteps() && !IsCanceled())
+        m_inbox->DelayClose();
+    else
+        EndDialog(c_ok);
 }
 
 } // namespace CommonUI

@@ -1,57 +1,79 @@
 #pragma once
 
-#include "ProgressDialog.h"
+#include "../platform/WorkerThread.h"
+#include "ProgressDialogBase.h"
 
 #include <memory>
-#include <thread>
 
 namespace CommonUI
 {
 
-/// A progress dialog that runs its work on a thread of its own, while the user interface stays alive.
+class CProgressInbox;
+
+/// A progress dialog whose work runs on a worker thread: set the work, call DoModal, and the dialog closes
+/// when the work is done.
 ///
-/// The work reports by PostThreadProgress and must end soon after that has returned nonzero. Reports that the
-/// dialog has not shown yet cross over as one message: the latest text, and all increments together.
-class COMMONUI_API CProgressThreadDialog : public CProgressDialog
+/// An exception of the work reaches the caller of DoModal after the dialog is closed and the worker has
+/// ended; after Create, it becomes a line in the diagnostics. Whenever the dialog is closed or destroyed
+/// while the worker runs, the work is told to cancel and waited for.
+class COMMONUI_API CProgressThreadDialog : public CProgressDialogBase
 {
 public:
-    explicit CProgressThreadDialog(const CStr& caption, const CStr& text = {});
-    /// Cancels work that is running, and waits for its end.
+    // What is posted to the dialog; numbers that toolkits with numbered messages leave to their windows.
+    static constexpr unsigned int c_stepMessage = 0x40B;
+    static constexpr unsigned int c_newTextMessage = 0x40C;
+    static constexpr unsigned int c_closeMessage = 0x40D;
+    /// How many steps are made between two other messages of the loop.
+    static constexpr unsigned int c_stepsPerMessage = 64;
+
+    CProgressThreadDialog(CWnd* parent, const CStr& caption, const CStr& text);
     ~CProgressThreadDialog() override;
 
-    /// Sets the member function that does the work, on the worker thread. The object is not owned and must
-    /// live until the dialog has closed.
+    /// Sets the member function that is the work, in place of the one before, before the dialog is opened.
+    /// It is called on the worker thread. The object is not owned.
     template<class C>
     void SetWork(std::type_identity_t<C>& object, void (C::*method)())
     {
         m_work.Set(MakeClosure(object, method));
     }
 
-    /// Opens the dialog, runs the work and handles messages until it has ended; an exception of the work then
-    /// reaches the caller. @return 1, or 0 when a message has destroyed the dialog
-    int DoModal();
-    /// Opens the dialog and starts the work, without waiting for it. @return false if there is no work, or if
-    /// it is running
-    bool RunThread();
-    bool IsWorking() const noexcept { return m_thread.joinable(); }
-    /// As CProgressDialog::Step, for parts of a step.
-    void Step(float increment) { AddProgress(increment); }
+    /// @return c_ok when the work is done, whether the user has cancelled it or not: see IsCanceled
+    int DoModal() override;
+    /// Starts the worker at time-critical priority; opening the dialog does it. The dialog closes when the
+    /// work is done. Throws EInternal if a worker is there already. If the system has no thread left, the
+    /// work counts as done with that exception.
+    void RunThread();
+    /// Adds to the position: what becomes of a report on the user-interface thread.
+    void Step(float increment) { Advance(increment); }
 
-    /// Reports progress from the worker thread; it never waits for the user interface. An empty text leaves
-    /// the text of the dialog as it is; an increment of not-a-number or infinity is not counted.
-    /// @return nonzero, with nothing reported, if the user has cancelled since the last call
+    /// Reports progress; called by the work, on the worker thread. It returns at once and never waits for the
+    /// user-interface thread.
+    ///
+    /// Each report makes one step, but there is one increment and one text in the whole process, that of the
+    /// last report: reports that the dialog gets to later than that show the last one's. A report without a
+    /// text leaves the text as it is. However many reports there are, at most one message for steps and one
+    /// for the text wait in the loop.
+    /// @return not 0 if the user has cancelled: the report is dropped, and the work shall end. The next
+    ///     report returns 0 again.
     int PostThreadProgress(float increment, const CStr& text);
 
-private:
-    struct SShared;
+protected:
+    bool OnInitDialog() override;
+    void OnDestroy() override;
+    void NotifyCancel() override;
 
-    static void Work(const std::shared_ptr<SShared>& shared, CClosureBase0<void>& work);
-    static void Show(SShared& shared);
-    void End();
+private:
+    friend class CProgressInbox;
+
+    void OnMessage(unsigned int message);
+    void OnStepMessage();
+    void OnCloseMessage();
+    void StopWorker();
+    void DropInbox();
 
     CCallbackSlot m_work;
-    std::shared_ptr<SShared> m_shared; ///< lives as long as messages of the worker are on their way
-    std::thread m_thread;
+    std::shared_ptr<CProgressInbox> m_inbox; ///< that of the current or last worker
+    std::unique_ptr<CWorkerThread> m_worker;
 };
 
 } // namespace CommonUI

@@ -1,63 +1,48 @@
 #pragma once
 
-#include "ConsoleTimerService.h"
+#include "Export.h"
 
-#include <condition_variable>
-#include <deque>
+#include <cstddef>
 #include <functional>
-#include <mutex>
 
 namespace CommonUI
 {
 
-/// What an application lends the library to bring work of other threads to the user-interface thread, and to
-/// wait there without standing still.
+/// What an application lends the library for the messages of its user-interface thread: a queue that any
+/// thread may write, and the loop that handles messages, input and the ticks of timers.
+///
+/// All functions but Post are called on the user-interface thread. An exception of a message reaches whoever
+/// runs the loop; the messages behind it stay in the queue.
 class COMMONUI_API CMessageLoop
 {
 public:
-    using CMessage = std::function<void()>;
+    using FMessage = std::function<void()>;
+    using FCondition = std::function<bool()>;
 
     CMessageLoop() = default;
     virtual ~CMessageLoop();
     CMessageLoop(const CMessageLoop&) = delete;
     CMessageLoop& operator=(const CMessageLoop&) = delete;
 
-    /// Has a function called on the user-interface thread, in the order of posting. Any thread may post.
-    virtual void Post(CMessage message) = 0;
-    /// Handles messages and timers until `done` returns true, which is asked after each. Called on the
-    /// user-interface thread, also in a message. An exception of a message ends the loop and reaches the
-    /// caller.
-    virtual void RunUntil(const std::function<bool()>& done) = 0;
+    /// Puts a message behind those that wait, and returns at once. Any thread may call. Messages are handled
+    /// on the user-interface thread, those of one thread in the order in which it posted them. What a message
+    /// posts is handled after the input and the ticks that wait by then: long work cut into messages keeps
+    /// nobody waiting.
+    virtual void Post(FMessage message) = 0;
+    /// Handles messages, and waits for them, until the condition is true. The condition is asked on this
+    /// thread, before the first message and after each one. Loops may be nested.
+    /// @return false if the loop ended because the program is to end; the condition need not be true then
+    virtual bool RunUntil(const FCondition& isDone) = 0;
+    /// Handles what waits by now, without waiting itself: for long work on the user-interface thread.
+    /// @return how many messages were handled
+    virtual std::size_t Pump() = 0;
 };
 
-/// A message loop for programs without one: whoever runs it is the user-interface thread. Between messages it
-/// makes the ticks of a console timer service.
-class COMMONUI_API CConsoleMessageLoop : public CMessageLoop
-{
-public:
-    /// @param timers it must outlive the loop
-    explicit CConsoleMessageLoop(CConsoleTimerService& timers = GetConsoleTimerService());
-    ~CConsoleMessageLoop() override;
-
-    void Post(CMessage message) override;
-    void RunUntil(const std::function<bool()>& done) override;
-    /// How many messages wait.
-    std::size_t GetCount() const;
-
-private:
-    CMessage Wait();
-
-    CConsoleTimerService& m_timers;
-    mutable std::mutex m_mutex;
-    std::condition_variable m_posted;
-    std::deque<CMessage> m_messages;
-};
-
-/// The loop that the library uses: a CConsoleMessageLoop unless another one was set.
+/// The loop of the process: GetConsoleMessageLoop() unless another one was set.
 COMMONUI_API CMessageLoop& GetMessageLoop();
 
-/// Sets the loop and returns the one before. It is not owned and must outlive its use; null stands for the
-/// console loop. Set it on the user-interface thread while no other thread posts.
+/// Sets the loop and returns the one before. It is not owned and must outlive its use; null stands for
+/// GetConsoleMessageLoop(). Set it on the user-interface thread while no worker runs.
 COMMONUI_API CMessageLoop* SetMessageLoop(CMessageLoop* loop);
 
 } // namespace CommonUI

@@ -1,55 +1,51 @@
 #include "dialogs/ProgressDialog.h"
 
-#include "platform/ManualTimerService.h"
-
-#include <gtest/gtest.h>
+#include "common/Diagnostics.h"
+#include "common/Exceptions.h"
+#include "dialogs/MemoryProgressView.h"
+#include "DialogTesting.h"
+#include "platform/ThreadMessages.h"
 
 #include <limits>
 #include <memory>
-#include <thread>
 #include <vector>
 
 using namespace CommonUI;
+using namespace CommonUI::ProgressTemplate;
 
 namespace
 {
 
-class ProgressDialog : public testing::Test
+/// Makes the steps of a worker's dialog without a worker.
+class CSteppedDialog : public CProgressDialogBase
 {
 public:
-    ProgressDialog()
+    CSteppedDialog()
+        : CProgressDialogBase(nullptr, {}, {})
     {
-        dialog->SetView(&view);
-        dialog->SetStepCallback(*this, &ProgressDialog::OnStep);
     }
-    ~ProgressDialog() override
+    using CProgressDialogBase::Advance;
+};
+
+class ProgressDialog : public CDialogTest
+{
+public:
+    ProgressDialog() { dialog->SetView(&view); }
+    void OnStep(CProgressDialogBase& stepped, const CStr& text)
     {
+        stepped.SetText(u"changed");
         dialog.reset();
-        SetTimerService(m_previous);
-    }
-    void OnStep(CProgressDialog& stepped, const CStr& text)
-    {
-        ++steps;
-        if (stepped.GetProgressCtrl().GetPosition() == 99)
-            dialog.reset();
         lastText = text;
     }
 
-    CManualTimerService service;
-
-private:
-    CTimerService* m_previous = SetTimerService(&service);
-
-public:
     CMemoryProgressView view;
-    std::unique_ptr<CProgressDialog> dialog = std::make_unique<CProgressDialog>(u"Loading");
-    int steps = 0;
+    std::unique_ptr<CProgressDialog> dialog = std::make_unique<CProgressDialog>(nullptr, CStr(), CStr());
     CStr lastText;
 };
 
 } // namespace
 
-TEST(ProgressCtrl, AddsUpSteps)
+TEST_F(ProgressDialog, BarShowsTheIntegerPart)
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     const struct {
@@ -59,96 +55,132 @@ TEST(ProgressCtrl, AddsUpSteps)
         std::vector<int> positions;
     } cases[] = {
         {false, 100, {0.4F, 0.4F, 0.4F, 0.4F, 0.4F, 0.4F}, {0, 0, 1, 1, 2, 2}},
-        {false, 10, {8, 2, 1, 1}, {8, 10, 10, 10}},
-        {false, 10, {8, 3, -1, 1}, {8, 8, 10, 10}},
-        {true, 10, {8, 3, 1, 11, 1e12}, {8, 0, 1, 1, 2}},
-        {true, 0, {1, 1}, {0, 0}},
+        {false, 10, {8, 3, 1, -5, 1}, {8, 8, 8, 8, 8}},
+        {false, 10, {-3, 4, 9}, {0, 1, 10}},
+        {true, 10, {10, 1.5, 0.5, 3, 1e300, 2}, {10, 0, 1, 4, 0, 2}},
         {true, -5, {1, 1}, {0, 0}},
-        {false, 100, {infinity, -infinity, infinity - infinity, 7, -3, 3, 1}, {0, 0, 0, 7, 7, 7, 8}},
+        {false, std::numeric_limits<int>::max(), {2147483647.0, 1}, {2147483647, 2147483647}},
+        {false, 100, {infinity, -infinity, infinity - infinity, 7}, {0, 0, 0, 7}},
     };
+    const auto sink = GetDiagnostics().SetSink([](const SDiagnosticLine&) {});
     for (const auto& row : cases) {
-        CProgressCtrl bar;
-        bar.SetWrap(row.wrap);
-        bar.SetRange(0, row.maximum);
+        CSteppedDialog stepped;
+        CMemoryProgressView bar;
+        stepped.SetView(&bar);
+        stepped.SetRange(row.maximum);
+        stepped.SetWrap(row.wrap);
         std::vector<int> positions;
         for (const double step : row.steps) {
-            bar.Step(step);
-            positions.push_back(bar.GetPosition());
+            stepped.Advance(step);
+            positions.push_back(bar.GetBarPosition());
         }
         EXPECT_EQ(positions, row.positions) << row.maximum;
     }
+    GetDiagnostics().SetSink(sink);
+}
+
+TEST_F(ProgressDialog, OpensUnseenWithItsTexts)
+{
+    const int icon = 0;
+    dialog->SetIcon(&icon);
+    dialog->Create();
+    EXPECT_THROW(dialog->Create(), EInternal);
+    EXPECT_EQ(view.GetCaption(), u"Progress");
+    EXPECT_EQ(view.GetText(c_text), u"Processing, please wait...");
+    EXPECT_EQ(view.GetText(c_cancel), u"Cancel");
+    EXPECT_EQ(view.GetIcon(), &icon);
+    EXPECT_EQ(view.GetBarMaximum(), 100);
+    EXPECT_FALSE(view.IsVisible() || view.IsModal());
+
+    CProgressDialog named(nullptr, u"Batch", u"First file");
+    named.SetView(&view);
+    named.Create();
+    EXPECT_EQ(view.GetCaption(), u"Batch");
+    EXPECT_EQ(view.GetText(c_text), u"First file");
 }
 
 TEST_F(ProgressDialog, AppearsAfterTwoSecondsOrWithTheFirstStep)
 {
-    EXPECT_EQ(view.text, u"Processing, please wait...");
-    dialog->Open();
-    service.Advance(1999);
-    EXPECT_FALSE(view.visible || dialog->OnPaint());
-    EXPECT_EQ(view.raised, 1);
-    service.Advance(1);
-    EXPECT_TRUE(view.visible && dialog->OnPaint());
-    dialog->HideAfter(100);
-    service.Advance(100);
-    EXPECT_FALSE(view.visible);
+    dialog->Create();
+    timers.Advance(1999);
+    EXPECT_FALSE(view.IsVisible() || view.Paint());
+    EXPECT_EQ(view.GetParentRaises(), 1);
+    timers.Advance(1);
+    EXPECT_TRUE(view.IsVisible() && view.Paint());
+    dialog->SetTimer(CProgressDialog::c_hideTimer, 100);
+    timers.Advance(100);
+    EXPECT_FALSE(view.IsVisible());
+    dialog->Step(1);
+    timers.Advance(10000);
+    EXPECT_TRUE(view.IsVisible()) << "both timers tick once";
+    EXPECT_EQ(timers.GetTimerCount(), 0U);
 
-    dialog->Open();
-    service.Advance(1000);
+    dialog->EndDialog(1);
+    dialog->Create();
+    EXPECT_EQ(view.GetBarPosition(), 0);
+    EXPECT_FALSE(view.IsVisible());
     dialog->Step(5);
-    EXPECT_TRUE(view.visible);
-    EXPECT_EQ(view.progress.GetPosition(), 5);
-    dialog->Close();
-    dialog->Open();
-    service.Advance(1999);
-    dialog->Close();
-    service.Advance(5000);
-    EXPECT_FALSE(view.visible) << "short work flashes no window";
-    EXPECT_EQ(service.GetTimerCount(), 0U);
+    EXPECT_TRUE(view.IsVisible() && view.Paint());
+    EXPECT_EQ(view.GetBarPosition(), 5);
+    dialog->EndDialog(1);
+    timers.Advance(5000);
+    EXPECT_FALSE(view.IsVisible());
+    EXPECT_EQ(view.GetParentRaises(), 1);
 }
 
-TEST_F(ProgressDialog, CancelReachesTheThreadOnce)
+TEST_F(ProgressDialog, CancelDisablesAndTellsTheThread)
 {
-    CCancelQueue queue;
-    CCancelQueue late;
-    dialog->SetNotifyThread(queue.GetIdentifier());
-    EXPECT_FALSE(queue.Take());
-    std::thread([&] { EXPECT_FALSE(queue.Take()); }).join();
-    dialog->OnCancel();
-    EXPECT_TRUE(dialog->IsCanceled());
-    EXPECT_FALSE(view.enabled);
+    const auto isToldOnce = [] {
+        return TakeThreadMessage(CProgressDialog::c_cancelMessage) &&
+               !TakeThreadMessage(CProgressDialog::c_cancelMessage);
+    };
+    dialog->SetNotifyThread(GetThreadIdentifier());
+    dialog->Create();
+    EXPECT_FALSE(view.PressCancel()) << "it is not visible";
     dialog->Step(1);
-    EXPECT_FALSE(view.enabled);
-    std::thread([&] { EXPECT_TRUE(queue.Take()); }).join();
-    EXPECT_FALSE(queue.Take());
-    dialog->SetNotifyThread(late.GetIdentifier());
-    EXPECT_TRUE(late.Take());
+    EXPECT_TRUE(view.PressCancel());
+    dialog->OnOK();
+    dialog->Step(1);
+    EXPECT_TRUE(dialog->IsOpen() && dialog->IsCanceled() && isToldOnce());
+    EXPECT_FALSE(view.IsEnabled(c_cancel) || view.IsEnabled(c_bar) || view.IsEnabled(c_text));
+    EXPECT_FALSE(view.PressCancel());
+    dialog->SetNotifyThread(GetThreadIdentifier());
+    EXPECT_TRUE(isToldOnce()) << "it is cancelled already";
     dialog->SetCanceled(false);
-    EXPECT_TRUE(view.enabled);
-    EXPECT_FALSE(late.Take());
-    EXPECT_FALSE(CCancelQueue::Post(0));
+    EXPECT_TRUE(view.IsEnabled(c_cancel) && view.IsEnabled(c_bar) && view.IsEnabled(c_text));
+    EXPECT_FALSE(isToldOnce());
 }
 
 TEST_F(ProgressDialog, StepCallbackMayDestroyTheDialog)
 {
-    dialog->SetText(u"a text that does not lie in the object itself");
-    dialog->Step(98);
-    EXPECT_EQ(steps, 1);
+    const CStr text = u"a text that does not lie in the object itself";
+    dialog->SetStepCallback(*this, &ProgressDialog::OnStep);
+    dialog->SetText(text);
+    dialog->Create();
     dialog->Step(1);
     EXPECT_EQ(dialog, nullptr);
-    EXPECT_FALSE(view.visible);
-    EXPECT_EQ(lastText, u"a text that does not lie in the object itself");
+    EXPECT_EQ(lastText, text);
+    EXPECT_FALSE(view.IsVisible());
+    EXPECT_EQ(timers.GetTimerCount(), 0U);
 }
 
-TEST_F(ProgressDialog, ViewThatComesLaterShowsTheState)
+TEST_F(ProgressDialog, WindowGrowsWithTheText)
 {
-    dialog->SetView(nullptr);
-    dialog->SetRange(7);
-    dialog->Step(3);
-    dialog->OnCancel();
-    dialog->SetView(&view);
-    EXPECT_EQ(view.caption, u"Loading");
-    EXPECT_EQ(view.progress.GetMaximum(), 7);
-    EXPECT_EQ(view.progress.GetPosition(), 3);
-    EXPECT_TRUE(view.visible);
-    EXPECT_FALSE(view.enabled);
+    const struct {
+        std::size_t length;
+        SProgressLayout layout;
+    } cases[] = {
+        {20, {{184, 60}, {8, 8, 89, 16}, {9, 20, 177, 34}, {64, 40, 114, 54}}},
+        {42, {{184, 60}, {8, 8, 177, 16}, {9, 20, 177, 34}, {64, 40, 114, 54}}},
+        {43, {{184, 68}, {8, 8, 177, 24}, {9, 28, 177, 42}, {64, 48, 114, 62}}},
+        {20, {{184, 68}, {8, 8, 89, 24}, {9, 28, 177, 42}, {64, 48, 114, 62}}},
+    };
+    dialog->Create();
+    for (const auto& row : cases) {
+        dialog->SetText(CStr(row.length, u'x'));
+        EXPECT_EQ(view.GetLayout(), row.layout) << &row - cases;
+    }
+    dialog->EndDialog(1);
+    dialog->Create();
+    EXPECT_EQ(view.GetLayout(), SProgressLayout()) << "the next window starts anew";
 }

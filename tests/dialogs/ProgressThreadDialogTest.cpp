@@ -1,12 +1,13 @@
 #include "dialogs/ProgressThreadDialog.h"
 
-#include "platform/ManualTimerService.h"
-#include "platform/MessageLoop.h"
+#include "common/Diagnostics.h"
+#include "dialogs/MemoryProgressView.h"
+#include "DialogTesting.h"
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <atomic>
 #include <functional>
+#include <latch>
 #include <memory>
 #include <stdexcept>
 
@@ -15,157 +16,218 @@ using namespace CommonUI;
 namespace
 {
 
-class ProgressThreadDialog : public testing::Test
+class ProgressThreadDialog : public CDialogTest
 {
 public:
     ProgressThreadDialog()
     {
-        MakeDialog();
         dialog->SetView(&view);
-    }
-    ~ProgressThreadDialog() override
-    {
-        dialog.reset();
-        SetMessageLoop(m_previousLoop);
-        SetTimerService(m_previousTimers);
-    }
-    void MakeDialog()
-    {
-        dialog = std::make_unique<CProgressThreadDialog>(u"Batch", u"Begin");
-        m_worked = dialog.get();
         dialog->SetWork(*this, &ProgressThreadDialog::Work);
         dialog->SetStepCallback(*this, &ProgressThreadDialog::OnStep);
     }
-    void Work() { work(*m_worked); }
-    void OnStep(CProgressDialog&, const CStr&)
+    void Work() { work(); }
+    void OnStep(CProgressDialogBase&, const CStr&)
     {
+        ++steps;
         if (onStep)
             onStep();
     }
-    /// Work that ends when it is cancelled only.
-    void WorkUntilCancelled()
+    void ReportUntilCanceled()
     {
-        work = [this](CProgressThreadDialog& progress) {
-            while (progress.PostThreadProgress(0.25F, u"") == 0)
-                std::this_thread::yield();
-            ended = true;
-        };
+        while (worked->PostThreadProgress(0.5F, {}) == 0)
+            ++reports;
+        isWorkCanceled = true;
     }
 
-    CConsoleTimerService loopTimers;
-    CConsoleMessageLoop loop{loopTimers};
-    CManualTimerService timers;
-
-private:
-    CProgressThreadDialog* m_worked = nullptr; ///< for the worker, while `dialog` is reset
-    CMessageLoop* m_previousLoop = SetMessageLoop(&loop);
-    CTimerService* m_previousTimers = SetTimerService(&timers);
-
-public:
     CMemoryProgressView view;
-    std::function<void(CProgressThreadDialog&)> work;
+    std::unique_ptr<CProgressThreadDialog> dialog =
+        std::make_unique<CProgressThreadDialog>(nullptr, u"Batch", CStr());
+    CProgressThreadDialog* const worked = dialog.get(); ///< for the worker
+    std::function<void()> work = [this] { ReportUntilCanceled(); };
     std::function<void()> onStep;
-    std::atomic<bool> ended = false;
-    std::unique_ptr<CProgressThreadDialog> dialog;
+    int steps = 0;
+    std::atomic<int> reports = 0;
+    std::atomic<bool> isWorkCanceled = false;
 };
 
 } // namespace
 
-TEST_F(ProgressThreadDialog, WorkWithoutReportShowsNothing)
+TEST_F(ProgressThreadDialog, WorkThatEndsAtOnceIsNeverSeen)
 {
-    bool shown = false;
-    work = [&](CProgressThreadDialog& progress) { shown = progress.GetView() == nullptr; };
+    bool isModal = false;
+    bool isVisible = false;
+    work = [&] {
+        loop.Post([&] {
+            isModal = view.IsModal();
+            isVisible = view.IsVisible();
+        });
+    };
     EXPECT_EQ(dialog->DoModal(), 1);
-    EXPECT_FALSE(shown || view.visible || dialog->IsWorking() || dialog->IsDelayed());
-    CProgressThreadDialog idle(u"no work");
-    EXPECT_EQ(idle.DoModal(), 0);
+    EXPECT_TRUE(isModal && !isVisible);
+    EXPECT_FALSE(view.IsVisible() || view.IsModal() || dialog->IsCanceled());
+    EXPECT_EQ(timers.GetTimerCount(), 0U);
 }
 
-TEST_F(ProgressThreadDialog, ReportsReachTheDialog)
+TEST_F(ProgressThreadDialog, WorkThatNeverReportsIsSeenAfterTwoSeconds)
 {
-    std::atomic<int> seen = 0;
-    bool visible = false;
+    std::latch seen(1);
+    work = [&] { seen.wait(); };
+    loop.Post([&] {
+        timers.Advance(2000);
+        EXPECT_TRUE(view.IsVisible());
+        seen.count_down();
+    });
+    EXPECT_EQ(dialog->DoModal(), 1);
+}
+
+TEST_F(ProgressThreadDialog, ReportsMakeStepsAndSetTheText)
+{
+    work = [&] {
+        worked->PostThreadProgress(1, u"First file");
+        std::latch handled(1);
+        loop.Post([&] {
+            EXPECT_TRUE(view.IsVisible());
+            EXPECT_EQ(view.GetText(ProgressTemplate::c_text), u"First file");
+            handled.count_down();
+        });
+        handled.wait();
+        worked->PostThreadProgress(2.5F, {});
+    };
+    for (const int expected : {2, 4}) {
+        EXPECT_EQ(dialog->DoModal(), 1) << "the dialog can be used again";
+        EXPECT_EQ(view.GetBarPosition(), 3);
+        EXPECT_EQ(steps, expected);
+        EXPECT_EQ(dialog->GetText(), u"First file");
+    }
+}
+
+TEST_F(ProgressThreadDialog, BusyUserInterfaceGetsTheLatestReportOfTheProcess)
+{
+    CProgressThreadDialog other(nullptr, {}, {});
+    std::latch reported(1);
+    std::latch checked(1);
+    work = [&] {
+        worked->PostThreadProgress(50, u"First");
+        worked->PostThreadProgress(3, u"Second");
+        worked->PostThreadProgress(3, {});
+        other.PostThreadProgress(2, u"Of another dialog");
+        other.PostThreadProgress(2, {});
+        reported.count_down();
+        checked.wait();
+    };
+    dialog->Create();
+    reported.wait();
+    EXPECT_EQ(loop.GetCount(), 4U) << "one message for steps and one for the text of each dialog";
+    checked.count_down();
+    EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
+    EXPECT_EQ(steps, 3);
+    EXPECT_EQ(dialog->GetProgressCtrl().GetPos(), 6);
+    EXPECT_EQ(dialog->GetText(), u"Of another dialog");
+    EXPECT_EQ(other.GetProgressCtrl().GetPos(), 4);
+}
+
+TEST_F(ProgressThreadDialog, MillionReportsKeepTheQueueShort)
+{
+    constexpr int count = 1000000;
+    std::size_t longest = 0;
+    int otherMessages = 0;
+    const CMessageLoop::FMessage look = [&] {
+        longest = std::max(longest, loop.GetCount());
+        ++otherMessages;
+        if (dialog->IsOpen())
+            loop.Post(look);
+    };
+    dialog->SetRange(count);
+    work = [&] {
+        for (int i = 0; i < count; ++i)
+            worked->PostThreadProgress(1, u"Working");
+    };
+    loop.Post(look);
+    EXPECT_EQ(dialog->DoModal(), 1);
+    loop.Pump();
+    EXPECT_EQ(steps, count);
+    EXPECT_EQ(view.GetBarPosition(), count);
+    EXPECT_LE(longest, 3U);
+    EXPECT_GE(otherMessages, count / static_cast<int>(CProgressThreadDialog::c_stepsPerMessage));
+}
+
+TEST_F(ProgressThreadDialog, CancelBeforeTheFirstReportIsSeenByIt)
+{
+    dialog->SetCanceled(true);
+    EXPECT_EQ(dialog->DoModal(), 1);
+    EXPECT_TRUE(isWorkCanceled && dialog->IsCanceled());
+
+    dialog->SetCanceled(false);
+    isWorkCanceled = false;
+    std::latch canceled(1);
+    work = [&] {
+        canceled.wait();
+        ReportUntilCanceled();
+    };
+    loop.Post([&] {
+        dialog->OnCancel();
+        canceled.count_down();
+    });
+    EXPECT_EQ(dialog->DoModal(), 1);
+    EXPECT_TRUE(isWorkCanceled && dialog->IsCanceled());
+    EXPECT_EQ(reports + steps, 0) << "the reports that saw it posted nothing";
+}
+
+TEST_F(ProgressThreadDialog, ButtonCancelsTheWorkAndTheDialogStaysForItsEnd)
+{
     onStep = [&] {
-        visible = view.visible;
-        seen = dialog->GetProgressCtrl().GetPosition();
-    };
-    work = [&](CProgressThreadDialog& progress) {
-        for (int i = 1; i <= 3; ++i) {
-            progress.PostThreadProgress(1, CStr::Format(u"part %d", i));
-            progress.PostThreadProgress(1, u"");
-            while (seen < 2 * i)
-                std::this_thread::yield();
-        }
+        view.PressCancel();
+        EXPECT_TRUE(dialog->IsOpen());
     };
     EXPECT_EQ(dialog->DoModal(), 1);
-    EXPECT_EQ(view.progress.GetPosition(), 6);
-    EXPECT_EQ(view.text, u"part 3");
-    EXPECT_TRUE(visible);
-    EXPECT_FALSE(view.visible);
+    EXPECT_TRUE(isWorkCanceled && dialog->IsCanceled());
+    EXPECT_FALSE(view.IsEnabled(ProgressTemplate::c_cancel));
 }
 
-TEST_F(ProgressThreadDialog, ManyReportsAreOneMessage)
+TEST_F(ProgressThreadDialog, ExceptionsReachTheCallerWhenTheDialogIsClosed)
 {
-    work = [&](CProgressThreadDialog& progress) {
-        for (int i = 0; i < 100000; ++i)
-            progress.PostThreadProgress(0.0005F, u"still working on it, and this text is long");
-        ended = true;
-    };
-    EXPECT_TRUE(dialog->RunThread());
-    EXPECT_FALSE(dialog->RunThread());
-    while (!ended)
-        std::this_thread::yield();
-    EXPECT_LE(loop.GetCount(), 2U) << "the reports and the end";
-    loop.RunUntil([&] { return !dialog->IsWorking(); });
-    EXPECT_EQ(view.progress.GetPosition(), 50);
-}
+    onStep = [] { throw std::logic_error("step"); };
+    EXPECT_THROW(dialog->DoModal(), std::logic_error);
+    EXPECT_TRUE(isWorkCanceled && dialog->IsCanceled()) << "the worker has been waited for";
+    EXPECT_FALSE(dialog->IsOpen());
 
-TEST_F(ProgressThreadDialog, CancelEndsTheWork)
-{
-    WorkUntilCancelled();
-    onStep = [&] { dialog->OnCancel(); };
-    EXPECT_EQ(dialog->DoModal(), 1);
-    EXPECT_TRUE(ended && dialog->IsCanceled());
-    EXPECT_FALSE(view.enabled);
-}
-
-TEST_F(ProgressThreadDialog, CancelBeforeTheFirstReport)
-{
-    dialog->OnCancel();
-    int reported = 0;
-    work = [&](CProgressThreadDialog& progress) {
-        reported = progress.PostThreadProgress(50, u"never seen");
-    };
-    EXPECT_EQ(dialog->DoModal(), 1);
-    EXPECT_NE(reported, 0);
-    EXPECT_EQ(view.text, u"Begin");
-    EXPECT_EQ(view.progress.GetPosition(), 0);
-}
-
-TEST_F(ProgressThreadDialog, ExceptionOfTheWorkReachesTheCaller)
-{
-    work = [](CProgressThreadDialog& progress) {
-        progress.PostThreadProgress(1, u"");
-        throw std::runtime_error("no disk");
-    };
+    work = [] { throw std::runtime_error("work"); };
     EXPECT_THROW(dialog->DoModal(), std::runtime_error);
-    EXPECT_FALSE(view.visible || dialog->IsWorking());
-    work = [](CProgressThreadDialog&) {};
-    EXPECT_EQ(dialog->DoModal(), 1);
+    EXPECT_FALSE(dialog->IsOpen() || view.IsModal());
+
+    int lines = 0;
+    auto sink = GetDiagnostics().SetSink([&](const SDiagnosticLine&) { ++lines; });
+    dialog->Create();
+    dialog.reset();
+    GetDiagnostics().SetSink(std::move(sink));
+    EXPECT_EQ(lines, 1) << "nobody waits for the exception after Create";
 }
 
-TEST_F(ProgressThreadDialog, DestructionCancelsAndWaits)
+TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
 {
-    WorkUntilCancelled();
-    ASSERT_TRUE(dialog->RunThread());
-    dialog.reset();
-    EXPECT_TRUE(ended);
-    // What was on its way reaches nobody.
-    loop.RunUntil([&] { return loop.GetCount() == 0; });
+    const struct {
+        const char* what;
+        std::function<void()> end;
+        int result;
+    } cases[] = {
+        {"closed", [&] { dialog->EndDialog(7); }, 7},
+        {"the program ends", [&] { loop.Quit(); }, CBaseDialog::c_cancel},
+    };
+    for (const auto& row : cases) {
+        dialog->SetCanceled(false);
+        isWorkCanceled = false;
+        onStep = row.end;
+        EXPECT_EQ(dialog->DoModal(), row.result) << row.what;
+        EXPECT_TRUE(isWorkCanceled && dialog->IsCanceled()) << row.what;
+    }
+}
 
-    MakeDialog();
-    ended = false;
+TEST_F(ProgressThreadDialog, DialogMayBeDestroyedInItsOwnLoop)
+{
     onStep = [&] { dialog.reset(); };
-    EXPECT_EQ(dialog->DoModal(), 0);
-    EXPECT_TRUE(ended);
+    EXPECT_EQ(dialog->DoModal(), CBaseDialog::c_cancel);
+    EXPECT_TRUE(isWorkCanceled);
+    EXPECT_EQ(steps, 1);
+    loop.Pump();
+    EXPECT_EQ(timers.GetTimerCount(), 0U);
 }

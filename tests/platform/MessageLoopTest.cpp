@@ -1,7 +1,9 @@
-#include "platform/MessageLoop.h"
+#include "platform/ConsoleTimerService.h"
+#include "platform/MemoryMessageLoop.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -11,39 +13,62 @@ using namespace CommonUI;
 namespace
 {
 
-/// A service whose timers are always overdue.
-class CHastyService : public CConsoleTimerService
-{
-protected:
-    CTimerSchedule::TTime GetNow() const override { return std::chrono::seconds(++m_seconds); }
-
-private:
-    mutable int m_seconds = 0;
-};
-
 int s_ticks = 0;
 
 } // namespace
 
-TEST(ConsoleMessageLoop, HandlesMessagesAndTimers)
+TEST(MessageLoop, HandlesMessagesOfAllThreadsInTheirOrder)
 {
-    CHastyService timers;
-    CConsoleMessageLoop loop(timers);
-    std::vector<int> handled;
-    std::thread([&] {
-        for (const int i : {1, 2, 3})
-            loop.Post([&handled, i] { handled.push_back(i); });
-    }).join();
-    loop.Post([&] {
-        loop.Post([&] { handled.push_back(4); });
-        loop.RunUntil([&] { return handled.size() == 4; });
-        throw std::runtime_error("message");
-    });
-    EXPECT_THROW(loop.RunUntil([] { return false; }), std::runtime_error);
-    EXPECT_EQ(handled, (std::vector<int>{1, 2, 3, 4}));
-    EXPECT_EQ(loop.GetCount(), 0U);
+    constexpr int count = 1000;
+    CMemoryMessageLoop loop;
+    std::vector<int> handled[2];
+    const auto post = [&](std::vector<int>& list) {
+        for (int i = 0; i < count; ++i)
+            loop.Post([&list, i] { list.push_back(i); });
+    };
+    std::thread first([&] { post(handled[0]); });
+    std::thread second([&] { post(handled[1]); });
+    EXPECT_TRUE(loop.RunUntil([&] { return handled[0].size() + handled[1].size() == 2U * count; }));
+    first.join();
+    second.join();
+    for (const auto& list : handled)
+        EXPECT_TRUE(list.size() == count && std::is_sorted(list.begin(), list.end()));
+}
 
-    const auto timer = timers.Create(10, [](CTimerService::TIdentifier) { ++s_ticks; });
-    loop.RunUntil([] { return s_ticks == 3; });
-    timers.Kill(timer);
+TEST(MessageLoop, PumpLeavesWhatMessagesPost)
+{
+    CMemoryMessageLoop loop;
+    CMessageLoop::FMessage again = [&] { loop.Post(again); };
+    loop.Post(again);
+    EXPECT_EQ(loop.Pump(), 1U);
+    EXPECT_EQ(loop.GetCount(), 1U);
+}
+
+TEST(MessageLoop, ExceptionLeavesTheMessagesBehindIt)
+{
+    CMemoryMessageLoop loop;
+    int handled = 0;
+    loop.Post([] { throw std::runtime_error("message"); });
+    loop.Post([&] { ++handled; });
+    EXPECT_THROW(loop.RunUntil([] { return false; }), std::runtime_error);
+    EXPECT_TRUE(loop.RunUntil([&] { return handled == 1; }));
+}
+
+TEST(MessageLoop, QuitEndsNestedLoops)
+{
+    CMemoryMessageLoop loop;
+    bool inner = true;
+    loop.Post([&] { inner = loop.RunUntil([] { return false; }); });
+    loop.Post([&] { loop.Quit(); });
+    EXPECT_FALSE(loop.RunUntil([] { return false; }));
+    EXPECT_FALSE(inner);
+}
+
+TEST(MessageLoop, MakesTicksWhileItWaits)
+{
+    s_ticks = 0;
+    CConsoleTimerService timers;
+    CMemoryMessageLoop loop(&timers);
+    timers.Create(1, [](CTimerService::TIdentifier) { ++s_ticks; });
+    EXPECT_TRUE(loop.RunUntil([] { return s_ticks == 2; }));
 }

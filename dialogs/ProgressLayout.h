@@ -1,0 +1,38 @@
+#pragma once
+
+#include "../common/Rect.h"
+#include "../platform/Export.h"
+
+namespace CommonUI
+{
+
+/// The numbers of the progress dialog and its controls. The texts of the string table under c_dialog and
+/// c_text are the caption and the text that the dialog has where nothing else is given.
+namespace ProgressTemplate
+{
+constexpr unsigned int c_dialog = 7204;
+constexpr int c_cancel = 2;  ///< a button
+constexpr int c_bar = 8100;  ///< a progress bar
+constexpr int c_text = 8101; ///< a text of one or more lines
+} // namespace ProgressTemplate
+
+/// Where the controls of a progress dialog lie, in dialog units: quarters of the average width of a character
+/// and eighths of its height in the font of the dialog.
+struct SProgressLayout {
+    SSize dialog{184, 60};
+    SRect text{8, 8, 89, 16};
+    SRect bar{9, 20, 177, 34};
+    SRect cancel{64, 40, 114, 54};
+
+    friend bool operator==(const SProgressLayout&, const SProgressLayout&) = default;
+};
+
+/// The widest that the text of a progress dialog can be, in dialog units: up to the right edge of the bar.
+COMMONUI_API int GetProgressTextWidth();
+
+/// The layout for a text of that size in dialog units. A text that does not fit into its place becomes as
+/// wide as it can be, and what lies below moves down for its further lines.
+/// @param text its size when wrapped at GetProgressTextWidth()
+COMMONUI_API SProgressLayout GetProgressLayout(const SSize& text);
+
+} // namespace CommonUI
