@@ -1,0 +1,33 @@
+#pragma once
+
+#include "FormatSpecifierDlg.h"
+#include "MemoryDialogView.h"
+
+#include <optional>
+#include <vector>
+
+namespace CommonUI
+{
+
+/// The window of the format dialog, without a display.
+class COMMONUI_API CMemoryFormatSpecifierView : public CMemoryDialogView<CFormatSpecifierView>
+{
+public:
+    ~CMemoryFormatSpecifierView() override;
+
+    void SetItems(const std::vector<SFormatItem>& items) override;
+    void SelectItem(std::optional<std::size_t> index) override { m_selected = index; }
+    std::optional<std::size_t> GetSelectedItem() const override { return m_selected; }
+
+    const std::vector<SFormatItem>& GetItems() const noexcept { return m_items; }
+    /// Selects an item as the user does. @return false if there is no such item
+    bool Choose(std::size_t index);
+    /// Presses OK or Cancel. @return false, and nothing happens, if that cannot be pressed
+    bool Press(int button);
+
+private:
+    std::vector<SFormatItem> m_items;
+    std::optional<std::size_t> m_selected;
+};
+
+} // namespace CommonUI

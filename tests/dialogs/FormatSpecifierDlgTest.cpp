@@ -1,0 +1,109 @@
+#include "dialogs/FormatSpecifierDlg.h"
+
+#include "controls/MemoryEditView.h"
+#include "dialogs/MemoryFormatSpecifierView.h"
+#include "DialogTesting.h"
+#include "platform/HelpService.h"
+
+using namespace CommonUI;
+
+namespace
+{
+
+using CDlg = CFormatSpecifierDlg;
+using EFormat = CParameter::EFormatSpecifier;
+
+CParameter MakeParameter(const CParameter::SFormatSpecifier& format)
+{
+    CParameter parameter(1, u"Sa", u"Sa", u"Sa", 0, true);
+    parameter.SetFloatFormat(format);
+    return parameter;
+}
+
+/// The dialog with a window.
+class CShown
+{
+public:
+    explicit CShown(const CParameter::SFormatSpecifier& format)
+        : dialog(MakeParameter(format))
+    {
+        dialog.SetView(&view);
+        dialog.GetCountEdit().SetView(&edit);
+    }
+
+    CMemoryFormatSpecifierView view;
+    CMemoryEditView edit;
+    CDlg dialog;
+};
+
+class FormatSpecifierDlg : public CDialogTest
+{
+};
+
+} // namespace
+
+TEST_F(FormatSpecifierDlg, ShowsTheFormatOfItsParameter)
+{
+    const struct {
+        CParameter::SFormatSpecifier format;
+        std::optional<std::size_t> selected;
+        const char16_t* count;
+        const char16_t* large;
+        const char16_t* tiny;
+    } cases[] = {
+        {{EFormat::FormatDecimals, 4}, 0, u"4", u"3.1416", u"0.0000"},
+        {{EFormat::FormatDigits, 5}, 1, u"5", u"3.1416", u"3.1416E-06"},
+        {{EFormat::FormatDigits, 20}, 1, u"12", u"3.14159265359", u"3.14159265359E-06"},
+        {{EFormat::FormatDecimals, -1}, 0, u"1", u"3.1", u"0.0"},
+        {{EFormat::FormatInteger, 3}, std::nullopt, u"3", u"3", u"0"},
+    };
+    const std::vector<SFormatItem> items = {{u"Decimals", EFormat::FormatDecimals},
+                                            {u"Digits", EFormat::FormatDigits}};
+    for (const auto& row : cases) {
+        CShown shown(row.format);
+        shown.dialog.Create();
+        EXPECT_TRUE(shown.view.IsVisible());
+        EXPECT_EQ(shown.view.GetCaption(), u"Specify Format");
+        EXPECT_EQ(shown.view.GetText(CDlg::c_format), u"Format:");
+        EXPECT_EQ(shown.view.GetItems(), items);
+        EXPECT_EQ(shown.view.GetSelectedItem(), row.selected);
+        EXPECT_EQ(shown.edit.GetText(), row.count);
+        EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> " + CStr(row.large));
+        EXPECT_EQ(shown.view.GetText(CDlg::c_smallExample), u"0.000003141593 -> " + CStr(row.tiny));
+    }
+}
+
+TEST_F(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
+{
+    const struct {
+        int button;
+        CParameter::SFormatSpecifier format;
+    } cases[] = {
+        {CBaseDialog::c_ok, {EFormat::FormatDigits, 7}},
+        {CBaseDialog::c_cancel, {EFormat::FormatInteger, 3}},
+    };
+    for (const auto& row : cases) {
+        CShown shown({EFormat::FormatInteger, 3});
+        loop.Post([&] {
+            EXPECT_TRUE(shown.view.Choose(1));
+            EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> 3.14");
+            shown.dialog.GetCountEdit().OnSpinDeltaPos(1);
+            EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> 3.142");
+            shown.edit.SelectAll();
+            shown.edit.Type(u"7");
+            EXPECT_TRUE(shown.view.Press(row.button));
+        });
+        EXPECT_EQ(shown.dialog.DoModal(), row.button);
+        EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), row.format);
+        EXPECT_EQ(shown.dialog.GetParameter().GetIniName(), u"Sa");
+    }
+}
+
+TEST_F(FormatSpecifierDlg, HelpOpensTheTopicOfTheDialog)
+{
+    CMemoryHelpService help;
+    CHelpService* const before = SetHelpService(&help);
+    CDlg(MakeParameter({})).OnHelpInfo();
+    SetHelpService(before);
+    EXPECT_EQ(help.GetOpened(), std::vector<unsigned int>{7804});
+}
