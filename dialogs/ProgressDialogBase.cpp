@@ -46,20 +46,19 @@ void CProgressDialogBase::SetView(CProgressView* view)
 
 bool CProgressDialogBase::OnInitDialog()
 {
-    m_delayedShow = true;
     m_textHeight = 0;
     m_position = 0;
     if (CProgressView* const view = GetView()) {
-        view->SetCaption(m_caption.IsEmpty() ? GetString(ProgressTemplate::c_dialog) : m_caption);
         view->SetText(ProgressTemplate::c_cancel, GetString(c_cancelText));
         if (m_icon)
             view->SetIcon(m_icon);
     }
+    SetCaption(CStr(m_caption));
     m_bar.SetPos(m_bar.GetMinimum());
-    SetTimer(c_showTimer, c_showDelay);
+    m_delayedShow = SetTimer(c_showTimer, c_showDelay);
     SetText(CStr(m_text));
     EnableControls();
-    return false;
+    return !m_delayedShow;
 }
 
 void CProgressDialogBase::OnDestroy()
@@ -81,7 +80,7 @@ void CProgressDialogBase::SetCaption(const CStr& caption)
 {
     m_caption = caption;
     if (GetView())
-        GetView()->SetCaption(caption);
+        GetView()->SetCaption(m_caption.IsEmpty() ? GetString(ProgressTemplate::c_dialog) : m_caption);
 }
 
 void CProgressDialogBase::SetText(const CStr& text)

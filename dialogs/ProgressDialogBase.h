@@ -31,6 +31,7 @@ public:
 
     /// Gives the dialog its window before it is opened; null takes it away. The view is not owned.
     void SetView(CProgressView* view);
+    /// @param caption see the constructor
     void SetCaption(const CStr& caption);
     const CStr& GetCaption() const noexcept { return m_caption; }
     /// Lines end with "\n", and long ones are wrapped. The window grows with the text and does not shrink

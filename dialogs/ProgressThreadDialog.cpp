@@ -48,9 +48,9 @@ void CProgressThreadDialog::OnDestroy()
 
 void CProgressThreadDialog::RunThread()
 {
-    if (m_worker)
+    if (m_worker && !m_inbox->IsDone())
         throw EInternal(u"ProgressThreadDialog", __LINE__, u"CProgressThreadDialog::RunThread",
-                        u"The worker has been started.");
+                        u"A worker is running.");
     DropInbox();
     m_inbox = std::make_shared<CProgressInbox>(*this, IsOpen());
     auto run = [work = m_work.Share<void>(), inbox = m_inbox]() -> unsigned long {
@@ -127,14 +127,11 @@ void CProgressThreadDialog::OnMessage(unsigned int message)
 
 void CProgressThreadDialog::OnStepMessage()
 {
-    const CWatch watch(*this);
     const auto inbox = m_inbox;
     ShowProgress();
-    for (auto count = inbox->TakeSteps(c_stepsPerMessage); count > 0; --count) {
+    // A step may close or destroy the dialog, or start another worker.
+    for (auto count = inbox->TakeSteps(c_stepsPerMessage); count > 0 && inbox->IsAttached(); --count)
         Step(GetLatestIncrement());
-        if (watch.IsGone() || m_inbox != inbox)
-            return;
-    }
 }
 
 void CProgressThreadDialog::OnCloseMessage()

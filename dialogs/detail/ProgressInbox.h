@@ -43,6 +43,7 @@ public:
     void AcceptNewText() { m_textWaits = false; }
     /// Dialog: no message shall reach it any more.
     void Detach();
+    bool IsAttached() const { return m_dialog != nullptr; }
     /// What the work threw, once. For who has waited for the worker.
     std::exception_ptr TakeException() { return std::exchange(m_exception, nullptr); }
 

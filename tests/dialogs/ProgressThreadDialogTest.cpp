@@ -196,10 +196,10 @@ TEST_F(ProgressThreadDialog, ExceptionsReachTheCallerWhenTheDialogIsClosed)
     EXPECT_FALSE(dialog->IsOpen() || view.IsModal());
 
     int lines = 0;
-    auto sink = GetDiagnostics().SetSink([&](const SDiagnosticLine&) { ++lines; });
+    const auto sink = GetDiagnostics().SetSink([&](const SDiagnosticLine&) { ++lines; });
     dialog->Create();
     dialog.reset();
-    GetDiagnostics().SetSink(std::move(sink));
+    GetDiagnostics().SetSink(sink);
     EXPECT_EQ(lines, 1) << "nobody waits for the exception after Create";
 }
 
@@ -210,7 +210,12 @@ TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
         std::function<void()> end;
         int result;
     } cases[] = {
-        {"closed", [&] { dialog->EndDialog(7); }, 7},
+        {"closed",
+         [&] {
+             EXPECT_TRUE(dialog->IsOpen()) << "no step is made after it was closed";
+             dialog->EndDialog(7);
+         },
+         7},
         {"the program ends", [&] { loop.Quit(); }, CBaseDialog::c_cancel},
     };
     for (const auto& row : cases) {
