@@ -93,7 +93,7 @@ void CBaseDialog::OnTick(CBaseTimer& timer)
         OnTimer(found->first);
 }
 
-void CBaseDialog::OnHelpInfo()
+void CBaseDialog::OnHelpInfo() const
 {
     GetHelpService().Open(m_identifier);
 }

@@ -54,7 +54,7 @@ public:
     /// The user pressed Cancel, or Escape, or closed the window: closes the dialog.
     virtual void OnCancel() { EndDialog(c_cancel); }
     /// The user asked for help: opens the dialog's topic.
-    void OnHelpInfo();
+    void OnHelpInfo() const;
 
 protected:
     /// The dialog opens: sets up what the view shows. @return whether the view is shown at once
