@@ -29,8 +29,10 @@ bool CFileDialogMemory::Load(CInifile& ini)
 {
     Clear();
     ini.SelectSection(c_section);
-    for (const CStr& key : ini.GetKeys())
-        Remember(key, ini.ReadText(key));
+    for (const CStr& key : ini.GetKeys()) {
+        if (const CStr path = ini.ReadText(key); !path.IsEmpty())
+            Remember(key, path);
+    }
     return true;
 }
 

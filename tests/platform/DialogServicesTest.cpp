@@ -56,6 +56,7 @@ TEST(FileDialogService, RemembersFolderAndFileByKeyAcrossRuns)
     EXPECT_EQ(path, u"/sets/a=b.flt");
     CInifile ini;
     EXPECT_TRUE(service.GetMemory().Save(ini));
+    ini.WriteText(u"Settings_FFT", u"");
     CMemoryFileDialogService later;
     EXPECT_TRUE(later.GetMemory().Load(ini));
     EXPECT_FALSE(later.Choose(dialog, path));
