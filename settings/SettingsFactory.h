@@ -43,7 +43,7 @@ public:
         static constexpr std::int32_t c_file = 1;
         static constexpr std::int32_t c_identifier = 2;
 
-        std::int32_t kind = 0; ///< c_file or c_identifier; 0 after a failure
+        std::int32_t kind = 0; ///< c_file or c_identifier; 0 when the selector is neither
         CStr typeText{};       ///< what stands before the bracket
         ESettingType type = ESettingType::Unknown;
         std::vector<SSettingsEntry> entries{}; ///< none when nothing has the identifier
@@ -108,7 +108,7 @@ public:
     std::vector<CTree> GetTree(const SParseInfo& info);
 
     /// Takes a specification such as u"PlaneCorr[Id(4)]" or u"Filter[File(C:\\sets\\a.flt)]" apart.
-    /// @return false, with the error in `info`, when it is none
+    /// @return false when it is none; `info` then has the error beside what was understood, and no entries
     bool ParseUserSpec(const CStr& spec, SParseInfo& info) const;
 
 protected:

@@ -17,7 +17,6 @@ constexpr int c_noFileName = 10057;
 
 bool Fail(int textId, const CStr& spec, CSettingsFactory::SParseInfo& info)
 {
-    info = {};
     info.error = CStr::Format(GetString(textId), spec);
     return false;
 }

@@ -73,12 +73,14 @@ TEST_F(SettingsFactory, WrongSpecifications)
          {u"", u"PlaneCorr(File(x))", u"Nothing[File(x)]", u"Unknown[Id(5)]", u"plancorr[Id(5)]",
           u" PlaneCorr[Id(5)]", u"]PlaneCorr[Id(5)]", u"][", u"[Id(5)]", u"PlaneCorr[Id()]",
           u"PlaneCorr[Id(]", u"http://PlaneCorr[Id(5)]", u"://PlaneCorr[Id(5)]", u"settings://[Id(5)]",
-          u"Settings://PlaneCorr[Id(5)]", u"settings://settings://PlaneCorr[Id(5)]", u"%s[File(%d)]"}},
+          u"Settings://PlaneCorr[Id(5)]", u"settings://settings://PlaneCorr[Id(5)]", u"%s[File(%d)]",
+          u"Nothing[File()]"}},
         {u"Syntax error in specification: '%s', either Id<> of File<> must be specified",
          {u"PlaneCorr[Name(x)]", u"PlaneCorr[]", u"PlaneCorr[file(x)]", u"PlaneCorr[ File(x)]",
           u"PlaneCorr[File]", u"Nothing[ID(5)]"}},
         {u"Syntax error in specification: '%s', File<> specification needs filename",
-         {u"PlaneCorr[File()]", u"PlaneCorr[File(]", u"settings://PlaneCorr[File()]"}},
+         {u"PlaneCorr[File()]", u"PlaneCorr[File(]", u"PlaneCorr[File(a]b)]",
+          u"settings://PlaneCorr[File()]"}},
     };
     for (const SCase& row : c_cases) {
         for (const CStr& spec : row.specs) {
@@ -87,4 +89,9 @@ TEST_F(SettingsFactory, WrongSpecifications)
             EXPECT_EQ(info.error, CStr::Format(row.error, spec));
         }
     }
+    // What was understood before the fault.
+    CSettingsFactory::SParseInfo info;
+    m_factory.ParseUserSpec(u"PlaneCorr[File()]", info);
+    EXPECT_TRUE(info.kind == 1 && info.typeText == u"PlaneCorr" && info.type == PlaneCorr);
+    EXPECT_TRUE(info.entries.empty());
 }
