@@ -57,19 +57,21 @@ TEST_F(SettingsFactory, DynamicItems)
         {u"/a/x.pln", PlaneCorr, true, 200}, {u"/A/x.pln", PlaneCorr, true, 202},
         {u"/a/x.pln", Filter, true, 203},    {u"/a/x.pln", Unknown, false, 204},
         {u"/b/x.pln", PlaneCorr, true, 201}, {u"C:\\a\\x.pln", PlaneCorr, true, 205},
+        {u"/u", Unknown, false, 206},        {u"/u", Unknown, true, 206},
     };
     for (const SCase& row : c_cases) {
         SSettingsEntry entry(row.path, row.type);
-        EXPECT_EQ(m_factory.NewDynamicItem(entry, row.type == PlaneCorr), row.result);
+        EXPECT_EQ(m_factory.NewDynamicItem(entry, row.type != Filter), row.result);
         EXPECT_EQ(entry.m_ID, row.id);
     }
     EXPECT_EQ(Recent(PlaneCorr), u"Recent{x.pln 205,x.pln 201,x.pln 202,x.pln 200}");
     EXPECT_EQ(Recent(Filter), u"");
+    EXPECT_EQ(Recent(Unknown), u"Recent{u 206}"); // what a new one does not get
     SSettingsEntry named(u"/b/x.pln", PlaneCorr);
     named.m_Name = u"Mine";
     EXPECT_TRUE(m_factory.NewDynamicItem(named, false));
-    EXPECT_EQ(named.m_ID, 206);
-    EXPECT_EQ(m_factory.GetNewID(), 207U);
+    EXPECT_EQ(named.m_ID, 207);
+    EXPECT_EQ(m_factory.GetNewID(), 208U);
 }
 
 TEST_F(SettingsFactory, IdentifiersOfNoSet)
@@ -165,6 +167,8 @@ TEST_F(SettingsFactory, SavedSetsAreLoadedAgain)
     CSettings set = MakeSet(Path("x.flt"), Filter, 5);
     EXPECT_TRUE(m_factory.SaveSettings(set, false));
     EXPECT_TRUE(set.GetEntryInfo() == 200);
+    EXPECT_EQ(m_factory.GetSettings(200, false).ReadInt(u"Value", 0), 5);
+    EXPECT_EQ(Recent(Filter), u"");
     const CSettings read = m_factory.LoadSettings(Filter, Path("x.flt") + u"\\", true);
     EXPECT_EQ(read.ReadInt(u"Value", 0), 5);
     EXPECT_EQ(read.GetFileName(), Path("x.flt"));
