@@ -248,6 +248,8 @@ TEST_F(SettingsFactory, AColorScaleIsReadAgainWhenItsFileHasChanged)
         EXPECT_EQ(set.GetFileName(), Path("x.col"));
         set.WriteInt(u"Value", 0);
     }
+    // Other types are read each time.
+    EXPECT_EQ(m_factory.LoadSettings(Filter, Path("x.col"), false).ReadInt(u"Value", 0), 8);
     fs::remove(file);
     EXPECT_TRUE(m_factory.LoadSettings(ColorScale, Path("x.col"), false).GetEntryInfo() == -1);
 }

@@ -53,14 +53,17 @@ TEST_F(SettingsFactory, LoadPrompt)
     EXPECT_TRUE(shown.forOpen);
     EXPECT_EQ(shown.memoryKey, u"Settings_PlaneCorr");
     EXPECT_EQ(shown.filter, u"Plane Correction Settings (*.pln)|*.pln|All Files (*.*)|*.*||");
+    EXPECT_EQ(shown.extension, u"");
     EXPECT_EQ(shown.folder, Path("Custom Settings/"));
     EXPECT_EQ(shown.file, u"y.pln");
     EXPECT_TRUE(m_boxes.GetShown().empty());
 
-    m_dialogs.Prepare(Path("x.pln"));
-    EXPECT_TRUE(m_factory.LoadSettingsPrompt(set, PlaneCorr, {}, true));
-    EXPECT_EQ(set.ReadInt(u"Value", 0), 3);
-    EXPECT_EQ(Recent(PlaneCorr), u"Recent{x.pln 200}");
+    for (const bool addToRecent : {false, true}) {
+        m_dialogs.Prepare(Path("x.pln"));
+        EXPECT_TRUE(m_factory.LoadSettingsPrompt(set, PlaneCorr, {}, addToRecent));
+        EXPECT_EQ(set.ReadInt(u"Value", 0), 3);
+        EXPECT_EQ(Recent(PlaneCorr), addToRecent ? u"Recent{x.pln 200}" : u"");
+    }
 
     m_dialogs.Prepare(Path("none.pln"));
     EXPECT_FALSE(m_factory.LoadSettingsPrompt(set, PlaneCorr, {}, true));
@@ -87,11 +90,13 @@ TEST_F(SettingsFactory, SavePrompt)
     // The set of another file is saved to the file chosen.
     const CSettings other(SSettingsEntry(Path("other.flt"), PlaneCorr), {});
     saver.other = &other;
-    m_dialogs.Prepare(Path("x.flt"));
-    EXPECT_TRUE(m_factory.SaveSettingsPrompt(Filter, path, savers, true));
-    EXPECT_EQ(path, Path("x.flt"));
-    EXPECT_EQ(m_folder.Read("x.flt"), "Value=7\n");
-    EXPECT_EQ(Recent(Filter), u"Recent{x.flt 200}");
+    for (const bool addToRecent : {false, true}) {
+        m_dialogs.Prepare(Path("x.flt"));
+        EXPECT_TRUE(m_factory.SaveSettingsPrompt(Filter, path, savers, addToRecent));
+        EXPECT_EQ(path, Path("x.flt"));
+        EXPECT_EQ(m_folder.Read("x.flt"), "Value=7\n");
+        EXPECT_EQ(Recent(Filter), addToRecent ? u"Recent{x.flt 200}" : u"");
+    }
 
     m_dialogs.Prepare(Path("none/y.flt"));
     EXPECT_FALSE(m_factory.SaveSettingsPrompt(Filter, path, savers, true));

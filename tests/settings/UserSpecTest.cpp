@@ -40,6 +40,7 @@ TEST_F(SettingsFactory, ValidSpecifications)
                         info.entries.empty());
         }
     }
+    EXPECT_EQ(Recent(Filter), u"");
     m_factory = {};
     CSettingsFactory::SParseInfo info;
     EXPECT_TRUE(m_factory.ParseUserSpec(c_cases[0].spec, info));
