@@ -23,6 +23,7 @@ TEST_F(SettingsFactory, ValidSpecifications)
         {u"PlaneCorr[Id(200)]", 2, PlaneCorr, u"x.pln 200"},
         {u"PlaneCorr[Id(PlaneCorrQuickLaunchImageLeveling)]", 2, PlaneCorr, u"Global Leveling 4"},
         {u"settings://ColorScale[Id(175)]", 2, ColorScale, u"Glow 175"},
+        {u"Filter[File(xy]", 1, Filter, u"x 204"},
     };
     for (const SCase& row : c_cases) {
         CSettingsFactory::SParseInfo info;
