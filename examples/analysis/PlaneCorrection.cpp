@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace SurfaceAnalysis
 {
@@ -56,10 +57,26 @@ void LevelTerraces(SSurface& surface, ECorrectionScope scope, std::size_t order)
 {
     constexpr std::size_t window = 5;
     const bool isGlobal = scope == ECorrectionScope::Global;
-    SSurface smooth = SmoothInside(surface, surface.points < window ? 1 : window,
-                                   !isGlobal || surface.lines < window ? 1 : window);
+    const auto makeSmooth = [&] {
+        return SmoothInside(surface, surface.points < window ? 1 : window,
+                            !isGlobal || surface.lines < window ? 1 : window);
+    };
+    SSurface smooth = makeSmooth();
+    const auto getSmooth = [&](std::size_t line) {
+        return isGlobal ? GetAll(smooth) : GetLine(smooth, line);
+    };
+    std::vector<SPairing> pairings(isGlobal ? 1 : surface.lines);
+    ForEachPart(surface, scope,
+                [&](const SGrid&, std::size_t line) { pairings[line] = ChoosePairing(getSmooth(line)); });
+    // Twice over a surface: on a steep one, the median of a square window moves the flanks of steps.
+    for (int pass = isGlobal ? 0 : 1; pass < 2; ++pass) {
+        ForEachPart(surface, scope, [&](const SGrid& grid, std::size_t line) {
+            RemoveSlopes(grid, getSmooth(line), pairings[line], order);
+        });
+        smooth = makeSmooth();
+    }
     ForEachPart(surface, scope, [&](const SGrid& grid, std::size_t line) {
-        RemoveTerraceForm(grid, isGlobal ? GetAll(smooth) : GetLine(smooth, line), order);
+        RemoveTerraceForm(grid, getSmooth(line), pairings[line], order);
     });
 }
 

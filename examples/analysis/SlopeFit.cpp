@@ -68,6 +68,23 @@ SLocation Locate(const SGrid& grid, const SPairs& pairs)
     return {.median = median, .deviation = std::max(deviation, pairs.leastDeviation)};
 }
 
+SPairs ChoosePairs(const SGrid& grid, bool down)
+{
+    const std::size_t furthest = std::min<std::size_t>((down ? grid.lines : grid.points) / 32, 16);
+    for (SPairs pairs{.down = down}; pairs.distance <= furthest; pairs.distance *= 2) {
+        std::vector<double> values = GetDifferences(grid, pairs);
+        if (values.empty())
+            continue;
+        TakeMedianAway(values);
+        if (TakeFractile(values, 0.5) > 0)
+            return pairs;
+        pairs.leastDeviation = TakeFractile(values, 0.9);
+        if (pairs.leastDeviation > 0)
+            return pairs;
+    }
+    return {.down = down};
+}
+
 // The normal equations of a polynomial to the differences of neighbours.
 class CSlopeFit
 {
@@ -125,21 +142,9 @@ private:
 
 } // namespace
 
-SPairs ChoosePairs(const SGrid& grid, bool down)
+SPairing ChoosePairing(const SGrid& grid)
 {
-    const std::size_t furthest = std::min<std::size_t>((down ? grid.lines : grid.points) / 32, 16);
-    for (SPairs pairs{.down = down}; pairs.distance <= furthest; pairs.distance *= 2) {
-        std::vector<double> values = GetDifferences(grid, pairs);
-        if (values.empty())
-            continue;
-        TakeMedianAway(values);
-        if (TakeFractile(values, 0.5) > 0)
-            return pairs;
-        pairs.leastDeviation = TakeFractile(values, 0.9);
-        if (pairs.leastDeviation > 0)
-            return pairs;
-    }
-    return {.down = down};
+    return {.along = ChoosePairs(grid, false), .across = ChoosePairs(grid, true)};
 }
 
 double FindDeviation(const SGrid& grid, const SPairs& pairs)
@@ -147,12 +152,11 @@ double FindDeviation(const SGrid& grid, const SPairs& pairs)
     return Locate(grid, pairs).deviation;
 }
 
-std::vector<double> FitSlopes(const CPolynomialBasis& basis, const SGrid& grid, const SPairs& along,
-                              const SPairs& across)
+std::vector<double> FitSlopes(const CPolynomialBasis& basis, const SGrid& grid, const SPairing& pairing)
 {
     CSlopeFit fit(basis);
-    fit.Add(grid, along);
-    fit.Add(grid, across);
+    fit.Add(grid, pairing.along);
+    fit.Add(grid, pairing.across);
     return fit.Solve();
 }
 

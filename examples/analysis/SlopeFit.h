@@ -18,10 +18,16 @@ struct SPairs {
     std::size_t GetLines() const { return down ? distance : 0; }
 };
 
+/// The pairs of both directions.
+struct SPairing {
+    SPairs along{};
+    SPairs across{.down = true};
+};
+
 /// Neighbours, if most of their differences differ. If not, the heights were rounded to steps larger than the
 /// slope or the noise: then points so far apart, at most 16 and a 32nd of the grid, that a tenth of their
 /// differences is off by such a step, which is no outlier.
-SPairs ChoosePairs(const SGrid& grid, bool down);
+SPairing ChoosePairing(const SGrid& grid);
 
 /// The standard deviation of the differences of pairs, 1.4826 times their median absolute deviation, which a
 /// few steps do not change; 0 without a valid pair.
@@ -30,7 +36,6 @@ double FindDeviation(const SGrid& grid, const SPairs& pairs);
 /// Fits a polynomial to the differences of pairs. Outliers, further than five standard deviations from the
 /// median of their direction, are left out: so steps do not count.
 /// @return the coefficients of the basis' terms after the constant
-std::vector<double> FitSlopes(const CPolynomialBasis& basis, const SGrid& grid, const SPairs& along,
-                              const SPairs& across);
+std::vector<double> FitSlopes(const CPolynomialBasis& basis, const SGrid& grid, const SPairing& pairing);
 
 } // namespace SurfaceAnalysis

@@ -1,7 +1,6 @@
 #include "examples/analysis/TerraceForm.h"
 
 #include "examples/analysis/PolynomialFit.h"
-#include "examples/analysis/SlopeFit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -33,10 +32,10 @@ struct STerrace {
 };
 
 // The standard deviation of the noise, by the direction in which points differ less.
-double FindNoise(const SGrid& grid, const SPairs& along, const SPairs& across)
+double FindNoise(const SGrid& grid, const SPairing& pairing)
 {
-    const double x = FindDeviation(grid, along);
-    const double y = FindDeviation(grid, across);
+    const double x = FindDeviation(grid, pairing.along);
+    const double y = FindDeviation(grid, pairing.across);
     return (grid.lines > 1 && grid.points > 1 ? std::min(x, y) : x + y) / std::numbers::sqrt2;
 }
 
@@ -56,9 +55,6 @@ std::pair<std::size_t, std::size_t> FindDensest(std::span<const double> rising, 
 // One after the other, those with the most points first.
 std::vector<STerrace> FindTerraces(std::vector<double> rising, double width)
 {
-    std::sort(rising.begin(), rising.end());
-    if (!rising.empty())
-        width = std::max(width, c_rounding * (rising.back() - rising.front()));
     std::vector<STerrace> terraces;
     const double least = c_leastShare * static_cast<double>(rising.size());
     while (!rising.empty() && terraces.size() < c_mostTerraces) {
@@ -82,13 +78,24 @@ std::vector<double> GetValid(const SGrid& grid)
     return valid;
 }
 
-std::vector<TTerrace> AssignTerraces(const SGrid& smooth, double noise)
+bool IsWithin(double height, const STerrace& terrace, double margin)
 {
-    const std::vector<STerrace> terraces = FindTerraces(GetValid(smooth), c_window * noise);
+    return height >= terrace.first - margin && height <= terrace.last + margin;
+}
+
+std::vector<TTerrace> AssignTerraces(const SGrid& grid, const SGrid& smooth, double noise)
+{
     std::vector<TTerrace> assigned(smooth.heights.size(), c_noTerrace);
+    std::vector<double> rising = GetValid(smooth);
+    if (rising.empty())
+        return assigned;
+    std::sort(rising.begin(), rising.end());
+    const double width = std::max(c_window * noise, c_rounding * (rising.back() - rising.front()));
+    const std::vector<STerrace> terraces = FindTerraces(std::move(rising), width);
     for (std::size_t i = 0; i < assigned.size(); ++i)
         for (std::size_t j = 0; j < terraces.size(); ++j)
-            if (smooth.heights[i] >= terraces[j].first && smooth.heights[i] <= terraces[j].last)
+            // The height itself, too: smoothing rounds the corners of steps.
+            if (IsWithin(smooth.heights[i], terraces[j], 0) && IsWithin(grid.heights[i], terraces[j], width))
                 assigned[i] = static_cast<TTerrace>(j);
     return assigned;
 }
@@ -119,19 +126,21 @@ bool FitTerraces(const SGrid& grid, const SGrid& smooth, std::size_t order, std:
 
 } // namespace
 
-void RemoveTerraceForm(const SGrid& grid, const SGrid& smooth, std::size_t order)
+void RemoveSlopes(const SGrid& grid, const SGrid& smooth, const SPairing& pairing, std::size_t order)
 {
     const CPolynomialBasis basis(grid, order);
-    const SPairs along = ChoosePairs(smooth, false);
-    const SPairs across = ChoosePairs(smooth, true);
     for (int pass = 0; pass < c_slopePasses; ++pass) {
-        const std::vector<double> slopes = FitSlopes(basis, smooth, along, across);
+        const std::vector<double> slopes = FitSlopes(basis, smooth, pairing);
         basis.Subtract(smooth, slopes);
         basis.Subtract(grid, slopes);
     }
+}
+
+void RemoveTerraceForm(const SGrid& grid, const SGrid& smooth, const SPairing& pairing, std::size_t order)
+{
     for (int pass = 0; pass < c_terracePasses; ++pass) {
-        const double noise = FindNoise(grid, along, across);
-        if (!FitTerraces(grid, smooth, order, AssignTerraces(smooth, noise)))
+        const double noise = FindNoise(grid, pairing);
+        if (!FitTerraces(grid, smooth, order, AssignTerraces(grid, smooth, noise)))
             return RemovePolynomial(grid, order);
     }
 }

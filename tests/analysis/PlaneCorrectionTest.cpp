@@ -167,7 +167,8 @@ TEST(PlaneCorrection, LevelsTerraces)
         std::size_t order;
         double bow;
         double noise;
-        double quantum; // to which heights are rounded, 0 for not
+        double quantum;   // to which heights are rounded, 0 for not
+        double slope = 1; // as a multiple of the noise, about
     };
     const double steps[] = {0, 100, 150};
     // The reference is the terrace that takes up half of each line.
@@ -178,12 +179,12 @@ TEST(PlaneCorrection, LevelsTerraces)
     for (const SRow& row :
          {SRow{c_global, 1, 0, 1, 0}, SRow{c_global, 1, 0, 0, 0}, SRow{c_global, 2, 300, 1, 0},
           SRow{c_linewise, 1, 0, 1, 0}, SRow{c_linewise, 2, 300, 1, 0}, SRow{c_global, 1, 0, 0.2, 2},
-          SRow{c_linewise, 1, 0, 0, 2}}) {
+          SRow{c_linewise, 1, 0, 0, 2}, SRow{c_global, 1, 0, 1, 0, 8}}) {
         CNoise noise;
         const SSurface surface = MakeSurface(200, 150, [&](double x, double y) {
             if (x + y < 20 || (x == 100 && y < 90))
                 return c_missing;
-            const double form = 4000 + 1.1 * x - 0.7 * y + row.bow * (x - 90) * (x - 70) / 1e4;
+            const double form = 4000 + row.slope * (1.1 * x - 0.7 * y) + row.bow * (x - 90) * (x - 70) / 1e4;
             const double z = form + steps[getTerrace(x, y)] + row.noise * noise();
             return row.quantum > 0 ? row.quantum * std::round(z / row.quantum) : z;
         });
@@ -198,8 +199,9 @@ TEST(PlaneCorrection, LevelsTerraces)
             }
             return sum;
         };
-        const testing::Message what = testing::Message() << static_cast<int>(row.scope) << " " << row.order
-                                                         << " " << row.noise << " " << row.quantum;
+        const testing::Message what = testing::Message()
+                                      << static_cast<int>(row.scope) << " " << row.order << " " << row.noise
+                                      << " " << row.quantum << " " << row.slope;
         EXPECT_LT(worst({row.scope, c_wizard, row.order}), 5.5 * row.noise + row.quantum + 1e-9) << what;
         EXPECT_GT(worst({row.scope, c_polynomial, row.order}), 30) << what;
     }
