@@ -183,7 +183,8 @@ TEST_F(SurfaceReportTest, BothReportsAreReplacedOrNeither)
 TEST_F(SurfaceReportTest, HelpNamesEveryOption)
 {
     EXPECT_EQ(Run({"--help"}), 0);
-    for (const char* option : {"INPUT", "--out", "--parameters", "--unit", "--level", "--transpose",
-                               "--settings", "--list-settings", "--settings-folder"})
+    for (const char* option :
+         {"INPUT", "--out", "--parameters", "--unit", "--level", "--transpose", "--cutoff", "--grains",
+          "--pores", "--preferences", "--set ", "--settings ", "--list-settings", "--settings-folder"})
         EXPECT_NE(m_out.str().find(option), std::string::npos) << option;
 }
