@@ -35,6 +35,17 @@ TWeightedSums MakeSums(std::vector<double> weights)
     };
 }
 
+std::vector<double> MakeGaussian(std::size_t count, double sd)
+{
+    const auto middle = static_cast<double>(count / 2);
+    std::vector<double> weights(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const double x = (static_cast<double>(i) - middle) / sd;
+        weights[i] = std::exp(-x * x / 2);
+    }
+    return weights;
+}
+
 // The value of a kernel at a point, as the kernel's comment tells.
 class CKernelPoint
 {
@@ -100,21 +111,10 @@ SSurface FilterMean(const SSurface& surface, const SMeanFilter& filter)
                                 MakeSums(std::vector(filter.rows, 1.0)));
 }
 
-std::size_t GetReach(const SGaussianSmoothing& smoothing)
-{
-    return static_cast<std::size_t>(std::ceil(4 * smoothing.sd));
-}
-
 SSurface SmoothGaussian(const SSurface& surface, const SGaussianSmoothing& smoothing)
 {
-    const std::size_t reach = GetReach(smoothing);
-    std::vector<double> weights(2 * reach + 1);
-    for (std::size_t i = 0; i < weights.size(); ++i) {
-        const double x = (static_cast<double>(i) - static_cast<double>(reach)) / smoothing.sd;
-        weights[i] = std::exp(-x * x / 2);
-    }
-    const TWeightedSums sums = MakeSums(std::move(weights));
-    return ComputeWeightedMeans(surface, sums, sums);
+    return ComputeWeightedMeans(surface, MakeSums(MakeGaussian(smoothing.columns, smoothing.sd)),
+                                MakeSums(MakeGaussian(smoothing.rows, smoothing.sd)));
 }
 
 SSurface ApplyKernel(const SSurface& surface, const SKernel& kernel)

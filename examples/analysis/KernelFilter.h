@@ -15,10 +15,11 @@ struct SMeanFilter {
     std::size_t rows = 3;
 };
 
-/// Smoothing with weights exp(-(i² + j²) / (2 sd²)) for a distance of i points and j lines. The window has
-/// 2 ceil(4 sd) + 1 points in each direction, which leaves out less than a ten thousandth of the weights.
-/// Weights beyond a border or at missing points go to the others.
+/// Smoothing with weights exp(-(i² + j²) / (2 sd²)) for a distance of i points and j lines. Weights beyond a
+/// border or at missing points go to the others.
 struct SGaussianSmoothing {
+    std::size_t columns = 7; ///< of the window, odd
+    std::size_t rows = 7;
     double sd = 1; ///< standard deviation in points and lines, greater than 0
 };
 
@@ -40,8 +41,5 @@ struct SKernel {
 SSurface FilterMean(const SSurface& surface, const SMeanFilter& filter);
 SSurface SmoothGaussian(const SSurface& surface, const SGaussianSmoothing& smoothing);
 SSurface ApplyKernel(const SSurface& surface, const SKernel& kernel);
-
-/// How many points from the middle the window of a Gaussian smoothing reaches.
-std::size_t GetReach(const SGaussianSmoothing& smoothing);
 
 } // namespace SurfaceAnalysis

@@ -29,9 +29,11 @@ std::string_view Check(const SSurface&, const SMeanFilter& filter)
 
 std::string_view Check(const SSurface&, const SGaussianSmoothing& smoothing)
 {
-    constexpr double most = 31; // the window reaches four of it to either side
-    return smoothing.sd > 0 && smoothing.sd <= most ? ""
-                                                    : "the standard deviation is not above 0 and up to 31";
+    if (!IsWindow(smoothing.columns) || !IsWindow(smoothing.rows))
+        return c_badWindow;
+    return smoothing.sd > 0 && std::isfinite(smoothing.sd)
+               ? ""
+               : "the filter's standard deviation is not a number above 0";
 }
 
 std::string_view Check(const SSurface&, const SKernel& kernel)

@@ -3,7 +3,6 @@
 #include "examples/analysis/PlaneCorrection.h"
 #include "examples/analysis/SurfaceFilter.h"
 
-#include <cmath>
 #include <stdexcept>
 
 namespace SurfaceReport
@@ -52,24 +51,6 @@ TSurfaceFilter MedianOf(const SFilterSettings& settings, const SWindow& window)
     return SMedianFilter{.columns = window.columns, .rows = window.rows, .threshold = settings.threshold};
 }
 
-SKernel GaussianKernel(double deviation, const SWindow& window)
-{
-    SKernel kernel{.columns = window.columns, .rows = window.rows, .weights = {}};
-    kernel.weights.reserve(window.columns * window.rows);
-    const auto squareOf = [](std::size_t position, std::size_t count) {
-        const std::size_t middle = count / 2;
-        const double distance = static_cast<double>(position) - static_cast<double>(middle);
-        return distance * distance;
-    };
-    for (std::size_t row = 0; row < window.rows; ++row) {
-        for (std::size_t column = 0; column < window.columns; ++column)
-            kernel.weights.push_back(
-                std::exp(-(squareOf(row, window.rows) + squareOf(column, window.columns)) /
-                         (2 * deviation * deviation)));
-    }
-    return kernel;
-}
-
 SIsoGaussianFilter IsoGaussianOf(const SFilterSettings& settings, const SSurface& surface)
 {
     SIsoGaussianFilter filter{.extent = settings.kind == EFilterKind::ArealGaussian
@@ -105,7 +86,8 @@ std::vector<TSurfaceFilter> FiltersOf(const SFilterSettings& settings, const SSu
     case EFilterKind::Mean:
         return {SMeanFilter{.columns = window.columns, .rows = window.rows}};
     case EFilterKind::Gauss:
-        return {GaussianKernel(settings.standardDeviation, window)};
+        return {SGaussianSmoothing{
+            .columns = window.columns, .rows = window.rows, .sd = settings.standardDeviation}};
     case EFilterKind::Convolution:
         return {SKernel{.columns = window.columns, .rows = window.rows, .weights = settings.weights}};
     case EFilterKind::Streaks:

@@ -129,14 +129,12 @@ TEST(SurfaceFilter, KernelsWeighTheWindow)
     expectMeans(SMeanFilter{49, 1}, {49, 1, std::vector(49, 2.0)});
     const SKernel lopsided{3, 3, {9, 0, 1, 0, 2, 3, 0, 0, 7}};
     expectMeans(lopsided, lopsided);
-    for (const double sd : {0.3, 1.0, 2.0}) {
-        const auto reach = static_cast<int>(std::ceil(4 * sd));
-        const auto size = static_cast<std::size_t>(2 * reach + 1);
-        SKernel gauss{size, size, {}};
-        for (int y = -reach; y <= reach; ++y)
-            for (int x = -reach; x <= reach; ++x)
+    for (const double sd : {0.3, 1.0, 40.0}) {
+        SKernel gauss{9, 5, {}};
+        for (int y = -2; y <= 2; ++y)
+            for (int x = -4; x <= 4; ++x)
                 gauss.weights.push_back(std::exp(-(x * x + y * y) / (2 * sd * sd)));
-        expectMeans(SGaussianSmoothing{sd}, gauss);
+        expectMeans(SGaussianSmoothing{9, 5, sd}, gauss);
     }
 }
 
@@ -237,7 +235,7 @@ TEST(SurfaceFilter, RemovesStreaksOfItsKind)
 TEST(SurfaceFilter, LeavesALevelSurfaceAndMissingPoints)
 {
     const TSurfaceFilter filters[] = {SMeanFilter{9, 9},
-                                      SGaussianSmoothing{2},
+                                      SGaussianSmoothing{9, 241, 2},
                                       SKernel{3, 1, {1, 2, 4}},
                                       SKernel{3, 1, {-1, 3, -1}},
                                       SMedianFilter{15, 15, 0},
@@ -297,8 +295,8 @@ TEST(SurfaceFilter, RefusesWhatDoesNotSuitTheSurface)
         {SLineSpikeFilter{3, c_missing}, threshold},
         {SLineSpikeFilter{4, 1}, odd},
         {SStreakFilter{.length = 0}, "the size of the streaks is not 1 or more points and 1 to 255 lines"},
-        {SGaussianSmoothing{0}, "the standard deviation is not above 0 and up to 31"},
-        {SGaussianSmoothing{32}, "the standard deviation is not above 0 and up to 31"},
+        {SGaussianSmoothing{7, 257, 1}, odd},
+        {SGaussianSmoothing{7, 7, 0}, "the filter's standard deviation is not a number above 0"},
         {SKernel{65, 1, std::vector(65, 1.0)},
          "the sizes of the filter's kernel are not odd numbers from 1 to 63"},
         {SKernel{3, 1, {1, 2}}, "the filter has not one weight for each point of its window"},

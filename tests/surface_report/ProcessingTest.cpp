@@ -61,6 +61,8 @@ TEST(Processing, SetsDoWhatTheySay)
          spike,
          SFilterSettings{.kind = EKind::Gauss, .columns = 3, .standardDeviation = 1},
          {0, 0, 9 * beside / sum, 9 / sum, 9 * beside / sum, 0, 0}},
+        {"widest Gauss", dark, SFilterSettings{.kind = EKind::Gauss, .columns = 241, .standardDeviation = 40},
+         all(-5)},
         {"weights in a row",
          spike,
          SFilterSettings{.kind = EKind::Convolution, .columns = 3, .weights = {1, 2, 6}},
