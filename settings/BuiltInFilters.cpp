@@ -31,7 +31,7 @@ constexpr SFilterSettings Gauss(int standardDeviation)
             .standardDeviation = static_cast<double>(standardDeviation)};
 }
 
-/// A window holds more ground than spike when the spike is less than 0.7 times as wide.
+/// A spike less than half as wide as the window leaves the spread of the heights in it as it is.
 constexpr SFilterSettings Spikes(EFilterApplication application, int rows, int columns, double threshold)
 {
     return {.kind = EFilterKind::Spikes,

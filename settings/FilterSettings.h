@@ -115,7 +115,7 @@ struct COMMONUI_API SFilterSettings {
     /// Of Gauss, in points: above 0, at most 40.
     double standardDeviation = 0;
     /// Of Convolution: rows times columns finite weights, row by row. The result is divided by the sum of
-    /// those that count, unless the sum of all is 0.
+    /// those that count; if one is negative, by the sum of all, unless that is 0.
     std::vector<double> weights{};
 
     SFilterCutoff cutoff{}; ///< of ProfileGaussian and ArealGaussian

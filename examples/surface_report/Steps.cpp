@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <system_error>
 
 namespace SurfaceReport
 {
@@ -33,13 +34,21 @@ CStr MenuPath(const SSettingsEntry& entry)
     return (path + entry.m_Name).TrimRight();
 }
 
+/// The full path, the same whatever roundabout way leads to the file.
+std::filesystem::path FullPath(const CStr& text)
+{
+    const auto path = std::filesystem::absolute(std::filesystem::path(text.begin(), text.end()));
+    std::error_code error;
+    const auto folder = std::filesystem::weakly_canonical(path.parent_path(), error);
+    return error ? path : folder / path.filename();
+}
+
 /// The set of an entry. A file is loaded by its path, as nobody is there to be asked what to do without it.
 CSettings LoadSet(CSettingsFactory& factory, const SSettingsEntry& entry)
 {
     if (!entry.m_IsFile)
         return factory.GetSettings(entry.m_ID, true);
-    const std::filesystem::path path(entry.m_File.begin(), entry.m_File.end());
-    return factory.LoadSettings(entry.m_Type, std::filesystem::absolute(path).u16string(), true);
+    return factory.LoadSettings(entry.m_Type, FullPath(entry.m_File).u16string(), true);
 }
 
 template<class TSettings>

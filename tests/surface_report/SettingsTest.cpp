@@ -129,6 +129,9 @@ TEST_F(SettingsTest, UsesAreRememberedInThePreferencesFile)
     const CTexts expected = {u"FILE:" + CommonUI::CStr(file.u16string()),
                              u"BUILT-IN:Filter_Noise_reduction_Median_3x3_full"};
     EXPECT_EQ(Recent(u"Filter"), expected);
+    const fs::path roundabout = m_folder / ".." / m_folder.filename() / "." / "my.flt";
+    Report({"Filter[File(" + roundabout.string() + ")]"}, keep);
+    EXPECT_EQ(Recent(u"Filter"), expected) << "the same file";
     EXPECT_EQ(Recent(u"PlaneCorr"), CTexts{u"BUILT-IN:PlaneCorrQuickLaunchImageLeveling"});
     EXPECT_TRUE(Has(Report({"Filter[Id(200)]"}, keep), "Step 1: Filter / my.flt\r\n")) << "a recent file";
 
