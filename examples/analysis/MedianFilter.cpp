@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <vector>
 
 namespace SurfaceAnalysis
@@ -139,7 +138,7 @@ SSurface RemoveLineSpikes(const SSurface& surface, const SLineSpikeFilter& filte
 {
     std::vector<double> limits(surface.lines);
     for (std::size_t line = 0; line < surface.lines; ++line)
-        limits[line] = filter.threshold * FindLineNoise(surface.GetLine(line));
+        limits[line] = filter.threshold * FindNoise(surface.GetLine(line), 1);
     SSurface filtered = surface;
     VisitWindows(surface, {.columns = filter.points, .rows = 1}, [&](std::size_t index, CRankWindow& window) {
         const double median = window.GetMedian();
@@ -148,16 +147,6 @@ SSurface RemoveLineSpikes(const SSurface& surface, const SLineSpikeFilter& filte
             height = median;
     });
     return filtered;
-}
-
-double FindLineNoise(std::span<const double> heights)
-{
-    std::vector<double> differences;
-    differences.reserve(heights.size());
-    for (std::size_t i = 1; i < heights.size(); ++i)
-        differences.push_back(std::fabs(heights[i] - heights[i - 1]));
-    const double median = ComputeFractile(differences, 0.5);
-    return std::isnan(median) ? 0 : median / (0.6745 * std::numbers::sqrt2);
 }
 
 SSurface SmoothInside(const SSurface& surface, std::size_t columns, std::size_t rows)

@@ -3,7 +3,6 @@
 #include "Surface.h"
 
 #include <cstddef>
-#include <span>
 
 namespace SurfaceAnalysis
 {
@@ -29,16 +28,11 @@ SSurface FilterMedian(const SSurface& surface, const SMedianFilter& filter);
 struct SLineSpikeFilter {
     std::size_t points = 3; ///< of the window, odd
     /// A point is replaced by the median of its window if it is further from it than this many times the
-    /// noise of the line, FindLineNoise. The less, the stronger the filter.
+    /// noise of the line, FindNoise. The less, the stronger the filter.
     double threshold = 3;
 };
 
 SSurface RemoveLineSpikes(const SSurface& surface, const SLineSpikeFilter& filter);
-
-/// The standard deviation of the white noise that neighbouring points of a line would differ as much by,
-/// median |z[i+1] - z[i]| / (0.6745 √2); a few spikes or steps do not change it. 0 if no two neighbours are
-/// valid.
-double FindLineNoise(std::span<const double> heights);
 
 /// The median where the window is whole; at borders and beside missing points the heights themselves, so that
 /// a slope stays what it is.

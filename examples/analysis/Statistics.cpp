@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <numbers>
 
 namespace SurfaceAnalysis
 {
@@ -49,6 +50,16 @@ std::span<const double> FindNarrowest(std::span<const double> rising, std::size_
 double ComputeFractile(std::span<const double> values, double share)
 {
     return InterpolateFractile(SortRising(values), share);
+}
+
+double FindNoise(std::span<const double> values, std::size_t step)
+{
+    std::vector<double> differences;
+    differences.reserve(values.size());
+    for (std::size_t i = step; i < values.size(); ++i)
+        differences.push_back(std::fabs(values[i] - values[i - step]));
+    const double median = ComputeFractile(differences, 0.5);
+    return std::isnan(median) ? 0 : median / (0.6745 * std::numbers::sqrt2);
 }
 
 double ComputeMode(std::span<const double> values)

@@ -2,6 +2,7 @@
 
 #include "Value.h"
 
+#include <cstddef>
 #include <span>
 #include <vector>
 
@@ -13,6 +14,12 @@ namespace SurfaceAnalysis
 /// other the result is NaN.
 /// @param share 0 to 1; the result is NaN for any other
 double ComputeFractile(std::span<const double> values, double share);
+
+/// The standard deviation of the white noise by which values a step apart would differ as much, median
+/// |v[i+step] - v[i]| / (0.6745 √2): a few spikes, steps or streaks do not change it. 0 if of no two such
+/// values both are there.
+/// @param step 1 for neighbours; the points of a line for those across the lines of a surface
+double FindNoise(std::span<const double> values, std::size_t step);
 
 /// The value around which the others are densest: the half-sample mode (Robertson and Cryer 1974), which
 /// keeps the narrowest half of the values again and again and needs no classes. NaN values are left out;

@@ -2,10 +2,6 @@
 
 #include "examples/analysis/Statistics.h"
 
-#include <cmath>
-#include <numbers>
-#include <vector>
-
 namespace SurfaceAnalysis
 {
 
@@ -78,7 +74,7 @@ private:
 SSurface RemoveStreaks(const SSurface& surface, const SStreakFilter& filter)
 {
     SSurface corrected = surface;
-    const double threshold = filter.threshold * FindColumnNoise(surface);
+    const double threshold = filter.threshold * FindNoise(surface.heights, surface.points);
     for (std::size_t width = 1; width <= filter.width && width + 2 <= surface.lines; ++width) {
         const SSurface before = corrected;
         const CStreakLines lines(before, filter, threshold);
@@ -86,16 +82,6 @@ SSurface RemoveStreaks(const SSurface& surface, const SStreakFilter& filter)
             lines.Remove(line, width, corrected);
     }
     return corrected;
-}
-
-double FindColumnNoise(const SSurface& surface)
-{
-    std::vector<double> differences;
-    differences.reserve(surface.heights.size());
-    for (std::size_t i = surface.points; i < surface.heights.size(); ++i)
-        differences.push_back(std::fabs(surface.heights[i] - surface.heights[i - surface.points]));
-    const double median = ComputeFractile(differences, 0.5);
-    return std::isnan(median) ? 0 : median / (0.6745 * std::numbers::sqrt2);
 }
 
 } // namespace SurfaceAnalysis

@@ -17,16 +17,11 @@ struct SStreakFilter {
     bool isBright = true;   ///< higher than the lines beside it, otherwise lower
     std::size_t width = 1;  ///< of the widest streak, in lines
     std::size_t length = 8; ///< of the shortest, in points
-    /// In multiples of FindColumnNoise.
+    /// In multiples of FindNoise across the lines.
     double threshold = 3;
 };
 
 /// All other points stay as they are.
 SSurface RemoveStreaks(const SSurface& surface, const SStreakFilter& filter);
-
-/// The standard deviation of the white noise that neighbouring lines would differ as much by, median
-/// |z[y+1] - z[y]| / (0.6745 √2) over all columns; streaks do not change it. 0 if no two neighbours are
-/// valid.
-double FindColumnNoise(const SSurface& surface);
 
 } // namespace SurfaceAnalysis

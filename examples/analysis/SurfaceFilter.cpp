@@ -89,40 +89,14 @@ std::string_view Check(const SSurface& surface, const SIsoGaussianFilter& filter
     return "the cut-off or the spacing of the surface's points is not a length above 0";
 }
 
-SSurface Apply(const SSurface& surface, const SMeanFilter& filter)
-{
-    return FilterMean(surface, filter);
-}
+// Calls one of several functions, by the type of the argument.
+template<class... CFunctions>
+struct SByType : CFunctions... {
+    using CFunctions::operator()...;
+};
 
-SSurface Apply(const SSurface& surface, const SGaussianSmoothing& smoothing)
-{
-    return SmoothGaussian(surface, smoothing);
-}
-
-SSurface Apply(const SSurface& surface, const SKernel& kernel)
-{
-    return ApplyKernel(surface, kernel);
-}
-
-SSurface Apply(const SSurface& surface, const SMedianFilter& filter)
-{
-    return FilterMedian(surface, filter);
-}
-
-SSurface Apply(const SSurface& surface, const SLineSpikeFilter& filter)
-{
-    return RemoveLineSpikes(surface, filter);
-}
-
-SSurface Apply(const SSurface& surface, const SStreakFilter& filter)
-{
-    return RemoveStreaks(surface, filter);
-}
-
-SSurface Apply(const SSurface& surface, const SIsoGaussianFilter& filter)
-{
-    return FilterIsoGaussian(surface, filter);
-}
+template<class... CFunctions>
+SByType(CFunctions...) -> SByType<CFunctions...>;
 
 } // namespace
 
@@ -135,7 +109,16 @@ std::optional<SSurface> Filter(const SSurface& surface, const TSurfaceFilter& fi
 {
     if (!FindRefusal(surface, filter).empty())
         return std::nullopt;
-    return std::visit([&](const auto& f) { return Apply(surface, f); }, filter);
+    return std::visit(SByType{
+                          [&](const SMeanFilter& f) { return FilterMean(surface, f); },
+                          [&](const SGaussianSmoothing& f) { return SmoothGaussian(surface, f); },
+                          [&](const SKernel& f) { return ApplyKernel(surface, f); },
+                          [&](const SMedianFilter& f) { return FilterMedian(surface, f); },
+                          [&](const SLineSpikeFilter& f) { return RemoveLineSpikes(surface, f); },
+                          [&](const SStreakFilter& f) { return RemoveStreaks(surface, f); },
+                          [&](const SIsoGaussianFilter& f) { return FilterIsoGaussian(surface, f); },
+                      },
+                      filter);
 }
 
 } // namespace SurfaceAnalysis
