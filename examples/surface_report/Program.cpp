@@ -74,10 +74,10 @@ void WriteFile(const fs::path& path, const std::string& bytes)
         throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
 }
 
-/// Writes both reports, or neither: when the second cannot be written, the first is as it was.
+/// Writes both reports to a folder that is there, or neither: when the second cannot be written, the first is
+/// as it was.
 void WriteReports(const CReport& report, const fs::path& folder)
 {
-    fs::create_directories(folder);
     const fs::path html = folder / "report.html";
     std::string before;
     CommonUI::CStr reason;
@@ -147,6 +147,7 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
     try {
         Process(input, steps, options);
         const CReport report(MakeContent(input, choices, options), options.transpose);
+        fs::create_directories(options.folder); // what fails more often than writing comes first
         preferences.Save();
         WriteReports(report, options.folder);
         Print(report.GetTerminalText(), out);

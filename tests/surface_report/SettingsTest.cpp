@@ -110,6 +110,10 @@ TEST_F(SettingsTest, WhatCannotBeAppliedIsSaidInOneLineAndNothingIsKept)
         EXPECT_FALSE(fs::exists(Out()));
         EXPECT_FALSE(fs::exists(m_preferences));
     }
+    EXPECT_EQ(Run({c_sample.string(), "--out", noKind + "/sub", "--settings", "Filter[Id(84)]",
+                   "--preferences", m_preferences.string()}),
+              1);
+    EXPECT_FALSE(fs::exists(m_preferences)) << "no folder for the reports";
     EXPECT_EQ(Run({"--list-settings", "Nothing"}), 1);
     EXPECT_EQ(m_err.str(), "surface_report: --list-settings: there is no type \"Nothing\"\n");
     EXPECT_EQ(Run({"--list-settings", "--settings-folder", noKind}), 1);
