@@ -37,10 +37,10 @@ TWeightedSums MakeSums(std::vector<double> weights)
 
 std::vector<double> MakeGaussian(std::size_t count, double sd)
 {
-    const auto middle = static_cast<double>(count / 2);
+    const std::size_t middle = count / 2;
     std::vector<double> weights(count);
     for (std::size_t i = 0; i < count; ++i) {
-        const double x = (static_cast<double>(i) - middle) / sd;
+        const double x = (static_cast<double>(i) - static_cast<double>(middle)) / sd;
         weights[i] = std::exp(-x * x / 2);
     }
     return weights;
