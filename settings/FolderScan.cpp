@@ -14,6 +14,9 @@ namespace
 
 namespace fs = std::filesystem;
 
+/// Nobody's sets lie deeper, and thousands of nested folders would exhaust the stack and the user's patience.
+constexpr int c_maximumDepth = 100;
+
 struct SName {
     std::u16string sortKey;
     CStr name;
@@ -36,8 +39,11 @@ public:
 
     /// Adds what a folder has to the tree's root.
     /// @param folder with a separator at its end
-    void Scan(const CStr& folder, CSimpleTree<CStr>& tree)
+    /// @param depth how many folders it is below the one that was asked for
+    void Scan(const CStr& folder, CSimpleTree<CStr>& tree, int depth = 0)
     {
+        if (depth > c_maximumDepth)
+            return WarnOfSettings(u"Left out for its depth: \"" + folder + u'"');
         SContent content;
         try {
             // Each folder once: links may lead in a circle.
@@ -47,7 +53,7 @@ public:
         } catch (const std::exception& error) {
             WarnOfSettings(u"Cannot look into \"" + folder + u"\": " + CStr::FromUtf8(error.what()));
         }
-        Add(folder, content, tree);
+        Add(folder, content, tree, depth);
     }
 
 private:
@@ -71,11 +77,12 @@ private:
         return content;
     }
 
-    void Add(const CStr& folder, const SContent& content, CSimpleTree<CStr>& tree)
+    void Add(const CStr& folder, const SContent& content, CSimpleTree<CStr>& tree, int depth)
     {
         for (const SName& below : content.folders) {
             CSimpleTree<CStr> branch(below.name);
-            Scan(folder + below.name + static_cast<char16_t>(fs::path::preferred_separator), branch);
+            Scan(folder + below.name + static_cast<char16_t>(fs::path::preferred_separator), branch,
+                 depth + 1);
             if (!branch.IsLeaf())
                 tree.GetChildren().push_back(std::move(branch));
         }

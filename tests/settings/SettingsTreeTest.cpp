@@ -120,6 +120,20 @@ TEST_F(SettingsFactory, LinksAreFollowedOnce)
     EXPECT_EQ(Text(m_factory.GetTree(Filter, Path(), u"*.flt")), u"a{link.flt 200,x.flt 201}");
 }
 
+TEST_F(SettingsFactory, FoldersNestedWithoutEndAreLeftOutWithAWarning)
+{
+    std::string name = "x.flt";
+    for (int depth = 0; depth < 100; ++depth)
+        name = "d/" + name;
+    m_folder.Write(name.c_str(), "");
+    EXPECT_EQ(m_factory.GetTree(Filter, Path(), u"*.flt").size(), 1U);
+    EXPECT_TRUE(m_warnings.empty());
+    m_folder.Write(("e/" + name).c_str(), "");
+    EXPECT_EQ(m_factory.GetTree(Filter, Path("e"), u"*.flt").size(), 1U);
+    EXPECT_EQ(m_factory.GetTree(Filter, Path(), u"*.flt").size(), 1U);
+    EXPECT_EQ(m_warnings.size(), 1U);
+}
+
 #if defined(__linux__)
 TEST_F(SettingsFactory, NamesThatAreNoTextAreLeftOutWithAWarning)
 {
