@@ -121,7 +121,7 @@ void Stack(benchmark::State& state)
 void DisabledTrace(benchmark::State& state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(GetDiagnostics().IsEnabled(u"3DStack"));
+        benchmark::DoNotOptimize(CDiagnostics::IsAnyEnabled() && GetDiagnostics().IsEnabled(u"3DStack"));
 }
 
 } // namespace

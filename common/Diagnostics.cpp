@@ -33,12 +33,17 @@ struct CDiagnostics::SState {
     CSink sink = WriteToStandardError;
 };
 
+constinit std::atomic<std::size_t> CDiagnostics::s_enabledCount{0};
+
 CDiagnostics::CDiagnostics()
     : m_state(std::make_unique<SState>())
 {
 }
 
-CDiagnostics::~CDiagnostics() = default;
+CDiagnostics::~CDiagnostics()
+{
+    s_enabledCount -= m_state->enabled.size();
+}
 
 bool CDiagnostics::IsListed(std::u16string_view category) const
 {
@@ -49,11 +54,15 @@ bool CDiagnostics::IsListed(std::u16string_view category) const
 void CDiagnostics::SetEnabled(std::u16string_view category, bool enabled)
 {
     const std::lock_guard lock(m_state->categoryMutex);
-    if (enabled)
+    const auto found = m_state->enabled.find(category);
+    const bool isListed = found != m_state->enabled.end();
+    if (enabled && !isListed) {
         m_state->enabled.emplace(category);
-    else if (const auto found = m_state->enabled.find(category); found != m_state->enabled.end())
+        ++s_enabledCount;
+    } else if (!enabled && isListed) {
         m_state->enabled.erase(found);
-    m_anyEnabled = !m_state->enabled.empty();
+        --s_enabledCount;
+    }
 }
 
 void CDiagnostics::Write(std::u16string_view category, EDiagnosticLevel level, std::u16string_view text)

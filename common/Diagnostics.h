@@ -4,6 +4,7 @@
 #include "Str.h"
 
 #include <atomic>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -44,11 +45,13 @@ public:
     CDiagnostics& operator=(const CDiagnostics&) = delete;
 
     /// Whether a Trace or Info line of the category would be passed on: ask before building a costly text.
-    /// As long as no category was enabled this costs no more than a call.
     bool IsEnabled(std::u16string_view category) const
     {
-        return category.empty() || (m_anyEnabled.load(std::memory_order_relaxed) && IsListed(category));
+        return category.empty() || (IsAnyEnabled() && IsListed(category));
     }
+    /// Whether any category of any channel is enabled, at the cost of one look at a variable: where even the
+    /// call of GetDiagnostics counts, ask this first.
+    static bool IsAnyEnabled() noexcept { return s_enabledCount.load(std::memory_order_relaxed) != 0; }
     /// Means nothing for the empty category.
     void SetEnabled(std::u16string_view category, bool enabled);
 
@@ -74,8 +77,9 @@ private:
 
     bool IsListed(std::u16string_view category) const;
 
+    static std::atomic<std::size_t> s_enabledCount; ///< of the categories of all channels
+
     std::unique_ptr<SState> m_state;
-    std::atomic<bool> m_anyEnabled{false}; ///< beside the state, so that asking costs one look
 };
 
 /// The one channel of the process. It lives until the process ends, longer than any static object.

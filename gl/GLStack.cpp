@@ -52,7 +52,7 @@ const SKind* FindKind(EStackOperation operation)
 
 bool IsTracing()
 {
-    return GetDiagnostics().IsEnabled(c_category);
+    return CDiagnostics::IsAnyEnabled() && GetDiagnostics().IsEnabled(c_category);
 }
 
 void Trace(std::u16string_view line)
