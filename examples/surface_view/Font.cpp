@@ -36,7 +36,7 @@ struct CFont::SFace {
             const bool isPair = (character & 0xFC00) == 0xD800 && i + 1 < text.size();
             if (isPair)
                 character = 0x10000 + ((character & 0x3FF) << 10) + (text[++i] & 0x3FF);
-            if (FT_Load_Char(face, character, flags | FT_LOAD_NO_HINTING) != 0)
+            if (FT_Load_Char(face, character, static_cast<FT_Int32>(flags | FT_LOAD_NO_HINTING)) != 0)
                 continue;
             function(*face->glyph, Pixels(x));
             x += face->glyph->advance.x;
