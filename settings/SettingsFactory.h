@@ -38,7 +38,7 @@ public:
     /// A node of a menu: its text and the identifier of the set, s_InvalidID for a folder or heading.
     using CTree = CSimpleTree<std::pair<CStr, int>>;
 
-    /// What a specification names.
+    /// What a user specification names.
     struct SParseInfo {
         static constexpr std::int32_t c_file = 1;
         static constexpr std::int32_t c_identifier = 2;
@@ -47,7 +47,7 @@ public:
         CStr typeText{};       ///< what stands before the bracket
         ESettingType type = ESettingType::Unknown;
         std::vector<SSettingsEntry> entries{}; ///< none when nothing has the identifier
-        CStr error{};                          ///< what to tell the user when the specification is wrong
+        CStr error{};                          ///< what to tell the user when the user specification is wrong
     };
 
     CSettingsFactory() = default;
@@ -104,10 +104,10 @@ public:
     /// followed.
     /// @param masks as "*.htm|*.html", without regard to case
     std::vector<CTree> GetTree(ESettingType type, const CStr& folder, const CStr& masks);
-    /// The sets that a specification named, which are registered if they were not.
+    /// The sets that a user specification named, which are registered if they were not.
     std::vector<CTree> GetTree(const SParseInfo& info);
 
-    /// Takes a specification such as u"PlaneCorr[Id(4)]" or u"Filter[File(C:\\sets\\a.flt)]" apart.
+    /// Takes a user specification such as u"PlaneCorr[Id(4)]" or u"Filter[File(C:\\sets\\a.flt)]" apart.
     /// @return false when it is none; `info` then has the error beside what was understood, and no entries
     bool ParseUserSpec(const CStr& spec, SParseInfo& info) const;
 

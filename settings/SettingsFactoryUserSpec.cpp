@@ -89,7 +89,7 @@ std::vector<SSettingsEntry> CSettingsFactory::FindByIdentifier(ESettingType type
     if (const SSettingsEntry* const item = FindDynamicItem(id); item && item->m_Type == type)
         return {*item};
     const auto setting = GetBuiltInSettingEnum().GetValue(identifier, EBuiltInSetting{id});
-    // Unknown, which is no type of a specification, for a number that the catalogue does not have.
+    // Unknown, which is no type of a user specification, for a number that the catalogue does not have.
     if (GetSettingType(setting) == type)
         return {SSettingsEntry(setting, type)};
     return {};

@@ -124,7 +124,7 @@ void Apply(const SStep& step, SSurface& surface)
     const std::string_view refusal = std::visit(
         [&surface](const auto& settings) { return ApplySettings(settings, surface); }, step.settings);
     if (!refusal.empty())
-        throw std::runtime_error("--settings " + step.specification + ": " + std::string(refusal));
+        throw std::runtime_error("--settings " + step.userSpec + ": " + std::string(refusal));
 }
 
 } // namespace SurfaceReport

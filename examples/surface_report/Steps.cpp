@@ -60,11 +60,11 @@ TSettings ReadSet(CInifile& ini, const CReason& reason, const std::string& conte
     return settings;
 }
 
-SStep LoadStep(CSettingsFactory& factory, const std::string& specification)
+SStep LoadStep(CSettingsFactory& factory, const std::string& userSpec)
 {
-    const std::string context = "--settings " + specification + ": ";
+    const std::string context = "--settings " + userSpec + ": ";
     CSettingsFactory::SParseInfo info;
-    if (!factory.ParseUserSpec(CStr::FromUtf8(specification), info))
+    if (!factory.ParseUserSpec(CStr::FromUtf8(userSpec), info))
         throw EUsage("--settings: " + info.error.ToUtf8());
     if (info.type != ESettingType::PlaneCorr && info.type != ESettingType::Filter)
         throw EUsage(context + "only plane corrections (PlaneCorr) and filters (Filter) can be applied");
@@ -75,7 +75,7 @@ SStep LoadStep(CSettingsFactory& factory, const std::string& specification)
     const SSettingsEntry entry = set.GetEntryInfo();
     if (entry == SSettingsEntry::s_InvalidID)
         reason.Fail(context);
-    SStep step{.specification = specification, .name = MenuPath(entry), .settings = {}};
+    SStep step{.userSpec = userSpec, .name = MenuPath(entry), .settings = {}};
     if (info.type == ESettingType::PlaneCorr)
         step.settings = ReadSet<SPlaneCorrectionSettings>(set, reason, context);
     else
@@ -97,12 +97,12 @@ void AppendTrees(const std::vector<CSettingsFactory::CTree>& trees, std::size_t 
 
 } // namespace
 
-std::vector<SStep> LoadSteps(CSettingsFactory& factory, const std::vector<std::string>& specifications)
+std::vector<SStep> LoadSteps(CSettingsFactory& factory, const std::vector<std::string>& userSpecs)
 {
     std::vector<SStep> steps;
-    steps.reserve(specifications.size());
-    for (const std::string& specification : specifications)
-        steps.push_back(LoadStep(factory, specification));
+    steps.reserve(userSpecs.size());
+    for (const std::string& userSpec : userSpecs)
+        steps.push_back(LoadStep(factory, userSpec));
     return steps;
 }
 

@@ -16,7 +16,7 @@ namespace
 /// The heights of the line in the middle after the step was applied.
 std::vector<double> MiddleLine(SSurface surface, const decltype(SStep::settings)& settings)
 {
-    SurfaceReport::Apply({.specification = {}, .name = {}, .settings = settings}, surface);
+    SurfaceReport::Apply({.userSpec = {}, .name = {}, .settings = settings}, surface);
     const auto line = surface.GetLine(surface.lines / 2);
     return {line.begin(), line.end()};
 }

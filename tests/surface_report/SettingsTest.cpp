@@ -10,12 +10,12 @@ class SettingsTest : public SurfaceReportTest
 {
 protected:
     /// Reports on the sample; the text report, or the message.
-    std::string Report(const std::vector<std::string>& specifications, std::vector<std::string> more = {})
+    std::string Report(const std::vector<std::string>& userSpecs, std::vector<std::string> more = {})
     {
         std::vector<std::string> arguments = {c_sample.string(), "--out", Out().string(), "--parameters",
                                               "Sq,Rq"};
-        for (const std::string& specification : specifications)
-            arguments.insert(arguments.end(), {"--settings", specification});
+        for (const std::string& userSpec : userSpecs)
+            arguments.insert(arguments.end(), {"--settings", userSpec});
         arguments.insert(arguments.end(), more.begin(), more.end());
         return Run(arguments) == 0 ? BytesOf(Out() / "report.txt") : m_err.str();
     }
@@ -73,10 +73,10 @@ TEST_F(SettingsTest, EveryCorrectionAndFilterOfTheCatalogueIsAppliedOrRefusedFor
     int applied = 0;
     const auto apply = [&](const std::string& type, int first, int last) {
         for (int number = first; number <= last; ++number) {
-            const std::string specification = type + "[Id(" + std::to_string(number) + ")]";
-            const std::string report = Report({specification});
+            const std::string userSpec = type + "[Id(" + std::to_string(number) + ")]";
+            const std::string report = Report({userSpec});
             applied += m_err.str().empty() ? 1 : 0;
-            EXPECT_TRUE(m_err.str().empty() || Has(report, specification + ": the cut-off is ")) << report;
+            EXPECT_TRUE(m_err.str().empty() || Has(report, userSpec + ": the cut-off is ")) << report;
         }
     };
     apply("PlaneCorr", 1, 21);
@@ -90,7 +90,7 @@ TEST_F(SettingsTest, WhatCannotBeAppliedIsSaidInOneLineAndNothingIsKept)
     const std::string huge = Write("huge.flt", "").string();
     fs::resize_file(huge, std::uintmax_t{100} << 20);
     const struct {
-        std::string specification;
+        std::string userSpec;
         std::string message;
     } rows[] = {
         {"PlaneCorr[Id(177)]", "--settings PlaneCorr[Id(177)]: there is no such set; see --list-settings"},
@@ -102,9 +102,9 @@ TEST_F(SettingsTest, WhatCannotBeAppliedIsSaidInOneLineAndNothingIsKept)
         {"Filter[Id(140)]", "--settings Filter[Id(140)]: the cut-off is longer than the surface"},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.specification);
+        SCOPED_TRACE(row.userSpec);
         const std::string message =
-            Report({"Filter[Id(84)]", row.specification}, {"--preferences", m_preferences.string()});
+            Report({"Filter[Id(84)]", row.userSpec}, {"--preferences", m_preferences.string()});
         EXPECT_TRUE(Has(message, row.message)) << message;
         EXPECT_EQ(message.find('\n'), message.size() - 1) << "one line: " << message;
         EXPECT_FALSE(fs::exists(Out()));
