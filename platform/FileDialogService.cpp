@@ -12,7 +12,38 @@ namespace
 
 CFileDialogService* s_service = nullptr;
 
+/// The text without its last part, if that has masks in brackets.
+CStr WithoutMasks(const CStr& text)
+{
+    const std::size_t bracket = text.ReverseFind(u'(');
+    const bool masks = bracket != CStr::npos && text.EndsWith(u")") && text.Find(u'*', bracket) != CStr::npos;
+    return text.Left(masks ? bracket : CStr::npos).Trim();
+}
+
+std::vector<CStr> ParseMasks(const CStr& joined)
+{
+    std::vector<CStr> masks;
+    for (const CStr& part : joined.Split(u";")) {
+        CStr mask = part.Trim();
+        if (!mask.IsEmpty())
+            masks.push_back(std::move(mask));
+    }
+    return masks;
+}
+
 } // namespace
+
+std::vector<SFileFilter> ParseFileFilters(const CStr& filter)
+{
+    const std::vector<CStr> parts = filter.Split(u"|");
+    std::vector<SFileFilter> filters;
+    for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
+        SFileFilter pair{WithoutMasks(parts[i]), ParseMasks(parts[i + 1])};
+        if (!pair.masks.empty())
+            filters.push_back(std::move(pair));
+    }
+    return filters;
+}
 
 const CFileDialogMemory::SPlace* CFileDialogMemory::Find(const CStr& key) const
 {

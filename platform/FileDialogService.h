@@ -24,6 +24,18 @@ struct SFileDialog {
     friend bool operator==(const SFileDialog&, const SFileDialog&) = default;
 };
 
+/// A kind of files that a dialog offers.
+struct SFileFilter {
+    CStr text{};               ///< without masks at its end
+    std::vector<CStr> masks{}; ///< such as "*.flt"; never empty
+
+    friend bool operator==(const SFileFilter&, const SFileFilter&) = default;
+};
+
+/// The pairs of SFileDialog::filter, for a service that offers them one by one. The text loses the part in
+/// brackets at its end, which repeats the masks; a pair without masks is left out.
+COMMONUI_API std::vector<SFileFilter> ParseFileFilters(const CStr& filter);
+
 /// Folder and file that were chosen last, by the memory key of the dialog.
 class COMMONUI_API CFileDialogMemory
 {

@@ -42,6 +42,21 @@ TEST(MessageBoxService, AnswersThatNobodyGaveAreCautious)
     EXPECT_EQ(GetMessageBoxService().Show(question), EMessageBoxAnswer::No);
 }
 
+TEST(FileDialogService, FiltersAreTakenApart)
+{
+    const std::vector<std::pair<CStr, std::vector<SFileFilter>>> cases = {
+        {u"Filter files (*.flt)|*.flt|All files (*.*)|*.*||",
+         {{u"Filter files", {u"*.flt"}}, {u"All files", {u"*.*"}}}},
+        {u"Surfaces (raw)|*.sdf; *.sur;", {{u"Surfaces (raw)", {u"*.sdf", u"*.sur"}}}},
+        {u"Nothing||Text|*.txt||", {{u"Text", {u"*.txt"}}}},
+        {u"(*.x)|*.x", {{u"", {u"*.x"}}}},
+        {u"Alone", {}},
+        {u"||", {}},
+    };
+    for (const auto& [text, filters] : cases)
+        EXPECT_EQ(ParseFileFilters(text), filters) << text.ToUtf8();
+}
+
 TEST(FileDialogService, RemembersFolderAndFileByKeyAcrossRuns)
 {
     CMemoryFileDialogService service;
