@@ -1,20 +1,29 @@
-# Install rules and the CMake package, so that find_package(CommonUI) gives CommonUI::Common and CommonUI::CommonUI.
+# Install rules and the CMake package, so that find_package(CommonUI) gives CommonUI::Common, CommonUI::CommonUI and, where
+# it is built, CommonUI::Qt.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS CommonDLL CommonUIDLL EXPORT CommonUITargets
-    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-foreach(library CommonDLL CommonUIDLL)
-    get_target_property(headers ${library} COMMONUI_HEADERS)
-    foreach(header IN LISTS headers)
-        cmake_path(GET header PARENT_PATH layer)
-        install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/CommonUI/${layer})
-    endforeach()
-endforeach()
-
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/CommonUI)
-install(EXPORT CommonUITargets NAMESPACE CommonUI:: DESTINATION ${package_dir})
+
+# commonui_install(EXPORT library...): libraries and headers, whose targets the package file of the name defines.
+function(commonui_install export)
+    install(TARGETS ${ARGN} EXPORT ${export}
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    foreach(library IN LISTS ARGN)
+        get_target_property(headers ${library} COMMONUI_HEADERS)
+        foreach(header IN LISTS headers)
+            cmake_path(GET header PARENT_PATH layer)
+            install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/CommonUI/${layer})
+        endforeach()
+    endforeach()
+    install(EXPORT ${export} NAMESPACE CommonUI:: DESTINATION ${package_dir})
+endfunction()
+
+commonui_install(CommonUITargets CommonDLL CommonUIDLL)
+if(COMMONUI_WITH_QT)
+    commonui_install(CommonUIQtTargets CommonUIQt)
+endif()
 configure_package_config_file(cmake/CommonUIConfig.cmake.in ${PROJECT_BINARY_DIR}/CommonUIConfig.cmake
     INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/CommonUIConfigVersion.cmake COMPATIBILITY SameMinorVersion)

@@ -1,0 +1,51 @@
+#include "qt/QtFileDialogService.h"
+
+#include "qt/detail/ParentWindow.h"
+#include "qt/QtText.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QStringList>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+/// "Filters (*.flt)" and its masks, as Qt wants it: "Filters (*.flt *.filter)".
+QString ToNameFilter(const SFileFilter& filter)
+{
+    QStringList masks;
+    // A mask for any extension means files without one, too.
+    for (const CStr& mask : filter.masks)
+        masks.append(mask == u"*.*" ? QStringLiteral("*") : ToQString(mask));
+    return QStringLiteral("%1 (%2)").arg(ToQString(filter.text), masks.join(QLatin1Char(' ')));
+}
+
+} // namespace
+
+CQtFileDialogService::~CQtFileDialogService() = default;
+
+bool CQtFileDialogService::Show(const SFileDialog& dialog, CStr& path)
+{
+    QFileDialog window(GetParentWindow());
+    window.setAcceptMode(dialog.forOpen ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    window.setFileMode(dialog.forOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    QStringList filters;
+    for (const SFileFilter& filter : ParseFileFilters(dialog.filter))
+        filters.append(ToNameFilter(filter));
+    if (!filters.isEmpty())
+        window.setNameFilters(filters);
+    window.setDefaultSuffix(ToQString(dialog.extension));
+    if (!dialog.folder.IsEmpty())
+        window.setDirectory(ToQString(dialog.folder));
+    if (!dialog.file.IsEmpty())
+        window.selectFile(ToQString(dialog.file));
+    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
+        return false;
+    path = FromQString(QDir::toNativeSeparators(window.selectedFiles().constFirst()));
+    return true;
+}
+
+} // namespace CommonUI

@@ -1,0 +1,238 @@
+#include "qt/QtServices.h"
+
+#include "common/Diagnostics.h"
+#include "controls/Timer.h"
+#include "platform/Folders.h"
+#include "platform/HelpService.h"
+#include "qt/QtText.h"
+
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QClipboard>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <stdexcept>
+#include <thread>
+
+using namespace CommonUI;
+
+namespace
+{
+
+/// Does something with the dialog that a call is about to show, as soon as it is there.
+template<class TDialog>
+void WhenShown(const std::function<void(TDialog&)>& act)
+{
+    QTimer::singleShot(0, qApp, [act] {
+        auto* const dialog = qobject_cast<TDialog*>(QApplication::activeModalWidget());
+        if (dialog && dialog->isVisible())
+            act(*dialog);
+        else
+            WhenShown<TDialog>(act);
+    });
+}
+
+class CTicks
+{
+public:
+    CTicks() { m_timer.SetCallback(*this, &CTicks::OnTick); }
+
+    void OnTick(CBaseTimer& timer)
+    {
+        if (++count == 3)
+            timer.SetRunning(false);
+        if (fails)
+            throw std::runtime_error("tick");
+    }
+
+    int count = 0;
+    bool fails = false;
+    CWinTimer m_timer{1};
+};
+
+} // namespace
+
+TEST(QtText, KeepsEveryCodeUnit)
+{
+    const std::u16string units{u'a', u'\0', u'\xD800', u'\x00B5'};
+    EXPECT_EQ(FromQString(ToQString(units)), units);
+    EXPECT_EQ(ToQString(u"\u00B1 0.1"), QStringLiteral("\u00B1 0.1"));
+}
+
+TEST(QtServices, AreInUseAsLongAsTheyLive)
+{
+    CTimerService& timers = GetTimerService();
+    CMessageLoop& loop = GetMessageLoop();
+    CMessageBoxService& boxes = GetMessageBoxService();
+    CFileDialogService& dialogs = GetFileDialogService();
+    CClipboard& clipboard = GetClipboard();
+    const CFolders& folders = GetFolders();
+    {
+        CQtServices inner;
+        EXPECT_NE(&GetTimerService(), &timers);
+        EXPECT_EQ(&GetFileDialogService(), &inner.GetFileDialogs());
+    }
+    EXPECT_EQ(&GetTimerService(), &timers);
+    EXPECT_EQ(&GetMessageLoop(), &loop);
+    EXPECT_EQ(&GetMessageBoxService(), &boxes);
+    EXPECT_EQ(&GetFileDialogService(), &dialogs);
+    EXPECT_EQ(&GetClipboard(), &clipboard);
+    EXPECT_EQ(&GetFolders(), &folders);
+}
+
+TEST(QtServices, TimersTickInALoopUntilTheyAreStopped)
+{
+    CTicks ticks;
+    EXPECT_TRUE(ticks.m_timer.SetRunning(true));
+    GetMessageLoop().RunUntil([&] { return ticks.count == 3; });
+    EXPECT_FALSE(ticks.m_timer.IsRunning());
+    EXPECT_FALSE(GetTimerService().Kill(0));
+
+    ticks.count = 0;
+    ticks.fails = true;
+    ticks.m_timer.SetRunning(true);
+    EXPECT_THROW(GetMessageLoop().RunUntil([] { return false; }), std::runtime_error);
+}
+
+TEST(QtServices, MessagesOfAThreadComeInTheirOrder)
+{
+    constexpr int c_count = 1000;
+    std::vector<int> received;
+    std::thread worker([&] {
+        for (int i = 0; i < c_count; ++i)
+            GetMessageLoop().Post([&received, i] { received.push_back(i); });
+    });
+    GetMessageLoop().RunUntil([&] { return received.size() == c_count; });
+    worker.join();
+    EXPECT_TRUE(std::is_sorted(received.begin(), received.end()));
+}
+
+TEST(QtServices, LoopsAreNestedAndEndByTheirOwnConditionOrAnException)
+{
+    std::vector<std::string> log;
+    bool inner = false;
+    bool outer = false;
+    GetMessageLoop().Post([&] {
+        GetMessageLoop().Post([&] {
+            outer = true;
+            log.emplace_back("outer is true");
+        });
+        GetMessageLoop().Post([&] { inner = true; });
+        GetMessageLoop().RunUntil([&] { return inner; });
+        log.emplace_back("inner has ended");
+        GetMessageLoop().Post([] { throw std::runtime_error("message"); });
+        EXPECT_THROW(GetMessageLoop().RunUntil([] { return false; }), std::runtime_error);
+    });
+    GetMessageLoop().RunUntil([&] { return outer; });
+    EXPECT_EQ(log, (std::vector<std::string>{"outer is true", "inner has ended"}));
+}
+
+TEST(QtServices, AnExceptionThatNobodyWaitsForIsInTheDiagnostics)
+{
+    std::vector<CStr> lines;
+    auto sink = GetDiagnostics().SetSink([&](const SDiagnosticLine& line) { lines.emplace_back(line.text); });
+    GetMessageLoop().Post([] { throw std::runtime_error("lost"); });
+    QCoreApplication::processEvents();
+    GetDiagnostics().SetSink(std::move(sink));
+    EXPECT_EQ(lines, std::vector<CStr>{u"an exception left a callback: lost"});
+}
+
+TEST(QtServices, MessageBoxesAreAnsweredByTheirButtons)
+{
+    using namespace MessageBoxStyle;
+    struct SCase {
+        unsigned int style;
+        QMessageBox::Icon icon;
+        QMessageBox::StandardButton button; ///< NoButton closes the box
+        EMessageBoxAnswer answer;
+    };
+    constexpr SCase c_cases[] = {
+        {c_ok | c_error, QMessageBox::Critical, QMessageBox::Ok, EMessageBoxAnswer::Ok},
+        {c_ok, QMessageBox::NoIcon, QMessageBox::NoButton, EMessageBoxAnswer::Ok},
+        {c_okCancel, QMessageBox::NoIcon, QMessageBox::Ok, EMessageBoxAnswer::Ok},
+        {c_okCancel | c_warning, QMessageBox::Warning, QMessageBox::NoButton, EMessageBoxAnswer::Cancel},
+        {c_yesNo | c_question, QMessageBox::Question, QMessageBox::Yes, EMessageBoxAnswer::Yes},
+        {c_yesNo | c_question, QMessageBox::Question, QMessageBox::No, EMessageBoxAnswer::No},
+        {c_yesNo | c_help, QMessageBox::NoIcon, QMessageBox::NoButton, EMessageBoxAnswer::No},
+    };
+    for (const SCase& row : c_cases) {
+        WhenShown<QMessageBox>([&](QMessageBox& box) {
+            EXPECT_EQ(box.text(), QStringLiteral("Remove <b>all</b>?"));
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.icon(), row.icon);
+            if (row.button == QMessageBox::NoButton)
+                QTest::keyClick(&box, Qt::Key_Escape);
+            else
+                QTest::mouseClick(box.button(row.button), Qt::LeftButton);
+        });
+        EXPECT_EQ(GetMessageBoxService().Show({u"Remove <b>all</b>?", row.style}), row.answer);
+    }
+}
+
+TEST(QtServices, HelpOfAMessageBoxOpensTheTopicAndLeavesTheBoxOpen)
+{
+    CMemoryHelpService help;
+    CHelpService* const before = SetHelpService(&help);
+    WhenShown<QMessageBox>([](QMessageBox& box) {
+        QTest::mouseClick(box.button(QMessageBox::Help), Qt::LeftButton);
+        EXPECT_TRUE(box.isVisible());
+        QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
+    });
+    const SMessageBox box{u"Replace?", MessageBoxStyle::c_yesNo | MessageBoxStyle::c_help, 21000};
+    EXPECT_EQ(GetMessageBoxService().Show(box), EMessageBoxAnswer::Yes);
+    EXPECT_EQ(help.GetOpened(), std::vector<unsigned int>{21000});
+    SetHelpService(before);
+}
+
+TEST(QtServices, FileDialogsOfferFiltersAndRememberTheChoice)
+{
+    QTemporaryDir folder;
+    const QString chosen = folder.filePath(QStringLiteral("mine.flt"));
+    WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.nameFilters(),
+                  QStringList({QStringLiteral("Filters (*.flt *.filter)"), QStringLiteral("All files (*)")}));
+        EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+        dialog.selectFile(folder.filePath(QStringLiteral("mine")));
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    const SFileDialog save{.forOpen = false,
+                           .filter = u"Filters (*.flt)|*.flt;*.filter|All files (*.*)|*.*||",
+                           .extension = u"flt",
+                           .memoryKey = u"Filter"};
+    CStr path;
+    ASSERT_TRUE(GetFileDialogService().Choose(save, path));
+    EXPECT_EQ(path, FromQString(QDir::toNativeSeparators(chosen)));
+
+    QFile(chosen).open(QIODevice::WriteOnly);
+    WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory(), QDir(folder.path()));
+        EXPECT_EQ(dialog.selectedFiles(), QStringList(chosen));
+        dialog.reject();
+    });
+    EXPECT_FALSE(GetFileDialogService().Choose({.memoryKey = u"Filter"}, path));
+}
+
+TEST(QtServices, ClipboardHasBothForms)
+{
+    EXPECT_TRUE(GetClipboard().Put(u"<table><tr><td>1 \u00B5m</td></tr></table>", u"1 \u00B5m\r\n"));
+    const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+    EXPECT_EQ(data->html(), QStringLiteral("<table><tr><td>1 \u00B5m</td></tr></table>"));
+    EXPECT_EQ(data->text(), QStringLiteral("1 \u00B5m\r\n"));
+}
+
+TEST(QtServices, FoldersAreThoseOfQt)
+{
+    EXPECT_EQ(GetFolders().GetApplicationFolder().u16string(),
+              QCoreApplication::applicationDirPath().toStdU16String());
+    EXPECT_EQ(GetFolders().GetSettingsFolder().u16string(),
+              QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).toStdU16String());
+}
