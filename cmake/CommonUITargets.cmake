@@ -52,7 +52,9 @@ function(commonui_add_library name)
             CONTENT "#include \"${PROJECT_SOURCE_DIR}/${header}\"\n")
     endforeach()
 
-    add_library(${name} ${sources})
+    # With its headers, so that Qt's compiler for them runs anew when there is another one.
+    list(TRANSFORM headers PREPEND ${PROJECT_SOURCE_DIR}/ OUTPUT_VARIABLE header_files)
+    add_library(${name} ${sources} ${header_files})
     add_library(CommonUI::${arg_ALIAS} ALIAS ${name})
     commonui_compile_settings(${name})
     # Before 1.0 each minor version may change the binary interface. $ORIGIN lets the libraries find each other

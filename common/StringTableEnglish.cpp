@@ -865,6 +865,11 @@ constexpr SStringTableRow c_english[] = {
     {10262, u"Cancel"},
     {10263, u"Count:"},
     {10264, u"Example:"},
+    {10281, u"Increase"},
+    {10282, u"Decrease"},
+    {10283, u"Ten Times Larger Steps"},
+    {10284, u"Ten Times Smaller Steps"},
+    {10285, u"Ctrl+Up, Ctrl+Down, or Ctrl with the wheel change the value in steps."},
 };
 
 constexpr bool IsRising()

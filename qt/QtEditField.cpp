@@ -1,0 +1,95 @@
+#include "qt/QtEditField.h"
+
+#include "qt/detail/EventGuard.h"
+#include "qt/detail/Keys.h"
+#include "qt/QtText.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMenu>
+
+namespace CommonUI
+{
+
+CQtEditField::CQtEditField(QWidget* parent)
+    : QLineEdit(parent)
+{
+    connect(this, &QLineEdit::textEdited, this, [this] {
+        if (GetControl())
+            GetControl()->OnTextEdited();
+    });
+}
+
+CQtEditField::~CQtEditField() = default;
+
+CStr CQtEditField::GetText() const
+{
+    return FromQString(text());
+}
+
+void CQtEditField::SetText(const CStr& text)
+{
+    setText(ToQString(text));
+    // The first digits of a long number matter most.
+    setCursorPosition(0);
+}
+
+bool CQtEditField::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && ClaimsKey(static_cast<QKeyEvent&>(*event))) {
+        event->accept();
+        return true;
+    }
+    // Before Qt looks for a tab stop or the dialog for its default button.
+    if (event->type() == QEvent::KeyPress && OfferKey(static_cast<QKeyEvent&>(*event)))
+        return true;
+    return QLineEdit::event(event);
+}
+
+/// @return whether the control has dealt with it; the widget may be gone then
+bool CQtEditField::OfferKey(const QKeyEvent& event)
+{
+    CExEdit* const control = GetControl();
+    const SKey key = ToKey(event);
+    return control && Guarded([control, &key] { return control->OnKey(key); });
+}
+
+/// Whether the field gets the key although it is a shortcut of the window.
+bool CQtEditField::ClaimsKey(const QKeyEvent& event)
+{
+    if (!GetControl() || !GetControl()->ClaimsAllKeys(false))
+        return false;
+    const EKey key = ToKey(event).key;
+    return key == EKey::Enter || key == EKey::Escape || key == EKey::Up || key == EKey::Down;
+}
+
+void CQtEditField::wheelEvent(QWheelEvent* event)
+{
+    CExEdit* const control = GetControl();
+    const int delta = event->angleDelta().y();
+    const bool withControl = event->modifiers().testFlag(Qt::ControlModifier);
+    const bool used = control && delta != 0 && isEnabled() &&
+                      Guarded([=] { return control->OnMouseWheel(delta, withControl); });
+    event->setAccepted(used);
+}
+
+void CQtEditField::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    // The user comes back from the context menu.
+    CExEdit* const control = event->reason() == Qt::PopupFocusReason ? nullptr : GetControl();
+    if (control)
+        Guarded([control] { control->OnFocusLost(); });
+}
+
+void CQtEditField::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu* const menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (!actions().isEmpty())
+        menu->addSeparator();
+    menu->addActions(actions());
+    menu->popup(event->globalPos());
+}
+
+} // namespace CommonUI
