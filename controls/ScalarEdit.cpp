@@ -253,6 +253,7 @@ void CScalarEdit<T>::OnStepSizeChanged(int delta)
 {
     m_step.Change(delta, ToDouble(m_value));
     RefreshDisplay();
+    ShowStepHint();
 }
 
 template<class T>
@@ -265,12 +266,17 @@ bool CScalarEdit<T>::OnMouseWheel(int delta, bool control)
     m_wheelRemainder = static_cast<int>(turned % c_wheelNotch);
     const CWatch watch(*this);
     OnSpinDeltaPos(static_cast<int>(turned / c_wheelNotch));
-    if (!watch.IsGone()) {
-        CStr hint = u"\u00B1 ";
-        hint += ShortestText(ToDouble(GetIncrement()));
-        m_spin.ShowHint(hint);
-    }
+    if (!watch.IsGone())
+        ShowStepHint();
     return true;
+}
+
+template<class T>
+void CScalarEdit<T>::ShowStepHint()
+{
+    CStr hint = u"\u00B1 ";
+    hint += ShortestText(ToDouble(GetIncrement()));
+    m_spin.ShowHint(hint);
 }
 
 template<class T>

@@ -104,7 +104,8 @@ public:
     /// multiple, from a multiple to another one. 0 steps move a value between two multiples to one of them,
     /// too.
     virtual void OnSpinDeltaPos(int delta);
-    /// Makes the step 10^delta times as large, if the limits of the exponent allow it.
+    /// Makes the step 10^delta times as large, if the limits of the exponent allow it, and shows it as a
+    /// hint.
     virtual void OnStepSizeChanged(int delta);
     bool OnMouseWheel(int delta, bool control) override;
 
@@ -125,6 +126,7 @@ private:
     void Notify();
     void Apply(T value, bool byUser);
     double GetGridPoint(int delta) const;
+    void ShowStepHint();
 
     CUpDown m_spin;
     CStepSizeCtrl m_stepSize{m_spin};

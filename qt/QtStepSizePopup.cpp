@@ -77,8 +77,11 @@ void CQtStepSizePopup::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const QColor ground = CStepSizeHalf::GetGround(palette());
     painter.fillRect(rect(), ground);
-    painter.setPen(palette().color(QPalette::Mid));
+    QColor line = palette().color(QPalette::WindowText);
+    line.setAlpha(96);
+    painter.setPen(line);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.drawLine(0, height() / 2, width(), height() / 2);
 }
 
 } // namespace CommonUI

@@ -57,7 +57,7 @@ void CStepSizeHalf::paintEvent(QPaintEvent*)
     else if (underMouse())
         painter.fillRect(whole, GetGround(palette()).lighter(IsDark(palette()) ? 130 : 110));
     QFont small = font();
-    small.setPixelSize(std::max(1, height() * 3 / 4));
+    small.setPixelSize(std::max(1, height() * 5 / 6));
     painter.setFont(small);
     painter.setPen(isDown() ? palette().color(QPalette::HighlightedText) : text);
     painter.drawText(whole, Qt::AlignCenter, this->text());

@@ -409,6 +409,9 @@ TEST(NumericEdit, WheelCountsNotches)
         EXPECT_EQ(stage.edit->GetValue(), row.value);
     }
     EXPECT_EQ(spin.hint, u"\u00B1 0.1");
+    stage.edit->OnStepSizeChanged(1);
+    EXPECT_EQ(spin.hint, u"\u00B1 1");
+    stage.edit->OnStepSizeChanged(-1);
     stage.view.Type(u"7");
     stage.edit->OnMouseWheel(60, true);
     EXPECT_EQ(stage.edit->GetValue(), 71.5F) << "no step applies what was typed as well";

@@ -1,0 +1,83 @@
+#include "examples/gallery/Shots.h"
+
+#include "examples/gallery/GalleryWindow.h"
+#include "examples/gallery/Pages.h"
+#include "examples/gallery/Palettes.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+#include <QPixmap>
+#include <QProcess>
+
+#include <cstdio>
+
+namespace Gallery
+{
+
+namespace
+{
+
+/// The window with what lies over it: pop-ups are windows of their own.
+QPixmap Grab(QWidget& window)
+{
+    QPixmap picture = window.grab();
+    QPainter painter(&picture);
+    for (QWidget* const other : QApplication::topLevelWidgets())
+        if (other != &window && other->isVisible())
+            painter.drawPixmap(window.mapFromGlobal(other->pos()), other->grab());
+    return picture;
+}
+
+bool WritePage(const SPage& page, int index, const QString& folder, bool dark)
+{
+    SetDark(dark);
+    CGalleryWindow window;
+    window.SelectPage(index);
+    window.show();
+    window.activateWindow();
+    QCoreApplication::processEvents();
+    if (page.stage)
+        page.stage(window.GetPage(index));
+    QCoreApplication::processEvents();
+    const QPixmap picture = Grab(window);
+    const QString path =
+        QStringLiteral("%1/%2-%3-%4.png")
+            .arg(folder, QString::fromUtf8(page.key), dark ? QStringLiteral("dark") : QStringLiteral("light"))
+            .arg(qRound(picture.devicePixelRatio() * 100));
+    const bool written = picture.save(path);
+    std::fprintf(written ? stdout : stderr, written ? "%s\n" : "cannot write %s\n", qPrintable(path));
+    return written;
+}
+
+} // namespace
+
+bool WriteShots(const QString& folder)
+{
+    bool written = QDir().mkpath(folder);
+    for (const bool dark : {false, true}) {
+        int index = 0;
+        for (const SPage& page : GetPages())
+            written = WritePage(page, index++, folder, dark) && written;
+    }
+    return written;
+}
+
+bool WriteShotsAtAllScales(const QString& folder)
+{
+    bool written = true;
+    for (const char* const scale : {"1", "2"}) {
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::fromUtf8(scale));
+        program.setProcessEnvironment(environment);
+        program.setProcessChannelMode(QProcess::ForwardedChannels);
+        program.start(QCoreApplication::applicationFilePath(),
+                      {QStringLiteral("--shots-at-this-scale"), folder});
+        program.waitForFinished(-1);
+        written = program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0 && written;
+    }
+    return written;
+}
+
+} // namespace Gallery

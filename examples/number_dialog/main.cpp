@@ -1,0 +1,46 @@
+#include <CommonUI/qt/NumericEditWidget.h>
+#include <CommonUI/qt/QtServices.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+
+using namespace CommonUI;
+
+class CCutoffDialog : public QDialog
+{
+public:
+    CCutoffDialog()
+    {
+        auto* form = new QFormLayout(this);
+        form->addRow("&Cut-off:", &m_cutoff);
+        auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+        form->addRow(buttons);
+        connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+        connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+        CFloatEdit& edit = m_cutoff.GetEdit();
+        edit.SetFormatString(u"%.2f mm");
+        edit.Setup(0.8F, 0.08F, 8.0F, 0.1F); // value, minimum, maximum, step
+        edit.SetValidator(*this, &CCutoffDialog::IsPossible);
+        edit.SetChangeNotification(*this, &CCutoffDialog::OnCutoff);
+    }
+
+    float GetCutoff() { return m_cutoff.GetEdit().GetValue(); }
+
+private:
+    bool IsPossible(float cutoff) { return cutoff != 4.0F; } // false refuses what the user entered
+    void OnCutoff(float cutoff) { setWindowTitle(QString::number(cutoff)); }
+
+    CFloatEditWidget m_cutoff;
+};
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    CQtServices services; // timers, message loop, message boxes, file dialogs, clipboard, folders
+
+    CCutoffDialog dialog;
+    return dialog.exec() == QDialog::Accepted && dialog.GetCutoff() > 0 ? 0 : 1;
+}

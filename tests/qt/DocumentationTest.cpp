@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+namespace
+{
+
+std::string Read(std::string path)
+{
+    path.insert(0, COMMONUI_SOURCE_DIR "/");
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file.is_open()) << path;
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+} // namespace
+
+TEST(Documentation, ShowsTheProgramThatIsBuilt)
+{
+    std::string block = "```cpp\n";
+    block += Read("examples/number_dialog/main.cpp");
+    block += "```\n";
+    EXPECT_NE(Read("docs/qt.md").find(block), std::string::npos);
+}
