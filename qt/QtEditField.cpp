@@ -73,12 +73,27 @@ void CQtEditField::wheelEvent(QWheelEvent* event)
     event->setAccepted(used);
 }
 
+const std::type_info& CQtEditField::GetWindowType() const
+{
+    const QWidget& top = *window();
+    return typeid(top);
+}
+
+void CQtEditField::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    m_windowType = &GetWindowType();
+}
+
 void CQtEditField::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
-    // The user comes back from the context menu.
-    CExEdit* const control = event->reason() == Qt::PopupFocusReason ? nullptr : GetControl();
-    if (control)
+    // From the context menu the user comes back. A window that is another type than before is in the
+    // destructor of a base class, which hides it: what it has added is gone, the callbacks among it.
+    const bool stays = event->reason() == Qt::PopupFocusReason;
+    const bool whole = m_windowType && *m_windowType == GetWindowType();
+    CExEdit* const control = GetControl();
+    if (control && !stays && whole)
         Guarded([control] { control->OnFocusLost(); });
 }
 

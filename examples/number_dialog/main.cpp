@@ -30,9 +30,10 @@ public:
     float GetCutoff() { return m_cutoff.GetEdit().GetValue(); }
 
 private:
-    bool IsPossible(float cutoff) { return cutoff != 4.0F; } // false refuses what the user entered
+    bool IsPossible(float cutoff) { return 3 * cutoff <= m_length; } // false refuses what the user entered
     void OnCutoff(float cutoff) { setWindowTitle(QString::number(cutoff)); }
 
+    float m_length = 12.5F; // of the profile, in mm
     CFloatEditWidget m_cutoff;
 };
 

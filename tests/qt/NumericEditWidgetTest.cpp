@@ -101,6 +101,25 @@ protected:
     bool m_throws = false;
 };
 
+/// Its numbers are called back after the dialog's own members are gone, if they are called at all.
+class CTypedDialog : public QDialog
+{
+public:
+    explicit CTypedDialog(int& calls)
+        : edit(new CFloatEditWidget(this))
+        , m_calls(calls)
+    {
+        edit->GetEdit().SetChangeNotification(*this, &CTypedDialog::OnChanged);
+    }
+
+    CFloatEditWidget* edit;
+
+private:
+    void OnChanged(float) { ++m_calls; }
+
+    int& m_calls;
+};
+
 } // namespace
 
 TEST_F(NumericEditWidget, EnterAndEscapeTakeWhatWasTypedAndKeepTheDialogOpen)
@@ -240,4 +259,18 @@ TEST_F(NumericEditWidget, AnExceptionOfACallbackReachesTheLoop)
     EXPECT_THROW(GetMessageLoop().RunUntil([] { return false; }), std::runtime_error);
     m_throws = false;
     EXPECT_EQ(Field().text(), QStringLiteral("3.00"));
+}
+
+TEST_F(NumericEditWidget, ADialogThatIsDestroyedWhileTheUserTypesIsNotCalled)
+{
+    int calls = 0;
+    auto dialog = std::make_unique<CTypedDialog>(calls);
+    dialog->show();
+    dialog->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    dialog->edit->setFocus();
+    QTest::keyClicks(&dialog->edit->GetField(), QStringLiteral("7"));
+    dialog.reset();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(calls, 0);
 }
