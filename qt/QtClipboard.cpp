@@ -18,7 +18,8 @@ bool CQtClipboard::Put(const CStr& html, const CStr& text)
     data->setText(ToQString(text));
     QClipboard* const clipboard = QGuiApplication::clipboard();
     clipboard->setMimeData(data);
-    return clipboard->ownsClipboard();
+    // A platform without a clipboard of its own keeps the data and owns nothing.
+    return clipboard->ownsClipboard() || clipboard->mimeData() == data;
 }
 
 } // namespace CommonUI
