@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QLabel>
 
 using namespace CommonUI;
 
@@ -15,6 +16,7 @@ public:
     {
         auto* form = new QFormLayout(this);
         form->addRow("&Cut-off:", &m_cutoff);
+        form->addRow(&m_remark);
         auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
         form->addRow(buttons);
         connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -30,11 +32,17 @@ public:
     float GetCutoff() { return m_cutoff.GetEdit().GetValue(); }
 
 private:
-    bool IsPossible(float cutoff) { return 3 * cutoff <= m_length; } // false refuses what the user entered
+    // False refuses what the user entered.
+    bool IsPossible(float cutoff)
+    {
+        const bool possible = 3 * cutoff <= 12.5F;
+        m_remark.setText(possible ? "" : "The profile of 12.5 mm is too short.");
+        return possible;
+    }
     void OnCutoff(float cutoff) { setWindowTitle(QString::number(cutoff)); }
 
-    float m_length = 12.5F; // of the profile, in mm
     CFloatEditWidget m_cutoff;
+    QLabel m_remark;
 };
 
 int main(int argc, char** argv)
