@@ -20,6 +20,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <functional>
 #include <stdexcept>
 #include <thread>
 
@@ -134,6 +135,46 @@ TEST(QtServices, LoopsAreNestedAndEndByTheirOwnConditionOrAnException)
     });
     GetMessageLoop().RunUntil([&] { return outer; });
     EXPECT_EQ(log, (std::vector<std::string>{"outer is true", "inner has ended"}));
+}
+
+TEST(QtServices, MessagesThatPostMessagesKeepNobodyWaiting)
+{
+    CTicks ticks;
+    bool ended = false;
+    std::function<void()> chain = [&] {
+        if (!ended)
+            GetMessageLoop().Post(chain);
+    };
+    ticks.m_timer.SetRunning(true);
+    chain();
+    EXPECT_TRUE(GetMessageLoop().RunUntil([&] { return ticks.count == 2; }));
+    ended = true;
+    EXPECT_EQ(GetMessageLoop().Pump(), 1U);
+}
+
+TEST(QtServices, PumpingHandlesWhatWaitsUntilAMessageThrows)
+{
+    int handled = 0;
+    const auto count = [&handled] { ++handled; };
+    GetMessageLoop().Post(count);
+    GetMessageLoop().Post([] { throw std::runtime_error("message"); });
+    GetMessageLoop().Post(count);
+    EXPECT_THROW(GetMessageLoop().Pump(), std::runtime_error);
+    EXPECT_EQ(handled, 1);
+    EXPECT_EQ(GetMessageLoop().Pump(), 1U);
+    EXPECT_EQ(handled, 2);
+    EXPECT_EQ(GetMessageLoop().Pump(), 0U);
+}
+
+TEST(QtServices, ALoopTellsThatTheProgramIsToEnd)
+{
+    bool ended = true;
+    GetMessageLoop().Post([&] {
+        GetMessageLoop().Post([] { QCoreApplication::exit(); });
+        ended = GetMessageLoop().RunUntil([] { return false; });
+    });
+    QApplication::exec();
+    EXPECT_FALSE(ended);
 }
 
 TEST(QtServices, AnExceptionThatNobodyWaitsForIsInTheDiagnostics)
