@@ -1,6 +1,7 @@
 #include "examples/gl_report/Program.h"
 
 #include "common/FileBytes.h"
+#include "examples/command_line/CommandLine.h"
 #include "examples/gl_report/Report.h"
 
 #include <filesystem>
@@ -27,45 +28,41 @@ struct SOptions {
     bool help = false;
 };
 
-/// There is no context; the message says why.
-class ENoContext : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
-
 SOptions ParseOptions(std::span<const char* const> arguments)
 {
     SOptions options;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string argument = arguments[i];
+    CommandLine::CArguments rest(arguments);
+    while (!rest.IsAtEnd()) {
+        const std::string argument = rest.Take();
         if (argument == "--help")
             options.help = true;
-        else if (argument != "--out")
-            throw std::runtime_error("there is no option \"" + argument + "\"");
-        else if (++i == arguments.size() || *arguments[i] == '\0')
-            throw std::runtime_error("--out needs a value");
+        else if (argument == "--out")
+            options.output = rest.TakeValue(argument);
         else
-            options.output = arguments[i];
+            throw CommandLine::EUsage("there is no option \"" + argument + "\"");
     }
     return options;
 }
 
-void Run(const SOptions& options, std::ostream& out, const CContextMaker& makeContext)
+/// @return the exit status of the program
+int Run(const SOptions& options, std::ostream& out, std::ostream& err, const CContextMaker& makeContext)
 {
     std::string reason;
     const auto context = makeContext(64, 64, reason);
-    if (!context)
-        throw ENoContext("there is no OpenGL to report on: " + reason);
+    if (!context) {
+        err << "gl_report: there is no OpenGL to report on: " << reason << "\n";
+        return 2;
+    }
     const std::string report = MakeReport(context->GetPixelBits());
     if (options.output.empty()) {
         if (!(out << report << std::flush))
             throw std::runtime_error("the report cannot be written");
-        return;
+        return 0;
     }
     CommonUI::CStr failure;
     if (!CommonUI::ReplaceFileBytes(options.output.u16string(), report, failure))
         throw std::runtime_error(options.output.string() + ": " + failure.ToUtf8());
+    return 0;
 }
 
 } // namespace
@@ -73,20 +70,13 @@ void Run(const SOptions& options, std::ostream& out, const CContextMaker& makeCo
 int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::ostream& err,
                const CContextMaker& makeContext)
 {
-    try {
+    return CommandLine::Run("gl_report", err, [&] {
         const SOptions options = ParseOptions(arguments);
-        if (options.help)
-            out << c_usage;
-        else
-            Run(options, out, makeContext);
+        if (!options.help)
+            return Run(options, out, err, makeContext);
+        out << c_usage;
         return 0;
-    } catch (const ENoContext& error) {
-        err << "gl_report: " << error.what() << "\n";
-        return 2;
-    } catch (const std::exception& error) {
-        err << "gl_report: " << error.what() << "\n";
-        return 1;
-    }
+    });
 }
 
 } // namespace GlReport

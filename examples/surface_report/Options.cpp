@@ -8,8 +8,9 @@
 namespace SurfaceReport
 {
 
+using CommandLine::CArguments;
+using CommandLine::ParseLevelling;
 using SurfaceAnalysis::EGrainKind;
-using SurfaceAnalysis::ELevelling;
 
 const char* const c_usage = R"(Reports the roughness or the grains of a measured surface.
 
@@ -40,17 +41,6 @@ usage: surface_report INPUT --out DIR [OPTION...]
 namespace
 {
 
-ELevelling ParseLevelling(const std::string& text)
-{
-    if (text == "none")
-        return ELevelling::None;
-    if (text == "mean")
-        return ELevelling::Mean;
-    if (text == "plane")
-        return ELevelling::Plane;
-    throw EUsage("--level: \"" + text + "\" is none of none, mean, plane");
-}
-
 /// A number with a unit of length behind it.
 double ParseLength(const std::string& option, const std::string& text)
 {
@@ -73,28 +63,14 @@ public:
 
     SOptions Parse()
     {
-        while (m_next < m_arguments.size())
-            Take(m_arguments[m_next++]);
+        while (!m_arguments.IsAtEnd())
+            Take(m_arguments.Take());
         if (!m_options.help && !m_options.listSettings)
             Check();
         return m_options;
     }
 
 private:
-    std::string ValueOf(const std::string& option)
-    {
-        if (m_next == m_arguments.size())
-            throw EUsage(option + " needs a value");
-        return m_arguments[m_next++];
-    }
-
-    std::string OptionalValue()
-    {
-        const bool given =
-            m_next < m_arguments.size() && !std::string_view(m_arguments[m_next]).starts_with("--");
-        return given ? m_arguments[m_next++] : "";
-    }
-
     void Take(const std::string& argument)
     {
         if (argument == "--help")
@@ -102,7 +78,7 @@ private:
         else if (argument == "--transpose")
             m_options.transpose = true;
         else if (argument == "--list-settings")
-            m_options.listSettings = OptionalValue();
+            m_options.listSettings = m_arguments.TakeOptionalValue();
         else if (argument.starts_with("--"))
             TakeValue(argument);
         else if (m_options.input.empty())
@@ -114,27 +90,27 @@ private:
     void TakeValue(const std::string& option)
     {
         if (option == "--out")
-            m_options.folder = ValueOf(option);
+            m_options.folder = m_arguments.TakeValue(option);
         else if (option == "--parameters")
-            m_options.parameters = Split(ValueOf(option), ',');
+            m_options.parameters = Split(m_arguments.TakeValue(option), ',');
         else if (option == "--unit")
-            m_options.unit = ParseUnit(option, ValueOf(option));
+            m_options.unit = ParseUnit(option, m_arguments.TakeValue(option));
         else if (option == "--level")
-            m_options.levelling = ParseLevelling(ValueOf(option));
+            m_options.levelling = ParseLevelling(option, m_arguments.TakeValue(option));
         else if (option == "--cutoff")
-            m_options.cutoff = ParseLength(option, ValueOf(option));
+            m_options.cutoff = ParseLength(option, m_arguments.TakeValue(option));
         else if (option == "--grains")
             TakeGrains(option, EGrainKind::Particle);
         else if (option == "--pores")
             TakeGrains(option, EGrainKind::Pore);
         else if (option == "--preferences")
-            m_options.preferences = ValueOf(option);
+            m_options.preferences = m_arguments.TakeValue(option);
         else if (option == "--set")
-            m_options.sets.push_back(ValueOf(option));
+            m_options.sets.push_back(m_arguments.TakeValue(option));
         else if (option == "--settings")
-            m_options.settings.push_back(ValueOf(option));
+            m_options.settings.push_back(m_arguments.TakeValue(option));
         else if (option == "--settings-folder")
-            m_options.settingsFolder = ValueOf(option);
+            m_options.settingsFolder = m_arguments.TakeValue(option);
         else
             throw EUsage("there is no option \"" + option + "\"");
     }
@@ -143,7 +119,7 @@ private:
     {
         if (m_options.grains)
             throw EUsage(option + ": either particles or pores are measured, at one height");
-        m_options.grains = {ParseLength(option, ValueOf(option)), kind};
+        m_options.grains = {ParseLength(option, m_arguments.TakeValue(option)), kind};
     }
 
     void Check() const
@@ -156,8 +132,7 @@ private:
             throw EUsage("--set changes preferences, but no --preferences are given");
     }
 
-    std::span<const char* const> m_arguments;
-    std::size_t m_next = 0;
+    CArguments m_arguments;
     SOptions m_options;
 };
 

@@ -3,11 +3,11 @@
 #include "common/Unit.h"
 #include "examples/analysis/Grains.h"
 #include "examples/analysis/Levelling.h"
+#include "examples/command_line/CommandLine.h"
 
 #include <filesystem>
 #include <optional>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,12 +15,7 @@
 namespace SurfaceReport
 {
 
-/// The command line cannot be understood; the message is one line.
-class EUsage : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
+using CommandLine::EUsage;
 
 /// Which grains are measured.
 struct SGrainOptions {

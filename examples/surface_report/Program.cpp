@@ -170,17 +170,14 @@ void Run(const SOptions& options, std::ostream& out, std::ostream& err)
 
 int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::ostream& err)
 {
-    try {
+    return CommandLine::Run("surface_report", err, [&] {
         const SOptions options = ParseOptions(arguments);
         if (options.help)
             out << c_usage;
         else
             Run(options, out, err);
         return 0;
-    } catch (const std::exception& error) {
-        err << "surface_report: " << error.what() << "\n";
-        return 1;
-    }
+    });
 }
 
 } // namespace SurfaceReport

@@ -9,7 +9,9 @@
 namespace SurfaceView
 {
 
-using SurfaceAnalysis::ELevelling;
+using CommandLine::CArguments;
+using CommandLine::ParseLevelling;
+using CommandLine::ParseWord;
 
 const char* const c_usage = R"(Draws a measured surface in three dimensions, without a display.
 
@@ -56,22 +58,6 @@ CommonUI::SSize ParseSize(const std::string& text)
     return {.cx = ParsePixels(text.substr(0, cross)), .cy = ParsePixels(text.substr(cross + 1))};
 }
 
-/// The value that one of a few words stands for.
-template<class T>
-T ParseWord(const std::string& option, const std::string& text,
-            std::initializer_list<std::pair<std::string_view, T>> words)
-{
-    std::string known;
-    for (const auto& [word, value] : words) {
-        if (text == word)
-            return value;
-        if (!known.empty())
-            known += ", ";
-        known += word;
-    }
-    throw EUsage(option + ": \"" + text + "\" is none of " + known);
-}
-
 /// Reads the command line option by option.
 class CParser
 {
@@ -83,21 +69,14 @@ public:
 
     SOptions Parse()
     {
-        while (m_next < m_arguments.size())
-            Take(m_arguments[m_next++]);
+        while (!m_arguments.IsAtEnd())
+            Take(m_arguments.Take());
         if (!m_options.help)
             Check();
         return m_options;
     }
 
 private:
-    std::string ValueOf(const std::string& option)
-    {
-        if (m_next == m_arguments.size())
-            throw EUsage(option + " needs a value");
-        return m_arguments[m_next++];
-    }
-
     void Take(const std::string& argument)
     {
         if (argument == "--help")
@@ -113,24 +92,22 @@ private:
     void TakeValue(const std::string& option)
     {
         if (option == "--out")
-            m_options.output = ValueOf(option);
+            m_options.output = m_arguments.TakeValue(option);
         else if (option == "--size")
-            m_options.size = ParseSize(ValueOf(option));
+            m_options.size = ParseSize(m_arguments.TakeValue(option));
         else if (option == "--projection")
-            m_options.orthographic =
-                ParseWord<bool>(option, ValueOf(option), {{"perspective", false}, {"orthographic", true}});
+            m_options.orthographic = ParseWord<bool>(option, m_arguments.TakeValue(option),
+                                                     {{"perspective", false}, {"orthographic", true}});
         else if (option == "--color")
-            m_options.colorScale = ValueOf(option);
+            m_options.colorScale = m_arguments.TakeValue(option);
         else if (option == "--azimuth")
-            m_options.azimuth = ParseNumber(option, ValueOf(option), {-360, 360});
+            m_options.azimuth = ParseNumber(option, m_arguments.TakeValue(option), {-360, 360});
         else if (option == "--elevation")
-            m_options.elevation = ParseNumber(option, ValueOf(option), {0, 90});
+            m_options.elevation = ParseNumber(option, m_arguments.TakeValue(option), {0, 90});
         else if (option == "--zscale")
-            m_options.zScale = ParseNumber(option, ValueOf(option), {0.001, 1e9});
+            m_options.zScale = ParseNumber(option, m_arguments.TakeValue(option), {0.001, 1e9});
         else if (option == "--level")
-            m_options.levelling = ParseWord<ELevelling>(
-                option, ValueOf(option),
-                {{"none", ELevelling::None}, {"mean", ELevelling::Mean}, {"plane", ELevelling::Plane}});
+            m_options.levelling = ParseLevelling(option, m_arguments.TakeValue(option));
         else
             throw EUsage("there is no option \"" + option + "\"");
     }
@@ -143,8 +120,7 @@ private:
             throw EUsage("no file is given for the picture; see --help");
     }
 
-    std::span<const char* const> m_arguments;
-    std::size_t m_next = 0;
+    CArguments m_arguments;
     SOptions m_options;
 };
 

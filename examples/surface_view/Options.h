@@ -2,22 +2,17 @@
 
 #include "common/Rect.h"
 #include "examples/analysis/Levelling.h"
+#include "examples/command_line/CommandLine.h"
 
 #include <filesystem>
 #include <optional>
 #include <span>
-#include <stdexcept>
 #include <string>
 
 namespace SurfaceView
 {
 
-/// The command line cannot be understood; the message is one line.
-class EUsage : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
+using CommandLine::EUsage;
 
 /// What the command line asks for.
 struct SOptions {

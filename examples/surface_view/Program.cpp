@@ -99,17 +99,14 @@ void Run(const SOptions& options, std::ostream& out, const CContextMaker& makeCo
 int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::ostream& err,
                const CContextMaker& makeContext)
 {
-    try {
+    return CommandLine::Run("surface_view", err, [&] {
         const SOptions options = ParseOptions(arguments);
         if (options.help)
             out << c_usage;
         else
             Run(options, out, makeContext);
         return 0;
-    } catch (const std::exception& error) {
-        err << "surface_view: " << error.what() << "\n";
-        return 1;
-    }
+    });
 }
 
 } // namespace SurfaceView
