@@ -52,6 +52,11 @@ void CExEdit::Validate()
     ClearModified();
 }
 
+std::optional<SEditNumber> CExEdit::GetNumber() const
+{
+    return std::nullopt;
+}
+
 bool CExEdit::HandleKey(const SKey& key)
 {
     switch (key.key) {

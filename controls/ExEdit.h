@@ -5,6 +5,8 @@
 #include "View.h"
 #include "Window.h"
 
+#include <optional>
+
 namespace CommonUI
 {
 
@@ -33,6 +35,14 @@ struct SKey {
     bool shift = false;
     bool control = false;
     bool alt = false;
+};
+
+/// The number in a field, for a screen reader.
+struct SEditNumber {
+    double value = 0;
+    double minimum = 0; ///< also of a range that is read reversed the lesser bound
+    double maximum = 0;
+    double step = 0;
 };
 
 /// The edit field on the screen, or what stands for it. It offers every key and wheel movement to its control
@@ -95,6 +105,8 @@ public:
 
     /// Takes what was typed, or restores the text. A plain field takes anything.
     virtual void Validate();
+    /// The number that the field stands for; a plain field stands for none.
+    virtual std::optional<SEditNumber> GetNumber() const;
 
 protected:
     /// A key that the filter has let pass; see OnKey.

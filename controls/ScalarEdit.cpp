@@ -76,8 +76,11 @@ void CScalarEdit<T>::Setup(T value, const T& minimum, const T& maximum, const T&
 {
     if (!StoreRange(minimum, maximum))
         return;
-    m_value = Clamp(m_value);
     m_step.Set(ToDouble(step));
+    if (!IsNumber(value)) {
+        WarnOfNoNumber(u"a value");
+        value = m_value;
+    }
     Apply(value, false);
 }
 
@@ -125,6 +128,13 @@ void CScalarEdit<T>::SetIncrement(T minimum, T maximum, double factor)
 }
 
 template<class T>
+std::optional<SEditNumber> CScalarEdit<T>::GetNumber() const
+{
+    const auto [least, greatest] = std::minmax(m_minimum, m_maximum);
+    return SEditNumber{ToDouble(m_value), ToDouble(least), ToDouble(greatest), ToDouble(GetIncrement())};
+}
+
+template<class T>
 void CScalarEdit<T>::Validate()
 {
     if (!IsModified())
@@ -132,7 +142,7 @@ void CScalarEdit<T>::Validate()
     // A validator that asks the user something takes the focus away, and this function is called again.
     ClearModified();
     T typed{};
-    if (WindowTextToValue(typed) && IsNumber(typed))
+    if (WindowTextToValue(typed))
         return Apply(typed, true);
     GetMessageBoxService().Beep(MessageBoxStyle::c_warning);
     ValueToWindowText();
@@ -188,7 +198,7 @@ bool CScalarEdit<T>::DoValueChange(T value, bool validate)
         if (!IsAccepted(clamped) || watch.IsGone())
             return false;
     }
-    m_value = clamped;
+    m_value = Clamp(clamped); // the validator may have set another range
     if (m_depth <= c_deepestNotification)
         Notify();
     return !watch.IsGone();

@@ -91,6 +91,7 @@ public:
     CUpDown& GetSpinButton() noexcept { return m_spin; }
     CStepSizeCtrl& GetStepSizeCtrl() noexcept { return m_stepSize; }
 
+    std::optional<SEditNumber> GetNumber() const override;
     /// Takes what was typed. Text that is no number, or a number that is refused, is answered with a warning
     /// sound. In every case the field shows the value afterwards.
     void Validate() override;

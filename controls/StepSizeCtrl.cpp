@@ -64,6 +64,8 @@ void CStepSizeCtrl::SetView(CStepSizeView* view)
     view->SetToolTip(m_toolTip);
     if (m_step > 0)
         Place();
+    else
+        view->Hide(); // it may come from a pop-up that was out
 }
 
 void CStepSizeCtrl::SetToolTip(const CStr& text)

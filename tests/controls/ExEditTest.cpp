@@ -49,6 +49,7 @@ TEST(ExEdit, KeysThatFinishTheInput)
         {EKey::Enter, true, false, false, true, 0},   {EKey::Enter, false, true, false, false, 0},
         {EKey::Escape, false, true, false, false, 0}, {EKey::Enter, true, true, true, false, 0},
         {EKey::Escape, true, true, true, true, 1},    {EKey::Up, true, true, false, false, 0},
+        {EKey::Enter, false, true, true, false, 0},
     };
     for (const auto& row : cases) {
         CCountingEdit edit(row.wantsEnter, row.validate);
@@ -73,6 +74,7 @@ TEST(ExEdit, TabMovesTheFocus)
     edit.SetView(&views[1]);
     views[1].SetFocus(true);
     EXPECT_FALSE(views[1].Press({.key = EKey::Tab, .control = true}));
+    EXPECT_FALSE(views[1].Press({.key = EKey::Tab, .alt = true}));
     EXPECT_TRUE(views[1].Press(EKey::Tab));
     EXPECT_TRUE(views[2].HasFocus());
     EXPECT_EQ(edit.validated, 1);

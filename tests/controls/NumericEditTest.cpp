@@ -228,6 +228,7 @@ TEST(NumericEdit, ClampsIntoTheRange)
         EXPECT_EQ(stage.edit->GetValue(), row.expected) << row.minimum << ' ' << row.value;
         EXPECT_EQ(stage.view.GetText(), CStr::Format(u"%f", double{row.expected}));
         EXPECT_EQ(stage.warnings, std::isnan(row.minimum) || std::isnan(row.value) ? 1 : 0);
+        EXPECT_EQ(stage.CountBeeps(), 0U);
     }
 }
 
@@ -336,6 +337,7 @@ TEST(NumericEdit, StepsOfARealNumber)
     ExpectSteps<CFloatEdit, float>({
         {1.23F, 0.1F, 1.3F, 1.2F, 1.2F, 1.5F},
         {-1.23F, 0.1F, -1.2F, -1.3F, -1.3F, -1.0F},
+        {1.295F, 0.1F, 1.3F, 1.2F, 1.2F, 1.5F},
         {1.3F, 0.1F, 1.4F, 1.2F, 1.3F, 1.6F},
         {1.2F, 0.1F, 1.3F, 1.1F, 1.2F, 1.5F},
         {1.3000001F, 0.1F, 1.4F, 1.2F, 1.3F, 1.6F},
@@ -483,6 +485,7 @@ TEST(NumericEdit, NotificationSetsTheValueAgain)
         stage.changes.clear();
         change();
         EXPECT_EQ(stage.changes, (std::vector<int>{10, 11}));
+        EXPECT_EQ(stage.byUser, &change != &ways[0]) << "also for what is set in between";
         EXPECT_EQ(stage.edit->GetValue(), 12);
         EXPECT_EQ(stage.view.GetText(), u"12");
     }
@@ -502,6 +505,29 @@ TEST(NumericEdit, ValidatorSetsTheValueAgain)
         EXPECT_EQ(stage.edit->GetValue(), accept ? 1 : 101);
         EXPECT_EQ(stage.view.GetText(), accept ? u"1" : u"101");
     }
+}
+
+TEST(NumericEdit, CallbacksOfUserAndProgramKeepTheRange)
+{
+    CFloatStage stage;
+    stage.SetValidator([&](float) { return stage.edit->SetRange(0, 5, 0.1), true; });
+    stage.ExpectTyped(u"8", 5);
+    stage.edit->Setup(c_nan, 7, 9, 1);
+    EXPECT_EQ(stage.edit->GetValue(), 7);
+    EXPECT_EQ(stage.changes, (std::vector<float>{5, 7}));
+}
+
+TEST(NumericEdit, TellsItsNumber)
+{
+    CFloatEdit edit;
+    edit.Setup(0.7F, 10, -1, 0.1F);
+    const auto number = edit.GetNumber();
+    ASSERT_TRUE(number);
+    EXPECT_EQ(number->value, 0.7) << "as it is read";
+    EXPECT_EQ(number->minimum, -1);
+    EXPECT_EQ(number->maximum, 10);
+    EXPECT_EQ(number->step, 0.1);
+    EXPECT_FALSE(CExEdit(true, true).GetNumber());
 }
 
 TEST(NumericEdit, ValidatorThatTakesTheFocus)
@@ -566,6 +592,20 @@ TEST(NumericEdit, CallbackDestroysTheEdit)
 TEST(NumericEdit, TypedTextOutlivesANewStep)
 {
     CIntStage stage;
+    const std::function<void(CIntEdit&)> refreshes[] = {
+        [](CIntEdit& edit) { edit.SetIncrement(1); },
+        [](CIntEdit& edit) { edit.OnStepSizeChanged(0); },
+        [](CIntEdit& edit) { edit.Validate(); },
+    };
+    for (const auto& refresh : refreshes) {
+        stage.view.SetText(u"stale");
+        refresh(*stage.edit);
+        EXPECT_EQ(stage.view.GetText(), u"0");
+    }
+    stage.view.Type(u"7");
+    stage.edit->SetValue(0);
+    EXPECT_FALSE(stage.edit->IsModified()) << "what the program sets replaces it";
+
     stage.view.Type(u"5");
     stage.edit->GetStepSizeCtrl().GetButton(CStepSizeBtn::EType::Larger).OnClicked();
     EXPECT_EQ(stage.edit->GetIncrement(), 10);

@@ -83,6 +83,10 @@ TEST_F(StepSizeCtrl, SlidesBackWhenThePointerHasBeenAway)
     spin.OnPointerLeft();
     service.Advance(499);
     popup->GetButton(CStepSizeBtn::EType::Larger).OnPointerEntered();
+    popup->GetButton(CStepSizeBtn::EType::Larger).OnPointerLeft();
+    service.Advance(499);
+    EXPECT_EQ(popup->GetSlideStep(), 9) << "the wait starts anew";
+    popup->GetButton(CStepSizeBtn::EType::Larger).OnPointerEntered();
     service.Advance(1000);
     EXPECT_EQ(popup->GetSlideStep(), 9);
     popup->GetButton(CStepSizeBtn::EType::Larger).OnPointerLeft();
@@ -175,4 +179,8 @@ TEST_F(StepSizeCtrl, ViewThatComesLaterShowsTheState)
     EXPECT_TRUE(later.shown);
     EXPECT_EQ(later.toolTip, u"step");
     EXPECT_EQ(later.rect.right, 118 + 27);
+    CUpDown otherSpin;
+    CStepSizeCtrl other(otherSpin);
+    other.SetView(&later);
+    EXPECT_FALSE(later.shown);
 }
