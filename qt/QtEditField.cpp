@@ -1,5 +1,6 @@
 #include "qt/QtEditField.h"
 
+#include "qt/detail/EditFieldAccessible.h"
 #include "qt/detail/EventGuard.h"
 #include "qt/detail/Keys.h"
 #include "qt/QtText.h"
@@ -8,12 +9,15 @@
 #include <QKeyEvent>
 #include <QMenu>
 
+#include <algorithm>
+
 namespace CommonUI
 {
 
 CQtEditField::CQtEditField(QWidget* parent)
     : QLineEdit(parent)
 {
+    QAccessible::installFactory(&CEditFieldAccessible::Make);
     connect(this, &QLineEdit::textEdited, this, [this] {
         if (GetControl())
             GetControl()->OnTextEdited();
@@ -32,6 +36,45 @@ void CQtEditField::SetText(const CStr& text)
     setText(ToQString(text));
     // The first digits of a long number matter most.
     setCursorPosition(0);
+    if (fontMetrics().horizontalAdvance(this->text()) > fontMetrics().horizontalAdvance(m_longest)) {
+        m_longest = this->text();
+        updateGeometry();
+    }
+    AnnounceNumber();
+}
+
+void CQtEditField::EnterText(const QString& text)
+{
+    CExEdit* const control = GetControl();
+    setText(text);
+    if (!control)
+        return;
+    control->OnTextEdited();
+    Guarded([control] { control->Validate(); });
+}
+
+QSize CQtEditField::WithRoom(QSize size) const
+{
+    // The least size has room for the frame and the widest character.
+    const int frame = QLineEdit::minimumSizeHint().width() - fontMetrics().maxWidth();
+    constexpr int margins = 6; // of the text in the frame, and the caret
+    const int width = frame + fontMetrics().horizontalAdvance(m_longest) + margins;
+    return size.expandedTo({std::min(width, 2 * QLineEdit::sizeHint().width()), 0});
+}
+
+void CQtEditField::AnnounceNumber()
+{
+    const auto number = GetControl() ? GetControl()->GetNumber() : std::nullopt;
+    if (!number || number->value == m_announced)
+        return;
+    m_announced = number->value;
+    QAccessibleValueChangeEvent event(this, number->value);
+    Announce(event);
+}
+
+void CQtEditField::Announce(QAccessibleEvent& event)
+{
+    QAccessible::updateAccessibility(&event);
 }
 
 bool CQtEditField::event(QEvent* event)
@@ -50,8 +93,12 @@ bool CQtEditField::event(QEvent* event)
 bool CQtEditField::OfferKey(const QKeyEvent& event)
 {
     CExEdit* const control = GetControl();
-    const SKey key = ToKey(event);
-    return control && Guarded([control, &key] { return control->OnKey(key); });
+    if (!control)
+        return false;
+    // A callback that throws has used the key: Enter must not close the dialog then.
+    bool used = true;
+    Guarded([control, &used, key = ToKey(event)] { used = control->OnKey(key); });
+    return used;
 }
 
 /// Whether the field gets the key although it is a shortcut of the window.
@@ -68,8 +115,9 @@ void CQtEditField::wheelEvent(QWheelEvent* event)
     CExEdit* const control = GetControl();
     const int delta = event->angleDelta().y();
     const bool withControl = event->modifiers().testFlag(Qt::ControlModifier);
-    const bool used = control && delta != 0 && isEnabled() &&
-                      Guarded([=] { return control->OnMouseWheel(delta, withControl); });
+    bool used = control && delta != 0 && isEnabled();
+    if (used)
+        Guarded([=, &used] { used = control->OnMouseWheel(delta, withControl); });
     event->setAccepted(used);
 }
 

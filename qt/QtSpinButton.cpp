@@ -10,6 +10,21 @@
 namespace CommonUI
 {
 
+namespace
+{
+
+/// A tool button that a slot may delete. Qt's own needs itself once more when it has been released.
+class CArrowButton final : public QToolButton
+{
+public:
+    using QToolButton::QToolButton;
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override { QAbstractButton::mouseReleaseEvent(event); }
+};
+
+} // namespace
+
 CQtSpinButton::CQtSpinButton(QWidget* parent)
     : QWidget(parent)
     , m_buttons{MakeButton(Qt::UpArrow, 10281, 1), MakeButton(Qt::DownArrow, 10282, -1)}
@@ -22,7 +37,7 @@ CQtSpinButton::~CQtSpinButton() = default;
 
 QToolButton* CQtSpinButton::MakeButton(Qt::ArrowType arrow, int nameId, int delta)
 {
-    auto* const button = new QToolButton(this);
+    auto* const button = new CArrowButton(this);
     button->setArrowType(arrow);
     button->setAutoRepeat(true);
     button->setFocusPolicy(Qt::NoFocus);

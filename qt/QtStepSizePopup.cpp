@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QScreen>
 
 namespace CommonUI
 {
@@ -30,11 +31,24 @@ CQtStepSizePopup::CQtStepSizePopup(QWidget* parent)
 
 CQtStepSizePopup::~CQtStepSizePopup() = default;
 
+/// Whether the pop-up, which is as wide as high when it is fully out, ends on the screen.
+bool CQtStepSizePopup::HasRoom(const SRect& screen) const
+{
+    const QScreen* const display = parentWidget() ? parentWidget()->screen() : nullptr;
+    return !display || screen.left + (screen.bottom - screen.top) <= display->geometry().right() + 1;
+}
+
 void CQtStepSizePopup::Place(const SRect& screen, const SRect& upper, const SRect& lower)
 {
-    setGeometry(ToQRect(screen));
-    m_buttons[0]->setGeometry(ToQRect(upper));
-    m_buttons[1]->setGeometry(ToQRect(lower));
+    QRect place = ToQRect(screen);
+    const bool toTheLeft = !HasRoom(screen);
+    if (toTheLeft)
+        place.moveRight(screen.left - parentWidget()->width() - 1);
+    setGeometry(place);
+    // The halves are as wide as the pop-up will be. What slides out of the left edge shows their right ends.
+    const int left = toTheLeft ? place.width() - place.height() : 0;
+    m_buttons[0]->setGeometry(left, upper.top, place.height(), upper.bottom - upper.top);
+    m_buttons[1]->setGeometry(left, lower.top, place.height(), lower.bottom - lower.top);
     if (isVisible())
         return;
     if (parentWidget())
@@ -76,12 +90,13 @@ void CQtStepSizePopup::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     const QColor ground = CStepSizeHalf::GetGround(palette());
-    painter.fillRect(rect(), ground);
     QColor line = palette().color(QPalette::WindowText);
     line.setAlpha(96);
-    painter.setPen(line);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    painter.drawLine(0, height() / 2, width(), height() / 2);
+    // Areas, as lines would not lie on the edge where a pixel of Qt is several of the screen.
+    painter.fillRect(rect(), ground);
+    painter.fillRect(rect(), line);
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), ground);
+    painter.fillRect(0, height() / 2, width(), 1, line);
 }
 
 } // namespace CommonUI

@@ -13,7 +13,8 @@ namespace CommonUI
 {
 
 /// The pop-up that shows a CStepSizeCtrl. It never takes the focus, and closes when the window of its parent
-/// moves, hides or is left. In a light palette its ground is c_StepSizeBackground.
+/// moves, hides or is left. Where the screen ends beside the spin button, it slides out of the left edge. In
+/// a light palette its ground is c_StepSizeBackground.
 class COMMONUIQT_API CQtStepSizePopup : public QWidget, public CStepSizeView
 {
     Q_OBJECT
@@ -36,6 +37,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    bool HasRoom(const SRect& screen) const;
+
     std::array<QAbstractButton*, 2> m_buttons;
 };
 

@@ -50,17 +50,16 @@ CStepSizeBtn* CStepSizeHalf::GetControl() const
 void CStepSizeHalf::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const QRect whole(0, 0, parentWidget()->height(), height());
     const QColor text = IsDark(palette()) ? palette().color(QPalette::WindowText) : QColor(Qt::black);
     if (isDown())
-        painter.fillRect(whole, palette().highlight());
+        painter.fillRect(rect(), palette().highlight());
     else if (underMouse())
-        painter.fillRect(whole, GetGround(palette()).lighter(IsDark(palette()) ? 130 : 110));
+        painter.fillRect(rect(), GetGround(palette()).lighter(IsDark(palette()) ? 130 : 110));
     QFont small = font();
     small.setPixelSize(std::max(1, height() * 5 / 6));
     painter.setFont(small);
     painter.setPen(isDown() ? palette().color(QPalette::HighlightedText) : text);
-    painter.drawText(whole, Qt::AlignCenter, this->text());
+    painter.drawText(rect(), Qt::AlignCenter, this->text());
 }
 
 void CStepSizeHalf::enterEvent(QEnterEvent*)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <exception>
-#include <type_traits>
 
 namespace CommonUI
 {
@@ -27,28 +26,17 @@ private:
     CEventGuard* m_outer;
 };
 
-/// Calls a callback for an event of Qt. @return what it returned; a value like 0 or false if it threw
+/// Calls a callback for an event of Qt.
 template<class FCallback>
-auto Guarded(FCallback callback) -> decltype(callback())
+void Guarded(FCallback callback)
 {
     std::exception_ptr exception;
-    if constexpr (std::is_void_v<decltype(callback())>) {
-        try {
-            callback();
-        } catch (...) {
-            exception = std::current_exception();
-        }
-        CEventGuard::Report(exception);
-    } else {
-        decltype(callback()) result{};
-        try {
-            result = callback();
-        } catch (...) {
-            exception = std::current_exception();
-        }
-        CEventGuard::Report(exception);
-        return result;
+    try {
+        callback();
+    } catch (...) {
+        exception = std::current_exception();
     }
+    CEventGuard::Report(exception);
 }
 
 } // namespace CommonUI

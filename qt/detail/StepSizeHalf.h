@@ -7,8 +7,7 @@
 namespace CommonUI
 {
 
-/// One of the two buttons of the pop-up. It draws itself as wide as the pop-up is high and shows the part of
-/// the picture that has slid out.
+/// One of the two buttons of the pop-up, which shows the part of it that has slid out.
 class CStepSizeHalf final : public QAbstractButton
 {
 public:

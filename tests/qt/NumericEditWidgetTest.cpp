@@ -16,12 +16,14 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
 #include <QWheelEvent>
 
+#include <functional>
 #include <memory>
 #include <stdexcept>
 
@@ -49,7 +51,7 @@ protected:
         QObject::connect(buttons, &QDialogButtonBox::accepted, m_dialog.get(), &QDialog::accept);
         m_cutoff->GetEdit().SetFormatString(u"%.2f");
         m_cutoff->GetEdit().Setup(0.8F, 0.0F, 8.0F, 0.1F);
-        m_cutoff->GetEdit().SetChangeNotification(*this, &NumericEditWidget::OnCutoff);
+        Listen();
         m_dialog->show();
         m_dialog->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(m_dialog.get()));
@@ -69,6 +71,7 @@ protected:
         Field().selectAll();
         QTest::keyClicks(&Field(), text);
     }
+    void Listen() { m_cutoff->GetEdit().SetChangeNotification(*this, &NumericEditWidget::OnCutoff); }
     void OnCutoff(float value)
     {
         m_changes.push_back(value);
@@ -99,6 +102,21 @@ protected:
     std::vector<float> m_changes;
     bool m_deletes = false;
     bool m_throws = false;
+};
+
+class CAnnouncingField : public CQtEditField
+{
+public:
+    CAnnouncingField()
+        : CQtEditField(nullptr)
+    {
+    }
+    void Announce(QAccessibleEvent& event) override
+    {
+        EXPECT_EQ(event.type(), QAccessible::ValueChanged);
+        heard.push_back(static_cast<QAccessibleValueChangeEvent&>(event).value().toDouble());
+    }
+    std::vector<double> heard;
 };
 
 /// Its numbers are called back after the dialog's own members are gone, if they are called at all.
@@ -230,23 +248,158 @@ TEST_F(NumericEditWidget, PopUpSlidesOutAndBackAndChangesTheStep)
     EXPECT_FALSE(popup.isVisible());
 }
 
-TEST_F(NumericEditWidget, ScreenReadersHearTheLabel)
+TEST_F(NumericEditWidget, PopUpStaysOnTheScreen)
 {
-    const auto nameOf = [](QWidget& widget) {
-        return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name);
+    CQtSpinButton& spin = m_cutoff->GetSpinButton();
+    CQtStepSizePopup& popup = m_cutoff->GetStepSizePopup();
+    const int end = m_dialog->screen()->geometry().right() + 1;
+    const int beside = spin.mapTo(m_dialog.get(), QPoint(spin.width(), 0)).x() + spin.height();
+    for (const int missing : {0, 1}) {
+        m_dialog->move(end - beside + missing, 50);
+        QCoreApplication::processEvents();
+        m_cutoff->GetEdit().GetSpinButton().OnPointerEntered();
+        m_timers.Advance(3 * c_SlideStepTime);
+        const int edge = spin.mapToGlobal(QPoint(missing ? 0 : spin.width(), 0)).x();
+        const int width = spin.height() * 4 / 9;
+        EXPECT_EQ(popup.geometry().left(), missing ? edge - width : edge);
+        EXPECT_EQ(popup.width(), width);
+        const QWidget& half = popup.GetButton(CStepSizeBtn::EType::Larger);
+        EXPECT_EQ(half.x(), missing ? width - spin.height() : 0) << "the picture does not move";
+        EXPECT_EQ(half.width(), spin.height());
+        m_timers.Advance(9 * c_SlideStepTime);
+        EXPECT_EQ(popup.geometry().left(), missing ? edge - spin.height() : edge);
+    }
+}
+
+TEST_F(NumericEditWidget, NumbersAndUnitsHaveRoom)
+{
+    CFloatEdit& edit = m_cutoff->GetEdit();
+    edit.SetFormatString(u"%.4e Kilonewton pro Meter");
+    m_dialog->resize(1, 1);
+    QCoreApplication::processEvents();
+    const auto isWhole = [&] { // the caret is at the start
+        return Field().cursorPositionAt({Field().width() - 4, Field().height() / 2}) == Field().text().size();
     };
-    EXPECT_EQ(nameOf(Field()), QStringLiteral("Cut-off:"));
-    EXPECT_EQ(nameOf(m_count->GetSpinButton().GetUpButton()), QStringLiteral("Increase"));
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&Field())->role(), QAccessible::EditableText);
+    EXPECT_TRUE(isWhole());
+    const int width = Field().width();
+    edit.SetFormatString(u"%.9000f");
+    QCoreApplication::processEvents();
+    EXPECT_LT(Field().minimumSizeHint().width(), 2 * width) << "but not any";
+    for (QLabel* const label : m_dialog->findChildren<QLabel*>()) {
+        label->setText(label->text() + label->text());
+        QCoreApplication::processEvents();
+        EXPECT_GE(label->width(), label->sizeHint().width());
+    }
+}
+
+TEST_F(NumericEditWidget, ScreenReadersHearANumber)
+{
+    QAccessibleInterface* const field = QAccessible::queryAccessibleInterface(&Field());
+    EXPECT_EQ(field->text(QAccessible::Name), QStringLiteral("Cut-off:"));
+    EXPECT_EQ(field->text(QAccessible::Value), QStringLiteral("0.80"));
+    EXPECT_EQ(field->role(), QAccessible::SpinBox);
+    const QAccessible::State state = field->state();
+    EXPECT_TRUE(state.editable && state.focusable && state.focused && !state.readOnly);
+    const QAccessibleValueInterface& value = *field->valueInterface();
+    EXPECT_EQ(value.currentValue().toDouble(), 0.8);
+    EXPECT_EQ(value.minimumValue().toDouble(), 0);
+    EXPECT_EQ(value.maximumValue().toDouble(), 8);
+    EXPECT_EQ(value.minimumStepSize().toDouble(), 0.1);
+
+    CQtEditField plain(nullptr);
+    QAccessibleInterface* const text = QAccessible::queryAccessibleInterface(&plain);
+    EXPECT_EQ(text->role(), QAccessible::EditableText);
+    EXPECT_EQ(text->valueInterface(), nullptr);
+
+    const struct {
+        QWidget& widget;
+        const char* name;
+    } buttons[] = {
+        {m_cutoff->GetSpinButton().GetUpButton(), "Increase"},
+        {m_cutoff->GetSpinButton().GetDownButton(), "Decrease"},
+        {m_cutoff->GetStepSizePopup().GetButton(CStepSizeBtn::EType::Larger), "Ten Times Larger Steps"},
+        {m_cutoff->GetStepSizePopup().GetButton(CStepSizeBtn::EType::Smaller), "Ten Times Smaller Steps"},
+    };
+    for (const auto& row : buttons) {
+        const QAccessibleInterface* const button = QAccessible::queryAccessibleInterface(&row.widget);
+        EXPECT_EQ(button->text(QAccessible::Name), QString::fromUtf8(row.name));
+        EXPECT_EQ(button->role(), QAccessible::Button) << row.name;
+    }
+}
+
+TEST_F(NumericEditWidget, ScreenReadersHearOfChangesAndMakeThem)
+{
+    CFloatEdit edit;
+    CAnnouncingField field;
+    edit.SetView(&field);
+    edit.Setup(1, 0, 2e6F, 0.5F);
+    edit.SetValue(1);
+    QAccessibleInterface* const reader = QAccessible::queryAccessibleInterface(&field);
+    reader->valueInterface()->setCurrentValue(1e6);
+    edit.OnSpinDeltaPos(1);
+    edit.OnStepSizeChanged(1);
+    reader->valueInterface()->setCurrentValue(9e9);
+    reader->editableTextInterface()->replaceText(0, 1, QStringLiteral("1"));
+    EXPECT_EQ(reader->textInterface()->text(0, 3), QStringLiteral("100"));
+    EXPECT_TRUE(edit.IsModified());
+    edit.Validate();
+    field.setEnabled(false);
+    reader->valueInterface()->setCurrentValue(1);
+    EXPECT_EQ(field.heard, (std::vector<double>{0, 1, 1e6, 1000000.5, 2e6, 1e6}));
+
+    QAccessible::queryAccessibleInterface(&m_count->GetField())->valueInterface()->setCurrentValue(1e6);
+    EXPECT_EQ(m_count->GetEdit().GetValue(), 1000000);
+}
+
+TEST_F(NumericEditWidget, ScreenReadersReadTheText)
+{
+    QAccessibleInterface* const field = QAccessible::queryAccessibleInterface(&Field());
+    QAccessibleTextInterface& text = *field->textInterface();
+    EXPECT_EQ(text.characterCount(), 4);
+    int start = -1;
+    int end = -1;
+    text.setSelection(0, 1, 3);
+    text.selection(0, &start, &end);
+    EXPECT_EQ(std::pair(start, end), std::pair(1, 3));
+    for (const int caret : {0, 3}) {
+        text.setCursorPosition(caret);
+        for (int i = 0; i < 4; ++i) {
+            const QRect character = text.characterRect(i);
+            EXPECT_TRUE(field->rect().contains(character)) << i;
+            EXPECT_EQ(text.offsetAtPoint(character.center() - QPoint(1, 0)), i);
+        }
+    }
 }
 
 TEST_F(NumericEditWidget, ACallbackMayDeleteTheWidget)
 {
-    m_deletes = true;
-    Enter(QStringLiteral("3"));
-    QTest::keyClick(&Field(), Qt::Key_Return);
-    EXPECT_EQ(m_cutoff, nullptr);
-    EXPECT_EQ(m_changes.size(), 1U);
+    const std::function<void()> ways[] = {
+        [&] { QTest::keyClick(&Field(), Qt::Key_Return); },
+        [&] { QTest::keyClick(&Field(), Qt::Key_Tab); },
+        [&] { Turn(Field(), 120, Qt::ControlModifier); },
+        [&] { m_count->GetField().setFocus(); },
+        [&] { QTest::mouseClick(&m_cutoff->GetSpinButton().GetUpButton(), Qt::LeftButton); },
+        [&] { m_cutoff->GetField().EnterText(QStringLiteral("4")); },
+    };
+    for (const bool throws : {false, true}) {
+        for (const auto& act : ways) {
+            delete m_cutoff;
+            m_cutoff = new CFloatEditWidget;
+            m_dialog->layout()->addWidget(m_cutoff);
+            Listen();
+            m_cutoff->show();
+            Field().setFocus();
+            m_changes.clear();
+            Enter(QStringLiteral("3"));
+            m_deletes = true;
+            m_throws = throws;
+            act();
+            m_deletes = m_throws = false;
+            EXPECT_EQ(m_cutoff, nullptr);
+            EXPECT_EQ(m_changes.size(), 1U);
+            EXPECT_TRUE(m_dialog->isVisible());
+        }
+    }
 }
 
 TEST_F(NumericEditWidget, AnExceptionOfACallbackReachesTheLoop)
@@ -259,6 +412,7 @@ TEST_F(NumericEditWidget, AnExceptionOfACallbackReachesTheLoop)
     EXPECT_THROW(GetMessageLoop().RunUntil([] { return false; }), std::runtime_error);
     m_throws = false;
     EXPECT_EQ(Field().text(), QStringLiteral("3.00"));
+    EXPECT_TRUE(m_dialog->isVisible()) << "Enter goes no further";
 }
 
 TEST_F(NumericEditWidget, ADialogThatIsDestroyedWhileTheUserTypesIsNotCalled)
