@@ -19,6 +19,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QTest>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -142,7 +143,9 @@ private:
 
 TEST_F(NumericEditWidget, EnterAndEscapeTakeWhatWasTypedAndKeepTheDialogOpen)
 {
+    int shortcuts = 0;
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+        const QShortcut shortcut(key, m_dialog.get(), [&shortcuts] { ++shortcuts; });
         m_cutoff->GetEdit().SetValue(0.8F);
         m_changes.clear();
         Enter(QStringLiteral("2.5"));
@@ -152,8 +155,12 @@ TEST_F(NumericEditWidget, EnterAndEscapeTakeWhatWasTypedAndKeepTheDialogOpen)
         EXPECT_EQ(m_changes, std::vector<float>{2.5F});
         EXPECT_EQ(Field().selectedText(), QStringLiteral("2.50"));
         EXPECT_TRUE(m_dialog->isVisible());
+        EXPECT_EQ(shortcuts, 0) << "the field comes first";
     }
     Enter(QStringLiteral("abc"));
+    QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
+    QApplication::sendEvent(&Field(), &menu);
+    EXPECT_EQ(Field().text(), QStringLiteral("abc")) << "the context menu leaves it alone";
     QTest::keyClick(&Field(), Qt::Key_Return);
     EXPECT_EQ(Field().text(), QStringLiteral("2.50"));
     EXPECT_EQ(m_boxes.GetBeeps(), std::vector<unsigned int>{MessageBoxStyle::c_warning});
@@ -240,11 +247,30 @@ TEST_F(NumericEditWidget, PopUpSlidesOutAndBackAndChangesTheStep)
 
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&spin, &leave);
+    QApplication::sendEvent(&popup.GetButton(CStepSizeBtn::EType::Smaller), &enter);
+    m_timers.Advance(c_HideDelayTime + 9 * c_SlideStepTime);
+    EXPECT_TRUE(popup.isVisible());
+    QApplication::sendEvent(&popup.GetButton(CStepSizeBtn::EType::Smaller), &leave);
     m_timers.Advance(c_HideDelayTime + 9 * c_SlideStepTime);
     EXPECT_FALSE(popup.isVisible());
 
+    const std::function<void()> ends[] = {
+        [&] { m_dialog->resize(m_dialog->size() + QSize(20, 0)); },
+        [&] { m_cutoff->hide(), m_cutoff->show(); },
+        [&] {
+            QEvent left(QEvent::WindowDeactivate);
+            QApplication::sendEvent(m_dialog.get(), &left);
+        },
+        [&] { m_cutoff->Attach(m_count->GetEdit()); },
+    };
+    for (const auto& end : ends) {
+        QApplication::sendEvent(&spin, &enter);
+        EXPECT_TRUE(popup.isVisible());
+        end();
+        EXPECT_FALSE(popup.isVisible());
+    }
+    m_cutoff->setEnabled(false);
     QApplication::sendEvent(&spin, &enter);
-    m_dialog->resize(m_dialog->size() + QSize(20, 0));
     EXPECT_FALSE(popup.isVisible());
 }
 
@@ -281,6 +307,7 @@ TEST_F(NumericEditWidget, NumbersAndUnitsHaveRoom)
         return Field().cursorPositionAt({Field().width() - 4, Field().height() / 2}) == Field().text().size();
     };
     EXPECT_TRUE(isWhole());
+    EXPECT_EQ(Field().cursorPosition(), 0);
     const int width = Field().width();
     edit.SetFormatString(u"%.9000f");
     QCoreApplication::processEvents();
@@ -296,6 +323,8 @@ TEST_F(NumericEditWidget, ScreenReadersHearANumber)
 {
     QAccessibleInterface* const field = QAccessible::queryAccessibleInterface(&Field());
     EXPECT_EQ(field->text(QAccessible::Name), QStringLiteral("Cut-off:"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&m_count->GetField())->text(QAccessible::Name),
+              QStringLiteral("Count:"));
     EXPECT_EQ(field->text(QAccessible::Value), QStringLiteral("0.80"));
     EXPECT_EQ(field->role(), QAccessible::SpinBox);
     const QAccessible::State state = field->state();
