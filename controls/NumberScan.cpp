@@ -35,22 +35,16 @@ bool StartsWithWord(std::u16string_view text, std::u16string_view word)
     return true;
 }
 
-/// How much of the text is a real number; 0 when it does not start with one.
+/// How much of the text may belong to a real number at its start.
 std::size_t GetRealLength(std::u16string_view text)
 {
     const std::size_t start = CountSign(text, 0);
     const std::u16string_view word = text.substr(start);
     if (StartsWithWord(word, u"inf") || StartsWithWord(word, u"nan"))
         return start + 3;
-    const std::size_t whole = CountDigits(text, start);
-    std::size_t end = start + whole;
-    std::size_t decimals = 0;
-    if (end < text.size() && text[end] == u'.') {
-        decimals = CountDigits(text, end + 1);
-        end += 1 + decimals;
-    }
-    if (whole + decimals == 0)
-        return 0;
+    std::size_t end = start + CountDigits(text, start);
+    if (end < text.size() && text[end] == u'.')
+        end += 1 + CountDigits(text, end + 1);
     if (end < text.size() && (text[end] == u'e' || text[end] == u'E')) {
         const std::size_t digits = end + 1 + CountSign(text, end + 1);
         if (const std::size_t count = CountDigits(text, digits); count > 0)

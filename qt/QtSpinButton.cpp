@@ -13,13 +13,15 @@ namespace CommonUI
 namespace
 {
 
-/// A tool button that a slot may delete. Qt's own needs itself once more when it has been released.
+/// A tool button that a slot may delete. Qt's own needs itself once more after it was released, for a menu
+/// that it has not got here.
 class CArrowButton final : public QToolButton
 {
 public:
     using QToolButton::QToolButton;
 
 protected:
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): that of QToolButton is what must not run
     void mouseReleaseEvent(QMouseEvent* event) override { QAbstractButton::mouseReleaseEvent(event); }
 };
 

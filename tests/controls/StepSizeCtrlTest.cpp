@@ -138,6 +138,12 @@ TEST_F(StepSizeCtrl, LateTickCatchesUp)
         service.Advance(30);
         EXPECT_EQ(popup->GetSlideStep(), row.step) << row.late;
     }
+    popup->Close();
+    service.late = 0;
+    popup->Show(*popup);
+    service.late = 45;
+    service.Advance(30);
+    EXPECT_EQ(popup->GetSlideStep(), 1) << "it has not begun before";
     spin.OnPointerLeft();
     service.Advance(500);
     service.late += 1000;
@@ -162,6 +168,8 @@ TEST_F(StepSizeCtrl, ButtonsTellTheirDirection)
 TEST_F(StepSizeCtrl, HidesWithItsSpinButton)
 {
     SlideOut();
+    spin.Show(5, true);
+    EXPECT_TRUE(view.shown);
     spin.OnPointerLeft();
     spin.Show(5, false);
     EXPECT_FALSE(view.shown || spinView.shown);

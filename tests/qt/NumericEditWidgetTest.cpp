@@ -36,7 +36,7 @@ namespace
 /// A dialog with two numbers and buttons, as people meet it.
 class NumericEditWidget : public testing::Test
 {
-protected:
+public:
     NumericEditWidget()
         : m_oldTimers(SetTimerService(&m_timers))
         , m_oldBoxes(SetMessageBoxService(&m_boxes))
@@ -66,7 +66,7 @@ protected:
         SetTimerService(m_oldTimers);
     }
 
-    QLineEdit& Field() { return m_cutoff->GetField(); }
+    QLineEdit& Field() const { return m_cutoff->GetField(); }
     void Enter(const QString& text)
     {
         Field().selectAll();
@@ -281,7 +281,7 @@ TEST_F(NumericEditWidget, PopUpStaysOnTheScreen)
     const int end = m_dialog->screen()->geometry().right() + 1;
     const int beside = spin.mapTo(m_dialog.get(), QPoint(spin.width(), 0)).x() + spin.height();
     for (const int missing : {0, 1}) {
-        m_dialog->move(end - beside + missing, 50);
+        m_dialog->setGeometry(QRect(QPoint(end - beside + missing, 50), m_dialog->size()));
         QCoreApplication::processEvents();
         m_cutoff->GetEdit().GetSpinButton().OnPointerEntered();
         m_timers.Advance(3 * c_SlideStepTime);
