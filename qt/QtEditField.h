@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QLineEdit>
 
+#include <optional>
 #include <typeinfo>
 
 namespace CommonUI

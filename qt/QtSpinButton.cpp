@@ -4,6 +4,7 @@
 #include "qt/detail/EventGuard.h"
 #include "qt/QtText.h"
 
+#include <QEvent>
 #include <QToolButton>
 #include <QToolTip>
 
@@ -21,6 +22,13 @@ public:
     using QToolButton::QToolButton;
 
 protected:
+    bool event(QEvent* event) override
+    {
+        // A callback has opened a dialog, which gets the release: the arrow would go on stepping behind it.
+        if (event->type() == QEvent::WindowBlocked)
+            setDown(false);
+        return QToolButton::event(event);
+    }
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): that of QToolButton is what must not run
     void mouseReleaseEvent(QMouseEvent* event) override { QAbstractButton::mouseReleaseEvent(event); }
 };

@@ -67,7 +67,7 @@ public:
     }
 
     QLineEdit& Field() const { return m_cutoff->GetField(); }
-    void Enter(const QString& text)
+    void Enter(const QString& text) const
     {
         Field().selectAll();
         QTest::keyClicks(&Field(), text);
@@ -222,6 +222,13 @@ TEST_F(NumericEditWidget, SpinButtonStepsAndGivesTheFieldTheFocus)
     EXPECT_TRUE(m_count->GetField().hasFocus());
     QTest::mouseClick(&m_count->GetSpinButton().GetDownButton(), Qt::LeftButton);
     EXPECT_EQ(m_count->GetField().text(), QStringLiteral("0"));
+    QToolButton& up = m_count->GetSpinButton().GetUpButton();
+    QTest::mousePress(&up, Qt::LeftButton);
+    EXPECT_TRUE(up.isDown());
+    QDialog modal;
+    modal.setModal(true);
+    modal.show();
+    EXPECT_FALSE(up.isDown()) << "it does not step behind a dialog";
     m_count->GetEdit().ShowSpinButton(1, false);
     EXPECT_FALSE(m_count->GetSpinButton().isVisible());
 }
