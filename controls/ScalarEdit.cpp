@@ -253,9 +253,7 @@ double CScalarEdit<T>::GetGridPoint(int delta) const
     // The value was a multiple but for its rounding.
     if (std::fabs(target - value) < increment * 0.01)
         target += increment * ((steps > 0) - (steps < 0));
-    // A multiple that far away is the bound of 32 bits: the step is lost in the digits of the value.
-    const bool reached = std::fabs(target - value) <= (std::fabs(steps) + 1) * increment;
-    return reached ? target : value;
+    return target;
 }
 
 template<class T>

@@ -344,9 +344,8 @@ TEST(NumericEdit, StepsOfARealNumber)
         {0.1F, 0.1F, 0.2F, 0, 0.1F, 0.4F},
         {100000.3F, 0.1F, 100000.4F, 100000.2F, 100000.3F, 100000.6F},
         {7, 10, 10, 0, 0, 30},
-        // A step that is lost in the digits of the value.
-        {1, 1e-10F, 1, 1, 1, 1},
-        {1e10F, 0.1F, 1e10F, 1e10F, 1e10F, 1e10F},
+        // Multiples are limited to 32 bits.
+        {1e10F, 0.1F, 214748364.7F, 214748364.7F, 214748364.7F, 214748364.7F},
         {1, 3e38F, 3e38F, -3e38F, 0, c_floatMax},
     });
     CFloatEdit edit;
