@@ -2,6 +2,8 @@
 
 #include "common/NumberText.h"
 
+#include <cmath>
+
 namespace CommonUI
 {
 
@@ -32,7 +34,7 @@ CStr CGridFormats::Apply(const CGridValue& value, const CStr& text) const
 CStr CGridFormats::ApplyToText(const CStr& text) const
 {
     double number = 0;
-    if (Find(EGridValueType::R8) && ParseDouble(text, number))
+    if (Find(EGridValueType::R8) && ParseDouble(text, number) && std::isfinite(number))
         return Apply(number, text);
     return Apply(text, text);
 }
