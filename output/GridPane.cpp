@@ -173,20 +173,22 @@ void CGridPane::Draw(CGridPainter& painter, const SRect& clip) const
         return;
     const SColumns columns = ColumnsBetween(std::max(clip.left, GetFrozenWidth()), clip.right);
     const std::size_t frozen = clip.left < GetFrozenWidth() ? m_frozen : 0;
-    const auto drawRow = [&](std::size_t row, std::size_t first, std::size_t end) {
+    const SGridCell focus = m_selection.GetFocus();
+    const bool hasFocus = m_focus && !m_selection.IsEmpty();
+    const auto drawRow = [&](std::size_t row, std::size_t first, std::size_t end, bool isFrozen) {
         for (std::size_t column = first; column < end; ++column)
             DrawCell(painter, {row, column}, GetCellRect({row, column}));
+        if (hasFocus && focus.row == row && (focus.column < m_frozen) == isFrozen)
+            painter.DrawFocus(GetCellRect(focus));
     };
     const std::size_t firstRow = RowAt(std::max(clip.top, m_headerHeight));
     const std::size_t endRow =
         clip.bottom > m_headerHeight ? std::min(RowAt(clip.bottom - 1) + 1, m_rowCount) : 0;
     // What is frozen lies over what is scrolled below it, and the headers over both.
     for (std::size_t row = firstRow; row < endRow; ++row) {
-        drawRow(row, columns.first, columns.end);
-        drawRow(row, 0, frozen);
+        drawRow(row, columns.first, columns.end, false);
+        drawRow(row, 0, frozen, true);
     }
-    if (m_focus && firstRow < endRow && !m_selection.IsEmpty() && clip.bottom > m_headerHeight)
-        painter.DrawFocus(GetCellRect(m_selection.GetFocus()));
     if (clip.top >= m_headerHeight)
         return;
     if (columns.first < columns.end)

@@ -83,6 +83,15 @@ TEST(ResultGridPane, CellsStayBelowNamesAndHeaders)
                                             "text 124,72,196,92 right \"7 8\"\n"
                                             "background 0,72,80,92 header\n"
                                             "text 4,72,76,92 left \"1\"\n");
+    shown.pane.OnFocus(true);
+    for (const auto& [column, place] : {std::pair(std::size_t{1}, std::size_t{2}), {0, 4}}) {
+        shown.pane.SelectCell({1, column});
+        shown.pane.ScrollTo(1000, 0);
+        CTextGridPainter painter;
+        shown.pane.Draw(painter, {70, 80, 90, 81});
+        ASSERT_GT(painter.GetLines().size(), place);
+        EXPECT_TRUE(painter.GetLines()[place].StartsWith(u"focus ")) << "below a name that lies over it";
+    }
     EXPECT_EQ(shown.pane.HitTest({79, 80}).cell, (SGridCell{1, 0})) << "the names are not scrolled";
     EXPECT_EQ(shown.pane.HitTest({81, 80}).cell, (SGridCell{1, 2}));
     shown.pane.SelectCell({1, 1});
@@ -163,10 +172,10 @@ TEST(ResultGridPane, ColumnsHaveFormats)
     column.formats.Set(8, u"(%s)");
     grid.AddColumn(column);
     grid.AddRow({.name = u"units", .cells = {u"nm"}, .subHeader = true});
-    for (const char16_t* text : {u"1.26", u"none", u""})
+    for (const char16_t* text : {u"1.26", u"none", u"-INF", u""})
         grid.AddRow({.name = u"8", .cells = {text, u"surplus"}});
     EXPECT_EQ(CGrid::GenerateText(nullptr, &grid, nullptr, false),
-              u"\tRa\r\nunits\tnm\r\n8\t1.3\r\n8\t(none)\r\n8\t\r\n");
+              u"\tRa\r\nunits\tnm\r\n8\t1.3\r\n8\t(none)\r\n8\t(-INF)\r\n8\t\r\n");
     EXPECT_EQ(CResultGridPane(grid).GetCell({1, 1}).text, u"1.3");
 }
 
