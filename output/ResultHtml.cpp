@@ -2,6 +2,7 @@
 #include "output/detail/ResultPieces.h"
 #include "output/GridBaseOutputCtrl.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -317,6 +318,12 @@ CGridBaseOutputCtrl::SCopiedTexts CGridBaseOutputCtrl::CopySelectionAsHTML(bool 
     bool hasHeader = headers && !m_columns.empty();
     bool hasNames = m_selection.firstColumn == 0;
     if (transpose) {
+        // All rows of a selection are equally long, or a short one on top would pass for a row of groups.
+        std::size_t width = 0;
+        for (const CRow& row : cells)
+            width = std::max(width, row.size());
+        for (CRow& row : cells)
+            row.resize(width);
         TransposeCells(cells);
         std::swap(hasHeader, hasNames);
     }

@@ -178,4 +178,5 @@ TEST(ResultGrid, SelectionIsCutAndCopied)
     const CGrid::SCopiedTexts copied = summary.CopySelectionAsHTML(false, true);
     EXPECT_EQ(copied.text, u"Sq\t12.5\nSa\t10\tnm");
     EXPECT_NE(copied.html.ToUtf8().find("<tr>" + td("left", "Sq") + td("rigth", "12.5")), std::string::npos);
+    EXPECT_EQ(summary.CopySelectionAsHTML(true, true).text, u"Sq\tSa\n12.5\t10\n\tnm");
 }
