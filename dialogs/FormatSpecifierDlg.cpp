@@ -37,7 +37,6 @@ CFormatSpecifierView::~CFormatSpecifierView() = default;
 CFormatSpecifierDlg::CFormatSpecifierDlg(const CParameter& parameter)
     : CBaseDialog(c_identifier, nullptr)
     , m_parameter(parameter)
-    , m_original(parameter.GetFloatFormat())
 {
     for (const auto& format : GetFormatSpecifierEnum()) {
         const auto value = static_cast<EFormatSpecifier>(format.GetValue());
@@ -59,6 +58,7 @@ void CFormatSpecifierDlg::SetView(CFormatSpecifierView* view)
 
 bool CFormatSpecifierDlg::OnInitDialog()
 {
+    m_original = m_parameter.GetFloatFormat();
     if (CFormatSpecifierView* const view = GetView()) {
         view->SetCaption(GetString(c_identifier));
         for (const auto& label : c_labels)

@@ -56,7 +56,8 @@ public:
 
     /// Gives the dialog its window before it is opened; null takes it away. The view is not owned.
     void SetView(CFormatSpecifierView* view);
-    /// The copy with what the user chose, once OK has been pressed; after Cancel, the parameter as it was.
+    /// The copy with what the user chose, once OK has been pressed; after Cancel, the parameter as it was
+    /// when the dialog was opened.
     const CParameter& GetParameter() const noexcept { return m_parameter; }
     CIntEdit& GetCountEdit() noexcept { return m_count; }
 
@@ -77,7 +78,7 @@ private:
     void UpdateExample();
 
     CParameter m_parameter;
-    CParameter::SFormatSpecifier m_original;
+    CParameter::SFormatSpecifier m_original{}; ///< when the dialog was opened
     std::vector<SFormatItem> m_items;
     CIntEdit m_count;
 };

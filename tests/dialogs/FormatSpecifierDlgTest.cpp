@@ -96,6 +96,12 @@ TEST_F(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
         EXPECT_EQ(shown.dialog.DoModal(), row.button);
         EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), row.format);
         EXPECT_EQ(shown.dialog.GetParameter().GetIniName(), u"Sa");
+        loop.Post([&] {
+            shown.view.Choose(0);
+            shown.view.Press(CBaseDialog::c_cancel);
+        });
+        shown.dialog.DoModal();
+        EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), row.format) << "as it was when opened again";
     }
 }
 
