@@ -2,7 +2,6 @@
 
 #include "dialogs/ProgressThreadDialog.h"
 
-#include <algorithm>
 #include <mutex>
 
 namespace CommonUI
@@ -46,7 +45,12 @@ void SetLatestReport(float increment, const CStr& text)
 void CProgressInbox::PostStep()
 {
     ++m_steps;
-    if (!m_stepWaits.exchange(true))
+    PostSteps();
+}
+
+void CProgressInbox::PostSteps()
+{
+    if (m_steps != 0 && !m_stepWaits.exchange(true))
         Post(CProgressThreadDialog::c_stepMessage);
 }
 
@@ -66,19 +70,16 @@ void CProgressInbox::PostClose(std::exception_ptr exception)
 
 void CProgressInbox::DelayClose()
 {
+    PostSteps();
     Post(CProgressThreadDialog::c_closeMessage);
 }
 
-std::uint64_t CProgressInbox::TakeSteps(std::uint64_t most)
+bool CProgressInbox::TakeStep()
 {
-    // In this order: a step that is counted after the sum has been read posts a message of its own.
-    m_stepWaits = false;
-    const std::uint64_t waiting = m_steps;
-    const std::uint64_t taken = std::min(waiting, most);
-    m_steps -= taken;
-    if (taken < waiting && !m_stepWaits.exchange(true))
-        Post(CProgressThreadDialog::c_stepMessage);
-    return taken;
+    if (!m_dialog || m_steps == 0)
+        return false;
+    --m_steps;
+    return true;
 }
 
 void CProgressInbox::Detach()

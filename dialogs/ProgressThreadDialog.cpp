@@ -128,10 +128,12 @@ void CProgressThreadDialog::OnMessage(unsigned int message)
 void CProgressThreadDialog::OnStepMessage()
 {
     const auto inbox = m_inbox;
+    inbox->AcceptSteps();
     ShowProgress();
-    // A step may close or destroy the dialog, or start another worker.
-    for (auto count = inbox->TakeSteps(c_stepsPerMessage); count > 0 && inbox->IsAttached(); --count)
+    // A step may close or destroy the dialog, start another worker, or run a loop that makes the other steps.
+    for (unsigned int made = 0; made < c_stepsPerMessage && inbox->TakeStep(); ++made)
         Step(GetLatestIncrement());
+    inbox->PostSteps();
 }
 
 void CProgressThreadDialog::OnCloseMessage()

@@ -34,16 +34,19 @@ public:
     /// @param exception what the work threw, or null
     void PostClose(std::exception_ptr exception);
 
-    /// Dialog: takes up to `most` steps; if that leaves some, a message for them is posted.
-    std::uint64_t TakeSteps(std::uint64_t most);
+    /// Dialog: the message for steps has come; the next one may be posted.
+    void AcceptSteps() { m_stepWaits = false; }
+    /// Dialog: takes one of the steps that were counted. @return false if there is none, or no dialog
+    bool TakeStep();
     bool HasSteps() const { return m_steps != 0; }
+    /// Dialog: posts the message for steps if there are some and none waits.
+    void PostSteps();
     /// Dialog: has the message that closes it come again, behind those that wait.
     void DelayClose();
     bool IsDone() const { return m_isDone; }
     void AcceptNewText() { m_textWaits = false; }
     /// Dialog: no message shall reach it any more.
     void Detach();
-    bool IsAttached() const { return m_dialog != nullptr; }
     /// What the work threw, once. For who has waited for the worker.
     std::exception_ptr TakeException() { return std::exchange(m_exception, nullptr); }
 

@@ -126,6 +126,21 @@ TEST_F(ProgressThreadDialog, BusyUserInterfaceGetsTheLatestReportOfTheProcess)
     EXPECT_EQ(other.GetProgressCtrl().GetPos(), 4);
 }
 
+TEST_F(ProgressThreadDialog, LoopWithinAStepMakesTheStepsThatWait)
+{
+    std::latch reported(1);
+    work = [&] {
+        for (int i = 0; i < 10; ++i)
+            worked->PostThreadProgress(1, {});
+        reported.count_down();
+    };
+    onStep = [&] { loop.RunUntil([&] { return !dialog->IsOpen(); }); };
+    dialog->Create();
+    reported.wait();
+    EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
+    EXPECT_EQ(steps, 10);
+}
+
 TEST_F(ProgressThreadDialog, MillionReportsKeepTheQueueShort)
 {
     constexpr int count = 1000000;
