@@ -44,16 +44,27 @@ void CGridCtrl::RemoveRow(CGridRow& row)
 
 void CGridCtrl::RemoveAllRows()
 {
-    m_rows.clear();
+    const auto removed = std::exchange(m_rows, {});
     RowsChanged();
 }
 
 void CGridCtrl::RowsChanged()
 {
+    const SGridCell focus = GetSelection().GetFocus();
+    const CGridRow* row = focus.row < m_shown.size() ? m_shown[focus.row] : nullptr;
     m_shown.clear();
     m_hasTree = false;
     ShowRows(m_rows);
     SetRowCount(m_shown.size());
+    // The focus stays with its row, or goes to the one above that now hides it.
+    auto place = std::ranges::find(m_shown, row);
+    while (row && place == m_shown.end()) {
+        row = row->m_parent;
+        place = std::ranges::find(m_shown, row);
+    }
+    const auto moved = static_cast<std::size_t>(place - m_shown.begin());
+    if (row && moved != focus.row && !GetSelection().IsEmpty())
+        EditSelection().SelectCell({moved, focus.column});
     ItemsChanged();
 }
 

@@ -55,6 +55,21 @@ TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
         EXPECT_TRUE(harness.Key(key));
         EXPECT_EQ(ShownNames(harness), names);
     }
+    harness.grid->GetRows()[0]->SetExpanded(true);
+    for (const std::size_t selected : {3, 2}) {
+        harness.grid->SelectCell({selected, 0});
+        const bool isBelow = selected == 2;
+        harness.Press(19, 30);
+        EXPECT_EQ(harness.grid->GetSelection().GetFocus(), (SGridCell{isBelow ? 0U : 1U, 0}));
+        harness.Press(19, 30);
+        EXPECT_EQ(harness.grid->GetSelection().GetRange(),
+                  (isBelow ? SGridRange{0, 0, 0, 0} : SGridRange{3, 3, 0, 0}));
+    }
+    harness.grid->SelectCell({1, 0});
+    harness.grid->RemoveAllRows();
+    EXPECT_TRUE(harness.grid->GetSelection().IsEmpty());
+    FillTree(harness);
+    harness.grid->GetRows()[0]->SetExpanded(false);
     const std::shared_ptr<CGridItem> kept = harness.grid->GetRows()[0]->GetSubRows()[1]->GetItem(0);
     EXPECT_TRUE(harness.grid->GetItemRect(*kept).IsEmpty()) << "not shown";
     harness.grid->GetRows()[0]->SetExpanded(true);
@@ -120,6 +135,14 @@ TEST(GridCtrl, EditorsOpenAndEnd)
     EXPECT_TRUE(harness.grid->BeginEdit());
     harness.grid->SetReadOnly(true);
     EXPECT_FALSE(harness.view.editor || harness.grid->BeginEdit());
+    harness.grid->SetReadOnly(false);
+    EXPECT_TRUE(harness.grid->BeginEdit());
+    number.SetFlag(CGridItem::ReadOnly);
+    EXPECT_FALSE(harness.grid->EndEdit(u"1")) << "read-only by now";
+    number.SetFlag(CGridItem::ReadOnly, false);
+    EXPECT_TRUE(harness.grid->BeginEdit());
+    harness.grid.reset();
+    EXPECT_FALSE(harness.view.editor);
 }
 
 TEST(GridCtrl, DrawsAndScrollsToWhatIsAskedFor)
