@@ -70,7 +70,6 @@ void CProgressInbox::PostClose(std::exception_ptr exception)
 
 void CProgressInbox::DelayClose()
 {
-    PostSteps();
     Post(CProgressThreadDialog::c_closeMessage);
 }
 
@@ -79,6 +78,7 @@ bool CProgressInbox::TakeStep()
     if (!m_dialog || m_steps == 0)
         return false;
     --m_steps;
+    PostSteps();
     return true;
 }
 

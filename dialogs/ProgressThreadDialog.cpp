@@ -133,7 +133,6 @@ void CProgressThreadDialog::OnStepMessage()
     // A step may close or destroy the dialog, start another worker, or run a loop that makes the other steps.
     for (unsigned int made = 0; made < c_stepsPerMessage && inbox->TakeStep(); ++made)
         Step(GetLatestIncrement());
-    inbox->PostSteps();
 }
 
 void CProgressThreadDialog::OnCloseMessage()

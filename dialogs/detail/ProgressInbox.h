@@ -36,11 +36,10 @@ public:
 
     /// Dialog: the message for steps has come; the next one may be posted.
     void AcceptSteps() { m_stepWaits = false; }
-    /// Dialog: takes one of the steps that were counted. @return false if there is none, or no dialog
+    /// Dialog: takes one of the steps that were counted; if that leaves some, a message for them waits from
+    /// then on. @return false if there is none, or no dialog
     bool TakeStep();
     bool HasSteps() const { return m_steps != 0; }
-    /// Dialog: posts the message for steps if there are some and none waits.
-    void PostSteps();
     /// Dialog: has the message that closes it come again, behind those that wait.
     void DelayClose();
     bool IsDone() const { return m_isDone; }
@@ -51,6 +50,7 @@ public:
     std::exception_ptr TakeException() { return std::exchange(m_exception, nullptr); }
 
 private:
+    void PostSteps();
     void Post(unsigned int message);
 
     CMessageLoop& m_loop = GetMessageLoop();

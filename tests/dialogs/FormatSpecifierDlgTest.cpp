@@ -65,6 +65,7 @@ TEST_F(FormatSpecifierDlg, ShowsTheFormatOfItsParameter)
         EXPECT_TRUE(shown.view.IsVisible());
         EXPECT_EQ(shown.view.GetCaption(), u"Specify Format");
         EXPECT_EQ(shown.view.GetText(CDlg::c_format), u"Format:");
+        EXPECT_EQ(shown.view.GetText(CDlg::c_exampleCaption), u"Example:");
         EXPECT_EQ(shown.view.GetItems(), items);
         EXPECT_EQ(shown.view.GetSelectedItem(), row.selected);
         EXPECT_EQ(shown.edit.GetText(), row.count);

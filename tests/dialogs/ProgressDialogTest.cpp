@@ -149,6 +149,11 @@ TEST_F(ProgressDialog, CancelDisablesAndTellsTheThread)
     dialog->SetCanceled(false);
     EXPECT_TRUE(view.IsEnabled(c_cancel) && view.IsEnabled(c_bar) && view.IsEnabled(c_text));
     EXPECT_FALSE(isToldOnce());
+    dialog->EndDialog(1);
+    dialog->SetCanceled(true);
+    EXPECT_TRUE(view.IsEnabled(c_bar)) << "closed";
+    dialog->Create();
+    EXPECT_FALSE(view.IsEnabled(c_bar)) << "cancelled before it was opened";
 }
 
 TEST_F(ProgressDialog, StepCallbackMayDestroyTheDialog)

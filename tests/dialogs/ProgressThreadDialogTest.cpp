@@ -1,8 +1,10 @@
 #include "dialogs/ProgressThreadDialog.h"
 
 #include "common/Diagnostics.h"
+#include "common/Exceptions.h"
 #include "dialogs/MemoryProgressView.h"
 #include "DialogTesting.h"
+#include "platform/ThreadMessages.h"
 
 #include <algorithm>
 #include <atomic>
@@ -54,6 +56,13 @@ public:
 
 TEST_F(ProgressThreadDialog, WorkThatEndsAtOnceIsNeverSeen)
 {
+    class CService : public CThreadService
+    {
+    public:
+        bool SetPriority(int given) override { return (priority = given) != 0; }
+        int priority = 0;
+    } service;
+    CThreadService* const before = SetThreadService(&service);
     bool isModal = false;
     bool isVisible = false;
     work = [&] {
@@ -63,6 +72,8 @@ TEST_F(ProgressThreadDialog, WorkThatEndsAtOnceIsNeverSeen)
         });
     };
     EXPECT_EQ(dialog->DoModal(), 1);
+    SetThreadService(before);
+    EXPECT_EQ(service.priority, 15);
     EXPECT_TRUE(isModal && !isVisible);
     EXPECT_FALSE(view.IsVisible() || view.IsModal() || dialog->IsCanceled());
     EXPECT_EQ(timers.GetTimerCount(), 0U);
@@ -104,6 +115,7 @@ TEST_F(ProgressThreadDialog, ReportsMakeStepsAndSetTheText)
 TEST_F(ProgressThreadDialog, BusyUserInterfaceGetsTheLatestReportOfTheProcess)
 {
     CProgressThreadDialog other(nullptr, {}, {});
+    CProgressThreadDialog silent(nullptr, {}, u"Its own");
     std::latch reported(1);
     std::latch checked(1);
     work = [&] {
@@ -112,33 +124,43 @@ TEST_F(ProgressThreadDialog, BusyUserInterfaceGetsTheLatestReportOfTheProcess)
         worked->PostThreadProgress(3, {});
         other.PostThreadProgress(2, u"Of another dialog");
         other.PostThreadProgress(2, {});
+        silent.PostThreadProgress(2, {});
         reported.count_down();
         checked.wait();
     };
     dialog->Create();
     reported.wait();
-    EXPECT_EQ(loop.GetCount(), 4U) << "one message for steps and one for the text of each dialog";
+    EXPECT_EQ(loop.GetCount(), 5U) << "one message for the steps and one for the texts of each dialog";
     checked.count_down();
     EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
     EXPECT_EQ(steps, 3);
     EXPECT_EQ(dialog->GetProgressCtrl().GetPos(), 6);
     EXPECT_EQ(dialog->GetText(), u"Of another dialog");
     EXPECT_EQ(other.GetProgressCtrl().GetPos(), 4);
+    EXPECT_EQ(silent.GetText(), u"Its own");
 }
 
 TEST_F(ProgressThreadDialog, LoopWithinAStepMakesTheStepsThatWait)
 {
     std::latch reported(1);
+    std::latch made(1);
     work = [&] {
-        for (int i = 0; i < 10; ++i)
+        for (int i = 0; i < 100; ++i)
             worked->PostThreadProgress(1, {});
         reported.count_down();
+        made.wait();
     };
-    onStep = [&] { loop.RunUntil([&] { return !dialog->IsOpen(); }); };
+    onStep = [&] {
+        if (steps != 1)
+            return;
+        loop.RunUntil([&] { return steps == 100; });
+        made.count_down();
+        loop.RunUntil([&] { return !dialog->IsOpen(); });
+    };
     dialog->Create();
     reported.wait();
     EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
-    EXPECT_EQ(steps, 10);
+    EXPECT_EQ(steps, 100);
 }
 
 TEST_F(ProgressThreadDialog, MillionReportsKeepTheQueueShort)
@@ -186,6 +208,32 @@ TEST_F(ProgressThreadDialog, CancelBeforeTheFirstReportIsSeenByIt)
     EXPECT_EQ(dialog->DoModal(), 1);
     EXPECT_TRUE(isWorkCanceled && dialog->IsCanceled());
     EXPECT_EQ(reports + steps, 0) << "the reports that saw it posted nothing";
+}
+
+TEST_F(ProgressThreadDialog, ReportThatSeesTheCancelOnlyLeavesItsIncrement)
+{
+    std::latch reported(1);
+    std::latch canceled(1);
+    std::latch seen(1);
+    work = [&] {
+        worked->PostThreadProgress(1, {});
+        reported.count_down();
+        canceled.wait();
+        EXPECT_EQ(worked->PostThreadProgress(5, u"Late"), 1);
+        seen.count_down();
+    };
+    dialog->Create();
+    reported.wait();
+    EXPECT_THROW(dialog->RunThread(), EInternal) << "the worker runs";
+    dialog->SetNotifyThread(GetThreadIdentifier());
+    dialog->SetCanceled(true);
+    EXPECT_TRUE(TakeThreadMessage(CProgressThreadDialog::c_cancelMessage));
+    canceled.count_down();
+    seen.wait();
+    EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
+    EXPECT_EQ(steps, 1);
+    EXPECT_EQ(dialog->GetProgressCtrl().GetPos(), 5) << "of the latest report";
+    EXPECT_EQ(dialog->GetText(), u"Processing, please wait...");
 }
 
 TEST_F(ProgressThreadDialog, ButtonCancelsTheWorkAndTheDialogStaysForItsEnd)
