@@ -73,10 +73,12 @@ TEST(GridItems, ChecksToggleByClicksOnTheBox)
         auto& item = harness.grid->AddRow().Emplace<CGridSetupItem>(true);
         item.SetId(77);
         item.SetState(row.before, false);
+        harness.view.invalidated.clear();
         const bool toggled = row.before != row.after;
         EXPECT_EQ(item.OnClickValue(row.message, row.point, harness.grid->GetItemRect(item)), toggled);
         EXPECT_EQ(item.GetState(), row.after);
         EXPECT_EQ(item.IsChanged(), toggled);
+        EXPECT_EQ(harness.view.invalidated.empty(), !toggled);
         EXPECT_EQ(harness.TakeChanges(), toggled ? "77 " : "") << "told before it is marked";
     }
 
@@ -188,6 +190,8 @@ TEST(GridItems, Drawing)
     EXPECT_EQ(setup->GetSpokenText(), u"Sdc");
     setup->ShowCheckbox(true);
     EXPECT_EQ(setup->GetSpokenText(), u"Sdc, partly checked");
+    setup->SetState(-1, false);
+    EXPECT_TRUE(setup->IsChecked());
 }
 
 TEST(GridItems, ButtonsArePressedWhileTheyCall)
@@ -199,6 +203,10 @@ TEST(GridItems, ButtonsArePressedWhileTheyCall)
     harness.Press(90, 30);
     harness.Press(50, 50);
     EXPECT_EQ(harness.view.focusCount, 0) << "nothing happens without a callback";
+    for (const std::size_t row : {0, 1}) {
+        harness.grid->SelectCell({row, 0});
+        EXPECT_FALSE(harness.Key(EGridKey::F2)) << "no editor";
+    }
     setup.SetCallback(listener, &SListener::OnSetup);
     button.SetCallback(listener, &SListener::OnButton);
 
@@ -281,6 +289,8 @@ TEST(GridItems, SpinsOnlyForNumbers)
                                        {CGridValue(EGridValueType::UI2, 1), true},
                                        {CGridValue(1), true},
                                        {CGridValue(1u), true},
+                                       {CGridValue(EGridValueType::I1, 1), false},
+                                       {CGridValue(EGridValueType::UI4, 1), false},
                                        {CGridValue(u"1.5"), false},
                                        {CGridValue(true), false},
                                        {CGridValue(), false}}) {

@@ -71,6 +71,8 @@ TEST(GridSelection, WholeRowsColumnsAndTablesOfOtherSizes)
 {
     CGridSelection selection;
     selection.SetSize(100, 5);
+    selection.SelectRow(8, true);
+    EXPECT_EQ(selection.GetRange(), (SGridRange{8, 8, 0, 4})) << "nothing to extend";
     selection.SelectRow(7);
     selection.ExtendTo({5, 3});
     EXPECT_EQ(selection.GetRange(), (SGridRange{5, 7, 0, 4}));
