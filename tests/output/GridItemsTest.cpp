@@ -157,7 +157,12 @@ TEST(GridItems, Drawing)
     const auto color = std::make_shared<CGridColorIndicatorItem>(u"Pores", 3, nullptr, u"x", nullptr);
     color->SetFillColor({255, 128, 0});
     EXPECT_EQ(draw(color), background + "box 2,22,18,38 #000000 #ff8000\ntext 22,20,96,40 left \"Pores\"\n");
+    color->SetOutlineColor({0, 0, 9});
+    EXPECT_NE(draw(color).find("#000009 #ff8000"), std::string::npos);
     EXPECT_FALSE(color->CanChange());
+    const auto output = std::make_shared<CGridBaseOutputItem>();
+    row.Set(0, output);
+    EXPECT_FALSE(output->CanChange());
 
     const auto button = std::make_shared<CGridButtonItem>(u"Reset", 400, 12);
     EXPECT_EQ(draw(button), background + "button 2,22,98,38 push image 12 \"Reset\"\n");
@@ -175,6 +180,8 @@ TEST(GridItems, Drawing)
                                        "button 80,20,100,40 drop disabled\n");
     unit->SetAutoHide(true);
     EXPECT_EQ(draw(unit), background);
+    SGridEdit edit;
+    EXPECT_TRUE(unit->GetSpokenText().IsEmpty() && !unit->CreateInPlaceEdit(edit)) << "hidden";
     row.AddSubRow();
     EXPECT_EQ(harness.Draw(*unit).find("background 20,20,100,40 plain\ntext"), 0u)
         << "shown, beside the expander";
