@@ -63,7 +63,7 @@ void CGridCtrl::RowsChanged()
         place = std::ranges::find(m_shown, row);
     }
     const auto moved = static_cast<std::size_t>(place - m_shown.begin());
-    if (row && moved != focus.row && !GetSelection().IsEmpty())
+    if (row && moved != focus.row)
         EditSelection().SelectCell({moved, focus.column});
     ItemsChanged();
 }

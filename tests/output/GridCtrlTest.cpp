@@ -44,6 +44,8 @@ TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
     EXPECT_NE(harness.DrawAll().find("text 44,40,96,60 left \"first\""), std::string::npos) << "indented";
     EXPECT_NE(harness.DrawAll().find("background 0,0,100,20 header\ntext 4,0,96,20 left \"Name\""),
               std::string::npos);
+    harness.Press(50, 10);
+    EXPECT_EQ(harness.grid->GetSelection().GetRange(), (SGridRange{0, 3, 0, 0})) << "a column, no corner";
     harness.Press(20, 30);
     EXPECT_EQ(harness.grid->GetRowCount(), 4u) << "beside the expander";
     harness.Press(19, 30);

@@ -32,6 +32,7 @@ TEST(GridValue, TextsAreReadInTheTypeOfTheValue)
         {u"old", u" new ", true, u" new "},
         {{}, u"x", true, u"x"},
         {true, u"False", false, u"True"},
+        {true, u"0", false, u"True"},
         {{EType::Bool, 0}, u"", false, u"False"},
         {{EType::String, 12}, u"", true, u""},
         {{EType::R8, 3}, u"", false, u"3"},

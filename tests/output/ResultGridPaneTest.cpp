@@ -7,6 +7,7 @@
 #include "tests/output/TestTables.h"
 
 #include <algorithm>
+#include <functional>
 
 using namespace CommonUI;
 
@@ -98,6 +99,7 @@ TEST(ResultGridPane, CellsStayBelowNamesAndHeaders)
     EXPECT_EQ(shown.pane.GetScrollLeft(), 0) << "beside the names, not below them";
 
     shown.pane.FitColumns();
+    shown.pane.Update();
     EXPECT_EQ(shown.pane.GetColumnWidth(0), 4 * 8 + 8);
     EXPECT_EQ(shown.pane.GetColumnWidth(1), 3 * 8 + 8);
     EXPECT_EQ(shown.pane.GetColumnWidth(3), 4 * 8 + 8);
@@ -142,6 +144,50 @@ TEST(ResultGridPane, SelectionIsThatOfTheTable)
     EXPECT_EQ(shown.pane.GetCell({2, 1}).text, u"") << "not told yet";
     shown.pane.Update();
     EXPECT_TRUE(shown.pane.GetSelection().IsEmpty());
+}
+
+TEST(ResultGridPane, ViewAndListenerHearOfTheSelection)
+{
+    SPane shown(3);
+    struct SListener {
+        void OnSelection() { ++count; }
+        int count = 0;
+    } listener;
+    shown.pane.SetSelectionCallback(listener, &SListener::OnSelection);
+    const struct {
+        const char* what;
+        std::function<void()> act;
+        bool selects;
+    } cases[] = {
+        {"cell",
+         [&] {
+             shown.pane.OnMouse(GridMouse::c_leftDown, {100, 80}, c_plain);
+         },
+         true},
+        {"header",
+         [&] {
+             shown.pane.OnMouse(GridMouse::c_leftDown, {100, 30}, c_plain);
+         },
+         true},
+        {"corner",
+         [&] {
+             shown.pane.OnMouse(GridMouse::c_leftDown, {10, 30}, c_plain);
+         },
+         true},
+        {"key",
+         [&] {
+             shown.pane.OnKey({EGridKey::Down, c_plain});
+         },
+         true},
+        {"focus", [&] { shown.pane.OnFocus(true); }, false},
+    };
+    for (const auto& row : cases) {
+        listener.count = 0;
+        shown.view.invalidated.clear();
+        row.act();
+        EXPECT_EQ(listener.count, row.selects ? 1 : 0) << row.what;
+        EXPECT_FALSE(shown.view.invalidated.empty()) << row.what;
+    }
 }
 
 TEST(ResultGridPane, CopiesBothFormsTogether)
@@ -203,6 +249,7 @@ TEST(ResultGridPane, SummaryHasNeitherHeadersNorFrozenNames)
     pane.SetViewSize({400, 100});
     CTextGridPainter painter;
     pane.Draw(painter, {0, 0, 400, 100});
+    EXPECT_EQ(painter.GetLines()[0], u"background 0,0,80,20 plain");
     EXPECT_EQ(painter.GetLines()[1], u"text 4,0,76,20 left \"File\"");
     EXPECT_EQ(painter.GetLines()[8], u"text 104,20,156,40 left \"12.5\"") << painter.GetLog().ToUtf8();
     EXPECT_EQ(pane.GetColumnCount(), 3u);
