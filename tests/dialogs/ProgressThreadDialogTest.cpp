@@ -102,13 +102,13 @@ TEST_F(ProgressThreadDialog, ReportsMakeStepsAndSetTheText)
             handled.count_down();
         });
         handled.wait();
-        worked->PostThreadProgress(2.5F, {});
+        worked->PostThreadProgress(2.5F, u"Last file");
     };
     for (const int expected : {2, 4}) {
         EXPECT_EQ(dialog->DoModal(), 1) << "the dialog can be used again";
         EXPECT_EQ(view.GetBarPosition(), 3);
         EXPECT_EQ(steps, expected);
-        EXPECT_EQ(dialog->GetText(), u"First file");
+        EXPECT_EQ(dialog->GetText(), u"Last file");
     }
 }
 
@@ -284,7 +284,17 @@ TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
     for (const auto& row : cases) {
         dialog->SetCanceled(false);
         isWorkCanceled = false;
-        onStep = row.end;
+        std::latch reported(1);
+        work = [&] {
+            for (int i = 0; i < 3; ++i)
+                worked->PostThreadProgress(1, {});
+            reported.count_down();
+            ReportUntilCanceled();
+        };
+        onStep = [&] {
+            reported.wait();
+            row.end();
+        };
         EXPECT_EQ(dialog->DoModal(), row.result) << row.what;
         EXPECT_TRUE(isWorkCanceled && dialog->IsCanceled()) << row.what;
     }

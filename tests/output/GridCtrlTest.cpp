@@ -173,6 +173,10 @@ TEST(GridCtrl, DrawsAndScrollsToWhatIsAskedFor)
     EXPECT_EQ(harness.grid->HitTest({105, 5}).part, SGridHit::EPart::ColumnHeader);
     EXPECT_EQ(harness.grid->HitTest({200, 25}).part, SGridHit::EPart::Nothing);
     EXPECT_EQ(harness.grid->GetVisibleRange(), (SGridRange{1, 6, 0, 1}));
+    harness.grid->SelectCell({999, 0});
+    harness.grid->ScrollTo(0, 0);
+    EXPECT_TRUE(harness.grid->BeginEdit());
+    EXPECT_EQ(harness.view.editor->rect, (SRect{0, 100, 100, 120})) << "the last row of the view";
     harness.grid->SetViewSize({0, 0});
     painter.Clear();
     harness.grid->Draw(painter, {});
