@@ -60,6 +60,8 @@ protected:
     /// The dialog opens: sets up what the view shows. @return whether the view is shown at once
     virtual bool OnInitDialog() = 0;
     virtual void OnTimer(unsigned int timer);
+    /// What EndDialog was given.
+    int GetResult() const noexcept { return m_result; }
     /// The dialog has been closed.
     virtual void OnDestroy();
     virtual CDialogView* GetDialogView() const = 0;

@@ -116,10 +116,10 @@ void CFormatSpecifierDlg::OnOK()
     CBaseDialog::OnOK();
 }
 
-void CFormatSpecifierDlg::OnCancel()
+void CFormatSpecifierDlg::OnDestroy()
 {
-    m_parameter.SetFloatFormat(m_original);
-    CBaseDialog::OnCancel();
+    if (GetResult() != c_ok)
+        m_parameter.SetFloatFormat(m_original);
 }
 
 } // namespace CommonUI

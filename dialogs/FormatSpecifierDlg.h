@@ -56,8 +56,8 @@ public:
 
     /// Gives the dialog its window before it is opened; null takes it away. The view is not owned.
     void SetView(CFormatSpecifierView* view);
-    /// The copy with what the user chose, once OK has been pressed; after Cancel, the parameter as it was
-    /// when the dialog was opened.
+    /// The copy with what the user chose, once OK has been pressed; if the dialog closes in another way,
+    /// the parameter as it was when it was opened.
     const CParameter& GetParameter() const noexcept { return m_parameter; }
     CIntEdit& GetCountEdit() noexcept { return m_count; }
 
@@ -66,10 +66,10 @@ public:
     void OnSizeEditChanged(int count);
     /// Takes what is typed in the edit field, too.
     void OnOK() override;
-    void OnCancel() override;
 
 protected:
     bool OnInitDialog() override;
+    void OnDestroy() override;
     CDialogView* GetDialogView() const override { return GetView(); }
 
 private:

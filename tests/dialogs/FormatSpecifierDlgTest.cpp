@@ -104,6 +104,13 @@ TEST_F(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
         shown.dialog.DoModal();
         EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), row.format) << "as it was when opened again";
     }
+    CShown shown({EFormat::FormatDigits, 3});
+    loop.Post([&] {
+        shown.view.Choose(0);
+        loop.Quit();
+    });
+    EXPECT_EQ(shown.dialog.DoModal(), CBaseDialog::c_cancel);
+    EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat().type, EFormat::FormatDigits) << "the program ends";
 }
 
 TEST_F(FormatSpecifierDlg, HelpOpensTheTopicOfTheDialog)
