@@ -65,6 +65,7 @@ bool CFormatSpecifierDlg::OnInitDialog()
             view->SetText(label.control, GetString(label.text));
         FillList();
     }
+    m_count.SetValidate(true);
     m_count.ShowSpinButton(c_count, true);
     // Reports the count, so that a count beyond the range becomes what the field shows.
     m_count.Setup(m_parameter.GetFloatFormat().count, c_leastCount, c_greatestCount, 1);
@@ -118,6 +119,8 @@ void CFormatSpecifierDlg::OnOK()
 
 void CFormatSpecifierDlg::OnDestroy()
 {
+    // The field loses the focus with the window, and would take what is typed in it.
+    m_count.SetValidate(false);
     if (GetResult() != c_ok)
         m_parameter.SetFloatFormat(m_original);
 }

@@ -25,7 +25,8 @@ CDialogUnits::CDialogUnits(const QWidget& widget)
     const QFontMetricsF metrics(widget.font());
     const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
     m_width = metrics.horizontalAdvance(letters) / static_cast<double>(letters.size()) / 4;
-    m_height = metrics.height() / 8;
+    // Lines begin at whole pixels.
+    m_height = widget.fontMetrics().height() / 8.0;
 }
 
 QSize CDialogUnits::ToPixels(const SSize& size) const

@@ -42,6 +42,8 @@ CNumericEditWidget::CNumericEditWidget(QWidget* parent)
     layout->addWidget(m_spin);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setFocusProxy(m_field);
+    // Without it the mnemonic of a label would not lead here.
+    setFocusPolicy(m_field->focusPolicy());
     m_spin->setFocusProxy(m_field);
     m_spin->setToolTip(ToQString(GetString(10285)));
     AddStepSizeAction(CStepSizeBtn::EType::Larger, Qt::Key_PageUp, 10283);

@@ -21,12 +21,12 @@ namespace
 {
 
 /// The place of a button whose text may need more than the template has.
-QRect Widen(const QRect& place, const QSize& needed)
+QRect Widen(const QRect& place, const QPushButton& button)
 {
-    QRect widened(QPoint(), place.size().expandedTo(needed));
-    widened.moveCenter(place.center());
-    widened.moveTop(place.top());
-    return widened;
+    const int text = button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width();
+    const int margin = button.style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, &button);
+    const int missing = std::max(0, text + 2 * margin - place.width());
+    return place.adjusted(-missing / 2, 0, missing - missing / 2, 0);
 }
 
 } // namespace
@@ -61,9 +61,8 @@ SSize CProgressWindow::MeasureText(const CStr& text, int width) const
 void CProgressWindow::SetLayout(const SProgressLayout& layout)
 {
     const CDialogUnits units(*m_text);
-    const QRect cancel = Widen(units.ToPixels(layout.cancel), m_cancel->sizeHint());
-    const QSize size = units.ToPixels(layout.dialog);
-    setFixedSize(size.expandedTo(QSize(cancel.width(), 0)));
+    const QRect cancel = Widen(units.ToPixels(layout.cancel), *m_cancel);
+    setFixedSize(units.ToPixels(layout.dialog));
     const auto place = [&](QWidget& control, const QRect& rect) {
         control.setGeometry(QStyle::visualRect(layoutDirection(), this->rect(), rect));
     };

@@ -11,7 +11,8 @@ namespace CommonUI
 namespace
 {
 
-QSizeF LayOut(QTextLayout& layout, const QString& text, double width)
+/// @param pitch from one line to the next
+QSizeF LayOut(QTextLayout& layout, const QString& text, double width, double pitch)
 {
     layout.setText(QString(text).replace(QLatin1Char('\n'), QChar(QChar::LineSeparator)));
     QTextOption option;
@@ -23,7 +24,7 @@ QSizeF LayOut(QTextLayout& layout, const QString& text, double width)
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
         line.setPosition(QPointF(0, size.height()));
-        size = {std::max(size.width(), line.naturalTextWidth()), size.height() + line.height()};
+        size = {std::max(size.width(), line.naturalTextWidth()), size.height() + pitch};
     }
     layout.endLayout();
     return size;
@@ -41,13 +42,13 @@ QSizeF CWrappedLabel::Measure(const QString& text, double width) const
 {
     ensurePolished();
     QTextLayout layout(QString(), font());
-    return LayOut(layout, text, width);
+    return LayOut(layout, text, width, fontMetrics().height());
 }
 
 void CWrappedLabel::paintEvent(QPaintEvent*)
 {
     QTextLayout layout(QString(), font(), this);
-    LayOut(layout, text(), width());
+    LayOut(layout, text(), width(), fontMetrics().height());
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
     layout.draw(&painter, QPointF(0, 0));

@@ -1,0 +1,168 @@
+#include "qt/FormatSpecifierWindow.h"
+
+#include "platform/HelpService.h"
+#include "platform/MessageLoop.h"
+#include "qt/NumericEditWidget.h"
+#include "qt/QtEditField.h"
+#include "qt/QtText.h"
+
+#include <gtest/gtest.h>
+#include <QAccessible>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+#include <functional>
+
+using namespace CommonUI;
+
+namespace
+{
+
+using CDlg = CFormatSpecifierDlg;
+using EFormat = CParameter::EFormatSpecifier;
+
+CParameter MakeParameter(const CParameter::SFormatSpecifier& format)
+{
+    CParameter parameter(1, u"Sa", u"Sa", u"Sa", 0, true);
+    parameter.SetFloatFormat(format);
+    return parameter;
+}
+
+QPushButton& GetButton(CFormatSpecifierWindow& window, QDialogButtonBox::StandardButton button)
+{
+    return *window.findChild<QDialogButtonBox*>()->button(button);
+}
+
+/// Opens the dialog, does something with it when it is active, and returns the format that it leaves.
+CParameter::SFormatSpecifier RunDialog(const CParameter::SFormatSpecifier& format,
+                                       const std::function<void(CFormatSpecifierWindow&)>& act)
+{
+    CQtFormatSpecifierDlg dialog(MakeParameter(format));
+    GetMessageLoop().Post([&] {
+        dialog.GetWindow()->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.GetWindow()));
+        act(*dialog.GetWindow());
+    });
+    dialog.DoModal();
+    EXPECT_FALSE(dialog.GetWindow()->isVisible());
+    return dialog.GetParameter().GetFloatFormat();
+}
+
+/// What screen readers call a widget: by its label, or by its own name.
+QString GetSpokenName(QWidget& widget)
+{
+    const QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&widget);
+    const auto labels = spoken.relations(QAccessible::Label);
+    return labels.isEmpty() ? spoken.text(QAccessible::Name) : labels.front().first->text(QAccessible::Name);
+}
+
+bool ShowsText(const CFormatSpecifierWindow& window, const QString& text)
+{
+    const auto labels = window.findChildren<QLabel*>();
+    return std::any_of(labels.begin(), labels.end(),
+                       [&](const QLabel* label) { return label->text() == text; });
+}
+
+} // namespace
+
+TEST(FormatSpecifierWindow, TakesWhatIsSelectedAndTypedWithOkOnly)
+{
+    using FAct = std::function<void(CFormatSpecifierWindow&)>;
+    const struct {
+        FAct end;
+        CParameter::SFormatSpecifier format;
+    } cases[] = {
+        {[](auto& window) { QTest::mouseClick(&GetButton(window, QDialogButtonBox::Ok), Qt::LeftButton); },
+         {EFormat::FormatDigits, 7}},
+        {[](auto& window) { QTest::keyClick(&window.GetList(), Qt::Key_Return); },
+         {EFormat::FormatDigits, 7}},
+        {[](auto& window) {
+             QTest::mouseClick(&GetButton(window, QDialogButtonBox::Cancel), Qt::LeftButton);
+         },
+         {EFormat::FormatInteger, 3}},
+        {[](auto& window) { QTest::keyClick(&window.GetList(), Qt::Key_Escape); },
+         {EFormat::FormatInteger, 3}},
+        {[](auto& window) { window.close(); }, {EFormat::FormatInteger, 3}},
+    };
+    for (const auto& row : cases) {
+        const auto left = RunDialog({EFormat::FormatInteger, 3}, [&](CFormatSpecifierWindow& window) {
+            EXPECT_EQ(window.GetList().currentIndex(), -1);
+            // By the mnemonics of the labels.
+            QTest::keyClick(&window, Qt::Key_F, Qt::AltModifier);
+            EXPECT_TRUE(window.GetList().hasFocus());
+            QTest::keyClick(&window.GetList(), Qt::Key_End);
+            EXPECT_EQ(window.GetList().currentText(), QStringLiteral("Digits"));
+            EXPECT_TRUE(ShowsText(window, QStringLiteral("3.141592653590 -> 3.14")));
+            QTest::keyClick(&window, Qt::Key_C, Qt::AltModifier);
+            QLineEdit& field = window.GetCountWidget().GetField();
+            EXPECT_TRUE(field.hasFocus());
+            QTest::keyClick(&field, Qt::Key_Up, Qt::ControlModifier);
+            EXPECT_TRUE(ShowsText(window, QStringLiteral("3.141592653590 -> 3.142")));
+            field.selectAll();
+            QTest::keyClicks(&field, QStringLiteral("7"));
+            row.end(window);
+        });
+        EXPECT_EQ(left, row.format);
+    }
+}
+
+TEST(FormatSpecifierWindow, NamesItsControlsAndLeadsThroughThemByTab)
+{
+    RunDialog({EFormat::FormatDecimals, 4}, [](CFormatSpecifierWindow& window) {
+        QWidget& field = window.GetCountWidget().GetField();
+        const struct {
+            QWidget& widget;
+            const char* name;
+        } order[] = {
+            {window.GetList(), "Format:"},
+            {field, "Count:"},
+            {GetButton(window, QDialogButtonBox::Ok), "OK"},
+            {GetButton(window, QDialogButtonBox::Cancel), "Cancel"},
+        };
+        for (const auto& row : order) {
+            EXPECT_EQ(window.focusWidget(), &row.widget) << row.name;
+            EXPECT_EQ(GetSpokenName(row.widget), QLatin1String(row.name));
+            QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        }
+        window.close();
+    });
+}
+
+TEST(FormatSpecifierWindow, GrowsWithTheTextsOfAnotherLanguage)
+{
+    RunDialog({EFormat::FormatDecimals, 4}, [](CFormatSpecifierWindow& window) {
+        for (const int control : {CDlg::c_format, CDlg::c_count, CDlg::c_exampleCaption, CDlg::c_largeExample,
+                                  CDlg::c_ok, CDlg::c_cancel})
+            window.SetText(control, u"Anzahl der angezeigten Nachkommastellen");
+        QCoreApplication::processEvents();
+        for (const QWidget* const widget : window.findChildren<QWidget*>()) {
+            if (!qobject_cast<const QLabel*>(widget) && !qobject_cast<const QPushButton*>(widget))
+                continue;
+            EXPECT_GE(widget->width(), widget->sizeHint().width());
+            EXPECT_GE(widget->height(), widget->sizeHint().height());
+        }
+        window.close();
+    });
+}
+
+TEST(FormatSpecifierWindow, OpensHelpAndIsCancelledWithItsParent)
+{
+    CMemoryHelpService help;
+    CHelpService* const before = SetHelpService(&help);
+    auto parent = std::make_unique<QWidget>();
+    parent->show();
+    CQtFormatSpecifierDlg dialog(MakeParameter({EFormat::FormatDigits, 5}), parent.get());
+    GetMessageLoop().Post([&] {
+        dialog.GetWindow()->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.GetWindow()));
+        QTest::keyClick(&dialog.GetWindow()->GetList(), Qt::Key_F1);
+        parent.reset();
+    });
+    EXPECT_EQ(dialog.DoModal(), CBaseDialog::c_cancel);
+    EXPECT_EQ(dialog.GetWindow(), nullptr);
+    SetHelpService(before);
+    EXPECT_EQ(help.GetOpened(), std::vector<unsigned int>{7804});
+}
