@@ -45,6 +45,7 @@ void CFormatSpecifierWindow::LayOut()
     };
     addRow(CDlg::c_format, *m_list);
     addRow(CDlg::c_count, *m_count);
+    layout->setRowMinimumHeight(layout->rowCount(), fontMetrics().height() / 4);
     for (const int number : {CDlg::c_exampleCaption, CDlg::c_largeExample, CDlg::c_smallExample}) {
         auto* const label = new QLabel;
         label->setTextFormat(Qt::PlainText);

@@ -8,7 +8,9 @@ namespace
 
 constexpr SPage c_pages[] = {
     {"numeric-edits", "Numeric edits", MakeNumericEditsPage, StageNumericEditsPage},
-    {"services", "Services", MakeServicesPage, nullptr},
+    {"progress", "Progress", MakeProgressPage, StageProgressPage},
+    {"number-format", "Number format", MakeNumberFormatPage, StageNumberFormatPage},
+    {"services", "Services", MakeServicesPage, nullptr, OpenMessageBox},
 };
 
 } // namespace

@@ -16,6 +16,9 @@ struct SPage {
     QWidget* (*make)(const FLog& log);
     /// Brings the page into the state that its picture shows; null if it is at once.
     void (*stage)(QWidget& page);
+    /// Opens a modal window over the page for its picture, and returns when that is closed; null if there is
+    /// none.
+    void (*open)() = nullptr;
 };
 
 /// All pages, in their order. A new one is a row here and a source of its own.
@@ -23,6 +26,11 @@ std::span<const SPage> GetPages();
 
 QWidget* MakeNumericEditsPage(const FLog& log);
 void StageNumericEditsPage(QWidget& page);
+QWidget* MakeProgressPage(const FLog& log);
+void StageProgressPage(QWidget& page);
+QWidget* MakeNumberFormatPage(const FLog& log);
+void StageNumberFormatPage(QWidget& page);
 QWidget* MakeServicesPage(const FLog& log);
+void OpenMessageBox();
 
 } // namespace Gallery

@@ -27,6 +27,7 @@ QPalette MakeDarkPalette()
     palette.setColor(QPalette::ToolTipBase, QColor(0x3c, 0x3f, 0x43));
     palette.setColor(QPalette::PlaceholderText, dim);
     palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xb5));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x5c, 0x60, 0x64));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, QColor(0x6c, 0xb0, 0xf5));
     return palette;

@@ -15,6 +15,12 @@ namespace
 
 using namespace CommonUI;
 
+SMessageBox MakeQuestion()
+{
+    using namespace MessageBoxStyle;
+    return {u"The file exists.\nReplace it?", c_yesNo | c_warning | c_help, 21000};
+}
+
 void ShowBox(const FLog& log, const SMessageBox& box)
 {
     const int answer = static_cast<int>(GetMessageBoxService().Show(box));
@@ -55,9 +61,7 @@ public:
         layout->addStretch();
         using namespace MessageBoxStyle;
         Add("Tell an &error", [log] { ShowBox(log, {u"The file could not be read.", c_ok | c_error}); });
-        Add("&Warn and ask, with help", [log] {
-            ShowBox(log, {u"The file exists.\nReplace it?", c_yesNo | c_warning | c_help, 21000});
-        });
+        Add("&Warn and ask, with help", [log] { ShowBox(log, MakeQuestion()); });
         Add("&Ask, or cancel", [log] {
             ShowBox(log, {u"Go on with the next one?", c_okCancel | c_question});
         });
@@ -80,6 +84,11 @@ private:
 };
 
 } // namespace
+
+void OpenMessageBox()
+{
+    GetMessageBoxService().Show(MakeQuestion());
+}
 
 QWidget* MakeServicesPage(const FLog& log)
 {

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QProcess>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -18,14 +19,50 @@ namespace Gallery
 namespace
 {
 
-/// The window with what lies over it: pop-ups are windows of their own.
+QColor Mix(const QPalette& palette, int percentOfText)
+{
+    const QColor ground = palette.color(QPalette::Window);
+    const QColor text = palette.color(QPalette::WindowText);
+    const auto mix = [=](int from, int to) { return from + (to - from) * percentOfText / 100; };
+    return {mix(ground.red(), text.red()), mix(ground.green(), text.green()),
+            mix(ground.blue(), text.blue())};
+}
+
+/// What window managers draw, which a display in memory has none of.
+void DrawTitleBar(QPainter& painter, const QRect& place, const QWidget& dialog)
+{
+    const int height = dialog.fontMetrics().height() * 3 / 2;
+    const QRect bar(place.x(), place.y() - height, place.width(), height);
+    painter.fillRect(bar, Mix(dialog.palette(), 15));
+    painter.setPen(Mix(dialog.palette(), 40));
+    painter.drawRect(bar.united(place).adjusted(-1, -1, 0, 0));
+    painter.setPen(dialog.palette().color(QPalette::WindowText));
+    painter.drawText(bar, Qt::AlignCenter, dialog.windowTitle());
+}
+
+/// The window with what lies over it: pop-ups and dialogs are windows of their own.
 QPixmap Grab(QWidget& window)
 {
     QPixmap picture = window.grab();
     QPainter painter(&picture);
     for (QWidget* const other : QApplication::topLevelWidgets())
-        if (other != &window && other->isVisible())
-            painter.drawPixmap(window.mapFromGlobal(other->pos()), other->grab());
+        if (other != &window && other->isVisible()) {
+            const QRect place(window.mapFromGlobal(other->pos()), other->size());
+            painter.drawPixmap(place.topLeft(), other->grab());
+            if (other->windowType() == Qt::Dialog)
+                DrawTitleBar(painter, place, *other);
+        }
+    return picture;
+}
+
+QPixmap GrabWhileOpen(QWidget& window, void (*open)())
+{
+    QPixmap picture;
+    QTimer::singleShot(0, &window, [&] {
+        picture = Grab(window);
+        QApplication::activeModalWidget()->close();
+    });
+    open();
     return picture;
 }
 
@@ -40,7 +77,7 @@ bool WritePage(const SPage& page, int index, const QString& folder, bool dark)
     if (page.stage)
         page.stage(window.GetPage(index));
     QCoreApplication::processEvents();
-    const QPixmap picture = Grab(window);
+    const QPixmap picture = page.open ? GrabWhileOpen(window, page.open) : Grab(window);
     const QString path =
         QStringLiteral("%1/%2-%3-%4.png")
             .arg(folder, QString::fromUtf8(page.key), dark ? QStringLiteral("dark") : QStringLiteral("light"))
