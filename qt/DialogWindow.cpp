@@ -72,11 +72,15 @@ void CDialogWindow::showEvent(QShowEvent* event)
 
 void CDialogWindow::LieOver(QWidget* below)
 {
-    m_below = below == this ? nullptr : below;
-    if (parentWidget())
-        return;
     winId();
-    windowHandle()->setTransientParent(m_below ? m_below->windowHandle() : nullptr);
+    QWindow* const window = below ? below->windowHandle() : nullptr;
+    // A message box may have come up over the dialog while that was hidden.
+    const bool isAbove = window && windowHandle()->isAncestorOf(window, QWindow::IncludeTransients);
+    if (below == this || isAbove)
+        return;
+    m_below = below;
+    if (!parentWidget())
+        windowHandle()->setTransientParent(window);
 }
 
 void CDialogWindow::ShowWindow(bool visible)

@@ -18,10 +18,13 @@ std::string Read(std::string path)
 
 } // namespace
 
-TEST(Documentation, ShowsTheProgramThatIsBuilt)
+TEST(Documentation, ShowsTheProgramsThatAreBuilt)
 {
-    std::string block = "```cpp\n";
-    block += Read("examples/number_dialog/main.cpp");
-    block += "```\n";
-    EXPECT_NE(Read("docs/qt.md").find(block), std::string::npos);
+    for (const char* const program :
+         {"examples/number_dialog/main.cpp", "examples/progress_dialog/main.cpp"}) {
+        std::string block = "```cpp\n";
+        block += Read(program);
+        block += "```\n";
+        EXPECT_NE(Read("docs/qt.md").find(block), std::string::npos) << program;
+    }
 }

@@ -2,14 +2,17 @@
 
 #include "platform/HelpService.h"
 #include "platform/ManualTimerService.h"
+#include "platform/MessageBoxService.h"
 #include "platform/MessageLoop.h"
 #include "qt/QtProgressDialog.h"
 #include "qt/QtText.h"
+#include "WhenShown.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>
 #include <QApplication>
 #include <QLabel>
+#include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
@@ -40,7 +43,7 @@ public:
         main->resize(600, 400);
         main->show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(main.get()));
-        MakeDialog();
+        MakeDialog(main.get());
     }
     ~ProgressWindow() override
     {
@@ -48,9 +51,9 @@ public:
         SetTimerService(m_timersBefore);
     }
 
-    void MakeDialog()
+    void MakeDialog(QWidget* parent)
     {
-        dialog = std::make_unique<CQtProgressThreadDialog>(main.get(), u"Batch", CStr());
+        dialog = std::make_unique<CQtProgressThreadDialog>(parent, u"Batch", CStr());
         dialog->SetWork(*this, &ProgressWindow::Work);
         dialog->SetStepCallback(*this, &ProgressWindow::OnStep);
     }
@@ -150,6 +153,25 @@ TEST_F(ProgressWindow, AppearsWithTheFirstStepOrAfterTwoSeconds)
         EXPECT_EQ(clicks, 0);
     }
     EXPECT_EQ(steps, 1);
+}
+
+TEST_F(ProgressWindow, LeavesAMessageBoxUsableThatWasThereBefore)
+{
+    // With a parent, and over the window in use.
+    for (const bool hasParent : {true, false}) {
+        MakeDialog(hasParent ? main.get() : nullptr);
+        const auto act = [&] {
+            WhenShown<QMessageBox>([&](QMessageBox& box) {
+                timers.Advance(CProgressDialogBase::c_showDelay);
+                EXPECT_TRUE(Window().IsOnScreen());
+                const QWidget& ok = *box.button(QMessageBox::Ok);
+                QTest::mouseClick(box.windowHandle(), Qt::LeftButton, {}, ok.mapTo(&box, ok.rect().center()));
+                EXPECT_FALSE(box.isVisible());
+            });
+            GetMessageBoxService().Show({u"A file is missing.", MessageBoxStyle::c_ok});
+        };
+        RunWhileWorkWaits(act, [] {});
+    }
 }
 
 TEST_F(ProgressWindow, CancelsBeforeTheFirstReportAndStaysOpen)
@@ -255,7 +277,7 @@ TEST_F(ProgressWindow, WhoeverGoesFirstTheOthersStayAlive)
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
-        MakeDialog();
+        MakeDialog(main.get());
         bool ended = false;
         work = [&, worked = dialog.get()] {
             while (worked->PostThreadProgress(1, u"Working") == 0) {

@@ -5,6 +5,7 @@
 #include "platform/Folders.h"
 #include "platform/HelpService.h"
 #include "qt/QtText.h"
+#include "WhenShown.h"
 
 #include <gtest/gtest.h>
 #include <QApplication>
@@ -18,7 +19,6 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
 #include <functional>
 #include <stdexcept>
@@ -28,19 +28,6 @@ using namespace CommonUI;
 
 namespace
 {
-
-/// Does something with the dialog that a call is about to show, as soon as it is there.
-template<class TDialog>
-void WhenShown(const std::function<void(TDialog&)>& act)
-{
-    QTimer::singleShot(0, qApp, [act] {
-        auto* const dialog = qobject_cast<TDialog*>(QApplication::activeModalWidget());
-        if (dialog && dialog->isVisible())
-            act(*dialog);
-        else
-            WhenShown<TDialog>(act);
-    });
-}
 
 class CTicks
 {
