@@ -191,7 +191,7 @@ TEST_F(ProgressWindow, CancelsBeforeTheFirstReportAndStaysOpen)
         int answer = 0;
         const auto act = [&] {
             timers.Advance(CProgressDialogBase::c_showDelay);
-            QTest::keyClick(&Window(), Qt::Key_Return);
+            QTest::keyClick(&Window().GetCancelButton(), Qt::Key_Return);
             EXPECT_FALSE(dialog->IsCanceled());
             row.act();
             EXPECT_TRUE(Window().IsOnScreen());
