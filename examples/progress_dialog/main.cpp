@@ -33,7 +33,7 @@ private:
                 return; // the user has cancelled
         }
     }
-    void Evaluate(int) { std::this_thread::sleep_for(std::chrono::milliseconds(20)); }
+    static void Evaluate(int) { std::this_thread::sleep_for(std::chrono::milliseconds(20)); }
 
     CProgressThreadDialog* m_dialog = nullptr;
 };

@@ -1,6 +1,5 @@
 #include "qt/ProgressWindow.h"
 
-#include "platform/HelpService.h"
 #include "platform/ManualTimerService.h"
 #include "platform/MessageBoxService.h"
 #include "platform/MessageLoop.h"
@@ -256,8 +255,6 @@ TEST_F(ProgressWindow, AnExceptionReachesTheCallerWhenTheWindowIsClosed)
     };
     EXPECT_THROW(dialog->DoModal(), std::runtime_error);
     EXPECT_FALSE(Window().isVisible());
-    work = [] {};
-    EXPECT_EQ(dialog->DoModal(), CBaseDialog::c_ok);
 }
 
 TEST_F(ProgressWindow, WhoeverGoesFirstTheOthersStayAlive)
@@ -366,21 +363,4 @@ TEST_F(ProgressWindow, TellsScreenReadersTextAndProgress)
     EXPECT_EQ(label->text(QAccessible::Name), QStringLiteral("Reading"));
     EXPECT_EQ(Window().windowIcon().cacheKey(), icon.cacheKey());
     EXPECT_EQ(Window().windowTitle(), QStringLiteral("Batch"));
-}
-
-TEST_F(ProgressWindow, OpensHelpByKeyAndTitleBar)
-{
-    CMemoryHelpService help;
-    CHelpService* const before = SetHelpService(&help);
-    const auto act = [&] {
-        timers.Advance(CProgressDialogBase::c_showDelay);
-        Window().activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&Window()));
-        QTest::keyClick(&Window(), Qt::Key_F1);
-        QEvent question(QEvent::EnterWhatsThisMode);
-        QCoreApplication::sendEvent(&Window(), &question);
-    };
-    RunWhileWorkWaits(act, [] {});
-    SetHelpService(before);
-    EXPECT_EQ(help.GetOpened(), (std::vector<unsigned int>{7204, 7204}));
 }
