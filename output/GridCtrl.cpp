@@ -79,12 +79,90 @@ void CGridCtrl::ShowRows(const std::vector<std::unique_ptr<CGridRow>>& rows)
     }
 }
 
+bool CGridCtrl::IsShown(const CGridRow& row) const noexcept
+{
+    return row.m_place < m_shown.size() && m_shown[row.m_place] == &row;
+}
+
+/// Keeps the other rows in their places, so that a tree can be built row by row.
+void CGridCtrl::SubRowAdded(CGridRow& row)
+{
+    const CGridRow& parent = *row.m_parent;
+    m_hasTree = true;
+    if (parent.IsExpanded() && IsShown(parent)) {
+        const CGridRow* last = &parent;
+        if (const std::size_t count = parent.m_subRows.size(); count > 1)
+            last = parent.m_subRows[count - 2].get();
+        while (last != &parent && last->IsExpanded() && last->HasSubRows())
+            last = last->m_subRows.back().get();
+        m_shown.insert(m_shown.begin() + static_cast<std::ptrdiff_t>(last->m_place) + 1, &row);
+        for (std::size_t place = last->m_place + 1; place < m_shown.size(); ++place)
+            m_shown[place]->m_place = place;
+        SetRowCount(m_shown.size());
+    }
+    ItemsChanged();
+}
+
 void CGridCtrl::ItemsChanged()
 {
-    const std::shared_ptr<CGridItem> item = m_edited.lock();
-    if (m_editing && (!item || GetItemRect(*item).IsEmpty()))
-        CancelEdit();
+    OnLayoutChanged();
     Redraw();
+}
+
+/// An editor follows its cell, and closes when there is none any more.
+void CGridCtrl::OnLayoutChanged()
+{
+    if (!m_editing)
+        return;
+    const std::shared_ptr<CGridItem> item = m_edited.lock();
+    const SRect rect = item && item->GetGrid() == this ? GetItemRect(*item) : SRect{};
+    if (rect.IsEmpty())
+        CancelEdit();
+    else if (GetView())
+        GetView()->MoveEditor(rect);
+}
+
+void CGridCtrl::SetView(CGridView* view)
+{
+    m_editing = false;
+    CGridPane::SetView(view);
+}
+
+SSpokenCell CGridCtrl::Speak(SGridCell cell) const
+{
+    SSpokenCell spoken;
+    if (const auto item = GetItem(cell)) {
+        spoken.text = item->GetSpokenText();
+        spoken.enabled = item->IsEnabled();
+        spoken.readOnly = !item->CanChange();
+    }
+    if (cell.column == 0 && cell.row < m_shown.size()) {
+        spoken.hasSubRows = m_shown[cell.row]->HasSubRows();
+        spoken.expanded = m_shown[cell.row]->IsExpanded();
+    }
+    return spoken;
+}
+
+CStr CGridCtrl::SpeakHeader(std::size_t column) const
+{
+    return column < m_columns.size() ? m_columns[column].header : CStr();
+}
+
+int CGridCtrl::GetFittingWidth(std::size_t column) const
+{
+    constexpr int wide = 1 << 20;
+    int width = GetView()->GetTextWidth(m_columns[column].header) + 4 * c_margin;
+    for (std::size_t row = 0; row < std::min(m_shown.size(), c_fittedRows); ++row) {
+        const auto item = GetItem({row, column});
+        if (!item)
+            continue;
+        const SRect place{0, 0, wide, GetRowHeight()};
+        int needed = GetView()->GetTextWidth(item->FormatItem()) + wide - item->GetTextRect(place).GetWidth();
+        if (m_hasTree && column == 0)
+            needed += GetExpanderRect({row, 0}, {}).right;
+        width = std::max(width, needed);
+    }
+    return width;
 }
 
 std::shared_ptr<CGridItem> CGridCtrl::GetItem(SGridCell cell) const
@@ -103,14 +181,13 @@ void CGridCtrl::SetReadOnly(bool readOnly)
 bool CGridCtrl::IsSelected(const CGridItem& item) const
 {
     const CGridRow* const row = item.GetRow();
-    return row && row->m_place < m_shown.size() && m_shown[row->m_place] == row &&
-           GetSelection().Contains({row->m_place, row->GetColumnOf(item)});
+    return row && IsShown(*row) && GetSelection().Contains({row->m_place, row->GetColumnOf(item)});
 }
 
 SRect CGridCtrl::GetItemRect(const CGridItem& item) const
 {
     const CGridRow* const row = item.GetRow();
-    if (!row || row->m_place >= m_shown.size() || m_shown[row->m_place] != row)
+    if (!row || !IsShown(*row))
         return {};
     const std::size_t column = row->GetColumnOf(item);
     return column < GetColumnCount() ? GetContentRect({row->m_place, column}) : SRect{};

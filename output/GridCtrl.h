@@ -58,18 +58,25 @@ public:
     virtual void OnItemChanged(CGridItem& item, int id);
 
     /// Opens the editor of the item that has the focus. @return false when it has none, or cannot be changed
-    bool BeginEdit();
+    /// @param typed what goes into the editor in place of the value
+    bool BeginEdit(const CStr& typed = {});
     bool IsEditing() const noexcept { return m_editing; }
-    /// The editor is done: closes it and gives its text to the item. @return false when the item refuses the
-    /// text and keeps its value, or is no more
-    bool EndEdit(const CStr& text);
-    void CancelEdit();
 
+    void SetView(CGridView* view) override;
+    SSpokenCell Speak(SGridCell cell) const override;
+    CStr SpeakHeader(std::size_t column) const override;
     void OnMouse(unsigned int message, SPoint point, SGridModifiers modifiers) override;
     bool OnKey(const SGridKey& key) override;
-    EGridCursor OnSetCursor(SPoint point) const;
+    /// Begins to edit, with the text in place of the value.
+    bool OnText(const CStr& text) override;
+    bool EndEdit(const CStr& text) override;
+    void CancelEdit() override;
+    bool EditNext(bool backward) override;
+    EGridCursor OnSetCursor(SPoint point) const override;
 
 protected:
+    void OnLayoutChanged() override;
+    int GetFittingWidth(std::size_t column) const override;
     void DrawCell(CGridPainter& painter, SGridCell cell, const SRect& rect) const override;
     void DrawHeader(CGridPainter& painter, std::size_t first, std::size_t last) const override;
 
@@ -78,6 +85,10 @@ private:
 
     /// Rows have come or gone, or are shown or hidden.
     void RowsChanged();
+    /// A row has come below another one.
+    void SubRowAdded(CGridRow& row);
+    bool IsShown(const CGridRow& row) const noexcept;
+    bool CanEdit(SGridCell cell) const;
     /// An item has come or gone: an editor whose item is no longer in the grid is closed.
     void ItemsChanged();
     void ShowRows(const std::vector<std::unique_ptr<CGridRow>>& rows);

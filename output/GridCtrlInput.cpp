@@ -5,7 +5,7 @@
 namespace CommonUI
 {
 
-bool CGridCtrl::BeginEdit()
+bool CGridCtrl::BeginEdit(const CStr& typed)
 {
     const std::shared_ptr<CGridItem> item = GetFocusItem();
     SGridEdit edit;
@@ -14,6 +14,7 @@ bool CGridCtrl::BeginEdit()
     CancelEdit();
     EnsureVisible(GetSelection().GetFocus());
     edit.rect = GetItemRect(*item);
+    edit.typed = typed;
     m_edited = item;
     m_editing = true;
     GetView()->OpenEditor(edit);
@@ -38,6 +39,36 @@ bool CGridCtrl::EndEdit(const CStr& text)
     if (!(item->GetValue() == before))
         item->ReportChange();
     return true;
+}
+
+bool CGridCtrl::OnText(const CStr& text)
+{
+    return BeginEdit(text);
+}
+
+bool CGridCtrl::CanEdit(SGridCell cell) const
+{
+    SGridEdit edit;
+    const std::shared_ptr<CGridItem> item = GetItem(cell);
+    return item && item->CanChange() && item->CreateInPlaceEdit(edit);
+}
+
+bool CGridCtrl::EditNext(bool backward)
+{
+    const std::size_t columns = GetColumnCount();
+    const std::size_t count = GetRowCount() * columns;
+    const SGridCell focus = GetSelection().GetFocus();
+    for (std::size_t place = focus.row * columns + focus.column; backward ? place-- > 0 : ++place < count;) {
+        const SGridCell cell{place / columns, place % columns};
+        if (!CanEdit(cell))
+            continue;
+        const std::weak_ptr<CGridItem> item = GetItem(cell);
+        SelectCell(cell);
+        // The selection callback may have destroyed the grid.
+        const std::shared_ptr<CGridItem> still = item.lock();
+        return still && still->GetGrid() == this && BeginEdit();
+    }
+    return false;
 }
 
 bool CGridCtrl::ClickExpander(SGridCell cell, SPoint point)
@@ -70,6 +101,11 @@ bool CGridCtrl::ClickItem(unsigned int message, SPoint point, CGridItem& item)
 void CGridCtrl::OnMouse(unsigned int message, SPoint point, SGridModifiers modifiers)
 {
     const SGridHit hit = HitTest(point);
+    if (message == GridMouse::c_move || message == GridMouse::c_leftUp) {
+        CGridPane::OnMouse(message, point, modifiers);
+        return;
+    }
+    EndDrag();
     const bool left = message == GridMouse::c_leftDown || message == GridMouse::c_leftDoubleClick;
     if (hit.part != SGridHit::EPart::Cell || (!left && message != GridMouse::c_rightDown)) {
         CGridPane::OnMouse(message, point, modifiers);
@@ -84,7 +120,9 @@ void CGridCtrl::OnMouse(unsigned int message, SPoint point, SGridModifiers modif
         if (item->GetGrid() != this)
             return;
     }
-    if (left)
+    if (message == GridMouse::c_leftDown && !m_editing)
+        PressAt(hit, modifiers.shift);
+    else if (left)
         SelectAndShow(hit.part, hit.cell, modifiers.shift);
 }
 
@@ -92,7 +130,7 @@ EGridCursor CGridCtrl::OnSetCursor(SPoint point) const
 {
     const SGridHit hit = HitTest(point);
     const auto item = hit.part == SGridHit::EPart::Cell ? GetItem(hit.cell) : nullptr;
-    return item ? item->OnSetCursor(point, GetItemRect(*item)) : EGridCursor::Arrow;
+    return item ? item->OnSetCursor(point, GetItemRect(*item)) : CGridPane::OnSetCursor(point);
 }
 
 /// @return whether the item has used the key; the grid may be gone then
@@ -101,7 +139,7 @@ bool CGridCtrl::UseKey(const SGridKey& key, CGridItem& item)
     if (!item.IsEnabled())
         return false;
     if (key.key == EGridKey::Space)
-        return item.OnSpace();
+        return item.OnSpace() || (item.HasFlag(CGridItem::HasOptions) && BeginEdit());
     if (key.key == EGridKey::Enter && item.OnEnter())
         return true;
     return (key.key == EGridKey::Enter || key.key == EGridKey::F2) && BeginEdit();

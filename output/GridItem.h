@@ -17,9 +17,6 @@ namespace CommonUI
 class CGridCtrl;
 class CGridRow;
 
-/// The shapes of the pointer over a grid.
-enum class EGridCursor { Arrow, Hand, Text };
-
 /// A cell of a grid: a value with flags, and how it is drawn, clicked and edited. What follows is a plain
 /// cell, which shows its value and edits it as a text; derived items override.
 ///

@@ -1,6 +1,7 @@
 #include "output/GridPane.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 
 namespace CommonUI
@@ -20,6 +21,13 @@ CGridPane::CGridPane()
 }
 
 CGridPane::~CGridPane() = default;
+
+void CGridPane::SetView(CGridView* view)
+{
+    Link(*this, view);
+    if (view)
+        Changed();
+}
 
 void CGridPane::SetViewSize(const SSize& size)
 {
@@ -64,6 +72,18 @@ void CGridPane::SetColumnWidth(std::size_t column, int width)
     Changed();
 }
 
+void CGridPane::FitColumn(std::size_t column)
+{
+    if (GetView())
+        SetColumnWidth(column, GetFittingWidth(column));
+}
+
+void CGridPane::FitColumns()
+{
+    for (std::size_t column = 0; column < GetColumnCount(); ++column)
+        FitColumn(column);
+}
+
 CGridPane::SExtent CGridPane::GetExtent() const noexcept
 {
     return {m_edges.back(), static_cast<long long>(m_rowCount) * GetRowHeight() + m_headerHeight};
@@ -79,8 +99,9 @@ void CGridPane::CutScrolling()
 void CGridPane::Changed()
 {
     CutScrolling();
-    if (m_view)
-        m_view->UpdateScrollBars();
+    if (GetView())
+        GetView()->UpdateScrollBars();
+    OnLayoutChanged();
     Redraw();
 }
 
@@ -95,20 +116,26 @@ void CGridPane::ScrollTo(int left, long long top)
         Changed();
 }
 
+long long CGridPane::TopToShow(std::size_t row) const
+{
+    const long long rowTop = static_cast<long long>(row) * GetRowHeight();
+    const long long bodyHeight = std::max(m_size.cy - m_headerHeight, GetRowHeight());
+    return std::clamp(m_top, rowTop + GetRowHeight() - bodyHeight, rowTop);
+}
+
+int CGridPane::LeftToShow(std::size_t column) const
+{
+    if (column < m_frozen)
+        return m_left;
+    // Where a cell is wider than the view, its beginning counts.
+    const int left = std::max(m_left, m_edges[column + 1] - m_size.cx);
+    return std::min(left, m_edges[column] - GetFrozenWidth());
+}
+
 void CGridPane::EnsureVisible(SGridCell cell)
 {
-    if (cell.row >= m_rowCount || cell.column >= GetColumnCount())
-        return;
-    const long long rowTop = static_cast<long long>(cell.row) * GetRowHeight();
-    const long long bodyHeight = std::max(m_size.cy - m_headerHeight, GetRowHeight());
-    const long long top = std::clamp(m_top, rowTop + GetRowHeight() - bodyHeight, rowTop);
-    int left = m_left;
-    if (cell.column >= m_frozen) {
-        // Where a cell is wider than the view, its beginning counts.
-        left = std::max(left, m_edges[cell.column + 1] - m_size.cx);
-        left = std::min(left, m_edges[cell.column] - GetFrozenWidth());
-    }
-    ScrollTo(left, top);
+    if (cell.row < m_rowCount && cell.column < GetColumnCount())
+        ScrollTo(LeftToShow(cell.column), TopToShow(cell.row));
 }
 
 std::size_t CGridPane::RowAt(long long y) const
@@ -199,8 +226,8 @@ void CGridPane::Draw(CGridPainter& painter, const SRect& clip) const
 
 void CGridPane::Redraw() const
 {
-    if (m_view)
-        m_view->Invalidate({0, 0, m_size.cx, m_size.cy});
+    if (GetView())
+        GetView()->Invalidate({0, 0, m_size.cx, m_size.cy});
 }
 
 void CGridPane::SelectAll()
@@ -213,10 +240,16 @@ void CGridPane::OnSelectionChanged()
 {
 }
 
+void CGridPane::OnLayoutChanged()
+{
+}
+
 void CGridPane::AnnounceSelection()
 {
     OnSelectionChanged();
     Redraw();
+    if (GetView())
+        GetView()->OnSelectionChanged();
     if (const auto closure = m_selectionSlot.Share<void>())
         closure->Invoke();
 }
@@ -240,31 +273,95 @@ void CGridPane::SelectAndShow(SGridHit::EPart part, SGridCell cell, bool extend)
     AnnounceSelection();
 }
 
+void CGridPane::PressAt(const SGridHit& hit, bool extend)
+{
+    m_dragged = hit.part;
+    SelectAndShow(hit.part, hit.cell, extend);
+}
+
+void CGridPane::EndDrag() noexcept
+{
+    m_dragged = SGridHit::EPart::Nothing;
+    m_resized.reset();
+}
+
 void CGridPane::Drag(SPoint point)
 {
+    const bool column = m_dragged == SGridHit::EPart::ColumnHeader;
+    if (m_selection.IsEmpty() || (!column && m_dragged != SGridHit::EPart::Cell))
+        return;
     const auto toward = [](int place, int low, int high, std::size_t focus, std::size_t hit) {
         if (place >= low && place < high)
             return hit;
         return place < low ? focus - std::min<std::size_t>(focus, 1) : focus + 1;
     };
-    const SGridHit hit = HitTest(point);
-    if (m_selection.IsEmpty() ||
-        (hit.part == SGridHit::EPart::Nothing && m_size.cy > point.y && m_size.cx > point.x))
-        return;
-    const SGridCell focus = m_selection.GetFocus();
-    m_selection.ExtendTo({toward(point.y, m_headerHeight, m_size.cy, focus.row, hit.cell.row),
-                          toward(point.x, 0, m_size.cx, focus.column, hit.cell.column)});
-    EnsureVisible(m_selection.GetFocus());
+    const SExtent extent = GetExtent();
+    const long long bottom = std::min<long long>(m_size.cy, extent.height - m_top);
+    const int right = std::min(m_size.cx, extent.width - m_left);
+    const SPoint inside{std::max(std::min(point.x, right - 1), 0),
+                        std::max(std::min(point.y, static_cast<int>(bottom) - 1), m_headerHeight)};
+    const SGridCell hit = HitTest(inside).cell;
+    SGridCell focus = m_selection.GetFocus();
+    if (!column)
+        focus.row = toward(point.y, m_headerHeight, m_size.cy, focus.row, hit.row);
+    focus.column = toward(point.x, 0, m_size.cx, focus.column, hit.column);
+    m_selection.ExtendTo(focus);
+    focus = m_selection.GetFocus();
+    ScrollTo(LeftToShow(focus.column), column ? m_top : TopToShow(focus.row));
     AnnounceSelection();
+}
+
+std::optional<std::size_t> CGridPane::FindEdge(SPoint point) const
+{
+    constexpr int reach = 4;
+    if (point.y < 0 || point.y >= m_headerHeight)
+        return std::nullopt;
+    // From the right, so that a column without width is found and can be opened again.
+    const auto find = [&](std::size_t first, std::size_t end, int shift) -> std::optional<std::size_t> {
+        for (std::size_t column = end; column-- > first;) {
+            const int edge = m_edges[column + 1] - shift;
+            if (std::abs(edge - point.x) <= reach && (shift == 0 || edge >= GetFrozenWidth()))
+                return column;
+        }
+        return std::nullopt;
+    };
+    const auto frozen = find(0, m_frozen, 0);
+    return frozen ? frozen : find(m_frozen, GetColumnCount(), m_left);
+}
+
+bool CGridPane::PressEdge(unsigned int message, SPoint point)
+{
+    const auto edge = FindEdge(point);
+    if (edge && message == GridMouse::c_leftDown)
+        m_resized = edge;
+    else if (edge)
+        FitColumn(*edge);
+    return edge.has_value();
+}
+
+void CGridPane::Resize(std::size_t column, SPoint point)
+{
+    SetColumnWidth(column, std::max(point.x - GetCellRect({0, column}).left, 2 * c_margin));
+}
+
+EGridCursor CGridPane::OnSetCursor(SPoint point) const
+{
+    return m_resized || FindEdge(point) ? EGridCursor::Resize : EGridCursor::Arrow;
 }
 
 void CGridPane::OnMouse(unsigned int message, SPoint point, SGridModifiers modifiers)
 {
-    const SGridHit hit = HitTest(point);
-    if (message == GridMouse::c_leftDown)
-        SelectAndShow(hit.part, hit.cell, modifiers.shift);
-    else if (message == GridMouse::c_move)
-        Drag(point);
+    if (message == GridMouse::c_move) {
+        if (m_resized)
+            Resize(*m_resized, point);
+        else
+            Drag(point);
+        return;
+    }
+    EndDrag();
+    const bool press = message == GridMouse::c_leftDown || message == GridMouse::c_leftDoubleClick;
+    if (press && !PressEdge(message, point) && message == GridMouse::c_leftDown)
+        PressAt(HitTest(point), modifiers.shift);
 }
 
 bool CGridPane::OnKey(const SGridKey& key)
@@ -275,6 +372,25 @@ bool CGridPane::OnKey(const SGridKey& key)
         EnsureVisible(m_selection.GetFocus());
     AnnounceSelection();
     return true;
+}
+
+bool CGridPane::OnText(const CStr& /*text*/)
+{
+    return false;
+}
+
+bool CGridPane::EndEdit(const CStr& /*text*/)
+{
+    return false;
+}
+
+void CGridPane::CancelEdit()
+{
+}
+
+bool CGridPane::EditNext(bool /*backward*/)
+{
+    return false;
 }
 
 void CGridPane::OnFocus(bool focus)

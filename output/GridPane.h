@@ -2,12 +2,14 @@
 
 #include "../common/Rect.h"
 #include "../controls/Closure.h"
+#include "../controls/View.h"
 #include "../platform/Export.h"
 #include "GridPainter.h"
 #include "GridSelection.h"
 #include "GridView.h"
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace CommonUI
@@ -31,11 +33,20 @@ struct SGridHit {
     SGridCell cell{}; ///< the column counts for ColumnHeader, both for Cell
 };
 
+/// What a screen reader tells of a cell.
+struct SSpokenCell {
+    CStr text{};
+    bool enabled = true;
+    bool readOnly = true;
+    bool hasSubRows = false; ///< it has rows below it, which are shown if it is expanded
+    bool expanded = false;
+};
+
 /// What all grids have in common: where their cells lie, which of them are drawn, scrolling, selection and
 /// keys. All rows have one height, so that nothing here depends on how many there are.
 ///
 /// A view beside it shows the grid and forwards events. User-interface thread only.
-class COMMONUI_API CGridPane
+class COMMONUI_API CGridPane : public CViewedControl<CGridView>
 {
 public:
     /// The size of everything there is to scroll through, in pixels, the headers included.
@@ -48,9 +59,9 @@ public:
     CGridPane(const CGridPane&) = delete;
     CGridPane& operator=(const CGridPane&) = delete;
 
-    /// Gives the grid its view; null takes it away. The view is not owned and must outlive its use.
-    void SetView(CGridView* view) noexcept { m_view = view; }
-    CGridView* GetView() const noexcept { return m_view; }
+    /// Gives the grid its view; null takes it away. The view is not owned; either may go first. An editor
+    /// that is open comes to its end, but is left to the view before.
+    virtual void SetView(CGridView* view);
     /// The size of the view in pixels; to be told whenever it changes.
     void SetViewSize(const SSize& size);
     /// The height of a line of text in pixels, 1 or more, by which rows and headers are laid out.
@@ -63,6 +74,10 @@ public:
     /// In pixels.
     int GetColumnWidth(std::size_t column) const { return m_edges[column + 1] - m_edges[column]; }
     void SetColumnWidth(std::size_t column, int width);
+    /// Makes a column as wide as its header and the cells of the first hundred rows need it, by the view's
+    /// font. Does nothing without a view.
+    void FitColumn(std::size_t column);
+    virtual void FitColumns();
 
     SExtent GetExtent() const noexcept;
     int GetScrollLeft() const noexcept { return m_left; }
@@ -93,16 +108,35 @@ public:
     /// Asks the view to draw everything anew.
     void Redraw() const;
 
+    virtual SSpokenCell Speak(SGridCell cell) const = 0;
+    /// The header of a column as a screen reader says it, in one line.
+    virtual CStr SpeakHeader(std::size_t column) const = 0;
+
     /// The mouse has done something. @param message one of GridMouse; others are ignored
+    ///
+    /// Dragging the right edge of a column's header changes its width, and a double click fits it.
     virtual void OnMouse(unsigned int message, SPoint point, SGridModifiers modifiers);
     /// A key has been pressed. @return false for one that the grid has no use for
     virtual bool OnKey(const SGridKey& key);
+    /// A text has been typed that is none of the keys. @return false when it opens no editor
+    virtual bool OnText(const CStr& text);
+    /// The editor of the view is done: closes it and gives its text to the cell. @return false when the cell
+    /// refuses the text and keeps its value, or is no more
+    virtual bool EndEdit(const CStr& text);
+    virtual void CancelEdit();
+    /// Opens the editor of the next cell that has one, from left to right and from top to bottom.
+    /// @return false, with the focus where it was, when there is none
+    virtual bool EditNext(bool backward);
+    /// The shape of the pointer over a point of the view.
+    virtual EGridCursor OnSetCursor(SPoint point) const;
     /// The view has got the keyboard's focus, or lost it.
     void OnFocus(bool focus);
     bool HasFocus() const noexcept { return m_focus; }
 
     /// What lies between the edge of a cell and its contents, in pixels.
     static constexpr int c_margin = 2;
+    /// How many rows FitColumn looks at.
+    static constexpr std::size_t c_fittedRows = 100;
 
 protected:
     CGridPane();
@@ -117,9 +151,17 @@ protected:
     /// Selects by the place that was hit, shows it and calls the selection callback. The grid may be gone
     /// afterwards.
     void SelectAndShow(SGridHit::EPart part, SGridCell cell, bool extend);
+    /// Selects what was pressed; moving the mouse selects more until EndDrag. The grid may be gone
+    /// afterwards.
+    void PressAt(const SGridHit& hit, bool extend);
+    void EndDrag() noexcept;
 
     /// The selection has changed; called before the selection callback.
     virtual void OnSelectionChanged();
+    /// Cells have other places than before.
+    virtual void OnLayoutChanged();
+    /// The width that a column needs to show its cells whole. Only asked for while there is a view.
+    virtual int GetFittingWidth(std::size_t column) const = 0;
     virtual void DrawCell(CGridPainter& painter, SGridCell cell, const SRect& rect) const = 0;
     /// Draws the headers of the columns from `first` to `last`.
     virtual void DrawHeader(CGridPainter& painter, std::size_t first, std::size_t last) const = 0;
@@ -141,8 +183,14 @@ private:
     /// Extends the selection to the cell under the pointer, or by one cell towards a pointer outside of the
     /// cells, so that a pointer held there scrolls.
     void Drag(SPoint point);
+    /// The column whose right edge is under the pointer.
+    std::optional<std::size_t> FindEdge(SPoint point) const;
+    /// @return whether an edge is under the pointer
+    bool PressEdge(unsigned int message, SPoint point);
+    void Resize(std::size_t column, SPoint point);
+    long long TopToShow(std::size_t row) const;
+    int LeftToShow(std::size_t column) const;
 
-    CGridView* m_view = nullptr;
     CCallbackSlot m_selectionSlot;
     CGridSelection m_selection;
     SSize m_size;
@@ -154,6 +202,9 @@ private:
     std::size_t m_frozen = 0;
     int m_left = 0;
     long long m_top = 0;
+    SGridHit::EPart m_dragged =
+        SGridHit::EPart::Nothing;         ///< what was pressed that selects while it is dragged
+    std::optional<std::size_t> m_resized; ///< the column whose edge is being dragged
     bool m_focus = false;
 };
 

@@ -57,7 +57,7 @@ std::size_t CGridRow::GetColumnOf(const CGridItem& item) const noexcept
 CGridRow& CGridRow::AddSubRow()
 {
     CGridRow& row = *m_subRows.emplace_back(std::make_unique<CGridRow>(m_grid, this));
-    m_grid.RowsChanged();
+    m_grid.SubRowAdded(row);
     return row;
 }
 

@@ -1,6 +1,7 @@
 #include "output/GridView.h"
 
 #include "common/NumberText.h"
+#include "output/GridPane.h"
 
 #include <algorithm>
 #include <cmath>

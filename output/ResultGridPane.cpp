@@ -14,7 +14,6 @@ namespace
 using SCellInfo = CGridBaseOutputCtrl::SCellInfo;
 
 constexpr int c_defaultWidth = 80;
-constexpr std::size_t c_fittedRows = 100;
 constexpr int c_padding = 2 * CGridPane::c_margin;
 
 std::vector<CStr> LinesOf(const CStr& text)
@@ -49,7 +48,7 @@ void CResultGridPane::Update()
     MapSelection();
 }
 
-int CResultGridPane::FittingWidth(std::size_t column) const
+int CResultGridPane::GetFittingWidth(std::size_t column) const
 {
     int width = 0;
     const auto fit = [&](std::u16string_view text, int indent) {
@@ -73,7 +72,7 @@ void CResultGridPane::FitColumns()
     std::vector<int> widths;
     widths.reserve(GetColumnCount());
     for (std::size_t column = 0; column < GetColumnCount(); ++column)
-        widths.push_back(FittingWidth(column));
+        widths.push_back(GetFittingWidth(column));
     for (std::size_t column = 1; column < widths.size() && m_groupLines != 0; ++column) {
         if (GetGroup(column).IsEmpty())
             continue;
@@ -123,6 +122,17 @@ CResultGridPane::SShownHeader CResultGridPane::GetColumnHeader(std::size_t colum
     header.firstLine = GetGroup(column).IsEmpty() ? 0 : m_groupLines;
     header.lineCount = m_headerLines - header.firstLine;
     return header;
+}
+
+CStr CResultGridPane::SpeakHeader(std::size_t column) const
+{
+    CStr spoken = GetGroup(column);
+    for (const CStr& line : GetColumnHeader(column).lines) {
+        if (!spoken.IsEmpty() && !line.IsEmpty())
+            spoken += u' ';
+        spoken += line;
+    }
+    return spoken;
 }
 
 CResultGridPane::SShownHeader CResultGridPane::GetGroupHeader(std::size_t column) const

@@ -44,13 +44,16 @@ public:
     /// To be told after the table has got other rows or columns. Columns keep their widths unless their
     /// number has changed.
     void Update();
-    /// Makes the columns wide enough for their headers and for the cells of the first hundred rows, by the
-    /// view's font.
-    void FitColumns();
+    /// Groups get the room for their names, too.
+    void FitColumns() override;
 
     SShownCell GetCell(SGridCell cell) const;
     /// The headers over the columns from `first` to `last`; groups that reach beyond are given whole.
     std::vector<SShownHeader> GetHeaders(std::size_t first, std::size_t last) const;
+
+    SSpokenCell Speak(SGridCell cell) const override { return {.text = GetCell(cell).text}; }
+    /// With the name of the group in front.
+    CStr SpeakHeader(std::size_t column) const override;
 
     /// Control+C copies the selection with its headers.
     bool OnKey(const SGridKey& key) override;
@@ -60,6 +63,7 @@ public:
 
 protected:
     void OnSelectionChanged() override;
+    int GetFittingWidth(std::size_t column) const override;
     void DrawCell(CGridPainter& painter, SGridCell cell, const SRect& rect) const override;
     void DrawHeader(CGridPainter& painter, std::size_t first, std::size_t last) const override;
 
@@ -70,7 +74,6 @@ private:
     SShownHeader GetGroupHeader(std::size_t column) const;
     /// Selects in the table what is selected here.
     void MapSelection();
-    int FittingWidth(std::size_t column) const;
 
     CGridBaseOutputCtrl& m_grid;
     int m_groupLines = 0;
