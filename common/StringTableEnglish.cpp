@@ -870,6 +870,13 @@ constexpr SStringTableRow c_english[] = {
     {10283, u"Ten Times Larger Steps"},
     {10284, u"Ten Times Smaller Steps"},
     {10285, u"Ctrl+Up, Ctrl+Down, or Ctrl with the wheel change the value in steps."},
+    {10301, u"&Copy"},
+    {10302, u"Copy Without &Headers"},
+    {10303, u"Copy &Transposed"},
+    {10304, u"Copy &Whole Table"},
+    {10305, u"Copy Whole Table T&ransposed"},
+    {10306, u"Select &All"},
+    {10307, u"&Fit Columns"},
 };
 
 constexpr bool IsRising()

@@ -8,6 +8,8 @@ namespace
 
 constexpr SPage c_pages[] = {
     {"numeric-edits", "Numeric edits", MakeNumericEditsPage, StageNumericEditsPage},
+    {"grid-items", "Grid items", MakeGridItemsPage, StageGridItemsPage},
+    {"result-grid", "Result grid", MakeResultGridPage, StageResultGridPage},
     {"progress", "Progress", MakeProgressPage, StageProgressPage},
     {"number-format", "Number format", MakeNumberFormatPage, StageNumberFormatPage},
     {"services", "Services", MakeServicesPage, nullptr, OpenMessageBox},

@@ -30,6 +30,10 @@ QWidget* MakeProgressPage(const FLog& log);
 void StageProgressPage(QWidget& page);
 QWidget* MakeNumberFormatPage(const FLog& log);
 void StageNumberFormatPage(QWidget& page);
+QWidget* MakeGridItemsPage(const FLog& log);
+void StageGridItemsPage(QWidget& page);
+QWidget* MakeResultGridPage(const FLog& log);
+void StageResultGridPage(QWidget& page);
 QWidget* MakeServicesPage(const FLog& log);
 void OpenMessageBox();
 

@@ -1,0 +1,175 @@
+#include "examples/gallery/Pages.h"
+#include "output/GridCopy.h"
+#include "qt/QtText.h"
+#include "qt/ResultGridWidget.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace Gallery
+{
+
+namespace
+{
+
+using namespace CommonUI;
+using CGrid = CGridBaseOutputCtrl;
+using SCellInfo = CGrid::SCellInfo;
+
+constexpr int c_rows = 40;
+constexpr int c_manyRows = 1000000;
+
+void AddColumns(CGrid& grid)
+{
+    grid.SetNameHeader(u"Profile");
+    for (const char16_t* const name : {u"Ra", u"Rq", u"Rz"})
+        grid.AddColumn({name, u"Height"});
+    grid.AddColumn({u"RSm\r\nmean width", u"Spacing"});
+    grid.AddColumn({u"Rdq\r\nroot mean square slope", u"Spacing"});
+    grid.AddColumn({u"Cut-off\r\n\u03BBc", {}});
+    for (const char16_t* const name : {u"Rpk", u"Rk", u"Rvk"})
+        grid.AddColumn({name, u"Material ratio"});
+}
+
+CGrid::SRow MakeRow(const CStr& name, double phase)
+{
+    const auto value = [phase](double middle, double spread, const char16_t* format) {
+        return CStr::Format(format, middle + spread * std::sin(phase * middle));
+    };
+    return {.name = name,
+            .cells = {value(0.31, 0.06, u"%.3f"), value(0.39, 0.08, u"%.3f"), value(2.1, 0.4, u"%.2f"),
+                      value(38, 6, u"%.1f"), value(4.2, 0.9, u"%.2f"), u"0.8", value(0.28, 0.1, u"%.3f"),
+                      value(0.97, 0.2, u"%.3f"), value(0.44, 0.1, u"%.3f")}};
+}
+
+/// Three tables as an analysis shows them: what was measured, the results, and their statistics.
+class CResultGridPage : public QWidget
+{
+public:
+    explicit CResultGridPage(FLog log)
+        : m_log(std::move(log))
+        , m_summary(new CResultGridWidget(SCellInfo::Summary))
+        , m_results(new CResultGridWidget(SCellInfo::Results))
+        , m_statistics(new CResultGridWidget(SCellInfo::Statistics))
+    {
+        FillSummary();
+        FillResults(c_rows);
+        FillStatistics();
+        auto* const layout = new QVBoxLayout(this);
+        AddGrid(*layout, "S&ummary", *m_summary, 0);
+        AddGrid(*layout, "&Results", *m_results, 1);
+        AddGrid(*layout, "S&tatistics", *m_statistics, 0);
+        AddCommands(*layout);
+        m_results->GetPane().SetSelectionCallback(*this, &CResultGridPage::OnSelection);
+    }
+
+    CResultGridWidget& GetResults() { return *m_results; }
+
+private:
+    static void AddGrid(QVBoxLayout& layout, const char* name, CResultGridWidget& grid, int stretch)
+    {
+        auto* const label = new QLabel(QString::fromUtf8(name) + QLatin1Char(':'));
+        label->setBuddy(&grid);
+        layout.addWidget(label);
+        layout.addWidget(&grid, stretch);
+        if (stretch == 0)
+            grid.setFixedHeight(grid.sizeHint().height());
+    }
+    void AddCommands(QVBoxLayout& layout)
+    {
+        auto* const line = new QHBoxLayout;
+        layout.addLayout(line);
+        const auto add = [&](const char* text, auto action) {
+            auto* const button = new QPushButton(QString::fromUtf8(text));
+            connect(button, &QPushButton::clicked, this, action);
+            line->addWidget(button);
+        };
+        add("&Copy selection", [this] {
+            m_results->GetAction(CResultGridWidget::ECommand::Copy).trigger();
+            m_log(QStringLiteral("Copied: the selection, as HTML and text"));
+        });
+        add("Copy &all", [this] { CopyAll(false); });
+        add("Copy all tra&nsposed", [this] { CopyAll(true); });
+        line->addStretch();
+        auto* const many = new QCheckBox(QStringLiteral("A &million rows"));
+        connect(many, &QCheckBox::toggled, this, [this](bool on) { FillResults(on ? c_manyRows : c_rows); });
+        line->addWidget(many);
+    }
+    void CopyAll(bool transpose)
+    {
+        CopyGrids(&m_summary->GetTable(), &m_results->GetTable(), &m_statistics->GetTable(), transpose);
+        m_log(QStringLiteral("Copied: all three tables, as HTML and text"));
+    }
+
+    void FillSummary()
+    {
+        CGrid& grid = m_summary->GetTable();
+        grid.AddRow({.name = u"Surface", .cells = {u"ground steel"}});
+        grid.AddRow({.name = u"Points", .cells = {u"1024 \u00D7 512"}, .indent = 1});
+        grid.AddRow({.name = u"Spacing", .cells = {u"0.5 \u00B5m"}, .indent = 1});
+        m_summary->Update();
+        m_summary->GetPane().FitColumns();
+    }
+    void FillResults(int rows)
+    {
+        CGrid& grid = m_results->GetTable();
+        grid.Clear();
+        AddColumns(grid);
+        grid.AddRow({.name = CStr(),
+                     .cells = {u"\u00B5m", u"\u00B5m", u"\u00B5m", u"\u00B5m", u"\u00B0", u"mm", u"\u00B5m",
+                               u"\u00B5m", u"\u00B5m"},
+                     .subHeader = true});
+        grid.ReserveRows(static_cast<std::size_t>(rows) + 1);
+        for (int row = 1; row <= rows; ++row)
+            grid.AddRow(MakeRow(CStr::Format(u"%d", row), row));
+        m_results->Update();
+        m_log(QStringLiteral("Results: %1 rows").arg(rows));
+    }
+    void FillStatistics()
+    {
+        CGrid& grid = m_statistics->GetTable();
+        AddColumns(grid);
+        grid.AddRow(MakeRow(u"Mean", 0));
+        grid.AddRow(MakeRow(u"Minimum", 4.6));
+        grid.AddRow(MakeRow(u"Maximum", 1.7));
+        m_statistics->Update();
+    }
+    void OnSelection()
+    {
+        const SGridRange range = m_results->GetPane().GetSelection().GetRange();
+        m_log(QStringLiteral("Selected: rows %1 to %2, columns %3 to %4")
+                  .arg(range.firstRow)
+                  .arg(range.lastRow)
+                  .arg(range.firstColumn)
+                  .arg(range.lastColumn));
+    }
+
+    FLog m_log;
+    CResultGridWidget* m_summary;
+    CResultGridWidget* m_results;
+    CResultGridWidget* m_statistics;
+};
+
+} // namespace
+
+QWidget* MakeResultGridPage(const FLog& log)
+{
+    return new CResultGridPage(log);
+}
+
+void StageResultGridPage(QWidget& page)
+{
+    CResultGridWidget& results = static_cast<CResultGridPage&>(page).GetResults();
+    results.setFocus(Qt::TabFocusReason);
+    results.GetPane().SelectCell({2, 2});
+    results.GetPane().OnKey({EGridKey::Right, {.shift = true}});
+    results.GetPane().OnKey({EGridKey::Down, {.shift = true}});
+}
+
+} // namespace Gallery

@@ -1,0 +1,111 @@
+#include "qt/detail/GridEditor.h"
+
+#include "qt/detail/GridLineEditor.h"
+#include "qt/detail/GridListEditor.h"
+#include "qt/detail/GridRects.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+#include <utility>
+
+namespace CommonUI
+{
+
+CGridEditor* CGridEditor::Make(const SGridEdit& edit, QWidget& parent, FDone done)
+{
+    if (edit.kind == SGridEdit::EKind::List)
+        return new CGridListEditor(edit, parent, std::move(done));
+    return new CGridLineEditor(edit, parent, std::move(done));
+}
+
+CGridEditor::CGridEditor(FDone done)
+    : m_done(std::move(done))
+{
+}
+
+CGridEditor::~CGridEditor() = default;
+
+void CGridEditor::Watch()
+{
+    setParent(&GetWidget());
+    GetWidget().installEventFilter(this);
+}
+
+void CGridEditor::Show(const SRect& rect)
+{
+    Place(rect);
+    GetWidget().show();
+    GetWidget().setFocus(Qt::OtherFocusReason);
+}
+
+void CGridEditor::Place(const SRect& rect)
+{
+    // Within the frame of the focus.
+    GetWidget().setGeometry(ToQRect(rect.Shrunk(2, 2)));
+}
+
+void CGridEditor::Close()
+{
+    Disarm();
+    GetWidget().hide();
+    GetWidget().deleteLater();
+}
+
+void CGridEditor::Finish(EGridEditEnd end)
+{
+    if (const FDone done = std::exchange(m_done, nullptr))
+        done(end);
+}
+
+bool CGridEditor::OnFocus(const QEvent& event)
+{
+    if (event.type() == QEvent::FocusIn) {
+        m_window.Remember(GetWidget());
+    } else if (static_cast<const QFocusEvent&>(event).reason() != Qt::PopupFocusReason) {
+        // From a context menu or a list the user comes back.
+        if (m_window.IsWhole(GetWidget()))
+            Finish(EGridEditEnd::Taken);
+    }
+    return false;
+}
+
+bool CGridEditor::OnKey(const QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Finish(EGridEditEnd::Taken);
+        return true;
+    case Qt::Key_Escape:
+        Finish(EGridEditEnd::Cancelled);
+        return true;
+    case Qt::Key_Tab:
+        Finish(EGridEditEnd::Next);
+        return true;
+    case Qt::Key_Backtab:
+        Finish(EGridEditEnd::Previous);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool CGridEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        return OnFocus(*event);
+    case QEvent::KeyPress:
+        return OnKey(static_cast<QKeyEvent&>(*event));
+    case QEvent::ShortcutOverride:
+        // What is typed here is no shortcut of the window.
+        event->accept();
+        return true;
+    default:
+        return QObject::eventFilter(watched, event);
+    }
+}
+
+} // namespace CommonUI

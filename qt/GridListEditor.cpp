@@ -1,0 +1,58 @@
+#include "qt/detail/GridListEditor.h"
+
+#include "qt/QtText.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QEvent>
+
+#include <utility>
+
+namespace CommonUI
+{
+
+CGridListEditor::CGridListEditor(const SGridEdit& edit, QWidget& parent, FDone done)
+    : CGridEditor(std::move(done))
+    , m_box(new QComboBox(&parent))
+{
+    m_box->setFrame(false);
+    for (const CStr& option : edit.options)
+        m_box->addItem(ToQString(option));
+    m_box->setCurrentIndex(
+        m_box->findText(ToQString(edit.text), Qt::MatchFixedString | Qt::MatchCaseSensitive));
+    if (!edit.typed.IsEmpty()) {
+        const int typed = m_box->findText(ToQString(edit.typed), Qt::MatchStartsWith);
+        m_box->setCurrentIndex(typed < 0 ? m_box->currentIndex() : typed);
+    }
+    connect(m_box, &QComboBox::activated, this, [this] { Finish(EGridEditEnd::Taken); });
+    Watch();
+}
+
+QWidget& CGridListEditor::GetWidget() const
+{
+    return *m_box;
+}
+
+CStr CGridListEditor::GetText() const
+{
+    return FromQString(m_box->currentText());
+}
+
+void CGridListEditor::DropDown()
+{
+    m_box->view()->window()->installEventFilter(this);
+    m_box->showPopup();
+}
+
+bool CGridListEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_box)
+        return CGridEditor::eventFilter(watched, event);
+    // The list closes before it says that something has been chosen.
+    if (event->type() == QEvent::Hide)
+        QMetaObject::invokeMethod(
+            this, [this] { Finish(EGridEditEnd::Cancelled); }, Qt::QueuedConnection);
+    return false;
+}
+
+} // namespace CommonUI

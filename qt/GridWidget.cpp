@@ -1,0 +1,204 @@
+#include "qt/GridWidget.h"
+
+#include "common/StringTable.h"
+#include "qt/detail/EventGuard.h"
+#include "qt/detail/GridAccessible.h"
+#include "qt/detail/GridEditor.h"
+#include "qt/detail/GridRects.h"
+#include "qt/QtText.h"
+
+#include <QAction>
+#include <QPainter>
+#include <QPaintEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace CommonUI
+{
+
+CGridWidget::CGridWidget(QWidget* parent)
+    : QAbstractScrollArea(parent)
+    , m_fitColumns(new QAction(ToQString(GetString(10307)), this))
+{
+    InstallGridAccessible();
+    setFocusPolicy(Qt::StrongFocus);
+    viewport()->setMouseTracking(true);
+    m_fitColumns->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Plus));
+    m_fitColumns->setShortcutContext(Qt::WidgetShortcut);
+    connect(m_fitColumns, &QAction::triggered, this, [this] {
+        if (GetControl())
+            GetControl()->FitColumns();
+    });
+    addAction(m_fitColumns);
+}
+
+CGridWidget::~CGridWidget()
+{
+    // What is in the editor is given up with it.
+    if (m_editor)
+        m_editor->Disarm();
+}
+
+void CGridWidget::Attach(CGridPane& grid)
+{
+    CloseEditor();
+    m_lineHeight = GetLineHeight();
+    grid.SetView(this);
+    grid.SetLineHeight(m_lineHeight);
+    grid.SetViewSize({viewport()->width(), viewport()->height()});
+    UpdateFocus();
+}
+
+void CGridWidget::SetImages(CQtGridPainter::FImages images)
+{
+    m_images = std::move(images);
+    viewport()->update();
+}
+
+int CGridWidget::GetLineHeight() const
+{
+    return fontMetrics().height() + 2;
+}
+
+void CGridWidget::UpdateFont()
+{
+    CGridPane* const grid = GetControl();
+    const int before = std::exchange(m_lineHeight, GetLineHeight());
+    if (!grid || before == m_lineHeight)
+        return;
+    grid->SetLineHeight(m_lineHeight);
+    for (std::size_t column = 0; column < grid->GetColumnCount(); ++column)
+        grid->SetColumnWidth(column, grid->GetColumnWidth(column) * m_lineHeight / before);
+}
+
+void CGridWidget::changeEvent(QEvent* event)
+{
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        UpdateFont();
+}
+
+void CGridWidget::Invalidate(const SRect& rect)
+{
+    viewport()->update(ToQRect(rect));
+}
+
+int CGridWidget::GetTextWidth(std::u16string_view text) const
+{
+    return fontMetrics().horizontalAdvance(ToQString(text));
+}
+
+QSize CGridWidget::sizeHint() const
+{
+    constexpr int c_rows = 8;
+    const QSize frame = QSize(2, 2) * frameWidth();
+    const int line = fontMetrics().height();
+    const CGridPane* const grid = GetControl();
+    if (!grid)
+        return frame + QSize(20 * line, c_rows * line);
+    const CGridPane::SExtent extent = grid->GetExtent();
+    const long long most = grid->GetHeaderHeight() + c_rows * grid->GetRowHeight();
+    return frame + QSize(std::min(extent.width + verticalScrollBar()->sizeHint().width(), 40 * line),
+                         static_cast<int>(std::min(extent.height, most)));
+}
+
+void CGridWidget::paintEvent(QPaintEvent* event)
+{
+    const CGridPane* const grid = GetControl();
+    if (!grid)
+        return;
+    QPainter painter(viewport());
+    const QRect exposed = event->rect();
+    CQtGridPainter gridPainter(painter, *this, m_images);
+    Guarded([&] {
+        grid->Draw(gridPainter, {exposed.left(), exposed.top(), exposed.right() + 1, exposed.bottom() + 1});
+    });
+    const int right = grid->GetExtent().width - grid->GetScrollLeft();
+    if (right < viewport()->width() && exposed.top() < grid->GetHeaderHeight())
+        gridPainter.FillHeaderRest({right, 0, viewport()->width(), grid->GetHeaderHeight()});
+}
+
+void CGridWidget::resizeEvent(QResizeEvent* event)
+{
+    QAbstractScrollArea::resizeEvent(event);
+    if (GetControl())
+        GetControl()->SetViewSize({viewport()->width(), viewport()->height()});
+}
+
+void CGridWidget::UpdateVerticalBar(const CGridPane& grid)
+{
+    // A scroll bar counts in int, and adds a page to it.
+    constexpr long long most = 1 << 30;
+    QScrollBar& bar = *verticalScrollBar();
+    const long long height = grid.GetExtent().height;
+    m_rowsScale = height / most + 1;
+    const auto toBar = [this](long long pixels) { return static_cast<int>(pixels / m_rowsScale); };
+    bar.setSingleStep(std::max(toBar(grid.GetRowHeight()), 1));
+    bar.setPageStep(std::max(toBar(viewport()->height() - grid.GetHeaderHeight()), 1));
+    bar.setRange(0, toBar(std::max(height - viewport()->height() + m_rowsScale - 1, 0LL)));
+    bar.setValue(toBar(grid.GetScrollTop()));
+}
+
+void CGridWidget::UpdateHorizontalBar(const CGridPane& grid)
+{
+    QScrollBar& bar = *horizontalScrollBar();
+    bar.setSingleStep(grid.GetRowHeight());
+    bar.setPageStep(viewport()->width());
+    bar.setRange(0, std::max(grid.GetExtent().width - viewport()->width(), 0));
+    bar.setValue(grid.GetScrollLeft());
+}
+
+void CGridWidget::UpdateScrollBars()
+{
+    const CGridPane* const grid = GetControl();
+    if (!grid)
+        return;
+    // A bar that comes or goes changes the size of the view, which leads here again.
+    const bool outer = std::exchange(m_updatingBars, true);
+    UpdateVerticalBar(*grid);
+    UpdateHorizontalBar(*grid);
+    m_updatingBars = outer;
+}
+
+void CGridWidget::scrollContentsBy(int /*dx*/, int /*dy*/)
+{
+    if (m_updatingBars || !CommitEditor() || !GetControl())
+        return;
+    const QScrollBar& bar = *verticalScrollBar();
+    const bool atEnd = bar.value() == bar.maximum();
+    GetControl()->ScrollTo(horizontalScrollBar()->value(),
+                           atEnd ? std::numeric_limits<long long>::max() / 2 : bar.value() * m_rowsScale);
+}
+
+void CGridWidget::OnSelectionChanged()
+{
+    UpdateSpokenText(true);
+}
+
+void CGridWidget::UpdateSpokenText(bool moved)
+{
+    const CGridPane* const grid = GetControl();
+    if (!grid || !QAccessible::isActive() || grid->GetSelection().IsEmpty())
+        return;
+    const CStr before = std::exchange(m_spoken, grid->Speak(grid->GetSelection().GetFocus()).text);
+    if (moved)
+        TellGridFocus(*this, QAccessible::Focus);
+    else if (m_spoken != before)
+        TellGridFocus(*this, QAccessible::NameChanged);
+}
+
+CGridCtrlWidget::CGridCtrlWidget(QWidget* parent)
+    : CGridWidget(parent)
+{
+    Attach(m_grid);
+}
+
+CGridCtrlWidget::~CGridCtrlWidget()
+{
+    m_grid.SetView(nullptr);
+}
+
+} // namespace CommonUI
