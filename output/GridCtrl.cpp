@@ -162,7 +162,7 @@ int CGridCtrl::GetFittingWidth(std::size_t column) const
             needed += GetExpanderRect({row, 0}, {}).right;
         width = std::max(width, needed);
     }
-    return width;
+    return width + GetFittingRoom();
 }
 
 std::shared_ptr<CGridItem> CGridCtrl::GetItem(SGridCell cell) const
@@ -222,15 +222,14 @@ void CGridCtrl::OnItemChanged(CGridItem& item, int id)
 void CGridCtrl::DrawCell(CGridPainter& painter, SGridCell cell, const SRect& rect) const
 {
     const SRect content = GetContentRect(cell);
+    if (content != rect)
+        painter.FillBackground(rect, EGridBackground::Plain);
     if (const auto item = GetItem(cell))
         item->OnDrawValue(painter, content);
     else
         painter.FillBackground(content, GetSelection().Contains(cell) ? EGridBackground::Selected
                                                                       : EGridBackground::Plain);
-    if (content == rect)
-        return;
-    painter.FillBackground({rect.left, rect.top, content.left, rect.bottom}, EGridBackground::Plain);
-    if (m_shown[cell.row]->HasSubRows())
+    if (content != rect && m_shown[cell.row]->HasSubRows())
         painter.DrawExpander(GetExpanderRect(cell, rect).Shrunk(c_margin, c_margin),
                              m_shown[cell.row]->IsExpanded());
 }

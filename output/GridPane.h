@@ -147,6 +147,8 @@ protected:
     /// @param lines how many lines of text the headers have
     void SetHeaderLines(int lines);
     int GetLineHeight() const noexcept { return m_lineHeight; }
+    /// What a fitted column has beyond the widest text and the margins, so that texts do not touch.
+    int GetFittingRoom() const noexcept { return m_lineHeight / 4; }
     CGridSelection& EditSelection() noexcept { return m_selection; }
     /// Selects by the place that was hit, shows it and calls the selection callback. The grid may be gone
     /// afterwards.

@@ -62,7 +62,7 @@ int CResultGridPane::GetFittingWidth(std::size_t column) const
         const SShownCell cell = GetCell({row, column});
         fit(cell.text, cell.indent * c_indent);
     }
-    return width;
+    return width + GetFittingRoom();
 }
 
 void CResultGridPane::FitColumns()

@@ -6,6 +6,7 @@
 
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QPointer>
 
 #include <utility>
 
@@ -62,12 +63,15 @@ bool CGridEditor::OnFocus(const QEvent& event)
 {
     if (event.type() == QEvent::FocusIn) {
         m_window.Remember(GetWidget());
-    } else if (static_cast<const QFocusEvent&>(event).reason() != Qt::PopupFocusReason) {
-        // From a context menu or a list the user comes back.
-        if (m_window.IsWhole(GetWidget()))
-            Finish(EGridEditEnd::Taken);
+        return false;
     }
-    return false;
+    // From a context menu the user comes back.
+    const bool stays = static_cast<const QFocusEvent&>(event).reason() == Qt::PopupFocusReason;
+    const QPointer<CGridEditor> self(this);
+    if (!stays && m_window.IsWhole(GetWidget()))
+        Finish(EGridEditEnd::Taken);
+    // A widget that has been destroyed gets no more events.
+    return !self;
 }
 
 bool CGridEditor::OnKey(const QKeyEvent& event)

@@ -40,12 +40,16 @@ CStr CGridListEditor::GetText() const
 
 void CGridListEditor::DropDown()
 {
+    m_dropped = true;
     m_box->view()->window()->installEventFilter(this);
     m_box->showPopup();
 }
 
 bool CGridListEditor::eventFilter(QObject* watched, QEvent* event)
 {
+    // The list has the focus then, and ends the editor when it closes.
+    if (watched == m_box && event->type() == QEvent::FocusOut && m_dropped)
+        return false;
     if (watched == m_box)
         return CGridEditor::eventFilter(watched, event);
     // The list closes before it says that something has been chosen.

@@ -13,6 +13,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -88,7 +89,8 @@ void CGridWidget::Invalidate(const SRect& rect)
 
 int CGridWidget::GetTextWidth(std::u16string_view text) const
 {
-    return fontMetrics().horizontalAdvance(ToQString(text));
+    // Rounded down, a text would not fit into its own width.
+    return static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(ToQString(text))));
 }
 
 QSize CGridWidget::sizeHint() const
@@ -100,9 +102,10 @@ QSize CGridWidget::sizeHint() const
     if (!grid)
         return frame + QSize(20 * line, c_rows * line);
     const CGridPane::SExtent extent = grid->GetExtent();
+    const int width = extent.width + verticalScrollBar()->sizeHint().width();
+    const int bar = width > 40 * line ? horizontalScrollBar()->sizeHint().height() : 0;
     const long long most = grid->GetHeaderHeight() + c_rows * grid->GetRowHeight();
-    return frame + QSize(std::min(extent.width + verticalScrollBar()->sizeHint().width(), 40 * line),
-                         static_cast<int>(std::min(extent.height, most)));
+    return frame + QSize(std::min(width, 40 * line), static_cast<int>(std::min(extent.height, most)) + bar);
 }
 
 void CGridWidget::paintEvent(QPaintEvent* event)

@@ -159,6 +159,9 @@ void CQtGridPainter::DrawCheckBox(const SRect& rect, EGridCheck state, bool enab
                                                          : QStyle::State_Off);
     if (!enabled)
         option.palette.setCurrentColorGroup(QPalette::Disabled);
+    // Styles draw the box a shade darker than the window, which does not stand out from a dark ground.
+    if (option.palette.color(QPalette::Base).lightness() < 128)
+        option.palette.setColor(QPalette::Window, Blend(enabled ? 0.7 : 0.4));
     style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &m_painter, &m_widget);
 }
 

@@ -42,7 +42,7 @@ CGalleryWindow::CGalleryWindow()
     m_list->setFixedWidth(m_list->sizeHintForColumn(0) + 6 * fontMetrics().averageCharWidth());
     connect(m_list, &QListWidget::currentRowChanged, m_pages, &QStackedWidget::setCurrentIndex);
     SelectPage(0);
-    resize(110 * fontMetrics().averageCharWidth(), 40 * fontMetrics().height());
+    resize(135 * fontMetrics().averageCharWidth(), 50 * fontMetrics().height());
 }
 
 QWidget* CGalleryWindow::MakeRightSide()
@@ -56,7 +56,7 @@ QWidget* CGalleryWindow::MakeRightSide()
     auto* const side = new QWidget;
     auto* const layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_pages, 3);
+    layout->addWidget(m_pages, 5);
     layout->addWidget(label);
     layout->addWidget(m_log, 1);
     layout->addWidget(dark);

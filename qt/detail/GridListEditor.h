@@ -20,6 +20,7 @@ public:
 
 private:
     QComboBox* m_box;
+    bool m_dropped = false;
 };
 
 } // namespace CommonUI

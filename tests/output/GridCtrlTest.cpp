@@ -36,9 +36,9 @@ TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
     CGridHarness harness;
     FillTree(harness);
     EXPECT_EQ(ShownNames(harness), "top first second last ");
-    EXPECT_EQ(harness.DrawAll().substr(0, 142), "background 20,20,100,40 plain\n"
+    EXPECT_EQ(harness.DrawAll().substr(0, 143), "background 0,20,100,40 plain\n"
+                                                "background 20,20,100,40 plain\n"
                                                 "text 24,20,96,40 left \"top\"\n"
-                                                "background 0,20,20,40 plain\n"
                                                 "expander 2,22,18,38 open\n"
                                                 "background 100,20,200,40 plain\n");
     EXPECT_NE(harness.DrawAll().find("text 44,40,96,60 left \"first\""), std::string::npos) << "indented";

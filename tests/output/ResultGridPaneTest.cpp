@@ -100,9 +100,9 @@ TEST(ResultGridPane, CellsStayBelowNamesAndHeaders)
 
     shown.pane.FitColumns();
     shown.pane.Update();
-    EXPECT_EQ(shown.pane.GetColumnWidth(0), 4 * 8 + 8);
-    EXPECT_EQ(shown.pane.GetColumnWidth(1), 3 * 8 + 8);
-    EXPECT_EQ(shown.pane.GetColumnWidth(3), 4 * 8 + 8);
+    EXPECT_EQ(shown.pane.GetColumnWidth(0), 4 * 8 + 8 + 4);
+    EXPECT_EQ(shown.pane.GetColumnWidth(1), 3 * 8 + 8 + 4);
+    EXPECT_EQ(shown.pane.GetColumnWidth(3), 4 * 8 + 8 + 4);
     shown.grid.AddColumn({u"x", u"A long group"});
     shown.pane.Update();
     shown.pane.FitColumns();

@@ -1,0 +1,178 @@
+#include "qt/ResultGridWidget.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include "tests/qt/GridHarness.h"
+
+using namespace CommonUI;
+using CGrid = CGridBaseOutputCtrl;
+using ECommand = CResultGridWidget::ECommand;
+
+namespace
+{
+
+/// Three columns, two of them below a group.
+struct SShownResults : SShownGrid<CResultGridWidget> {
+    explicit SShownResults(int rows)
+        : SShownGrid(CGrid::SCellInfo::Results)
+    {
+        Fill(rows);
+    }
+    void Fill(int rows)
+    {
+        CGrid& table = grid->GetTable();
+        table.Clear();
+        table.AddColumn({u"Ra", u"Height"});
+        table.AddColumn({u"Rq", u"Height"});
+        table.AddColumn({u"RSm\r\nmean", {}});
+        for (int row = 0; row < rows; ++row)
+            table.AddRow({.name = CStr::Format(u"%d", row), .cells = {u"1.5", u"<2>", u"3"}});
+        grid->Update();
+    }
+    QPoint Center(std::size_t row, std::size_t column)
+    {
+        const SRect rect = grid->GetPane().GetCellRect({row, column});
+        return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+    }
+    bool Turn(int delta, Qt::KeyboardModifiers modifiers = {})
+    {
+        QWheelEvent event({50, 80}, View().mapToGlobal(QPointF(50, 80)), {}, {0, delta}, Qt::NoButton,
+                          modifiers, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&View(), &event);
+        return event.isAccepted();
+    }
+};
+
+std::string Copied()
+{
+    const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+    EXPECT_TRUE(data->hasHtml() && data->html().contains(QStringLiteral("<table>")));
+    return data->text().toStdString();
+}
+
+} // namespace
+
+TEST(ResultGridWidget, CommandsCopyTextAndHtml)
+{
+    SShownResults shown(3);
+    shown.Drag(shown.Center(0, 1), shown.Center(1, 2));
+    shown.Key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(Copied(), "Ra\tRq\n1.5\t<2>\n1.5\t<2>");
+    const std::pair<ECommand, const char*> commands[] = {
+        {ECommand::CopyWithoutHeaders, "1.5\t<2>\n1.5\t<2>"},
+        {ECommand::Copy, "Ra\tRq\n1.5\t<2>\n1.5\t<2>"},
+        {ECommand::CopyTransposed, "Ra\t1.5\t1.5\nRq\t<2>\t<2>"},
+        {ECommand::CopyWhole,
+         "\tHeight\t\r\n\tRa\tRq\tRSm\r\n\t\t\tmean\r\n0\t1.5\t<2>\t3\r\n1\t1.5\t<2>\t3\r\n"
+         "2\t1.5\t<2>\t3\r\n"},
+        {ECommand::CopyWholeTransposed, "\t0\t1\t2\r\nHeight\r\nRa\t1.5\t1.5\t1.5\r\nRq\t<2>\t<2>\t<2>\r\n"
+                                        "RSm mean\t3\t3\t3\r\n"},
+    };
+    for (const auto& [command, text] : commands) {
+        shown.grid->GetAction(command).trigger();
+        EXPECT_EQ(Copied(), text);
+    }
+    shown.grid->GetAction(ECommand::SelectAll).trigger();
+    EXPECT_EQ(shown.grid->GetPane().GetSelection().GetRange(), (SGridRange{0, 2, 0, 3}));
+}
+
+TEST(ResultGridWidget, TheContextMenuIsAboutTheCellBelowIt)
+{
+    SShownResults shown(3);
+    shown.grid->GetPane().SelectCell({0, 1});
+    for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
+        const QPoint point = shown.Center(2, 2);
+        QContextMenuEvent event(reason, point, shown.View().mapToGlobal(point));
+        QApplication::sendEvent(&shown.View(), &event);
+        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(menu);
+        EXPECT_EQ(menu->actions().front(), &shown.grid->GetAction(ECommand::Copy));
+        menu->close();
+        EXPECT_EQ(shown.grid->GetPane().GetSelection().GetFocus(), (SGridCell{2, 2}));
+    }
+}
+
+TEST(ResultGridWidget, AMillionRowsAskForVisibleCellsOnly)
+{
+    struct SCountingPane : CResultGridPane {
+        using CResultGridPane::CResultGridPane;
+        void DrawCell(CGridPainter& painter, SGridCell cell, const SRect& rect) const override
+        {
+            ++drawn;
+            CResultGridPane::DrawCell(painter, cell, rect);
+        }
+        mutable std::size_t drawn = 0;
+    };
+    SShownResults shown(1000000);
+    SCountingPane pane(shown.grid->GetTable());
+    shown.grid->Attach(pane);
+    QPixmap picture(400, 240);
+    QScrollBar& bar = *shown.grid->verticalScrollBar();
+    const auto rows = static_cast<std::size_t>(shown.View().height() / pane.GetRowHeight() + 1);
+    for (const int value : {0, bar.maximum() / 2, bar.maximum()}) {
+        bar.setValue(value);
+        pane.drawn = 0;
+        shown.grid->grab();
+        EXPECT_LE(pane.drawn, rows * 4) << value;
+        EXPECT_GT(pane.drawn, 0U);
+        pane.drawn = 0;
+        shown.View().render(&picture, {}, QRect(0, 100, 50, 1));
+        EXPECT_LE(pane.drawn, 2U) << "only what is exposed";
+    }
+    EXPECT_EQ(pane.GetVisibleRange().lastRow, 999999U);
+    shown.Key(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(bar.value(), 0);
+    EXPECT_TRUE(shown.Turn(-120));
+    EXPECT_EQ(pane.GetScrollTop(), 3 * pane.GetRowHeight());
+    EXPECT_TRUE(shown.Turn(-120, Qt::ControlModifier)) << "by pages";
+}
+
+TEST(ResultGridWidget, MoreRowsThanAScrollBarCounts)
+{
+    struct STallPane : CResultGridPane {
+        explicit STallPane(CGrid& table)
+            : CResultGridPane(table)
+        {
+            SetRowCount(1000000000);
+        }
+    };
+    SShownResults shown(1);
+    STallPane pane(shown.grid->GetTable());
+    shown.grid->Attach(pane);
+    QScrollBar& bar = *shown.grid->verticalScrollBar();
+    bar.setValue(bar.maximum());
+    EXPECT_EQ(pane.GetVisibleRange().lastRow, 999999999U);
+    bar.setValue(bar.maximum() / 2);
+    EXPECT_NEAR(static_cast<double>(pane.GetVisibleRange().firstRow), 5e8, 1e3);
+    pane.ScrollTo(0, pane.GetRowHeight() * 1000LL);
+    EXPECT_EQ(pane.GetVisibleRange().firstRow, 1000U) << "the bar, which is coarser, does not pull it";
+}
+
+TEST(ResultGridWidget, AMouseHeldOutsideScrolls)
+{
+    SShownResults shown(1000);
+    QTest::mousePress(&shown.View(), Qt::LeftButton, {}, shown.Center(1, 1));
+    shown.Move({shown.Center(1, 2).x(), shown.View().height() + 10});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.grid->GetPane().GetScrollTop() > 60; }));
+    QTest::mouseRelease(&shown.View(), Qt::LeftButton, {}, {5, 500});
+    const SGridRange range = shown.grid->GetPane().GetSelection().GetRange();
+    EXPECT_EQ(range.firstColumn, 1U);
+    EXPECT_EQ(range.lastColumn, 2U);
+    EXPECT_GT(range.lastRow, 9U);
+    shown.grid->GetPane().ScrollTo(0, 400);
+    shown.Drag({shown.Center(0, 1).x(), 30}, {shown.Center(0, 3).x(), 30});
+    EXPECT_EQ(shown.grid->GetPane().GetScrollTop(), 400) << "columns are selected where the user is";
+    EXPECT_EQ(shown.grid->GetPane().GetSelection().GetRange(), (SGridRange{0, 999, 1, 3}));
+}
+
+TEST(ResultGridWidget, ATurnThatCannotScrollIsLeftToThePage)
+{
+    SShownResults shown(2);
+    EXPECT_FALSE(shown.Turn(-120));
+}
