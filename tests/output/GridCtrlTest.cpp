@@ -201,3 +201,103 @@ TEST(GridCtrl, ItemsMoveBetweenPlaces)
     harness.Press(150, 30);
     EXPECT_FALSE(harness.Key(EGridKey::Space)) << "a cell without an item";
 }
+
+TEST(GridCtrl, RowsBelowRowsKeepTheirOrder)
+{
+    CGridHarness harness;
+    const auto add = [](CGridRow& row, const char16_t* name) -> CGridRow& {
+        row.Emplace<CGridItem>(name);
+        return row;
+    };
+    CGridRow& a = add(harness.grid->AddRow(), u"a");
+    CGridRow& b = add(harness.grid->AddRow(), u"b");
+    CGridRow& a1 = add(a.AddSubRow(), u"a1");
+    add(a1.AddSubRow(), u"a11");
+    add(b.AddSubRow(), u"b1");
+    CGridRow& a2 = add(a.AddSubRow(), u"a2");
+    a1.SetExpanded(false);
+    add(a1.AddSubRow(), u"a12");
+    add(a.AddSubRow(), u"a3");
+    a2.SetExpanded(false);
+    add(a2.AddSubRow().AddSubRow(), u"hidden");
+    EXPECT_EQ(ShownNames(harness), "a a1 a2 a3 b b1 ");
+    a1.SetExpanded(true);
+    add(a1.AddSubRow(), u"a13");
+    EXPECT_EQ(ShownNames(harness), "a a1 a11 a12 a13 a2 a3 b b1 ");
+    harness.grid->SelectCell({7, 0});
+    EXPECT_TRUE(harness.grid->IsSelected(*b.GetItem(0)));
+}
+
+TEST(GridCtrl, TypingEditsAndTabGoesOn)
+{
+    CGridHarness harness;
+    for (const bool readOnly : {false, true}) {
+        CGridRow& row = harness.grid->AddRow();
+        row.Emplace<CGridItem>(u"name").SetFlag(CGridItem::ReadOnly, readOnly);
+        row.Emplace<CGridItem>(u"value");
+    }
+    EXPECT_TRUE(harness.grid->OnText(u"x"));
+    EXPECT_EQ(harness.view.editor->typed, u"x");
+    for (const SGridCell cell : {SGridCell{0, 1}, SGridCell{1, 1}}) {
+        EXPECT_TRUE(harness.grid->EditNext(false));
+        EXPECT_EQ(harness.grid->GetSelection().GetFocus(), cell);
+        EXPECT_EQ(harness.view.editor->typed, u"");
+    }
+    EXPECT_FALSE(harness.grid->EditNext(false));
+    EXPECT_TRUE(harness.grid->EditNext(true) && harness.grid->EditNext(true));
+    EXPECT_FALSE(harness.grid->EditNext(true));
+    EXPECT_TRUE(harness.grid->IsEditing()) << "the last one stays";
+    harness.grid->SelectCell({1, 0});
+    EXPECT_FALSE(harness.grid->OnText(u"x"));
+    EXPECT_TRUE(harness.grid->Speak({1, 0}).readOnly);
+    EXPECT_FALSE(harness.grid->Speak({1, 1}).readOnly);
+    EXPECT_EQ(harness.grid->SpeakHeader(1), u"Value");
+}
+
+TEST(GridCtrl, ColumnsAreResizedByTheirEdges)
+{
+    const struct {
+        int x; ///< pressed in the header, and dragged to `to`
+        int to;
+        std::vector<int> widths;
+    } cases[] = {
+        {98, 148, {148, 100}},  {103, 93, {93, 100}}, {105, 150, {100, 100}},
+        {200, 260, {100, 160}}, {99, -50, {4, 100}},  {95, 20, {100, 100}},
+    };
+    for (const auto& row : cases) {
+        CGridHarness harness;
+        harness.grid->AddRow().Emplace<CGridItem>(u"a long text in the first cell");
+        EXPECT_EQ(harness.grid->OnSetCursor({row.x, 10}) == EGridCursor::Resize, row.x != 105 && row.x != 95);
+        harness.Press(row.x, 10);
+        harness.Press(row.to, 10, GridMouse::c_move);
+        harness.Press(row.to, 10, GridMouse::c_leftUp);
+        EXPECT_EQ(harness.grid->GetColumnWidth(0), row.widths[0]) << row.x;
+        EXPECT_EQ(harness.grid->GetColumnWidth(1), row.widths[1]) << row.x;
+        harness.Press(5, 50, GridMouse::c_move);
+        EXPECT_EQ(harness.grid->GetColumnWidth(0), row.widths[0]) << "released";
+        harness.Press(row.widths[0], 10, GridMouse::c_leftDoubleClick);
+        EXPECT_EQ(harness.grid->GetColumnWidth(0), 29 * 8 + 8 + 4);
+    }
+    CGridHarness harness;
+    harness.grid->SetColumnWidth(1, 0);
+    harness.Press(101, 10);
+    harness.Press(130, 10, GridMouse::c_move);
+    EXPECT_EQ(harness.grid->GetColumnWidth(1), 30) << "a hidden column is opened before the one beside it";
+}
+
+TEST(GridCtrl, AViewThatGoesLeavesTheGridWithout)
+{
+    CGridHarness harness;
+    harness.grid->AddRow().Emplace<CGridItem>(u"text");
+    {
+        CMemoryGridView second;
+        EXPECT_TRUE(harness.grid->BeginEdit());
+        harness.grid->SetView(&second);
+        EXPECT_FALSE(harness.grid->IsEditing());
+        EXPECT_EQ(harness.view.GetControl(), nullptr);
+        EXPECT_TRUE(harness.grid->BeginEdit());
+    }
+    EXPECT_FALSE(harness.grid->GetView() || harness.grid->IsEditing() || harness.grid->BeginEdit());
+    harness.grid->FitColumns();
+    EXPECT_EQ(harness.grid->GetColumnWidth(0), 100);
+}
