@@ -146,9 +146,9 @@ void CGridWidget::UpdateCursor(SPoint point)
 
 void CGridWidget::UpdateFocus()
 {
-    const bool editing = m_editor && m_editor->GetWidget().hasFocus();
-    if (GetControl() && GetControl()->HasFocus() != (hasFocus() || editing))
-        GetControl()->OnFocus(hasFocus() || editing);
+    const bool focus = hasFocus() || m_editor;
+    if (GetControl() && GetControl()->HasFocus() != focus)
+        GetControl()->OnFocus(focus);
 }
 
 void CGridWidget::focusInEvent(QFocusEvent* event)
@@ -184,6 +184,7 @@ void CGridWidget::OpenEditor(const SGridEdit& edit)
         m_editor->GetWidget().setAccessibleName(
             ToQString(GetControl()->SpeakHeader(GetControl()->GetSelection().GetFocus().column)));
     m_editor->Show(edit.rect);
+    UpdateFocus();
     if (!m_pressed)
         m_editor->DropDown();
 }

@@ -3,6 +3,7 @@
 #include "qt/detail/EditFieldAccessible.h"
 #include "qt/detail/EventGuard.h"
 #include "qt/detail/Keys.h"
+#include "qt/detail/WindowWatch.h"
 #include "qt/QtText.h"
 
 #include <QContextMenuEvent>
@@ -16,6 +17,7 @@ namespace CommonUI
 
 CQtEditField::CQtEditField(QWidget* parent)
     : QLineEdit(parent)
+    , m_window(std::make_unique<CWindowWatch>())
 {
     QAccessible::installFactory(&CEditFieldAccessible::Make);
     connect(this, &QLineEdit::textEdited, this, [this] {
@@ -121,27 +123,19 @@ void CQtEditField::wheelEvent(QWheelEvent* event)
     event->setAccepted(used);
 }
 
-const std::type_info& CQtEditField::GetWindowType() const
-{
-    const QWidget& top = *window();
-    return typeid(top);
-}
-
 void CQtEditField::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
-    m_windowType = &GetWindowType();
+    m_window->Remember(*this);
 }
 
 void CQtEditField::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
-    // From the context menu the user comes back. A window that is another type than before is in the
-    // destructor of a base class, which hides it: what it has added is gone, the callbacks among it.
+    // From the context menu the user comes back.
     const bool stays = event->reason() == Qt::PopupFocusReason;
-    const bool whole = m_windowType && *m_windowType == GetWindowType();
     CExEdit* const control = GetControl();
-    if (control && !stays && whole)
+    if (control && !stays && m_window->IsWhole(*this))
         Guarded([control] { control->OnFocusLost(); });
 }
 

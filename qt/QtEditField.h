@@ -6,11 +6,13 @@
 #include <QAccessible>
 #include <QLineEdit>
 
+#include <memory>
 #include <optional>
-#include <typeinfo>
 
 namespace CommonUI
 {
+
+class CWindowWatch;
 
 /// The line edit that shows a CExEdit and asks it about every key and turn of the wheel. Without a control it
 /// is a plain line edit. Screen readers get a number as a spin box, with its range and step. The actions of
@@ -55,11 +57,10 @@ private:
     bool ClaimsKey(const QKeyEvent& event);
     void AnnounceNumber();
     QSize WithRoom(QSize size) const;
-    const std::type_info& GetWindowType() const;
 
-    const std::type_info* m_windowType = nullptr; ///< when the field got the focus
-    std::optional<double> m_announced;            ///< what screen readers have heard last
-    QString m_longest;                            ///< the longest text that the control has shown
+    std::unique_ptr<CWindowWatch> m_window;
+    std::optional<double> m_announced; ///< what screen readers have heard last
+    QString m_longest;                 ///< the longest text that the control has shown
 };
 
 } // namespace CommonUI

@@ -42,7 +42,7 @@ CGalleryWindow::CGalleryWindow()
     m_list->setFixedWidth(m_list->sizeHintForColumn(0) + 6 * fontMetrics().averageCharWidth());
     connect(m_list, &QListWidget::currentRowChanged, m_pages, &QStackedWidget::setCurrentIndex);
     SelectPage(0);
-    resize(135 * fontMetrics().averageCharWidth(), 50 * fontMetrics().height());
+    resize(142 * fontMetrics().averageCharWidth(), 50 * fontMetrics().height());
 }
 
 QWidget* CGalleryWindow::MakeRightSide()
