@@ -95,10 +95,14 @@ void CGridCtrl::SubRowAdded(CGridRow& row)
             last = parent.m_subRows[count - 2].get();
         while (last != &parent && last->IsExpanded() && last->HasSubRows())
             last = last->m_subRows.back().get();
-        m_shown.insert(m_shown.begin() + static_cast<std::ptrdiff_t>(last->m_place) + 1, &row);
-        for (std::size_t place = last->m_place + 1; place < m_shown.size(); ++place)
+        const std::size_t first = last->m_place + 1;
+        m_shown.insert(m_shown.begin() + static_cast<std::ptrdiff_t>(first), &row);
+        for (std::size_t place = first; place < m_shown.size(); ++place)
             m_shown[place]->m_place = place;
         SetRowCount(m_shown.size());
+        const SGridCell focus = GetSelection().GetFocus();
+        if (!GetSelection().IsEmpty() && focus.row >= first)
+            EditSelection().SelectCell({focus.row + 1, focus.column});
     }
     ItemsChanged();
 }

@@ -56,12 +56,15 @@ void CGridWidget::keyPressEvent(QKeyEvent* event)
     const QPointer<CGridWidget> self(this);
     const auto key = ToGridKey(*event);
     const CStr text = FromQString(TypedText(*event));
-    const bool used = Guarded([&] {
-        if (key && GetControl() && GetControl()->OnKey(*key))
-            return true;
-        return self && !text.IsEmpty() && GetControl() && GetControl()->OnText(text);
+    // A callback that throws has used the key.
+    bool used = true;
+    Guarded([&] {
+        used = key && GetControl() && GetControl()->OnKey(*key);
+        if (!used && self && !text.IsEmpty() && GetControl())
+            used = GetControl()->OnText(text);
     });
-    event->setAccepted(used);
+    // Qt would offer a key that was not used to the parent of a widget that is gone.
+    event->setAccepted(used || !self);
     if (self)
         UpdateSpokenText(false);
 }

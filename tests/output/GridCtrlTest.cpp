@@ -67,6 +67,11 @@ TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
         EXPECT_EQ(harness.grid->GetSelection().GetRange(),
                   (isBelow ? SGridRange{0, 0, 0, 0} : SGridRange{3, 3, 0, 0}));
     }
+    harness.grid->GetRows()[0]->AddSubRow();
+    EXPECT_EQ(harness.grid->GetSelection().GetFocus(), (SGridCell{0, 0}));
+    harness.grid->SelectCell({4, 0});
+    harness.grid->GetRows()[0]->AddSubRow();
+    EXPECT_EQ(harness.grid->GetSelection().GetFocus(), (SGridCell{5, 0}));
     harness.grid->SelectCell({1, 0});
     harness.grid->RemoveAllRows();
     EXPECT_TRUE(harness.grid->GetSelection().IsEmpty());
