@@ -201,7 +201,7 @@ void CGridPane::Draw(CGridPainter& painter, const SRect& clip) const
     const SColumns columns = ColumnsBetween(std::max(clip.left, GetFrozenWidth()), clip.right);
     const std::size_t frozen = clip.left < GetFrozenWidth() ? m_frozen : 0;
     const SGridCell focus = m_selection.GetFocus();
-    const bool hasFocus = m_focus && !m_selection.IsEmpty();
+    const bool hasFocus = m_focus && GetColumnCount() != 0;
     const auto drawRow = [&](std::size_t row, std::size_t first, std::size_t end, bool isFrozen) {
         for (std::size_t column = first; column < end; ++column)
             DrawCell(painter, {row, column}, GetCellRect({row, column}));

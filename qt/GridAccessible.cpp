@@ -63,7 +63,7 @@ public:
     }
     QAccessibleInterface* focusChild() const override
     {
-        const bool focused = GetGrid() && GetGrid()->HasFocus() && !GetGrid()->GetSelection().IsEmpty();
+        const bool focused = GetGrid() && GetGrid()->HasFocus();
         return focused ? GetCell(GetGrid()->GetSelection().GetFocus()) : nullptr;
     }
     void* interface_cast(QAccessible::InterfaceType type) override

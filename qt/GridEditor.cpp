@@ -33,14 +33,14 @@ void CGridEditor::Watch()
     GetWidget().installEventFilter(this);
 }
 
-void CGridEditor::Show(const SRect& rect)
+void CGridEditor::Show(const SRect& rect) const
 {
     Place(rect);
     GetWidget().show();
     GetWidget().setFocus(Qt::OtherFocusReason);
 }
 
-void CGridEditor::Place(const SRect& rect)
+void CGridEditor::Place(const SRect& rect) const
 {
     // Within the frame of the focus.
     GetWidget().setGeometry(ToQRect(rect.Shrunk(2, 2)));

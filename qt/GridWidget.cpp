@@ -184,7 +184,7 @@ void CGridWidget::OnSelectionChanged()
 void CGridWidget::UpdateSpokenText(bool moved)
 {
     const CGridPane* const grid = GetControl();
-    if (!grid || !QAccessible::isActive() || grid->GetSelection().IsEmpty())
+    if (!grid || !QAccessible::isActive())
         return;
     const CStr before = std::exchange(m_spoken, grid->Speak(grid->GetSelection().GetFocus()).text);
     if (moved)

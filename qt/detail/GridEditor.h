@@ -34,8 +34,8 @@ public:
     virtual CStr GetText() const = 0;
     /// Opens a list, when the mouse that opened the editor has been released.
     virtual void DropDown() {}
-    void Show(const SRect& rect);
-    void Place(const SRect& rect);
+    void Show(const SRect& rect) const;
+    void Place(const SRect& rect) const;
     /// Says no more that it is done.
     void Disarm() { m_done = nullptr; }
     /// Hides the widget, which goes as soon as Qt is done with its events.

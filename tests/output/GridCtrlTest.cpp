@@ -241,6 +241,9 @@ TEST(GridCtrl, TypingEditsAndTabGoesOn)
         row.Emplace<CGridItem>(u"name").SetFlag(CGridItem::ReadOnly, readOnly);
         row.Emplace<CGridItem>(u"value");
     }
+    harness.grid->OnFocus(true);
+    EXPECT_NE(harness.DrawAll().find("focus 0,20,100,40"), std::string::npos)
+        << "also before anything is selected";
     EXPECT_TRUE(harness.grid->OnText(u"x"));
     EXPECT_EQ(harness.view.editor->typed, u"x");
     for (const SGridCell cell : {SGridCell{0, 1}, SGridCell{1, 1}}) {

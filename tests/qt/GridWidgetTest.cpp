@@ -52,7 +52,7 @@ public:
     }
     ~GridWidget() override { SetMessageBoxService(m_oldBoxes); }
 
-    CGridCtrl& Grid() { return m_shown.grid->GetGrid(); }
+    CGridCtrl& Grid() const { return m_shown.grid->GetGrid(); }
     template<class TItem, class... A>
     TItem& Add(A&&... arguments)
     {

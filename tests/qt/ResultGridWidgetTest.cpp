@@ -114,7 +114,7 @@ TEST(ResultGridWidget, AMillionRowsAskForVisibleCellsOnly)
     shown.grid->Attach(pane);
     QPixmap picture(400, 240);
     QScrollBar& bar = *shown.grid->verticalScrollBar();
-    const auto rows = static_cast<std::size_t>(shown.View().height() / pane.GetRowHeight() + 1);
+    const auto rows = static_cast<std::size_t>(shown.View().height() / pane.GetRowHeight()) + 1;
     for (const int value : {0, bar.maximum() / 2, bar.maximum()}) {
         bar.setValue(value);
         pane.drawn = 0;
