@@ -1,4 +1,5 @@
 #include "examples/gallery/Pages.h"
+#include "examples/gallery/SampleResults.h"
 #include "output/GridCopy.h"
 #include "qt/QtText.h"
 #include "qt/ResultGridWidget.h"
@@ -9,8 +10,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-#include <cmath>
 
 namespace Gallery
 {
@@ -25,29 +24,6 @@ using SCellInfo = CGrid::SCellInfo;
 constexpr int c_rows = 40;
 constexpr int c_manyRows = 1000000;
 
-void AddColumns(CGrid& grid)
-{
-    grid.SetNameHeader(u"Profile");
-    for (const char16_t* const name : {u"Ra", u"Rq", u"Rz"})
-        grid.AddColumn({name, u"Height"});
-    grid.AddColumn({u"RSm\r\nmean width", u"Spacing"});
-    grid.AddColumn({u"Rdq\r\nroot mean square slope", u"Spacing"});
-    grid.AddColumn({u"Cut-off\r\n\u03BBc", {}});
-    for (const char16_t* const name : {u"Rpk", u"Rk", u"Rvk"})
-        grid.AddColumn({name, u"Material ratio"});
-}
-
-CGrid::SRow MakeRow(const CStr& name, double phase)
-{
-    const auto value = [phase](double middle, double spread, const char16_t* format) {
-        return CStr::Format(format, middle + spread * std::sin(phase * middle));
-    };
-    return {.name = name,
-            .cells = {value(0.31, 0.06, u"%.3f"), value(0.39, 0.08, u"%.3f"), value(2.1, 0.4, u"%.2f"),
-                      value(38, 6, u"%.1f"), value(4.2, 0.9, u"%.2f"), u"0.8", value(0.28, 0.1, u"%.3f"),
-                      value(0.97, 0.2, u"%.3f"), value(0.44, 0.1, u"%.3f")}};
-}
-
 /// Three tables as an analysis shows them: what was measured, the results, and their statistics.
 class CResultGridPage : public QWidget
 {
@@ -60,7 +36,6 @@ public:
     {
         FillSummary();
         FillResults(c_rows);
-        FillStatistics();
         auto* const layout = new QVBoxLayout(this);
         AddGrid(*layout, "S&ummary", *m_summary, 0);
         AddGrid(*layout, "&Results", *m_results, 1);
@@ -116,29 +91,12 @@ private:
         m_summary->Update();
         m_summary->GetPane().FitColumns();
     }
-    void FillResults(int rows)
+    void FillResults(int profiles)
     {
-        CGrid& grid = m_results->GetTable();
-        grid.Clear();
-        AddColumns(grid);
-        grid.AddRow({.name = CStr(),
-                     .cells = {u"\u00B5m", u"\u00B5m", u"\u00B5m", u"\u00B5m", u"\u00B0", u"mm", u"\u00B5m",
-                               u"\u00B5m", u"\u00B5m"},
-                     .subHeader = true});
-        grid.ReserveRows(static_cast<std::size_t>(rows) + 1);
-        for (int row = 1; row <= rows; ++row)
-            grid.AddRow(MakeRow(CStr::Format(u"%d", row), row));
+        FillSampleResults(profiles, m_results->GetTable(), m_statistics->GetTable());
         m_results->Update();
-        m_log(QStringLiteral("Results: %1 rows").arg(rows));
-    }
-    void FillStatistics()
-    {
-        CGrid& grid = m_statistics->GetTable();
-        AddColumns(grid);
-        grid.AddRow(MakeRow(u"Mean", 0));
-        grid.AddRow(MakeRow(u"Minimum", 4.6));
-        grid.AddRow(MakeRow(u"Maximum", 1.7));
         m_statistics->Update();
+        m_log(QStringLiteral("Results: %1 rows").arg(profiles));
     }
     void OnSelection()
     {
