@@ -304,6 +304,34 @@ TEST_F(GridWidget, CallbacksMayDestroyTheWidget)
     }
 }
 
+TEST_F(GridWidget, AWindowThatIsDestroyedWhileTheUserTypesIsNotCalled)
+{
+    /// Its part of the object is gone when Qt takes the focus away.
+    struct SWindow : QWidget {
+        explicit SWindow(std::string& changes)
+            : grid(new CGridCtrlWidget(this))
+            , m_changes(changes)
+        {
+            grid->GetGrid().SetChangeCallback(*this, &SWindow::OnChange);
+            grid->GetGrid().AddColumn({u"Value", 100});
+            grid->GetGrid().AddRow().Emplace<CGridItem>(u"old");
+        }
+        void OnChange(CGridItem&, int) { m_changes += "called"; }
+
+        CGridCtrlWidget* grid;
+        std::string& m_changes;
+    };
+    auto window = std::make_unique<SWindow>(m_changes);
+    window->show();
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    window->grid->setFocus();
+    QTest::keyClick(window->grid, 'x');
+    ASSERT_TRUE(window->grid->GetGrid().IsEditing());
+    window.reset();
+    EXPECT_EQ(m_changes, "");
+}
+
 TEST_F(GridWidget, AnExceptionOfACallbackReachesTheLoop)
 {
     m_throws = true;
