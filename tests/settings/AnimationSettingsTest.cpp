@@ -1,6 +1,6 @@
 #include "settings/AnimationSettings.h"
 
-#include "ReaderTesting.h"
+#include "tests/settings/SettingsTesting.h"
 
 #include <limits>
 
@@ -35,24 +35,4 @@ TEST(AnimationSettings, ViewAtAPosition)
         EXPECT_NEAR(view.elevation, row.view.elevation, 1e-9) << row.position;
         EXPECT_NEAR(view.zoom, row.view.zoom, 1e-9) << row.position;
     }
-}
-
-TEST(AnimationSettings, RefusesWhatIsUnusable)
-{
-    const std::string good = "[Animation]\nKeyFrame1=0,0,35,1\n";
-    ExpectReads(
-        SAnimationSettings{.duration = 5}, "Animation",
-        {
-            {good + "Duration=0.1\nKeyFrame2=0,-720,90,0.01\n"},
-            {"", {"no key frame"}},
-            {"[Animation]\nDuration=3\n", {"no key frame"}},
-            {good + "Duration=0\n", {"Duration=0 is not a number from 0.1 to 3600"}},
-            {good + "FramesPerSecond=25.5\n", {"FramesPerSecond=25.5 is not a whole number from 1 to 120"}},
-            {good + "KeyFrame2=1,0,35\n", {"KeyFrame2=1,0,35 is not a position and a view"}},
-            {good + "KeyFrame2=1,0,91,1\n", {"KeyFrame2=1,0,91,1 is not a position and a view"}},
-            {good + "KeyFrame2=1,0,35,0\n", {"KeyFrame2=1,0,35,0 is not a position and a view"}},
-            {good + "KeyFrame2=1,nan,35,1\n", {"KeyFrame2=1,nan,35,1 is not a position and a view"}},
-            {"[Animation]\nKeyFrame1=1,0,0,1\nKeyFrame2=0.5,0,0,1\n",
-             {"KeyFrame2=0.5,0,0,1 is not at or behind the key frame before it"}},
-        });
 }

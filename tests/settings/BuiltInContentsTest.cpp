@@ -1,29 +1,21 @@
-#include "ReaderTesting.h"
 #include "settings/AnimationSettings.h"
 #include "settings/BatchSequenceSettings.h"
 #include "settings/ColorScale.h"
+#include "settings/FilterSettings.h"
 #include "settings/GrainThresholdSettings.h"
 #include "settings/PlaneCorrectionSettings.h"
 #include "settings/ReportTemplateSettings.h"
 #include "settings/RoughnessSettings.h"
+#include "tests/settings/SettingsTesting.h"
+#include "tests/TestData.h"
 
 #include <algorithm>
-#include <fstream>
 #include <set>
-#include <sstream>
 
 using namespace CommonUI;
 
 namespace
 {
-
-std::vector<std::string> LinesOf(std::istream&& text)
-{
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(text, line);)
-        lines.push_back(line);
-    return lines;
-}
 
 /// What the reader of the set's type makes of it, written again; empty for a set that it refuses.
 template<class TSettings>
@@ -58,6 +50,8 @@ std::string ReadAndWritten(CInifile& ini, ESettingType type)
         return RoughnessReadAndWritten(ini, EAnalysis::Roughness);
     case ESettingType::ProfileRoughness:
         return RoughnessReadAndWritten(ini, EAnalysis::RoughnessProfile);
+    case ESettingType::Filter:
+        return ReadAndWritten<SFilterSettings>(ini);
     case ESettingType::ColorScale:
         return ReadAndWritten<SColorScale>(ini);
     case ESettingType::PnP:
@@ -69,16 +63,11 @@ std::string ReadAndWritten(CInifile& ini, ESettingType type)
     }
 }
 
-/// All but plane corrections and filters, which are on record in a file of their own.
 std::vector<EBuiltInSetting> Settings()
 {
     std::vector<EBuiltInSetting> settings;
-    for (const auto& row : GetBuiltInSettingEnum()) {
-        const EBuiltInSetting setting{row.GetValue()};
-        if (const ESettingType type = GetSettingType(setting);
-            type != ESettingType::PlaneCorr && type != ESettingType::Filter)
-            settings.push_back(setting);
-    }
+    for (const auto& row : GetBuiltInSettingEnum())
+        settings.push_back(EBuiltInSetting{row.GetValue()});
     return settings;
 }
 
@@ -94,9 +83,9 @@ std::string DefaultRoughnessText()
 /// record with them.
 std::string LineOf(EBuiltInSetting setting)
 {
-    static const std::vector<std::string> defaults = LinesOf(std::istringstream(DefaultRoughnessText()));
+    static const std::vector<std::string> defaults = SplitText(DefaultRoughnessText(), '\n');
     std::string text = std::to_string(static_cast<int>(setting));
-    for (const std::string& line : LinesOf(std::istringstream(GetBuiltInSettingText(setting).ToUtf8())))
+    for (const std::string& line : SplitText(GetBuiltInSettingText(setting).ToUtf8(), '\n'))
         if (line.starts_with('[') || std::ranges::find(defaults, line) == defaults.end())
             text += " | " + line;
     return text;
@@ -104,15 +93,13 @@ std::string LineOf(EBuiltInSetting setting)
 
 } // namespace
 
+// What is stored: a change here changes what people's sequences do.
 TEST(BuiltInContents, AreThoseOnRecord)
 {
     std::vector<std::string> lines;
     for (const EBuiltInSetting setting : Settings())
         lines.push_back(LineOf(setting));
-    const auto record = LinesOf(std::ifstream(COMMONUI_TEST_DATA "/built-in-contents.txt"));
-    ASSERT_EQ(lines.size(), record.size());
-    for (std::size_t i = 0; i < lines.size(); ++i)
-        EXPECT_EQ(lines[i], record[i]);
+    EXPECT_EQ(lines, ReadTestLines("built-in-contents.txt"));
 }
 
 TEST(BuiltInContents, AreReadByTheirTypesAndDifferFromEachOther)

@@ -1,6 +1,6 @@
 #include "settings/ColorScale.h"
 
-#include "ReaderTesting.h"
+#include "tests/settings/SettingsTesting.h"
 
 #include <gtest/gtest.h>
 
@@ -81,31 +81,17 @@ TEST(ColorScale, SavesAndLoads)
               "Stop1=0,0,0,0\nStop2=0.1,200,0,0\nStop3=0.3333333333333333,0,100,0\n");
 }
 
-TEST(ColorScale, RefusesWhatIsUnusable)
+TEST(ColorScale, StopsAreLimited)
 {
-    const std::string good = "[ColorScale]\nStop1=0,0,0,0\nStop2=1,255,255,255\n";
-    std::string tooMany = "[ColorScale]\n";
-    for (std::size_t i = 1; i <= SColorScale::c_mostStops + 1; ++i)
-        tooMany += "Stop" + std::to_string(i) + "=0,0,0,0\n";
-    const SColorScale before{.stops = {{0, c_red}, {1, c_blue}}};
-    ExpectReads(
-        before, "ColorScale",
-        {
-            {good},
-            {good + "Stop4=nonsense\n"}, // stops end at the first number that is missing
-            {"[ColorScale]\nStop1=0.5,0,0,0\nStop2=0.5,1,1,1\n"},
-            {"", {"fewer than two stops"}},
-            {"Stop1=0,0,0,0\nStop2=1,0,0,0\n", {"fewer than two stops"}},
-            {"[ColorScale]\nStop1=0,0,0,0\n", {"fewer than two stops"}},
-            {good + "Stop3=1,0,0\n", {"Stop3=1,0,0 is not a position and a colour"}},
-            {good + "Stop3=1,0,0,256\n", {"Stop3=1,0,0,256 is not a position and a colour"}},
-            {good + "Stop3=1,0,0.5,0\n", {"Stop3=1,0,0.5,0 is not a position and a colour"}},
-            {good + "Stop3=nan,0,0,0\n", {"Stop3=nan,0,0,0 is not a position and a colour"}},
-            {good + "Stop3=0.9,0,0,0\n", {"Stop3=0.9,0,0,0 is not at or above the stop before it"}},
-            {good + "Interpolation=smooth\n", {"Interpolation=smooth is not a choice that is known"}},
-            {good + "Below=red\nAbove=1,2\n", {"Below=red is not a colour", "Above=1,2 is not a colour"}},
-            {tooMany, {"too many stops"}},
-        });
+    CInifile ini;
+    SColorScale scale{.stops = std::vector<SColorStop>(SColorScale::c_mostStops + 1, {0, c_red})};
+    scale.Save(ini);
+    CRefusals refusals;
+    EXPECT_FALSE(scale.Load(ini));
+    EXPECT_EQ(refusals.Take(), std::vector<std::string>{"Settings: [ColorScale] too many stops"});
+    scale.stops.pop_back();
+    scale.Save(ini);
+    EXPECT_TRUE(scale.Load(ini));
 }
 
 TEST(ColorScale, BuiltInScalesHoldWhatTheirNamesSay)

@@ -47,58 +47,6 @@ TEST(FilterSettings, WhatIsNotSaidHasItsDefault)
     }
 }
 
-TEST(FilterSettings, UnusableSetsAreRefused)
-{
-    const std::pair<const char16_t*, const char*> rows[] = {
-        {u"", "Kind="},
-        {u"Kind=median", "Kind=median"},
-        {u"Kind=Mean\nApplication=Volume\nRows=2", "Application=Volume"},
-        {u"Kind=Mean\nRows=4", "Rows=4"},
-        {u"Kind=Mean\nRows=0", "Rows=0"},
-        {u"Kind=Spikes\nColumns=-3", "Columns=-3"},
-        {u"Kind=Median\nColumns=257", "Columns=257"},
-        {u"Kind=Median\nColumns=3.5", "Columns=3.5"},
-        {u"Kind=Median\nApplication=Curve\nRows=3", "Rows=3"},
-        {u"Kind=Median\nStrength=Strong", "Strength=Strong"},
-        {u"Kind=Median\nStrength=Weak\nThreshold=0", "Threshold=0"},
-        {u"Kind=Spikes\nThreshold=1001", "Threshold=1001"},
-        {u"Kind=Spikes\nRows=1", "Columns="},
-        {u"Kind=Median\nRows=3\nColumns=1\nStrength=Weak", "Columns=1"},
-        {u"Kind=Streaks\nPolarity=bright", "Polarity=bright"},
-        {u"Kind=Streaks\nMaximumWidth=0", "MaximumWidth=0"},
-        {u"Kind=Streaks\nMaximumWidth=128", "MaximumWidth=128"},
-        {u"Kind=Streaks\nThreshold=-1", "Threshold=-1"},
-        {u"Kind=Gauss", "StandardDeviation="},
-        {u"Kind=Gauss\nStandardDeviation=41", "StandardDeviation=41"},
-        {u"Kind=Gauss\nStandardDeviation=nan\nRows=2", "StandardDeviation=nan"},
-        {u"Kind=Gauss\nStandardDeviation=1\nRows=2", "Rows=2"},
-        {u"Kind=Convolution", "Weights="},
-        {u"Kind=Convolution\nRows=1\nWeights=1,2", "Weights=1,2"},
-        {u"Kind=Convolution\nRows=1\nWeights=1,2,3,4", "Weights=1,2,3,4"},
-        {u"Kind=Convolution\nRows=1\nWeights=1,inf,1", "Weights=1,inf,1"},
-        {u"Kind=Convolution\nRows=1\nWeights=1,b,1", "Weights=1,b,1"},
-        {u"Kind=ProfileGaussian", "Cutoff="},
-        {u"Kind=ProfileGaussian\nCutoff=0", "Cutoff=0"},
-        {u"Kind=ProfileGaussian\nCutoff=-8e-7", "Cutoff=-8e-7"},
-        {u"Kind=ProfileGaussian\nCutoff=inf", "Cutoff=inf"},
-        {u"Kind=ProfileGaussian\nCutoff=0.8 mm", "Cutoff=0.8 mm"},
-        {u"Kind=ProfileGaussian\nCutoffFraction=0.2", "Cutoff="},
-        {u"Kind=ProfileGaussian\nCutoff=1\nNestingIndex=L", "NestingIndex=L"},
-        {u"Kind=ArealGaussian\nCutoff=1\nNestingIndex=LambdaS", "NestingIndex=LambdaS"},
-        {u"Kind=ArealGaussian\nCutoff=1\nPass=Band", "Pass=Band"},
-        {u"Kind=ArealGaussian\nCutoff=1\nCutoffRule=Half", "CutoffRule=Half"},
-        {u"Kind=ArealGaussian\nCutoffRule=Fraction\nCutoff=1", "CutoffFraction="},
-        {u"Kind=ArealGaussian\nCutoffRule=Fraction\nCutoffFraction=1.01", "CutoffFraction=1.01"},
-    };
-    for (const auto& [text, reason] : rows) {
-        const std::string refusal = Refusal<SFilterSettings>(CStr(u"[Filter]\n") + text);
-        EXPECT_EQ(refusal.find(std::string("[Filter] ") + reason), 0U)
-            << CStr(text).ToUtf8() << ": " << refusal;
-    }
-    EXPECT_NE(Refusal<SFilterSettings>(u"[Filter]\nKind=Mean\nRows=2\nColumns=4").find("Columns=4"),
-              std::string::npos);
-}
-
 TEST(FilterSettings, ConvolutionIsReadAsItWasSaved)
 {
     const SFilterSettings laplace{

@@ -25,27 +25,6 @@ TEST(PlaneCorrectionSettings, WhatIsNotSaidHasItsDefault)
     }
 }
 
-TEST(PlaneCorrectionSettings, UnusableSetsAreRefused)
-{
-    const std::pair<const char16_t*, const char*> rows[] = {
-        {u"", "Method="},
-        {u"[PlaneCorrection]\nOrder=1", "Method="},
-        {u"[Planecorrection]\nMethod=Offset", "Method="},
-        {u"[PlaneCorrection]\nMethod=polynomial", "Method=polynomial"},
-        {u"[PlaneCorrection]\nMethod=", "Method="},
-        {u"[PlaneCorrection]\nMethod=Offset\nScope=Column", "Scope=Column"},
-        {u"[PlaneCorrection]\nMethod=Polynomial\nOrder=0", "Order=0"},
-        {u"[PlaneCorrection]\nMethod=Polynomial\nOrder=10", "Order=10"},
-        {u"[PlaneCorrection]\nMethod=Polynomial\nOrder=99999999999", "Order=99999999999"},
-        {u"[PlaneCorrection]\nMethod=Polynomial\nOrder=first", "Order=first"},
-        {u"[PlaneCorrection]\nMethod=StepWizard\nOrder=3", "Order=3"},
-    };
-    for (const auto& [text, reason] : rows)
-        EXPECT_EQ(Refusal<SPlaneCorrectionSettings>(text).find(std::string("[PlaneCorrection] ") + reason),
-                  0U)
-            << CStr(text).ToUtf8();
-}
-
 TEST(PlaneCorrectionSettings, SavingReplacesTheSetAndNothingElse)
 {
     CInifile ini = Document(u"; mine\n[PlaneCorrection]\n; note\nScope=Profile\nOrder=7\n[Other]\nKey=1\n");

@@ -1,11 +1,9 @@
 #include "settings/PreferencesManager.h"
 
 #include "common/Diagnostics.h"
+#include "tests/TestData.h"
 
 #include <gtest/gtest.h>
-
-#include <fstream>
-#include <iterator>
 
 using namespace CommonUI;
 using ESeparator = CPreferencesData::EDecimalSeparator;
@@ -43,8 +41,7 @@ CPreferencesData Loaded(const std::string& bytes)
 // A change here is a change of the format, which people's files have: see docs/preferences-file.md.
 TEST(PreferencesData, StoredKeysAreThoseOfTheGoldenFile)
 {
-    std::ifstream file(COMMONUI_TEST_DATA "/general-preferences.ini", std::ios::binary);
-    const std::string golden{std::istreambuf_iterator<char>(file), {}};
+    const std::string golden = ReadTestData("general-preferences.ini");
     CPreferencesManager manager;
     manager.GetData().Set3DAccelerationMode(E3DAccelerationMode::Hardware);
     manager.GetData().Set3DPreviewTargetTime(0.125);

@@ -1,6 +1,6 @@
 #include "settings/RoughnessSettings.h"
 
-#include "ReaderTesting.h"
+#include "tests/settings/SettingsTesting.h"
 
 #include <set>
 

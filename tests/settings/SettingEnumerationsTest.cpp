@@ -19,9 +19,9 @@ std::string Lines(const CEnum<E>& values)
 
 TEST(SettingEnumerations, RowsAreThoseOnRecord)
 {
-    EXPECT_EQ(Lines(GetSettingTypeEnum()), DataFile("setting-types.txt"));
-    EXPECT_EQ(Lines(GetSettingCategoryEnum()), DataFile("setting-categories.txt"));
-    EXPECT_EQ(Lines(GetBuiltInSettingEnum()), DataFile("built-in-settings.txt"));
+    EXPECT_EQ(Lines(GetSettingTypeEnum()), ReadTestData("setting-types.txt"));
+    EXPECT_EQ(Lines(GetSettingCategoryEnum()), ReadTestData("setting-categories.txt"));
+    EXPECT_EQ(Lines(GetBuiltInSettingEnum()), ReadTestData("built-in-settings.txt"));
 }
 
 TEST(SettingEnumerations, UnknownNumbersAndKeys)

@@ -84,7 +84,7 @@ TEST_F(SettingsFactory, IdentifiersOfNoSet)
 
 TEST_F(SettingsFactory, StoredKeysAreThoseOnRecord)
 {
-    const std::string stored = DataFile("settings-factory.ini");
+    const std::string stored = ReadTestData("settings-factory.ini");
     CInifile ini;
     ini.LoadBytes(stored);
     ini.SelectSection(u"Callers");

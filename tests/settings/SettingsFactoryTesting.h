@@ -6,17 +6,9 @@
 #include "platform/MessageBoxService.h"
 #include "settings/SettingsFactory.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/TestData.h"
 
 #include <gtest/gtest.h>
-
-#include <fstream>
-#include <iterator>
-
-inline std::string DataFile(const std::string& name)
-{
-    std::ifstream file(COMMONUI_TEST_DATA "/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// A factory whose inner operations can be called.
 class CTestFactory : public CommonUI::CSettingsFactory

@@ -41,7 +41,7 @@ TEST_F(SettingsFactory, FileDialogTextsAreThoseOnRecord)
         texts += "[" + GetSettingTypeEnum().GetIniName(type).ToUtf8() + "]\nextension=" + extension.ToUtf8() +
                  "\nopen=" + open.ToUtf8() + "\nsave=" + save.ToUtf8() + "\n";
     }
-    EXPECT_EQ(texts, DataFile("settings-files.ini"));
+    EXPECT_EQ(texts, ReadTestData("settings-files.ini"));
 }
 
 TEST_F(SettingsFactory, LoadPrompt)

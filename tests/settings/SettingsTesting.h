@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace CommonUI
 {
@@ -37,23 +38,26 @@ TSettings BuiltIn(int number)
     return set;
 }
 
-/// What the reader of a settings type says in the diagnostics when it refuses a text; "accepted" when it does
-/// not, and "changed" when it refuses and changes its object all the same.
-template<class TSettings>
-std::string Refusal(std::u16string_view text)
+/// Collects the lines of the diagnostics while it lives, but for those of the INI store.
+class CRefusals
 {
-    std::string lines;
-    auto before = GetDiagnostics().SetSink([&](const SDiagnosticLine& line) {
-        if (line.category == u"Settings")
-            lines += CStr(line.text).ToUtf8() + '\n';
-    });
-    CInifile ini = Document(text);
-    TSettings set;
-    const bool accepted = set.Load(ini);
-    GetDiagnostics().SetSink(std::move(before));
-    if (accepted)
-        return "accepted";
-    return set == TSettings() ? lines : "changed";
-}
+public:
+    CRefusals()
+        : m_before(GetDiagnostics().SetSink([this](const SDiagnosticLine& line) {
+            if (line.category != u"Inifile")
+                m_lines.push_back(CStr::Format(u"%s: %s", line.category, line.text).ToUtf8());
+        }))
+    {
+    }
+    ~CRefusals() { GetDiagnostics().SetSink(std::move(m_before)); }
+    CRefusals(const CRefusals&) = delete;
+    CRefusals& operator=(const CRefusals&) = delete;
+
+    std::vector<std::string> Take() { return std::exchange(m_lines, {}); }
+
+private:
+    std::vector<std::string> m_lines;
+    CDiagnostics::CSink m_before;
+};
 
 } // namespace CommonUI

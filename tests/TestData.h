@@ -1,0 +1,34 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <vector>
+
+/// The bytes of a file in tests/data.
+inline std::string ReadTestData(const std::string& name)
+{
+    std::ifstream file(COMMONUI_TEST_DATA "/" + name, std::ios::binary);
+    std::string bytes(std::istreambuf_iterator<char>(file), {});
+    EXPECT_FALSE(bytes.empty()) << name;
+    return bytes;
+}
+
+/// The parts of a text that a character separates; what stands behind the last separator counts when there is
+/// something.
+inline std::vector<std::string> SplitText(const std::string& text, char separator)
+{
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, separator);)
+        parts.push_back(part);
+    return parts;
+}
+
+inline std::vector<std::string> ReadTestLines(const std::string& name)
+{
+    return SplitText(ReadTestData(name), '\n');
+}
