@@ -1,13 +1,11 @@
 #include "model/AnalysisPreferencesManager.h"
 #include "common/Exceptions.h"
 #include "tests/model/PreferencesTesting.h"
+#include "tests/TestData.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 
 using namespace CommonUI;
 using CManager = CAnalysisPreferencesManager;
@@ -77,9 +75,7 @@ TEST(AnalysisPreferencesManager, StoredKeysAreThoseOfTheGoldenFile)
     CInifile ini = PreferencesIni({}, u"Analysis");
     EXPECT_TRUE(manager.Save(ini));
     EXPECT_EQ(ini.GetSection(), u"Analysis");
-    std::ifstream file(std::filesystem::path(COMMONUI_TEST_DATA) / "analysis-preferences.ini",
-                       std::ios::binary);
-    const std::string golden{std::istreambuf_iterator<char>(file), {}};
+    const std::string golden = ReadTestData("analysis-preferences.ini");
     EXPECT_TRUE(ini.GetBytes() == golden) << "compare tests/data/analysis-preferences.ini with\n"
                                           << ini.GetBytes();
 

@@ -120,24 +120,6 @@ TEST(AnalysisPreferences, WhatIsSavedIsLoaded)
     }
 }
 
-TEST(AnalysisPreferences, KeysStandInTheOrderOfTheLayout)
-{
-    CData data(EAnalysis::PlaneCorrection);
-    CInifile ini = PreferencesIni();
-    data.Save(ini);
-    const std::vector<CStr> keys = ini.GetKeys();
-    const std::size_t size = keys.size();
-    EXPECT_EQ(keys[0], u"WriteToFile");
-    EXPECT_EQ(keys[1], u"WriteToDB");
-    EXPECT_EQ(keys[2], u"TiltX_P_On");
-    EXPECT_EQ(keys[22], u"Count_S_On");
-    EXPECT_EQ(keys[23], u"Count_S_Value");
-    EXPECT_TRUE(ini.HasKey(u"SdPercent _S_On"));
-    EXPECT_EQ(keys[38], u"ResultTable_O_On");
-    EXPECT_EQ(keys[size - 2], u"UnitString");
-    EXPECT_EQ(keys[size - 1], u"Preprocessing");
-}
-
 TEST(AnalysisPreferences, WhatCannotBeReadKeepsItsValue)
 {
     const CWarningCounter warnings;

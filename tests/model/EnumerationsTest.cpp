@@ -1,22 +1,15 @@
 #include "model/Enumerations.h"
 #include "model/MeasureParameters.h"
+#include "model/Parameter.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include "tests/TestData.h"
 
 using namespace CommonUI;
 
 namespace
 {
-
-std::string DataFile(const char* name)
-{
-    std::ifstream file(std::filesystem::path(COMMONUI_TEST_DATA) / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// What files and lists see of a value: number, key and text.
 std::string Describe(const CEnumValue<int>& value)
@@ -60,7 +53,8 @@ TEST(Enumerations, RowsStandAsFilesAndListsKnowThem)
     lines += DescribeAll("GetMUFURobustSeedEnum", GetMUFURobustSeedEnum());
     lines += DescribeAll("GetMUFUClosingCutOffRatioEnum", GetMUFUClosingCutOffRatioEnum());
     lines += DescribeAll("GetMeasureSummaryItemsEnum", GetMeasureSummaryItemsEnum());
-    EXPECT_EQ(lines, DataFile("enumerations.txt"));
+    lines += DescribeAll("GetFormatSpecifierEnum", GetFormatSpecifierEnum());
+    EXPECT_EQ(lines, ReadTestData("enumerations.txt"));
     EXPECT_EQ(&GetStatisticsEnum(), &GetStatisticsEnum());
 }
 
@@ -69,7 +63,7 @@ TEST(MeasureParameters, CatalogueHasItsRowsInDisplayOrder)
     std::string lines;
     for (const auto& value : GetMeasureParametersEnum())
         lines += Describe(value) + Physics(value) + "\n";
-    EXPECT_EQ(lines, DataFile("measure-parameters.txt"));
+    EXPECT_EQ(lines, ReadTestData("measure-parameters.txt"));
     auto output = GetMeasureOutputsEnum().begin();
     for (CEnumValue<int> value : GetMeasureParametersEnum()) {
         value.SetIniName(value.GetIniName() + u"Out");

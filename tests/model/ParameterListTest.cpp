@@ -3,11 +3,9 @@
 #include "model/RoughnessCatalogue.h"
 #include "tests/model/PreferencesTesting.h"
 
-#include <gtest/gtest.h>
+#include "tests/TestData.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <gtest/gtest.h>
 
 using namespace CommonUI;
 using EFactor = CUnit::EUnitFactor;
@@ -47,28 +45,14 @@ std::vector<CParameter> SampleList()
     return list;
 }
 
-CInifile IniOf(const std::string& bytes)
-{
-    CInifile ini;
-    ini.LoadBytes(bytes);
-    ini.SelectSection(u"A");
-    return ini;
-}
-
-std::string FileBytes(const std::string& name)
-{
-    std::ifstream file(std::filesystem::path(COMMONUI_TEST_DATA) / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 } // namespace
 
 TEST(ParameterList, StoredKeysAreThoseOfTheGoldenFile)
 {
     std::vector<CParameter> list = SampleList();
-    CInifile ini = IniOf("[A]\n[A_DynamicParameters]\nDyn9_ParentParam=Sdc\n");
+    CInifile ini = PreferencesIni("[A]\n[A_DynamicParameters]\nDyn9_ParentParam=Sdc\n");
     SaveParameterList(list, ini, EAnalysis::Roughness);
-    EXPECT_EQ(ini.GetBytes(), FileBytes("parameter-list.ini"));
+    EXPECT_EQ(ini.GetBytes(), ReadTestData("parameter-list.ini"));
     EXPECT_EQ(ini.GetSection(), u"A");
     EXPECT_FALSE(list[2].IsOn()) << "a template is switched off in the caller's list, too";
 }
@@ -76,7 +60,7 @@ TEST(ParameterList, StoredKeysAreThoseOfTheGoldenFile)
 TEST(ParameterList, ReadsBackWhatItWrote)
 {
     std::vector<CParameter> saved = SampleList();
-    CInifile ini = IniOf("");
+    CInifile ini = PreferencesIni("");
     SaveParameterList(saved, ini, EAnalysis::RoughnessProfile);
     std::vector<CParameter> list = StaticList();
     list.emplace_back(300, list[1]); // a dynamic parameter from before, which goes
@@ -101,7 +85,7 @@ TEST(ParameterList, ReadsBackWhatItWrote)
 TEST(ParameterList, WithoutDynamicParametersTheirSectionIsEmpty)
 {
     std::vector<CParameter> list = StaticList();
-    CInifile ini = IniOf("[A_DynamicParameters]\nNumDynamicParameters=1\nDyn1_ParentParam=Sdc\n");
+    CInifile ini = PreferencesIni("[A_DynamicParameters]\nNumDynamicParameters=1\nDyn1_ParentParam=Sdc\n");
     SaveParameterList(list, ini, EAnalysis::Roughness);
     EXPECT_TRUE(ini.HasSection(u"A_DynamicParameters"));
     ini.SelectSection(u"A_DynamicParameters");
@@ -147,7 +131,7 @@ TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
         std::string bytes("[A]\n[A_DynamicParameters]\nNumDynamicParameters=");
         for (const char* part : {row.count, "\n", row.first, row.more})
             bytes += part;
-        CInifile ini = IniOf(bytes);
+        CInifile ini = PreferencesIni(bytes);
         std::vector<CParameter> list = StaticList();
         LoadParameterList(list, ini, row.analysis);
         ASSERT_EQ(list.size(), 3u + static_cast<unsigned>(row.dynamic));
@@ -164,8 +148,9 @@ TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
 TEST(ParameterList, UnknownNamesOfStaticParametersKeepWhatWas)
 {
     const CWarningCounter warnings;
-    CInifile ini = IniOf("[A]\nSa_P_On=perhaps\nSa_P_Factor=nano\nSa_P_FloatFormat=Roman\nSa_P_FloatSize=-1\n"
-                         "Sdc_P_On=1\n");
+    CInifile ini =
+        PreferencesIni("[A]\nSa_P_On=perhaps\nSa_P_Factor=nano\nSa_P_FloatFormat=Roman\nSa_P_FloatSize=-1\n"
+                       "Sdc_P_On=1\n");
     std::vector<CParameter> list = StaticList();
     list[0].SetUnitFactor(EFactor::Milli);
     const CParameter before = list[0];

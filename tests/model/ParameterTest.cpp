@@ -222,16 +222,3 @@ TEST(Parameter, IsEqualComparesChoicesNotTexts)
     EXPECT_FALSE(CParameter::IsEqual(base, MakeParameter(EDimension::Length, false)))
         << "the variable is missing";
 }
-
-TEST(Parameter, FormatKindsHaveTheirKeysAndTexts)
-{
-    const auto& kinds = GetFormatSpecifierEnum();
-    ASSERT_EQ(kinds.GetCount(), 3u);
-    const char16_t* const expected[][2] = {
-        {u"FormatDecimals", u"Decimals"}, {u"FormatDigits", u"Digits"}, {u"FormatInteger", u"Integer"}};
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(kinds.GetIniName(i), expected[i][0]);
-        EXPECT_EQ(kinds.GetFriendlyString(i), expected[i][1]);
-        EXPECT_EQ(kinds.GetShortFriendlyString(i), expected[i][1]);
-    }
-}

@@ -1,6 +1,7 @@
 #include "model/AnalysisPreferencesManager.h"
 #include "tests/model/PreferencesTesting.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/TestData.h"
 
 #include <gtest/gtest.h>
 
@@ -26,10 +27,9 @@ using CLines = std::vector<std::string>;
 CLines GoldenLines(EAnalysis analysis)
 {
     const std::string start = "[Analysis_" + CAnalysisPreferencesData::GetININame(analysis).ToUtf8();
-    std::ifstream file(std::filesystem::path(COMMONUI_TEST_DATA) / "analysis-preferences.ini");
     CLines lines;
     bool isOurs = false;
-    for (std::string line; std::getline(file, line);) {
+    for (const std::string& line : ReadTestLines("analysis-preferences.ini")) {
         if (line.starts_with("["))
             isOurs = line == start + "]" || line == start + "_DynamicParameters]";
         if (isOurs)

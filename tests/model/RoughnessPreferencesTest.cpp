@@ -89,23 +89,6 @@ TEST(RoughnessPreferences, InstancesOfTemplatesAreCalledByTheirVariables)
     EXPECT_FALSE(data.IsModified());
 }
 
-TEST(RoughnessPreferences, ParametersOfPlugInsKeepTheirTexts)
-{
-    CData saved(EAnalysis::RoughnessProfile);
-    EXPECT_EQ(saved.AddParameter(142, PlugIn()), 144);
-    EXPECT_EQ(saved.AddParameter(-1, PlugIn()), 145);
-    CInifile ini = PreferencesIni();
-    saved.Save(ini);
-    CData loaded(EAnalysis::RoughnessProfile);
-    loaded.Load(ini);
-    const CParameter parameter = loaded.GetParameter(145);
-    EXPECT_EQ(parameter.GetParentValue(), 142);
-    EXPECT_EQ(parameter.GetIniName(), u"Acme");
-    EXPECT_EQ(parameter.GetFriendlyString(), u"Acme Roughness");
-    EXPECT_EQ(parameter.GetDimension(), CParameter::EDimension::Area);
-    EXPECT_TRUE(parameter.IsOn());
-}
-
 TEST(RoughnessPreferences, SettingParametersRestoresTheOrderOfTheCatalogue)
 {
     CData data(EAnalysis::Roughness);
