@@ -3,15 +3,13 @@
 #include "common/Diagnostics.h"
 #include "examples/offscreen/OffscreenContext.h"
 #include "platform/MessageBoxService.h"
+#include "tests/TestData.h"
 
 #include <GL/gl.h>
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <utility>
 
 namespace CommonUI
@@ -78,12 +76,6 @@ std::array<double, Size> GetDoubles(GLenum name)
     std::array<double, Size> values{};
     glGetDoublev(name, values.data());
     return values;
-}
-
-inline std::string ReadTestData(const char* name)
-{
-    std::ifstream file(std::filesystem::path(COMMONUI_TEST_DATA) / name, std::ios::binary);
-    return {std::istreambuf_iterator(file), {}};
 }
 
 /// The state that the library changes and has to give back.
