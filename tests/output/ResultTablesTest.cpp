@@ -1,4 +1,5 @@
 #include "tests/output/TestTables.h"
+#include "tests/TestData.h"
 
 #include <gtest/gtest.h>
 
@@ -45,29 +46,7 @@ TEST(ResultHtml, EveryAttributeOfTheTable)
 {
     CCells cells = SampleTable();
     cells.insert(cells.begin() + 3, CGrid::CRow{Cell(u"Section", 0, 4)});
-    const auto cell = [](const char* element, const char* span, const char* align, const char* attribute,
-                         const char* content) {
-        const std::string name = element;
-        return "<" + name + " ROWSPAN=1 COLSPAN=" + span + " style=\"text-align:" + align + ";\" " +
-               attribute + ">" + "<nobr>" + content + "</nobr></" + name + ">\n";
-    };
-    const char* const separator = "class=\"separatorbottom\"";
-    const char* const lastRow = "class=\"lastrow\"";
-    EXPECT_EQ(CGrid::GenerateResultsHTMLTable(cells).ToUtf8(),
-              "<table>\n<colgroup><col class=\"first\"</colgroup><THEAD>\n<TR>" +
-                  cell("TH", "1", "left", "", "") + cell("TH", "2", "center", "class=\"merged\"", "Height") +
-                  cell("TH", "1", "center", "class=\"last\"", "") + "</TR>\n<TR>" +
-                  cell("TH", "1", "left", "", "Line") + cell("TH", "1", "center", "", "Ra") +
-                  cell("TH", "1", "center", "", "R</nobr><br><nobr>q") +
-                  cell("TH", "1", "center", "class=\"last\"", "RSm") + "</TR>\n</THEAD>\n<TBODY>\n<TR>" +
-                  cell("TD", "1", "left", separator, "") + cell("TD", "1", "right", separator, "nm") +
-                  cell("TD", "1", "right", separator, "nm") + cell("TD", "1", "right", separator, "µm") +
-                  "</TR>\n<TR>" + cell("TD", "4", "center", "class=\"subHeaderSep\"", "Section") +
-                  "</TR>\n<TR>" + cell("TD", "1", "left", "", "1") + cell("TD", "1", "right", "", "1.5") +
-                  cell("TD", "1", "right", "", "1.9") + cell("TD", "1", "right", "", "7") + "</TR>\n<TR>" +
-                  cell("TD", "1", "left", lastRow, "Mean") + cell("TD", "1", "right", lastRow, "2.5") +
-                  cell("TD", "1", "right", lastRow, "") + cell("TD", "1", "right", lastRow, "") +
-                  "</TR>\n</TBODY>\n</table>");
+    EXPECT_EQ(CGrid::GenerateResultsHTMLTable(cells).ToUtf8() + "\n", ReadTestData("result-table.html"));
 }
 
 TEST(ResultHtml, SectionsAndSpansAtTheEdges)
@@ -93,32 +72,7 @@ TEST(ResultHtml, SectionsAndSpansAtTheEdges)
 
 TEST(ResultHtml, StyleSheetStandsAsItIs)
 {
-    // Rule by rule, each declaration on a line of its own.
-    const std::pair<const char*, std::vector<const char*>> rules[] = {
-        {"th",
-         {"font-weight:normal", "text-align:center", "padding:2px 5px", "background-color:#EAEAEA",
-          "border-right:1px #C0C0C0 solid"}},
-        {"th.merged", {"font-weight:bold"}},
-        {"th.mergedlast", {"font-weight:bold", "border-right: 0px #C0C0C0 none"}},
-        {"th.last", {"border-right: 0px #C0C0C0 none"}},
-        {"td", {"padding:2px 5px", "text-align:right"}},
-        {"td.first", {"border-right:1px #C0C0C0 solid", "text-align:left"}},
-        {"td.lastrow", {"border-bottom:1px #C0C0C0 solid"}},
-        {"td.separatorbottom", {"border-bottom:1px #C0C0C0 double"}},
-        {"td.subHeader", {"font-weight:bold"}},
-        {"td.subHeaderSep", {"border-top:1px #C0C0C0 solid", "font-weight:bold"}},
-        {"table",
-         {"border-collapse:collapse", "font-size:1em", "font-weight:inherit", "font-style:inherit",
-          "font-variant:inherit"}},
-    };
-    std::string expected = "<style>\n";
-    for (const auto& [selector, declarations] : rules) {
-        expected += std::string(selector) + " {\n";
-        for (const char* declaration : declarations)
-            expected += std::string(declaration) + ";\n";
-        expected += "}\n";
-    }
-    EXPECT_EQ(CGrid::GenerateHTMLTableStyle().ToUtf8(), expected + "</style>\n");
+    EXPECT_EQ(CGrid::GenerateHTMLTableStyle().ToUtf8(), ReadTestData("result-style.html"));
 }
 
 TEST(Transpose, ColumnsBecomeRowsAndGroupsStandInFrontOfTheirMembers)
