@@ -28,12 +28,12 @@ public:
     const std::filesystem::path& GetPath() const { return m_path; }
 
     /// Writes a file; folders in its name come into being.
-    void Write(const char* name, const std::string& bytes) const
+    void Write(const std::filesystem::path& name, const std::string& bytes) const
     {
         std::filesystem::create_directories((m_path / name).parent_path());
         std::ofstream(m_path / name, std::ios::binary) << bytes;
     }
-    std::string Read(const char* name) const
+    std::string Read(const std::filesystem::path& name) const
     {
         std::ifstream file(m_path / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};

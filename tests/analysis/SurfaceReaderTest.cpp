@@ -1,7 +1,8 @@
 #include "examples/analysis/SurfaceReader.h"
 
+#include "tests/TemporaryFolder.h"
+
 #include <cmath>
-#include <fstream>
 #include <gtest/gtest.h>
 
 using namespace SurfaceAnalysis;
@@ -13,23 +14,14 @@ const std::string c_sdf =
     "aISO-1.0\nNumPoints = 3\nNumProfiles = 2\nXscale = 1e-6\nYscale = 2e-6\nZscale = 1e-9\n*\n";
 const std::string c_matrix = "# Channel: Z\n# Width: 3.00 um\n# Height: 2.00 um\n# Value units: nm\n";
 
-// A file with a content of the test's own, removed at the end of the test.
+// A file with a content of the test's own.
 class SurfaceReader : public testing::Test
 {
 protected:
-    SurfaceReader()
-    {
-        const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
-        m_folder =
-            std::filesystem::path(testing::TempDir()) / (std::string("surface_reader_") + test->name());
-        std::filesystem::create_directories(m_folder);
-    }
-    ~SurfaceReader() override { std::filesystem::remove_all(m_folder); }
-
     SSurface Read(const std::string& content, const CProgress& progress = {})
     {
-        std::ofstream(GetPath(), std::ios::binary) << content;
-        return ReadSurface(GetPath(), progress);
+        m_folder.Write("a.sdf", content);
+        return ReadSurface(GetPath() / "a.sdf", progress);
     }
 
     // What the message says after the folder.
@@ -39,15 +31,15 @@ protected:
             ReadSurface(path);
         } catch (const EReadError& error) {
             const std::string message = error.what();
-            const std::string folder = m_folder.string() + '/';
+            const std::string folder = GetPath().string() + '/';
             return message.starts_with(folder) ? message.substr(folder.size()) : message;
         }
         return "no error";
     }
 
-    std::filesystem::path GetPath() const { return m_folder / "a.sdf"; }
+    std::filesystem::path GetPath() const { return m_folder.GetPath(); }
 
-    std::filesystem::path m_folder;
+    CTemporaryFolder m_folder;
 };
 
 void ExpectHeights(const SSurface& surface, const std::vector<double>& expected)
@@ -173,13 +165,13 @@ TEST_F(SurfaceReader, RefusesBadFiles)
         {"#\n# Value units: V\n", "a.sdf:2: a unit of length expected, not 'V'"},
     };
     for (const auto& [text, expected] : rows) {
-        std::ofstream(GetPath(), std::ios::binary) << text;
-        const std::string message = ReadBad(GetPath());
+        m_folder.Write("a.sdf", text);
+        const std::string message = ReadBad(GetPath() / "a.sdf");
         EXPECT_TRUE(message.starts_with(expected)) << message << "\nfor " << text;
         EXPECT_EQ(message.find('\n'), message.npos);
     }
-    EXPECT_EQ(ReadBad(m_folder / "none.sdf"), "none.sdf: no such file");
-    EXPECT_EQ(ReadBad(m_folder), m_folder.string() + ": not a file");
+    EXPECT_EQ(ReadBad(GetPath() / "none.sdf"), "none.sdf: no such file");
+    EXPECT_EQ(ReadBad(GetPath()), GetPath().string() + ": not a file");
 }
 
 TEST_F(SurfaceReader, ReportsProgressAndCanBeCancelled)

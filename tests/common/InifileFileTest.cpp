@@ -1,9 +1,9 @@
 #include "tests/common/FailingAllocation.h"
 #include "tests/common/InifileTesting.h"
+#include "tests/TemporaryFolder.h"
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 #include <iterator>
@@ -20,33 +20,14 @@ namespace
 class InifileFile : public testing::Test
 {
 protected:
-    InifileFile()
-        : m_folder(fs::path(testing::TempDir()) /
-                   (std::string("inifile-") + testing::UnitTest::GetInstance()->current_test_info()->name()))
-    {
-        fs::remove_all(m_folder);
-        fs::create_directories(m_folder);
-    }
-    ~InifileFile() override { fs::remove_all(m_folder); }
-
-    fs::path PathOf(const std::string& name) const { return m_folder / name; }
+    fs::path PathOf(const std::string& name) const { return m_folder.GetPath() / name; }
     CStr NameOf(const std::string& name) const { return PathOf(name).u16string(); }
-
-    void Put(const std::string& name, const std::string& bytes) const
-    {
-        std::ofstream(PathOf(name), std::ios::binary) << bytes;
-    }
-    std::string Get(const std::string& name) const
-    {
-        std::ifstream file(PathOf(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
     std::size_t CountFiles() const
     {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(m_folder), {}));
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(m_folder.GetPath()), {}));
     }
 
-    fs::path m_folder;
+    CTemporaryFolder m_folder;
 };
 
 /// Whether `work` returns true when that allocation of it fails; the failure may come out of it, too.
@@ -89,16 +70,16 @@ private:
 
 TEST_F(InifileFile, LoadsChangesAndSaves)
 {
-    Put("a \xC3\xA4.ini", "[A]\r\nk=1\r\n");
+    m_folder.Write("a \xC3\xA4.ini", "[A]\r\nk=1\r\n");
     CInifile ini;
     ini.SelectSection(u"A");
     ASSERT_TRUE(ini.Load(NameOf("a \xC3\xA4.ini")));
     EXPECT_EQ(ini.ReadInt(u"k", 0), 1);
     ini.WriteInt(u"k", 2);
     EXPECT_TRUE(ini.Save());
-    EXPECT_EQ(Get("a \xC3\xA4.ini"), "[A]\r\nk=2\r\n");
+    EXPECT_EQ(m_folder.Read("a \xC3\xA4.ini"), "[A]\r\nk=2\r\n");
     EXPECT_TRUE(ini.SaveCopy(NameOf("new.ini")));
-    EXPECT_EQ(Get("new.ini"), "[A]\r\nk=2\r\n");
+    EXPECT_EQ(m_folder.Read("new.ini"), "[A]\r\nk=2\r\n");
     EXPECT_EQ(CountFiles(), 2u);
 
     CInifile copy;
@@ -109,7 +90,7 @@ TEST_F(InifileFile, LoadsChangesAndSaves)
 
 TEST_F(InifileFile, WhatCannotBeLoadedLeavesAnEmptyDocument)
 {
-    Put("file", "k=1");
+    m_folder.Write("file", "k=1");
     for (const CStr& name : {CStr(), NameOf("missing"), NameOf("file/below"), NameOf(""), CStr(u"/dev/null"),
                              CStr(u"\xD800"), NameOf(std::string("file\0x", 6))}) {
         const CDiagnosticsCapture diagnostics;
@@ -123,12 +104,12 @@ TEST_F(InifileFile, WhatCannotBeLoadedLeavesAnEmptyDocument)
 
 TEST_F(InifileFile, WhatCannotBeSavedIsToldAndLeavesNothing)
 {
-    Put("file", "k=1");
-    Put("protected", "k=1");
+    m_folder.Write("file", "k=1");
+    m_folder.Write("protected", "k=1");
     fs::permissions(PathOf("protected"), fs::perms::owner_read);
     fs::create_symlink("loop", PathOf("loop"));
     for (const CStr& name : {CStr(), NameOf("missing/x.ini"), NameOf("file/below"),
-                             CStr(m_folder.u16string()), NameOf("protected"), NameOf("loop"),
+                             CStr(m_folder.GetPath().u16string()), NameOf("protected"), NameOf("loop"),
                              CStr(u"/dev/null"), CStr(u"\xD800"), NameOf(std::string("file\0x", 6))}) {
         const CDiagnosticsCapture diagnostics;
         EXPECT_FALSE(IniOf("k=2").SaveCopy(name)) << name.ToUtf8();
@@ -136,14 +117,14 @@ TEST_F(InifileFile, WhatCannotBeSavedIsToldAndLeavesNothing)
         const CStr& line = diagnostics.GetLines()[0];
         EXPECT_TRUE(name.IsEmpty() || line.Find(name) == line.ReverseFind(name)) << line.ToUtf8();
     }
-    EXPECT_EQ(Get("file"), "k=1");
-    EXPECT_EQ(Get("protected"), "k=1");
+    EXPECT_EQ(m_folder.Read("file"), "k=1");
+    EXPECT_EQ(m_folder.Read("protected"), "k=1");
     EXPECT_EQ(CountFiles(), 3u);
 }
 
 TEST_F(InifileFile, FullDiskKeepsTheOldFile)
 {
-    Put("a.ini", "k=1");
+    m_folder.Write("a.ini", "k=1");
     // Less and more than a stream holds back before it writes.
     for (const std::size_t size : {200, 1000000}) {
         CInifile ini;
@@ -155,15 +136,14 @@ TEST_F(InifileFile, FullDiskKeepsTheOldFile)
             EXPECT_FALSE(ini.Save());
         }
         EXPECT_EQ(diagnostics.GetLines().size(), 1u);
-        EXPECT_EQ(Get("a.ini"), "k=1");
+        EXPECT_EQ(m_folder.Read("a.ini"), "k=1");
         EXPECT_EQ(CountFiles(), 1u);
     }
 }
 
 TEST_F(InifileFile, LinksAndPermissionsStay)
 {
-    fs::create_directory(PathOf("data"));
-    Put("data/real.ini", "k=1");
+    m_folder.Write("data/real.ini", "k=1");
     const fs::perms permissions = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
     fs::permissions(PathOf("data/real.ini"), permissions);
     fs::create_symlink("data/real.ini", PathOf("near.ini"));
@@ -172,18 +152,18 @@ TEST_F(InifileFile, LinksAndPermissionsStay)
 
     EXPECT_TRUE(IniOf("k=2").SaveCopy(NameOf("link.ini")));
     EXPECT_TRUE(fs::is_symlink(PathOf("link.ini")) && fs::is_symlink(PathOf("near.ini")));
-    EXPECT_EQ(Get("data/real.ini"), "k=2");
+    EXPECT_EQ(m_folder.Read("data/real.ini"), "k=2");
     EXPECT_EQ(fs::status(PathOf("data/real.ini")).permissions(), permissions);
     EXPECT_TRUE(IniOf("k=3").SaveCopy(NameOf("dangling.ini")));
     EXPECT_TRUE(fs::is_symlink(PathOf("dangling.ini")));
-    EXPECT_EQ(Get("data/new.ini"), "k=3");
+    EXPECT_EQ(m_folder.Read("data/new.ini"), "k=3");
 }
 
 TEST_F(InifileFile, WithoutMemoryNothingIsHalfDone)
 {
     const std::string old = "[A]\na=1\n";
     const std::string fresh = "[B]\nb=2\n[A long name of a section]\n\"c\" =3\nd =4\n";
-    Put("fresh.ini", fresh);
+    m_folder.Write("fresh.ini", fresh);
     const CStr freshName = NameOf("fresh.ini");
     const CStr savedName = NameOf("saved.ini");
     const CDiagnosticsCapture diagnostics;
@@ -192,7 +172,7 @@ TEST_F(InifileFile, WithoutMemoryNothingIsHalfDone)
         CInifile ini = IniOf(old, u"A long name of a section");
         const bool saved = WorksWithout(
             allocation, [&] { return ini.SaveCopy(savedName); }, failed);
-        EXPECT_EQ(Get("saved.ini"), saved ? old : "") << allocation;
+        EXPECT_EQ(m_folder.Read("saved.ini"), saved ? old : "") << allocation;
         const bool loaded = WorksWithout(
             allocation, [&] { return ini.Load(freshName); }, failed);
         EXPECT_TRUE(ini.GetBytes() == (loaded ? fresh : "") || (!loaded && ini.GetBytes() == old))

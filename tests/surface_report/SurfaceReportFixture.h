@@ -1,6 +1,7 @@
 #pragma once
 
 #include "examples/surface_report/Program.h"
+#include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -25,16 +26,6 @@ inline std::string BytesOf(const fs::path& path)
 class SurfaceReportTest : public testing::Test
 {
 protected:
-    SurfaceReportTest()
-        : m_folder(fs::temp_directory_path() /
-                   (std::string("surface_report-") +
-                    testing::UnitTest::GetInstance()->current_test_info()->name()))
-    {
-        fs::remove_all(m_folder);
-        fs::create_directories(m_folder);
-    }
-    ~SurfaceReportTest() override { fs::remove_all(m_folder); }
-
     int Run(std::vector<std::string> arguments)
     {
         std::vector<const char*> pointers;
@@ -47,11 +38,12 @@ protected:
     fs::path Out() const { return m_folder / "made" / "out"; }
     fs::path Write(const std::string& name, const std::string& bytes) const
     {
-        std::ofstream(m_folder / name, std::ios::binary) << bytes;
+        m_temporary.Write(name, bytes);
         return m_folder / name;
     }
 
-    fs::path m_folder;
+    CTemporaryFolder m_temporary;
+    const fs::path m_folder = m_temporary.GetPath();
     std::ostringstream m_out;
     std::ostringstream m_err;
 };

@@ -1,6 +1,9 @@
 #include "SurfaceReportFixture.h"
 
 #include "common/Inifile.h"
+#include "tests/TestData.h"
+
+#include <algorithm>
 
 TEST_F(SurfaceReportTest, ReportsOfTheSampleAreThoseOfTheGoldenFiles)
 {
@@ -40,54 +43,29 @@ TEST_F(SurfaceReportTest, MarkupInTheInputStaysText)
     EXPECT_NE(BytesOf(Out() / "report.txt").find("Channel: <b>\r\n"), std::string::npos);
 }
 
+// A line of the record: the arguments, and what the message contains.
 TEST_F(SurfaceReportTest, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
 {
-    const std::string sample = c_sample.string();
-    const std::string out = Out().string();
-    const std::string file = Write("file", "x").string();
     const std::string header = "# Width: 3 um\n# Height: 1 um\n# Value units: nm\n";
-    const struct {
-        std::vector<std::string> arguments;
-        std::string message;
-    } cases[] = {
-        {{}, "surface_report: no input is given; see --help\n"},
-        {{sample}, "surface_report: no folder is given for the reports; see --help\n"},
-        {{sample, "--out"}, "surface_report: --out needs a value\n"},
-        {{sample, "--out", out, "--fast"}, "surface_report: there is no option \"--fast\"\n"},
-        {{sample, sample, "--out", out}, "surface_report: \"" + sample + "\" is one input too many\n"},
-        {{sample, "--out", out, "--unit", "furlong"},
-         "surface_report: --unit: \"furlong\" is no unit of length\n"},
-        {{sample, "--out", out, "--grains", "50"}, "surface_report: --grains: \"\" is no unit of length\n"},
-        {{sample, "--out", out, "--pores", "nm"},
-         "surface_report: --pores: \"nm\" is no length such as 50nm\n"},
-        {{sample, "--out", out, "--set", "Sa=on"},
-         "surface_report: --set changes preferences, but no --preferences are given\n"},
-        {{sample, "--out", out, "--preferences", m_folder.string()},
-         "surface_report: Cannot load \"" + m_folder.string() + "\": "},
-        {{sample, "--out", out, "--level", "bow"},
-         "surface_report: --level: \"bow\" is none of none, mean, plane\n"},
-        {{sample, "--out", out, "--parameters", "Sa,Sx"},
-         "surface_report: --parameters: there is no parameter \"Sx\"\n"},
-        {{sample, "--out", out, "--parameters", "p12085_Wr"},
-         "surface_report: --parameters: \"p12085_Wr\" is not among the parameters that are computed\n"},
-        {{Write("text.txt", header + "1 2 x\n").string(), "--out", out}, "text.txt:4: "},
-        {{Write("short.sdf",
-                "aISO-1.0\nNumPoints = 3\nNumProfiles = 3\nXscale = 1e-6\nYscale = 1e-6\nZscale = 1\n*\n1 2 "
-                "3\n*\n")
-              .string(),
-          "--out", out},
-         "short.sdf:9: "},
-        {{Write("missing.txt", header + "BAD BAD BAD\n").string(), "--out", out},
-         "missing.txt: no valid point\n"},
-        {{(m_folder / "nothing").string(), "--out", out}, "nothing: "},
-        {{m_folder.string(), "--out", out}, m_folder.string() + ": "},
-        {{sample, "--out", file}, file},
-        {{sample, "--out", file + "/below"}, file},
+    Write("file", "x");
+    Write("text.txt", header + "1 2 x\n");
+    Write("missing.txt", header + "BAD BAD BAD\n");
+    Write("short.sdf", "aISO-1.0\nNumPoints = 3\nNumProfiles = 3\nXscale = 1e-6\nYscale = 1e-6\n"
+                       "Zscale = 1\n*\n1 2 3\n*\n");
+    const auto fill = [this](const std::string& text) {
+        return CommonUI::CStr::FromUtf8(text)
+            .Replace(u"$sample", c_sample.u16string())
+            .Replace(u"$out", Out().u16string())
+            .Replace(u"$folder", m_folder.u16string())
+            .ToUtf8();
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.message);
-        EXPECT_EQ(Run(row.arguments), 1);
-        EXPECT_NE(m_err.str().find(row.message), std::string::npos) << m_err.str();
+    for (const std::string& row : ReadTestLines("surface-report-refusals.txt")) {
+        SCOPED_TRACE(row);
+        const std::vector<std::string> cells = SplitText(row, '|');
+        std::vector<std::string> arguments = SplitText(cells[0], ' ');
+        std::ranges::transform(arguments, arguments.begin(), fill);
+        EXPECT_EQ(Run(arguments), 1);
+        EXPECT_NE(m_err.str().find(fill(cells[1])), std::string::npos) << m_err.str();
         EXPECT_EQ(m_err.str().find('\n'), m_err.str().size() - 1) << "one line: " << m_err.str();
         EXPECT_EQ(m_out.str(), "");
         EXPECT_FALSE(fs::exists(Out()));

@@ -1,7 +1,10 @@
 #include "examples/surface_view/Options.h"
 
+#include "tests/TestData.h"
+
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -25,33 +28,19 @@ TEST(OptionsTest, EveryOptionIsRead)
     EXPECT_EQ(options.levelling, SurfaceAnalysis::ELevelling::Plane);
 }
 
+// A line of the record: the arguments, and the message.
 TEST(OptionsTest, WhatCannotBeUnderstoodIsRefused)
 {
-    const struct {
+    for (const std::string& row : ReadTestLines("surface-view-refusals.txt")) {
+        const std::vector<std::string> cells = SplitText(row, '|');
+        const std::vector<std::string> words = SplitText(cells[0], ' ');
         std::vector<const char*> arguments;
-        std::string message;
-    } rows[]{
-        {{}, "no input is given; see --help"},
-        {{"in"}, "no file is given for the picture; see --help"},
-        {{"in", "in"}, "\"in\" is one input too many"},
-        {{"in", "--out"}, "--out needs a value"},
-        {{"--fast"}, "there is no option \"--fast\""},
-        {{"--size", "640"}, "--size: \"640\" is no size such as 900x600"},
-        {{"--size", "0x600"}, "--size: \"0\" is no number of pixels from 100 to 4096"},
-        {{"--size", "900x4097"}, "--size: \"4097\" is no number of pixels from 100 to 4096"},
-        {{"--size", "900x600x2"}, "--size: \"600x2\" is no number of pixels from 100 to 4096"},
-        {{"--projection", "flat"}, "--projection: \"flat\" is none of perspective, orthographic"},
-        {{"--elevation", "91"}, "--elevation: \"91\" is no number from 0 to 90"},
-        {{"--azimuth", "nan"}, "--azimuth: \"nan\" is no number from -360 to 360"},
-        {{"--zscale", "0"}, "--zscale: \"0\" is no number from 0.001 to 1e+09"},
-        {{"--level", "all"}, "--level: \"all\" is none of none, mean, plane"},
-    };
-    for (const auto& row : rows) {
+        std::ranges::transform(words, std::back_inserter(arguments), &std::string::c_str);
         try {
-            ParseOptions(row.arguments);
-            ADD_FAILURE() << row.message;
+            ParseOptions(arguments);
+            ADD_FAILURE() << row;
         } catch (const EUsage& error) {
-            EXPECT_EQ(error.what(), row.message);
+            EXPECT_EQ(error.what(), cells[1]);
         }
     }
 }

@@ -4,6 +4,7 @@
 #include "examples/surface_view/ColorTable.h"
 #include "examples/surface_view/Drawing.h"
 #include "examples/surface_view/StackDepths.h"
+#include "tests/TemporaryFolder.h"
 
 #include <GL/gl.h>
 #include <gtest/gtest.h>
@@ -50,15 +51,6 @@ SPng ReadPng(const fs::path& path)
 class SurfaceViewTest : public testing::Test
 {
 protected:
-    SurfaceViewTest()
-        : m_folder(fs::temp_directory_path() / "surface_view-test" /
-                   testing::UnitTest::GetInstance()->current_test_info()->name())
-    {
-        fs::remove_all(m_folder);
-        fs::create_directories(m_folder);
-    }
-    ~SurfaceViewTest() override { fs::remove_all(m_folder); }
-
     int RunWith(const std::vector<std::string>& arguments,
                 const CContextMaker& makeContext = Offscreen::CContext::Make)
     {
@@ -71,7 +63,8 @@ protected:
     }
     std::string Picture() const { return (m_folder / "picture.png").string(); }
 
-    fs::path m_folder;
+    CTemporaryFolder m_temporary;
+    const fs::path m_folder = m_temporary.GetPath();
     std::ostringstream m_out;
     std::ostringstream m_err;
 };
@@ -97,33 +90,34 @@ SScene MakeScene(const CFont& font, CommonUI::SSize size)
 /// What drawing could leave behind, in lines of a name's number and values.
 std::string ReadState()
 {
+    constexpr GLenum names[] = {GL_ATTRIB_STACK_DEPTH,
+                                GL_MODELVIEW_STACK_DEPTH,
+                                GL_PROJECTION_STACK_DEPTH,
+                                GL_MATRIX_MODE,
+                                GL_MODELVIEW_MATRIX,
+                                GL_PROJECTION_MATRIX,
+                                GL_VIEWPORT,
+                                GL_DEPTH_RANGE,
+                                GL_DEPTH_TEST,
+                                GL_DEPTH_WRITEMASK,
+                                GL_LIGHTING,
+                                GL_LIGHT0,
+                                GL_LIGHT_MODEL_TWO_SIDE,
+                                GL_LIGHT_MODEL_AMBIENT,
+                                GL_TEXTURE_1D,
+                                GL_TEXTURE_BINDING_1D,
+                                GL_BLEND,
+                                GL_BLEND_SRC,
+                                GL_LINE_WIDTH,
+                                GL_POLYGON_MODE,
+                                GL_COLOR_CLEAR_VALUE,
+                                GL_CURRENT_COLOR,
+                                GL_CURRENT_NORMAL,
+                                GL_CURRENT_TEXTURE_COORDS,
+                                GL_CURRENT_RASTER_POSITION,
+                                GL_UNPACK_ALIGNMENT};
     std::ostringstream state;
-    for (const GLenum name : {GL_ATTRIB_STACK_DEPTH,
-                              GL_MODELVIEW_STACK_DEPTH,
-                              GL_PROJECTION_STACK_DEPTH,
-                              GL_MATRIX_MODE,
-                              GL_MODELVIEW_MATRIX,
-                              GL_PROJECTION_MATRIX,
-                              GL_VIEWPORT,
-                              GL_DEPTH_RANGE,
-                              GL_DEPTH_TEST,
-                              GL_DEPTH_WRITEMASK,
-                              GL_LIGHTING,
-                              GL_LIGHT0,
-                              GL_LIGHT_MODEL_TWO_SIDE,
-                              GL_LIGHT_MODEL_AMBIENT,
-                              GL_TEXTURE_1D,
-                              GL_TEXTURE_BINDING_1D,
-                              GL_BLEND,
-                              GL_BLEND_SRC,
-                              GL_LINE_WIDTH,
-                              GL_POLYGON_MODE,
-                              GL_COLOR_CLEAR_VALUE,
-                              GL_CURRENT_COLOR,
-                              GL_CURRENT_NORMAL,
-                              GL_CURRENT_TEXTURE_COORDS,
-                              GL_CURRENT_RASTER_POSITION,
-                              GL_UNPACK_ALIGNMENT}) {
+    for (const GLenum name : names) {
         std::array<double, 16> values{};
         glGetDoublev(name, values.data());
         state << std::hex << name << ':';
