@@ -1,5 +1,6 @@
 #include "common/Unit.h"
 #include "common/Range.h"
+#include "tests/TestData.h"
 
 #include <gtest/gtest.h>
 
@@ -10,50 +11,29 @@ using namespace CommonUI;
 using EFactor = CUnit::EUnitFactor;
 using enum CUnit::EUnitFactor;
 
-namespace
-{
-
-struct SFactorCase {
-    EFactor factor;
-    const char16_t* key;
-    double value;
-    const char16_t* length;
-    const char16_t* volt;
-};
-
-constexpr SFactorCase c_factorCases[] = {
-    {Pico, u"Pico", 1e-12, u"pm", u"pV"},
-    {Aangstroem, u"Aangstroem", 1e-10, u"Å", u"(1E-10 V)"},
-    {Nano, u"Nano", 1e-9, u"nm", u"nV"},
-    {MicroInch, u"MicroInch", 2.54e-8, u"µin", u"(2.54E-8 V)"},
-    {Micro, u"Micro", 1e-6, u"µm", u"µV"},
-    {MilliInch, u"MilliInch", 2.54e-5, u"mil", u"(2.54E-5 V)"},
-    {Milli, u"Milli", 1e-3, u"mm", u"mV"},
-    {Centi, u"Centi", 1e-2, u"cm", u"cV"},
-    {Inch, u"Inch", 2.54e-2, u"in", u"(2.54E-2 V)"},
-    {Unity, u"Unity", 1, u"m", u"V"},
-    {Kilo, u"Kilo", 1e3, u"km", u"kV"},
-    {Mega, u"Mega", 1e6, u"Mm", u"MV"},
-    {Giga, u"Giga", 1e9, u"Gm", u"GV"},
-    {Undefined, u"Undefined", 1, u"m", u"V"},
-};
-
-} // namespace
-
+// A line of the record: number, key, value, the unit of a length and of a voltage.
 TEST(Unit, FactorsHaveTheirValuesKeysAndTexts)
 {
-    ASSERT_EQ(CUnit::GetUnitFactorEnum().GetCount(), std::size(c_factorCases));
-    for (const SFactorCase& row : c_factorCases) {
-        SCOPED_TRACE(CStr(row.key).ToUtf8());
-        EXPECT_EQ(CUnit::GetFactorValue(row.factor), row.value);
-        EXPECT_EQ(CUnit::GetUnitFactorEnum().GetIniName(static_cast<int>(row.factor)), row.key);
-        EXPECT_EQ(CUnit::GetUnitFactorEnum().GetValue(row.key), row.factor);
-        EXPECT_FALSE(CUnit::GetUnitFactorEnum().GetFriendlyString(static_cast<int>(row.factor)).IsEmpty());
-        EXPECT_EQ(CUnit(row.factor).GetText(), row.length);
-        EXPECT_EQ(CUnit(row.factor, u"V").GetText(), row.volt);
-        EXPECT_EQ(CUnit::FromText(row.length).GetFactorValue(), row.value);
-        if (!CStr(row.volt).StartsWith(u"(")) {
-            const CStr ampere = CStr(row.volt).Replace(u"V", u"A");
+    const auto& factors = CUnit::GetUnitFactorEnum();
+    const std::vector<std::string> rows = ReadTestLines("unit-factors.txt");
+    ASSERT_EQ(factors.GetCount(), rows.size());
+    for (const std::string& row : rows) {
+        SCOPED_TRACE(row);
+        const std::vector<std::string> cells = SplitText(row, '|');
+        const int number = std::stoi(cells[0]);
+        const double value = std::stod(cells[2]);
+        const CStr key = CStr::FromUtf8(cells[1]);
+        const CStr length = CStr::FromUtf8(cells[3]);
+        const CStr volt = CStr::FromUtf8(cells[4]);
+        EXPECT_EQ(CUnit::GetFactorValue(EFactor{number}), value);
+        EXPECT_EQ(factors.GetIniName(number), key);
+        EXPECT_EQ(factors.GetValue(key), EFactor{number});
+        EXPECT_FALSE(factors.GetFriendlyString(number).IsEmpty());
+        EXPECT_EQ(CUnit(EFactor{number}).GetText(), length);
+        EXPECT_EQ(CUnit(EFactor{number}, u"V").GetText(), volt);
+        EXPECT_EQ(CUnit::FromText(length).GetFactorValue(), value);
+        if (!volt.StartsWith(u"(")) {
+            const CStr ampere = volt.Replace(u"V", u"A");
             EXPECT_EQ(CUnit::FromText(ampere).GetText(), ampere);
         }
     }
