@@ -65,25 +65,16 @@ const FStep c_depthMask = [](COpenStack& stack) { return stack.PushDepthMask(fal
 /// What glOrtho multiplies with.
 std::array<double, 16> Ortho(double left, double right, double bottom, double top, double zNear, double zFar)
 {
-    return {2 / (right - left),
-            0,
-            0,
-            0,
-            0,
-            2 / (top - bottom),
-            0,
-            0,
-            0,
-            0,
-            -2 / (zFar - zNear),
-            0,
-            -(right + left) / (right - left),
-            -(top + bottom) / (top - bottom),
-            -(zFar + zNear) / (zFar - zNear),
-            1};
+    std::array<double, 16> matrix{};
+    matrix[0] = 2 / (right - left);
+    matrix[5] = 2 / (top - bottom);
+    matrix[10] = -2 / (zFar - zNear);
+    matrix[12] = -(right + left) / (right - left);
+    matrix[13] = -(top + bottom) / (top - bottom);
+    matrix[14] = -(zFar + zNear) / (zFar - zNear);
+    matrix[15] = 1;
+    return matrix;
 }
-
-constexpr std::array<double, 16> c_identity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
 /// The driver keeps matrices as floats.
 void ExpectNear(const std::array<double, 16>& actual, const std::array<double, 16>& expected)

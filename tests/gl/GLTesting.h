@@ -78,6 +78,8 @@ std::array<double, Size> GetDoubles(GLenum name)
     return values;
 }
 
+inline constexpr std::array<double, 16> c_identity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
 /// The state that the library changes and has to give back.
 struct SGLState {
     std::array<int, 3> depths{GetInteger(GL_ATTRIB_STACK_DEPTH), GetInteger(GL_MODELVIEW_STACK_DEPTH),

@@ -33,8 +33,6 @@ double TangentOfHalf(double degrees)
     return std::tan(degrees * std::numbers::pi / 360);
 }
 
-constexpr std::array<double, 16> c_identity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-
 } // namespace
 
 TEST_F(CGLUtilsTest, PerspectiveFitsTheAngleToTheShorterEdge)
