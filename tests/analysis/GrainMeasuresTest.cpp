@@ -2,6 +2,7 @@
 
 #include "examples/analysis/Neighbours.h"
 #include "tests/analysis/GrainPictures.h"
+#include "tests/TestData.h"
 
 #include <cmath>
 #include <numbers>
@@ -33,7 +34,7 @@ std::vector<SValue> MeasureOnly(const SSurface& surface)
 }
 
 // Expects values given as text: key, value, key, value ...
-void ExpectText(const std::vector<SValue>& values, const char* expected)
+void ExpectText(const std::vector<SValue>& values, const std::string& expected)
 {
     std::istringstream stream(expected);
     std::string key;
@@ -63,48 +64,14 @@ SSurface Transpose(const SSurface& surface)
 
 } // namespace
 
+// A line of the record: what it is, its picture, dx, dy, the values by their keys.
 TEST(GrainMeasures, Shapes)
 {
-    struct SRow {
-        const char* what;
-        const char* picture;
-        double dx;
-        double dy;
-        const char* expected;
-    };
-    const SRow rows[] = {
-        {"single point at the border", "#", 1, 1,
-         "Length 1 Breadth 1 AspectRatio 1 Elongation 0 Perimeter 4 MaxFeret 1.41421356237 FormFactor "
-         "0.785398163397 Roundness 0.636619772368 Compactness 0.797884560803 Convexity 1 Solidity 1 "
-         "FiberLength 1 FiberWidth 1 CGAreaX 0.5 BoundRectMinX 0 BoundRectMaxY 1 NearestNeighbourID nan "
-         "NearestNeighbourDist nan ID 1 Type 0"},
-        {"rectangle", "....../.####./.####./.####./......", 1, 1,
-         "AreaPixel 12 Length 4 Breadth 3 AspectRatio 1.33333333333 Elongation 0.25 Orientation 0 Perimeter "
-         "14 MaxFeret 5 XExtent 4 YExtent 3 FormFactor 0.769369629451 Convexity 1 Solidity 1 FiberLength 4 "
-         "FiberWidth 3 HeywoodDiameter 3.90882009522 HeywoodRadius 1.95441004761 CGAreaX 3 CGAreaY 2.5 "
-         "CGPolygonX 3 CGPolygonY 2.5 BoundRectMinX 1 BoundRectMinY 1 BoundRectMaxX 5 BoundRectMaxY 4"},
-        {"rectangle of oblong cells", "##/##/##", 2, 0.5,
-         "AreaPixel 6 Length 4 Breadth 1.5 Orientation 0 Perimeter 11 MaxFeret 4.27200187266 CGAreaX 2 "
-         "CGPolygonY 0.75 YExtent 1.5"},
-        {"upright rectangle", "#/#/#", 1, 1, "Length 3 Breadth 1 Orientation 90"},
-        {"small L, whose string is its hull", "#../#../###", 1, 1,
-         "Perimeter 10.8284271247 Convexity 1 Solidity 0.714285714286 CGAreaX 1.1 Orientation 45 Length "
-         "4.24264068712 Breadth 2.82842712475"},
-        {"L", "#..../#..../#..../#..../#####", 1, 1,
-         "Perimeter 18.3245553203 Convexity 0.963562495287 Solidity 0.529411764706 MaxFeret 7.07106781187 "
-         "FormFactor 0.336810393314"},
-        {"hole", "####/#..#/####", 1, 1,
-         "Perimeter 14 AreaPixel 10 Solidity 0.833333333333 FiberLength 4 CGAreaX 2"},
-        {"hole out of the middle", "####/#.##/####", 1, 1,
-         "CGAreaX 2.04545454545 CGPolygonX 2 CGAreaY 1.5 AreaPixel 11 Convexity 1"},
-        {"hole closed by a diagonal is none", ".##/#.#/###", 1, 1, "CGPolygonX 1.64285714286 AreaPixel 7"},
-        {"slit of one cell", "###/#.#/#.#", 1, 1, "Perimeter 14.1622776602 Convexity 0.847321334036"},
-        {"string around oblong cells", "##./.##", 2, 1,
-         "Perimeter 14.472135955 Convexity 1 MaxFeret 6.32455532034"},
-    };
-    for (const SRow& row : rows) {
-        SCOPED_TRACE(row.what);
-        ExpectText(MeasureOnly(MakePicture(row.picture, row.dx, row.dy)), row.expected);
+    for (const std::string& row : ReadTestLines("grain-shapes.txt")) {
+        const std::vector<std::string> cells = SplitText(row, '|');
+        SCOPED_TRACE(cells[0]);
+        const SSurface surface = MakePicture(cells[1].c_str(), std::stod(cells[2]), std::stod(cells[3]));
+        ExpectText(MeasureOnly(surface), cells[4]);
     }
 }
 

@@ -1,29 +1,11 @@
 #include "examples/analysis/ProfileParameters.h"
 
-#include "tests/analysis/TestSurfaces.h"
+#include "tests/analysis/TestProfiles.h"
 
 #include <cmath>
 #include <numbers>
 
 using namespace SurfaceAnalysis;
-
-namespace
-{
-
-constexpr double c_dx = 1e-6;
-
-template<class CHeight>
-std::vector<double> MakeProfile(std::size_t points, const CHeight& getHeight)
-{
-    return MakeSurface(points, 1, [&](double x, double) { return getHeight(x); }).heights;
-}
-
-double Wave(double x, double period)
-{
-    return std::sin(2 * std::numbers::pi * (x + 0.5) / period);
-}
-
-} // namespace
 
 TEST(ProfileParameters, Sine)
 {

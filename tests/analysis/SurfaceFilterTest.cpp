@@ -102,16 +102,10 @@ void ExpectUndone(const SSurface& surface, const std::vector<SChange>& changes, 
 
 TEST(SurfaceFilter, MedianIsThatOfTheWindow)
 {
+    const SMedianFilter filters[] = {{3, 3, 0}, {7, 7, 0}, {15, 15, 0}, {15, 15, 1.5}, {3, 3, 1.2},
+                                     {1, 9, 0}, {9, 1, 2}, {255, 3, 0}, {1, 1, 0}};
     for (const unsigned values : {1000000U, 5U})
-        for (const SMedianFilter& filter : {SMedianFilter{3, 3, 0},
-                                            {7, 7, 0},
-                                            {15, 15, 0},
-                                            {15, 15, 1.5},
-                                            {3, 3, 1.2},
-                                            {1, 9, 0},
-                                            {9, 1, 2},
-                                            {255, 3, 0},
-                                            {1, 1, 0}}) {
+        for (const SMedianFilter& filter : filters) {
             const SSurface surface = MakeRandom(131, 70, values, 4);
             ExpectEach(FilterMedian(surface, filter), surface, 1e-24,
                        [&](std::size_t i) { return GetMedian(surface, i, filter); });

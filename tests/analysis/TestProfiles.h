@@ -1,0 +1,25 @@
+#pragma once
+
+#include "tests/analysis/TestSurfaces.h"
+
+#include <cmath>
+#include <numbers>
+#include <vector>
+
+namespace SurfaceAnalysis
+{
+
+inline constexpr double c_dx = 1e-6;
+
+template<class CHeight>
+std::vector<double> MakeProfile(std::size_t points, const CHeight& getHeight)
+{
+    return MakeSurface(points, 1, [&](double x, double) { return getHeight(x); }).heights;
+}
+
+inline double Wave(double x, double period)
+{
+    return std::sin(2 * std::numbers::pi * (x + 0.5) / period);
+}
+
+} // namespace SurfaceAnalysis
