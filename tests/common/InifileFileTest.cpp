@@ -98,7 +98,7 @@ TEST_F(InifileFile, WhatCannotBeLoadedLeavesAnEmptyDocument)
         EXPECT_FALSE(ini.Load(name)) << name.ToUtf8();
         EXPECT_EQ(ini.GetBytes(), "");
         EXPECT_EQ(ini.GetFileName(), name);
-        EXPECT_EQ(diagnostics.GetLines().size(), 1u);
+        EXPECT_EQ(diagnostics.GetCount(), 1);
     }
 }
 
@@ -111,10 +111,10 @@ TEST_F(InifileFile, WhatCannotBeSavedIsToldAndLeavesNothing)
     for (const CStr& name : {CStr(), NameOf("missing/x.ini"), NameOf("file/below"),
                              CStr(m_folder.GetPath().u16string()), NameOf("protected"), NameOf("loop"),
                              CStr(u"/dev/null"), CStr(u"\xD800"), NameOf(std::string("file\0x", 6))}) {
-        const CDiagnosticsCapture diagnostics;
+        CDiagnosticsCapture diagnostics;
         EXPECT_FALSE(IniOf("k=2").SaveCopy(name)) << name.ToUtf8();
-        ASSERT_EQ(diagnostics.GetLines().size(), 1u) << name.ToUtf8();
-        const CStr& line = diagnostics.GetLines()[0];
+        ASSERT_EQ(diagnostics.GetCount(), 1) << name.ToUtf8();
+        const CStr line = diagnostics.Take()[0];
         EXPECT_TRUE(name.IsEmpty() || line.Find(name) == line.ReverseFind(name)) << line.ToUtf8();
     }
     EXPECT_EQ(m_folder.Read("file"), "k=1");
@@ -135,7 +135,7 @@ TEST_F(InifileFile, FullDiskKeepsTheOldFile)
             const CFullDisk disk(100);
             EXPECT_FALSE(ini.Save());
         }
-        EXPECT_EQ(diagnostics.GetLines().size(), 1u);
+        EXPECT_EQ(diagnostics.GetCount(), 1);
         EXPECT_EQ(m_folder.Read("a.ini"), "k=1");
         EXPECT_EQ(CountFiles(), 1u);
     }

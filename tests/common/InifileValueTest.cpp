@@ -75,7 +75,7 @@ TEST(InifileValue, ListsOfTexts)
     for (const SRow& row : rows) {
         const CDiagnosticsCapture diagnostics;
         EXPECT_EQ(IniOf(std::string("k=") + row.stored).ReadTexts(u"k", missing), row.list) << row.stored;
-        EXPECT_EQ(diagnostics.GetLines().size(), row.list == missing ? 1u : 0u) << row.stored;
+        EXPECT_EQ(diagnostics.GetCount(), row.list == missing ? 1 : 0) << row.stored;
     }
 }
 
@@ -165,8 +165,8 @@ TEST(InifileValue, WhatIsNoneOfTheTypeGivesTheDefaultAndAWarning)
     for (const SRow& row : rows) {
         const CDiagnosticsCapture diagnostics;
         EXPECT_TRUE(row.isDefault(IniOf(std::string("k=") + row.stored))) << row.stored;
-        EXPECT_EQ(diagnostics.GetLines().size(), 1u) << row.stored;
+        EXPECT_EQ(diagnostics.GetCount(), 1) << row.stored;
         EXPECT_TRUE(row.isDefault(CInifile())) << row.stored;
-        EXPECT_EQ(diagnostics.GetLines().size(), 1u) << row.stored;
+        EXPECT_EQ(diagnostics.GetCount(), 1) << row.stored;
     }
 }

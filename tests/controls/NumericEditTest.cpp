@@ -1,8 +1,8 @@
-#include "common/Diagnostics.h"
 #include "controls/FloatEdit.h"
 #include "controls/IntEdit.h"
 #include "controls/MemoryEditView.h"
 #include "platform/MessageBoxService.h"
+#include "tests/DiagnosticsCapture.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +40,6 @@ public:
     {
         edit.reset();
         SetMessageBoxService(m_previousBoxes);
-        GetDiagnostics().SetSink(m_previousSink);
     }
     void OnChange(T value)
     {
@@ -91,13 +90,11 @@ public:
     bool byUser = false;
     std::function<void(T)> onChange;
     std::function<bool(T)> onValidate;
-    int warnings = 0;
+    CDiagnosticsCapture warnings;
 
 private:
     CMemoryMessageBoxService m_boxes;
     CMessageBoxService* m_previousBoxes = SetMessageBoxService(&m_boxes);
-    CDiagnostics::CSink m_previousSink =
-        GetDiagnostics().SetSink([this](const SDiagnosticLine&) { ++warnings; });
 };
 
 using CIntStage = CStage<CIntEdit, int>;
@@ -200,7 +197,7 @@ TEST(NumericEdit, FormatHoldsOneRealConversion)
          {u"", u"mm", u"%d", u"%s", u"%f %f", u"%f%", u"%*f", u"%%f", u"x %f", u"%f%n", u"%.1f0"}) {
         EXPECT_FALSE(stage.edit->SetFormatString(format)) << CStr(format).ToUtf8();
         EXPECT_EQ(stage.edit->GetFormatString(), u"%.2Lf mm");
-        EXPECT_EQ(stage.warnings, ++refused);
+        EXPECT_EQ(stage.warnings.GetCount(), ++refused);
     }
 }
 
@@ -227,7 +224,7 @@ TEST(NumericEdit, ClampsIntoTheRange)
         stage.edit->SetValue(row.value);
         EXPECT_EQ(stage.edit->GetValue(), row.expected) << row.minimum << ' ' << row.value;
         EXPECT_EQ(stage.view.GetText(), CStr::Format(u"%f", double{row.expected}));
-        EXPECT_EQ(stage.warnings, std::isnan(row.minimum) || std::isnan(row.value) ? 1 : 0);
+        EXPECT_EQ(stage.warnings.GetCount(), std::isnan(row.minimum) || std::isnan(row.value) ? 1 : 0);
         EXPECT_EQ(stage.CountBeeps(), 0U);
     }
 }

@@ -1,7 +1,7 @@
 #include "controls/Timer.h"
 
-#include "common/Diagnostics.h"
 #include "platform/ManualTimerService.h"
+#include "tests/DiagnosticsCapture.h"
 
 #include <gtest/gtest.h>
 
@@ -102,16 +102,13 @@ TEST_F(Timer, FrequencyGivesTheInterval)
         {3, 333, 0}, {1001, 0, 0}, {infinity, 0, 0},   {1e-7, longest, 0}, {5e-324, longest, 0},
         {0, 30, 1},  {-3, 30, 1},  {-infinity, 30, 1}, {nan, 30, 1},
     };
-    int warnings = 0;
-    const auto sink = GetDiagnostics().SetSink([&](const SDiagnosticLine&) { ++warnings; });
     for (const auto& row : cases) {
-        warnings = 0;
+        const CDiagnosticsCapture warnings;
         timer->SetInterval(30);
         timer->SetFrequency(row.hertz);
         EXPECT_EQ(timer->GetInterval(), row.interval) << row.hertz;
-        EXPECT_EQ(warnings, row.warnings) << row.hertz;
+        EXPECT_EQ(warnings.GetCount(), row.warnings) << row.hertz;
     }
-    GetDiagnostics().SetSink(sink);
 }
 
 TEST_F(Timer, StaysStoppedWithoutAnIdentifierOfItsOwn)

@@ -1,10 +1,10 @@
 #include "dialogs/ProgressDialog.h"
 
-#include "common/Diagnostics.h"
 #include "common/Exceptions.h"
 #include "dialogs/MemoryProgressView.h"
 #include "DialogTesting.h"
 #include "platform/ThreadMessages.h"
+#include "tests/DiagnosticsCapture.h"
 
 #include <limits>
 #include <memory>
@@ -62,7 +62,7 @@ TEST_F(ProgressDialog, BarShowsTheIntegerPart)
         {false, std::numeric_limits<int>::max(), {2147483647.0, 1}, {2147483647, 2147483647}},
         {false, 100, {infinity, -infinity, infinity - infinity, 7}, {0, 0, 0, 7}},
     };
-    const auto sink = GetDiagnostics().SetSink([](const SDiagnosticLine&) {});
+    const CDiagnosticsCapture quiet;
     for (const auto& row : cases) {
         CSteppedDialog stepped;
         CMemoryProgressView bar;
@@ -76,7 +76,6 @@ TEST_F(ProgressDialog, BarShowsTheIntegerPart)
         }
         EXPECT_EQ(positions, row.positions) << row.maximum;
     }
-    GetDiagnostics().SetSink(sink);
 }
 
 TEST_F(ProgressDialog, OpensUnseenWithItsTexts)

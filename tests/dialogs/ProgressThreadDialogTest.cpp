@@ -1,10 +1,10 @@
 #include "dialogs/ProgressThreadDialog.h"
 
-#include "common/Diagnostics.h"
 #include "common/Exceptions.h"
 #include "dialogs/MemoryProgressView.h"
 #include "DialogTesting.h"
 #include "platform/ThreadMessages.h"
+#include "tests/DiagnosticsCapture.h"
 
 #include <algorithm>
 #include <atomic>
@@ -258,12 +258,10 @@ TEST_F(ProgressThreadDialog, ExceptionsReachTheCallerWhenTheDialogIsClosed)
     EXPECT_THROW(dialog->DoModal(), std::runtime_error);
     EXPECT_FALSE(dialog->IsOpen() || view.IsModal());
 
-    int lines = 0;
-    const auto sink = GetDiagnostics().SetSink([&](const SDiagnosticLine&) { ++lines; });
+    const CDiagnosticsCapture lines;
     dialog->Create();
     dialog.reset();
-    GetDiagnostics().SetSink(sink);
-    EXPECT_EQ(lines, 1) << "nobody waits for the exception after Create";
+    EXPECT_EQ(lines.GetCount(), 1) << "nobody waits for the exception after Create";
 }
 
 TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)

@@ -122,7 +122,7 @@ TEST(AnalysisPreferences, WhatIsSavedIsLoaded)
 
 TEST(AnalysisPreferences, WhatCannotBeReadKeepsItsValue)
 {
-    const CWarningCounter warnings;
+    const CDiagnosticsCapture warnings;
     CInifile ini = PreferencesIni("[A]\nWriteToFile=maybe\nPreprocessing=4\nCount_S_On=2\nMean_S_Value=nan\n"
                                   "ResultTable_O_On=\n");
     CData data(EAnalysis::CalibrationZ);

@@ -43,7 +43,7 @@ TEST(GrainPreferences, HistogramsAreStoredUnderTheirKeys)
 
 TEST(GrainPreferences, BadHistogramsAreRefused)
 {
-    const CWarningCounter warnings;
+    const CDiagnosticsCapture warnings;
     CInifile ini = PreferencesIni("[A]\nWriteToFile=0\nLength_HistArea_Bins=2000000000\n"
                                   "Length_HistArea_MinVal=nan\nLength_HistArea_MinOn=1\n");
     CData data;

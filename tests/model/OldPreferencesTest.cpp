@@ -51,7 +51,7 @@ TEST(OldPreferences, EverySwitchTurnsOnAndOff)
 
 TEST(OldPreferences, UnitPreprocessingAndReport)
 {
-    const CWarningCounter warnings;
+    const CDiagnosticsCapture warnings;
     const struct {
         const char* line;
         const char16_t* unit;

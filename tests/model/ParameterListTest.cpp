@@ -127,7 +127,7 @@ TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
-        const CWarningCounter warnings;
+        const CDiagnosticsCapture warnings;
         std::string bytes("[A]\n[A_DynamicParameters]\nNumDynamicParameters=");
         for (const char* part : {row.count, "\n", row.first, row.more})
             bytes += part;
@@ -147,7 +147,7 @@ TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
 
 TEST(ParameterList, UnknownNamesOfStaticParametersKeepWhatWas)
 {
-    const CWarningCounter warnings;
+    const CDiagnosticsCapture warnings;
     CInifile ini =
         PreferencesIni("[A]\nSa_P_On=perhaps\nSa_P_Factor=nano\nSa_P_FloatFormat=Roman\nSa_P_FloatSize=-1\n"
                        "Sdc_P_On=1\n");

@@ -136,7 +136,7 @@ void ExpectSane(const CAnalysisPreferencesData& data, std::size_t staticCount)
 
 TEST(PreferencesFuzz, MutatedFilesAreLoadedAndSaved)
 {
-    const CWarningCounter warnings;
+    const CDiagnosticsCapture warnings;
     for (int i = 0; i < c_analysisCount; ++i) {
         const EAnalysis analysis{i};
         const CStr section = u"Analysis_" + CAnalysisPreferencesData::GetININame(analysis);

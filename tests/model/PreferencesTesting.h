@@ -1,30 +1,13 @@
 #pragma once
 
-#include "common/Diagnostics.h"
 #include "common/Inifile.h"
 #include "model/GrainPreferences.h"
 #include "model/RoughnessPreferences.h"
+#include "tests/DiagnosticsCapture.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
-
-/// Keeps warnings from the test's output and counts them.
-class CWarningCounter
-{
-public:
-    CWarningCounter()
-        : m_previous(
-              CommonUI::GetDiagnostics().SetSink([this](const CommonUI::SDiagnosticLine&) { ++m_count; }))
-    {
-    }
-    ~CWarningCounter() { CommonUI::GetDiagnostics().SetSink(m_previous); }
-    int GetCount() const { return m_count; }
-
-private:
-    int m_count = 0;
-    CommonUI::CDiagnostics::CSink m_previous;
-};
 
 constexpr int c_analysisCount = 10;
 

@@ -41,7 +41,7 @@ std::string Configuration(const std::string& fields)
 
 TEST(ResourceParameters, NamesOfDatabaseFields)
 {
-    const CWarningCounter warnings;
+    const CDiagnosticsCapture warnings;
     const CConfiguredApplication application(
         Configuration(Field("Hidden", "no", "") + Field("Sa", "Mean \xC2\xB5") + Field("Sa", "later") +
                       Field("&quot;'", "Quotes")));
@@ -58,14 +58,14 @@ TEST(ResourceParameters, FilesThatCannotBeUsedGiveNoNamesAndOneLine)
     const std::string deep(300000, '<');
     for (const std::string& bytes : {std::string(), std::string("<configuration><fields>"), deep,
                                      "<fields>" + Field("Sa", "x") + "</fields>"}) {
-        const CWarningCounter warnings;
+        const CDiagnosticsCapture warnings;
         const CConfiguredApplication application(bytes);
         CResourceParameters resources;
         EXPECT_TRUE(resources.GetStringByDatabaseID(u"Sa").IsEmpty());
         EXPECT_TRUE(resources.GetStringByDatabaseID(u"Sq").IsEmpty());
         EXPECT_EQ(warnings.GetCount(), 1);
     }
-    const CWarningCounter warnings;
+    const CDiagnosticsCapture warnings;
     SetFolders(std::make_unique<CFixedFolders>("no such folder", ""));
     EXPECT_TRUE(CResourceParameters().GetStringByDatabaseID(u"Sa").IsEmpty());
     SetFolders(nullptr);

@@ -123,7 +123,7 @@ TEST(RoughnessPreferences, OwnChoicesAreStored)
     loaded.Reset();
     EXPECT_EQ(SavedBytes(loaded), SavedBytes(*MakePreferences(EAnalysis::Roughness)));
 
-    const CWarningCounter warnings;
+    const CDiagnosticsCapture warnings;
     CInifile bad = PreferencesIni("[A]\nWriteToFile=0\nFormRemoval=parabola\nMUFU_ClosingCutOffRatio=1.5\n"
                                   "BarChart_Parameter=Nope\nBarChart_BarCount=-5\nBarChart_Upper=inf\n");
     CData data(EAnalysis::Roughness);

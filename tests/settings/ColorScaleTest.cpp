@@ -86,9 +86,9 @@ TEST(ColorScale, StopsAreLimited)
     CInifile ini;
     SColorScale scale{.stops = std::vector<SColorStop>(SColorScale::c_mostStops + 1, {0, c_red})};
     scale.Save(ini);
-    CRefusals refusals;
+    CDiagnosticsCapture refusals(u"Inifile");
     EXPECT_FALSE(scale.Load(ini));
-    EXPECT_EQ(refusals.Take(), std::vector<std::string>{"Settings: [ColorScale] too many stops"});
+    EXPECT_EQ(refusals.Take(), std::vector<CStr>{u"Settings: [ColorScale] too many stops"});
     scale.stops.pop_back();
     scale.Save(ini);
     EXPECT_TRUE(scale.Load(ini));

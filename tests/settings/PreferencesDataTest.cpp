@@ -1,6 +1,6 @@
 #include "settings/PreferencesManager.h"
 
-#include "common/Diagnostics.h"
+#include "tests/DiagnosticsCapture.h"
 #include "tests/TestData.h"
 
 #include <gtest/gtest.h>
@@ -80,16 +80,13 @@ TEST(PreferencesData, LoadedValues)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.bytes);
-        int warnings = 0;
-        const auto before =
-            GetDiagnostics().SetSink([&warnings](const SDiagnosticLine& /*line*/) { ++warnings; });
+        const CDiagnosticsCapture warnings;
         const CPreferencesData data = Loaded(row.bytes);
-        GetDiagnostics().SetSink(before);
         EXPECT_EQ(static_cast<int>(data.Get3DAccelerationMode()), row.mode);
         EXPECT_EQ(data.Get3DPreviewTargetTime(), row.time);
         EXPECT_EQ(data.GetDecimalSeparator(), row.separator);
         EXPECT_EQ(data.IsModified(), row.modified);
-        EXPECT_EQ(warnings, row.warnings);
+        EXPECT_EQ(warnings.GetCount(), row.warnings);
     }
     CPreferencesData migrated = Loaded(earlier);
     EXPECT_EQ(SavedTo(earlier, migrated).rfind(earlier + "[Preferences]\nAccelerationMode=2\n", 0), 0U);

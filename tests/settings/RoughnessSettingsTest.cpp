@@ -43,9 +43,9 @@ TEST(RoughnessSettings, DefaultsForWhatIsNotSaid)
     CData read(EAnalysis::RoughnessProfile);
     read.SetFormRemoval(ERoughnessFormRemoval::Parabola);
     CInifile ini = Document(u"[Analysis_RoughnessProfileAnalysis]\nWriteToFile=1\nReportOption=Telex\n");
-    CRefusals refusals;
+    CDiagnosticsCapture refusals(u"Inifile");
     EXPECT_TRUE(LoadRoughnessSettings(ini, read));
-    EXPECT_EQ(refusals.Take(), std::vector<std::string>{"Preferences: ReportOption: there is no \"Telex\""});
+    EXPECT_EQ(refusals.Take(), std::vector<CStr>{u"Preferences: ReportOption: there is no \"Telex\""});
     CData expected(EAnalysis::RoughnessProfile);
     expected.SetWriteToFile(true);
     EXPECT_EQ(TextOf(read), TextOf(expected));
@@ -56,10 +56,10 @@ TEST(RoughnessSettings, RefuseASetForTheOtherAnalysis)
     CInifile ini = Document(GetBuiltInSettingText(EBuiltInSetting::bisRoughnessImageVORNClassic));
     CData profile(EAnalysis::RoughnessProfile);
     const std::string before = TextOf(profile);
-    CRefusals refusals;
+    CDiagnosticsCapture refusals(u"Inifile");
     EXPECT_FALSE(LoadRoughnessSettings(ini, profile));
-    EXPECT_EQ(refusals.Take(), std::vector<std::string>{"Settings: [Analysis_RoughnessProfileAnalysis] "
-                                                        "there is no such section"});
+    EXPECT_EQ(refusals.Take(), std::vector<CStr>{u"Settings: [Analysis_RoughnessProfileAnalysis] "
+                                                 u"there is no such section"});
     EXPECT_EQ(TextOf(profile), before);
     EXPECT_FALSE(profile.IsModified());
 }

@@ -78,7 +78,7 @@ TEST_F(SettingsFactory, IdentifiersOfNoSet)
 {
     for (const int id : {-1, 0, 200, 1 << 30})
         EXPECT_TRUE(m_factory.GetSettings(id, true).GetEntryInfo() == SSettingsEntry::s_InvalidID);
-    EXPECT_EQ(m_warnings.size(), 4U);
+    EXPECT_EQ(m_warnings.GetCount(), 4);
     EXPECT_TRUE(m_boxes.GetShown().empty());
 }
 
@@ -96,7 +96,7 @@ TEST_F(SettingsFactory, StoredKeysAreThoseOnRecord)
     EXPECT_TRUE(m_factory.Save(written));
     EXPECT_EQ(written.GetBytes(), stored);
     EXPECT_EQ(written.GetSection(), u"");
-    EXPECT_TRUE(m_warnings.empty());
+    EXPECT_EQ(m_warnings.GetCount(), 0);
 }
 
 TEST_F(SettingsFactory, RecentListsOfDamagedFiles)
@@ -104,7 +104,7 @@ TEST_F(SettingsFactory, RecentListsOfDamagedFiles)
     struct SCase {
         std::vector<CStr> stored;
         std::vector<CStr> kept;
-        std::size_t warnings;
+        int warnings;
     };
     const CStr level = u"BUILT-IN:PlaneCorrQuickLaunchImageLeveling";
     const SCase c_cases[] = {
@@ -118,7 +118,7 @@ TEST_F(SettingsFactory, RecentListsOfDamagedFiles)
     };
     for (const SCase& row : c_cases) {
         m_factory = {};
-        m_warnings.clear();
+        m_warnings.Take();
         CInifile ini;
         ini.SelectSection(CSettingsFactory::c_StorageSection);
         ini.WriteText(u"Foreign", u"stays");
@@ -127,7 +127,7 @@ TEST_F(SettingsFactory, RecentListsOfDamagedFiles)
         m_factory.Save(ini);
         EXPECT_EQ(ini.ReadTexts(u"PlaneCorr"), row.kept);
         EXPECT_EQ(ini.ReadText(u"Foreign"), u"stays");
-        EXPECT_EQ(m_warnings.size(), row.warnings);
+        EXPECT_EQ(m_warnings.GetCount(), row.warnings);
     }
 }
 
@@ -191,7 +191,7 @@ TEST_F(SettingsFactory, WhatCannotBeSaved)
     CSettings noFolder = MakeSet(Path("none/x.flt"), Filter, 1);
     for (CSettings* set : {&builtIn, &nowhere, &folder, &noFolder})
         EXPECT_FALSE(m_factory.SaveSettings(*set, true));
-    EXPECT_EQ(m_warnings.size(), 4U);
+    EXPECT_EQ(m_warnings.GetCount(), 4);
     EXPECT_EQ(Recent(Filter), u"");
     EXPECT_EQ(m_factory.GetNewID(), 200U);
 }
@@ -210,12 +210,12 @@ TEST_F(SettingsFactory, FilesThatCannotBeLoaded)
                           CStr(1, 0xD800)};
     for (const CStr& path : paths) {
         for (const ESettingType type : {Filter, ColorScale}) {
-            m_warnings.clear();
+            m_warnings.Take();
             const CSettings set = m_factory.LoadSettings(type, path, true);
             EXPECT_TRUE(set.GetEntryInfo() == SSettingsEntry::s_InvalidID);
             EXPECT_TRUE(set.GetFileName().IsEmpty());
             EXPECT_EQ(Recent(type), u"");
-            EXPECT_EQ(m_warnings.size(), 1U);
+            EXPECT_EQ(m_warnings.GetCount(), 1);
         }
     }
     EXPECT_EQ(m_factory.GetNewID(), 200U);

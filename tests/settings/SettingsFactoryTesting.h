@@ -1,10 +1,10 @@
 #pragma once
 
-#include "common/Diagnostics.h"
 #include "platform/FileDialogService.h"
 #include "platform/Folders.h"
 #include "platform/MessageBoxService.h"
 #include "settings/SettingsFactory.h"
+#include "tests/DiagnosticsCapture.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/TestData.h"
 
@@ -34,12 +34,9 @@ protected:
             std::make_unique<CommonUI::CFixedFolders>(m_folder.GetPath(), m_folder.GetPath()));
         CommonUI::SetMessageBoxService(&m_boxes);
         CommonUI::SetFileDialogService(&m_dialogs);
-        m_sink = CommonUI::GetDiagnostics().SetSink(
-            [this](const CommonUI::SDiagnosticLine& line) { m_warnings.emplace_back(line.text); });
     }
     ~SettingsFactory() override
     {
-        CommonUI::GetDiagnostics().SetSink(m_sink);
         CommonUI::SetFileDialogService(nullptr);
         CommonUI::SetMessageBoxService(nullptr);
         CommonUI::SetFolders(nullptr);
@@ -74,9 +71,6 @@ protected:
     CTemporaryFolder m_folder;
     CommonUI::CMemoryMessageBoxService m_boxes;
     CommonUI::CMemoryFileDialogService m_dialogs;
-    std::vector<CommonUI::CStr> m_warnings;
+    CDiagnosticsCapture m_warnings;
     CTestFactory m_factory;
-
-private:
-    CommonUI::CDiagnostics::CSink m_sink;
 };

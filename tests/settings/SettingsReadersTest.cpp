@@ -17,11 +17,11 @@ namespace
 
 /// Checks what a reader says of a text, and that it takes a refused text for nothing at all.
 template<class TSettings, int BuiltInNumber>
-void ExpectReads(const CStr& text, const std::vector<std::string>& reasons)
+void ExpectReads(const CStr& text, const std::vector<CStr>& reasons)
 {
     SCOPED_TRACE(text.ToUtf8());
     const auto before = BuiltIn<TSettings>(BuiltInNumber);
-    CRefusals refusals;
+    CDiagnosticsCapture refusals(u"Inifile");
     TSettings settings = before;
     CInifile ini = Document(text);
     EXPECT_EQ(settings.Load(ini), reasons.empty());
@@ -46,7 +46,7 @@ void ExpectSaved(const TSettings& settings, const char* bytes)
 // Each text of the record stands on a line behind its type; the lines below it say why it is refused.
 TEST(SettingsReaders, RefuseWhatIsUnusableAsTheRecordSays)
 {
-    const std::map<std::string, void (*)(const CStr&, const std::vector<std::string>&)> checks = {
+    const std::map<std::string, void (*)(const CStr&, const std::vector<CStr>&)> checks = {
         {"ActiveReport", ExpectReads<SReportTemplateSettings, 22>},
         {"Animation", ExpectReads<SAnimationSettings, 199>},
         {"Batch", ExpectReads<SBatchSequenceSettings, 52>},
@@ -60,9 +60,9 @@ TEST(SettingsReaders, RefuseWhatIsUnusableAsTheRecordSays)
     for (auto line = lines.begin(); line != lines.end();) {
         const std::string type = line->substr(0, line->find(' '));
         const CStr text = CStr::FromUtf8(line->substr(type.size())).Replace(u" | ", u"\n");
-        std::vector<std::string> reasons;
+        std::vector<CStr> reasons;
         while (++line != lines.end() && line->starts_with(" "))
-            reasons.push_back("Settings:" + *line);
+            reasons.push_back(u"Settings:" + CStr::FromUtf8(*line));
         checks.at(type)(text, reasons);
     }
 }

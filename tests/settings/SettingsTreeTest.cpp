@@ -23,7 +23,7 @@ TEST_F(SettingsFactory, TreeOfAllCategories)
     EXPECT_TRUE(m_factory.GetTree(PnP, ESettingCategory::Example).empty());
     EXPECT_TRUE(m_factory.GetTree(ZCalibration, true).empty());
     EXPECT_TRUE(m_factory.GetTree(Unknown, true).empty());
-    EXPECT_TRUE(m_warnings.empty());
+    EXPECT_EQ(m_warnings.GetCount(), 0);
 }
 
 TEST_F(SettingsFactory, BuiltInSetsStandBelowTheirGroups)
@@ -127,11 +127,11 @@ TEST_F(SettingsFactory, FoldersNestedWithoutEndAreLeftOutWithAWarning)
         name = "d/" + name;
     m_folder.Write(name.c_str(), "");
     EXPECT_EQ(m_factory.GetTree(Filter, Path(), u"*.flt").size(), 1U);
-    EXPECT_TRUE(m_warnings.empty());
+    EXPECT_EQ(m_warnings.GetCount(), 0);
     m_folder.Write(("e/" + name).c_str(), "");
     EXPECT_EQ(m_factory.GetTree(Filter, Path("e"), u"*.flt").size(), 1U);
     EXPECT_EQ(m_factory.GetTree(Filter, Path(), u"*.flt").size(), 1U);
-    EXPECT_EQ(m_warnings.size(), 1U);
+    EXPECT_EQ(m_warnings.GetCount(), 1);
 }
 
 #if defined(__linux__)
@@ -141,6 +141,6 @@ TEST_F(SettingsFactory, NamesThatAreNoTextAreLeftOutWithAWarning)
     for (const char* name : {"bad\xFF.flt", "bad\xED\xA0\x80.flt", "\xC3/x.flt", "bad\xFF.txt"})
         m_folder.Write(name, "");
     EXPECT_EQ(Text(m_factory.GetTree(Filter, Path(), u"*.flt")), u"good.flt 200");
-    EXPECT_EQ(m_warnings.size(), 3U);
+    EXPECT_EQ(m_warnings.GetCount(), 3);
 }
 #endif

@@ -1,9 +1,9 @@
 #include "examples/surface_view/Program.h"
 
-#include "common/Diagnostics.h"
 #include "examples/surface_view/ColorTable.h"
 #include "examples/surface_view/Drawing.h"
 #include "examples/surface_view/StackDepths.h"
+#include "tests/DiagnosticsCapture.h"
 #include "tests/TemporaryFolder.h"
 
 #include <GL/gl.h>
@@ -218,7 +218,7 @@ TEST_F(SurfaceViewTest, DrawingLeavesTheStateAsItWas)
     EXPECT_EQ(ReadState(), before);
 
     // The attribute stack overflows at one depth of the drawing after the other.
-    const auto sink = CommonUI::GetDiagnostics().SetSink([](const CommonUI::SDiagnosticLine&) {});
+    const CDiagnosticsCapture quiet;
     int limit = 0;
     glGetIntegerv(GL_MAX_ATTRIB_STACK_DEPTH, &limit);
     for (int left = 0; left < 4; ++left) {
@@ -232,7 +232,6 @@ TEST_F(SurfaceViewTest, DrawingLeavesTheStateAsItWas)
         EXPECT_EQ(ReadState(), full) << left;
         EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
     }
-    CommonUI::GetDiagnostics().SetSink(sink);
 }
 
 TEST_F(SurfaceViewTest, StateThatIsNotRestoredIsAnError)
