@@ -11,26 +11,31 @@ using namespace CommonUI;
 using EFactor = CUnit::EUnitFactor;
 using enum CUnit::EUnitFactor;
 
-// A line of the record: number, key, value, the unit of a length and of a voltage.
+// A line of the record for each factor: number, key, value, the unit of a length and of a voltage.
 TEST(Unit, FactorsHaveTheirValuesKeysAndTexts)
 {
+    constexpr EFactor order[] = {Pico,  Aangstroem, Nano,  MicroInch, Micro, MilliInch, Milli,
+                                 Centi, Inch,       Unity, Kilo,      Mega,  Giga,      Undefined};
     const auto& factors = CUnit::GetUnitFactorEnum();
     const std::vector<std::string> rows = ReadTestLines("unit-factors.txt");
+    ASSERT_EQ(rows.size(), std::size(order));
     ASSERT_EQ(factors.GetCount(), rows.size());
-    for (const std::string& row : rows) {
-        SCOPED_TRACE(row);
-        const std::vector<std::string> cells = SplitText(row, '|');
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        SCOPED_TRACE(rows[i]);
+        const EFactor factor = order[i];
+        const std::vector<std::string> cells = SplitText(rows[i], '|');
         const int number = std::stoi(cells[0]);
         const double value = std::stod(cells[2]);
         const CStr key = CStr::FromUtf8(cells[1]);
         const CStr length = CStr::FromUtf8(cells[3]);
         const CStr volt = CStr::FromUtf8(cells[4]);
-        EXPECT_EQ(CUnit::GetFactorValue(EFactor{number}), value);
+        EXPECT_EQ(static_cast<int>(factor), number);
+        EXPECT_EQ(CUnit::GetFactorValue(factor), value);
         EXPECT_EQ(factors.GetIniName(number), key);
-        EXPECT_EQ(factors.GetValue(key), EFactor{number});
+        EXPECT_EQ(factors.GetValue(key), factor);
         EXPECT_FALSE(factors.GetFriendlyString(number).IsEmpty());
-        EXPECT_EQ(CUnit(EFactor{number}).GetText(), length);
-        EXPECT_EQ(CUnit(EFactor{number}, u"V").GetText(), volt);
+        EXPECT_EQ(CUnit(factor).GetText(), length);
+        EXPECT_EQ(CUnit(factor, u"V").GetText(), volt);
         EXPECT_EQ(CUnit::FromText(length).GetFactorValue(), value);
         if (!volt.StartsWith(u"(")) {
             const CStr ampere = volt.Replace(u"V", u"A");
