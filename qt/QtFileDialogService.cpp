@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QPointer>
 #include <QStringList>
 
 namespace CommonUI
@@ -29,22 +30,28 @@ CQtFileDialogService::~CQtFileDialogService() = default;
 
 bool CQtFileDialogService::Show(const SFileDialog& dialog, CStr& path)
 {
-    QFileDialog window(GetParentWindow());
-    window.setAcceptMode(dialog.forOpen ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
-    window.setFileMode(dialog.forOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    // Its parent may be destroyed meanwhile, and destroys it then.
+    const QPointer<QFileDialog> window = new QFileDialog(GetParentWindow());
+    window->setAcceptMode(dialog.forOpen ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    window->setFileMode(dialog.forOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     QStringList filters;
     for (const SFileFilter& filter : ParseFileFilters(dialog.filter))
         filters.append(ToNameFilter(filter));
     if (!filters.isEmpty())
-        window.setNameFilters(filters);
-    window.setDefaultSuffix(ToQString(dialog.extension));
+        window->setNameFilters(filters);
+    // Opening would find no file without an extension.
+    if (!dialog.forOpen)
+        window->setDefaultSuffix(ToQString(dialog.extension));
     if (!dialog.folder.IsEmpty())
-        window.setDirectory(ToQString(dialog.folder));
+        window->setDirectory(ToQString(dialog.folder));
     if (!dialog.file.IsEmpty())
-        window.selectFile(ToQString(dialog.file));
-    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
+        window->selectFile(ToQString(dialog.file));
+    const bool accepted = window->exec() == QDialog::Accepted;
+    const QStringList files = accepted ? window->selectedFiles() : QStringList();
+    delete window;
+    if (files.isEmpty())
         return false;
-    path = FromQString(QDir::toNativeSeparators(window.selectedFiles().constFirst()));
+    path = FromQString(QDir::toNativeSeparators(files.constFirst()));
     return true;
 }
 

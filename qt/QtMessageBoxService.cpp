@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 namespace CommonUI
@@ -29,22 +30,20 @@ QMessageBox::Icon GetIcon(unsigned int style)
     }
 }
 
-/// The buttons; closing the box counts as the last one.
-void AddButtons(QMessageBox& window, unsigned int style)
+struct SButtons {
+    QMessageBox::StandardButtons all;
+    QMessageBox::StandardButton last; ///< what closing the box counts as
+};
+
+SButtons GetButtons(unsigned int style)
 {
     switch (style & MessageBoxStyle::c_buttonMask) {
     case MessageBoxStyle::c_okCancel:
-        window.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
-        window.setEscapeButton(QMessageBox::Cancel);
-        break;
+        return {QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel};
     case MessageBoxStyle::c_yesNo:
-        window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        window.setEscapeButton(QMessageBox::No);
-        break;
+        return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No};
     default:
-        window.setStandardButtons(QMessageBox::Ok);
-        window.setEscapeButton(QMessageBox::Ok);
-        break;
+        return {QMessageBox::Ok, QMessageBox::Ok};
     }
 }
 
@@ -77,15 +76,21 @@ CQtMessageBoxService::~CQtMessageBoxService() = default;
 
 EMessageBoxAnswer CQtMessageBoxService::Show(const SMessageBox& box)
 {
-    QMessageBox window(GetParentWindow());
-    window.setIcon(GetIcon(box.style));
-    window.setWindowTitle(QGuiApplication::applicationDisplayName());
-    window.setTextFormat(Qt::PlainText);
-    window.setText(ToQString(box.text));
-    AddButtons(window, box.style);
+    const SButtons buttons = GetButtons(box.style);
+    // Its parent may be destroyed meanwhile, and destroys it then.
+    const QPointer<QMessageBox> window = new QMessageBox(GetParentWindow());
+    window->setIcon(GetIcon(box.style));
+    window->setWindowTitle(QGuiApplication::applicationDisplayName());
+    window->setTextFormat(Qt::PlainText);
+    window->setText(ToQString(box.text));
+    window->setStandardButtons(buttons.all);
+    window->setEscapeButton(buttons.last);
     if (box.style & MessageBoxStyle::c_help)
-        AddHelp(window, box.helpTopic);
-    return GetAnswer(window.exec());
+        AddHelp(*window, box.helpTopic);
+    const int button = window->exec();
+    delete window;
+    // No button at all when the parent or the program has ended.
+    return GetAnswer(button != 0 ? button : buttons.last);
 }
 
 void CQtMessageBoxService::Beep(unsigned int)

@@ -21,7 +21,8 @@ public:
     ~CQtMessageLoop() override;
 
     void Post(FMessage message) override;
-    /// @return false if QCoreApplication::quit ended the loop
+    /// @return false if QCoreApplication::exit ended the loop; quit asks the windows first, and a progress
+    ///     dialog refuses, but cancels
     bool RunUntil(const FCondition& isDone) override;
     std::size_t Pump() override;
 

@@ -16,11 +16,11 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <thread>
 
@@ -206,6 +206,14 @@ TEST(QtServices, MessageBoxesAreAnsweredByTheirButtons)
     }
 }
 
+TEST(QtServices, AMessageBoxThatGoesWithItsParentCountsAsClosed)
+{
+    auto parent = std::make_unique<QWidget>();
+    parent->show();
+    WhenShown<QMessageBox>([&](QMessageBox&) { parent.reset(); });
+    EXPECT_EQ(GetMessageBoxService().Show({u"Replace?", MessageBoxStyle::c_yesNo}), EMessageBoxAnswer::No);
+}
+
 TEST(QtServices, HelpOfAMessageBoxOpensTheTopicAndLeavesTheBoxOpen)
 {
     CMemoryHelpService help;
@@ -244,9 +252,10 @@ TEST(QtServices, FileDialogsOfferFiltersAndRememberTheChoice)
     WhenShown<QFileDialog>([&](QFileDialog& dialog) {
         EXPECT_EQ(dialog.directory(), QDir(folder.path()));
         EXPECT_EQ(dialog.selectedFiles(), QStringList(chosen));
+        EXPECT_EQ(dialog.defaultSuffix(), QString());
         dialog.reject();
     });
-    EXPECT_FALSE(GetFileDialogService().Choose({.memoryKey = u"Filter"}, path));
+    EXPECT_FALSE(GetFileDialogService().Choose({.extension = u"flt", .memoryKey = u"Filter"}, path));
 }
 
 TEST(QtServices, ClipboardHasBothForms)
@@ -255,12 +264,4 @@ TEST(QtServices, ClipboardHasBothForms)
     const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
     EXPECT_EQ(data->html(), QStringLiteral("<table><tr><td>1 \u00B5m</td></tr></table>"));
     EXPECT_EQ(data->text(), QStringLiteral("1 \u00B5m\r\n"));
-}
-
-TEST(QtServices, FoldersAreThoseOfQt)
-{
-    EXPECT_EQ(GetFolders().GetApplicationFolder().u16string(),
-              QCoreApplication::applicationDirPath().toStdU16String());
-    EXPECT_EQ(GetFolders().GetSettingsFolder().u16string(),
-              QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).toStdU16String());
 }
