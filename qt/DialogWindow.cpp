@@ -4,6 +4,7 @@
 #include "qt/detail/ParentWindow.h"
 #include "qt/QtText.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QShortcut>
 #include <QShowEvent>
@@ -79,8 +80,7 @@ void CDialogWindow::LieOver(QWidget* below)
     if (below == this || isAbove)
         return;
     m_below = below;
-    if (!parentWidget())
-        windowHandle()->setTransientParent(window);
+    windowHandle()->setTransientParent(window);
 }
 
 void CDialogWindow::ShowWindow(bool visible)
@@ -90,8 +90,11 @@ void CDialogWindow::ShowWindow(bool visible)
     if (IsOnScreen() == visible && isVisible() == (visible || unseen))
         return;
     hide();
-    if (visible || unseen)
-        LieOver(parentWidget() ? parentWidget()->window() : GetParentWindow());
+    if (visible || unseen) {
+        // A modal dialog would keep input from a window that does not lie over it.
+        const bool overParent = parentWidget() && !QApplication::activeModalWidget();
+        LieOver(overParent ? parentWidget()->window() : GetParentWindow());
+    }
     setAttribute(Qt::WA_DontShowOnScreen, unseen);
     setVisible(visible || unseen);
 }

@@ -3,6 +3,7 @@
 #include "platform/ManualTimerService.h"
 #include "platform/MessageBoxService.h"
 #include "platform/MessageLoop.h"
+#include "qt/FormatSpecifierWindow.h"
 #include "qt/QtProgressDialog.h"
 #include "qt/QtText.h"
 #include "WhenShown.h"
@@ -10,8 +11,8 @@
 #include <gtest/gtest.h>
 #include <QAccessible>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QLabel>
-#include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
@@ -154,22 +155,27 @@ TEST_F(ProgressWindow, AppearsWithTheFirstStepOrAfterTwoSeconds)
     EXPECT_EQ(steps, 1);
 }
 
-TEST_F(ProgressWindow, LeavesAMessageBoxUsableThatWasThereBefore)
+TEST_F(ProgressWindow, LeavesWhatWasThereBeforeUsable)
 {
-    // With a parent, and over the window in use.
-    for (const bool hasParent : {true, false}) {
-        MakeDialog(hasParent ? main.get() : nullptr);
-        const auto act = [&] {
-            WhenShown<QMessageBox>([&](QMessageBox& box) {
-                timers.Advance(CProgressDialogBase::c_showDelay);
-                EXPECT_TRUE(Window().IsOnScreen());
-                const QWidget& ok = *box.button(QMessageBox::Ok);
-                QTest::mouseClick(box.windowHandle(), Qt::LeftButton, {}, ok.mapTo(&box, ok.rect().center()));
-                EXPECT_FALSE(box.isVisible());
-            });
+    const auto press = [&](QDialog& there) {
+        timers.Advance(CProgressDialogBase::c_showDelay);
+        EXPECT_TRUE(Window().IsOnScreen());
+        const QWidget& ok = *there.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+        QTest::mouseClick(there.windowHandle(), Qt::LeftButton, {}, ok.mapTo(&there, ok.rect().center()));
+        EXPECT_FALSE(there.isVisible());
+    };
+    const std::function<void()> cases[] = {
+        [] {
             GetMessageBoxService().Show({u"A file is missing.", MessageBoxStyle::c_ok});
-        };
-        RunWhileWorkWaits(act, [] {});
+        },
+        [&] { CQtFormatSpecifierDlg(CParameter(1, u"Sa", u"Sa", u"Sa", 0, true), main.get()).DoModal(); },
+    };
+    for (const auto& show : cases) {
+        // With a parent, and over the window in use.
+        for (QWidget* const parent : {main.get(), static_cast<QWidget*>(nullptr)}) {
+            MakeDialog(parent);
+            RunWhileWorkWaits([&] { WhenShown<QDialog>(press), show(); }, [] {});
+        }
     }
 }
 
