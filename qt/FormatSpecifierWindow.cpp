@@ -9,15 +9,37 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QWheelEvent>
 
 namespace CommonUI
 {
 
 using CDlg = CFormatSpecifierDlg;
 
+namespace
+{
+
+/// A list that takes the wheel only while it has the focus.
+class CFormatList final : public QComboBox
+{
+public:
+    CFormatList() { setFocusPolicy(Qt::StrongFocus); }
+
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore();
+    }
+};
+
+} // namespace
+
 CFormatSpecifierWindow::CFormatSpecifierWindow(QWidget* parent)
     : CDialogViewWindow(parent)
-    , m_list(new QComboBox)
+    , m_list(new CFormatList)
     , m_count(new CNumericEditWidget)
 {
     LayOut();

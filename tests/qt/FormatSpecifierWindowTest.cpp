@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <functional>
 
@@ -99,6 +100,9 @@ TEST(FormatSpecifierWindow, TakesWhatIsSelectedAndTypedWithOkOnly)
             QTest::keyClick(&window, Qt::Key_C, Qt::AltModifier);
             QLineEdit& field = window.GetCountWidget().GetField();
             EXPECT_TRUE(field.hasFocus());
+            QWheelEvent turn({5, 5}, {}, {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&window.GetList(), &turn);
+            EXPECT_EQ(window.GetList().currentText(), QStringLiteral("Digits"));
             QTest::keyClick(&field, Qt::Key_Up, Qt::ControlModifier);
             EXPECT_TRUE(ShowsText(window, QStringLiteral("3.141592653590 -> 3.142")));
             field.selectAll();
@@ -137,13 +141,14 @@ TEST(FormatSpecifierWindow, GrowsWithTheTextsOfAnotherLanguage)
         for (const int control : {CDlg::c_format, CDlg::c_count, CDlg::c_exampleCaption, CDlg::c_largeExample,
                                   CDlg::c_ok, CDlg::c_cancel})
             window.SetText(control, u"Anzahl der angezeigten Nachkommastellen");
-        QCoreApplication::processEvents();
-        for (const QWidget* const widget : window.findChildren<QWidget*>()) {
-            if (!qobject_cast<const QLabel*>(widget) && !qobject_cast<const QPushButton*>(widget))
-                continue;
-            EXPECT_GE(widget->width(), widget->sizeHint().width());
-            EXPECT_GE(widget->height(), widget->sizeHint().height());
-        }
+        const auto isWhole = [](const QWidget* widget) {
+            const bool hasText =
+                qobject_cast<const QLabel*>(widget) || qobject_cast<const QPushButton*>(widget);
+            return !hasText || widget->size().boundedTo(widget->sizeHint()) == widget->sizeHint();
+        };
+        const auto widgets = window.findChildren<QWidget*>();
+        // The window system may still report the size that the window had at first.
+        EXPECT_TRUE(QTest::qWaitFor([&] { return std::all_of(widgets.begin(), widgets.end(), isWhole); }));
         window.close();
     });
 }
