@@ -16,7 +16,8 @@ namespace CommonUI
 /// CDialogViewWindow.
 ///
 /// The window lies over its parent widget, which owns it as usual in Qt; without a parent it lies over the
-/// window that the user works in when it is opened, and belongs to nobody.
+/// window that the user works in when it is opened, and belongs to nobody. Where a modal window is open, it
+/// lies over that.
 class COMMONUIQT_API CDialogWindow : public QDialog
 {
     Q_OBJECT
