@@ -305,7 +305,10 @@ void CGridPane::Drag(SPoint point)
     if (!column)
         focus.row = toward(point.y, m_headerHeight, m_size.cy, focus.row, hit.row);
     focus.column = toward(point.x, 0, m_size.cx, focus.column, hit.column);
+    const SGridRange before = m_selection.GetRange();
     m_selection.ExtendTo(focus);
+    if (m_selection.GetRange() == before)
+        return;
     focus = m_selection.GetFocus();
     ScrollTo(LeftToShow(focus.column), column ? m_top : TopToShow(focus.row));
     AnnounceSelection();
@@ -332,16 +335,20 @@ std::optional<std::size_t> CGridPane::FindEdge(SPoint point) const
 bool CGridPane::PressEdge(unsigned int message, SPoint point)
 {
     const auto edge = FindEdge(point);
-    if (edge && message == GridMouse::c_leftDown)
+    if (edge && message == GridMouse::c_leftDown) {
         m_resized = edge;
-    else if (edge)
+        m_resizedLeft = GetCellRect({0, *edge}).left;
+    } else if (edge) {
         FitColumn(*edge);
+    }
     return edge.has_value();
 }
 
 void CGridPane::Resize(std::size_t column, SPoint point)
 {
-    SetColumnWidth(column, std::max(point.x - GetCellRect({0, column}).left, 2 * c_margin));
+    // The column moves in the view when that is scrolled to its end, and may have gone.
+    if (column < GetColumnCount())
+        SetColumnWidth(column, std::max(point.x - m_resizedLeft, 2 * c_margin));
 }
 
 EGridCursor CGridPane::OnSetCursor(SPoint point) const

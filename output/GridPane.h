@@ -207,6 +207,7 @@ private:
     SGridHit::EPart m_dragged =
         SGridHit::EPart::Nothing;         ///< what was pressed that selects while it is dragged
     std::optional<std::size_t> m_resized; ///< the column whose edge is being dragged
+    int m_resizedLeft = 0;                ///< where it began in the view when its edge was pressed
     bool m_focus = false;
 };
 
