@@ -1,6 +1,5 @@
 #include "qt/detail/GridAccessible.h"
 
-#include "qt/detail/EventGuard.h"
 #include "qt/detail/GridCellAccessible.h"
 #include "qt/GridWidget.h"
 #include "qt/QtText.h"
@@ -10,6 +9,7 @@
 #include <algorithm>
 #include <limits>
 #include <map>
+#include <numeric>
 #include <utility>
 
 namespace CommonUI
@@ -23,13 +23,23 @@ int ToInt(std::size_t count)
     return static_cast<int>(std::min<std::size_t>(count, std::numeric_limits<int>::max()));
 }
 
-QList<int> NumbersBetween(std::size_t first, std::size_t last)
-{
-    QList<int> numbers;
-    for (std::size_t number = first; number <= last; ++number)
-        numbers.push_back(static_cast<int>(number));
-    return numbers;
-}
+/// The numbers of neighbouring rows or columns.
+struct SNumbers {
+    std::size_t first = 0;
+    std::size_t end = 0;
+
+    std::size_t GetCount() const { return end - first; }
+    bool Contains(int number) const
+    {
+        return static_cast<std::size_t>(number) >= first && static_cast<std::size_t>(number) < end;
+    }
+    QList<int> List() const
+    {
+        QList<int> numbers(ToInt(GetCount()));
+        std::iota(numbers.begin(), numbers.end(), static_cast<int>(first));
+        return numbers;
+    }
+};
 
 /// A grid as a table. Cells are made when they are asked for and go when there are many, so that a large
 /// table costs nothing; cells out of the view are not listed as selected.
@@ -53,7 +63,7 @@ public:
     int indexOfChild(const QAccessibleInterface* child) const override
     {
         const auto* const cell = dynamic_cast<const CGridCellAccessible*>(child);
-        return cell ? cell->rowIndex() * columnCount() + cell->columnIndex() : -1;
+        return cell ? ToInt(cell->GetPlace().row * columnCountOf() + cell->GetPlace().column) : -1;
     }
     QAccessibleInterface* childAt(int x, int y) const override
     {
@@ -90,30 +100,16 @@ public:
         return name ? name->text(QAccessible::Name) : QString();
     }
 
-    bool isRowSelected(int row) const override { return selectedRows().contains(row); }
-    bool isColumnSelected(int column) const override { return selectedColumns().contains(column); }
-    int selectedRowCount() const override { return static_cast<int>(selectedRows().size()); }
-    int selectedColumnCount() const override { return static_cast<int>(selectedColumns().size()); }
-    QList<int> selectedRows() const override
-    {
-        const SGridRange range = GetSelected();
-        const bool whole =
-            columnCountOf() != 0 && range.firstColumn == 0 && range.lastColumn + 1 == columnCountOf();
-        return whole ? NumbersBetween(range.firstRow, range.lastRow) : QList<int>();
-    }
-    QList<int> selectedColumns() const override
-    {
-        const SGridRange range = GetSelected();
-        const bool whole = rowCountOf() != 0 && range.firstRow == 0 && range.lastRow + 1 == rowCountOf();
-        return whole ? NumbersBetween(range.firstColumn, range.lastColumn) : QList<int>();
-    }
+    bool isRowSelected(int row) const override { return GetSelectedRows().Contains(row); }
+    bool isColumnSelected(int column) const override { return GetSelectedColumns().Contains(column); }
+    int selectedRowCount() const override { return ToInt(GetSelectedRows().GetCount()); }
+    int selectedColumnCount() const override { return ToInt(GetSelectedColumns().GetCount()); }
+    QList<int> selectedRows() const override { return GetSelectedRows().List(); }
+    QList<int> selectedColumns() const override { return GetSelectedColumns().List(); }
     int selectedCellCount() const override
     {
         const SGridRange range = GetSelected();
-        const bool none = range.lastRow < range.firstRow;
-        return none
-                   ? 0
-                   : ToInt((range.lastRow - range.firstRow + 1) * (range.lastColumn - range.firstColumn + 1));
+        return ToInt((range.lastRow + 1 - range.firstRow) * (range.lastColumn + 1 - range.firstColumn));
     }
     QList<QAccessibleInterface*> selectedCells() const override
     {
@@ -144,6 +140,19 @@ private:
     {
         const bool none = !GetGrid() || GetGrid()->GetSelection().IsEmpty();
         return none ? SGridRange{1, 0, 1, 0} : GetGrid()->GetSelection().GetRange();
+    }
+    /// The rows of which every cell is selected, and the columns.
+    SNumbers GetSelectedRows() const
+    {
+        const SGridRange range = GetSelected();
+        const bool whole = range.firstColumn == 0 && range.lastColumn + 1 == columnCountOf();
+        return whole ? SNumbers{range.firstRow, range.lastRow + 1} : SNumbers();
+    }
+    SNumbers GetSelectedColumns() const
+    {
+        const SGridRange range = GetSelected();
+        const bool whole = range.firstRow == 0 && range.lastRow + 1 == rowCountOf();
+        return whole ? SNumbers{range.firstColumn, range.lastColumn + 1} : SNumbers();
     }
     QAccessibleInterface* GetCell(SGridCell cell) const
     {

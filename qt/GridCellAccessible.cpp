@@ -1,6 +1,7 @@
 #include "qt/detail/GridCellAccessible.h"
 
 #include "qt/detail/EventGuard.h"
+#include "qt/detail/GridAccessible.h"
 #include "qt/detail/GridRects.h"
 #include "qt/GridWidget.h"
 #include "qt/QtText.h"
@@ -103,19 +104,24 @@ QStringList CGridCellAccessible::actionNames() const
 /// Pressing does what the space bar does, or Enter where that is of no use.
 void CGridCellAccessible::doAction(const QString& name)
 {
-    CGridPane* grid = GetGrid();
-    if (!grid)
+    if (!GetGrid() || !m_widget->isEnabled())
         return;
-    m_widget->setFocus(Qt::OtherFocusReason);
+    // Each step may destroy the grid and the widget, and this with it.
     const QPointer<CGridWidget> widget = m_widget;
     const SGridCell cell = m_cell;
     const bool press = name == pressAction();
+    const auto grid = [&widget] { return widget ? widget->GetControl() : nullptr; };
+    if (!widget->CommitEditor())
+        return;
+    widget->setFocus(Qt::OtherFocusReason);
     Guarded([&] {
-        grid->SelectCell(cell);
-        grid = widget ? widget->GetControl() : nullptr;
-        if (press && grid && !grid->OnKey({EGridKey::Space}) && widget && widget->GetControl())
-            widget->GetControl()->OnKey({EGridKey::Enter});
+        if (grid())
+            grid()->SelectCell(cell);
+        if (press && grid() && !grid()->OnKey({EGridKey::Space}) && grid())
+            grid()->OnKey({EGridKey::Enter});
     });
+    if (grid())
+        TellGridFocus(*widget, QAccessible::NameChanged);
 }
 
 } // namespace CommonUI

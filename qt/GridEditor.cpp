@@ -4,6 +4,7 @@
 #include "qt/detail/GridListEditor.h"
 #include "qt/detail/GridRects.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPointer>
@@ -67,9 +68,17 @@ bool CGridEditor::OnFocus(const QEvent& event)
     }
     // From a context menu the user comes back.
     const bool stays = static_cast<const QFocusEvent&>(event).reason() == Qt::PopupFocusReason;
+    if (stays || !m_window.IsWhole(GetWidget()))
+        return false;
+    // Qt goes on with a widget that it is about to give the focus, so a callback must not destroy the grid
+    // yet.
+    if (GetWidget().parentWidget()->focusProxy() == QApplication::focusWidget()) {
+        QMetaObject::invokeMethod(
+            this, [this] { Finish(EGridEditEnd::Taken); }, Qt::QueuedConnection);
+        return false;
+    }
     const QPointer<CGridEditor> self(this);
-    if (!stays && m_window.IsWhole(GetWidget()))
-        Finish(EGridEditEnd::Taken);
+    Finish(EGridEditEnd::Taken);
     // A widget that has been destroyed gets no more events.
     return !self;
 }

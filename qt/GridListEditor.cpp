@@ -24,7 +24,7 @@ CGridListEditor::CGridListEditor(const SGridEdit& edit, QWidget& parent, FDone d
         const int typed = m_box->findText(ToQString(edit.typed), Qt::MatchStartsWith);
         m_box->setCurrentIndex(typed < 0 ? m_box->currentIndex() : typed);
     }
-    connect(m_box, &QComboBox::activated, this, [this] { Finish(EGridEditEnd::Taken); });
+    connect(m_box, &QComboBox::activated, this, [this] { m_end = EGridEditEnd::Taken; });
     Watch();
 }
 
@@ -41,6 +41,7 @@ CStr CGridListEditor::GetText() const
 void CGridListEditor::DropDown()
 {
     m_dropped = true;
+    m_end = EGridEditEnd::Cancelled;
     m_box->view()->window()->installEventFilter(this);
     m_box->showPopup();
 }
@@ -52,10 +53,10 @@ bool CGridListEditor::eventFilter(QObject* watched, QEvent* event)
         return false;
     if (watched == m_box)
         return CGridEditor::eventFilter(watched, event);
-    // The list closes before it says that something has been chosen.
+    // The list closes before it says that something has been chosen, and needs the box a while longer.
     if (event->type() == QEvent::Hide)
         QMetaObject::invokeMethod(
-            this, [this] { Finish(EGridEditEnd::Cancelled); }, Qt::QueuedConnection);
+            this, [this] { Finish(m_end); }, Qt::QueuedConnection);
     return false;
 }
 

@@ -26,6 +26,8 @@ CGridWidget::CGridWidget(QWidget* parent)
 {
     InstallGridAccessible();
     setFocusPolicy(Qt::StrongFocus);
+    // Columns run from left to right in every language; so do the scroll bar and the texts in them.
+    setLayoutDirection(Qt::LeftToRight);
     viewport()->setMouseTracking(true);
     m_fitColumns->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Plus));
     m_fitColumns->setShortcutContext(Qt::WidgetShortcut);
@@ -131,7 +133,7 @@ void CGridWidget::resizeEvent(QResizeEvent* event)
         GetControl()->SetViewSize({viewport()->width(), viewport()->height()});
 }
 
-void CGridWidget::UpdateVerticalBar(const CGridPane& grid)
+void CGridWidget::UpdateVerticalBar(const CGridPane& grid, int shown)
 {
     // A scroll bar counts in int, and adds a page to it.
     constexpr long long most = 1 << 30;
@@ -140,17 +142,17 @@ void CGridWidget::UpdateVerticalBar(const CGridPane& grid)
     m_rowsScale = height / most + 1;
     const auto toBar = [this](long long pixels) { return static_cast<int>(pixels / m_rowsScale); };
     bar.setSingleStep(std::max(toBar(grid.GetRowHeight()), 1));
-    bar.setPageStep(std::max(toBar(viewport()->height() - grid.GetHeaderHeight()), 1));
-    bar.setRange(0, toBar(std::max(height - viewport()->height() + m_rowsScale - 1, 0LL)));
+    bar.setPageStep(std::max(toBar(shown - grid.GetHeaderHeight()), 1));
+    bar.setRange(0, toBar(std::max(height - shown + m_rowsScale - 1, 0LL)));
     bar.setValue(toBar(grid.GetScrollTop()));
 }
 
-void CGridWidget::UpdateHorizontalBar(const CGridPane& grid)
+void CGridWidget::UpdateHorizontalBar(const CGridPane& grid, int shown)
 {
     QScrollBar& bar = *horizontalScrollBar();
     bar.setSingleStep(grid.GetRowHeight());
-    bar.setPageStep(viewport()->width());
-    bar.setRange(0, std::max(grid.GetExtent().width - viewport()->width(), 0));
+    bar.setPageStep(shown);
+    bar.setRange(0, std::max(grid.GetExtent().width - shown, 0));
     bar.setValue(grid.GetScrollLeft());
 }
 
@@ -161,19 +163,26 @@ void CGridWidget::UpdateScrollBars()
         return;
     // A bar that comes or goes changes the size of the view, which leads here again.
     const bool outer = std::exchange(m_updatingBars, true);
-    UpdateVerticalBar(*grid);
-    UpdateHorizontalBar(*grid);
+    // Two bars that are there, each because the other takes room, go together.
+    const CGridPane::SExtent extent = grid->GetExtent();
+    const QSize most = maximumViewportSize();
+    const bool fits = extent.width <= most.width() && extent.height <= most.height();
+    UpdateVerticalBar(*grid, fits ? most.height() : viewport()->height());
+    UpdateHorizontalBar(*grid, fits ? most.width() : viewport()->width());
     m_updatingBars = outer;
 }
 
 void CGridWidget::scrollContentsBy(int /*dx*/, int /*dy*/)
 {
-    if (m_updatingBars || !CommitEditor() || !GetControl())
+    if (m_updatingBars || !GetControl())
         return;
     const QScrollBar& bar = *verticalScrollBar();
     const bool atEnd = bar.value() == bar.maximum();
     GetControl()->ScrollTo(horizontalScrollBar()->value(),
                            atEnd ? std::numeric_limits<long long>::max() / 2 : bar.value() * m_rowsScale);
+    // The scroll bar must not be destroyed before it is done.
+    QMetaObject::invokeMethod(
+        this, [this] { CommitEditor(); }, Qt::QueuedConnection);
 }
 
 void CGridWidget::OnSelectionChanged()

@@ -38,6 +38,9 @@ public:
     /// Makes all columns as wide as they need to be; one of the actions of the widget.
     QAction& GetFitColumnsAction() noexcept { return *m_fitColumns; }
 
+    /// Takes over what is in the editor, if one is open. @return whether the widget is still there
+    bool CommitEditor();
+
     void Invalidate(const SRect& rect) override;
     void UpdateScrollBars() override;
     void TakeFocus() override;
@@ -71,12 +74,12 @@ private:
     /// Tells the grid whether keys go to it or its editor.
     void UpdateFocus();
     void UpdateCursor(SPoint point);
-    void UpdateVerticalBar(const CGridPane& grid);
-    void UpdateHorizontalBar(const CGridPane& grid);
+    /// The left button is held no more, or its release will be somebody else's.
+    void ForgetPress();
+    void UpdateVerticalBar(const CGridPane& grid, int shown);
+    void UpdateHorizontalBar(const CGridPane& grid, int shown);
     void SendMouse(unsigned int message, SPoint point, Qt::KeyboardModifiers modifiers);
     void EndEdit(EGridEditEnd end);
-    /// Takes over what is in the editor. @return whether the widget is still there
-    bool CommitEditor();
     /// Tells screen readers when the cell that has the focus says something else.
     void UpdateSpokenText(bool moved);
 

@@ -40,6 +40,9 @@ Qt::CursorShape ToShape(EGridCursor cursor)
 
 bool CGridWidget::event(QEvent* event)
 {
+    // A dialog that a callback shows gets the release of the button.
+    if (event->type() == QEvent::WindowBlocked)
+        ForgetPress();
     // Keys that grids use are no shortcuts of the window, but those that dialogs end with stay theirs.
     if (event->type() == QEvent::ShortcutOverride && GetControl()) {
         const auto key = ToGridKey(static_cast<QKeyEvent&>(*event));
@@ -56,6 +59,11 @@ void CGridWidget::keyPressEvent(QKeyEvent* event)
     const QPointer<CGridWidget> self(this);
     const auto key = ToGridKey(*event);
     const CStr text = FromQString(TypedText(*event));
+    if (m_editor && !hasFocus()) {
+        // Keys that the editor has no use for are not meant for the cells below it.
+        event->setAccepted(key.has_value());
+        return;
+    }
     // A callback that throws has used the key.
     bool used = true;
     Guarded([&] {
@@ -84,6 +92,8 @@ void CGridWidget::SendMouse(unsigned int message, SPoint point, Qt::KeyboardModi
 
 void CGridWidget::mousePressEvent(QMouseEvent* event)
 {
+    if (!CommitEditor())
+        return;
     m_pressed = event->button() == Qt::LeftButton;
     if (m_pressed)
         SendMouse(GridMouse::c_leftDown, ToPoint(*event), event->modifiers());
@@ -123,12 +133,17 @@ void CGridWidget::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    m_repeat.stop();
-    m_pressed = false;
+    ForgetPress();
     const QPointer<CGridWidget> self(this);
     SendMouse(GridMouse::c_leftUp, ToPoint(*event), event->modifiers());
     if (self && m_editor)
         m_editor->DropDown();
+}
+
+void CGridWidget::ForgetPress()
+{
+    m_repeat.stop();
+    m_pressed = false;
 }
 
 void CGridWidget::timerEvent(QTimerEvent* event)
@@ -169,8 +184,7 @@ void CGridWidget::focusOutEvent(QFocusEvent* event)
 
 void CGridWidget::hideEvent(QHideEvent* event)
 {
-    m_repeat.stop();
-    m_pressed = false;
+    ForgetPress();
     QAbstractScrollArea::hideEvent(event);
 }
 
@@ -186,7 +200,11 @@ void CGridWidget::OpenEditor(const SGridEdit& edit)
     if (GetControl())
         m_editor->GetWidget().setAccessibleName(
             ToQString(GetControl()->SpeakHeader(GetControl()->GetSelection().GetFocus().column)));
+    // Whoever loses the focus may call back.
+    const QPointer<CGridWidget> self(this);
     m_editor->Show(edit.rect);
+    if (!self || !m_editor)
+        return;
     UpdateFocus();
     if (!m_pressed)
         m_editor->DropDown();

@@ -19,6 +19,8 @@ class CGridCellAccessible final : public QAccessibleInterface,
 public:
     CGridCellAccessible(CGridWidget& widget, SGridCell cell);
 
+    SGridCell GetPlace() const noexcept { return m_cell; }
+
     bool isValid() const override;
     QObject* object() const override { return nullptr; }
     QWindow* window() const override;

@@ -211,6 +211,7 @@ TEST_F(GridWidget, EditorsTakeTheTextWhenTheyAreLeft)
         const QString text = QString::number(++count);
         QTest::keyClicks(Editor<QLineEdit>(), text);
         leave();
+        QCoreApplication::processEvents();
         EXPECT_EQ(After(Text), text.toStdString() + " 3");
         EXPECT_FALSE(Grid().IsEditing());
     }
@@ -219,6 +220,8 @@ TEST_F(GridWidget, EditorsTakeTheTextWhenTheyAreLeft)
     Select(Text);
     m_shown.Key(Qt::Key_F2);
     QLineEdit* const editor = Editor<QLineEdit>();
+    QTest::keyClick(editor, Qt::Key_Down);
+    EXPECT_EQ(Grid().GetSelection().GetFocus().row, std::size_t{Text}) << "the editor's key, not the grid's";
     QFocusEvent popup(QEvent::FocusOut, Qt::PopupFocusReason);
     QApplication::sendEvent(editor, &popup);
     EXPECT_TRUE(Grid().IsEditing()) << "the context menu of the editor";
@@ -293,6 +296,30 @@ TEST_F(GridWidget, CallbacksMayDestroyTheWidget)
             QTest::keyClick(test.m_shown.grid, 'x');
             test.m_shown.window.setFocus();
         },
+        [](GridWidget& test) {
+            test.Select(Text);
+            QTest::keyClick(test.m_shown.grid, 'x');
+            test.m_shown.grid->setFocus();
+        },
+        [](GridWidget& test) {
+            test.Select(Text);
+            QTest::keyClick(test.m_shown.grid, 'x');
+            QAccessible::queryAccessibleInterface(test.m_shown.grid)
+                ->child(2 * Check + 1)
+                ->actionInterface()
+                ->doAction(QAccessibleActionInterface::pressAction());
+        },
+        [](GridWidget& test) {
+            test.m_shown.grid->resize(400, 100);
+            test.Select(Text);
+            QTest::keyClick(test.m_shown.grid, 'x');
+            test.m_shown.grid->verticalScrollBar()->setValue(7);
+        },
+        [](GridWidget& test) {
+            test.Select(List);
+            QTest::keyClick(test.m_shown.grid, 'n');
+            QTest::keyClick(test.Editor<QComboBox>()->view(), Qt::Key_Return);
+        },
     };
     for (const auto& act : acts) {
         struct STest : GridWidget {
@@ -300,6 +327,7 @@ TEST_F(GridWidget, CallbacksMayDestroyTheWidget)
         } test;
         test.m_deletes = true;
         act(test);
+        QCoreApplication::processEvents();
         EXPECT_FALSE(test.m_shown.grid);
     }
 }
