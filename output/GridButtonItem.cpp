@@ -19,6 +19,14 @@ SRect CGridButtonItem::GetPushRect(const SRect& rect)
     return rect.Shrunk(CGridPane::c_margin, CGridPane::c_margin);
 }
 
+SRect CGridButtonItem::GetTextRect(const SRect& rect) const
+{
+    SRect text = CGridItem::GetTextRect(rect);
+    if (m_imageId != SGridButton::c_noImage)
+        text.left += GetPushRect(rect).GetHeight() + 2 * CGridPane::c_margin;
+    return text;
+}
+
 void CGridButtonItem::OnDrawValue(CGridPainter& painter, const SRect& rect) const
 {
     DrawBackground(painter, rect);

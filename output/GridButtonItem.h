@@ -29,6 +29,8 @@ public:
 
     /// The button in a cell: the cell without its margins.
     static SRect GetPushRect(const SRect& rect);
+    /// Beside the picture.
+    SRect GetTextRect(const SRect& rect) const override;
     void OnDrawValue(CGridPainter& painter, const SRect& rect) const override;
     /// A left press on the button calls the callback. A button without one takes the click and does nothing.
     bool OnClickValue(unsigned int message, SPoint point, const SRect& rect) override;

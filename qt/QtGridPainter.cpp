@@ -15,6 +15,8 @@ namespace CommonUI
 namespace
 {
 
+constexpr int c_buttonSpacing = 4; ///< what styles leave between the picture and the text of a button
+
 SColor FromQColor(const QColor& color)
 {
     const auto part = [](int value) { return static_cast<std::uint8_t>(value); };
@@ -172,15 +174,18 @@ void CQtGridPainter::DrawPush(const SRect& rect, const SGridButton& button)
                    (button.pressed ? QStyle::State_Sunken : QStyle::State_Raised);
     if (!button.enabled)
         option.palette.setCurrentColorGroup(QPalette::Disabled);
-    const bool setUp = button.kind == SGridButton::EKind::SetUp;
-    // A mnemonic would lead nowhere.
-    option.text = setUp ? QStringLiteral("\u2026")
-                        : ToQString(button.text).replace(QLatin1Char('&'), QLatin1String("&&"));
+    int room = rect.GetWidth() - 2 * c_buttonSpacing;
     if (button.imageId != SGridButton::c_noImage && m_images) {
         const int size = m_widget.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &m_widget);
         option.icon = m_images(button.imageId);
         option.iconSize = QSize(size, size).boundedTo(QSize(size, rect.GetHeight()));
+        room -= option.iconSize.width() + c_buttonSpacing;
     }
+    const QString text = button.kind == SGridButton::EKind::SetUp
+                             ? QStringLiteral("\u2026")
+                             : m_option.fontMetrics.elidedText(ToQString(button.text), Qt::ElideRight, room);
+    // A mnemonic would lead nowhere.
+    option.text = QString(text).replace(QLatin1Char('&'), QLatin1String("&&"));
     m_widget.style()->drawControl(QStyle::CE_PushButton, &option, &m_painter, &m_widget);
 }
 

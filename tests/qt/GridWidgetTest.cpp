@@ -279,53 +279,38 @@ TEST_F(GridWidget, ListsDropDown)
 
 TEST_F(GridWidget, CallbacksMayDestroyTheWidget)
 {
-    const std::function<void(GridWidget&)> acts[] = {
-        [](GridWidget& test) { test.m_shown.Press(test.RectOf(Setup).topLeft() + QPoint(5, 5)); },
-        [](GridWidget& test) { test.m_shown.Press(test.RectOf(Button).center()); },
-        [](GridWidget& test) {
-            test.Select(Check);
-            test.m_shown.Key(Qt::Key_Space);
-        },
-        [](GridWidget& test) {
-            test.Select(Text);
-            QTest::keyClick(test.m_shown.grid, 'x');
-            QTest::keyClick(test.Editor<QLineEdit>(), Qt::Key_Return);
-        },
-        [](GridWidget& test) {
-            test.Select(Text);
-            QTest::keyClick(test.m_shown.grid, 'x');
-            test.m_shown.window.setFocus();
-        },
-        [](GridWidget& test) {
-            test.Select(Text);
-            QTest::keyClick(test.m_shown.grid, 'x');
-            test.m_shown.grid->setFocus();
-        },
-        [](GridWidget& test) {
-            test.Select(Text);
-            QTest::keyClick(test.m_shown.grid, 'x');
-            QAccessible::queryAccessibleInterface(test.m_shown.grid)
-                ->child(2 * Check + 1)
-                ->actionInterface()
-                ->doAction(QAccessibleActionInterface::pressAction());
-        },
-        [](GridWidget& test) {
-            test.m_shown.grid->resize(400, 100);
-            test.Select(Text);
-            QTest::keyClick(test.m_shown.grid, 'x');
-            test.m_shown.grid->verticalScrollBar()->setValue(7);
-        },
-        [](GridWidget& test) {
-            test.Select(List);
-            QTest::keyClick(test.m_shown.grid, 'n');
-            QTest::keyClick(test.Editor<QComboBox>()->view(), Qt::Key_Return);
-        },
+    const auto type = [](GridWidget& test) {
+        test.Select(Text);
+        QTest::keyClick(test.m_shown.grid, 'x');
     };
-    for (const auto& act : acts) {
+    const auto press = [](GridWidget& test) {
+        QAccessibleInterface* const table = QAccessible::queryAccessibleInterface(test.m_shown.grid);
+        table->child(2 * Check + 1)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    };
+    const std::pair<bool, std::function<void(GridWidget&)>> acts[] = {
+        {false, [](GridWidget& test) { test.m_shown.Press(test.RectOf(Setup).topLeft() + QPoint(5, 5)); }},
+        {false, [](GridWidget& test) { test.m_shown.Press(test.RectOf(Button).center()); }},
+        {false, press},
+        {true, press},
+        {true, [](GridWidget& test) { QTest::keyClick(test.Editor<QLineEdit>(), Qt::Key_Return); }},
+        {true, [](GridWidget& test) { test.m_shown.window.setFocus(); }},
+        {true, [](GridWidget& test) { test.m_shown.grid->setFocus(); }},
+        {true, [](GridWidget& test) { test.m_shown.grid->verticalScrollBar()->setValue(7); }},
+        {false,
+         [](GridWidget& test) {
+             test.Select(List);
+             QTest::keyClick(test.m_shown.grid, 'n');
+             QTest::keyClick(test.Editor<QComboBox>()->view(), Qt::Key_Return);
+         }},
+    };
+    for (const auto& [typed, act] : acts) {
         struct STest : GridWidget {
             void TestBody() override {}
         } test;
         test.m_deletes = true;
+        test.m_shown.grid->resize(400, 100);
+        if (typed)
+            type(test);
         act(test);
         QCoreApplication::processEvents();
         EXPECT_FALSE(test.m_shown.grid);
@@ -401,6 +386,15 @@ TEST_F(GridWidget, ColumnsFollowTheirEdgesAndTheFont)
     Grid().SetColumnWidth(1, 300);
     m_shown.Key(Qt::Key_Plus, Qt::ControlModifier);
     EXPECT_LT(Grid().GetColumnWidth(1), 150);
+    Grid().SetColumnWidth(1, 600);
+    Grid().ScrollTo(600, 0);
+    const int edge = m_shown.View().width();
+    m_shown.Press({edge - 1, 5});
+    for (const int to : {2, 3, 4, 5})
+        m_shown.Move({edge - to, 5});
+    EXPECT_NEAR(Grid().GetColumnWidth(1), 595, 1) << "the edge does not run away from the pointer";
+    m_shown.Move({0, 5});
+    EXPECT_FALSE(m_shown.grid->horizontalScrollBar()->maximum());
     QFont font = m_shown.grid->font();
     font.setPointSizeF(font.pointSizeF() * 2);
     const int height = Grid().GetRowHeight();
