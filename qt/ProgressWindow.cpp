@@ -84,7 +84,8 @@ void CProgressWindow::BringParentToTop()
 
 void CProgressWindow::SetBarRange(int minimum, int maximum)
 {
-    m_bar->setRange(minimum, maximum);
+    // Qt's bar without a range is a busy one.
+    m_bar->setRange(minimum, std::max(maximum, minimum + 1));
 }
 
 void CProgressWindow::SetBarPosition(int position)
