@@ -36,8 +36,6 @@ CStr GetLatestText()
 void SetLatestReport(float increment, const CStr& text)
 {
     s_increment.store(increment, std::memory_order_relaxed);
-    if (text.IsEmpty())
-        return;
     const std::lock_guard lock(s_textMutex);
     LatestText() = text;
 }

@@ -51,8 +51,8 @@ public:
     ///
     /// Each report makes one step, but there is one increment and one text in the whole process, that of the
     /// last report: reports that the dialog gets to later than that show the last one's. A report without a
-    /// text leaves the text as it is. However many reports there are, at most one message for steps and one
-    /// for the text wait in the loop.
+    /// text leaves the text that is shown as it is; one that still waits to be shown becomes empty. However
+    /// many reports there are, at most one message for steps and one for the text wait in the loop.
     /// @return not 0 if the user has cancelled: the report is dropped, and the work shall end. The next
     ///     report returns 0 again.
     int PostThreadProgress(float increment, const CStr& text);
