@@ -273,7 +273,7 @@ TEST_F(GridWidget, ListsDropDown)
         QCoreApplication::processEvents();
         EXPECT_EQ(After(List), row.after);
         EXPECT_FALSE(Grid().IsEditing());
-        EXPECT_TRUE(m_shown.grid->hasFocus());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return m_shown.grid->hasFocus(); }));
     }
 }
 
