@@ -1,11 +1,7 @@
+#include "bench/ProgressRun.h"
 #include "dialogs/MemoryProgressView.h"
-#include "dialogs/ProgressThreadDialog.h"
 #include "platform/MemoryMessageLoop.h"
 
-#include <benchmark/benchmark.h>
-
-#include <chrono>
-#include <functional>
 #include <latch>
 
 using namespace CommonUI;
@@ -13,30 +9,15 @@ using namespace CommonUI;
 namespace
 {
 
-/// A dialog with a window, whose work is any function.
-class CRun
+/// A dialog with what stands for a window.
+class CRun : public CProgressRun<CProgressThreadDialog>
 {
 public:
-    CRun()
-    {
-        dialog.SetView(&view);
-        dialog.SetWork(*this, &CRun::Work);
-        dialog.SetStepCallback(*this, &CRun::OnStep);
-    }
-    void Work() { work(); }
-    void OnStep(CProgressDialogBase&, const CStr&)
-    {
-        if (onStep)
-            onStep();
-    }
+    CRun() { dialog.SetView(&m_view); }
 
-    CMemoryProgressView view;
-    CProgressThreadDialog dialog{nullptr, u"Batch", {}};
-    std::function<void()> work;
-    std::function<void()> onStep;
+private:
+    CMemoryProgressView m_view;
 };
-
-const CStr c_text = u"Evaluating surface 17 of 250";
 
 /// The user interface is at something else all the time, and handles no message.
 void ReportToHangingInterface(benchmark::State& state)
@@ -45,7 +26,8 @@ void ReportToHangingInterface(benchmark::State& state)
     std::latch done(1);
     run.work = [&] {
         for (auto _ : state)
-            benchmark::DoNotOptimize(run.dialog.PostThreadProgress(1e-6F, state.range(0) ? c_text : CStr()));
+            benchmark::DoNotOptimize(
+                run.dialog.PostThreadProgress(1e-6F, state.range(0) ? c_progressText : CStr()));
         done.count_down();
     };
     GetMessageLoop().Post([&] {
@@ -62,7 +44,8 @@ void ReportToBusyInterface(benchmark::State& state)
     CRun run;
     run.work = [&] {
         for (auto _ : state)
-            benchmark::DoNotOptimize(run.dialog.PostThreadProgress(1e-6F, state.range(0) ? c_text : CStr()));
+            benchmark::DoNotOptimize(
+                run.dialog.PostThreadProgress(1e-6F, state.range(0) ? c_progressText : CStr()));
     };
     run.dialog.DoModal();
 }
@@ -74,34 +57,15 @@ void MessageForEachReport(benchmark::State& state)
     CRun run;
     run.work = [&] {
         for (auto _ : state)
-            GetMessageLoop().Post([&run, text = c_text] { run.dialog.SetText(text); });
+            GetMessageLoop().Post([&run, text = c_progressText] { run.dialog.SetText(text); });
     };
     run.dialog.DoModal();
 }
 BENCHMARK(MessageForEachReport)->UseRealTime();
 
-/// From the user's cancel to the return of work that reports all the time.
 void Cancel(benchmark::State& state)
 {
-    using CClock = std::chrono::steady_clock;
-    for (auto _ : state) {
-        CRun run;
-        CClock::time_point canceled;
-        CClock::time_point returned;
-        run.onStep = [&] {
-            if (run.dialog.IsCanceled())
-                return;
-            canceled = CClock::now();
-            run.dialog.OnCancel();
-        };
-        run.work = [&] {
-            while (run.dialog.PostThreadProgress(1e-6F, c_text) == 0) {
-            }
-            returned = CClock::now();
-        };
-        run.dialog.DoModal();
-        state.SetIterationTime(std::chrono::duration<double>(returned - canceled).count());
-    }
+    MeasureCancel<CRun>(state, [](CProgressThreadDialog& dialog) { dialog.OnCancel(); });
 }
 BENCHMARK(Cancel)->UseManualTime()->Iterations(1000)->Unit(benchmark::kMicrosecond);
 

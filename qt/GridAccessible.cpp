@@ -187,9 +187,7 @@ QAccessibleInterface* MakeGridAccessible(const QString& /*className*/, QObject* 
 
 void InstallGridAccessible()
 {
-    static bool installed = false;
-    if (!std::exchange(installed, true))
-        QAccessible::installFactory(&MakeGridAccessible);
+    QAccessible::installFactory(&MakeGridAccessible);
 }
 
 void TellGridFocus(CGridWidget& widget, QAccessible::Event what)

@@ -1,10 +1,8 @@
+#include "examples/gallery/ButtonPage.h"
 #include "examples/gallery/Pages.h"
 #include "platform/MessageLoop.h"
 #include "qt/QtProgressDialog.h"
 #include "qt/QtText.h"
-
-#include <QPushButton>
-#include <QVBoxLayout>
 
 #include <chrono>
 #include <stdexcept>
@@ -30,19 +28,12 @@ void PretendToWork(int milliseconds)
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
-class CProgressPage : public QWidget
+class CProgressPage : public CButtonPage
 {
 public:
     explicit CProgressPage(FLog log)
         : m_log(std::move(log))
     {
-        // All buttons as wide as the widest.
-        auto* const column = new QWidget;
-        m_layout = new QVBoxLayout(column);
-        m_layout->setContentsMargins(0, 0, 0, 0);
-        auto* const layout = new QVBoxLayout(this);
-        layout->addWidget(column, 0, Qt::AlignLeft);
-        layout->addStretch();
         AddWork("&Many steps", &CProgressPage::Steps);
         AddWork("Done at &once", &CProgressPage::EndAtOnce);
         AddWork("&Silent for four seconds", &CProgressPage::BeSilent);
@@ -145,14 +136,6 @@ private:
         dialog->GetWindow()->move(place);
     }
 
-    template<class FAction>
-    QPushButton* Add(const char* text, FAction action)
-    {
-        auto* const button = new QPushButton(QString::fromUtf8(text));
-        QObject::connect(button, &QPushButton::clicked, this, action);
-        m_layout->addWidget(button);
-        return button;
-    }
     void AddWork(const char* text, void (CProgressPage::*work)())
     {
         const QString name = QString::fromUtf8(text).remove(QLatin1Char('&'));
@@ -160,7 +143,6 @@ private:
     }
 
     FLog m_log;
-    QVBoxLayout* m_layout;
     CProgressThreadDialog* m_dialog = nullptr; ///< that runs
     int m_steps = 0;
     std::unique_ptr<CQtProgressDialog> m_running;

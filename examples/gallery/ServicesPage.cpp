@@ -1,11 +1,9 @@
+#include "examples/gallery/ButtonPage.h"
 #include "examples/gallery/Pages.h"
 #include "platform/Clipboard.h"
 #include "platform/FileDialogService.h"
 #include "platform/MessageBoxService.h"
 #include "qt/QtText.h"
-
-#include <QPushButton>
-#include <QVBoxLayout>
 
 namespace Gallery
 {
@@ -47,18 +45,11 @@ void Copy(const FLog& log)
              : QStringLiteral("Clipboard: held by another program"));
 }
 
-class CServicesPage : public QWidget
+class CServicesPage : public CButtonPage
 {
 public:
     explicit CServicesPage(const FLog& log)
     {
-        // All buttons as wide as the widest.
-        auto* const column = new QWidget;
-        m_layout = new QVBoxLayout(column);
-        m_layout->setContentsMargins(0, 0, 0, 0);
-        auto* const layout = new QVBoxLayout(this);
-        layout->addWidget(column, 0, Qt::AlignLeft);
-        layout->addStretch();
         using namespace MessageBoxStyle;
         Add("Tell an &error", [log] { ShowBox(log, {u"The file could not be read.", c_ok | c_error}); });
         Add("&Warn and ask, with help", [log] { ShowBox(log, MakeQuestion()); });
@@ -70,17 +61,6 @@ public:
         Add("&Copy a result", [log] { Copy(log); });
         Add("&Make a warning sound", [] { GetMessageBoxService().Beep(c_warning); });
     }
-
-private:
-    template<class FAction>
-    void Add(const char* text, FAction action)
-    {
-        auto* const button = new QPushButton(QString::fromUtf8(text));
-        QObject::connect(button, &QPushButton::clicked, this, action);
-        m_layout->addWidget(button);
-    }
-
-    QVBoxLayout* m_layout;
 };
 
 } // namespace
