@@ -1,5 +1,5 @@
-#include "examples/analysis/PlaneCorrection.h"
-#include "examples/analysis/SurfaceFilter.h"
+#include "analysis/filter/SurfaceFilter.h"
+#include "analysis/form/PlaneCorrection.h"
 
 #include <benchmark/benchmark.h>
 
@@ -10,7 +10,7 @@
 #include <random>
 #include <vector>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 namespace
 {

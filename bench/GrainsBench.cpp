@@ -1,4 +1,4 @@
-#include "examples/analysis/GrainMeasures.h"
+#include "analysis/grain/GrainMeasures.h"
 
 #include <benchmark/benchmark.h>
 
@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 namespace
 {

@@ -1,7 +1,7 @@
 // The INI store beside GLib's key file and SimpleIni: the same content, in one run. The argument is the
 // number of keys; sections have 50 keys each, as the preferences of an analysis do.
 
-#include "common/Inifile.h"
+#include "common/ini/Inifile.h"
 
 #include <benchmark/benchmark.h>
 #include <glib.h>

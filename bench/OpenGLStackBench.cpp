@@ -1,8 +1,8 @@
 // A push and pop of each kind by CGLStack, beside the bare calls of OpenGL with one error test for each push
 // and pop.
 #include "common/Diagnostics.h"
-#include "examples/offscreen/OffscreenContext.h"
 #include "gl/GLStack.h"
+#include "programs/offscreen/OffscreenContext.h"
 
 #include <benchmark/benchmark.h>
 #include <GL/gl.h>

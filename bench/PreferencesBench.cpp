@@ -1,4 +1,4 @@
-#include "common/Inifile.h"
+#include "common/ini/Inifile.h"
 #include "model/AnalysisPreferencesManager.h"
 
 #include <benchmark/benchmark.h>

@@ -1,8 +1,8 @@
 // The text and the HTML of a result table of 20 columns beside appending the same cells, separated in the
 // same way, to one string with the room reserved. The time for each cell should stay the same as the rows
 // grow.
-#include "output/GridBaseOutputCtrl.h"
-#include "output/NumberFormat.h"
+#include "output/results/GridBaseOutputCtrl.h"
+#include "output/results/NumberFormat.h"
 
 #include <benchmark/benchmark.h>
 

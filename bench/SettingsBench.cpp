@@ -1,6 +1,6 @@
 #include "platform/Folders.h"
-#include "settings/BuiltInSettingText.h"
-#include "settings/SettingsFactory.h"
+#include "settings/catalogue/BuiltInSettingText.h"
+#include "settings/factory/SettingsFactory.h"
 
 #include <benchmark/benchmark.h>
 

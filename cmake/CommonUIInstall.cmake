@@ -1,5 +1,5 @@
-# Install rules and the CMake package, so that find_package(CommonUI) gives CommonUI::Common, CommonUI::CommonUI and, where
-# it is built, CommonUI::Qt.
+# Install rules and the CMake package, so that find_package(CommonUI) gives CommonUI::Common, CommonUI::CommonUI,
+# CommonUI::Analysis, CommonUI::Formats and, where it is built, CommonUI::Qt.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/CommonUI)
@@ -20,7 +20,7 @@ function(commonui_install export)
     install(EXPORT ${export} NAMESPACE CommonUI:: DESTINATION ${package_dir})
 endfunction()
 
-commonui_install(CommonUITargets CommonDLL CommonUIDLL)
+commonui_install(CommonUITargets CommonDLL CommonUIDLL CommonUIAnalysis CommonUIFormats)
 if(COMMONUI_WITH_QT)
     commonui_install(CommonUIQtTargets CommonUIQt)
 endif()

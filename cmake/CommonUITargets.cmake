@@ -34,17 +34,19 @@ function(commonui_compile_settings target)
     endif()
 endfunction()
 
-# commonui_add_library(NAME ALIAS alias LAYERS dir...): a library of all sources in the layer folders.
-# Public headers lie beside the sources. A forwarding header under CommonUI/ in the build tree lets a user of
-# add_subdirectory write the same #include lines as a user of the installed package.
+# commonui_add_library(NAME ALIAS alias LAYERS dir...): a library of all sources in the layer folders and their rooms.
+# Public headers lie beside the sources, private ones in folders named detail. A forwarding header under CommonUI/ in the
+# build tree lets a user of add_subdirectory write the same #include lines as a user of the installed package.
 function(commonui_add_library name)
     cmake_parse_arguments(arg "" "ALIAS" "LAYERS" ${ARGN})
     set(sources)
     set(headers)
     foreach(layer IN LISTS arg_LAYERS)
-        file(GLOB found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${layer}/*.cpp)
+        set(base ${PROJECT_SOURCE_DIR}/${layer})
+        file(GLOB found CONFIGURE_DEPENDS ${base}/*.cpp ${base}/*/*.cpp)
         list(APPEND sources ${found})
-        file(GLOB found RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${layer}/*.h)
+        file(GLOB found RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${base}/*.h ${base}/*/*.h)
+        list(FILTER found EXCLUDE REGEX "/detail/")
         list(APPEND headers ${found})
     endforeach()
     foreach(header IN LISTS headers)
@@ -92,4 +94,16 @@ function(commonui_add_program name)
     commonui_compile_settings(${name})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES})
+endfunction()
+
+# commonui_add_parts(NAME LIBRARIES target...): a static library of all sources of the current folder but main.cpp, so that
+# tests reach what a program is made of.
+function(commonui_add_parts name)
+    cmake_parse_arguments(arg "" "" "LIBRARIES" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+    add_library(${name} STATIC ${sources})
+    commonui_compile_settings(${name})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC ${arg_LIBRARIES})
 endfunction()

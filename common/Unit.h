@@ -1,7 +1,7 @@
 #pragma once
 
+#include "../export/Export.h"
 #include "Enum.h"
-#include "Export.h"
 #include "Str.h"
 
 namespace CommonUI

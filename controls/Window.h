@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../platform/Export.h"
+#include "../export/Export.h"
 
 /// @file
 /// What the logic of every control has in common. A control decides; a view beside it, lent by the

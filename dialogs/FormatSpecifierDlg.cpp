@@ -1,7 +1,7 @@
 #include "dialogs/FormatSpecifierDlg.h"
 
 #include "common/StringTable.h"
-#include "output/NumberFormat.h"
+#include "output/results/NumberFormat.h"
 
 namespace CommonUI
 {

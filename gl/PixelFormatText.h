@@ -1,7 +1,7 @@
 #pragma once
 
 #include "../common/Str.h"
-#include "../platform/Export.h"
+#include "../export/Export.h"
 #include "../platform/PixelFormat.h"
 
 namespace CommonUI

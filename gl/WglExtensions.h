@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../platform/Export.h"
+#include "../export/Export.h"
 #include "../platform/PixelFormat.h"
 
 // The calling convention of WGL, which only 32-bit Windows distinguishes.

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "../common/Inifile.h"
+#include "../common/ini/Inifile.h"
 #include "../common/Unit.h"
-#include "../platform/Export.h"
+#include "../export/Export.h"
 #include "Analysis.h"
 #include "BaseData.h"
 #include "Enumerations.h"

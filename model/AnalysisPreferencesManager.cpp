@@ -1,8 +1,8 @@
 #include "model/AnalysisPreferencesManager.h"
 
 #include "common/Exceptions.h"
+#include "common/ini/SectionScope.h"
 #include "model/detail/AnalysisDefaults.h"
-#include "model/detail/SectionScope.h"
 #include "model/GrainPreferences.h"
 
 #include <algorithm>
@@ -60,7 +60,7 @@ bool ForAll(CInifile& ini, TVisit visit)
     bool all = true;
     for (int i = 0; i <= static_cast<int>(EAnalysis::Measure); ++i) {
         const EAnalysis analysis{i};
-        const Detail::CSectionScope scope(ini, base + u"_" + CData::GetININame(analysis));
+        const CSectionScope scope(ini, base + u"_" + CData::GetININame(analysis));
         all &= visit(analysis);
     }
     return all;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "../common/Inifile.h"
+#include "../common/ini/Inifile.h"
 #include "../controls/MultiClosure.h"
-#include "../platform/Export.h"
+#include "../export/Export.h"
 #include "Analysis.h"
 #include "AnalysisPreferencesData.h"
 #include "RoughnessPreferences.h"

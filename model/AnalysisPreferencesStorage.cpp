@@ -1,11 +1,11 @@
 #include "common/Diagnostics.h"
 #include "common/Exceptions.h"
+#include "common/ini/SectionScope.h"
 #include "model/AnalysisPreferencesData.h"
 #include "model/detail/AnalysisDefaults.h"
 #include "model/detail/OldPreferences.h"
-#include "model/detail/Preference.h"
-#include "model/detail/SectionScope.h"
 #include "model/ParameterList.h"
+#include "model/Preference.h"
 
 #include <algorithm>
 #include <optional>
@@ -14,13 +14,8 @@
 namespace CommonUI
 {
 
-namespace Detail
-{
-
 template<>
 inline constexpr int c_storedNumbers<ERoughnessPreprocessingOptions> = 4;
-
-} // namespace Detail
 
 namespace
 {
@@ -39,14 +34,13 @@ struct CAnalysisPreferencesData::SStored {
 
     static constexpr auto BeforeLists(const Detail::SAnalysisDefaults& defaults)
     {
-        return std::tuple{Detail::SPreference{u"WriteToFile", &CData::m_writeToFile, defaults.writeToFile},
-                          Detail::SPreference{u"WriteToDB", &CData::m_writeToDB, defaults.writeToDB}};
+        return std::tuple{SPreference{u"WriteToFile", &CData::m_writeToFile, defaults.writeToFile},
+                          SPreference{u"WriteToDB", &CData::m_writeToDB, defaults.writeToDB}};
     }
     static constexpr auto BehindLists(const Detail::SAnalysisDefaults& defaults)
     {
-        return std::tuple{
-            Detail::SPreference{u"UnitString", &CData::m_unit, defaults.heightUnit},
-            Detail::SPreference{u"Preprocessing", &CData::m_preprocessing, defaults.preprocessing}};
+        return std::tuple{SPreference{u"UnitString", &CData::m_unit, defaults.heightUnit},
+                          SPreference{u"Preprocessing", &CData::m_preprocessing, defaults.preprocessing}};
     }
 
     static void ReadOn(std::vector<CParameter>& list, int id, const CInifile& ini, const CStr& key)
@@ -60,13 +54,13 @@ struct CAnalysisPreferencesData::SStored {
     {
         switch (row.target) {
         case Detail::EOldTarget::WriteToFile:
-            return Detail::ReadPreference(ini, row.key, data.m_writeToFile);
+            return ReadPreference(ini, row.key, data.m_writeToFile);
         case Detail::EOldTarget::WriteToDB:
-            return Detail::ReadPreference(ini, row.key, data.m_writeToDB);
+            return ReadPreference(ini, row.key, data.m_writeToDB);
         case Detail::EOldTarget::HeightUnit:
             return Detail::ReadOldUnit(ini, row.key, data.m_unit);
         case Detail::EOldTarget::Preprocessing:
-            return Detail::ReadPreference(ini, row.key, data.m_preprocessing);
+            return ReadPreference(ini, row.key, data.m_preprocessing);
         case Detail::EOldTarget::Parameter:
             return ReadOn(data.m_parameters, row.id, ini, row.key);
         case Detail::EOldTarget::Output:
@@ -83,8 +77,8 @@ void CAnalysisPreferencesData::Init()
     if (!defaults)
         throw EInternal(u"AnalysisPreferencesData", __LINE__, u"CAnalysisPreferencesData::Init",
                         CStr::Format(u"Illegal Analysis value: %d", static_cast<int>(m_analysis)));
-    Detail::InitPreferences(*this, SStored::BeforeLists(*defaults));
-    Detail::InitPreferences(*this, SStored::BehindLists(*defaults));
+    InitPreferences(*this, SStored::BeforeLists(*defaults));
+    InitPreferences(*this, SStored::BehindLists(*defaults));
     m_parameters = Detail::MakeDefaultParameters(m_analysis);
     m_statistics = Detail::MakeDefaultStatistics(m_analysis);
     m_outputs = Detail::MakeDefaultOutputs(m_analysis);
@@ -93,11 +87,11 @@ void CAnalysisPreferencesData::Init()
 bool CAnalysisPreferencesData::Save(CInifile& ini)
 {
     const Detail::SAnalysisDefaults& defaults = *Detail::FindAnalysisDefaults(m_analysis);
-    Detail::SavePreferences(*this, ini, SStored::BeforeLists(defaults));
+    SavePreferences(*this, ini, SStored::BeforeLists(defaults));
     SaveParameters(m_parameters, ini, m_analysis);
     SaveStatistics(m_statistics, ini);
     SaveOutput(m_outputs, ini);
-    Detail::SavePreferences(*this, ini, SStored::BehindLists(defaults));
+    SavePreferences(*this, ini, SStored::BehindLists(defaults));
     ClearModified();
     return true;
 }
@@ -108,11 +102,11 @@ bool CAnalysisPreferencesData::Load(CInifile& ini)
     if (!ini.HasKey(u"WriteToFile") && LoadOld(ini))
         return true;
     const Detail::SAnalysisDefaults& defaults = *Detail::FindAnalysisDefaults(m_analysis);
-    Detail::LoadPreferences(*this, ini, SStored::BeforeLists(defaults));
+    LoadPreferences(*this, ini, SStored::BeforeLists(defaults));
     LoadParameters(m_parameters, ini, m_analysis);
     LoadStatistics(m_statistics, ini);
     LoadOutput(m_outputs, ini);
-    Detail::LoadPreferences(*this, ini, SStored::BehindLists(defaults));
+    LoadPreferences(*this, ini, SStored::BehindLists(defaults));
     ClearModified();
     return true;
 }
@@ -142,8 +136,8 @@ void CAnalysisPreferencesData::LoadStatistics(std::vector<CParameter>& statistic
     for (CParameter& statistic : statistics) {
         bool on = statistic.IsOn();
         double value = statistic.GetVariableValue();
-        Detail::ReadPreference(ini, statistic.GetIniName() + u"_S_On", on);
-        Detail::ReadPreference(ini, statistic.GetIniName() + u"_S_Value", value);
+        ReadPreference(ini, statistic.GetIniName() + u"_S_On", on);
+        ReadPreference(ini, statistic.GetIniName() + u"_S_Value", value);
         statistic.SetOn(on);
         if (IsValueOf(statistic, value))
             statistic.SetVariableValue(value);
@@ -171,7 +165,7 @@ bool CAnalysisPreferencesData::LoadOld(CInifile& ini)
     const std::optional<CStr> section = Detail::FindOldSection(ini, m_analysis);
     if (!section)
         return false;
-    const Detail::CSectionScope scope(ini, *section);
+    const CSectionScope scope(ini, *section);
     for (const Detail::SOldKey& row : Detail::GetOldKeys()) {
         if (row.IsOf(m_analysis) && ini.HasKey(row.key))
             SStored::ReadOld(*this, ini, row);

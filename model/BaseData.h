@@ -1,7 +1,7 @@
 #pragma once
 
-#include "../common/Inifile.h"
-#include "../platform/Export.h"
+#include "../common/ini/Inifile.h"
+#include "../export/Export.h"
 
 #include <string>
 #include <string_view>

@@ -2,7 +2,7 @@
 
 #include "model/detail/CatalogueOrder.h"
 #include "model/detail/ParameterGroups.h"
-#include "model/detail/Preference.h"
+#include "model/Preference.h"
 
 #include <algorithm>
 #include <cfloat>
@@ -13,8 +13,6 @@ namespace CommonUI
 
 namespace
 {
-
-using Detail::SPreference;
 
 // In the order of EGrainHistograms; they follow the key of the quantity.
 constexpr std::u16string_view c_histogramNames[] = {u"_HistNumber", u"_HistArea", u"_HistVolume"};
@@ -87,7 +85,7 @@ void CGrainAnalysisPreferencesData::Init()
 void CGrainAnalysisPreferencesData::InitHistograms()
 {
     SStoredHistogram byDefault{};
-    Detail::InitPreferences(byDefault, c_histogramTable);
+    InitPreferences(byDefault, c_histogramTable);
     ForEachHistogram(EditParameters(), [&](const CStr&, CParameter& parameter, std::size_t i) {
         parameter.SetHistogramSetup(i, SetupOf(byDefault, parameter.GetHistogramSetup(i)));
     });
@@ -97,7 +95,7 @@ bool CGrainAnalysisPreferencesData::Save(CInifile& ini)
 {
     CAnalysisPreferencesData::Save(ini);
     ForEachHistogram(ViewParameters(), [&](const CStr& name, const CParameter& parameter, std::size_t i) {
-        Detail::SavePreferences(StoredOf(parameter.GetHistogramSetup(i)), ini, c_histogramTable, name);
+        SavePreferences(StoredOf(parameter.GetHistogramSetup(i)), ini, c_histogramTable, name);
     });
     return true;
 }
@@ -109,9 +107,9 @@ bool CGrainAnalysisPreferencesData::Load(CInifile& ini)
     ForEachHistogram(EditParameters(), [&](const CStr& name, CParameter& parameter, std::size_t i) {
         const CParameter::SHistogramSetup before = parameter.GetHistogramSetup(i);
         SStoredHistogram stored = StoredOf(before);
-        Detail::LoadPreferences(stored, ini, c_histogramTable, name);
+        LoadPreferences(stored, ini, c_histogramTable, name);
         if (!IsClassCount(stored.bins)) {
-            Detail::WarnOfPreference(CStr::Format(u"%s_Bins: not a count of classes: %d", name, stored.bins));
+            WarnOfPreference(CStr::Format(u"%s_Bins: not a count of classes: %d", name, stored.bins));
             stored.bins = before.classCount;
         }
         parameter.SetHistogramSetup(i, SetupOf(stored, before));

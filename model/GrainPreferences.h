@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../platform/Export.h"
+#include "../export/Export.h"
 #include "AnalysisPreferencesData.h"
 #include "MeasureParameters.h"
 

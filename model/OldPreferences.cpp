@@ -1,9 +1,9 @@
 #include "model/detail/OldPreferences.h"
 
+#include "common/ini/SectionScope.h"
 #include "common/NumberText.h"
 #include "model/AnalysisPreferencesData.h"
-#include "model/detail/Preference.h"
-#include "model/detail/SectionScope.h"
+#include "model/Preference.h"
 #include "model/RoughnessCatalogue.h"
 #include "model/RoughnessPreferences.h"
 

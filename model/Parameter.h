@@ -5,7 +5,7 @@
 #include "../common/EnumValue.h"
 #include "../common/Range.h"
 #include "../common/Unit.h"
-#include "../platform/Export.h"
+#include "../export/Export.h"
 
 #include <array>
 #include <bit>

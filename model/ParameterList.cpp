@@ -1,7 +1,7 @@
 #include "model/ParameterList.h"
 
 #include "common/Diagnostics.h"
-#include "model/detail/SectionScope.h"
+#include "common/ini/SectionScope.h"
 #include "model/Enumerations.h"
 #include "model/MeasureParameters.h"
 #include "model/RoughnessCatalogue.h"
@@ -250,7 +250,7 @@ void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnal
         if (!parameter.HasParent())
             SaveStatic(parameter, ini);
     }
-    const Detail::CSectionScope scope(ini, DynamicSection(ini));
+    const CSectionScope scope(ini, DynamicSection(ini));
     ini.ClearSection();
     const auto count = std::ranges::count_if(parameters, &CParameter::HasParent);
     if (count == 0)
@@ -275,7 +275,7 @@ void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnal
     int value = LargestCatalogueValue(analysis);
     for (const CParameter& parameter : parameters)
         value = std::max(value, parameter.GetValue());
-    const Detail::CSectionScope scope(ini, section);
+    const CSectionScope scope(ini, section);
     const int count = ini.ReadInt(c_countKey, 0);
     const std::set<int> numbers = EntryNumbers(ini);
     if (std::cmp_not_equal(numbers.size(), count) || (count > 0 && *numbers.rbegin() != count))

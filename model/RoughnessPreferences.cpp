@@ -1,11 +1,11 @@
 #include "model/RoughnessPreferences.h"
 
+#include "common/ini/SectionScope.h"
 #include "model/detail/CatalogueOrder.h"
 #include "model/detail/OldPreferences.h"
 #include "model/detail/ParameterGroups.h"
-#include "model/detail/Preference.h"
 #include "model/detail/RoughnessNames.h"
-#include "model/detail/SectionScope.h"
+#include "model/Preference.h"
 
 #include <algorithm>
 #include <iterator>
@@ -13,9 +13,6 @@
 #include <tuple>
 
 namespace CommonUI
-{
-
-namespace Detail
 {
 
 template<>
@@ -54,12 +51,9 @@ const CEnum<EMUFUClosingCutOffRatio>& NamesOf()
     return GetMUFUClosingCutOffRatioEnum();
 }
 
-} // namespace Detail
-
 namespace
 {
 
-using Detail::SPreference;
 using CConfig = CRoughnessAnalysisPreferencesData::SBarChartConfig;
 
 constexpr int c_mostBars = 1000;
@@ -116,15 +110,15 @@ void CRoughnessAnalysisPreferencesData::Init()
 
 void CRoughnessAnalysisPreferencesData::InitOwn()
 {
-    Detail::InitPreferences(*this, SStored::c_table);
-    Detail::InitPreferences(m_barChart, BarChartTable(GetAnalysis()));
+    InitPreferences(*this, SStored::c_table);
+    InitPreferences(m_barChart, BarChartTable(GetAnalysis()));
 }
 
 bool CRoughnessAnalysisPreferencesData::Save(CInifile& ini)
 {
     const bool saved = CAnalysisPreferencesData::Save(ini);
-    Detail::SavePreferences(*this, ini, SStored::c_table);
-    Detail::SavePreferences(m_barChart, ini, BarChartTable(GetAnalysis()), c_barChartPrefix);
+    SavePreferences(*this, ini, SStored::c_table);
+    SavePreferences(m_barChart, ini, BarChartTable(GetAnalysis()), c_barChartPrefix);
     return saved;
 }
 
@@ -132,8 +126,8 @@ bool CRoughnessAnalysisPreferencesData::Load(CInifile& ini)
 {
     if (!CAnalysisPreferencesData::Load(ini))
         return false;
-    Detail::LoadPreferences(*this, ini, SStored::c_table);
-    Detail::LoadPreferences(m_barChart, ini, BarChartTable(GetAnalysis()), c_barChartPrefix);
+    LoadPreferences(*this, ini, SStored::c_table);
+    LoadPreferences(m_barChart, ini, BarChartTable(GetAnalysis()), c_barChartPrefix);
     m_barChart.barCount = std::clamp(m_barChart.barCount, 1, c_mostBars);
     for (CParameter& parameter : EditParameters()) {
         if (!parameter.HasParent())
@@ -149,7 +143,7 @@ bool CRoughnessAnalysisPreferencesData::LoadOld(CInifile& ini)
     const std::optional<CStr> section = Detail::FindOldSection(ini, GetAnalysis());
     if (!section || !CAnalysisPreferencesData::LoadOld(ini))
         return false;
-    const Detail::CSectionScope scope(ini, *section);
+    const CSectionScope scope(ini, *section);
     for (const Detail::SOldKey& row : Detail::GetOldKeys()) {
         if (row.target != Detail::EOldTarget::ReportOption || !row.IsOf(GetAnalysis()))
             continue;
@@ -157,7 +151,7 @@ bool CRoughnessAnalysisPreferencesData::LoadOld(CInifile& ini)
         if (GetRoughnessReportOptionEnum().Find(number) != GetRoughnessReportOptionEnum().end())
             m_reportOption = static_cast<ERoughnessReportOption>(number);
         else
-            Detail::WarnOfPreference(CStr::Format(u"%s: there is no %d", row.key, number));
+            WarnOfPreference(CStr::Format(u"%s: there is no %d", row.key, number));
     }
     return true;
 }

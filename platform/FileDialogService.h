@@ -1,8 +1,8 @@
 #pragma once
 
-#include "../common/Inifile.h"
+#include "../common/ini/Inifile.h"
 #include "../common/Str.h"
-#include "Export.h"
+#include "../export/Export.h"
 
 #include <map>
 #include <vector>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Export.h"
+#include "../export/Export.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Export.h"
+#include "../export/Export.h"
 
 /// @file
 /// Every thread can have a queue of its own for messages, which are mere numbers. The thread looks into it

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "../common/Str.h"
-#include "Export.h"
+#include "../export/Export.h"
 
 #include <cstddef>
 #include <map>

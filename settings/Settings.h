@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../common/Inifile.h"
+#include "../common/ini/Inifile.h"
 #include "SettingsEntry.h"
 
 namespace CommonUI

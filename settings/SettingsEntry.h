@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BuiltInSetting.h"
+#include "catalogue/BuiltInSetting.h"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 #include "bench/ProgressRun.h"
 #include "platform/MessageLoop.h"
-#include "qt/QtProgressDialog.h"
+#include "qt/dialogs/QtProgressDialog.h"
 
 #include <QPushButton>
 

@@ -2,9 +2,9 @@
 // page further, and copying a million cells. Beside it a QTableWidget with the same cells. A million rows are
 // too many for that, so it stops at a hundred thousand. The times of the grid should not depend on the number
 // of rows.
-#include "output/GridCopy.h"
+#include "output/results/GridCopy.h"
+#include "qt/grid/ResultGridWidget.h"
 #include "qt/QtText.h"
-#include "qt/ResultGridWidget.h"
 
 #include <benchmark/benchmark.h>
 #include <QPixmap>

@@ -1,4 +1,4 @@
-#include "qt/QtServices.h"
+#include "qt/services/QtServices.h"
 
 #include <benchmark/benchmark.h>
 #include <QApplication>

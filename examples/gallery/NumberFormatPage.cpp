@@ -1,6 +1,6 @@
 #include "examples/gallery/Pages.h"
-#include "output/NumberFormat.h"
-#include "qt/FormatSpecifierWindow.h"
+#include "output/results/NumberFormat.h"
+#include "qt/dialogs/FormatSpecifierWindow.h"
 #include "qt/QtText.h"
 
 #include <QFormLayout>

@@ -1,7 +1,7 @@
 #include "common/NumberText.h"
 #include "examples/gallery/Pages.h"
 #include "platform/MessageLoop.h"
-#include "qt/NumericEditWidget.h"
+#include "qt/edits/NumericEditWidget.h"
 #include "qt/QtText.h"
 
 #include <QFormLayout>

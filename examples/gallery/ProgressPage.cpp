@@ -1,7 +1,7 @@
 #include "examples/gallery/ButtonPage.h"
 #include "examples/gallery/Pages.h"
 #include "platform/MessageLoop.h"
-#include "qt/QtProgressDialog.h"
+#include "qt/dialogs/QtProgressDialog.h"
 #include "qt/QtText.h"
 
 #include <chrono>

@@ -1,8 +1,8 @@
 #include "examples/gallery/Pages.h"
 #include "examples/gallery/SampleResults.h"
-#include "output/GridCopy.h"
+#include "output/results/GridCopy.h"
+#include "qt/grid/ResultGridWidget.h"
 #include "qt/QtText.h"
-#include "qt/ResultGridWidget.h"
 
 #include <QAction>
 #include <QCheckBox>

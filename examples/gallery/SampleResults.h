@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output/GridBaseOutputCtrl.h"
+#include "output/results/GridBaseOutputCtrl.h"
 
 namespace Gallery
 {

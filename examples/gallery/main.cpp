@@ -4,7 +4,7 @@
 #include "examples/gallery/GalleryWindow.h"
 #include "examples/gallery/Shots.h"
 #include "platform/HelpService.h"
-#include "qt/QtServices.h"
+#include "qt/services/QtServices.h"
 
 #include <QApplication>
 

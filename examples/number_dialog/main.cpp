@@ -1,5 +1,5 @@
-#include <CommonUI/qt/NumericEditWidget.h>
-#include <CommonUI/qt/QtServices.h>
+#include <CommonUI/qt/edits/NumericEditWidget.h>
+#include <CommonUI/qt/services/QtServices.h>
 
 #include <QApplication>
 #include <QDialog>

@@ -1,5 +1,5 @@
-#include <CommonUI/qt/QtProgressDialog.h>
-#include <CommonUI/qt/QtServices.h>
+#include <CommonUI/qt/dialogs/QtProgressDialog.h>
+#include <CommonUI/qt/services/QtServices.h>
 
 #include <QApplication>
 

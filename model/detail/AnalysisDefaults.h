@@ -1,8 +1,8 @@
 #pragma once
 
-#include "../Analysis.h"
-#include "../AnalysisPreferencesData.h"
-#include "../Parameter.h"
+#include "model/Analysis.h"
+#include "model/AnalysisPreferencesData.h"
+#include "model/Parameter.h"
 
 #include <string_view>
 #include <vector>

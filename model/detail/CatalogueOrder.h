@@ -1,7 +1,7 @@
 #pragma once
 
-#include "../../common/Enum.h"
-#include "../Parameter.h"
+#include "common/Enum.h"
+#include "model/Parameter.h"
 
 #include <algorithm>
 #include <map>

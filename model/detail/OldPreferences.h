@@ -1,8 +1,8 @@
 #pragma once
 
-#include "../../common/Inifile.h"
-#include "../../common/Unit.h"
-#include "../Analysis.h"
+#include "common/ini/Inifile.h"
+#include "common/Unit.h"
+#include "model/Analysis.h"
 
 #include <optional>
 #include <span>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../Parameter.h"
+#include "model/Parameter.h"
 
 #include <span>
 #include <string_view>

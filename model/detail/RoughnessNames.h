@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../Parameter.h"
+#include "model/Parameter.h"
 
 namespace CommonUI::Detail
 {

@@ -1,8 +1,8 @@
-#include "examples/analysis/ArealParameters.h"
+#include "analysis/areal/ArealParameters.h"
 
-#include "examples/analysis/Levelling.h"
-#include "examples/analysis/MaterialRatio.h"
-#include "examples/analysis/SurfaceReader.h"
+#include "analysis/areal/MaterialRatio.h"
+#include "analysis/form/Levelling.h"
+#include "formats/SurfaceReader.h"
 #include "tests/analysis/TestSurfaces.h"
 
 #include <cmath>
@@ -10,7 +10,7 @@
 #include <numbers>
 #include <random>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 namespace
 {
@@ -196,7 +196,7 @@ TEST(ArealParameters, MeasuredSurface)
     const std::filesystem::path path = COMMONUI_SHARED_DATA "/afm-height-256.txt";
     if (!std::filesystem::exists(path))
         GTEST_SKIP() << "the measured surface is not here";
-    SSurface surface = ReadSurface(path);
+    SSurface surface = CommonUI::Formats::ReadSurface(path);
     EXPECT_EQ(surface.channel, "ZSensor");
     EXPECT_EQ(surface.points, 256u);
     EXPECT_EQ(surface.lines, 256u);

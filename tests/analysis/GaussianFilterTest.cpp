@@ -1,13 +1,13 @@
-#include "examples/analysis/GaussianFilter.h"
+#include "analysis/filter/GaussianFilter.h"
 
-#include "examples/analysis/Surface.h"
+#include "analysis/surface/Surface.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
 #include <numbers>
 #include <random>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 namespace
 {

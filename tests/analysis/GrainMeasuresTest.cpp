@@ -1,6 +1,6 @@
-#include "examples/analysis/GrainMeasures.h"
+#include "analysis/grain/GrainMeasures.h"
 
-#include "examples/analysis/Neighbours.h"
+#include "analysis/grain/Neighbours.h"
 #include "tests/analysis/GrainPictures.h"
 #include "tests/TestData.h"
 
@@ -10,7 +10,7 @@
 #include <sstream>
 #include <string>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 namespace
 {

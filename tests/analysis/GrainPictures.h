@@ -1,13 +1,13 @@
 #pragma once
 
-#include "examples/analysis/Surface.h"
+#include "analysis/surface/Surface.h"
 #include "tests/analysis/TestSurfaces.h"
 
 #include <algorithm>
 #include <random>
 #include <string_view>
 
-namespace SurfaceAnalysis
+namespace CommonUI::Analysis
 {
 
 inline constexpr double c_threshold = 50e-9;
@@ -32,4 +32,4 @@ inline SSurface MakeNoise(std::mt19937& random, std::size_t points, std::size_t 
     });
 }
 
-} // namespace SurfaceAnalysis
+} // namespace CommonUI::Analysis

@@ -1,10 +1,10 @@
-#include "examples/analysis/Grains.h"
+#include "analysis/grain/Grains.h"
 
 #include "tests/analysis/GrainPictures.h"
 
 #include <random>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 namespace
 {

@@ -1,12 +1,12 @@
-#include "examples/analysis/ProfileParameters.h"
-#include "examples/analysis/SplitProfile.h"
+#include "analysis/profile/ProfileParameters.h"
+#include "analysis/profile/SplitProfile.h"
 
 #include "tests/analysis/TestProfiles.h"
 
 #include <cmath>
 #include <numbers>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 TEST(Iso4287, SeparatesRoughnessFromWaviness)
 {

@@ -1,11 +1,11 @@
-#include "examples/analysis/PlaneCorrection.h"
+#include "analysis/form/PlaneCorrection.h"
 
-#include "examples/analysis/Background.h"
+#include "analysis/form/Background.h"
 #include "tests/analysis/TestSurfaces.h"
 
 #include <random>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 namespace
 {

@@ -1,11 +1,11 @@
-#include "examples/analysis/ProfileParameters.h"
+#include "analysis/profile/ProfileParameters.h"
 
 #include "tests/analysis/TestProfiles.h"
 
 #include <cmath>
 #include <numbers>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 TEST(ProfileParameters, Sine)
 {

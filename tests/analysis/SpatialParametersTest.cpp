@@ -1,13 +1,13 @@
-#include "examples/analysis/SpatialParameters.h"
+#include "analysis/areal/SpatialParameters.h"
 
-#include "examples/analysis/Autocorrelation.h"
+#include "analysis/areal/Autocorrelation.h"
 #include "tests/analysis/TestSurfaces.h"
 
 #include <cmath>
 #include <numbers>
 #include <random>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 namespace
 {

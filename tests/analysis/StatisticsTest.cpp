@@ -1,10 +1,10 @@
-#include "examples/analysis/Statistics.h"
+#include "analysis/numeric/Statistics.h"
 
 #include "tests/analysis/TestSurfaces.h"
 
 #include <cmath>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 TEST(Statistics, OfAList)
 {

@@ -1,11 +1,11 @@
-#include "examples/analysis/SurfaceFilter.h"
+#include "analysis/filter/SurfaceFilter.h"
 
 #include "tests/analysis/TestSurfaces.h"
 
 #include <numbers>
 #include <random>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 namespace
 {

@@ -1,13 +1,13 @@
-#include "examples/analysis/TemplateParameters.h"
+#include "analysis/areal/TemplateParameters.h"
 
-#include "examples/analysis/ArealParameters.h"
+#include "analysis/areal/ArealParameters.h"
 #include "tests/analysis/TestSurfaces.h"
 
 #include <cmath>
 #include <numbers>
 #include <random>
 
-using namespace SurfaceAnalysis;
+using namespace CommonUI::Analysis;
 
 namespace
 {

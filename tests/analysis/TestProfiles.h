@@ -6,7 +6,7 @@
 #include <numbers>
 #include <vector>
 
-namespace SurfaceAnalysis
+namespace CommonUI::Analysis
 {
 
 inline constexpr double c_dx = 1e-6;
@@ -22,4 +22,4 @@ inline double Wave(double x, double period)
     return std::sin(2 * std::numbers::pi * (x + 0.5) / period);
 }
 
-} // namespace SurfaceAnalysis
+} // namespace CommonUI::Analysis

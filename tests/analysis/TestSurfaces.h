@@ -1,14 +1,14 @@
 #pragma once
 
-#include "examples/analysis/Surface.h"
-#include "examples/analysis/Value.h"
+#include "analysis/surface/Surface.h"
+#include "analysis/surface/Value.h"
 
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <string_view>
 
-namespace SurfaceAnalysis
+namespace CommonUI::Analysis
 {
 
 /// A surface with points 1 µm apart whose heights the function gives from column and row.
@@ -42,4 +42,4 @@ inline void ExpectValues(const std::vector<SValue>& values, const std::vector<SV
     }
 }
 
-} // namespace SurfaceAnalysis
+} // namespace CommonUI::Analysis

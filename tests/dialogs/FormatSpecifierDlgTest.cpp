@@ -2,8 +2,8 @@
 
 #include "controls/MemoryEditView.h"
 #include "dialogs/MemoryFormatSpecifierView.h"
-#include "DialogTesting.h"
 #include "platform/HelpService.h"
+#include "tests/dialogs/DialogTesting.h"
 
 using namespace CommonUI;
 

@@ -2,9 +2,9 @@
 
 #include "common/Exceptions.h"
 #include "dialogs/MemoryProgressView.h"
-#include "DialogTesting.h"
 #include "platform/ThreadMessages.h"
 #include "tests/DiagnosticsCapture.h"
+#include "tests/dialogs/DialogTesting.h"
 
 #include <limits>
 #include <memory>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "common/Diagnostics.h"
-#include "examples/offscreen/OffscreenContext.h"
 #include "platform/MessageBoxService.h"
+#include "programs/offscreen/OffscreenContext.h"
 #include "tests/TestData.h"
 
 #include <GL/gl.h>

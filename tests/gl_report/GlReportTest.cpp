@@ -1,4 +1,4 @@
-#include "examples/gl_report/Program.h"
+#include "programs/gl_report/Program.h"
 
 #include "platform/GLEntryPoints.h"
 #include "platform/PixelFormat.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Inifile.h"
+#include "common/ini/Inifile.h"
 #include "model/GrainPreferences.h"
 #include "model/RoughnessPreferences.h"
 #include "tests/DiagnosticsCapture.h"

@@ -1,6 +1,6 @@
-#include "output/GridCheckItem.h"
-#include "output/GridDblSpinItem.h"
-#include "output/GridListItem.h"
+#include "output/grid/GridCheckItem.h"
+#include "output/grid/GridDblSpinItem.h"
+#include "output/grid/GridListItem.h"
 
 #include <gtest/gtest.h>
 

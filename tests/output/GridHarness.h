@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output/GridCtrl.h"
+#include "output/grid/GridCtrl.h"
 
 #include <memory>
 #include <string>

@@ -1,10 +1,10 @@
-#include "output/GridBaseOutputItem.h"
-#include "output/GridButtonItem.h"
-#include "output/GridCheckItem.h"
-#include "output/GridColorIndicatorItem.h"
-#include "output/GridDblSpinItem.h"
-#include "output/GridSetupItem.h"
-#include "output/GridUnitListItem.h"
+#include "output/grid/GridBaseOutputItem.h"
+#include "output/grid/GridButtonItem.h"
+#include "output/grid/GridCheckItem.h"
+#include "output/grid/GridColorIndicatorItem.h"
+#include "output/grid/GridDblSpinItem.h"
+#include "output/grid/GridSetupItem.h"
+#include "output/grid/GridUnitListItem.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "output/GridSelection.h"
+#include "output/grid/GridSelection.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "output/GridValue.h"
-#include "output/GridBaseOutputItem.h"
-#include "output/GridView.h"
+#include "output/grid/GridValue.h"
+#include "output/grid/GridBaseOutputItem.h"
+#include "output/grid/GridView.h"
 
 #include <gtest/gtest.h>
 

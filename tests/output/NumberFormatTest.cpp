@@ -1,4 +1,4 @@
-#include "output/NumberFormat.h"
+#include "output/results/NumberFormat.h"
 
 #include "tests/TestData.h"
 

@@ -1,5 +1,5 @@
-#include "output/ResultGridPane.h"
-#include "output/GridCopy.h"
+#include "output/results/ResultGridPane.h"
+#include "output/results/GridCopy.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "output/EndResults.h"
+#include "output/results/EndResults.h"
 #include "tests/output/TestTables.h"
 
 #include <gtest/gtest.h>

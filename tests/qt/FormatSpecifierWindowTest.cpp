@@ -1,9 +1,9 @@
-#include "qt/FormatSpecifierWindow.h"
+#include "qt/dialogs/FormatSpecifierWindow.h"
 
 #include "platform/HelpService.h"
 #include "platform/MessageLoop.h"
-#include "qt/NumericEditWidget.h"
-#include "qt/QtEditField.h"
+#include "qt/edits/NumericEditWidget.h"
+#include "qt/edits/QtEditField.h"
 #include "qt/QtText.h"
 
 #include <gtest/gtest.h>

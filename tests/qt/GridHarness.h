@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/GridWidget.h"
+#include "qt/grid/GridWidget.h"
 
 #include <gtest/gtest.h>
 #include <QTest>

@@ -1,11 +1,11 @@
-#include "qt/NumericEditWidget.h"
+#include "qt/edits/NumericEditWidget.h"
 
 #include "platform/ManualTimerService.h"
 #include "platform/MessageBoxService.h"
 #include "platform/MessageLoop.h"
-#include "qt/QtEditField.h"
-#include "qt/QtSpinButton.h"
-#include "qt/QtStepSizePopup.h"
+#include "qt/edits/QtEditField.h"
+#include "qt/edits/QtSpinButton.h"
+#include "qt/edits/QtStepSizePopup.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>

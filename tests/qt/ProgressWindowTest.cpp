@@ -1,12 +1,12 @@
-#include "qt/ProgressWindow.h"
+#include "qt/dialogs/ProgressWindow.h"
 
 #include "platform/ManualTimerService.h"
 #include "platform/MessageBoxService.h"
 #include "platform/MessageLoop.h"
-#include "qt/FormatSpecifierWindow.h"
-#include "qt/QtProgressDialog.h"
+#include "qt/dialogs/FormatSpecifierWindow.h"
+#include "qt/dialogs/QtProgressDialog.h"
 #include "qt/QtText.h"
-#include "WhenShown.h"
+#include "tests/qt/WhenShown.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>

@@ -1,11 +1,11 @@
-#include "qt/QtServices.h"
+#include "qt/services/QtServices.h"
 
 #include "common/Diagnostics.h"
 #include "controls/Timer.h"
 #include "platform/Folders.h"
 #include "platform/HelpService.h"
 #include "qt/QtText.h"
-#include "WhenShown.h"
+#include "tests/qt/WhenShown.h"
 
 #include <gtest/gtest.h>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "qt/ResultGridWidget.h"
+#include "qt/grid/ResultGridWidget.h"
 
 #include <QAction>
 #include <QApplication>

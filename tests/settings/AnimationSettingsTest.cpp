@@ -1,4 +1,4 @@
-#include "settings/AnimationSettings.h"
+#include "settings/readers/AnimationSettings.h"
 
 #include "tests/settings/SettingsTesting.h"
 

@@ -1,4 +1,4 @@
-#include "settings/ColorScale.h"
+#include "settings/readers/ColorScale.h"
 
 #include "tests/settings/SettingsTesting.h"
 

@@ -1,4 +1,4 @@
-#include "settings/FilterSettings.h"
+#include "settings/readers/FilterSettings.h"
 #include "tests/settings/SettingsTesting.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "settings/PlaneCorrectionSettings.h"
+#include "settings/readers/PlaneCorrectionSettings.h"
 #include "tests/settings/SettingsTesting.h"
 
 #include <gtest/gtest.h>

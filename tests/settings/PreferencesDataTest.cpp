@@ -1,4 +1,4 @@
-#include "settings/PreferencesManager.h"
+#include "settings/preferences/PreferencesManager.h"
 
 #include "tests/DiagnosticsCapture.h"
 #include "tests/TestData.h"

@@ -1,4 +1,4 @@
-#include "settings/RoughnessSettings.h"
+#include "settings/readers/RoughnessSettings.h"
 
 #include "tests/settings/SettingsTesting.h"
 

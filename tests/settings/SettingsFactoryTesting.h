@@ -3,7 +3,7 @@
 #include "platform/FileDialogService.h"
 #include "platform/Folders.h"
 #include "platform/MessageBoxService.h"
-#include "settings/SettingsFactory.h"
+#include "settings/factory/SettingsFactory.h"
 #include "tests/DiagnosticsCapture.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/TestData.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/Inifile.h"
-#include "settings/BuiltInSettingText.h"
+#include "common/ini/Inifile.h"
+#include "settings/catalogue/BuiltInSettingText.h"
 #include "tests/DiagnosticsCapture.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "examples/surface_report/Processing.h"
+#include "programs/surface_report/Processing.h"
 
 #include "tests/analysis/TestSurfaces.h"
 
@@ -6,8 +6,8 @@
 #include <numbers>
 
 using namespace CommonUI;
-using SurfaceAnalysis::MakeSurface;
-using SurfaceAnalysis::SSurface;
+using CommonUI::Analysis::MakeSurface;
+using CommonUI::Analysis::SSurface;
 using SurfaceReport::SStep;
 
 namespace

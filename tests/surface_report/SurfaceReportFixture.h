@@ -1,6 +1,6 @@
 #pragma once
 
-#include "examples/surface_report/Program.h"
+#include "programs/surface_report/Program.h"
 #include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

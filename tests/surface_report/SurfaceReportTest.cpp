@@ -1,6 +1,6 @@
-#include "SurfaceReportFixture.h"
+#include "tests/surface_report/SurfaceReportFixture.h"
 
-#include "common/Inifile.h"
+#include "common/ini/Inifile.h"
 #include "tests/TestData.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "examples/surface_view/Axis.h"
+#include "programs/surface_view/Axis.h"
 
 #include <gtest/gtest.h>
 

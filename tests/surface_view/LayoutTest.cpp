@@ -1,7 +1,7 @@
-#include "examples/surface_view/Layout.h"
+#include "programs/surface_view/Layout.h"
 
-#include "examples/offscreen/OffscreenContext.h"
 #include "gl/GLUtils.h"
+#include "programs/offscreen/OffscreenContext.h"
 
 #include <GL/gl.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "examples/surface_view/Mesh.h"
+#include "programs/surface_view/Mesh.h"
 
 #include <gtest/gtest.h>
 
@@ -6,12 +6,12 @@
 #include <stdexcept>
 
 using namespace SurfaceView;
-using SurfaceAnalysis::SSurface;
+using CommonUI::Analysis::SSurface;
 
 namespace
 {
 
-constexpr double c_hole = SurfaceAnalysis::c_missing;
+constexpr double c_hole = CommonUI::Analysis::c_missing;
 
 SSurface MakeSurface(std::size_t points, std::vector<double> heights)
 {

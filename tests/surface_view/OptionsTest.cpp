@@ -1,4 +1,4 @@
-#include "examples/surface_view/Options.h"
+#include "programs/surface_view/Options.h"
 
 #include "tests/TestData.h"
 
@@ -25,7 +25,7 @@ TEST(OptionsTest, EveryOptionIsRead)
     EXPECT_EQ(options.azimuth, -45.5);
     EXPECT_EQ(options.elevation, 90);
     EXPECT_EQ(options.zScale, 2.5);
-    EXPECT_EQ(options.levelling, SurfaceAnalysis::ELevelling::Plane);
+    EXPECT_EQ(options.levelling, CommonUI::Analysis::ELevelling::Plane);
 }
 
 // A line of the record: the arguments, and the message.

@@ -1,8 +1,8 @@
-#include "examples/surface_view/Program.h"
+#include "programs/surface_view/Program.h"
 
-#include "examples/surface_view/ColorTable.h"
-#include "examples/surface_view/Drawing.h"
-#include "examples/surface_view/StackDepths.h"
+#include "programs/surface_view/ColorTable.h"
+#include "programs/surface_view/Drawing.h"
+#include "programs/surface_view/StackDepths.h"
 #include "tests/DiagnosticsCapture.h"
 #include "tests/TemporaryFolder.h"
 
@@ -78,7 +78,7 @@ std::unique_ptr<Offscreen::CContext> MakeNone(int, int, std::string& reason)
 /// A scene of a small surface.
 SScene MakeScene(const CFont& font, CommonUI::SSize size)
 {
-    SurfaceAnalysis::SSurface surface{.points = 3, .lines = 3, .dx = 1e-6, .dy = 1e-6};
+    CommonUI::Analysis::SSurface surface{.points = 3, .lines = 3, .dx = 1e-6, .dy = 1e-6};
     surface.heights = {0, 1e-7, 0, 2e-7, 3e-7, 1e-7, 0, 0, 1e-7};
     const SDirection direction{30, 35};
     SScene scene{.box = MakeBox(surface, 0), .colors = GetColorTable("Grey"), .eye = direction.ToEye()};

@@ -3,9 +3,9 @@
 // Says first what a spreadsheet has to hold afterwards, as JSON: the text, and the
 // cells of each table of the HTML by the columns that they begin at.
 
-#include "output/GridCopy.h"
-#include "qt/QtServices.h"
+#include "output/results/GridCopy.h"
 #include "qt/QtText.h"
+#include "qt/services/QtServices.h"
 
 #include <QApplication>
 #include <QClipboard>

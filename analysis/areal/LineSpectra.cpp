@@ -1,0 +1,96 @@
+#include "analysis/areal/detail/LineSpectra.h"
+
+#include "analysis/numeric/detail/Parallel.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace CommonUI::Analysis
+{
+
+namespace
+{
+
+using TComplex = CLineSpectra::TComplex;
+
+std::vector<double> MakeTaper(std::size_t count, CLineSpectra::ETaper taper)
+{
+    std::vector<double> weights(count, 1.0);
+    if (taper == CLineSpectra::ETaper::None)
+        return weights;
+    for (std::size_t i = 0; i < count; ++i) {
+        const double share = (static_cast<double>(i) + 0.5) / static_cast<double>(count);
+        weights[i] = std::pow(std::sin(std::numbers::pi * share), 2);
+    }
+    return weights;
+}
+
+TComplex TurnLeft(TComplex value)
+{
+    return {-value.imag(), value.real()}; // times i
+}
+
+} // namespace
+
+CLineSpectra::CLineSpectra(const SSurface& surface, double mean, std::size_t leastSize, ETaper taper)
+    : m_lines(surface.lines)
+    , m_transform(leastSize)
+    , m_values(surface.lines * GetWidth())
+{
+    const std::vector<double> alongX = MakeTaper(surface.points, taper);
+    const std::vector<double> alongY = MakeTaper(surface.lines, taper);
+    const auto getHeight = [&](std::size_t line, std::size_t i) {
+        const double z = line < m_lines ? surface.heights[line * surface.points + i] : c_missing;
+        return std::isnan(z) ? 0 : (z - mean) * alongX[i] * alongY[line];
+    };
+    ComputeInShares((m_lines + 1) / 2, [&](std::size_t first, std::size_t last) {
+        std::vector<TComplex> pair(GetSize());
+        for (std::size_t line = 2 * first; line < 2 * last; line += 2) {
+            std::fill(pair.begin(), pair.end(), TComplex());
+            for (std::size_t i = 0; i < surface.points; ++i)
+                pair[i] = {getHeight(line, i), getHeight(line + 1, i)};
+            m_transform.Forward(pair);
+            SetLines(line, pair);
+        }
+    });
+}
+
+// The transform of a real sequence is its own mirror image, conjugate, which parts the two lines.
+void CLineSpectra::SetLines(std::size_t first, std::span<const TComplex> transformed)
+{
+    TComplex* const values = &m_values[first * GetWidth()];
+    const bool hasSecond = first + 1 < m_lines;
+    for (std::size_t k = 0; k < GetWidth(); ++k) {
+        const TComplex mirrored = std::conj(transformed[(GetSize() - k) % GetSize()]);
+        values[k] = (transformed[k] + mirrored) / 2.0;
+        if (hasSecond)
+            values[GetWidth() + k] = TurnLeft(mirrored - transformed[k]) / 2.0;
+    }
+}
+
+void CLineSpectra::GetColumn(std::size_t frequency, std::span<TComplex> column) const
+{
+    for (std::size_t line = 0; line < m_lines; ++line)
+        column[line] = m_values[line * GetWidth() + frequency];
+    std::fill(column.begin() + static_cast<std::ptrdiff_t>(m_lines), column.end(), TComplex());
+}
+
+void CLineSpectra::SetColumn(std::size_t frequency, std::span<const TComplex> column)
+{
+    for (std::size_t line = 0; line < column.size(); ++line)
+        m_values[line * GetWidth() + frequency] = column[line];
+}
+
+void CLineSpectra::TransformBack(std::size_t first, std::size_t second, std::span<TComplex> values) const
+{
+    for (std::size_t k = 0; k < GetWidth(); ++k) {
+        const TComplex a = m_values[first * GetWidth() + k];
+        const TComplex b = second < m_lines ? m_values[second * GetWidth() + k] : TComplex();
+        values[(GetSize() - k) % GetSize()] = std::conj(a) + TurnLeft(std::conj(b));
+        values[k] = a + TurnLeft(b);
+    }
+    m_transform.Inverse(values);
+}
+
+} // namespace CommonUI::Analysis

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "analysis/numeric/FourierTransform.h"
+#include "analysis/surface/Surface.h"
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace CommonUI::Analysis
+{
+
+/// The lines of a surface, each transformed along x on its own: the first half of the transform of the
+/// surface. The heights are counted from the mean; a missing point counts as one of that height.
+///
+/// As the heights are real, only the frequencies 0 … size/2 are kept. Functions may run in several threads at
+/// once on different columns or lines.
+class CLineSpectra
+{
+public:
+    using TComplex = CFourierTransform::TComplex;
+
+    /// Whether the heights fade towards the edges of the surface (Hann window in both directions), so that
+    /// the edges are not taken for texture.
+    enum class ETaper { None, Hann };
+
+    /// @param leastSize of the transform along x, at least the points of a line
+    CLineSpectra(const SSurface& surface, double mean, std::size_t leastSize, ETaper taper);
+
+    std::size_t GetSize() const { return m_transform.GetSize(); }
+    /// Number of the frequencies along x.
+    std::size_t GetWidth() const { return GetSize() / 2 + 1; }
+    std::size_t GetLines() const { return m_lines; }
+
+    /// The values of all lines at one frequency; the rest of a longer column becomes 0.
+    void GetColumn(std::size_t frequency, std::span<TComplex> column) const;
+    /// Replaces the first lines' values at one frequency.
+    void SetColumn(std::size_t frequency, std::span<const TComplex> column);
+    /// Transforms two lines back, into the real and the imaginary parts; multiplied by the size.
+    /// @param second beyond the last line it counts as 0
+    /// @param values as many as the size
+    void TransformBack(std::size_t first, std::size_t second, std::span<TComplex> values) const;
+
+private:
+    void SetLines(std::size_t first, std::span<const TComplex> transformed);
+
+    std::size_t m_lines;
+    CFourierTransform m_transform;
+    std::vector<TComplex> m_values; // line after line
+};
+
+} // namespace CommonUI::Analysis

@@ -1,0 +1,85 @@
+#include "analysis/grain/Grains.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace CommonUI::Analysis
+{
+
+namespace
+{
+
+// Sets of numbers that merge. The lowest number of a set represents it.
+class CDisjointSets
+{
+public:
+    std::uint32_t Add()
+    {
+        m_parents.push_back(static_cast<std::uint32_t>(m_parents.size()));
+        return m_parents.back();
+    }
+
+    std::uint32_t Find(std::uint32_t i)
+    {
+        while (m_parents[i] != i)
+            i = m_parents[i] = m_parents[m_parents[i]]; // halves the path for the next time
+        return i;
+    }
+
+    std::uint32_t Merge(std::uint32_t i, std::uint32_t j)
+    {
+        i = Find(i);
+        j = Find(j);
+        return m_parents[std::max(i, j)] = std::min(i, j);
+    }
+
+    std::size_t GetSize() const { return m_parents.size(); }
+
+private:
+    std::vector<std::uint32_t> m_parents;
+};
+
+// Labels the points by a first pass over them, in which parts of a grain may have labels of their own. Set 0
+// is that of no grain.
+CDisjointSets LabelParts(const SSurface& surface, double threshold, EGrainKind kind, SGrainMap& map)
+{
+    CDisjointSets sets;
+    sets.Add();
+    for (std::size_t i = 0; i < map.labels.size(); ++i) {
+        const double z = surface.heights[i];
+        if (kind == EGrainKind::Particle ? !(z >= threshold) : !(z < threshold))
+            continue;
+        const std::uint32_t left = i % map.points > 0 ? map.labels[i - 1] : 0;
+        const std::uint32_t above = i >= map.points ? map.labels[i - map.points] : 0;
+        if (left != 0 && above != 0)
+            map.labels[i] = left == above ? left : sets.Merge(left, above);
+        else
+            map.labels[i] = left + above != 0 ? left + above : sets.Add();
+    }
+    return sets;
+}
+
+} // namespace
+
+SGrainMap FindGrains(const SSurface& surface, double threshold, EGrainKind kind)
+{
+    const std::size_t size = surface.heights.size();
+    if (size > std::numeric_limits<std::uint32_t>::max())
+        throw ETooManyPoints();
+    SGrainMap map{.points = surface.points, .lines = surface.lines};
+    map.labels.resize(size);
+    CDisjointSets sets = LabelParts(surface, threshold, kind, map);
+
+    // The first point of a grain has the lowest of its labels, so numbers in their order are numbers in order
+    // of the points.
+    std::vector<std::uint32_t> numbers(sets.GetSize());
+    for (std::uint32_t i = 1; i < numbers.size(); ++i) {
+        const std::uint32_t root = sets.Find(i);
+        numbers[i] = root == i ? ++map.count : numbers[root];
+    }
+    for (std::uint32_t& label : map.labels)
+        label = numbers[label];
+    return map;
+}
+
+} // namespace CommonUI::Analysis

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "../../export/Export.h"
+#include "../surface/Surface.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+#include <vector>
+
+namespace CommonUI::Analysis
+{
+
+/// On which side of the threshold grains lie.
+enum class EGrainKind {
+    Particle, ///< points at or above it
+    Pore      ///< points below it
+};
+
+/// A surface has too many points for the numbers of a map of grains.
+class COMMONUIANALYSIS_API ETooManyPoints : public std::length_error
+{
+public:
+    ETooManyPoints()
+        : std::length_error("too many points to find grains in")
+    {
+    }
+};
+
+/// Which grain each point of a surface belongs to.
+struct SGrainMap {
+    std::size_t points = 0; ///< of each line, as those of the surface
+    std::size_t lines = 0;
+    std::uint32_t count = 0; ///< of the grains
+    /// Line after line, the number of the grain, from 1 to count, or 0 for a point of none. Grains are
+    /// numbered by their first points in this order.
+    std::vector<std::uint32_t> labels{};
+};
+
+/// Finds the grains of a surface: points on the same side of the threshold, connected by steps along x or y.
+///
+/// Each point stands for a rectangular cell, dx by dy, and cells that meet in no more than a corner share no
+/// material: grains are 4-connected. What surrounds them is 8-connected in turn, so that a diagonal chain of
+/// points does not enclose a hole. A missing point belongs to no grain.
+///
+/// Takes time proportional to the number of points whatever their pattern.
+/// @param threshold a height; NaN finds no grain
+/// @throws ETooManyPoints for 2³² points or more
+COMMONUIANALYSIS_API SGrainMap FindGrains(const SSurface& surface, double threshold, EGrainKind kind);
+
+} // namespace CommonUI::Analysis

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "analysis/grain/detail/GrainHeights.h"
+#include "analysis/grain/detail/GrainHull.h"
+#include "analysis/grain/detail/GrainOutline.h"
+#include "analysis/grain/Neighbours.h"
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace CommonUI::Analysis
+{
+
+/// All that the quantities of one grain derive from.
+struct SGrain {
+    bool isPore;
+    std::size_t id; ///< from 1
+    std::size_t points;
+    double threshold;
+    double dx;
+    double dy;
+    double area;       ///< without holes
+    std::size_t width; ///< points of a line of the map
+    SPosition centre;
+    SGrainHeights heights{};
+    SGrainOutline outline{};
+    SGrainHull hull{};
+    std::optional<SNeighbour> neighbour{}; ///< none of the only grain
+
+    /// Position of a point of the map.
+    double GetX(std::size_t point) const { return GetMiddle(point % width) * dx; }
+    double GetY(std::size_t point) const { return GetMiddle(point / width) * dy; }
+
+    /// A value that only particles have, or only pores.
+    double OfParticle(double value) const { return isPore ? c_undefined : value; }
+    double OfPore(double value) const { return isPore ? value : c_undefined; }
+
+    /// Diameter of the circle of the same area.
+    double GetHeywoodDiameter() const;
+    /// The longer side of the rectangle that has the outline's area and perimeter (ISO 9276-6, geodesic
+    /// length); NaN for an outline rounder than a square.
+    double GetFiberLength() const;
+
+private:
+    static double GetMiddle(std::size_t cell) { return static_cast<double>(cell) + 0.5; }
+};
+
+/// A quantity of grains by its key.
+struct SGrainMeasure {
+    std::string_view key;
+    double (*get)(const SGrain&);
+};
+
+/// All quantities, in the order in which they are listed.
+std::span<const SGrainMeasure> GetGrainMeasures();
+
+} // namespace CommonUI::Analysis

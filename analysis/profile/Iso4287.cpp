@@ -1,0 +1,111 @@
+#include "analysis/profile/Iso4287.h"
+
+#include "analysis/areal/HeightParameters.h"
+#include "analysis/numeric/detail/Summation.h"
+#include "analysis/profile/ProfileElements.h"
+
+#include <array>
+#include <cmath>
+#include <string_view>
+
+namespace CommonUI::Analysis
+{
+
+namespace
+{
+
+constexpr std::size_t c_count = 11;
+constexpr std::size_t c_total = 8; // index of Rt, Wt, Pt
+using TKeys = std::array<std::string_view, c_count>;
+using TParameters = std::array<double, c_count>;
+
+constexpr TKeys c_roughnessKeys = {"4287Ra", "4287Rq", "4287Rsk", "4287Rku", "4287Rp", "4287Rv",
+                                   "4287Rz", "4287Rc", "4287Rt",  "4287RSm", "4287Rdq"};
+constexpr TKeys c_wavinessKeys = {"4287Wa", "4287Wq", "4287Wsk", "4287Wku", "4287Wp", "4287Wv",
+                                  "4287Wz", "4287Wc", "4287Wt",  "4287WSm", "4287Wdq"};
+constexpr TKeys c_primaryKeys = {"4287Pa", "4287Pq", "4287Psk", "4287Pku", "4287Pp", "4287Pv",
+                                 "4287Pz", "4287Pc", "4287Pt",  "4287PSm", "4287Pdq"};
+
+TParameters ComputeLength(std::span<const double> profile, const SHeightParameters& h, double dx)
+{
+    const SProfileElements elements = ComputeElements(GetUnbroken(profile, h.mean));
+    const double height = h.highest - h.lowest;
+    return {h.average,
+            h.rms,
+            h.skewness,
+            h.kurtosis,
+            h.GetPeak(),
+            h.GetPit(),
+            height,
+            elements.height,
+            height,
+            elements.spacing * dx,
+            ComputeSlope(profile, dx)};
+}
+
+TParameters ComputeRoughness(const SProfiles& profiles, const CProfileSplitter& splitter)
+{
+    TParameters sums{};
+    TParameters counts{};
+    for (const auto length : splitter.GetSamplingLengths(profiles.roughness)) {
+        const TParameters values =
+            ComputeLength(length, ComputeHeightParameters(length, 0), splitter.GetSpacing());
+        for (std::size_t i = 0; i < c_count; ++i) {
+            sums[i] += std::isnan(values[i]) ? 0 : values[i];
+            counts[i] += !std::isnan(values[i]);
+        }
+    }
+    for (std::size_t i = 0; i < c_count; ++i)
+        sums[i] /= counts[i]; // 0 / 0 where it is not defined
+    const SRange range = FindRange(profiles.roughness);
+    sums[c_total] = range.highest - range.lowest;
+    return sums;
+}
+
+void Append(const TKeys& keys, const TParameters& parameters, std::vector<SValue>& values)
+{
+    for (std::size_t i = 0; i < c_count; ++i)
+        values.push_back({keys[i], parameters[i]});
+}
+
+} // namespace
+
+std::vector<SValue> ComputeIso4287(const SProfiles& profiles, const CProfileSplitter& splitter)
+{
+    const double dx = splitter.GetSpacing();
+    const SHeightParameters waviness = ComputeHeightParameters(profiles.waviness, 0);
+    const SHeightParameters primary = ComputeHeightParameters(profiles.primary);
+    std::vector<SValue> values;
+    Append(c_roughnessKeys, ComputeRoughness(profiles, splitter), values);
+    Append(c_wavinessKeys, ComputeLength(profiles.waviness, waviness, dx), values);
+    Append(c_primaryKeys, ComputeLength(profiles.primary, primary, dx), values);
+    return values;
+}
+
+double ComputeSlope(std::span<const double> z, double dx)
+{
+    if (z.size() < 7)
+        return c_undefined;
+    const auto [squares, points] =
+        PairwiseSum(3, z.size() - 3, [&](std::size_t i) {
+            const double slope =
+                (z[i + 3] - 9 * z[i + 2] + 45 * z[i + 1] - 45 * z[i - 1] + 9 * z[i - 2] - z[i - 3]) /
+                (60 * dx);
+            return std::isnan(slope + z[i]) ? SSums<2>{} : SSums<2>{slope * slope, 1};
+        }).values;
+    return std::sqrt(squares / points);
+}
+
+std::vector<double> GetUnbroken(std::span<const double> heights, double mean)
+{
+    std::vector<double> profile;
+    profile.reserve(heights.size());
+    for (const double z : heights) {
+        if (std::isnan(z))
+            return {};
+        profile.push_back(z - mean);
+    }
+    return profile;
+}
+
+} // namespace CommonUI::Analysis

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "../../export/Export.h"
+#include "../surface/Surface.h"
+#include "../surface/Value.h"
+
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace CommonUI::Analysis
+{
+
+/// Parameters of one profile.
+///
+/// The family Ra … Rdq is of the profile as it is, evaluated as a whole: no filter, and one sampling length,
+/// the evaluation length; z is the height above its mean. The families 4287Ra …, 4287Wa …, 4287Pa … are those
+/// of the roughness, waviness and primary profile, see ComputeIso4287.
+///
+/// - Ra = Σ|z|/n, Rq = √(Σz²/n), Rsk = Σz³/(n Rq³), Rku = Σz⁴/(n Rq⁴) (ISO 4287): m, m, 1, 1
+/// - Rp = max z, Rv = -min z, Rt = Rp + Rv; Rmean, Rmin, Rmax are the heights themselves: m
+/// - Rz: ten point height of ISO 4287-1:1984, the mean of the five highest peaks plus the mean of the five
+///   deepest valleys. A peak or valley is a portion between two crossings of the mean line, or at an end.
+///   NaN with fewer than five.
+/// - RSm: mean spacing of the profile elements (ISO 4287), see ComputeElements: m. NaN without a whole one.
+/// - Rdq: root mean square slope, see ComputeSlope
+///
+/// Missing points are left out. Rz and RSm need an unbroken profile and are NaN if a point is missing; all
+/// are NaN if all points are.
+/// @param heights in m, missing points NaN
+/// @param dx spacing of the points in m, greater than 0
+/// @param cutoff λc in m, by default DefaultCutoff. If it is not greater than 2 dx, longer than the profile
+///     or NaN, the parameters of the roughness and the waviness profile are NaN.
+/// @return the parameters in catalogue order: Ra Rq Rsk Rku Rp Rv Rz Rt Rmean Rmin Rmax RSm Rdq, then those
+/// of
+///     ComputeIso4287
+COMMONUIANALYSIS_API std::vector<SValue> ComputeProfile(std::span<const double> heights, double dx,
+                                                        std::optional<double> cutoff = std::nullopt);
+
+/// One parameter of all lines of a surface.
+using SLineValues = SValues;
+
+/// ComputeProfile for each line, its keys in the same order. Empty for a surface without lines.
+COMMONUIANALYSIS_API std::vector<SLineValues> ComputeProfiles(const SSurface& surface,
+                                                              std::optional<double> cutoff = std::nullopt);
+
+} // namespace CommonUI::Analysis

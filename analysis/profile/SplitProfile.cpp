@@ -1,0 +1,63 @@
+#include "analysis/profile/SplitProfile.h"
+
+#include "analysis/form/Levelling.h"
+
+#include <cmath>
+
+namespace CommonUI::Analysis
+{
+
+namespace
+{
+
+constexpr double c_rounding = 1e-9; // a cut-off of exactly n points may have come out a trifle longer
+
+} // namespace
+
+double DefaultCutoff(std::size_t points, double dx)
+{
+    return static_cast<double>(points) * dx / 5;
+}
+
+CProfileSplitter::CProfileSplitter(std::size_t points, double dx, double cutoff)
+    : m_dx(dx)
+    , m_cutoff(cutoff / dx)
+{
+    if (m_cutoff > 2 * (1 + c_rounding) && m_cutoff <= static_cast<double>(points) * (1 + c_rounding))
+        m_filter.emplace(points, m_cutoff);
+}
+
+SProfiles CProfileSplitter::Split(std::span<const double> heights) const
+{
+    SSurface line{.points = heights.size(), .lines = 1, .heights{heights.begin(), heights.end()}};
+    Level(line, ELevelling::Plane); // the plane of a single line is a straight line
+    SProfiles profiles{.primary = std::move(line.heights), .roughness{}, .waviness{}};
+    if (m_filter)
+        profiles.waviness = m_filter->ComputeMeanLine(profiles.primary);
+    else
+        profiles.waviness.assign(heights.size(), c_missing);
+    profiles.roughness = profiles.primary;
+    for (std::size_t i = 0; i < heights.size(); ++i)
+        profiles.roughness[i] -= profiles.waviness[i];
+    return profiles;
+}
+
+std::vector<std::span<const double>>
+CProfileSplitter::GetSamplingLengths(std::span<const double> profile) const
+{
+    if (!m_filter)
+        return {profile};
+    const auto points = static_cast<double>(profile.size());
+    const auto count = static_cast<std::size_t>(points / m_cutoff * (1 + 2 * c_rounding));
+    const double rest = std::max(points - static_cast<double>(count) * m_cutoff, 0.0);
+    const auto getBegin = [&](std::size_t i) {
+        const auto begin = std::lround(rest / 2 + static_cast<double>(i) * m_cutoff);
+        return std::min(static_cast<std::size_t>(begin), profile.size());
+    };
+    std::vector<std::span<const double>> lengths;
+    for (std::size_t i = 0; i < count; ++i)
+        lengths.push_back(profile.subspan(getBegin(i), getBegin(i + 1) - getBegin(i)));
+    return lengths;
+}
+
+} // namespace CommonUI::Analysis

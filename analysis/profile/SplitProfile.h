@@ -1,0 +1,53 @@
+#pragma once
+
+#include "../../export/Export.h"
+#include "../filter/GaussianFilter.h"
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace CommonUI::Analysis
+{
+
+/// The profiles of ISO 4287:1997, heights in m, missing points NaN.
+struct SProfiles {
+    std::vector<double> primary;   ///< without the nominal form: here the least-squares line
+    std::vector<double> roughness; ///< primary profile less waviness; all NaN without a usable cut-off
+    std::vector<double> waviness;  ///< mean line of the primary profile; all NaN without a usable cut-off
+};
+
+/// The cut-off λc that leaves five sampling lengths: a fifth of the profile, in m.
+/// @param dx spacing of the points in m
+COMMONUIANALYSIS_API double DefaultCutoff(std::size_t points, double dx);
+
+/// Splits profiles of the same length. No λs or λf filter is applied.
+///
+/// No part of the profile is given up for the run-in of the filter, whose weights at the ends are those of
+/// the points that there are (see CGaussianFilter): the evaluation length is the whole profile. Const
+/// functions may run in several threads at once.
+class COMMONUIANALYSIS_API CProfileSplitter
+{
+public:
+    /// @param points of each profile
+    /// @param dx spacing of the points in m, greater than 0
+    /// @param cutoff λc in m. It is usable if it is greater than 2 dx and not longer than the profile.
+    CProfileSplitter(std::size_t points, double dx, double cutoff);
+
+    /// @param heights as many as the points, missing points NaN
+    SProfiles Split(std::span<const double> heights) const;
+
+    /// The sampling lengths of the roughness profile: as many whole cut-offs as the profile has, in its
+    /// middle. Without a usable cut-off it is the whole profile.
+    std::vector<std::span<const double>> GetSamplingLengths(std::span<const double> profile) const;
+
+    double GetSpacing() const { return m_dx; }
+
+private:
+    double m_dx;
+    double m_cutoff; // in point spacings
+    std::optional<CGaussianFilter> m_filter{};
+};
+
+} // namespace CommonUI::Analysis

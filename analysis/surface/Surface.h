@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace CommonUI::Analysis
+{
+
+/// The height of a missing point.
+inline constexpr double c_missing = std::numeric_limits<double>::quiet_NaN();
+
+/// A measured surface: heights over a regular grid. All lengths are in metres.
+struct SSurface {
+    std::size_t points = 0; ///< points of each line, along x
+    std::size_t lines = 0;
+    double dx = 0; ///< spacing of the points of a line
+    double dy = 0; ///< spacing of the lines
+    /// Line after line, points * lines heights. A missing point is NaN; a height is never infinite.
+    std::vector<double> heights{};
+    std::size_t missing = 0; ///< how many of the heights are NaN
+    std::string channel{};   ///< UTF-8; empty where the file names none
+    std::string fileName{};  ///< UTF-8, without folder
+
+    std::span<const double> GetLine(std::size_t line) const
+    {
+        return std::span(heights).subspan(line * points, points);
+    }
+};
+
+} // namespace CommonUI::Analysis

@@ -1,0 +1,363 @@
+#include "common/ini/Inifile.h"
+
+#include "common/detail/Wtf8.h"
+#include "common/Diagnostics.h"
+#include "common/Exceptions.h"
+#include "common/FileBytes.h"
+#include "common/ini/detail/IniDocument.h"
+#include "common/ini/detail/IniValue.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <new>
+#include <utility>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+constexpr std::u16string_view c_category = u"Inifile";
+
+template<class T>
+bool IsSame(const T& a, const T& b)
+{
+    return a == b;
+}
+
+bool IsSame(double a, double b)
+{
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
+
+bool IsSame(const std::vector<double>& a, const std::vector<double>& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](double x, double y) { return IsSame(x, y); });
+}
+
+bool Warn(const CStr& text)
+{
+    GetDiagnostics().Write(c_category, EDiagnosticLevel::Warning, text);
+    return false;
+}
+
+void WarnUnreadable(const CStr& section, std::u16string_view key, std::string_view stored)
+{
+    constexpr std::size_t mostShown = 80;
+    Warn(u"Section \"" + section + u"\", key \"" + key + u"\": the value \"" +
+         FromWtf8(stored.substr(0, mostShown)) + u"\" cannot be read; its default is used");
+}
+
+/// Runs `work`, which returns whether it succeeded; when it ran out of memory, that is the reason why not.
+template<class TWork>
+bool WithinMemory(CStr& reason, TWork&& work)
+{
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        reason = u"not enough memory";
+        return false;
+    }
+}
+
+} // namespace
+
+CInifile::CInifile() = default;
+
+CInifile::CInifile(const CInifile& other)
+    : m_document(other.m_document ? std::make_unique<CIniDocument>(*other.m_document) : nullptr)
+    , m_fileName(other.m_fileName)
+    , m_section(other.m_section)
+    , m_parseSection(other.m_parseSection)
+{
+}
+
+CInifile::CInifile(CInifile&& other) noexcept
+{
+    Swap(other);
+}
+
+CInifile& CInifile::operator=(const CInifile& other)
+{
+    CInifile copy(other);
+    Swap(copy);
+    return *this;
+}
+
+CInifile& CInifile::operator=(CInifile&& other) noexcept
+{
+    CInifile moved(std::move(other));
+    Swap(moved);
+    return *this;
+}
+
+CInifile::~CInifile() = default;
+
+void CInifile::Swap(CInifile& other) noexcept
+{
+    m_document.swap(other.m_document);
+    m_fileName.Swap(other.m_fileName);
+    std::swap(m_section, other.m_section);
+    std::swap(m_parseSection, other.m_parseSection);
+}
+
+const CIniDocument& CInifile::GetDocument() const
+{
+    if (m_document)
+        return *m_document;
+    // Never destroyed: destructors of static objects may still read.
+    static const CIniDocument& empty = *new CIniDocument;
+    return empty;
+}
+
+CIniDocument& CInifile::GetDocument()
+{
+    if (!m_document)
+        m_document = std::make_unique<CIniDocument>();
+    return *m_document;
+}
+
+bool CInifile::Load()
+{
+    return LoadCopy(m_fileName);
+}
+
+bool CInifile::Load(const CStr& fileName)
+{
+    SetFileName(fileName);
+    return Load();
+}
+
+bool CInifile::LoadCopy(const CStr& fileName)
+{
+    Clear();
+    CStr reason;
+    const bool loaded = WithinMemory(reason, [&] {
+        std::string bytes;
+        if (!ReadFileBytes(fileName, bytes, CIniDocument::c_maximumSize, reason))
+            return false;
+        // A file of the shortest possible lines needs some 25 times its size.
+        LoadBytes(std::move(bytes));
+        return true;
+    });
+    return loaded || Warn(u"Cannot load \"" + fileName + u"\": " + reason);
+}
+
+void CInifile::LoadBytes(std::string bytes)
+{
+    if (bytes.size() > CIniDocument::c_maximumSize)
+        throw EInternal(u"Inifile", __LINE__, u"CInifile::LoadBytes", u"more than 1 GiB");
+    auto document = std::make_unique<CIniDocument>(std::move(bytes));
+    m_section = document->GetSection(GetSection());
+    m_parseSection = 0;
+    m_document = std::move(document);
+}
+
+std::string CInifile::GetBytes() const
+{
+    return GetDocument().ToBytes();
+}
+
+bool CInifile::Save()
+{
+    return SaveCopy(m_fileName);
+}
+
+bool CInifile::SaveCopy(const CStr& fileName) const
+{
+    CStr reason;
+    if (fileName.IsEmpty())
+        return Warn(u"Cannot save a document that has no file name");
+    return WithinMemory(reason, [&] { return ReplaceFileBytes(fileName, GetBytes(), reason); }) ||
+           Warn(u"Cannot save \"" + fileName + u"\": " + reason);
+}
+
+void CInifile::Merge(const CInifile& other)
+{
+    if (this == &other)
+        return;
+    for (std::uint32_t from = 0; from < other.GetDocument().CountSections(); ++from) {
+        const std::uint32_t to = GetDocument().GetSection(other.GetDocument().GetSectionName(from));
+        for (const CStr& key : other.GetDocument().GetKeys(from)) {
+            const std::string_view value = *other.GetDocument().GetValue(from, key);
+            GetDocument().MakeRoomFor(value);
+            GetDocument().SetValue(to, key, value);
+        }
+    }
+}
+
+void CInifile::ParseLine(std::u16string_view line)
+{
+    const std::string text = ToWtf8(line);
+    GetDocument().MakeRoomFor(text);
+    m_parseSection = GetDocument().AddLine(text, m_parseSection);
+}
+
+void CInifile::SelectSection(std::u16string_view name)
+{
+    m_section = GetDocument().GetSection(name);
+}
+
+CStr CInifile::GetSection() const
+{
+    return GetDocument().GetSectionName(m_section);
+}
+
+void CInifile::ClearSection()
+{
+    GetDocument().ClearSection(m_section);
+}
+
+bool CInifile::HasSection(std::u16string_view name) const
+{
+    return GetDocument().HasSection(name);
+}
+
+std::vector<CStr> CInifile::GetSections() const
+{
+    return GetDocument().GetSections();
+}
+
+bool CInifile::HasKey(std::u16string_view key) const
+{
+    return GetDocument().GetValue(m_section, key).has_value();
+}
+
+void CInifile::RemoveKey(std::u16string_view key)
+{
+    GetDocument().RemoveKey(m_section, key);
+}
+
+std::vector<CStr> CInifile::GetKeys() const
+{
+    return GetDocument().GetKeys(m_section);
+}
+
+template<class T>
+T CInifile::Read(std::u16string_view key, const T& byDefault) const
+{
+    const auto stored = GetDocument().GetValue(m_section, key);
+    if (!stored)
+        return byDefault;
+    T value{};
+    if (ParseIniValue(*stored, value))
+        return value;
+    WarnUnreadable(GetSection(), key, *stored);
+    return byDefault;
+}
+
+template<class T>
+void CInifile::Write(std::u16string_view key, const T& value)
+{
+    T present{};
+    if (const auto stored = GetDocument().GetValueToChange(m_section, key)) {
+        if (ParseIniValue(*stored, present) && IsSame(present, value))
+            return;
+    }
+    GetDocument().SetValue(m_section, key, FormatIniValue(value, GetDocument().GetEncoding()));
+}
+
+bool CInifile::ReadBool(std::u16string_view key, bool byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+int CInifile::ReadInt(std::u16string_view key, int byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+unsigned CInifile::ReadUnsigned(std::u16string_view key, unsigned byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+double CInifile::ReadDouble(std::u16string_view key, double byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+SColor CInifile::ReadColor(std::u16string_view key, const SColor& byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+SRect CInifile::ReadRect(std::u16string_view key, const SRect& byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+SSize CInifile::ReadSize(std::u16string_view key, const SSize& byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+CStr CInifile::ReadText(std::u16string_view key, std::u16string_view byDefault) const
+{
+    return Read(key, CStr(byDefault));
+}
+
+std::vector<CStr> CInifile::ReadTexts(std::u16string_view key, const std::vector<CStr>& byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+std::vector<double> CInifile::ReadDoubles(std::u16string_view key, const std::vector<double>& byDefault) const
+{
+    return Read(key, byDefault);
+}
+
+void CInifile::WriteBool(std::u16string_view key, bool value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteInt(std::u16string_view key, int value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteUnsigned(std::u16string_view key, unsigned value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteDouble(std::u16string_view key, double value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteColor(std::u16string_view key, const SColor& value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteRect(std::u16string_view key, const SRect& value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteSize(std::u16string_view key, const SSize& value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteText(std::u16string_view key, std::u16string_view value)
+{
+    Write(key, CStr(value));
+}
+
+void CInifile::WriteTexts(std::u16string_view key, const std::vector<CStr>& value)
+{
+    Write(key, value);
+}
+
+void CInifile::WriteDoubles(std::u16string_view key, const std::vector<double>& value)
+{
+    Write(key, value);
+}
+
+} // namespace CommonUI

@@ -1,0 +1,141 @@
+#pragma once
+
+#include "../../export/Export.h"
+#include "../Color.h"
+#include "../Rect.h"
+#include "../Str.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace CommonUI
+{
+
+class CIniDocument;
+
+/// A store of values under keys in sections, kept in an INI file.
+///
+/// Everything that stands in a file is kept: what was loaded and not changed is saved byte for byte
+/// (comments, order, malformed lines, encoding, line ends), and a change touches the line of its key only.
+/// Any text can be a section, a key or a value and reads back as it was written. The stored format is
+/// described in docs/ini-file.md.
+///
+/// Names of sections and keys are exact and case-sensitive; a key may end in a blank. Blanks on both sides of
+/// the equals sign are ornament: "Key = 5" is the key "Key". Only when no key has the name are the blanks in
+/// front of the sign taken the other way: "Key =5" is found as "Key", too, though a write does not change it.
+/// Of equal keys in a section the first counts, and sections of the same name are one section. The unnamed
+/// section, u"", is what stands before the first header.
+///
+/// Reading functions return a default when the key is missing, and also, with a warning in the diagnostics
+/// (category u"Inifile"), when its value is none of the type. Writing a value that the key already has
+/// changes nothing. Nothing here throws for the content of a file. Objects are values; one object may be read
+/// by several threads while none changes it.
+class COMMONDLL_API CInifile
+{
+public:
+    /// An empty document without a file name; its current section is the unnamed one.
+    CInifile();
+    /// The copy has the same content, file name and current section, and no other tie with the original.
+    CInifile(const CInifile& other);
+    /// The moved-from object is empty.
+    CInifile(CInifile&& other) noexcept;
+    CInifile& operator=(const CInifile& other);
+    CInifile& operator=(CInifile&& other) noexcept;
+    virtual ~CInifile();
+
+    /// The file that Load and Save use; it need not exist.
+    void SetFileName(const CStr& fileName) { m_fileName = fileName; }
+    const CStr& GetFileName() const noexcept { return m_fileName; }
+
+    /// Replaces the content by that of the file. The current section stays selected. Returns false, with the
+    /// reason in the diagnostics and the document empty, when the file is missing, cannot be read, is larger
+    /// than 1 GiB, or leaves no memory.
+    bool Load();
+    /// SetFileName, then Load.
+    bool Load(const CStr& fileName);
+    /// As Load, but the file name of this object stays what it is: the content is a copy of that file.
+    bool LoadCopy(const CStr& fileName);
+    /// Replaces the content by what the bytes of a file would give, 1 GiB at most. Without memory for it,
+    /// std::bad_alloc is thrown and the content stays.
+    void LoadBytes(std::string bytes);
+    /// The bytes that Save would write.
+    std::string GetBytes() const;
+    /// Removes all content; file name and current section stay.
+    void Clear() { LoadBytes({}); }
+
+    /// Writes the content to the file. The file has its old content or the new one, never a part (see
+    /// ReplaceFileBytes). Returns false, with the reason in the diagnostics and the file untouched, when that
+    /// fails or there is no file name.
+    virtual bool Save();
+    /// As Save, to another file; the file name of this object stays what it is.
+    bool SaveCopy(const CStr& fileName) const;
+
+    /// Gives every key of `other` to this document with its value. Comments do not come along. If a value
+    /// has characters that this document's encoding lacks, the document goes over to one that has them.
+    void Merge(const CInifile& other);
+
+    /// Takes one line as if it had been read from a file after everything that is there. Lines belong to the
+    /// section of the last header so taken, at first to the unnamed section; the current section plays no
+    /// part. A line end within the text separates lines.
+    void ParseLine(std::u16string_view line);
+
+    /// Makes a section the current one, which the functions below use. It comes into being when a key is
+    /// written to it.
+    void SelectSection(std::u16string_view name);
+    CStr GetSection() const;
+    /// Removes all keys of the current section. Its header and comments stay.
+    void ClearSection();
+    /// Whether a section exists, be it empty. The unnamed one exists when it has a key or a header `[]`.
+    bool HasSection(std::u16string_view name) const;
+    /// The names of all sections, each once, in the order of the file.
+    std::vector<CStr> GetSections() const;
+
+    bool HasKey(std::u16string_view key) const;
+    /// Removes the key that reading finds under the name, with its duplicates.
+    void RemoveKey(std::u16string_view key);
+    /// The keys of the current section, each once, in the order of the file.
+    std::vector<CStr> GetKeys() const;
+
+    /// 1, true, yes and on are true; 0, false, no and off are false; in any case of letters.
+    bool ReadBool(std::u16string_view key, bool byDefault) const;
+    int ReadInt(std::u16string_view key, int byDefault) const;
+    unsigned ReadUnsigned(std::u16string_view key, unsigned byDefault) const;
+    double ReadDouble(std::u16string_view key, double byDefault) const;
+    SColor ReadColor(std::u16string_view key, const SColor& byDefault) const;
+    SRect ReadRect(std::u16string_view key, const SRect& byDefault) const;
+    SSize ReadSize(std::u16string_view key, const SSize& byDefault) const;
+    CStr ReadText(std::u16string_view key, std::u16string_view byDefault = {}) const;
+    std::vector<CStr> ReadTexts(std::u16string_view key, const std::vector<CStr>& byDefault = {}) const;
+    std::vector<double> ReadDoubles(std::u16string_view key, const std::vector<double>& byDefault = {}) const;
+
+    /// Written as 1 or 0.
+    void WriteBool(std::u16string_view key, bool value);
+    void WriteInt(std::u16string_view key, int value);
+    void WriteUnsigned(std::u16string_view key, unsigned value);
+    /// Written with as few digits as read back to the same bits, infinities and NaN included.
+    void WriteDouble(std::u16string_view key, double value);
+    void WriteColor(std::u16string_view key, const SColor& value);
+    void WriteRect(std::u16string_view key, const SRect& value);
+    void WriteSize(std::u16string_view key, const SSize& value);
+    void WriteText(std::u16string_view key, std::u16string_view value);
+    void WriteTexts(std::u16string_view key, const std::vector<CStr>& value);
+    void WriteDoubles(std::u16string_view key, const std::vector<double>& value);
+
+private:
+    template<class T>
+    T Read(std::u16string_view key, const T& byDefault) const;
+    template<class T>
+    void Write(std::u16string_view key, const T& value);
+    void Swap(CInifile& other) noexcept;
+    const CIniDocument& GetDocument() const;
+    CIniDocument& GetDocument();
+
+    std::unique_ptr<CIniDocument> m_document; ///< null for an empty one, so that moving needs no memory
+    CStr m_fileName;
+    unsigned m_section = 0;      ///< the number of the current section in the document
+    unsigned m_parseSection = 0; ///< the section that ParseLine adds to
+};
+
+} // namespace CommonUI

@@ -1,8 +1,0 @@
-#include "examples/gl_report/Program.h"
-
-#include <iostream>
-
-int main(int argc, char** argv)
-{
-    return GlReport::RunProgram({argv + 1, static_cast<std::size_t>(argc - 1)}, std::cout, std::cerr);
-}

@@ -1,0 +1,54 @@
+#pragma once
+
+/// @file
+/// What each library of the project exports is marked with a macro of its own: COMMONDLL_API, COMMONUI_API,
+/// COMMONUIQT_API, COMMONUIANALYSIS_API, COMMONUIFORMATS_API, COMMONUIMEASUREMENT_API. The build of a library
+/// defines its name with _BUILD behind it, such as COMMONUIDLL_BUILD; a static build defines COMMONUI_STATIC
+/// for the libraries and their users.
+
+#if defined(COMMONUI_STATIC)
+#define COMMONUI_EXPORT
+#define COMMONUI_IMPORT
+#elif defined(_WIN32)
+#define COMMONUI_EXPORT __declspec(dllexport)
+#define COMMONUI_IMPORT __declspec(dllimport)
+#else
+#define COMMONUI_EXPORT __attribute__((visibility("default")))
+#define COMMONUI_IMPORT COMMONUI_EXPORT
+#endif
+
+#if defined(COMMONDLL_BUILD)
+#define COMMONDLL_API COMMONUI_EXPORT
+#else
+#define COMMONDLL_API COMMONUI_IMPORT
+#endif
+
+#if defined(COMMONUIDLL_BUILD)
+#define COMMONUI_API COMMONUI_EXPORT
+#else
+#define COMMONUI_API COMMONUI_IMPORT
+#endif
+
+#if defined(COMMONUIANALYSIS_BUILD)
+#define COMMONUIANALYSIS_API COMMONUI_EXPORT
+#else
+#define COMMONUIANALYSIS_API COMMONUI_IMPORT
+#endif
+
+#if defined(COMMONUIFORMATS_BUILD)
+#define COMMONUIFORMATS_API COMMONUI_EXPORT
+#else
+#define COMMONUIFORMATS_API COMMONUI_IMPORT
+#endif
+
+#if defined(COMMONUIMEASUREMENT_BUILD)
+#define COMMONUIMEASUREMENT_API COMMONUI_EXPORT
+#else
+#define COMMONUIMEASUREMENT_API COMMONUI_IMPORT
+#endif
+
+#if defined(COMMONUIQT_BUILD)
+#define COMMONUIQT_API COMMONUI_EXPORT
+#else
+#define COMMONUIQT_API COMMONUI_IMPORT
+#endif

@@ -1,0 +1,252 @@
+#include "output/grid/GridCtrl.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace CommonUI
+{
+
+CGridCtrl::CGridCtrl() = default;
+
+CGridCtrl::~CGridCtrl()
+{
+    CancelEdit();
+}
+
+void CGridCtrl::AddColumn(const SColumn& column)
+{
+    std::vector<int> widths;
+    widths.reserve(m_columns.size() + 1);
+    for (std::size_t i = 0; i < m_columns.size(); ++i)
+        widths.push_back(GetColumnWidth(i));
+    widths.push_back(column.width);
+    m_columns.push_back(column);
+    SetColumnWidths(widths, 0);
+}
+
+CGridRow& CGridCtrl::AddRow()
+{
+    CGridRow& row = *m_rows.emplace_back(std::make_unique<CGridRow>(*this, nullptr));
+    row.m_place = m_shown.size();
+    m_shown.push_back(&row);
+    SetRowCount(m_shown.size());
+    return row;
+}
+
+void CGridCtrl::RemoveRow(CGridRow& row)
+{
+    auto& rows = row.m_parent ? row.m_parent->m_subRows : m_rows;
+    const auto found = std::ranges::find(rows, &row, &std::unique_ptr<CGridRow>::get);
+    const std::unique_ptr<CGridRow> removed = std::move(*found);
+    rows.erase(found);
+    RowsChanged();
+}
+
+void CGridCtrl::RemoveAllRows()
+{
+    const auto removed = std::exchange(m_rows, {});
+    RowsChanged();
+}
+
+void CGridCtrl::RowsChanged()
+{
+    const SGridCell focus = GetSelection().GetFocus();
+    const CGridRow* row = focus.row < m_shown.size() ? m_shown[focus.row] : nullptr;
+    m_shown.clear();
+    m_hasTree = false;
+    ShowRows(m_rows);
+    SetRowCount(m_shown.size());
+    // The focus stays with its row, or goes to the one above that now hides it.
+    auto place = std::ranges::find(m_shown, row);
+    while (row && place == m_shown.end()) {
+        row = row->m_parent;
+        place = std::ranges::find(m_shown, row);
+    }
+    const auto moved = static_cast<std::size_t>(place - m_shown.begin());
+    if (row && moved != focus.row)
+        EditSelection().SelectCell({moved, focus.column});
+    ItemsChanged();
+}
+
+void CGridCtrl::ShowRows(const std::vector<std::unique_ptr<CGridRow>>& rows)
+{
+    for (const auto& row : rows) {
+        row->m_place = m_shown.size();
+        m_shown.push_back(row.get());
+        m_hasTree = m_hasTree || row->HasSubRows();
+        if (row->IsExpanded())
+            ShowRows(row->GetSubRows());
+    }
+}
+
+bool CGridCtrl::IsShown(const CGridRow& row) const noexcept
+{
+    return row.m_place < m_shown.size() && m_shown[row.m_place] == &row;
+}
+
+/// Keeps the other rows in their places, so that a tree can be built row by row.
+void CGridCtrl::SubRowAdded(CGridRow& row)
+{
+    const CGridRow& parent = *row.m_parent;
+    m_hasTree = true;
+    if (parent.IsExpanded() && IsShown(parent)) {
+        const CGridRow* last = &parent;
+        if (const std::size_t count = parent.m_subRows.size(); count > 1)
+            last = parent.m_subRows[count - 2].get();
+        while (last != &parent && last->IsExpanded() && last->HasSubRows())
+            last = last->m_subRows.back().get();
+        const std::size_t first = last->m_place + 1;
+        m_shown.insert(m_shown.begin() + static_cast<std::ptrdiff_t>(first), &row);
+        for (std::size_t place = first; place < m_shown.size(); ++place)
+            m_shown[place]->m_place = place;
+        SetRowCount(m_shown.size());
+        const SGridCell focus = GetSelection().GetFocus();
+        if (!GetSelection().IsEmpty() && focus.row >= first)
+            EditSelection().SelectCell({focus.row + 1, focus.column});
+    }
+    ItemsChanged();
+}
+
+void CGridCtrl::ItemsChanged()
+{
+    OnLayoutChanged();
+    Redraw();
+}
+
+/// An editor follows its cell, and closes when there is none any more.
+void CGridCtrl::OnLayoutChanged()
+{
+    if (!m_editing)
+        return;
+    const std::shared_ptr<CGridItem> item = m_edited.lock();
+    const SRect rect = item && item->GetGrid() == this ? GetItemRect(*item) : SRect{};
+    if (rect.IsEmpty())
+        CancelEdit();
+    else if (GetView())
+        GetView()->MoveEditor(rect);
+}
+
+void CGridCtrl::SetView(CGridView* view)
+{
+    m_editing = false;
+    CGridPane::SetView(view);
+}
+
+SSpokenCell CGridCtrl::Speak(SGridCell cell) const
+{
+    SSpokenCell spoken;
+    if (const auto item = GetItem(cell)) {
+        spoken.text = item->GetSpokenText();
+        spoken.enabled = item->IsEnabled();
+        spoken.readOnly = !item->CanChange();
+    }
+    if (cell.column == 0 && cell.row < m_shown.size()) {
+        spoken.hasSubRows = m_shown[cell.row]->HasSubRows();
+        spoken.expanded = m_shown[cell.row]->IsExpanded();
+    }
+    return spoken;
+}
+
+CStr CGridCtrl::SpeakHeader(std::size_t column) const
+{
+    return column < m_columns.size() ? m_columns[column].header : CStr();
+}
+
+int CGridCtrl::GetFittingWidth(std::size_t column) const
+{
+    constexpr int wide = 1 << 20;
+    int width = GetView()->GetTextWidth(m_columns[column].header) + 4 * c_margin;
+    for (std::size_t row = 0; row < std::min(m_shown.size(), c_fittedRows); ++row) {
+        const auto item = GetItem({row, column});
+        if (!item)
+            continue;
+        const SRect place{0, 0, wide, GetRowHeight()};
+        int needed = GetView()->GetTextWidth(item->FormatItem()) + wide - item->GetTextRect(place).GetWidth();
+        if (m_hasTree && column == 0)
+            needed += GetExpanderRect({row, 0}, {}).right;
+        width = std::max(width, needed);
+    }
+    return width + GetFittingRoom();
+}
+
+std::shared_ptr<CGridItem> CGridCtrl::GetItem(SGridCell cell) const
+{
+    return cell.row < m_shown.size() ? m_shown[cell.row]->GetItem(cell.column) : nullptr;
+}
+
+void CGridCtrl::SetReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+    if (readOnly)
+        CancelEdit();
+    Redraw();
+}
+
+bool CGridCtrl::IsSelected(const CGridItem& item) const
+{
+    const CGridRow* const row = item.GetRow();
+    return row && IsShown(*row) && GetSelection().Contains({row->m_place, row->GetColumnOf(item)});
+}
+
+SRect CGridCtrl::GetItemRect(const CGridItem& item) const
+{
+    const CGridRow* const row = item.GetRow();
+    if (!row || !IsShown(*row))
+        return {};
+    const std::size_t column = row->GetColumnOf(item);
+    return column < GetColumnCount() ? GetContentRect({row->m_place, column}) : SRect{};
+}
+
+SRect CGridCtrl::GetExpanderRect(SGridCell cell, const SRect& rect) const
+{
+    const int left = rect.left + static_cast<int>(m_shown[cell.row]->GetDepth()) * GetRowHeight();
+    return SRect{left, rect.top, left + GetRowHeight(), rect.bottom};
+}
+
+SRect CGridCtrl::GetContentRect(SGridCell cell) const
+{
+    SRect rect = GetCellRect(cell);
+    if (m_hasTree && cell.column == 0)
+        rect.left = std::min(GetExpanderRect(cell, rect).right, rect.right);
+    return rect;
+}
+
+void CGridCtrl::RedrawItem(const CGridItem& item) const
+{
+    if (const SRect rect = GetItemRect(item); GetView() && !rect.IsEmpty())
+        GetView()->Invalidate(rect);
+}
+
+void CGridCtrl::OnItemChanged(CGridItem& item, int id)
+{
+    if (const auto closure = m_changeSlot.Share<void, CGridItem&, int>())
+        closure->Invoke(item, id);
+}
+
+void CGridCtrl::DrawCell(CGridPainter& painter, SGridCell cell, const SRect& rect) const
+{
+    const SRect content = GetContentRect(cell);
+    if (content != rect)
+        painter.FillBackground(rect, EGridBackground::Plain);
+    if (const auto item = GetItem(cell))
+        item->OnDrawValue(painter, content);
+    else
+        painter.FillBackground(content, GetSelection().Contains(cell) ? EGridBackground::Selected
+                                                                      : EGridBackground::Plain);
+    if (content != rect && m_shown[cell.row]->HasSubRows())
+        painter.DrawExpander(GetExpanderRect(cell, rect).Shrunk(c_margin, c_margin),
+                             m_shown[cell.row]->IsExpanded());
+}
+
+void CGridCtrl::DrawHeader(CGridPainter& painter, std::size_t first, std::size_t last) const
+{
+    for (std::size_t column = first; column <= last; ++column) {
+        SRect rect = GetCellRect({0, column});
+        rect.top = 0;
+        rect.bottom = GetHeaderHeight();
+        painter.FillBackground(rect, EGridBackground::Header);
+        painter.WriteText(rect.Shrunk(2 * c_margin, 0), m_columns[column].header, EGridAlign::Left);
+    }
+}
+
+} // namespace CommonUI

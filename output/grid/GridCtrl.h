@@ -1,0 +1,112 @@
+#pragma once
+
+#include "../../common/Str.h"
+#include "../../controls/Closure.h"
+#include "../../export/Export.h"
+#include "GridPane.h"
+#include "GridRow.h"
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace CommonUI
+{
+
+/// A grid of items that the user edits: columns with headers, rows with rows below them, and an editor that
+/// opens in a cell. Tables of results, which only show, are a CResultGridPane.
+class COMMONUI_API CGridCtrl : public CGridPane
+{
+public:
+    struct SColumn {
+        CStr header{};
+        int width = 100; ///< in pixels; the user may change it
+    };
+
+    CGridCtrl();
+    ~CGridCtrl() override;
+
+    void AddColumn(const SColumn& column);
+    /// Appends a row. The grid owns it until it is removed.
+    CGridRow& AddRow();
+    /// Destroys a row of this grid and those below it.
+    void RemoveRow(CGridRow& row);
+    void RemoveAllRows();
+    const std::vector<std::unique_ptr<CGridRow>>& GetRows() const noexcept { return m_rows; }
+    /// The rows that are shown, from top to bottom: those at the top and those below expanded ones.
+    const std::vector<CGridRow*>& GetShownRows() const noexcept { return m_shown; }
+    /// The item of a shown cell; null where there is none.
+    std::shared_ptr<CGridItem> GetItem(SGridCell cell) const;
+    std::shared_ptr<CGridItem> GetFocusItem() const { return GetItem(GetSelection().GetFocus()); }
+
+    /// Whether the user can change nothing. Buttons of their own, which run a command, still do.
+    bool IsReadOnly() const noexcept { return m_readOnly; }
+    void SetReadOnly(bool readOnly);
+    bool IsSelected(const CGridItem& item) const;
+    /// Where an item lies in the view, which is what it draws in; empty when its row is not shown.
+    SRect GetItemRect(const CGridItem& item) const;
+    void RedrawItem(const CGridItem& item) const;
+
+    /// Sets the member function that is called after the user has changed an item, with the item and its id.
+    /// The object is not owned; the function may remove the item and destroy the grid.
+    template<class C>
+    void SetChangeCallback(std::type_identity_t<C>& object, void (C::*method)(CGridItem&, int))
+    {
+        m_changeSlot.Set(MakeClosure(object, method));
+    }
+    /// Calls that function.
+    virtual void OnItemChanged(CGridItem& item, int id);
+
+    /// Opens the editor of the item that has the focus. @return false when it has none, or cannot be changed
+    /// @param typed what goes into the editor in place of the value
+    bool BeginEdit(const CStr& typed = {});
+    bool IsEditing() const noexcept { return m_editing; }
+
+    void SetView(CGridView* view) override;
+    SSpokenCell Speak(SGridCell cell) const override;
+    CStr SpeakHeader(std::size_t column) const override;
+    void OnMouse(unsigned int message, SPoint point, SGridModifiers modifiers) override;
+    bool OnKey(const SGridKey& key) override;
+    /// Begins to edit, with the text in place of the value.
+    bool OnText(const CStr& text) override;
+    bool EndEdit(const CStr& text) override;
+    void CancelEdit() override;
+    bool EditNext(bool backward) override;
+    EGridCursor OnSetCursor(SPoint point) const override;
+
+protected:
+    void OnLayoutChanged() override;
+    int GetFittingWidth(std::size_t column) const override;
+    void DrawCell(CGridPainter& painter, SGridCell cell, const SRect& rect) const override;
+    void DrawHeader(CGridPainter& painter, std::size_t first, std::size_t last) const override;
+
+private:
+    friend class CGridRow;
+
+    /// Rows have come or gone, or are shown or hidden.
+    void RowsChanged();
+    /// A row has come below another one.
+    void SubRowAdded(CGridRow& row);
+    bool IsShown(const CGridRow& row) const noexcept;
+    bool CanEdit(SGridCell cell) const;
+    /// An item has come or gone: an editor whose item is no longer in the grid is closed.
+    void ItemsChanged();
+    void ShowRows(const std::vector<std::unique_ptr<CGridRow>>& rows);
+    SRect GetExpanderRect(SGridCell cell, const SRect& rect) const;
+    SRect GetContentRect(SGridCell cell) const;
+    bool ClickExpander(SGridCell cell, SPoint point);
+    bool ClickItem(unsigned int message, SPoint point, CGridItem& item);
+    bool UseKey(const SGridKey& key, CGridItem& item);
+    bool Expand(const SGridKey& key);
+
+    std::vector<SColumn> m_columns;
+    std::vector<std::unique_ptr<CGridRow>> m_rows;
+    std::vector<CGridRow*> m_shown;
+    bool m_hasTree = false; ///< whether any row has rows below it
+    bool m_readOnly = false;
+    CCallbackSlot m_changeSlot;
+    std::weak_ptr<CGridItem> m_edited;
+    bool m_editing = false;
+};
+
+} // namespace CommonUI

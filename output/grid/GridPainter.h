@@ -1,0 +1,117 @@
+#pragma once
+
+#include "../../common/Color.h"
+#include "../../common/Rect.h"
+#include "../../common/Str.h"
+#include "../../export/Export.h"
+
+#include <string_view>
+#include <vector>
+
+namespace CommonUI
+{
+
+enum class EGridAlign { Left, Center, Right };
+
+/// What a cell lies on; the toolkit gives each kind the colours of its style.
+enum class EGridBackground { Plain, Selected, Header, SubHeader };
+
+/// Colours of text that the toolkit's style decides.
+enum class EGridColor { Text, Disabled, Selected };
+
+/// The state of a check box, by the numbers that items keep.
+enum class EGridCheck { Unchecked = 0, Checked = 1, Indeterminate = 2 };
+
+/// A button within a cell.
+struct SGridButton {
+    enum class EKind {
+        Push,  ///< with a text or an image, as large as its rectangle
+        SetUp, ///< the small one that opens a set-up, with an ellipsis
+        Spin,  ///< two arrows, one above the other
+        Drop   ///< the arrow that opens a list
+    };
+    static constexpr unsigned int c_noImage = ~0U;
+
+    EKind kind = EKind::Push;
+    CStr text{};
+    unsigned int imageId = c_noImage; ///< a picture of the application's by its number, in front of the text
+    bool pressed = false;
+    bool enabled = true;
+};
+
+/// What a toolkit lends a grid to draw with. Rectangles are in pixels of the view; nothing may be drawn
+/// outside of the rectangle that is given. Used on the user-interface thread.
+class COMMONUI_API CGridPainter
+{
+public:
+    CGridPainter() = default;
+    virtual ~CGridPainter();
+    CGridPainter(const CGridPainter&) = delete;
+    CGridPainter& operator=(const CGridPainter&) = delete;
+
+    virtual void FillBackground(const SRect& rect, EGridBackground background) = 0;
+    /// One line of text, vertically centred, in the text colour; what does not fit is cut with an ellipsis.
+    virtual void WriteText(const SRect& rect, std::u16string_view text, EGridAlign align) = 0;
+    virtual void DrawCheckBox(const SRect& rect, EGridCheck state, bool enabled) = 0;
+    virtual void DrawButton(const SRect& rect, const SGridButton& button) = 0;
+    /// A rectangle with an outline one pixel wide, which lies within it.
+    virtual void DrawBox(const SRect& rect, SColor outline, SColor fill) = 0;
+    /// The mark by which rows below a row are shown or hidden.
+    virtual void DrawExpander(const SRect& rect, bool expanded) = 0;
+    /// The mark of the cell that keys go to.
+    virtual void DrawFocus(const SRect& rect) = 0;
+
+    virtual SColor GetTextColor() const = 0;
+    virtual void SetTextColor(SColor color) = 0;
+    virtual SColor GetStyleColor(EGridColor color) const = 0;
+};
+
+/// Gives a painter another text colour until the end of a block.
+class COMMONUI_API CTextColorScope
+{
+public:
+    CTextColorScope(CGridPainter& painter, EGridColor color)
+        : m_painter(painter)
+        , m_before(painter.GetTextColor())
+    {
+        painter.SetTextColor(painter.GetStyleColor(color));
+    }
+    ~CTextColorScope() { m_painter.SetTextColor(m_before); }
+    CTextColorScope(const CTextColorScope&) = delete;
+    CTextColorScope& operator=(const CTextColorScope&) = delete;
+
+private:
+    CGridPainter& m_painter;
+    SColor m_before;
+};
+
+/// A painter that writes down what is drawn, a line for each call, such as
+/// "text 4,0,96,20 left disabled \"abc\"". For tests, and for programs that show a grid without a display.
+class COMMONUI_API CTextGridPainter : public CGridPainter
+{
+public:
+    void FillBackground(const SRect& rect, EGridBackground background) override;
+    void WriteText(const SRect& rect, std::u16string_view text, EGridAlign align) override;
+    void DrawCheckBox(const SRect& rect, EGridCheck state, bool enabled) override;
+    void DrawButton(const SRect& rect, const SGridButton& button) override;
+    void DrawBox(const SRect& rect, SColor outline, SColor fill) override;
+    void DrawExpander(const SRect& rect, bool expanded) override;
+    void DrawFocus(const SRect& rect) override;
+    SColor GetTextColor() const override { return m_textColor; }
+    void SetTextColor(SColor color) override { m_textColor = color; }
+    /// Text is black, disabled text grey, selected text white.
+    SColor GetStyleColor(EGridColor color) const override;
+
+    const std::vector<CStr>& GetLines() const noexcept { return m_lines; }
+    /// All lines, each with a line feed.
+    CStr GetLog() const;
+    void Clear() noexcept { m_lines.clear(); }
+
+private:
+    void Add(std::u16string_view what, const SRect& rect, std::u16string_view rest);
+
+    std::vector<CStr> m_lines;
+    SColor m_textColor{};
+};
+
+} // namespace CommonUI

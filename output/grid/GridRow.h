@@ -1,0 +1,64 @@
+#pragma once
+
+#include "../../export/Export.h"
+#include "GridItem.h"
+
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace CommonUI
+{
+
+/// A row of a grid: an item for each column, and rows below it that are shown while it is expanded.
+class COMMONUI_API CGridRow
+{
+public:
+    CGridRow(CGridCtrl& grid, CGridRow* parent);
+    ~CGridRow();
+    CGridRow(const CGridRow&) = delete;
+    CGridRow& operator=(const CGridRow&) = delete;
+
+    CGridCtrl* GetGrid() const noexcept { return &m_grid; }
+    /// The row that this one is below; null for one at the top.
+    CGridRow* GetParent() const noexcept { return m_parent; }
+    /// How many rows this one is below.
+    std::size_t GetDepth() const noexcept;
+
+    /// Puts an item into the next column, or into that column in place of the one there. An item that is in
+    /// another place leaves it.
+    void Add(const std::shared_ptr<CGridItem>& item) { Set(m_items.size(), item); }
+    void Set(std::size_t column, const std::shared_ptr<CGridItem>& item);
+    /// Makes an item for the next column.
+    template<class TItem, class... A>
+    TItem& Emplace(A&&... arguments)
+    {
+        auto item = std::make_shared<TItem>(std::forward<A>(arguments)...);
+        Add(item);
+        return *item;
+    }
+    /// The item of a column; null where there is none.
+    std::shared_ptr<CGridItem> GetItem(std::size_t column) const;
+    /// The column of an item that is in the row.
+    std::size_t GetColumnOf(const CGridItem& item) const noexcept;
+
+    /// Appends a row below this one. The grid owns it until it is removed.
+    CGridRow& AddSubRow();
+    bool HasSubRows() const noexcept { return !m_subRows.empty(); }
+    const std::vector<std::unique_ptr<CGridRow>>& GetSubRows() const noexcept { return m_subRows; }
+    bool IsExpanded() const noexcept { return m_expanded; }
+    void SetExpanded(bool expanded);
+
+private:
+    friend class CGridCtrl;
+
+    CGridCtrl& m_grid;
+    CGridRow* m_parent;
+    std::vector<std::shared_ptr<CGridItem>> m_items;
+    std::vector<std::unique_ptr<CGridRow>> m_subRows;
+    bool m_expanded = true;
+    std::size_t m_place = 0; ///< among the rows that are shown; means nothing for others
+};
+
+} // namespace CommonUI

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "../../common/Str.h"
+#include "../../export/Export.h"
+
+#include <string_view>
+
+namespace CommonUI
+{
+
+/// The type of a grid item's value; the numbers are the type codes of variants.
+enum class EGridValueType : int {
+    Empty = 0,
+    I2 = 2,
+    I4 = 3,
+    R8 = 5,
+    String = 8,
+    Bool = 11, ///< a number of 16 bits: all bits set is true, 0 false; check states use 2 for indeterminate
+    I1 = 16,
+    UI1 = 17,
+    UI2 = 18,
+    UI4 = 19,
+    Int = 22,
+    UInt = 23
+};
+
+/// What a grid item holds: nothing, a number or a text, with the type that says how it is read and shown.
+class COMMONUI_API CGridValue
+{
+public:
+    CGridValue() = default;
+    CGridValue(double value)
+        : m_type(EGridValueType::R8)
+        , m_real(value)
+    {
+    }
+    CGridValue(int value)
+        : CGridValue(EGridValueType::Int, value)
+    {
+    }
+    CGridValue(unsigned int value)
+        : CGridValue(EGridValueType::UInt, value)
+    {
+    }
+    CGridValue(bool value)
+        : CGridValue(EGridValueType::Bool, value ? -1 : 0)
+    {
+    }
+    CGridValue(const CStr& value)
+        : m_type(EGridValueType::String)
+        , m_text(value)
+    {
+    }
+    CGridValue(const char16_t* value)
+        : CGridValue(CStr(value))
+    {
+    }
+    /// A number of a type. Integers are cut to the range of the type; types that hold no number give what
+    /// they make of its text, which is nothing for Empty.
+    CGridValue(EGridValueType type, long long number);
+
+    EGridValueType GetType() const noexcept { return m_type; }
+    bool IsInteger() const noexcept
+    {
+        return m_type != EGridValueType::Empty && m_type != EGridValueType::R8 &&
+               m_type != EGridValueType::String;
+    }
+    /// The number without its fraction, cut to the range of the result; 0 for a text, nothing and a NaN.
+    long long GetInteger() const noexcept;
+    /// The number; 0 for a text and nothing.
+    double GetReal() const noexcept;
+    /// The text of a String, otherwise an empty one.
+    const CStr& GetString() const noexcept { return m_text; }
+
+    /// The value as a text: numbers in their plain form, a real one with as many digits as it needs; a Bool
+    /// in words.
+    CStr ToText() const;
+    /// Takes over the value that a text stands for, in the type that the value has; nothing becomes a String.
+    /// @return false, with the value unchanged, when the text is not of the type: no number, an infinite one,
+    ///     one beyond the range; a Bool reads no text
+    bool ReadText(std::u16string_view text);
+
+    bool operator==(const CGridValue& other) const = default;
+
+private:
+    EGridValueType m_type = EGridValueType::Empty;
+    // Only the one that belongs to the type is set.
+    long long m_integer = 0;
+    double m_real = 0;
+    CStr m_text;
+};
+
+} // namespace CommonUI

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "../../common/Rect.h"
+#include "../../common/Str.h"
+#include "../../controls/View.h"
+#include "../../export/Export.h"
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace CommonUI
+{
+
+class CGridPane;
+
+/// The shapes of the pointer over a grid.
+enum class EGridCursor {
+    Arrow,
+    Hand,
+    Text,
+    Resize ///< over the edge of a column
+};
+
+/// What a text must be that is typed into a cell.
+struct COMMONUI_API SGridEditRules {
+    /// What stands at each place: 'd' a digit, 'a' an ASCII letter, '*' anything, every other character
+    /// itself; empty for texts of any form.
+    CStr mask{};
+    CStr initialText{};     ///< what the editor of a cell without a text starts with
+    CStr validCharacters{}; ///< the characters that may occur; empty for all
+
+    bool Accepts(std::u16string_view text) const;
+};
+
+/// What an item asks its in-place editor to be.
+struct SGridEdit {
+    enum class EKind {
+        Text,
+        Spin, ///< a text with two arrows; see StepGridEdit
+        List  ///< one of `options`
+    };
+
+    EKind kind = EKind::Text;
+    SRect rect{}; ///< in pixels of the view
+    CStr text{};  ///< what it starts with
+    CStr typed{}; ///< what was typed to open it, which goes in place of the text; empty if something else did
+    std::vector<CStr> options{};
+    int minimum = 0; ///< the range of the arrows
+    int maximum = 0;
+    SGridEditRules rules{};
+};
+
+/// The text of a spin editor after its arrows have been pressed: the number moved by whole steps and kept
+/// between minimum and maximum. A text that is no number counts as the minimum before the step.
+COMMONUI_API CStr StepGridEdit(const SGridEdit& edit, const CStr& text, int steps);
+
+/// The window that shows a grid, or what stands for it. It asks its control, the grid, to draw and forwards
+/// what the user does. Used on the user-interface thread.
+class COMMONUI_API CGridView : public CControlView<CGridPane>
+{
+public:
+    ~CGridView() override;
+
+    /// Asks for a rectangle to be drawn soon: the grid must not be called from here.
+    virtual void Invalidate(const SRect& rect) = 0;
+    /// The extent of the grid or its scroll position has changed, so that scroll bars must follow.
+    virtual void UpdateScrollBars() = 0;
+    virtual void TakeFocus() = 0;
+    /// Opens an editor over the cell. It ends by the grid's EndEdit or CancelEdit, both of which close it.
+    virtual void OpenEditor(const SGridEdit& edit) = 0;
+    /// The cell of the editor has moved.
+    virtual void MoveEditor(const SRect& rect) = 0;
+    /// Closes the editor without a word to the grid.
+    virtual void CloseEditor() = 0;
+    /// Another cell has got the focus, or more or less is selected: what a screen reader tells.
+    virtual void OnSelectionChanged() {}
+    /// The width of a text in the font of the cells, in pixels.
+    virtual int GetTextWidth(std::u16string_view text) const = 0;
+};
+
+/// A view without a display, which keeps what it was asked for. Every character is 8 pixels wide.
+class COMMONUI_API CMemoryGridView : public CGridView
+{
+public:
+    void Invalidate(const SRect& rect) override { invalidated.push_back(rect); }
+    void UpdateScrollBars() override { ++scrollUpdates; }
+    void TakeFocus() override { ++focusCount; }
+    void OpenEditor(const SGridEdit& edit) override { editor = edit; }
+    void MoveEditor(const SRect& rect) override { editor->rect = rect; }
+    void CloseEditor() override { editor.reset(); }
+    void OnSelectionChanged() override { ++selectionCount; }
+    int GetTextWidth(std::u16string_view text) const override { return 8 * static_cast<int>(text.size()); }
+
+    std::vector<SRect> invalidated{};
+    int scrollUpdates = 0;
+    int focusCount = 0;                ///< how often the focus was taken
+    int selectionCount = 0;            ///< how often the selection has changed
+    std::optional<SGridEdit> editor{}; ///< while one is open
+};
+
+} // namespace CommonUI

@@ -1,0 +1,112 @@
+#include "common/TextBuilder.h"
+#include "output/results/detail/ResultPieces.h"
+#include "output/results/GridBaseOutputCtrl.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+using CRow = CGridBaseOutputCtrl::CRow;
+using SCellInfo = CGridBaseOutputCtrl::SCellInfo;
+using Detail::c_lineEnd;
+
+/// Writes one physical line of a row, whose texts `textOf` gives by the index of the cell.
+template<class TTextOf>
+void AppendLine(CTextBuilder& text, const CRow& row, TTextOf textOf)
+{
+    for (std::size_t i = 0; i < row.size(); ++i) {
+        if (i != 0 && row[i].columnSpan >= 1)
+            text.Append(u'\t', textOf(i));
+        else
+            text += textOf(i);
+    }
+    text += c_lineEnd;
+}
+
+void AppendWrappedRow(CTextBuilder& text, const CRow& row)
+{
+    std::vector<std::vector<std::u16string_view>> pieces(row.size());
+    std::size_t lines = 1;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+        Detail::ForEachPiece(row[i].text, [&](std::u16string_view piece) { pieces[i].push_back(piece); });
+        lines = std::max(lines, pieces[i].size());
+    }
+    for (std::size_t line = 0; line < lines; ++line) {
+        AppendLine(text, row, [&](std::size_t i) {
+            return line < pieces[i].size() ? pieces[i][line] : std::u16string_view();
+        });
+    }
+}
+
+void AppendRow(CTextBuilder& text, const CRow& row)
+{
+    if (std::ranges::any_of(row, [](const SCellInfo& cell) { return Detail::HasReturn(cell.text); }))
+        AppendWrappedRow(text, row);
+    else
+        AppendLine(text, row, [&row](std::size_t i) { return row[i].text.View(); });
+}
+
+} // namespace
+
+Detail::SReportCells::SReportCells(const CGridBaseOutputCtrl* summaryGrid,
+                                   const CGridBaseOutputCtrl* resultsGrid,
+                                   const CGridBaseOutputCtrl* statisticsGrid, bool transpose)
+{
+    if (summaryGrid)
+        summaryGrid->GetGridCells(summary, SCellInfo::Summary);
+    if (resultsGrid) {
+        resultsGrid->GetGridHeaders(results, SCellInfo::Results);
+        resultsGrid->GetGridCells(results, SCellInfo::Results);
+    }
+    if (statisticsGrid) {
+        if (!resultsGrid)
+            statisticsGrid->GetGridHeaders(results, SCellInfo::Statistics);
+        statisticsGrid->GetGridCells(results, SCellInfo::Statistics);
+    }
+    if (transpose)
+        CGridBaseOutputCtrl::TransposeCells(results);
+}
+
+CStr CGridBaseOutputCtrl::GenerateSummaryText(const CCells& cells)
+{
+    CTextBuilder text;
+    for (const CRow& row : cells) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            for (std::int32_t level = 0; level < row[i].indent; ++level)
+                text += u"   ";
+            text += row[i].text;
+            if (i + 2 == row.size())
+                text += u": ";
+        }
+        text += c_lineEnd;
+    }
+    return text.Take();
+}
+
+CStr CGridBaseOutputCtrl::GenerateResultsText(const CCells& cells)
+{
+    CTextBuilder text;
+    for (std::size_t row = 0; row < cells.size(); ++row) {
+        AppendRow(text, cells[row]);
+        Detail::ReserveByRows(text, row + 1, cells.size());
+    }
+    return text.Take();
+}
+
+CStr CGridBaseOutputCtrl::GenerateText(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* results,
+                                       const CGridBaseOutputCtrl* statistics, bool transpose)
+{
+    const Detail::SReportCells cells(summary, results, statistics, transpose);
+    CStr text = GenerateSummaryText(cells.summary);
+    if (cells.HasBoth())
+        text += c_lineEnd;
+    return std::move(text += GenerateResultsText(cells.results));
+}
+
+} // namespace CommonUI

@@ -1,0 +1,105 @@
+#include "output/results/GridBaseOutputCtrl.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+using CRow = CGridBaseOutputCtrl::CRow;
+using CCells = CGridBaseOutputCtrl::CCells;
+using SCellInfo = CGridBaseOutputCtrl::SCellInfo;
+
+/// The columns that a cell takes: none for one that is covered by another.
+std::size_t ColumnsOf(const SCellInfo& cell)
+{
+    return static_cast<std::size_t>(std::max(cell.columnSpan, 0));
+}
+
+std::size_t WidthOf(const CCells& cells)
+{
+    std::size_t width = 0;
+    for (const CRow& row : cells) {
+        width = std::max(
+            width, std::accumulate(row.begin(), row.end(), std::size_t{0},
+                                   [](std::size_t sum, const auto& cell) { return sum + ColumnsOf(cell); }));
+    }
+    return width;
+}
+
+/// A header of a column becomes one of a row and the other way round.
+std::uint32_t TurnedFlags(std::uint32_t flags)
+{
+    constexpr std::uint32_t both = SCellInfo::ColumnHeader | SCellInfo::RowHeader;
+    const bool column = (flags & SCellInfo::ColumnHeader) != 0;
+    const bool row = (flags & SCellInfo::RowHeader) != 0;
+    return (flags & ~both) | (row ? SCellInfo::ColumnHeader : 0U) | (column ? SCellInfo::RowHeader : 0U);
+}
+
+SCellInfo Turned(const SCellInfo& cell)
+{
+    SCellInfo turned = cell;
+    if (cell.Has(SCellInfo::ColumnHeader))
+        turned.text = cell.text.Replace(u"\r\n", u" ");
+    std::swap(turned.columnSpan, turned.rowSpan);
+    turned.flags = TurnedFlags(cell.flags);
+    return turned;
+}
+
+CCells TurnRows(const CCells& cells, std::size_t first, std::size_t width)
+{
+    CCells turned(width);
+    for (std::size_t row = first; row < cells.size(); ++row) {
+        std::size_t position = 0;
+        for (const SCellInfo& cell : cells[row]) {
+            // A covered cell at the end of its row stays with the last column.
+            if (width != 0)
+                turned[std::min(position, width - 1)].push_back(Turned(cell));
+            position += ColumnsOf(cell);
+        }
+    }
+    return turned;
+}
+
+/// Puts the name of every group in front of the rows that its columns have become.
+void InsertGroups(CCells& turned, const CRow& groups, std::size_t rowCount)
+{
+    const auto isHeader = [](const CRow& row) {
+        return !row.empty() && row.front().Has(SCellInfo::ColumnHeader);
+    };
+    const auto firstBody =
+        static_cast<std::size_t>(std::ranges::find_if_not(turned, isHeader) - turned.begin());
+    std::size_t position = 0;
+    std::size_t inserted = 0;
+    for (const SCellInfo& group : groups) {
+        if (group.columnSpan > 1) {
+            SCellInfo cell = group;
+            cell.rowSpan = 1;
+            cell.columnSpan = static_cast<std::int32_t>(rowCount);
+            cell.flags &= ~std::uint32_t{SCellInfo::ColumnHeader};
+            const std::size_t index = std::min(std::max(position, firstBody) + inserted, turned.size());
+            turned.insert(turned.begin() + static_cast<std::ptrdiff_t>(index), CRow{cell});
+            ++inserted;
+        }
+        position += ColumnsOf(group);
+    }
+}
+
+} // namespace
+
+void CGridBaseOutputCtrl::TransposeCells(CCells& cells)
+{
+    const std::size_t width = WidthOf(cells);
+    const bool hasGroups = cells.size() > 1 && cells[0].size() < cells[1].size();
+    const std::size_t first = hasGroups ? 1 : 0;
+    CCells turned = TurnRows(cells, first, width);
+    if (hasGroups)
+        InsertGroups(turned, cells[0], cells.size() - first);
+    cells = std::move(turned);
+}
+
+} // namespace CommonUI

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "common/TextBuilder.h"
+#include "output/results/GridBaseOutputCtrl.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace CommonUI::Detail
+{
+
+/// What separates the lines of a text and the pieces of a cell of several lines.
+constexpr std::u16string_view c_lineEnd = u"\r\n";
+
+/// What HTML on the clipboard and in reports begins with.
+constexpr std::u16string_view c_metaLine =
+    u"<meta content=\"text/html; charset=utf-8\" http-equiv=\"Content-Type\" />\n";
+
+/// Whether a text holds a carriage return, without which it is of one piece. Looks at four units at once:
+/// nearly all cells of a large table are short and of one piece.
+inline bool HasReturn(std::u16string_view text)
+{
+    if (text.size() < 4)
+        return text.find(u'\r') != std::u16string_view::npos;
+    // Zero in one of the four lanes, where the lane was a carriage return, borrows into the lane's highest
+    // bit.
+    const auto inFour = [text](std::size_t at) {
+        constexpr std::uint64_t ones = 0x0001000100010001;
+        std::uint64_t units = 0;
+        std::memcpy(&units, text.data() + at, sizeof units);
+        units ^= ones * u'\r';
+        return ((units - ones) & ~units & (ones << 15)) != 0;
+    };
+    for (std::size_t at = 0; at + 4 < text.size(); at += 4) {
+        if (inFour(at))
+            return true;
+    }
+    return inFour(text.size() - 4);
+}
+
+/// Calls `visit` with every piece of a text between its line ends: at least one, which may be empty.
+template<class TVisit>
+void ForEachPiece(std::u16string_view text, TVisit visit)
+{
+    for (;;) {
+        const std::size_t found = HasReturn(text) ? text.find(c_lineEnd) : std::u16string_view::npos;
+        visit(text.substr(0, found));
+        if (found == std::u16string_view::npos)
+            return;
+        text.remove_prefix(found + c_lineEnd.size());
+    }
+}
+
+/// Makes room for a text of `rowCount` rows, judging by the `rowsDone` that have been written; to be called
+/// after every row.
+inline void ReserveByRows(CTextBuilder& text, std::size_t rowsDone, std::size_t rowCount)
+{
+    constexpr std::size_t enough = 8;
+    if (rowsDone == enough)
+        text.Reserve(text.GetLength() / enough * rowCount / 4 * 5);
+}
+
+/// The cells of a report: those of the summary, and those of the results with the statistics below them.
+struct SReportCells {
+    CGridBaseOutputCtrl::CCells summary;
+    CGridBaseOutputCtrl::CCells results;
+
+    /// Collects from up to three grids, each of which may be null.
+    SReportCells(const CGridBaseOutputCtrl* summaryGrid, const CGridBaseOutputCtrl* resultsGrid,
+                 const CGridBaseOutputCtrl* statisticsGrid, bool transpose);
+    bool HasBoth() const { return !summary.empty() && !results.empty(); }
+    bool HasNone() const { return summary.empty() && results.empty(); }
+};
+
+} // namespace CommonUI::Detail

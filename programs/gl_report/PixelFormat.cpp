@@ -1,0 +1,91 @@
+#include "programs/gl_report/PixelFormat.h"
+
+#include <cstdint>
+#include <initializer_list>
+
+namespace GlReport
+{
+
+namespace
+{
+
+std::uint8_t Byte(int number)
+{
+    return static_cast<std::uint8_t>(number);
+}
+
+std::uint32_t FlagsOf(const Offscreen::SPixelBits& bits)
+{
+    constexpr std::uint32_t doubleBuffer = 0x1;
+    constexpr std::uint32_t stereo = 0x2;
+    constexpr std::uint32_t drawToBitmap = 0x8;
+    constexpr std::uint32_t supportOpenGL = 0x20;
+    return drawToBitmap | supportOpenGL | (bits.doubleBuffered ? doubleBuffer : 0) |
+           (bits.stereo ? stereo : 0);
+}
+
+int AccumBits(const Offscreen::SPixelBits& bits)
+{
+    return bits.accumRed + bits.accumGreen + bits.accumBlue + bits.accumAlpha;
+}
+
+} // namespace
+
+CommonUI::PIXELFORMATDESCRIPTOR MakePixelFormat(const Offscreen::SPixelBits& bits)
+{
+    return {.dwFlags = FlagsOf(bits),
+            .cColorBits = Byte(bits.red + bits.green + bits.blue),
+            .cRedBits = Byte(bits.red),
+            .cGreenBits = Byte(bits.green),
+            .cGreenShift = Byte(bits.red),
+            .cBlueBits = Byte(bits.blue),
+            .cBlueShift = Byte(bits.red + bits.green),
+            .cAlphaBits = Byte(bits.alpha),
+            .cAlphaShift = Byte(bits.red + bits.green + bits.blue),
+            .cAccumBits = Byte(AccumBits(bits)),
+            .cAccumRedBits = Byte(bits.accumRed),
+            .cAccumGreenBits = Byte(bits.accumGreen),
+            .cAccumBlueBits = Byte(bits.accumBlue),
+            .cAccumAlphaBits = Byte(bits.accumAlpha),
+            .cDepthBits = Byte(bits.depth),
+            .cStencilBits = Byte(bits.stencil),
+            .cAuxBuffers = Byte(bits.auxBuffers)};
+}
+
+SPixelAttributes MakePixelAttributes(const Offscreen::SPixelBits& bits)
+{
+    struct SAttribute {
+        int name;
+        int value;
+    };
+    constexpr int typeRgba = 0x202B;
+    const std::initializer_list<SAttribute> rows{
+        {0x2001, 0},                                 // WGL_DRAW_TO_WINDOW_ARB
+        {0x2010, 1},                                 // WGL_SUPPORT_OPENGL_ARB
+        {0x2011, bits.doubleBuffered},               // WGL_DOUBLE_BUFFER_ARB
+        {0x2012, bits.stereo},                       // WGL_STEREO_ARB
+        {0x2013, typeRgba},                          // WGL_PIXEL_TYPE_ARB
+        {0x2014, bits.red + bits.green + bits.blue}, // WGL_COLOR_BITS_ARB
+        {0x2015, bits.red},                          // WGL_RED_BITS_ARB
+        {0x2017, bits.green},                        // WGL_GREEN_BITS_ARB
+        {0x2019, bits.blue},                         // WGL_BLUE_BITS_ARB
+        {0x201B, bits.alpha},                        // WGL_ALPHA_BITS_ARB
+        {0x201D, AccumBits(bits)},                   // WGL_ACCUM_BITS_ARB
+        {0x201E, bits.accumRed},                     // WGL_ACCUM_RED_BITS_ARB
+        {0x201F, bits.accumGreen},                   // WGL_ACCUM_GREEN_BITS_ARB
+        {0x2020, bits.accumBlue},                    // WGL_ACCUM_BLUE_BITS_ARB
+        {0x2021, bits.accumAlpha},                   // WGL_ACCUM_ALPHA_BITS_ARB
+        {0x2022, bits.depth},                        // WGL_DEPTH_BITS_ARB
+        {0x2023, bits.stencil},                      // WGL_STENCIL_BITS_ARB
+        {0x2024, bits.auxBuffers},                   // WGL_AUX_BUFFERS_ARB
+        {0x202D, 1},                                 // WGL_DRAW_TO_PBUFFER_ARB
+    };
+    SPixelAttributes list;
+    for (const auto& [name, value] : rows) {
+        list.attributes.push_back(name);
+        list.values.push_back(value);
+    }
+    return list;
+}
+
+} // namespace GlReport

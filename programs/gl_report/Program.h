@@ -1,0 +1,26 @@
+#pragma once
+
+#include "programs/offscreen/OffscreenContext.h"
+
+#include <functional>
+#include <iosfwd>
+#include <memory>
+#include <span>
+#include <string>
+
+namespace GlReport
+{
+
+/// Makes the context that is reported on: Offscreen::CContext::Make, or what stands in for it.
+using CContextMaker =
+    std::function<std::unique_ptr<Offscreen::CContext>(int width, int height, std::string& reason)>;
+
+/// The program behind its main function.
+/// @param arguments without the program's name
+/// @param err receives one line for what is wrong
+/// @return the exit status: 0; 1 for a reason that `err` was told; 2 when there is no OpenGL to report on,
+/// which `err` was told, too
+int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::ostream& err,
+               const CContextMaker& makeContext = Offscreen::CContext::Make);
+
+} // namespace GlReport

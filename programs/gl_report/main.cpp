@@ -1,0 +1,8 @@
+#include "programs/gl_report/Program.h"
+
+#include <iostream>
+
+int main(int argc, char** argv)
+{
+    return GlReport::RunProgram({argv + 1, static_cast<std::size_t>(argc - 1)}, std::cout, std::cerr);
+}

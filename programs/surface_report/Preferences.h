@@ -1,0 +1,56 @@
+#pragma once
+
+#include "programs/surface_report/Options.h"
+
+#include "model/AnalysisPreferencesManager.h"
+#include "settings/factory/SettingsFactory.h"
+
+#include <string>
+
+namespace SurfaceReport
+{
+
+/// The section under which the program keeps the preferences of all analyses in its file.
+constexpr std::u16string_view c_section = u"SurfaceReport";
+
+/// The preferences of all analyses in the options' file, and the settings sets that were used recently.
+class CPreferencesFile
+{
+public:
+    /// Loads the preferences, or takes the defaults where there is no file, and changes them as the options
+    /// say.
+    /// @throws EUsage for a change that cannot be made
+    /// @throws std::runtime_error when the file cannot be read
+    explicit CPreferencesFile(const SOptions& options);
+
+    const CommonUI::CAnalysisPreferencesManager& GetManager() const { return m_manager; }
+    CommonUI::CSettingsFactory& GetFactory() { return m_factory; }
+    /// Saves when the file is not there yet, something was to be changed or sets were used. What the file
+    /// holds besides stays as it is.
+    /// @throws std::runtime_error when the file cannot be written
+    void Save();
+
+private:
+    CommonUI::CAnalysisPreferencesManager m_manager;
+    CommonUI::CSettingsFactory m_factory;
+    CommonUI::CInifile m_ini;
+    bool m_needsSaving = false;
+    bool m_usesSettings = false;
+};
+
+/// Makes one change:
+/// - `Sa=on`, `Sa=off`: a parameter of the analyses, or a statistic, by key
+/// - `Fractile=on:95`: a percentile with its value
+/// - `Sch=on:95`: a parameter of its own from a template, with the values of its variables, in m or percent;
+/// `Sch=off`
+///   removes them all
+/// - `Sq.unit=um`, `Sq.format=Digits:4`, `Decimals:3` or `Integer`: how values are shown, those of parameters
+/// made from
+///   a template as well
+///
+/// It applies to every analysis that has the key: image roughness, profile roughness and grains. Where a key
+/// is that of a parameter and of a statistic, `statistic.Count=off` means the statistic.
+/// @throws EUsage
+void EditPreferences(CommonUI::CAnalysisPreferencesManager& manager, const std::string& change);
+
+} // namespace SurfaceReport

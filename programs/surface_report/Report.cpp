@@ -1,0 +1,210 @@
+#include "programs/surface_report/Report.h"
+
+#include "model/Enumerations.h"
+#include "output/results/NumberFormat.h"
+#include "programs/surface_report/AlignedText.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace SurfaceReport
+{
+
+using namespace CommonUI;
+using CGrid = CGridBaseOutputCtrl;
+using SCell = CGrid::SCellInfo;
+
+namespace
+{
+
+/// On one line and in one cell, whatever a file says of itself.
+CStr OneLine(const CStr& text)
+{
+    std::u16string line(text.View());
+    std::ranges::replace_if(
+        line, [](char16_t unit) { return unit < u' '; }, u' ');
+    return line;
+}
+
+void FillSurface(CGrid& grid, const std::vector<SColumn>& columns)
+{
+    grid.SetNameHeader(u"Surface parameter");
+    if (columns.front().values.size() > 1) {
+        grid.AddColumn({u"Raw", {}});
+        grid.AddColumn({u"Processed", {}});
+    } else {
+        grid.AddColumn({u"Value", {}});
+    }
+    grid.AddColumn({u"Unit", {}});
+    for (const SColumn& column : columns) {
+        CGrid::SRow row{.name = column.parameter.GetFriendlyString(), .cells = {}};
+        for (const double value : column.values)
+            row.cells.push_back(column.GetText(value));
+        row.cells.push_back(column.GetUnitText());
+        grid.AddRow(std::move(row));
+    }
+}
+
+/// The parameter's symbol over the standard it belongs to: an unfiltered Ra is not that of ISO 4287.
+CStr HeaderOf(const CParameter& parameter)
+{
+    CStr symbol = parameter.GetShortFriendlyString();
+    if (parameter.GetStandard() == static_cast<int>(EAnalysisStandards::None))
+        return symbol;
+    return symbol + u"\r\n" + GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard());
+}
+
+void FillRows(CGrid& grid, const SContent& content)
+{
+    grid.SetNameHeader(content.rowName);
+    CGrid::SRow units{.name = u"Unit", .cells = {}, .subHeader = true};
+    for (const SColumn& column : content.columns) {
+        grid.AddColumn({HeaderOf(column.parameter), {}});
+        units.cells.push_back(column.GetUnitText());
+    }
+    grid.AddRow(units);
+    const std::size_t count = content.columns.front().values.size();
+    grid.ReserveRows(count + 1);
+    for (std::size_t i = 0; i < count; ++i) {
+        CGrid::SRow row{.name = CStr::Format(u"%d", i + 1), .cells = {}};
+        for (const SColumn& column : content.columns)
+            row.cells.push_back(column.GetText(column.values[i]));
+        grid.AddRow(std::move(row));
+    }
+}
+
+/// A statistic's text: numbers of values and percentages are not in the parameter's unit.
+CStr StatisticText(const SColumn& column, EStatistics statistic, double value)
+{
+    if (statistic == EStatistics::Count)
+        return FormatParameterValue(value, {CParameter::EFormatSpecifier::FormatInteger, 0});
+    if (statistic == EStatistics::SdPercent)
+        return FormatParameterValue(value, column.parameter.GetFloatFormat());
+    return column.GetText(value);
+}
+
+CStr StatisticName(const CParameter& statistic)
+{
+    if (statistic != static_cast<int>(EStatistics::Fractile))
+        return statistic.GetFriendlyString();
+    return CStr::Format(u"%s %G %%", statistic.GetFriendlyString(), statistic.GetVariableValue());
+}
+
+void FillStatistics(CGrid& grid, const SContent& content)
+{
+    grid.SetNameHeader(u"Statistic");
+    std::vector<std::vector<CommonUI::Analysis::SValue>> computed;
+    computed.reserve(content.columns.size());
+    for (const SColumn& column : content.columns) {
+        grid.AddColumn({HeaderOf(column.parameter), {}});
+        computed.push_back(content.compute(column));
+    }
+    for (const CParameter& statistic : content.statistics) {
+        const std::string key = statistic.GetIniName().ToUtf8();
+        CGrid::SRow row{.name = StatisticName(statistic), .cells = {}};
+        for (std::size_t i = 0; i < content.columns.size(); ++i) {
+            const auto found = std::ranges::find(computed[i], key, &CommonUI::Analysis::SValue::key);
+            if (statistic.IsOn() && found != computed[i].end())
+                row.cells.push_back(StatisticText(
+                    content.columns[i], static_cast<EStatistics>(statistic.GetValue()), found->value));
+        }
+        if (!row.cells.empty())
+            grid.AddRow(std::move(row));
+    }
+}
+
+CStr EscapeMarkup(const CStr& text)
+{
+    return text.Replace(u"&", u"&amp;").Replace(u"<", u"&lt;").Replace(u">", u"&gt;");
+}
+
+/// The rows of a summary with texts that may stand in HTML: what comes from a file may hold markup
+/// characters.
+CGrid EscapedSummary(const CGrid& grid)
+{
+    CGrid escaped(grid.GetType());
+    for (CGrid::SRow row : grid.GetRows()) {
+        row.name = EscapeMarkup(row.name);
+        std::ranges::transform(row.cells, row.cells.begin(), EscapeMarkup);
+        escaped.AddRow(std::move(row));
+    }
+    return escaped;
+}
+
+/// The texts behind one another, with a separator between two that are not empty.
+std::string Joined(std::initializer_list<CStr> texts, std::string_view separator)
+{
+    std::string joined;
+    for (const CStr& text : texts) {
+        if (!joined.empty() && !text.IsEmpty())
+            joined += separator;
+        joined += text.ToUtf8();
+    }
+    return joined;
+}
+
+} // namespace
+
+CReport::CReport(const SContent& content, bool transpose)
+    : m_title(EscapeMarkup(OneLine(CStr::FromUtf8(content.title))).ToUtf8())
+    , m_transpose(transpose)
+    , m_summary(SCell::Summary)
+    , m_surface(SCell::Results)
+    , m_rows(SCell::Results)
+    , m_statistics(SCell::Statistics)
+{
+    for (const auto& [label, text] : content.summary)
+        m_summary.AddRow({.name = label, .cells = {OneLine(text)}});
+    if (!content.surface.empty())
+        FillSurface(m_surface, content.surface);
+    if (!content.columns.empty()) {
+        FillRows(m_rows, content);
+        FillStatistics(m_statistics, content);
+    }
+}
+
+std::string CReport::GetText() const
+{
+    return "\xEF\xBB\xBF" + Joined({CGrid::GenerateText(&m_summary, &m_surface, nullptr, m_transpose),
+                                    CGrid::GenerateText(nullptr, &m_rows, &m_statistics, m_transpose)},
+                                   "\r\n");
+}
+
+std::string CReport::GetHtml() const
+{
+    const CGrid summary = EscapedSummary(m_summary);
+    CGrid::CCells profiles;
+    m_rows.GetGridHeaders(profiles, SCell::Results);
+    m_rows.GetGridCells(profiles, SCell::Results);
+    m_statistics.GetGridCells(profiles, SCell::Statistics);
+    if (m_transpose)
+        CGrid::TransposeCells(profiles);
+    const std::string tables = Joined({CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose),
+                                       CGrid::GenerateResultsHTMLTable(profiles)},
+                                      "\n<br>\n");
+    return "<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report: " + m_title + "</title>\n" + tables +
+           "\n</html>\n";
+}
+
+std::string CReport::GetTerminalText() const
+{
+    CGrid::CCells surface;
+    m_surface.GetGridHeaders(surface, SCell::Results);
+    m_surface.GetGridCells(surface, SCell::Results);
+
+    // Few statistics of many parameters: a line for each parameter fits a terminal.
+    CGrid::CCells statistics;
+    m_statistics.GetGridHeaders(statistics, SCell::Statistics);
+    CGrid::CCells profiles;
+    m_rows.GetGridCells(profiles, SCell::Results);
+    if (!profiles.empty())
+        statistics.push_back(profiles.front());
+    m_statistics.GetGridCells(statistics, SCell::Statistics);
+    CGrid::TransposeCells(statistics);
+
+    CGrid::CCells summary;
+    m_summary.GetGridCells(summary, SCell::Summary);
+    return Joined({AlignedText(summary), AlignedText(surface), AlignedText(statistics)}, "\n");
+}
+
+} // namespace SurfaceReport

@@ -1,0 +1,221 @@
+#include "gl/GLStack.h"
+#include "gl/GLUtils.h"
+#include "programs/surface_view/ColorTexture.h"
+#include "programs/surface_view/DrawingSteps.h"
+
+#include <GL/gl.h>
+
+#include <array>
+#include <cmath>
+
+namespace SurfaceView
+{
+
+using CommonUI::CGLStack;
+using CommonUI::SColor;
+using CommonUI::SRect;
+
+namespace
+{
+
+constexpr SColor c_wall{244, 245, 247};
+constexpr SColor c_grid{208, 212, 217};
+constexpr SColor c_cutAlongX{150, 156, 164};
+constexpr SColor c_cutAlongY{124, 130, 139};
+
+void AddPoint(const SPoint& point)
+{
+    glVertex3d(point.x, point.y, point.z);
+}
+
+/// Sets how the block is looked at, until the stack is popped.
+void PushView(CGLStack& stack, const SView& view)
+{
+    Require(stack.PushAttrib(GL_VIEWPORT_BIT | GL_TRANSFORM_BIT));
+    const SRect& viewport = view.viewport;
+    glViewport(viewport.left, viewport.top, viewport.right - viewport.left, viewport.bottom - viewport.top);
+    glMatrixMode(GL_PROJECTION);
+    Require(stack.PushMatrix());
+    glLoadIdentity();
+    CommonUI::SetupProjectionMatrix(view.orthographic, view.fieldOfView, view.nearPlane, view.farPlane,
+                                    viewport);
+    // The mode is saved once more, so that each matrix is popped in its own.
+    Require(stack.PushAttrib(GL_TRANSFORM_BIT));
+    glMatrixMode(GL_MODELVIEW);
+    Require(stack.PushMatrix());
+    glLoadMatrixd(view.modelView.data());
+}
+
+/// The walls behind the surface and the floor, with a grid at the marks of the axes.
+class CWalls
+{
+public:
+    CWalls(const SBox& box, const SPoint& eye, const std::array<SAxis, 3>& axes)
+        : m_box(box)
+        , m_axes(axes)
+        , m_x(eye.x < 0 ? box.x : -box.x)
+        , m_y(eye.y < 0 ? box.y : -box.y)
+    {
+    }
+
+    void Fill() const
+    {
+        SetColor(c_wall);
+        glBegin(GL_QUADS);
+        AddOutlines();
+        glEnd();
+    }
+
+    void Rule() const
+    {
+        SetColor(c_grid);
+        glBegin(GL_LINES);
+        for (const STick& tick : m_axes[0].ticks) {
+            const double x = (2 * tick.value / m_box.width - 1) * m_box.x;
+            AddLine({x, -m_box.y, -m_box.z}, {x, m_box.y, -m_box.z});
+            AddLine({x, m_y, -m_box.z}, {x, m_y, m_box.z});
+        }
+        for (const STick& tick : m_axes[1].ticks) {
+            const double y = (2 * tick.value / m_box.depth - 1) * m_box.y;
+            AddLine({-m_box.x, y, -m_box.z}, {m_box.x, y, -m_box.z});
+            AddLine({m_x, y, -m_box.z}, {m_x, y, m_box.z});
+        }
+        for (const STick& tick : m_axes[2].ticks) {
+            const double z = m_box.PlaceHeight(tick.value);
+            AddLine({-m_box.x, m_y, z}, {m_box.x, m_y, z});
+            AddLine({m_x, -m_box.y, z}, {m_x, m_box.y, z});
+        }
+        glEnd();
+    }
+
+    void Frame() const
+    {
+        SetColor(c_frame);
+        glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+        glBegin(GL_QUADS);
+        AddOutlines();
+        glEnd();
+    }
+
+private:
+    static void AddLine(const SPoint& from, const SPoint& to)
+    {
+        AddPoint(from);
+        AddPoint(to);
+    }
+
+    void AddOutlines() const
+    {
+        const auto& [x, y, z] = std::array{m_box.x, m_box.y, m_box.z};
+        for (const SPoint& corner : {SPoint{-x, -y, -z},
+                                     {x, -y, -z},
+                                     {x, y, -z},
+                                     {-x, y, -z},
+                                     {m_x, -y, -z},
+                                     {m_x, y, -z},
+                                     {m_x, y, z},
+                                     {m_x, -y, z},
+                                     {-x, m_y, -z},
+                                     {x, m_y, -z},
+                                     {x, m_y, z},
+                                     {-x, m_y, z}})
+            AddPoint(corner);
+    }
+
+    const SBox& m_box;
+    const std::array<SAxis, 3>& m_axes;
+    double m_x; ///< where the wall across x stands
+    double m_y;
+};
+
+void DrawWalls(const SScene& scene)
+{
+    CGLStack stack;
+    // What stands behind everything needs no depth, and its lines lie in its faces.
+    Require(stack.PushDepthMask(false));
+    Require(stack.PushAttrib(GL_CURRENT_BIT | GL_LINE_BIT | GL_POLYGON_BIT));
+    glLineWidth(static_cast<float>(scene.layout.lineWidth));
+    const CWalls walls(scene.box, scene.eye, scene.layout.axes);
+    walls.Fill();
+    walls.Rule();
+    walls.Frame();
+}
+
+/// Light from above the eye's left shoulder, fixed to the eye.
+void SetupLight()
+{
+    constexpr std::array<float, 4> direction{-0.5F, 0.6F, 0.9F, 0};
+    constexpr std::array<float, 4> ambient{0.35F, 0.35F, 0.35F, 1};
+    constexpr std::array<float, 4> diffuse{0.75F, 0.75F, 0.75F, 1};
+    constexpr std::array<float, 4> shine{0.18F, 0.18F, 0.18F, 1};
+    constexpr std::array<float, 4> white{1, 1, 1, 1};
+    constexpr std::array<float, 4> none{0, 0, 0, 1};
+    glLightfv(GL_LIGHT0, GL_POSITION, direction.data());
+    glLightfv(GL_LIGHT0, GL_AMBIENT, ambient.data());
+    glLightfv(GL_LIGHT0, GL_DIFFUSE, diffuse.data());
+    glLightfv(GL_LIGHT0, GL_SPECULAR, shine.data());
+    glLightModelfv(GL_LIGHT_MODEL_AMBIENT, none.data());
+    glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, GL_TRUE);
+    glLightModeli(GL_LIGHT_MODEL_COLOR_CONTROL, GL_SEPARATE_SPECULAR_COLOR);
+    glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, white.data());
+    glMaterialfv(GL_FRONT_AND_BACK, GL_SPECULAR, white.data());
+    glMaterialf(GL_FRONT_AND_BACK, GL_SHININESS, 24);
+    glEnable(GL_LIGHTING);
+    glEnable(GL_LIGHT0);
+}
+
+void DrawSurface(const SMesh& mesh, const CColorTexture& texture)
+{
+    CGLStack stack;
+    Require(stack.PushAttrib(GL_ENABLE_BIT | GL_LIGHTING_BIT | GL_TEXTURE_BIT | GL_CURRENT_BIT));
+    {
+        CGLStack eyeStack;
+        Require(eyeStack.PushMatrix());
+        glLoadIdentity();
+        SetupLight();
+    }
+    texture.Bind();
+    glBegin(GL_TRIANGLES);
+    for (const auto& triangle : mesh.triangles) {
+        for (const std::uint32_t index : triangle) {
+            const SVertex& vertex = mesh.vertices[index];
+            glTexCoord1f(vertex.share);
+            glNormal3fv(vertex.normal.data());
+            glVertex3fv(vertex.position.data());
+        }
+    }
+    glEnd();
+}
+
+/// The cut faces below the rim of the surface, down to the floor.
+void DrawCut(const SMesh& mesh, float floor)
+{
+    CGLStack stack;
+    Require(stack.PushAttrib(GL_CURRENT_BIT));
+    glBegin(GL_QUADS);
+    for (const auto& [first, second] : mesh.rim) {
+        const auto& from = mesh.vertices[first].position;
+        const auto& to = mesh.vertices[second].position;
+        SetColor(std::abs(to[0] - from[0]) > std::abs(to[1] - from[1]) ? c_cutAlongX : c_cutAlongY);
+        glVertex3fv(from.data());
+        glVertex3fv(to.data());
+        glVertex3f(to[0], to[1], floor);
+        glVertex3f(from[0], from[1], floor);
+    }
+    glEnd();
+}
+
+} // namespace
+
+void DrawBlock(const SScene& scene, const CColorTexture& texture)
+{
+    CGLStack stack;
+    PushView(stack, scene.layout.view);
+    DrawWalls(scene);
+    Require(stack.PushAttrib(GL_ENABLE_BIT | GL_DEPTH_BUFFER_BIT));
+    glEnable(GL_DEPTH_TEST);
+    DrawSurface(scene.mesh, texture);
+    DrawCut(scene.mesh, static_cast<float>(-scene.box.z));
+}
+
+} // namespace SurfaceView

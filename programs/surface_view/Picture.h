@@ -1,0 +1,27 @@
+#pragma once
+
+#include "common/Rect.h"
+#include "programs/surface_view/Font.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+namespace SurfaceView
+{
+
+/// The picture as a file has it: red, green and blue of each pixel, rows from the top down.
+struct SPicture {
+    CommonUI::SSize size{};
+    std::vector<std::uint8_t> bytes{};
+};
+
+/// A picture of the means of squares of pixels, which smooths all edges.
+/// @param scale the side of the squares; the size of the pixels is a multiple of it
+SPicture ScaleDown(const SPixels& pixels, int scale);
+
+/// Writes a PNG file in place of what was there.
+/// @throws std::runtime_error, the old file untouched, when that fails
+void WritePng(const SPicture& picture, const std::filesystem::path& path);
+
+} // namespace SurfaceView

@@ -1,0 +1,158 @@
+#include "qt/dialogs/DialogWindow.h"
+
+#include "qt/detail/EventGuard.h"
+#include "qt/detail/ParentWindow.h"
+#include "qt/QtText.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QShortcut>
+#include <QShowEvent>
+#include <QWhatsThis>
+#include <QWindow>
+
+namespace CommonUI
+{
+
+CDialogWindow::CDialogWindow(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowCloseButtonHint | Qt::WindowContextHelpButtonHint)
+{
+    // Closing a dialog is no reason to end the program.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    auto* const help = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(help, &QShortcut::activated, this, [this] { AskHelp(); });
+}
+
+CDialogWindow::~CDialogWindow() = default;
+
+bool CDialogWindow::IsOnScreen() const
+{
+    return isVisible() && !testAttribute(Qt::WA_DontShowOnScreen);
+}
+
+void CDialogWindow::accept()
+{
+    if (CBaseDialog* const dialog = GetDialog())
+        Guarded([dialog] { dialog->OnOK(); });
+    else
+        QDialog::accept();
+}
+
+void CDialogWindow::reject()
+{
+    if (CBaseDialog* const dialog = GetDialog())
+        Guarded([dialog] { dialog->OnCancel(); });
+    else
+        QDialog::reject();
+}
+
+void CDialogWindow::AskHelp()
+{
+    if (const CBaseDialog* const dialog = GetDialog())
+        Guarded([dialog] { dialog->OnHelpInfo(); });
+}
+
+bool CDialogWindow::event(QEvent* event)
+{
+    if (event->type() != QEvent::EnterWhatsThisMode)
+        return QDialog::event(event);
+    QWhatsThis::leaveWhatsThisMode();
+    AskHelp();
+    return true;
+}
+
+void CDialogWindow::showEvent(QShowEvent* event)
+{
+    if (event->spontaneous() || testAttribute(Qt::WA_Moved))
+        return;
+    adjustPosition(m_below);
+    // The user has not chosen the place.
+    setAttribute(Qt::WA_Moved, false);
+}
+
+void CDialogWindow::LieOver(QWidget* below)
+{
+    winId();
+    QWindow* const window = below ? below->windowHandle() : nullptr;
+    // A message box may have come up over the dialog while that was hidden.
+    const bool isAbove = window && windowHandle()->isAncestorOf(window, QWindow::IncludeTransients);
+    if (below == this || isAbove)
+        return;
+    m_below = below;
+    windowHandle()->setTransientParent(window);
+}
+
+void CDialogWindow::ShowWindow(bool visible)
+{
+    // Shown to Qt alone, a hidden dialog is modal without a window on the screen.
+    const bool unseen = !visible && isModal();
+    if (IsOnScreen() == visible && isVisible() == (visible || unseen))
+        return;
+    hide();
+    if (visible || unseen) {
+        // A modal dialog would keep input from a window that does not lie over it.
+        const bool overParent = parentWidget() && !QApplication::activeModalWidget();
+        LieOver(overParent ? parentWidget()->window() : GetParentWindow());
+    }
+    setAttribute(Qt::WA_DontShowOnScreen, unseen);
+    setVisible(visible || unseen);
+}
+
+void CDialogWindow::SetWindowModal(bool modal)
+{
+    hide();
+    setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    ShowWindow(false);
+}
+
+void CDialogWindow::SetWindowCaption(const CStr& caption)
+{
+    setWindowTitle(ToQString(caption));
+}
+
+void CDialogWindow::AddControl(int number, QWidget& control, QWidget* label)
+{
+    m_controls[number] = {&control, label ? label : &control, {}};
+}
+
+void CDialogWindow::SetControlText(int control, const CStr& text)
+{
+    const auto found = m_controls.find(control);
+    if (found == m_controls.end())
+        return;
+    SControl& entry = found->second;
+    const QString shown = ToQString(text);
+    const bool isLabel = entry.label != entry.control;
+    entry.label->setProperty("text", isLabel ? AddMnemonic(entry, shown) : shown);
+}
+
+QString CDialogWindow::AddMnemonic(SControl& control, const QString& text) const
+{
+    control.mnemonic = {};
+    QString marked = text;
+    for (qsizetype i = 0; i < text.size() && control.mnemonic.isNull(); ++i) {
+        const QChar letter = text[i].toLower();
+        bool isFree = letter.isLetterOrNumber() && !text.contains(QLatin1Char('&'));
+        for (const auto& [number, other] : m_controls)
+            isFree = isFree && other.mnemonic != letter;
+        if (isFree) {
+            control.mnemonic = letter;
+            marked.insert(i, QLatin1Char('&'));
+        }
+    }
+    return marked;
+}
+
+void CDialogWindow::EnableControl(int control, bool enable)
+{
+    const auto found = m_controls.find(control);
+    if (found == m_controls.end())
+        return;
+    QWidget& widget = *found->second.control;
+    widget.setEnabled(enable);
+    if (enable && !focusWidget() && widget.focusPolicy() != Qt::NoFocus)
+        widget.setFocus();
+}
+
+} // namespace CommonUI

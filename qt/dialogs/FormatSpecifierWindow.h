@@ -1,0 +1,57 @@
+#pragma once
+
+#include "../../dialogs/FormatSpecifierDlg.h"
+#include "DialogWindow.h"
+
+class QComboBox;
+
+namespace CommonUI
+{
+
+class CNumericEditWidget;
+
+/// The window of the format dialog. CQtFormatSpecifierDlg has one of its own. If the window goes first, the
+/// dialog is cancelled.
+class COMMONUIQT_API CFormatSpecifierWindow : public CDialogViewWindow<CFormatSpecifierView>
+{
+    Q_OBJECT
+
+public:
+    /// @param parent see CDialogWindow
+    explicit CFormatSpecifierWindow(QWidget* parent = nullptr);
+    ~CFormatSpecifierWindow() override;
+
+    /// Shows a dialog, which is not open, with its edit field. It is not owned; either may go first.
+    void Attach(CFormatSpecifierDlg& dialog);
+
+    void SetItems(const std::vector<SFormatItem>& items) override;
+    void SelectItem(std::optional<std::size_t> index) override;
+    std::optional<std::size_t> GetSelectedItem() const override;
+
+    QComboBox& GetList() noexcept { return *m_list; }
+    CNumericEditWidget& GetCountWidget() noexcept { return *m_count; }
+
+private:
+    void LayOut();
+
+    QComboBox* m_list;
+    CNumericEditWidget* m_count;
+};
+
+/// The format dialog with its window.
+class COMMONUIQT_API CQtFormatSpecifierDlg : public CFormatSpecifierDlg
+{
+public:
+    /// @param parent the dialog lies over the window of this widget, or over the one that the user works in
+    ///     when it is null
+    explicit CQtFormatSpecifierDlg(const CParameter& parameter, QWidget* parent = nullptr);
+    ~CQtFormatSpecifierDlg() override;
+
+    /// Null once the parent has been destroyed, with which the window goes.
+    CFormatSpecifierWindow* GetWindow() const { return m_window; }
+
+private:
+    QPointer<CFormatSpecifierWindow> m_window;
+};
+
+} // namespace CommonUI

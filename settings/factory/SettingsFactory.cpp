@@ -1,0 +1,119 @@
+#include "settings/factory/SettingsFactory.h"
+
+#include "common/StringTable.h"
+#include "platform/MessageBoxService.h"
+#include "settings/catalogue/BuiltInSettingText.h"
+#include "settings/factory/detail/SettingsFiles.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+std::unique_ptr<CSettingsFactory>& FactoryOfProcess()
+{
+    // Never destroyed, so that destructors of static objects may still ask.
+    static auto& factory = *new std::unique_ptr<CSettingsFactory>;
+    return factory;
+}
+
+} // namespace
+
+CSettingsFactory& GetSettingsFactory()
+{
+    std::unique_ptr<CSettingsFactory>& factory = FactoryOfProcess();
+    if (!factory)
+        factory = std::make_unique<CSettingsFactory>();
+    return *factory;
+}
+
+void CloseSettingsFactory()
+{
+    FactoryOfProcess().reset();
+}
+
+CSettingsFactory::~CSettingsFactory() = default;
+
+CSettings CSettingsFactory::GetSettings(int id, bool addToRecent)
+{
+    const SSettingsEntry* const item = FindDynamicItem(id);
+    if (!item)
+        return GenerateSettings(EBuiltInSetting{id}, addToRecent);
+    const SSettingsEntry entry = *item;
+    CSettings settings = LoadEntry(entry, addToRecent);
+    if (settings.GetEntryInfo() == SSettingsEntry::s_InvalidID)
+        AskToForget(entry);
+    return settings;
+}
+
+CSettings CSettingsFactory::GenerateSettings(EBuiltInSetting setting, bool addToRecent)
+{
+    if (!IsBuiltInSetting(static_cast<int>(setting))) {
+        WarnOfSettings(CStr::Format(u"No settings have the identifier %d", setting));
+        return {};
+    }
+    const SSettingsEntry entry(setting, GetSettingType(setting));
+    if (addToRecent)
+        AddToRecentItems(entry, 0);
+    return {entry, GetBuiltInSettingText(setting)};
+}
+
+void CSettingsFactory::AddToRecentItems(const SSettingsEntry& entry, unsigned index)
+{
+    const CRecentKey key(entry.m_IsFile, entry.m_IsFile ? index : static_cast<unsigned>(entry.m_BuiltIn));
+    std::deque<CRecentKey>& recent = m_recent[entry.m_Type];
+    std::erase(recent, key);
+    recent.push_front(key);
+    if (recent.size() > s_MaxRecentCount)
+        recent.pop_back();
+}
+
+bool CSettingsFactory::NewDynamicItem(SSettingsEntry& entry, bool addToRecent)
+{
+    std::vector<SSettingsEntry>& items = m_dynamicItems[entry.m_Type];
+    const auto next = static_cast<unsigned>(items.size());
+    const auto [place, isNew] = m_indices[entry.m_Type].try_emplace({entry.m_Name, entry.m_File}, next);
+    const unsigned index = place->second;
+    if (isNew) {
+        entry.m_ID = static_cast<std::int32_t>(GetNewID());
+        items.push_back(entry);
+        // Only now: the indices of the items stay what they are.
+        if (entry.m_Type == ESettingType::Unknown)
+            return false;
+    } else {
+        entry = items[index];
+    }
+    if (addToRecent)
+        AddToRecentItems(entry, index);
+    return true;
+}
+
+const SSettingsEntry* CSettingsFactory::FindDynamicItem(int id) const
+{
+    for (const auto& [type, items] : m_dynamicItems) {
+        const auto found = std::ranges::lower_bound(items, id, {}, &SSettingsEntry::m_ID);
+        if (found != items.end() && *found == id)
+            return &*found;
+    }
+    return nullptr;
+}
+
+/// Takes an unreadable file out of the recent list of its type, if the user agrees.
+void CSettingsFactory::AskToForget(const SSettingsEntry& entry)
+{
+    const CRecentKey key(true, m_indices[entry.m_Type].at({entry.m_Name, entry.m_File}));
+    std::deque<CRecentKey>& recent = m_recent[entry.m_Type];
+    const bool isRecent = std::ranges::find(recent, key) != recent.end();
+    constexpr int removeQuestion = 10051;
+    constexpr int refreshQuestion = 10052;
+    const CStr text = CStr::Format(GetString(isRecent ? removeQuestion : refreshQuestion), entry.m_File);
+    const SMessageBox box{text, MessageBoxStyle::c_yesNo | MessageBoxStyle::c_warning};
+    if (GetMessageBoxService().Show(box) == EMessageBoxAnswer::Yes)
+        std::erase(recent, key);
+}
+
+} // namespace CommonUI

@@ -1,0 +1,149 @@
+#include "settings/factory/detail/SettingsFiles.h"
+#include "settings/factory/SettingsFactory.h"
+
+namespace CommonUI
+{
+
+namespace
+{
+
+using CTree = CSettingsFactory::CTree;
+
+CTree MakeNode(const CStr& text, int id = SSettingsEntry::s_InvalidID)
+{
+    return CTree({text, id});
+}
+
+CTree MakeHeading(ESettingCategory category)
+{
+    return MakeNode(GetSettingCategoryEnum().GetFriendlyString(static_cast<int>(category)));
+}
+
+CTree MakeLeaf(const SSettingsEntry& entry)
+{
+    return MakeNode(entry.m_Name, entry.m_ID);
+}
+
+void AddUnlessEmpty(CTree heading, std::vector<CTree>& trees)
+{
+    if (!heading.IsLeaf())
+        trees.push_back(std::move(heading));
+}
+
+} // namespace
+
+std::vector<CTree> CSettingsFactory::GetTree(ESettingType type, bool withRecent)
+{
+    std::vector<CTree> trees;
+    if (withRecent)
+        AddRecentItems(type, trees);
+    AddCustomItems(type, trees);
+    AddQuickLaunchItems(type, trees);
+    AddExampleItems(type, trees);
+    return trees;
+}
+
+std::vector<CTree> CSettingsFactory::GetTree(ESettingType type, ESettingCategory category)
+{
+    std::vector<CTree> trees;
+    switch (category) {
+    case ESettingCategory::All:
+        return GetTree(type, true);
+    case ESettingCategory::Recent:
+        AddRecentItems(type, trees);
+        break;
+    case ESettingCategory::Custom:
+        AddCustomItems(type, trees);
+        break;
+    case ESettingCategory::QuickLaunch:
+        AddQuickLaunchItems(type, trees);
+        break;
+    case ESettingCategory::Example:
+        AddExampleItems(type, trees);
+        break;
+    }
+    return trees;
+}
+
+std::vector<CTree> CSettingsFactory::GetTree(ESettingType type, const CStr& folder, const CStr& masks)
+{
+    std::vector<CTree> trees;
+    GetTree_RecursiveAdd(type, FindFilesBelow(folder, masks), trees);
+    return trees;
+}
+
+std::vector<CTree> CSettingsFactory::GetTree(const SParseInfo& info)
+{
+    std::vector<CTree> trees;
+    trees.reserve(info.entries.size());
+    for (SSettingsEntry entry : info.entries) {
+        if (entry.m_IsFile)
+            NewDynamicItem(entry, false);
+        trees.push_back(MakeLeaf(entry));
+    }
+    return trees;
+}
+
+bool CSettingsFactory::AddRecentItems(ESettingType type, std::vector<CTree>& trees) const
+{
+    CTree heading = MakeHeading(ESettingCategory::Recent);
+    if (const auto recent = m_recent.find(type); recent != m_recent.end()) {
+        for (const auto& [isFile, number] : recent->second)
+            heading.GetChildren().push_back(
+                MakeLeaf(isFile ? m_dynamicItems.at(type)[number]
+                                : SSettingsEntry(static_cast<EBuiltInSetting>(number), type)));
+    }
+    AddUnlessEmpty(std::move(heading), trees);
+    return true;
+}
+
+bool CSettingsFactory::AddCustomItems(ESettingType type, std::vector<CTree>& trees)
+{
+    const SSettingsFiles* const files = FindSettingsFiles(type);
+    if (!files)
+        return false;
+    CTree heading = MakeHeading(ESettingCategory::Custom);
+    heading.GetChildren() = GetTree(type, GetCustomSettingsFolder(), GetMasks(*files));
+    AddUnlessEmpty(std::move(heading), trees);
+    return true;
+}
+
+bool CSettingsFactory::AddQuickLaunchItems(ESettingType type, std::vector<CTree>& trees)
+{
+    CTree heading = MakeHeading(ESettingCategory::QuickLaunch);
+    for (const SBuiltInSettingGroup& group : GetBuiltInSettingGroups()) {
+        if (group.type != type)
+            continue;
+        CTree below = MakeNode(group.headingId != 0 ? GetString(group.headingId) : CStr());
+        std::vector<CTree>& leaves = group.headingId != 0 ? below.GetChildren() : heading.GetChildren();
+        for (int number = group.first; number <= group.last; ++number)
+            leaves.push_back(MakeLeaf({EBuiltInSetting{number}, type}));
+        AddUnlessEmpty(std::move(below), heading.GetChildren());
+    }
+    AddUnlessEmpty(std::move(heading), trees);
+    return true;
+}
+
+bool CSettingsFactory::AddExampleItems(ESettingType, std::vector<CTree>&)
+{
+    return true;
+}
+
+void CSettingsFactory::GetTree_RecursiveAdd(ESettingType type, const CSimpleTree<CStr>& folderTree,
+                                            std::vector<CTree>& trees)
+{
+    trees.reserve(trees.size() + folderTree.GetChildren().size());
+    for (const CSimpleTree<CStr>& node : folderTree.GetChildren()) {
+        if (node.IsLeaf()) {
+            SSettingsEntry entry(node.GetValue(), type);
+            NewDynamicItem(entry, false);
+            trees.push_back(MakeLeaf(entry));
+        } else {
+            CTree below = MakeNode(node.GetValue());
+            GetTree_RecursiveAdd(type, node, below.GetChildren());
+            trees.push_back(std::move(below));
+        }
+    }
+}
+
+} // namespace CommonUI

@@ -1,0 +1,25 @@
+#include "settings/preferences/PreferencesManager.h"
+
+namespace CommonUI
+{
+
+CBaseViewManager::~CBaseViewManager() = default;
+
+bool CPreferencesManager::Load(CInifile& ini)
+{
+    return m_data.Load(ini);
+}
+
+bool CPreferencesManager::Save(CInifile& ini)
+{
+    return m_data.Save(ini);
+}
+
+CPreferencesManager& GetPreferencesManager()
+{
+    // Never destroyed, so that destructors of static objects may still save.
+    static auto& manager = *new CPreferencesManager;
+    return manager;
+}
+
+} // namespace CommonUI

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "../../common/Enum.h"
+#include "../../common/ini/Inifile.h"
+#include "../../export/Export.h"
+
+namespace CommonUI
+{
+
+/// On which side of the threshold plane grains lie.
+enum class EGrainSide {
+    Particles = 0, ///< points at or above it
+    Pores = 1      ///< points below it
+};
+
+/// How the height of the threshold plane is found.
+enum class EGrainThreshold {
+    Absolute = 0,   ///< a height
+    Relative = 1,   ///< a share of the way from the lowest point to the highest
+    Percentile = 2, ///< the height below which a share of the points lies
+    Otsu = 3        ///< the height that parts the points into the two most compact classes (Otsu 1979)
+};
+
+/// The sides and thresholds with the names under which they are stored.
+COMMONUI_API const CEnum<EGrainSide>& GetGrainSideEnum();
+COMMONUI_API const CEnum<EGrainThreshold>& GetGrainThresholdEnum();
+
+/// What the particle and pore analysis looks for. The stored form, and how a threshold is found in a surface,
+/// are described in docs/grain-threshold-settings.md, what a grain is in docs/grain-measures.md.
+struct COMMONUI_API SGrainThresholdSettings {
+    EGrainSide side = EGrainSide::Particles;
+    EGrainThreshold threshold = EGrainThreshold::Relative;
+    /// Absolute: in m. Relative and Percentile: 0 to 100 percent. Otsu: means nothing.
+    double value = 50;
+    double minimumArea = 0;        ///< in m²; smaller grains are left out
+    int minimumPoints = 1;         ///< grains of fewer points are left out
+    bool includeEdgeGrains = true; ///< those cut off by the border of the surface
+
+    /// Reads the section "GrainThreshold" of a set, which replaces these settings.
+    /// @return false, with the reason in the diagnostics and these settings unchanged, for an unusable set
+    bool Load(CInifile& ini);
+    /// Writes the section "GrainThreshold" in place of what is in it. Both leave the current section
+    /// selected.
+    void Save(CInifile& ini) const;
+
+    friend bool operator==(const SGrainThresholdSettings&, const SGrainThresholdSettings&) = default;
+};
+
+} // namespace CommonUI
