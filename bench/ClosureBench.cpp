@@ -14,7 +14,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// A subscriber, to be called directly through its virtual function or through a signal.
+// A subscriber, to be called directly through its virtual function or through a signal.
 class CListener
 {
 public:
@@ -40,7 +40,7 @@ public:
     void OnVirtual() override { --m_count; }
 };
 
-/// What a program would write if nobody ever unsubscribed: a list of the listeners.
+// What a program would write if nobody ever unsubscribed: a list of the listeners.
 class CBareListeners
 {
 public:
@@ -55,7 +55,7 @@ private:
     std::vector<CListener*> m_listeners;
 };
 
-/// The same with closures, which do not ask the listener's class for a common base.
+// The same with closures, which do not ask the listener's class for a common base.
 class CBareClosures
 {
 public:
@@ -106,7 +106,7 @@ private:
     sigc::signal<void()> m_signal;
 };
 
-/// @tparam TMutex signals2::mutex as by default, or dummy_mutex for use on one thread
+// @tparam TMutex signals2::mutex as by default, or dummy_mutex for use on one thread
 template<class TMutex>
 class CBoost
 {
@@ -147,7 +147,7 @@ void Call(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-/// One subscriber comes to a list with others, and the oldest of a ring of 16 goes.
+// One subscriber comes to a list with others, and the oldest of a ring of 16 goes.
 template<class TSignal>
 void SubscribeAndUnsubscribe(benchmark::State& state)
 {

@@ -15,7 +15,7 @@ using namespace CommonUI::Analysis;
 namespace
 {
 
-/// A tilted staircase under waves and noise, one of fifty points missing.
+// A tilted staircase under waves and noise, one of fifty points missing.
 const SSurface& GetSurface()
 {
     static const SSurface s_surface = [] {
@@ -36,7 +36,7 @@ const SSurface& GetSurface()
     return s_surface;
 }
 
-/// What one would write first: the window's heights collected and partly sorted anew at each point.
+// What one would write first: the window's heights collected and partly sorted anew at each point.
 SSurface FilterMedianPlainly(const SSurface& surface, const SMedianFilter& filter)
 {
     SSurface filtered = surface;

@@ -38,7 +38,7 @@ SSurface MakeNoise(std::size_t size)
     });
 }
 
-/// A sum of waves in all directions, each 20 to 60 points long.
+// A sum of waves in all directions, each 20 to 60 points long.
 SSurface MakeSmooth(std::size_t size)
 {
     struct SWave {
@@ -65,7 +65,7 @@ SSurface MakeChecks(std::size_t size)
     return MakeSurface(size, [](std::size_t x, std::size_t y) { return (x + y) % 2 == 0 ? 1e-7 : -1e-7; });
 }
 
-/// Square rings, joined into one spiral a point wide.
+// Square rings, joined into one spiral a point wide.
 SSurface MakeSpiral(std::size_t size)
 {
     return MakeSurface(size, [size](std::size_t x, std::size_t y) {
@@ -75,10 +75,10 @@ SSurface MakeSpiral(std::size_t size)
     });
 }
 
-/// The values of a column of many grains, so that a run of all quantities fits in memory with any pattern.
+// The values of a column of many grains, so that a run of all quantities fits in memory with any pattern.
 constexpr std::string_view c_fewKeys[] = {"AreaExHoles", "Perimeter", "MaxFeret", "NearestNeighbourDist"};
 
-/// Time is that of all threads together, as others may use the machine at the same time.
+// Time is that of all threads together, as others may use the machine at the same time.
 void ReportPoints(benchmark::State& state, const SSurface& surface, std::size_t grains)
 {
     const auto points = static_cast<double>(surface.heights.size());
@@ -96,7 +96,7 @@ void Find(benchmark::State& state, CMake make)
     ReportPoints(state, surface, count);
 }
 
-/// A bare loop over the points, to compare with.
+// A bare loop over the points, to compare with.
 void Threshold(benchmark::State& state, CMake make)
 {
     const SSurface surface = make(static_cast<std::size_t>(state.range(0)));

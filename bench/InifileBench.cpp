@@ -47,7 +47,7 @@ std::string Content(int keys)
     return bytes;
 }
 
-/// The content as a file, removed at the end.
+// The content as a file, removed at the end.
 class CContentFile
 {
 public:
@@ -66,7 +66,7 @@ private:
     std::filesystem::path m_path;
 };
 
-/// The narrow names and their UTF-16 forms of all keys that hold a real number.
+// The narrow names and their UTF-16 forms of all keys that hold a real number.
 struct SName {
     std::string section;
     std::string key;
@@ -167,7 +167,7 @@ void LoadFile_SimpleIni(benchmark::State& state)
     }
 }
 
-/// One read of a real number of the current section.
+// One read of a real number of the current section.
 void ReadDouble_Inifile(benchmark::State& state)
 {
     CInifile ini;
@@ -181,7 +181,7 @@ void ReadDouble_Inifile(benchmark::State& state)
     }
 }
 
-/// The same with the section named anew for each read, from all over the file, as the others have it.
+// The same with the section named anew for each read, from all over the file, as the others have it.
 void SelectAndReadDouble_Inifile(benchmark::State& state)
 {
     CInifile ini;
@@ -242,7 +242,7 @@ void ReadInt_SimpleIni(benchmark::State& state)
         benchmark::DoNotOptimize(ini.GetLongValue("Preferences_Analysis0", key.c_str(), 0));
 }
 
-/// A changed value, then the bytes of the whole file.
+// A changed value, then the bytes of the whole file.
 void Save_Inifile(benchmark::State& state)
 {
     CInifile ini;

@@ -19,7 +19,7 @@ constexpr const char* c_formats[] = {"%.5f", "%6.3f",  "%9.2f", "%10.8f", "%7.5G
 
 constexpr std::size_t c_valueCount = 4096;
 
-/// Heights, areas and ratios as an analysis yields them: magnitudes from 1e-6 to 1e6, either sign.
+// Heights, areas and ratios as an analysis yields them: magnitudes from 1e-6 to 1e6, either sign.
 const std::vector<double>& Values()
 {
     static const std::vector<double> values = [] {
@@ -33,7 +33,7 @@ const std::vector<double>& Values()
     return values;
 }
 
-/// Calls `write` with one value after the other.
+// Calls `write` with one value after the other.
 template<class F>
 void ForEachValue(benchmark::State& state, F write)
 {
@@ -91,7 +91,7 @@ void OursInteger(benchmark::State& state, const char* format)
     });
 }
 
-/// As a cell of a result table, without the reading of the format.
+// As a cell of a result table, without the reading of the format.
 void OursText(benchmark::State& state, const char* format)
 {
     ForEachValue(state, [parsed = Parsed(format)](double value) {
@@ -99,14 +99,14 @@ void OursText(benchmark::State& state, const char* format)
     });
 }
 
-/// The whole way: the format is read each time and a text comes out.
+// The whole way: the format is read each time and a text comes out.
 void OursFormat(benchmark::State& state, const char* format)
 {
     const CStr wide = CStr::FromAscii(format);
     ForEachValue(state, [&wide](double value) { benchmark::DoNotOptimize(CStr::Format(wide, value)); });
 }
 
-/// Each format with the C library and with the library, one line after the other.
+// Each format with the C library and with the library, one line after the other.
 const bool s_registered = [] {
     for (const char* format : c_formats) {
         const std::string name = std::string("Real/") + format;

@@ -19,7 +19,7 @@ public:
     long long sum = 0;
 };
 
-/// The value is set by the program: the edit's own cost without a window.
+// The value is set by the program: the edit's own cost without a window.
 void SetValue(benchmark::State& state)
 {
     CListener listener;
@@ -33,7 +33,7 @@ void SetValue(benchmark::State& state)
 }
 BENCHMARK(SetValue)->ArgName("listener")->Arg(0)->Arg(1);
 
-/// The user steps a value that a window shows.
+// The user steps a value that a window shows.
 void StepInWindow(benchmark::State& state)
 {
     CListener listener;

@@ -15,7 +15,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// The context that all measurements share.
+// The context that all measurements share.
 void MakeContext()
 {
     static std::string reason;
@@ -117,7 +117,7 @@ void Stack(benchmark::State& state)
     }
 }
 
-/// The question that stands in front of each trace.
+// The question that stands in front of each trace.
 void DisabledTrace(benchmark::State& state)
 {
     for (auto _ : state)

@@ -10,7 +10,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// What a file of all analyses with their defaults has.
+// What a file of all analyses with their defaults has.
 std::string FileBytes()
 {
     CInifile ini;
@@ -19,7 +19,7 @@ std::string FileBytes()
     return ini.GetBytes();
 }
 
-/// From the store, which has been read from the file.
+// From the store, which has been read from the file.
 void LoadAll(benchmark::State& state)
 {
     CInifile ini;
@@ -30,7 +30,7 @@ void LoadAll(benchmark::State& state)
         benchmark::DoNotOptimize(manager.Load(ini));
 }
 
-/// From the bytes of the file.
+// From the bytes of the file.
 void LoadAllOfFile(benchmark::State& state)
 {
     const std::string bytes = FileBytes();
@@ -44,7 +44,7 @@ void LoadAllOfFile(benchmark::State& state)
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes.size()));
 }
 
-/// To a store that has them already, as on every save but the first; every other time something has changed.
+// To a store that has them already, as on every save but the first; every other time something has changed.
 void SaveAll(benchmark::State& state)
 {
     CInifile ini;
@@ -58,7 +58,7 @@ void SaveAll(benchmark::State& state)
     }
 }
 
-/// To a new file, as bytes.
+// To a new file, as bytes.
 void SaveAllToFile(benchmark::State& state)
 {
     const CAnalysisPreferencesManager manager;
@@ -70,7 +70,7 @@ void SaveAllToFile(benchmark::State& state)
     }
 }
 
-/// An analysis with so many parameters made from templates.
+// An analysis with so many parameters made from templates.
 CRoughnessAnalysisPreferencesData DataWithInstances(std::int64_t count)
 {
     CRoughnessAnalysisPreferencesData data(EAnalysis::Roughness);
@@ -110,7 +110,7 @@ void SaveInstances(benchmark::State& state)
     CountParameters(state);
 }
 
-/// What a dialog does that sets its list again.
+// What a dialog does that sets its list again.
 void SetEqualInstances(benchmark::State& state)
 {
     CAnalysisPreferencesManager manager;

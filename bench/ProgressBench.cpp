@@ -9,7 +9,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// A dialog with what stands for a window.
+// A dialog with what stands for a window.
 class CRun : public CProgressRun<CProgressThreadDialog>
 {
 public:
@@ -19,7 +19,7 @@ private:
     CMemoryProgressView m_view;
 };
 
-/// The user interface is at something else all the time, and handles no message.
+// The user interface is at something else all the time, and handles no message.
 void ReportToHangingInterface(benchmark::State& state)
 {
     CRun run;
@@ -38,7 +38,7 @@ void ReportToHangingInterface(benchmark::State& state)
 }
 BENCHMARK(ReportToHangingInterface)->ArgName("text")->Arg(0)->Arg(1)->UseRealTime();
 
-/// The user interface handles reports as fast as it can.
+// The user interface handles reports as fast as it can.
 void ReportToBusyInterface(benchmark::State& state)
 {
     CRun run;
@@ -51,7 +51,7 @@ void ReportToBusyInterface(benchmark::State& state)
 }
 BENCHMARK(ReportToBusyInterface)->ArgName("text")->Arg(0)->Arg(1)->UseRealTime();
 
-/// What a report would cost if each one were a message with its own text.
+// What a report would cost if each one were a message with its own text.
 void MessageForEachReport(benchmark::State& state)
 {
     CRun run;

@@ -21,7 +21,7 @@ namespace
 constexpr int c_columns = 20;
 constexpr SSize c_window{1600, 900};
 
-/// Draws nothing, but looks at what it is given.
+// Draws nothing, but looks at what it is given.
 class CNullPainter final : public CGridPainter
 {
 public:
@@ -47,7 +47,7 @@ private:
     static void Count(SRect rect) { benchmark::DoNotOptimize(rect); }
 };
 
-/// Tables are built once and shared by the benchmarks.
+// Tables are built once and shared by the benchmarks.
 CGrid& TableOf(benchmark::State& state)
 {
     static std::map<std::int64_t, std::unique_ptr<CGrid>> tables;
@@ -82,7 +82,7 @@ void Open(benchmark::State& state)
     state.counters["texts"] = static_cast<double>(painter.texts) / static_cast<double>(state.iterations());
 }
 
-/// What a view does at its opening that keeps all cells of its own.
+// What a view does at its opening that keeps all cells of its own.
 void OpenByBuildingAllCells(benchmark::State& state)
 {
     const CGrid& table = TableOf(state);

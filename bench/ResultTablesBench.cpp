@@ -39,7 +39,7 @@ CGrid::CCells MakeTable(std::size_t rows)
     return table;
 }
 
-/// Tables are built once and shared by the benchmarks.
+// Tables are built once and shared by the benchmarks.
 const CGrid::CCells& TableOf(benchmark::State& state)
 {
     static std::map<std::int64_t, CGrid::CCells> tables;
@@ -122,7 +122,7 @@ void HtmlByAppending(benchmark::State& state)
     CountCells(state, room);
 }
 
-/// Values of the size that results have, in all decades that the formatter tells apart.
+// Values of the size that results have, in all decades that the formatter tells apart.
 std::vector<double> ResultValues()
 {
     std::vector<double> values;
@@ -141,7 +141,7 @@ void ResultValue(benchmark::State& state)
     }
 }
 
-/// One of the formats that the formatter would choose, fixed.
+// One of the formats that the formatter would choose, fixed.
 void ResultValueBySnprintf(benchmark::State& state)
 {
     const std::vector<double> values = ResultValues();

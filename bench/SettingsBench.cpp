@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 namespace
 {
 
-/// A settings folder with so many filters among the custom settings, a hundred to a folder.
+// A settings folder with so many filters among the custom settings, a hundred to a folder.
 class CCustomFolder
 {
 public:
@@ -46,7 +46,7 @@ private:
     fs::path m_path;
 };
 
-/// The folder of so many files, made once: that takes longer than any walk.
+// The folder of so many files, made once: that takes longer than any walk.
 const CCustomFolder& UseFolder(std::int64_t files)
 {
     static std::map<std::int64_t, CCustomFolder> folders;
@@ -83,7 +83,7 @@ public:
     }
 };
 
-/// Once: the catalogue is built on first access.
+// Once: the catalogue is built on first access.
 void FirstAccessToCatalogue(benchmark::State& state)
 {
     for (auto _ : state)
@@ -99,7 +99,7 @@ void AllBuiltInTexts(benchmark::State& state)
     CountItems(state, static_cast<std::int64_t>(GetBuiltInSettingEnum().GetCount()));
 }
 
-/// What any walk over the files costs: names and kinds alone.
+// What any walk over the files costs: names and kinds alone.
 void BareWalk(benchmark::State& state)
 {
     const fs::path folder = UseFolder(state.range(0)).GetCustom();
@@ -112,7 +112,7 @@ void BareWalk(benchmark::State& state)
     CountItems(state, state.range(0));
 }
 
-/// The first menu of a run: every file gets its identifier.
+// The first menu of a run: every file gets its identifier.
 void FirstCustomTree(benchmark::State& state)
 {
     UseFolder(state.range(0));
@@ -144,7 +144,7 @@ void RecentUse(benchmark::State& state)
         factory.Use(paths[i++ % paths.size()]);
 }
 
-/// Four recent sets of every type.
+// Four recent sets of every type.
 CInifile FullRecentLists()
 {
     CInifile ini;
@@ -166,7 +166,7 @@ void LoadFactory(benchmark::State& state)
     }
 }
 
-/// To a store that has other lists.
+// To a store that has other lists.
 void SaveFactory(benchmark::State& state)
 {
     CInifile ini = FullRecentLists();

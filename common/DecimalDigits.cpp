@@ -38,7 +38,7 @@ constexpr std::array<char, 200> c_digitPairs = [] {
     return pairs;
 }();
 
-/// A finite double that is not negative, as mantissa * 2^exponent.
+// A finite double that is not negative, as mantissa * 2^exponent.
 struct SBinary {
     std::uint64_t mantissa;
     int exponent;
@@ -59,7 +59,7 @@ using COptionalInteger = std::optional<std::uint64_t>;
 #if defined(__SIZEOF_INT128__)
 __extension__ typedef unsigned __int128 CWide;
 
-/// value * 10^power, power from 0 to 27, rounded half to even; nothing when it needs more than 63 bits.
+// value * 10^power, power from 0 to 27, rounded half to even; nothing when it needs more than 63 bits.
 COptionalInteger RoundProduct(SBinary value, int power)
 {
     // At most 116 bits: 53 of the mantissa and 63 of 5^27. The factor 2^power joins the exponent.
@@ -89,8 +89,8 @@ COptionalInteger RoundProduct(SBinary, int)
 }
 #endif
 
-/// value / 10^power, power from 1 to 19, rounded half to even; nothing when value is beyond 63 bits or below
-/// one.
+// value / 10^power, power from 1 to 19, rounded half to even; nothing when value is beyond 63 bits or below
+// one.
 COptionalInteger RoundQuotient(SBinary value, int power)
 {
     if (value.exponent > 10 || value.exponent < -52)
@@ -123,7 +123,7 @@ struct SSignificantInteger {
     int exponent;
 };
 
-/// The first `count` digits of `value` as one integer, or nothing when it does not fit.
+// The first `count` digits of `value` as one integer, or nothing when it does not fit.
 std::optional<SSignificantInteger> RoundSignificant(SBinary value, int count)
 {
     if (count > 17)

@@ -29,7 +29,7 @@ void WriteToStandardError(const SDiagnosticLine& line)
 struct CDiagnostics::SState {
     std::mutex categoryMutex;
     std::set<CStr, std::less<>> enabled;
-    std::mutex sinkMutex; ///< not that of the categories: a sink may ask for them
+    std::mutex sinkMutex; // not that of the categories: a sink may ask for them
     CSink sink = WriteToStandardError;
 };
 

@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
     throw std::system_error(std::make_error_code(reason), what);
 }
 
-/// Throws the reason why a stream failed, as far as the system left it.
+// Throws the reason why a stream failed, as far as the system left it.
 [[noreturn]] void ThrowStreamError(const char* what)
 {
     const std::error_code left(errno, std::generic_category());
@@ -37,7 +37,7 @@ fs::path ToPath(const CStr& fileName)
     return fs::path(fileName.begin(), fileName.end());
 }
 
-/// Runs `work` and returns whether it came to its end; else why not.
+// Runs `work` and returns whether it came to its end; else why not.
 template<class TWork>
 bool Try(CStr& reason, TWork&& work)
 {
@@ -78,7 +78,7 @@ std::string ReadAll(const fs::path& path, std::size_t maximum)
     return bytes;
 }
 
-/// The file that is meant by a path that may be a symbolic link, also one that leads to nothing yet.
+// The file that is meant by a path that may be a symbolic link, also one that leads to nothing yet.
 fs::path FollowLinks(fs::path path)
 {
     constexpr int mostLinks = 40;
@@ -90,7 +90,7 @@ fs::path FollowLinks(fs::path path)
     return path;
 }
 
-/// A file of its own beside the target; it is removed unless it has taken the target's place.
+// A file of its own beside the target; it is removed unless it has taken the target's place.
 class CTemporary
 {
 public:

@@ -17,7 +17,7 @@ namespace
 
 using EKind = SFormatArg::EKind;
 
-/// The bits of an integer argument in the size of its own type.
+// The bits of an integer argument in the size of its own type.
 unsigned long long OwnBits(const SFormatArg& arg)
 {
     if (arg.GetKind() == EKind::Unsigned)
@@ -31,7 +31,7 @@ bool IsUnsignedConversion(char conversion)
     return conversion == 'u' || conversion == 'x' || conversion == 'X' || conversion == 'o';
 }
 
-/// The value of an argument for "*", within the limits of a width; zero for a text.
+// The value of an argument for "*", within the limits of a width; zero for a text.
 int StarValue(const SFormatArg& arg)
 {
     constexpr long long limit = c_formatLimit;
@@ -48,7 +48,7 @@ int StarValue(const SFormatArg& arg)
     }
 }
 
-/// The first `count` code units, or one less where that would cut a surrogate pair.
+// The first `count` code units, or one less where that would cut a surrogate pair.
 std::u16string_view Truncated(std::u16string_view text, std::size_t count)
 {
     if (count >= text.size())
@@ -90,7 +90,7 @@ public:
     }
 
 private:
-    /// @return false when an argument is missing
+    // @return false when an argument is missing
     bool PutDirective(const SFormatDirective& directive)
     {
         SNumberFormat format = directive.format;

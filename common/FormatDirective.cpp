@@ -67,7 +67,7 @@ bool Skip(std::u16string_view& rest, std::u16string_view text)
     return true;
 }
 
-/// A width or precision: zero where no digits stand.
+// A width or precision: zero where no digits stand.
 int ReadLimitedNumber(std::u16string_view& rest)
 {
     int number = 0;

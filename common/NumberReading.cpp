@@ -12,8 +12,8 @@ namespace CommonUI
 namespace
 {
 
-/// The trimmed text in narrow characters for std::from_chars, which wants no plus sign. Empty when it is no
-/// number for sure.
+// The trimmed text in narrow characters for std::from_chars, which wants no plus sign. Empty when it is no
+// number for sure.
 std::string NarrowNumber(std::u16string_view text)
 {
     text = TrimView(text);
@@ -30,7 +30,7 @@ std::string NarrowNumber(std::u16string_view text)
     return narrow;
 }
 
-/// Whether a number that no double holds is too great, not too small: where its first digit stands tells.
+// Whether a number that no double holds is too great, not too small: where its first digit stands tells.
 bool IsHuge(std::string_view number)
 {
     const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());

@@ -19,11 +19,11 @@ namespace
 {
 
 constexpr std::size_t c_fewCharacters = 16;
-/// More than an integer's digits in any base with sign and prefix.
+// More than an integer's digits in any base with sign and prefix.
 constexpr std::size_t c_integerOverhead = 32 + c_fewCharacters;
-/// More than a double's digits before the point, its sign and point.
+// More than a double's digits before the point, its sign and point.
 constexpr std::size_t c_realOverhead = 312 + c_fewCharacters;
-/// More than the digits of an exponent: "e-308".
+// More than the digits of an exponent: "e-308".
 constexpr std::size_t c_exponentRoom = 8;
 
 bool IsCapital(char conversion)
@@ -131,7 +131,7 @@ void CNumberText::SetGeneral(double magnitude, const SNumberFormat& format, int 
         AppendExponent(found.exponent, IsCapital(format.conversion));
 }
 
-/// An integer conversion of a finite real number.
+// An integer conversion of a finite real number.
 void CNumberText::SetTruncated(double value, const SNumberFormat& format)
 {
     if (!IsIntegerConversion(format.conversion))
@@ -186,7 +186,7 @@ void CNumberText::SetInteger(unsigned long long magnitude, std::string_view sign
     Complete(sign, format, format.zeroPad && format.precision < 0);
 }
 
-/// Makes room for `length` characters and the width, with `margin` more to the right of where digits are put.
+// Makes room for `length` characters and the width, with `margin` more to the right of where digits are put.
 void CNumberText::Begin(const SNumberFormat& format, std::size_t length, std::size_t margin)
 {
     const std::size_t room = length + static_cast<std::size_t>(std::max(format.width, 0)) + margin;
@@ -211,7 +211,7 @@ void CNumberText::AppendZeros(int count)
     m_end = std::fill_n(m_end, count, '0');
 }
 
-/// Drops the zeros at the end of the decimals, and the point when nothing follows it.
+// Drops the zeros at the end of the decimals, and the point when nothing follows it.
 void CNumberText::DropZeros()
 {
     while (m_end[-1] == '0')
@@ -231,7 +231,7 @@ void CNumberText::AppendExponent(int exponent, bool capital)
     *m_end++ = static_cast<char>('0' + magnitude % 10);
 }
 
-/// Puts the prefix before the digits and fills the width.
+// Puts the prefix before the digits and fills the width.
 void CNumberText::Complete(std::string_view prefix, const SNumberFormat& format, bool padZeros)
 {
     const auto length = static_cast<std::size_t>(m_end - m_begin) + prefix.size();

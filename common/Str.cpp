@@ -26,7 +26,7 @@ void CopyUnits(char16_t* to, const char16_t* from, std::size_t count)
 
 } // namespace
 
-/// A reference-counted buffer; the code units follow the header.
+// A reference-counted buffer; the code units follow the header.
 struct CStr::SBuffer {
     std::atomic<std::size_t> references{1};
     std::size_t capacity;
@@ -93,7 +93,7 @@ void CStr::ReleaseBuffer() noexcept
     ::operator delete(buffer);
 }
 
-/// The header in front of a shared text's units.
+// The header in front of a shared text's units.
 CStr::SBuffer* CStr::Buffer() const noexcept
 {
     return reinterpret_cast<SBuffer*>(m_long.units) - 1;

@@ -11,7 +11,7 @@ namespace CommonUI
 namespace
 {
 
-/// The installed texts. A reader that has seen `settled` needs no lock: nothing changes any more.
+// The installed texts. A reader that has seen `settled` needs no lock: nothing changes any more.
 struct SInstalled {
     std::mutex mutex;
     bool settled = false;

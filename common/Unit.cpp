@@ -27,9 +27,9 @@ constexpr SEnumRow c_factorNames[] = {
     {.value = 12, .iniName = u"Giga", .textId = 9613}, {.value = 13, .iniName = u"Undefined", .textId = 9614},
 };
 
-/// How a factor is written: as a whole symbol for lengths, as a prefix for every other kind. Factors without
-/// a metric prefix are never offered for other kinds; their number keeps the text true if one is set all the
-/// same.
+// How a factor is written: as a whole symbol for lengths, as a prefix for every other kind. Factors without
+// a metric prefix are never offered for other kinds; their number keeps the text true if one is set all the
+// same.
 struct SFactorRow {
     double value;
     std::u16string_view length;
@@ -46,7 +46,7 @@ constexpr SFactorRow c_factors[] = {
     {1e9, u"Gm", u"G"},           {1.0, u"m", u""},
 };
 
-/// Further spellings that are understood but never written.
+// Further spellings that are understood but never written.
 struct SSpelling {
     std::u16string_view text;
     EUnitFactor factor;
@@ -68,7 +68,7 @@ constexpr SSpelling c_spellings[] = {
     {u"\"", EUnitFactor::Inch},
 };
 
-/// Symbols that take a metric prefix. Others, such as "min" or "px", are kinds of their own as they stand.
+// Symbols that take a metric prefix. Others, such as "min" or "px", are kinds of their own as they stand.
 constexpr std::u16string_view c_prefixable[] = {u"V",  u"A", u"N", u"Hz",  u"s",
                                                 u"Pa", u"J", u"W", u"rad", u"Ohm"};
 
@@ -88,7 +88,7 @@ bool IsOfInches(EUnitFactor factor)
     return std::ranges::find(c_inches, factor) != std::end(c_inches);
 }
 
-/// The factor of a metric prefix, or Undefined. The prefix may be written with "u" or the Greek mu for micro.
+// The factor of a metric prefix, or Undefined. The prefix may be written with "u" or the Greek mu for micro.
 EUnitFactor FactorOfPrefix(char16_t prefix)
 {
     if (prefix == u'u' || prefix == u'\u03BC')
@@ -102,7 +102,7 @@ EUnitFactor FactorOfPrefix(char16_t prefix)
     return EUnitFactor::Undefined;
 }
 
-/// The value as its shown digits say it, rounded like the text itself.
+// The value as its shown digits say it, rounded like the text itself.
 double RoundAsShown(double value, CUnit::SShownDigits shown)
 {
     // Longer than any double in fixed notation with up to 17 decimals.

@@ -14,7 +14,7 @@ unsigned char ByteAt(std::string_view bytes, std::size_t at)
     return static_cast<unsigned char>(bytes[at]);
 }
 
-/// The first position at or after `at` that is not within eight bytes of ASCII.
+// The first position at or after `at` that is not within eight bytes of ASCII.
 std::size_t SkipAscii(std::string_view bytes, std::size_t at)
 {
     for (; at + 8 <= bytes.size(); at += 8) {
@@ -26,8 +26,8 @@ std::size_t SkipAscii(std::string_view bytes, std::size_t at)
     return at;
 }
 
-/// What a lead byte promises: how many bytes follow, and the range of the first of them (which excludes
-/// overlong forms, surrogates and numbers beyond U+10FFFF). Unicode Standard, table 3-7.
+// What a lead byte promises: how many bytes follow, and the range of the first of them (which excludes
+// overlong forms, surrogates and numbers beyond U+10FFFF). Unicode Standard, table 3-7.
 struct SLead {
     unsigned following;
     unsigned char low;

@@ -11,7 +11,7 @@ namespace CommonUI
 namespace
 {
 
-/// Whether the text is one conversion of a real number, and text after it.
+// Whether the text is one conversion of a real number, and text after it.
 bool IsEditFormat(std::u16string_view format)
 {
     format = TrimView(format);

@@ -109,7 +109,7 @@ void CMemoryEditView::MoveCaret(std::size_t position, bool select)
         m_anchor = position;
 }
 
-/// Lets the user replace a part of the text.
+// Lets the user replace a part of the text.
 void CMemoryEditView::Replace(std::size_t from, std::size_t to, std::u16string_view text)
 {
     CStr changed = m_text.Left(from);

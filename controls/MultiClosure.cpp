@@ -64,13 +64,13 @@ void CMultiClosureBase::Unlink(SClosureEntry* entry) const noexcept
     (entry->next ? entry->next->previous : m_last) = entry->previous;
 }
 
-/// Whether this call or one around it is at the entry.
+// Whether this call or one around it is at the entry.
 bool CMultiClosureBase::CCall::IsAt(const SClosureEntry* entry) const noexcept
 {
     return m_current == entry || (m_outer && m_outer->IsAt(entry));
 }
 
-/// Frees an entry without subscriber that this call leaves, unless a call around it is still there.
+// Frees an entry without subscriber that this call leaves, unless a call around it is still there.
 void CMultiClosureBase::CCall::Release(SClosureEntry* entry) noexcept
 {
     if (m_outer && m_outer->IsAt(entry))

@@ -35,7 +35,7 @@ bool StartsWithWord(std::u16string_view text, std::u16string_view word)
     return true;
 }
 
-/// How much of the text may belong to a real number at its start.
+// How much of the text may belong to a real number at its start.
 std::size_t GetRealLength(std::u16string_view text)
 {
     const std::size_t start = CountSign(text, 0);

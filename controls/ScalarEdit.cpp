@@ -12,12 +12,12 @@ namespace CommonUI
 namespace
 {
 
-/// What a wheel sends for a notch.
+// What a wheel sends for a notch.
 constexpr int c_wheelNotch = 120;
-/// A notification is called for changes up to this depth.
+// A notification is called for changes up to this depth.
 constexpr int c_deepestNotification = 2;
 
-/// The quotient without the error of its division: 1.2 / 0.1 is 12.
+// The quotient without the error of its division: 1.2 / 0.1 is 12.
 double RoundQuotient(double quotient)
 {
     const double whole = std::round(quotient);
@@ -163,7 +163,7 @@ void CScalarEdit<T>::RefreshDisplay()
         ValueToWindowText();
 }
 
-/// Changes the value and shows it, also if that ends with an exception.
+// Changes the value and shows it, also if that ends with an exception.
 template<class T>
 void CScalarEdit<T>::Apply(T value, bool byUser)
 {

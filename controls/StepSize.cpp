@@ -13,12 +13,12 @@ namespace
 {
 
 struct SDecimal {
-    double mantissa = 1; ///< in [1, 10)
+    double mantissa = 1; // in [1, 10)
     int exponent = 0;
 };
 
-/// Takes a positive, finite number apart. Its shortest decimal form is exact where floor(log10(x)) is a
-/// matter of rounding.
+// Takes a positive, finite number apart. Its shortest decimal form is exact where floor(log10(x)) is a
+// matter of rounding.
 SDecimal Split(double number)
 {
     char text[40];
@@ -37,7 +37,7 @@ bool IsPositive(double number)
     return number > 0 && std::isfinite(number);
 }
 
-/// 10^exponent by repeated squaring; exact up to 22.
+// 10^exponent by repeated squaring; exact up to 22.
 double PowerOfTen(int exponent)
 {
     double result = 1;

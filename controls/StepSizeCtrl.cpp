@@ -122,14 +122,14 @@ void CStepSizeCtrl::OnHideTimer(CBaseTimer& timer)
         m_slideTimer.SetRunning(true);
 }
 
-/// A pop-up that has rested half way has no steps to catch up with.
+// A pop-up that has rested half way has no steps to catch up with.
 void CStepSizeCtrl::BeginSlide()
 {
     if (!m_slideTimer.IsRunning())
         m_lastTime = GetTimerService().GetTime();
 }
 
-/// Slides to where the pop-up should be by now. @return whether it is fully out or hidden
+// Slides to where the pop-up should be by now. @return whether it is fully out or hidden
 bool CStepSizeCtrl::Slide()
 {
     const std::uint64_t now = GetTimerService().GetTime();

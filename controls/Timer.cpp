@@ -11,7 +11,7 @@ namespace CommonUI
 namespace
 {
 
-/// The running timers. Never destroyed: destructors of static objects may still stop timers.
+// The running timers. Never destroyed: destructors of static objects may still stop timers.
 std::map<CTimerService::TIdentifier, CWinTimer*>& RunningTimers()
 {
     static auto& timers = *new std::map<CTimerService::TIdentifier, CWinTimer*>;

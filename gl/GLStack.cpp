@@ -29,11 +29,11 @@ constexpr auto c_setupProjection = Step(u"CGLStack::PushWindowCoord", u"SetupPro
 constexpr auto c_setupModelView = Step(u"CGLStack::PushWindowCoord", u"SetupModelView");
 constexpr auto c_pop = Step(u"CGLStack::Pop", u"CGLStack::Pop");
 
-/// What there is to know of a kind of records.
+// What there is to know of a kind of records.
 struct SKind {
-    CGLStack::SStackOperation record; ///< says nothing but its kind, so that all stacks can share it
-    std::u16string_view line;         ///< for the trace
-    int furtherPops;                  ///< how many records it stands above
+    CGLStack::SStackOperation record; // says nothing but its kind, so that all stacks can share it
+    std::u16string_view line;         // for the trace
+    int furtherPops;                  // how many records it stands above
 };
 
 constinit const SKind c_kinds[] = {
@@ -43,7 +43,7 @@ constinit const SKind c_kinds[] = {
     {CGLStack::SStackOperation(EStackOperation::soDepthMask), u"soDepthMask\n", 1},
 };
 
-/// Null for a kind that is unknown.
+// Null for a kind that is unknown.
 const SKind* FindKind(EStackOperation operation)
 {
     const auto index = static_cast<std::size_t>(operation);
@@ -71,7 +71,7 @@ void TraceStacks()
     COpenGLWrapper::DiagnoseOutputStacks();
 }
 
-/// Sinks and message boxes are the application's and may throw, which must not leave a destructor.
+// Sinks and message boxes are the application's and may throw, which must not leave a destructor.
 template<class F>
 void Contain(const F& function) noexcept
 {
@@ -98,8 +98,8 @@ void CGLStack::SDelete::operator()(const SStackOperation* record) const noexcept
         delete record;
 }
 
-/// The records that a push of several steps appends: unless it is closed they are undone, as if they had been
-/// put together on a stack of their own.
+// The records that a push of several steps appends: unless it is closed they are undone, as if they had been
+// put together on a stack of their own.
 class CGLStack::CGroup
 {
 public:
@@ -112,7 +112,7 @@ public:
     CGroup(const CGroup&) = delete;
     CGroup& operator=(const CGroup&) = delete;
 
-    /// Appends the record that stands above the others, and keeps them all.
+    // Appends the record that stands above the others, and keeps them all.
     bool Close(EStackOperation operation)
     {
         m_stack.Append(operation);

@@ -38,7 +38,7 @@ void SetupOrthographic(double fieldOfView, double zNear, double zFar, double wid
 constexpr Detail::SStep c_pixelPos4d{u"PixelPos4d", u"PixelPos4d", u"GLUtils"};
 constexpr Detail::SStep c_pixelPos4f{u"PixelPos4f", u"PixelPos4f", u"GLUtils"};
 
-/// @param setPosition calls the variant of glRasterPos
+// @param setPosition calls the variant of glRasterPos
 template<class SetPosition>
 bool SetPixelPosition(const Detail::SStep& step, double z, SetPosition setPosition)
 {

@@ -18,7 +18,7 @@ void WriteLine(std::u16string_view line)
     GetDiagnostics().Write({}, EDiagnosticLevel::Info, line);
 }
 
-/// Writes a text of the driver, if it gives one.
+// Writes a text of the driver, if it gives one.
 void WriteText(std::u16string_view format, const char* text)
 {
     if (text)

@@ -11,7 +11,7 @@ namespace CommonUI
 namespace
 {
 
-/// Made by the compiler, before any code runs, and without a destructor that does anything.
+// Made by the compiler, before any code runs, and without a destructor that does anything.
 union UNeverDestroyed {
     constexpr UNeverDestroyed()
         : wrapper()

@@ -35,7 +35,7 @@ constexpr SNamedNumber c_pixelTypes[] = {
 struct SAttribute {
     int number;
     std::u16string_view name;
-    std::span<const SNamedNumber> values{}; ///< empty where the value is a plain number
+    std::span<const SNamedNumber> values{}; // empty where the value is a plain number
 };
 
 constexpr SAttribute c_attributes[] = {

@@ -42,7 +42,7 @@ constexpr SNamedMask c_pixelTypes[] = {
     {1, u"PFD_TYPE_COLORINDEX"},
 };
 
-/// The names whose bits are set; a name without bits stands for the value 0.
+// The names whose bits are set; a name without bits stands for the value 0.
 CStr JoinNames(std::uint32_t value, std::span<const SNamedMask> names)
 {
     CStr text;

@@ -36,7 +36,7 @@ constexpr SAnalysisDefaults c_analyses[] = {
     {u"MeasureTools", 7372, false, false, u"nm", EPreprocessing::Plane},
 };
 
-/// A parameter or an output of an analysis.
+// A parameter or an output of an analysis.
 struct SQuantity {
     int value;
     std::u16string_view iniName;
@@ -233,7 +233,7 @@ std::span<const SQuantity> OutputsOf(EAnalysis analysis)
     }
 }
 
-/// Where a parameter starts to be shown, so that the numbers of a surface of some micrometres are readable.
+// Where a parameter starts to be shown, so that the numbers of a surface of some micrometres are readable.
 CUnit::EUnitFactor FactorOf(EDimension dimension)
 {
     switch (dimension) {
@@ -262,8 +262,8 @@ std::vector<CParameter> FromQuantities(std::span<const SQuantity> quantities)
     return list;
 }
 
-/// The image analysis has the areal parameters, the profile analysis those of profiles, and both have the
-/// plug-ins' entry and the number of points.
+// The image analysis has the areal parameters, the profile analysis those of profiles, and both have the
+// plug-ins' entry and the number of points.
 bool HasRoughnessParameter(EAnalysis analysis, ERough parameter)
 {
     if (parameter == ERough::PlugIn || parameter == ERough::Count)

@@ -28,7 +28,7 @@ const Detail::SAnalysisDefaults& DefaultsOf(EAnalysis analysis, std::u16string_v
     return *found;
 }
 
-/// The first entry of that number, or null.
+// The first entry of that number, or null.
 template<class TList>
 auto* FindIn(TList& list, int id)
 {

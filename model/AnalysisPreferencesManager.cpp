@@ -26,7 +26,7 @@ std::unique_ptr<CData> MakeData(EAnalysis analysis)
     return std::make_unique<CData>(analysis);
 }
 
-/// The object of the analysis in an array of all.
+// The object of the analysis in an array of all.
 template<class TArray>
 auto& At(TArray& data, EAnalysis analysis, std::u16string_view function)
 {
@@ -43,7 +43,7 @@ void SortByValue(std::vector<CParameter>& list)
     std::ranges::stable_sort(list, {}, &CParameter::GetValue);
 }
 
-/// Sorts `list` and answers whether it differs from `current`.
+// Sorts `list` and answers whether it differs from `current`.
 bool SortAndCompare(std::vector<CParameter>& list, std::vector<CParameter> current)
 {
     SortByValue(list);
@@ -51,8 +51,8 @@ bool SortAndCompare(std::vector<CParameter>& list, std::vector<CParameter> curre
     return !std::ranges::equal(list, current, CParameter::IsEqual);
 }
 
-/// Calls `visit` for every analysis with its section selected, which is `ini`'s with the analysis's name
-/// behind it.
+// Calls `visit` for every analysis with its section selected, which is `ini`'s with the analysis's name
+// behind it.
 template<class TVisit>
 bool ForAll(CInifile& ini, TVisit visit)
 {

@@ -20,7 +20,7 @@ inline constexpr int c_storedNumbers<ERoughnessPreprocessingOptions> = 4;
 namespace
 {
 
-/// Whether a statistic can have the value: a percentile lies between 0 and 100.
+// Whether a statistic can have the value: a percentile lies between 0 and 100.
 bool IsValueOf(const CParameter& statistic, double value)
 {
     return statistic != static_cast<int>(EStatistics::Fractile) || (value >= 0 && value <= 100);
@@ -28,7 +28,7 @@ bool IsValueOf(const CParameter& statistic, double value)
 
 } // namespace
 
-/// The stored values besides the lists, in two parts, because the lists stand between them in the file.
+// The stored values besides the lists, in two parts, because the lists stand between them in the file.
 struct CAnalysisPreferencesData::SStored {
     using CData = CAnalysisPreferencesData;
 

@@ -18,7 +18,7 @@ namespace
 constexpr std::u16string_view c_histogramNames[] = {u"_HistNumber", u"_HistArea", u"_HistVolume"};
 static_assert(std::size(c_histogramNames) == CParameter::c_histogramCount);
 
-/// What is stored of a histogram.
+// What is stored of a histogram.
 struct SStoredHistogram {
     bool minOn;
     double minVal;
@@ -38,7 +38,7 @@ SStoredHistogram StoredOf(const CParameter::SHistogramSetup& setup)
     return {setup.lowerOn, setup.range.GetLower(), setup.upperOn, setup.range.GetUpper(), setup.classCount};
 }
 
-/// The setup with what is stored of it replaced.
+// The setup with what is stored of it replaced.
 CParameter::SHistogramSetup SetupOf(const SStoredHistogram& stored, CParameter::SHistogramSetup setup)
 {
     setup.lowerOn = stored.minOn;
@@ -53,8 +53,8 @@ bool IsClassCount(int count)
     return count >= 1 && count <= CGrainAnalysisPreferencesData::c_mostClasses;
 }
 
-/// Calls `visit` with the name of each stored histogram of each quantity, its parameter and its index. Added
-/// parameters share their key with their quantity, so theirs are not stored.
+// Calls `visit` with the name of each stored histogram of each quantity, its parameter and its index. Added
+// parameters share their key with their quantity, so theirs are not stored.
 template<class TList, class TVisit>
 void ForEachHistogram(TList& parameters, TVisit visit)
 {

@@ -85,7 +85,7 @@ constexpr SEnumRow c_measureParameters[] = {
 };
 static_assert(std::size(c_measureParameters) == 70);
 
-/// Numbers from `first` to `last` share what the table says of them.
+// Numbers from `first` to `last` share what the table says of them.
 struct SDimensionRow {
     int first;
     int last;
@@ -120,7 +120,7 @@ constexpr SLimitsRow c_limits[] = {
     {62, 63, 0, c_none}, {64, 65, -180, 180}, {71, 71, 0, c_none},
 };
 
-/// The row whose numbers hold the parameter's, or null.
+// The row whose numbers hold the parameter's, or null.
 template<class TRows>
 auto FindRow(const TRows& rows, EMeasureParameters parameter)
 {

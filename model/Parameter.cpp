@@ -13,14 +13,14 @@ namespace
 using EDimension = CParameter::EDimension;
 using EUnitFactor = CUnit::EUnitFactor;
 
-/// Equal, or both no number.
+// Equal, or both no number.
 bool SameNumber(double a, double b)
 {
     return a == b || (a != a && b != b);
 }
 
-/// The unit of those axes that a dimension needs; the empty unit where they are of different kinds or none is
-/// needed.
+// The unit of those axes that a dimension needs; the empty unit where they are of different kinds or none is
+// needed.
 CUnit UnitOfAxes(EDimension dimension, const CUnit& x, const CUnit& y, const CUnit& z)
 {
     switch (dimension) {
@@ -42,7 +42,7 @@ CUnit UnitOfAxes(EDimension dimension, const CUnit& x, const CUnit& y, const CUn
     }
 }
 
-/// The text of a dimension in a unit that already has its factor.
+// The text of a dimension in a unit that already has its factor.
 CStr UnitText(EDimension dimension, const CUnit& unit)
 {
     if (dimension == EDimension::Angle)

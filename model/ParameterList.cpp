@@ -39,8 +39,8 @@ bool IsRoughness(EAnalysis analysis)
     return analysis == EAnalysis::Roughness || analysis == EAnalysis::RoughnessProfile;
 }
 
-/// The number below which no dynamic parameter's lies: the largest that the analysis's catalogue has ever
-/// used.
+// The number below which no dynamic parameter's lies: the largest that the analysis's catalogue has ever
+// used.
 int LargestCatalogueValue(EAnalysis analysis)
 {
     if (IsRoughness(analysis))
@@ -48,7 +48,7 @@ int LargestCatalogueValue(EAnalysis analysis)
     return analysis == EAnalysis::Measure ? 76 : 0;
 }
 
-/// The key of a catalogue entry; empty for analyses without a catalogue.
+// The key of a catalogue entry; empty for analyses without a catalogue.
 CStr CatalogueKey(EAnalysis analysis, int value)
 {
     if (IsRoughness(analysis))
@@ -87,7 +87,7 @@ void WriteFormat(const CParameter& parameter, CInifile& ini, const CStr& prefix)
     ini.WriteInt(prefix + c_size, format.count);
 }
 
-/// The value whose name a key has; `byDefault` where the key is missing or the name unknown.
+// The value whose name a key has; `byDefault` where the key is missing or the name unknown.
 template<class E>
 E ReadName(const CInifile& ini, const CStr& key, const CEnum<E>& names, E byDefault)
 {
@@ -172,7 +172,7 @@ void SaveDynamic(const CParameter& parameter, CInifile& ini, const CStr& prefix,
                   shortText == parameter.GetFriendlyString() ? CStr() : shortText);
 }
 
-/// What a plug-in's parameter says of itself; other parameters have it from their parent.
+// What a plug-in's parameter says of itself; other parameters have it from their parent.
 void ReadOwnDescription(CParameter& parameter, const CInifile& ini, const CStr& prefix)
 {
     const int dimension = ini.ReadInt(prefix + u"P_Dimension", static_cast<int>(parameter.GetDimension()));
@@ -186,7 +186,7 @@ void ReadOwnDescription(CParameter& parameter, const CInifile& ini, const CStr& 
         parameter.SetShortFriendlyString(ini.ReadText(prefix + u"ShortFriendlyName"));
 }
 
-/// The static parameter that a dynamic entry is an instance of, or null.
+// The static parameter that a dynamic entry is an instance of, or null.
 const CParameter* FindParent(std::span<const CParameter> parameters, const CInifile& ini, const CStr& prefix,
                              EAnalysis analysis)
 {
@@ -225,7 +225,7 @@ CParameter LoadDynamic(int value, const CParameter& parent, const CInifile& ini,
     return parameter;
 }
 
-/// The numbers of the entries that the current section really has: the stored count may say anything.
+// The numbers of the entries that the current section really has: the stored count may say anything.
 std::set<int> EntryNumbers(const CInifile& ini)
 {
     constexpr std::string_view start = "Dyn";

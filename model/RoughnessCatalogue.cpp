@@ -209,7 +209,7 @@ static_assert(IsUnique(&SRow::value));
 static_assert(IsUnique(&SRow::iniName));
 static_assert(std::ranges::max_element(c_rows, {}, &SRow::value)->value == ERoughnessParameters(143));
 
-/// The texts of a parameter follow from its number; the plug-ins' entry has the text of its standard.
+// The texts of a parameter follow from its number; the plug-ins' entry has the text of its standard.
 constexpr SEnumRow EnumRow(const SRow& row)
 {
     const int value = static_cast<int>(row.value);

@@ -21,7 +21,7 @@ CStr ValueText(const CParameter& variable)
     return CStr::Format(u"%.10G %s", value / unit.GetFactorValue(), unit.GetText());
 }
 
-/// The text with `values` in place of what its first parentheses hold.
+// The text with `values` in place of what its first parentheses hold.
 CStr WithValues(const CStr& text, const CStr& values)
 {
     const std::size_t open = text.Find(u'(');

@@ -23,7 +23,7 @@ CClipboard*& CurrentClipboard()
     return current;
 }
 
-/// The header has the same length whatever the places in it.
+// The header has the same length whatever the places in it.
 CStr MakeHeader(std::size_t startHtml, std::size_t startFragment, std::size_t endFragment,
                 std::size_t endHtml)
 {

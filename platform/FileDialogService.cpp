@@ -12,7 +12,7 @@ namespace
 
 CFileDialogService* s_service = nullptr;
 
-/// The text without its last part, if that has masks in brackets.
+// The text without its last part, if that has masks in brackets.
 CStr WithoutMasks(const CStr& text)
 {
     const std::size_t bracket = text.ReverseFind(u'(');

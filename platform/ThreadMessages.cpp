@@ -54,7 +54,7 @@ private:
 namespace
 {
 
-/// The queues of all threads that can be posted to.
+// The queues of all threads that can be posted to.
 class CThreadQueues
 {
 public:

@@ -8,14 +8,14 @@ namespace
 
 constexpr std::size_t npos = std::string_view::npos;
 
-/// The position behind the next `end` at or after `from`.
+// The position behind the next `end` at or after `from`.
 std::size_t Behind(std::string_view markup, std::string_view end, std::size_t from)
 {
     const std::size_t found = markup.find(end, from);
     return found == npos ? npos : found + end.size();
 }
 
-/// The position behind the ">" that ends a tag; one within quotes does not.
+// The position behind the ">" that ends a tag; one within quotes does not.
 std::size_t BehindTag(std::string_view markup, std::size_t from)
 {
     for (std::size_t at = from;;) {

@@ -34,7 +34,7 @@ constexpr SEnumRow c_categories[] = {
     {.value = 3, .iniName = u"Example", .textId = 10025},
 };
 
-/// As GetEnumOfRows; unknown numbers have the texts of the row `Fallback`, too.
+// As GetEnumOfRows; unknown numbers have the texts of the row `Fallback`, too.
 template<class E, const auto& Rows, E Fallback>
 const CEnum<E>& GetEnumWithFallbackRow()
 {

@@ -47,12 +47,12 @@ public:
         });
     }
 
-    /// The least difference of frequencies that the surface can tell apart.
+    // The least difference of frequencies that the surface can tell apart.
     double GetStep() const { return std::min(m_unitX, m_unitY); }
 
-    /// Between the frequencies of the transform by a quadratic spline, which smooths a little but, unlike
-    /// straight lines, does not draw the maximum to one of them.
-    /// @param x 0 up to the highest frequency that the points resolve
+    // Between the frequencies of the transform by a quadratic spline, which smooths a little but, unlike
+    // straight lines, does not draw the maximum to one of them.
+    // @param x 0 up to the highest frequency that the points resolve
     double GetPower(double x, double y) const
     {
         const double column = x / m_unitX;

@@ -11,7 +11,7 @@ namespace
 
 using CRun = CProgressRun<CQtProgressThreadDialog>;
 
-/// The window shows steps and texts, and repaints its bar, as fast as it can.
+// The window shows steps and texts, and repaints its bar, as fast as it can.
 void ReportToBusyWindow(benchmark::State& state)
 {
     CRun run;

@@ -21,7 +21,7 @@ using CGrid = CGridBaseOutputCtrl;
 namespace
 {
 
-constexpr int c_columns = 8; ///< beside the names of the rows
+constexpr int c_columns = 8; // beside the names of the rows
 constexpr QSize c_size(1000, 600);
 
 CStr CellText(std::int64_t row, int column)
@@ -29,7 +29,7 @@ CStr CellText(std::int64_t row, int column)
     return CStr::Format(u"%.4f", static_cast<double>(row * 7 + column) * 0.137);
 }
 
-/// Tables are built once and shared by the benchmarks.
+// Tables are built once and shared by the benchmarks.
 CGrid& TableOf(std::int64_t rows)
 {
     static std::map<std::int64_t, std::unique_ptr<CGrid>> tables;

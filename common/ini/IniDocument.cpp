@@ -26,7 +26,7 @@ std::uint32_t To32(std::size_t position)
     return static_cast<std::uint32_t>(position);
 }
 
-/// Calls `use` with a name as WTF-8. ASCII, as most names are, needs no copy for it: it is taken as it is.
+// Calls `use` with a name as WTF-8. ASCII, as most names are, needs no copy for it: it is taken as it is.
 template<class TUse>
 std::uint32_t WithName(std::u16string_view name, TUse&& use)
 {
@@ -54,7 +54,7 @@ bool IsSameName(std::string_view a, std::u16string_view ascii)
     return true;
 }
 
-/// How often each line end occurs.
+// How often each line end occurs.
 struct SLineEndCounts {
     std::size_t both = 0;
     std::size_t feed = 0;
@@ -73,8 +73,8 @@ struct SLineEndCounts {
     }
 };
 
-/// How much of the filler at the beginning of a file is about the file: comments up to the first blank line
-/// behind them, with it.
+// How much of the filler at the beginning of a file is about the file: comments up to the first blank line
+// behind them, with it.
 std::size_t FileCommentLength(std::string_view filler)
 {
     CLineEnds lineEnds(filler);
@@ -108,7 +108,7 @@ std::string CIniDocument::ToBytes() const
     return EncodeIni(m_encoding, m_mark, JoinLines(), m_tail);
 }
 
-/// Takes the text as all lines of the document. Sections keep their numbers.
+// Takes the text as all lines of the document. Sections keep their numbers.
 void CIniDocument::Parse(std::string text)
 {
     m_text = std::move(text);
@@ -135,8 +135,8 @@ void CIniDocument::Parse(std::string text)
     m_lineEnd = counts.GetMostFrequent();
 }
 
-/// Takes the line of the text as the one behind `after`, in `section` unless it is a header. Filler goes into
-/// the record of the filler before it. Returns the record.
+// Takes the line of the text as the one behind `after`, in `section` unless it is a header. Filler goes into
+// the record of the filler before it. Returns the record.
 std::uint32_t CIniDocument::AddRecord(std::size_t begin, CLineEnds::SLine ends, std::uint32_t section,
                                       std::uint32_t after)
 {
@@ -185,8 +185,8 @@ void CIniDocument::AddHeader(std::uint32_t line, const SIniLine& parts)
     section.lastHeader = line;
 }
 
-/// What the name would be if the blanks in front of the equals sign were no ornament, or were ornament; empty
-/// when there are none.
+// What the name would be if the blanks in front of the equals sign were no ornament, or were ornament; empty
+// when there are none.
 std::string_view CIniDocument::OtherNameOf(const SRecord& record) const
 {
     if (record.quoted || record.name == record.value - 1 || !IsBlank(m_text[record.value - 2]))
@@ -343,8 +343,8 @@ std::string_view CIniDocument::ValueOf(const SRecord& record) const
     return TrimBlanks(value);
 }
 
-/// The line of the key: one without ornament, else one with, else, if `otherNames`, the first one of that
-/// other name.
+// The line of the key: one without ornament, else one with, else, if `otherNames`, the first one of that
+// other name.
 template<class TUnit>
 std::uint32_t CIniDocument::FindLine(std::uint32_t section, std::basic_string_view<TUnit> key,
                                      bool otherNames) const
@@ -392,8 +392,8 @@ void CIniDocument::SetValue(std::uint32_t section, std::u16string_view key, std:
     CompactIfWasteful();
 }
 
-/// Keeps the name what it is: a quote at its beginning may find its partner in a new value, and when a value
-/// goes, blanks behind it may make ornament of blanks in front of the equals sign.
+// Keeps the name what it is: a quote at its beginning may find its partner in a new value, and when a value
+// goes, blanks behind it may make ornament of blanks in front of the equals sign.
 void CIniDocument::QuoteName(SRecord& record)
 {
     std::string text(TextOf(record));
@@ -413,8 +413,8 @@ void CIniDocument::AddKeyLine(std::uint32_t section, std::u16string_view key, st
     InsertLine(line, section, section == 0 && last == c_none ? SeparateFileComment() : last);
 }
 
-/// The line behind which the first key of the unnamed section goes: the comment about the file, which gets a
-/// record of its own, or c_none.
+// The line behind which the first key of the unnamed section goes: the comment about the file, which gets a
+// record of its own, or c_none.
 std::uint32_t CIniDocument::SeparateFileComment()
 {
     const std::uint32_t first = m_firstLine;
@@ -476,7 +476,7 @@ std::uint32_t CIniDocument::AddLine(std::string_view line, std::uint32_t section
     return section;
 }
 
-/// The section's last line, filler included; c_none for an unnamed section without lines.
+// The section's last line, filler included; c_none for an unnamed section without lines.
 std::uint32_t CIniDocument::LastLineOf(std::uint32_t section) const
 {
     std::uint32_t last = m_sections[section].last;
@@ -495,7 +495,7 @@ std::uint32_t CIniDocument::InsertLine(std::string_view line, std::uint32_t sect
     return AddRecord(begin, {begin + line.size(), m_text.size()}, section, after);
 }
 
-/// Only the last line of a file can lack its line end; it needs one when something is to follow.
+// Only the last line of a file can lack its line end; it needs one when something is to follow.
 void CIniDocument::EnsureLineEnd(std::uint32_t line)
 {
     if (line == c_none)

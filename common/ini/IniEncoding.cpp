@@ -14,7 +14,7 @@ namespace
 constexpr std::string_view c_utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view c_utf16Mark = "\xFF\xFE";
 
-/// The characters of the bytes 0x80 to 0x9F; the others stand for the character of the same number.
+// The characters of the bytes 0x80 to 0x9F; the others stand for the character of the same number.
 constexpr char16_t c_western[] = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,

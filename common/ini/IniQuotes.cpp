@@ -11,10 +11,10 @@ namespace CommonUI
 namespace
 {
 
-/// How many code units the character at `at` has when it may stand in the file as it is; 0 when not. Control
-/// characters and what else breaks lines may not, lest a line ends or an editor drops them, nor may a
-/// surrogate without its partner, which no reader would take, nor U+FEFF, which would be a byte order mark at
-/// the start of a file.
+// How many code units the character at `at` has when it may stand in the file as it is; 0 when not. Control
+// characters and what else breaks lines may not, lest a line ends or an editor drops them, nor may a
+// surrogate without its partner, which no reader would take, nor U+FEFF, which would be a byte order mark at
+// the start of a file.
 std::size_t PlainLength(std::u16string_view text, std::size_t at, EIniEncoding encoding)
 {
     const char16_t unit = text[at];
@@ -94,7 +94,7 @@ std::optional<char16_t> ParseHex4(std::string_view digits)
     return static_cast<char16_t>(value);
 }
 
-/// Appends what the backslash at `at` and what follows stand for, and returns where they end.
+// Appends what the backslash at `at` and what follows stand for, and returns where they end.
 std::size_t AppendUnescaped(std::u16string& text, std::string_view inner, std::size_t at)
 {
     constexpr std::string_view names = "\"\\nrt";

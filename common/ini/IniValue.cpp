@@ -20,7 +20,7 @@ namespace
 
 constexpr std::uint64_t c_plainNan = 0x7FF8000000000000;
 
-/// The text without a plus sign in front, which from_chars does not take.
+// The text without a plus sign in front, which from_chars does not take.
 std::string_view WithoutPlus(std::string_view text)
 {
     if (text.starts_with('+') && !text.starts_with("+-"))
@@ -50,7 +50,7 @@ bool EqualsAnyCase(std::string_view text, std::string_view lower)
     return std::equal(text.begin(), text.end(), lower.begin(), lower.end(), equals);
 }
 
-/// Calls `take` with each piece between the commas, without blanks; false as soon as it returns false.
+// Calls `take` with each piece between the commas, without blanks; false as soon as it returns false.
 template<class TTake>
 bool ForEachPiece(std::string_view stored, TTake&& take)
 {
@@ -83,8 +83,8 @@ std::string JoinNumbers(T... values)
     return stored;
 }
 
-/// The element that begins at `at`, which moves to the comma behind it or to the end; false when its quotes
-/// are not closed or something follows them.
+// The element that begins at `at`, which moves to the comma behind it or to the end; false when its quotes
+// are not closed or something follows them.
 bool ParseElement(std::string_view stored, std::size_t& at, CStr& element)
 {
     const std::size_t begin = SkipBlanks(stored, at);

@@ -51,7 +51,7 @@ void WarnUnreadable(const CStr& section, std::u16string_view key, std::string_vi
          FromWtf8(stored.substr(0, mostShown)) + u"\" cannot be read; its default is used");
 }
 
-/// Runs `work`, which returns whether it succeeded; when it ran out of memory, that is the reason why not.
+// Runs `work`, which returns whether it succeeded; when it ran out of memory, that is the reason why not.
 template<class TWork>
 bool WithinMemory(CStr& reason, TWork&& work)
 {

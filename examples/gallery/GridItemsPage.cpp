@@ -25,7 +25,7 @@ using namespace CommonUI;
 
 constexpr unsigned int c_resetImage = 1;
 
-/// A row for every kind of item. What the items call is written down.
+// A row for every kind of item. What the items call is written down.
 class CGridItemsPage : public QWidget
 {
 public:

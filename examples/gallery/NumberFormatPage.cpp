@@ -54,7 +54,7 @@ public:
         ShowFormat();
     }
 
-    /// Opens the dialog for the picture.
+    // Opens the dialog for the picture.
     void Open()
     {
         m_dialog = std::make_unique<CQtFormatSpecifierDlg>(m_parameter, this);

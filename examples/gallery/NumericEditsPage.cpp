@@ -17,7 +17,7 @@ namespace
 
 using namespace CommonUI;
 
-/// Writes down what an edit calls.
+// Writes down what an edit calls.
 class CListener
 {
 public:

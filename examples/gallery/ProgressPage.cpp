@@ -42,7 +42,7 @@ public:
         Add("On the &user-interface thread", [this] { WorkHere(); });
     }
 
-    /// Opens two dialogs for the picture, one of them cancelled.
+    // Opens two dialogs for the picture, one of them cancelled.
     void OpenTwo()
     {
         const QPoint bottom = mapToGlobal(rect().bottomLeft());
@@ -143,7 +143,7 @@ private:
     }
 
     FLog m_log;
-    CProgressThreadDialog* m_dialog = nullptr; ///< that runs
+    CProgressThreadDialog* m_dialog = nullptr; // that runs
     int m_steps = 0;
     std::unique_ptr<CQtProgressDialog> m_running;
     std::unique_ptr<CQtProgressDialog> m_cancelled;

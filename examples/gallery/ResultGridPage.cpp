@@ -24,7 +24,7 @@ using SCellInfo = CGrid::SCellInfo;
 constexpr int c_rows = 40;
 constexpr int c_manyRows = 1000000;
 
-/// Three tables as an analysis shows them: what was measured, the results, and their statistics.
+// Three tables as an analysis shows them: what was measured, the results, and their statistics.
 class CResultGridPage : public QWidget
 {
 public:

@@ -35,7 +35,7 @@ constexpr SSampleColumn c_columns[] = {
 
 using CValues = std::array<double, std::size(c_columns)>;
 
-/// Values as a ground surface may have them; heights grow together.
+// Values as a ground surface may have them; heights grow together.
 CValues MakeValues(int profile)
 {
     const auto about1 = [profile](double spread, double rate) {

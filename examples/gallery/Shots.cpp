@@ -28,7 +28,7 @@ QColor Mix(const QPalette& palette, int percentOfText)
             mix(ground.blue(), text.blue())};
 }
 
-/// What window managers draw, which a display in memory has none of.
+// What window managers draw, which a display in memory has none of.
 void DrawTitleBar(QPainter& painter, const QRect& place, const QWidget& dialog)
 {
     const int height = dialog.fontMetrics().height() * 3 / 2;
@@ -40,7 +40,7 @@ void DrawTitleBar(QPainter& painter, const QRect& place, const QWidget& dialog)
     painter.drawText(bar, Qt::AlignCenter, dialog.windowTitle());
 }
 
-/// The window with what lies over it: pop-ups and dialogs are windows of their own.
+// The window with what lies over it: pop-ups and dialogs are windows of their own.
 QPixmap Grab(QWidget& window)
 {
     QPixmap picture = window.grab();

@@ -11,7 +11,7 @@
 namespace
 {
 
-/// A help system that only tells what it is asked for.
+// A help system that only tells what it is asked for.
 class CHelpInLog : public CommonUI::CHelpService
 {
 public:

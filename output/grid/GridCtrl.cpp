@@ -84,7 +84,7 @@ bool CGridCtrl::IsShown(const CGridRow& row) const noexcept
     return row.m_place < m_shown.size() && m_shown[row.m_place] == &row;
 }
 
-/// Keeps the other rows in their places, so that a tree can be built row by row.
+// Keeps the other rows in their places, so that a tree can be built row by row.
 void CGridCtrl::SubRowAdded(CGridRow& row)
 {
     const CGridRow& parent = *row.m_parent;
@@ -113,7 +113,7 @@ void CGridCtrl::ItemsChanged()
     Redraw();
 }
 
-/// An editor follows its cell, and closes when there is none any more.
+// An editor follows its cell, and closes when there is none any more.
 void CGridCtrl::OnLayoutChanged()
 {
     if (!m_editing)

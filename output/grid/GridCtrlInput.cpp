@@ -80,7 +80,7 @@ bool CGridCtrl::ClickExpander(SGridCell cell, SPoint point)
     return true;
 }
 
-/// @return whether the item has used the click; the grid may be gone then
+// @return whether the item has used the click; the grid may be gone then
 bool CGridCtrl::ClickItem(unsigned int message, SPoint point, CGridItem& item)
 {
     const SRect rect = GetItemRect(item);
@@ -133,7 +133,7 @@ EGridCursor CGridCtrl::OnSetCursor(SPoint point) const
     return item ? item->OnSetCursor(point, GetItemRect(*item)) : CGridPane::OnSetCursor(point);
 }
 
-/// @return whether the item has used the key; the grid may be gone then
+// @return whether the item has used the key; the grid may be gone then
 bool CGridCtrl::UseKey(const SGridKey& key, CGridItem& item)
 {
     if (!item.IsEnabled())
@@ -145,7 +145,7 @@ bool CGridCtrl::UseKey(const SGridKey& key, CGridItem& item)
     return (key.key == EGridKey::Enter || key.key == EGridKey::F2) && BeginEdit();
 }
 
-/// Right opens the row that has the focus in its first column, Left closes it.
+// Right opens the row that has the focus in its first column, Left closes it.
 bool CGridCtrl::Expand(const SGridKey& key)
 {
     const SGridCell focus = GetSelection().GetFocus();

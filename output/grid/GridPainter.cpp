@@ -32,7 +32,7 @@ CStr NameOf(SColor color)
     return CStr::Format(u"#%02x%02x%02x", color.red, color.green, color.blue);
 }
 
-/// A word where something is out of the ordinary.
+// A word where something is out of the ordinary.
 std::u16string_view Where(bool condition, std::u16string_view word)
 {
     return condition ? word : std::u16string_view();

@@ -10,7 +10,7 @@ namespace CommonUI
 namespace
 {
 
-/// Beyond every view.
+// Beyond every view.
 constexpr int c_outside = 1 << 24;
 
 } // namespace

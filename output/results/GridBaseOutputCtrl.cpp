@@ -19,7 +19,7 @@ SCellInfo MakeCell(const CStr& text, std::uint32_t flags, std::int32_t columnSpa
     return {.text = text, .columnSpan = columnSpan, .flags = flags};
 }
 
-/// The next token of `rest`, which moves behind it; empty at the end.
+// The next token of `rest`, which moves behind it; empty at the end.
 std::u16string_view NextToken(std::u16string_view& rest, std::u16string_view delimiters)
 {
     rest.remove_prefix(std::min(rest.find_first_not_of(delimiters), rest.size()));
@@ -74,7 +74,7 @@ void CGridBaseOutputCtrl::AddResultsToGrid(const SEndResultCollection* collectio
         InsertTokenizableRow(item.CreateTokenizableString(blankColumns, GetColumnCount()), u"\t");
 }
 
-/// The names of the groups, each over its columns; columns without a group have an empty cell of their own.
+// The names of the groups, each over its columns; columns without a group have an empty cell of their own.
 CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::GroupRow() const
 {
     CRow row{MakeCell(CStr(), SCellInfo::ColumnHeader | SCellInfo::RowHeader)};

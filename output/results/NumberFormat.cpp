@@ -32,11 +32,11 @@ constexpr double c_minusInfinite = -1.7e37F;
 constexpr double c_notAvailable = 8.506e37;
 constexpr double c_integerLimit = 32767;
 
-/// More digits than anyone reads, and few enough for any memory.
+// More digits than anyone reads, and few enough for any memory.
 constexpr int c_largestCount = 99;
 
-/// The formats of one digit count: the first for magnitudes below 0.1, each next one for a decade more, the
-/// last for all larger magnitudes.
+// The formats of one digit count: the first for magnitudes below 0.1, each next one for a decade more, the
+// last for all larger magnitudes.
 struct SDigitsRow {
     int count;
     std::array<SNumberFormat, 11> formats;
@@ -83,7 +83,7 @@ std::u16string_view ZeroText(int digits)
                                       : zeros.substr(0, 3);
 }
 
-/// An exponent form without leading blanks and without leading zeros in its exponent.
+// An exponent form without leading blanks and without leading zeros in its exponent.
 CStr CleanExponent(std::string_view text)
 {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));

@@ -70,11 +70,11 @@ bool StartsWith(const CRow& row, SCellInfo::EFlag flag)
     return !row.empty() && row.front().Has(flag);
 }
 
-/// How a table divides into header rows and body rows.
+// How a table divides into header rows and body rows.
 struct SSections {
     std::size_t headerRows = 0;
     std::optional<std::size_t>
-        lastSubHeader; ///< the last row of the block of sub-headers below the header rows
+        lastSubHeader; // the last row of the block of sub-headers below the header rows
 
     explicit SSections(const CCells& cells)
     {
@@ -117,15 +117,15 @@ std::u16string_view BodyStyle(const SCellInfo& cell)
     return cell.Has(SCellInfo::RowHeader) ? u"style=\"text-align:left;\"" : u"style=\"text-align:right;\"";
 }
 
-/// Everything that the opening tag of a cell depends on.
+// Everything that the opening tag of a cell depends on.
 struct STag {
-    std::u16string_view element; ///< "TH" or "TD"
+    std::u16string_view element; // "TH" or "TD"
     std::u16string_view style;
     std::u16string_view cssClass;
     std::int32_t rowSpan;
     std::int32_t columnSpan;
 
-    /// The texts are literals, so that comparing where they stand is enough.
+    // The texts are literals, so that comparing where they stand is enough.
     bool operator==(const STag& other) const
     {
         return style.data() == other.style.data() && cssClass.data() == other.cssClass.data() &&
@@ -140,7 +140,7 @@ struct STag {
     }
 };
 
-/// Writes rows of a table. Neighbouring cells mostly have the same tag, so that its text is kept.
+// Writes rows of a table. Neighbouring cells mostly have the same tag, so that its text is kept.
 class CRowWriter
 {
 public:
@@ -197,8 +197,8 @@ private:
     CStr m_closing;
 };
 
-/// The alignment of a selected cell. The misspelt value is what other programs have always been given: it
-/// leaves the cell at the reader's default alignment.
+// The alignment of a selected cell. The misspelt value is what other programs have always been given: it
+// leaves the cell at the reader's default alignment.
 std::u16string_view SelectionStyle(bool header, bool rowName)
 {
     if (header)
@@ -206,8 +206,8 @@ std::u16string_view SelectionStyle(bool header, bool rowName)
     return rowName ? u"text-align:left;" : u"text-align:rigth;";
 }
 
-/// @param hasHeader whether the first row is that of the headers
-/// @param hasNames whether the first column is that of the row names
+// @param hasHeader whether the first row is that of the headers
+// @param hasNames whether the first column is that of the row names
 CStr SelectionHtml(const CCells& cells, bool hasHeader, bool hasNames)
 {
     CTextBuilder html;

@@ -16,7 +16,7 @@ using CRow = CGridBaseOutputCtrl::CRow;
 using SCellInfo = CGridBaseOutputCtrl::SCellInfo;
 using Detail::c_lineEnd;
 
-/// Writes one physical line of a row, whose texts `textOf` gives by the index of the cell.
+// Writes one physical line of a row, whose texts `textOf` gives by the index of the cell.
 template<class TTextOf>
 void AppendLine(CTextBuilder& text, const CRow& row, TTextOf textOf)
 {

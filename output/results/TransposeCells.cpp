@@ -14,7 +14,7 @@ using CRow = CGridBaseOutputCtrl::CRow;
 using CCells = CGridBaseOutputCtrl::CCells;
 using SCellInfo = CGridBaseOutputCtrl::SCellInfo;
 
-/// The columns that a cell takes: none for one that is covered by another.
+// The columns that a cell takes: none for one that is covered by another.
 std::size_t ColumnsOf(const SCellInfo& cell)
 {
     return static_cast<std::size_t>(std::max(cell.columnSpan, 0));
@@ -31,7 +31,7 @@ std::size_t WidthOf(const CCells& cells)
     return width;
 }
 
-/// A header of a column becomes one of a row and the other way round.
+// A header of a column becomes one of a row and the other way round.
 std::uint32_t TurnedFlags(std::uint32_t flags)
 {
     constexpr std::uint32_t both = SCellInfo::ColumnHeader | SCellInfo::RowHeader;
@@ -65,7 +65,7 @@ CCells TurnRows(const CCells& cells, std::size_t first, std::size_t width)
     return turned;
 }
 
-/// Puts the name of every group in front of the rows that its columns have become.
+// Puts the name of every group in front of the rows that its columns have become.
 void InsertGroups(CCells& turned, const CRow& groups, std::size_t rowCount)
 {
     const auto isHeader = [](const CRow& row) {

@@ -24,7 +24,7 @@ The report is that of an off-screen context; without one, the exit status is 2.
 )";
 
 struct SOptions {
-    std::filesystem::path output{}; ///< empty for the terminal
+    std::filesystem::path output{}; // empty for the terminal
     bool help = false;
 };
 
@@ -44,7 +44,7 @@ SOptions ParseOptions(std::span<const char* const> arguments)
     return options;
 }
 
-/// @return the exit status of the program
+// @return the exit status of the program
 int Run(const SOptions& options, std::ostream& out, std::ostream& err, const CContextMaker& makeContext)
 {
     std::string reason;

@@ -16,7 +16,7 @@ using CommonUI::G_OpenGLWrapper;
 namespace
 {
 
-/// Takes what goes to the diagnostics while the object lives.
+// Takes what goes to the diagnostics while the object lives.
 class CDiagnosticsText
 {
 public:
@@ -36,7 +36,7 @@ private:
     CommonUI::CDiagnostics::CSink m_before;
 };
 
-/// What the wrapper writes to the diagnostics, or a word that it writes nothing.
+// What the wrapper writes to the diagnostics, or a word that it writes nothing.
 template<class F>
 CStr Captured(const F& write)
 {

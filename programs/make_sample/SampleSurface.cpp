@@ -20,7 +20,7 @@ constexpr std::size_t c_width = 5; // of the smoothing, in points
 class CRandom
 {
 public:
-    /// -range … range
+    // -range … range
     int Get(int range)
     {
         m_state = m_state * 48271 % 2147483647;

@@ -11,7 +11,7 @@
 namespace Offscreen
 {
 
-/// Everything that has to be given back, in whatever state the making stopped.
+// Everything that has to be given back, in whatever state the making stopped.
 struct CContext::SHandles {
     EGLDisplay display = EGL_NO_DISPLAY;
     EGLSurface surface = EGL_NO_SURFACE;
@@ -39,7 +39,7 @@ struct CContext::SHandles {
 namespace
 {
 
-/// What failed, with the error code of EGL where it gives one.
+// What failed, with the error code of EGL where it gives one.
 std::string Explain(const char* what)
 {
     constexpr std::array names{"EGL_NOT_INITIALIZED",     "EGL_BAD_ACCESS",        "EGL_BAD_ALLOC",
@@ -57,7 +57,7 @@ std::string Explain(const char* what)
     return text;
 }
 
-/// Whether the EGL library offers an extension that needs no display.
+// Whether the EGL library offers an extension that needs no display.
 bool HasClientExtension(const char* name)
 {
     const char* extensions = eglQueryString(EGL_NO_DISPLAY, EGL_EXTENSIONS);
@@ -109,7 +109,7 @@ EGLConfig ChooseConfig(EGLDisplay display)
     return eglChooseConfig(display, wanted.data(), &config, 1, &count) && count == 1 ? config : nullptr;
 }
 
-/// A picture in memory; none when the driver would silently make a smaller one.
+// A picture in memory; none when the driver would silently make a smaller one.
 EGLSurface CreateSurface(EGLDisplay display, EGLConfig config, EGLint width, EGLint height)
 {
     EGLint maxWidth = 0;

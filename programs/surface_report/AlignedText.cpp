@@ -29,7 +29,7 @@ bool IsHeader(const CGrid::CRow& row)
     return !row.empty() && row.front().Has(SCell::ColumnHeader);
 }
 
-/// The widths of the columns, and which of them hold nothing but numbers.
+// The widths of the columns, and which of them hold nothing but numbers.
 struct SLayout {
     std::vector<std::size_t> widths;
     std::vector<bool> toRight;

@@ -17,7 +17,7 @@ void SwitchAllOn(CList& list)
         parameter.SetOn(!parameter.IsTemplate());
 }
 
-/// Leaves on what the options name, parameters made from a named template included.
+// Leaves on what the options name, parameters made from a named template included.
 void SwitchOnNamed(CList& list, const SOptions& options)
 {
     for (CParameter& parameter : list) {

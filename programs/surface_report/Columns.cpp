@@ -15,7 +15,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// All three axes are measured in metres.
+// All three axes are measured in metres.
 SBase3D<CUnit> Units()
 {
     const CUnit metre(CUnit::EUnitFactor::Unity);

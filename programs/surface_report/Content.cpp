@@ -38,7 +38,7 @@ CStr LevellingText(ELevelling levelling)
     }
 }
 
-/// A length with the unit that suits it.
+// A length with the unit that suits it.
 CStr LengthText(double metres)
 {
     const CUnit unit(CUnit(CUnit::EUnitFactor::Unity).SuitableFactor(metres, 1));
@@ -46,7 +46,7 @@ CStr LengthText(double metres)
     return FormatParameterValue(shown, CParameter::SFormatSpecifier()) + u" " + unit.GetText();
 }
 
-/// The texts of the summary that say what was measured.
+// The texts of the summary that say what was measured.
 SContent Describe(const SInput& input, const SOptions& options)
 {
     const SSurface& surface = input.surface;
@@ -66,7 +66,7 @@ SContent Describe(const SInput& input, const SOptions& options)
     return content;
 }
 
-/// The percentile that the statistics ask for, as a share.
+// The percentile that the statistics ask for, as a share.
 double FractileShare(const std::vector<CParameter>& statistics)
 {
     const auto found =
@@ -74,7 +74,7 @@ double FractileShare(const std::vector<CParameter>& statistics)
     return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
 }
 
-/// The key by which the analysis knows a parameter: that of its template where it is made from one.
+// The key by which the analysis knows a parameter: that of its template where it is made from one.
 std::string AnalysisKey(const CParameter& parameter)
 {
     return parameter.HasParent() ? GetRoughnessParametersEnum().GetIniName(parameter.GetBaseValue()).ToUtf8()
@@ -89,7 +89,7 @@ std::vector<double> VariableValues(const CParameter& parameter)
     return values;
 }
 
-/// Whether a parameter that is on is one of those keys, of which "*" at the end stands for any more.
+// Whether a parameter that is on is one of those keys, of which "*" at the end stands for any more.
 bool IsAnyOn(const std::vector<CParameter>& parameters, std::initializer_list<std::u16string_view> keys)
 {
     return std::ranges::any_of(parameters, [&keys](const CParameter& parameter) {
@@ -101,7 +101,7 @@ bool IsAnyOn(const std::vector<CParameter>& parameters, std::initializer_list<st
     });
 }
 
-/// Computes the parameters of a surface that the choices show.
+// Computes the parameters of a surface that the choices show.
 class CArealValues
 {
 public:
@@ -113,7 +113,7 @@ public:
     {
     }
 
-    /// Appends the value of a parameter that is computed.
+    // Appends the value of a parameter that is computed.
     void AppendTo(std::vector<double>& values, const CParameter& parameter) const
     {
         const std::string key = AnalysisKey(parameter);

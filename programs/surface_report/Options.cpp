@@ -41,7 +41,7 @@ usage: surface_report INPUT --out DIR [OPTION...]
 namespace
 {
 
-/// A number with a unit of length behind it.
+// A number with a unit of length behind it.
 double ParseLength(const std::string& option, const std::string& text)
 {
     const std::size_t unit = std::min(text.find_last_of("0123456789.") + 1, text.size());
@@ -52,7 +52,7 @@ double ParseLength(const std::string& option, const std::string& text)
     return value * CommonUI::CUnit::GetFactorValue(ParseUnit(option, text.substr(unit)));
 }
 
-/// Reads the command line option by option.
+// Reads the command line option by option.
 class CParser
 {
 public:

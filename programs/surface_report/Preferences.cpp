@@ -20,14 +20,14 @@ namespace
 
 constexpr EAnalysis c_analyses[] = {EAnalysis::Roughness, EAnalysis::RoughnessProfile, EAnalysis::Measure};
 
-/// A change taken apart: `subject.aspect=value:arguments`.
+// A change taken apart: `subject.aspect=value:arguments`.
 struct SChange {
-    std::string text; ///< as given, for messages
+    std::string text; // as given, for messages
     CStr subject{};
-    std::string aspect{}; ///< "unit", "format", or empty
+    std::string aspect{}; // "unit", "format", or empty
     std::string value{};
     std::vector<std::string> arguments{};
-    bool statistic = false; ///< the subject is a statistic for sure
+    bool statistic = false; // the subject is a statistic for sure
 
     [[noreturn]] void Fail(const std::string& reason) const { throw EUsage("--set " + text + ": " + reason); }
 };
@@ -58,7 +58,7 @@ SChange ParseChange(const std::string& text)
     return change;
 }
 
-/// False for a number that is none.
+// False for a number that is none.
 bool IsWithin(double number, double lower, double upper)
 {
     return lower <= number && number <= upper;
@@ -119,7 +119,7 @@ bool IsInstance(const CParameter& parameter, const CParameter& parent, const std
            std::ranges::equal(parameter.GetVariables(), values, {}, &CParameter::GetVariableValue);
 }
 
-/// Switches a template's parameters: one with the values on, or all of them off for good.
+// Switches a template's parameters: one with the values on, or all of them off for good.
 void EditTemplate(CAnalysisPreferencesManager& manager, EAnalysis analysis, const CParameter& parent,
                   const SChange& change)
 {
@@ -156,7 +156,7 @@ void EditEntry(CParameter& entry, const SChange& change)
         entry.SetOn(OnOff(change));
 }
 
-/// @return whether the analysis has a parameter of the key
+// @return whether the analysis has a parameter of the key
 bool EditParameters(CAnalysisPreferencesManager& manager, EAnalysis analysis, const SChange& change)
 {
     CList list = manager.GetData(analysis).GetParameters();

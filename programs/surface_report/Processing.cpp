@@ -28,7 +28,7 @@ ECorrectionMethod MethodOf(EPlaneCorrectionMethod method)
     }
 }
 
-/// A correction of profiles takes each line of a surface for one.
+// A correction of profiles takes each line of a surface for one.
 SPlaneCorrection CorrectionOf(const SPlaneCorrectionSettings& settings)
 {
     return {.scope = settings.scope == EPlaneCorrectionScope::Global ? ECorrectionScope::Global
@@ -78,7 +78,7 @@ std::vector<TSurfaceFilter> StreakFiltersOf(const SFilterSettings& settings)
     return filters;
 }
 
-/// The filters that do, one after the other, what the settings say.
+// The filters that do, one after the other, what the settings say.
 std::vector<TSurfaceFilter> FiltersOf(const SFilterSettings& settings, const SSurface& surface)
 {
     const SWindow window{static_cast<std::size_t>(settings.columns), static_cast<std::size_t>(settings.rows)};
@@ -100,7 +100,7 @@ std::vector<TSurfaceFilter> FiltersOf(const SFilterSettings& settings, const SSu
     }
 }
 
-/// Each answers why the set does not fit the surface; empty if it does.
+// Each answers why the set does not fit the surface; empty if it does.
 std::string_view ApplySettings(const SPlaneCorrectionSettings& settings, SSurface& surface)
 {
     Correct(surface, CorrectionOf(settings));

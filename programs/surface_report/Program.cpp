@@ -26,7 +26,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-/// Shows how far the reading of a long file has come, on one line that is removed at the end.
+// Shows how far the reading of a long file has come, on one line that is removed at the end.
 class CProgressLine
 {
 public:
@@ -74,8 +74,8 @@ void WriteFile(const fs::path& path, const std::string& bytes)
         throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
 }
 
-/// Writes both reports to a folder that is there, or neither: when the second cannot be written, the first is
-/// as it was.
+// Writes both reports to a folder that is there, or neither: when the second cannot be written, the first is
+// as it was.
 void WriteReports(const CReport& report, const fs::path& folder)
 {
     const fs::path html = folder / "report.html";
@@ -94,7 +94,7 @@ void WriteReports(const CReport& report, const fs::path& folder)
     }
 }
 
-/// Has the user's own sets looked for in the options' folder as long as the object lives.
+// Has the user's own sets looked for in the options' folder as long as the object lives.
 class CSettingsFolderScope
 {
 public:
@@ -120,14 +120,14 @@ private:
     std::unique_ptr<CommonUI::CFolders> m_previous;
 };
 
-/// Prints the answer to what was asked for.
+// Prints the answer to what was asked for.
 void Print(const std::string& text, std::ostream& out)
 {
     if (!(out << text << std::flush))
         throw std::runtime_error("the output cannot be printed");
 }
 
-/// Does to the surface what the options ask; the raw one is kept where the steps change it.
+// Does to the surface what the options ask; the raw one is kept where the steps change it.
 void Process(SInput& input, const std::vector<SStep>& steps, const SOptions& options)
 {
     if (!steps.empty())

@@ -17,7 +17,7 @@ using SCell = CGrid::SCellInfo;
 namespace
 {
 
-/// On one line and in one cell, whatever a file says of itself.
+// On one line and in one cell, whatever a file says of itself.
 CStr OneLine(const CStr& text)
 {
     std::u16string line(text.View());
@@ -45,7 +45,7 @@ void FillSurface(CGrid& grid, const std::vector<SColumn>& columns)
     }
 }
 
-/// The parameter's symbol over the standard it belongs to: an unfiltered Ra is not that of ISO 4287.
+// The parameter's symbol over the standard it belongs to: an unfiltered Ra is not that of ISO 4287.
 CStr HeaderOf(const CParameter& parameter)
 {
     CStr symbol = parameter.GetShortFriendlyString();
@@ -73,7 +73,7 @@ void FillRows(CGrid& grid, const SContent& content)
     }
 }
 
-/// A statistic's text: numbers of values and percentages are not in the parameter's unit.
+// A statistic's text: numbers of values and percentages are not in the parameter's unit.
 CStr StatisticText(const SColumn& column, EStatistics statistic, double value)
 {
     if (statistic == EStatistics::Count)
@@ -118,8 +118,8 @@ CStr EscapeMarkup(const CStr& text)
     return text.Replace(u"&", u"&amp;").Replace(u"<", u"&lt;").Replace(u">", u"&gt;");
 }
 
-/// The rows of a summary with texts that may stand in HTML: what comes from a file may hold markup
-/// characters.
+// The rows of a summary with texts that may stand in HTML: what comes from a file may hold markup
+// characters.
 CGrid EscapedSummary(const CGrid& grid)
 {
     CGrid escaped(grid.GetType());
@@ -131,7 +131,7 @@ CGrid EscapedSummary(const CGrid& grid)
     return escaped;
 }
 
-/// The texts behind one another, with a separator between two that are not empty.
+// The texts behind one another, with a separator between two that are not empty.
 std::string Joined(std::initializer_list<CStr> texts, std::string_view separator)
 {
     std::string joined;

@@ -34,7 +34,7 @@ CStr MenuPath(const SSettingsEntry& entry)
     return (path + entry.m_Name).TrimRight();
 }
 
-/// The full path, the same whatever roundabout way leads to the file.
+// The full path, the same whatever roundabout way leads to the file.
 std::filesystem::path FullPath(const CStr& text)
 {
     const auto path = std::filesystem::absolute(std::filesystem::path(text.begin(), text.end()));
@@ -43,7 +43,7 @@ std::filesystem::path FullPath(const CStr& text)
     return error ? path : folder / path.filename();
 }
 
-/// The set of an entry. A file is loaded by its path, as nobody is there to be asked what to do without it.
+// The set of an entry. A file is loaded by its path, as nobody is there to be asked what to do without it.
 CSettings LoadSet(CSettingsFactory& factory, const SSettingsEntry& entry)
 {
     if (!entry.m_IsFile)
@@ -83,7 +83,7 @@ SStep LoadStep(CSettingsFactory& factory, const std::string& userSpec)
     return step;
 }
 
-/// Appends a line for each node, deeper ones further to the right.
+// Appends a line for each node, deeper ones further to the right.
 void AppendTrees(const std::vector<CSettingsFactory::CTree>& trees, std::size_t depth, CStr& text)
 {
     for (const CSettingsFactory::CTree& tree : trees) {

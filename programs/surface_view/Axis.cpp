@@ -15,7 +15,7 @@ using CommonUI::CUnit;
 namespace
 {
 
-/// Room for the rounding of quotients, which shall not lose a mark at the end of an axis.
+// Room for the rounding of quotients, which shall not lose a mark at the end of an axis.
 constexpr double c_tolerance = 1e-9;
 
 double PowerOfTen(double value)
@@ -23,8 +23,8 @@ double PowerOfTen(double value)
     return std::pow(10.0, std::floor(std::log10(value)));
 }
 
-/// The number of the form 1, 2 or 5 times a power of ten that is nearest to a positive number, by their
-/// ratio.
+// The number of the form 1, 2 or 5 times a power of ten that is nearest to a positive number, by their
+// ratio.
 double NearestStep(double value)
 {
     const double power = PowerOfTen(value);

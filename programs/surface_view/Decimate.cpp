@@ -11,14 +11,14 @@ using CommonUI::Analysis::SSurface;
 namespace
 {
 
-/// The points of a line that one point of the new line stands for.
+// The points of a line that one point of the new line stands for.
 struct SWindow {
     std::size_t begin = 0;
-    std::size_t end = 0; ///< behind the last
+    std::size_t end = 0; // behind the last
 };
 
-/// New points at equal distances, the first and the last where they were, and what lies within half a
-/// distance of each.
+// New points at equal distances, the first and the last where they were, and what lies within half a
+// distance of each.
 std::vector<SWindow> MakeWindows(std::size_t before, std::size_t after)
 {
     std::vector<SWindow> windows(after);
@@ -47,7 +47,7 @@ double MeanOf(const SSurface& surface, const SWindow& columns, const SWindow& li
     return count > 0 ? sum / static_cast<double>(count) : CommonUI::Analysis::c_missing;
 }
 
-/// The spacing that keeps a length with fewer points.
+// The spacing that keeps a length with fewer points.
 double Stretch(double spacing, std::size_t before, std::size_t after)
 {
     return spacing * static_cast<double>(before - 1) / static_cast<double>(after - 1);

@@ -28,7 +28,7 @@ void AddPoint(const SPoint& point)
     glVertex3d(point.x, point.y, point.z);
 }
 
-/// Sets how the block is looked at, until the stack is popped.
+// Sets how the block is looked at, until the stack is popped.
 void PushView(CGLStack& stack, const SView& view)
 {
     Require(stack.PushAttrib(GL_VIEWPORT_BIT | GL_TRANSFORM_BIT));
@@ -46,7 +46,7 @@ void PushView(CGLStack& stack, const SView& view)
     glLoadMatrixd(view.modelView.data());
 }
 
-/// The walls behind the surface and the floor, with a grid at the marks of the axes.
+// The walls behind the surface and the floor, with a grid at the marks of the axes.
 class CWalls
 {
 public:
@@ -124,7 +124,7 @@ private:
 
     const SBox& m_box;
     const std::array<SAxis, 3>& m_axes;
-    double m_x; ///< where the wall across x stands
+    double m_x; // where the wall across x stands
     double m_y;
 };
 
@@ -141,7 +141,7 @@ void DrawWalls(const SScene& scene)
     walls.Frame();
 }
 
-/// Light from above the eye's left shoulder, fixed to the eye.
+// Light from above the eye's left shoulder, fixed to the eye.
 void SetupLight()
 {
     constexpr std::array<float, 4> direction{-0.5F, 0.6F, 0.9F, 0};
@@ -187,7 +187,7 @@ void DrawSurface(const SMesh& mesh, const CColorTexture& texture)
     glEnd();
 }
 
-/// The cut faces below the rim of the surface, down to the floor.
+// The cut faces below the rim of the surface, down to the floor.
 void DrawCut(const SMesh& mesh, float floor)
 {
     CGLStack stack;

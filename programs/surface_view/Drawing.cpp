@@ -21,7 +21,7 @@ using CommonUI::SSize;
 namespace
 {
 
-/// A rectangle with the colours of the scale from its lower to its upper side.
+// A rectangle with the colours of the scale from its lower to its upper side.
 void DrawRamp(const SRect& place, const CColorTexture& texture)
 {
     CGLStack stack;

@@ -20,12 +20,12 @@ struct CFont::SFace {
     SFace& operator=(const SFace&) = delete;
     ~SFace() { FT_Done_FreeType(library); } // with its faces; does nothing without a library
 
-    /// Pixels of a length that the font gives in 64ths.
+    // Pixels of a length that the font gives in 64ths.
     static int Pixels(FT_Pos length) { return static_cast<int>((length + 32) >> 6); }
 
-    /// Gives each glyph of a line and where its origin lies along the line.
-    /// @param flags FT_LOAD_RENDER for glyphs that are drawn
-    /// @return the length of the line, pixels
+    // Gives each glyph of a line and where its origin lies along the line.
+    // @param flags FT_LOAD_RENDER for glyphs that are drawn
+    // @return the length of the line, pixels
     template<class F>
     int ForEachGlyph(std::u16string_view text, int height, FT_Int32 flags, const F& function)
     {
@@ -48,7 +48,7 @@ struct CFont::SFace {
 namespace
 {
 
-/// Takes over the coverage of a glyph where it is more than what is there.
+// Takes over the coverage of a glyph where it is more than what is there.
 void CopyGlyph(const FT_GlyphSlotRec_& glyph, int x, int baseline, SPixels& pixels)
 {
     const auto width = static_cast<std::size_t>(pixels.size.cx);

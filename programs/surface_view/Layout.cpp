@@ -16,7 +16,7 @@ using CommonUI::SSize;
 namespace
 {
 
-/// An edge of the block along which an axis may stand.
+// An edge of the block along which an axis may stand.
 struct SEdge {
     SPoint from{};
     SPoint to{};
@@ -38,7 +38,7 @@ bool Overlap(const SRect& a, const SRect& b)
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
 
-/// The edges on which the axis of x, y or z may stand, the best first.
+// The edges on which the axis of x, y or z may stand, the best first.
 std::array<SEdge, 4> EdgesOf(std::size_t axis, const SBox& box, const SPoint& eye)
 {
     const double x = eye.x < 0 ? -box.x : box.x;
@@ -54,14 +54,14 @@ std::array<SEdge, 4> EdgesOf(std::size_t axis, const SBox& box, const SPoint& ey
             SEdge{{x, y, z}, {x, y, -z}}};
 }
 
-/// An edge as it is seen, and the direction in which its labels stand.
+// An edge as it is seen, and the direction in which its labels stand.
 struct SSeenEdge {
     SEdge edge{};
-    double length = 0; ///< pixels
+    double length = 0; // pixels
     SPixel outward{};
 };
 
-/// The edge as it is seen when it is at the outline of the block, so that there is nothing beyond it.
+// The edge as it is seen when it is at the outline of the block, so that there is nothing beyond it.
 std::optional<SSeenEdge> SeeAtOutline(const SEdge& edge, const SBox& box, const SView& view)
 {
     const SPixel from = view.Project(edge.from);
@@ -85,7 +85,7 @@ std::optional<SSeenEdge> SeeAtOutline(const SEdge& edge, const SBox& box, const 
     return SSeenEdge{edge, length, outward};
 }
 
-/// Lays out one picture.
+// Lays out one picture.
 class CLayoutMaker
 {
 public:
@@ -127,7 +127,7 @@ private:
         return m_layout.labels.emplace_back(text, height, SRect{left, low, left + size.cx, low + size.cy});
     }
 
-    /// A line of text at the top of what is still free, cut where it is too long.
+    // A line of text at the top of what is still free, cut where it is too long.
     void PlaceTitle(const CStr& text, int height)
     {
         const auto fits = [&](const CStr& line) {
@@ -179,8 +179,8 @@ private:
         PlaceAxis(2, m_box.heights, u"", 2 * m_unit);
     }
 
-    /// The edge for an axis: for heights the one furthest to the left, for lengths the first that is seen at
-    /// the outline.
+    // The edge for an axis: for heights the one furthest to the left, for lengths the first that is seen at
+    // the outline.
     std::optional<SSeenEdge> ChooseEdge(std::size_t axis) const
     {
         std::optional<SSeenEdge> chosen;
@@ -196,7 +196,7 @@ private:
         return chosen;
     }
 
-    /// @param distance between marks, at least, pixels
+    // @param distance between marks, at least, pixels
     void PlaceAxis(std::size_t index, CommonUI::CRange<double> range, const CStr& name, int distance)
     {
         SAxis& axis = m_layout.axes[index];
@@ -226,14 +226,14 @@ private:
         }
     }
 
-    /// How far a text's picture reaches from its middle in a direction.
+    // How far a text's picture reaches from its middle in a direction.
     double Support(const CStr& text, const SPixel& outward) const
     {
         const SSize size = m_font.Measure(text, m_unit);
         return (std::abs(outward.x) * size.cx + std::abs(outward.y) * size.cy) / 2;
     }
 
-    /// Puts a text at a distance from a place, unless another one is there.
+    // Puts a text at a distance from a place, unless another one is there.
     bool PlaceBeyond(const CStr& text, const SPixel& at, const SPixel& outward, double distance)
     {
         const SSize size = m_font.Measure(text, m_unit);
@@ -249,7 +249,7 @@ private:
         return true;
     }
 
-    /// The viewport moved by as much as labels stand out over the free place, or leave of it.
+    // The viewport moved by as much as labels stand out over the free place, or leave of it.
     SRect MakeRoom(const SRect& viewport, std::size_t first) const
     {
         SRect used = viewport;
@@ -273,8 +273,8 @@ private:
     SDirection m_direction;
     SSize m_size;
     const CFont& m_font;
-    int m_unit;     ///< the height of the font, which all distances go by
-    SRect m_free{}; ///< what the title and the legend leave
+    int m_unit;     // the height of the font, which all distances go by
+    SRect m_free{}; // what the title and the legend leave
     SLayout m_layout;
 };
 

@@ -25,7 +25,7 @@ std::optional<CommonUI::CRange<double>> RangeOf(const SSurface& surface)
     return range;
 }
 
-/// A range around a flat surface, whose own has no length that a mark's text could tell.
+// A range around a flat surface, whose own has no length that a mark's text could tell.
 CommonUI::CRange<double> Widened(CommonUI::CRange<double> range, double length)
 {
     const double middle = (range.GetLower() + range.GetUpper()) / 2;
@@ -33,7 +33,7 @@ CommonUI::CRange<double> Widened(CommonUI::CRange<double> range, double length)
     return range.GetLength() >= least ? range : CommonUI::CRange(middle - length / 2, middle + length / 2);
 }
 
-/// Makes the mesh of one surface.
+// Makes the mesh of one surface.
 class CMeshMaker
 {
 public:
@@ -71,7 +71,7 @@ private:
     }
     bool IsPresent(std::uint32_t index) const { return !std::isnan(m_surface.heights[index]); }
 
-    /// The slope in the block between the neighbours that are there.
+    // The slope in the block between the neighbours that are there.
     double Slope(double before, double here, double after, double step) const
     {
         const double scale = 2 * m_box.z / m_box.heights.GetLength() / step;
@@ -101,7 +101,7 @@ private:
                 .share = real(std::clamp(m_box.ShareOf(height), 0.0, 1.0))};
     }
 
-    /// Two triangles; one where a corner is missing; none where more are.
+    // Two triangles; one where a corner is missing; none where more are.
     void AddSquare(std::size_t column, std::size_t line)
     {
         const std::array<std::uint32_t, 4> corners{IndexOf(column, line), IndexOf(column + 1, line),
@@ -134,7 +134,7 @@ private:
 
     const SSurface& m_surface;
     const SBox& m_box;
-    double m_stepX; ///< in coordinates of the block
+    double m_stepX; // in coordinates of the block
     double m_stepY;
     SMesh m_mesh;
 };

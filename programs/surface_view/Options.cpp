@@ -58,7 +58,7 @@ CommonUI::SSize ParseSize(const std::string& text)
     return {.cx = ParsePixels(text.substr(0, cross)), .cy = ParsePixels(text.substr(cross + 1))};
 }
 
-/// Reads the command line option by option.
+// Reads the command line option by option.
 class CParser
 {
 public:

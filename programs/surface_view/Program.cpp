@@ -20,14 +20,14 @@ using CommonUI::Analysis::SSurface;
 namespace
 {
 
-/// More points along a side than this are not told apart in a picture.
+// More points along a side than this are not told apart in a picture.
 constexpr std::size_t c_mostPoints = 768;
 
-/// The longest side of an off-screen picture that drivers can be relied on to make.
+// The longest side of an off-screen picture that drivers can be relied on to make.
 constexpr int c_longestSide = 4096;
 
-/// How many pixels are drawn for one of the picture, along each side: as many as can be had, and at a
-/// reasonable price.
+// How many pixels are drawn for one of the picture, along each side: as many as can be had, and at a
+// reasonable price.
 int SuitableScale(SSize size)
 {
     const int pixels = size.cx * size.cy;

@@ -15,11 +15,11 @@ namespace
 
 constexpr double c_infinity = std::numeric_limits<double>::infinity();
 constexpr double c_radian = std::numbers::pi / 180;
-constexpr double c_fieldOfView = 30; ///< a narrow one, so that the perspective does not shout
-/// The block is fitted with a little room, or its edges would be cut in half.
+constexpr double c_fieldOfView = 30; // a narrow one, so that the perspective does not shout
+// The block is fitted with a little room, or its edges would be cut in half.
 constexpr double c_room = 0.99;
 
-/// The tangents of half the angles that a view covers across and upwards.
+// The tangents of half the angles that a view covers across and upwards.
 struct SOpening {
     double x = 0;
     double y = 0;
@@ -33,7 +33,7 @@ SOpening OpeningOf(double fieldOfView, const CommonUI::SRect& viewport)
     return aspect < 1 ? SOpening{shorter, shorter / aspect} : SOpening{shorter * aspect, shorter};
 }
 
-/// The rotation that turns the block so that the eye looks along -z.
+// The rotation that turns the block so that the eye looks along -z.
 std::array<double, 16> Turn(const SDirection& direction)
 {
     const double sinA = std::sin(direction.azimuth * c_radian);
@@ -59,9 +59,9 @@ std::array<SPoint, 8> TurnedCorners(const SBox& box, const std::array<double, 16
     return corners;
 }
 
-/// The least distance from the eye at which all corners are seen between the sides of the opening. A corner
-/// is at an offset of the eye from -opening to opening times its distance, and there is an offset for all at
-/// the distance where the bounds meet.
+// The least distance from the eye at which all corners are seen between the sides of the opening. A corner
+// is at an offset of the eye from -opening to opening times its distance, and there is an offset for all at
+// the distance where the bounds meet.
 double PerspectiveDistance(const std::array<SPoint, 8>& corners, double SPoint::*across, double opening)
 {
     double low = -c_infinity;
@@ -73,14 +73,14 @@ double PerspectiveDistance(const std::array<SPoint, 8>& corners, double SPoint::
     return (low + high) / 2 / opening;
 }
 
-/// The distance at which the opening is as wide as the block.
+// The distance at which the opening is as wide as the block.
 double OrthographicDistance(const std::array<SPoint, 8>& corners, double SPoint::*across, double opening)
 {
     const auto [low, high] = std::ranges::minmax(corners, {}, across);
     return (high.*across - low.*across) / 2 / opening;
 }
 
-/// How far the block has to be moved across to be seen in the middle.
+// How far the block has to be moved across to be seen in the middle.
 double Center(const std::array<SPoint, 8>& corners, double SPoint::*across, double distance,
               bool orthographic)
 {

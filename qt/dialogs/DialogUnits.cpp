@@ -11,7 +11,7 @@ namespace CommonUI
 namespace
 {
 
-/// Up to the next integer, but for what rounding has added.
+// Up to the next integer, but for what rounding has added.
 int RoundUp(double value)
 {
     return static_cast<int>(std::ceil(value - 1e-6));

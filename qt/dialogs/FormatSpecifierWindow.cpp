@@ -19,7 +19,7 @@ using CDlg = CFormatSpecifierDlg;
 namespace
 {
 
-/// A list that takes the wheel only while it has the focus.
+// A list that takes the wheel only while it has the focus.
 class CFormatList final : public QComboBox
 {
 public:

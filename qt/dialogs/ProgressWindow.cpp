@@ -20,7 +20,7 @@ namespace CommonUI
 namespace
 {
 
-/// The place of a button whose text may need more than the template has.
+// The place of a button whose text may need more than the template has.
 QRect Widen(const QRect& place, const QPushButton& button)
 {
     const int text = button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width();

@@ -11,7 +11,7 @@ namespace CommonUI
 namespace
 {
 
-/// @param pitch from one line to the next
+// @param pitch from one line to the next
 QSizeF LayOut(QTextLayout& layout, const QString& text, double width, double pitch)
 {
     layout.setText(QString(text).replace(QLatin1Char('\n'), QChar(QChar::LineSeparator)));

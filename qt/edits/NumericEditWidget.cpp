@@ -18,7 +18,7 @@ namespace CommonUI
 namespace
 {
 
-/// The text of the label whose buddy the widget is, without the mark of its mnemonic.
+// The text of the label whose buddy the widget is, without the mark of its mnemonic.
 QString FindLabelText(const QWidget& widget)
 {
     for (const QLabel* const label : widget.window()->findChildren<QLabel*>())

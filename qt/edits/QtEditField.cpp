@@ -91,7 +91,7 @@ bool CQtEditField::event(QEvent* event)
     return QLineEdit::event(event);
 }
 
-/// @return whether the control has dealt with it; the widget may be gone then
+// @return whether the control has dealt with it; the widget may be gone then
 bool CQtEditField::OfferKey(const QKeyEvent& event)
 {
     CExEdit* const control = GetControl();
@@ -103,7 +103,7 @@ bool CQtEditField::OfferKey(const QKeyEvent& event)
     return used;
 }
 
-/// Whether the field gets the key although it is a shortcut of the window.
+// Whether the field gets the key although it is a shortcut of the window.
 bool CQtEditField::ClaimsKey(const QKeyEvent& event)
 {
     if (!GetControl() || !GetControl()->ClaimsAllKeys(false))

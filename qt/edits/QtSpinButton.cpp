@@ -14,8 +14,8 @@ namespace CommonUI
 namespace
 {
 
-/// A tool button that a slot may delete. Qt's own needs itself once more after it was released, for a menu
-/// that it has not got here.
+// A tool button that a slot may delete. Qt's own needs itself once more after it was released, for a menu
+// that it has not got here.
 class CArrowButton final : public QToolButton
 {
 public:

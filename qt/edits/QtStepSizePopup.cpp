@@ -31,7 +31,7 @@ CQtStepSizePopup::CQtStepSizePopup(QWidget* parent)
 
 CQtStepSizePopup::~CQtStepSizePopup() = default;
 
-/// Whether the pop-up, which is as wide as high when it is fully out, ends on the screen.
+// Whether the pop-up, which is as wide as high when it is fully out, ends on the screen.
 bool CQtStepSizePopup::HasRoom(const SRect& screen) const
 {
     const QScreen* const display = parentWidget() ? parentWidget()->screen() : nullptr;

@@ -23,7 +23,7 @@ int ToInt(std::size_t count)
     return static_cast<int>(std::min<std::size_t>(count, std::numeric_limits<int>::max()));
 }
 
-/// The numbers of neighbouring rows or columns.
+// The numbers of neighbouring rows or columns.
 struct SNumbers {
     std::size_t first = 0;
     std::size_t end = 0;
@@ -41,8 +41,8 @@ struct SNumbers {
     }
 };
 
-/// A grid as a table. Cells are made when they are asked for and go when there are many, so that a large
-/// table costs nothing; cells out of the view are not listed as selected.
+// A grid as a table. Cells are made when they are asked for and go when there are many, so that a large
+// table costs nothing; cells out of the view are not listed as selected.
 class CGridAccessible final : public QAccessibleWidget, public QAccessibleTableInterface
 {
 public:
@@ -141,7 +141,7 @@ private:
         const bool none = !GetGrid() || GetGrid()->GetSelection().IsEmpty();
         return none ? SGridRange{1, 0, 1, 0} : GetGrid()->GetSelection().GetRange();
     }
-    /// The rows of which every cell is selected, and the columns.
+    // The rows of which every cell is selected, and the columns.
     SNumbers GetSelectedRows() const
     {
         const SGridRange range = GetSelected();

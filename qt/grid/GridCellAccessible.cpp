@@ -101,7 +101,7 @@ QStringList CGridCellAccessible::actionNames() const
     return {setFocusAction(), pressAction()};
 }
 
-/// Pressing does what the space bar does, or Enter where that is of no use.
+// Pressing does what the space bar does, or Enter where that is of no use.
 void CGridCellAccessible::doAction(const QString& name)
 {
     if (!GetGrid() || !m_widget->isEnabled())

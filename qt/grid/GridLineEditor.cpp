@@ -16,7 +16,7 @@ namespace CommonUI
 namespace
 {
 
-/// Lets only valid characters in. Blanks are the places of a mask that nothing has been typed at.
+// Lets only valid characters in. Blanks are the places of a mask that nothing has been typed at.
 class CCharacterValidator final : public QValidator
 {
 public:
@@ -36,7 +36,7 @@ private:
     QString m_characters;
 };
 
-/// The mask as Qt writes it.
+// The mask as Qt writes it.
 QString ToInputMask(const CStr& mask)
 {
     QString qtMask;
@@ -134,7 +134,7 @@ bool CGridLineEditor::OnKey(const QKeyEvent& event)
     return CGridEditor::OnKey(event);
 }
 
-/// As in other numeric fields, Control with the wheel steps.
+// As in other numeric fields, Control with the wheel steps.
 bool CGridLineEditor::OnWheel(QEvent& event)
 {
     const auto& wheel = static_cast<QWheelEvent&>(event);

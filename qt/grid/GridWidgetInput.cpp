@@ -14,7 +14,7 @@ namespace CommonUI
 namespace
 {
 
-constexpr int c_repeatTime = 50; ///< milliseconds between two rows while the mouse is held outside
+constexpr int c_repeatTime = 50; // milliseconds between two rows while the mouse is held outside
 
 SPoint ToPoint(const QMouseEvent& event)
 {

@@ -15,7 +15,7 @@ namespace CommonUI
 namespace
 {
 
-constexpr int c_buttonSpacing = 4; ///< what styles leave between the picture and the text of a button
+constexpr int c_buttonSpacing = 4; // what styles leave between the picture and the text of a button
 
 SColor FromQColor(const QColor& color)
 {
@@ -45,7 +45,7 @@ QStyle::State StateOf(bool enabled)
     return enabled ? QStyle::State_Enabled : QStyle::State_None;
 }
 
-/// A square of that size in the middle of a rectangle, or the largest that fits.
+// A square of that size in the middle of a rectangle, or the largest that fits.
 SRect Centred(const SRect& rect, int size)
 {
     size = std::min({size, rect.GetWidth(), rect.GetHeight()});
@@ -82,7 +82,7 @@ TOption CQtGridPainter::MakeOption(const SRect& rect) const
     return option;
 }
 
-/// The colour of empty cells with a part of that of their text.
+// The colour of empty cells with a part of that of their text.
 QColor CQtGridPainter::Blend(double part) const
 {
     const QColor base = m_option.palette.color(QPalette::Base);

@@ -14,7 +14,7 @@ namespace CommonUI
 namespace
 {
 
-/// "Filters (*.flt)" and its masks, as Qt wants it: "Filters (*.flt *.filter)".
+// "Filters (*.flt)" and its masks, as Qt wants it: "Filters (*.flt *.filter)".
 QString ToNameFilter(const SFileFilter& filter)
 {
     QStringList masks;

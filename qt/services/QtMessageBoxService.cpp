@@ -32,7 +32,7 @@ QMessageBox::Icon GetIcon(unsigned int style)
 
 struct SButtons {
     QMessageBox::StandardButtons all;
-    QMessageBox::StandardButton last; ///< what closing the box counts as
+    QMessageBox::StandardButton last; // what closing the box counts as
 };
 
 SButtons GetButtons(unsigned int style)

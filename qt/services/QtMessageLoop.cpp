@@ -17,7 +17,7 @@ namespace CommonUI
 namespace
 {
 
-/// A loop that ends when a condition holds or a callback throws.
+// A loop that ends when a condition holds or a callback throws.
 class CConditionLoop final : public CEventGuard
 {
 public:
@@ -71,7 +71,7 @@ private:
     bool m_ended = false;
 };
 
-/// Keeps the first exception of what it lets happen.
+// Keeps the first exception of what it lets happen.
 class CPumpGuard final : public CEventGuard
 {
 public:
@@ -93,8 +93,8 @@ private:
 
 } // namespace
 
-/// One message for each wake-up, so that Qt has its turn in between. A wake-up from within a message is a
-/// timer: Qt handles posted events before anything else, also those posted meanwhile.
+// One message for each wake-up, so that Qt has its turn in between. A wake-up from within a message is a
+// timer: Qt handles posted events before anything else, also those posted meanwhile.
 class CQtMessageLoop::CQueue final : public QObject
 {
 public:
@@ -142,7 +142,7 @@ protected:
     }
 
 private:
-    /// Before a message is handled, which may run a loop of its own.
+    // Before a message is handled, which may run a loop of its own.
     void ScheduleNext()
     {
         const std::lock_guard lock(m_mutex);
@@ -151,7 +151,7 @@ private:
             startTimer(0);
     }
 
-    mutable std::mutex m_mutex; ///< of the messages and whether a wake-up is on its way
+    mutable std::mutex m_mutex; // of the messages and whether a wake-up is on its way
     std::deque<FMessage> m_messages;
     bool m_waking = false;
     std::size_t m_handled = 0;

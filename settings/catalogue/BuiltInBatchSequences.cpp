@@ -13,7 +13,7 @@ using enum EBuiltInSetting;
 
 constexpr EBuiltInSetting c_none{0};
 
-/// A sequence, its steps in the order of the members; what has its default is no step of it.
+// A sequence, its steps in the order of the members; what has its default is no step of it.
 struct SRow {
     EBuiltInSetting sequence = c_none;
     EBuiltInSetting applied = c_none;

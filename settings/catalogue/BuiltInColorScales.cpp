@@ -11,7 +11,7 @@ namespace CommonUI
 namespace
 {
 
-/// A stop as this file writes it: the colour is 0xRRGGBB.
+// A stop as this file writes it: the colour is 0xRRGGBB.
 struct SStop {
     double position;
     std::uint32_t color;

@@ -21,7 +21,7 @@ constexpr SFilterSettings Mean(EFilterApplication application, int rows, int col
     return {.kind = EFilterKind::Mean, .application = application, .rows = rows, .columns = columns};
 }
 
-/// The kernel reaches three standard deviations to either side.
+// The kernel reaches three standard deviations to either side.
 constexpr SFilterSettings Gauss(int standardDeviation)
 {
     const int size = 2 * 3 * standardDeviation + 1;
@@ -31,7 +31,7 @@ constexpr SFilterSettings Gauss(int standardDeviation)
             .standardDeviation = static_cast<double>(standardDeviation)};
 }
 
-/// A spike less than half as wide as the window leaves the spread of the heights in it as it is.
+// A spike less than half as wide as the window leaves the spread of the heights in it as it is.
 constexpr SFilterSettings Spikes(EFilterApplication application, int rows, int columns, double threshold)
 {
     return {.kind = EFilterKind::Spikes,

@@ -39,7 +39,7 @@ constexpr EReportBlock c_grainStatistics[] = {Title, Information, GrainImage, Gr
 constexpr EMeasureParameters c_particles[] = {HeywoodDiameter, AreaExHoles, MaxHeight, Volume};
 constexpr EMeasureParameters c_pores[] = {HeywoodDiameter, AreaExHoles, MaxDepth, VoidVolume};
 
-/// A template of which there is a document for word processors and, under another number, a web page.
+// A template of which there is a document for word processors and, under another number, a web page.
 struct SRow {
     EBuiltInSetting doc;
     EBuiltInSetting html;

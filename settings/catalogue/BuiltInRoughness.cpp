@@ -10,8 +10,8 @@ namespace CommonUI
 namespace
 {
 
-/// The defaults of the analysis with other parameters on, all of them of the standard VORNLegacy, and the
-/// first of them in the chart.
+// The defaults of the analysis with other parameters on, all of them of the standard VORNLegacy, and the
+// first of them in the chart.
 void WriteClassic(EAnalysis analysis, std::initializer_list<ERoughnessParameters> on, CInifile& ini)
 {
     CRoughnessAnalysisPreferencesData data(analysis);

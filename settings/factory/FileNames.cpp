@@ -8,8 +8,8 @@ namespace CommonUI
 namespace
 {
 
-/// The small letter of a capital one, for the alphabets that are likely in names of files: Latin of western
-/// Europe, Greek and Cyrillic. The C locale plays no part.
+// The small letter of a capital one, for the alphabets that are likely in names of files: Latin of western
+// Europe, Greek and Cyrillic. The C locale plays no part.
 constexpr char16_t ToSmall(char16_t unit) noexcept
 {
     const auto isIn = [unit](char16_t first, char16_t last) { return unit >= first && unit <= last; };

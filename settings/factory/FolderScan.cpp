@@ -14,7 +14,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-/// Nobody's sets lie deeper, and thousands of nested folders would exhaust the stack and the user's patience.
+// Nobody's sets lie deeper, and thousands of nested folders would exhaust the stack and the user's patience.
 constexpr int c_maximumDepth = 100;
 
 struct SName {
@@ -23,7 +23,7 @@ struct SName {
     auto operator<=>(const SName&) const = default;
 };
 
-/// The folders and matching files of one folder, in the order of menus.
+// The folders and matching files of one folder, in the order of menus.
 struct SContent {
     std::vector<SName> folders;
     std::vector<SName> files;
@@ -37,9 +37,9 @@ public:
     {
     }
 
-    /// Adds what a folder has to the tree's root.
-    /// @param folder with a separator at its end
-    /// @param depth how many folders it is below the one that was asked for
+    // Adds what a folder has to the tree's root.
+    // @param folder with a separator at its end
+    // @param depth how many folders it is below the one that was asked for
     void Scan(const CStr& folder, CSimpleTree<CStr>& tree, int depth = 0)
     {
         if (depth > c_maximumDepth)
@@ -99,7 +99,7 @@ private:
     std::set<fs::path> m_visited;
 };
 
-/// The text of a folder with a separator at its end; empty when it has none or the folder does not exist.
+// The text of a folder with a separator at its end; empty when it has none or the folder does not exist.
 CStr GetFolderText(const CStr& folder)
 {
     CStr text;

@@ -102,7 +102,7 @@ const SSettingsEntry* CSettingsFactory::FindDynamicItem(int id) const
     return nullptr;
 }
 
-/// Takes an unreadable file out of the recent list of its type, if the user agrees.
+// Takes an unreadable file out of the recent list of its type, if the user agrees.
 void CSettingsFactory::AskToForget(const SSettingsEntry& entry)
 {
     const CRecentKey key(true, m_indices[entry.m_Type].at({entry.m_Name, entry.m_File}));

@@ -30,9 +30,9 @@ bool ReadSettingsFile(const CStr& path, CInifile& document)
     return false;
 }
 
-/// The size and time of last change of a file that has stayed as it is for some time. A file that has just
-/// changed has none: it could change once more without a change of its time, which file systems keep by
-/// steps of up to two seconds.
+// The size and time of last change of a file that has stayed as it is for some time. A file that has just
+// changed has none: it could change once more without a change of its time, which file systems keep by
+// steps of up to two seconds.
 std::optional<std::pair<std::uintmax_t, fs::file_time_type>> GetStampAtRest(const CStr& path)
 {
     try {

@@ -16,7 +16,7 @@ constexpr int c_noFilesToOpen = 10058;
 constexpr int c_noFilesToSave = 10059;
 constexpr int c_notFilled = 10060;
 
-/// Shows a text about a path or a type. @return false, the answer of who shows it
+// Shows a text about a path or a type. @return false, the answer of who shows it
 bool Fail(int textId, const CStr& subject)
 {
     GetMessageBoxService().Show(

@@ -32,7 +32,7 @@ ESettingType FindType(std::u16string_view text)
     return GetSettingTypeEnum().GetValue(text);
 }
 
-/// Takes what begins a selector off, with the bracket that ends it.
+// Takes what begins a selector off, with the bracket that ends it.
 bool TakeSelector(std::u16string_view& text, std::u16string_view beginning)
 {
     if (!text.starts_with(beginning))
@@ -42,7 +42,7 @@ bool TakeSelector(std::u16string_view& text, std::u16string_view beginning)
     return true;
 }
 
-/// The number of a text of digits alone, or -1.
+// The number of a text of digits alone, or -1.
 int ReadIdentifier(std::u16string_view text)
 {
     long long number = 0;
@@ -81,7 +81,7 @@ bool CSettingsFactory::ParseUserSpec(const CStr& spec, SParseInfo& info) const
     return true;
 }
 
-/// The set of a type that has a number, in this run or in the catalogue, or a key of the catalogue.
+// The set of a type that has a number, in this run or in the catalogue, or a key of the catalogue.
 std::vector<SSettingsEntry> CSettingsFactory::FindByIdentifier(ESettingType type,
                                                                std::u16string_view identifier) const
 {

@@ -26,7 +26,7 @@ CStr KeyFrameKey(std::size_t index)
     return CStr::Format(u"KeyFrame%u", static_cast<unsigned>(index + 1));
 }
 
-/// A key frame is stored as the list of its position, azimuth, elevation and zoom.
+// A key frame is stored as the list of its position, azimuth, elevation and zoom.
 bool IsKeyFrame(const std::vector<double>& values)
 {
     constexpr CRange<double> allowed[] = {{0, 1}, {-36000, 36000}, {-90, 90}, {0.01, 100}};

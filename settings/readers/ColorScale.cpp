@@ -37,7 +37,7 @@ bool IsPrimary(double value)
     return value >= 0 && value <= 255 && value == std::floor(value);
 }
 
-/// A stop is stored as the list of its position and its red, green and blue values.
+// A stop is stored as the list of its position and its red, green and blue values.
 std::optional<SColorStop> ReadStop(const CInifile& ini, const CStr& key)
 {
     const std::vector<double> values = ini.ReadDoubles(key);

@@ -48,7 +48,7 @@ void ExchangeThreshold(TStore& store, TSettings& set)
     store.Positive(u"Threshold", set.threshold, c_greatestThreshold);
 }
 
-/// Of a filter that compares a point with its window.
+// Of a filter that compares a point with its window.
 template<class TStore, class TSettings>
 void ExchangeWindowThreshold(TStore& store, TSettings& set, bool hasKernel)
 {
@@ -135,7 +135,7 @@ void Exchange(TStore& store, TSettings& set)
     }
 }
 
-/// The greatest length of the series 1, 2, 2.5, 5, 8, 10, ... that is not above `limit`, which is positive.
+// The greatest length of the series 1, 2, 2.5, 5, 8, 10, ... that is not above `limit`, which is positive.
 double SeriesLengthUpTo(double limit)
 {
     // A limit that fell short of a length by rounding reaches it.

@@ -23,7 +23,7 @@ constexpr SEnumRow c_methods[] = {
     {.value = 3, .iniName = u"Offset", .textId = 10077},
 };
 
-/// The orders that a method knows; 0 for a method without.
+// The orders that a method knows; 0 for a method without.
 int GreatestOrder(EPlaneCorrectionMethod method)
 {
     switch (method) {

@@ -12,7 +12,7 @@ using namespace CommonUI::Analysis;
 namespace
 {
 
-/// Heights from 0 to 1000 µm in no order, mean 500 µm: a straight material ratio curve.
+// Heights from 0 to 1000 µm in no order, mean 500 µm: a straight material ratio curve.
 SSurface MakeRamp(std::size_t lines)
 {
     return MakeSurface(1001, lines, [](double x, double) { return 1e-6 * std::fmod(37 * x, 1001); });

@@ -11,10 +11,10 @@ using namespace CommonUI;
 namespace
 {
 
-class CDiagnosticsTest : public testing::Test
+class Diagnostics : public testing::Test
 {
 protected:
-    CDiagnosticsTest()
+    Diagnostics()
     {
         m_diagnostics.SetSink([this](const SDiagnosticLine& line) {
             m_lines.push_back(
@@ -30,7 +30,7 @@ protected:
 
 } // namespace
 
-TEST_F(CDiagnosticsTest, CategoryDecidesBelowWarning)
+TEST_F(Diagnostics, CategoryDecidesBelowWarning)
 {
     const auto writeAll = [this](std::u16string_view category) {
         for (const auto level : {EDiagnosticLevel::Trace, EDiagnosticLevel::Info, EDiagnosticLevel::Warning,
@@ -54,7 +54,7 @@ TEST_F(CDiagnosticsTest, CategoryDecidesBelowWarning)
     EXPECT_TRUE(m_diagnostics.IsEnabled(u"3DStack"));
 }
 
-TEST_F(CDiagnosticsTest, EmptyCategoryIsAlwaysEnabled)
+TEST_F(Diagnostics, EmptyCategoryIsAlwaysEnabled)
 {
     for (const bool enabled : {true, false}) {
         m_diagnostics.SetEnabled(u"", enabled);
@@ -64,7 +64,7 @@ TEST_F(CDiagnosticsTest, EmptyCategoryIsAlwaysEnabled)
     }
 }
 
-TEST_F(CDiagnosticsTest, ScopesIndentTheirThread)
+TEST_F(Diagnostics, ScopesIndentTheirThread)
 {
     const auto write = [this] { m_diagnostics.Write(u"c", EDiagnosticLevel::Error, u"t"); };
     {
@@ -82,7 +82,7 @@ TEST_F(CDiagnosticsTest, ScopesIndentTheirThread)
     EXPECT_EQ(TakeLines(), expected);
 }
 
-TEST_F(CDiagnosticsTest, EmptySinkRestoresStandardError)
+TEST_F(Diagnostics, EmptySinkRestoresStandardError)
 {
     std::ostringstream captured;
     std::streambuf* const before = std::cerr.rdbuf(captured.rdbuf());
@@ -98,7 +98,7 @@ TEST_F(CDiagnosticsTest, EmptySinkRestoresStandardError)
     EXPECT_EQ(TakeLines(), std::vector<CStr>{u"2 Inifile 1 back"});
 }
 
-TEST_F(CDiagnosticsTest, SinkMayAskForCategories)
+TEST_F(Diagnostics, SinkMayAskForCategories)
 {
     bool enabled = false;
     m_diagnostics.SetSink(

@@ -7,7 +7,7 @@
 namespace
 {
 
-/// While it is positive, allocations count it down; the one that makes it 0 fails.
+// While it is positive, allocations count it down; the one that makes it 0 fails.
 thread_local int t_left = 0;
 
 } // namespace

@@ -10,13 +10,13 @@ using namespace CommonUI;
 namespace
 {
 
-using CFormatTest = CCommaLocaleTest;
+using Format = CCommaLocaleTest;
 
 enum class EColour : unsigned char { Red = 200 };
 
 } // namespace
 
-TEST_F(CFormatTest, Texts)
+TEST_F(Format, Texts)
 {
     const double infinity = std::numeric_limits<double>::infinity();
     const struct {
@@ -67,7 +67,7 @@ TEST_F(CFormatTest, Texts)
         EXPECT_EQ(row.text, row.expected) << row.text.ToUtf8();
 }
 
-TEST_F(CFormatTest, SizesAreLimited)
+TEST_F(Format, SizesAreLimited)
 {
     EXPECT_EQ(CStr::Format(u"%2000000000d", 1).GetLength(), 65535u);
     EXPECT_EQ(CStr::Format(u"%*s", INT_MIN, u"x").GetLength(), 65535u);

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 namespace
 {
 
-/// A folder of its own for each test.
+// A folder of its own for each test.
 class InifileFile : public testing::Test
 {
 protected:
@@ -30,7 +30,7 @@ protected:
     CTemporaryFolder m_folder;
 };
 
-/// Whether `work` returns true when that allocation of it fails; the failure may come out of it, too.
+// Whether `work` returns true when that allocation of it fails; the failure may come out of it, too.
 bool WorksWithout(int allocation, const std::function<bool()>& work, bool& failed)
 {
     bool works = false;
@@ -43,7 +43,7 @@ bool WorksWithout(int allocation, const std::function<bool()>& work, bool& faile
     return works;
 }
 
-/// No file can grow beyond a number of bytes while it lives, as on a full disk.
+// No file can grow beyond a number of bytes while it lives, as on a full disk.
 class CFullDisk
 {
 public:

@@ -7,7 +7,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// UTF-16 with its mark.
+// UTF-16 with its mark.
 std::string Wide(std::u16string_view text)
 {
     std::string bytes = "\xFF\xFE";

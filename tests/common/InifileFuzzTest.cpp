@@ -10,7 +10,7 @@ using namespace std::string_literals;
 namespace
 {
 
-/// Files of pieces that mean something to the store, in an order that means nothing.
+// Files of pieces that mean something to the store, in an order that means nothing.
 class CRandomFile
 {
 public:
@@ -52,7 +52,7 @@ private:
 
 using CSectionModel = std::map<CStr, CStr>;
 
-/// The keys of a section as a user of the store sees them.
+// The keys of a section as a user of the store sees them.
 CSectionModel Observe(const CInifile& ini)
 {
     CSectionModel model;

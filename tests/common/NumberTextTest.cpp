@@ -19,7 +19,7 @@ constexpr double c_infinity = std::numeric_limits<double>::infinity();
 constexpr double c_max = std::numeric_limits<double>::max();
 constexpr double c_nan = std::numeric_limits<double>::quiet_NaN();
 
-/// Doubles of all kinds, with many on and beside the points where rounding decides.
+// Doubles of all kinds, with many on and beside the points where rounding decides.
 class CValues
 {
 public:
@@ -82,13 +82,13 @@ SNumberFormat Parsed(const std::string& format)
     return result;
 }
 
-/// Comparisons with the C library in one test: a second's worth, or 100 times that when asked for.
+// Comparisons with the C library in one test: a second's worth, or 100 times that when asked for.
 long long Comparisons()
 {
     return std::getenv("COMMONUI_EXHAUSTIVE") ? 100'000'000 : 1'000'000;
 }
 
-class CNumberTextTest : public CCommaLocaleTest
+class NumberText : public CCommaLocaleTest
 {
 protected:
     template<class T>
@@ -102,8 +102,8 @@ protected:
                           << " instead of " << expected;
     }
 
-    /// Some C libraries drop the zeros that '#' keeps where rounding carries a number to the power of ten at
-    /// which %g turns scientific: "1.e+06" of 999999.5 under "%#g". The right text is that of %e.
+    // Some C libraries drop the zeros that '#' keeps where rounding carries a number to the power of ten at
+    // which %g turns scientific: "1.e+06" of 999999.5 under "%#g". The right text is that of %e.
     static bool LostZeros(SNumberFormat format, double value, std::string_view reference,
                           std::string_view text)
     {
@@ -127,7 +127,7 @@ protected:
 
 } // namespace
 
-TEST_F(CNumberTextTest, SpecialValuesInEveryFormat)
+TEST_F(NumberText, SpecialValuesInEveryFormat)
 {
     const double values[] = {0.0,     -0.0,     c_infinity, -c_infinity, c_nan,        -c_nan, 5e-324,
                              c_max,   0.5,      1.5,        2.5,         0.125,        9.5,    9.9995,
@@ -144,7 +144,7 @@ TEST_F(CNumberTextTest, SpecialValuesInEveryFormat)
             }
 }
 
-TEST_F(CNumberTextTest, UsualFormatsOfManyValues)
+TEST_F(NumberText, UsualFormatsOfManyValues)
 {
     // Those of result tables and dialogs are among them.
     std::vector<std::string> formats = {"%lf"};
@@ -159,7 +159,7 @@ TEST_F(CNumberTextTest, UsualFormatsOfManyValues)
     }
 }
 
-TEST_F(CNumberTextTest, RandomFormatsOfManyValues)
+TEST_F(NumberText, RandomFormatsOfManyValues)
 {
     CValues values;
     while (m_compared < Comparisons() && !HasFailure()) {
@@ -170,7 +170,7 @@ TEST_F(CNumberTextTest, RandomFormatsOfManyValues)
     }
 }
 
-TEST_F(CNumberTextTest, RandomFormatsOfIntegers)
+TEST_F(NumberText, RandomFormatsOfIntegers)
 {
     CValues values;
     while (m_compared < Comparisons() / 10 && !HasFailure()) {
@@ -185,7 +185,7 @@ TEST_F(CNumberTextTest, RandomFormatsOfIntegers)
     }
 }
 
-TEST_F(CNumberTextTest, ConversionOfTheOtherKind)
+TEST_F(NumberText, ConversionOfTheOtherKind)
 {
     const struct {
         const char16_t* format;
@@ -247,9 +247,9 @@ TEST(NumberFormat, ReadsEveryPart)
     EXPECT_EQ(format.precision, c_formatLimit);
 }
 
-using CNumberReadingTest = CCommaLocaleTest;
+using NumberReading = CCommaLocaleTest;
 
-TEST_F(CNumberReadingTest, Doubles)
+TEST_F(NumberReading, Doubles)
 {
     const struct {
         std::u16string_view text;
@@ -298,7 +298,7 @@ TEST_F(CNumberReadingTest, Doubles)
     }
 }
 
-TEST_F(CNumberReadingTest, Integers)
+TEST_F(NumberReading, Integers)
 {
     const struct {
         std::u16string_view text;
@@ -321,7 +321,7 @@ TEST_F(CNumberReadingTest, Integers)
     }
 }
 
-TEST_F(CNumberReadingTest, ShortestTextReadsBack)
+TEST_F(NumberReading, ShortestTextReadsBack)
 {
     EXPECT_EQ(ShortestText(0.1), u"0.1");
     EXPECT_EQ(ShortestText(1e23), u"1e+23");

@@ -12,7 +12,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// Texts around the length from which a text is shared instead of lying in the object.
+// Texts around the length from which a text is shared instead of lying in the object.
 std::vector<CStr> TextsOfCriticalLengths()
 {
     std::vector<CStr> texts;
@@ -155,7 +155,7 @@ TEST(Str, SplitAndReplace)
         const char16_t* text;
         const char16_t* delimiter;
         std::vector<CStr> pieces;
-        const char16_t* replaced; ///< with "ab" for the delimiter
+        const char16_t* replaced; // with "ab" for the delimiter
     } rows[] = {{u"", u",", {u""}, u""},
                 {u",", u",", {u"", u""}, u"ab"},
                 {u"a,b,,c,", u",", {u"a", u"b", u"", u"c", u""}, u"aabbababcab"},

@@ -17,17 +17,17 @@ struct SThrown {
 
 class CPlay;
 
-/// A subscriber that has the game go on when it is called.
+// A subscriber that has the game go on when it is called.
 struct SPlayer {
     void OnEvent();
 
     CPlay& play;
     CClosureConnection connection{};
-    int subscription = 0; ///< which one of the game, counted from 1
+    int subscription = 0; // which one of the game, counted from 1
 };
 
-/// Random operations on a list, before, during and inside calls, beside a model: the numbers of the living
-/// subscriptions in order, and for each call in progress the numbers that it has still to reach.
+// Random operations on a list, before, during and inside calls, beside a model: the numbers of the living
+// subscriptions in order, and for each call in progress the numbers that it has still to reach.
 class CPlay
 {
 public:

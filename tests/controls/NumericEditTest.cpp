@@ -25,7 +25,7 @@ constexpr float c_floatMax = std::numeric_limits<float>::max();
 constexpr float c_infinity = std::numeric_limits<float>::infinity();
 constexpr float c_nan = std::numeric_limits<float>::quiet_NaN();
 
-/// An edit with a window that has the focus, whose callbacks are recorded and may act.
+// An edit with a window that has the focus, whose callbacks are recorded and may act.
 template<class TEdit, class T>
 class CStage
 {
@@ -100,7 +100,7 @@ private:
 using CIntStage = CStage<CIntEdit, int>;
 using CFloatStage = CStage<CFloatEdit, float>;
 
-/// Where steps lead from a value.
+// Where steps lead from a value.
 template<class T>
 struct SSteps {
     T value, step, up, down, none, threeUp;
@@ -179,7 +179,7 @@ TEST(NumericEdit, FormatHoldsOneRealConversion)
 {
     const struct {
         const char16_t* format;
-        const char16_t* text; ///< of 1.25
+        const char16_t* text; // of 1.25
     } cases[] = {
         {u"%.1f", u"1.2"},
         {u"%+8.3E", u"+1.250E+00"},
@@ -232,7 +232,7 @@ TEST(NumericEdit, ClampsIntoTheRange)
 TEST(NumericEdit, IncrementIsMantissaAndPowerOfTen)
 {
     const struct {
-        float step, increment, smaller; ///< smaller: ten times
+        float step, increment, smaller; // smaller: ten times
     } cases[] = {
         {250, 250, 25},
         {0, 1, 0.1F},

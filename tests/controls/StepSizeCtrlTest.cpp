@@ -12,7 +12,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// A service whose clock can run ahead of its ticks, as that of a busy program.
+// A service whose clock can run ahead of its ticks, as that of a busy program.
 class CLateService : public CManualTimerService
 {
 public:

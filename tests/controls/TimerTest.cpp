@@ -14,7 +14,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// A manual service that can be out of timers, repeat an identifier, and shows what it was asked.
+// A manual service that can be out of timers, repeat an identifier, and shows what it was asked.
 class CTestService : public CManualTimerService
 {
 public:

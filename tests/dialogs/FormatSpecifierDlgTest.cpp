@@ -20,7 +20,7 @@ CParameter MakeParameter(const CParameter::SFormatSpecifier& format)
     return parameter;
 }
 
-/// The dialog with a window.
+// The dialog with a window.
 class CShown
 {
 public:

@@ -16,7 +16,7 @@ using namespace CommonUI::ProgressTemplate;
 namespace
 {
 
-/// Makes the steps of a worker's dialog without a worker.
+// Makes the steps of a worker's dialog without a worker.
 class CSteppedDialog : public CProgressDialogBase
 {
 public:

@@ -44,7 +44,7 @@ public:
     CMemoryProgressView view;
     std::unique_ptr<CProgressThreadDialog> dialog =
         std::make_unique<CProgressThreadDialog>(nullptr, u"Batch", CStr());
-    CProgressThreadDialog* const worked = dialog.get(); ///< for the worker
+    CProgressThreadDialog* const worked = dialog.get(); // for the worker
     std::function<void()> work = [this] { ReportUntilCanceled(); };
     std::function<void()> onStep;
     int steps = 0;

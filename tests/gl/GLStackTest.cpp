@@ -11,7 +11,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// A stack that shows its records and takes any.
+// A stack that shows its records and takes any.
 class COpenStack : public CGLStack
 {
 public:
@@ -21,7 +21,7 @@ public:
     }
     void AppendEmpty() { CGLStack::Append(nullptr); }
 
-    /// The kinds of the records from the bottom up, one digit each.
+    // The kinds of the records from the bottom up, one digit each.
     std::string GetKinds() const
     {
         std::string kinds;
@@ -33,13 +33,13 @@ public:
 
 using FStep = std::function<bool(COpenStack&)>;
 
-class CGLStackTest : public CContextTest
+class GLStack : public CContextTest
 {
 protected:
-    CGLStackTest() { GetDiagnostics().SetEnabled(u"3DStack", false); }
-    ~CGLStackTest() override { GetDiagnostics().SetEnabled(u"3DStack", false); }
+    GLStack() { GetDiagnostics().SetEnabled(u"3DStack", false); }
+    ~GLStack() override { GetDiagnostics().SetEnabled(u"3DStack", false); }
 
-    /// A push that must fail, report it once, and leave everything as it was.
+    // A push that must fail, report it once, and leave everything as it was.
     void ExpectFailure(const FStep& push, const CStr& operation, std::u16string_view error)
     {
         COpenStack stack;
@@ -62,7 +62,7 @@ const FStep c_windowCoord = [](COpenStack& stack) { return stack.PushWindowCoord
 const FStep c_pixelCoord = [](COpenStack& stack) { return stack.PushWindowCoord(true); };
 const FStep c_depthMask = [](COpenStack& stack) { return stack.PushDepthMask(false); };
 
-/// What glOrtho multiplies with.
+// What glOrtho multiplies with.
 std::array<double, 16> Ortho(double left, double right, double bottom, double top, double zNear, double zFar)
 {
     std::array<double, 16> matrix{};
@@ -76,7 +76,7 @@ std::array<double, 16> Ortho(double left, double right, double bottom, double to
     return matrix;
 }
 
-/// The driver keeps matrices as floats.
+// The driver keeps matrices as floats.
 void ExpectNear(const std::array<double, 16>& actual, const std::array<double, 16>& expected)
 {
     for (std::size_t i = 0; i < expected.size(); ++i)
@@ -90,7 +90,7 @@ int FreeSlots(GLenum limit, GLenum depth)
 
 } // namespace
 
-TEST_F(CGLStackTest, EachPushIsUndoneByOnePop)
+TEST_F(GLStack, EachPushIsUndoneByOnePop)
 {
     glMatrixMode(GL_TEXTURE);
     glDepthRange(0.25, 0.75);
@@ -98,7 +98,7 @@ TEST_F(CGLStackTest, EachPushIsUndoneByOnePop)
     const struct {
         FStep push;
         const char* kinds;
-        std::array<int, 3> deeper; ///< attributes, model-view, projection
+        std::array<int, 3> deeper; // attributes, model-view, projection
         int depthMask, matrixMode;
     } rows[] = {
         {c_attrib, "0", {1, 0, 0}, 1, GL_TEXTURE},
@@ -126,7 +126,7 @@ TEST_F(CGLStackTest, EachPushIsUndoneByOnePop)
     EXPECT_EQ(TakeLines(), "");
 }
 
-TEST_F(CGLStackTest, WhatWasChangedSincePushingIsRestored)
+TEST_F(GLStack, WhatWasChangedSincePushingIsRestored)
 {
     glLoadIdentity();
     CGLStack stack;
@@ -144,7 +144,7 @@ TEST_F(CGLStackTest, WhatWasChangedSincePushingIsRestored)
     EXPECT_EQ(SGLState(), before);
 }
 
-TEST_F(CGLStackTest, WindowCoordinatesFitWhatTheyAreGiven)
+TEST_F(GLStack, WindowCoordinatesFitWhatTheyAreGiven)
 {
     COpenStack stack;
     glViewport(10, 20, 300, 200);
@@ -160,7 +160,7 @@ TEST_F(CGLStackTest, WindowCoordinatesFitWhatTheyAreGiven)
     EXPECT_EQ(stack.GetKinds(), "010120101201012");
 }
 
-TEST_F(CGLStackTest, DestructionUnwindsNestedGroups)
+TEST_F(GLStack, DestructionUnwindsNestedGroups)
 {
     glMatrixMode(GL_PROJECTION);
     const SGLState before;
@@ -178,7 +178,7 @@ TEST_F(CGLStackTest, DestructionUnwindsNestedGroups)
     EXPECT_EQ(TakeLines(), "");
 }
 
-TEST_F(CGLStackTest, TraceOfANestedUnwind)
+TEST_F(GLStack, TraceOfANestedUnwind)
 {
     {
         COpenStack stack;
@@ -201,7 +201,7 @@ TEST_F(CGLStackTest, TraceOfANestedUnwind)
     EXPECT_EQ(trace, ReadTestData("gl-stack-trace.txt"));
 }
 
-TEST_F(CGLStackTest, PopsWithNothingToPop)
+TEST_F(GLStack, PopsWithNothingToPop)
 {
     const std::string empty = "3DStack    3 Error: Popping empty GLStack\n";
     const std::string hole = "3DStack    3 Error: Empty GLStack item\n";
@@ -222,7 +222,7 @@ TEST_F(CGLStackTest, PopsWithNothingToPop)
     EXPECT_EQ(TakeLines(), "3DStack    3 Unknown stack operation: 42\n" + hole + hole);
 }
 
-TEST_F(CGLStackTest, PopReportsWhatOpenGLComplainsAbout)
+TEST_F(GLStack, PopReportsWhatOpenGLComplainsAbout)
 {
     COpenStack stack;
     stack.Append(1); // a matrix that nobody pushed
@@ -234,7 +234,7 @@ TEST_F(CGLStackTest, PopReportsWhatOpenGLComplainsAbout)
     EXPECT_NE(TakeLines().find(" (Function: CGLStack::Pop) (File: GLStack)\n"), std::string::npos);
 }
 
-TEST_F(CGLStackTest, FailuresOfFurtherPopsAreIgnored)
+TEST_F(GLStack, FailuresOfFurtherPopsAreIgnored)
 {
     COpenStack stack;
     const SGLState before;
@@ -248,7 +248,7 @@ TEST_F(CGLStackTest, FailuresOfFurtherPopsAreIgnored)
     EXPECT_EQ(m_boxes.GetShown().size(), 2U);
 }
 
-TEST_F(CGLStackTest, FullStacksOfTheDriver)
+TEST_F(GLStack, FullStacksOfTheDriver)
 {
     const CStr overflow = u"GL_STACK_OVERFLOW";
     for (const auto& [mode, limit, depth] :
@@ -273,7 +273,7 @@ TEST_F(CGLStackTest, FullStacksOfTheDriver)
     EXPECT_NE(TakeLines().find(" (Function: CGLStack::PushAttrib) (File: GLStack)\n"), std::string::npos);
 }
 
-TEST_F(CGLStackTest, FailureOfEachStepInBetween)
+TEST_F(GLStack, FailureOfEachStepInBetween)
 {
     const struct {
         const FStep& push;
@@ -296,7 +296,7 @@ TEST_F(CGLStackTest, FailureOfEachStepInBetween)
     }
 }
 
-TEST_F(CGLStackTest, WhatThrowsDoesNotStopUndoing)
+TEST_F(GLStack, WhatThrowsDoesNotStopUndoing)
 {
     class CThrowingBoxes : public CMessageBoxService
     {
@@ -327,7 +327,7 @@ TEST_F(CGLStackTest, WhatThrowsDoesNotStopUndoing)
     EXPECT_EQ(SGLState(), before);
 }
 
-TEST_F(CGLStackTest, BoxesWithoutExtent)
+TEST_F(GLStack, BoxesWithoutExtent)
 {
     const FStep flat = [](COpenStack& stack) { return stack.PushWindowCoord(0, 1, 0, 1, 2, 2); };
     ExpectFailure(flat, u"SetupProjection", u"GL_INVALID_VALUE");

@@ -11,11 +11,11 @@ using namespace CommonUI;
 namespace
 {
 
-class CGLUtilsTest : public CContextTest
+class GLUtils : public CContextTest
 {
 };
 
-/// The numbers that x and y are multiplied with.
+// The numbers that x and y are multiplied with.
 struct SFrustum {
     double x, y;
 };
@@ -35,11 +35,11 @@ double TangentOfHalf(double degrees)
 
 } // namespace
 
-TEST_F(CGLUtilsTest, PerspectiveFitsTheAngleToTheShorterEdge)
+TEST_F(GLUtils, PerspectiveFitsTheAngleToTheShorterEdge)
 {
     const struct {
         SRect viewport;
-        double vertical; ///< the vertical angle in degrees
+        double vertical; // the vertical angle in degrees
         double aspect;
     } rows[] = {
         {{0, 0, 400, 200}, 45, 2}, {{10, 20, 210, 220}, 45, 1}, {{-100, 0, 100, 400}, 79.27854, 0.5},
@@ -56,7 +56,7 @@ TEST_F(CGLUtilsTest, PerspectiveFitsTheAngleToTheShorterEdge)
     EXPECT_EQ(matrix[11], -1);
 }
 
-TEST_F(CGLUtilsTest, OrthographicShowsWhatPerspectiveShowsAtTheFarPlane)
+TEST_F(GLUtils, OrthographicShowsWhatPerspectiveShowsAtTheFarPlane)
 {
     constexpr SRect c_viewports[] = {{0, 0, 400, 200}, {0, 0, 200, 200}, {0, 0, 200, 400}, {0, 0, 300, 0}};
     for (const SRect& viewport : c_viewports) {
@@ -68,7 +68,7 @@ TEST_F(CGLUtilsTest, OrthographicShowsWhatPerspectiveShowsAtTheFarPlane)
     EXPECT_NEAR(GetDoubles<16>(GL_MODELVIEW_MATRIX)[10], -2.0 / (10.0 - 2.0), 1e-6);
 }
 
-TEST_F(CGLUtilsTest, ProjectionIsMultipliedOntoTheCurrentMatrix)
+TEST_F(GLUtils, ProjectionIsMultipliedOntoTheCurrentMatrix)
 {
     glViewport(30, 40, 120, 60);
     glScaled(3, 3, 3);
@@ -79,7 +79,7 @@ TEST_F(CGLUtilsTest, ProjectionIsMultipliedOntoTheCurrentMatrix)
     EXPECT_EQ(GetInteger(GL_MATRIX_MODE), GL_MODELVIEW);
 }
 
-TEST_F(CGLUtilsTest, ProjectionsThatDoNotExistChangeNothing)
+TEST_F(GLUtils, ProjectionsThatDoNotExistChangeNothing)
 {
     const struct {
         bool orthographic;
@@ -108,7 +108,7 @@ TEST_F(CGLUtilsTest, ProjectionsThatDoNotExistChangeNothing)
     }
 }
 
-TEST_F(CGLUtilsTest, RasterPositionIsThePixel)
+TEST_F(GLUtils, RasterPositionIsThePixel)
 {
     using FPosition = std::function<bool()>;
     const struct {
@@ -137,7 +137,7 @@ TEST_F(CGLUtilsTest, RasterPositionIsThePixel)
     EXPECT_EQ(TakeLines(), "");
 }
 
-TEST_F(CGLUtilsTest, FailuresOfPixelPositions)
+TEST_F(GLUtils, FailuresOfPixelPositions)
 {
     constexpr int c_ownTest = 11; // the tenth step is the last push
     const SGLState before;

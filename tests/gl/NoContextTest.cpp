@@ -8,11 +8,11 @@ using namespace CommonUI;
 namespace
 {
 
-using CNoContextTest = CReportsTest;
+using NoContext = CReportsTest;
 
 } // namespace
 
-TEST_F(CNoContextTest, NothingLoopsOrCrashes)
+TEST_F(NoContext, NothingLoopsOrCrashes)
 {
     GetDiagnostics().SetEnabled(u"3DStack", true);
     {
@@ -27,7 +27,7 @@ TEST_F(CNoContextTest, NothingLoopsOrCrashes)
     EXPECT_TRUE(TakeLines().ends_with("3DStack    0   Exiting CGLStack::Pop\n"));
 }
 
-TEST_F(CNoContextTest, ReportsHaveNoValues)
+TEST_F(NoContext, ReportsHaveNoValues)
 {
     COpenGLWrapper wrapper;
     EXPECT_FALSE(wrapper.CheckExtensions(nullptr) || wrapper.TestOpenGLError(u"", u"", u"", 0));

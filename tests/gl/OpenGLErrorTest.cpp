@@ -7,7 +7,7 @@ using namespace CommonUI;
 namespace
 {
 
-class COpenGLErrorTest : public CContextTest
+class OpenGLError : public CContextTest
 {
 protected:
     void TearDown() override { FaultyDriver::StayBroken(GL_NO_ERROR); }
@@ -21,7 +21,7 @@ constexpr std::u16string_view c_message =
 
 } // namespace
 
-TEST_F(COpenGLErrorTest, OneErrorIsReportedOnce)
+TEST_F(OpenGLError, OneErrorIsReportedOnce)
 {
     EXPECT_FALSE(OpenGLErrorMsg(u"Draw %d", u"Scene", u"View", 7));
     EXPECT_EQ(TakeLines(), "");
@@ -38,7 +38,7 @@ TEST_F(COpenGLErrorTest, OneErrorIsReportedOnce)
     EXPECT_EQ(TakeLines(), head + message + "\n" + box + message);
 }
 
-TEST_F(COpenGLErrorTest, NamesOfErrors)
+TEST_F(OpenGLError, NamesOfErrors)
 {
     constexpr std::pair<GLenum, std::u16string_view> c_rows[] = {
         {0x500, u"GL_INVALID_ENUM\nError message: \"invalid enumerant\" (1280)\n"},
@@ -61,7 +61,7 @@ TEST_F(COpenGLErrorTest, NamesOfErrors)
     EXPECT_EQ(CStr(GetOpenGLErrorName(0)), u"GL_NO_ERROR");
 }
 
-TEST_F(COpenGLErrorTest, LastingErrorIsReportedOnceForAll)
+TEST_F(OpenGLError, LastingErrorIsReportedOnceForAll)
 {
     EXPECT_FALSE(m_wrapper.TestOpenGLError(u"Clear", u"", u"", 0));
     glEnable(GL_NONE);
@@ -84,7 +84,7 @@ TEST_F(COpenGLErrorTest, LastingErrorIsReportedOnceForAll)
     EXPECT_EQ(TakeLines(), "");
 }
 
-TEST_F(COpenGLErrorTest, ReportOfAnError)
+TEST_F(OpenGLError, ReportOfAnError)
 {
     glEnable(GL_NONE);
     COpenGLWrapper::DiagnoseOutputError();

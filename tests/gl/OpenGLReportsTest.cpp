@@ -7,13 +7,13 @@ using namespace CommonUI;
 namespace
 {
 
-class COpenGLReportsTest : public CContextTest
+class OpenGLReports : public CContextTest
 {
 protected:
-    COpenGLReportsTest() { SetGLEntryPoints(&m_entryPoints); }
-    ~COpenGLReportsTest() override { SetGLEntryPoints(nullptr); }
+    OpenGLReports() { SetGLEntryPoints(&m_entryPoints); }
+    ~OpenGLReports() override { SetGLEntryPoints(nullptr); }
 
-    /// The lines of a report, which all are of one kind.
+    // The lines of a report, which all are of one kind.
     std::string TakeReport()
     {
         std::string report = TakeLines();
@@ -37,7 +37,7 @@ const char* GetExtensionsOf(HDC hdc)
 
 } // namespace
 
-TEST_F(COpenGLReportsTest, Strings)
+TEST_F(OpenGLReports, Strings)
 {
     std::string expected = "OpenGL Vendor: " + Text(GL_VENDOR);
     expected += "\nOpenGL Renderer: " + Text(GL_RENDERER) + "\nOpenGL Version: " + Text(GL_VERSION);
@@ -52,7 +52,7 @@ TEST_F(COpenGLReportsTest, Strings)
     EXPECT_EQ(TakeReport(), expected);
 }
 
-TEST_F(COpenGLReportsTest, ExtensionsAreLookedForInBothLists)
+TEST_F(OpenGLReports, ExtensionsAreLookedForInBothLists)
 {
     const CWGL_ARB_extensions_string before;
     EXPECT_TRUE(before.IsSupported(nullptr, "GL_ARB_multitextur")); // a part of a longer name
@@ -62,7 +62,7 @@ TEST_F(COpenGLReportsTest, ExtensionsAreLookedForInBothLists)
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
-TEST_F(COpenGLReportsTest, PixelStore)
+TEST_F(OpenGLReports, PixelStore)
 {
     int value = 3;
     for (const GLenum name : {GL_PACK_ROW_LENGTH, GL_PACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS,
@@ -79,7 +79,7 @@ TEST_F(COpenGLReportsTest, PixelStore)
                             "GL_UNPACK_SKIP_ROWS:   7\nGL_UNPACK_SKIP_PIXELS: 8\nGL_UNPACK_ALIGNMENT:   8\n");
 }
 
-TEST_F(COpenGLReportsTest, Stacks)
+TEST_F(OpenGLReports, Stacks)
 {
     glPushAttrib(GL_TRANSFORM_BIT);
     glPushMatrix();

@@ -6,7 +6,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// A descriptor with another value in every field, and every flag set.
+// A descriptor with another value in every field, and every flag set.
 PIXELFORMATDESCRIPTOR MakeFullDescriptor()
 {
     return {40, 65535, 0xFFFFFFFF, 1,  255, 5,  6,  7,  8,   9,  10, 11,         12,

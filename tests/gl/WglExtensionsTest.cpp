@@ -27,11 +27,11 @@ constexpr const char* c_names[] = {
 };
 constexpr std::size_t c_pixelFormatCount = 3;
 
-/// A window system that has everything, until a test takes something away.
-class CWglExtensionsTest : public testing::Test
+// A window system that has everything, until a test takes something away.
+class WglExtensions : public testing::Test
 {
 protected:
-    CWglExtensionsTest()
+    WglExtensions()
     {
         s_extensions = "WGL_ARB_pbuffer WGL_ARB_pixel_format";
         m_entryPoints.Set("wglGetExtensionsStringARB", GetExtensions);
@@ -39,9 +39,9 @@ protected:
             m_entryPoints.Set(name, AnyFunction);
         SetGLEntryPoints(&m_entryPoints);
     }
-    ~CWglExtensionsTest() override { SetGLEntryPoints(nullptr); }
+    ~WglExtensions() override { SetGLEntryPoints(nullptr); }
 
-    /// Which of the two extensions are held after a check.
+    // Which of the two extensions are held after a check.
     std::pair<bool, bool> Check()
     {
         const bool complete = m_wrapper.CheckExtensions(nullptr);
@@ -60,7 +60,7 @@ constexpr std::pair c_none(false, false);
 
 } // namespace
 
-TEST_F(CWglExtensionsTest, ExtensionsByTheirList)
+TEST_F(WglExtensions, ExtensionsByTheirList)
 {
     const struct {
         const char* extensions;
@@ -84,7 +84,7 @@ TEST_F(CWglExtensionsTest, ExtensionsByTheirList)
     EXPECT_FALSE(fresh.CheckExtensions(nullptr));
 }
 
-TEST_F(CWglExtensionsTest, OneMissingEntryPointMakesAnExtensionUseless)
+TEST_F(WglExtensions, OneMissingEntryPointMakesAnExtensionUseless)
 {
     EXPECT_EQ(Check(), c_both);
     EXPECT_TRUE(m_wrapper.GetWGL_ARB_pbuffer()->wglQueryPbufferARB);
@@ -96,7 +96,7 @@ TEST_F(CWglExtensionsTest, OneMissingEntryPointMakesAnExtensionUseless)
     EXPECT_EQ(Check(), c_both);
 }
 
-TEST_F(CWglExtensionsTest, CopiesTakeTheExtensionsOver)
+TEST_F(WglExtensions, CopiesTakeTheExtensionsOver)
 {
     EXPECT_EQ(Check(), c_both);
     CWGL_ARB_pbuffer* const pbuffer = m_wrapper.GetWGL_ARB_pbuffer();
@@ -115,7 +115,7 @@ TEST_F(CWglExtensionsTest, CopiesTakeTheExtensionsOver)
 namespace
 {
 
-/// Uses the wrapper of the process before main and after it.
+// Uses the wrapper of the process before main and after it.
 struct SStaticUser {
     SStaticUser() { TryAll(); }
     ~SStaticUser() { TryAll(); }
@@ -132,7 +132,7 @@ const SStaticUser s_user;
 
 } // namespace
 
-TEST_F(CWglExtensionsTest, WrapperOfTheProcessOutlivesStaticObjects)
+TEST_F(WglExtensions, WrapperOfTheProcessOutlivesStaticObjects)
 {
     // What it holds now is still there in the destructor of s_user, which takes the missing driver's word.
     EXPECT_TRUE(G_OpenGLWrapper.CheckExtensions(nullptr));

@@ -41,7 +41,7 @@ std::unique_ptr<Offscreen::CContext> MakeNone(int, int, std::string& reason)
 
 } // namespace
 
-TEST(GlReportTest, ReportHasWhatSupportAsksFor)
+TEST(GlReportProgram, ReportHasWhatSupportAsksFor)
 {
     const SAnswer answer = RunReport({});
     ASSERT_EQ(answer.status, 0) << answer.err;
@@ -55,7 +55,7 @@ TEST(GlReportTest, ReportHasWhatSupportAsksFor)
     EXPECT_EQ(answer.out.find("INVALID"), std::string::npos);
 }
 
-TEST(GlReportTest, ExtensionsOfTheWindowSystemAreThoseOfThePort)
+TEST(GlReportProgram, ExtensionsOfTheWindowSystemAreThoseOfThePort)
 {
     EXPECT_NE(RunReport({}).out.find("both can be used:     no"), std::string::npos);
 
@@ -75,7 +75,7 @@ TEST(GlReportTest, ExtensionsOfTheWindowSystemAreThoseOfThePort)
     EXPECT_NE(answer.out.find("CWGL_ARB_extensions_string: \"WGL_ARB_pixel_format\""), std::string::npos);
 }
 
-TEST(GlReportTest, ReportGoesToAFile)
+TEST(GlReportProgram, ReportGoesToAFile)
 {
     const fs::path file = fs::temp_directory_path() / "gl_report-test.txt";
     const std::string name = file.string();
@@ -87,7 +87,7 @@ TEST(GlReportTest, ReportGoesToAFile)
     fs::remove(file);
 }
 
-TEST(GlReportTest, WhatGoesWrongIsSaidInOneLine)
+TEST(GlReportProgram, WhatGoesWrongIsSaidInOneLine)
 {
     const struct {
         std::vector<const char*> arguments;
@@ -113,7 +113,7 @@ TEST(GlReportTest, WhatGoesWrongIsSaidInOneLine)
     }
 }
 
-TEST(GlReportTest, ReportThatCannotBeWrittenIsAFailure)
+TEST(GlReportProgram, ReportThatCannotBeWrittenIsAFailure)
 {
     std::ostringstream err;
     std::ostream full(nullptr);
@@ -121,7 +121,7 @@ TEST(GlReportTest, ReportThatCannotBeWrittenIsAFailure)
     EXPECT_EQ(err.str(), "gl_report: the report cannot be written\n");
 }
 
-TEST(OffscreenContextTest, RefusesASizeThatNoDriverHas)
+TEST(OffscreenContext, RefusesASizeThatNoDriverHas)
 {
     for (const int width : {0, -1, 1 << 30}) {
         std::string reason;

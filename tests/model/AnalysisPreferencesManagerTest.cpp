@@ -22,7 +22,7 @@ public:
     {
         manager.GetChangeList().Subscribe(*this, &CListener::OnChange, m_connection);
     }
-    /// The changes since the last call.
+    // The changes since the last call.
     std::vector<SPreferencesChange> Take() { return std::exchange(m_changes, {}); }
 
 private:

@@ -13,7 +13,7 @@ using CData = CAnalysisPreferencesData;
 namespace
 {
 
-/// The first parameter, statistic and output of every list changed in all that is stored of them.
+// The first parameter, statistic and output of every list changed in all that is stored of them.
 void ChangeAll(CData& data)
 {
     data.SetWriteToFile(!data.GetWriteToFile());

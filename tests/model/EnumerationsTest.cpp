@@ -11,7 +11,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// What files and lists see of a value: number, key and text.
+// What files and lists see of a value: number, key and text.
 std::string Describe(const CEnumValue<int>& value)
 {
     EXPECT_EQ(value.GetStandard(), 0);

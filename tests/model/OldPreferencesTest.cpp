@@ -10,7 +10,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// Whether what a switch is for is on: "file", "database", "parameter Sa", "output ResultGrid" ...
+// Whether what a switch is for is on: "file", "database", "parameter Sa", "output ResultGrid" ...
 bool IsOn(const CAnalysisPreferencesData& data, const CStr& what)
 {
     if (what == u"file")

@@ -23,7 +23,7 @@ namespace
 
 using CLines = std::vector<std::string>;
 
-/// The lines of the golden file that belong to one analysis.
+// The lines of the golden file that belong to one analysis.
 CLines GoldenLines(EAnalysis analysis)
 {
     const std::string start = "[Analysis_" + CAnalysisPreferencesData::GetININame(analysis).ToUtf8();
@@ -105,8 +105,8 @@ private:
     std::mt19937 m_random;
 };
 
-/// The keys that are not the library's, with their values. What stands between dynamic parameters does not
-/// count: their section is written anew.
+// The keys that are not the library's, with their values. What stands between dynamic parameters does not
+// count: their section is written anew.
 std::map<std::pair<CStr, CStr>, CStr> ForeignKeys(CInifile ini)
 {
     std::map<std::pair<CStr, CStr>, CStr> keys;
@@ -168,7 +168,7 @@ TEST(PreferencesFuzz, MutatedFilesAreLoadedAndSaved)
 namespace
 {
 
-/// Saves one content and the other in turn until it is killed; says so, once it is about to begin.
+// Saves one content and the other in turn until it is killed; says so, once it is about to begin.
 [[noreturn]] void SaveForever(const CStr& file, const std::string (&contents)[2], int started)
 {
     CInifile ini;
@@ -182,7 +182,7 @@ namespace
     _exit(1);
 }
 
-/// Kills such a process at a random moment.
+// Kills such a process at a random moment.
 void InterruptSaving(const CStr& file, const std::string (&contents)[2], std::chrono::microseconds moment)
 {
     int ends[2];

@@ -11,7 +11,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// Makes a folder the application's and puts a configuration file there.
+// Makes a folder the application's and puts a configuration file there.
 class CConfiguredApplication
 {
 public:

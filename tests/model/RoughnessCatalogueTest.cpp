@@ -27,9 +27,9 @@ TEST(RoughnessCatalogue, UnknownNumbersAreDimensionlessWithoutVariables)
     }
 }
 
-/// The rows of the page's tables, each as its first five cells with '|' before every cell.
+// The rows of the page's tables, each as its first five cells with '|' before every cell.
 struct SPage {
-    std::vector<std::string> parameters; ///< the standard's number stands before the cells
+    std::vector<std::string> parameters; // the standard's number stands before the cells
     std::vector<std::string> variables;
 };
 

@@ -9,7 +9,7 @@ using ERough = ERoughnessParameters;
 namespace
 {
 
-/// "Name(3) Name[Sub(2) Sub(1)]": groups with the numbers of their entries.
+// "Name(3) Name[Sub(2) Sub(1)]": groups with the numbers of their entries.
 std::string Outline(const std::vector<SParameterGroup>& groups)
 {
     std::string text;

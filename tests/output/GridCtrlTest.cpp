@@ -11,7 +11,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// A row with two rows below it, and one after it.
+// A row with two rows below it, and one after it.
 void FillTree(CGridHarness& harness)
 {
     CGridRow& top = harness.grid->AddRow();
@@ -265,7 +265,7 @@ TEST(GridCtrl, TypingEditsAndTabGoesOn)
 TEST(GridCtrl, ColumnsAreResizedByTheirEdges)
 {
     const struct {
-        int x; ///< pressed in the header, and dragged to `to`
+        int x; // pressed in the header, and dragged to `to`
         int to;
         std::vector<int> widths;
     } cases[] = {

@@ -27,7 +27,7 @@ SBase3D<CUnit> Units(const char16_t* z = u"m")
     return {CUnit(EFactor::Unity), CUnit(EFactor::Unity), CUnit(EFactor::Unity, z)};
 }
 
-/// What buttons call: keeps what was drawn during the call, then does what it was told.
+// What buttons call: keeps what was drawn during the call, then does what it was told.
 struct SListener {
     void OnSetup(CGridSetupItem& item) { Run(item); }
     void OnButton(CGridButtonItem& item) { Run(item); }
@@ -60,7 +60,7 @@ TEST(GridItems, ChecksToggleByClicksOnTheBox)
     const struct {
         int before;
         unsigned int message;
-        SPoint point; ///< in a cell that begins at 0, 20
+        SPoint point; // in a cell that begins at 0, 20
         int after;
     } cases[] = {
         {0, c_left, {2, 22}, 1},   {1, c_left, {17, 37}, 0}, {2, c_left, {10, 30}, 0},

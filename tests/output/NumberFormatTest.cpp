@@ -12,7 +12,7 @@ using EFormat = CParameter::EFormatSpecifier;
 namespace
 {
 
-/// What printf makes of the value, cleaned if the format is an exponent form.
+// What printf makes of the value, cleaned if the format is an exponent form.
 CStr Expected(double value, const CStr& format)
 {
     CStr expected = CStr::Format(format, value);

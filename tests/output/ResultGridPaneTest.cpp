@@ -14,7 +14,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// Columns in two groups, one of them without a name and with a wrapped header; a row of units on top.
+// Columns in two groups, one of them without a name and with a wrapped header; a row of units on top.
 CGrid MakeTable(std::size_t rows)
 {
     CGrid grid(SCell::Results);
@@ -112,7 +112,7 @@ TEST(ResultGridPane, CellsStayBelowNamesAndHeaders)
 TEST(ResultGridPane, SelectionIsThatOfTheTable)
 {
     const struct {
-        std::vector<SPoint> path; ///< pressed at the first, dragged to the others
+        std::vector<SPoint> path; // pressed at the first, dragged to the others
         SGridModifiers modifiers;
         const char16_t* text;
     } cases[] = {

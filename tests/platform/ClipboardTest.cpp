@@ -9,7 +9,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// The number behind a key of the header, which has ten digits and ends its line.
+// The number behind a key of the header, which has ten digits and ends its line.
 std::size_t PlaceOf(const std::string& bytes, const std::string& key)
 {
     const std::size_t at = bytes.find("\r\n" + key + ":");

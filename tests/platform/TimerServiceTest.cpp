@@ -14,7 +14,7 @@ using std::chrono::milliseconds;
 namespace
 {
 
-/// The console service on a clock that jumps to the end of each wait.
+// The console service on a clock that jumps to the end of each wait.
 class CJumpingService : public CConsoleTimerService
 {
 public:

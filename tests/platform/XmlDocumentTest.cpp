@@ -12,7 +12,7 @@ using namespace std::string_literals;
 namespace
 {
 
-/// Text of ASCII as UTF-16.
+// Text of ASCII as UTF-16.
 std::string Wide(const std::string& text, bool bigEndian)
 {
     std::string bytes;

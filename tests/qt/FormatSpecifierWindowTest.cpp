@@ -37,7 +37,7 @@ QPushButton& GetButton(CFormatSpecifierWindow& window, QDialogButtonBox::Standar
     return *window.findChild<QDialogButtonBox*>()->button(button);
 }
 
-/// Opens the dialog, does something with it when it is active, and returns the format that it leaves.
+// Opens the dialog, does something with it when it is active, and returns the format that it leaves.
 CParameter::SFormatSpecifier RunDialog(const CParameter::SFormatSpecifier& format,
                                        const std::function<void(CFormatSpecifierWindow&)>& act)
 {
@@ -52,7 +52,7 @@ CParameter::SFormatSpecifier RunDialog(const CParameter::SFormatSpecifier& forma
     return dialog.GetParameter().GetFloatFormat();
 }
 
-/// What screen readers call a widget: by its label, or by its own name.
+// What screen readers call a widget: by its label, or by its own name.
 QString GetSpokenName(QWidget& widget)
 {
     const QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&widget);

@@ -29,7 +29,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// A grid with a row for every kind of item in its second column.
+// A grid with a row for every kind of item in its second column.
 class GridWidget : public testing::Test
 {
 public:
@@ -77,7 +77,7 @@ public:
                 return editor;
         return nullptr;
     }
-    /// The text of an item after what was done, with the changes that were told.
+    // The text of an item after what was done, with the changes that were told.
     std::string After(ERow row)
     {
         std::string text = Item(row)->FormatItem().ToUtf8() + std::exchange(m_changes, {});
@@ -157,7 +157,7 @@ TEST_F(GridWidget, EditorsEndByKeys)
         ERow row;
         const char* typed;
         Qt::Key end;
-        const char* after; ///< the text, and the changes that were told
+        const char* after; // the text, and the changes that were told
         unsigned int beeps;
     } cases[] = {
         {Text, "new", Qt::Key_Return, "new 3", 0},   {Text, "other", Qt::Key_Escape, "new", 0},
@@ -319,7 +319,7 @@ TEST_F(GridWidget, CallbacksMayDestroyTheWidget)
 
 TEST_F(GridWidget, AWindowThatIsDestroyedWhileTheUserTypesIsNotCalled)
 {
-    /// Its part of the object is gone when Qt takes the focus away.
+    // Its part of the object is gone when Qt takes the focus away.
     struct SWindow : QWidget {
         explicit SWindow(std::string& changes)
             : grid(new CGridCtrlWidget(this))

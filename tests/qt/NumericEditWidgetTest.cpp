@@ -33,7 +33,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// A dialog with two numbers and buttons, as people meet it.
+// A dialog with two numbers and buttons, as people meet it.
 class NumericEditWidget : public testing::Test
 {
 public:
@@ -81,7 +81,7 @@ public:
         if (m_throws)
             throw std::runtime_error("notification");
     }
-    /// @return whether the widget used the turn
+    // @return whether the widget used the turn
     static bool Turn(QWidget& widget, int delta, Qt::KeyboardModifiers modifiers)
     {
         const QPointF middle = QRectF(widget.rect()).center();
@@ -120,7 +120,7 @@ public:
     std::vector<double> heard;
 };
 
-/// Its numbers are called back after the dialog's own members are gone, if they are called at all.
+// Its numbers are called back after the dialog's own members are gone, if they are called at all.
 class CTypedDialog : public QDialog
 {
 public:

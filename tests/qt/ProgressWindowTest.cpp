@@ -31,8 +31,8 @@ namespace
 
 using Template = SProgressLayout;
 
-/// A window of the application, and a dialog over it whose work is any function, on a clock that stands
-/// still.
+// A window of the application, and a dialog over it whose work is any function, on a clock that stands
+// still.
 class ProgressWindow : public testing::Test
 {
 public:
@@ -65,12 +65,12 @@ public:
             onStep();
     }
     CProgressWindow& Window() { return *dialog->GetWindow(); }
-    /// As the user does it, so that modal windows are in the way.
+    // As the user does it, so that modal windows are in the way.
     void ClickMainWindow()
     {
         QTest::mouseClick(main->windowHandle(), Qt::LeftButton, {}, button->geometry().center());
     }
-    /// Opens the dialog, does something on the user-interface thread while the work waits, and lets it go on.
+    // Opens the dialog, does something on the user-interface thread while the work waits, and lets it go on.
     int RunWhileWorkWaits(const std::function<void()>& act, const std::function<void()>& rest)
     {
         std::latch done(1);
@@ -98,7 +98,7 @@ private:
     CTimerService* m_timersBefore = SetTimerService(&timers);
 };
 
-/// A rectangle of the template in the font of a widget, to a pixel.
+// A rectangle of the template in the font of a widget, to a pixel.
 void ExpectPlace(const QRect& rect, const SRect& place, const QWidget& widget)
 {
     const QFontMetricsF metrics(widget.font());

@@ -180,7 +180,7 @@ TEST(QtServices, MessageBoxesAreAnsweredByTheirButtons)
     struct SCase {
         unsigned int style;
         QMessageBox::Icon icon;
-        QMessageBox::StandardButton button; ///< NoButton closes the box
+        QMessageBox::StandardButton button; // NoButton closes the box
         EMessageBoxAnswer answer;
     };
     constexpr SCase c_cases[] = {

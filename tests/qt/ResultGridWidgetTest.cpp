@@ -17,7 +17,7 @@ using ECommand = CResultGridWidget::ECommand;
 namespace
 {
 
-/// Three columns, two of them below a group.
+// Three columns, two of them below a group.
 struct SShownResults : SShownGrid<CResultGridWidget> {
     explicit SShownResults(int rows)
         : SShownGrid(CGrid::SCellInfo::Results)

@@ -17,7 +17,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// What the reader of the set's type makes of it, written again; empty for a set that it refuses.
+// What the reader of the set's type makes of it, written again; empty for a set that it refuses.
 template<class TSettings>
 std::string ReadAndWritten(CInifile& ini)
 {
@@ -79,8 +79,8 @@ std::string DefaultRoughnessText()
     return ini.GetBytes();
 }
 
-/// A set in one line, without what the preferences of the roughness analyses have by default: that is on
-/// record with them.
+// A set in one line, without what the preferences of the roughness analyses have by default: that is on
+// record with them.
 std::string LineOf(EBuiltInSetting setting)
 {
     static const std::vector<std::string> defaults = SplitText(DefaultRoughnessText(), '\n');

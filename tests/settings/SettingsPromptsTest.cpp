@@ -6,7 +6,7 @@ using enum ESettingType;
 namespace
 {
 
-/// What a dialog does to have its set saved.
+// What a dialog does to have its set saved.
 struct SSaver {
     bool Fill(CSettings& settings)
     {

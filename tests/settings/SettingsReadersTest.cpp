@@ -15,7 +15,7 @@ using namespace CommonUI;
 namespace
 {
 
-/// Checks what a reader says of a text, and that it takes a refused text for nothing at all.
+// Checks what a reader says of a text, and that it takes a refused text for nothing at all.
 template<class TSettings, int BuiltInNumber>
 void ExpectReads(const CStr& text, const std::vector<CStr>& reasons)
 {

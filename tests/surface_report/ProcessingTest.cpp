@@ -13,7 +13,7 @@ using SurfaceReport::SStep;
 namespace
 {
 
-/// The heights of the line in the middle after the step was applied.
+// The heights of the line in the middle after the step was applied.
 std::vector<double> MiddleLine(SSurface surface, const decltype(SStep::settings)& settings)
 {
     SurfaceReport::Apply({.userSpec = {}, .name = {}, .settings = settings}, surface);

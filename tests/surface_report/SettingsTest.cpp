@@ -5,11 +5,11 @@
 namespace
 {
 
-/// Runs the program with settings sets and files of its own.
-class SettingsTest : public SurfaceReportTest
+// Runs the program with settings sets and files of its own.
+class Settings : public ReportProgram
 {
 protected:
-    /// Reports on the sample; the text report, or the message.
+    // Reports on the sample; the text report, or the message.
     std::string Report(const std::vector<std::string>& userSpecs, std::vector<std::string> more = {})
     {
         std::vector<std::string> arguments = {c_sample.string(), "--out", Out().string(), "--parameters",
@@ -19,7 +19,7 @@ protected:
         arguments.insert(arguments.end(), more.begin(), more.end());
         return Run(arguments) == 0 ? BytesOf(Out() / "report.txt") : m_err.str();
     }
-    /// The recent sets of a type in the preferences file.
+    // The recent sets of a type in the preferences file.
     std::vector<CommonUI::CStr> Recent(std::u16string_view type) const
     {
         CommonUI::CInifile ini;
@@ -38,7 +38,7 @@ bool Has(const std::string& text, const std::string& part)
 
 } // namespace
 
-TEST_F(SettingsTest, ProcessedSurfaceStandsBesideTheRawOne)
+TEST_F(Settings, ProcessedSurfaceStandsBesideTheRawOne)
 {
     const std::string levelled = Report({"PlaneCorr[Id(4)]"});
     EXPECT_TRUE(
@@ -60,7 +60,7 @@ TEST_F(SettingsTest, ProcessedSurfaceStandsBesideTheRawOne)
         << "raw is what was read";
 }
 
-TEST_F(SettingsTest, TheOrderCounts)
+TEST_F(Settings, TheOrderCounts)
 {
     const auto lineOf = [](const std::string& report) { return report.substr(report.find("\nSq"), 60); };
     const std::string other = lineOf(Report({"PlaneCorr[Id(6)]", "Filter[Id(84)]"}));
@@ -68,7 +68,7 @@ TEST_F(SettingsTest, TheOrderCounts)
     EXPECT_TRUE(Has(m_out.str(), "\nStep 2          Plane Correction / Images / Linewise Offset\n"));
 }
 
-TEST_F(SettingsTest, EveryCorrectionAndFilterOfTheCatalogueIsAppliedOrRefusedForItsCutoff)
+TEST_F(Settings, EveryCorrectionAndFilterOfTheCatalogueIsAppliedOrRefusedForItsCutoff)
 {
     int applied = 0;
     const auto apply = [&](const std::string& type, int first, int last) {
@@ -84,7 +84,7 @@ TEST_F(SettingsTest, EveryCorrectionAndFilterOfTheCatalogueIsAppliedOrRefusedFor
     EXPECT_EQ(applied, 74) << "cut-offs of more than 1 and less than 48 micrometres fit the sample";
 }
 
-TEST_F(SettingsTest, WhatCannotBeAppliedIsSaidInOneLineAndNothingIsKept)
+TEST_F(Settings, WhatCannotBeAppliedIsSaidInOneLineAndNothingIsKept)
 {
     const std::string noKind = Write("nokind.flt", "[Filter]\nRows=3\n").string();
     const std::string huge = Write("huge.flt", "").string();
@@ -120,7 +120,7 @@ TEST_F(SettingsTest, WhatCannotBeAppliedIsSaidInOneLineAndNothingIsKept)
     EXPECT_EQ(m_err.str(), "surface_report: --settings-folder: \"" + noKind + "\" is no folder\n");
 }
 
-TEST_F(SettingsTest, UsesAreRememberedInThePreferencesFile)
+TEST_F(Settings, UsesAreRememberedInThePreferencesFile)
 {
     using CTexts = std::vector<CommonUI::CStr>;
     const std::vector<std::string> keep = {"--preferences", m_preferences.string()};
@@ -150,7 +150,7 @@ TEST_F(SettingsTest, UsesAreRememberedInThePreferencesFile)
     EXPECT_FALSE(Has(bytes, "[SettingsFactory_"));
 }
 
-TEST_F(SettingsTest, ListShowsRecentCustomAndBuiltInSets)
+TEST_F(Settings, ListShowsRecentCustomAndBuiltInSets)
 {
     const fs::path custom = m_folder / "Custom Settings";
     fs::create_directories(custom / "ground" / "empty");

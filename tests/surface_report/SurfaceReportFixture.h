@@ -23,7 +23,7 @@ inline std::string BytesOf(const fs::path& path)
 }
 
 /// Runs the program with a folder of its own for input and reports.
-class SurfaceReportTest : public testing::Test
+class ReportProgram : public testing::Test
 {
 protected:
     int Run(std::vector<std::string> arguments)

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-TEST_F(SurfaceReportTest, ReportsOfTheSampleAreThoseOfTheGoldenFiles)
+TEST_F(ReportProgram, ReportsOfTheSampleAreThoseOfTheGoldenFiles)
 {
     ASSERT_EQ(Run({c_sample.string(), "--out", Out().string(), "--level", "plane", "--parameters",
                    "Sq,Ra,Sa,Count,Sdr,4287PSm,S2A", "--unit", "um"}),
@@ -17,7 +17,7 @@ TEST_F(SurfaceReportTest, ReportsOfTheSampleAreThoseOfTheGoldenFiles)
     EXPECT_EQ(m_err.str(), "");
 }
 
-TEST_F(SurfaceReportTest, MeasuredSurfaceHasItsKnownRoughness)
+TEST_F(ReportProgram, MeasuredSurfaceHasItsKnownRoughness)
 {
     const fs::path measured = fs::path(COMMONUI_SHARED_DATA) / "afm-height-256.txt";
     if (!fs::exists(measured))
@@ -31,7 +31,7 @@ TEST_F(SurfaceReportTest, MeasuredSurfaceHasItsKnownRoughness)
         std::string::npos);
 }
 
-TEST_F(SurfaceReportTest, MarkupInTheInputStaysText)
+TEST_F(ReportProgram, MarkupInTheInputStaysText)
 {
     const fs::path input =
         Write("a&b.txt", "# Channel: <b>\n# Width: 3 um\n# Height: 2 um\n# Value units: nm\n1 2 "
@@ -44,7 +44,7 @@ TEST_F(SurfaceReportTest, MarkupInTheInputStaysText)
 }
 
 // A line of the record: the arguments, and what the message contains.
-TEST_F(SurfaceReportTest, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
+TEST_F(ReportProgram, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
 {
     const std::string header = "# Width: 3 um\n# Height: 1 um\n# Value units: nm\n";
     Write("file", "x");
@@ -72,7 +72,7 @@ TEST_F(SurfaceReportTest, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
     }
 }
 
-TEST_F(SurfaceReportTest, ChoicesAreKept)
+TEST_F(ReportProgram, ChoicesAreKept)
 {
     const fs::path file = m_folder / "choices.ini";
     const auto report = [&](std::vector<std::string> more) {
@@ -129,7 +129,7 @@ TEST_F(SurfaceReportTest, ChoicesAreKept)
     }
 }
 
-TEST_F(SurfaceReportTest, GrainsAndPoresAreReportedOneToARow)
+TEST_F(ReportProgram, GrainsAndPoresAreReportedOneToARow)
 {
     const fs::path input = Write("islands.txt", "# Width: 4 um\n# Height: 3 um\n# Value units: nm\n"
                                                 "9 0 0 0\n9 0 0 7\n0 0 0 -5\n");
@@ -147,7 +147,7 @@ TEST_F(SurfaceReportTest, GrainsAndPoresAreReportedOneToARow)
     EXPECT_NE(m_out.str().find("Shape Count                        1\n"), std::string::npos) << m_out.str();
 }
 
-TEST_F(SurfaceReportTest, BothReportsAreReplacedOrNeither)
+TEST_F(ReportProgram, BothReportsAreReplacedOrNeither)
 {
     const std::string sample = c_sample.string();
     fs::create_directories(Out() / "report.txt"); // a folder, which cannot be replaced by a file
@@ -158,7 +158,7 @@ TEST_F(SurfaceReportTest, BothReportsAreReplacedOrNeither)
     EXPECT_EQ(BytesOf(Out() / "report.html"), "before");
 }
 
-TEST_F(SurfaceReportTest, HelpNamesEveryOption)
+TEST_F(ReportProgram, HelpNamesEveryOption)
 {
     EXPECT_EQ(Run({"--help"}), 0);
     for (const char* option :

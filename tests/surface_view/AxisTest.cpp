@@ -5,7 +5,7 @@
 using namespace SurfaceView;
 using CommonUI::CStr;
 
-TEST(AxisTest, MarksAreRoundNumbersInTheSuitableUnit)
+TEST(Axis, MarksAreRoundNumbersInTheSuitableUnit)
 {
     const struct {
         CommonUI::CRange<double> range;
@@ -37,7 +37,7 @@ TEST(AxisTest, MarksAreRoundNumbersInTheSuitableUnit)
     }
 }
 
-TEST(AxisTest, FactorsAndLengthsAreShort)
+TEST(Axis, FactorsAndLengthsAreShort)
 {
     const struct {
         double factor;

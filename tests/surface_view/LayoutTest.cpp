@@ -38,7 +38,7 @@ std::vector<SPoint> CornersOf(const SBox& box)
 
 } // namespace
 
-TEST(ViewTest, BlockFillsTheViewport)
+TEST(View, BlockFillsTheViewport)
 {
     for (const CommonUI::SRect viewport :
          {CommonUI::SRect{100, 50, 900, 450}, CommonUI::SRect{100, 50, 400, 650}}) {
@@ -65,7 +65,7 @@ TEST(ViewTest, BlockFillsTheViewport)
     }
 }
 
-TEST(ViewTest, OpenGLDrawsWhereProjectSays)
+TEST(View, OpenGLDrawsWhereProjectSays)
 {
     std::string reason;
     const auto context = Offscreen::CContext::Make(300, 200, reason);
@@ -92,7 +92,7 @@ TEST(ViewTest, OpenGLDrawsWhereProjectSays)
     }
 }
 
-TEST(LayoutTest, NothingOverlapsAndAllIsInThePicture)
+TEST(Layout, NothingOverlapsAndAllIsInThePicture)
 {
     const CFont font;
     const SPictureText text{.title = u"a surface with a name that is longer than a small picture is wide.sdf",
@@ -118,7 +118,7 @@ TEST(LayoutTest, NothingOverlapsAndAllIsInThePicture)
     }
 }
 
-TEST(LayoutTest, TitleOfAnyLengthIsCutToTheWidthOfThePicture)
+TEST(Layout, TitleOfAnyLengthIsCutToTheWidthOfThePicture)
 {
     const CFont font;
     for (const std::size_t length : {200, 500'000}) { // the second takes minutes when cut letter by letter
@@ -131,7 +131,7 @@ TEST(LayoutTest, TitleOfAnyLengthIsCutToTheWidthOfThePicture)
     }
 }
 
-TEST(FontTest, TextHasTheSizeThatWasMeasured)
+TEST(Font, TextHasTheSizeThatWasMeasured)
 {
     const CFont font;
     const SPixels pixels = font.Draw(u"−1.5 µm \xD83D\xDE00", 20, {1, 2, 3});

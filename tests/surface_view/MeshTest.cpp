@@ -20,7 +20,7 @@ SSurface MakeSurface(std::size_t points, std::vector<double> heights)
     return surface;
 }
 
-/// Twice the area of a triangle seen from above; positive when it runs anticlockwise.
+// Twice the area of a triangle seen from above; positive when it runs anticlockwise.
 double TurnOf(const SMesh& mesh, const std::array<std::uint32_t, 3>& triangle)
 {
     const auto& a = mesh.vertices[triangle[0]].position;
@@ -31,7 +31,7 @@ double TurnOf(const SMesh& mesh, const std::array<std::uint32_t, 3>& triangle)
 
 } // namespace
 
-TEST(MeshTest, MissingPointsAreHoles)
+TEST(Mesh, MissingPointsAreHoles)
 {
     const struct {
         std::vector<double> heights; // three points in each line
@@ -54,7 +54,7 @@ TEST(MeshTest, MissingPointsAreHoles)
     }
 }
 
-TEST(MeshTest, VerticesLieInTheBlockAndNormalsStandOnTheSlope)
+TEST(Mesh, VerticesLieInTheBlockAndNormalsStandOnTheSlope)
 {
     const SSurface surface = MakeSurface(3, {0, 1e-6, 2e-6, 0, 1e-6, 2e-6});
     const SBox box = MakeBox(surface, 1);
@@ -72,7 +72,7 @@ TEST(MeshTest, VerticesLieInTheBlockAndNormalsStandOnTheSlope)
     }
 }
 
-TEST(MeshTest, BlockHasAShapeForEverySurface)
+TEST(Mesh, BlockHasAShapeForEverySurface)
 {
     const SBox box = MakeBox(MakeSurface(3, {0, 10e-9, c_hole, 0, 0, 0}), 0);
     EXPECT_DOUBLE_EQ(box.exaggeration, 50); // a quarter of 2 µm
@@ -85,7 +85,7 @@ TEST(MeshTest, BlockHasAShapeForEverySurface)
     EXPECT_THROW(MakeBox(MakeSurface(1, {1, 2, 3}), 0), std::runtime_error);
 }
 
-TEST(MeshTest, LargeSurfaceIsMadeOfMeansAndKeepsItsSize)
+TEST(Mesh, LargeSurfaceIsMadeOfMeansAndKeepsItsSize)
 {
     SSurface surface{.points = 1001, .lines = 5, .dx = 1e-6, .dy = 1e-6};
     for (std::size_t i = 0; i < 5 * 1001; ++i)

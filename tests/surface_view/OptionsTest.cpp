@@ -10,7 +10,7 @@
 
 using namespace SurfaceView;
 
-TEST(OptionsTest, EveryOptionIsRead)
+TEST(Options, EveryOptionIsRead)
 {
     const std::vector<const char*> arguments{
         "--size",       "640x480",  "in.sdf", "--out",     "out.png", "--projection",
@@ -29,7 +29,7 @@ TEST(OptionsTest, EveryOptionIsRead)
 }
 
 // A line of the record: the arguments, and the message.
-TEST(OptionsTest, WhatCannotBeUnderstoodIsRefused)
+TEST(Options, WhatCannotBeUnderstoodIsRefused)
 {
     for (const std::string& row : ReadTestLines("surface-view-refusals.txt")) {
         const std::vector<std::string> cells = SplitText(row, '|');

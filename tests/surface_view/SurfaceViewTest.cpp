@@ -47,8 +47,8 @@ SPng ReadPng(const fs::path& path)
     return png;
 }
 
-/// Runs the program with a folder of its own.
-class SurfaceViewTest : public testing::Test
+// Runs the program with a folder of its own.
+class ViewProgram : public testing::Test
 {
 protected:
     int RunWith(const std::vector<std::string>& arguments,
@@ -75,7 +75,7 @@ std::unique_ptr<Offscreen::CContext> MakeNone(int, int, std::string& reason)
     return nullptr;
 }
 
-/// A scene of a small surface.
+// A scene of a small surface.
 SScene MakeScene(const CFont& font, CommonUI::SSize size)
 {
     CommonUI::Analysis::SSurface surface{.points = 3, .lines = 3, .dx = 1e-6, .dy = 1e-6};
@@ -87,7 +87,7 @@ SScene MakeScene(const CFont& font, CommonUI::SSize size)
     return scene;
 }
 
-/// What drawing could leave behind, in lines of a name's number and values.
+// What drawing could leave behind, in lines of a name's number and values.
 std::string ReadState()
 {
     constexpr GLenum names[] = {GL_ATTRIB_STACK_DEPTH,
@@ -130,7 +130,7 @@ std::string ReadState()
 
 } // namespace
 
-TEST_F(SurfaceViewTest, PictureHasItsSizeColorsAndBackground)
+TEST_F(ViewProgram, PictureHasItsSizeColorsAndBackground)
 {
     for (const char* projection : {"perspective", "orthographic"}) {
         ASSERT_EQ(RunWith({c_sample, "--out", Picture(), "--size", "300x200", "--projection", projection,
@@ -160,7 +160,7 @@ TEST_F(SurfaceViewTest, PictureHasItsSizeColorsAndBackground)
     }
 }
 
-TEST_F(SurfaceViewTest, PicturesAsLongAsDriversMakeThem)
+TEST_F(ViewProgram, PicturesAsLongAsDriversMakeThem)
 {
     for (const char* size : {"4096x100", "100x1366"}) {
         EXPECT_EQ(RunWith({c_sample, "--out", Picture(), "--size", size}), 0) << m_err.str();
@@ -169,7 +169,7 @@ TEST_F(SurfaceViewTest, PicturesAsLongAsDriversMakeThem)
     }
 }
 
-TEST_F(SurfaceViewTest, WhatGoesWrongIsSaidInOneLineAndLeavesNoPicture)
+TEST_F(ViewProgram, WhatGoesWrongIsSaidInOneLineAndLeavesNoPicture)
 {
     const std::string line = (m_folder / "line.txt").string();
     std::ofstream(line) << "# Width: 3 um\n# Height: 1 um\n# Value units: m\n1 2 3\n";
@@ -199,7 +199,7 @@ TEST_F(SurfaceViewTest, WhatGoesWrongIsSaidInOneLineAndLeavesNoPicture)
     }
 }
 
-TEST_F(SurfaceViewTest, DrawingLeavesTheStateAsItWas)
+TEST_F(ViewProgram, DrawingLeavesTheStateAsItWas)
 {
     constexpr CommonUI::SSize size{200, 150};
     std::string reason;
@@ -234,7 +234,7 @@ TEST_F(SurfaceViewTest, DrawingLeavesTheStateAsItWas)
     }
 }
 
-TEST_F(SurfaceViewTest, StateThatIsNotRestoredIsAnError)
+TEST_F(ViewProgram, StateThatIsNotRestoredIsAnError)
 {
     const SStackDepths before{.attributes = 0, .modelView = 1, .projection = 1, .matrixMode = GL_MODELVIEW};
     CheckRestored(before, before);

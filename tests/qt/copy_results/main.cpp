@@ -44,7 +44,7 @@ CGridBaseOutputCtrl MakeSummary()
     return grid;
 }
 
-/// The cells of a table by the columns that they begin at: a row of [column, text] for each row.
+// The cells of a table by the columns that they begin at: a row of [column, text] for each row.
 QJsonArray Place(const CGridBaseOutputCtrl::CCells& cells)
 {
     QJsonArray rows;
