@@ -15,39 +15,17 @@ namespace CommonUI::Analysis
 namespace
 {
 
-// Sum of the squared gradient over the points that have one, and how many there are.
-SSums<2> SumSquaredGradient(const SSurface& surface)
+// How much larger than its projection a facet is whose squared gradient is given: √(1 + s) - 1 without cancellation. It
+// is never more than s / 2, rounding included.
+double GetExcess(double square)
 {
-    const double perX = 1 / (2 * surface.dx);
-    const double perY = 1 / (2 * surface.dy);
-    if (surface.lines < 3 || surface.points < 3)
-        return {};
-    return PairwiseSum(1, surface.lines - 1, [&](std::size_t row) {
-        const auto above = surface.GetLine(row - 1);
-        const auto line = surface.GetLine(row);
-        const auto below = surface.GetLine(row + 1);
-        return PairwiseSum(1, surface.points - 1, [&](std::size_t i) {
-            const double p = (line[i + 1] - line[i - 1]) * perX;
-            const double q = (below[i] - above[i]) * perY;
-            const double square = p * p + q * q;
-            return std::isnan(square + line[i]) ? SSums<2>{} : SSums<2>{square, 1};
-        });
-    });
+    return square / (1 + std::sqrt(1 + square));
 }
 
-// How much larger than their projections four facets are on average whose squared gradients are given:
-// √(1 + s) - 1 without cancellation.
-double GetExcess(const std::array<double, 4>& squares)
-{
-    std::array<double, 4> excess;
-    for (std::size_t i = 0; i < squares.size(); ++i)
-        excess[i] = squares[i] / (1 + std::sqrt(1 + squares[i]));
-    return (excess[0] + excess[1] + excess[2] + excess[3]) / 4;
-}
-
-// Sum of the excess of the cells that have four valid corners, and how many there are. The four facets of a
-// cell have the slope of an edge in one direction and the mean slope of two edges in the other.
-SSums<2> SumExcess(const SSurface& surface)
+// Sums of the squared gradient and of the excess of area over the cells that have four valid corners, and how many cells
+// there are. A cell is divided into two triangles, by the one diagonal and by the other, each of which has the slopes of
+// two of the cell's edges; the cell's values are the means of the four.
+SSums<3> SumCells(const SSurface& surface)
 {
     const double perX = 1 / surface.dx;
     const double perY = 1 / surface.dy;
@@ -61,21 +39,24 @@ SSums<2> SumExcess(const SSurface& surface)
             const double p2 = (next[i + 1] - next[i]) * perX;
             const double q1 = (next[i] - line[i]) * perY;
             const double q2 = (next[i + 1] - line[i + 1]) * perY;
-            const double pp = (p1 + p2) * (p1 + p2) / 4;
-            const double qq = (q1 + q2) * (q1 + q2) / 4;
-            const double excess = GetExcess({p1 * p1 + qq, p2 * p2 + qq, pp + q1 * q1, pp + q2 * q2});
-            return std::isnan(excess) ? SSums<2>{} : SSums<2>{excess, 1};
+            SSums<3> sums{0, 0, 1};
+            for (const double p : {p1 * p1, p2 * p2}) {
+                for (const double q : {q1 * q1, q2 * q2}) {
+                    sums.values[0] += (p + q) / 4;
+                    sums.values[1] += GetExcess(p + q) / 4;
+                }
+            }
+            return std::isnan(sums.values[0]) ? SSums<3>{} : sums;
         });
     });
 }
 
 std::vector<SValue> ComputeHybrid(const SSurface& surface)
 {
-    const auto [squares, points] = SumSquaredGradient(surface).values;
-    const auto [excess, cells] = SumExcess(surface).values;
+    const auto [squares, excess, cells] = SumCells(surface).values;
     const double cellArea = surface.dx * surface.dy;
     return {
-        {"Sdq", std::sqrt(squares / points)},
+        {"Sdq", std::sqrt(squares / cells)},
         {"Sdr", 100 * excess / cells},
         {"S2A", cells == 0 ? c_undefined : cells * cellArea},
         {"S3A", cells == 0 ? c_undefined : (cells + excess) * cellArea},

@@ -19,11 +19,11 @@ namespace CommonUI::Analysis
 ///
 /// Spatial parameters Sal, Str, Std, Scl20, Scl37, Str20, Str37: see ComputeSpatial.
 ///
-/// Hybrid parameters. The standard defines them by integrals over a continuous surface; here:
-/// - Sdq: root mean square of the gradient by central differences (z[i+1] - z[i-1]) / 2d, over the points
-///   that are valid along with their four neighbours
-/// - Sdr: each cell of four valid neighbouring points is four triangles that meet in the cell's centre at
-///   the mean of the four heights; what they have in excess of the cell's own area, in percent
+/// Hybrid parameters. The standard defines them by integrals over a continuous surface; here each cell of four valid
+/// neighbouring points is divided into two triangles, and the means are taken over both ways to divide it. Both
+/// parameters are of these triangles, so that Sdr ≤ Sdq² / 2 on every surface:
+/// - Sdq: root mean square of the triangles' gradient
+/// - Sdr: what the triangles' areas have in excess of the cell's own, in percent
 /// - S2A, S3A: projected and developed area of those cells, m² (not of the standard; Sdr = (S3A - S2A) /
 ///   S2A)
 ///
@@ -34,9 +34,8 @@ namespace CommonUI::Analysis
 ///   m
 /// - Sdc0_5 … Sdc50_95: Smc(first) - Smc(second), percents as in the key: m
 ///
-/// Count is the number of valid points. Missing points are left out, but for the spatial
-/// parameters. A parameter that the points
-/// do not allow is NaN.
+/// Count is the number of valid points. Missing points are left out, but for the spatial parameters. A parameter that the
+/// points do not allow is NaN.
 /// @param spatial whether the spatial parameters are computed, which take longer than all others together
 /// @return the parameters in the order above, which starts with Sa and ends with Count
 /// @throws ENoPoints when all points are missing

@@ -4,7 +4,11 @@
 #include "analysis/numeric/detail/Parallel.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <limits>
+#include <optional>
+#include <utility>
 
 namespace CommonUI::Analysis
 {
@@ -14,6 +18,7 @@ namespace
 
 using TComplex = CLineSpectra::TComplex;
 
+constexpr int c_bisections = 30;
 constexpr std::size_t c_none = static_cast<std::size_t>(-1); // no line
 
 // From the spectra of the lines to those of the lines of the autocorrelation, for the first shifts in y. The
@@ -34,15 +39,64 @@ void CorrelateColumns(CLineSpectra& spectra, std::size_t shifts)
     });
 }
 
-// The shifts 0 … reach, the greater the fewer, so that directions to them are about a quarter of a degree
-// apart.
-std::vector<double> SelectShifts(std::size_t reach)
+// The weights of the values at -1, 0, 1 and 2 for a place between 0 and 1: cubic convolution (Keys, 1981), which keeps the
+// values and is exact to the third order.
+std::array<double, 4> GetWeights(double place)
 {
-    std::vector<double> shifts;
-    for (std::size_t i = 0; i < reach; i += std::max<std::size_t>(1, i / 256))
-        shifts.push_back(static_cast<double>(i));
-    shifts.push_back(static_cast<double>(reach));
+    const double s = 1 - place;
+    return {-place * s * s / 2, 1 + place * place * (3 * place - 5) / 2, 1 + s * s * (3 * s - 5) / 2,
+            -s * place * place / 2};
+}
+
+struct SShift {
+    double x; // in points
+    double y; // in lines
+};
+
+// Shifts at the border of half a circle, from +x over y to -x, so close that directions to them are about a quarter of a
+// degree apart.
+std::vector<SShift> SelectShifts(double reachX, double reachY)
+{
+    const auto getStep = [](double distance) { return std::max(1.0, std::floor(distance / 256)); };
+    std::vector<SShift> shifts;
+    for (double y = 0; y < reachY; y += getStep(y))
+        shifts.push_back({reachX, y});
+    for (double x = 0; x < reachX; x += getStep(x))
+        shifts.push_back({x, reachY});
+    shifts.push_back({reachX, reachY});
+    const std::size_t count = shifts.size();
+    for (std::size_t i = 0; i < count; ++i)
+        shifts.push_back({-shifts[i].x, shifts[i].y});
+    std::sort(shifts.begin(), shifts.end(), [&](SShift a, SShift b) {
+        return std::atan2(a.y / reachY, a.x / reachX) < std::atan2(b.y / reachY, b.x / reachX);
+    });
     return shifts;
+}
+
+// The least value of a function in a range in which it has one minimum: golden section.
+template<class FValue>
+double FindLeast(double first, double last, const FValue& getValue)
+{
+    const double section = (std::sqrt(5.0) - 1) / 2;
+    constexpr int c_steps = 24; // to 1e-5 of the range
+    double left = last - section * (last - first);
+    double right = first + section * (last - first);
+    double atLeft = getValue(left);
+    double atRight = getValue(right);
+    for (int i = 0; i < c_steps; ++i) {
+        if (atLeft < atRight) {
+            last = std::exchange(right, left);
+            atRight = atLeft;
+            left = last - section * (last - first);
+            atLeft = getValue(left);
+        } else {
+            first = std::exchange(left, right);
+            atLeft = atRight;
+            right = first + section * (last - first);
+            atRight = getValue(right);
+        }
+    }
+    return std::min(atLeft, atRight);
 }
 
 } // namespace
@@ -80,35 +134,50 @@ CAutocorrelation::CAutocorrelation(const SSurface& surface, double mean)
         value /= unshifted; // 0 / 0 for a flat surface
 }
 
+double CAutocorrelation::GetValueAt(std::ptrdiff_t column, std::ptrdiff_t row) const
+{
+    const auto reachX = static_cast<std::ptrdiff_t>(m_reachX);
+    const auto reachY = static_cast<std::ptrdiff_t>(m_reachY);
+    if (row < 0) { // the same at the opposite shift
+        row = -row;
+        column = -column;
+    }
+    column = std::clamp(column, -reachX, reachX);
+    row = std::min(row, reachY);
+    return m_values[static_cast<std::size_t>(row * (2 * reachX + 1) + column + reachX)];
+}
+
 double CAutocorrelation::GetValue(double x, double y) const
 {
-    const double column = x + static_cast<double>(m_reachX);
-    const auto i = static_cast<std::size_t>(column);
-    const auto j = static_cast<std::size_t>(y);
-    const double restX = column - static_cast<double>(i);
-    const double restY = y - static_cast<double>(j);
-    const auto interpolate = [&](std::size_t row) {
-        const double* const value = &m_values[row * (2 * m_reachX + 1) + i];
-        return restX > 0 ? value[0] + restX * (value[1] - value[0]) : value[0];
-    };
-    const double value = interpolate(j);
-    return restY > 0 ? value + restY * (interpolate(j + 1) - value) : value;
+    const double column = std::floor(x);
+    const double row = std::floor(y);
+    const auto alongX = GetWeights(x - column);
+    const auto alongY = GetWeights(y - row);
+    double value = 0;
+    for (std::ptrdiff_t i = 0; i < 4; ++i)
+        for (std::ptrdiff_t j = 0; j < 4; ++j)
+            value += alongX[static_cast<std::size_t>(i)] * alongY[static_cast<std::size_t>(j)] *
+                     GetValueAt(static_cast<std::ptrdiff_t>(column) + i - 1,
+                                static_cast<std::ptrdiff_t>(row) + j - 1);
+    return value;
 }
 
 // The distance on the way to a border shift; NaN if the level is not reached.
 double CAutocorrelation::FindDecay(double x, double y, double level) const
 {
-    const double steps = std::max(std::fabs(x), y);
+    const double steps = 2 * std::max(std::fabs(x), y); // half points
     const auto count = static_cast<std::size_t>(steps);
-    double before = 1;
+    const auto getValue = [&](double step) { return GetValue(x * step / steps, y * step / steps); };
     for (std::size_t i = 1; i <= count; ++i) {
-        const double share = static_cast<double>(i) / steps;
-        const double value = GetValue(x * share, y * share);
-        if (value <= level) {
-            const double position = static_cast<double>(i - 1) + (before - level) / (before - value);
-            return position / steps * std::hypot(x * m_dx, y * m_dy);
+        auto last = static_cast<double>(i);
+        if (getValue(last) > level)
+            continue;
+        double first = last - 1;
+        for (int bit = 0; bit < c_bisections; ++bit) {
+            const double middle = (first + last) / 2;
+            (getValue(middle) > level ? first : last) = middle;
         }
-        before = value;
+        return last / steps * std::hypot(x * m_dx, y * m_dy);
     }
     return c_undefined;
 }
@@ -117,24 +186,47 @@ SDecay CAutocorrelation::ComputeDecay(double level) const
 {
     if (m_values.empty() || std::isnan(m_values.front()))
         return {};
-    const auto reachX = static_cast<double>(m_reachX);
-    const auto reachY = static_cast<double>(m_reachY);
-    std::vector<double> distances;
-    const auto add = [&](double x, double y) {
-        distances.push_back(FindDecay(x, y, level));
-        distances.push_back(FindDecay(-x, y, level));
-    };
-    for (const double y : SelectShifts(m_reachY))
-        add(reachX, y);
-    for (const double x : SelectShifts(m_reachX))
-        add(x, reachY);
+    const std::vector<SShift> shifts =
+        SelectShifts(static_cast<double>(m_reachX), static_cast<double>(m_reachY));
+    std::vector<double> distances(shifts.size());
+    ComputeInShares(shifts.size(), [&](std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i < last; ++i)
+            distances[i] = FindDecay(shifts[i].x, shifts[i].y, level);
+    });
 
-    const auto isReached = [](double distance) { return !std::isnan(distance); };
-    const auto unreached = std::partition(distances.begin(), distances.end(), isReached);
-    if (unreached == distances.begin())
-        return {};
-    const auto [shortest, longest] = std::minmax_element(distances.begin(), unreached);
-    return {.shortest = *shortest, .longest = unreached == distances.end() ? *longest : c_undefined};
+    // Between a shift's neighbours, where the least or, with the sign turned, the greatest distance lies.
+    const auto refine = [&](std::size_t index, double sign) {
+        const auto getDistance = [&](double place) {
+            const auto from = std::min(static_cast<std::size_t>(place), shifts.size() - 2);
+            const double share = place - static_cast<double>(from);
+            const SShift a = shifts[from];
+            const SShift b = shifts[from + 1];
+            const double distance =
+                FindDecay(a.x + share * (b.x - a.x), std::max(a.y + share * (b.y - a.y), 0.0), level);
+            return std::isnan(distance) ? std::numeric_limits<double>::infinity() : sign * distance;
+        };
+        const auto place = static_cast<double>(index);
+        const double least =
+            FindLeast(std::max(place - 1, 0.0), std::min(place + 1, static_cast<double>(shifts.size() - 1)),
+                      getDistance);
+        return sign * std::min(least, sign * distances[index]);
+    };
+    SDecay decay;
+    std::optional<std::size_t> least;
+    std::size_t greatest = 0;
+    bool isReached = true; // in all directions
+    for (std::size_t i = 0; i < distances.size(); ++i) {
+        isReached = isReached && !std::isnan(distances[i]);
+        if (!std::isnan(distances[i]) && (!least || distances[i] < distances[*least]))
+            least = i;
+        if (distances[i] > distances[greatest])
+            greatest = i;
+    }
+    if (least)
+        decay.shortest = refine(*least, 1);
+    if (isReached)
+        decay.longest = refine(greatest, -1);
+    return decay;
 }
 
 } // namespace CommonUI::Analysis

@@ -28,19 +28,20 @@ public:
     CAutocorrelation(const SSurface& surface, double mean);
 
     /// How far one has to go from the middle until the autocorrelation has fallen to a level. Straight ways
-    /// in all directions are tried, to each shift at the border of the known ones; between the shifts the
-    /// autocorrelation is interpolated linearly.
+    /// to the border of the known shifts are tried in steps of half a point, in directions about a quarter of a degree
+    /// apart, and the shortest and the longest way refined between them.
     /// @param level 0 to 1
-    /// @return shortest is NaN if the level is reached nowhere, longest if there is a direction in which it
-    /// is
+    /// @return shortest is NaN if the level is reached nowhere, longest if there is a direction in which it is
     ///     not; both are NaN for a flat surface and without at least two points in each direction
     SDecay ComputeDecay(double level) const;
 
+    /// Between whole shifts by cubic convolution (Keys, 1981).
     /// @param x in points, -points/2 … points/2
     /// @param y in lines, 0 … lines/2: that of the opposite shift is the same
     double GetValue(double x, double y) const;
 
 private:
+    double GetValueAt(std::ptrdiff_t column, std::ptrdiff_t row) const;
     double FindDecay(double x, double y, double level) const;
 
     std::size_t m_reachX; // greatest shifts, in points and lines

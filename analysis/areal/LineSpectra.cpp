@@ -1,6 +1,7 @@
 #include "analysis/areal/detail/LineSpectra.h"
 
 #include "analysis/numeric/detail/Parallel.h"
+#include "analysis/numeric/detail/Summation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,16 +15,36 @@ namespace
 
 using TComplex = CLineSpectra::TComplex;
 
-std::vector<double> MakeTaper(std::size_t count, CLineSpectra::ETaper taper)
+// How much of the size of a transform a taper takes. What is left at 0 keeps the transform fine enough for the power of
+// a wave to be summed up between its frequencies.
+constexpr double c_tapered = 0.8;
+
+// @param size of the transform
+std::vector<double> MakeTaper(std::size_t count, std::size_t size, CLineSpectra::ETaper taper)
 {
     std::vector<double> weights(count, 1.0);
     if (taper == CLineSpectra::ETaper::None)
         return weights;
+    const double width = std::min(static_cast<double>(count), c_tapered * static_cast<double>(size));
     for (std::size_t i = 0; i < count; ++i) {
-        const double share = (static_cast<double>(i) + 0.5) / static_cast<double>(count);
-        weights[i] = std::pow(std::sin(std::numbers::pi * share), 2);
+        const double share = (static_cast<double>(i) + 0.5 - static_cast<double>(count) / 2) / width + 0.5;
+        weights[i] = share > 0 && share < 1 ? std::pow(std::sin(std::numbers::pi * share), 2) : 0;
     }
     return weights;
+}
+
+double ComputeWeightedMean(const SSurface& surface, CLineSpectra::ETaper taper)
+{
+    const auto alongX = MakeTaper(surface.points, CFourierTransform(surface.points).GetSize(), taper);
+    const auto alongY = MakeTaper(surface.lines, CFourierTransform(surface.lines).GetSize(), taper);
+    const auto [sum, weights] = PairwiseSum(0, surface.lines, [&](std::size_t line) {
+                                    return PairwiseSum(0, surface.points, [&](std::size_t i) {
+                                        const double z = surface.heights[line * surface.points + i];
+                                        const double weight = alongX[i] * alongY[line];
+                                        return std::isnan(z) ? SSums<2>{} : SSums<2>{weight * z, weight};
+                                    });
+                                }).values;
+    return sum / weights;
 }
 
 TComplex TurnLeft(TComplex value)
@@ -38,8 +59,8 @@ CLineSpectra::CLineSpectra(const SSurface& surface, double mean, std::size_t lea
     , m_transform(leastSize)
     , m_values(surface.lines * GetWidth())
 {
-    const std::vector<double> alongX = MakeTaper(surface.points, taper);
-    const std::vector<double> alongY = MakeTaper(surface.lines, taper);
+    const auto alongX = MakeTaper(surface.points, GetSize(), taper);
+    const auto alongY = MakeTaper(surface.lines, CFourierTransform(surface.lines).GetSize(), taper);
     const auto getHeight = [&](std::size_t line, std::size_t i) {
         const double z = line < m_lines ? surface.heights[line * surface.points + i] : c_missing;
         return std::isnan(z) ? 0 : (z - mean) * alongX[i] * alongY[line];
@@ -54,6 +75,11 @@ CLineSpectra::CLineSpectra(const SSurface& surface, double mean, std::size_t lea
             SetLines(line, pair);
         }
     });
+}
+
+CLineSpectra::CLineSpectra(const SSurface& surface, ETaper taper)
+    : CLineSpectra(surface, ComputeWeightedMean(surface, taper), surface.points, taper)
+{
 }
 
 // The transform of a real sequence is its own mirror image, conjugate, which parts the two lines.

@@ -14,7 +14,7 @@ std::vector<SValue> ComputeSpatial(const SSurface& surface, double mean)
     return {
         {"Sal", to20.shortest},
         {"Str", to20.shortest / to20.longest},
-        {"Std", ComputeTextureDirection(surface, mean)},
+        {"Std", ComputeTextureDirection(surface)},
         {"Scl20", to20.shortest},
         {"Scl37", to37.shortest},
         {"Str20", to20.shortest / to20.longest},

@@ -26,9 +26,11 @@ constexpr TKeys c_wavinessKeys = {"4287Wa", "4287Wq", "4287Wsk", "4287Wku", "428
 constexpr TKeys c_primaryKeys = {"4287Pa", "4287Pq", "4287Psk", "4287Pku", "4287Pp", "4287Pv",
                                  "4287Pz", "4287Pc", "4287Pt",  "4287PSm", "4287Pdq"};
 
-TParameters ComputeLength(std::span<const double> profile, const SHeightParameters& h, double dx)
+TParameters ComputeLength(std::span<const double> profile, const SHeightParameters& h,
+                          const CProfileSplitter& splitter)
 {
-    const SProfileElements elements = ComputeElements(GetUnbroken(profile, h.mean));
+    const double dx = splitter.GetSpacing();
+    const SProfileElements elements = ComputeElements(GetUnbroken(profile, h.mean), splitter.GetLeastWidth());
     const double height = h.highest - h.lowest;
     return {h.average,
             h.rms,
@@ -48,8 +50,7 @@ TParameters ComputeRoughness(const SProfiles& profiles, const CProfileSplitter& 
     TParameters sums{};
     TParameters counts{};
     for (const auto length : splitter.GetSamplingLengths(profiles.roughness)) {
-        const TParameters values =
-            ComputeLength(length, ComputeHeightParameters(length, 0), splitter.GetSpacing());
+        const TParameters values = ComputeLength(length, ComputeHeightParameters(length, 0), splitter);
         for (std::size_t i = 0; i < c_count; ++i) {
             sums[i] += std::isnan(values[i]) ? 0 : values[i];
             counts[i] += !std::isnan(values[i]);
@@ -72,13 +73,12 @@ void Append(const TKeys& keys, const TParameters& parameters, std::vector<SValue
 
 std::vector<SValue> ComputeIso4287(const SProfiles& profiles, const CProfileSplitter& splitter)
 {
-    const double dx = splitter.GetSpacing();
     const SHeightParameters waviness = ComputeHeightParameters(profiles.waviness, 0);
     const SHeightParameters primary = ComputeHeightParameters(profiles.primary);
     std::vector<SValue> values;
     Append(c_roughnessKeys, ComputeRoughness(profiles, splitter), values);
-    Append(c_wavinessKeys, ComputeLength(profiles.waviness, waviness, dx), values);
-    Append(c_primaryKeys, ComputeLength(profiles.primary, primary, dx), values);
+    Append(c_wavinessKeys, ComputeLength(profiles.waviness, waviness, splitter), values);
+    Append(c_primaryKeys, ComputeLength(profiles.primary, primary, splitter), values);
     return values;
 }
 

@@ -14,8 +14,7 @@ namespace CommonUI::Analysis
 namespace
 {
 
-constexpr double c_heightShare = 0.1; // of the total height
-constexpr double c_widthShare = 0.01; // of the length
+constexpr double c_bandShare = 0.05; // of the total height, to either side of the mean line
 
 // Adds a crossing of the mean line. If it ends too narrow a portion, that portion goes, and both its
 // crossings with it.
@@ -54,13 +53,12 @@ double SumGreatest(std::vector<double>& values, std::ptrdiff_t count)
 
 } // namespace
 
-SProfileElements ComputeElements(std::span<const double> profile)
+SProfileElements ComputeElements(std::span<const double> profile, double leastWidth)
 {
     if (profile.empty())
         return {};
     const SRange range = FindRange(profile);
-    const auto crossings = FindCrossings(profile, c_heightShare * (range.highest - range.lowest),
-                                         c_widthShare * static_cast<double>(profile.size() - 1));
+    const auto crossings = FindCrossings(profile, c_bandShare * (range.highest - range.lowest), leastWidth);
     if (crossings.size() < 3)
         return {};
     const std::size_t count = (crossings.size() - 1) / 2;

@@ -11,8 +11,9 @@ namespace CommonUI::Analysis
 namespace
 {
 
-std::vector<SValue> ComputeUnfiltered(std::span<const double> heights, double dx)
+std::vector<SValue> ComputeUnfiltered(std::span<const double> heights, const CProfileSplitter& splitter)
 {
+    const double dx = splitter.GetSpacing();
     const SHeightParameters h = ComputeHeightParameters(heights);
     const std::vector<double> profile = GetUnbroken(heights, h.mean);
     return {
@@ -27,14 +28,14 @@ std::vector<SValue> ComputeUnfiltered(std::span<const double> heights, double dx
         {"Rmean", h.mean},
         {"Rmin", h.lowest},
         {"Rmax", h.highest},
-        {"RSm", ComputeElements(profile).spacing * dx},
+        {"RSm", ComputeElements(profile, splitter.GetLeastWidth()).spacing * dx},
         {"Rdq", ComputeSlope(heights, dx)},
     };
 }
 
 std::vector<SValue> ComputeLine(std::span<const double> heights, const CProfileSplitter& splitter)
 {
-    std::vector<SValue> values = ComputeUnfiltered(heights, splitter.GetSpacing());
+    std::vector<SValue> values = ComputeUnfiltered(heights, splitter);
     const std::vector<SValue> filtered = ComputeIso4287(splitter.Split(heights), splitter);
     values.insert(values.end(), filtered.begin(), filtered.end());
     return values;

@@ -10,7 +10,8 @@ namespace CommonUI::Analysis
 namespace
 {
 
-constexpr double c_rounding = 1e-9; // a cut-off of exactly n points may have come out a trifle longer
+constexpr double c_leastWidthShare = 0.01; // of the cut-off
+constexpr double c_rounding = 1e-9;        // a cut-off of exactly n points may have come out a trifle longer
 
 } // namespace
 
@@ -21,10 +22,13 @@ double DefaultCutoff(std::size_t points, double dx)
 
 CProfileSplitter::CProfileSplitter(std::size_t points, double dx, double cutoff)
     : m_dx(dx)
+    , m_leastWidth(c_leastWidthShare * DefaultCutoff(points, dx) / dx)
     , m_cutoff(cutoff / dx)
 {
-    if (m_cutoff > 2 * (1 + c_rounding) && m_cutoff <= static_cast<double>(points) * (1 + c_rounding))
+    if (m_cutoff > 2 * (1 + c_rounding) && m_cutoff <= static_cast<double>(points) * (1 + c_rounding)) {
         m_filter.emplace(points, m_cutoff);
+        m_leastWidth = c_leastWidthShare * m_cutoff;
+    }
 }
 
 SProfiles CProfileSplitter::Split(std::span<const double> heights) const

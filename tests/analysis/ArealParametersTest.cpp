@@ -63,6 +63,40 @@ TEST(ArealParameters, TinySlopeKeepsItsArea)
     EXPECT_NEAR(Get(ComputeAreal(surface), "Sdr"), 100 * 0.5e-16, 1e-22);
 }
 
+TEST(ArealParameters, AreaAndGradientAreOfOneField)
+{
+    // What a facet has in excess is at most half its squared gradient: exactly, rounding included.
+    std::mt19937 random(5);
+    std::normal_distribution<double> noise(0, 1);
+    for (const double height : {1e-15, 1e-9, 1e-6, 1e-3, 1.0}) {
+        const auto values =
+            ComputeAreal(MakeSurface(64, 48, [&](double, double) { return height * noise(random); }), false);
+        const double sdq = Get(values, "Sdq");
+        EXPECT_LE(Get(values, "Sdr") / 100, sdq * sdq / 2 * (1 + 1e-15)) << height;
+        // Differences of neighbours have twice the variance.
+        EXPECT_NEAR(sdq, 2 * height / 1e-6, 0.05 * 2 * height / 1e-6);
+    }
+    // An egg-crate a (sin kx + sin ky): its area is that of the mean of √(1 + (ak)² (cos² u + cos² v)).
+    constexpr double c_period = 256;
+    const double ak = 1.5;
+    const double k = 2 * std::numbers::pi / c_period; // per point of 1 µm
+    const double amplitude = ak / k * 1e-6;
+    double excess = 0;
+    constexpr int c_steps = 400;
+    for (int i = 0; i < c_steps; ++i)
+        for (int j = 0; j < c_steps; ++j) {
+            const double u = std::cos(2 * std::numbers::pi * (i + 0.5) / c_steps);
+            const double v = std::cos(2 * std::numbers::pi * (j + 0.5) / c_steps);
+            excess += (std::sqrt(1 + ak * ak * (u * u + v * v)) - 1) / (c_steps * c_steps);
+        }
+    const auto crate = ComputeAreal(
+        MakeSurface(513, 513,
+                    [&](double x, double y) { return amplitude * (std::sin(k * x) + std::sin(k * y)); }),
+        false);
+    EXPECT_NEAR(Get(crate, "Sdq"), ak, 1e-3 * ak);
+    EXPECT_NEAR(Get(crate, "Sdr"), 100 * excess, 0.1 * excess);
+}
+
 TEST(ArealParameters, StraightMaterialRatioCurve)
 {
     for (const std::size_t points : {101, 104, 1003}) {

@@ -93,8 +93,60 @@ TEST(SpatialParameters, DirectionOfWaves)
             });
             surface.dy = dy;
             const double error = Get(ComputeSpatial(surface, 0), "Std") - degrees;
-            EXPECT_NEAR(std::remainder(error, 180), 0, 0.1) << degrees << " dy " << dy;
+            EXPECT_NEAR(std::remainder(error, 180), 0, 0.05) << degrees << " dy " << dy;
         }
+}
+
+TEST(SpatialParameters, DirectionOfOneWaveAtAnyAngle)
+{
+    const double pi = std::numbers::pi;
+    std::mt19937 random(11);
+    std::uniform_real_distribution<double> share(0, 1);
+    for (const auto& [points, lines] : {std::pair<std::size_t, std::size_t>{128, 128}, {200, 64}, {100, 300}})
+        for (int i = 0; i < 20; ++i) {
+            const double degrees = 180 * share(random) - 90;
+            const double phase = share(random);
+            const auto surface = MakeSurface(points, lines, [&](double x, double y) {
+                const double along = x * std::cos(degrees * pi / 180) + y * std::sin(degrees * pi / 180);
+                return Cosine(along / 9.7 + phase, 1);
+            });
+            const double error = Get(ComputeSpatial(surface, 0), "Std") - degrees;
+            EXPECT_NEAR(std::remainder(error, 180), 0, 0.05)
+                << degrees << " of " << points << " by " << lines;
+        }
+}
+
+TEST(SpatialParameters, GaussianAutocorrelation)
+{
+    // White noise under weights exp(-r²/l²) has the autocorrelation exp(-r²/(2 l²)).
+    constexpr double c_length = 3;
+    constexpr std::ptrdiff_t c_reach = 12;
+    constexpr std::size_t c_size = 1024;
+    constexpr std::size_t c_wide = c_size + 2 * c_reach;
+    std::mt19937 random(1);
+    std::normal_distribution<double> noise(0, 1);
+    std::vector<double> values(c_wide * c_wide);
+    for (double& value : values)
+        value = noise(random);
+    const auto smooth = [&](std::size_t at, std::size_t step) {
+        double sum = 0;
+        for (std::ptrdiff_t i = -c_reach; i <= c_reach; ++i)
+            sum += std::exp(static_cast<double>(-i * i) / (c_length * c_length)) *
+                   values[at + static_cast<std::size_t>(i) * step];
+        return sum;
+    };
+    std::vector<double> smoothed(values.size());
+    for (std::size_t at = c_reach; at < values.size() - c_reach; ++at)
+        smoothed[at] = smooth(at, 1);
+    values.swap(smoothed);
+    const auto surface = MakeSurface(c_size, c_size, [&](double x, double y) {
+        return smooth(
+            (static_cast<std::size_t>(y) + c_reach) * c_wide + static_cast<std::size_t>(x) + c_reach, c_wide);
+    });
+    const auto parameters = ComputeSpatial(surface, 0);
+    EXPECT_NEAR(Get(parameters, "Sal"), c_length * 1e-6 * std::sqrt(-2 * std::log(0.20)), 0.01 * 5.4e-6);
+    EXPECT_NEAR(Get(parameters, "Scl37"), c_length * 1e-6 * std::sqrt(-2 * std::log(0.37)), 0.01 * 4.2e-6);
+    EXPECT_NEAR(Get(parameters, "Str"), 1, 0.03);
 }
 
 TEST(SpatialParameters, WhatIsNotReachedIsNaN)

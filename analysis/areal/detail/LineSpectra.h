@@ -11,7 +11,7 @@ namespace CommonUI::Analysis
 {
 
 /// The lines of a surface, each transformed along x on its own: the first half of the transform of the
-/// surface. The heights are counted from the mean; a missing point counts as one of that height.
+/// surface. The heights are counted from a mean; a missing point counts as one of that height.
 ///
 /// As the heights are real, only the frequencies 0 … size/2 are kept. Functions may run in several threads at
 /// once on different columns or lines.
@@ -26,6 +26,9 @@ public:
 
     /// @param leastSize of the transform along x, at least the points of a line
     CLineSpectra(const SSurface& surface, double mean, std::size_t leastSize, ETaper taper);
+    /// Of a size that holds the points of a line. The heights are counted from their mean with the weights of the
+    /// taper, so that no constant part is left.
+    CLineSpectra(const SSurface& surface, ETaper taper);
 
     std::size_t GetSize() const { return m_transform.GetSize(); }
     /// Number of the frequencies along x.
