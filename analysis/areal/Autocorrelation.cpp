@@ -153,21 +153,33 @@ double CAutocorrelation::GetValue(double x, double y) const
     const double row = std::floor(y);
     const auto alongX = GetWeights(x - column);
     const auto alongY = GetWeights(y - row);
+    const auto atRow = [&](std::ptrdiff_t at) {
+        const auto first = static_cast<std::ptrdiff_t>(column) - 1;
+        if (x == column)
+            return GetValueAt(first + 1, at);
+        double sum = 0;
+        for (std::size_t i = 0; i < alongX.size(); ++i)
+            sum += alongX[i] * GetValueAt(first + static_cast<std::ptrdiff_t>(i), at);
+        return sum;
+    };
+    const auto first = static_cast<std::ptrdiff_t>(row) - 1;
+    if (y == row)
+        return atRow(first + 1);
     double value = 0;
-    for (std::ptrdiff_t i = 0; i < 4; ++i)
-        for (std::ptrdiff_t j = 0; j < 4; ++j)
-            value += alongX[static_cast<std::size_t>(i)] * alongY[static_cast<std::size_t>(j)] *
-                     GetValueAt(static_cast<std::ptrdiff_t>(column) + i - 1,
-                                static_cast<std::ptrdiff_t>(row) + j - 1);
+    for (std::size_t i = 0; i < alongY.size(); ++i)
+        value += alongY[i] * atRow(first + static_cast<std::ptrdiff_t>(i));
     return value;
 }
 
 // The distance on the way to a border shift; NaN if the level is not reached.
 double CAutocorrelation::FindDecay(double x, double y, double level) const
 {
-    const double steps = 2 * std::max(std::fabs(x), y); // half points
+    // Steps of a whole point along the longer side of the way, where the value is found quickly.
+    const double steps = std::max(std::fabs(x), y);
     const auto count = static_cast<std::size_t>(steps);
-    const auto getValue = [&](double step) { return GetValue(x * step / steps, y * step / steps); };
+    const double perStepX = x / steps;
+    const double perStepY = y / steps;
+    const auto getValue = [&](double step) { return GetValue(step * perStepX, step * perStepY); };
     for (std::size_t i = 1; i <= count; ++i) {
         auto last = static_cast<double>(i);
         if (getValue(last) > level)
