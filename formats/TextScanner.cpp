@@ -189,6 +189,19 @@ std::string ToUtf8(std::string_view text)
     return result;
 }
 
+std::string ReplaceControls(std::string_view text)
+{
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0;
+        const bool isPair = byte == 0xC2 && next >= 0x80 && next < 0xA0; // U+0080 to U+009F
+        result += byte < ' ' || byte == 0x7F || isPair ? '?' : text[i];
+        i += isPair;
+    }
+    return result;
+}
+
 std::string Quote(std::string_view text)
 {
     constexpr std::size_t c_longest = 24;

@@ -17,9 +17,11 @@ SHeightParameters ComputeAbout(double mean, const SRange& range, std::span<const
     const auto count = static_cast<double>(range.count);
     // In shares of the extent, so that no power over- or underflows.
     const double extent = std::max(range.highest, mean) - std::min(range.lowest, mean);
-    const double perExtent = extent > 0 ? 1 / extent : 0;
+    // A subnormal extent has no reciprocal.
+    const double raise = extent < 0x1p-600 ? 0x1p600 : 1;
+    const double perExtent = extent > 0 ? 1 / (extent * raise) : 0;
     const auto [first, second, third, fourth] = SumValid(heights, [&](double z) {
-                                                    const double t = (z - mean) * perExtent;
+                                                    const double t = (z - mean) * raise * perExtent;
                                                     const double tt = t * t;
                                                     return SSums<4>{std::fabs(t), tt, tt * t, tt * tt};
                                                 }).values;

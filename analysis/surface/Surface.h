@@ -19,6 +19,7 @@ struct SSurface {
     double dx = 0; ///< spacing of the points of a line
     double dy = 0; ///< spacing of the lines
     /// Line after line, points * lines heights. A missing point is NaN; a height is never infinite.
+    /// Parameters hold for heights up to 1e100 m that are equal or differ by 1e-100 m and more.
     std::vector<double> heights{};
     std::size_t missing = 0; ///< how many of the heights are NaN
     std::string channel{};   ///< UTF-8; empty where the file names none

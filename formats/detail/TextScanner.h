@@ -56,6 +56,8 @@ bool EqualsNoCase(std::string_view left, std::string_view right);
 std::string_view Trim(std::string_view text);
 /// Text that is not UTF-8 is taken to be Latin-1.
 std::string ToUtf8(std::string_view text);
+/// UTF-8 with a question mark for each control character, those from U+007F to U+009F included.
+std::string ReplaceControls(std::string_view text);
 /// Text of a file for a message: in quotes, short and printable.
 std::string Quote(std::string_view text);
 

@@ -1,4 +1,5 @@
 #include "analysis/areal/ArealParameters.h"
+#include "analysis/areal/HeightParameters.h"
 
 #include "analysis/areal/MaterialRatio.h"
 #include "analysis/form/Levelling.h"
@@ -61,6 +62,17 @@ TEST(ArealParameters, TinySlopeKeepsItsArea)
 {
     const SSurface surface = MakeSurface(30, 20, [](double x, double) { return 1e-14 * x; }); // slope 1e-8
     EXPECT_NEAR(Get(ComputeAreal(surface), "Sdr"), 100 * 0.5e-16, 1e-22);
+}
+
+TEST(ArealParameters, HeightsOfAnyMagnitude)
+{
+    for (const double height : {1e-320, 1e-300, 1e-100, 1e100}) {
+        const SHeightParameters values =
+            ComputeHeightParameters(std::vector<double>{-height, height, height, -height});
+        EXPECT_NEAR(values.average / height, 1, 1e-3) << height;
+        EXPECT_NEAR(values.rms / height, 1, 1e-3) << height;
+        EXPECT_DOUBLE_EQ(values.kurtosis, 1) << height;
+    }
 }
 
 TEST(ArealParameters, AreaAndGradientAreOfOneField)

@@ -139,6 +139,7 @@ TEST_F(SurfaceReader, RefusesBadFiles)
         {c_sdf + "1 inf 3\n4 5 6\n*", "a.sdf:8: a finite number expected where 'inf' stands"},
         {c_sdf + "1 1e999 3\n4 5 6\n*", "a.sdf:8: a finite number expected where '1e999' stands"},
         {c_sdf + "1 1e200 3\n4 5 6\n*", "a.sdf:8: a height of '1e200' times the scale is beyond 1e9 m"},
+        {c_sdf + "0 1e-300 0 0 0 0\n*", "a.sdf: the heights differ by less than 1e-100 m"},
         {c_sdf + "1 1.2.3 1,2,3 4 5 6\n*", "a.sdf:8: a finite number expected where '1.2.3' stands"},
         {c_sdf + "1 " + std::string(1000, '\7'),
          "a.sdf:8: a finite number expected where '????????????????????????...'"},
@@ -173,6 +174,16 @@ TEST_F(SurfaceReader, RefusesBadFiles)
         EXPECT_EQ(message.find('\n'), message.npos);
     }
     EXPECT_EQ(ReadBad(GetPath() / "none.sdf"), "none.sdf: no such file");
+    EXPECT_EQ(ReadBad(GetPath() / u8"a\n\u007F\u009Bé.sdf"), "a???é.sdf: no such file");
+
+    // A file with a hole, of more bytes than there is memory for, were it read before it is looked at.
+    constexpr std::uintmax_t c_tooLarge = std::uintmax_t{1} << 43;
+    m_folder.Write("a.sdf", "no surface");
+    std::filesystem::resize_file(GetPath() / "a.sdf", c_tooLarge);
+    EXPECT_TRUE(ReadBad(GetPath() / "a.sdf").starts_with("a.sdf:1: not a surface"));
+    m_folder.Write("a.sdf", c_sdf);
+    std::filesystem::resize_file(GetPath() / "a.sdf", c_tooLarge);
+    EXPECT_EQ(ReadBad(GetPath() / "a.sdf"), "a.sdf: there is not enough memory for the file");
     EXPECT_EQ(ReadBad(GetPath()), GetPath().string() + ": not a file");
 }
 
