@@ -10,7 +10,7 @@
 /// What a call guarantees, whatever the subscribers do in it:
 /// - Subscribers are called in the order of subscription, each at most once.
 /// - Any subscriber may unsubscribe or be destroyed, the one being called included. Who is gone is not
-/// called.
+///   called.
 /// - Who subscribes during a call is first called by the next call; a call made inside another one is a next
 ///   call. Who unsubscribes and subscribes again is new.
 /// - The list itself may be destroyed. Every call of it then ends after the subscriber it is at.
@@ -160,8 +160,7 @@ public:
 
     /// Calls the subscribers; see the head of this file. Arguments that are values are copied for each.
     /// @return for bool: whether all who were called returned true, and true when nobody was. A false does
-    /// not
-    ///     end the call.
+    ///     not end the call.
     R Invoke(A... args) const
     {
         if constexpr (std::is_void_v<R>) {

@@ -60,8 +60,7 @@ public:
     ~CWinTimer() override;
 
     /// @return when starting: false if the service cannot create a timer, and then this one stays stopped;
-    /// when
-    ///     stopping: whether the service knew the timer, which is stopped in either case
+    ///     when stopping: whether the service knew the timer, which is stopped in either case
     bool SetRunning(bool running) override;
 
 private:

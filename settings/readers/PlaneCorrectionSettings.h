@@ -18,8 +18,7 @@ enum class EPlaneCorrectionScope : int {
 /// How a plane correction finds what it subtracts.
 enum class EPlaneCorrectionMethod : int {
     /// The least-squares polynomial of an order. For the whole image it has the terms x^i y^j with i + j up
-    /// to
-    /// the order, so that order 1 is a plane and order 2 a bow in any direction.
+    /// to the order, so that order 1 is a plane and order 2 a bow in any direction.
     Polynomial = 0,
     /// As Polynomial, for stepped heights: the terraces share one polynomial but for its constant, which each
     /// terrace has for itself, so that steps keep their heights.
@@ -45,7 +44,7 @@ struct COMMONUI_API SPlaneCorrectionSettings {
 
     /// Reads the set from a document. What is not said there has its default; only the method has to be said.
     /// @return false, with the reason in the diagnostics (category u"Settings") and this object unchanged,
-    /// when the document holds no set that could be used
+    ///     when the document holds no set that could be used
     bool Load(CInifile& ini);
     /// Writes the set to a document, in place of one that is there. Does not check it.
     void Save(CInifile& ini) const;
