@@ -18,7 +18,8 @@ enum class EPlaneCorrectionScope : int {
 /// How a plane correction finds what it subtracts.
 enum class EPlaneCorrectionMethod : int {
     /// The least-squares polynomial of an order. For the whole image it has the terms x^i y^j with i + j up
-    /// to the order, so that order 1 is a plane and order 2 a bow in any direction.
+    /// to
+    /// the order, so that order 1 is a plane and order 2 a bow in any direction.
     Polynomial = 0,
     /// As Polynomial, for stepped heights: the terraces share one polynomial but for its constant, which each
     /// terrace has for itself, so that steps keep their heights.
