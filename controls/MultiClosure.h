@@ -115,10 +115,10 @@ protected:
         bool IsAt(const SClosureEntry* entry) const noexcept;
         void Release(SClosureEntry* entry) noexcept;
 
-        const CMultiClosureBase* m_list; ///< null when it has been destroyed
-        CCall* m_outer;                  ///< the call in which this one was made
-        SClosureEntry* m_current;        ///< null when the call is over
-        SClosureEntry* m_last;           ///< the last entry to call
+        const CMultiClosureBase* m_list; // null when it has been destroyed
+        CCall* m_outer;                  // the call in which this one was made
+        SClosureEntry* m_current;        // null when the call is over
+        SClosureEntry* m_last;           // the last entry to call
     };
 
     CMultiClosureBase() = default;
@@ -134,7 +134,7 @@ private:
     // Mutable for calls of a constant list: they free an entry whose subscriber is gone when they leave it.
     mutable SClosureEntry* m_first = nullptr;
     mutable SClosureEntry* m_last = nullptr;
-    mutable CCall* m_calls = nullptr; ///< the innermost call in progress
+    mutable CCall* m_calls = nullptr; // the innermost call in progress
     std::size_t m_count = 0;
 };
 

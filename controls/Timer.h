@@ -68,7 +68,7 @@ private:
     bool Start();
     bool Stop();
 
-    CTimerService::TIdentifier m_identifier = 0; ///< 0 when stopped
+    CTimerService::TIdentifier m_identifier = 0; // 0 when stopped
 };
 
 } // namespace CommonUI
