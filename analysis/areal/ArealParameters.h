@@ -24,7 +24,8 @@ namespace CommonUI::Analysis
 ///   that are valid along with their four neighbours
 /// - Sdr: each cell of four valid neighbouring points is four triangles that meet in the cell's centre at
 ///   the mean of the four heights; what they have in excess of the cell's own area, in percent
-/// - S2A, S3A: projected and developed area of those cells, m² (not of the standard; Sdr = (S3A - S2A) / S2A)
+/// - S2A, S3A: projected and developed area of those cells, m² (not of the standard; Sdr = (S3A - S2A) /
+///   S2A)
 ///
 /// Parameters of the material ratio curve, see CMaterialRatio for the curve and units:
 /// - Sk, Spk, Svk, Smr1, Smr2
@@ -33,8 +34,9 @@ namespace CommonUI::Analysis
 ///   m
 /// - Sdc0_5 … Sdc50_95: Smc(first) - Smc(second), percents as in the key: m
 ///
-/// Count is the number of valid points. Missing points are left out, but for the spatial parameters. A
-/// parameter that the points do not allow is NaN.
+/// Count is the number of valid points. Missing points are left out, but for the spatial
+/// parameters. A parameter that the points
+/// do not allow is NaN.
 /// @param spatial whether the spatial parameters are computed, which take longer than all others together
 /// @return the parameters in the order above, which starts with Sa and ends with Count
 /// @throws ENoPoints when all points are missing

@@ -32,7 +32,8 @@ public:
     /// autocorrelation is interpolated linearly.
     /// @param level 0 to 1
     /// @return shortest is NaN if the level is reached nowhere, longest if there is a direction in which it
-    ///     is not; both are NaN for a flat surface and without at least two points in each direction
+    /// is
+    ///     not; both are NaN for a flat surface and without at least two points in each direction
     SDecay ComputeDecay(double level) const;
 
     /// @param x in points, -points/2 … points/2

@@ -38,7 +38,7 @@ COMMONUIANALYSIS_API std::vector<std::string_view> GetGrainKeys();
 /// Takes time proportional to the number of points whatever their pattern, on several threads.
 /// @param threshold a height in m
 /// @param keys which columns are wanted, in any order; empty for all. Others than those of GetGrainKeys are
-///     ignored.
+/// ignored.
 /// @throws ETooManyPoints as FindGrains does
 COMMONUIANALYSIS_API SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind,
                                            std::span<const std::string_view> keys = {});

@@ -33,7 +33,8 @@ namespace CommonUI::Analysis
 /// @param cutoff λc in m, by default DefaultCutoff. If it is not greater than 2 dx, longer than the profile
 ///     or NaN, the parameters of the roughness and the waviness profile are NaN.
 /// @return the parameters in catalogue order: Ra Rq Rsk Rku Rp Rv Rz Rt Rmean Rmin Rmax RSm Rdq, then those
-///     of ComputeIso4287
+/// of
+///     ComputeIso4287
 COMMONUIANALYSIS_API std::vector<SValue> ComputeProfile(std::span<const double> heights, double dx,
                                                         std::optional<double> cutoff = std::nullopt);
 
