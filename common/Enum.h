@@ -32,8 +32,8 @@ class CEnum
 public:
     using CValue = CEnumValue<int>;
 
-    /// @param fallback what GetValue answers for an unknown key
     /// The three texts are what the look-ups by number answer for an unknown number.
+    /// @param fallback what GetValue answers for an unknown key
     explicit CEnum(E fallback = E(), const CStr& iniName = {}, const CStr& friendlyString = {},
                    const CStr& shortFriendlyString = {})
         : m_fallback(fallback)

@@ -87,7 +87,7 @@ private:
     void PutBefore(std::size_t count, char character);
     void Complete(std::string_view prefix, const SNumberFormat& format, bool padZeros);
 
-    char* m_begin; ///< the text grows from its last digit to the left
+    char* m_begin; // the text grows from its last digit to the left
     char* m_end;
     std::unique_ptr<char[]> m_heap;
     char m_internal[c_internalSize];

@@ -23,7 +23,7 @@ COMMONDLL_API CStr GetString(int id);
 /// have keep their English text, so that a translation that lags behind leaves no blank label; rows of
 /// unknown ids are kept, too. Of two rows of one id the later counts. The texts are copied.
 /// @return false, and nothing changes, once a text has been asked for: what is shown must not mix two
-/// languages.
+///     languages.
 COMMONDLL_API bool ReplaceStringTable(std::span<const SStringTableRow> rows);
 
 /// The built-in English texts in rising order of their ids: what a translator starts from.

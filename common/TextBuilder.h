@@ -89,7 +89,7 @@ private:
     }
     void Grow(std::size_t more);
 
-    CStr m_text; ///< owns the units, of which the first m_length are written
+    CStr m_text; // owns the units, of which the first m_length are written
     char16_t* m_units = nullptr;
     std::size_t m_length = 0;
     std::size_t m_capacity = 0;

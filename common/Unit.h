@@ -35,8 +35,8 @@ public:
     /// The precision in which a value will be shown, by which SuitableFactor rounds.
     struct SShownDigits {
         int significant = 5; ///< significant digits, 1 or more
-        int decimals =
-            -1; ///< digits behind the decimal point; counts instead of `significant` when not negative
+        /// Digits behind the decimal point; counts instead of `significant` when not negative.
+        int decimals = -1;
     };
 
     /// The empty unit at factor 1.

@@ -68,8 +68,7 @@ class COMMONUI_API CExEdit : public CWnd, public CViewedControl<CEditView>
 {
 public:
     /// @param wantsEnter whether Enter and Escape finish the input and stay in the field; otherwise they go
-    /// on
-    ///     to the dialog
+    ///     on to the dialog
     /// @param validate see SetValidate
     CExEdit(bool wantsEnter, bool validate);
     virtual ~CExEdit();

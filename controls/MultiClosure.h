@@ -10,7 +10,7 @@
 /// What a call guarantees, whatever the subscribers do in it:
 /// - Subscribers are called in the order of subscription, each at most once.
 /// - Any subscriber may unsubscribe or be destroyed, the one being called included. Who is gone is not
-/// called.
+///   called.
 /// - Who subscribes during a call is first called by the next call; a call made inside another one is a next
 ///   call. Who unsubscribes and subscribes again is new.
 /// - The list itself may be destroyed. Every call of it then ends after the subscriber it is at.
@@ -115,10 +115,10 @@ protected:
         bool IsAt(const SClosureEntry* entry) const noexcept;
         void Release(SClosureEntry* entry) noexcept;
 
-        const CMultiClosureBase* m_list; ///< null when it has been destroyed
-        CCall* m_outer;                  ///< the call in which this one was made
-        SClosureEntry* m_current;        ///< null when the call is over
-        SClosureEntry* m_last;           ///< the last entry to call
+        const CMultiClosureBase* m_list; // null when it has been destroyed
+        CCall* m_outer;                  // the call in which this one was made
+        SClosureEntry* m_current;        // null when the call is over
+        SClosureEntry* m_last;           // the last entry to call
     };
 
     CMultiClosureBase() = default;
@@ -134,7 +134,7 @@ private:
     // Mutable for calls of a constant list: they free an entry whose subscriber is gone when they leave it.
     mutable SClosureEntry* m_first = nullptr;
     mutable SClosureEntry* m_last = nullptr;
-    mutable CCall* m_calls = nullptr; ///< the innermost call in progress
+    mutable CCall* m_calls = nullptr; // the innermost call in progress
     std::size_t m_count = 0;
 };
 
@@ -160,8 +160,7 @@ public:
 
     /// Calls the subscribers; see the head of this file. Arguments that are values are copied for each.
     /// @return for bool: whether all who were called returned true, and true when nobody was. A false does
-    /// not
-    ///     end the call.
+    ///     not end the call.
     R Invoke(A... args) const
     {
         if constexpr (std::is_void_v<R>) {

@@ -135,9 +135,9 @@ private:
     T m_minimum{};
     T m_maximum{};
     CStepSize m_step;
-    int m_wheelRemainder = 0; ///< what was turned since the last full notch
+    int m_wheelRemainder = 0; // what was turned since the last full notch
     bool m_stepping = true;
-    int m_depth = 0; ///< how many changes are going on, each made in a callback of the one before
+    int m_depth = 0; // how many changes are going on, each made in a callback of the one before
     bool m_asking = false;
     CCallbackSlot m_validator;
     CCallbackSlot m_notification;

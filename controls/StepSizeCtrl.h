@@ -108,7 +108,7 @@ private:
     CStr m_toolTip;
     std::array<CStepSizeBtn, 2> m_buttons;
     int m_step = 0;
-    std::uint64_t m_lastTime = 0; ///< of the last step, on the clock of the timer service
+    std::uint64_t m_lastTime = 0; // of the last step, on the clock of the timer service
     bool m_showing = false;
     CWinTimer m_slideTimer{c_SlideStepTime};
     CWinTimer m_hideTimer{c_HideDelayTime};

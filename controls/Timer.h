@@ -60,8 +60,7 @@ public:
     ~CWinTimer() override;
 
     /// @return when starting: false if the service cannot create a timer, and then this one stays stopped;
-    /// when
-    ///     stopping: whether the service knew the timer, which is stopped in either case
+    ///     when stopping: whether the service knew the timer, which is stopped in either case
     bool SetRunning(bool running) override;
 
 private:
@@ -69,7 +68,7 @@ private:
     bool Start();
     bool Stop();
 
-    CTimerService::TIdentifier m_identifier = 0; ///< 0 when stopped
+    CTimerService::TIdentifier m_identifier = 0; // 0 when stopped
 };
 
 } // namespace CommonUI

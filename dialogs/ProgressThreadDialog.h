@@ -40,8 +40,8 @@ public:
     /// @return c_ok when the work is done, whether the user has cancelled it or not: see IsCanceled
     int DoModal() override;
     /// Starts the worker at time-critical priority; opening the dialog does it. The dialog closes when the
-    /// work is done. Throws EInternal while a worker runs. If the system has no thread left, the
-    /// work counts as done with that exception.
+    /// work is done. Throws EInternal while a worker runs. If the system has no thread left, the work counts
+    /// as done with that exception.
     void RunThread();
     /// Adds to the position: what becomes of a report on the user-interface thread.
     void Step(float increment) { Advance(increment); }

@@ -14,7 +14,7 @@ namespace CommonUI
 /// (equal planes, an angle of 0, in perspective also a viewport without width) leaves the matrix as it is. No
 /// error is tested for.
 /// @param orthographic a box with the size that the perspective view has at the far plane, instead of
-/// perspective
+///     perspective
 /// @param fieldOfView the angle across the shorter edge of the viewport, in degrees
 /// @param viewport in pixels
 COMMONUI_API void SetupProjectionMatrix(bool orthographic, double fieldOfView, double zNear, double zFar,

@@ -105,7 +105,7 @@ public:
 
     /// The first entry of that number.
     /// @throws EInternal when there is none: "Illegal Parameter ID: %d", "Illegal m_Statistic ID: %d",
-    /// "Illegal Output ID: %d"
+    ///     "Illegal Output ID: %d"
     CParameter GetParameter(int id) const;
     CParameter GetStatistic(int id) const;
     CParameter GetOutput(int id) const;

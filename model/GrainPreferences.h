@@ -59,7 +59,7 @@ public:
     CParameter::SHistogramSetup GetHistogramSetup(EMeasureParameters quantity,
                                                   EGrainHistograms histogram) const;
     /// @return false when the list does not have the quantity, or the class count is not from 1 to
-    /// c_mostClasses
+    ///     c_mostClasses
     bool SetHistogramSetup(EMeasureParameters quantity, EGrainHistograms histogram,
                            const CParameter::SHistogramSetup& setup);
 

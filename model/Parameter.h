@@ -181,8 +181,8 @@ public:
 
     /// Whether the choices of two parameters of the same catalogue entry agree: number, On, format,
     /// dimension, unit factor, limits and variable value (two NaNs agree), axis ticks, histograms, and the
-    /// values of the variables (where a NaN agrees with nothing). Texts, standard and parent are not
-    /// compared.
+    /// values of the variables that `a` has (where a NaN agrees with nothing; `b` must not have fewer, and
+    /// what it has beyond them does not count). Texts, standard and parent are not compared.
     static bool IsEqual(const CParameter& a, const CParameter& b);
 
 private:

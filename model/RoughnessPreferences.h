@@ -74,7 +74,7 @@ public:
     std::vector<SParameterGroup> GetOutputGroups() const override;
     /// Adds a parameter under a new number.
     /// @param parent a template of the list: the new parameter is an instance of it, with the values of the
-    /// variables of `parameter`, and is called by them; any other number: the parameter is a plug-in's
+    ///     variables of `parameter`, and is called by them; any other number: the parameter is a plug-in's
     /// @return the new number
     int AddParameter(int parent, const CParameter& parameter) override;
     /// Replaces all parameters and puts them into the order of the catalogue; templates are switched off.
@@ -85,7 +85,7 @@ public:
     /// Makes a parameter from a template of the list, with these values for its variables in their order, in
     /// m or percent by their dimension, and switches it on.
     /// @return its number, or CParameter::c_noParent when there is no such template or it has another count
-    /// of variables
+    ///     of variables
     int AddTemplateInstance(ERoughnessParameters parent, const std::vector<double>& values);
 
     const SBarChartConfig& GetBarChartConfig() const noexcept { return m_barChart; }

@@ -15,8 +15,8 @@ namespace CommonUI::Analysis
 /// The grains of a surface, measured.
 struct SGrains {
     std::size_t count = 0;
-    double coverage =
-        c_undefined; ///< area of the grains in percent of that of all valid points; NaN without one
+    /// Area of the grains in percent of that of all valid points; NaN without one.
+    double coverage = c_undefined;
     std::vector<SValues> columns{}; ///< for each quantity a value of each grain, the grain of ID 1 first
     std::vector<double> areas{};    ///< of the grains, to weight with: AreaExHoles
     std::vector<double> volumes{};  ///< likewise: MatVoidVolume
@@ -28,12 +28,10 @@ COMMONUIANALYSIS_API std::vector<std::string_view> GetGrainKeys();
 /// Finds the grains of a surface and measures them. docs/grain-measures.md defines each quantity. In brief:
 ///
 /// - A grain is the rectangular cells, dx by dy, of its points. All sizes and shapes are those of this
-/// figure; the
-///   formulas are of ISO 9276-6:2008 where it has them. Positions count from the corner of the map, so that
-///   the first point lies at (dx/2, dy/2).
+///   figure; the formulas are of ISO 9276-6:2008 where it has them. Positions count from the corner of the
+///   map, so that the first point lies at (dx/2, dy/2).
 /// - Heights, depths and volumes are those of the grain's own points above or below the threshold. A particle
-/// has
-///   no depths and a pore no heights, which are then NaN.
+///   has no depths and a pore no heights, which are then NaN.
 /// - A grain that touches the border of the map or missing points is measured as far as it is seen.
 /// - Angles are in degrees from the x to the y axis.
 ///

@@ -20,8 +20,8 @@ struct SPosition {
 struct SNeighbour {
     std::size_t index = 0; ///< of equally near ones the first
     double distance = c_undefined;
-    double angle =
-        c_undefined; ///< direction to it, degrees from the x to the y axis, -180 to 180; NaN at no distance
+    /// Direction to it, degrees from the x to the y axis, -180 to 180; NaN at no distance.
+    double angle = c_undefined;
 };
 
 /// The nearest neighbour of each position. Empty for fewer than two positions, which have none. Takes time

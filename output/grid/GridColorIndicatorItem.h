@@ -13,8 +13,7 @@ public:
     /// @param value shown beside the colour
     /// @param data whatever the application keeps with the item
     /// @param mask, initialText, validCharacters the rules of an editor, for derived items that have one;
-    /// null
-    ///     for none
+    ///     null for none
     explicit CGridColorIndicatorItem(const CGridValue& value, unsigned long data = 0,
                                      const char16_t* mask = nullptr, const char16_t* initialText = nullptr,
                                      const char16_t* validCharacters = nullptr);

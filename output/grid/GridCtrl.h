@@ -102,7 +102,7 @@ private:
     std::vector<SColumn> m_columns;
     std::vector<std::unique_ptr<CGridRow>> m_rows;
     std::vector<CGridRow*> m_shown;
-    bool m_hasTree = false; ///< whether any row has rows below it
+    bool m_hasTree = false; // whether any row has rows below it
     bool m_readOnly = false;
     CCallbackSlot m_changeSlot;
     std::weak_ptr<CGridItem> m_edited;

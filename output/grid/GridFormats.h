@@ -23,8 +23,8 @@ public:
     /// `text` where the value's type has no format; otherwise the format applied to the number of an R8 or
     /// the text of a String, and an empty text for every other type.
     CStr Apply(const CGridValue& value, const CStr& text) const;
-    /// What is shown for a text that stands for a value: a text that reads as a finite number goes
-    /// through the format of R8 where there is one, every other one through that of String.
+    /// What is shown for a text that stands for a value: a text that reads as a finite number goes through
+    /// the format of R8 where there is one, every other one through that of String.
     CStr ApplyToText(const CStr& text) const;
 
 private:

@@ -78,7 +78,7 @@ public:
     virtual CStr GetSpokenText() const { return FormatItem(); }
     /// Draws the item: background, text and the button that its flags give it.
     /// @param rect where the item lies, as in all functions here: the cell, without the room that a tree
-    /// takes
+    ///     takes
     virtual void OnDrawValue(CGridPainter& painter, const SRect& rect) const;
     /// A mouse button has been pressed over the item. @param message one of GridMouse
     /// @return whether the click is consumed; the grid handles every other

@@ -200,14 +200,14 @@ private:
     int m_headerLines = 1;
     int m_headerHeight;
     std::size_t m_rowCount = 0;
-    std::vector<int> m_edges{0}; ///< the left edges of the columns unscrolled, and the right one of the last
+    std::vector<int> m_edges{0}; // the left edges of the columns unscrolled, and the right one of the last
     std::size_t m_frozen = 0;
     int m_left = 0;
     long long m_top = 0;
-    SGridHit::EPart m_dragged =
-        SGridHit::EPart::Nothing;         ///< what was pressed that selects while it is dragged
-    std::optional<std::size_t> m_resized; ///< the column whose edge is being dragged
-    int m_resizedLeft = 0;                ///< where it began in the view when its edge was pressed
+    // What was pressed that selects while it is dragged.
+    SGridHit::EPart m_dragged = SGridHit::EPart::Nothing;
+    std::optional<std::size_t> m_resized; // the column whose edge is being dragged
+    int m_resizedLeft = 0;                // where it began in the view when its edge was pressed
     bool m_focus = false;
 };
 

@@ -58,7 +58,7 @@ private:
     std::vector<std::shared_ptr<CGridItem>> m_items;
     std::vector<std::unique_ptr<CGridRow>> m_subRows;
     bool m_expanded = true;
-    std::size_t m_place = 0; ///< among the rows that are shown; means nothing for others
+    std::size_t m_place = 0; // among the rows that are shown; means nothing for others
 };
 
 } // namespace CommonUI

@@ -35,8 +35,7 @@ public:
     /// then the cells, numbers trimmed, a blank cell as a single blank. Empty for a row without values. The
     /// name must not be empty, or the tokenizer takes the first cell for it.
     /// @param blankColumns the columns that are written as blank cells whatever their values; the first
-    /// column cannot
-    ///     be blanked, it is left out
+    ///     column cannot be blanked, it is left out
     /// @param columnCount how many columns are written; those beyond the values are left out
     CStr CreateTokenizableString(std::span<const int> blankColumns, int columnCount) const;
 

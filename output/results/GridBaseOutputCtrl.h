@@ -29,16 +29,16 @@ public:
 
         /// Bits of `flags`. Others are kept and copied unchanged.
         enum EFlag : std::uint32_t {
-            SubHeader = 0x02, ///< a row that belongs to the column headers but is written as a body row, such
-                              ///< as units
+            /// A row that belongs to the column headers but is written as a body row, such as units.
+            SubHeader = 0x02,
             ColumnHeader = 0x08, ///< the header cell of a column; its text may hold several lines
             MergedHeader = 0x10, ///< a group name that spans several columns
             RowHeader = 0x20     ///< the header cell of a row; written left-aligned
         };
 
         CStr text; ///< lines of a header text are separated by "\r\n"
-        std::int32_t columnSpan =
-            1; ///< columns that the cell covers; 0 or less for a cell that is covered by another
+        /// Columns that the cell covers; 0 or less for a cell that is covered by another.
+        std::int32_t columnSpan = 1;
         std::int32_t rowSpan = 1; ///< rows that the cell covers
         std::int32_t indent = 0;  ///< indentation level of a summary line
         std::uint32_t flags = 0;
@@ -179,7 +179,7 @@ private:
     CStr m_nameHeader;
     std::vector<SColumn> m_columns;
     std::vector<SRow> m_rows;
-    std::size_t m_longestRow = 0; ///< the cells of the longest row so far
+    std::size_t m_longestRow = 0; // the cells of the longest row so far
     SSelection m_selection{};
     bool m_hasSelection = false;
 };

@@ -8,8 +8,7 @@ namespace CommonUI
 {
 
 /// The printf format of a parameter's number format: "%.5lf" for five decimals, "%.5lG" for five significant
-/// digits,
-/// "%d" for integers and "%lf" for a kind that does not exist. To turn a value into text use
+/// digits, "%d" for integers and "%lf" for a kind that does not exist. To turn a value into text use
 /// FormatParameterValue, which knows that "%d" does not fit a real number.
 COMMONUI_API CStr GetFormatString(const CParameter::SFormatSpecifier& format);
 

@@ -73,8 +73,8 @@ bool StartsWith(const CRow& row, SCellInfo::EFlag flag)
 // How a table divides into header rows and body rows.
 struct SSections {
     std::size_t headerRows = 0;
-    std::optional<std::size_t>
-        lastSubHeader; // the last row of the block of sub-headers below the header rows
+    // The last row of the block of sub-headers below the header rows.
+    std::optional<std::size_t> lastSubHeader;
 
     explicit SSections(const CCells& cells)
     {

@@ -13,7 +13,7 @@
 #include <utility>
 
 /// @file
-/// What the example programs share of reading their command lines.
+/// What the programs share of reading their command lines.
 
 namespace CommandLine
 {

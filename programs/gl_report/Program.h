@@ -19,7 +19,7 @@ using CContextMaker =
 /// @param arguments without the program's name
 /// @param err receives one line for what is wrong
 /// @return the exit status: 0; 1 for a reason that `err` was told; 2 when there is no OpenGL to report on,
-/// which `err` was told, too
+///     which `err` was told, too
 int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::ostream& err,
                const CContextMaker& makeContext = Offscreen::CContext::Make);
 

@@ -102,8 +102,8 @@ QRect CEditFieldAccessible::characterRect(int offset) const
     const int before = metrics.horizontalAdvance(text.left(offset));
     const int shift = before - metrics.horizontalAdvance(text.left(m_field.cursorPosition()));
     const int width = metrics.horizontalAdvance(text.left(offset + 1)) - before;
-    const int left =
-        caret.left() + caret.width() / 2 + shift; // Qt puts some pixels on both sides of the caret
+    // Qt puts some pixels on both sides of the caret.
+    const int left = caret.left() + caret.width() / 2 + shift;
     return {m_field.mapToGlobal(QPoint(left, caret.top())), QSize(width, caret.height())};
 }
 

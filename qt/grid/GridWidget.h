@@ -87,13 +87,13 @@ private:
     QAction* m_fitColumns;
     QPointer<CGridEditor> m_editor;
     int m_lineHeight = 0;
-    long long m_rowsScale = 1; ///< the pixels of a unit of the vertical scroll bar
+    long long m_rowsScale = 1; // the pixels of a unit of the vertical scroll bar
     bool m_updatingBars = false;
-    bool m_pressed = false; ///< the left button, which was pressed here
-    SPoint m_pointer;       ///< where it was last while the button was held
+    bool m_pressed = false; // the left button, which was pressed here
+    SPoint m_pointer;       // where it was last while the button was held
     Qt::KeyboardModifiers m_modifiers;
     QBasicTimer m_repeat;
-    CStr m_spoken; ///< what the cell that has the focus said last
+    CStr m_spoken; // what the cell that has the focus said last
 };
 
 /// A grid of items in a dialog.

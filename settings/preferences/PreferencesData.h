@@ -15,11 +15,10 @@ namespace CommonUI
 ///
 /// The code that sets up OpenGL for a view reads them so:
 /// - Software: take the system's software renderer where there is one, for displays whose driver draws
-/// wrongly.
+///   wrongly.
 /// - Automatic: ask for an accelerated pixel format and take whatever the system gives.
 /// - Hardware: take an accelerated pixel format only; where there is none, show a message in place of the
-/// view,
-///   since a software renderer would be too slow to be of use.
+///   view, since a software renderer would be too slow to be of use.
 enum class E3DAccelerationMode : int { Software = 0, Automatic = 1, Hardware = 2 };
 
 /// The modes with the texts of a selection list. For an unknown key the value is Automatic.

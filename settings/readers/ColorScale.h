@@ -45,7 +45,7 @@ struct COMMONUI_API SColorScale {
     /// Reads the section "ColorScale" of a set, which replaces this scale; the current section stays
     /// selected.
     /// @return false, with the reason in the diagnostics and this scale unchanged, for what is no colour
-    /// scale
+    ///     scale
     bool Load(CInifile& ini);
     /// Writes the section "ColorScale" in place of what is in it; the current section stays selected.
     void Save(CInifile& ini) const;

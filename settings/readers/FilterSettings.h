@@ -89,7 +89,7 @@ struct COMMONUI_API SFilterCutoff {
 
     /// The cut-off in metres.
     /// @param evaluationLength in metres: the length of the profile or line, or the shorter side of the
-    /// surface. Where the rule needs it and it is not positive and finite, the result is 0.
+    ///     surface. Where the rule needs it and it is not positive and finite, the result is 0.
     double GetLength(double evaluationLength) const;
 };
 
@@ -125,7 +125,7 @@ struct COMMONUI_API SFilterSettings {
     /// Reads the set from a document. What is not said there has its default; the kind has to be said, and so
     /// have the numbers that docs/filter-settings.md marks.
     /// @return false, with the reason in the diagnostics (category u"Settings") and this object unchanged,
-    /// when the document holds no set that could be used
+    ///     when the document holds no set that could be used
     bool Load(CInifile& ini);
     /// Writes the set to a document, in place of one that is there. Does not check it.
     void Save(CInifile& ini) const;

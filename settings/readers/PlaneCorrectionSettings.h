@@ -45,7 +45,7 @@ struct COMMONUI_API SPlaneCorrectionSettings {
 
     /// Reads the set from a document. What is not said there has its default; only the method has to be said.
     /// @return false, with the reason in the diagnostics (category u"Settings") and this object unchanged,
-    /// when the document holds no set that could be used
+    ///     when the document holds no set that could be used
     bool Load(CInifile& ini);
     /// Writes the set to a document, in place of one that is there. Does not check it.
     void Save(CInifile& ini) const;

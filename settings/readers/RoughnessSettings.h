@@ -15,7 +15,7 @@ namespace CommonUI
 /// does not say, or says in a way that cannot be read (with a line in the diagnostics), gets its default.
 /// What preferences do not store stays: what is allowed, and which standards are enabled.
 /// @return false, with the reason in the diagnostics and the object unchanged, for a set without this
-/// section, as a set for the other analysis
+///     section, as a set for the other analysis
 COMMONUI_API bool LoadRoughnessSettings(CInifile& ini, CRoughnessAnalysisPreferencesData& data);
 
 /// Writes the section of the object's analysis, and that of its dynamic parameters; the current section stays

@@ -14,8 +14,7 @@ namespace CommonUI::Analysis
 /// deviation) are left out, and the fit is repeated eight times on what it left.
 /// @param grid changed in place; without a valid point nothing happens
 /// @param smooth the same points with less noise, as from SmoothInside, whose differences are taken; changed
-/// in
-///     the same way
+///     in the same way
 /// @param order 1 or 2
 void RemoveSlopes(const SGrid& grid, const SGrid& smooth, const SPairing& pairing, std::size_t order);
 
@@ -23,10 +22,9 @@ void RemoveSlopes(const SGrid& grid, const SGrid& smooth, const SPairing& pairin
 /// each terrace + noise, where a plain fit of the polynomial would tilt towards the steps.
 ///
 /// 1. Terraces are found in the smoothed heights: windows of six times the noise that hold the most points,
-/// at
-///    least 2 % of them, one after the other and at least a window apart; no more than 32. The noise is the
-///    standard deviation that neighbouring points differ by. A point between two terraces, as on the flank of
-///    a step, is on none, nor is one whose own height is more than a window off.
+///    at least 2 % of them, one after the other and at least a window apart; no more than 32. The noise is
+///    the standard deviation that neighbouring points differ by. A point between two terraces, as on the
+///    flank of a step, is on none, nor is one whose own height is more than a window off.
 /// 2. Polynomial and constants are fitted together to the points on terraces. This and the search for
 ///    terraces are done twice.
 /// 3. The mean of the terrace with the most points becomes 0.

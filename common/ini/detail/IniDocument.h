@@ -148,16 +148,16 @@ private:
     EIniEncoding m_encoding = EIniEncoding::Utf8;
     std::string m_mark;
     std::string m_tail;
-    std::string m_lineEnd; ///< the most frequent one of the file
+    std::string m_lineEnd; // the most frequent one of the file
 
     std::string m_text;
-    std::string m_names;     ///< the names that are stored in quotes, as what they stand for
-    std::size_t m_waste = 0; ///< how many bytes of text and records serve no line
+    std::string m_names;     // the names that are stored in quotes, as what they stand for
+    std::size_t m_waste = 0; // how many bytes of text and records serve no line
     std::vector<SRecord> m_lines;
     std::uint32_t m_firstLine = c_none;
     std::uint32_t m_lastLine = c_none;
-    CIniIndex m_keys;        ///< the first line of each key, with ornament and without
-    CIniGroups m_otherNames; ///< the same lines by their other names
+    CIniIndex m_keys;        // the first line of each key, with ornament and without
+    CIniGroups m_otherNames; // the same lines by their other names
     std::vector<SSection> m_sections;
     CIniIndex m_sectionNames;
     std::uint64_t m_hashKey;

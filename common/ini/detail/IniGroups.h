@@ -74,7 +74,7 @@ private:
         return m_groups.Find(hash, [&](std::uint32_t group) { return matches(m_members[group].number); });
     }
 
-    CIniIndex m_groups; ///< the first members
+    CIniIndex m_groups; // the first members
     std::vector<SMember> m_members;
 };
 

@@ -128,9 +128,9 @@ private:
         }
     }
 
-    std::vector<SEntry> m_entries; ///< a power of two of them, at least half of them free
+    std::vector<SEntry> m_entries; // a power of two of them, at least half of them free
     std::size_t m_mask = 0;
-    std::size_t m_used = 0; ///< erased ones included
+    std::size_t m_used = 0; // erased ones included
 };
 
 } // namespace CommonUI

@@ -26,7 +26,7 @@ public:
     SSize ToUnits(const QSizeF& size) const;
 
 private:
-    double m_width; ///< of a unit, in pixels
+    double m_width; // of a unit, in pixels
     double m_height;
 };
 

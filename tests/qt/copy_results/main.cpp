@@ -1,7 +1,7 @@
 // Copies a table of results as an application would, and keeps it on the clipboard until it is killed:
 //   copy_results selection|grids [transposed]
-// Says first what a spreadsheet has to hold afterwards, as JSON: the text, and the
-// cells of each table of the HTML by the columns that they begin at.
+// Says first what a spreadsheet has to hold afterwards, as JSON: the text, and the cells of each table of the
+// HTML by the columns that they begin at.
 
 #include "output/results/GridCopy.h"
 #include "qt/QtText.h"
