@@ -1,7 +1,8 @@
 #include "common/FileBytes.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <charconv>
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -90,29 +91,85 @@ fs::path FollowLinks(fs::path path)
     return path;
 }
 
+constexpr std::string_view c_temporaryEnd = ".tmp";
+constexpr std::size_t c_temporaryDigits = 16;
+
+// What the names of all temporaries of a target begin with; together with what follows no longer than a name may be.
+std::u8string GetTemporaryStart(const fs::path& target)
+{
+    constexpr std::size_t longest = 255 - 2 - c_temporaryDigits - c_temporaryEnd.size();
+    std::u8string name = target.filename().u8string();
+    if (name.size() > longest) {
+        std::size_t length = longest;
+        while ((name[length] & 0xC0) == 0x80) // not within a character
+            --length;
+        name.resize(length);
+    }
+    return u8"~" + name + u8".";
+}
+
+fs::path MakeTemporaryPath(const fs::path& target)
+{
+    std::random_device random;
+    std::u8string name = GetTemporaryStart(target);
+    for (std::size_t i = 0; i < c_temporaryDigits; ++i)
+        name += u8"0123456789abcdef"[random() % 16];
+    return target.parent_path() / name.append(c_temporaryEnd.begin(), c_temporaryEnd.end());
+}
+
+bool IsTemporaryOf(const std::u8string& start, const fs::path& path)
+{
+    const std::u8string name = path.filename().u8string();
+    const std::u8string_view end = std::u8string_view(name).substr(std::min(start.size(), name.size()));
+    return name.starts_with(start) && end.size() == c_temporaryDigits + c_temporaryEnd.size() &&
+           end.ends_with(u8".tmp") && end.find_first_not_of(u8"0123456789abcdef") == c_temporaryDigits;
+}
+
+// Removes what killed processes have left. Not being able to is no fault of the new content.
+void RemoveOldTemporaries(const fs::path& target)
+{
+    constexpr std::chrono::minutes leastAge(1);
+    try {
+        const std::u8string start = GetTemporaryStart(target);
+        const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+            if (IsTemporaryOf(start, entry.path()) && entry.is_regular_file() &&
+                fs::file_time_type::clock::now() - entry.last_write_time() > leastAge)
+                fs::remove(entry.path());
+        }
+    } catch (const std::exception&) {
+        return;
+    }
+}
+
 // A file of its own beside the target; it is removed unless it has taken the target's place.
 class CTemporary
 {
 public:
     explicit CTemporary(const fs::path& target)
-        : m_path(target.parent_path() / MakeName())
+        : m_path(MakeTemporaryPath(target))
     {
-        errno = 0;
-        m_file.open(m_path, std::ios::binary | std::ios::trunc);
-        if (!m_file)
-            ThrowStreamError("cannot create temporary file");
     }
     CTemporary(const CTemporary&) = delete;
     CTemporary& operator=(const CTemporary&) = delete;
     ~CTemporary()
     {
-        if (m_replaced)
+        if (!m_created)
             return;
         m_file.close();
         std::error_code ignored;
         fs::remove(m_path, ignored);
     }
 
+    // Apart from the constructor, so that the file goes, too, when its stream gets no memory.
+    void Create()
+    {
+        errno = 0;
+        m_created = true;
+        m_file.open(m_path, std::ios::binary | std::ios::trunc);
+        if (!m_file)
+            ThrowStreamError("cannot create temporary file");
+    }
     void Write(std::string_view bytes)
     {
         errno = 0;
@@ -125,23 +182,23 @@ public:
     void Replace(const fs::path& target)
     {
         fs::rename(m_path, target);
-        m_replaced = true;
+        m_created = false;
     }
 
 private:
-    static std::string MakeName()
-    {
-        std::random_device random;
-        const std::uint64_t number = (std::uint64_t(random()) << 32) | random();
-        char digits[16];
-        return std::string("~").append(digits, std::to_chars(digits, std::end(digits), number, 16).ptr) +
-               ".tmp";
-    }
-
     fs::path m_path;
     std::ofstream m_file;
-    bool m_replaced = false;
+    bool m_created = false;
 };
+
+// Permission bits do not say who may write: somebody else's file in a shared folder could be replaced, but must not be.
+void CheckWritable(const fs::path& target)
+{
+    errno = 0;
+    std::filebuf file;
+    if (!file.open(target, std::ios::out | std::ios::app | std::ios::binary))
+        ThrowStreamError("write-protected");
+}
 
 void ReplaceAll(const fs::path& path, std::string_view bytes)
 {
@@ -154,13 +211,17 @@ void ReplaceAll(const fs::path& path, std::string_view bytes)
     constexpr fs::perms write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     if (fs::exists(status) && (status.permissions() & write) == fs::perms::none)
         Refuse("write-protected", std::errc::permission_denied);
+    if (fs::exists(status))
+        CheckWritable(target);
 
     CTemporary temporary(target);
+    temporary.Create();
     // Before the content arrives: nobody may read of it what the file itself would not show.
     if (fs::exists(status))
         temporary.SetPermissions(status.permissions());
     temporary.Write(bytes);
     temporary.Replace(target);
+    RemoveOldTemporaries(target);
 }
 
 } // namespace
@@ -169,6 +230,14 @@ bool ReadFileBytes(const CStr& fileName, std::string& bytes, std::size_t maximum
 {
     bytes.clear();
     return Try(reason, [&] { bytes = ReadAll(ToPath(fileName), maximum); });
+}
+
+bool FileExists(const CStr& fileName)
+{
+    CStr ignored;
+    bool exists = true;
+    Try(ignored, [&] { exists = fs::exists(fs::symlink_status(ToPath(fileName))); });
+    return exists;
 }
 
 bool ReplaceFileBytes(const CStr& fileName, std::string_view bytes, CStr& reason)

@@ -108,6 +108,14 @@ std::string CIniDocument::ToBytes() const
     return EncodeIni(m_encoding, m_mark, JoinLines(), m_tail);
 }
 
+void CIniDocument::Clear() noexcept
+{
+    m_encoding = EIniEncoding::Utf8;
+    m_mark.clear();
+    m_tail.clear();
+    Parse({});
+}
+
 // Takes the text as all lines of the document. Sections keep their numbers.
 void CIniDocument::Parse(std::string text)
 {

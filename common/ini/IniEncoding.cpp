@@ -13,6 +13,7 @@ namespace
 
 constexpr std::string_view c_utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view c_utf16Mark = "\xFF\xFE";
+constexpr std::string_view c_utf16BigMark = "\xFE\xFF";
 
 // The characters of the bytes 0x80 to 0x9F; the others stand for the character of the same number.
 constexpr char16_t c_western[] = {
@@ -23,7 +24,7 @@ constexpr char16_t c_western[] = {
 
 std::string_view MarkOf(std::string_view bytes)
 {
-    for (const std::string_view mark : {c_utf16Mark, c_utf8Mark}) {
+    for (const std::string_view mark : {c_utf16Mark, c_utf16BigMark, c_utf8Mark}) {
         if (bytes.starts_with(mark))
             return mark;
     }
@@ -34,29 +35,40 @@ EIniEncoding EncodingOf(std::string_view bytes)
 {
     if (bytes.starts_with(c_utf16Mark))
         return EIniEncoding::Utf16;
+    if (bytes.starts_with(c_utf16BigMark))
+        return EIniEncoding::Utf16Big;
     return IsUtf8(bytes) ? EIniEncoding::Utf8 : EIniEncoding::Western;
 }
 
-std::string FromUtf16Bytes(std::string_view bytes)
+bool IsUtf16(EIniEncoding encoding)
+{
+    return encoding == EIniEncoding::Utf16 || encoding == EIniEncoding::Utf16Big;
+}
+
+std::string FromUtf16Bytes(std::string_view bytes, bool isBig)
 {
     std::u16string units(bytes.size() / 2, 0);
     for (std::size_t i = 0; i < units.size(); ++i) {
-        const auto low = static_cast<unsigned char>(bytes[2 * i]);
-        const auto high = static_cast<unsigned char>(bytes[2 * i + 1]);
+        const auto low = static_cast<unsigned char>(bytes[2 * i + isBig]);
+        const auto high = static_cast<unsigned char>(bytes[2 * i + !isBig]);
         units[i] = static_cast<char16_t>(low | (high << 8));
     }
     return ToWtf8(units);
 }
 
-std::string ToUtf16Bytes(std::string_view text)
+std::string ToUtf16Bytes(std::string_view text, bool isBig)
 {
     std::u16string units;
     units.reserve(text.size());
     AppendUtf16(units, text);
     std::string bytes;
     bytes.reserve(2 * units.size());
-    for (const char16_t unit : units)
-        bytes += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    for (const char16_t unit : units) {
+        const auto low = static_cast<char>(unit & 0xFF);
+        const auto high = static_cast<char>(unit >> 8);
+        bytes += isBig ? high : low;
+        bytes += isBig ? low : high;
+    }
     return bytes;
 }
 
@@ -94,9 +106,9 @@ SIniContent DecodeIni(std::string bytes)
     content.encoding = EncodingOf(bytes);
     content.mark = MarkOf(bytes);
     std::string_view body = std::string_view(bytes).substr(content.mark.size());
-    if (content.encoding == EIniEncoding::Utf16) {
+    if (IsUtf16(content.encoding)) {
         content.tail = body.substr(body.size() / 2 * 2);
-        content.text = FromUtf16Bytes(body);
+        content.text = FromUtf16Bytes(body, content.encoding == EIniEncoding::Utf16Big);
     } else if (content.encoding == EIniEncoding::Western) {
         content.text = FromWestern(body);
     } else {
@@ -105,10 +117,27 @@ SIniContent DecodeIni(std::string bytes)
     return content;
 }
 
+bool IsIniText(std::string_view bytes)
+{
+    if (!MarkOf(bytes).empty())
+        return true;
+    const auto isControl = [](char c) {
+        return static_cast<unsigned char>(c) < ' ' &&
+               std::string_view("\t\n\v\f\r\x1A").find(c) == std::string_view::npos;
+    };
+    if (std::find(bytes.begin(), bytes.end(), '\0') != bytes.end())
+        return false;
+    return IsUtf8(bytes) || std::none_of(bytes.begin(), bytes.end(), isControl);
+}
+
 std::string EncodeIni(EIniEncoding encoding, std::string_view mark, std::string text, std::string_view tail)
 {
-    if (encoding == EIniEncoding::Utf16)
-        return std::string(c_utf16Mark).append(ToUtf16Bytes(text)).append(tail);
+    if (IsUtf16(encoding)) {
+        const bool isBig = encoding == EIniEncoding::Utf16Big;
+        return std::string(isBig ? c_utf16BigMark : c_utf16Mark)
+            .append(ToUtf16Bytes(text, isBig))
+            .append(tail);
+    }
     if (encoding == EIniEncoding::Western) {
         std::string bytes = std::string(mark).append(ToWestern(text));
         if (IsAscii(std::string_view(text)) ||
@@ -131,7 +160,7 @@ bool IsWestern(char16_t unit) noexcept
 
 EIniEncoding WideEnough(EIniEncoding wanted, std::string_view text)
 {
-    if (IsAscii(std::string_view(text)) || wanted == EIniEncoding::Utf16)
+    if (IsAscii(std::string_view(text)) || IsUtf16(wanted))
         return wanted;
     if (FindSurrogate(text) != text.npos)
         return EIniEncoding::Utf16;

@@ -5,9 +5,11 @@
 #include "common/Exceptions.h"
 #include "common/FileBytes.h"
 #include "common/ini/detail/IniDocument.h"
+#include "common/ini/detail/IniEncoding.h"
 #include "common/ini/detail/IniValue.h"
 
 #include <algorithm>
+#include <atomic>
 #include <bit>
 #include <cstdint>
 #include <new>
@@ -44,6 +46,23 @@ bool Warn(const CStr& text)
     return false;
 }
 
+// What failed, with which file and why. Functions that promise false do so without memory for the message, too.
+bool WarnOfFile(std::u16string_view what, const CStr& fileName, const CStr& reason)
+{
+    try {
+        return Warn(CStr(what) + u" \"" + fileName + u"\": " + reason);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+// Not zero, which is that of no document.
+std::uint64_t MakeDocumentNumber() noexcept
+{
+    static std::atomic<std::uint64_t> latest{0};
+    return ++latest;
+}
+
 void WarnUnreadable(const CStr& section, std::u16string_view key, std::string_view stored)
 {
     constexpr std::size_t mostShown = 80;
@@ -69,6 +88,8 @@ CInifile::CInifile() = default;
 
 CInifile::CInifile(const CInifile& other)
     : m_document(other.m_document ? std::make_unique<CIniDocument>(*other.m_document) : nullptr)
+    , m_documentNumber(MakeDocumentNumber())
+    , m_unreadFile(other.m_unreadFile)
     , m_fileName(other.m_fileName)
     , m_section(other.m_section)
     , m_parseSection(other.m_parseSection)
@@ -99,6 +120,8 @@ CInifile::~CInifile() = default;
 void CInifile::Swap(CInifile& other) noexcept
 {
     m_document.swap(other.m_document);
+    std::swap(m_documentNumber, other.m_documentNumber);
+    m_unreadFile.Swap(other.m_unreadFile);
     m_fileName.Swap(other.m_fileName);
     std::swap(m_section, other.m_section);
     std::swap(m_parseSection, other.m_parseSection);
@@ -116,7 +139,7 @@ const CIniDocument& CInifile::GetDocument() const
 CIniDocument& CInifile::GetDocument()
 {
     if (!m_document)
-        m_document = std::make_unique<CIniDocument>();
+        SetDocument(std::make_unique<CIniDocument>());
     return *m_document;
 }
 
@@ -131,19 +154,35 @@ bool CInifile::Load(const CStr& fileName)
     return Load();
 }
 
+void CInifile::SetDocument(std::unique_ptr<CIniDocument> document) noexcept
+{
+    m_document = std::move(document);
+    m_documentNumber = MakeDocumentNumber();
+}
+
 bool CInifile::LoadCopy(const CStr& fileName)
 {
-    Clear();
+    if (m_document)
+        m_document->Clear();
+    m_parseSection = 0;
+    m_unreadFile = {};
     CStr reason;
     const bool loaded = WithinMemory(reason, [&] {
         std::string bytes;
         if (!ReadFileBytes(fileName, bytes, CIniDocument::c_maximumSize, reason))
             return false;
+        if (!IsIniText(bytes)) {
+            reason = u"it is no text";
+            return false;
+        }
         // A file of the shortest possible lines needs some 25 times its size.
         LoadBytes(std::move(bytes));
         return true;
     });
-    return loaded || Warn(u"Cannot load \"" + fileName + u"\": " + reason);
+    if (loaded)
+        return true;
+    m_unreadFile = fileName;
+    return WarnOfFile(u"Cannot load", fileName, reason);
 }
 
 void CInifile::LoadBytes(std::string bytes)
@@ -153,7 +192,7 @@ void CInifile::LoadBytes(std::string bytes)
     auto document = std::make_unique<CIniDocument>(std::move(bytes));
     m_section = document->GetSection(GetSection());
     m_parseSection = 0;
-    m_document = std::move(document);
+    SetDocument(std::move(document));
 }
 
 std::string CInifile::GetBytes() const
@@ -166,13 +205,24 @@ bool CInifile::Save()
     return SaveCopy(m_fileName);
 }
 
+bool CInifile::IsUnread(const CStr& fileName) const
+{
+    return !m_unreadFile.IsEmpty() && fileName == m_unreadFile && FileExists(fileName);
+}
+
 bool CInifile::SaveCopy(const CStr& fileName) const
 {
     CStr reason;
-    if (fileName.IsEmpty())
-        return Warn(u"Cannot save a document that has no file name");
-    return WithinMemory(reason, [&] { return ReplaceFileBytes(fileName, GetBytes(), reason); }) ||
-           Warn(u"Cannot save \"" + fileName + u"\": " + reason);
+    const auto save = [&] {
+        if (fileName.IsEmpty())
+            reason = u"the document has no file name";
+        else if (IsUnread(fileName))
+            reason = u"the file that is there could not be read";
+        else
+            return ReplaceFileBytes(fileName, GetBytes(), reason);
+        return false;
+    };
+    return WithinMemory(reason, save) || WarnOfFile(u"Cannot save", fileName, reason);
 }
 
 void CInifile::Merge(const CInifile& other)

@@ -5,6 +5,7 @@
 #include "../Rect.h"
 #include "../Str.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -51,7 +52,8 @@ public:
 
     /// Replaces the content by that of the file. The current section stays selected. Returns false, with the
     /// reason in the diagnostics and the document empty, when the file is missing, cannot be read, is larger
-    /// than 1 GiB, or leaves no memory.
+    /// than 1 GiB, is no text, or leaves no memory. What is no text has a zero byte, or other control characters and no UTF-8, and no byte
+    /// order mark.
     bool Load();
     /// SetFileName, then Load.
     bool Load(const CStr& fileName);
@@ -67,7 +69,8 @@ public:
 
     /// Writes the content to the file. The file has its old content or the new one, never a part (see
     /// ReplaceFileBytes). Returns false, with the reason in the diagnostics and the file untouched, when that
-    /// fails or there is no file name.
+    /// fails or there is no file name. A file that was there when Load failed is not replaced: what could not be read
+    /// is not lost.
     virtual bool Save();
     /// As Save, to another file; the file name of this object stays what it is.
     bool SaveCopy(const CStr& fileName) const;
@@ -124,6 +127,8 @@ public:
     void WriteDoubles(std::u16string_view key, const std::vector<double>& value);
 
 private:
+    friend class CSectionScope;
+
     template<class T>
     T Read(std::u16string_view key, const T& byDefault) const;
     template<class T>
@@ -131,8 +136,12 @@ private:
     void Swap(CInifile& other) noexcept;
     const CIniDocument& GetDocument() const;
     CIniDocument& GetDocument();
+    void SetDocument(std::unique_ptr<CIniDocument> document) noexcept;
+    bool IsUnread(const CStr& fileName) const;
 
     std::unique_ptr<CIniDocument> m_document; // null for an empty one, so that moving needs no memory
+    std::uint64_t m_documentNumber = 0;       // another one for each document: numbers of sections go with it
+    CStr m_unreadFile;                        // that was there but could not be read; empty for none
     CStr m_fileName;
     unsigned m_section = 0;      // the number of the current section in the document
     unsigned m_parseSection = 0; // the section that ParseLine adds to

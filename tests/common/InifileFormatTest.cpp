@@ -16,6 +16,15 @@ std::string Wide(std::u16string_view text)
     return bytes;
 }
 
+// The same, big endian.
+std::string Big(std::u16string_view text)
+{
+    std::string bytes = Wide(text);
+    for (std::size_t i = 0; i < bytes.size(); i += 2)
+        std::swap(bytes[i], bytes[i + 1]);
+    return bytes;
+}
+
 struct SEdit {
     const char* name;
     std::string before;
@@ -63,6 +72,9 @@ const SEdit c_edits[] = {
     {"new file", "", [](CInifile& i) { i.WriteInt(u"m", 3); }, "[A]\nm=3\n"},
     {"UTF-16", Wide(u"[A]\r\nk=\xD800\r\n") + "x", [](CInifile& i) { i.WriteText(u"m", u"\u00E4\xDC00"); },
      Wide(u"[A]\r\nk=\xD800\r\nm=\"\u00E4\\uDC00\"\r\n") + "x"},
+    {"big-endian UTF-16", Big(u"[A]\r\nk=\xD800\r\n") + "x",
+     [](CInifile& i) { i.WriteText(u"m", u"\u00E4\xDC00"); },
+     Big(u"[A]\r\nk=\xD800\r\nm=\"\u00E4\\uDC00\"\r\n") + "x"},
     {"Western", "[A]\nk=\xE9\n", [](CInifile& i) { i.WriteText(u"m", u"\u20AC\u4E2D"); },
      "[A]\nk=\xE9\nm=\"\x80\\u4E2D\"\n"},
     {"marked UTF-8", "\xEF\xBB\xBF[A]\n", [](CInifile& i) { i.WriteText(u"m", u"\u00E4"); },

@@ -30,6 +30,8 @@ public:
     /// Takes the bytes of a file.
     explicit CIniDocument(std::string bytes = {});
     std::string ToBytes() const;
+    /// Removes all content, without memory being needed. Sections keep their numbers.
+    void Clear() noexcept;
 
     EIniEncoding GetEncoding() const noexcept { return m_encoding; }
     /// Goes over to an encoding that holds every character of `text`, if the present one does not.

@@ -9,8 +9,9 @@ namespace CommonUI
 /// How the characters of an INI file are stored.
 enum class EIniEncoding {
     Utf8,
-    Utf16,  ///< little endian
-    Western ///< Windows-1252; its five unused bytes stand for the control characters of the same number
+    Utf16,    ///< little endian
+    Utf16Big, ///< big endian
+    Western   ///< Windows-1252; its five unused bytes stand for the control characters of the same number
 };
 
 /// The bytes of an INI file taken apart so that putting them together again gives the same bytes.
@@ -21,8 +22,12 @@ struct SIniContent {
     std::string tail; ///< the odd byte behind the last code unit of a UTF-16 file
 };
 
-/// A file is UTF-16 when it begins with the mark FF FE, else UTF-8 when it is well-formed, else Western.
+/// A file is UTF-16 when it begins with the mark FF FE or FE FF, else UTF-8 when it is well-formed, else Western.
 SIniContent DecodeIni(std::string bytes);
+
+/// Whether the bytes of a file can be meant as text: with a mark always; without, they have no zero, and no other control
+/// characters but those of layout unless they are UTF-8.
+bool IsIniText(std::string_view bytes);
 
 /// The bytes of the file. When edits left a Western file nothing by which a reader could tell it from another
 /// encoding, it becomes UTF-8 with a mark, so that its text stays what it is.
@@ -32,7 +37,7 @@ std::string EncodeIni(EIniEncoding encoding, std::string_view mark, std::string 
 bool IsWestern(char16_t unit) noexcept;
 
 /// The first encoding, beginning with `wanted`, that holds every character of the WTF-8 text: Western gives
-/// way to UTF-8, and only UTF-16 holds a surrogate without its partner.
+/// way to UTF-8, and only UTF-16, of either order, holds a surrogate without its partner.
 EIniEncoding WideEnough(EIniEncoding wanted, std::string_view text);
 
 } // namespace CommonUI
