@@ -63,7 +63,7 @@ public:
     CStr Take();
 
 private:
-    /// Two copies of a fixed size that overlap cost less than one of a size known only at run time.
+    // Two copies of a fixed size that overlap cost less than one of a size known only at run time.
     template<std::size_t Half>
     static void CopyEnds(char16_t* to, const char16_t* from, std::size_t count) noexcept
     {
@@ -89,7 +89,7 @@ private:
     }
     void Grow(std::size_t more);
 
-    CStr m_text; ///< owns the units, of which the first m_length are written
+    CStr m_text; // owns the units, of which the first m_length are written
     char16_t* m_units = nullptr;
     std::size_t m_length = 0;
     std::size_t m_capacity = 0;

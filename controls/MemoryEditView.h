@@ -41,7 +41,7 @@ private:
     void Replace(std::size_t from, std::size_t to, std::u16string_view text);
 
     CStr m_text;
-    std::size_t m_anchor = 0; ///< the end of the selection where the caret is not
+    std::size_t m_anchor = 0; // the end of the selection where the caret is not
     std::size_t m_caret = 0;
     bool m_focus = false;
     CMemoryEditView* m_next = nullptr;

@@ -74,15 +74,15 @@ public:
     bool ValidatingUserInput() const noexcept { return m_validatingUserInput; }
 
     /// The member function that may refuse what the user enters, by false. The object is not owned.
-    template<class C>
-    void SetValidator(std::type_identity_t<C>& object, bool (C::*method)(T))
+    template<class TObject>
+    void SetValidator(std::type_identity_t<TObject>& object, bool (TObject::*method)(T))
     {
         m_validator.Set(MakeClosure(object, method));
     }
     void ResetValidator() noexcept { m_validator.Reset(); }
     /// The member function that is called with each new value. The object is not owned.
-    template<class C>
-    void SetChangeNotification(std::type_identity_t<C>& object, void (C::*method)(T))
+    template<class TObject>
+    void SetChangeNotification(std::type_identity_t<TObject>& object, void (TObject::*method)(T))
     {
         m_notification.Set(MakeClosure(object, method));
     }
@@ -135,9 +135,9 @@ private:
     T m_minimum{};
     T m_maximum{};
     CStepSize m_step;
-    int m_wheelRemainder = 0; ///< what was turned since the last full notch
+    int m_wheelRemainder = 0; // what was turned since the last full notch
     bool m_stepping = true;
-    int m_depth = 0; ///< how many changes are going on, each made in a callback of the one before
+    int m_depth = 0; // how many changes are going on, each made in a callback of the one before
     bool m_asking = false;
     CCallbackSlot m_validator;
     CCallbackSlot m_notification;

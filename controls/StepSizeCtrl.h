@@ -73,8 +73,8 @@ public:
     void SetView(CStepSizeView* view);
     /// Sets the member function that is called with +1 or -1 by the buttons. The object is not owned; the
     /// function may destroy the pop-up.
-    template<class C>
-    void SetCallback(std::type_identity_t<C>& object, void (C::*method)(int))
+    template<class TObject>
+    void SetCallback(std::type_identity_t<TObject>& object, void (TObject::*method)(int))
     {
         m_slot.Set(MakeClosure(object, method));
     }
@@ -108,7 +108,7 @@ private:
     CStr m_toolTip;
     std::array<CStepSizeBtn, 2> m_buttons;
     int m_step = 0;
-    std::uint64_t m_lastTime = 0; ///< of the last step, on the clock of the timer service
+    std::uint64_t m_lastTime = 0; // of the last step, on the clock of the timer service
     bool m_showing = false;
     CWinTimer m_slideTimer{c_SlideStepTime};
     CWinTimer m_hideTimer{c_HideDelayTime};

@@ -49,7 +49,7 @@ public:
         friend class CWnd;
 
         const CWnd* m_window;
-        CWatch* m_outer; ///< that of the function from which this one was called
+        CWatch* m_outer; // that of the function from which this one was called
     };
 
 protected:
@@ -57,7 +57,7 @@ protected:
     ~CWnd();
 
 private:
-    mutable CWatch* m_watches = nullptr; ///< the innermost
+    mutable CWatch* m_watches = nullptr; // the innermost
 };
 
 } // namespace CommonUI

@@ -5,7 +5,7 @@
 #include "../export/Export.h"
 #include "Analysis.h"
 #include "AnalysisPreferencesData.h"
-#include "RoughnessPreferences.h"
+#include "RoughnessAnalysisPreferencesData.h"
 
 #include <array>
 #include <memory>
@@ -94,7 +94,7 @@ private:
     void Announce(EAnalysis analysis, EPreferencesChange kind) const;
     void AnnounceAll(EAnalysis analysis) const;
 
-    std::array<std::unique_ptr<CAnalysisPreferencesData>, 10> m_data; ///< by number; none is null
+    std::array<std::unique_ptr<CAnalysisPreferencesData>, 10> m_data; // by number; none is null
     CChangeList m_changes;
 };
 

@@ -36,7 +36,7 @@ private:
     void Load();
 
     std::unique_ptr<CXmlDocument> m_xml;
-    bool m_loaded = false; ///< or tried to
+    bool m_loaded = false; // or tried to
 };
 
 } // namespace CommonUI

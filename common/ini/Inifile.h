@@ -132,10 +132,10 @@ private:
     const CIniDocument& GetDocument() const;
     CIniDocument& GetDocument();
 
-    std::unique_ptr<CIniDocument> m_document; ///< null for an empty one, so that moving needs no memory
+    std::unique_ptr<CIniDocument> m_document; // null for an empty one, so that moving needs no memory
     CStr m_fileName;
-    unsigned m_section = 0;      ///< the number of the current section in the document
-    unsigned m_parseSection = 0; ///< the section that ParseLine adds to
+    unsigned m_section = 0;      // the number of the current section in the document
+    unsigned m_parseSection = 0; // the section that ParseLine adds to
 };
 
 } // namespace CommonUI

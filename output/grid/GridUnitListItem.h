@@ -43,7 +43,7 @@ private:
     CParameter::EDimension m_dimension;
     CUnit::EUnitFactor m_factor;
     SBase3D<CUnit> m_units;
-    std::vector<CParameter::CScaling> m_scalings; ///< one for each option
+    std::vector<CParameter::CScaling> m_scalings; // one for each option
     bool m_autoHide = false;
 };
 

@@ -179,7 +179,7 @@ private:
     CStr m_nameHeader;
     std::vector<SColumn> m_columns;
     std::vector<SRow> m_rows;
-    std::size_t m_longestRow = 0; ///< the cells of the longest row so far
+    std::size_t m_longestRow = 0; // the cells of the longest row so far
     SSelection m_selection{};
     bool m_hasSelection = false;
 };

@@ -59,8 +59,8 @@ private:
     QSize WithRoom(QSize size) const;
 
     std::unique_ptr<CWindowWatch> m_window;
-    std::optional<double> m_announced; ///< what screen readers have heard last
-    QString m_longest;                 ///< the longest text that the control has shown
+    std::optional<double> m_announced; // what screen readers have heard last
+    QString m_longest;                 // the longest text that the control has shown
 };
 
 } // namespace CommonUI

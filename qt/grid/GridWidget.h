@@ -71,29 +71,29 @@ protected:
 private:
     int GetLineHeight() const;
     void UpdateFont();
-    /// Tells the grid whether keys go to it or its editor.
+    // Tells the grid whether keys go to it or its editor.
     void UpdateFocus();
     void UpdateCursor(SPoint point);
-    /// The left button is held no more, or its release will be somebody else's.
+    // The left button is held no more, or its release will be somebody else's.
     void ForgetPress();
     void UpdateVerticalBar(const CGridPane& grid, int shown);
     void UpdateHorizontalBar(const CGridPane& grid, int shown);
     void SendMouse(unsigned int message, SPoint point, Qt::KeyboardModifiers modifiers);
     void EndEdit(EGridEditEnd end);
-    /// Tells screen readers when the cell that has the focus says something else.
+    // Tells screen readers when the cell that has the focus says something else.
     void UpdateSpokenText(bool moved);
 
     CQtGridPainter::FImages m_images;
     QAction* m_fitColumns;
     QPointer<CGridEditor> m_editor;
     int m_lineHeight = 0;
-    long long m_rowsScale = 1; ///< the pixels of a unit of the vertical scroll bar
+    long long m_rowsScale = 1; // the pixels of a unit of the vertical scroll bar
     bool m_updatingBars = false;
-    bool m_pressed = false; ///< the left button, which was pressed here
-    SPoint m_pointer;       ///< where it was last while the button was held
+    bool m_pressed = false; // the left button, which was pressed here
+    SPoint m_pointer;       // where it was last while the button was held
     Qt::KeyboardModifiers m_modifiers;
     QBasicTimer m_repeat;
-    CStr m_spoken; ///< what the cell that has the focus said last
+    CStr m_spoken; // what the cell that has the focus said last
 };
 
 /// A grid of items in a dialog.

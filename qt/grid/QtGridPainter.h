@@ -51,7 +51,7 @@ private:
     QPainter& m_painter;
     const QWidget& m_widget;
     const FImages& m_images;
-    QStyleOption m_option; ///< what all parts have in common
+    QStyleOption m_option; // what all parts have in common
     QColor m_line;
     SColor m_textColor;
 };

@@ -75,16 +75,16 @@ private:
 
     enum class EKind : std::uint8_t { Filler, Malformed, Header, Key, Duplicate, Removed };
 
-    /// A line, or a run of filler lines.
+    // A line, or a run of filler lines.
     struct SRecord {
         std::uint32_t begin = 0;
-        std::uint32_t length = 0; ///< with the line end
-        std::uint32_t name = 0;   ///< of a key: where its name lies, in m_names when it is stored in quotes
-        std::uint32_t nameLength = 0;   ///< without blanks that are ornament
-        std::uint32_t value = 0;        ///< where the value of a key begins, with the blanks before it
-        std::uint32_t section = c_none; ///< of a header or key
-        std::uint32_t next = c_none;    ///< the next line of the file
-        std::uint32_t sibling = c_none; ///< of a key, a duplicate; of a header, the next one of the section
+        std::uint32_t length = 0;     // with the line end
+        std::uint32_t name = 0;       // of a key: where its name lies, in m_names when it is stored in quotes
+        std::uint32_t nameLength = 0; // without blanks that are ornament
+        std::uint32_t value = 0;      // where the value of a key begins, with the blanks before it
+        std::uint32_t section = c_none; // of a header or key
+        std::uint32_t next = c_none;    // the next line of the file
+        std::uint32_t sibling = c_none; // of a key, a duplicate; of a header, the next one of the section
         EKind kind = EKind::Filler;
         bool quoted = false;
     };
@@ -93,7 +93,7 @@ private:
         std::string name;
         std::uint32_t firstHeader = c_none;
         std::uint32_t lastHeader = c_none;
-        std::uint32_t last = c_none; ///< its last line that is no filler; new keys go behind it
+        std::uint32_t last = c_none; // its last line that is no filler; new keys go behind it
     };
 
     std::string_view TextOf(const SRecord& record) const
@@ -105,7 +105,7 @@ private:
         return std::string_view(record.quoted ? m_names : m_text).substr(record.name, record.nameLength);
     }
     std::string_view ValueOf(const SRecord& record) const;
-    /// Whether the blanks in front of the equals sign are ornament.
+    // Whether the blanks in front of the equals sign are ornament.
     static bool IsSpaced(const SRecord& record) noexcept
     {
         return !record.quoted && record.name + record.nameLength + 1 != record.value;
@@ -125,8 +125,8 @@ private:
     std::optional<std::string_view> FindValue(std::uint32_t section, std::u16string_view key,
                                               bool otherNames) const;
     std::uint32_t LastLineOf(std::uint32_t section) const;
-    template<class TVisit>
-    void VisitKeys(std::uint32_t section, TVisit&& visit) const;
+    template<class FVisit>
+    void VisitKeys(std::uint32_t section, FVisit&& visit) const;
 
     void Parse(std::string text);
     std::uint32_t AddRecord(std::size_t begin, CLineEnds::SLine ends, std::uint32_t section,
@@ -148,16 +148,16 @@ private:
     EIniEncoding m_encoding = EIniEncoding::Utf8;
     std::string m_mark;
     std::string m_tail;
-    std::string m_lineEnd; ///< the most frequent one of the file
+    std::string m_lineEnd; // the most frequent one of the file
 
     std::string m_text;
-    std::string m_names;     ///< the names that are stored in quotes, as what they stand for
-    std::size_t m_waste = 0; ///< how many bytes of text and records serve no line
+    std::string m_names;     // the names that are stored in quotes, as what they stand for
+    std::size_t m_waste = 0; // how many bytes of text and records serve no line
     std::vector<SRecord> m_lines;
     std::uint32_t m_firstLine = c_none;
     std::uint32_t m_lastLine = c_none;
-    CIniIndex m_keys;        ///< the first line of each key, with ornament and without
-    CIniGroups m_otherNames; ///< the same lines by their other names
+    CIniIndex m_keys;        // the first line of each key, with ornament and without
+    CIniGroups m_otherNames; // the same lines by their other names
     std::vector<SSection> m_sections;
     CIniIndex m_sectionNames;
     std::uint64_t m_hashKey;

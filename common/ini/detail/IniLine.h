@@ -47,8 +47,8 @@ public:
 
 private:
     std::string_view m_text;
-    std::size_t m_feed;   ///< the first line feed at or after the line, npos for none
-    std::size_t m_return; ///< the first carriage return at or after the line, npos for none
+    std::size_t m_feed;   // the first line feed at or after the line, npos for none
+    std::size_t m_return; // the first carriage return at or after the line, npos for none
 };
 
 } // namespace CommonUI

@@ -34,7 +34,7 @@ private:
     SGridEdit m_edit;
     QLineEdit* m_line;
     std::array<QToolButton*, 2> m_arrows{};
-    int m_wheelRest = 0; ///< what a slow wheel has turned since the last step
+    int m_wheelRest = 0; // what a slow wheel has turned since the last step
 };
 
 } // namespace CommonUI

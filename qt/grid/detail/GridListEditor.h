@@ -21,7 +21,7 @@ public:
 private:
     QComboBox* m_box;
     bool m_dropped = false;
-    EGridEditEnd m_end = EGridEditEnd::Cancelled; ///< taken once something has been chosen
+    EGridEditEnd m_end = EGridEditEnd::Cancelled; // taken once something has been chosen
 };
 
 } // namespace CommonUI
