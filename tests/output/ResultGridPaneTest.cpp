@@ -74,6 +74,8 @@ TEST(ResultGridPane, CellsStayBelowNamesAndHeaders)
     SPane shown(3);
     shown.pane.ScrollTo(1000, 0);
     EXPECT_EQ(shown.pane.GetScrollLeft(), 120);
+    EXPECT_EQ(shown.pane.GetVisibleRange(), (SGridRange{0, 2, 2, 3}));
+    EXPECT_EQ(shown.Draw({0, 112, 200, 132}), "") << "below the last row";
     EXPECT_EQ(shown.Draw({0, 52, 200, 73}), "background 40,52,120,72 sub-header\n"
                                             "text 44,52,116,72 right \"nm\"\n"
                                             "background 120,52,200,72 sub-header\n"
@@ -226,21 +228,6 @@ TEST(ResultGridPane, ColumnsHaveFormats)
     EXPECT_EQ(CGrid::GenerateText(nullptr, &grid, nullptr, false),
               u"\tRa\r\nunits\tnm\r\n8\t1.3\r\n8\t(none)\r\n8\t(-INF)\r\n8\t\r\n");
     EXPECT_EQ(CResultGridPane(grid).GetCell({1, 1}).text, u"1.3");
-}
-
-TEST(ResultGridPane, MillionRowsAreShownLazily)
-{
-    SPane shown(1000000);
-    shown.pane.ScrollTo(0, 1LL << 40);
-    EXPECT_EQ(shown.pane.GetVisibleRange(), (SGridRange{999996, 999999, 1, 2}));
-    const std::string drawn = shown.Draw({0, 0, 200, 132});
-    EXPECT_NE(drawn.find("text 4,112,76,132 left \"999999\""), std::string::npos) << drawn;
-    EXPECT_EQ(std::count(drawn.begin(), drawn.end(), '\n'), 4 * 3 * 2 + 8)
-        << "four rows of three columns, and headers";
-    shown.pane.OnKey({EGridKey::Home, c_control});
-    EXPECT_EQ(shown.pane.GetScrollTop(), 0);
-    shown.pane.OnKey({EGridKey::PageDown, c_shift});
-    EXPECT_EQ(shown.pane.GetSelection().GetRange(), (SGridRange{0, 3, 0, 0}));
 }
 
 TEST(ResultGridPane, SummaryHasNeitherHeadersNorFrozenNames)
