@@ -18,14 +18,14 @@ namespace
 // A tilted staircase under waves and noise, one of fifty points missing.
 const SSurface& GetSurface()
 {
-    static const SSurface s_surface = [] {
-        constexpr std::size_t size = 1024;
-        SSurface surface{.points = size, .lines = size, .dx = 1e-6, .dy = 1e-6};
-        surface.heights.reserve(size * size);
+    static const SSurface sample = [] {
+        constexpr std::size_t c_size = 1024;
+        SSurface surface{.points = c_size, .lines = c_size, .dx = 1e-6, .dy = 1e-6};
+        surface.heights.reserve(c_size * c_size);
         std::mt19937 random(1);
-        for (std::size_t i = 0; i < size * size; ++i) {
-            const auto x = static_cast<double>(i % size);
-            const auto y = static_cast<double>(i / size);
+        for (std::size_t i = 0; i < c_size * c_size; ++i) {
+            const auto x = static_cast<double>(i % c_size);
+            const auto y = static_cast<double>(i / c_size);
             const double form =
                 2 * x - y + 500 * std::floor(x / 300) + 20 * std::sin(x / 30) * std::sin(y / 50);
             const double noise = static_cast<double>(random() % 1000) / 100;
@@ -33,7 +33,7 @@ const SSurface& GetSurface()
         }
         return surface;
     }();
-    return s_surface;
+    return sample;
 }
 
 // What one would write first: the window's heights collected and partly sorted anew at each point.

@@ -34,8 +34,8 @@ const std::vector<double>& Values()
 }
 
 // Calls `write` with one value after the other.
-template<class F>
-void ForEachValue(benchmark::State& state, F write)
+template<class FWrite>
+void ForEachValue(benchmark::State& state, FWrite write)
 {
     const std::vector<double>& values = Values();
     std::size_t at = 0;

@@ -96,23 +96,23 @@ struct SWindowCoord {
     static bool Push(CGLStack& stack) { return stack.PushWindowCoord(0, 300, 0, 200, 0, -1); }
 };
 
-template<class Kind>
+template<class TKind>
 void BareCalls(benchmark::State& state)
 {
     MakeContext();
     for (auto _ : state) {
-        Kind::PushBare();
-        Kind::PopBare();
+        TKind::PushBare();
+        TKind::PopBare();
     }
 }
 
-template<class Kind>
+template<class TKind>
 void Stack(benchmark::State& state)
 {
     MakeContext();
     CGLStack stack;
     for (auto _ : state) {
-        Kind::Push(stack);
+        TKind::Push(stack);
         stack.Pop();
     }
 }

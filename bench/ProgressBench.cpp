@@ -24,17 +24,17 @@ void ReportToHangingInterface(benchmark::State& state)
 {
     CRun run;
     std::latch done(1);
-    run.work = [&] {
+    run.m_work = [&] {
         for (auto _ : state)
             benchmark::DoNotOptimize(
-                run.dialog.PostThreadProgress(1e-6F, state.range(0) ? c_progressText : CStr()));
+                run.m_dialog.PostThreadProgress(1e-6F, state.range(0) ? c_progressText : CStr()));
         done.count_down();
     };
     GetMessageLoop().Post([&] {
         done.wait();
-        run.dialog.EndDialog(CBaseDialog::c_ok);
+        run.m_dialog.EndDialog(CBaseDialog::c_ok);
     });
-    run.dialog.DoModal();
+    run.m_dialog.DoModal();
 }
 BENCHMARK(ReportToHangingInterface)->ArgName("text")->Arg(0)->Arg(1)->UseRealTime();
 
@@ -42,12 +42,12 @@ BENCHMARK(ReportToHangingInterface)->ArgName("text")->Arg(0)->Arg(1)->UseRealTim
 void ReportToBusyInterface(benchmark::State& state)
 {
     CRun run;
-    run.work = [&] {
+    run.m_work = [&] {
         for (auto _ : state)
             benchmark::DoNotOptimize(
-                run.dialog.PostThreadProgress(1e-6F, state.range(0) ? c_progressText : CStr()));
+                run.m_dialog.PostThreadProgress(1e-6F, state.range(0) ? c_progressText : CStr()));
     };
-    run.dialog.DoModal();
+    run.m_dialog.DoModal();
 }
 BENCHMARK(ReportToBusyInterface)->ArgName("text")->Arg(0)->Arg(1)->UseRealTime();
 
@@ -55,11 +55,11 @@ BENCHMARK(ReportToBusyInterface)->ArgName("text")->Arg(0)->Arg(1)->UseRealTime()
 void MessageForEachReport(benchmark::State& state)
 {
     CRun run;
-    run.work = [&] {
+    run.m_work = [&] {
         for (auto _ : state)
-            GetMessageLoop().Post([&run, text = c_progressText] { run.dialog.SetText(text); });
+            GetMessageLoop().Post([&run, text = c_progressText] { run.m_dialog.SetText(text); });
     };
-    run.dialog.DoModal();
+    run.m_dialog.DoModal();
 }
 BENCHMARK(MessageForEachReport)->UseRealTime();
 

@@ -20,19 +20,19 @@ class CProgressRun
 public:
     CProgressRun()
     {
-        dialog.SetWork(*this, &CProgressRun::Work);
-        dialog.SetStepCallback(*this, &CProgressRun::OnStep);
+        m_dialog.SetWork(*this, &CProgressRun::Work);
+        m_dialog.SetStepCallback(*this, &CProgressRun::OnStep);
     }
-    void Work() { work(); }
+    void Work() { m_work(); }
     void OnStep(CProgressDialogBase&, const CStr&)
     {
-        if (onStep)
-            onStep();
+        if (m_onStep)
+            m_onStep();
     }
 
-    TDialog dialog{nullptr, u"Batch", {}};
-    std::function<void()> work{};
-    std::function<void()> onStep{};
+    TDialog m_dialog{nullptr, u"Batch", {}};
+    std::function<void()> m_work{};
+    std::function<void()> m_onStep{};
 };
 
 /// From the user's cancel to the return of work that reports all the time.
@@ -46,18 +46,18 @@ void MeasureCancel(benchmark::State& state, FCancel cancel)
         TRun run;
         CClock::time_point canceled;
         CClock::time_point returned;
-        run.onStep = [&] {
-            if (run.dialog.IsCanceled())
+        run.m_onStep = [&] {
+            if (run.m_dialog.IsCanceled())
                 return;
             canceled = CClock::now();
-            cancel(run.dialog);
+            cancel(run.m_dialog);
         };
-        run.work = [&] {
-            while (run.dialog.PostThreadProgress(1e-6F, c_progressText) == 0) {
+        run.m_work = [&] {
+            while (run.m_dialog.PostThreadProgress(1e-6F, c_progressText) == 0) {
             }
             returned = CClock::now();
         };
-        run.dialog.DoModal();
+        run.m_dialog.DoModal();
         state.SetIterationTime(std::chrono::duration<double>(returned - canceled).count());
     }
 }

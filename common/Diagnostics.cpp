@@ -11,7 +11,7 @@ namespace CommonUI
 namespace
 {
 
-thread_local int t_indentation = 0;
+thread_local int openScopes = 0;
 
 void WriteToStandardError(const SDiagnosticLine& line)
 {
@@ -30,7 +30,7 @@ struct CDiagnostics::SState {
     std::mutex categoryMutex;
     std::set<CStr, std::less<>> enabled;
     std::mutex sinkMutex; // not that of the categories: a sink may ask for them
-    CSink sink = WriteToStandardError;
+    FSink sink = WriteToStandardError;
 };
 
 constinit std::atomic<std::size_t> CDiagnostics::s_enabledCount{0};
@@ -70,23 +70,23 @@ void CDiagnostics::Write(std::u16string_view category, EDiagnosticLevel level, s
     if (level < EDiagnosticLevel::Warning && !IsEnabled(category))
         return;
     const std::lock_guard lock(m_state->sinkMutex);
-    m_state->sink({category, level, t_indentation, text});
+    m_state->sink({category, level, openScopes, text});
 }
 
-CDiagnostics::CSink CDiagnostics::SetSink(CSink sink)
+CDiagnostics::FSink CDiagnostics::SetSink(FSink sink)
 {
     const std::lock_guard lock(m_state->sinkMutex);
-    return std::exchange(m_state->sink, sink ? std::move(sink) : CSink(WriteToStandardError));
+    return std::exchange(m_state->sink, sink ? std::move(sink) : FSink(WriteToStandardError));
 }
 
 CDiagnostics::CScope::CScope() noexcept
 {
-    ++t_indentation;
+    ++openScopes;
 }
 
 CDiagnostics::CScope::~CScope()
 {
-    --t_indentation;
+    --openScopes;
 }
 
 CDiagnostics& GetDiagnostics()

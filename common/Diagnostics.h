@@ -37,7 +37,7 @@ struct SDiagnosticLine {
 class COMMONDLL_API CDiagnostics
 {
 public:
-    using CSink = std::function<void(const SDiagnosticLine&)>;
+    using FSink = std::function<void(const SDiagnosticLine&)>;
 
     CDiagnostics();
     ~CDiagnostics();
@@ -60,7 +60,7 @@ public:
     /// Sets where lines go and returns the sink before it; an empty function restores the standard error
     /// stream. The sink may ask for categories and enable them, but must neither write to the channel nor
     /// set its sink.
-    CSink SetSink(CSink sink);
+    FSink SetSink(FSink sink);
 
     /// Indents the lines that this thread writes while the object lives.
     class COMMONDLL_API CScope
@@ -77,7 +77,7 @@ private:
 
     bool IsListed(std::u16string_view category) const;
 
-    static std::atomic<std::size_t> s_enabledCount; ///< of the categories of all channels
+    static std::atomic<std::size_t> s_enabledCount; // of the categories of all channels
 
     std::unique_ptr<SState> m_state;
 };

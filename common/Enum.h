@@ -23,10 +23,10 @@ struct SEnumRow {
     int standard = 0;
 };
 
-/// A named enumeration for the enumeration type `E`: its values in the order of selection lists, and what the
+/// A named enumeration for the enumeration type `T`: its values in the order of selection lists, and what the
 /// look-ups answer for a number that it does not have. Not changed after it is built, so any thread may read
 /// it.
-template<class E>
+template<class T>
 class CEnum
 {
 public:
@@ -34,7 +34,7 @@ public:
 
     /// The three texts are what the look-ups by number answer for an unknown number.
     /// @param fallback what GetValue answers for an unknown key
-    explicit CEnum(E fallback = E(), const CStr& iniName = {}, const CStr& friendlyString = {},
+    explicit CEnum(T fallback = T(), const CStr& iniName = {}, const CStr& friendlyString = {},
                    const CStr& shortFriendlyString = {})
         : m_fallback(fallback)
         , m_fallbackIniName(iniName)
@@ -69,12 +69,12 @@ public:
                             [&](const CValue& value) { return value.GetIniName() == iniName; });
     }
     /// The number of the key, or the fallback's number for an unknown key.
-    E GetValue(std::u16string_view iniName) const { return GetValue(iniName, m_fallback); }
+    T GetValue(std::u16string_view iniName) const { return GetValue(iniName, m_fallback); }
     /// The number of the key, or `unknown` for an unknown key.
-    E GetValue(std::u16string_view iniName, E unknown) const
+    T GetValue(std::u16string_view iniName, T unknown) const
     {
         const auto found = FindIniName(iniName);
-        return found == end() ? unknown : static_cast<E>(found->GetValue());
+        return found == end() ? unknown : static_cast<T>(found->GetValue());
     }
 
     CStr GetIniName(int number) const
@@ -97,7 +97,7 @@ public:
 
 private:
     std::vector<CValue> m_values;
-    E m_fallback;
+    T m_fallback;
     CStr m_fallbackIniName;
     CStr m_fallbackFriendlyString;
     CStr m_fallbackShortFriendlyString;
@@ -106,10 +106,10 @@ private:
 /// The enumeration of a table of rows with static storage: built on the first call, in the language of the
 /// string table at that moment, and never destroyed, so that destructors of static objects may still save
 /// what they hold.
-template<class E, const auto& Rows, E Fallback = E()>
-const CEnum<E>& GetEnumOfRows()
+template<class T, const auto& Rows, T Fallback = T()>
+const CEnum<T>& GetEnumOfRows()
 {
-    static const CEnum<E>& values = *new CEnum<E>(CEnum<E>::FromRows(Rows, CEnum<E>(Fallback)));
+    static const CEnum<T>& values = *new CEnum<T>(CEnum<T>::FromRows(Rows, CEnum<T>(Fallback)));
     return values;
 }
 

@@ -39,8 +39,8 @@ fs::path ToPath(const CStr& fileName)
 }
 
 // Runs `work` and returns whether it came to its end; else why not.
-template<class TWork>
-bool Try(CStr& reason, TWork&& work)
+template<class FWork>
+bool Try(CStr& reason, FWork&& work)
 {
     try {
         work();
@@ -82,9 +82,9 @@ std::string ReadAll(const fs::path& path, std::size_t maximum)
 // The file that is meant by a path that may be a symbolic link, also one that leads to nothing yet.
 fs::path FollowLinks(fs::path path)
 {
-    constexpr int mostLinks = 40;
+    constexpr int c_mostLinks = 40;
     for (int i = 0; fs::is_symlink(fs::symlink_status(path)); ++i) {
-        if (i == mostLinks)
+        if (i == c_mostLinks)
             Refuse("cannot follow link", std::errc::too_many_symbolic_link_levels);
         path = path.parent_path() / fs::read_symlink(path);
     }
@@ -208,8 +208,8 @@ void ReplaceAll(const fs::path& path, std::string_view bytes)
         Refuse("cannot replace", std::errc::is_a_directory);
     if (fs::exists(status) && !fs::is_regular_file(status))
         Refuse("not a regular file", std::errc::invalid_argument);
-    constexpr fs::perms write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    if (fs::exists(status) && (status.permissions() & write) == fs::perms::none)
+    constexpr fs::perms c_write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    if (fs::exists(status) && (status.permissions() & c_write) == fs::perms::none)
         Refuse("write-protected", std::errc::permission_denied);
     if (fs::exists(status))
         CheckWritable(target);

@@ -15,10 +15,10 @@ namespace CommonUI
 namespace
 {
 
-using EKind = SFormatArg::EKind;
+using EKind = CFormatArg::EKind;
 
 // The bits of an integer argument in the size of its own type.
-unsigned long long OwnBits(const SFormatArg& arg)
+unsigned long long OwnBits(const CFormatArg& arg)
 {
     if (arg.GetKind() == EKind::Unsigned)
         return arg.GetUnsigned();
@@ -32,17 +32,18 @@ bool IsUnsignedConversion(char conversion)
 }
 
 // The value of an argument for "*", within the limits of a width; zero for a text.
-int StarValue(const SFormatArg& arg)
+int StarValue(const CFormatArg& arg)
 {
-    constexpr long long limit = c_formatLimit;
+    constexpr long long c_limit = c_formatLimit;
     switch (arg.GetKind()) {
     case EKind::Int:
-        return static_cast<int>(std::clamp(arg.GetInt(), -limit, limit));
+        return static_cast<int>(std::clamp(arg.GetInt(), -c_limit, c_limit));
     case EKind::Unsigned:
-        return static_cast<int>(std::min<unsigned long long>(arg.GetUnsigned(), limit));
+        return static_cast<int>(std::min<unsigned long long>(arg.GetUnsigned(), c_limit));
     case EKind::Real:
-        return std::isnan(arg.GetReal()) ? 0
-                                         : static_cast<int>(std::clamp<double>(arg.GetReal(), -limit, limit));
+        return std::isnan(arg.GetReal())
+                   ? 0
+                   : static_cast<int>(std::clamp<double>(arg.GetReal(), -c_limit, c_limit));
     default:
         return 0;
     }
@@ -61,7 +62,7 @@ std::u16string_view Truncated(std::u16string_view text, std::size_t count)
 class CFormatter
 {
 public:
-    CFormatter(const SFormatArg* args, std::size_t count)
+    CFormatter(const CFormatArg* args, std::size_t count)
         : m_args(args)
         , m_count(count)
     {
@@ -115,7 +116,7 @@ private:
         return true;
     }
 
-    void PutArgument(const SFormatArg& arg, const SNumberFormat& format)
+    void PutArgument(const CFormatArg& arg, const SNumberFormat& format)
     {
         const bool numeric = format.conversion != 's' && format.conversion != 'c';
         switch (arg.GetKind()) {
@@ -132,7 +133,7 @@ private:
         }
     }
 
-    void PutInteger(const SFormatArg& arg, const SNumberFormat& format)
+    void PutInteger(const CFormatArg& arg, const SNumberFormat& format)
     {
         if (format.conversion == 'c' || (format.conversion == 's' && arg.IsCharacter())) {
             const auto unit = static_cast<char16_t>(OwnBits(arg));
@@ -169,7 +170,7 @@ private:
             m_result += blanks;
     }
 
-    const SFormatArg* m_args;
+    const CFormatArg* m_args;
     std::size_t m_count;
     std::size_t m_next = 0;
     CStr m_result;
@@ -177,7 +178,7 @@ private:
 
 } // namespace
 
-CStr FormatText(std::u16string_view format, const SFormatArg* args, std::size_t count)
+CStr FormatText(std::u16string_view format, const CFormatArg* args, std::size_t count)
 {
     return CFormatter(args, count).Run(format);
 }

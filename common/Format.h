@@ -14,7 +14,7 @@ class CStr;
 
 /// One argument of CStr::Format with its kind, so that a conversion never reads what is not there. It refers
 /// to the text it was made from, which must live as long.
-class SFormatArg
+class CFormatArg
 {
 public:
     enum class EKind {
@@ -26,12 +26,12 @@ public:
         Utf8  ///< narrow text, taken as UTF-8
     };
 
-    constexpr SFormatArg() noexcept
+    constexpr CFormatArg() noexcept
         : m_int(0)
     {
     }
     template<std::integral T>
-    constexpr SFormatArg(T value) noexcept
+    constexpr CFormatArg(T value) noexcept
         : m_kind(std::is_signed_v<T> ? EKind::Int : EKind::Unsigned)
         , m_bytes(sizeof(T))
         , m_character(std::is_same_v<T, char16_t> || std::is_same_v<T, char>)
@@ -43,38 +43,38 @@ public:
     }
     template<class T>
     requires std::is_enum_v<T>
-    constexpr SFormatArg(T value) noexcept
-        : SFormatArg(static_cast<std::underlying_type_t<T>>(value))
+    constexpr CFormatArg(T value) noexcept
+        : CFormatArg(static_cast<std::underlying_type_t<T>>(value))
     {
     }
-    constexpr SFormatArg(double value) noexcept
+    constexpr CFormatArg(double value) noexcept
         : m_kind(EKind::Real)
         , m_bytes(sizeof(double))
         , m_real(value)
     {
     }
-    constexpr SFormatArg(std::u16string_view value) noexcept
+    constexpr CFormatArg(std::u16string_view value) noexcept
         : m_kind(EKind::Text)
         , m_text(value)
     {
     }
-    constexpr SFormatArg(const char16_t* value) noexcept
-        : SFormatArg(value ? std::u16string_view(value) : std::u16string_view(u"(null)"))
+    constexpr CFormatArg(const char16_t* value) noexcept
+        : CFormatArg(value ? std::u16string_view(value) : std::u16string_view(u"(null)"))
     {
     }
-    constexpr SFormatArg(std::string_view value) noexcept
+    constexpr CFormatArg(std::string_view value) noexcept
         : m_kind(EKind::Utf8)
         , m_utf8(value)
     {
     }
-    constexpr SFormatArg(const char* value) noexcept
-        : SFormatArg(value ? std::string_view(value) : std::string_view("(null)"))
+    constexpr CFormatArg(const char* value) noexcept
+        : CFormatArg(value ? std::string_view(value) : std::string_view("(null)"))
     {
     }
     template<class T>
-    requires(std::is_class_v<T>&& std::convertible_to<const T&, std::u16string_view>) constexpr SFormatArg(
+    requires(std::is_class_v<T>&& std::convertible_to<const T&, std::u16string_view>) constexpr CFormatArg(
         const T& value) noexcept
-        : SFormatArg(static_cast<std::u16string_view>(value))
+        : CFormatArg(static_cast<std::u16string_view>(value))
     {
     }
 
@@ -119,6 +119,6 @@ private:
 /// padded to the width; a text for "*" counts as zero. A conversion without an argument, or with an unknown
 /// letter (among them %n and %p), stands in the result as it stands in the format. Surplus arguments are
 /// ignored.
-COMMONDLL_API CStr FormatText(std::u16string_view format, const SFormatArg* args, std::size_t count);
+COMMONDLL_API CStr FormatText(std::u16string_view format, const CFormatArg* args, std::size_t count);
 
 } // namespace CommonUI

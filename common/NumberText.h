@@ -66,7 +66,7 @@ public:
     std::string_view View() const noexcept { return {m_begin, static_cast<std::size_t>(m_end - m_begin)}; }
 
 private:
-    /// The longest double in %f has 309 digits before the point.
+    // The longest double in %f has 309 digits before the point.
     static constexpr std::size_t c_internalSize = 384;
 
     COMMONDLL_API void SetReal(double value, const SNumberFormat& format);

@@ -35,8 +35,9 @@ struct CStr::SBuffer {
 
     static SBuffer* Create(std::size_t capacity)
     {
-        constexpr std::size_t limit = (static_cast<std::size_t>(-1) / 2 - sizeof(SBuffer)) / sizeof(char16_t);
-        if (capacity > limit)
+        constexpr std::size_t c_limit =
+            (static_cast<std::size_t>(-1) / 2 - sizeof(SBuffer)) / sizeof(char16_t);
+        if (capacity > c_limit)
             throw std::length_error("CStr");
         void* memory = ::operator new(sizeof(SBuffer) + capacity * sizeof(char16_t));
         auto* buffer = new (memory) SBuffer;

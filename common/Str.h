@@ -126,10 +126,10 @@ public:
 
     /// A text by printf's rules in the "C" locale: see FormatText for the conversions and for what becomes of
     /// a conversion that does not fit its argument.
-    template<class... Args>
-    static CStr Format(std::u16string_view format, const Args&... args)
+    template<class... TArgs>
+    static CStr Format(std::u16string_view format, const TArgs&... args)
     {
-        const SFormatArg list[] = {SFormatArg(args)..., SFormatArg()};
+        const CFormatArg list[] = {CFormatArg(args)..., CFormatArg()};
         return FormatText(format, list, sizeof...(args));
     }
 
@@ -176,8 +176,8 @@ private:
     }
     void ReleaseBuffer() noexcept;
 
-    /// The tag is the length of a short text, or c_sharedTag. As the first member of both it may be read
-    /// whichever of them is in use.
+    // The tag is the length of a short text, or c_sharedTag. As the first member of both it may be read
+    // whichever of them is in use.
     struct SShort {
         char16_t tag;
         char16_t units[c_shortCapacity];

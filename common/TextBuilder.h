@@ -63,7 +63,7 @@ public:
     CStr Take();
 
 private:
-    /// Two copies of a fixed size that overlap cost less than one of a size known only at run time.
+    // Two copies of a fixed size that overlap cost less than one of a size known only at run time.
     template<std::size_t Half>
     static void CopyEnds(char16_t* to, const char16_t* from, std::size_t count) noexcept
     {

@@ -16,13 +16,13 @@ namespace CommonUI
 
 class CClosureConnection;
 
-/// A callable with arguments of the types A and a result of type R. Arguments pass as declared: a value by
-/// value, a reference as a reference.
-template<class R, class... A>
+/// A callable with arguments of the types TArgs and a result of type TResult. Arguments pass as declared: a
+/// value by value, a reference as a reference.
+template<class TResult, class... TArgs>
 class CClosureBase
 {
 public:
-    virtual R Invoke(A... args) = 0;
+    virtual TResult Invoke(TArgs... args) = 0;
     virtual ~CClosureBase() = default;
     CClosureBase(const CClosureBase&) = delete;
     CClosureBase& operator=(const CClosureBase&) = delete;
@@ -31,44 +31,45 @@ protected:
     CClosureBase() = default;
 };
 
-template<class R>
-using CClosureBase0 = CClosureBase<R>;
-template<class R, class A>
-using CClosureBase1 = CClosureBase<R, A>;
-template<class R, class A1, class A2>
-using CClosureBase2 = CClosureBase<R, A1, A2>;
+template<class TResult>
+using CClosureBase0 = CClosureBase<TResult>;
+template<class TResult, class TArg>
+using CClosureBase1 = CClosureBase<TResult, TArg>;
+template<class TResult, class TArg1, class TArg2>
+using CClosureBase2 = CClosureBase<TResult, TArg1, TArg2>;
 
 /// Calls one member function of one object. The object is not owned and must live whenever it is called.
-template<class C, class R, class... A>
-class CMethodClosure : public CClosureBase<R, A...>
+template<class TObject, class TResult, class... TArgs>
+class CMethodClosure : public CClosureBase<TResult, TArgs...>
 {
 public:
-    using FMethod = R (C::*)(A...);
+    using FMethod = TResult (TObject::*)(TArgs...);
 
-    CMethodClosure(C& object, FMethod method) noexcept
+    CMethodClosure(TObject& object, FMethod method) noexcept
         : m_object(&object)
         , m_method(method)
     {
     }
-    R Invoke(A... args) override { return (m_object->*m_method)(std::forward<A>(args)...); }
+    TResult Invoke(TArgs... args) override { return (m_object->*m_method)(std::forward<TArgs>(args)...); }
 
 private:
-    C* m_object;
+    TObject* m_object;
     FMethod m_method;
 };
 
-template<class R, class C>
-using CMethodClosure0 = CMethodClosure<C, R>;
-template<class R, class A, class C>
-using CMethodClosure1 = CMethodClosure<C, R, A>;
-template<class R, class A1, class A2, class C>
-using CMethodClosure2 = CMethodClosure<C, R, A1, A2>;
+template<class TResult, class TObject>
+using CMethodClosure0 = CMethodClosure<TObject, TResult>;
+template<class TResult, class TArg, class TObject>
+using CMethodClosure1 = CMethodClosure<TObject, TResult, TArg>;
+template<class TResult, class TArg1, class TArg2, class TObject>
+using CMethodClosure2 = CMethodClosure<TObject, TResult, TArg1, TArg2>;
 
 /// A closure for a member function, which may be one of a base class of the object.
-template<class C, class R, class... A>
-std::shared_ptr<CClosureBase<R, A...>> MakeClosure(std::type_identity_t<C>& object, R (C::*method)(A...))
+template<class TObject, class TResult, class... TArgs>
+std::shared_ptr<CClosureBase<TResult, TArgs...>> MakeClosure(std::type_identity_t<TObject>& object,
+                                                             TResult (TObject::*method)(TArgs...))
 {
-    return std::make_shared<CMethodClosure<C, R, A...>>(object, method);
+    return std::make_shared<CMethodClosure<TObject, TResult, TArgs...>>(object, method);
 }
 
 /// A place for one closure of any signature, and for the record of the subscriber who waits to hear that the
@@ -84,8 +85,9 @@ public:
     /// Takes a closure in place of the one before.
     /// @param connection the subscriber's record, which must live until the slot is reset or the record
     ///     disconnects; null when nobody needs to know
-    template<class R, class... A>
-    void Set(std::shared_ptr<CClosureBase<R, A...>> closure, CClosureConnection* connection = nullptr)
+    template<class TResult, class... TArgs>
+    void Set(std::shared_ptr<CClosureBase<TResult, TArgs...>> closure,
+             CClosureConnection* connection = nullptr)
     {
         Reset();
         m_closure = std::move(closure);
@@ -97,17 +99,17 @@ public:
     void Disconnect() noexcept;
     bool IsConnected() const noexcept { return m_connection != nullptr; }
 
-    /// The closure, or null. R and A must be those of the closure that was set.
-    template<class R, class... A>
-    CClosureBase<R, A...>* Get() const noexcept
+    /// The closure, or null. TResult and TArgs must be those of the closure that was set.
+    template<class TResult, class... TArgs>
+    CClosureBase<TResult, TArgs...>* Get() const noexcept
     {
-        return static_cast<CClosureBase<R, A...>*>(m_closure.get());
+        return static_cast<CClosureBase<TResult, TArgs...>*>(m_closure.get());
     }
     /// As Get, but the closure lives at least as long as the result: for calls that may reset the slot.
-    template<class R, class... A>
-    std::shared_ptr<CClosureBase<R, A...>> Share() const noexcept
+    template<class TResult, class... TArgs>
+    std::shared_ptr<CClosureBase<TResult, TArgs...>> Share() const noexcept
     {
-        return std::static_pointer_cast<CClosureBase<R, A...>>(m_closure);
+        return std::static_pointer_cast<CClosureBase<TResult, TArgs...>>(m_closure);
     }
 
 private:

@@ -82,8 +82,8 @@ public:
 
     /// Sets the member function that every key is offered to first, in place of the one before; a key for
     /// which it returns false is swallowed. The object is not owned. It may destroy the field.
-    template<class C>
-    void SetKeyFilter(std::type_identity_t<C>& object, bool (C::*method)(const SKey&))
+    template<class TObject>
+    void SetKeyFilter(std::type_identity_t<TObject>& object, bool (TObject::*method)(const SKey&))
     {
         m_keyFilter.Set(MakeClosure(object, method));
     }

@@ -138,11 +138,11 @@ private:
     std::size_t m_count = 0;
 };
 
-/// An event: subscribers of the result type R with arguments of the types A. R is void or bool.
-template<class R, class... A>
+/// An event: subscribers with arguments of the types TArgs and a result of type TResult, void or bool.
+template<class TResult, class... TArgs>
 class CMultiClosure : public CMultiClosureBase
 {
-    static_assert(std::is_void_v<R> || std::is_same_v<R, bool>,
+    static_assert(std::is_void_v<TResult> || std::is_same_v<TResult, bool>,
                   "what would many other results make together?");
 
 public:
@@ -150,8 +150,9 @@ public:
     /// @param object not owned; destroy or disconnect the record before it
     /// @param connection the subscriber's record; if it is connected already, here or to another list, it is
     ///     disconnected first, so that it never stands for two subscriptions
-    template<class C>
-    void Subscribe(std::type_identity_t<C>& object, R (C::*method)(A...), CClosureConnection& connection)
+    template<class TObject>
+    void Subscribe(std::type_identity_t<TObject>& object, TResult (TObject::*method)(TArgs...),
+                   CClosureConnection& connection)
     {
         auto entry = std::make_unique<SClosureEntry>();
         entry->slot.Set(MakeClosure(object, method), &connection);
@@ -161,36 +162,36 @@ public:
     /// Calls the subscribers; see the head of this file. Arguments that are values are copied for each.
     /// @return for bool: whether all who were called returned true, and true when nobody was. A false does
     ///     not end the call.
-    R Invoke(A... args) const
+    TResult Invoke(TArgs... args) const
     {
-        if constexpr (std::is_void_v<R>) {
-            ForEachClosure([&](CClosureBase<R, A...>& closure) { closure.Invoke(args...); });
+        if constexpr (std::is_void_v<TResult>) {
+            ForEachClosure([&](CClosureBase<TResult, TArgs...>& closure) { closure.Invoke(args...); });
         } else {
             bool all = true;
-            ForEachClosure([&](CClosureBase<R, A...>& closure) { all &= closure.Invoke(args...); });
+            ForEachClosure([&](CClosureBase<TResult, TArgs...>& closure) { all &= closure.Invoke(args...); });
             return all;
         }
     }
 
 private:
     // May outlive the list, so it touches nothing of it after the first subscriber.
-    template<class F>
-    void ForEachClosure(F function) const
+    template<class FVisit>
+    void ForEachClosure(FVisit visit) const
     {
         CCall call(*this);
         for (SClosureEntry* entry = call.GetFirst(); entry; entry = call.StepFrom(entry)) {
             if (entry->slot.IsConnected())
-                function(*entry->slot.Get<R, A...>());
+                visit(*entry->slot.Get<TResult, TArgs...>());
         }
     }
 };
 
-template<class R>
-using CMultiClosure0 = CMultiClosure<R>;
-template<class R, class A>
-using CMultiClosure1 = CMultiClosure<R, A>;
-template<class R, class A1, class A2>
-using CMultiClosure2 = CMultiClosure<R, A1, A2>;
+template<class TResult>
+using CMultiClosure0 = CMultiClosure<TResult>;
+template<class TResult, class TArg>
+using CMultiClosure1 = CMultiClosure<TResult, TArg>;
+template<class TResult, class TArg1, class TArg2>
+using CMultiClosure2 = CMultiClosure<TResult, TArg1, TArg2>;
 
 } // namespace CommonUI
 

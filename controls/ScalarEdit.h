@@ -74,15 +74,15 @@ public:
     bool ValidatingUserInput() const noexcept { return m_validatingUserInput; }
 
     /// The member function that may refuse what the user enters, by false. The object is not owned.
-    template<class C>
-    void SetValidator(std::type_identity_t<C>& object, bool (C::*method)(T))
+    template<class TObject>
+    void SetValidator(std::type_identity_t<TObject>& object, bool (TObject::*method)(T))
     {
         m_validator.Set(MakeClosure(object, method));
     }
     void ResetValidator() noexcept { m_validator.Reset(); }
     /// The member function that is called with each new value. The object is not owned.
-    template<class C>
-    void SetChangeNotification(std::type_identity_t<C>& object, void (C::*method)(T))
+    template<class TObject>
+    void SetChangeNotification(std::type_identity_t<TObject>& object, void (TObject::*method)(T))
     {
         m_notification.Set(MakeClosure(object, method));
     }

@@ -73,8 +73,8 @@ public:
     void SetView(CStepSizeView* view);
     /// Sets the member function that is called with +1 or -1 by the buttons. The object is not owned; the
     /// function may destroy the pop-up.
-    template<class C>
-    void SetCallback(std::type_identity_t<C>& object, void (C::*method)(int))
+    template<class TObject>
+    void SetCallback(std::type_identity_t<TObject>& object, void (TObject::*method)(int))
     {
         m_slot.Set(MakeClosure(object, method));
     }

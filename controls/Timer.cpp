@@ -43,9 +43,9 @@ void CBaseTimer::SetFrequency(double hertz)
                                CStr::Format(u"no interval for a frequency of %g Hz", hertz));
         return;
     }
-    constexpr unsigned int longest = std::numeric_limits<unsigned int>::max();
+    constexpr unsigned int c_longest = std::numeric_limits<unsigned int>::max();
     const double milliseconds = 1000.0 / hertz;
-    SetInterval(milliseconds < longest ? static_cast<unsigned int>(milliseconds) : longest);
+    SetInterval(milliseconds < c_longest ? static_cast<unsigned int>(milliseconds) : c_longest);
 }
 
 void CBaseTimer::Tick()

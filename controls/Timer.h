@@ -31,8 +31,8 @@ public:
 
     /// Sets the member function that ticks call, in place of the one before. The object is not owned; it must
     /// live as long as the timer runs. A tick may call anything of its timer and also destroy it.
-    template<class C>
-    void SetCallback(std::type_identity_t<C>& object, void (C::*method)(CBaseTimer&))
+    template<class TObject>
+    void SetCallback(std::type_identity_t<TObject>& object, void (TObject::*method)(CBaseTimer&))
     {
         m_slot.Set(MakeClosure(object, method));
     }

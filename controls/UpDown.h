@@ -36,8 +36,8 @@ public:
     void SetView(CSpinView* view);
     /// Sets the member function that is called with the steps that the user makes. The object is not owned;
     /// the function may destroy the button.
-    template<class C>
-    void SetCallback(std::type_identity_t<C>& object, void (C::*method)(int))
+    template<class TObject>
+    void SetCallback(std::type_identity_t<TObject>& object, void (TObject::*method)(int))
     {
         m_slot.Set(MakeClosure(object, method));
     }

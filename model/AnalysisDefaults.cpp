@@ -2,14 +2,14 @@
 
 #include "common/StringTable.h"
 #include "model/MeasureParameters.h"
+#include "model/RoughnessAnalysisPreferencesData.h"
 #include "model/RoughnessCatalogue.h"
-#include "model/RoughnessPreferences.h"
 
 #include <algorithm>
 #include <iterator>
 #include <span>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 namespace
@@ -179,8 +179,8 @@ constexpr EStat c_measureStatistics[] = {EStat::Count,
 constexpr EStat c_statisticsOn[] = {EStat::Count, EStat::Minimum, EStat::Maximum, EStat::Mean, EStat::Sd};
 constexpr double c_fractile = 95;
 
-template<class TList, class T>
-bool Contains(const TList& list, T value)
+template<class TList, class TValue>
+bool Contains(const TList& list, TValue value)
 {
     return std::ranges::find(list, value) != std::end(list);
 }
@@ -359,4 +359,4 @@ std::vector<CParameter> MakeDefaultOutputs(EAnalysis analysis)
     return analysis == EAnalysis::Measure ? MakeMeasureOutputs() : FromQuantities(OutputsOf(analysis));
 }
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

@@ -14,15 +14,17 @@ namespace CommonUI
 namespace
 {
 
+constexpr int c_allParameters = 7412;
+
 [[noreturn]] void ThrowIllegal(int line, std::u16string_view function, std::u16string_view format, int number)
 {
     throw EInternal(u"AnalysisPreferencesData", line, u"CAnalysisPreferencesData::" + CStr(function),
                     CStr::Format(format, number));
 }
 
-const Detail::SAnalysisDefaults& DefaultsOf(EAnalysis analysis, std::u16string_view function)
+const SAnalysisDefaults& DefaultsOf(EAnalysis analysis, std::u16string_view function)
 {
-    const Detail::SAnalysisDefaults* const found = Detail::FindAnalysisDefaults(analysis);
+    const SAnalysisDefaults* const found = FindAnalysisDefaults(analysis);
     if (!found)
         ThrowIllegal(__LINE__, function, u"Illegal Analysis value: %d", static_cast<int>(analysis));
     return *found;
@@ -62,7 +64,7 @@ std::vector<int> NumbersOf(const std::vector<CParameter>& list)
 std::vector<SParameterGroup> OneGroup(std::vector<CParameter> entries)
 {
     std::vector<SParameterGroup> groups(1);
-    groups[0].name = GetString(7412);
+    groups[0].name = GetString(c_allParameters);
     groups[0].parameters = std::move(entries);
     return groups;
 }
@@ -73,7 +75,7 @@ CAnalysisPreferencesData::CAnalysisPreferencesData(EAnalysis analysis)
     : m_analysis(analysis)
 {
     CAnalysisPreferencesData::Init();
-    m_allowed.reports = m_allowed.plugIns = Detail::IsRoughness(analysis);
+    m_allowed.reports = m_allowed.plugIns = IsRoughness(analysis);
     m_allowed.histograms = analysis == EAnalysis::Measure;
 }
 
@@ -103,7 +105,7 @@ bool CAnalysisPreferencesData::Assign(const CAnalysisPreferencesData& other)
     return true;
 }
 
-std::vector<SParameterGroup> CAnalysisPreferencesData::GetGroups(CGetter getter, bool all) const
+std::vector<SParameterGroup> CAnalysisPreferencesData::GetGroups(FGetter getter, bool all) const
 {
     std::vector<CParameter> entries;
     for (const CParameter& parameter : m_parameters) {
@@ -138,9 +140,9 @@ int CAnalysisPreferencesData::FindParameterMaxValue() const
 
 int CAnalysisPreferencesData::AddParameter(int /*parent*/, const CParameter& parameter)
 {
-    constexpr int plugIn = static_cast<int>(ERoughnessParameters::PlugIn);
+    constexpr int c_plugIn = static_cast<int>(ERoughnessParameters::PlugIn);
     CParameter added(FindParameterMaxValue(), parameter);
-    added.SetParentValue(plugIn);
+    added.SetParentValue(c_plugIn);
     m_parameters.push_back(added);
     SetModified();
     return added.GetValue();

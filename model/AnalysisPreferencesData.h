@@ -45,7 +45,7 @@ public:
     };
 
     /// Reads one entry of a list: GetParameter, GetStatistic or GetOutput.
-    using CGetter = CParameter (CAnalysisPreferencesData::*)(int) const;
+    using FGetter = CParameter (CAnalysisPreferencesData::*)(int) const;
 
     /// Preferences with the defaults of the analysis.
     /// @throws EInternal for a number that is no analysis: "Illegal Analysis value: %d"
@@ -66,7 +66,7 @@ public:
     virtual bool LoadOld(CInifile& ini);
     /// One group with what the getter answers for every parameter; it must know all their numbers.
     /// @param all false leaves out dynamic parameters (with a parent) and templates (with variables)
-    virtual std::vector<SParameterGroup> GetGroups(CGetter getter, bool all) const;
+    virtual std::vector<SParameterGroup> GetGroups(FGetter getter, bool all) const;
     virtual std::unique_ptr<CAnalysisPreferencesData> Clone() const;
     /// The parameters in the groups of GetGroups.
     virtual std::vector<SParameterGroup> GetParameterGroups(bool all) const;
@@ -168,7 +168,7 @@ protected:
 private:
     struct SStored;
 
-    /// Sets the modified flag when there was a change, and answers whether there was.
+    // Sets the modified flag when there was a change, and answers whether there was.
     bool Changed(bool changed) noexcept;
 
     EAnalysis m_analysis;

@@ -3,7 +3,7 @@
 #include "common/Exceptions.h"
 #include "common/ini/SectionScope.h"
 #include "model/detail/AnalysisDefaults.h"
-#include "model/GrainPreferences.h"
+#include "model/GrainAnalysisPreferencesData.h"
 
 #include <algorithm>
 #include <string_view>
@@ -21,7 +21,7 @@ std::unique_ptr<CData> MakeData(EAnalysis analysis)
 {
     if (analysis == EAnalysis::Measure)
         return std::make_unique<CGrainAnalysisPreferencesData>();
-    if (Detail::IsRoughness(analysis))
+    if (IsRoughness(analysis))
         return std::make_unique<CRoughnessData>(analysis);
     return std::make_unique<CData>(analysis);
 }
@@ -53,8 +53,8 @@ bool SortAndCompare(std::vector<CParameter>& list, std::vector<CParameter> curre
 
 // Calls `visit` for every analysis with its section selected, which is `ini`'s with the analysis's name
 // behind it.
-template<class TVisit>
-bool ForAll(CInifile& ini, TVisit visit)
+template<class FVisit>
+bool ForAll(CInifile& ini, FVisit visit)
 {
     const CStr base = ini.GetSection();
     bool all = true;

@@ -5,7 +5,7 @@
 #include "../export/Export.h"
 #include "Analysis.h"
 #include "AnalysisPreferencesData.h"
-#include "RoughnessPreferences.h"
+#include "RoughnessAnalysisPreferencesData.h"
 
 #include <array>
 #include <memory>

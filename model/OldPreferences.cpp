@@ -4,12 +4,12 @@
 #include "common/NumberText.h"
 #include "model/AnalysisPreferencesData.h"
 #include "model/Preference.h"
+#include "model/RoughnessAnalysisPreferencesData.h"
 #include "model/RoughnessCatalogue.h"
-#include "model/RoughnessPreferences.h"
 
 #include <algorithm>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 namespace
@@ -18,8 +18,8 @@ namespace
 using enum EAnalysis;
 using enum EOldTarget;
 
-template<class... T>
-constexpr unsigned Of(T... analyses)
+template<class... TAnalyses>
+constexpr unsigned Of(TAnalyses... analyses)
 {
     return ((1u << static_cast<unsigned>(analyses)) | ...);
 }
@@ -140,4 +140,4 @@ void ReadOldUnit(const CInifile& ini, const CStr& key, CUnit& unit)
         WarnOfPreference(CStr::Format(u"%s: there is no unit %s", key, text));
 }
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

@@ -151,9 +151,9 @@ void CParameter::AddVariable(CParameter& variable)
 
 int CParameter::DimensionToPower(EDimension dimension) noexcept
 {
-    constexpr int powers[] = {0, 1, 1, 1, 1, 2, 3, 0, 0, 1, 0};
+    constexpr int c_powers[] = {0, 1, 1, 1, 1, 2, 3, 0, 0, 1, 0};
     const auto index = static_cast<std::size_t>(dimension);
-    return index < std::size(powers) ? powers[index] : 0;
+    return index < std::size(c_powers) ? c_powers[index] : 0;
 }
 
 double CParameter::CalcFactor(EDimension dimension, CUnit::EUnitFactor unitFactor) noexcept

@@ -2,24 +2,24 @@
 
 #include "common/StringTable.h"
 #include "model/MeasureParameters.h"
-#include "model/RoughnessPreferences.h"
+#include "model/RoughnessAnalysisPreferencesData.h"
 
 #include <algorithm>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 namespace
 {
 
-template<class E>
-constexpr SGroupRow Row(E first, E last, int textId)
+template<class T>
+constexpr SGroupRow Row(T first, T last, int textId)
 {
     return {static_cast<int>(first), static_cast<int>(last), textId};
 }
 
-template<class E>
-constexpr SGroupRow Row(E only, int textId)
+template<class T>
+constexpr SGroupRow Row(T only, int textId)
 {
     return Row(only, only, textId);
 }
@@ -132,4 +132,4 @@ std::vector<SParameterGroup> GroupByKind(const std::vector<CParameter>& entries,
     return groups;
 }
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

@@ -56,8 +56,8 @@ CStr CatalogueKey(EAnalysis analysis, int value)
     return analysis == EAnalysis::Measure ? GetMeasureParametersEnum().GetIniName(value) : CStr();
 }
 
-template<class E>
-std::optional<int> ValueOfKey(const CEnum<E>& catalogue, const CStr& key)
+template<class T>
+std::optional<int> ValueOfKey(const CEnum<T>& catalogue, const CStr& key)
 {
     const auto found = catalogue.FindIniName(key);
     return found == catalogue.end() ? std::nullopt : std::optional<int>(found->GetValue());
@@ -88,15 +88,15 @@ void WriteFormat(const CParameter& parameter, CInifile& ini, const CStr& prefix)
 }
 
 // The value whose name a key has; `byDefault` where the key is missing or the name unknown.
-template<class E>
-E ReadName(const CInifile& ini, const CStr& key, const CEnum<E>& names, E byDefault)
+template<class T>
+T ReadName(const CInifile& ini, const CStr& key, const CEnum<T>& names, T byDefault)
 {
     if (!ini.HasKey(key))
         return byDefault;
     const CStr name = ini.ReadText(key);
     const auto found = names.FindIniName(name);
     if (found != names.end())
-        return static_cast<E>(found->GetValue());
+        return static_cast<T>(found->GetValue());
     Warn(CStr::Format(u"%s: there is no \"%s\"", key, name));
     return byDefault;
 }
@@ -228,14 +228,14 @@ CParameter LoadDynamic(int value, const CParameter& parent, const CInifile& ini,
 // The numbers of the entries that the current section really has: the stored count may say anything.
 std::set<int> EntryNumbers(const CInifile& ini)
 {
-    constexpr std::string_view start = "Dyn";
+    constexpr std::string_view c_start = "Dyn";
     std::set<int> numbers;
     for (const CStr& key : ini.GetKeys()) {
         const std::string text = key.ToUtf8();
         int number = 0;
-        if (!text.starts_with(start))
+        if (!text.starts_with(c_start))
             continue;
-        const auto read = std::from_chars(text.data() + start.size(), text.data() + text.size(), number);
+        const auto read = std::from_chars(text.data() + c_start.size(), text.data() + text.size(), number);
         if (read.ec == std::errc() && key.StartsWith(DynamicPrefix(number)))
             numbers.insert(number);
     }

@@ -15,21 +15,21 @@ namespace CommonUI
 
 /// All that there is to know of one stored value: its key, the member that holds it and its default. A class
 /// has a tuple of them, from which the functions below take defaults, loading and saving.
-template<class TObject, class T, class TDefault>
+template<class TObject, class TValue, class TDefault>
 struct SPreference {
     std::u16string_view key;
-    T TObject::*member;
+    TValue TObject::*member;
     TDefault byDefault;
 };
-template<class TObject, class T, class TDefault>
-SPreference(const char16_t*, T TObject::*, TDefault) -> SPreference<TObject, T, TDefault>;
+template<class TObject, class TValue, class TDefault>
+SPreference(const char16_t*, TValue TObject::*, TDefault) -> SPreference<TObject, TValue, TDefault>;
 
 /// The names under which an enumeration's values are stored; one specialisation for each that is stored so.
-template<class E>
-const CEnum<E>& NamesOf();
+template<class T>
+const CEnum<T>& NamesOf();
 
 /// How many values an enumeration has whose numbers, from 0, are stored instead of names; 0 for all others.
-template<class E>
+template<class T>
 inline constexpr int c_storedNumbers = 0;
 
 inline void WarnOfPreference(const CStr& text)
@@ -61,34 +61,34 @@ inline void ReadPreference(const CInifile& ini, const CStr& key, CUnit& value)
     value = CUnit::FromText(ini.ReadText(key, value.GetText()));
 }
 
-template<class E>
-void ReadNumberOf(const CInifile& ini, const CStr& key, E& value)
+template<class T>
+void ReadNumberOf(const CInifile& ini, const CStr& key, T& value)
 {
     const int number = ini.ReadInt(key, static_cast<int>(value));
-    if (number >= 0 && number < c_storedNumbers<E>)
-        value = static_cast<E>(number);
+    if (number >= 0 && number < c_storedNumbers<T>)
+        value = static_cast<T>(number);
     else
         WarnOfPreference(CStr::Format(u"%s: there is no %d", key, number));
 }
 
-template<class E>
-void ReadNameOf(const CInifile& ini, const CStr& key, E& value)
+template<class T>
+void ReadNameOf(const CInifile& ini, const CStr& key, T& value)
 {
     if (!ini.HasKey(key))
         return;
     const CStr name = ini.ReadText(key);
-    const auto found = NamesOf<E>().FindIniName(name);
-    if (found == NamesOf<E>().end())
+    const auto found = NamesOf<T>().FindIniName(name);
+    if (found == NamesOf<T>().end())
         WarnOfPreference(CStr::Format(u"%s: there is no \"%s\"", key, name));
     else
-        value = static_cast<E>(found->GetValue());
+        value = static_cast<T>(found->GetValue());
 }
 
-template<class E>
-requires std::is_enum_v<E>
-void ReadPreference(const CInifile& ini, const CStr& key, E& value)
+template<class T>
+requires std::is_enum_v<T>
+void ReadPreference(const CInifile& ini, const CStr& key, T& value)
 {
-    if constexpr (c_storedNumbers<E> != 0)
+    if constexpr (c_storedNumbers<T> != 0)
         ReadNumberOf(ini, key, value);
     else
         ReadNameOf(ini, key, value);
@@ -114,21 +114,21 @@ inline void WritePreference(CInifile& ini, const CStr& key, const CUnit& value)
     ini.WriteText(key, value.GetText());
 }
 
-template<class E>
-requires std::is_enum_v<E>
-void WritePreference(CInifile& ini, const CStr& key, E value)
+template<class T>
+requires std::is_enum_v<T>
+void WritePreference(CInifile& ini, const CStr& key, T value)
 {
-    if constexpr (c_storedNumbers<E> != 0)
+    if constexpr (c_storedNumbers<T> != 0)
         ini.WriteInt(key, static_cast<int>(value));
     else
-        ini.WriteText(key, NamesOf<E>().GetIniName(static_cast<int>(value)));
+        ini.WriteText(key, NamesOf<T>().GetIniName(static_cast<int>(value)));
 }
 
 /// The value that a descriptor's default stands for: a unit is given by its text, which can be a constant.
-template<class T, class TDefault>
-T DefaultValue(const TDefault& byDefault)
+template<class TValue, class TDefault>
+TValue DefaultValue(const TDefault& byDefault)
 {
-    if constexpr (std::is_same_v<T, CUnit>)
+    if constexpr (std::is_same_v<TValue, CUnit>)
         return CUnit::FromText(byDefault);
     else
         return byDefault;
@@ -137,9 +137,10 @@ T DefaultValue(const TDefault& byDefault)
 template<class TObject, class TTable>
 void InitPreferences(TObject& object, const TTable& table)
 {
-    const auto init = [&object]<class T, class TDefault>(const SPreference<TObject, T, TDefault>& row) {
-        object.*row.member = DefaultValue<T>(row.byDefault);
-    };
+    const auto init =
+        [&object]<class TValue, class TDefault>(const SPreference<TObject, TValue, TDefault>& row) {
+            object.*row.member = DefaultValue<TValue>(row.byDefault);
+        };
     std::apply([&init](const auto&... rows) { (init(rows), ...); }, table);
 }
 

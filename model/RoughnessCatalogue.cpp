@@ -195,8 +195,8 @@ constexpr SRow c_rows[] = {
 
 constexpr std::size_t c_count = std::size(c_rows);
 
-template<class Field>
-constexpr bool IsUnique(Field field)
+template<class TField>
+constexpr bool IsUnique(TField field)
 {
     for (std::size_t i = 0; i < c_count; ++i)
         for (std::size_t j = 0; j < i; ++j)
@@ -210,14 +210,18 @@ static_assert(IsUnique(&SRow::iniName));
 static_assert(std::ranges::max_element(c_rows, {}, &SRow::value)->value == ERoughnessParameters(143));
 
 // The texts of a parameter follow from its number; the plug-ins' entry has the text of its standard.
+constexpr int c_names = 9001;
+constexpr int c_shortNames = 9201;
+constexpr int c_plugIns = 7818;
+
 constexpr SEnumRow EnumRow(const SRow& row)
 {
     const int value = static_cast<int>(row.value);
     const bool isPlugIn = row.value == PlugIn;
     return {.value = value,
             .iniName = row.iniName,
-            .textId = isPlugIn ? 7818 : 9001 + value,
-            .shortTextId = isPlugIn ? 0 : 9201 + value,
+            .textId = isPlugIn ? c_plugIns : c_names + value,
+            .shortTextId = isPlugIn ? 0 : c_shortNames + value,
             .standard = static_cast<int>(row.standard)};
 }
 

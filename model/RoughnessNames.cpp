@@ -2,7 +2,7 @@
 
 #include "common/Unit.h"
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 namespace
@@ -46,4 +46,4 @@ void NameByVariables(CParameter& instance, const CParameter& parent)
         instance.SetShortFriendlyString(WithValues(symbol, values));
 }
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

@@ -29,5 +29,5 @@ public:
 
 private:
     std::vector<CommonUI::CStr> m_lines;
-    CommonUI::CDiagnostics::CSink m_before;
+    CommonUI::CDiagnostics::FSink m_before;
 };

@@ -15,15 +15,15 @@ using CRun = CProgressRun<CQtProgressThreadDialog>;
 void ReportToBusyWindow(benchmark::State& state)
 {
     CRun run;
-    run.dialog.SetWrap(true);
-    run.work = [&] {
+    run.m_dialog.SetWrap(true);
+    run.m_work = [&] {
         for (auto _ : state)
             benchmark::DoNotOptimize(
-                run.dialog.PostThreadProgress(1, state.range(0) ? c_progressText : CStr()));
+                run.m_dialog.PostThreadProgress(1, state.range(0) ? c_progressText : CStr()));
         // The steps that are left are not measured.
-        GetMessageLoop().Post([&] { run.dialog.EndDialog(CBaseDialog::c_ok); });
+        GetMessageLoop().Post([&] { run.m_dialog.EndDialog(CBaseDialog::c_ok); });
     };
-    run.dialog.DoModal();
+    run.m_dialog.DoModal();
 }
 BENCHMARK(ReportToBusyWindow)->ArgName("text")->Arg(0)->Arg(1)->UseRealTime();
 

@@ -18,10 +18,10 @@ namespace CommonUI
 template<class TUnit>
 bool IsAscii(std::basic_string_view<TUnit> text) noexcept
 {
-    constexpr std::uint64_t beyond = sizeof(TUnit) == 1 ? 0x8080808080808080 : 0xFF80FF80FF80FF80;
-    constexpr std::size_t atOnce = sizeof beyond / sizeof(TUnit);
+    constexpr std::uint64_t c_beyond = sizeof(TUnit) == 1 ? 0x8080808080808080 : 0xFF80FF80FF80FF80;
+    constexpr std::size_t c_atOnce = sizeof c_beyond / sizeof(TUnit);
     std::uint64_t all = 0;
-    for (; text.size() >= atOnce; text.remove_prefix(atOnce)) {
+    for (; text.size() >= c_atOnce; text.remove_prefix(c_atOnce)) {
         std::uint64_t units;
         std::memcpy(&units, text.data(), sizeof units);
         all |= units;
@@ -29,7 +29,7 @@ bool IsAscii(std::basic_string_view<TUnit> text) noexcept
     unsigned rest = 0;
     for (const TUnit unit : text)
         rest |= static_cast<unsigned>(unit);
-    return (all & beyond) == 0 && rest < 0x80;
+    return (all & c_beyond) == 0 && rest < 0x80;
 }
 
 /// What stands at a position of bytes that are taken for UTF-8.

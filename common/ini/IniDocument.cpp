@@ -27,8 +27,8 @@ std::uint32_t To32(std::size_t position)
 }
 
 // Calls `use` with a name as WTF-8. ASCII, as most names are, needs no copy for it: it is taken as it is.
-template<class TUse>
-std::uint32_t WithName(std::u16string_view name, TUse&& use)
+template<class FUse>
+std::uint32_t WithName(std::u16string_view name, FUse&& use)
 {
     return IsAscii(name) ? use(name) : use(std::string_view(ToWtf8(name)));
 }
@@ -255,8 +255,8 @@ void CIniDocument::Link(std::uint32_t line, std::uint32_t after)
         m_lastLine = line;
 }
 
-template<class TVisit>
-void CIniDocument::VisitKeys(std::uint32_t section, TVisit&& visit) const
+template<class FVisit>
+void CIniDocument::VisitKeys(std::uint32_t section, FVisit&& visit) const
 {
     const auto visitPart = [&](std::uint32_t line) {
         for (; line != c_none && m_lines[line].kind != EKind::Header; line = m_lines[line].next) {

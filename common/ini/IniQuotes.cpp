@@ -97,9 +97,9 @@ std::optional<char16_t> ParseHex4(std::string_view digits)
 // Appends what the backslash at `at` and what follows stand for, and returns where they end.
 std::size_t AppendUnescaped(std::u16string& text, std::string_view inner, std::size_t at)
 {
-    constexpr std::string_view names = "\"\\nrt";
+    constexpr std::string_view c_names = "\"\\nrt";
     const char name = at + 1 < inner.size() ? inner[at + 1] : '\0';
-    if (const std::size_t found = names.find(name); found != names.npos) {
+    if (const std::size_t found = c_names.find(name); found != c_names.npos) {
         text += u"\"\\\n\r\t"[found];
         return at + 2;
     }

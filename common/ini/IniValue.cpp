@@ -28,12 +28,12 @@ std::string_view WithoutPlus(std::string_view text)
     return text;
 }
 
-template<class T, class... TBase>
-bool ParseNumber(std::string_view text, T& value, TBase... base)
+template<class TNumber, class... TBases>
+bool ParseNumber(std::string_view text, TNumber& value, TBases... bases)
 {
     text = WithoutPlus(text);
     const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value, base...);
+    const auto [stop, error] = std::from_chars(text.data(), end, value, bases...);
     return error == std::errc() && stop == end;
 }
 
@@ -51,8 +51,8 @@ bool EqualsAnyCase(std::string_view text, std::string_view lower)
 }
 
 // Calls `take` with each piece between the commas, without blanks; false as soon as it returns false.
-template<class TTake>
-bool ForEachPiece(std::string_view stored, TTake&& take)
+template<class FTake>
+bool ForEachPiece(std::string_view stored, FTake&& take)
 {
     for (std::size_t at = 0;;) {
         const std::size_t comma = stored.find(',', at);
@@ -64,18 +64,18 @@ bool ForEachPiece(std::string_view stored, TTake&& take)
     }
 }
 
-template<class T, std::size_t count>
-bool ParseNumbers(std::string_view stored, std::array<T, count>& values)
+template<class T, std::size_t Count>
+bool ParseNumbers(std::string_view stored, std::array<T, Count>& values)
 {
     std::size_t taken = 0;
     const auto take = [&](std::string_view piece) {
-        return taken < count && ParseNumber(piece, values[taken++], 10);
+        return taken < Count && ParseNumber(piece, values[taken++], 10);
     };
-    return ForEachPiece(stored, take) && taken == count;
+    return ForEachPiece(stored, take) && taken == Count;
 }
 
-template<class... T>
-std::string JoinNumbers(T... values)
+template<class... TNumbers>
+std::string JoinNumbers(TNumbers... values)
 {
     std::string stored;
     ((stored += FormatNumber(values) + ","), ...);
@@ -106,10 +106,10 @@ bool ParseElement(std::string_view stored, std::size_t& at, CStr& element)
 bool ParseIniValue(std::string_view stored, bool& value)
 {
     const auto isStored = [stored](std::string_view word) { return EqualsAnyCase(stored, word); };
-    constexpr std::string_view yes[] = {"1", "true", "yes", "on"};
-    constexpr std::string_view no[] = {"0", "false", "no", "off"};
-    value = std::any_of(std::begin(yes), std::end(yes), isStored);
-    return value || std::any_of(std::begin(no), std::end(no), isStored);
+    constexpr std::string_view c_yes[] = {"1", "true", "yes", "on"};
+    constexpr std::string_view c_no[] = {"0", "false", "no", "off"};
+    value = std::any_of(std::begin(c_yes), std::end(c_yes), isStored);
+    return value || std::any_of(std::begin(c_no), std::end(c_no), isStored);
 }
 
 bool ParseIniValue(std::string_view stored, int& value)

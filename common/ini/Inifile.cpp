@@ -65,14 +65,14 @@ std::uint64_t MakeDocumentNumber() noexcept
 
 void WarnUnreadable(const CStr& section, std::u16string_view key, std::string_view stored)
 {
-    constexpr std::size_t mostShown = 80;
+    constexpr std::size_t c_mostShown = 80;
     Warn(u"Section \"" + section + u"\", key \"" + key + u"\": the value \"" +
-         FromWtf8(stored.substr(0, mostShown)) + u"\" cannot be read; its default is used");
+         FromWtf8(stored.substr(0, c_mostShown)) + u"\" cannot be read; its default is used");
 }
 
 // Runs `work`, which returns whether it succeeded; when it ran out of memory, that is the reason why not.
-template<class TWork>
-bool WithinMemory(CStr& reason, TWork&& work)
+template<class FWork>
+bool WithinMemory(CStr& reason, FWork&& work)
 {
     try {
         return work();

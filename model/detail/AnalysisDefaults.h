@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 /// What an analysis is called and starts with, its lists aside.
@@ -33,4 +33,4 @@ constexpr bool IsRoughness(EAnalysis analysis)
     return analysis == EAnalysis::Roughness || analysis == EAnalysis::RoughnessProfile;
 }
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

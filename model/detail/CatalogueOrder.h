@@ -8,13 +8,13 @@
 #include <utility>
 #include <vector>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 /// Puts parameters into the order of their catalogue; those that the catalogue lacks come behind it, and
 /// dynamic ones at the end, by their numbers.
-template<class E>
-void SortByCatalogue(std::vector<CParameter>& parameters, const CEnum<E>& catalogue)
+template<class T>
+void SortByCatalogue(std::vector<CParameter>& parameters, const CEnum<T>& catalogue)
 {
     std::map<int, int> ranks;
     for (const auto& row : catalogue)
@@ -28,4 +28,4 @@ void SortByCatalogue(std::vector<CParameter>& parameters, const CEnum<E>& catalo
     });
 }
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

@@ -8,7 +8,7 @@
 #include <span>
 #include <string_view>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 /// What a key of the earlier layout became.
@@ -37,4 +37,4 @@ std::optional<CStr> FindOldSection(CInifile& ini, EAnalysis analysis);
 /// Reads a unit that is stored as a text ("nm") or as the number of a unit factor.
 void ReadOldUnit(const CInifile& ini, const CStr& key, CUnit& unit);
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

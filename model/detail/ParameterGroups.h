@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 /// Numbers from `first` to `last` belong to the group whose name is the text `textId`.
@@ -34,4 +34,4 @@ std::span<const SGroupRow> GetStatisticKinds();
 std::vector<SParameterGroup> GroupByKind(const std::vector<CParameter>& entries,
                                          std::span<const SGroupRow> rows, int standard = 0);
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

@@ -2,7 +2,7 @@
 
 #include "model/Parameter.h"
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 /// Puts the values of an instance's variables in place of the template's letters, in both display texts:
@@ -10,4 +10,4 @@ namespace CommonUI::Detail
 /// not the template's stay.
 void NameByVariables(CParameter& instance, const CParameter& parent);
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

@@ -21,8 +21,8 @@ public:
 
     /// Sets the member function that a click calls. The object is not owned; the function may remove the item
     /// and destroy the grid.
-    template<class C>
-    void SetCallback(std::type_identity_t<C>& object, void (C::*method)(CGridButtonItem&))
+    template<class TObject>
+    void SetCallback(std::type_identity_t<TObject>& object, void (TObject::*method)(CGridButtonItem&))
     {
         m_slot.Set(MakeClosure(object, method));
     }

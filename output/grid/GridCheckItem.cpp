@@ -61,7 +61,7 @@ CStr CGridCheckItem::FormatItem() const
 
 CStr CGridCheckItem::GetSpokenText() const
 {
-    return IsHidden() ? CStr() : Detail::SpeakCheck({}, GetCheck());
+    return IsHidden() ? CStr() : SpeakCheck({}, GetCheck());
 }
 
 void CGridCheckItem::OnDrawValue(CGridPainter& painter, const SRect& rect) const

@@ -154,14 +154,15 @@ CStr CGridCtrl::SpeakHeader(std::size_t column) const
 
 int CGridCtrl::GetFittingWidth(std::size_t column) const
 {
-    constexpr int wide = 1 << 20;
+    constexpr int c_wide = 1 << 20;
     int width = GetView()->GetTextWidth(m_columns[column].header) + 4 * c_margin;
     for (std::size_t row = 0; row < std::min(m_shown.size(), c_fittedRows); ++row) {
         const auto item = GetItem({row, column});
         if (!item)
             continue;
-        const SRect place{0, 0, wide, GetRowHeight()};
-        int needed = GetView()->GetTextWidth(item->FormatItem()) + wide - item->GetTextRect(place).GetWidth();
+        const SRect place{0, 0, c_wide, GetRowHeight()};
+        int needed =
+            GetView()->GetTextWidth(item->FormatItem()) + c_wide - item->GetTextRect(place).GetWidth();
         if (m_hasTree && column == 0)
             needed += GetExpanderRect({row, 0}, {}).right;
         width = std::max(width, needed);

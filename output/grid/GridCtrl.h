@@ -49,8 +49,8 @@ public:
 
     /// Sets the member function that is called after the user has changed an item, with the item and its id.
     /// The object is not owned; the function may remove the item and destroy the grid.
-    template<class C>
-    void SetChangeCallback(std::type_identity_t<C>& object, void (C::*method)(CGridItem&, int))
+    template<class TObject>
+    void SetChangeCallback(std::type_identity_t<TObject>& object, void (TObject::*method)(CGridItem&, int))
     {
         m_changeSlot.Set(MakeClosure(object, method));
     }
@@ -83,13 +83,13 @@ protected:
 private:
     friend class CGridRow;
 
-    /// Rows have come or gone, or are shown or hidden.
+    // Rows have come or gone, or are shown or hidden.
     void RowsChanged();
-    /// A row has come below another one.
+    // A row has come below another one.
     void SubRowAdded(CGridRow& row);
     bool IsShown(const CGridRow& row) const noexcept;
     bool CanEdit(SGridCell cell) const;
-    /// An item has come or gone: an editor whose item is no longer in the grid is closed.
+    // An item has come or gone: an editor whose item is no longer in the grid is closed.
     void ItemsChanged();
     void ShowRows(const std::vector<std::unique_ptr<CGridRow>>& rows);
     SRect GetExpanderRect(SGridCell cell, const SRect& rect) const;

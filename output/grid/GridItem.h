@@ -130,7 +130,7 @@ private:
     friend class CGridRow;
     friend class CGridCtrl;
 
-    /// Keeps an item alive and pressed until the end of a block.
+    // Keeps an item alive and pressed until the end of a block.
     class COMMONUI_API CPressed
     {
     public:

@@ -11,20 +11,20 @@ constexpr SColor c_white{255, 255, 255};
 
 std::u16string_view NameOf(EGridBackground background)
 {
-    constexpr std::u16string_view names[] = {u"plain", u"selected", u"header", u"sub-header"};
-    return names[static_cast<int>(background)];
+    constexpr std::u16string_view c_names[] = {u"plain", u"selected", u"header", u"sub-header"};
+    return c_names[static_cast<int>(background)];
 }
 
 std::u16string_view NameOf(EGridAlign align)
 {
-    constexpr std::u16string_view names[] = {u"left", u"center", u"right"};
-    return names[static_cast<int>(align)];
+    constexpr std::u16string_view c_names[] = {u"left", u"center", u"right"};
+    return c_names[static_cast<int>(align)];
 }
 
 std::u16string_view NameOf(SGridButton::EKind kind)
 {
-    constexpr std::u16string_view names[] = {u"push", u"set-up", u"spin", u"drop"};
-    return names[static_cast<int>(kind)];
+    constexpr std::u16string_view c_names[] = {u"push", u"set-up", u"spin", u"drop"};
+    return c_names[static_cast<int>(kind)];
 }
 
 CStr NameOf(SColor color)
@@ -95,8 +95,8 @@ void CTextGridPainter::DrawFocus(const SRect& rect)
 
 SColor CTextGridPainter::GetStyleColor(EGridColor color) const
 {
-    constexpr SColor colors[] = {SColor{}, c_grey, c_white};
-    return colors[static_cast<int>(color)];
+    constexpr SColor c_colors[] = {SColor{}, c_grey, c_white};
+    return c_colors[static_cast<int>(color)];
 }
 
 CStr CTextGridPainter::GetLog() const

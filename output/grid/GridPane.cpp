@@ -316,14 +316,14 @@ void CGridPane::Drag(SPoint point)
 
 std::optional<std::size_t> CGridPane::FindEdge(SPoint point) const
 {
-    constexpr int reach = 4;
+    constexpr int c_reach = 4;
     if (point.y < 0 || point.y >= m_headerHeight)
         return std::nullopt;
     // From the right, so that a column without width is found and can be opened again.
     const auto find = [&](std::size_t first, std::size_t end, int shift) -> std::optional<std::size_t> {
         for (std::size_t column = end; column-- > first;) {
             const int edge = m_edges[column + 1] - shift;
-            if (std::abs(edge - point.x) <= reach && (shift == 0 || edge >= GetFrozenWidth()))
+            if (std::abs(edge - point.x) <= c_reach && (shift == 0 || edge >= GetFrozenWidth()))
                 return column;
         }
         return std::nullopt;

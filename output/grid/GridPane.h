@@ -97,8 +97,8 @@ public:
     void SelectAll();
     /// Sets the member function that is called after the user has selected something else. The object is not
     /// owned; the function may destroy the grid.
-    template<class C>
-    void SetSelectionCallback(std::type_identity_t<C>& object, void (C::*method)())
+    template<class TObject>
+    void SetSelectionCallback(std::type_identity_t<TObject>& object, void (TObject::*method)())
     {
         m_selectionSlot.Set(MakeClosure(object, method));
     }
@@ -180,14 +180,14 @@ private:
     std::size_t PageRows() const;
     void CutScrolling();
     void Changed();
-    /// Redraws and calls the selection callback. The grid may be gone afterwards.
+    // Redraws and calls the selection callback. The grid may be gone afterwards.
     void AnnounceSelection();
-    /// Extends the selection to the cell under the pointer, or by one cell towards a pointer outside of the
-    /// cells, so that a pointer held there scrolls.
+    // Extends the selection to the cell under the pointer, or by one cell towards a pointer outside of the
+    // cells, so that a pointer held there scrolls.
     void Drag(SPoint point);
-    /// The column whose right edge is under the pointer.
+    // The column whose right edge is under the pointer.
     std::optional<std::size_t> FindEdge(SPoint point) const;
-    /// @return whether an edge is under the pointer
+    // Returns whether an edge is under the pointer.
     bool PressEdge(unsigned int message, SPoint point);
     void Resize(std::size_t column, SPoint point);
     long long TopToShow(std::size_t row) const;

@@ -31,10 +31,10 @@ public:
     void Add(const std::shared_ptr<CGridItem>& item) { Set(m_items.size(), item); }
     void Set(std::size_t column, const std::shared_ptr<CGridItem>& item);
     /// Makes an item for the next column.
-    template<class TItem, class... A>
-    TItem& Emplace(A&&... arguments)
+    template<class TItem, class... TArgs>
+    TItem& Emplace(TArgs&&... arguments)
     {
-        auto item = std::make_shared<TItem>(std::forward<A>(arguments)...);
+        auto item = std::make_shared<TItem>(std::forward<TArgs>(arguments)...);
         Add(item);
         return *item;
     }

@@ -45,7 +45,7 @@ SRect CGridSetupItem::GetTextRect(const SRect& rect) const
 CStr CGridSetupItem::GetSpokenText() const
 {
     const CStr text = FormatItem();
-    return m_showCheckbox ? Detail::SpeakCheck(text, static_cast<EGridCheck>(m_state)) : text;
+    return m_showCheckbox ? SpeakCheck(text, static_cast<EGridCheck>(m_state)) : text;
 }
 
 void CGridSetupItem::OnDrawValue(CGridPainter& painter, const SRect& rect) const

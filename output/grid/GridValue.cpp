@@ -65,10 +65,10 @@ long long CGridValue::GetInteger() const noexcept
 {
     if (m_type != EGridValueType::R8)
         return m_integer;
-    constexpr double beyond = 0x1p63;
-    if (m_real >= beyond)
+    constexpr double c_beyond = 0x1p63;
+    if (m_real >= c_beyond)
         return std::numeric_limits<long long>::max();
-    if (m_real < -beyond)
+    if (m_real < -c_beyond)
         return std::numeric_limits<long long>::min();
     return std::isnan(m_real) ? 0 : static_cast<long long>(m_real);
 }

@@ -72,15 +72,15 @@ constexpr double c_decades[] = {0.1, 1, 10, 100, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
 
 const SDigitsRow& RowOf(int digits)
 {
-    constexpr int largest = static_cast<int>(std::size(c_rows));
-    return c_rows[(digits < 0 ? 6 : std::min(digits, largest)) - 1];
+    constexpr int c_largest = static_cast<int>(std::size(c_rows));
+    return c_rows[(digits < 0 ? 6 : std::min(digits, c_largest)) - 1];
 }
 
 std::u16string_view ZeroText(int digits)
 {
-    constexpr std::u16string_view zeros = u"0.00000000";
-    return digits >= 3 && digits <= 8 ? zeros.substr(0, static_cast<std::size_t>(digits) + 2)
-                                      : zeros.substr(0, 3);
+    constexpr std::u16string_view c_zeros = u"0.00000000";
+    return digits >= 3 && digits <= 8 ? c_zeros.substr(0, static_cast<std::size_t>(digits) + 2)
+                                      : c_zeros.substr(0, 3);
 }
 
 // An exponent form without leading blanks and without leading zeros in its exponent.

@@ -18,7 +18,7 @@ constexpr int c_padding = 2 * CGridPane::c_margin;
 
 std::vector<CStr> LinesOf(const CStr& text)
 {
-    return text.Split(Detail::c_lineEnd);
+    return text.Split(c_lineEnd);
 }
 
 } // namespace
@@ -94,8 +94,8 @@ CResultGridPane::SShownCell CResultGridPane::GetCell(SGridCell cell) const
         return {};
     const CGridBaseOutputCtrl::SRow& row = m_grid.GetRows()[cell.row];
     SShownCell shown{.text = m_grid.GetCellText(row, cell.column), .indent = row.indent};
-    if (Detail::HasReturn(shown.text))
-        shown.text = shown.text.Replace(Detail::c_lineEnd, u" ");
+    if (HasReturn(shown.text))
+        shown.text = shown.text.Replace(c_lineEnd, u" ");
     const bool header = cell.column == 0 && !IsSummary();
     shown.flags = (row.subHeader ? SCellInfo::SubHeader : 0U) | (header ? SCellInfo::RowHeader : 0U);
     shown.align = header || IsSummary() ? EGridAlign::Left : EGridAlign::Right;

@@ -72,7 +72,7 @@ private:
     const CStr& GetGroup(std::size_t column) const;
     SShownHeader GetColumnHeader(std::size_t column) const;
     SShownHeader GetGroupHeader(std::size_t column) const;
-    /// Selects in the table what is selected here.
+    // Selects in the table what is selected here.
     void MapSelection();
 
     CGridBaseOutputCtrl& m_grid;

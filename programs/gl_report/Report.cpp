@@ -33,7 +33,7 @@ public:
 
 private:
     CStr m_text;
-    CommonUI::CDiagnostics::CSink m_before;
+    CommonUI::CDiagnostics::FSink m_before;
 };
 
 // What the wrapper writes to the diagnostics, or a word that it writes nothing.

@@ -29,7 +29,7 @@ public:
 
 private:
     CommonUI::CStr m_text; ///< the last line
-    CommonUI::CDiagnostics::CSink m_previous;
+    CommonUI::CDiagnostics::FSink m_previous;
 };
 
 } // namespace SurfaceReport

@@ -18,6 +18,10 @@ namespace CommonUI
 namespace
 {
 
+constexpr int c_largerSteps = 10283;
+constexpr int c_smallerSteps = 10284;
+constexpr int c_stepKeys = 10285;
+
 // The text of the label whose buddy the widget is, without the mark of its mnemonic.
 QString FindLabelText(const QWidget& widget)
 {
@@ -45,9 +49,9 @@ CNumericEditWidget::CNumericEditWidget(QWidget* parent)
     // Without it the mnemonic of a label would not lead here.
     setFocusPolicy(m_field->focusPolicy());
     m_spin->setFocusProxy(m_field);
-    m_spin->setToolTip(ToQString(GetString(10285)));
-    AddStepSizeAction(CStepSizeBtn::EType::Larger, Qt::Key_PageUp, 10283);
-    AddStepSizeAction(CStepSizeBtn::EType::Smaller, Qt::Key_PageDown, 10284);
+    m_spin->setToolTip(ToQString(GetString(c_stepKeys)));
+    AddStepSizeAction(CStepSizeBtn::EType::Larger, Qt::Key_PageUp, c_largerSteps);
+    AddStepSizeAction(CStepSizeBtn::EType::Smaller, Qt::Key_PageDown, c_smallerSteps);
 }
 
 CNumericEditWidget::~CNumericEditWidget() = default;

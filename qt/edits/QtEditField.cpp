@@ -59,8 +59,8 @@ QSize CQtEditField::WithRoom(QSize size) const
 {
     // The least size has room for the frame and the widest character.
     const int frame = QLineEdit::minimumSizeHint().width() - fontMetrics().maxWidth();
-    constexpr int margins = 6; // of the text in the frame, and the caret
-    const int width = frame + fontMetrics().horizontalAdvance(m_longest) + margins;
+    constexpr int c_margins = 6; // of the text in the frame, and the caret
+    const int width = frame + fontMetrics().horizontalAdvance(m_longest) + c_margins;
     return size.expandedTo({std::min(width, 2 * QLineEdit::sizeHint().width()), 0});
 }
 

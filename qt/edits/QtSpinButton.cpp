@@ -14,6 +14,9 @@ namespace CommonUI
 namespace
 {
 
+constexpr int c_increase = 10281;
+constexpr int c_decrease = 10282;
+
 // A tool button that a slot may delete. Qt's own needs itself once more after it was released, for a menu
 // that it has not got here.
 class CArrowButton final : public QToolButton
@@ -37,7 +40,7 @@ protected:
 
 CQtSpinButton::CQtSpinButton(QWidget* parent)
     : QWidget(parent)
-    , m_buttons{MakeButton(Qt::UpArrow, 10281, 1), MakeButton(Qt::DownArrow, 10282, -1)}
+    , m_buttons{MakeButton(Qt::UpArrow, c_increase, 1), MakeButton(Qt::DownArrow, c_decrease, -1)}
 {
     // As high as the field beside it.
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);

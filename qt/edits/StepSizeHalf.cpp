@@ -12,6 +12,9 @@ namespace CommonUI
 namespace
 {
 
+constexpr int c_largerSteps = 10283;
+constexpr int c_smallerSteps = 10284;
+
 bool IsDark(const QPalette& palette)
 {
     return palette.color(QPalette::Window).lightness() < 128;
@@ -26,7 +29,7 @@ CStepSizeHalf::CStepSizeHalf(CStepSizeView& popup, QWidget& parent, CStepSizeBtn
 {
     const bool larger = type == CStepSizeBtn::EType::Larger;
     setText(larger ? QStringLiteral("\u00D710") : QStringLiteral("\u00F710"));
-    setAccessibleName(ToQString(GetString(larger ? 10283 : 10284)));
+    setAccessibleName(ToQString(GetString(larger ? c_largerSteps : c_smallerSteps)));
     setToolTip(accessibleName());
     setFocusPolicy(Qt::NoFocus);
     connect(this, &QAbstractButton::clicked, this, [this] {

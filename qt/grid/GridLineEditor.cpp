@@ -16,6 +16,9 @@ namespace CommonUI
 namespace
 {
 
+constexpr int c_increase = 10281;
+constexpr int c_decrease = 10282;
+
 // Lets only valid characters in. Blanks are the places of a mask that nothing has been typed at.
 class CCharacterValidator final : public QValidator
 {
@@ -100,7 +103,7 @@ void CGridLineEditor::AddArrows()
         arrow->setAutoRepeat(true);
         arrow->setFocusPolicy(Qt::NoFocus);
         arrow->setCursor(Qt::ArrowCursor);
-        arrow->setAccessibleName(ToQString(GetString(up ? 10281 : 10282)));
+        arrow->setAccessibleName(ToQString(GetString(up ? c_increase : c_decrease)));
         connect(arrow, &QToolButton::clicked, this, [this, up] { Step(up ? 1 : -1); });
         m_arrows[up ? 0 : 1] = arrow;
     }

@@ -20,9 +20,16 @@
 namespace CommonUI
 {
 
+namespace
+{
+
+constexpr int c_fitColumns = 10307;
+
+} // namespace
+
 CGridWidget::CGridWidget(QWidget* parent)
     : QAbstractScrollArea(parent)
-    , m_fitColumns(new QAction(ToQString(GetString(10307)), this))
+    , m_fitColumns(new QAction(ToQString(GetString(c_fitColumns)), this))
 {
     InstallGridAccessible();
     setFocusPolicy(Qt::StrongFocus);
@@ -136,10 +143,10 @@ void CGridWidget::resizeEvent(QResizeEvent* event)
 void CGridWidget::UpdateVerticalBar(const CGridPane& grid, int shown)
 {
     // A scroll bar counts in int, and adds a page to it.
-    constexpr long long most = 1 << 30;
+    constexpr long long c_most = 1 << 30;
     QScrollBar& bar = *verticalScrollBar();
     const long long height = grid.GetExtent().height;
-    m_rowsScale = height / most + 1;
+    m_rowsScale = height / c_most + 1;
     const auto toBar = [this](long long pixels) { return static_cast<int>(pixels / m_rowsScale); };
     bar.setSingleStep(std::max(toBar(grid.GetRowHeight()), 1));
     bar.setPageStep(std::max(toBar(shown - grid.GetHeaderHeight()), 1));

@@ -71,16 +71,16 @@ protected:
 private:
     int GetLineHeight() const;
     void UpdateFont();
-    /// Tells the grid whether keys go to it or its editor.
+    // Tells the grid whether keys go to it or its editor.
     void UpdateFocus();
     void UpdateCursor(SPoint point);
-    /// The left button is held no more, or its release will be somebody else's.
+    // The left button is held no more, or its release will be somebody else's.
     void ForgetPress();
     void UpdateVerticalBar(const CGridPane& grid, int shown);
     void UpdateHorizontalBar(const CGridPane& grid, int shown);
     void SendMouse(unsigned int message, SPoint point, Qt::KeyboardModifiers modifiers);
     void EndEdit(EGridEditEnd end);
-    /// Tells screen readers when the cell that has the focus says something else.
+    // Tells screen readers when the cell that has the focus says something else.
     void UpdateSpokenText(bool moved);
 
     CQtGridPainter::FImages m_images;

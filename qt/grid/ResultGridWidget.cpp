@@ -15,7 +15,15 @@
 namespace CommonUI
 {
 
+namespace
+{
+
 using SCellInfo = CGridBaseOutputCtrl::SCellInfo;
+
+// Of the first command; the others follow.
+constexpr int c_commands = 10301;
+
+} // namespace
 
 CResultGridWidget::CResultGridWidget(SCellInfo::ECellType type, QWidget* parent)
     : CResultGridWidget(std::make_unique<CGridBaseOutputCtrl>(type), parent)
@@ -36,7 +44,7 @@ CResultGridWidget::CResultGridWidget(CGridBaseOutputCtrl& table, QWidget* parent
     Attach(m_pane);
     m_pane.FitColumns();
     for (int command = 0; command < static_cast<int>(m_actions.size()); ++command)
-        AddCommand(static_cast<ECommand>(command), 10301 + command);
+        AddCommand(static_cast<ECommand>(command), c_commands + command);
     // The grid knows these keys itself.
     GetAction(ECommand::Copy).setShortcut(QKeySequence::Copy);
     GetAction(ECommand::SelectAll).setShortcut(QKeySequence::SelectAll);

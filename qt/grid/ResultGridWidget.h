@@ -50,7 +50,7 @@ private:
     void AddCommand(ECommand command, int textId);
     void Run(ECommand command);
     void CopyWhole(bool transpose) const;
-    /// Where the menu opens that was not asked for with the mouse.
+    // Where the menu opens that was not asked for with the mouse.
     QPoint GetMenuPlace() const;
 
     std::unique_ptr<CGridBaseOutputCtrl> m_owned;

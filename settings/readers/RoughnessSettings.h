@@ -2,7 +2,7 @@
 
 #include "../../common/ini/Inifile.h"
 #include "../../export/Export.h"
-#include "../../model/RoughnessPreferences.h"
+#include "../../model/RoughnessAnalysisPreferencesData.h"
 
 namespace CommonUI
 {

@@ -86,11 +86,11 @@ TEST_F(Diagnostics, EmptySinkRestoresStandardError)
 {
     std::ostringstream captured;
     std::streambuf* const before = std::cerr.rdbuf(captured.rdbuf());
-    const CDiagnostics::CSink own = m_diagnostics.SetSink({});
+    const CDiagnostics::FSink own = m_diagnostics.SetSink({});
     const CDiagnostics::CScope scope;
     m_diagnostics.Write(u"Inifile", EDiagnosticLevel::Warning, u"5 \u00b5m");
     m_diagnostics.Write(u"", EDiagnosticLevel::Info, u"a line feed of its own\n");
-    const CDiagnostics::CSink standard = m_diagnostics.SetSink(own);
+    const CDiagnostics::FSink standard = m_diagnostics.SetSink(own);
     std::cerr.rdbuf(before);
     EXPECT_TRUE(standard);
     EXPECT_EQ(captured.str(), "Inifile:   5 \xC2\xB5m\n  a line feed of its own\n");

@@ -316,7 +316,7 @@ TEST_F(GLStack, WhatThrowsDoesNotStopUndoing)
         FaultyDriver::FailBefore(2);
     }
     EXPECT_EQ(SGLState(), before);
-    CDiagnostics::CSink sink;
+    CDiagnostics::FSink sink;
     {
         COpenStack tracing;
         EXPECT_TRUE(c_windowCoord(tracing));

@@ -42,7 +42,7 @@ protected:
 private:
     CStr m_lines;
     CMessageBoxService* m_boxesBefore;
-    CDiagnostics::CSink m_sinkBefore;
+    CDiagnostics::FSink m_sinkBefore;
 };
 
 /// Runs on a real context with a picture of 300 by 200 pixels. Without a driver the tests are skipped, unless

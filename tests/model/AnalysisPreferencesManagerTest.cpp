@@ -82,16 +82,17 @@ TEST(AnalysisPreferencesManager, StoredKeysAreThoseOfTheGoldenFile)
     CManager loaded;
     CInifile again = PreferencesIni(golden, u"Analysis");
     EXPECT_TRUE(loaded.Load(again));
+    EXPECT_TRUE(loaded.Load(again)) << "what was added by the first time goes";
     EXPECT_TRUE(loaded.Save(again));
     EXPECT_TRUE(again.GetBytes() == golden);
 }
 
 TEST(AnalysisPreferencesManager, EqualListsInAnyOrderChangeNothing)
 {
-    using CSetter = bool (CManager::*)(EAnalysis, std::vector<CParameter>&);
+    using FSetter = bool (CManager::*)(EAnalysis, std::vector<CParameter>&);
     const struct {
         EChange kind;
-        CSetter set;
+        FSetter set;
         std::vector<CParameter> (CAnalysisPreferencesData::*get)() const;
     } rows[] = {
         {EChange::Parameters, &CManager::SetDataParameters, &CAnalysisPreferencesData::GetParameters},

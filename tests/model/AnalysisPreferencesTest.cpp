@@ -1,5 +1,4 @@
 #include "common/Exceptions.h"
-#include "common/StringTable.h"
 #include "tests/model/PreferencesTesting.h"
 
 #include <gtest/gtest.h>
@@ -36,22 +35,6 @@ void ChangeAll(CData& data)
         data.SetOutputOn(output.GetValue(), !output.IsOn());
 }
 
-bool SameLists(const std::vector<CParameter>& a, const std::vector<CParameter>& b)
-{
-    return std::ranges::equal(a, b, CParameter::IsEqual);
-}
-
-void ExpectSame(const CData& a, const CData& b)
-{
-    EXPECT_EQ(a.GetWriteToFile(), b.GetWriteToFile());
-    EXPECT_EQ(a.GetWriteToDB(), b.GetWriteToDB());
-    EXPECT_EQ(a.GetUnit(), b.GetUnit());
-    EXPECT_EQ(a.GetPreprocessingOption(), b.GetPreprocessingOption());
-    EXPECT_TRUE(SameLists(a.GetParameters(), b.GetParameters()));
-    EXPECT_TRUE(SameLists(a.GetStatistics(), b.GetStatistics()));
-    EXPECT_TRUE(SameLists(a.GetOutputs(), b.GetOutputs()));
-}
-
 std::vector<int> GroupedIDs(const std::vector<SParameterGroup>& groups)
 {
     std::vector<int> ids;
@@ -66,24 +49,12 @@ std::vector<int> GroupedIDs(const std::vector<SParameterGroup>& groups)
 
 } // namespace
 
-TEST(AnalysisPreferences, NamesAndDefaultsOfEveryAnalysis)
+TEST(AnalysisPreferences, DefaultsOfEveryAnalysisAreUsable)
 {
-    const struct {
-        const char16_t* iniName;
-        int textId;
-        int parameters;
-    } rows[] = {
-        {u"1DCalibration", 7219, 5},      {u"XYCalibration", 7220, 8},
-        {u"ZCalibration", 7221, 4},       {u"CrossCorrelation", 7222, 5},
-        {u"Linearity", 7223, 4},          {u"PlaneCorrection", 7224, 5},
-        {u"RoughnessAnalysis", 7784, 56}, {u"RoughnessProfileAnalysis", 7225, 84},
-        {u"TipAnalysis", 7226, 5},        {u"MeasureTools", 7372, 70},
-    };
+    CStr names;
     for (int i = 0; i < c_analysisCount; ++i) {
         const auto data = MakePreferences(EAnalysis{i});
-        EXPECT_EQ(data->GetININame(), rows[i].iniName);
-        EXPECT_EQ(data->GetFriendlyName(), GetString(rows[i].textId));
-        EXPECT_EQ(data->GetParameterIDs().size(), static_cast<std::size_t>(rows[i].parameters)) << i;
+        names += data->GetFriendlyName() + u"; ";
         EXPECT_TRUE(*data == EAnalysis{i});
         EXPECT_FALSE(data->IsModified());
         for (const auto& list : {data->GetParameters(), data->GetStatistics(), data->GetOutputs()}) {
@@ -98,6 +69,9 @@ TEST(AnalysisPreferences, NamesAndDefaultsOfEveryAnalysis)
             EXPECT_EQ(std::ranges::adjacent_find(keys), keys.end()) << "two entries share a key";
         }
     }
+    EXPECT_EQ(names, u"1D Calibration; X/Y Calibration; Z Calibration; Cross Correlation; Linearity; "
+                     u"Plane Correction; Image Roughness Analysis; Profile Roughness Analysis; Tip Analysis; "
+                     u"Particle & Pore Analysis and Measure Shapes; ");
 }
 
 TEST(AnalysisPreferences, WhatIsSavedIsLoaded)
@@ -113,10 +87,9 @@ TEST(AnalysisPreferences, WhatIsSavedIsLoaded)
         const auto loaded = MakePreferences(EAnalysis{i});
         EXPECT_TRUE(loaded->Load(ini));
         EXPECT_FALSE(loaded->IsModified());
-        ExpectSame(*loaded, *saved);
         EXPECT_EQ(SavedBytes(*loaded), ini.GetBytes());
         loaded->Reset();
-        ExpectSame(*loaded, *MakePreferences(EAnalysis{i}));
+        EXPECT_EQ(SavedBytes(*loaded), SavedBytes(*MakePreferences(EAnalysis{i})));
     }
 }
 
@@ -126,9 +99,8 @@ TEST(AnalysisPreferences, WhatCannotBeReadKeepsItsValue)
     CInifile ini = PreferencesIni("[A]\nWriteToFile=maybe\nPreprocessing=4\nCount_S_On=2\nMean_S_Value=nan\n"
                                   "ResultTable_O_On=\n");
     CData data(EAnalysis::CalibrationZ);
-    const CData before = data;
     EXPECT_TRUE(data.Load(ini));
-    ExpectSame(data, before);
+    EXPECT_EQ(SavedBytes(data), SavedBytes(*MakePreferences(EAnalysis::CalibrationZ)));
     EXPECT_EQ(warnings.GetCount(), 5);
 }
 

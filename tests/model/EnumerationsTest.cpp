@@ -20,8 +20,8 @@ std::string Describe(const CEnumValue<int>& value)
         .ToUtf8();
 }
 
-template<class E>
-std::string DescribeAll(const char* name, const CEnum<E>& values)
+template<class T>
+std::string DescribeAll(const char* name, const CEnum<T>& values)
 {
     std::string lines = "[" + std::string(name) + "]\n";
     for (const auto& value : values)

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cfloat>
-
 using namespace CommonUI;
 using CData = CGrainAnalysisPreferencesData;
 using EMeasure = EMeasureParameters;
@@ -20,25 +18,6 @@ TEST(GrainPreferences, QuantitiesHaveDimensionsLimitsAndAllHistograms)
     }
     EXPECT_EQ(data.GetParameter(static_cast<int>(EMeasure::Orientation)).GetUpperLimit(), 180);
     EXPECT_FALSE(CParameter::IsLimit(data.GetParameter(static_cast<int>(EMeasure::Length)).GetUpperLimit()));
-}
-
-TEST(GrainPreferences, HistogramsAreStoredUnderTheirKeys)
-{
-    CData saved;
-    const CParameter::SHistogramSetup setup = {{-1.5, 3e-9}, true, false, 7, 0};
-    EXPECT_TRUE(saved.SetHistogramSetup(EMeasure::MaxFeret, EHist::Volume, setup));
-    CInifile ini = PreferencesIni();
-    saved.Save(ini);
-    EXPECT_TRUE(ini.ReadBool(u"MaxFeret_HistVolume_MinOn", false));
-    EXPECT_FALSE(ini.ReadBool(u"MaxFeret_HistVolume_MaxOn", true));
-    EXPECT_EQ(ini.ReadDouble(u"MaxFeret_HistVolume_MinVal", 0), -1.5);
-    EXPECT_EQ(ini.ReadDouble(u"MaxFeret_HistVolume_MaxVal", 0), 3e-9);
-    EXPECT_EQ(ini.ReadInt(u"MaxFeret_HistVolume_Bins", 0), 7);
-    EXPECT_EQ(ini.ReadDouble(u"MaxFeret_HistArea_MaxVal", 0), DBL_MAX);
-    CData loaded;
-    loaded.Load(ini);
-    EXPECT_EQ(loaded.GetHistogramSetup(EMeasure::MaxFeret, EHist::Volume), setup);
-    EXPECT_EQ(SavedBytes(loaded), ini.GetBytes());
 }
 
 TEST(GrainPreferences, BadHistogramsAreRefused)

@@ -57,31 +57,6 @@ TEST(ParameterList, StoredKeysAreThoseOfTheGoldenFile)
     EXPECT_FALSE(list[2].IsOn()) << "a template is switched off in the caller's list, too";
 }
 
-TEST(ParameterList, ReadsBackWhatItWrote)
-{
-    std::vector<CParameter> saved = SampleList();
-    CInifile ini = PreferencesIni("");
-    SaveParameterList(saved, ini, EAnalysis::RoughnessProfile);
-    std::vector<CParameter> list = StaticList();
-    list.emplace_back(300, list[1]); // a dynamic parameter from before, which goes
-    LoadParameterList(list, ini, EAnalysis::RoughnessProfile);
-    ASSERT_EQ(list.size(), 5u);
-    EXPECT_EQ(ini.GetSection(), u"A");
-    EXPECT_TRUE(CParameter::IsEqual(list[0], saved[1]));
-    EXPECT_FALSE(list[1].IsOn());
-    EXPECT_EQ(list[3].GetValue(), 144);
-    EXPECT_EQ(list[3].GetBaseValue(), static_cast<int>(ERoughnessParameters::Sdc));
-    EXPECT_TRUE(list[3].IsOn());
-    EXPECT_EQ(list[3].GetVariable(0).GetVariableValue(), 2.5);
-    EXPECT_EQ(list[3].GetVariable(1).GetVariableValue(), 97.5);
-    EXPECT_EQ(list[4].GetValue(), 145);
-    EXPECT_EQ(list[4].GetIniName(), u"Acme Ra ");
-    EXPECT_EQ(list[4].GetFriendlyString(), u"Acme=Ra");
-    EXPECT_EQ(list[4].GetShortFriendlyString(), u"ARa");
-    EXPECT_EQ(list[4].GetDimension(), CParameter::EDimension::Volume);
-    EXPECT_FALSE(list[4].IsOn());
-}
-
 TEST(ParameterList, WithoutDynamicParametersTheirSectionIsEmpty)
 {
     std::vector<CParameter> list = StaticList();

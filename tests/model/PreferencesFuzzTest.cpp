@@ -1,20 +1,11 @@
-#include "model/AnalysisPreferencesManager.h"
 #include "tests/model/PreferencesTesting.h"
-#include "tests/TemporaryFolder.h"
 #include "tests/TestData.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <map>
 #include <random>
-
-#if !defined(_WIN32)
-#include <csignal>
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
 
 using namespace CommonUI;
 
@@ -162,77 +153,3 @@ TEST(PreferencesFuzz, MutatedFilesAreLoadedAndSaved)
     }
     EXPECT_GT(warnings.GetCount(), 1000);
 }
-
-#if !defined(_WIN32)
-
-namespace
-{
-
-// Saves one content and the other in turn until it is killed; says so, once it is about to begin.
-[[noreturn]] void SaveForever(const CStr& file, const std::string (&contents)[2], int started)
-{
-    CInifile ini;
-    ini.SetFileName(file);
-    const bool told = write(started, "x", 1) == 1;
-    for (unsigned i = 0; told; ++i) {
-        ini.LoadBytes(contents[i % 2]);
-        if (!ini.Save())
-            break;
-    }
-    _exit(1);
-}
-
-// Kills such a process at a random moment.
-void InterruptSaving(const CStr& file, const std::string (&contents)[2], std::chrono::microseconds moment)
-{
-    int ends[2];
-    ASSERT_EQ(pipe(ends), 0);
-    const pid_t process = fork();
-    ASSERT_GE(process, 0);
-    if (process == 0)
-        SaveForever(file, contents, ends[1]);
-    char byte = 0;
-    EXPECT_EQ(read(ends[0], &byte, 1), 1);
-    const auto end = std::chrono::steady_clock::now() + moment;
-    while (std::chrono::steady_clock::now() < end) {
-    }
-    EXPECT_EQ(kill(process, SIGKILL), 0);
-    int status = 0;
-    EXPECT_EQ(waitpid(process, &status, 0), process);
-    EXPECT_TRUE(WIFSIGNALED(status)) << "it stopped by itself";
-    close(ends[0]);
-    close(ends[1]);
-}
-
-std::string ManagerBytes(const CAnalysisPreferencesManager& manager)
-{
-    CInifile ini = PreferencesIni({}, u"Analysis");
-    manager.Save(ini);
-    return ini.GetBytes();
-}
-
-} // namespace
-
-TEST(PreferencesFuzz, InterruptedSavingLeavesTheOldFileOrTheNewOne)
-{
-    CAnalysisPreferencesManager manager;
-    const std::string before = ManagerBytes(manager);
-    manager.SetDataParameterOn(EAnalysis::Roughness, 0, false);
-    manager.SetDataPreprocessingNo(EAnalysis::Tip, 2);
-    const std::string contents[2] = {before + "; a comment\n", ManagerBytes(manager)};
-
-    const CTemporaryFolder folder;
-    folder.Write("preferences.ini", contents[1]);
-    const CStr file = (folder.GetPath() / "preferences.ini").u16string();
-    std::mt19937 random(1);
-    for (int round = 0; round < 400; ++round) {
-        InterruptSaving(file, contents, std::chrono::microseconds(random() % 3000));
-        const std::string found = folder.Read("preferences.ini");
-        ASSERT_TRUE(found == contents[0] || found == contents[1])
-            << round << ": " << found.size() << " bytes";
-    }
-    CInifile ini = PreferencesIni({}, u"Analysis");
-    EXPECT_TRUE(ini.Load(file) && manager.Load(ini) && manager.Save(ini) && ini.Save());
-}
-
-#endif

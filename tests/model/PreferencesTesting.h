@@ -1,8 +1,8 @@
 #pragma once
 
 #include "common/ini/Inifile.h"
-#include "model/GrainPreferences.h"
-#include "model/RoughnessPreferences.h"
+#include "model/GrainAnalysisPreferencesData.h"
+#include "model/RoughnessAnalysisPreferencesData.h"
 #include "tests/DiagnosticsCapture.h"
 
 #include <memory>

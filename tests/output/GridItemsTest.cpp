@@ -10,6 +10,7 @@
 
 #include "tests/output/GridHarness.h"
 
+#include <functional>
 #include <stdexcept>
 
 using namespace CommonUI;
@@ -256,33 +257,32 @@ TEST(GridItems, ButtonsArePressedWhileTheyCall)
 
 TEST(GridItems, CallbacksMayRemoveItemAndGrid)
 {
-    for (const bool destroy : {false, true}) {
-        for (const char* const how : {"set-up", "button", "space", "check", "edit"}) {
+    const struct {
+        SGridCell selected;
+        std::function<void(CGridHarness&)> act;
+        bool changes;
+    } cases[] = {
+        {{0, 0}, [](CGridHarness& harness) { harness.Press(90, 30); }, false},
+        {{0, 0}, [](CGridHarness& harness) { harness.Press(150, 30); }, false},
+        {{0, 1}, [](CGridHarness& harness) { harness.Key(EGridKey::Space); }, false},
+        {{0, 0}, [](CGridHarness& harness) { harness.Press(10, 30); }, true},
+        {{1, 0},
+         [](CGridHarness& harness) { harness.grid->BeginEdit() && harness.grid->EndEdit(u"b"); },
+         true},
+    };
+    for (const auto& row : cases) {
+        for (const bool destroy : {false, true}) {
             CGridHarness harness;
-            SListener listener{&harness};
-            listener.destroy = destroy;
-            listener.remove = !destroy;
-            CGridRow& row = harness.grid->AddRow();
-            row.Emplace<CGridSetupItem>(true).SetCallback(listener, &SListener::OnSetup);
-            row.Emplace<CGridButtonItem>(u"", 0, ~0u).SetCallback(listener, &SListener::OnButton);
+            SListener listener{.harness = &harness, .remove = !destroy, .destroy = destroy};
+            CGridRow& buttons = harness.grid->AddRow();
+            buttons.Emplace<CGridSetupItem>(true).SetCallback(listener, &SListener::OnSetup);
+            buttons.Emplace<CGridButtonItem>(u"", 0, ~0u).SetCallback(listener, &SListener::OnButton);
             harness.grid->AddRow().Emplace<CGridListItem>().SetOptions({u"a", u"b"});
             harness.destroyOnChange = true;
-            if (how == std::string("set-up")) {
-                harness.Press(90, 30);
-            } else if (how == std::string("button")) {
-                harness.Press(150, 30);
-            } else if (how == std::string("space")) {
-                harness.grid->SelectCell({0, 1});
-                EXPECT_TRUE(harness.Key(EGridKey::Space));
-            } else if (how == std::string("check")) {
-                harness.Press(10, 30);
-            } else {
-                harness.grid->SelectCell({1, 0});
-                EXPECT_TRUE(harness.Key(EGridKey::F2));
-                EXPECT_TRUE(harness.grid->EndEdit(u"b"));
-            }
-            const bool changed = how == std::string("check") || how == std::string("edit");
-            EXPECT_EQ(harness.grid == nullptr, destroy || changed) << how;
+            harness.grid->SelectCell(row.selected);
+            row.act(harness);
+            EXPECT_EQ(listener.calls, row.changes ? 0 : 1) << &row - cases;
+            EXPECT_EQ(harness.grid == nullptr, destroy || row.changes) << &row - cases;
         }
     }
 }

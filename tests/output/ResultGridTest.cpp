@@ -106,15 +106,6 @@ TEST(ResultGrid, WholeReport)
     EXPECT_EQ(CGrid::GenerateText(nullptr, nullptr, &statistics, false), u"Statistic\tRa\r\nMean\t2.5\r\n");
     EXPECT_EQ(CGrid::GenerateText(&summary, nullptr, nullptr, false), u"File: a.sdf\r\n");
     EXPECT_EQ(CGrid::GenerateText(&results, &summary, &results, false), u"") << "grids of the wrong kind";
-    CCells cells;
-    results.GetGridHeaders(cells, SCell::Results);
-    results.GetGridCells(cells, SCell::Results);
-    statistics.GetGridCells(cells, SCell::Statistics);
-    EXPECT_EQ(CGrid::GenerateHTMLTables(&summary, &results, &statistics, false),
-              u"<meta content=\"text/html; charset=utf-8\" http-equiv=\"Content-Type\" />\n" +
-                  CGrid::GenerateHTMLTableStyle() +
-                  CGrid::GenerateSummaryHTMLTable({{Cell(u"File"), Cell(u"a.sdf")}}) + u"<br>\n" +
-                  CGrid::GenerateResultsHTMLTable(cells));
 }
 
 TEST(ResultGrid, SelectionIsCutAndCopied)

@@ -70,11 +70,6 @@ TEST(ResultHtml, SectionsAndSpansAtTheEdges)
             "<THEAD>\n<TR><TH ROWSPAN=1 COLSPAN=12 style=\"text-align:center;\" class=\"mergedlast\">"));
 }
 
-TEST(ResultHtml, StyleSheetStandsAsItIs)
-{
-    EXPECT_EQ(CGrid::GenerateHTMLTableStyle().ToUtf8(), ReadTestData("result-style.html"));
-}
-
 TEST(Transpose, ColumnsBecomeRowsAndGroupsStandInFrontOfTheirMembers)
 {
     CCells cells = SampleTable();
@@ -89,20 +84,6 @@ TEST(Transpose, ColumnsBecomeRowsAndGroupsStandInFrontOfTheirMembers)
         {Cell(u"", c_corner), Cell(u"a"), Cell(u"b"), Cell(u"c"), Cell(u"d")}};
     CGrid::TransposeCells(twoGroups);
     EXPECT_EQ(Describe(twoGroups), "[ #28]\n[A]\n[a]\n[b]\n[B]\n[c]\n[d]\n");
-}
-
-TEST(Transpose, TwiceRestoresATableWithoutGroups)
-{
-    CCells cells = SampleTable();
-    cells.erase(cells.begin());
-    cells[0][2].text = u"Rq";
-    for (CGrid::CRow& row : cells)
-        row[2].columnSpan = 2;
-    const CCells before = cells;
-    CGrid::TransposeCells(cells);
-    EXPECT_EQ(cells[2][0].rowSpan, 2);
-    CGrid::TransposeCells(cells);
-    EXPECT_EQ(Describe(cells), Describe(before));
 }
 
 TEST(Transpose, CoveredCellsAddNoRow)

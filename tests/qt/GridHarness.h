@@ -14,9 +14,9 @@ namespace CommonUI
 /// A window with a grid widget, which has the keyboard's focus.
 template<class TWidget>
 struct SShownGrid {
-    template<class... A>
-    explicit SShownGrid(A&&... arguments)
-        : grid(new TWidget(std::forward<A>(arguments)..., &window))
+    template<class... TArgs>
+    explicit SShownGrid(TArgs&&... arguments)
+        : grid(new TWidget(std::forward<TArgs>(arguments)..., &window))
     {
         grid->resize(400, 240);
         window.resize(420, 260);

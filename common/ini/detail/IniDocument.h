@@ -77,16 +77,16 @@ private:
 
     enum class EKind : std::uint8_t { Filler, Malformed, Header, Key, Duplicate, Removed };
 
-    /// A line, or a run of filler lines.
+    // A line, or a run of filler lines.
     struct SRecord {
         std::uint32_t begin = 0;
-        std::uint32_t length = 0; ///< with the line end
-        std::uint32_t name = 0;   ///< of a key: where its name lies, in m_names when it is stored in quotes
-        std::uint32_t nameLength = 0;   ///< without blanks that are ornament
-        std::uint32_t value = 0;        ///< where the value of a key begins, with the blanks before it
-        std::uint32_t section = c_none; ///< of a header or key
-        std::uint32_t next = c_none;    ///< the next line of the file
-        std::uint32_t sibling = c_none; ///< of a key, a duplicate; of a header, the next one of the section
+        std::uint32_t length = 0;     // with the line end
+        std::uint32_t name = 0;       // of a key: where its name lies, in m_names when it is stored in quotes
+        std::uint32_t nameLength = 0; // without blanks that are ornament
+        std::uint32_t value = 0;      // where the value of a key begins, with the blanks before it
+        std::uint32_t section = c_none; // of a header or key
+        std::uint32_t next = c_none;    // the next line of the file
+        std::uint32_t sibling = c_none; // of a key, a duplicate; of a header, the next one of the section
         EKind kind = EKind::Filler;
         bool quoted = false;
     };
@@ -95,7 +95,7 @@ private:
         std::string name;
         std::uint32_t firstHeader = c_none;
         std::uint32_t lastHeader = c_none;
-        std::uint32_t last = c_none; ///< its last line that is no filler; new keys go behind it
+        std::uint32_t last = c_none; // its last line that is no filler; new keys go behind it
     };
 
     std::string_view TextOf(const SRecord& record) const
@@ -107,7 +107,7 @@ private:
         return std::string_view(record.quoted ? m_names : m_text).substr(record.name, record.nameLength);
     }
     std::string_view ValueOf(const SRecord& record) const;
-    /// Whether the blanks in front of the equals sign are ornament.
+    // Whether the blanks in front of the equals sign are ornament.
     static bool IsSpaced(const SRecord& record) noexcept
     {
         return !record.quoted && record.name + record.nameLength + 1 != record.value;
@@ -127,8 +127,8 @@ private:
     std::optional<std::string_view> FindValue(std::uint32_t section, std::u16string_view key,
                                               bool otherNames) const;
     std::uint32_t LastLineOf(std::uint32_t section) const;
-    template<class TVisit>
-    void VisitKeys(std::uint32_t section, TVisit&& visit) const;
+    template<class FVisit>
+    void VisitKeys(std::uint32_t section, FVisit&& visit) const;
 
     void Parse(std::string text);
     std::uint32_t AddRecord(std::size_t begin, CLineEnds::SLine ends, std::uint32_t section,

@@ -16,16 +16,16 @@ public:
     static constexpr std::uint32_t c_none = CIniIndex::c_none;
 
     /// The first number of the group for whose first number `matches` returns true, or c_none.
-    template<class TMatches>
-    std::uint32_t Find(std::uint32_t hash, TMatches&& matches) const
+    template<class FMatches>
+    std::uint32_t Find(std::uint32_t hash, FMatches&& matches) const
     {
         const std::uint32_t group = FindGroup(hash, matches);
         return group == c_none ? c_none : m_members[group].number;
     }
 
     /// Adds a number at the end of its group.
-    template<class TMatches>
-    void Add(std::uint32_t hash, std::uint32_t number, TMatches&& matches)
+    template<class FMatches>
+    void Add(std::uint32_t hash, std::uint32_t number, FMatches&& matches)
     {
         const std::uint32_t group = FindGroup(hash, matches);
         const auto added = static_cast<std::uint32_t>(m_members.size());
@@ -39,8 +39,8 @@ public:
     }
 
     /// Takes numbers out of the front of a group as long as `isGone` returns true for them.
-    template<class TMatches, class TIsGone>
-    void DropFront(std::uint32_t hash, TMatches&& matches, TIsGone&& isGone)
+    template<class FMatches, class FIsGone>
+    void DropFront(std::uint32_t hash, FMatches&& matches, FIsGone&& isGone)
     {
         const std::uint32_t group = FindGroup(hash, matches);
         std::uint32_t first = group;
@@ -64,12 +64,12 @@ public:
 private:
     struct SMember {
         std::uint32_t number;
-        std::uint32_t next; ///< the member after it, or c_none
-        std::uint32_t last; ///< of a first member, the last one
+        std::uint32_t next; // the member after it, or c_none
+        std::uint32_t last; // of a first member, the last one
     };
 
-    template<class TMatches>
-    std::uint32_t FindGroup(std::uint32_t hash, TMatches&& matches) const
+    template<class FMatches>
+    std::uint32_t FindGroup(std::uint32_t hash, FMatches&& matches) const
     {
         return m_groups.Find(hash, [&](std::uint32_t group) { return matches(m_members[group].number); });
     }

@@ -30,10 +30,10 @@ inline std::uint32_t LoadFour(const char16_t* at) noexcept
 template<class TUnit>
 std::uint32_t HashName(std::basic_string_view<TUnit> name, std::uint64_t key) noexcept
 {
-    constexpr std::uint64_t stretch = 0x9E3779B97F4A7C15;
+    constexpr std::uint64_t c_stretch = 0x9E3779B97F4A7C15;
     std::uint64_t sum = key ^ name.size();
     const auto mix = [&](std::uint32_t low, std::uint32_t high) {
-        key = (key ^ (key >> 29)) * stretch;
+        key = (key ^ (key >> 29)) * c_stretch;
         sum += std::uint64_t(std::uint32_t(low + key)) * std::uint32_t(high + (key >> 32));
     };
     const TUnit* at = name.data();
@@ -46,7 +46,7 @@ std::uint32_t HashName(std::basic_string_view<TUnit> name, std::uint64_t key) no
         const auto byte = [at](std::size_t i) { return std::uint32_t(static_cast<unsigned char>(at[i])); };
         mix(byte(0) | (byte(rest / 2) << 8) | (byte(rest - 1) << 16), 0);
     }
-    sum = (sum ^ (sum >> 32)) * stretch;
+    sum = (sum ^ (sum >> 32)) * c_stretch;
     return static_cast<std::uint32_t>(sum >> 32);
 }
 
@@ -58,8 +58,8 @@ public:
     static constexpr std::uint32_t c_none = 0xFFFFFFFF;
 
     /// The first number under `hash` for which `matches` returns true, or c_none.
-    template<class TMatches>
-    std::uint32_t Find(std::uint32_t hash, TMatches&& matches) const
+    template<class FMatches>
+    std::uint32_t Find(std::uint32_t hash, FMatches&& matches) const
     {
         if (m_entries.empty())
             return c_none;

@@ -3,7 +3,7 @@
 #include "common/StringTable.h"
 #include "output/grid/GridPainter.h"
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 /// A text with the state of the check box beside it, as a screen reader says it.
@@ -14,4 +14,4 @@ inline CStr SpeakCheck(const CStr& text, EGridCheck state)
     return text.IsEmpty() ? spoken : text + u", " + spoken;
 }
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <string_view>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 /// What separates the lines of a text and the pieces of a cell of several lines.
@@ -27,11 +27,11 @@ inline bool HasReturn(std::u16string_view text)
     // Zero in one of the four lanes, where the lane was a carriage return, borrows into the lane's highest
     // bit.
     const auto inFour = [text](std::size_t at) {
-        constexpr std::uint64_t ones = 0x0001000100010001;
+        constexpr std::uint64_t c_ones = 0x0001000100010001;
         std::uint64_t units = 0;
         std::memcpy(&units, text.data() + at, sizeof units);
-        units ^= ones * u'\r';
-        return ((units - ones) & ~units & (ones << 15)) != 0;
+        units ^= c_ones * u'\r';
+        return ((units - c_ones) & ~units & (c_ones << 15)) != 0;
     };
     for (std::size_t at = 0; at + 4 < text.size(); at += 4) {
         if (inFour(at))
@@ -41,8 +41,8 @@ inline bool HasReturn(std::u16string_view text)
 }
 
 /// Calls `visit` with every piece of a text between its line ends: at least one, which may be empty.
-template<class TVisit>
-void ForEachPiece(std::u16string_view text, TVisit visit)
+template<class FVisit>
+void ForEachPiece(std::u16string_view text, FVisit visit)
 {
     for (;;) {
         const std::size_t found = HasReturn(text) ? text.find(c_lineEnd) : std::u16string_view::npos;
@@ -57,9 +57,9 @@ void ForEachPiece(std::u16string_view text, TVisit visit)
 /// after every row.
 inline void ReserveByRows(CTextBuilder& text, std::size_t rowsDone, std::size_t rowCount)
 {
-    constexpr std::size_t enough = 8;
-    if (rowsDone == enough)
-        text.Reserve(text.GetLength() / enough * rowCount / 4 * 5);
+    constexpr std::size_t c_enough = 8;
+    if (rowsDone == c_enough)
+        text.Reserve(text.GetLength() / c_enough * rowCount / 4 * 5);
 }
 
 /// The cells of a report: those of the summary, and those of the results with the statistics below them.
@@ -74,4 +74,4 @@ struct SReportCells {
     bool HasNone() const { return summary.empty() && results.empty(); }
 };
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

@@ -34,10 +34,10 @@ std::size_t WidthOf(const CCells& cells)
 // A header of a column becomes one of a row and the other way round.
 std::uint32_t TurnedFlags(std::uint32_t flags)
 {
-    constexpr std::uint32_t both = SCellInfo::ColumnHeader | SCellInfo::RowHeader;
+    constexpr std::uint32_t c_both = SCellInfo::ColumnHeader | SCellInfo::RowHeader;
     const bool column = (flags & SCellInfo::ColumnHeader) != 0;
     const bool row = (flags & SCellInfo::RowHeader) != 0;
-    return (flags & ~both) | (row ? SCellInfo::ColumnHeader : 0U) | (column ? SCellInfo::RowHeader : 0U);
+    return (flags & ~c_both) | (row ? SCellInfo::ColumnHeader : 0U) | (column ? SCellInfo::RowHeader : 0U);
 }
 
 SCellInfo Turned(const SCellInfo& cell)

@@ -69,7 +69,7 @@ public:
     /// A group for each enabled standard of which there are parameters, in the order of
     /// GetAnalysisStandardsEnum, with groups by kind below it where the standard has several. Empty groups
     /// are left out.
-    std::vector<SParameterGroup> GetGroups(CGetter getter, bool all) const override;
+    std::vector<SParameterGroup> GetGroups(FGetter getter, bool all) const override;
     /// The groups of GetCurveGroups, and one of what shows results.
     std::vector<SParameterGroup> GetOutputGroups() const override;
     /// Adds a parameter under a new number.

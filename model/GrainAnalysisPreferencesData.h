@@ -41,7 +41,7 @@ public:
     std::unique_ptr<CAnalysisPreferencesData> Clone() const override;
     /// Groups by kind: size, volumes, heights, shape, position, neighbourhood. The catalogue's entry "None"
     /// is in no group.
-    std::vector<SParameterGroup> GetGroups(CGetter getter, bool all) const override;
+    std::vector<SParameterGroup> GetGroups(FGetter getter, bool all) const override;
     /// Plain statistics and weighted ones.
     std::vector<SParameterGroup> GetStatisticGroups() const override;
     /// The outputs in the groups of their quantities.

@@ -180,7 +180,7 @@ private:
         }
         m_html += m_opening;
         bool first = true;
-        Detail::ForEachPiece(cell.text, [&](std::u16string_view piece) {
+        ForEachPiece(cell.text, [&](std::u16string_view piece) {
             if (!first)
                 m_html += u"</nobr><br><nobr>";
             m_html += piece;
@@ -211,7 +211,7 @@ std::u16string_view SelectionStyle(bool header, bool rowName)
 CStr SelectionHtml(const CCells& cells, bool hasHeader, bool hasNames)
 {
     CTextBuilder html;
-    html += Detail::c_metaLine;
+    html += c_metaLine;
     html += c_style;
     html += u"<table>";
     for (const CRow& row : cells) {
@@ -289,7 +289,7 @@ CStr CGridBaseOutputCtrl::GenerateResultsHTMLTable(const CCells& cells, bool omi
         if (row == writer.GetSections().headerRows)
             html += u"</THEAD>\n<TBODY>\n";
         writer.Append(row);
-        Detail::ReserveByRows(html, row + 1, cells.size());
+        ReserveByRows(html, row + 1, cells.size());
     }
     html += u"</TBODY>\n</table>";
     return html.Take();
@@ -300,10 +300,10 @@ CStr CGridBaseOutputCtrl::GenerateHTMLTables(const CGridBaseOutputCtrl* summary,
                                              const CGridBaseOutputCtrl* statistics, bool transpose,
                                              bool omitColumnGroup)
 {
-    const Detail::SReportCells cells(summary, results, statistics, transpose);
+    const SReportCells cells(summary, results, statistics, transpose);
     if (cells.HasNone())
         return {};
-    CStr html(Detail::c_metaLine);
+    CStr html(c_metaLine);
     html += c_style;
     html += GenerateSummaryHTMLTable(cells.summary);
     if (cells.HasBoth())

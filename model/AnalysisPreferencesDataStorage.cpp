@@ -32,12 +32,12 @@ bool IsValueOf(const CParameter& statistic, double value)
 struct CAnalysisPreferencesData::SStored {
     using CData = CAnalysisPreferencesData;
 
-    static constexpr auto BeforeLists(const Detail::SAnalysisDefaults& defaults)
+    static constexpr auto BeforeLists(const SAnalysisDefaults& defaults)
     {
         return std::tuple{SPreference{u"WriteToFile", &CData::m_writeToFile, defaults.writeToFile},
                           SPreference{u"WriteToDB", &CData::m_writeToDB, defaults.writeToDB}};
     }
-    static constexpr auto BehindLists(const Detail::SAnalysisDefaults& defaults)
+    static constexpr auto BehindLists(const SAnalysisDefaults& defaults)
     {
         return std::tuple{SPreference{u"UnitString", &CData::m_unit, defaults.heightUnit},
                           SPreference{u"Preprocessing", &CData::m_preprocessing, defaults.preprocessing}};
@@ -50,22 +50,22 @@ struct CAnalysisPreferencesData::SStored {
             found->SetOn(ini.ReadBool(key, found->IsOn()));
     }
 
-    static void ReadOld(CData& data, const CInifile& ini, const Detail::SOldKey& row)
+    static void ReadOld(CData& data, const CInifile& ini, const SOldKey& row)
     {
         switch (row.target) {
-        case Detail::EOldTarget::WriteToFile:
+        case EOldTarget::WriteToFile:
             return ReadPreference(ini, row.key, data.m_writeToFile);
-        case Detail::EOldTarget::WriteToDB:
+        case EOldTarget::WriteToDB:
             return ReadPreference(ini, row.key, data.m_writeToDB);
-        case Detail::EOldTarget::HeightUnit:
-            return Detail::ReadOldUnit(ini, row.key, data.m_unit);
-        case Detail::EOldTarget::Preprocessing:
+        case EOldTarget::HeightUnit:
+            return ReadOldUnit(ini, row.key, data.m_unit);
+        case EOldTarget::Preprocessing:
             return ReadPreference(ini, row.key, data.m_preprocessing);
-        case Detail::EOldTarget::Parameter:
+        case EOldTarget::Parameter:
             return ReadOn(data.m_parameters, row.id, ini, row.key);
-        case Detail::EOldTarget::Output:
+        case EOldTarget::Output:
             return ReadOn(data.m_outputs, row.id, ini, row.key);
-        case Detail::EOldTarget::ReportOption:
+        case EOldTarget::ReportOption:
             return; // the roughness analyses, which alone have it, read it themselves
         }
     }
@@ -73,20 +73,20 @@ struct CAnalysisPreferencesData::SStored {
 
 void CAnalysisPreferencesData::Init()
 {
-    const Detail::SAnalysisDefaults* const defaults = Detail::FindAnalysisDefaults(m_analysis);
+    const SAnalysisDefaults* const defaults = FindAnalysisDefaults(m_analysis);
     if (!defaults)
         throw EInternal(u"AnalysisPreferencesData", __LINE__, u"CAnalysisPreferencesData::Init",
                         CStr::Format(u"Illegal Analysis value: %d", static_cast<int>(m_analysis)));
     InitPreferences(*this, SStored::BeforeLists(*defaults));
     InitPreferences(*this, SStored::BehindLists(*defaults));
-    m_parameters = Detail::MakeDefaultParameters(m_analysis);
-    m_statistics = Detail::MakeDefaultStatistics(m_analysis);
-    m_outputs = Detail::MakeDefaultOutputs(m_analysis);
+    m_parameters = MakeDefaultParameters(m_analysis);
+    m_statistics = MakeDefaultStatistics(m_analysis);
+    m_outputs = MakeDefaultOutputs(m_analysis);
 }
 
 bool CAnalysisPreferencesData::Save(CInifile& ini)
 {
-    const Detail::SAnalysisDefaults& defaults = *Detail::FindAnalysisDefaults(m_analysis);
+    const SAnalysisDefaults& defaults = *FindAnalysisDefaults(m_analysis);
     SavePreferences(*this, ini, SStored::BeforeLists(defaults));
     SaveParameters(m_parameters, ini, m_analysis);
     SaveStatistics(m_statistics, ini);
@@ -101,7 +101,7 @@ bool CAnalysisPreferencesData::Load(CInifile& ini)
     CBaseData::Load(ini, false);
     if (!ini.HasKey(u"WriteToFile") && LoadOld(ini))
         return true;
-    const Detail::SAnalysisDefaults& defaults = *Detail::FindAnalysisDefaults(m_analysis);
+    const SAnalysisDefaults& defaults = *FindAnalysisDefaults(m_analysis);
     LoadPreferences(*this, ini, SStored::BeforeLists(defaults));
     LoadParameters(m_parameters, ini, m_analysis);
     LoadStatistics(m_statistics, ini);
@@ -162,11 +162,11 @@ void CAnalysisPreferencesData::LoadOutput(std::vector<CParameter>& outputs, cons
 
 bool CAnalysisPreferencesData::LoadOld(CInifile& ini)
 {
-    const std::optional<CStr> section = Detail::FindOldSection(ini, m_analysis);
+    const std::optional<CStr> section = FindOldSection(ini, m_analysis);
     if (!section)
         return false;
     const CSectionScope scope(ini, *section);
-    for (const Detail::SOldKey& row : Detail::GetOldKeys()) {
+    for (const SOldKey& row : GetOldKeys()) {
         if (row.IsOf(m_analysis) && ini.HasKey(row.key))
             SStored::ReadOld(*this, ini, row);
     }

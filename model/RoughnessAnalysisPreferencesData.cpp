@@ -1,4 +1,4 @@
-#include "model/RoughnessPreferences.h"
+#include "model/RoughnessAnalysisPreferencesData.h"
 
 #include "common/ini/SectionScope.h"
 #include "model/detail/CatalogueOrder.h"
@@ -62,16 +62,16 @@ constexpr std::u16string_view c_barChartPrefix = u"BarChart_";
 constexpr auto BarChartTable(EAnalysis analysis)
 {
     using enum ERoughnessParameters;
-    constexpr CConfig byDefault;
+    constexpr CConfig c_byDefault;
     return std::tuple{
         SPreference{u"Parameter", &CConfig::parameter, analysis == EAnalysis::Roughness ? Sa : Iso4287Ra},
-        SPreference{u"BarCount", &CConfig::barCount, byDefault.barCount},
-        SPreference{u"AutoScale", &CConfig::autoScale, byDefault.autoScale},
-        SPreference{u"Lower", &CConfig::lower, byDefault.lower},
-        SPreference{u"Upper", &CConfig::upper, byDefault.upper},
-        SPreference{u"LimitsOn", &CConfig::limitsOn, byDefault.limitsOn},
-        SPreference{u"LowerLimit", &CConfig::lowerLimit, byDefault.lowerLimit},
-        SPreference{u"UpperLimit", &CConfig::upperLimit, byDefault.upperLimit}};
+        SPreference{u"BarCount", &CConfig::barCount, c_byDefault.barCount},
+        SPreference{u"AutoScale", &CConfig::autoScale, c_byDefault.autoScale},
+        SPreference{u"Lower", &CConfig::lower, c_byDefault.lower},
+        SPreference{u"Upper", &CConfig::upper, c_byDefault.upper},
+        SPreference{u"LimitsOn", &CConfig::limitsOn, c_byDefault.limitsOn},
+        SPreference{u"LowerLimit", &CConfig::lowerLimit, c_byDefault.lowerLimit},
+        SPreference{u"UpperLimit", &CConfig::upperLimit, c_byDefault.upperLimit}};
 }
 
 const CParameter* FindTemplate(const std::vector<CParameter>& parameters, int value)
@@ -133,19 +133,19 @@ bool CRoughnessAnalysisPreferencesData::Load(CInifile& ini)
         if (!parameter.HasParent())
             continue;
         if (const CParameter* parent = FindTemplate(ViewParameters(), parameter.GetParentValue()))
-            Detail::NameByVariables(parameter, *parent);
+            NameByVariables(parameter, *parent);
     }
     return true;
 }
 
 bool CRoughnessAnalysisPreferencesData::LoadOld(CInifile& ini)
 {
-    const std::optional<CStr> section = Detail::FindOldSection(ini, GetAnalysis());
+    const std::optional<CStr> section = FindOldSection(ini, GetAnalysis());
     if (!section || !CAnalysisPreferencesData::LoadOld(ini))
         return false;
     const CSectionScope scope(ini, *section);
-    for (const Detail::SOldKey& row : Detail::GetOldKeys()) {
-        if (row.target != Detail::EOldTarget::ReportOption || !row.IsOf(GetAnalysis()))
+    for (const SOldKey& row : GetOldKeys()) {
+        if (row.target != EOldTarget::ReportOption || !row.IsOf(GetAnalysis()))
             continue;
         const int number = ini.ReadInt(row.key, static_cast<int>(m_reportOption));
         if (GetRoughnessReportOptionEnum().Find(number) != GetRoughnessReportOptionEnum().end())
@@ -173,7 +173,7 @@ bool CRoughnessAnalysisPreferencesData::Assign(const CAnalysisPreferencesData& o
     return CAnalysisPreferencesData::Assign(other);
 }
 
-std::vector<SParameterGroup> CRoughnessAnalysisPreferencesData::GetGroups(CGetter getter, bool all) const
+std::vector<SParameterGroup> CRoughnessAnalysisPreferencesData::GetGroups(FGetter getter, bool all) const
 {
     std::vector<CParameter> entries;
     for (const SParameterGroup& group : CAnalysisPreferencesData::GetGroups(getter, all))
@@ -187,7 +187,7 @@ std::vector<SParameterGroup> CRoughnessAnalysisPreferencesData::GetGroups(CGette
         });
         if (group.parameters.empty() || !IsStandardEnabled(EAnalysisStandards{standard.GetValue()}))
             continue;
-        group.subGroups = Detail::GroupByKind(group.parameters, Detail::GetRoughnessKinds(), group.standard);
+        group.subGroups = GroupByKind(group.parameters, GetRoughnessKinds(), group.standard);
         if (!group.subGroups.empty())
             group.parameters.clear();
         groups.push_back(std::move(group));
@@ -197,16 +197,16 @@ std::vector<SParameterGroup> CRoughnessAnalysisPreferencesData::GetGroups(CGette
 
 std::vector<SParameterGroup> CRoughnessAnalysisPreferencesData::GetCurveGroups() const
 {
-    return Detail::GroupByKind(ViewOutputs(), Detail::GetRoughnessCurveKinds());
+    return GroupByKind(ViewOutputs(), GetRoughnessCurveKinds());
 }
 
 std::vector<SParameterGroup> CRoughnessAnalysisPreferencesData::GetOutputGroups() const
 {
-    constexpr int results = 9782;
-    constexpr Detail::SGroupRow row = {static_cast<int>(ERoughnessOutputs::RoughnessChart),
-                                       static_cast<int>(ERoughnessOutputs::ResultMainImage), results};
+    constexpr int c_results = 9782;
+    constexpr SGroupRow c_row = {static_cast<int>(ERoughnessOutputs::RoughnessChart),
+                                 static_cast<int>(ERoughnessOutputs::ResultMainImage), c_results};
     std::vector<SParameterGroup> groups = GetCurveGroups();
-    for (SParameterGroup& group : Detail::GroupByKind(ViewOutputs(), {&row, 1}))
+    for (SParameterGroup& group : GroupByKind(ViewOutputs(), {&c_row, 1}))
         groups.push_back(std::move(group));
     return groups;
 }
@@ -226,7 +226,7 @@ int CRoughnessAnalysisPreferencesData::AddParameter(int parent, const CParameter
     added.SetOn(parameter.IsOn());
     added.SetUnitFactor(parameter.GetUnitFactor());
     added.SetFloatFormat(parameter.GetFloatFormat());
-    Detail::NameByVariables(added, *found);
+    NameByVariables(added, *found);
     SetParameter(added.GetValue(), added);
     return added.GetValue();
 }
@@ -252,7 +252,7 @@ bool CRoughnessAnalysisPreferencesData::SetParameters(const std::vector<CParamet
         if (parameter.IsTemplate())
             parameter.SetOn(false);
     }
-    Detail::SortByCatalogue(EditParameters(), GetRoughnessParametersEnum());
+    SortByCatalogue(EditParameters(), GetRoughnessParametersEnum());
     return true;
 }
 

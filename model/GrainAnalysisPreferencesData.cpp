@@ -1,4 +1,4 @@
-#include "model/GrainPreferences.h"
+#include "model/GrainAnalysisPreferencesData.h"
 
 #include "model/detail/CatalogueOrder.h"
 #include "model/detail/ParameterGroups.h"
@@ -55,8 +55,8 @@ bool IsClassCount(int count)
 
 // Calls `visit` with the name of each stored histogram of each quantity, its parameter and its index. Added
 // parameters share their key with their quantity, so theirs are not stored.
-template<class TList, class TVisit>
-void ForEachHistogram(TList& parameters, TVisit visit)
+template<class TList, class FVisit>
+void ForEachHistogram(TList& parameters, FVisit visit)
 {
     for (auto& parameter : parameters) {
         if (parameter.HasParent())
@@ -122,20 +122,20 @@ std::unique_ptr<CAnalysisPreferencesData> CGrainAnalysisPreferencesData::Clone()
     return std::make_unique<CGrainAnalysisPreferencesData>(*this);
 }
 
-std::vector<SParameterGroup> CGrainAnalysisPreferencesData::GetGroups(CGetter getter, bool all) const
+std::vector<SParameterGroup> CGrainAnalysisPreferencesData::GetGroups(FGetter getter, bool all) const
 {
     const std::vector<SParameterGroup> ungrouped = CAnalysisPreferencesData::GetGroups(getter, all);
-    return Detail::GroupByKind(ungrouped.front().parameters, Detail::GetMeasureKinds());
+    return GroupByKind(ungrouped.front().parameters, GetMeasureKinds());
 }
 
 std::vector<SParameterGroup> CGrainAnalysisPreferencesData::GetStatisticGroups() const
 {
-    return Detail::GroupByKind(ViewStatistics(), Detail::GetStatisticKinds());
+    return GroupByKind(ViewStatistics(), GetStatisticKinds());
 }
 
 std::vector<SParameterGroup> CGrainAnalysisPreferencesData::GetOutputGroups() const
 {
-    return Detail::GroupByKind(ViewOutputs(), Detail::GetMeasureKinds());
+    return GroupByKind(ViewOutputs(), GetMeasureKinds());
 }
 
 int CGrainAnalysisPreferencesData::AddParameter(int parent, const CParameter& parameter)
@@ -154,7 +154,7 @@ int CGrainAnalysisPreferencesData::AddParameter(int parent, const CParameter& pa
 bool CGrainAnalysisPreferencesData::SetParameters(const std::vector<CParameter>& parameters)
 {
     CAnalysisPreferencesData::SetParameters(parameters);
-    Detail::SortByCatalogue(EditParameters(), GetMeasureParametersEnum());
+    SortByCatalogue(EditParameters(), GetMeasureParametersEnum());
     return true;
 }
 

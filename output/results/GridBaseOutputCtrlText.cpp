@@ -14,11 +14,10 @@ namespace
 
 using CRow = CGridBaseOutputCtrl::CRow;
 using SCellInfo = CGridBaseOutputCtrl::SCellInfo;
-using Detail::c_lineEnd;
 
 // Writes one physical line of a row, whose texts `textOf` gives by the index of the cell.
-template<class TTextOf>
-void AppendLine(CTextBuilder& text, const CRow& row, TTextOf textOf)
+template<class FTextOf>
+void AppendLine(CTextBuilder& text, const CRow& row, FTextOf textOf)
 {
     for (std::size_t i = 0; i < row.size(); ++i) {
         if (i != 0 && row[i].columnSpan >= 1)
@@ -34,7 +33,7 @@ void AppendWrappedRow(CTextBuilder& text, const CRow& row)
     std::vector<std::vector<std::u16string_view>> pieces(row.size());
     std::size_t lines = 1;
     for (std::size_t i = 0; i < row.size(); ++i) {
-        Detail::ForEachPiece(row[i].text, [&](std::u16string_view piece) { pieces[i].push_back(piece); });
+        ForEachPiece(row[i].text, [&](std::u16string_view piece) { pieces[i].push_back(piece); });
         lines = std::max(lines, pieces[i].size());
     }
     for (std::size_t line = 0; line < lines; ++line) {
@@ -46,7 +45,7 @@ void AppendWrappedRow(CTextBuilder& text, const CRow& row)
 
 void AppendRow(CTextBuilder& text, const CRow& row)
 {
-    if (std::ranges::any_of(row, [](const SCellInfo& cell) { return Detail::HasReturn(cell.text); }))
+    if (std::ranges::any_of(row, [](const SCellInfo& cell) { return HasReturn(cell.text); }))
         AppendWrappedRow(text, row);
     else
         AppendLine(text, row, [&row](std::size_t i) { return row[i].text.View(); });
@@ -54,9 +53,8 @@ void AppendRow(CTextBuilder& text, const CRow& row)
 
 } // namespace
 
-Detail::SReportCells::SReportCells(const CGridBaseOutputCtrl* summaryGrid,
-                                   const CGridBaseOutputCtrl* resultsGrid,
-                                   const CGridBaseOutputCtrl* statisticsGrid, bool transpose)
+SReportCells::SReportCells(const CGridBaseOutputCtrl* summaryGrid, const CGridBaseOutputCtrl* resultsGrid,
+                           const CGridBaseOutputCtrl* statisticsGrid, bool transpose)
 {
     if (summaryGrid)
         summaryGrid->GetGridCells(summary, SCellInfo::Summary);
@@ -94,7 +92,7 @@ CStr CGridBaseOutputCtrl::GenerateResultsText(const CCells& cells)
     CTextBuilder text;
     for (std::size_t row = 0; row < cells.size(); ++row) {
         AppendRow(text, cells[row]);
-        Detail::ReserveByRows(text, row + 1, cells.size());
+        ReserveByRows(text, row + 1, cells.size());
     }
     return text.Take();
 }
@@ -102,7 +100,7 @@ CStr CGridBaseOutputCtrl::GenerateResultsText(const CCells& cells)
 CStr CGridBaseOutputCtrl::GenerateText(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* results,
                                        const CGridBaseOutputCtrl* statistics, bool transpose)
 {
-    const Detail::SReportCells cells(summary, results, statistics, transpose);
+    const SReportCells cells(summary, results, statistics, transpose);
     CStr text = GenerateSummaryText(cells.summary);
     if (cells.HasBoth())
         text += c_lineEnd;
