@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../export/Export.h"
+#include "Service.h"
 
 #include <functional>
 #include <map>
@@ -27,6 +28,9 @@ public:
     /// @param name such as "wglGetExtensionsStringARB"
     /// @return null when the driver of the current context does not offer the function
     virtual FProcedure GetProcedure(const char* name) = 0;
+
+    /// Which one the process uses: see CServiceScope.
+    static CCurrentService<CGLEntryPoints> s_current;
 };
 
 /// Entry points from a table, for machines without the window system and for tests.
@@ -53,9 +57,5 @@ COMMONUI_API CGLEntryPoints& GetSystemGLEntryPoints();
 
 /// The entry points that the library uses: GetSystemGLEntryPoints() unless others were set.
 COMMONUI_API CGLEntryPoints& GetGLEntryPoints();
-
-/// Sets the entry points and returns those before. They are not owned and must outlive their use; null stands
-/// for GetSystemGLEntryPoints().
-COMMONUI_API CGLEntryPoints* SetGLEntryPoints(CGLEntryPoints* entryPoints);
 
 } // namespace CommonUI

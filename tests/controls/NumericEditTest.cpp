@@ -36,11 +36,6 @@ public:
         edit->SetChangeNotification(*this, &CStage::OnChange);
         view.SetFocus(true);
     }
-    ~CStage()
-    {
-        edit.reset();
-        SetMessageBoxService(m_previousBoxes);
-    }
     void OnChange(T value)
     {
         changes.push_back(value);
@@ -81,8 +76,10 @@ public:
             EXPECT_EQ(CountBeeps(), ++beeps) << CStr(text).ToUtf8();
         }
     }
-    std::size_t CountBeeps() const { return m_boxes.GetBeeps().size(); }
+    std::size_t CountBeeps() const { return boxes.GetBeeps().size(); }
 
+    CMemoryMessageBoxService boxes;
+    CServiceScope<CMessageBoxService> boxesScope{boxes};
     CMemoryEditView view;
     std::unique_ptr<TEdit> edit = std::make_unique<TEdit>();
     std::vector<T> changes;
@@ -91,10 +88,6 @@ public:
     std::function<void(T)> onChange;
     std::function<bool(T)> onValidate;
     CDiagnosticsCapture warnings;
-
-private:
-    CMemoryMessageBoxService m_boxes;
-    CMessageBoxService* m_previousBoxes = SetMessageBoxService(&m_boxes);
 };
 
 using CIntStage = CStage<CIntEdit, int>;

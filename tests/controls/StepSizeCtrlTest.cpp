@@ -31,11 +31,6 @@ public:
         popup->SetView(&view);
         popup->SetCallback(*this, &StepSizeCtrl::OnStepSize);
     }
-    ~StepSizeCtrl() override
-    {
-        popup.reset();
-        SetTimerService(m_previous);
-    }
     void OnStepSize(int delta)
     {
         deltas.push_back(delta);
@@ -50,14 +45,12 @@ public:
     }
 
     CLateService service;
+    CServiceScope<CTimerService> scope{service};
     CUpDown spin;
     CMemorySpinView spinView;
     CMemoryStepSizeView view;
     std::unique_ptr<CStepSizeCtrl> popup = std::make_unique<CStepSizeCtrl>(spin);
     std::vector<int> deltas;
-
-private:
-    CTimerService* m_previous = SetTimerService(&service);
 };
 
 } // namespace

@@ -38,11 +38,6 @@ class Timer : public testing::Test
 {
 public:
     Timer() { timer->SetCallback(*this, &Timer::OnTick); }
-    ~Timer() override
-    {
-        timer.reset();
-        SetTimerService(m_previous);
-    }
     void OnTick(CBaseTimer&)
     {
         ++ticks;
@@ -52,13 +47,11 @@ public:
     void OnOtherTick(CBaseTimer&) { ++otherTicks; }
 
     CTestService service;
+    CServiceScope<CTimerService> scope{service};
     std::unique_ptr<CWinTimer> timer = std::make_unique<CWinTimer>(30U);
     void (*action)(Timer&) = nullptr;
     int ticks = 0;
     int otherTicks = 0;
-
-private:
-    CTimerService* m_previous = SetTimerService(&service);
 };
 
 } // namespace

@@ -12,18 +12,12 @@ namespace CommonUI
 class CDialogTest : public testing::Test
 {
 public:
-    ~CDialogTest() override
-    {
-        SetTimerService(m_timersBefore);
-        SetMessageLoop(m_loopBefore);
-    }
-
     CMemoryMessageLoop loop;
     CManualTimerService timers;
 
 private:
-    CMessageLoop* m_loopBefore = SetMessageLoop(&loop);
-    CTimerService* m_timersBefore = SetTimerService(&timers);
+    CServiceScope<CMessageLoop> m_loopScope{loop};
+    CServiceScope<CTimerService> m_timersScope{timers};
 };
 
 } // namespace CommonUI

@@ -62,7 +62,7 @@ TEST_F(ProgressThreadDialog, WorkThatEndsAtOnceIsNeverSeen)
         bool SetPriority(int given) override { return (priority = given) != 0; }
         int priority = 0;
     } service;
-    CThreadService* const before = SetThreadService(&service);
+    const CServiceScope<CThreadService> scope(service);
     bool isModal = false;
     bool isVisible = false;
     work = [&] {
@@ -72,7 +72,6 @@ TEST_F(ProgressThreadDialog, WorkThatEndsAtOnceIsNeverSeen)
         });
     };
     EXPECT_EQ(dialog->DoModal(), 1);
-    SetThreadService(before);
     EXPECT_EQ(service.priority, 15);
     EXPECT_TRUE(isModal && !isVisible);
     EXPECT_FALSE(view.IsVisible() || view.IsModal() || dialog->IsCanceled());

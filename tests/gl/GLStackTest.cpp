@@ -302,7 +302,7 @@ TEST_F(GLStack, WhatThrowsDoesNotStopUndoing)
     {
         EMessageBoxAnswer Show(const SMessageBox&) override { throw std::runtime_error("closed"); }
     } boxes;
-    SetMessageBoxService(&boxes);
+    const CServiceScope<CMessageBoxService> scope(boxes);
     glMatrixMode(GL_PROJECTION);
     const SGLState before;
     FaultyDriver::FailBefore(4);

@@ -10,9 +10,6 @@ namespace
 class OpenGLReports : public CContextTest
 {
 protected:
-    OpenGLReports() { SetGLEntryPoints(&m_entryPoints); }
-    ~OpenGLReports() override { SetGLEntryPoints(nullptr); }
-
     // The lines of a report, which all are of one kind.
     std::string TakeReport()
     {
@@ -28,6 +25,7 @@ protected:
     static std::string Text(GLenum name) { return reinterpret_cast<const char*>(glGetString(name)); }
 
     CTableGLEntryPoints m_entryPoints;
+    CServiceScope<CGLEntryPoints> m_entryPointsScope{m_entryPoints};
 };
 
 const char* GetExtensionsOf(HDC hdc)

@@ -37,9 +37,7 @@ protected:
         m_entryPoints.Set("wglGetExtensionsStringARB", GetExtensions);
         for (const char* name : c_names)
             m_entryPoints.Set(name, AnyFunction);
-        SetGLEntryPoints(&m_entryPoints);
     }
-    ~WglExtensions() override { SetGLEntryPoints(nullptr); }
 
     // Which of the two extensions are held after a check.
     std::pair<bool, bool> Check()
@@ -52,6 +50,7 @@ protected:
     }
 
     CTableGLEntryPoints m_entryPoints;
+    CServiceScope<CGLEntryPoints> m_entryPointsScope{m_entryPoints};
     COpenGLWrapper m_wrapper;
 };
 

@@ -101,7 +101,6 @@ TEST(ConsoleTimerService, MakesUpForMissedTicksWithOne)
 
 TEST(ConsoleTimerService, RunsUntilNoTimerIsLeft)
 {
-    CTimerService* const before = SetTimerService(nullptr);
     EXPECT_EQ(&GetTimerService(), &GetConsoleTimerService());
     int count = 0;
     s_action = [&](auto identifier) {
@@ -111,5 +110,4 @@ TEST(ConsoleTimerService, RunsUntilNoTimerIsLeft)
     GetTimerService().Create(0, OnTick);
     GetConsoleTimerService().RunUntilIdle();
     EXPECT_EQ(count, 3);
-    SetTimerService(before);
 }

@@ -38,9 +38,7 @@ class NumericEditWidget : public testing::Test
 {
 public:
     NumericEditWidget()
-        : m_oldTimers(SetTimerService(&m_timers))
-        , m_oldBoxes(SetMessageBoxService(&m_boxes))
-        , m_dialog(std::make_unique<QDialog>())
+        : m_dialog(std::make_unique<QDialog>())
         , m_cutoff(new CFloatEditWidget)
         , m_count(new CIntEditWidget)
     {
@@ -58,12 +56,6 @@ public:
         EXPECT_TRUE(QTest::qWaitForWindowActive(m_dialog.get()));
         Field().setFocus();
         m_changes.clear();
-    }
-    ~NumericEditWidget() override
-    {
-        m_dialog.reset();
-        SetMessageBoxService(m_oldBoxes);
-        SetTimerService(m_oldTimers);
     }
 
     QLineEdit& Field() const { return m_cutoff->GetField(); }
@@ -94,9 +86,9 @@ public:
     }
 
     CManualTimerService m_timers;
+    CServiceScope<CTimerService> m_timersScope{m_timers};
     CMemoryMessageBoxService m_boxes;
-    CTimerService* m_oldTimers;
-    CMessageBoxService* m_oldBoxes;
+    CServiceScope<CMessageBoxService> m_boxesScope{m_boxes};
     std::unique_ptr<QDialog> m_dialog;
     QPointer<CFloatEditWidget> m_cutoff;
     QPointer<CIntEditWidget> m_count;
