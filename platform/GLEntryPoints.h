@@ -41,8 +41,8 @@ public:
 
     /// Offers a function under a name, in place of one that had it before. Its type must be the one that goes
     /// with the name.
-    template<class Result, class... Args>
-    void Set(std::string_view name, Result (*function)(Args...))
+    template<class TResult, class... TArgs>
+    void Set(std::string_view name, TResult (*function)(TArgs...))
     {
         m_procedures.insert_or_assign(std::string(name), reinterpret_cast<FProcedure>(function));
     }

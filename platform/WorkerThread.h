@@ -60,7 +60,7 @@ public:
 private:
     FEntry m_entry;
     int m_priority;
-    std::shared_ptr<CThreadQueue> m_queue; ///< until the thread has it
+    std::shared_ptr<CThreadQueue> m_queue; // until the thread has it
     unsigned long m_identifier;
     unsigned long m_exitCode = 0;
     std::thread m_thread;

@@ -24,7 +24,7 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    std::map<int, FProcedure> m_procedures; ///< by Qt's number of the timer
+    std::map<int, FProcedure> m_procedures; // by Qt's number of the timer
 };
 
 } // namespace CommonUI
