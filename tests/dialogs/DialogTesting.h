@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ManualTimerService.h"
 #include "platform/MemoryMessageLoop.h"
+#include "tests/CountedTimers.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ class CDialogTest : public testing::Test
 {
 public:
     CMemoryMessageLoop loop;
-    CManualTimerService timers;
+    CCountedTimers timers;
 
 private:
     CServiceScope<CMessageLoop> m_loopScope{loop};

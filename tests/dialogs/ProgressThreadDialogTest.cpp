@@ -75,7 +75,7 @@ TEST_F(ProgressThreadDialog, WorkThatEndsAtOnceIsNeverSeen)
     EXPECT_EQ(service.priority, 15);
     EXPECT_TRUE(isModal && !isVisible);
     EXPECT_FALSE(view.IsVisible() || view.IsModal() || dialog->IsCanceled());
-    EXPECT_EQ(timers.GetTimerCount(), 0U);
+    EXPECT_EQ(timers.GetTimerCount(), 0);
 }
 
 TEST_F(ProgressThreadDialog, WorkThatNeverReportsIsSeenAfterTwoSeconds)
@@ -304,5 +304,5 @@ TEST_F(ProgressThreadDialog, DialogMayBeDestroyedInItsOwnLoop)
     EXPECT_TRUE(isWorkCanceled);
     EXPECT_EQ(steps, 1);
     loop.Pump();
-    EXPECT_EQ(timers.GetTimerCount(), 0U);
+    EXPECT_EQ(timers.GetTimerCount(), 0);
 }
