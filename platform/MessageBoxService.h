@@ -77,7 +77,6 @@ public:
     void Prepare(EMessageBoxAnswer answer) { m_answers.push_back(answer); }
     /// What was shown, the oldest first.
     const std::vector<SMessageBox>& GetShown() const noexcept { return m_shown; }
-    void ClearShown() noexcept { m_shown.clear(); }
     /// The icons of the sounds that were made, the oldest first.
     const std::vector<unsigned int>& GetBeeps() const noexcept { return m_beeps; }
 
