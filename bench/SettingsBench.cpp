@@ -22,6 +22,7 @@ class CCustomFolder
 public:
     explicit CCustomFolder(std::int64_t files)
         : m_path(fs::temp_directory_path() / ("commonui-bench-" + std::to_string(std::random_device()())))
+        , m_folders(m_path, m_path)
     {
         const fs::path custom = GetCustom();
         for (std::int64_t i = 0; i < files; ++i) {
@@ -40,19 +41,18 @@ public:
     CCustomFolder& operator=(const CCustomFolder&) = delete;
 
     fs::path GetCustom() const { return m_path / "Custom Settings"; }
-    void MakeCurrent() const { SetFolders(std::make_unique<CFixedFolders>(m_path, m_path)); }
+    CFolders& GetFolders() noexcept { return m_folders; }
 
 private:
     fs::path m_path;
+    CFixedFolders m_folders;
 };
 
 // The folder of so many files, made once: that takes longer than any walk.
-const CCustomFolder& UseFolder(std::int64_t files)
+CCustomFolder& FolderOf(std::int64_t files)
 {
     static std::map<std::int64_t, CCustomFolder> folders;
-    const CCustomFolder& folder = folders.try_emplace(files, files).first->second;
-    folder.MakeCurrent();
-    return folder;
+    return folders.try_emplace(files, files).first->second;
 }
 
 void CountItems(benchmark::State& state, std::int64_t count)
@@ -102,7 +102,7 @@ void AllBuiltInTexts(benchmark::State& state)
 // What any walk over the files costs: names and kinds alone.
 void BareWalk(benchmark::State& state)
 {
-    const fs::path folder = UseFolder(state.range(0)).GetCustom();
+    const fs::path folder = FolderOf(state.range(0)).GetCustom();
     for (auto _ : state) {
         std::int64_t files = 0;
         for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder))
@@ -115,7 +115,7 @@ void BareWalk(benchmark::State& state)
 // The first menu of a run: every file gets its identifier.
 void FirstCustomTree(benchmark::State& state)
 {
-    UseFolder(state.range(0));
+    const CServiceScope<CFolders> scope(FolderOf(state.range(0)).GetFolders());
     for (auto _ : state) {
         CSettingsFactory factory;
         benchmark::DoNotOptimize(factory.GetTree(ESettingType::Filter, ESettingCategory::Custom));
@@ -125,7 +125,7 @@ void FirstCustomTree(benchmark::State& state)
 
 void NextCustomTree(benchmark::State& state)
 {
-    UseFolder(state.range(0));
+    const CServiceScope<CFolders> scope(FolderOf(state.range(0)).GetFolders());
     CSettingsFactory factory;
     for (auto _ : state)
         benchmark::DoNotOptimize(factory.GetTree(ESettingType::Filter, ESettingCategory::Custom));

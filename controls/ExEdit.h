@@ -92,7 +92,7 @@ public:
     /// A key was pressed. @return whether it is dealt with; otherwise the view treats it as it would without
     /// control. The field may be gone afterwards.
     bool OnKey(const SKey& key);
-    /// The wheel was turned. @param delta 120 for a notch, positive away from the user
+    /// The wheel was turned. @param delta as for CWheelSteps
     /// @return as OnKey
     virtual bool OnMouseWheel(int delta, bool control);
     /// The user has changed the text.

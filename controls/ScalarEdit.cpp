@@ -12,8 +12,6 @@ namespace CommonUI
 namespace
 {
 
-// What a wheel sends for a notch.
-constexpr int c_wheelNotch = 120;
 // A notification is called for changes up to this depth.
 constexpr int c_deepestNotification = 2;
 
@@ -268,12 +266,13 @@ template<class T>
 bool CScalarEdit<T>::OnMouseWheel(int delta, bool control)
 {
     // A field without the focus leaves the wheel to the page it lies on.
-    if (!m_stepping || !control || !GetView() || !GetView()->HasFocus())
+    if (!m_stepping || !GetView() || !GetView()->HasFocus())
         return false;
-    const long long turned = static_cast<long long>(m_wheelRemainder) + delta;
-    m_wheelRemainder = static_cast<int>(turned % c_wheelNotch);
+    const std::optional<int> steps = m_wheel.Turn(delta, control);
+    if (!steps)
+        return false;
     const CWatch watch(*this);
-    OnSpinDeltaPos(static_cast<int>(turned / c_wheelNotch));
+    OnSpinDeltaPos(*steps);
     if (!watch.IsGone())
         ShowStepHint();
     return true;

@@ -4,6 +4,7 @@
 #include "StepSize.h"
 #include "StepSizeCtrl.h"
 #include "UpDown.h"
+#include "WheelSteps.h"
 
 namespace CommonUI
 {
@@ -135,7 +136,7 @@ private:
     T m_minimum{};
     T m_maximum{};
     CStepSize m_step;
-    int m_wheelRemainder = 0; // what was turned since the last full notch
+    CWheelSteps m_wheel;
     bool m_stepping = true;
     int m_depth = 0; // how many changes are going on, each made in a callback of the one before
     bool m_asking = false;

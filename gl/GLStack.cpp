@@ -16,7 +16,7 @@ namespace
 constexpr std::u16string_view c_category = u"3DStack";
 constexpr std::size_t c_usualDepth = 8; // one group and a few single records
 
-constexpr Detail::SStep Step(std::u16string_view function, std::u16string_view operation)
+constexpr SGLStep Step(std::u16string_view function, std::u16string_view operation)
 {
     return {operation, function, u"GLStack"};
 }
@@ -72,8 +72,8 @@ void TraceStacks()
 }
 
 // Sinks and message boxes are the application's and may throw, which must not leave a destructor.
-template<class F>
-void Contain(const F& function) noexcept
+template<class FCall>
+void Contain(const FCall& function) noexcept
 {
     try {
         function();
@@ -167,7 +167,7 @@ bool CGLStack::PushAttrib(unsigned int mask)
     if (code == GL_NO_ERROR) [[likely]]
         return true;
     m_records.pop_back();
-    Detail::ReportError(code, Step(u"CGLStack::PushAttrib", CStr::Format(u"PushAttrib (0x%X)", mask)));
+    ReportError(code, Step(u"CGLStack::PushAttrib", CStr::Format(u"PushAttrib (0x%X)", mask)));
     return false;
 }
 
@@ -179,7 +179,7 @@ bool CGLStack::PushMatrix()
     if (code == GL_NO_ERROR) [[likely]]
         return true;
     m_records.pop_back();
-    Detail::ReportError(code, c_pushMatrix);
+    ReportError(code, c_pushMatrix);
     return false;
 }
 
@@ -189,7 +189,7 @@ bool CGLStack::PushDepthMask(bool write)
     if (!PushAttrib(GL_DEPTH_BUFFER_BIT))
         return false;
     glDepthMask(write ? GL_TRUE : GL_FALSE);
-    if (Detail::HasFailed(c_pushDepthMask))
+    if (HasFailed(c_pushDepthMask))
         return false;
     return group.Close(EStackOperation::soDepthMask);
 }
@@ -201,17 +201,17 @@ bool CGLStack::PushWindowCoord(double left, double right, double bottom, double 
     if (!PushAttrib(GL_TRANSFORM_BIT))
         return false;
     glMatrixMode(GL_PROJECTION);
-    if (Detail::HasFailed(c_matrixMode) || !PushMatrix())
+    if (HasFailed(c_matrixMode) || !PushMatrix())
         return false;
     glLoadIdentity();
     glOrtho(left, right, bottom, top, zNear, zFar);
-    if (Detail::HasFailed(c_setupProjection) || !PushAttrib(GL_TRANSFORM_BIT))
+    if (HasFailed(c_setupProjection) || !PushAttrib(GL_TRANSFORM_BIT))
         return false;
     glMatrixMode(GL_MODELVIEW);
-    if (Detail::HasFailed(c_matrixMode) || !PushMatrix())
+    if (HasFailed(c_matrixMode) || !PushMatrix())
         return false;
     glLoadIdentity();
-    if (Detail::HasFailed(c_setupModelView))
+    if (HasFailed(c_setupModelView))
         return false;
     return group.Close(EStackOperation::soWindowCoord);
 }
@@ -224,7 +224,7 @@ bool CGLStack::PushWindowCoord(bool unitDepth)
     GLdouble depths[2] = {0.0, -1.0};
     if (!unitDepth)
         glGetDoublev(GL_DEPTH_RANGE, depths);
-    if (Detail::HasFailed(c_getInfo))
+    if (HasFailed(c_getInfo))
         return false;
     const auto [x, y, width, height] = viewport;
     return PushWindowCoord(x, x + width, y, y + height, depths[0], depths[1]);
@@ -263,7 +263,7 @@ bool CGLStack::PopTop(bool tracing)
     m_records.pop_back();
     for (int i = kind ? kind->furtherPops : 0; i > 0; --i)
         Pop();
-    return !Detail::HasFailed(c_pop);
+    return !HasFailed(c_pop);
 }
 
 bool CGLStack::TransferStack(CGLStack& other)

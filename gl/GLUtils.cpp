@@ -35,19 +35,19 @@ void SetupOrthographic(double fieldOfView, double zNear, double zFar, double wid
     glOrtho(-halfWidth, halfWidth, -halfHeight, halfHeight, zNear, zFar);
 }
 
-constexpr Detail::SStep c_pixelPos4d{u"PixelPos4d", u"PixelPos4d", u"GLUtils"};
-constexpr Detail::SStep c_pixelPos4f{u"PixelPos4f", u"PixelPos4f", u"GLUtils"};
+constexpr SGLStep c_pixelPos4d{u"PixelPos4d", u"PixelPos4d", u"GLUtils"};
+constexpr SGLStep c_pixelPos4f{u"PixelPos4f", u"PixelPos4f", u"GLUtils"};
 
 // @param setPosition calls the variant of glRasterPos
-template<class SetPosition>
-bool SetPixelPosition(const Detail::SStep& step, double z, SetPosition setPosition)
+template<class FSetPosition>
+bool SetPixelPosition(const SGLStep& step, double z, FSetPosition setPosition)
 {
     CGLStack stack;
     if (!stack.PushWindowCoord(true) || !stack.PushAttrib(GL_VIEWPORT_BIT))
         return false;
     glDepthRange(z, z);
     setPosition();
-    return !Detail::HasFailed(step);
+    return !HasFailed(step);
 }
 
 } // namespace
@@ -98,6 +98,20 @@ void Transform(double x, double y, double z, const double* matrix, double& outX,
     outX = m[0] * x + m[4] * y + m[8] * z + m[12];
     outY = m[1] * x + m[5] * y + m[9] * z + m[13];
     outZ = m[2] * x + m[6] * y + m[10] * z + m[14];
+}
+
+std::u16string_view GetMatrixModeName(unsigned int mode)
+{
+    switch (mode) {
+    case GL_MODELVIEW:
+        return u"GL_MODELVIEW";
+    case GL_PROJECTION:
+        return u"GL_PROJECTION";
+    case GL_TEXTURE:
+        return u"GL_TEXTURE";
+    default:
+        return {};
+    }
 }
 
 } // namespace CommonUI

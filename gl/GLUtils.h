@@ -3,10 +3,12 @@
 #include "../common/Rect.h"
 #include "../export/Export.h"
 
+#include <string_view>
+
 namespace CommonUI
 {
 
-// All functions but Transform need a current rendering context, on the thread that owns it, and do nothing
+// All functions but Transform and GetMatrixModeName need a current rendering context, on the thread that owns it, and do nothing
 // without one.
 
 /// Multiplies a projection that fits a viewport onto the current matrix. The caller selects the matrix and
@@ -38,5 +40,8 @@ COMMONUI_API bool PixelPos2f(float x, float y);
 /// @param matrix sixteen numbers, column by column as OpenGL stores them; the fourth row is not used
 COMMONUI_API void Transform(double x, double y, double z, const double* matrix, double& outX, double& outY,
                             double& outZ);
+
+/// The name by which OpenGL publishes a matrix mode, such as "GL_MODELVIEW"; empty for what is none.
+COMMONUI_API std::u16string_view GetMatrixModeName(unsigned int mode);
 
 } // namespace CommonUI

@@ -30,7 +30,7 @@ constexpr struct {
     {GLU_INCOMPATIBLE_GL_VERSION, u"GLU_INCOMPATIBLE_GL_VERSION"},
 };
 
-void WriteError(std::u16string_view message, const Detail::SStep& step)
+void WriteError(std::u16string_view message, const SGLStep& step)
 {
     CStr line = message;
     if (!step.function.empty())
@@ -53,12 +53,12 @@ std::u16string_view GetOpenGLErrorName(unsigned int code)
     return u"Unknown error code";
 }
 
-const char* Detail::GetErrorText(GLenum code)
+const char* GetErrorText(GLenum code)
 {
     return reinterpret_cast<const char*>(gluErrorString(code));
 }
 
-void Detail::ReportError(GLenum code, const SStep& step)
+void ReportError(GLenum code, const SGLStep& step)
 {
     const char* text = GetErrorText(code);
     const CStr description = CStr::FromAscii(text ? text : "INVALID");
@@ -71,7 +71,7 @@ void Detail::ReportError(GLenum code, const SStep& step)
 
 bool OpenGLErrorMsg(const CStr& operation, const CStr& function, const CStr& file, int /*line*/)
 {
-    return Detail::HasFailed({operation, function, file});
+    return HasFailed({operation, function, file});
 }
 
 } // namespace CommonUI

@@ -1,5 +1,6 @@
 #include "common/Diagnostics.h"
 #include "gl/detail/ErrorTest.h"
+#include "gl/GLUtils.h"
 #include "gl/OpenGLWrapper.h"
 
 namespace CommonUI
@@ -37,20 +38,6 @@ int GetInteger(GLenum name)
     return value;
 }
 
-std::u16string_view GetMatrixModeName(int mode)
-{
-    switch (mode) {
-    case GL_MODELVIEW:
-        return u"GL_MODELVIEW";
-    case GL_PROJECTION:
-        return u"GL_PROJECTION";
-    case GL_TEXTURE:
-        return u"GL_TEXTURE";
-    default:
-        return u"INVALID";
-    }
-}
-
 } // namespace
 
 void COpenGLWrapper::DiagnoseOutputError()
@@ -58,7 +45,7 @@ void COpenGLWrapper::DiagnoseOutputError()
     const GLenum code = glGetError();
     if (code == GL_NO_ERROR)
         return;
-    if (const char* text = Detail::GetErrorText(code))
+    if (const char* text = GetErrorText(code))
         WriteLine(CStr::Format(u"Error: \"%s\" (%d)\n", CStr::FromAscii(text), code));
     else
         WriteLine(CStr::Format(u"Error: INVALID (%d)\n", code));
@@ -75,7 +62,7 @@ void COpenGLWrapper::DiagnoseOutputOpenGLStrings(HDC hdc)
 
 void COpenGLWrapper::DiagnoseOutputPixelStore()
 {
-    constexpr SNamedValue values[] = {
+    constexpr SNamedValue c_values[] = {
         {GL_PACK_SWAP_BYTES, u"GL_PACK_SWAP_BYTES:  %d\n"},
         {GL_PACK_LSB_FIRST, u"GL_PACK_LSB_FIRST:   %d\n"},
         {GL_PACK_ROW_LENGTH, u"GL_PACK_ROW_LENGTH:  %d\n"},
@@ -90,7 +77,7 @@ void COpenGLWrapper::DiagnoseOutputPixelStore()
         {GL_UNPACK_ALIGNMENT, u"GL_UNPACK_ALIGNMENT:   %d\n"},
     };
     // Flags become 0 or 1 when they are read as integers.
-    for (const SNamedValue& value : values)
+    for (const SNamedValue& value : c_values)
         WriteLine(CStr::Format(value.format, GetInteger(value.name)));
 }
 
@@ -103,7 +90,8 @@ void COpenGLWrapper::DiagnoseOutputStacks()
     write(u"ModelView stack: %d (%d)\n", GL_MODELVIEW_STACK_DEPTH, GL_MAX_MODELVIEW_STACK_DEPTH);
     write(u"Projection stack: %d (%d)\n", GL_PROJECTION_STACK_DEPTH, GL_MAX_PROJECTION_STACK_DEPTH);
     const int mode = GetInteger(GL_MATRIX_MODE);
-    WriteLine(CStr::Format(u"Current MatrixMode: %s (%d)\n", GetMatrixModeName(mode), mode));
+    const std::u16string_view name = GetMatrixModeName(static_cast<GLenum>(mode));
+    WriteLine(CStr::Format(u"Current MatrixMode: %s (%d)\n", name.empty() ? u"INVALID" : name, mode));
 }
 
 } // namespace CommonUI

@@ -24,11 +24,11 @@ union UNeverDestroyed {
 
 constinit UNeverDestroyed s_process;
 
-template<class Extension>
-bool Update(std::unique_ptr<Extension>& extension, HDC hdc)
+template<class TExtension>
+bool Update(std::unique_ptr<TExtension>& extension, HDC hdc)
 {
     if (!extension)
-        extension = std::make_unique<Extension>();
+        extension = std::make_unique<TExtension>();
     if (!extension->Load(hdc))
         extension.reset();
     return extension != nullptr;

@@ -85,10 +85,10 @@ constexpr SAttribute c_attributes[] = {
     {0x203B, u"WGL_TRANSPARENT_INDEX_VALUE_ARB"},
 };
 
-template<class Row>
-const Row* FindNumber(std::span<const Row> rows, int number)
+template<class TRow>
+const TRow* FindNumber(std::span<const TRow> rows, int number)
 {
-    const auto found = std::ranges::find(rows, number, &Row::number);
+    const auto found = std::ranges::find(rows, number, &TRow::number);
     return found == rows.end() ? nullptr : &*found;
 }
 
@@ -105,11 +105,11 @@ CStr GetValueText(const SAttribute& attribute, int value)
 CStr ExtPixelFormatDescriptorString(unsigned int count, const int* attributes, const int* values,
                                     const CStr& separator)
 {
-    constexpr SAttribute unknown{0, u"INVALID"};
+    constexpr SAttribute c_unknown{0, u"INVALID"};
     CStr text;
     for (unsigned int i = 0; i < count; ++i) {
         const SAttribute* found = FindNumber(std::span<const SAttribute>(c_attributes), attributes[i]);
-        const SAttribute& attribute = found ? *found : unknown;
+        const SAttribute& attribute = found ? *found : c_unknown;
         if (i > 0)
             text += separator;
         text += CStr::Format(u"%-31s : %s", attribute.name, GetValueText(attribute, values[i]));

@@ -11,10 +11,10 @@ namespace CommonUI
 namespace
 {
 
-template<class Function>
-bool LookUp(bool supported, const char* name, Function& function)
+template<class FFunction>
+bool LookUp(bool supported, const char* name, FFunction& function)
 {
-    function = supported ? reinterpret_cast<Function>(GetGLEntryPoints().GetProcedure(name)) : nullptr;
+    function = supported ? reinterpret_cast<FFunction>(GetGLEntryPoints().GetProcedure(name)) : nullptr;
     return function != nullptr;
 }
 

@@ -11,16 +11,10 @@ namespace
 constexpr std::string_view c_before = "<html><body>\r\n<!--StartFragment-->";
 constexpr std::string_view c_after = "<!--EndFragment-->\r\n</body></html>";
 
-CMemoryClipboard& GetMemoryClipboard()
+CClipboard& GetMemoryClipboard()
 {
-    static CMemoryClipboard& clipboard = *new CMemoryClipboard;
+    static CClipboard& clipboard = *new CMemoryClipboard;
     return clipboard;
-}
-
-CClipboard*& CurrentClipboard()
-{
-    static CClipboard* current = nullptr;
-    return current;
 }
 
 // The header has the same length whatever the places in it.
@@ -34,6 +28,8 @@ CStr MakeHeader(std::size_t startHtml, std::size_t startFragment, std::size_t en
 
 } // namespace
 
+constinit CCurrentService<CClipboard> CClipboard::s_current(GetMemoryClipboard);
+
 CClipboard::~CClipboard() = default;
 
 bool CMemoryClipboard::Put(const CStr& html, const CStr& text)
@@ -45,15 +41,7 @@ bool CMemoryClipboard::Put(const CStr& html, const CStr& text)
 
 CClipboard& GetClipboard()
 {
-    CClipboard* const current = CurrentClipboard();
-    return current ? *current : GetMemoryClipboard();
-}
-
-CClipboard* SetClipboard(CClipboard* clipboard)
-{
-    CClipboard* const before = &GetClipboard();
-    CurrentClipboard() = clipboard;
-    return before;
+    return CClipboard::s_current.Get();
 }
 
 std::string MakeClipboardHtml(const CStr& html)

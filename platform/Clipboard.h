@@ -2,6 +2,7 @@
 
 #include "../common/Str.h"
 #include "../export/Export.h"
+#include "Service.h"
 
 #include <string>
 
@@ -23,6 +24,9 @@ public:
     /// @param text the plain form
     /// @return false, and the clipboard keeps what it has, when another program holds it
     virtual bool Put(const CStr& html, const CStr& text) = 0;
+
+    /// Which one the process uses: see CServiceScope.
+    static CCurrentService<CClipboard> s_current;
 };
 
 /// A clipboard of the process alone, for programs without a display and for tests.
@@ -41,10 +45,6 @@ private:
 
 /// The clipboard that copy commands use: one of the process alone unless another one was set.
 COMMONUI_API CClipboard& GetClipboard();
-
-/// Sets the clipboard and returns the one before. It is not owned and must outlive its use; null stands for
-/// the one of the process alone.
-COMMONUI_API CClipboard* SetClipboard(CClipboard* clipboard);
 
 /// HTML in the form that the clipboard of Windows calls "HTML Format": a header with the places where the
 /// document and the copied part of it begin and end, then the document as UTF-8. The places count bytes from

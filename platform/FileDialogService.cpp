@@ -10,8 +10,6 @@ namespace CommonUI
 namespace
 {
 
-CFileDialogService* s_service = nullptr;
-
 // The text without its last part, if that has masks in brackets.
 CStr WithoutMasks(const CStr& text)
 {
@@ -76,6 +74,8 @@ bool CFileDialogMemory::Save(CInifile& ini) const
     return true;
 }
 
+constinit CCurrentService<CFileDialogService> CFileDialogService::s_current(GetSilentFileDialogService);
+
 CFileDialogService::~CFileDialogService() = default;
 
 bool CFileDialogService::Choose(const SFileDialog& dialog, CStr& path)
@@ -113,12 +113,7 @@ CFileDialogService& GetSilentFileDialogService()
 
 CFileDialogService& GetFileDialogService()
 {
-    return s_service ? *s_service : GetSilentFileDialogService();
-}
-
-CFileDialogService* SetFileDialogService(CFileDialogService* service)
-{
-    return std::exchange(s_service, service);
+    return CFileDialogService::s_current.Get();
 }
 
 } // namespace CommonUI

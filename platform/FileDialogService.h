@@ -3,6 +3,7 @@
 #include "../common/ini/Inifile.h"
 #include "../common/Str.h"
 #include "../export/Export.h"
+#include "Service.h"
 
 #include <map>
 #include <vector>
@@ -81,6 +82,9 @@ public:
 
     CFileDialogMemory& GetMemory() noexcept { return m_memory; }
 
+    /// Which one the process uses: see CServiceScope.
+    static CCurrentService<CFileDialogService> s_current;
+
 protected:
     /// Shows the dialog, its folder and file already those of the memory.
     virtual bool Show(const SFileDialog& dialog, CStr& path) = 0;
@@ -114,9 +118,5 @@ COMMONUI_API CFileDialogService& GetSilentFileDialogService();
 /// The service that the library shows its file dialogs with: GetSilentFileDialogService() unless another one
 /// was set.
 COMMONUI_API CFileDialogService& GetFileDialogService();
-
-/// Sets the service and returns the one before. It is not owned and must outlive its use; null stands for
-/// GetSilentFileDialogService().
-COMMONUI_API CFileDialogService* SetFileDialogService(CFileDialogService* service);
 
 } // namespace CommonUI

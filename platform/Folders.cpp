@@ -67,14 +67,16 @@ public:
     }
 };
 
-std::unique_ptr<CFolders>& FoldersOfProcess()
+CFolders& GetSystemFolders()
 {
     // Never destroyed, so that destructors of static objects may still ask.
-    static auto& folders = *new std::unique_ptr<CFolders>;
+    static CFolders& folders = *new CSystemFolders;
     return folders;
 }
 
 } // namespace
+
+constinit CCurrentService<CFolders> CFolders::s_current(GetSystemFolders);
 
 CFolders::~CFolders() = default;
 
@@ -96,14 +98,7 @@ fs::path CFixedFolders::GetSettingsFolder() const
 
 const CFolders& GetFolders()
 {
-    static const CFolders& systemFolders = *new CSystemFolders;
-    const std::unique_ptr<CFolders>& set = FoldersOfProcess();
-    return set ? *set : systemFolders;
-}
-
-std::unique_ptr<CFolders> SetFolders(std::unique_ptr<CFolders> folders)
-{
-    return std::exchange(FoldersOfProcess(), std::move(folders));
+    return CFolders::s_current.Get();
 }
 
 } // namespace CommonUI

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "../export/Export.h"
+#include "Service.h"
 
 #include <filesystem>
-#include <memory>
 
 namespace CommonUI
 {
@@ -21,6 +21,9 @@ public:
     virtual std::filesystem::path GetApplicationFolder() const = 0;
     /// The folder for the user's settings; it need not exist.
     virtual std::filesystem::path GetSettingsFolder() const = 0;
+
+    /// Which one the process uses: see CServiceScope.
+    static CCurrentService<CFolders> s_current;
 };
 
 /// Folders that the application names: for programs that are not installed, and for tests.
@@ -41,10 +44,5 @@ private:
 /// the current one where the system does not tell; and the user's folder for settings of programs
 /// (XDG_CONFIG_HOME or .config on Linux, APPDATA on Windows), or the application's where there is none.
 COMMONUI_API const CFolders& GetFolders();
-
-/// Sets the folders of the process; null sets the system's. To be called while nobody uses the folders
-/// before.
-/// @return the ones before, null for the system's
-COMMONUI_API std::unique_ptr<CFolders> SetFolders(std::unique_ptr<CFolders> folders);
 
 } // namespace CommonUI

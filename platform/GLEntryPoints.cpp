@@ -1,7 +1,6 @@
 #include "platform/GLEntryPoints.h"
 
 #include <cstdint>
-#include <utility>
 
 #if defined(_WIN32) && defined(COMMONUI_WITH_OPENGL)
 #include <windows.h>
@@ -32,9 +31,9 @@ public:
 #endif
 };
 
-CGLEntryPoints* s_entryPoints = nullptr;
-
 } // namespace
+
+constinit CCurrentService<CGLEntryPoints> CGLEntryPoints::s_current(GetSystemGLEntryPoints);
 
 CGLEntryPoints::~CGLEntryPoints() = default;
 
@@ -59,12 +58,7 @@ CGLEntryPoints& GetSystemGLEntryPoints()
 
 CGLEntryPoints& GetGLEntryPoints()
 {
-    return s_entryPoints ? *s_entryPoints : GetSystemGLEntryPoints();
-}
-
-CGLEntryPoints* SetGLEntryPoints(CGLEntryPoints* entryPoints)
-{
-    return std::exchange(s_entryPoints, entryPoints);
+    return CGLEntryPoints::s_current.Get();
 }
 
 } // namespace CommonUI

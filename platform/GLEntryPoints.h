@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../export/Export.h"
+#include "Service.h"
 
 #include <functional>
 #include <map>
@@ -27,6 +28,9 @@ public:
     /// @param name such as "wglGetExtensionsStringARB"
     /// @return null when the driver of the current context does not offer the function
     virtual FProcedure GetProcedure(const char* name) = 0;
+
+    /// Which one the process uses: see CServiceScope.
+    static CCurrentService<CGLEntryPoints> s_current;
 };
 
 /// Entry points from a table, for machines without the window system and for tests.
@@ -37,8 +41,8 @@ public:
 
     /// Offers a function under a name, in place of one that had it before. Its type must be the one that goes
     /// with the name.
-    template<class Result, class... Args>
-    void Set(std::string_view name, Result (*function)(Args...))
+    template<class TResult, class... TArgs>
+    void Set(std::string_view name, TResult (*function)(TArgs...))
     {
         m_procedures.insert_or_assign(std::string(name), reinterpret_cast<FProcedure>(function));
     }
@@ -53,9 +57,5 @@ COMMONUI_API CGLEntryPoints& GetSystemGLEntryPoints();
 
 /// The entry points that the library uses: GetSystemGLEntryPoints() unless others were set.
 COMMONUI_API CGLEntryPoints& GetGLEntryPoints();
-
-/// Sets the entry points and returns those before. They are not owned and must outlive their use; null stands
-/// for GetSystemGLEntryPoints().
-COMMONUI_API CGLEntryPoints* SetGLEntryPoints(CGLEntryPoints* entryPoints);
 
 } // namespace CommonUI

@@ -3,8 +3,6 @@
 #include "common/Diagnostics.h"
 #include "common/Str.h"
 
-#include <utility>
-
 namespace CommonUI
 {
 
@@ -22,9 +20,15 @@ public:
     }
 };
 
-CHelpService* s_service = nullptr;
+CHelpService& GetNoHelpService()
+{
+    static CHelpService& none = *new CNoHelpService;
+    return none;
+}
 
 } // namespace
+
+constinit CCurrentService<CHelpService> CHelpService::s_current(GetNoHelpService);
 
 CHelpService::~CHelpService() = default;
 
@@ -36,13 +40,7 @@ bool CMemoryHelpService::Open(unsigned int topic)
 
 CHelpService& GetHelpService()
 {
-    static CNoHelpService& none = *new CNoHelpService;
-    return s_service ? *s_service : none;
-}
-
-CHelpService* SetHelpService(CHelpService* service)
-{
-    return std::exchange(s_service, service);
+    return CHelpService::s_current.Get();
 }
 
 } // namespace CommonUI

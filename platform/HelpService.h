@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../export/Export.h"
+#include "Service.h"
 
 #include <vector>
 
@@ -19,6 +20,9 @@ public:
     /// Opens a topic by its number in the help system; that of a dialog is the dialog's number.
     /// @return false if there is no such topic
     virtual bool Open(unsigned int topic) = 0;
+
+    /// Which one the process uses: see CServiceScope.
+    static CCurrentService<CHelpService> s_current;
 };
 
 /// A help system without a display: keeps what was opened.
@@ -36,9 +40,5 @@ private:
 /// The service that the library opens help with. Unless one was set there is no help, and a line in the
 /// diagnostics says which topic was asked for.
 COMMONUI_API CHelpService& GetHelpService();
-
-/// Sets the service and returns the one before. It is not owned and must outlive its use; null stands for
-/// none.
-COMMONUI_API CHelpService* SetHelpService(CHelpService* service);
 
 } // namespace CommonUI

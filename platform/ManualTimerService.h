@@ -24,7 +24,6 @@ public:
 
     /// Milliseconds since the service was made.
     std::uint64_t GetTime() const override;
-    std::size_t GetTimerCount() const noexcept { return m_schedule.GetCount(); }
 
 private:
     CTimerSchedule m_schedule;

@@ -35,7 +35,7 @@ private:
     void MakeTicks();
 
     CConsoleTimerService* m_timers;
-    mutable std::mutex m_mutex; ///< of what follows
+    mutable std::mutex m_mutex; // of what follows
     std::condition_variable m_changed;
     std::deque<FMessage> m_queue;
     bool m_quit = false;

@@ -2,8 +2,6 @@
 
 #include "common/Diagnostics.h"
 
-#include <utility>
-
 namespace CommonUI
 {
 
@@ -25,9 +23,9 @@ public:
     }
 };
 
-CMessageBoxService* s_service = nullptr;
-
 } // namespace
+
+constinit CCurrentService<CMessageBoxService> CMessageBoxService::s_current(GetSilentMessageBoxService);
 
 CMessageBoxService::~CMessageBoxService() = default;
 
@@ -67,12 +65,7 @@ CMessageBoxService& GetSilentMessageBoxService()
 
 CMessageBoxService& GetMessageBoxService()
 {
-    return s_service ? *s_service : GetSilentMessageBoxService();
-}
-
-CMessageBoxService* SetMessageBoxService(CMessageBoxService* service)
-{
-    return std::exchange(s_service, service);
+    return CMessageBoxService::s_current.Get();
 }
 
 } // namespace CommonUI

@@ -2,6 +2,7 @@
 
 #include "../common/Str.h"
 #include "../export/Export.h"
+#include "Service.h"
 
 #include <vector>
 
@@ -59,6 +60,9 @@ public:
     /// The answer of a box that nobody answers: OK for boxes that only tell something, No or Cancel for
     /// questions.
     static EMessageBoxAnswer GetCautiousAnswer(unsigned int style) noexcept;
+
+    /// Which one the process uses: see CServiceScope.
+    static CCurrentService<CMessageBoxService> s_current;
 };
 
 /// A service without a display: keeps what was shown and gives the answers prepared for it, in their order,
@@ -73,7 +77,6 @@ public:
     void Prepare(EMessageBoxAnswer answer) { m_answers.push_back(answer); }
     /// What was shown, the oldest first.
     const std::vector<SMessageBox>& GetShown() const noexcept { return m_shown; }
-    void ClearShown() noexcept { m_shown.clear(); }
     /// The icons of the sounds that were made, the oldest first.
     const std::vector<unsigned int>& GetBeeps() const noexcept { return m_beeps; }
 
@@ -90,9 +93,5 @@ COMMONUI_API CMessageBoxService& GetSilentMessageBoxService();
 /// The service that the library shows its message boxes with: GetSilentMessageBoxService() unless another one
 /// was set.
 COMMONUI_API CMessageBoxService& GetMessageBoxService();
-
-/// Sets the service and returns the one before. It is not owned and must outlive its use; null stands for
-/// GetSilentMessageBoxService().
-COMMONUI_API CMessageBoxService* SetMessageBoxService(CMessageBoxService* service);
 
 } // namespace CommonUI

@@ -2,28 +2,18 @@
 
 #include "platform/MemoryMessageLoop.h"
 
-#include <utility>
-
 namespace CommonUI
 {
 
-namespace
-{
-
-CMessageLoop* s_loop = nullptr;
-
-} // namespace
+constinit CCurrentService<CMessageLoop> CMessageLoop::s_current([]() -> CMessageLoop& {
+    return GetConsoleMessageLoop();
+});
 
 CMessageLoop::~CMessageLoop() = default;
 
 CMessageLoop& GetMessageLoop()
 {
-    return s_loop ? *s_loop : GetConsoleMessageLoop();
-}
-
-CMessageLoop* SetMessageLoop(CMessageLoop* loop)
-{
-    return std::exchange(s_loop, loop);
+    return CMessageLoop::s_current.Get();
 }
 
 } // namespace CommonUI

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../export/Export.h"
+#include "Service.h"
 
 #include <cstddef>
 #include <functional>
@@ -36,13 +37,12 @@ public:
     /// Handles what waits by now, without waiting itself: for long work on the user-interface thread.
     /// @return how many messages were handled
     virtual std::size_t Pump() = 0;
+
+    /// Which one the process uses: see CServiceScope.
+    static CCurrentService<CMessageLoop> s_current;
 };
 
 /// The loop of the process: GetConsoleMessageLoop() unless another one was set.
 COMMONUI_API CMessageLoop& GetMessageLoop();
-
-/// Sets the loop and returns the one before. It is not owned and must outlive its use; null stands for
-/// GetConsoleMessageLoop(). Set it on the user-interface thread while no worker runs.
-COMMONUI_API CMessageLoop* SetMessageLoop(CMessageLoop* loop);
 
 } // namespace CommonUI

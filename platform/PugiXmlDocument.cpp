@@ -17,10 +17,10 @@ namespace
 
 pugi::xml_encoding EncodingOf(std::string_view bytes)
 {
-    switch (Detail::FindXmlEncoding(bytes)) {
-    case Detail::EXmlEncoding::Utf16LittleEndian:
+    switch (FindXmlEncoding(bytes)) {
+    case EXmlEncoding::Utf16LittleEndian:
         return pugi::encoding_utf16_le;
-    case Detail::EXmlEncoding::Utf16BigEndian:
+    case EXmlEncoding::Utf16BigEndian:
         return pugi::encoding_utf16_be;
     default:
         return pugi::encoding_auto;

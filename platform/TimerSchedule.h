@@ -24,7 +24,6 @@ public:
     /// @return never 0, and never that of an earlier timer until the numbers run out
     TIdentifier Create(TTime now, unsigned int interval, CTimerService::FProcedure procedure);
     bool Kill(TIdentifier identifier);
-    std::size_t GetCount() const noexcept { return m_queue.size(); }
 
     /// When the next tick is due; empty without timers.
     std::optional<TTime> GetNextDue() const;

@@ -3,17 +3,13 @@
 #include "platform/ConsoleTimerService.h"
 
 #include <chrono>
-#include <utility>
 
 namespace CommonUI
 {
 
-namespace
-{
-
-CTimerService* s_service = nullptr;
-
-} // namespace
+constinit CCurrentService<CTimerService> CTimerService::s_current([]() -> CTimerService& {
+    return GetConsoleTimerService();
+});
 
 CTimerService::~CTimerService() = default;
 
@@ -25,12 +21,7 @@ std::uint64_t CTimerService::GetTime() const
 
 CTimerService& GetTimerService()
 {
-    return s_service ? *s_service : GetConsoleTimerService();
-}
-
-CTimerService* SetTimerService(CTimerService* service)
-{
-    return std::exchange(s_service, service);
+    return CTimerService::s_current.Get();
 }
 
 } // namespace CommonUI

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../export/Export.h"
+#include "Service.h"
 
 #include <cstdint>
 
@@ -35,14 +36,12 @@ public:
     /// Milliseconds on a clock that never goes back, by which the timers tick. It begins whenever it likes;
     /// only differences mean something. The default is the steady clock of the machine.
     virtual std::uint64_t GetTime() const;
+
+    /// Which one the process uses: see CServiceScope.
+    static CCurrentService<CTimerService> s_current;
 };
 
 /// The service that the timers of the process use: GetConsoleTimerService() unless another one was set.
 COMMONUI_API CTimerService& GetTimerService();
-
-/// Sets the service and returns the one before. It is not owned and must outlive its use; null stands for
-/// GetConsoleTimerService(). Exchange it only while no timer is running: identifiers of one service mean
-/// nothing to another.
-COMMONUI_API CTimerService* SetTimerService(CTimerService* service);
 
 } // namespace CommonUI

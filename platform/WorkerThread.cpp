@@ -10,9 +10,16 @@ namespace CommonUI
 namespace
 {
 
-CThreadService* s_service = nullptr;
+CThreadService& GetPlainThreadService()
+{
+    // Never destroyed, for workers that run to the end of the process.
+    static CThreadService& service = *new CThreadService;
+    return service;
+}
 
 } // namespace
+
+constinit CCurrentService<CThreadService> CThreadService::s_current(GetPlainThreadService);
 
 CThreadService::~CThreadService() = default;
 
@@ -23,14 +30,7 @@ bool CThreadService::SetPriority(int)
 
 CThreadService& GetThreadService()
 {
-    // Never destroyed, for workers that run to the end of the process.
-    static CThreadService& defaults = *new CThreadService;
-    return s_service ? *s_service : defaults;
-}
-
-CThreadService* SetThreadService(CThreadService* service)
-{
-    return std::exchange(s_service, service);
+    return CThreadService::s_current.Get();
 }
 
 CWorkerThread::CWorkerThread(FEntry entry, int priority)

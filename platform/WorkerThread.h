@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../export/Export.h"
+#include "Service.h"
 
 #include <functional>
 #include <memory>
@@ -25,14 +26,13 @@ public:
     /// The default does nothing, since C++ knows no priorities.
     /// @return whether the system agreed; the work is done in either case
     virtual bool SetPriority(int priority);
+
+    /// Which one the process uses: see CServiceScope.
+    static CCurrentService<CThreadService> s_current;
 };
 
 /// The service of the process: one that has the defaults unless another one was set.
 COMMONUI_API CThreadService& GetThreadService();
-
-/// Sets the service and returns the one before. It is not owned and must outlive every worker; null stands
-/// for the defaults. Used on the user-interface thread.
-COMMONUI_API CThreadService* SetThreadService(CThreadService* service);
 
 /// A thread that runs one function and has a queue for messages from the start.
 class COMMONUI_API CWorkerThread
@@ -60,7 +60,7 @@ public:
 private:
     FEntry m_entry;
     int m_priority;
-    std::shared_ptr<CThreadQueue> m_queue; ///< until the thread has it
+    std::shared_ptr<CThreadQueue> m_queue; // until the thread has it
     unsigned long m_identifier;
     unsigned long m_exitCode = 0;
     std::thread m_thread;

@@ -10,14 +10,14 @@ CXmlDocument::~CXmlDocument() = default;
 bool CXmlDocument::Load(std::string_view bytes, std::u16string_view root, CStr& reason)
 {
     Clear();
-    const Detail::EXmlEncoding encoding = Detail::FindXmlEncoding(bytes);
+    const EXmlEncoding encoding = FindXmlEncoding(bytes);
     if (bytes.size() > c_largestSize)
         reason = CStr::Format(u"more than %d bytes", c_largestSize);
-    else if (encoding == Detail::EXmlEncoding::Unknown)
+    else if (encoding == EXmlEncoding::Unknown)
         reason = u"neither UTF-8 nor UTF-16";
-    else if (const std::string markup = Detail::XmlMarkup(bytes, encoding); Detail::HasDeclarations(markup))
+    else if (const std::string markup = XmlMarkup(bytes, encoding); HasDeclarations(markup))
         reason = u"the document type has declarations of its own";
-    else if (!Detail::IsNestedUpTo(c_deepestNesting, markup))
+    else if (!IsNestedUpTo(c_deepestNesting, markup))
         reason = CStr::Format(u"elements are nested more than %d deep", c_deepestNesting);
     else if (Parse(bytes, root, reason))
         return true;

@@ -1,18 +1,18 @@
 #include "platform/detail/XmlNesting.h"
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 namespace
 {
 
-constexpr std::size_t npos = std::string_view::npos;
+constexpr std::size_t c_npos = std::string_view::npos;
 
 // The position behind the next `end` at or after `from`.
 std::size_t Behind(std::string_view markup, std::string_view end, std::size_t from)
 {
     const std::size_t found = markup.find(end, from);
-    return found == npos ? npos : found + end.size();
+    return found == c_npos ? c_npos : found + end.size();
 }
 
 // The position behind the ">" that ends a tag; one within quotes does not.
@@ -20,13 +20,13 @@ std::size_t BehindTag(std::string_view markup, std::size_t from)
 {
     for (std::size_t at = from;;) {
         at = markup.find_first_of("\"'>", at);
-        if (at == npos)
-            return npos;
+        if (at == c_npos)
+            return c_npos;
         if (markup[at] == '>')
             return at + 1;
         at = Behind(markup, markup.substr(at, 1), at + 1);
-        if (at == npos)
-            return npos;
+        if (at == c_npos)
+            return c_npos;
     }
 }
 
@@ -36,12 +36,12 @@ EXmlEncoding FindXmlEncoding(std::string_view bytes)
 {
     using namespace std::string_view_literals;
     const std::string_view start = bytes.substr(0, 4);
-    const bool isWide = start.find("\0\0"sv) != npos;
+    const bool isWide = start.find("\0\0"sv) != c_npos;
     if (!isWide && (start.starts_with("\xFF\xFE") || start.starts_with("<\0"sv)))
         return EXmlEncoding::Utf16LittleEndian;
     if (!isWide && (start.starts_with("\xFE\xFF") || start.starts_with("\0<"sv)))
         return EXmlEncoding::Utf16BigEndian;
-    return start.find('\0') == npos ? EXmlEncoding::Bytes : EXmlEncoding::Unknown;
+    return start.find('\0') == c_npos ? EXmlEncoding::Bytes : EXmlEncoding::Unknown;
 }
 
 std::string XmlMarkup(std::string_view bytes, EXmlEncoding encoding)
@@ -60,14 +60,14 @@ std::string XmlMarkup(std::string_view bytes, EXmlEncoding encoding)
 bool HasDeclarations(std::string_view markup)
 {
     const std::size_t type = markup.find("<!DOCTYPE");
-    const std::size_t end = type == npos ? npos : markup.find_first_of("[>", type);
-    return end != npos && markup[end] == '[';
+    const std::size_t end = type == c_npos ? c_npos : markup.find_first_of("[>", type);
+    return end != c_npos && markup[end] == '[';
 }
 
 bool IsNestedUpTo(std::size_t deepest, std::string_view markup)
 {
     std::size_t depth = 0;
-    for (std::size_t at = markup.find('<'); at != npos; at = markup.find('<', at)) {
+    for (std::size_t at = markup.find('<'); at != c_npos; at = markup.find('<', at)) {
         const std::string_view rest = markup.substr(at);
         if (rest.starts_with("<!--")) {
             at = Behind(markup, "-->", at + 4);
@@ -82,13 +82,13 @@ bool IsNestedUpTo(std::size_t deepest, std::string_view markup)
             at = BehindTag(markup, at);
         } else {
             at = BehindTag(markup, at);
-            if (at != npos && markup[at - 2] != '/' && ++depth > deepest)
+            if (at != c_npos && markup[at - 2] != '/' && ++depth > deepest)
                 return false;
         }
-        if (at == npos)
+        if (at == c_npos)
             break;
     }
     return true;
 }
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

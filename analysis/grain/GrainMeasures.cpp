@@ -1,13 +1,13 @@
 #include "analysis/grain/GrainMeasures.h"
 
 #include "analysis/grain/detail/GrainRecord.h"
+#include "analysis/numeric/detail/Parallel.h"
 #include "analysis/numeric/Statistics.h"
 
 #include <algorithm>
 #include <cmath>
 #include <future>
 #include <numeric>
-#include <thread>
 
 namespace CommonUI::Analysis
 {
@@ -115,10 +115,10 @@ private:
 };
 
 // Calls work(first, end) for shares of the grains that hold about as many points each, at the same time.
-template<class CWork>
-void ShareOut(const SGrainPoints& points, std::size_t count, const CWork& work)
+template<class FWork>
+void ShareOut(const SGrainPoints& points, std::size_t count, const FWork& work)
 {
-    const std::size_t threads = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 16);
+    const std::size_t threads = GetShareCount();
     std::vector<std::future<void>> shares;
     std::size_t first = 0;
     for (std::size_t i = 1; i <= threads; ++i) {

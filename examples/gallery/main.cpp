@@ -18,9 +18,7 @@ public:
     explicit CHelpInLog(Gallery::CGalleryWindow& window)
         : m_window(window)
     {
-        CommonUI::SetHelpService(this);
     }
-    ~CHelpInLog() override { CommonUI::SetHelpService(nullptr); }
 
     bool Open(unsigned int topic) override
     {
@@ -51,7 +49,8 @@ int main(int argc, char** argv)
         return 2;
     }
     Gallery::CGalleryWindow window;
-    const CHelpInLog help(window);
+    CHelpInLog help(window);
+    const CommonUI::CServiceScope<CommonUI::CHelpService> helpScope(help);
     window.show();
     return QApplication::exec();
 }

@@ -4,22 +4,22 @@
 
 #include <string_view>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 /// A step of OpenGL, for the report of its error. Make constants of it: otherwise the lengths of the texts
 /// are counted each time, which takes longer than most steps.
-struct SStep {
+struct SGLStep {
     std::u16string_view operation{};
     std::u16string_view function{};
     std::u16string_view file{};
 };
 
 /// Reports an error that was read already.
-void ReportError(GLenum code, const SStep& step);
+void ReportError(GLenum code, const SGLStep& step);
 
 /// OpenGLErrorMsg for the steps of the library itself: as long as nothing goes wrong no text is made.
-inline bool HasFailed(const SStep& step)
+inline bool HasFailed(const SGLStep& step)
 {
     const GLenum code = glGetError();
     if (code == GL_NO_ERROR) [[likely]]
@@ -31,4 +31,4 @@ inline bool HasFailed(const SStep& step)
 /// The text of an error of OpenGL or GLU in the words of GLU; null where it has none.
 const char* GetErrorText(GLenum code);
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 /// How the characters of an XML document are stored, as far as its first bytes tell.
@@ -24,4 +24,4 @@ bool HasDeclarations(std::string_view markup);
 /// document it need not be true.
 bool IsNestedUpTo(std::size_t deepest, std::string_view markup);
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

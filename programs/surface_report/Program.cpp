@@ -15,7 +15,7 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <memory>
+#include <optional>
 #include <ostream>
 
 namespace SurfaceReport
@@ -99,25 +99,19 @@ class CSettingsFolderScope
 {
 public:
     explicit CSettingsFolderScope(const SOptions& options)
-        : m_isSet(!options.settingsFolder.empty())
     {
-        if (m_isSet && !fs::is_directory(options.settingsFolder))
-            throw EUsage("--settings-folder: \"" + options.settingsFolder.string() + "\" is no folder");
-        if (m_isSet)
-            m_previous = CommonUI::SetFolders(std::make_unique<CommonUI::CFixedFolders>(
-                CommonUI::GetFolders().GetApplicationFolder(), options.settingsFolder));
+        const fs::path& settings = options.settingsFolder;
+        if (settings.empty())
+            return;
+        if (!fs::is_directory(settings))
+            throw EUsage("--settings-folder: \"" + settings.string() + "\" is no folder");
+        m_folders.emplace(CommonUI::GetFolders().GetApplicationFolder(), settings);
+        m_scope.emplace(*m_folders);
     }
-    ~CSettingsFolderScope()
-    {
-        if (m_isSet)
-            CommonUI::SetFolders(std::move(m_previous));
-    }
-    CSettingsFolderScope(const CSettingsFolderScope&) = delete;
-    CSettingsFolderScope& operator=(const CSettingsFolderScope&) = delete;
 
 private:
-    bool m_isSet;
-    std::unique_ptr<CommonUI::CFolders> m_previous;
+    std::optional<CommonUI::CFixedFolders> m_folders;
+    std::optional<CommonUI::CServiceScope<CommonUI::CFolders>> m_scope;
 };
 
 // Prints the answer to what was asked for.

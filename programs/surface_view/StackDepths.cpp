@@ -1,5 +1,8 @@
 #include "programs/surface_view/StackDepths.h"
 
+#include "common/Str.h"
+#include "gl/GLUtils.h"
+
 #include <GL/gl.h>
 
 #include <stdexcept>
@@ -19,16 +22,8 @@ int GetInteger(GLenum name)
 
 std::string NameOfMode(int mode)
 {
-    switch (mode) {
-    case GL_MODELVIEW:
-        return "GL_MODELVIEW";
-    case GL_PROJECTION:
-        return "GL_PROJECTION";
-    case GL_TEXTURE:
-        return "GL_TEXTURE";
-    default:
-        return std::to_string(mode);
-    }
+    const std::u16string_view name = CommonUI::GetMatrixModeName(static_cast<GLenum>(mode));
+    return name.empty() ? std::to_string(mode) : CommonUI::ToUtf8(name);
 }
 
 } // namespace

@@ -137,17 +137,17 @@ bool CGridLineEditor::OnKey(const QKeyEvent& event)
     return CGridEditor::OnKey(event);
 }
 
-// As in other numeric fields, Control with the wheel steps.
 bool CGridLineEditor::OnWheel(QEvent& event)
 {
     const auto& wheel = static_cast<QWheelEvent&>(event);
-    if (!m_arrows[0] || !wheel.modifiers().testFlag(Qt::ControlModifier))
+    if (!m_arrows[0])
         return false;
-    m_wheelRest += wheel.angleDelta().y();
-    const int steps = m_wheelRest / QWheelEvent::DefaultDeltasPerStep;
-    m_wheelRest -= steps * QWheelEvent::DefaultDeltasPerStep;
-    if (steps != 0)
-        Step(steps);
+    const bool control = wheel.modifiers().testFlag(Qt::ControlModifier);
+    const std::optional<int> steps = m_wheel.Turn(wheel.angleDelta().y(), control);
+    if (!steps)
+        return false;
+    if (*steps != 0)
+        Step(*steps);
     event.accept();
     return true;
 }

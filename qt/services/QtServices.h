@@ -2,16 +2,13 @@
 
 #include "QtClipboard.h"
 #include "QtFileDialogService.h"
+#include "QtFolders.h"
 #include "QtMessageBoxService.h"
 #include "QtMessageLoop.h"
 #include "QtTimerService.h"
 
-#include <memory>
-
 namespace CommonUI
 {
-
-class CFolders;
 
 /// All services of Qt for the library, in use as long as the object lives:
 ///
@@ -20,7 +17,7 @@ class CFolders;
 ///
 /// It is made after the QApplication, on its thread, and goes before it. While it is made or goes, no timer
 /// of the library runs and no other thread posts messages. What was set before is set again afterwards. Help
-/// is the application's own business: SetHelpService.
+/// is the application's own business: CServiceScope<CHelpService>.
 class COMMONUIQT_API CQtServices
 {
 public:
@@ -38,12 +35,13 @@ private:
     CQtMessageBoxService m_messageBoxes;
     CQtFileDialogService m_fileDialogs;
     CQtClipboard m_clipboard;
-    CTimerService* m_oldTimers;
-    CMessageLoop* m_oldLoop;
-    CMessageBoxService* m_oldMessageBoxes;
-    CFileDialogService* m_oldFileDialogs;
-    CClipboard* m_oldClipboard;
-    std::unique_ptr<CFolders> m_oldFolders;
+    CQtFolders m_folders;
+    CServiceScope<CTimerService> m_timersScope{m_timers};
+    CServiceScope<CMessageLoop> m_loopScope{m_loop};
+    CServiceScope<CMessageBoxService> m_messageBoxesScope{m_messageBoxes};
+    CServiceScope<CFileDialogService> m_fileDialogsScope{m_fileDialogs};
+    CServiceScope<CClipboard> m_clipboardScope{m_clipboard};
+    CServiceScope<CFolders> m_foldersScope{m_folders};
 };
 
 } // namespace CommonUI

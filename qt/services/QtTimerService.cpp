@@ -14,8 +14,8 @@ CQtTimerService::~CQtTimerService() = default;
 
 CTimerService::TIdentifier CQtTimerService::Create(unsigned int interval, FProcedure procedure)
 {
-    constexpr unsigned int longest = std::numeric_limits<int>::max();
-    const int milliseconds = static_cast<int>(std::clamp(interval, 1U, longest));
+    constexpr unsigned int c_longest = std::numeric_limits<int>::max();
+    const int milliseconds = static_cast<int>(std::clamp(interval, 1U, c_longest));
     const int number = startTimer(milliseconds, Qt::PreciseTimer);
     if (number != 0)
         m_procedures[number] = procedure;

@@ -36,8 +36,8 @@ protected:
     }
 
     /// What the C library prints in the "C" locale; valid until the next call.
-    template<class... Args>
-    std::string_view Reference(const std::string& format, Args... args)
+    template<class... TArgs>
+    std::string_view Reference(const std::string& format, TArgs... args)
     {
         const locale_t before = uselocale(m_c);
 #pragma GCC diagnostic push
@@ -53,7 +53,7 @@ protected:
     }
 
 private:
-    /// A named std::locale would do, too, but some C libraries leak memory when they make one.
+    // A named std::locale would do, too, but some C libraries leak memory when they make one.
     struct CCommaPunctuation : std::numpunct<char> {
         char do_decimal_point() const override { return ','; }
         char do_thousands_sep() const override { return '.'; }

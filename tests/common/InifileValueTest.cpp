@@ -81,11 +81,11 @@ TEST(InifileValue, ListsOfTexts)
 
 TEST(InifileValue, DoublesKeepTheirBits)
 {
-    using limits = std::numeric_limits<double>;
-    const double infinity = limits::infinity();
-    const double nan = limits::quiet_NaN();
-    std::vector<double> values = {0.0,           -0.0,     0.1,       1e22, 5e-324, limits::min(),
-                                  limits::max(), infinity, -infinity, nan,  -nan};
+    using CLimits = std::numeric_limits<double>;
+    const double infinity = CLimits::infinity();
+    const double nan = CLimits::quiet_NaN();
+    std::vector<double> values = {0.0,      -0.0,      0.1, 1e22, 5e-324, CLimits::min(), CLimits::max(),
+                                  infinity, -infinity, nan, -nan};
     values.push_back(std::bit_cast<double>(0x7FF8000000000123));
     std::uint64_t bits = 1;
     for (int i = 0; i < 2000; ++i)

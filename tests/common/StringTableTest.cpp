@@ -9,15 +9,18 @@ using namespace CommonUI;
 namespace
 {
 
-constexpr SStringTableRow c_german[] = {{7340, u"L\u00e4nge"}, {1, u"eigener Text"}, {7340, u"Strecke"}};
+constexpr int c_length = 7340;
+constexpr int c_breadth = 7341;
+constexpr SStringTableRow c_german[] = {
+    {c_length, u"L\u00e4nge"}, {1, u"eigener Text"}, {c_length, u"Strecke"}};
 
 [[noreturn]] void ReplaceAndAsk()
 {
-    const SStringTableRow first[] = {{7341, u"dropped"}};
+    const SStringTableRow first[] = {{c_breadth, u"dropped"}};
     const bool replaced = ReplaceStringTable(first) && ReplaceStringTable(c_german);
-    const bool asked = GetString(7340) == u"Strecke" && GetString(1) == u"eigener Text" &&
-                       GetString(7341) == u"Breadth" && GetString(2).IsEmpty();
-    const bool refused = !ReplaceStringTable({}) && GetString(7340) == u"Strecke";
+    const bool asked = GetString(c_length) == u"Strecke" && GetString(1) == u"eigener Text" &&
+                       GetString(c_breadth) == u"Breadth" && GetString(2).IsEmpty();
+    const bool refused = !ReplaceStringTable({}) && GetString(c_length) == u"Strecke";
     std::exit(replaced && asked && refused ? 0 : 1);
 }
 
@@ -25,7 +28,7 @@ constexpr SStringTableRow c_german[] = {{7340, u"L\u00e4nge"}, {1, u"eigener Tex
 
 TEST(StringTable, EnglishTexts)
 {
-    EXPECT_EQ(GetString(7340), u"Length");
+    EXPECT_EQ(GetString(c_length), u"Length");
     for (const int id : {-1, 0, 7338, 1 << 30})
         EXPECT_TRUE(GetString(id).IsEmpty()) << id;
     for (const SStringTableRow& row : GetEnglishStringTable())
@@ -34,9 +37,9 @@ TEST(StringTable, EnglishTexts)
 
 TEST(StringTable, NoReplacementAfterTheFirstText)
 {
-    EXPECT_EQ(GetString(7340), u"Length");
+    EXPECT_EQ(GetString(c_length), u"Length");
     EXPECT_FALSE(ReplaceStringTable(c_german));
-    EXPECT_EQ(GetString(7340), u"Length");
+    EXPECT_EQ(GetString(c_length), u"Length");
 }
 
 TEST(StringTableDeathTest, ReplacementBeforeTheFirstText)

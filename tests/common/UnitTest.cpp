@@ -14,15 +14,15 @@ using enum CUnit::EUnitFactor;
 // A line of the record for each factor: number, key, value, the unit of a length and of a voltage.
 TEST(Unit, FactorsHaveTheirValuesKeysAndTexts)
 {
-    constexpr EFactor order[] = {Pico,  Aangstroem, Nano,  MicroInch, Micro, MilliInch, Milli,
-                                 Centi, Inch,       Unity, Kilo,      Mega,  Giga,      Undefined};
+    constexpr EFactor c_order[] = {Pico,  Aangstroem, Nano,  MicroInch, Micro, MilliInch, Milli,
+                                   Centi, Inch,       Unity, Kilo,      Mega,  Giga,      Undefined};
     const auto& factors = CUnit::GetUnitFactorEnum();
     const std::vector<std::string> rows = ReadTestLines("unit-factors.txt");
-    ASSERT_EQ(rows.size(), std::size(order));
+    ASSERT_EQ(rows.size(), std::size(c_order));
     ASSERT_EQ(factors.GetCount(), rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
         SCOPED_TRACE(rows[i]);
-        const EFactor factor = order[i];
+        const EFactor factor = c_order[i];
         const std::vector<std::string> cells = SplitText(rows[i], '|');
         const int number = std::stoi(cells[0]);
         const double value = std::stod(cells[2]);
@@ -77,25 +77,25 @@ TEST(Unit, ReadsTexts)
 
 TEST(Unit, SuitableFactorIsChosenAfterRounding)
 {
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-    constexpr CUnit::SShownDigits one{.decimals = 1};
-    constexpr CUnit::SShownDigits five{};
+    constexpr double c_infinity = std::numeric_limits<double>::infinity();
+    constexpr double c_nan = std::numeric_limits<double>::quiet_NaN();
+    constexpr CUnit::SShownDigits c_one{.decimals = 1};
+    constexpr CUnit::SShownDigits c_five{};
     const struct {
         double value;
         int power;
         EFactor unit;
         CUnit::SShownDigits shown;
         EFactor expected;
-    } cases[] = {{35.2e-9, 1, Unity, five, Nano},   {-35.2e-9, 1, Unity, five, Nano},
-                 {999.99e-9, 1, Unity, five, Nano}, {999.996e-9, 1, Unity, five, Micro},
-                 {999.94e-9, 1, Unity, one, Nano},  {999.96e-9, 1, Unity, one, Micro},
-                 {1e-6, 1, Unity, five, Micro},     {1e-12, 2, Unity, five, Micro},
-                 {1e-18, 3, Unity, five, Micro},    {2.5e-13, 2, Unity, five, Nano},
-                 {1e-15, 1, Unity, five, Pico},     {1e15, 1, Unity, five, Giga},
-                 {1e-6, 1, Inch, five, MicroInch},  {1, 1, MicroInch, five, Inch},
-                 {0, 1, Milli, five, Milli},        {5e-9, 0, Milli, five, Milli},
-                 {infinity, 1, Milli, five, Milli}, {nan, 1, Milli, five, Milli}};
+    } cases[] = {{35.2e-9, 1, Unity, c_five, Nano},     {-35.2e-9, 1, Unity, c_five, Nano},
+                 {999.99e-9, 1, Unity, c_five, Nano},   {999.996e-9, 1, Unity, c_five, Micro},
+                 {999.94e-9, 1, Unity, c_one, Nano},    {999.96e-9, 1, Unity, c_one, Micro},
+                 {1e-6, 1, Unity, c_five, Micro},       {1e-12, 2, Unity, c_five, Micro},
+                 {1e-18, 3, Unity, c_five, Micro},      {2.5e-13, 2, Unity, c_five, Nano},
+                 {1e-15, 1, Unity, c_five, Pico},       {1e15, 1, Unity, c_five, Giga},
+                 {1e-6, 1, Inch, c_five, MicroInch},    {1, 1, MicroInch, c_five, Inch},
+                 {0, 1, Milli, c_five, Milli},          {5e-9, 0, Milli, c_five, Milli},
+                 {c_infinity, 1, Milli, c_five, Milli}, {c_nan, 1, Milli, c_five, Milli}};
     for (const auto& row : cases)
         EXPECT_EQ(CUnit(row.unit).SuitableFactor(row.value, row.power, row.shown), row.expected)
             << row.value << " power " << row.power;
@@ -103,12 +103,12 @@ TEST(Unit, SuitableFactorIsChosenAfterRounding)
 
 TEST(Range, HoldsItsBoundsAndNoNaN)
 {
-    constexpr CRange<float> range(1, 3);
-    EXPECT_TRUE(range.Contains(1) && range.Contains(3));
-    EXPECT_FALSE(range.Contains(3.5F) || range.Contains(std::nanf("")));
-    EXPECT_EQ(range.Clamp(9), 3);
-    EXPECT_EQ(CRange<float>::Ordered(3, 1), range);
+    constexpr CRange<float> c_range(1, 3);
+    EXPECT_TRUE(c_range.Contains(1) && c_range.Contains(3));
+    EXPECT_FALSE(c_range.Contains(3.5F) || c_range.Contains(std::nanf("")));
+    EXPECT_EQ(c_range.Clamp(9), 3);
+    EXPECT_EQ(CRange<float>::Ordered(3, 1), c_range);
     EXPECT_TRUE(CRange<float>(3, 1).IsEmpty());
-    EXPECT_TRUE(range.Intersection({4, 5}).IsEmpty());
-    EXPECT_EQ(range.Including(0), CRange<float>(0, 3));
+    EXPECT_TRUE(c_range.Intersection({4, 5}).IsEmpty());
+    EXPECT_EQ(c_range.Including(0), CRange<float>(0, 3));
 }

@@ -127,19 +127,17 @@ TEST(MemoryEditView, EditsItsText)
         SKey key;
         const char16_t* text;
         std::size_t caret;
-    } cases[] = {
-        {{.key = EKey::Backspace}, u"abc", 3},
-        {{.key = EKey::Right}, u"abc", 3},
-        {{.key = EKey::Delete}, u"abc", 3},
-        {{.key = EKey::Home}, u"abc", 0},
-        {{.key = EKey::Backspace}, u"abc", 0},
-        {{.key = EKey::Left}, u"abc", 0},
-        {{.key = EKey::Delete}, u"bc", 0},
-        {{.key = EKey::End, .shift = true}, u"bc", 2},
-        {{.key = EKey::Character, .character = u'x'}, u"x", 1},
-        {{.key = EKey::Left, .shift = true}, u"x", 0},
-        {{.key = EKey::Backspace}, u"", 0},
-    };
+    } cases[] = {{{.key = EKey::Backspace}, u"abc", 3},
+                 {{.key = EKey::Right}, u"abc", 3},
+                 {{.key = EKey::Delete}, u"abc", 3},
+                 {{.key = EKey::Home}, u"abc", 0},
+                 {{.key = EKey::Backspace}, u"abc", 0},
+                 {{.key = EKey::Left}, u"abc", 0},
+                 {{.key = EKey::Delete}, u"bc", 0},
+                 {{.key = EKey::End, .shift = true}, u"bc", 2},
+                 {{.key = EKey::Character, .character = u'x'}, u"x", 1},
+                 {{.key = EKey::Left, .shift = true}, u"x", 0},
+                 {{.key = EKey::Backspace}, u"", 0}};
     for (const auto& row : cases) {
         EXPECT_TRUE(view.Press(row.key));
         EXPECT_EQ(view.GetText(), row.text);

@@ -1,6 +1,6 @@
 #include "controls/Timer.h"
 
-#include "platform/ManualTimerService.h"
+#include "tests/CountedTimers.h"
 #include "tests/DiagnosticsCapture.h"
 
 #include <gtest/gtest.h>
@@ -15,18 +15,18 @@ namespace
 {
 
 // A manual service that can be out of timers, repeat an identifier, and shows what it was asked.
-class CTestService : public CManualTimerService
+class CTestService : public CCountedTimers
 {
 public:
     TIdentifier Create(unsigned int interval, FProcedure given) override
     {
         procedure = given;
-        return forced ? *forced : CManualTimerService::Create(interval, given);
+        return forced ? *forced : CCountedTimers::Create(interval, given);
     }
     bool Kill(TIdentifier identifier) override
     {
         killed = identifier;
-        return CManualTimerService::Kill(identifier);
+        return CCountedTimers::Kill(identifier);
     }
 
     std::optional<TIdentifier> forced;
@@ -38,11 +38,6 @@ class Timer : public testing::Test
 {
 public:
     Timer() { timer->SetCallback(*this, &Timer::OnTick); }
-    ~Timer() override
-    {
-        timer.reset();
-        SetTimerService(m_previous);
-    }
     void OnTick(CBaseTimer&)
     {
         ++ticks;
@@ -52,36 +47,32 @@ public:
     void OnOtherTick(CBaseTimer&) { ++otherTicks; }
 
     CTestService service;
+    CServiceScope<CTimerService> scope{service};
     std::unique_ptr<CWinTimer> timer = std::make_unique<CWinTimer>(30U);
     void (*action)(Timer&) = nullptr;
     int ticks = 0;
     int otherTicks = 0;
-
-private:
-    CTimerService* m_previous = SetTimerService(&service);
 };
 
 } // namespace
 
 TEST_F(Timer, RunsFromStartToStop)
 {
-    EXPECT_TRUE(timer->SetRunning(false));
-    timer->SetInterval(50);
     EXPECT_FALSE(timer->IsRunning());
     EXPECT_TRUE(timer->SetRunning(true));
     EXPECT_TRUE(timer->SetRunning(true));
-    EXPECT_EQ(service.GetTimerCount(), 1U);
-    service.Advance(40);
+    EXPECT_EQ(service.GetTimerCount(), 1);
+    service.Advance(20);
     timer->SetInterval(20);
     service.Advance(19);
     EXPECT_EQ(ticks, 0);
     service.Advance(21);
     EXPECT_EQ(ticks, 2);
     EXPECT_TRUE(timer->SetRunning(false));
-    EXPECT_EQ(service.GetTimerCount(), 0U);
+    EXPECT_EQ(service.GetTimerCount(), 0);
     EXPECT_TRUE(timer->SetRunning(true));
     timer.reset();
-    EXPECT_EQ(service.GetTimerCount(), 0U);
+    EXPECT_EQ(service.GetTimerCount(), 0);
     // A tick that was on its way.
     service.killed = 0;
     service.procedure(1);
@@ -91,16 +82,16 @@ TEST_F(Timer, RunsFromStartToStop)
 
 TEST_F(Timer, FrequencyGivesTheInterval)
 {
-    constexpr unsigned int longest = std::numeric_limits<unsigned int>::max();
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    constexpr unsigned int c_longest = std::numeric_limits<unsigned int>::max();
+    constexpr double c_infinity = std::numeric_limits<double>::infinity();
+    constexpr double c_nan = std::numeric_limits<double>::quiet_NaN();
     const struct {
         double hertz;
         unsigned int interval;
         int warnings;
     } cases[] = {
-        {3, 333, 0}, {1001, 0, 0}, {infinity, 0, 0},   {1e-7, longest, 0}, {5e-324, longest, 0},
-        {0, 30, 1},  {-3, 30, 1},  {-infinity, 30, 1}, {nan, 30, 1},
+        {3, 333, 0}, {1001, 0, 0}, {c_infinity, 0, 0},   {1e-7, c_longest, 0}, {5e-324, c_longest, 0},
+        {0, 30, 1},  {-3, 30, 1},  {-c_infinity, 30, 1}, {c_nan, 30, 1},
     };
     for (const auto& row : cases) {
         const CDiagnosticsCapture warnings;

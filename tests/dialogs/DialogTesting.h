@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ManualTimerService.h"
 #include "platform/MemoryMessageLoop.h"
+#include "tests/CountedTimers.h"
 
 #include <gtest/gtest.h>
 
@@ -12,18 +12,12 @@ namespace CommonUI
 class CDialogTest : public testing::Test
 {
 public:
-    ~CDialogTest() override
-    {
-        SetTimerService(m_timersBefore);
-        SetMessageLoop(m_loopBefore);
-    }
-
     CMemoryMessageLoop loop;
-    CManualTimerService timers;
+    CCountedTimers timers;
 
 private:
-    CMessageLoop* m_loopBefore = SetMessageLoop(&loop);
-    CTimerService* m_timersBefore = SetTimerService(&timers);
+    CServiceScope<CMessageLoop> m_loopScope{loop};
+    CServiceScope<CTimerService> m_timersScope{timers};
 };
 
 } // namespace CommonUI

@@ -116,8 +116,7 @@ TEST_F(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
 TEST_F(FormatSpecifierDlg, HelpOpensTheTopicOfTheDialog)
 {
     CMemoryHelpService help;
-    CHelpService* const before = SetHelpService(&help);
+    const CServiceScope<CHelpService> scope(help);
     CDlg(MakeParameter({})).OnHelpInfo();
-    SetHelpService(before);
     EXPECT_EQ(help.GetOpened(), std::vector<unsigned int>{7804});
 }

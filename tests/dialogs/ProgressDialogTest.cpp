@@ -112,7 +112,7 @@ TEST_F(ProgressDialog, AppearsAfterTwoSecondsOrWithTheFirstStep)
     dialog->Step(1);
     timers.Advance(10000);
     EXPECT_TRUE(view.IsVisible()) << "both timers tick once";
-    EXPECT_EQ(timers.GetTimerCount(), 0U);
+    EXPECT_EQ(timers.GetTimerCount(), 0);
 
     dialog->EndDialog(1);
     dialog->Create();
@@ -165,7 +165,7 @@ TEST_F(ProgressDialog, StepCallbackMayDestroyTheDialog)
     EXPECT_EQ(dialog, nullptr);
     EXPECT_EQ(lastText, text);
     EXPECT_FALSE(view.IsVisible());
-    EXPECT_EQ(timers.GetTimerCount(), 0U);
+    EXPECT_EQ(timers.GetTimerCount(), 0);
 }
 
 TEST_F(ProgressDialog, WindowGrowsWithTheText)

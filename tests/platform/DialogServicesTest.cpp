@@ -29,16 +29,14 @@ TEST(PathText, EverySeparatorEndsAFolderOnEveryPlatform)
 TEST(MessageBoxService, AnswersThatNobodyGaveAreCautious)
 {
     CMemoryMessageBoxService service;
-    EXPECT_EQ(SetMessageBoxService(&service), nullptr);
     service.Prepare(EMessageBoxAnswer::Yes);
     const SMessageBox question{u"Remove?", MessageBoxStyle::c_yesNo | MessageBoxStyle::c_warning, 21000};
     const SMessageBox choice{u"Go on?", MessageBoxStyle::c_okCancel};
-    EXPECT_EQ(GetMessageBoxService().Show(question), EMessageBoxAnswer::Yes);
-    EXPECT_EQ(GetMessageBoxService().Show(question), EMessageBoxAnswer::No);
-    EXPECT_EQ(GetMessageBoxService().Show(choice), EMessageBoxAnswer::Cancel);
-    EXPECT_EQ(GetMessageBoxService().Show({u"Done."}), EMessageBoxAnswer::Ok);
+    EXPECT_EQ(service.Show(question), EMessageBoxAnswer::Yes);
+    EXPECT_EQ(service.Show(question), EMessageBoxAnswer::No);
+    EXPECT_EQ(service.Show(choice), EMessageBoxAnswer::Cancel);
+    EXPECT_EQ(service.Show({u"Done."}), EMessageBoxAnswer::Ok);
     EXPECT_EQ(service.GetShown(), (std::vector<SMessageBox>{question, question, choice, {u"Done."}}));
-    EXPECT_EQ(SetMessageBoxService(nullptr), &service);
     EXPECT_EQ(GetMessageBoxService().Show(question), EMessageBoxAnswer::No);
 }
 

@@ -10,9 +10,8 @@ TEST(Folders, TheSystemsUnlessTheApplicationSetsThem)
     EXPECT_TRUE(std::filesystem::is_directory(system)) << system;
     EXPECT_TRUE(system.is_absolute());
     EXPECT_FALSE(GetFolders().GetSettingsFolder().empty());
-    EXPECT_EQ(SetFolders(std::make_unique<CFixedFolders>("application", "settings")), nullptr);
+    CFixedFolders folders("application", "settings");
+    const CServiceScope<CFolders> scope(folders);
     EXPECT_EQ(GetFolders().GetApplicationFolder(), "application");
     EXPECT_EQ(GetFolders().GetSettingsFolder(), "settings");
-    EXPECT_NE(SetFolders(nullptr), nullptr);
-    EXPECT_EQ(GetFolders().GetApplicationFolder(), system);
 }

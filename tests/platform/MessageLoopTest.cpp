@@ -19,20 +19,20 @@ int s_ticks = 0;
 
 TEST(MessageLoop, HandlesMessagesOfAllThreadsInTheirOrder)
 {
-    constexpr int count = 1000;
+    constexpr int c_count = 1000;
     CMemoryMessageLoop loop;
     std::vector<int> handled[2];
     const auto post = [&](std::vector<int>& list) {
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < c_count; ++i)
             loop.Post([&list, i] { list.push_back(i); });
     };
     std::thread first([&] { post(handled[0]); });
     std::thread second([&] { post(handled[1]); });
-    EXPECT_TRUE(loop.RunUntil([&] { return handled[0].size() + handled[1].size() == 2U * count; }));
+    EXPECT_TRUE(loop.RunUntil([&] { return handled[0].size() + handled[1].size() == 2U * c_count; }));
     first.join();
     second.join();
     for (const auto& list : handled)
-        EXPECT_TRUE(list.size() == count && std::is_sorted(list.begin(), list.end()));
+        EXPECT_TRUE(list.size() == c_count && std::is_sorted(list.begin(), list.end()));
 }
 
 TEST(MessageLoop, PumpLeavesWhatMessagesPost)

@@ -18,7 +18,7 @@ TEST(ThreadMessages, BelongToOneThreadAndEndWithIt)
         }
         int priority = 0;
     } service;
-    CThreadService* const before = SetThreadService(&service);
+    const CServiceScope<CThreadService> scope(service);
     bool taken[4] = {};
     unsigned long inside = 0;
     CWorkerThread worker(
@@ -36,7 +36,6 @@ TEST(ThreadMessages, BelongToOneThreadAndEndWithIt)
     EXPECT_FALSE(PostToThread(0, 7));
     worker.Start();
     EXPECT_EQ(worker.Wait(), 5U);
-    SetThreadService(before);
     EXPECT_EQ(inside, identifier);
     EXPECT_NE(GetThreadIdentifier(), identifier);
     EXPECT_TRUE(taken[0] && taken[1] && taken[2] && !taken[3]);

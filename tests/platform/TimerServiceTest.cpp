@@ -28,7 +28,7 @@ protected:
     }
 };
 
-using TTicks = std::vector<std::pair<CTimerService::TIdentifier, std::int64_t>>;
+using CTicks = std::vector<std::pair<CTimerService::TIdentifier, std::int64_t>>;
 std::function<void(CTimerService::TIdentifier)> s_action;
 
 void OnTick(CTimerService::TIdentifier identifier)
@@ -45,7 +45,7 @@ TEST(ManualTimerService, TicksInOrderOfTimeAndAge)
     const auto b = service.Create(10, OnTick);
     const auto c = service.Create(20, OnTick);
     CTimerService::TIdentifier d = 0;
-    TTicks ticks;
+    CTicks ticks;
     s_action = [&](auto identifier) {
         ticks.emplace_back(identifier, service.GetTime());
         if (identifier == a && d == 0)
@@ -54,7 +54,7 @@ TEST(ManualTimerService, TicksInOrderOfTimeAndAge)
             service.Kill(identifier == c ? b : d);
     };
     service.Advance(40);
-    EXPECT_EQ(ticks, (TTicks{{b, 10}, {a, 20}, {b, 20}, {c, 20}, {d, 25}, {a, 40}, {c, 40}}));
+    EXPECT_EQ(ticks, (CTicks{{b, 10}, {a, 20}, {b, 20}, {c, 20}, {d, 25}, {a, 40}, {c, 40}}));
     EXPECT_EQ(service.GetTime(), 40U);
     EXPECT_FALSE(service.Kill(d));
 }
@@ -62,7 +62,7 @@ TEST(ManualTimerService, TicksInOrderOfTimeAndAge)
 TEST(ManualTimerService, TickMayAdvanceTheClockOrThrow)
 {
     CManualTimerService service;
-    TTicks ticks;
+    CTicks ticks;
     const auto slow = service.Create(10, OnTick);
     const auto fast = service.Create(4, OnTick);
     s_action = [&](auto identifier) {
@@ -73,19 +73,19 @@ TEST(ManualTimerService, TickMayAdvanceTheClockOrThrow)
             throw std::runtime_error("tick");
     };
     service.Advance(12);
-    EXPECT_EQ(ticks, (TTicks{{fast, 4}, {fast, 8}, {slow, 10}, {fast, 12}, {fast, 16}}));
+    EXPECT_EQ(ticks, (CTicks{{fast, 4}, {fast, 8}, {slow, 10}, {fast, 12}, {fast, 16}}));
     EXPECT_EQ(service.GetTime(), 17U);
     ticks.clear();
     EXPECT_THROW(service.Advance(9), std::runtime_error);
     EXPECT_THROW(service.Advance(0), std::runtime_error);
     service.Advance(4);
-    EXPECT_EQ(ticks, (TTicks{{slow, 20}, {fast, 20}, {fast, 24}}));
+    EXPECT_EQ(ticks, (CTicks{{slow, 20}, {fast, 20}, {fast, 24}}));
 }
 
 TEST(ConsoleTimerService, MakesUpForMissedTicksWithOne)
 {
     CJumpingService service;
-    TTicks ticks;
+    CTicks ticks;
     s_action = [&](auto identifier) { ticks.emplace_back(identifier, service.time.count()); };
     const auto a = service.Create(10, OnTick);
     const auto b = service.Create(25, OnTick);
@@ -95,13 +95,12 @@ TEST(ConsoleTimerService, MakesUpForMissedTicksWithOne)
     EXPECT_EQ(service.ProcessDue(), 2U);
     EXPECT_EQ(service.ProcessDue(), 0U);
     service.RunFor(18);
-    EXPECT_EQ(ticks, (TTicks{{a, 34}, {b, 34}, {a, 40}, {a, 50}, {b, 50}}));
+    EXPECT_EQ(ticks, (CTicks{{a, 34}, {b, 34}, {a, 40}, {a, 50}, {b, 50}}));
     EXPECT_EQ(service.time, milliseconds(52));
 }
 
 TEST(ConsoleTimerService, RunsUntilNoTimerIsLeft)
 {
-    CTimerService* const before = SetTimerService(nullptr);
     EXPECT_EQ(&GetTimerService(), &GetConsoleTimerService());
     int count = 0;
     s_action = [&](auto identifier) {
@@ -111,5 +110,4 @@ TEST(ConsoleTimerService, RunsUntilNoTimerIsLeft)
     GetTimerService().Create(0, OnTick);
     GetConsoleTimerService().RunUntilIdle();
     EXPECT_EQ(count, 3);
-    SetTimerService(before);
 }

@@ -156,7 +156,7 @@ TEST(FormatSpecifierWindow, GrowsWithTheTextsOfAnotherLanguage)
 TEST(FormatSpecifierWindow, OpensHelpAndIsCancelledWithItsParent)
 {
     CMemoryHelpService help;
-    CHelpService* const before = SetHelpService(&help);
+    const CServiceScope<CHelpService> scope(help);
     auto parent = std::make_unique<QWidget>();
     parent->show();
     CQtFormatSpecifierDlg dialog(MakeParameter({EFormat::FormatDigits, 5}), parent.get());
@@ -170,6 +170,5 @@ TEST(FormatSpecifierWindow, OpensHelpAndIsCancelledWithItsParent)
     });
     EXPECT_EQ(dialog.DoModal(), CBaseDialog::c_cancel);
     EXPECT_EQ(dialog.GetWindow(), nullptr);
-    SetHelpService(before);
     EXPECT_EQ(help.GetOpened(), (std::vector<unsigned int>{7804, 7804}));
 }

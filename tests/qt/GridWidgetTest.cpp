@@ -36,7 +36,6 @@ public:
     enum ERow { Setup, Check, Button, Text, Masked, Spin, List };
 
     GridWidget()
-        : m_oldBoxes(SetMessageBoxService(&m_boxes))
     {
         Grid().AddColumn({u"Name", 100});
         Grid().AddColumn({u"Value", 150});
@@ -50,7 +49,6 @@ public:
         Add<CGridDblSpinItem>(2.5).EnableSpinControl(true, 0, 4);
         Add<CGridListItem>().SetOptions({u"nm", u"mm", u"\u00B5m"});
     }
-    ~GridWidget() override { SetMessageBoxService(m_oldBoxes); }
 
     CGridCtrl& Grid() const { return m_shown.grid->GetGrid(); }
     template<class TItem, class... TArgs>
@@ -98,7 +96,7 @@ public:
     }
 
     CMemoryMessageBoxService m_boxes;
-    CMessageBoxService* m_oldBoxes;
+    CServiceScope<CMessageBoxService> m_boxesScope{m_boxes};
     SShownGrid<CGridCtrlWidget> m_shown;
     std::string m_changes;
     bool m_deletes = false;

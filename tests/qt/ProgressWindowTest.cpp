@@ -45,11 +45,6 @@ public:
         EXPECT_TRUE(QTest::qWaitForWindowExposed(main.get()));
         MakeDialog(main.get());
     }
-    ~ProgressWindow() override
-    {
-        dialog.reset();
-        SetTimerService(m_timersBefore);
-    }
 
     void MakeDialog(QWidget* parent)
     {
@@ -92,10 +87,8 @@ public:
     std::function<void()> work = [] {};
     std::function<void()> onStep;
     CManualTimerService timers;
+    CServiceScope<CTimerService> timersScope{timers};
     std::unique_ptr<CQtProgressThreadDialog> dialog;
-
-private:
-    CTimerService* m_timersBefore = SetTimerService(&timers);
 };
 
 // A rectangle of the template in the font of a widget, to a pixel.

@@ -217,7 +217,7 @@ TEST(QtServices, AMessageBoxThatGoesWithItsParentCountsAsClosed)
 TEST(QtServices, HelpOfAMessageBoxOpensTheTopicAndLeavesTheBoxOpen)
 {
     CMemoryHelpService help;
-    CHelpService* const before = SetHelpService(&help);
+    const CServiceScope<CHelpService> scope(help);
     WhenShown<QMessageBox>([](QMessageBox& box) {
         QTest::mouseClick(box.button(QMessageBox::Help), Qt::LeftButton);
         EXPECT_TRUE(box.isVisible());
@@ -226,7 +226,6 @@ TEST(QtServices, HelpOfAMessageBoxOpensTheTopicAndLeavesTheBoxOpen)
     const SMessageBox box{u"Replace?", MessageBoxStyle::c_yesNo | MessageBoxStyle::c_help, 21000};
     EXPECT_EQ(GetMessageBoxService().Show(box), EMessageBoxAnswer::Yes);
     EXPECT_EQ(help.GetOpened(), std::vector<unsigned int>{21000});
-    SetHelpService(before);
 }
 
 TEST(QtServices, FileDialogsOfferFiltersAndRememberTheChoice)

@@ -28,20 +28,6 @@ public:
 class SettingsFactory : public testing::Test
 {
 protected:
-    SettingsFactory()
-    {
-        CommonUI::SetFolders(
-            std::make_unique<CommonUI::CFixedFolders>(m_folder.GetPath(), m_folder.GetPath()));
-        CommonUI::SetMessageBoxService(&m_boxes);
-        CommonUI::SetFileDialogService(&m_dialogs);
-    }
-    ~SettingsFactory() override
-    {
-        CommonUI::SetFileDialogService(nullptr);
-        CommonUI::SetMessageBoxService(nullptr);
-        CommonUI::SetFolders(nullptr);
-    }
-
     /// The full path of a name in the test's folder.
     CommonUI::CStr Path(const char* name = "") const
     {
@@ -69,8 +55,12 @@ protected:
     }
 
     CTemporaryFolder m_folder;
+    CommonUI::CFixedFolders m_folders{m_folder.GetPath(), m_folder.GetPath()};
+    CommonUI::CServiceScope<CommonUI::CFolders> m_foldersScope{m_folders};
     CommonUI::CMemoryMessageBoxService m_boxes;
+    CommonUI::CServiceScope<CommonUI::CMessageBoxService> m_boxesScope{m_boxes};
     CommonUI::CMemoryFileDialogService m_dialogs;
+    CommonUI::CServiceScope<CommonUI::CFileDialogService> m_dialogsScope{m_dialogs};
     CDiagnosticsCapture m_warnings;
     CTestFactory m_factory;
 };

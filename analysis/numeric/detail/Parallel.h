@@ -9,12 +9,18 @@
 namespace CommonUI::Analysis
 {
 
-/// Calls compute(first, last) for shares of [0, count), one for each processor, side by side. What one of the
-/// calls throws is thrown here, after all have ended.
-template<class CCompute>
-void ComputeInShares(std::size_t count, const CCompute& compute)
+/// Into how many shares work is cut: one for each processor, within reason.
+inline std::size_t GetShareCount()
 {
-    const std::size_t threads = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 16);
+    return std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 16);
+}
+
+/// Calls compute(first, last) for GetShareCount() shares of [0, count), side by side. What one of the
+/// calls throws is thrown here, after all have ended.
+template<class FCompute>
+void ComputeInShares(std::size_t count, const FCompute& compute)
+{
+    const std::size_t threads = GetShareCount();
     std::vector<std::future<void>> shares;
     for (std::size_t i = 0; i < threads; ++i)
         shares.push_back(std::async([&compute, first = count * i / threads,

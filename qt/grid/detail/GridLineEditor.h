@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/WheelSteps.h"
 #include "qt/grid/detail/GridEditor.h"
 
 #include <QLineEdit>
@@ -34,7 +35,7 @@ private:
     SGridEdit m_edit;
     QLineEdit* m_line;
     std::array<QToolButton*, 2> m_arrows{};
-    int m_wheelRest = 0; // what a slow wheel has turned since the last step
+    CWheelSteps m_wheel;
 };
 
 } // namespace CommonUI
