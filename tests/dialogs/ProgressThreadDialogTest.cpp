@@ -130,7 +130,7 @@ TEST_F(ProgressThreadDialog, BusyUserInterfaceGetsTheLatestReportOfTheProcess)
     };
     dialog->Create();
     reported.wait();
-    EXPECT_EQ(loop.GetCount(), 5U) << "one message for the steps and one for the texts of each dialog";
+    EXPECT_EQ(loop.GetCount(), 3U) << "one message for each dialog";
     checked.count_down();
     EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
     EXPECT_EQ(steps, 3);
