@@ -2,7 +2,6 @@
 
 #include "controls/MemoryEditView.h"
 #include "dialogs/MemoryFormatSpecifierView.h"
-#include "platform/HelpService.h"
 #include "tests/dialogs/DialogTesting.h"
 
 using namespace CommonUI;
@@ -104,20 +103,4 @@ TEST_F(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
         shown.dialog.DoModal();
         EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), row.format) << "as it was when opened again";
     }
-    CShown shown({EFormat::FormatDigits, 3});
-    loop.Post([&] {
-        shown.view.Choose(0);
-        loop.Quit();
-    });
-    EXPECT_EQ(shown.dialog.DoModal(), CBaseDialog::c_cancel);
-    EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat().type, EFormat::FormatDigits) << "the program ends";
-}
-
-TEST_F(FormatSpecifierDlg, HelpOpensTheTopicOfTheDialog)
-{
-    CMemoryHelpService help;
-    CHelpService* const before = SetHelpService(&help);
-    CDlg(MakeParameter({})).OnHelpInfo();
-    SetHelpService(before);
-    EXPECT_EQ(help.GetOpened(), std::vector<unsigned int>{7804});
 }
