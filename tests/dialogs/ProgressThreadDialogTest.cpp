@@ -136,10 +136,14 @@ TEST_F(ProgressThreadDialog, LoopWithinAStepTakesWhatWaits)
             EXPECT_EQ(dialog->GetText(), u"Working");
         } else if (steps == 101) {
             EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
+            work = [&] { ReportUntilCanceled(); };
+            dialog->Create();
+        } else if (steps == 102) {
+            dialog->EndDialog(7);
         }
     };
     RunBusy([&] { Report(100, u"Working"); }, [&] { loop.Pump(); }, [&] { Report(1, {}); });
-    EXPECT_EQ(steps, 101);
+    EXPECT_EQ(steps, 102) << "a dialog that was opened again is left open";
 }
 
 TEST_F(ProgressThreadDialog, MillionReportsKeepTheQueueShort)
