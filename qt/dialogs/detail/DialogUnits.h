@@ -26,7 +26,8 @@ public:
     SSize ToUnits(const QSizeF& size) const;
 
 private:
-    double m_width; ///< of a unit, in pixels
+    // Of a unit, in pixels.
+    double m_width;
     double m_height;
 };
 
