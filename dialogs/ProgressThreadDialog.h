@@ -47,15 +47,15 @@ public:
     /// Adds to the position: what becomes of a report on the user-interface thread.
     void Step(float increment) { Advance(increment); }
 
-    /// Reports progress; called by the work, on the worker thread. It returns at once and never waits for the
-    /// user-interface thread.
+    /// Reports progress; called by the work, on the worker thread. It returns at once, however busy the
+    /// user-interface thread is.
     ///
     /// Each report makes one step, but there is one increment and one text in the whole process, that of the
     /// last report: reports that the dialog gets to later than that show the last one's. A report without a
     /// text leaves the text that is shown as it is; one that still waits to be shown becomes empty. However
     /// many reports there are, at most one message for them waits in the loop.
-    /// @return not 0 if the user has cancelled: the report is dropped, and the work shall end. The next
-    ///     report returns 0 again.
+    /// @return not 0 if the user has cancelled: the report makes no step and brings no text, though it is the
+    ///     last one, and the work shall end. The next report returns 0 again.
     int PostThreadProgress(float increment, const CStr& text);
 
 protected:
