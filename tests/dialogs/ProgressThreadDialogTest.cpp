@@ -232,7 +232,7 @@ TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
         isWorkCanceled = false;
         std::latch reported(1);
         work = [&] {
-            Report(3, {});
+            Report(3, u"Working");
             reported.count_down();
             ReportUntilCanceled();
         };
@@ -242,6 +242,7 @@ TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
             row.end();
         };
         EXPECT_EQ(dialog->DoModal(), row.result) << row.what;
+        loop.Pump();
         EXPECT_TRUE(isWorkCanceled) << row.what;
         EXPECT_TRUE(!dialog || dialog->IsCanceled()) << row.what;
         EXPECT_FALSE(view.IsVisible()) << row.what;
