@@ -126,24 +126,6 @@ TEST(FormatSpecifierWindow, NamesItsControlsAndLeadsThroughThemByTab)
     });
 }
 
-TEST(FormatSpecifierWindow, GrowsWithTheTextsOfAnotherLanguage)
-{
-    RunDialog({EFormat::FormatDecimals, 4}, [](CFormatSpecifierWindow& window) {
-        for (const int control : {CDlg::c_format, CDlg::c_count, CDlg::c_exampleCaption, CDlg::c_largeExample,
-                                  CDlg::c_ok, CDlg::c_cancel})
-            window.SetText(control, u"Anzahl der angezeigten Nachkommastellen");
-        const auto isWhole = [](const QWidget* widget) {
-            const bool hasText =
-                qobject_cast<const QLabel*>(widget) || qobject_cast<const QPushButton*>(widget);
-            return !hasText || widget->size().boundedTo(widget->sizeHint()) == widget->sizeHint();
-        };
-        const auto widgets = window.findChildren<QWidget*>();
-        // The window system may still report the size that the window had at first.
-        EXPECT_TRUE(QTest::qWaitFor([&] { return std::all_of(widgets.begin(), widgets.end(), isWhole); }));
-        window.close();
-    });
-}
-
 TEST(FormatSpecifierWindow, OpensHelpAndIsCancelledWithItsParent)
 {
     CMemoryHelpService help;
