@@ -24,8 +24,7 @@ public:
     /// @param identifier the number of the dialog and of its help topic
     /// @param parent the window that the dialog belongs to, or null; kept for the view, never called
     CBaseDialog(unsigned int identifier, CWnd* parent);
-    /// Closes the dialog. A derived class that overrides OnDestroy must close it itself, in its own
-    /// destructor.
+    /// A derived class closes the dialog in its own destructor, as nothing of it can be called from here.
     virtual ~CBaseDialog();
 
     unsigned int GetIdentifier() const noexcept { return m_identifier; }

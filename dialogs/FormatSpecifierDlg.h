@@ -1,40 +1,14 @@
 #pragma once
 
 #include "../controls/IntEdit.h"
-#include "../controls/View.h"
 #include "../model/Parameter.h"
 #include "BaseDialog.h"
+#include "FormatSpecifierView.h"
 
-#include <optional>
 #include <vector>
 
 namespace CommonUI
 {
-
-class CFormatSpecifierDlg;
-
-/// One kind of format in the list of the dialog.
-struct SFormatItem {
-    CStr text{};
-    CParameter::EFormatSpecifier value{};
-
-    friend bool operator==(const SFormatItem&, const SFormatItem&) = default;
-};
-
-/// The window of the format dialog: a list, an edit field with a spin button, whose views are given to
-/// CFormatSpecifierDlg::GetCountEdit, two lines of text, OK, Cancel and help. It tells its dialog what is
-/// pressed, and when the user has selected in the list.
-class COMMONUI_API CFormatSpecifierView : public CDialogView, public CControlView<CFormatSpecifierDlg>
-{
-public:
-    ~CFormatSpecifierView() override;
-
-    /// Replaces the items of the list; none is selected then.
-    virtual void SetItems(const std::vector<SFormatItem>& items) = 0;
-    /// @param index that of an item; empty selects none
-    virtual void SelectItem(std::optional<std::size_t> index) = 0;
-    virtual std::optional<std::size_t> GetSelectedItem() const = 0;
-};
 
 /// The dialog in which the user chooses how the values of a parameter are written: with how many decimals or
 /// significant digits. Two examples show what comes out.
@@ -78,7 +52,7 @@ private:
     void UpdateExample();
 
     CParameter m_parameter;
-    CParameter::SFormatSpecifier m_original{}; ///< when the dialog was opened
+    CParameter::SFormatSpecifier m_original{}; // when the dialog was opened
     std::vector<SFormatItem> m_items;
     CIntEdit m_count;
 };

@@ -9,14 +9,14 @@ CMemoryProgressView::~CMemoryProgressView() = default;
 
 SSize CMemoryProgressView::MeasureText(const CStr& text, int width) const
 {
-    constexpr int characterWidth = 4;
-    constexpr int lineHeight = 8;
-    const int perLine = std::max(1, width / characterWidth);
+    constexpr int c_characterWidth = 4;
+    constexpr int c_lineHeight = 8;
+    const int perLine = std::max(1, width / c_characterWidth);
     SSize size;
     for (const CStr& line : text.Split(u"\n")) {
         const int length = static_cast<int>(line.GetLength());
-        size.cx = std::max(size.cx, std::min(length, perLine) * characterWidth);
-        size.cy += std::max(1, (length + perLine - 1) / perLine) * lineHeight;
+        size.cx = std::max(size.cx, std::min(length, perLine) * c_characterWidth);
+        size.cy += std::max(1, (length + perLine - 1) / perLine) * c_lineHeight;
     }
     return size;
 }

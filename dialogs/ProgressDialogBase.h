@@ -58,9 +58,9 @@ public:
 
     /// Sets the member function that is called after each step with the dialog and its text, in place of the
     /// one before. The object is not owned. The function may close or destroy the dialog.
-    template<class C>
-    void SetStepCallback(std::type_identity_t<C>& object,
-                         void (C::*method)(CProgressDialogBase&, const CStr&))
+    template<class T>
+    void SetStepCallback(std::type_identity_t<T>& object,
+                         void (T::*method)(CProgressDialogBase&, const CStr&))
     {
         m_stepCallback.Set(MakeClosure(object, method));
     }
@@ -96,9 +96,9 @@ private:
     CStr m_text;
     std::atomic<bool> m_canceled = false;
     bool m_wrap = false;
-    double m_position = 0; ///< with the fractions that the bar does not show
+    double m_position = 0; // with the fractions that the bar does not show
     bool m_delayedShow = false;
-    int m_textHeight = 0; ///< the greatest since the dialog was opened, in dialog units
+    int m_textHeight = 0; // the greatest since the dialog was opened, in dialog units
     unsigned long m_notifyThread = 0;
     const void* m_icon = nullptr;
     CProgressCtrl m_bar;

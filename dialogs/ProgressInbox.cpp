@@ -1,96 +1,59 @@
 #include "dialogs/detail/ProgressInbox.h"
 
-#include "dialogs/ProgressThreadDialog.h"
-
-#include <mutex>
+#include <utility>
 
 namespace CommonUI
 {
 
-namespace
+CProgressInbox::CProgressInbox(FWake wake)
+    : m_wake(std::move(wake))
 {
-
-std::atomic<float> s_increment = 0.0F;
-std::mutex s_textMutex;
-
-// Never destroyed: workers of dialogs that are static objects may still report.
-CStr& LatestText()
-{
-    static CStr& text = *new CStr;
-    return text;
 }
 
-} // namespace
-
-float GetLatestIncrement()
-{
-    return s_increment.load(std::memory_order_relaxed);
-}
-
-CStr GetLatestText()
-{
-    const std::lock_guard lock(s_textMutex);
-    return LatestText();
-}
-
-void SetLatestReport(float increment, const CStr& text)
-{
-    s_increment.store(increment, std::memory_order_relaxed);
-    const std::lock_guard lock(s_textMutex);
-    LatestText() = text;
-}
-
-void CProgressInbox::PostStep()
+void CProgressInbox::PutReport(bool hasText)
 {
     ++m_steps;
-    PostSteps();
+    if (hasText)
+        m_hasText = true;
+    Wake();
 }
 
-void CProgressInbox::PostSteps()
-{
-    if (m_steps != 0 && !m_stepWaits.exchange(true))
-        Post(CProgressThreadDialog::c_stepMessage);
-}
-
-void CProgressInbox::PostNewText()
-{
-    if (!m_textWaits.exchange(true))
-        Post(CProgressThreadDialog::c_newTextMessage);
-}
-
-void CProgressInbox::PostClose(std::exception_ptr exception)
+void CProgressInbox::PutEnd(std::exception_ptr exception)
 {
     m_exception = std::move(exception);
     m_isDone = true;
-    if (m_isOpen)
-        Post(CProgressThreadDialog::c_closeMessage);
-}
-
-void CProgressInbox::DelayClose()
-{
-    Post(CProgressThreadDialog::c_closeMessage);
+    Wake();
 }
 
 bool CProgressInbox::TakeStep()
 {
-    if (!m_dialog || m_steps == 0)
+    if (m_isClosed || m_steps == 0)
         return false;
-    --m_steps;
-    PostSteps();
+    if (--m_steps != 0 || m_hasText || m_isDone)
+        Wake();
     return true;
 }
 
-void CProgressInbox::Detach()
+bool CProgressInbox::TakeText()
 {
-    m_isOpen = false;
-    m_dialog = nullptr;
+    return !m_isClosed && m_hasText.exchange(false);
 }
 
-void CProgressInbox::Post(unsigned int message)
+std::exception_ptr CProgressInbox::TakeException()
 {
-    m_loop.Post([inbox = shared_from_this(), message] {
-        if (inbox->m_dialog)
-            inbox->m_dialog->OnMessage(message);
+    return std::exchange(m_exception, nullptr);
+}
+
+void CProgressInbox::Wake()
+{
+    // A message waits nearly always, and a look is cheaper than the exchange.
+    if (m_isWaking || m_isWaking.exchange(true))
+        return;
+    m_loop.Post([inbox = shared_from_this()] {
+        // First, so that what is put in while the rest is taken wakes again.
+        inbox->m_isWaking = false;
+        if (!inbox->m_isClosed)
+            inbox->m_wake();
     });
 }
 

@@ -18,8 +18,8 @@ void MoveDown(SRect& rect, int distance)
 
 int GetProgressTextWidth()
 {
-    constexpr SProgressLayout layout;
-    return layout.bar.right - layout.text.left;
+    constexpr SProgressLayout c_layout;
+    return c_layout.bar.right - c_layout.text.left;
 }
 
 SProgressLayout GetProgressLayout(const SSize& text)

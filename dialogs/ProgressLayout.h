@@ -6,8 +6,8 @@
 namespace CommonUI
 {
 
-/// The numbers of the progress dialog and its controls. The texts of the string table under c_dialog and
-/// c_text are the caption and the text that the dialog has where nothing else is given.
+/// The numbers of the progress dialog and its controls. The text of the string table under c_dialog is the
+/// caption where none is given.
 namespace ProgressTemplate
 {
 constexpr unsigned int c_dialog = 7204;

@@ -2,6 +2,7 @@
 
 #include "common/Diagnostics.h"
 #include "common/Exceptions.h"
+#include "dialogs/detail/LatestReport.h"
 #include "dialogs/detail/ProgressInbox.h"
 #include "platform/ThreadMessages.h"
 
@@ -12,7 +13,7 @@ namespace CommonUI
 
 CProgressThreadDialog::CProgressThreadDialog(CWnd* parent, const CStr& caption, const CStr& text)
     : CProgressDialogBase(parent, caption, text)
-    , m_inbox(std::make_shared<CProgressInbox>(*this, false))
+    , m_inbox(MakeInbox())
 {
 }
 
@@ -42,7 +43,7 @@ bool CProgressThreadDialog::OnInitDialog()
 void CProgressThreadDialog::OnDestroy()
 {
     CProgressDialogBase::OnDestroy();
-    m_inbox->Detach();
+    m_inbox->Close();
     StopWorker();
 }
 
@@ -52,7 +53,7 @@ void CProgressThreadDialog::RunThread()
         throw EInternal(u"ProgressThreadDialog", __LINE__, u"CProgressThreadDialog::RunThread",
                         u"A worker is running.");
     DropInbox();
-    m_inbox = std::make_shared<CProgressInbox>(*this, IsOpen());
+    m_inbox = MakeInbox();
     auto run = [work = m_work.Share<void>(), inbox = m_inbox]() -> unsigned long {
         std::exception_ptr exception;
         try {
@@ -61,7 +62,7 @@ void CProgressThreadDialog::RunThread()
         } catch (...) {
             exception = std::current_exception();
         }
-        inbox->PostClose(std::move(exception));
+        inbox->PutEnd(std::move(exception));
         return 1;
     };
     m_worker = std::make_unique<CWorkerThread>(std::move(run), CWorkerThread::c_timeCritical);
@@ -70,8 +71,13 @@ void CProgressThreadDialog::RunThread()
     try {
         m_worker->Start();
     } catch (...) {
-        m_inbox->PostClose(std::current_exception());
+        m_inbox->PutEnd(std::current_exception());
     }
+}
+
+std::shared_ptr<CProgressInbox> CProgressThreadDialog::MakeInbox()
+{
+    return std::make_shared<CProgressInbox>([this] { EmptyInbox(); });
 }
 
 void CProgressThreadDialog::StopWorker()
@@ -86,7 +92,7 @@ void CProgressThreadDialog::StopWorker()
 void CProgressThreadDialog::DropInbox()
 {
     StopWorker();
-    m_inbox->Detach();
+    m_inbox->Close();
     if (m_inbox->TakeException())
         GetDiagnostics().Write(u"Progress", EDiagnosticLevel::Error,
                                u"The work of a progress dialog threw an exception that nobody waited for.");
@@ -104,43 +110,25 @@ int CProgressThreadDialog::PostThreadProgress(float increment, const CStr& text)
     SetLatestReport(increment, text);
     if (TakeThreadMessage(c_cancelMessage))
         return 1;
-    m_inbox->PostStep();
-    if (!text.IsEmpty())
-        m_inbox->PostNewText();
+    m_inbox->PutReport(!text.IsEmpty());
     return 0;
 }
 
-void CProgressThreadDialog::OnMessage(unsigned int message)
+void CProgressThreadDialog::EmptyInbox()
 {
-    switch (message) {
-    case c_stepMessage:
-        OnStepMessage();
-        break;
-    case c_newTextMessage:
-        m_inbox->AcceptNewText();
-        SetText(GetLatestText());
-        break;
-    default:
-        OnCloseMessage();
-    }
-}
-
-void CProgressThreadDialog::OnStepMessage()
-{
+    // A step may close or destroy the dialog, start another worker, or run a loop that takes the rest.
     const auto inbox = m_inbox;
-    inbox->AcceptSteps();
-    ShowProgress();
-    // A step may close or destroy the dialog, start another worker, or run a loop that makes the other steps.
-    for (unsigned int made = 0; made < c_stepsPerMessage && inbox->TakeStep(); ++made)
+    // Asked first, so that the last text is shown before the dialog closes.
+    const bool isDone = inbox->IsDone();
+    for (unsigned int made = 0; made < c_stepsPerMessage && inbox->TakeStep(); ++made) {
+        if (made == 0)
+            ShowProgress();
         Step(GetLatestIncrement());
-}
-
-void CProgressThreadDialog::OnCloseMessage()
-{
+    }
+    if (inbox->TakeText())
+        SetText(GetLatestText());
     // Steps that were reported are made before, unless nobody is interested any more.
-    if (m_inbox->HasSteps() && !IsCanceled())
-        m_inbox->DelayClose();
-    else
+    if (isDone && !inbox->IsClosed() && (IsCanceled() || !inbox->HasSteps()))
         EndDialog(c_ok);
 }
 

@@ -19,11 +19,12 @@ class CProgressInbox;
 class COMMONUI_API CProgressThreadDialog : public CProgressDialogBase
 {
 public:
-    // What is posted to the dialog; numbers that toolkits with numbered messages leave to their windows.
+    // What a worker tells its dialog, in numbers that toolkits with numbered messages leave to their windows.
+    // Here one message without a number has the dialog look what there is.
     static constexpr unsigned int c_stepMessage = 0x40B;
     static constexpr unsigned int c_newTextMessage = 0x40C;
     static constexpr unsigned int c_closeMessage = 0x40D;
-    /// How many steps are made between two other messages of the loop.
+    /// How many steps at most are made between two other messages of the loop.
     static constexpr unsigned int c_stepsPerMessage = 64;
 
     CProgressThreadDialog(CWnd* parent, const CStr& caption, const CStr& text);
@@ -31,8 +32,8 @@ public:
 
     /// Sets the member function that is the work, in place of the one before, before the dialog is opened.
     /// It is called on the worker thread. The object is not owned.
-    template<class C>
-    void SetWork(std::type_identity_t<C>& object, void (C::*method)())
+    template<class T>
+    void SetWork(std::type_identity_t<T>& object, void (T::*method)())
     {
         m_work.Set(MakeClosure(object, method));
     }
@@ -46,15 +47,15 @@ public:
     /// Adds to the position: what becomes of a report on the user-interface thread.
     void Step(float increment) { Advance(increment); }
 
-    /// Reports progress; called by the work, on the worker thread. It returns at once and never waits for the
-    /// user-interface thread.
+    /// Reports progress; called by the work, on the worker thread. It returns at once, however busy the
+    /// user-interface thread is.
     ///
     /// Each report makes one step, but there is one increment and one text in the whole process, that of the
     /// last report: reports that the dialog gets to later than that show the last one's. A report without a
     /// text leaves the text that is shown as it is; one that still waits to be shown becomes empty. However
-    /// many reports there are, at most one message for steps and one for the text wait in the loop.
-    /// @return not 0 if the user has cancelled: the report is dropped, and the work shall end. The next
-    ///     report returns 0 again.
+    /// many reports there are, at most one message for them waits in the loop.
+    /// @return not 0 if the user has cancelled: the report makes no step and brings no text, though it is the
+    ///     last one, and the work shall end. The next report returns 0 again.
     int PostThreadProgress(float increment, const CStr& text);
 
 protected:
@@ -63,16 +64,13 @@ protected:
     void NotifyCancel() override;
 
 private:
-    friend class CProgressInbox;
-
-    void OnMessage(unsigned int message);
-    void OnStepMessage();
-    void OnCloseMessage();
+    std::shared_ptr<CProgressInbox> MakeInbox();
+    void EmptyInbox();
     void StopWorker();
     void DropInbox();
 
     CCallbackSlot m_work;
-    std::shared_ptr<CProgressInbox> m_inbox; ///< that of the current or last worker
+    std::shared_ptr<CProgressInbox> m_inbox; // that of the current or last worker
     std::unique_ptr<CWorkerThread> m_worker;
 };
 

@@ -1,73 +1,58 @@
 #pragma once
 
-#include "common/Str.h"
 #include "platform/MessageLoop.h"
 
 #include <atomic>
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <memory>
-#include <utility>
 
 namespace CommonUI
 {
 
-class CProgressThreadDialog;
-
-/// What a progress dialog and its worker share: the way of the worker's messages to the dialog. Messages hold
-/// it, so that one that arrives late finds out that the dialog is gone.
+/// What a worker has for its progress dialog: steps, the news of a text, and its end. Any thread puts in. The
+/// user-interface thread takes out when it is woken, by one message in the loop for everything that is there.
 class CProgressInbox : public std::enable_shared_from_this<CProgressInbox>
 {
 public:
-    /// @param isOpen whether the dialog has a window that messages can close
-    CProgressInbox(CProgressThreadDialog& dialog, bool isOpen)
-        : m_dialog(&dialog)
-        , m_isOpen(isOpen)
-    {
-    }
+    using FWake = std::function<void()>;
 
-    /// Worker: posts the message for a step, unless one waits, and counts the step.
-    void PostStep();
-    /// Worker: posts the message for the text, unless one waits.
-    void PostNewText();
-    /// Worker: the work is done. Posts the message that closes the dialog, if it is open.
+    /// @param wake called on the user-interface thread after something was put in, unless the inbox is closed
+    ///     by then
+    explicit CProgressInbox(FWake wake);
+
+    /// @param hasText whether the text of the report shall be shown, after its step
+    void PutReport(bool hasText);
+    /// The work is done; nothing follows.
     /// @param exception what the work threw, or null
-    void PostClose(std::exception_ptr exception);
+    void PutEnd(std::exception_ptr exception);
 
-    /// Dialog: the message for steps has come; the next one may be posted.
-    void AcceptSteps() { m_stepWaits = false; }
-    /// Dialog: takes one of the steps that were counted; if that leaves some, a message for them waits from
-    /// then on. @return false if there is none, or no dialog
-    bool TakeStep();
-    bool HasSteps() const { return m_steps != 0; }
-    /// Dialog: has the message that closes it come again, behind those that wait.
-    void DelayClose();
+    /// Whether the work is done. Any thread may ask; what was put in before is there then.
     bool IsDone() const { return m_isDone; }
-    void AcceptNewText() { m_textWaits = false; }
-    /// Dialog: no message shall reach it any more.
-    void Detach();
+    bool HasSteps() const { return m_steps != 0; }
+    /// Takes one step. What is left will wake, also a loop that runs before this call's caller is done.
+    /// @return false if there is none, or the inbox is closed
+    bool TakeStep();
+    /// Takes the news of a text. @return false if there is none, or the inbox is closed
+    bool TakeText();
     /// What the work threw, once. For who has waited for the worker.
-    std::exception_ptr TakeException() { return std::exchange(m_exception, nullptr); }
+    std::exception_ptr TakeException();
+    /// From now on nobody is woken, and there is nothing to take.
+    void Close() { m_isClosed = true; }
+    bool IsClosed() const { return m_isClosed; }
 
 private:
-    void PostSteps();
-    void Post(unsigned int message);
+    void Wake();
 
     CMessageLoop& m_loop = GetMessageLoop();
-    CProgressThreadDialog* m_dialog; ///< for the user-interface thread only
-    std::atomic<bool> m_isOpen;
+    const FWake m_wake;
+    std::atomic<std::uint64_t> m_steps = 0;
+    std::atomic<bool> m_hasText = false;
     std::atomic<bool> m_isDone = false;
-    std::atomic<std::uint64_t> m_steps = 0; ///< reported and not made yet
-    std::atomic<bool> m_stepWaits = false;  ///< whether the loop has a message for them
-    std::atomic<bool> m_textWaits = false;
-    std::exception_ptr m_exception;
+    std::atomic<bool> m_isWaking = false; // a message waits in the loop
+    bool m_isClosed = false;              // for the user-interface thread only
+    std::exception_ptr m_exception;       // complete when the work is done
 };
-
-/// The increment of the last report in the process.
-float GetLatestIncrement();
-/// The text of the last report in the process that had one.
-CStr GetLatestText();
-/// @param text if empty, the text stays
-void SetLatestReport(float increment, const CStr& text);
 
 } // namespace CommonUI

@@ -2,8 +2,11 @@
 
 #include "controls/MemoryEditView.h"
 #include "dialogs/MemoryFormatSpecifierView.h"
-#include "platform/HelpService.h"
-#include "tests/dialogs/DialogTesting.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <vector>
 
 using namespace CommonUI;
 
@@ -36,13 +39,9 @@ public:
     CDlg dialog;
 };
 
-class FormatSpecifierDlg : public CDialogTest
-{
-};
-
 } // namespace
 
-TEST_F(FormatSpecifierDlg, ShowsTheFormatOfItsParameter)
+TEST(FormatSpecifierDlg, ShowsTheFormatOfItsParameter)
 {
     const struct {
         CParameter::SFormatSpecifier format;
@@ -74,7 +73,7 @@ TEST_F(FormatSpecifierDlg, ShowsTheFormatOfItsParameter)
     }
 }
 
-TEST_F(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
+TEST(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
 {
     const struct {
         int button;
@@ -85,38 +84,20 @@ TEST_F(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
     };
     for (const auto& row : cases) {
         CShown shown({EFormat::FormatInteger, 3});
-        loop.Post([&] {
-            EXPECT_TRUE(shown.view.Choose(1));
-            EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> 3.14");
-            shown.dialog.GetCountEdit().OnSpinDeltaPos(1);
-            EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> 3.142");
-            shown.edit.SelectAll();
-            shown.edit.Type(u"7");
-            EXPECT_TRUE(shown.view.Press(row.button));
-        });
-        EXPECT_EQ(shown.dialog.DoModal(), row.button);
+        shown.dialog.Create();
+        EXPECT_TRUE(shown.view.Choose(1));
+        EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> 3.14");
+        shown.dialog.GetCountEdit().OnSpinDeltaPos(1);
+        EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> 3.142");
+        shown.edit.SelectAll();
+        shown.edit.Type(u"7");
+        EXPECT_TRUE(shown.view.Press(row.button));
+        EXPECT_FALSE(shown.dialog.IsOpen());
         EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), row.format);
         EXPECT_EQ(shown.dialog.GetParameter().GetIniName(), u"Sa");
-        loop.Post([&] {
-            shown.view.Choose(0);
-            shown.view.Press(CBaseDialog::c_cancel);
-        });
-        shown.dialog.DoModal();
+        shown.dialog.Create();
+        shown.view.Choose(0);
+        shown.view.Press(CBaseDialog::c_cancel);
         EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), row.format) << "as it was when opened again";
     }
-    CShown shown({EFormat::FormatDigits, 3});
-    loop.Post([&] {
-        shown.view.Choose(0);
-        loop.Quit();
-    });
-    EXPECT_EQ(shown.dialog.DoModal(), CBaseDialog::c_cancel);
-    EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat().type, EFormat::FormatDigits) << "the program ends";
-}
-
-TEST_F(FormatSpecifierDlg, HelpOpensTheTopicOfTheDialog)
-{
-    CMemoryHelpService help;
-    const CServiceScope<CHelpService> scope(help);
-    CDlg(MakeParameter({})).OnHelpInfo();
-    EXPECT_EQ(help.GetOpened(), std::vector<unsigned int>{7804});
 }

@@ -6,12 +6,13 @@
 #include "tests/DiagnosticsCapture.h"
 #include "tests/dialogs/DialogTesting.h"
 
-#include <algorithm>
 #include <atomic>
+#include <barrier>
 #include <functional>
 #include <latch>
 #include <memory>
 #include <stdexcept>
+#include <thread>
 
 using namespace CommonUI;
 
@@ -21,11 +22,16 @@ namespace
 class ProgressThreadDialog : public CDialogTest
 {
 public:
-    ProgressThreadDialog()
+    using FAct = std::function<void()>;
+
+    ProgressThreadDialog() { MakeDialog(); }
+    void MakeDialog()
     {
+        dialog = std::make_unique<CProgressThreadDialog>(nullptr, u"Batch", CStr());
         dialog->SetView(&view);
         dialog->SetWork(*this, &ProgressThreadDialog::Work);
         dialog->SetStepCallback(*this, &ProgressThreadDialog::OnStep);
+        worked = dialog.get();
     }
     void Work() { work(); }
     void OnStep(CProgressDialogBase&, const CStr&)
@@ -34,21 +40,44 @@ public:
         if (onStep)
             onStep();
     }
+    void Report(int count, const CStr& text)
+    {
+        for (int i = 0; i < count; ++i)
+            EXPECT_EQ(worked->PostThreadProgress(1, text), 0);
+    }
     void ReportUntilCanceled()
     {
-        while (worked->PostThreadProgress(0.5F, {}) == 0)
-            ++reports;
+        while (worked->PostThreadProgress(0.5F, {}) == 0) {
+        }
         isWorkCanceled = true;
+    }
+    // The user interface is busy while the work does the first, waits for what that does, does the rest and ends.
+    void RunBusy(const FAct& first, const FAct& act, const FAct& rest)
+    {
+        std::barrier both(2);
+        unsigned long worker = 0;
+        work = [&] {
+            worker = GetThreadIdentifier();
+            first();
+            both.arrive_and_wait();
+            both.arrive_and_wait();
+            rest();
+        };
+        dialog->Create();
+        both.arrive_and_wait();
+        act();
+        both.arrive_and_wait();
+        while (PostToThread(worker, 0))
+            std::this_thread::yield();
+        EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
     }
 
     CMemoryProgressView view;
-    std::unique_ptr<CProgressThreadDialog> dialog =
-        std::make_unique<CProgressThreadDialog>(nullptr, u"Batch", CStr());
-    CProgressThreadDialog* const worked = dialog.get(); // for the worker
-    std::function<void()> work = [this] { ReportUntilCanceled(); };
-    std::function<void()> onStep;
+    std::unique_ptr<CProgressThreadDialog> dialog;
+    CProgressThreadDialog* worked = nullptr; // for the worker
+    FAct work = [this] { ReportUntilCanceled(); };
+    FAct onStep;
     int steps = 0;
-    std::atomic<int> reports = 0;
     std::atomic<bool> isWorkCanceled = false;
 };
 
@@ -63,187 +92,96 @@ TEST_F(ProgressThreadDialog, WorkThatEndsAtOnceIsNeverSeen)
         int priority = 0;
     } service;
     const CServiceScope<CThreadService> scope(service);
-    bool isModal = false;
-    bool isVisible = false;
-    work = [&] {
-        loop.Post([&] {
-            isModal = view.IsModal();
-            isVisible = view.IsVisible();
-        });
-    };
+    bool isUnseen = false;
+    work = [&] { loop.Post([&] { isUnseen = view.IsModal() && !view.IsVisible(); }); };
     EXPECT_EQ(dialog->DoModal(), 1);
     EXPECT_EQ(service.priority, 15);
-    EXPECT_TRUE(isModal && !isVisible);
+    EXPECT_TRUE(isUnseen);
     EXPECT_FALSE(view.IsVisible() || view.IsModal() || dialog->IsCanceled());
     EXPECT_EQ(timers.GetTimerCount(), 0);
-}
-
-TEST_F(ProgressThreadDialog, WorkThatNeverReportsIsSeenAfterTwoSeconds)
-{
-    std::latch seen(1);
-    work = [&] { seen.wait(); };
-    loop.Post([&] {
-        timers.Advance(2000);
-        EXPECT_TRUE(view.IsVisible());
-        seen.count_down();
-    });
-    EXPECT_EQ(dialog->DoModal(), 1);
-}
-
-TEST_F(ProgressThreadDialog, ReportsMakeStepsAndSetTheText)
-{
-    work = [&] {
-        worked->PostThreadProgress(1, u"First file");
-        std::latch handled(1);
-        loop.Post([&] {
-            EXPECT_TRUE(view.IsVisible());
-            EXPECT_EQ(view.GetText(ProgressTemplate::c_text), u"First file");
-            handled.count_down();
-        });
-        handled.wait();
-        worked->PostThreadProgress(2.5F, u"Last file");
-    };
-    for (const int expected : {2, 4}) {
-        EXPECT_EQ(dialog->DoModal(), 1) << "the dialog can be used again";
-        EXPECT_EQ(view.GetBarPosition(), 3);
-        EXPECT_EQ(steps, expected);
-        EXPECT_EQ(dialog->GetText(), u"Last file");
-    }
 }
 
 TEST_F(ProgressThreadDialog, BusyUserInterfaceGetsTheLatestReportOfTheProcess)
 {
     CProgressThreadDialog other(nullptr, {}, {});
     CProgressThreadDialog silent(nullptr, {}, u"Its own");
-    std::latch reported(1);
-    std::latch checked(1);
-    work = [&] {
+    const auto report = [&] {
         worked->PostThreadProgress(50, u"First");
-        worked->PostThreadProgress(3, u"Second");
         worked->PostThreadProgress(3, {});
         other.PostThreadProgress(2, u"Of another dialog");
-        other.PostThreadProgress(2, {});
         silent.PostThreadProgress(2, {});
-        reported.count_down();
-        checked.wait();
     };
-    dialog->Create();
-    reported.wait();
-    EXPECT_EQ(loop.GetCount(), 5U) << "one message for the steps and one for the texts of each dialog";
-    checked.count_down();
-    EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
-    EXPECT_EQ(steps, 3);
-    EXPECT_EQ(dialog->GetProgressCtrl().GetPos(), 6);
-    EXPECT_EQ(dialog->GetText(), u"") << "that of the last report, which posts no message for it";
-    EXPECT_EQ(other.GetProgressCtrl().GetPos(), 4);
+    RunBusy(
+        report, [&] { EXPECT_EQ(loop.GetCount(), 3U) << "one message for each dialog"; }, [] {});
+    loop.Pump();
+    EXPECT_EQ(steps, 2);
+    EXPECT_EQ(dialog->GetProgressCtrl().GetPos(), 4);
+    EXPECT_EQ(dialog->GetText(), u"") << "that of the last report";
+    EXPECT_EQ(other.GetProgressCtrl().GetPos(), 2);
     EXPECT_EQ(silent.GetText(), u"Its own");
 }
 
-TEST_F(ProgressThreadDialog, LoopWithinAStepMakesTheStepsThatWait)
+TEST_F(ProgressThreadDialog, LoopWithinAStepTakesWhatWaits)
 {
-    std::latch reported(1);
-    std::latch made(1);
-    work = [&] {
-        for (int i = 0; i < 100; ++i)
-            worked->PostThreadProgress(1, {});
-        reported.count_down();
-        made.wait();
-    };
     onStep = [&] {
-        if (steps != 1)
-            return;
-        loop.RunUntil([&] { return steps == 100; });
-        made.count_down();
-        loop.RunUntil([&] { return !dialog->IsOpen(); });
+        if (steps == 1) {
+            EXPECT_TRUE(view.IsVisible());
+            EXPECT_EQ(dialog->GetText(), u"Processing, please wait...") << "the step comes first";
+            loop.Pump();
+            loop.Pump();
+            EXPECT_EQ(steps, 100);
+            EXPECT_EQ(dialog->GetText(), u"Working");
+        } else if (steps == 101) {
+            EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
+            work = [&] { ReportUntilCanceled(); };
+            dialog->Create();
+        } else if (steps == 102) {
+            dialog->EndDialog(7);
+        }
     };
-    dialog->Create();
-    reported.wait();
-    EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
-    EXPECT_EQ(steps, 100);
+    RunBusy([&] { Report(100, u"Working"); }, [&] { loop.Pump(); }, [&] { Report(1, {}); });
+    EXPECT_EQ(steps, 102) << "a dialog that was opened again is left open";
 }
 
-TEST_F(ProgressThreadDialog, MillionReportsKeepTheQueueShort)
+TEST_F(ProgressThreadDialog, MillionReportsAreAMillionSteps)
 {
-    constexpr int count = 1000000;
-    std::size_t longest = 0;
-    int otherMessages = 0;
-    const CMessageLoop::FMessage look = [&] {
-        longest = std::max(longest, loop.GetCount());
-        ++otherMessages;
-        if (dialog->IsOpen())
-            loop.Post(look);
-    };
-    dialog->SetRange(count);
-    work = [&] {
-        for (int i = 0; i < count; ++i)
-            worked->PostThreadProgress(1, u"Working");
-    };
-    loop.Post(look);
+    constexpr int c_count = 1000000;
+    dialog->SetRange(c_count);
+    work = [&] { Report(c_count, u"Working"); };
     EXPECT_EQ(dialog->DoModal(), 1);
-    loop.Pump();
-    EXPECT_EQ(steps, count);
-    EXPECT_EQ(view.GetBarPosition(), count);
-    EXPECT_LE(longest, 3U);
-    EXPECT_GE(otherMessages, count / static_cast<int>(CProgressThreadDialog::c_stepsPerMessage));
+    EXPECT_EQ(steps, c_count);
+    EXPECT_EQ(view.GetBarPosition(), c_count);
 }
 
 TEST_F(ProgressThreadDialog, CancelBeforeTheFirstReportIsSeenByIt)
 {
-    dialog->SetCanceled(true);
-    EXPECT_EQ(dialog->DoModal(), 1);
-    EXPECT_TRUE(isWorkCanceled && dialog->IsCanceled());
-
-    dialog->SetCanceled(false);
-    isWorkCanceled = false;
-    std::latch canceled(1);
-    work = [&] {
-        canceled.wait();
-        ReportUntilCanceled();
-    };
-    loop.Post([&] {
-        dialog->OnCancel();
-        canceled.count_down();
-    });
-    EXPECT_EQ(dialog->DoModal(), 1);
-    EXPECT_TRUE(isWorkCanceled && dialog->IsCanceled());
-    EXPECT_EQ(reports + steps, 0) << "the reports that saw it posted nothing";
+    for (const bool isOpen : {false, true}) {
+        dialog->SetCanceled(!isOpen);
+        const auto cancel = [&] {
+            if (isOpen)
+                dialog->OnCancel();
+        };
+        RunBusy([] {}, cancel, [&] { EXPECT_EQ(worked->PostThreadProgress(1, u"Late"), 1); });
+        EXPECT_TRUE(dialog->IsCanceled());
+        EXPECT_EQ(steps, 0);
+    }
 }
 
-TEST_F(ProgressThreadDialog, ReportThatSeesTheCancelOnlyLeavesItsIncrement)
+TEST_F(ProgressThreadDialog, CancelledWorkClosesTheDialogBeforeAllItsSteps)
 {
-    std::latch reported(1);
-    std::latch canceled(1);
-    std::latch seen(1);
-    work = [&] {
-        worked->PostThreadProgress(1, {});
-        reported.count_down();
-        canceled.wait();
-        EXPECT_EQ(worked->PostThreadProgress(5, u"Late"), 1);
-        seen.count_down();
+    constexpr int c_made = CProgressThreadDialog::c_stepsPerMessage;
+    const auto cancel = [&] {
+        EXPECT_THROW(dialog->RunThread(), EInternal) << "the worker runs";
+        dialog->SetNotifyThread(GetThreadIdentifier());
+        dialog->SetCanceled(true);
+        EXPECT_TRUE(TakeThreadMessage(CProgressThreadDialog::c_cancelMessage));
     };
-    dialog->Create();
-    reported.wait();
-    EXPECT_THROW(dialog->RunThread(), EInternal) << "the worker runs";
-    dialog->SetNotifyThread(GetThreadIdentifier());
-    dialog->SetCanceled(true);
-    EXPECT_TRUE(TakeThreadMessage(CProgressThreadDialog::c_cancelMessage));
-    canceled.count_down();
-    seen.wait();
-    EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
-    EXPECT_EQ(steps, 1);
-    EXPECT_EQ(dialog->GetProgressCtrl().GetPos(), 5) << "of the latest report";
+    dialog->SetRange(1000);
+    RunBusy([&] { Report(c_made + 1, {}); }, cancel,
+            [&] { EXPECT_EQ(worked->PostThreadProgress(2, u"Late"), 1); });
+    EXPECT_EQ(steps, c_made) << "those of the message that waited";
+    EXPECT_EQ(dialog->GetProgressCtrl().GetPos(), 2 * c_made) << "of the latest report";
     EXPECT_EQ(dialog->GetText(), u"Processing, please wait...");
-}
-
-TEST_F(ProgressThreadDialog, ButtonCancelsTheWorkAndTheDialogStaysForItsEnd)
-{
-    onStep = [&] {
-        view.PressCancel();
-        EXPECT_TRUE(dialog->IsOpen());
-    };
-    EXPECT_EQ(dialog->DoModal(), 1);
-    EXPECT_TRUE(isWorkCanceled && dialog->IsCanceled());
-    EXPECT_FALSE(view.IsEnabled(ProgressTemplate::c_cancel));
 }
 
 TEST_F(ProgressThreadDialog, ExceptionsReachTheCallerWhenTheDialogIsClosed)
@@ -267,42 +205,33 @@ TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
 {
     const struct {
         const char* what;
-        std::function<void()> end;
+        FAct end;
         int result;
     } cases[] = {
-        {"closed",
-         [&] {
-             EXPECT_TRUE(dialog->IsOpen()) << "no step is made after it was closed";
-             dialog->EndDialog(7);
-         },
-         7},
+        {"cancelled", [&] { view.PressCancel(); }, CBaseDialog::c_ok},
+        {"closed", [&] { dialog->EndDialog(7); }, 7},
+        {"destroyed", [&] { dialog.reset(); }, CBaseDialog::c_cancel},
         {"the program ends", [&] { loop.Quit(); }, CBaseDialog::c_cancel},
     };
     for (const auto& row : cases) {
-        dialog->SetCanceled(false);
+        MakeDialog();
         isWorkCanceled = false;
         std::latch reported(1);
         work = [&] {
-            for (int i = 0; i < 3; ++i)
-                worked->PostThreadProgress(1, {});
+            Report(3, u"Working");
             reported.count_down();
             ReportUntilCanceled();
         };
         onStep = [&] {
             reported.wait();
+            EXPECT_TRUE(dialog && dialog->IsOpen()) << "a step after the end: " << row.what;
             row.end();
         };
         EXPECT_EQ(dialog->DoModal(), row.result) << row.what;
-        EXPECT_TRUE(isWorkCanceled && dialog->IsCanceled()) << row.what;
+        loop.Pump();
+        EXPECT_TRUE(isWorkCanceled) << row.what;
+        EXPECT_TRUE(!dialog || dialog->IsCanceled()) << row.what;
+        EXPECT_FALSE(view.IsVisible()) << row.what;
     }
-}
-
-TEST_F(ProgressThreadDialog, DialogMayBeDestroyedInItsOwnLoop)
-{
-    onStep = [&] { dialog.reset(); };
-    EXPECT_EQ(dialog->DoModal(), CBaseDialog::c_cancel);
-    EXPECT_TRUE(isWorkCanceled);
-    EXPECT_EQ(steps, 1);
-    loop.Pump();
-    EXPECT_EQ(timers.GetTimerCount(), 0);
+    EXPECT_EQ(timers.GetTimerCount(), 0U);
 }

@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -375,6 +376,17 @@ TEST_F(GridWidget, ColumnsFollowTheirEdgesAndTheFont)
     m_shown.grid->setFont(font);
     EXPECT_GT(Grid().GetRowHeight(), height * 3 / 2);
     EXPECT_GT(Grid().GetColumnWidth(0), fitted * 3 / 2);
+}
+
+TEST_F(GridWidget, ADialogThatComesUpHasThePressForgotten)
+{
+    m_shown.Press({99, 5});
+    QDialog modal;
+    modal.setModal(true);
+    modal.show();
+    modal.hide();
+    m_shown.Move({149, 5});
+    EXPECT_EQ(Grid().GetColumnWidth(0), 100) << "the dialog got the release, and the edge follows no more";
 }
 
 TEST_F(GridWidget, ScreenReadersFindATable)

@@ -20,19 +20,15 @@
 #include <QWindow>
 
 #include <functional>
-#include <latch>
 #include <memory>
-#include <stdexcept>
+#include <utility>
 
 using namespace CommonUI;
 
 namespace
 {
 
-using Template = SProgressLayout;
-
-// A window of the application, and a dialog over it whose work is any function, on a clock that stands
-// still.
+// A window of the application, and a dialog over it, on a clock that stands still.
 class ProgressWindow : public testing::Test
 {
 public:
@@ -48,16 +44,14 @@ public:
 
     void MakeDialog(QWidget* parent)
     {
-        dialog = std::make_unique<CQtProgressThreadDialog>(parent, u"Batch", CStr());
-        dialog->SetWork(*this, &ProgressWindow::Work);
+        dialog = std::make_unique<CQtProgressDialog>(parent, u"Batch", CStr());
         dialog->SetStepCallback(*this, &ProgressWindow::OnStep);
     }
     void Work() { work(); }
     void OnStep(CProgressDialogBase&, const CStr&)
     {
-        ++steps;
         if (onStep)
-            onStep();
+            std::exchange(onStep, nullptr)();
     }
     CProgressWindow& Window() { return *dialog->GetWindow(); }
     // As the user does it, so that modal windows are in the way.
@@ -65,30 +59,25 @@ public:
     {
         QTest::mouseClick(main->windowHandle(), Qt::LeftButton, {}, button->geometry().center());
     }
-    // Opens the dialog, does something on the user-interface thread while the work waits, and lets it go on.
-    int RunWhileWorkWaits(const std::function<void()>& act, const std::function<void()>& rest)
+    // Opens the dialog, does something, and closes it.
+    void RunModal(const std::function<void()>& act)
     {
-        std::latch done(1);
-        work = [&] {
-            done.wait();
-            rest();
-        };
         GetMessageLoop().Post([&] {
             act();
-            done.count_down();
+            dialog->EndDialog(CBaseDialog::c_ok);
         });
-        return dialog->DoModal();
+        dialog->DoModal();
+        EXPECT_FALSE(Window().isVisible());
     }
 
     std::unique_ptr<QWidget> main = std::make_unique<QWidget>();
     QPushButton* button;
     int clicks = 0;
-    std::atomic<int> steps = 0;
-    std::function<void()> work = [] {};
-    std::function<void()> onStep;
+    std::function<void()> work;
+    std::function<void()> onStep; // once
     CManualTimerService timers;
     CServiceScope<CTimerService> timersScope{timers};
-    std::unique_ptr<CQtProgressThreadDialog> dialog;
+    std::unique_ptr<CQtProgressDialog> dialog;
 };
 
 // A rectangle of the template in the font of a widget, to a pixel.
@@ -106,46 +95,23 @@ void ExpectPlace(const QRect& rect, const SRect& place, const QWidget& widget)
 
 } // namespace
 
-TEST_F(ProgressWindow, ShortWorkShowsNothingAndKeepsTheOtherWindowsFromInput)
+TEST_F(ProgressWindow, KeepsInputFromTheOtherWindowsWhetherItIsSeenOrNot)
 {
-    bool appeared = true;
-    const auto act = [&] {
-        timers.Advance(CProgressDialogBase::c_showDelay - 1);
-        ClickMainWindow();
-        appeared = Window().IsOnScreen() || Window().windowHandle()->isVisible();
-    };
-    EXPECT_EQ(RunWhileWorkWaits(act, [] {}), CBaseDialog::c_ok);
-    EXPECT_FALSE(appeared);
-    EXPECT_EQ(clicks, 0);
-    ClickMainWindow();
-    EXPECT_EQ(clicks, 1);
-}
-
-TEST_F(ProgressWindow, AppearsWithTheFirstStepOrAfterTwoSeconds)
-{
-    for (const bool reports : {true, false}) {
-        const auto expectShown = [&] {
-            EXPECT_TRUE(Window().windowHandle()->isVisible());
+    for (const int place : {100, 500}) {
+        main->move(place, place);
+        RunModal([&] {
+            ClickMainWindow();
+            EXPECT_FALSE(Window().IsOnScreen() || Window().windowHandle()->isVisible());
+            timers.Advance(CProgressDialogBase::c_showDelay);
+            EXPECT_TRUE(Window().IsOnScreen() && Window().windowHandle()->isVisible());
             EXPECT_EQ(Window().windowHandle()->transientParent(), main->windowHandle());
             EXPECT_LE((Window().geometry().center() - main->geometry().center()).manhattanLength(), 50);
             ClickMainWindow();
-        };
-        onStep = expectShown;
-        RunWhileWorkWaits(
-            [&] {
-                if (reports)
-                    return;
-                timers.Advance(CProgressDialogBase::c_showDelay);
-                expectShown();
-            },
-            [&] {
-                if (reports)
-                    dialog->PostThreadProgress(1, u"One");
-            });
-        EXPECT_FALSE(Window().isVisible());
-        EXPECT_EQ(clicks, 0);
+        });
     }
-    EXPECT_EQ(steps, 1);
+    EXPECT_EQ(clicks, 0);
+    ClickMainWindow();
+    EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(ProgressWindow, LeavesWhatWasThereBeforeUsable)
@@ -167,12 +133,12 @@ TEST_F(ProgressWindow, LeavesWhatWasThereBeforeUsable)
         // With a parent, and over the window in use.
         for (QWidget* const parent : {main.get(), static_cast<QWidget*>(nullptr)}) {
             MakeDialog(parent);
-            RunWhileWorkWaits([&] { WhenShown<QDialog>(press), show(); }, [] {});
+            RunModal([&] { WhenShown<QDialog>(press), show(); });
         }
     }
 }
 
-TEST_F(ProgressWindow, CancelsBeforeTheFirstReportAndStaysOpen)
+TEST_F(ProgressWindow, IsCancelledInEachWayAndStaysOpen)
 {
     const struct {
         const char* name;
@@ -186,74 +152,30 @@ TEST_F(ProgressWindow, CancelsBeforeTheFirstReportAndStaysOpen)
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
         dialog->SetCanceled(false);
-        int answer = 0;
-        const auto act = [&] {
-            timers.Advance(CProgressDialogBase::c_showDelay);
+        RunModal([&] {
+            dialog->Step(1);
             QTest::keyClick(&Window().GetCancelButton(), Qt::Key_Return);
             EXPECT_FALSE(dialog->IsCanceled());
             row.act();
-            EXPECT_TRUE(Window().IsOnScreen());
+            EXPECT_TRUE(dialog->IsCanceled() && Window().IsOnScreen());
             for (const QWidget* const control : Window().findChildren<QWidget*>())
                 EXPECT_FALSE(control->isEnabled());
-        };
-        EXPECT_EQ(RunWhileWorkWaits(act, [&] { answer = dialog->PostThreadProgress(1, {}); }),
-                  CBaseDialog::c_ok);
-        EXPECT_NE(answer, 0);
-        EXPECT_TRUE(dialog->IsCanceled());
+        });
     }
-    EXPECT_EQ(steps, 0);
 }
 
 TEST_F(ProgressWindow, HandlesInputWhileReportsKeepComing)
 {
-    onStep = [&] {
-        if (steps != 1)
-            return;
-        // Dragged, made larger by a larger font, and cancelled, each by an event of its own.
-        for (int i = 0; i < 20; ++i)
-            QTimer::singleShot(0, &Window(), [this, i] {
-                Window().move(10 * i, 5 * i);
-                Window().resize(300 + i, 200 + i);
-            });
-        QTimer::singleShot(0, &Window(), [this] { Window().setFont(QFont(Window().font().family(), 20)); });
-        QTimer::singleShot(0, &Window(), [this] { Window().GetCancelButton().click(); });
-    };
-    work = [this] {
-        while (dialog->PostThreadProgress(1e-6F, u"Working") == 0) {
+    CQtProgressThreadDialog batch(main.get(), {}, {});
+    batch.SetWork(*this, &ProgressWindow::Work);
+    batch.SetStepCallback(*this, &ProgressWindow::OnStep);
+    work = [&] {
+        while (batch.PostThreadProgress(1e-6F, u"Working") == 0) {
         }
     };
-    dialog->DoModal();
-    EXPECT_TRUE(dialog->IsCanceled());
-    ExpectPlace(Window().GetBar().geometry(), Template().bar, Window());
-}
-
-TEST_F(ProgressWindow, AMillionReportsAreOneMessageAtATime)
-{
-    constexpr int c_count = 1'000'000;
-    std::latch reported(1);
-    int stepsBefore = c_count;
-    work = [&] {
-        for (int i = 0; i < c_count; ++i)
-            dialog->PostThreadProgress(100.0F / c_count, u"Working");
-        reported.count_down();
-    };
-    GetMessageLoop().Post([&] {
-        reported.wait();
-        GetMessageLoop().Post([&] { stepsBefore = steps; });
-    });
-    dialog->DoModal();
-    EXPECT_LE(stepsBefore, static_cast<int>(CProgressThreadDialog::c_stepsPerMessage));
-    EXPECT_EQ(steps, c_count);
-}
-
-TEST_F(ProgressWindow, AnExceptionReachesTheCallerWhenTheWindowIsClosed)
-{
-    work = [this] {
-        dialog->PostThreadProgress(1, {});
-        throw std::runtime_error("work");
-    };
-    EXPECT_THROW(dialog->DoModal(), std::runtime_error);
-    EXPECT_FALSE(Window().isVisible());
+    onStep = [&] { QTimer::singleShot(0, &batch.GetWindow()->GetCancelButton(), &QPushButton::click); };
+    EXPECT_EQ(batch.DoModal(), CBaseDialog::c_ok);
+    EXPECT_TRUE(batch.IsCanceled());
 }
 
 TEST_F(ProgressWindow, WhoeverGoesFirstTheOthersStayAlive)
@@ -261,49 +183,26 @@ TEST_F(ProgressWindow, WhoeverGoesFirstTheOthersStayAlive)
     const struct {
         const char* name;
         std::function<void()> destroy;
+        int result;
     } cases[] = {
-        {"dialog, by its callback", [&] { dialog.reset(); }},
-        {"dialog, by an event", [&] { QTimer::singleShot(0, qApp, [&] { dialog.reset(); }); }},
-        {"parent, which ends the work",
+        {"dialog, by its callback", [&] { dialog.reset(); }, CBaseDialog::c_cancel},
+        {"dialog, by an event", [&] { QTimer::singleShot(0, qApp, [&] { dialog.reset(); }); },
+         CBaseDialog::c_cancel},
+        {"parent, and the work goes on",
          [&] {
              main.reset();
              EXPECT_EQ(dialog->GetWindow(), nullptr);
-             dialog->OnCancel();
-         }},
+             dialog->Step(1);
+             dialog->EndDialog(7);
+         },
+         7},
     };
     for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
         MakeDialog(main.get());
-        bool ended = false;
-        work = [&, worked = dialog.get()] {
-            while (worked->PostThreadProgress(1, u"Working") == 0) {
-            }
-            ended = true;
-        };
-        onStep = [&] { std::exchange(onStep, nullptr), row.destroy(); };
-        dialog->DoModal();
-        EXPECT_TRUE(ended);
+        onStep = row.destroy;
+        GetMessageLoop().Post([&] { dialog->Step(1); });
+        EXPECT_EQ(dialog->DoModal(), row.result) << row.name;
     }
-}
-
-TEST_F(ProgressWindow, ShowsWorkOnTheUserInterfaceThread)
-{
-    CQtProgressDialog loading(nullptr, u"Loading", {});
-    int loaded = 0;
-    loading.SetRange(5);
-    loading.Create();
-    EXPECT_FALSE(loading.GetWindow()->isVisible());
-    for (; loaded < 5 && !loading.IsCanceled(); ++loaded) {
-        loading.Step(1);
-        EXPECT_TRUE(loading.GetWindow()->IsOnScreen());
-        EXPECT_EQ(loading.GetWindow()->GetBar().value(), loaded + 1);
-        if (loaded == 2)
-            QTimer::singleShot(0, &loading.GetWindow()->GetCancelButton(), &QPushButton::click);
-        GetMessageLoop().Pump();
-    }
-    loading.EndDialog(CBaseDialog::c_ok);
-    EXPECT_EQ(loaded, 3);
-    EXPECT_FALSE(loading.GetWindow()->isVisible());
 }
 
 TEST_F(ProgressWindow, LiesAsInItsTemplateInEachFont)
@@ -312,10 +211,11 @@ TEST_F(ProgressWindow, LiesAsInItsTemplateInEachFont)
     dialog->Create();
     for (const int size : {7, 10, 24}) {
         Window().setFont(QFont(Window().font().family(), size));
-        ExpectPlace(Window().rect(), {0, 0, Template().dialog.cx, Template().dialog.cy}, Window());
-        ExpectPlace(Window().findChild<QLabel*>()->geometry(), Template().text, Window());
-        ExpectPlace(Window().GetBar().geometry(), Template().bar, Window());
-        ExpectPlace(Window().GetCancelButton().geometry(), Template().cancel, Window());
+        ExpectPlace(Window().rect(), {0, 0, SProgressLayout().dialog.cx, SProgressLayout().dialog.cy},
+                    Window());
+        ExpectPlace(Window().findChild<QLabel*>()->geometry(), SProgressLayout().text, Window());
+        ExpectPlace(Window().GetBar().geometry(), SProgressLayout().bar, Window());
+        ExpectPlace(Window().GetCancelButton().geometry(), SProgressLayout().cancel, Window());
     }
 }
 
@@ -347,19 +247,25 @@ TEST_F(ProgressWindow, CutsNoText)
     }
 }
 
-TEST_F(ProgressWindow, TellsScreenReadersTextAndProgress)
+TEST_F(ProgressWindow, ShowsTextAndProgressToScreenReadersToo)
 {
     QIcon icon(QPixmap(8, 8));
     dialog->SetIcon(icon);
     dialog->SetText(u"Reading");
     dialog->Create();
     dialog->Step(42);
+    const QProgressBar& shown = Window().GetBar();
     QAccessibleInterface* const bar = QAccessible::queryAccessibleInterface(&Window().GetBar());
     EXPECT_EQ(bar->role(), QAccessible::ProgressBar);
     EXPECT_EQ(bar->text(QAccessible::Name), QStringLiteral("Progress"));
     EXPECT_EQ(bar->valueInterface()->currentValue().toInt(), 42);
+    EXPECT_EQ(shown.maximum(), 100);
     QAccessibleInterface* const label = QAccessible::queryAccessibleInterface(Window().findChild<QLabel*>());
     EXPECT_EQ(label->text(QAccessible::Name), QStringLiteral("Reading"));
     EXPECT_EQ(Window().windowIcon().cacheKey(), icon.cacheKey());
     EXPECT_EQ(Window().windowTitle(), QStringLiteral("Batch"));
+
+    dialog->SetRange(0);
+    EXPECT_LT(shown.minimum(), shown.maximum()) << "a bar without a range is a busy one";
+    EXPECT_EQ(shown.value(), shown.minimum());
 }
