@@ -4,6 +4,8 @@
 namespace CommonUI
 {
 
+using Analysis::EPass;
+
 namespace
 {
 
@@ -56,7 +58,7 @@ constexpr SFilterCutoff Part(double divisor)
     return {.rule = ECutoffRule::Fraction, .fraction = 1 / divisor};
 }
 
-constexpr SFilterSettings Gaussian(EFilterKind kind, ENestingIndex nestingIndex, EFilterPass pass,
+constexpr SFilterSettings Gaussian(EFilterKind kind, ENestingIndex nestingIndex, EPass pass,
                                    SFilterCutoff cutoff)
 {
     cutoff.nestingIndex = nestingIndex;
@@ -66,22 +68,22 @@ constexpr SFilterSettings Gaussian(EFilterKind kind, ENestingIndex nestingIndex,
 
 constexpr SFilterSettings LambdaC(const SFilterCutoff& cutoff)
 {
-    return Gaussian(EFilterKind::ProfileGaussian, ENestingIndex::LambdaC, EFilterPass::High, cutoff);
+    return Gaussian(EFilterKind::ProfileGaussian, ENestingIndex::LambdaC, EPass::High, cutoff);
 }
 
 constexpr SFilterSettings LambdaS(const SFilterCutoff& cutoff)
 {
-    return Gaussian(EFilterKind::ProfileGaussian, ENestingIndex::LambdaS, EFilterPass::Low, cutoff);
+    return Gaussian(EFilterKind::ProfileGaussian, ENestingIndex::LambdaS, EPass::Low, cutoff);
 }
 
 constexpr SFilterSettings L(const SFilterCutoff& cutoff)
 {
-    return Gaussian(EFilterKind::ArealGaussian, ENestingIndex::L, EFilterPass::High, cutoff);
+    return Gaussian(EFilterKind::ArealGaussian, ENestingIndex::L, EPass::High, cutoff);
 }
 
 constexpr SFilterSettings S(const SFilterCutoff& cutoff)
 {
-    return Gaussian(EFilterKind::ArealGaussian, ENestingIndex::S, EFilterPass::Low, cutoff);
+    return Gaussian(EFilterKind::ArealGaussian, ENestingIndex::S, EPass::Low, cutoff);
 }
 
 struct SRow {

@@ -9,7 +9,7 @@ void WriteBuiltInGrainThresholds(EBuiltInSetting setting, CInifile& ini)
     const bool pores = setting == EBuiltInSetting::PnPQuickLaunchSimpleThresholdPores;
     // Half the height is where the lateral size of a step is measured; what has fewer than five points is
     // more likely noise than a grain.
-    SGrainThresholdSettings{.side = pores ? EGrainSide::Pores : EGrainSide::Particles,
+    SGrainThresholdSettings{.kind = pores ? Analysis::EGrainKind::Pore : Analysis::EGrainKind::Particle,
                             .threshold = EGrainThreshold::Relative,
                             .value = 50,
                             .minimumPoints = 5}

@@ -7,8 +7,8 @@ namespace CommonUI
 namespace
 {
 
-using enum EPlaneCorrectionScope;
-using enum EPlaneCorrectionMethod;
+using enum Analysis::ECorrectionScope;
+using enum Analysis::ECorrectionMethod;
 
 struct SRow {
     int number;

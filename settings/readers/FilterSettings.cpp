@@ -9,6 +9,8 @@
 namespace CommonUI
 {
 
+using Analysis::EPass;
+
 namespace
 {
 
@@ -24,10 +26,10 @@ int GaussKernelSize(double standardDeviation)
     return 2 * static_cast<int>(std::ceil(3 * standardDeviation)) + 1;
 }
 
-EFilterPass UsualPass(ENestingIndex nestingIndex)
+EPass UsualPass(ENestingIndex nestingIndex)
 {
-    return nestingIndex == ENestingIndex::LambdaS || nestingIndex == ENestingIndex::S ? EFilterPass::Low
-                                                                                      : EFilterPass::High;
+    return nestingIndex == ENestingIndex::LambdaS || nestingIndex == ENestingIndex::S ? EPass::Low
+                                                                                      : EPass::High;
 }
 
 template<class TStore, class TSettings>

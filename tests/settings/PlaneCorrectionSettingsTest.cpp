@@ -7,8 +7,8 @@ using namespace CommonUI;
 
 TEST(PlaneCorrectionSettings, WhatIsNotSaidHasItsDefault)
 {
-    using enum EPlaneCorrectionScope;
-    using enum EPlaneCorrectionMethod;
+    using enum Analysis::ECorrectionScope;
+    using enum Analysis::ECorrectionMethod;
     const std::pair<const char16_t*, SPlaneCorrectionSettings> rows[] = {
         {u"Method=Polynomial", {Global, Polynomial, 1}},
         {u"Method=StepWizard\nOrder=2\nScope=Profile", {Profile, StepWizard, 2}},
@@ -28,7 +28,8 @@ TEST(PlaneCorrectionSettings, WhatIsNotSaidHasItsDefault)
 TEST(PlaneCorrectionSettings, SavingReplacesTheSetAndNothingElse)
 {
     CInifile ini = Document(u"; mine\n[PlaneCorrection]\n; note\nScope=Profile\nOrder=7\n[Other]\nKey=1\n");
-    const SPlaneCorrectionSettings set{EPlaneCorrectionScope::Linewise, EPlaneCorrectionMethod::Offset};
+    const SPlaneCorrectionSettings set{Analysis::ECorrectionScope::Linewise,
+                                       Analysis::ECorrectionMethod::Offset};
     set.Save(ini);
     EXPECT_EQ(ini.GetBytes(),
               "; mine\n[PlaneCorrection]\n; note\nScope=Linewise\nMethod=Offset\n[Other]\nKey=1\n");

@@ -78,7 +78,7 @@ TEST(SettingsReaders, ReadWhatWasSaved)
         "[Batch]\nStep1=Apply\nStep1_Type=Filter\nStep1_Settings=FILE:C:\\sets\\my filter.flt\n"
         "Step2=InterpolateVoids\nStep3=ShowProfiles\nStep3_Profiles=3\n"
         "Step4=Apply\nStep4_Type=ColorScale\nStep4_Settings=BUILT-IN:CSQuickLaunchGrey\n");
-    ExpectSaved(SGrainThresholdSettings{.side = EGrainSide::Pores,
+    ExpectSaved(SGrainThresholdSettings{.kind = Analysis::EGrainKind::Pore,
                                         .threshold = EGrainThreshold::Absolute,
                                         .value = -1.5e-7,
                                         .minimumArea = 2e-12,
@@ -103,7 +103,7 @@ TEST(SettingsReaders, ReadWhatWasSaved)
 
 TEST(SettingsReaders, GrainThresholdsHaveDefaultsForWhatIsNotSaid)
 {
-    SGrainThresholdSettings read{.side = EGrainSide::Pores, .value = 7, .minimumPoints = 3};
+    SGrainThresholdSettings read{.kind = Analysis::EGrainKind::Pore, .value = 7, .minimumPoints = 3};
     CInifile ini = Document(u"[GrainThreshold]\n");
     EXPECT_TRUE(read.Load(ini));
     EXPECT_EQ(read, SGrainThresholdSettings());
