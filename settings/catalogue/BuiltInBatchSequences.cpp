@@ -1,4 +1,5 @@
 #include "settings/catalogue/detail/BuiltInContents.h"
+#include "settings/detail/SetReference.h"
 #include "settings/readers/BatchSequenceSettings.h"
 
 namespace CommonUI
@@ -60,7 +61,7 @@ SBatchStep Apply(EBuiltInSetting setting)
 {
     return {.operation = EBatchOperation::Apply,
             .type = GetSettingType(setting),
-            .settings = u"BUILT-IN:" + GetBuiltInSettingEnum().GetIniName(static_cast<int>(setting))};
+            .settings = MakeReference(setting)};
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 #include "common/StringTable.h"
 #include "platform/MessageBoxService.h"
 #include "settings/catalogue/BuiltInSettingText.h"
-#include "settings/factory/detail/SettingsFiles.h"
+#include "settings/factory/detail/SettingsWarning.h"
 
 #include <algorithm>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "settings/readers/BatchSequenceSettings.h"
 
-#include "settings/catalogue/BuiltInSetting.h"
+#include "settings/detail/SetReference.h"
 #include "settings/readers/detail/SettingsExchange.h"
 
 namespace CommonUI
@@ -16,8 +16,6 @@ constexpr SEnumRow c_operations[] = {
 };
 
 constexpr std::u16string_view c_section = u"Batch";
-constexpr std::u16string_view c_builtIn = u"BUILT-IN:";
-constexpr std::u16string_view c_file = u"FILE:";
 
 CStr StepKey(std::size_t index)
 {
@@ -26,13 +24,7 @@ CStr StepKey(std::size_t index)
 
 bool IsSettingsOf(ESettingType type, std::u16string_view settings)
 {
-    if (settings.starts_with(c_file))
-        return settings.size() > c_file.size();
-    if (!settings.starts_with(c_builtIn))
-        return false;
-    const auto& builtIns = GetBuiltInSettingEnum();
-    const auto found = builtIns.FindIniName(settings.substr(c_builtIn.size()));
-    return found != builtIns.end() && GetSettingType(EBuiltInSetting{found->GetValue()}) == type;
+    return !GetReferredPath(settings).empty() || FindBuiltIn(settings, type);
 }
 
 template<class TStore, class TStep>
