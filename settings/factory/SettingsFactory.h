@@ -176,7 +176,10 @@ private:
     std::map<ESettingType, std::vector<SSettingsEntry>> m_dynamicItems;
     // Where in m_dynamicItems an item stands.
     std::map<ESettingType, std::unordered_map<SItemKey, unsigned, SItemHash>> m_indices;
-    unsigned m_nextID = 200; // built-in sets have the numbers below
+    // Built-in sets have the numbers below.
+    static constexpr unsigned c_firstFileID = 200;
+    static_assert(!IsBuiltInSetting(c_firstFileID));
+    unsigned m_nextID = c_firstFileID;
     std::map<CStr, SKeptScale> m_colorScales;
 };
 

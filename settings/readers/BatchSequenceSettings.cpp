@@ -53,7 +53,7 @@ const CEnum<EBatchOperation>& GetBatchOperationEnum()
 
 bool SBatchSequenceSettings::Load(CInifile& ini)
 {
-    Detail::CSettingsReader reader(ini, c_section);
+    CSettingsReader reader(ini, c_section);
     SBatchSequenceSettings read;
     for (CStr key = StepKey(0); ini.HasKey(key); key = StepKey(read.steps.size())) {
         if (!reader.Require(read.steps.size() < c_mostSteps, u"too many steps"))
@@ -68,7 +68,7 @@ bool SBatchSequenceSettings::Load(CInifile& ini)
 
 void SBatchSequenceSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingsWriter writer(ini, c_section);
+    CSettingsWriter writer(ini, c_section);
     for (std::size_t i = 0; i < steps.size(); ++i)
         Exchange(writer, steps[i], StepKey(i));
 }

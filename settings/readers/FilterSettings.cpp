@@ -170,7 +170,7 @@ double SFilterCutoff::GetLength(double evaluationLength) const
 bool SFilterSettings::Load(CInifile& ini)
 {
     SFilterSettings read;
-    Detail::CSettingsReader reader(ini, c_section);
+    CSettingsReader reader(ini, c_section);
     Exchange(reader, read);
     if (!reader.IsUsable())
         return false;
@@ -180,7 +180,7 @@ bool SFilterSettings::Load(CInifile& ini)
 
 void SFilterSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingsWriter writer(ini, c_section);
+    CSettingsWriter writer(ini, c_section);
     Exchange(writer, *this);
 }
 

@@ -58,7 +58,7 @@ const CEnum<EGrainThreshold>& GetGrainThresholdEnum()
 
 bool SGrainThresholdSettings::Load(CInifile& ini)
 {
-    Detail::CSettingsReader reader(ini, c_section);
+    CSettingsReader reader(ini, c_section);
     reader.Require(ini.HasSection(c_section), u"there is no such section");
     SGrainThresholdSettings read;
     Exchange(reader, read);
@@ -69,7 +69,7 @@ bool SGrainThresholdSettings::Load(CInifile& ini)
 
 void SGrainThresholdSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingsWriter writer(ini, c_section);
+    CSettingsWriter writer(ini, c_section);
     Exchange(writer, *this);
 }
 

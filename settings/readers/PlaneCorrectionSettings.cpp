@@ -66,7 +66,7 @@ const CEnum<ECorrectionMethod>& GetPlaneCorrectionMethodEnum()
 bool SPlaneCorrectionSettings::Load(CInifile& ini)
 {
     SPlaneCorrectionSettings read;
-    Detail::CSettingsReader reader(ini, c_section);
+    CSettingsReader reader(ini, c_section);
     Exchange(reader, read);
     if (!reader.IsUsable())
         return false;
@@ -76,7 +76,7 @@ bool SPlaneCorrectionSettings::Load(CInifile& ini)
 
 void SPlaneCorrectionSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingsWriter writer(ini, c_section);
+    CSettingsWriter writer(ini, c_section);
     Exchange(writer, *this);
 }
 

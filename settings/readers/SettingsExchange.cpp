@@ -7,7 +7,7 @@
 #include <limits>
 #include <utility>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 namespace
@@ -184,4 +184,4 @@ bool CSettingsWriter::OptionalColor(std::u16string_view key, const std::optional
     return true;
 }
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI

@@ -11,7 +11,7 @@
 #include <type_traits>
 #include <vector>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
 
 /// @file
@@ -34,19 +34,19 @@ public:
         value = byDefault;
     }
 
-    template<class E>
-    bool Choice(std::u16string_view key, const CEnum<E>& choices, E& value)
+    template<class T>
+    bool Choice(std::u16string_view key, const CEnum<T>& choices, T& value)
     {
         return !m_ini.HasKey(key) || NeededChoice(key, choices, value);
     }
     /// A choice that has no default.
-    template<class E>
-    bool NeededChoice(std::u16string_view key, const CEnum<E>& choices, E& value)
+    template<class T>
+    bool NeededChoice(std::u16string_view key, const CEnum<T>& choices, T& value)
     {
         const auto found = choices.FindIniName(m_ini.ReadText(key));
         if (found == choices.end())
             return Refuse(key, u"a choice that is known");
-        value = static_cast<E>(found->GetValue());
+        value = static_cast<T>(found->GetValue());
         return true;
     }
     /// From 1 to `greatest`.
@@ -62,8 +62,8 @@ public:
     bool Flag(std::u16string_view key, bool& value);
     bool Text(std::u16string_view key, CStr& value);
     bool OptionalColor(std::u16string_view key, std::optional<SColor>& value);
-    template<class E>
-    bool Choices(std::u16string_view key, const CEnum<E>& choices, std::vector<E>& values)
+    template<class T>
+    bool Choices(std::u16string_view key, const CEnum<T>& choices, std::vector<T>& values)
     {
         if (!m_ini.HasKey(key))
             return true;
@@ -73,7 +73,7 @@ public:
             const auto found = choices.FindIniName(name);
             if (found == choices.end())
                 return Refuse(key, u"a list of choices that are known");
-            values.push_back(static_cast<E>(found->GetValue()));
+            values.push_back(static_cast<T>(found->GetValue()));
         }
         return true;
     }
@@ -107,14 +107,14 @@ public:
     {
     }
 
-    template<class E>
-    bool Choice(std::u16string_view key, const CEnum<E>& choices, E value)
+    template<class T>
+    bool Choice(std::u16string_view key, const CEnum<T>& choices, T value)
     {
         m_ini.WriteText(key, choices.GetIniName(static_cast<int>(value)));
         return true;
     }
-    template<class E>
-    bool NeededChoice(std::u16string_view key, const CEnum<E>& choices, E value)
+    template<class T>
+    bool NeededChoice(std::u16string_view key, const CEnum<T>& choices, T value)
     {
         return Choice(key, choices, value);
     }
@@ -127,12 +127,12 @@ public:
     bool Flag(std::u16string_view key, bool value);
     bool Text(std::u16string_view key, const CStr& value);
     bool OptionalColor(std::u16string_view key, const std::optional<SColor>& value);
-    template<class E>
-    bool Choices(std::u16string_view key, const CEnum<E>& choices, const std::vector<E>& values)
+    template<class T>
+    bool Choices(std::u16string_view key, const CEnum<T>& choices, const std::vector<T>& values)
     {
         std::vector<CStr> names;
         names.reserve(values.size());
-        for (const E value : values)
+        for (const T value : values)
             names.push_back(choices.GetIniName(static_cast<int>(value)));
         m_ini.WriteTexts(key, names);
         return true;
@@ -144,4 +144,4 @@ private:
     CSectionScope m_scope;
 };
 
-} // namespace CommonUI::Detail
+} // namespace CommonUI
