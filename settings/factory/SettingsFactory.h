@@ -58,7 +58,8 @@ public:
     virtual ~CSettingsFactory();
 
     /// Puts the stored recent sets in front of the recent lists. Opens no file: one that is gone is noticed
-    /// when it is used. What no set can be meant by is skipped with a line in the diagnostics.
+    /// when it is used. What no set can be meant by, and a built-in set of another type, is skipped with a line in
+    /// the diagnostics.
     /// @return true always
     bool Load(CInifile& ini);
     /// Stores the recent lists. @return true always

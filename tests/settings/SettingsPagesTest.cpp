@@ -4,8 +4,6 @@
 #include "tests/TestData.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 
 using namespace CommonUI;
 
@@ -15,10 +13,9 @@ namespace
 // The rows of a page's tables that begin with a number, each behind the heading above it.
 std::vector<std::string> ReadRows(const char* page)
 {
-    std::ifstream file(std::filesystem::path(COMMONUI_TEST_DATA) / "../../docs" / page);
     std::vector<std::string> rows;
     std::string heading;
-    for (std::string line; std::getline(file, line);) {
+    for (const std::string& line : SplitText(ReadPage(page), '\n')) {
         if (line.starts_with("## "))
             heading = line;
         else if (line.starts_with("| ") && (line[2] == '-' || std::isdigit(line[2])))
