@@ -18,7 +18,7 @@ std::vector<std::string> ReadRows(const char* page)
     for (const std::string& line : SplitText(ReadPage(page), '\n')) {
         if (line.starts_with("## "))
             heading = line;
-        else if (line.starts_with("| ") && (line[2] == '-' || std::isdigit(line[2])))
+        else if (line.starts_with("| ") && line.find_first_of("-0123456789") == 2)
             rows.push_back(heading + '\n' + line);
     }
     return rows;
