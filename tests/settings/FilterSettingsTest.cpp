@@ -15,9 +15,9 @@ TEST(FilterSettings, CutoffLengthFollowsItsRule)
     EXPECT_EQ(given.GetLength(0), 0.8e-3);
     EXPECT_DOUBLE_EQ(seventh.GetLength(5.6e-3), 0.8e-3);
     const std::pair<double, double> rows[] = {
-        {4e-3, 0.8e-3},   {3.9999e-3, 0.5e-3},   {12.5e-3, 2.5e-3},    {10e-6, 2e-6},
-        {9e-6, 1e-6},     {4.9999e-6, 0.8e-6},   {49e-6, 8e-6},        {5, 1},
-        {3 * 0.1, 50e-3}, {40 * 0.1e-3, 0.8e-3}, {3 * 0.4e-3, 0.2e-3}, {5e3, 1e3},
+        {4e-3, 0.8e-3},   {3.9999e-3, 0.5e-3}, {12.5e-3, 2.5e-3},    {10e-6, 2e-6},
+        {9e-6, 1e-6},     {4.9999e-6, 0.8e-6}, {49e-6, 8e-6},        {5, 1},
+        {3 * 0.1, 50e-3}, {100 * 1e-6, 20e-6}, {3 * 0.4e-3, 0.2e-3}, {5e3, 1e3},
     };
     for (const auto& [evaluationLength, cutoff] : rows)
         EXPECT_DOUBLE_EQ(automatic.GetLength(evaluationLength), cutoff) << evaluationLength;
