@@ -24,6 +24,15 @@ std::vector<std::string> ReadRows(const char* page)
     return rows;
 }
 
+// Compares the beginning of each row.
+void ExpectOnPage(const char* page, const std::vector<std::string>& expected)
+{
+    const std::vector<std::string> rows = ReadRows(page);
+    ASSERT_EQ(rows.size(), expected.size());
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        EXPECT_EQ(rows[i].substr(0, expected[i].size()), expected[i]);
+}
+
 template<class T>
 void AddRows(const CEnum<T>& values, const std::string& heading, std::vector<std::string>& rows)
 {
@@ -72,7 +81,7 @@ TEST(SettingsPages, ThatOfBuiltInSetsAgrees)
         for (int number = group.first; number <= group.last; ++number)
             rows.push_back(
                 RowOf(EBuiltInSetting{number}, group.headingId != 0 ? GetString(group.headingId) : CStr()));
-    EXPECT_EQ(rows, ReadRows("built-in-sets.md"));
+    ExpectOnPage("built-in-sets.md", rows);
 }
 
 TEST(SettingsPages, ThatOfTypesAndCategoriesAgrees)
@@ -80,10 +89,7 @@ TEST(SettingsPages, ThatOfTypesAndCategoriesAgrees)
     std::vector<std::string> expected;
     AddRows(GetSettingTypeEnum(), "## Types", expected);
     AddRows(GetSettingCategoryEnum(), "## Categories", expected);
-    std::vector<std::string> rows = ReadRows("settings.md");
-    ASSERT_EQ(rows.size(), expected.size());
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        EXPECT_EQ(rows[i].substr(0, expected[i].size()), expected[i]);
+    ExpectOnPage("settings.md", expected);
 }
 
 TEST(SettingEnumerations, UnknownNumbersAndKeys)
