@@ -1,5 +1,7 @@
 #include "common/FileBytes.h"
 
+#include "common/PathText.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
@@ -30,12 +32,12 @@ namespace fs = std::filesystem;
     throw std::system_error(left ? left : std::make_error_code(std::errc::io_error), what);
 }
 
-fs::path ToPath(const CStr& fileName)
+fs::path ToFilePath(const CStr& fileName)
 {
     // To the system the name would end there: that of another file.
     if (fileName.Find(u'\0') != CStr::npos)
         Refuse("the name has a character U+0000", std::errc::invalid_argument);
-    return fs::path(fileName.begin(), fileName.end());
+    return ToPath(fileName);
 }
 
 // Runs `work` and returns whether it came to its end; else why not.
@@ -229,20 +231,20 @@ void ReplaceAll(const fs::path& path, std::string_view bytes)
 bool ReadFileBytes(const CStr& fileName, std::string& bytes, std::size_t maximum, CStr& reason)
 {
     bytes.clear();
-    return Try(reason, [&] { bytes = ReadAll(ToPath(fileName), maximum); });
+    return Try(reason, [&] { bytes = ReadAll(ToFilePath(fileName), maximum); });
 }
 
 bool FileExists(const CStr& fileName)
 {
     CStr ignored;
     bool exists = true;
-    Try(ignored, [&] { exists = fs::exists(fs::symlink_status(ToPath(fileName))); });
+    Try(ignored, [&] { exists = fs::exists(fs::symlink_status(ToFilePath(fileName))); });
     return exists;
 }
 
 bool ReplaceFileBytes(const CStr& fileName, std::string_view bytes, CStr& reason)
 {
-    return Try(reason, [&] { ReplaceAll(ToPath(fileName), bytes); });
+    return Try(reason, [&] { ReplaceAll(ToFilePath(fileName), bytes); });
 }
 
 } // namespace CommonUI

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "../export/Export.h"
 #include "Str.h"
 
+#include <filesystem>
 #include <string_view>
 
 namespace CommonUI
@@ -29,5 +31,15 @@ constexpr std::u16string_view GetFolder(std::u16string_view path) noexcept
 {
     return path.substr(0, GetFileNamePosition(path));
 }
+
+/// The path that a text names. Throws what the standard library throws where the system has no form of it.
+inline std::filesystem::path ToPath(std::u16string_view text)
+{
+    return {text.begin(), text.end()};
+}
+
+/// The path as text; false when no text leads to it, as the name has bytes that are no characters. The text
+/// then has U+FFFD in their place.
+COMMONDLL_API bool ToText(const std::filesystem::path& path, CStr& text);
 
 } // namespace CommonUI

@@ -35,17 +35,17 @@ constexpr SEnumRow c_categories[] = {
 };
 
 // As GetEnumOfRows; unknown numbers have the texts of the row `Fallback`, too.
-template<class E, const auto& Rows, E Fallback>
-const CEnum<E>& GetEnumWithFallbackRow()
+template<class T, const auto& Rows, T Fallback>
+const CEnum<T>& GetEnumWithFallbackRow()
 {
     const auto build = [] {
-        const CEnum<E> rows = CEnum<E>::FromRows(Rows);
+        const CEnum<T> rows = CEnum<T>::FromRows(Rows);
         const auto fallback = rows.Find(static_cast<int>(Fallback));
-        return new CEnum<E>(
-            CEnum<E>::FromRows(Rows, CEnum<E>(Fallback, fallback->GetIniName(), fallback->GetFriendlyString(),
+        return new CEnum<T>(
+            CEnum<T>::FromRows(Rows, CEnum<T>(Fallback, fallback->GetIniName(), fallback->GetFriendlyString(),
                                               fallback->GetShortFriendlyString())));
     };
-    static const CEnum<E>& values = *build();
+    static const CEnum<T>& values = *build();
     return values;
 }
 

@@ -6,24 +6,25 @@
 namespace CommonUI
 {
 
-/// The kind of tool that a settings set is for. The numbers 14 and 15 are not given.
+/// The kind of tool that a settings set is for, and what its sets hold where the library reads them. The numbers
+/// 14 and 15 are not given.
 enum class ESettingType : int {
-    Batch = 0,
-    Filter = 1,
+    Batch = 0,  ///< SBatchSequenceSettings
+    Filter = 1, ///< SFilterSettings
     FFT = 2,
     Force = 3,
-    PlaneCorr = 4,
-    ColorScale = 5,
-    PnP = 6,
-    ActiveReport = 7,
+    PlaneCorr = 4,    ///< SPlaneCorrectionSettings
+    ColorScale = 5,   ///< SColorScale
+    PnP = 6,          ///< particles and pores: SGrainThresholdSettings
+    ActiveReport = 7, ///< SReportTemplateSettings
     LinearityCorrection = 8,
     ZCalibration = 9,
     UnitCell = 10,
     ZCalibrationReference = 11,
     UnitCellReference = 12,
-    Animation = 13,
-    ProfileRoughness = 17,
-    ImageRoughness = 16,
+    Animation = 13,        ///< SAnimationSettings
+    ProfileRoughness = 17, ///< SaveRoughnessSettings
+    ImageRoughness = 16,   ///< the same
     Unknown = 18,
 };
 

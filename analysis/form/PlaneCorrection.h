@@ -10,8 +10,9 @@ namespace CommonUI::Analysis
 
 /// What a plane correction fits its form to.
 enum class ECorrectionScope {
-    Global,  ///< the whole surface
-    Linewise ///< each line for itself
+    Global,   ///< the whole surface
+    Linewise, ///< each line for itself
+    Profile   ///< a profile; each line of a surface counts as one
 };
 
 enum class ECorrectionMethod {

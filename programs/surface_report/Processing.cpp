@@ -14,26 +14,10 @@ using namespace CommonUI::Analysis;
 namespace
 {
 
-ECorrectionMethod MethodOf(EPlaneCorrectionMethod method)
-{
-    switch (method) {
-    case EPlaneCorrectionMethod::StepWizard:
-        return ECorrectionMethod::StepWizard;
-    case EPlaneCorrectionMethod::ZeroBackground:
-        return ECorrectionMethod::ZeroBackground;
-    case EPlaneCorrectionMethod::Offset:
-        return ECorrectionMethod::Offset;
-    default:
-        return ECorrectionMethod::Polynomial;
-    }
-}
-
-// A correction of profiles takes each line of a surface for one.
 SPlaneCorrection CorrectionOf(const SPlaneCorrectionSettings& settings)
 {
-    return {.scope = settings.scope == EPlaneCorrectionScope::Global ? ECorrectionScope::Global
-                                                                     : ECorrectionScope::Linewise,
-            .method = MethodOf(settings.method),
+    return {.scope = settings.scope,
+            .method = settings.method,
             .order = static_cast<std::size_t>(settings.order)};
 }
 
@@ -56,7 +40,7 @@ SIsoGaussianFilter IsoGaussianOf(const SFilterSettings& settings, const SSurface
     SIsoGaussianFilter filter{.extent = settings.kind == EFilterKind::ArealGaussian
                                             ? EGaussianExtent::Areal
                                             : EGaussianExtent::Profile,
-                              .pass = settings.cutoff.pass == EFilterPass::High ? EPass::High : EPass::Low,
+                              .pass = settings.cutoff.pass,
                               .share = 1};
     const double evaluationLength = GetCutoff(surface, filter);
     filter.share = 0;

@@ -4,6 +4,8 @@
 namespace CommonUI
 {
 
+static_assert(HoldsEverySet(ESettingType::Animation, EBuiltInSetting::AnimationQuickLaunchDemo));
+
 void WriteBuiltInAnimation(EBuiltInSetting, CInifile& ini)
 {
     // A full turn that goes down towards the surface, up again for a look from above, and back to its start.

@@ -1,7 +1,6 @@
 #include "settings/catalogue/detail/BuiltInContents.h"
+#include "settings/detail/SetReference.h"
 #include "settings/readers/BatchSequenceSettings.h"
-
-#include <algorithm>
 
 namespace CommonUI
 {
@@ -15,7 +14,7 @@ constexpr EBuiltInSetting c_none{0};
 
 // A sequence, its steps in the order of the members; what has its default is no step of it.
 struct SRow {
-    EBuiltInSetting sequence = c_none;
+    EBuiltInSetting setting = c_none;
     EBuiltInSetting applied = c_none;
     EBuiltInSetting report = c_none;
     int profiles = 0;
@@ -41,13 +40,13 @@ constexpr SRow c_rows[] = {
     {bisBatchQuickLaunchRoughnessHTML, bisRoughnessImageVORNClassic, bisActiveReportQuickLaunchRoughnessHTML},
     {bisBatchQuickLaunchXYCalibrationHTML, c_none, bisActiveReportQuickLaunchXYCalibrationHTML},
     {bisBatchQuickLaunchZCalibrationHTML, c_none, bisActiveReportQuickLaunchZCalibrationHTML},
-    {.sequence = BatchQuickLaunchImageLevelShowProfile,
+    {.setting = BatchQuickLaunchImageLevelShowProfile,
      .applied = PlaneCorrQuickLaunchImageLeveling,
      .profiles = 1},
-    {.sequence = BatchQuickLaunchImageLevelShow3Profiles,
+    {.setting = BatchQuickLaunchImageLevelShow3Profiles,
      .applied = PlaneCorrQuickLaunchImageLeveling,
      .profiles = 3},
-    {.sequence = BatchQuickLaunchImageLevelAndInterpolateVoids,
+    {.setting = BatchQuickLaunchImageLevelAndInterpolateVoids,
      .applied = PlaneCorrQuickLaunchImageLeveling,
      .interpolateVoids = true},
     {BatchQuickLaunchProfileRoughnessClassicDoc, bisRoughnessProfileVORNClassic,
@@ -56,18 +55,20 @@ constexpr SRow c_rows[] = {
      bisActiveReportQuickLaunchRoughnessProfileSingleHTML},
 };
 
+static_assert(HoldsEverySet(ESettingType::Batch, c_rows));
+
 SBatchStep Apply(EBuiltInSetting setting)
 {
     return {.operation = EBatchOperation::Apply,
             .type = GetSettingType(setting),
-            .settings = u"BUILT-IN:" + GetBuiltInSettingEnum().GetIniName(static_cast<int>(setting))};
+            .settings = MakeReference(setting)};
 }
 
 } // namespace
 
 void WriteBuiltInBatchSequence(EBuiltInSetting setting, CInifile& ini)
 {
-    const SRow& row = *std::ranges::find(c_rows, setting, &SRow::sequence);
+    const SRow& row = *FindRow(c_rows, setting);
     SBatchSequenceSettings sequence;
     for (const EBuiltInSetting applied : {row.applied, row.report})
         if (applied != c_none)

@@ -1,7 +1,6 @@
 #include "settings/catalogue/detail/BuiltInContents.h"
 #include "settings/readers/ColorScale.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <span>
 
@@ -72,36 +71,39 @@ constexpr SStop c_stripes10[] = {{0, 0x2B1B4D},   {0.1, 0x8E7CC3}, {0.2, 0x1D4E8
 constexpr SColor c_markBelow{0x00, 0x50, 0xFF};
 constexpr SColor c_markAbove{0xFF, 0x20, 0x00};
 
+using enum EBuiltInSetting;
+
 constexpr SScale c_scales[] = {
-    {EBuiltInSetting::CSQuickLaunchDefault2D, c_default2D},
-    {EBuiltInSetting::CSQuickLaunchDefault3D, c_default3D},
-    {EBuiltInSetting::CSQuickLaunchDefaultFFT, c_defaultFFT},
-    {EBuiltInSetting::CSQuickLaunchBrown, c_brown},
-    {EBuiltInSetting::CSQuickLaunchGoldBrown, c_goldBrown},
-    {EBuiltInSetting::CSQuickLaunchGlow, c_glow},
-    {EBuiltInSetting::CSQuickLaunchHighContrast, c_highContrast, EColorInterpolation::Smooth, c_markBelow,
-     c_markAbove},
-    {EBuiltInSetting::CSQuickLaunchGrey, c_grey},
-    {EBuiltInSetting::CSQuickLaunchInvGrey, c_invGrey},
-    {EBuiltInSetting::CSQuickLaunchGreen, c_green},
-    {EBuiltInSetting::CSQuickLaunchGreenRose, c_greenRose},
-    {EBuiltInSetting::CSQuickLaunchGreenGold, c_greenGold},
-    {EBuiltInSetting::CSQuickLaunchLime, c_lime},
-    {EBuiltInSetting::CSQuickLaunchGreenYellow, c_greenYellow},
-    {EBuiltInSetting::CSQuickLaunchGreenAqua, c_greenAqua},
-    {EBuiltInSetting::CSQuickLaunchLightBlue, c_lightBlue},
-    {EBuiltInSetting::CSQuickLaunchBluePink, c_bluePink},
-    {EBuiltInSetting::CSQuickLaunchViolet, c_violet},
-    {EBuiltInSetting::CSQuickLaunchVioletSalmon, c_violetSalmon},
-    {EBuiltInSetting::CSQuickLaunchRedFuchia, c_redFuchsia},
-    {EBuiltInSetting::CSQuickLaunchRed, c_red},
-    {EBuiltInSetting::CSQuickLaunchRedAqua, c_redAqua},
-    {EBuiltInSetting::CSQuickLaunchYaleblueGold, c_yaleBlueGold},
-    {EBuiltInSetting::CSQuickLaunchMulticololor1, c_multicolor1},
-    {EBuiltInSetting::CSQuickLaunchMulticololor2, c_multicolor2},
-    {EBuiltInSetting::CSQuickLaunchStripes5, c_stripes5, EColorInterpolation::Stripes},
-    {EBuiltInSetting::CSQuickLaunchStripes10, c_stripes10, EColorInterpolation::Stripes},
+    {CSQuickLaunchDefault2D, c_default2D},
+    {CSQuickLaunchDefault3D, c_default3D},
+    {CSQuickLaunchDefaultFFT, c_defaultFFT},
+    {CSQuickLaunchBrown, c_brown},
+    {CSQuickLaunchGoldBrown, c_goldBrown},
+    {CSQuickLaunchGlow, c_glow},
+    {CSQuickLaunchHighContrast, c_highContrast, EColorInterpolation::Smooth, c_markBelow, c_markAbove},
+    {CSQuickLaunchGrey, c_grey},
+    {CSQuickLaunchInvGrey, c_invGrey},
+    {CSQuickLaunchGreen, c_green},
+    {CSQuickLaunchGreenRose, c_greenRose},
+    {CSQuickLaunchGreenGold, c_greenGold},
+    {CSQuickLaunchLime, c_lime},
+    {CSQuickLaunchGreenYellow, c_greenYellow},
+    {CSQuickLaunchGreenAqua, c_greenAqua},
+    {CSQuickLaunchLightBlue, c_lightBlue},
+    {CSQuickLaunchBluePink, c_bluePink},
+    {CSQuickLaunchViolet, c_violet},
+    {CSQuickLaunchVioletSalmon, c_violetSalmon},
+    {CSQuickLaunchRedFuchia, c_redFuchsia},
+    {CSQuickLaunchRed, c_red},
+    {CSQuickLaunchRedAqua, c_redAqua},
+    {CSQuickLaunchYaleblueGold, c_yaleBlueGold},
+    {CSQuickLaunchMulticololor1, c_multicolor1},
+    {CSQuickLaunchMulticololor2, c_multicolor2},
+    {CSQuickLaunchStripes5, c_stripes5, EColorInterpolation::Stripes},
+    {CSQuickLaunchStripes10, c_stripes10, EColorInterpolation::Stripes},
 };
+
+static_assert(HoldsEverySet(ESettingType::ColorScale, c_scales));
 
 constexpr SColor ToColor(std::uint32_t color)
 {
@@ -113,7 +115,7 @@ constexpr SColor ToColor(std::uint32_t color)
 
 void WriteBuiltInColorScale(EBuiltInSetting setting, CInifile& ini)
 {
-    const auto* const row = std::ranges::find(c_scales, setting, &SScale::setting);
+    const SScale* const row = FindRow(c_scales, setting);
     SColorScale scale{
         .interpolation = row->interpolation, .stops = {}, .below = row->below, .above = row->above};
     scale.stops.reserve(row->stops.size());

@@ -7,31 +7,46 @@ namespace CommonUI
 namespace
 {
 
-using enum EPlaneCorrectionScope;
-using enum EPlaneCorrectionMethod;
+using enum EBuiltInSetting;
+using enum Analysis::ECorrectionScope;
+using enum Analysis::ECorrectionMethod;
 
 struct SRow {
-    int number;
+    EBuiltInSetting setting;
     SPlaneCorrectionSettings set;
 };
 
 constexpr SRow c_rows[] = {
-    {1, {Linewise, StepWizard, 1}}, {2, {Global, StepWizard, 2}},   {3, {Global, Polynomial, 2}},
-    {4, {Global, Polynomial, 1}},   {5, {Linewise, Polynomial, 2}}, {6, {Linewise, Offset}},
-    {7, {Linewise, Polynomial, 1}}, {8, {Global, ZeroBackground}},  {9, {Global, StepWizard, 1}},
-    {10, {Profile, Polynomial, 1}}, {11, {Profile, Polynomial, 2}}, {12, {Profile, Polynomial, 3}},
-    {13, {Profile, Polynomial, 4}}, {14, {Profile, Polynomial, 5}}, {15, {Profile, Polynomial, 6}},
-    {16, {Profile, Polynomial, 7}}, {17, {Profile, Polynomial, 8}}, {18, {Profile, Polynomial, 9}},
-    {19, {Profile, StepWizard, 1}}, {20, {Profile, StepWizard, 2}}, {21, {Profile, ZeroBackground}},
+    {PlaneCorrQuickLaunchAutoLinewise, {Linewise, StepWizard, 1}},
+    {PlaneCorrQuickLaunchAutoPlaneCorrection2, {Global, StepWizard, 2}},
+    {PlaneCorrQuickLaunchImageBowCorrection, {Global, Polynomial, 2}},
+    {PlaneCorrQuickLaunchImageLeveling, {Global, Polynomial, 1}},
+    {PlaneCorrQuickLaunchLinewiseBowCorrection, {Linewise, Polynomial, 2}},
+    {PlaneCorrQuickLaunchLinewiseFlattening, {Linewise, Offset}},
+    {PlaneCorrQuickLaunchLinewiseLeveling, {Linewise, Polynomial, 1}},
+    {PlaneCorrQuickLaunchZeroBackgroundOffset, {Global, ZeroBackground}},
+    {PlaneCorrQuickLaunchAutoPlaneCorrection1, {Global, StepWizard, 1}},
+    {PlaneCorrQuickLaunchProfileOrder1, {Profile, Polynomial, 1}},
+    {PlaneCorrQuickLaunchProfileOrder2, {Profile, Polynomial, 2}},
+    {PlaneCorrQuickLaunchProfileOrder3, {Profile, Polynomial, 3}},
+    {PlaneCorrQuickLaunchProfileOrder4, {Profile, Polynomial, 4}},
+    {PlaneCorrQuickLaunchProfileOrder5, {Profile, Polynomial, 5}},
+    {PlaneCorrQuickLaunchProfileOrder6, {Profile, Polynomial, 6}},
+    {PlaneCorrQuickLaunchProfileOrder7, {Profile, Polynomial, 7}},
+    {PlaneCorrQuickLaunchProfileOrder8, {Profile, Polynomial, 8}},
+    {PlaneCorrQuickLaunchProfileOrder9, {Profile, Polynomial, 9}},
+    {PlaneCorrQuickLaunchProfileWiz1, {Profile, StepWizard, 1}},
+    {PlaneCorrQuickLaunchProfileWiz2, {Profile, StepWizard, 2}},
+    {PlaneCorrQuickLaunchProfileZeroBackground, {Profile, ZeroBackground}},
 };
 
-static_assert(AreNumbered(c_rows, 1, 21));
+static_assert(HoldsEverySet(ESettingType::PlaneCorr, c_rows));
 
 } // namespace
 
 void WriteBuiltInPlaneCorrection(EBuiltInSetting setting, CInifile& ini)
 {
-    c_rows[static_cast<int>(setting) - c_rows[0].number].set.Save(ini);
+    FindRow(c_rows, setting)->set.Save(ini);
 }
 
 } // namespace CommonUI

@@ -2,6 +2,7 @@
 #include "settings/readers/ReportTemplateSettings.h"
 
 #include <algorithm>
+#include <iterator>
 #include <span>
 
 namespace CommonUI
@@ -85,12 +86,20 @@ constexpr SRow c_rows[] = {
      2},
 };
 
+constexpr const SRow* FindTemplate(EBuiltInSetting setting)
+{
+    const auto* const found = std::ranges::find_if(
+        c_rows, [&](const SRow& row) { return row.doc == setting || row.html == setting; });
+    return found == std::end(c_rows) ? nullptr : found;
+}
+
+static_assert(HoldsEverySet(ESettingType::ActiveReport, FindTemplate));
+
 } // namespace
 
 void WriteBuiltInReportTemplate(EBuiltInSetting setting, CInifile& ini)
 {
-    const auto* const row = std::ranges::find_if(
-        c_rows, [&](const SRow& candidate) { return candidate.doc == setting || candidate.html == setting; });
+    const SRow* const row = FindTemplate(setting);
     SReportTemplateSettings{.format = row->doc == setting ? EReportFormat::Doc : EReportFormat::HTML,
                             .orientation = row->orientation,
                             .scope = row->scope,

@@ -10,6 +10,9 @@ namespace CommonUI
 namespace
 {
 
+static_assert(HoldsEverySet(ESettingType::ImageRoughness, EBuiltInSetting::bisRoughnessImageVORNClassic));
+static_assert(HoldsEverySet(ESettingType::ProfileRoughness, EBuiltInSetting::bisRoughnessProfileVORNClassic));
+
 // The defaults of the analysis with other parameters on, all of them of the standard VORNLegacy, and the
 // first of them in the chart.
 void WriteClassic(EAnalysis analysis, std::initializer_list<ERoughnessParameters> on, CInifile& ini)

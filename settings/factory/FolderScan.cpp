@@ -1,8 +1,12 @@
-#include "common/Diagnostics.h"
-#include "platform/Folders.h"
-#include "settings/factory/detail/SettingsFiles.h"
+#include "settings/factory/detail/FolderScan.h"
+
+#include "common/PathText.h"
+#include "settings/factory/detail/FileMask.h"
+#include "settings/factory/detail/NameOrder.h"
+#include "settings/factory/detail/SettingsWarning.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
 #include <system_error>
 
@@ -114,38 +118,12 @@ CStr GetFolderText(const CStr& folder)
 
 } // namespace
 
-CStr GetCustomSettingsFolder()
-{
-    CStr text;
-    if (ToText(GetFolders().GetSettingsFolder() / "Custom Settings" / "", text))
-        return text;
-    WarnOfSettings(u"The name of the settings folder is no text: \"" + text + u'"');
-    return {};
-}
-
 CSimpleTree<CStr> FindFilesBelow(const CStr& folder, std::u16string_view masks)
 {
     CSimpleTree<CStr> tree;
     if (const CStr text = GetFolderText(folder); !text.IsEmpty())
         CFolderScan(masks).Scan(text, tree);
     return tree;
-}
-
-bool ToText(const fs::path& path, CStr& text)
-{
-    try {
-        const std::u8string bytes = path.u8string();
-        const std::string_view view(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-        text = CStr::FromUtf8(view);
-        return text.ToUtf8() == view;
-    } catch (const std::exception&) {
-        return false;
-    }
-}
-
-void WarnOfSettings(const CStr& text)
-{
-    GetDiagnostics().Write(u"SettingsFactory", EDiagnosticLevel::Warning, text);
 }
 
 } // namespace CommonUI

@@ -3,7 +3,7 @@
 #include "common/StringTable.h"
 #include "platform/MessageBoxService.h"
 #include "settings/catalogue/BuiltInSettingText.h"
-#include "settings/factory/detail/SettingsFiles.h"
+#include "settings/factory/detail/SettingsWarning.h"
 
 #include <algorithm>
 #include <memory>
@@ -13,6 +13,9 @@ namespace CommonUI
 
 namespace
 {
+
+constexpr int c_removeQuestion = 10051;
+constexpr int c_refreshQuestion = 10052;
 
 std::unique_ptr<CSettingsFactory>& FactoryOfProcess()
 {
@@ -108,9 +111,7 @@ void CSettingsFactory::AskToForget(const SSettingsEntry& entry)
     const CRecentKey key(true, m_indices[entry.m_Type].at({entry.m_Name, entry.m_File}));
     std::deque<CRecentKey>& recent = m_recent[entry.m_Type];
     const bool isRecent = std::ranges::find(recent, key) != recent.end();
-    constexpr int removeQuestion = 10051;
-    constexpr int refreshQuestion = 10052;
-    const CStr text = CStr::Format(GetString(isRecent ? removeQuestion : refreshQuestion), entry.m_File);
+    const CStr text = CStr::Format(GetString(isRecent ? c_removeQuestion : c_refreshQuestion), entry.m_File);
     const SMessageBox box{text, MessageBoxStyle::c_yesNo | MessageBoxStyle::c_warning};
     if (GetMessageBoxService().Show(box) == EMessageBoxAnswer::Yes)
         std::erase(recent, key);

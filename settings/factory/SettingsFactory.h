@@ -58,7 +58,8 @@ public:
     virtual ~CSettingsFactory();
 
     /// Puts the stored recent sets in front of the recent lists. Opens no file: one that is gone is noticed
-    /// when it is used. What no set can be meant by is skipped with a line in the diagnostics.
+    /// when it is used. What no set can be meant by, and a built-in set of another type, is skipped with a line in
+    /// the diagnostics.
     /// @return true always
     bool Load(CInifile& ini);
     /// Stores the recent lists. @return true always
@@ -141,9 +142,9 @@ protected:
                               std::vector<CTree>& trees);
 
 private:
-    /// Whether a set is a file, and its index among the dynamic items of the type or its built-in number.
+    // Whether a set is a file, and its index among the dynamic items of the type or its built-in number.
     using CRecentKey = std::pair<bool, unsigned>;
-    /// By what a registered item is found.
+    // By what a registered item is found.
     struct SItemKey {
         CStr name;
         CStr file;
@@ -152,9 +153,9 @@ private:
     struct SItemHash {
         std::size_t operator()(const SItemKey& key) const noexcept { return std::hash<CStr>()(key.file); }
     };
-    /// The size of a file and the time of its last change.
+    // The size of a file and the time of its last change.
     using CFileStamp = std::pair<std::uintmax_t, std::filesystem::file_time_type>;
-    struct SColorScale {
+    struct SKeptScale {
         CInifile document;
         CFileStamp stamp;
     };
@@ -166,17 +167,21 @@ private:
     CStr GetStoredText(ESettingType type, const CRecentKey& key) const;
 
     CSettings LoadEntry(SSettingsEntry entry, bool addToRecent);
+    static bool ReadSettingsFile(const CStr& path, CInifile& document);
     bool ReadColorScale(const CStr& path, CInifile& document);
     std::vector<SSettingsEntry> FindByIdentifier(ESettingType type, std::u16string_view identifier) const;
 
-    /// The most recent first.
+    // The most recent first.
     std::map<ESettingType, std::deque<CRecentKey>> m_recent;
-    /// The files met during this run, in order of their first appearance and so of their identifiers.
+    // The files met during this run, in order of their first appearance and so of their identifiers.
     std::map<ESettingType, std::vector<SSettingsEntry>> m_dynamicItems;
-    /// Where in m_dynamicItems an item stands.
+    // Where in m_dynamicItems an item stands.
     std::map<ESettingType, std::unordered_map<SItemKey, unsigned, SItemHash>> m_indices;
-    unsigned m_nextID = 200; ///< built-in sets have the numbers below
-    std::map<CStr, SColorScale> m_colorScales;
+    // Built-in sets have the numbers below.
+    static constexpr unsigned c_firstFileID = 200;
+    static_assert(!IsBuiltInSetting(c_firstFileID));
+    unsigned m_nextID = c_firstFileID;
+    std::map<CStr, SKeptScale> m_colorScales;
 };
 
 /// The factory of the process; the first call, and the first one after CloseSettingsFactory, makes it.

@@ -1,25 +1,18 @@
 #include "common/FileBytes.h"
-#include "settings/factory/detail/SettingsFiles.h"
+#include "settings/factory/detail/SettingsWarning.h"
 #include "settings/factory/SettingsFactory.h"
 
-#include <chrono>
 #include <new>
-#include <optional>
 
 namespace CommonUI
 {
 
-namespace
-{
-
-namespace fs = std::filesystem;
-
-bool ReadSettingsFile(const CStr& path, CInifile& document)
+bool CSettingsFactory::ReadSettingsFile(const CStr& path, CInifile& document)
 {
     CStr reason;
     try {
         std::string bytes;
-        if (ReadFileBytes(path, bytes, CSettingsFactory::c_maximumFileSize, reason)) {
+        if (ReadFileBytes(path, bytes, c_maximumFileSize, reason)) {
             document.LoadBytes(std::move(bytes));
             return true;
         }
@@ -29,24 +22,6 @@ bool ReadSettingsFile(const CStr& path, CInifile& document)
     WarnOfSettings(u"Cannot load \"" + path + u"\": " + reason);
     return false;
 }
-
-// The size and time of last change of a file that has stayed as it is for some time. A file that has just
-// changed has none: it could change once more without a change of its time, which file systems keep by
-// steps of up to two seconds.
-std::optional<std::pair<std::uintmax_t, fs::file_time_type>> GetStampAtRest(const CStr& path)
-{
-    try {
-        const fs::path file = ToPath(path);
-        const fs::file_time_type changed = fs::last_write_time(file);
-        if (fs::file_time_type::clock::now() - changed > std::chrono::seconds(3))
-            return std::pair(fs::file_size(file), changed);
-    } catch (const std::exception&) {
-        // Reading the file tells why.
-    }
-    return {};
-}
-
-} // namespace
 
 CSettings CSettingsFactory::LoadSettings(ESettingType type, const CStr& path, bool addToRecent)
 {
@@ -67,22 +42,6 @@ CSettings CSettingsFactory::LoadEntry(SSettingsEntry entry, bool addToRecent)
     settings.SetFileName(entry.m_File);
     settings.SetEntryInfo(std::move(entry));
     return settings;
-}
-
-bool CSettingsFactory::ReadColorScale(const CStr& path, CInifile& document)
-{
-    const auto stamp = GetStampAtRest(path);
-    const auto cached = m_colorScales.find(path);
-    if (cached != m_colorScales.end() && cached->second.stamp == stamp) {
-        document = cached->second.document;
-        return true;
-    }
-    m_colorScales.erase(path);
-    if (!ReadSettingsFile(path, document))
-        return false;
-    if (stamp)
-        m_colorScales[path] = {document, *stamp};
-    return true;
 }
 
 bool CSettingsFactory::SaveSettings(CSettings& settings, bool addToRecent)

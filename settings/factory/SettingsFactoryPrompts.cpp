@@ -1,7 +1,8 @@
 #include "common/StringTable.h"
 #include "platform/FileDialogService.h"
 #include "platform/MessageBoxService.h"
-#include "settings/factory/detail/SettingsFiles.h"
+#include "settings/factory/detail/CustomSettingsFolder.h"
+#include "settings/factory/detail/SettingsFileTypes.h"
 #include "settings/factory/SettingsFactory.h"
 
 namespace CommonUI
@@ -38,7 +39,7 @@ CStr GetTypeText(ESettingType type)
 
 bool CSettingsFactory::GetFileDialogInfo(bool forOpen, ESettingType type, CStr& filter, CStr& extension)
 {
-    const SSettingsFiles* const files = FindSettingsFiles(type);
+    const SSettingsFileType* const files = FindSettingsFileType(type);
     if (!files || (!forOpen && files->saveFilter.empty()))
         return false;
     filter = forOpen ? files->openFilter : files->saveFilter;

@@ -1,20 +1,13 @@
 #include "settings/factory/SettingsFactory.h"
 
 #include "common/ini/SectionScope.h"
-#include "settings/factory/detail/SettingsFiles.h"
+#include "settings/detail/SetReference.h"
+#include "settings/factory/detail/SettingsWarning.h"
 
 #include <ranges>
 
 namespace CommonUI
 {
-
-namespace
-{
-
-constexpr std::u16string_view c_filePrefix = u"FILE:";
-constexpr std::u16string_view c_builtInPrefix = u"BUILT-IN:";
-
-} // namespace
 
 bool CSettingsFactory::Save(CInifile& ini) const
 {
@@ -35,7 +28,7 @@ CStr CSettingsFactory::GetStoredText(ESettingType type, const CRecentKey& key) c
 {
     const auto& [isFile, number] = key;
     return isFile ? c_filePrefix + m_dynamicItems.at(type)[number].m_File
-                  : c_builtInPrefix + GetBuiltInSettingEnum().GetIniName(static_cast<int>(number));
+                  : MakeReference(EBuiltInSetting{static_cast<int>(number)});
 }
 
 bool CSettingsFactory::Load(CInifile& ini)
@@ -52,19 +45,16 @@ bool CSettingsFactory::Load(CInifile& ini)
 
 void CSettingsFactory::LoadRecentItem(ESettingType type, const CStr& text)
 {
-    if (text.StartsWith(c_filePrefix) && text != c_filePrefix) {
-        SSettingsEntry entry(text.Mid(c_filePrefix.size()), type);
+    if (const std::u16string_view path = GetReferredPath(text); !path.empty()) {
+        SSettingsEntry entry(path, type);
         NewDynamicItem(entry, true);
-        return;
+    } else if (const auto setting = FindBuiltIn(text, type)) {
+        AddToRecentItems({*setting, type}, 0);
+    } else {
+        WarnOfSettings(u"A recent list of the type " +
+                       GetSettingTypeEnum().GetIniName(static_cast<int>(type)) + u" names no set by \"" +
+                       text + u'"');
     }
-    if (text.StartsWith(c_builtInPrefix)) {
-        const auto setting =
-            GetBuiltInSettingEnum().GetValue(text.View().substr(c_builtInPrefix.size()), EBuiltInSetting{});
-        if (IsBuiltInSetting(static_cast<int>(setting)) && GetSettingType(setting) == type)
-            return AddToRecentItems({setting, type}, 0);
-    }
-    WarnOfSettings(u"A recent list of the type " + GetSettingTypeEnum().GetIniName(static_cast<int>(type)) +
-                   u" names no set by \"" + text + u'"');
 }
 
 } // namespace CommonUI

@@ -1,4 +1,6 @@
-#include "settings/factory/detail/SettingsFiles.h"
+#include "settings/factory/detail/CustomSettingsFolder.h"
+#include "settings/factory/detail/FolderScan.h"
+#include "settings/factory/detail/SettingsFileTypes.h"
 #include "settings/factory/SettingsFactory.h"
 
 namespace CommonUI
@@ -99,7 +101,7 @@ bool CSettingsFactory::AddRecentItems(ESettingType type, std::vector<CTree>& tre
 
 bool CSettingsFactory::AddCustomItems(ESettingType type, std::vector<CTree>& trees)
 {
-    const SSettingsFiles* const files = FindSettingsFiles(type);
+    const SSettingsFileType* const files = FindSettingsFileType(type);
     if (!files)
         return false;
     CTree heading = MakeHeading(ESettingCategory::Custom);

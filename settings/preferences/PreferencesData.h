@@ -96,7 +96,7 @@ private:
     EDecimalSeparator m_decimalSeparator = EDecimalSeparator::Period;
     E3DAccelerationMode m_accelerationMode = {};
     double m_previewTargetTime = 0;
-    std::map<CStr, bool> m_answers; ///< by the questions' keys
+    std::map<CStr, bool> m_answers; // by the questions' keys
 };
 
 } // namespace CommonUI

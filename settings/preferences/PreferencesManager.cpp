@@ -3,8 +3,6 @@
 namespace CommonUI
 {
 
-CBaseViewManager::~CBaseViewManager() = default;
-
 bool CPreferencesManager::Load(CInifile& ini)
 {
     return m_data.Load(ini);

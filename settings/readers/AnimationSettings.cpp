@@ -34,7 +34,7 @@ bool IsKeyFrame(const std::vector<double>& values)
         values, allowed, [](double value, const CRange<double>& range) { return range.Contains(value); });
 }
 
-void ReadKeyFrames(Detail::CSettingsReader& reader, std::vector<SAnimationKeyFrame>& keyFrames)
+void ReadKeyFrames(CSettingsReader& reader, std::vector<SAnimationKeyFrame>& keyFrames)
 {
     for (CStr key = KeyFrameKey(0); reader.GetIni().HasKey(key); key = KeyFrameKey(keyFrames.size())) {
         const std::vector<double> values = reader.GetIni().ReadDoubles(key);
@@ -52,7 +52,7 @@ void ReadKeyFrames(Detail::CSettingsReader& reader, std::vector<SAnimationKeyFra
 
 bool SAnimationSettings::Load(CInifile& ini)
 {
-    Detail::CSettingsReader reader(ini, c_section);
+    CSettingsReader reader(ini, c_section);
     SAnimationSettings read{.keyFrames = {}};
     Exchange(reader, read);
     ReadKeyFrames(reader, read.keyFrames);
@@ -63,7 +63,7 @@ bool SAnimationSettings::Load(CInifile& ini)
 
 void SAnimationSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingsWriter writer(ini, c_section);
+    CSettingsWriter writer(ini, c_section);
     Exchange(writer, *this);
     for (std::size_t i = 0; i < keyFrames.size(); ++i) {
         const SAnimationView& view = keyFrames[i].view;

@@ -1,6 +1,6 @@
 #include "settings/readers/BatchSequenceSettings.h"
 
-#include "settings/catalogue/BuiltInSetting.h"
+#include "settings/detail/SetReference.h"
 #include "settings/readers/detail/SettingsExchange.h"
 
 namespace CommonUI
@@ -16,8 +16,6 @@ constexpr SEnumRow c_operations[] = {
 };
 
 constexpr std::u16string_view c_section = u"Batch";
-constexpr std::u16string_view c_builtIn = u"BUILT-IN:";
-constexpr std::u16string_view c_file = u"FILE:";
 
 CStr StepKey(std::size_t index)
 {
@@ -26,13 +24,7 @@ CStr StepKey(std::size_t index)
 
 bool IsSettingsOf(ESettingType type, std::u16string_view settings)
 {
-    if (settings.starts_with(c_file))
-        return settings.size() > c_file.size();
-    if (!settings.starts_with(c_builtIn))
-        return false;
-    const auto& builtIns = GetBuiltInSettingEnum();
-    const auto found = builtIns.FindIniName(settings.substr(c_builtIn.size()));
-    return found != builtIns.end() && GetSettingType(EBuiltInSetting{found->GetValue()}) == type;
+    return !GetReferredPath(settings).empty() || FindBuiltIn(settings, type);
 }
 
 template<class TStore, class TStep>
@@ -61,7 +53,7 @@ const CEnum<EBatchOperation>& GetBatchOperationEnum()
 
 bool SBatchSequenceSettings::Load(CInifile& ini)
 {
-    Detail::CSettingsReader reader(ini, c_section);
+    CSettingsReader reader(ini, c_section);
     SBatchSequenceSettings read;
     for (CStr key = StepKey(0); ini.HasKey(key); key = StepKey(read.steps.size())) {
         if (!reader.Require(read.steps.size() < c_mostSteps, u"too many steps"))
@@ -76,7 +68,7 @@ bool SBatchSequenceSettings::Load(CInifile& ini)
 
 void SBatchSequenceSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingsWriter writer(ini, c_section);
+    CSettingsWriter writer(ini, c_section);
     for (std::size_t i = 0; i < steps.size(); ++i)
         Exchange(writer, steps[i], StepKey(i));
 }

@@ -48,7 +48,7 @@ std::optional<SColorStop> ReadStop(const CInifile& ini, const CStr& key)
     return SColorStop{values[0], {primary(1), primary(2), primary(3)}};
 }
 
-void ReadStops(Detail::CSettingsReader& reader, std::vector<SColorStop>& stops)
+void ReadStops(CSettingsReader& reader, std::vector<SColorStop>& stops)
 {
     for (CStr key = StopKey(0); reader.GetIni().HasKey(key); key = StopKey(stops.size())) {
         const std::optional<SColorStop> stop = ReadStop(reader.GetIni(), key);
@@ -76,7 +76,7 @@ const CEnum<EColorInterpolation>& GetColorInterpolationEnum()
 
 bool SColorScale::Load(CInifile& ini)
 {
-    Detail::CSettingsReader reader(ini, c_section);
+    CSettingsReader reader(ini, c_section);
     SColorScale read{.stops = {}};
     Exchange(reader, read);
     ReadStops(reader, read.stops);
@@ -87,7 +87,7 @@ bool SColorScale::Load(CInifile& ini)
 
 void SColorScale::Save(CInifile& ini) const
 {
-    Detail::CSettingsWriter writer(ini, c_section);
+    CSettingsWriter writer(ini, c_section);
     Exchange(writer, *this);
     for (std::size_t i = 0; i < stops.size(); ++i) {
         const SColor& color = stops[i].color;

@@ -3,6 +3,8 @@
 namespace CommonUI
 {
 
+using Analysis::EPass;
+
 namespace
 {
 
@@ -34,8 +36,8 @@ constexpr SEnumRow c_polarities[] = {
 };
 
 constexpr SEnumRow c_passes[] = {
-    {.value = 0, .iniName = u"High", .textId = 10098},
-    {.value = 1, .iniName = u"Low", .textId = 10099},
+    {.value = static_cast<int>(EPass::High), .iniName = u"High", .textId = 10098},
+    {.value = static_cast<int>(EPass::Low), .iniName = u"Low", .textId = 10099},
 };
 
 constexpr SEnumRow c_profileIndices[] = {
@@ -76,9 +78,9 @@ const CEnum<EFilterPolarity>& GetFilterPolarityEnum()
     return GetEnumOfRows<EFilterPolarity, c_polarities>();
 }
 
-const CEnum<EFilterPass>& GetFilterPassEnum()
+const CEnum<EPass>& GetFilterPassEnum()
 {
-    return GetEnumOfRows<EFilterPass, c_passes>();
+    return GetEnumOfRows<EPass, c_passes, EPass::High>();
 }
 
 const CEnum<ENestingIndex>& GetNestingIndexEnum(EFilterKind kind)

@@ -9,6 +9,8 @@
 namespace CommonUI
 {
 
+using Analysis::EPass;
+
 namespace
 {
 
@@ -24,10 +26,10 @@ int GaussKernelSize(double standardDeviation)
     return 2 * static_cast<int>(std::ceil(3 * standardDeviation)) + 1;
 }
 
-EFilterPass UsualPass(ENestingIndex nestingIndex)
+EPass UsualPass(ENestingIndex nestingIndex)
 {
-    return nestingIndex == ENestingIndex::LambdaS || nestingIndex == ENestingIndex::S ? EFilterPass::Low
-                                                                                      : EFilterPass::High;
+    return nestingIndex == ENestingIndex::LambdaS || nestingIndex == ENestingIndex::S ? EPass::Low
+                                                                                      : EPass::High;
 }
 
 template<class TStore, class TSettings>
@@ -168,7 +170,7 @@ double SFilterCutoff::GetLength(double evaluationLength) const
 bool SFilterSettings::Load(CInifile& ini)
 {
     SFilterSettings read;
-    Detail::CSettingsReader reader(ini, c_section);
+    CSettingsReader reader(ini, c_section);
     Exchange(reader, read);
     if (!reader.IsUsable())
         return false;
@@ -178,7 +180,7 @@ bool SFilterSettings::Load(CInifile& ini)
 
 void SFilterSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingsWriter writer(ini, c_section);
+    CSettingsWriter writer(ini, c_section);
     Exchange(writer, *this);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../../analysis/filter/IsoGaussianFilter.h"
 #include "../../common/Enum.h"
 #include "../../export/Export.h"
 
@@ -44,12 +45,6 @@ enum class EFilterPolarity : int {
     Dark = 2,   ///< downwards
 };
 
-/// Which waves a Gaussian filter leaves: those shorter than the cut-off, or those longer.
-enum class EFilterPass : int {
-    High = 0, ///< short waves, such as roughness
-    Low = 1,  ///< long waves, without noise
-};
-
 /// The name under which a standard knows the cut-off, or nesting index, of a filter.
 enum class ENestingIndex : int {
     LambdaC = 0, ///< between roughness and waviness of a profile
@@ -72,7 +67,7 @@ COMMONUI_API const CEnum<EFilterKind>& GetFilterKindEnum();
 COMMONUI_API const CEnum<EFilterApplication>& GetFilterApplicationEnum();
 COMMONUI_API const CEnum<EFilterStrength>& GetFilterStrengthEnum();
 COMMONUI_API const CEnum<EFilterPolarity>& GetFilterPolarityEnum();
-COMMONUI_API const CEnum<EFilterPass>& GetFilterPassEnum();
+COMMONUI_API const CEnum<Analysis::EPass>& GetFilterPassEnum();
 /// The names for the cut-off of the areal filter, or of the profile filter for every other kind.
 COMMONUI_API const CEnum<ENestingIndex>& GetNestingIndexEnum(EFilterKind kind);
 COMMONUI_API const CEnum<ECutoffRule>& GetCutoffRuleEnum();
@@ -80,7 +75,7 @@ COMMONUI_API const CEnum<ECutoffRule>& GetCutoffRuleEnum();
 /// The cut-off of a Gaussian filter: the wavelength of which it lets half the amplitude pass.
 struct COMMONUI_API SFilterCutoff {
     ENestingIndex nestingIndex = ENestingIndex::LambdaC;
-    EFilterPass pass = EFilterPass::High;
+    Analysis::EPass pass = Analysis::EPass::High;
     ECutoffRule rule = ECutoffRule::Length;
     double length = 0;   ///< in metres, above 0; 0 under another rule
     double fraction = 0; ///< above 0, at most 1; 0 under another rule

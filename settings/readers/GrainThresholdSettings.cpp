@@ -7,12 +7,14 @@
 namespace CommonUI
 {
 
+using Analysis::EGrainKind;
+
 namespace
 {
 
-constexpr SEnumRow c_sides[] = {
-    {.value = 0, .iniName = u"Particles", .textId = 10131},
-    {.value = 1, .iniName = u"Pores", .textId = 10132},
+constexpr SEnumRow c_kinds[] = {
+    {.value = static_cast<int>(EGrainKind::Particle), .iniName = u"Particles", .textId = 10131},
+    {.value = static_cast<int>(EGrainKind::Pore), .iniName = u"Pores", .textId = 10132},
 };
 
 constexpr SEnumRow c_thresholds[] = {
@@ -34,7 +36,7 @@ constexpr CRange<double> AllowedValue(EGrainThreshold threshold)
 template<class TStore, class TSettings>
 void Exchange(TStore& store, TSettings& settings)
 {
-    store.Choice(u"Side", GetGrainSideEnum(), settings.side);
+    store.Choice(u"Side", GetGrainKindEnum(), settings.kind);
     store.Choice(u"Threshold", GetGrainThresholdEnum(), settings.threshold);
     store.NumberWithin(u"Value", settings.value, AllowedValue(settings.threshold));
     store.NumberWithin(u"MinimumArea", settings.minimumArea, {0, c_greatest});
@@ -44,9 +46,9 @@ void Exchange(TStore& store, TSettings& settings)
 
 } // namespace
 
-const CEnum<EGrainSide>& GetGrainSideEnum()
+const CEnum<EGrainKind>& GetGrainKindEnum()
 {
-    return GetEnumOfRows<EGrainSide, c_sides>();
+    return GetEnumOfRows<EGrainKind, c_kinds>();
 }
 
 const CEnum<EGrainThreshold>& GetGrainThresholdEnum()
@@ -56,7 +58,7 @@ const CEnum<EGrainThreshold>& GetGrainThresholdEnum()
 
 bool SGrainThresholdSettings::Load(CInifile& ini)
 {
-    Detail::CSettingsReader reader(ini, c_section);
+    CSettingsReader reader(ini, c_section);
     reader.Require(ini.HasSection(c_section), u"there is no such section");
     SGrainThresholdSettings read;
     Exchange(reader, read);
@@ -67,7 +69,7 @@ bool SGrainThresholdSettings::Load(CInifile& ini)
 
 void SGrainThresholdSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingsWriter writer(ini, c_section);
+    CSettingsWriter writer(ini, c_section);
     Exchange(writer, *this);
 }
 

@@ -1,17 +1,12 @@
 #pragma once
 
+#include "../../analysis/grain/Grains.h"
 #include "../../common/Enum.h"
 #include "../../common/ini/Inifile.h"
 #include "../../export/Export.h"
 
 namespace CommonUI
 {
-
-/// On which side of the threshold plane grains lie.
-enum class EGrainSide {
-    Particles = 0, ///< points at or above it
-    Pores = 1      ///< points below it
-};
 
 /// How the height of the threshold plane is found.
 enum class EGrainThreshold {
@@ -21,14 +16,15 @@ enum class EGrainThreshold {
     Otsu = 3        ///< the height that parts the points into the two most compact classes (Otsu 1979)
 };
 
-/// The sides and thresholds with the names under which they are stored.
-COMMONUI_API const CEnum<EGrainSide>& GetGrainSideEnum();
+/// The kinds of grains and of thresholds, with the names under which they are stored.
+COMMONUI_API const CEnum<Analysis::EGrainKind>& GetGrainKindEnum();
 COMMONUI_API const CEnum<EGrainThreshold>& GetGrainThresholdEnum();
 
 /// What the particle and pore analysis looks for. The stored form, and how a threshold is found in a surface,
-/// are described in docs/grain-threshold-settings.md, what a grain is in docs/grain-measures.md.
+/// are described in docs/grain-threshold-settings.md, what a grain is in docs/grain-measures.md. The defaults
+/// here are those of reading; the thresholds that users are offered are in catalogue/BuiltInGrainThresholds.cpp.
 struct COMMONUI_API SGrainThresholdSettings {
-    EGrainSide side = EGrainSide::Particles;
+    Analysis::EGrainKind kind = Analysis::EGrainKind::Particle;
     EGrainThreshold threshold = EGrainThreshold::Relative;
     /// Absolute: in m. Relative and Percentile: 0 to 100 percent. Otsu: means nothing.
     double value = 50;

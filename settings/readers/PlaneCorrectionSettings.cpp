@@ -5,31 +5,36 @@
 namespace CommonUI
 {
 
+using Analysis::ECorrectionMethod;
+using Analysis::ECorrectionScope;
+
 namespace
 {
 
 constexpr std::u16string_view c_section = u"PlaneCorrection";
 
 constexpr SEnumRow c_scopes[] = {
-    {.value = 0, .iniName = u"Global", .textId = 10071},
-    {.value = 1, .iniName = u"Linewise", .textId = 10072},
-    {.value = 2, .iniName = u"Profile", .textId = 10073},
+    {.value = static_cast<int>(ECorrectionScope::Global), .iniName = u"Global", .textId = 10071},
+    {.value = static_cast<int>(ECorrectionScope::Linewise), .iniName = u"Linewise", .textId = 10072},
+    {.value = static_cast<int>(ECorrectionScope::Profile), .iniName = u"Profile", .textId = 10073},
 };
 
 constexpr SEnumRow c_methods[] = {
-    {.value = 0, .iniName = u"Polynomial", .textId = 10074},
-    {.value = 1, .iniName = u"StepWizard", .textId = 10075},
-    {.value = 2, .iniName = u"ZeroBackground", .textId = 10076},
-    {.value = 3, .iniName = u"Offset", .textId = 10077},
+    {.value = static_cast<int>(ECorrectionMethod::Polynomial), .iniName = u"Polynomial", .textId = 10074},
+    {.value = static_cast<int>(ECorrectionMethod::StepWizard), .iniName = u"StepWizard", .textId = 10075},
+    {.value = static_cast<int>(ECorrectionMethod::ZeroBackground),
+     .iniName = u"ZeroBackground",
+     .textId = 10076},
+    {.value = static_cast<int>(ECorrectionMethod::Offset), .iniName = u"Offset", .textId = 10077},
 };
 
 // The orders that a method knows; 0 for a method without.
-int GreatestOrder(EPlaneCorrectionMethod method)
+int GreatestOrder(ECorrectionMethod method)
 {
     switch (method) {
-    case EPlaneCorrectionMethod::Polynomial:
+    case ECorrectionMethod::Polynomial:
         return 9;
-    case EPlaneCorrectionMethod::StepWizard:
+    case ECorrectionMethod::StepWizard:
         return 2;
     default:
         return 0;
@@ -48,20 +53,20 @@ void Exchange(TStore& store, TSettings& set)
 
 } // namespace
 
-const CEnum<EPlaneCorrectionScope>& GetPlaneCorrectionScopeEnum()
+const CEnum<ECorrectionScope>& GetPlaneCorrectionScopeEnum()
 {
-    return GetEnumOfRows<EPlaneCorrectionScope, c_scopes>();
+    return GetEnumOfRows<ECorrectionScope, c_scopes>();
 }
 
-const CEnum<EPlaneCorrectionMethod>& GetPlaneCorrectionMethodEnum()
+const CEnum<ECorrectionMethod>& GetPlaneCorrectionMethodEnum()
 {
-    return GetEnumOfRows<EPlaneCorrectionMethod, c_methods>();
+    return GetEnumOfRows<ECorrectionMethod, c_methods, ECorrectionMethod::Polynomial>();
 }
 
 bool SPlaneCorrectionSettings::Load(CInifile& ini)
 {
     SPlaneCorrectionSettings read;
-    Detail::CSettingsReader reader(ini, c_section);
+    CSettingsReader reader(ini, c_section);
     Exchange(reader, read);
     if (!reader.IsUsable())
         return false;
@@ -71,7 +76,7 @@ bool SPlaneCorrectionSettings::Load(CInifile& ini)
 
 void SPlaneCorrectionSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingsWriter writer(ini, c_section);
+    CSettingsWriter writer(ini, c_section);
     Exchange(writer, *this);
 }
 

@@ -90,7 +90,7 @@ const CEnum<EReportBlock>& GetReportBlockEnum()
 
 bool SReportTemplateSettings::Load(CInifile& ini)
 {
-    Detail::CSettingsReader reader(ini, c_section);
+    CSettingsReader reader(ini, c_section);
     SReportTemplateSettings read{.blocks = {}};
     Exchange(reader, read);
     if (reader.IsUsable())
@@ -100,7 +100,7 @@ bool SReportTemplateSettings::Load(CInifile& ini)
 
 void SReportTemplateSettings::Save(CInifile& ini) const
 {
-    Detail::CSettingsWriter writer(ini, c_section);
+    CSettingsWriter writer(ini, c_section);
     Exchange(writer, *this);
 }
 

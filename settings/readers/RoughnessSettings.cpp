@@ -18,7 +18,7 @@ CStr SectionOf(EAnalysis analysis)
 bool LoadRoughnessSettings(CInifile& ini, CRoughnessAnalysisPreferencesData& data)
 {
     const CStr section = SectionOf(data.GetAnalysis());
-    Detail::CSettingsReader reader(ini, section);
+    CSettingsReader reader(ini, section);
     if (!reader.Require(ini.HasSection(section), u"there is no such section"))
         return false;
     CRoughnessAnalysisPreferencesData read = data;
@@ -29,7 +29,7 @@ bool LoadRoughnessSettings(CInifile& ini, CRoughnessAnalysisPreferencesData& dat
 
 void SaveRoughnessSettings(const CRoughnessAnalysisPreferencesData& data, CInifile& ini)
 {
-    const Detail::CSettingsWriter writer(ini, SectionOf(data.GetAnalysis()));
+    const CSettingsWriter writer(ini, SectionOf(data.GetAnalysis()));
     CRoughnessAnalysisPreferencesData(data).Save(ini);
 }
 

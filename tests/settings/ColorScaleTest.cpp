@@ -62,25 +62,6 @@ TEST(ColorScale, TableReachesFromEndToEnd)
     EXPECT_EQ(marked.MakeTable(2), (std::vector{c_red, c_green}));
 }
 
-TEST(ColorScale, SavesAndLoads)
-{
-    const SColorScale scale{.interpolation = EColorInterpolation::Stripes,
-                            .stops = {{0, c_black}, {0.1, c_red}, {1.0 / 3, c_green}},
-                            .missing = SColor{1, 2, 3},
-                            .below = c_blue,
-                            .above = {}};
-    CInifile ini = Document(u"[Other]\nKey=1\n[ColorScale]\nAbove=1,1,1\nStop9=1,0,0,0\n");
-    ini.SelectSection(u"Other");
-    scale.Save(ini);
-    SColorScale read;
-    EXPECT_TRUE(read.Load(ini));
-    EXPECT_EQ(read, scale);
-    EXPECT_EQ(ini.GetSection(), u"Other");
-    EXPECT_EQ(ini.GetBytes(),
-              "[Other]\nKey=1\n[ColorScale]\nInterpolation=Stripes\nMissing=1,2,3\nBelow=0,0,50\n"
-              "Stop1=0,0,0,0\nStop2=0.1,200,0,0\nStop3=0.3333333333333333,0,100,0\n");
-}
-
 TEST(ColorScale, StopsAreLimited)
 {
     CInifile ini;
@@ -92,20 +73,4 @@ TEST(ColorScale, StopsAreLimited)
     scale.stops.pop_back();
     scale.Save(ini);
     EXPECT_TRUE(scale.Load(ini));
-}
-
-TEST(ColorScale, BuiltInScalesHoldWhatTheirNamesSay)
-{
-    const SColorScale grey = BuiltIn<SColorScale>(177);
-    const SColorScale inverted = BuiltIn<SColorScale>(178);
-    for (const double position : {0.0, 0.2, 0.7, 1.0})
-        EXPECT_EQ(grey.GetColor(position), inverted.GetColor(1 - position));
-
-    const auto countStripes = [](const SColorScale& scale) {
-        std::vector<SColor> table = scale.MakeTable(1000);
-        table.erase(std::unique(table.begin(), table.end()), table.end());
-        return table.size();
-    };
-    EXPECT_EQ(countStripes(BuiltIn<SColorScale>(195)), 5u);
-    EXPECT_EQ(countStripes(BuiltIn<SColorScale>(196)), 10u);
 }

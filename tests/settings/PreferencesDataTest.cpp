@@ -120,10 +120,10 @@ TEST(PreferencesData, AnswersComeAndGoWithoutModifyingTheObject)
 
 TEST(PreferencesData, SettersModifyAndAResetLeavesTheSeparator)
 {
-    using CSetter = void (*)(CPreferencesData&);
-    for (const CSetter set : {CSetter([](auto& data) { data.Set3DAccelerationMode({}); }),
-                              CSetter([](auto& data) { data.Set3DPreviewTargetTime(1); }),
-                              CSetter([](auto& data) { data.SetDecimalSeparator(ESeparator::Comma); })}) {
+    using FSetter = void (*)(CPreferencesData&);
+    for (const FSetter set : {FSetter([](auto& data) { data.Set3DAccelerationMode({}); }),
+                              FSetter([](auto& data) { data.Set3DPreviewTargetTime(1); }),
+                              FSetter([](auto& data) { data.SetDecimalSeparator(ESeparator::Comma); })}) {
         CPreferencesManager manager;
         set(manager.GetData());
         manager.GetData().RegisterDontShowAgain(u"A", true);

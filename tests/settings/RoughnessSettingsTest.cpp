@@ -2,8 +2,6 @@
 
 #include "tests/settings/SettingsTesting.h"
 
-#include <set>
-
 using namespace CommonUI;
 
 namespace
@@ -62,23 +60,4 @@ TEST(RoughnessSettings, RefuseASetForTheOtherAnalysis)
                                                  u"there is no such section"});
     EXPECT_EQ(TextOf(profile), before);
     EXPECT_FALSE(profile.IsModified());
-}
-
-TEST(RoughnessSettings, BuiltInSetsHaveParametersOfTheirStandardOnly)
-{
-    const struct {
-        EBuiltInSetting setting;
-        EAnalysis analysis;
-    } rows[] = {{EBuiltInSetting::bisRoughnessImageVORNClassic, EAnalysis::Roughness},
-                {EBuiltInSetting::bisRoughnessProfileVORNClassic, EAnalysis::RoughnessProfile}};
-    for (const auto& row : rows) {
-        CInifile ini = Document(GetBuiltInSettingText(row.setting));
-        CData data(row.analysis);
-        ASSERT_TRUE(LoadRoughnessSettings(ini, data));
-        std::set<int> standards;
-        for (const CParameter& parameter : data.GetParameters())
-            if (parameter.IsOn())
-                standards.insert(parameter.GetStandard());
-        EXPECT_EQ(standards, std::set<int>{static_cast<int>(EAnalysisStandards::VORNLegacy)});
-    }
 }

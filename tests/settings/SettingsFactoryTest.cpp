@@ -1,5 +1,7 @@
 #include "tests/settings/SettingsFactoryTesting.h"
 
+#include <chrono>
+
 using namespace CommonUI;
 using enum ESettingType;
 
@@ -252,6 +254,23 @@ TEST_F(SettingsFactory, AColorScaleIsReadAgainWhenItsFileHasChanged)
     EXPECT_EQ(m_factory.LoadSettings(Filter, Path("x.col"), false).ReadInt(u"Value", 0), 8);
     fs::remove(file);
     EXPECT_TRUE(m_factory.LoadSettings(ColorScale, Path("x.col"), false).GetEntryInfo() == -1);
+}
+
+// The time of a file has steps of up to two seconds: a later change may not show in it.
+TEST_F(SettingsFactory, AColorScaleThatHasJustChangedIsReadAgainWhateverItsTime)
+{
+    using CClock = std::filesystem::file_time_type::clock;
+    const auto load = [&](const char* bytes, CClock::time_point changed) {
+        m_folder.Write("x.col", bytes);
+        std::filesystem::last_write_time(m_folder.GetPath() / "x.col", changed);
+        return m_factory.LoadSettings(ColorScale, Path("x.col"), false).ReadInt(u"Value", 0);
+    };
+    CClock::time_point changed;
+    do { // again where the machine took so long that the change was no recent one
+        changed = CClock::now() - std::chrono::seconds(2);
+        EXPECT_EQ(load("Value=1", changed), 1);
+    } while (CClock::now() - changed > std::chrono::seconds(3));
+    EXPECT_EQ(load("Value=2", changed), 2);
 }
 
 TEST_F(SettingsFactory, CopiesAreIndependentAndTheSingletonStartsAnew)

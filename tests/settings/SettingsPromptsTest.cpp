@@ -1,4 +1,5 @@
 #include "tests/settings/SettingsFactoryTesting.h"
+#include "tests/settings/SettingsTesting.h"
 
 using namespace CommonUI;
 using enum ESettingType;
@@ -25,7 +26,7 @@ const CStr c_verify = u"\"\n\nPlease verify that the path and file name are corr
 
 } // namespace
 
-TEST_F(SettingsFactory, FileDialogTextsAreThoseOnRecord)
+TEST_F(SettingsFactory, FileDialogTextsAreThoseOfTheirPage)
 {
     std::string texts;
     for (int type = -1; type <= 19; ++type) {
@@ -41,7 +42,7 @@ TEST_F(SettingsFactory, FileDialogTextsAreThoseOnRecord)
         texts += "[" + GetSettingTypeEnum().GetIniName(type).ToUtf8() + "]\nextension=" + extension.ToUtf8() +
                  "\nopen=" + open.ToUtf8() + "\nsave=" + save.ToUtf8() + "\n";
     }
-    EXPECT_EQ(texts, ReadTestData("settings-files.ini"));
+    EXPECT_NE(ReadPage("settings-factory.md").find("```ini\n" + texts + "```\n"), std::string::npos) << texts;
 }
 
 TEST_F(SettingsFactory, LoadPrompt)

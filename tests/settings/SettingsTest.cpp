@@ -4,43 +4,24 @@
 
 using namespace CommonUI;
 
-TEST(SettingsEntry, NamesItselfAfterTheLastPartOfAPath)
+TEST(SettingsEntry, OfAFileOrOfTheCatalogue)
 {
-    struct SCase {
-        std::u16string_view path, name;
-    };
-    constexpr SCase c_cases[] = {
-        {u"C:\\data\\sets\\my.pln", u"my.pln"}, {u"my.pln", u"my.pln"},         {u"C:\\data\\", u""},
-        {u"D:name.col", u"name.col"},           {u"/sets/a.b.flt", u"a.b.flt"},
-    };
-    for (const SCase& row : c_cases) {
-        const SSettingsEntry entry(row.path, ESettingType::PlaneCorr);
-        EXPECT_EQ(entry.m_Name, row.name);
-        EXPECT_EQ(entry.m_File, row.path);
-        EXPECT_EQ(entry.m_ID, SSettingsEntry::s_InvalidID);
+    const std::pair<std::u16string_view, std::u16string_view> rows[] = {
+        {u"C:\\data\\sets\\my.pln", u"my.pln"}, {u"C:\\data\\", u""}, {u"/sets/a.b.flt", u"a.b.flt"}};
+    for (const auto& [path, name] : rows) {
+        const SSettingsEntry entry(path, ESettingType::PlaneCorr);
+        EXPECT_TRUE(entry == CStr(name));
+        EXPECT_EQ(entry.m_File, path);
+        EXPECT_TRUE(entry == SSettingsEntry::s_InvalidID);
         EXPECT_EQ(entry.m_Type, ESettingType::PlaneCorr);
         EXPECT_TRUE(entry.m_IsFile);
     }
-}
-
-TEST(SettingsEntry, IsComparedByNameOrByIdentifier)
-{
     const SSettingsEntry builtIn(EBuiltInSetting::PlaneCorrQuickLaunchImageLeveling, ESettingType::PlaneCorr);
     EXPECT_TRUE(builtIn == 4);
     EXPECT_TRUE(builtIn == CStr(u"Global Leveling"));
+    EXPECT_FALSE(builtIn == CStr(u"global leveling"));
     EXPECT_FALSE(builtIn.m_IsFile);
     EXPECT_TRUE(builtIn.m_File.IsEmpty());
-
-    const SSettingsEntry file(u"/Global Leveling", ESettingType::PlaneCorr);
-    EXPECT_TRUE(file == builtIn.m_Name);
-    EXPECT_FALSE(file == builtIn.m_ID);
-    EXPECT_FALSE(file == CStr(u"global leveling"));
-    EXPECT_FALSE(file == CStr(u"Global"));
-
-    const SSettingsEntry none(EBuiltInSetting{250}, ESettingType::Filter);
-    EXPECT_EQ(none.m_Name, GetBuiltInSettingEnum().GetFriendlyString(250));
-    EXPECT_EQ(SSettingsEntry().m_ID, -1);
-    EXPECT_EQ(SSettingsEntry().m_Type, ESettingType::Unknown);
 }
 
 TEST(Settings, BuiltInTextReadsAsAFileWould)

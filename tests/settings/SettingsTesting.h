@@ -6,9 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace CommonUI
 {
@@ -27,14 +29,11 @@ inline std::string Bytes(const auto& set)
     return ini.GetBytes();
 }
 
-/// The set of a built-in text; a default one, and a failed test, when its reader refuses the text.
-template<class TSettings>
-TSettings BuiltIn(int number)
+/// A page of the docs.
+inline std::string ReadPage(const char* name)
 {
-    CInifile ini = Document(GetBuiltInSettingText(EBuiltInSetting{number}));
-    TSettings set;
-    EXPECT_TRUE(set.Load(ini)) << number;
-    return set;
+    std::ifstream file(std::filesystem::path(COMMONUI_TEST_DATA) / "../../docs" / name);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 } // namespace CommonUI

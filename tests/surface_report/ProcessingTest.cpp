@@ -27,9 +27,9 @@ TEST(Processing, SetsDoWhatTheySay)
 {
     using enum EFilterApplication;
     using enum EFilterPolarity;
-    using enum EPlaneCorrectionScope;
+    using enum Analysis::ECorrectionScope;
     using EKind = EFilterKind;
-    using EMethod = EPlaneCorrectionMethod;
+    using EMethod = Analysis::ECorrectionMethod;
     const SSurface spike = MakeSurface(7, 5, [](double x, double y) { return x == 3 && y == 2 ? 9.0 : 0.0; });
     const SSurface bright = MakeSurface(9, 9, [](double, double y) { return y == 4 || y == 5 ? 5.0 : 0.0; });
     const SSurface dark = MakeSurface(9, 9, [](double, double y) { return y == 4 || y == 5 ? -5.0 : 0.0; });

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/ini/Inifile.h"
-#include "settings/catalogue/BuiltInSetting.h"
+#include "settings/catalogue/detail/BuiltInGroups.h"
 
 #include <cstddef>
 
@@ -22,15 +22,39 @@ void WriteBuiltInColorScale(EBuiltInSetting setting, CInifile& ini);
 void WriteBuiltInGrainThresholds(EBuiltInSetting setting, CInifile& ini);
 void WriteBuiltInAnimation(EBuiltInSetting setting, CInifile& ini);
 
-/// Whether a table has the numbers from `first` to `last` in order, so that a row is found by its number.
+/// The row of a set in a table of contents; null when there is none.
 template<class TRow, std::size_t Count>
-constexpr bool AreNumbered(const TRow (&rows)[Count], int first, int last)
+constexpr const TRow* FindRow(const TRow (&rows)[Count], EBuiltInSetting setting)
 {
-    int number = first;
     for (const TRow& row : rows)
-        if (row.number != number++)
-            return false;
-    return number == last + 1;
+        if (row.setting == setting)
+            return &row;
+    return nullptr;
+}
+
+/// Whether there are contents for every set of a type and for no other.
+/// @param hasContents tells it of a set, or finds what it has
+template<class FHasContents>
+constexpr bool HoldsEverySet(ESettingType type, FHasContents hasContents)
+{
+    for (const SBuiltInSettingGroup& group : c_builtInGroups)
+        for (int number = group.first; number <= group.last; ++number) {
+            const bool has = hasContents(EBuiltInSetting{number});
+            if (has != (group.type == type))
+                return false;
+        }
+    return true;
+}
+
+constexpr bool HoldsEverySet(ESettingType type, EBuiltInSetting only)
+{
+    return HoldsEverySet(type, [=](EBuiltInSetting setting) { return setting == only; });
+}
+
+template<class TRow, std::size_t Count>
+constexpr bool HoldsEverySet(ESettingType type, const TRow (&rows)[Count])
+{
+    return HoldsEverySet(type, [&](EBuiltInSetting setting) { return FindRow(rows, setting); });
 }
 
 } // namespace CommonUI

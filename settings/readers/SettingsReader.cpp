@@ -1,40 +1,12 @@
-#include "settings/readers/detail/SettingsExchange.h"
+#include "settings/readers/detail/SettingsReader.h"
 
 #include "common/Diagnostics.h"
+#include "settings/readers/detail/ValueRules.h"
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
-#include <utility>
 
-namespace CommonUI::Detail
+namespace CommonUI
 {
-
-namespace
-{
-
-bool IsFromOne(int value, int greatest)
-{
-    return value >= 1 && value <= greatest;
-}
-
-bool IsOdd(int value)
-{
-    return value % 2 != 0;
-}
-
-bool IsPositive(double value, double greatest)
-{
-    return value > 0 && value <= greatest;
-}
-
-bool AreFinite(const std::vector<double>& values, int count)
-{
-    return std::cmp_equal(values.size(), count) &&
-           std::ranges::all_of(values, [](double value) { return std::isfinite(value); });
-}
-
-} // namespace
 
 CSettingsReader::CSettingsReader(CInifile& ini, std::u16string_view section)
     : m_ini(ini)
@@ -123,65 +95,4 @@ bool CSettingsReader::Refuse(std::u16string_view key, std::u16string_view expect
     return false;
 }
 
-CSettingsWriter::CSettingsWriter(CInifile& ini, std::u16string_view section)
-    : m_ini(ini)
-    , m_scope(ini, section)
-{
-    m_ini.ClearSection();
-}
-
-bool CSettingsWriter::Integer(std::u16string_view key, int value, int greatest)
-{
-    m_ini.WriteInt(key, value);
-    return IsFromOne(value, greatest);
-}
-
-bool CSettingsWriter::OddInteger(std::u16string_view key, int value, int greatest)
-{
-    return Integer(key, value, greatest) && IsOdd(value);
-}
-
-bool CSettingsWriter::Positive(std::u16string_view key, double value, double greatest)
-{
-    m_ini.WriteDouble(key, value);
-    return IsPositive(value, greatest);
-}
-
-bool CSettingsWriter::IntegerWithin(std::u16string_view key, int value, const CRange<int>& allowed)
-{
-    m_ini.WriteInt(key, value);
-    return allowed.Contains(value);
-}
-
-bool CSettingsWriter::NumberWithin(std::u16string_view key, double value, const CRange<double>& allowed)
-{
-    m_ini.WriteDouble(key, value);
-    return allowed.Contains(value);
-}
-
-bool CSettingsWriter::Numbers(std::u16string_view key, const std::vector<double>& values, int count)
-{
-    m_ini.WriteDoubles(key, values);
-    return AreFinite(values, count);
-}
-
-bool CSettingsWriter::Flag(std::u16string_view key, bool value)
-{
-    m_ini.WriteBool(key, value);
-    return true;
-}
-
-bool CSettingsWriter::Text(std::u16string_view key, const CStr& value)
-{
-    m_ini.WriteText(key, value);
-    return true;
-}
-
-bool CSettingsWriter::OptionalColor(std::u16string_view key, const std::optional<SColor>& value)
-{
-    if (value)
-        m_ini.WriteColor(key, *value);
-    return true;
-}
-
-} // namespace CommonUI::Detail
+} // namespace CommonUI

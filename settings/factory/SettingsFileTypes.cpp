@@ -1,4 +1,4 @@
-#include "settings/factory/detail/SettingsFiles.h"
+#include "settings/factory/detail/SettingsFileTypes.h"
 
 #include <algorithm>
 #include <iterator>
@@ -10,7 +10,7 @@ namespace
 {
 
 // Filters are no texts of the string table: dialogs are known by them, in every language.
-constexpr SSettingsFiles c_files[] = {
+constexpr SSettingsFileType c_files[] = {
     {ESettingType::Batch, u"batch", u"Batch Processing Sequence (*.batch)|*.batch|All Files (*.*)|*.*||",
      u"Batch Processing Sequence (*.batch)|*.batch||"},
     {ESettingType::Filter, u"flt", u"Filter files (*.flt)|*.flt|All files (*.*)|*.*||",
@@ -64,13 +64,13 @@ constexpr SSettingsFiles c_files[] = {
 
 } // namespace
 
-const SSettingsFiles* FindSettingsFiles(ESettingType type)
+const SSettingsFileType* FindSettingsFileType(ESettingType type)
 {
-    const auto* const found = std::ranges::find(c_files, type, &SSettingsFiles::type);
+    const auto* const found = std::ranges::find(c_files, type, &SSettingsFileType::type);
     return found == std::end(c_files) ? nullptr : found;
 }
 
-CStr GetMasks(const SSettingsFiles& files)
+CStr GetMasks(const SSettingsFileType& files)
 {
     return files.extension.starts_with(u'*') ? CStr(files.extension) : CStr(u"*.") + files.extension;
 }

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "common/Str.h"
+#include "settings/catalogue/BuiltInSetting.h"
+
+#include <optional>
+#include <string_view>
+
+namespace CommonUI
+{
+
+/// @file
+/// How recent lists and batch sequences store which set they mean: c_builtInPrefix and a key of the catalogue,
+/// or c_filePrefix and a path.
+
+inline constexpr std::u16string_view c_builtInPrefix = u"BUILT-IN:";
+inline constexpr std::u16string_view c_filePrefix = u"FILE:";
+
+CStr MakeReference(EBuiltInSetting setting);
+/// The built-in set that a text means; none for every other text and for a set of another type.
+std::optional<EBuiltInSetting> FindBuiltIn(std::u16string_view reference, ESettingType type);
+/// The path of the file that a text means; empty for every other text.
+std::u16string_view GetReferredPath(std::u16string_view reference);
+
+} // namespace CommonUI

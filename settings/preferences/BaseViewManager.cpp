@@ -1,0 +1,8 @@
+#include "settings/preferences/BaseViewManager.h"
+
+namespace CommonUI
+{
+
+CBaseViewManager::~CBaseViewManager() = default;
+
+} // namespace CommonUI
