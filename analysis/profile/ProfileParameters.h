@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../../export/Export.h"
+#include "../surface/Quantity.h"
 #include "../surface/Surface.h"
 #include "../surface/Value.h"
 
@@ -32,17 +33,22 @@ namespace CommonUI::Analysis
 /// @param dx spacing of the points in m, greater than 0
 /// @param cutoff λc in m, by default DefaultCutoff. If it is not greater than 2 dx, longer than the profile
 ///     or NaN, the parameters of the roughness and the waviness profile are NaN.
-/// @return the parameters in catalogue order: Ra Rq Rsk Rku Rp Rv Rz Rt Rmean Rmin Rmax RSm Rdq, then those
-/// of
+/// @return the parameters in catalogue order: Ra Rq Rsk Rku Rp Rv Rz Rt Rmean Rmin Rmax RSm Rdq, then those of
 ///     ComputeIso4287
 COMMONUIANALYSIS_API std::vector<SValue> ComputeProfile(std::span<const double> heights, double dx,
                                                         std::optional<double> cutoff = std::nullopt);
 
-/// One parameter of all lines of a surface.
-using SLineValues = SValues;
-
 /// ComputeProfile for each line, its keys in the same order. Empty for a surface without lines.
-COMMONUIANALYSIS_API std::vector<SLineValues> ComputeProfiles(const SSurface& surface,
-                                                              std::optional<double> cutoff = std::nullopt);
+COMMONUIANALYSIS_API std::vector<SValues> ComputeProfiles(const SSurface& surface,
+                                                          std::optional<double> cutoff = std::nullopt);
+
+/// Likewise, but the profiles are filtered only for those parameters that need it.
+/// @param keys which parameters are wanted, in any order; others than those of GetProfileQuantities are ignored
+COMMONUIANALYSIS_API std::vector<SValues> ComputeProfiles(const SSurface& surface,
+                                                          std::span<const std::string_view> keys,
+                                                          std::optional<double> cutoff = std::nullopt);
+
+/// What ComputeProfile computes, in its order.
+COMMONUIANALYSIS_API std::vector<SQuantity> GetProfileQuantities();
 
 } // namespace CommonUI::Analysis

@@ -89,16 +89,20 @@ std::vector<double> VariableValues(const CParameter& parameter)
     return values;
 }
 
-// Whether a parameter that is on is one of those keys, of which "*" at the end stands for any more.
-bool IsAnyOn(const std::vector<CParameter>& parameters, std::initializer_list<std::u16string_view> keys)
+// The keys by which the analysis knows the parameters that are on.
+std::vector<std::string> KeysOf(const std::vector<CParameter>& parameters)
 {
-    return std::ranges::any_of(parameters, [&keys](const CParameter& parameter) {
-        const CStr key = parameter.GetIniName();
-        return parameter.IsOn() && std::ranges::any_of(keys, [&key](std::u16string_view wanted) {
-                   return wanted.ends_with(u'*') ? key.StartsWith(wanted.substr(0, wanted.size() - 1))
-                                                 : key == wanted;
-               });
-    });
+    std::vector<std::string> keys;
+    for (const CParameter& parameter : parameters) {
+        if (parameter.IsOn())
+            keys.push_back(AnalysisKey(parameter));
+    }
+    return keys;
+}
+
+std::vector<std::string_view> ViewsOf(const std::vector<std::string>& keys)
+{
+    return {keys.begin(), keys.end()};
 }
 
 // Computes the parameters of a surface that the choices show.
@@ -107,9 +111,7 @@ class CArealValues
 public:
     CArealValues(const SSurface& surface, const SChoices& choices)
         : m_surface(surface)
-        // What takes long is computed only where it is shown.
-        , m_values(
-              CommonUI::Analysis::ComputeAreal(surface, IsAnyOn(choices.surface, {u"Sal", u"St*", u"Scl*"})))
+        , m_values(CommonUI::Analysis::ComputeAreal(surface, ViewsOf(KeysOf(choices.surface))))
     {
     }
 
@@ -137,11 +139,8 @@ SContent RoughnessContent(const SInput& input, const SChoices& choices, const SO
     if (input.raw)
         areal.emplace_back(*input.raw, choices);
     areal.emplace_back(surface, choices);
-    const bool filtered = IsAnyOn(choices.profiles, {u"4287R*", u"4287W*"});
-    std::vector<SValues> profiles;
-    if (IsAnyOn(choices.profiles, {u"*"}))
-        profiles = CommonUI::Analysis::ComputeProfiles(surface, filtered ? options.cutoff
-                                                                         : CommonUI::Analysis::c_undefined);
+    const std::vector<SValues> profiles =
+        CommonUI::Analysis::ComputeProfiles(surface, ViewsOf(KeysOf(choices.profiles)), options.cutoff);
     const auto ofSurface = [&areal](const CParameter& parameter) {
         std::vector<double> values;
         for (const CArealValues& surfaceValues : areal)
@@ -170,8 +169,8 @@ SContent GrainContent(const SInput& input, const SChoices& choices, const SOptio
 {
     const SGrainOptions& asked = *options.grains;
     const bool pores = asked.kind == EGrainKind::Pore;
-    const auto grains = std::make_shared<CommonUI::Analysis::SGrains>(
-        CommonUI::Analysis::MeasureGrains(input.surface, asked.threshold, asked.kind));
+    const auto grains = std::make_shared<CommonUI::Analysis::SGrains>(CommonUI::Analysis::MeasureGrains(
+        input.surface, asked.threshold, asked.kind, ViewsOf(KeysOf(choices.grains))));
     const auto valuesOf = [&](const CParameter& parameter) -> std::vector<double> {
         const auto found = std::ranges::find(grains->columns, parameter.GetIniName().ToUtf8(), &SValues::key);
         return found == grains->columns.end() ? std::vector<double>() : found->values;
