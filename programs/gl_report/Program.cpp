@@ -2,6 +2,7 @@
 
 #include "common/FileBytes.h"
 #include "programs/command_line/CommandLine.h"
+#include "programs/command_line/Parser.h"
 #include "programs/gl_report/Report.h"
 
 #include <filesystem>
@@ -31,16 +32,10 @@ struct SOptions {
 SOptions ParseOptions(std::span<const char* const> arguments)
 {
     SOptions options;
-    CommandLine::CArguments rest(arguments);
-    while (!rest.IsAtEnd()) {
-        const std::string argument = rest.Take();
-        if (argument == "--help")
-            options.help = true;
-        else if (argument == "--out")
-            options.output = rest.TakeValue(argument);
-        else
-            throw CommandLine::EUsage("there is no option \"" + argument + "\"");
-    }
+    CommandLine::CParser parser;
+    parser.AddFlag("--help", options.help);
+    parser.Add("--out", [&](auto&, auto& file) { options.output = file; });
+    parser.Parse(arguments);
     return options;
 }
 

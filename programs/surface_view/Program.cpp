@@ -1,6 +1,7 @@
 #include "programs/surface_view/Program.h"
 
 #include "formats/SurfaceReader.h"
+#include "programs/command_line/CommandLine.h"
 #include "programs/surface_view/ColorTable.h"
 #include "programs/surface_view/Drawing.h"
 #include "programs/surface_view/Options.h"

@@ -1,14 +1,12 @@
-#include "programs/surface_report/Processing.h"
+#include "measurement/ApplySteps.h"
 
 #include "analysis/filter/SurfaceFilter.h"
 #include "analysis/form/PlaneCorrection.h"
+#include "measurement/Request.h"
 
-#include <stdexcept>
-
-namespace SurfaceReport
+namespace CommonUI::Measurement
 {
 
-using namespace CommonUI;
 using namespace CommonUI::Analysis;
 
 namespace
@@ -124,7 +122,21 @@ void Apply(const SStep& step, SSurface& surface)
     const std::string_view refusal = std::visit(
         [&surface](const auto& settings) { return ApplySettings(settings, surface); }, step.settings);
     if (!refusal.empty())
-        throw std::runtime_error("--settings " + step.userSpec + ": " + std::string(refusal));
+        throw ERequest(step.userSpec, CStr::FromUtf8(refusal));
 }
 
-} // namespace SurfaceReport
+SInput Process(SSurface surface, ELevelling levelling, const std::vector<SStep>& steps)
+{
+    SInput input{.levelling = levelling};
+    if (!steps.empty())
+        input.raw = surface;
+    Level(surface, levelling);
+    for (const SStep& step : steps) {
+        Apply(step, surface);
+        input.steps.push_back(step.name);
+    }
+    input.surface = std::move(surface);
+    return input;
+}
+
+} // namespace CommonUI::Measurement
