@@ -98,6 +98,14 @@ TEST(SpatialParameters, DirectionOfWaves)
         }
 }
 
+TEST(SpatialParameters, PowerCountsWithTheFrequency)
+{
+    const SSurface surface = MakeSurface(200, 200, [](double x, double y) {
+        return 2 * Cosine(x, 50) + Cosine(y, 5); // four times the power at a tenth of the frequency
+    });
+    EXPECT_NEAR(std::abs(Get(ComputeAreal(surface, c_keys), "Std")), 90, 0.1);
+}
+
 TEST(SpatialParameters, WhatIsNotReachedIsNaN)
 {
     const auto nan = c_undefined;
