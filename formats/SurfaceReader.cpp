@@ -68,7 +68,7 @@ Analysis::SSurface ReadByContent(CTextScanner& scanner, std::string_view text)
 
 } // namespace
 
-Analysis::SSurface ReadSurface(const std::filesystem::path& path, const CProgress& progress)
+Analysis::SSurface ReadSurface(const std::filesystem::path& path, const FProgress& progress)
 {
     const SText file = Load(path);
     std::string_view text(file.bytes.get(), file.size);

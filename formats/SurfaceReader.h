@@ -22,7 +22,7 @@ public:
 /// Receives the share of the work that is done, from 0 to 1 and never falling, in the thread that reads.
 /// May be empty. An exception that it throws ends the reading and reaches the caller: that is how a user
 /// cancels.
-using CProgress = std::function<void(double fraction)>;
+using FProgress = std::function<void(double fraction)>;
 
 /// Reads a surface. The content of the file, not its name, decides how:
 ///
@@ -40,6 +40,6 @@ using CProgress = std::function<void(double fraction)>;
 /// @throws EReadError for a file that cannot be read, malformed text, a value count, a row or a scale that
 ///     does not fit, an infinite number, a height beyond 1e9 m or a spacing outside 1e-18 m to 1e9 m
 COMMONUIFORMATS_API Analysis::SSurface ReadSurface(const std::filesystem::path& path,
-                                                   const CProgress& progress = {});
+                                                   const FProgress& progress = {});
 
 } // namespace CommonUI::Formats

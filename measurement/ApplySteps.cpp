@@ -40,7 +40,7 @@ struct SWindow {
     std::size_t rows;
 };
 
-TSurfaceFilter MedianOf(const SFilterSettings& settings, const SWindow& window)
+CSurfaceFilter MedianOf(const SFilterSettings& settings, const SWindow& window)
 {
     if (settings.kind == EFilterKind::Median && settings.strength == EFilterStrength::Full)
         return SMedianFilter{.columns = window.columns, .rows = window.rows};
@@ -62,9 +62,9 @@ SIsoGaussianFilter IsoGaussianOf(const SFilterSettings& settings, const SSurface
     return filter;
 }
 
-std::vector<TSurfaceFilter> StreakFiltersOf(const SFilterSettings& settings)
+std::vector<CSurfaceFilter> StreakFiltersOf(const SFilterSettings& settings)
 {
-    std::vector<TSurfaceFilter> filters;
+    std::vector<CSurfaceFilter> filters;
     const auto add = [&](bool isBright, EFilterPolarity other) {
         if (settings.polarity != other)
             filters.emplace_back(SStreakFilter{.isBright = isBright,
@@ -77,7 +77,7 @@ std::vector<TSurfaceFilter> StreakFiltersOf(const SFilterSettings& settings)
 }
 
 // The filters that do, one after the other, what the settings say.
-std::vector<TSurfaceFilter> FiltersOf(const SFilterSettings& settings, const SSurface& surface)
+std::vector<CSurfaceFilter> FiltersOf(const SFilterSettings& settings, const SSurface& surface)
 {
     const SWindow window{static_cast<std::size_t>(settings.columns), static_cast<std::size_t>(settings.rows)};
     switch (settings.kind) {
@@ -107,7 +107,7 @@ std::string_view ApplySettings(const SPlaneCorrectionSettings& settings, SSurfac
 
 std::string_view ApplySettings(const SFilterSettings& settings, SSurface& surface)
 {
-    for (const TSurfaceFilter& filter : FiltersOf(settings, surface)) {
+    for (const CSurfaceFilter& filter : FiltersOf(settings, surface)) {
         if (const std::string_view refusal = FindRefusal(surface, filter); !refusal.empty())
             return refusal;
         surface = *Filter(surface, filter);

@@ -15,7 +15,7 @@ namespace CommonUI::Analysis
 namespace
 {
 
-using TComplex = CLineSpectra::TComplex;
+using CComplex = CLineSpectra::CComplex;
 
 constexpr std::size_t c_angles = 360; // of half a circle
 
@@ -37,12 +37,12 @@ public:
         m_unitY = 1 / (static_cast<double>(m_height) * surface.dy);
         m_values.resize(spectra.GetWidth() * m_height);
         ComputeInShares(spectra.GetWidth(), [&](std::size_t first, std::size_t last) {
-            std::vector<TComplex> column(m_height);
+            std::vector<CComplex> column(m_height);
             for (std::size_t i = first; i < last; ++i) {
                 spectra.GetColumn(i, column);
                 transform.Forward(column);
                 std::transform(column.begin(), column.end(), &m_values[i * m_height],
-                               [](TComplex value) { return std::norm(value); });
+                               [](CComplex value) { return std::norm(value); });
             }
         });
     }

@@ -116,8 +116,8 @@ private:
 };
 
 // Calls work(first, end) for shares of the grains that hold about as many points each, at the same time.
-template<class CWork>
-void ShareOut(const SGrainPoints& points, std::size_t count, const CWork& work)
+template<class FWork>
+void ShareOut(const SGrainPoints& points, std::size_t count, const FWork& work)
 {
     const std::size_t threads = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 16);
     std::vector<std::future<void>> shares;

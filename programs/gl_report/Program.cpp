@@ -40,7 +40,7 @@ SOptions ParseOptions(std::span<const char* const> arguments)
 }
 
 // @return the exit status of the program
-int Run(const SOptions& options, std::ostream& out, std::ostream& err, const CContextMaker& makeContext)
+int Run(const SOptions& options, std::ostream& out, std::ostream& err, const FContextMaker& makeContext)
 {
     std::string reason;
     const auto context = makeContext(64, 64, reason);
@@ -63,7 +63,7 @@ int Run(const SOptions& options, std::ostream& out, std::ostream& err, const CCo
 } // namespace
 
 int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::ostream& err,
-               const CContextMaker& makeContext)
+               const FContextMaker& makeContext)
 {
     return CommandLine::Run("gl_report", err, [&] {
         const SOptions options = ParseOptions(arguments);

@@ -1,6 +1,6 @@
 #include "programs/surface_report/Program.h"
 
-#include "analysis/areal/MaterialRatio.h"
+#include "analysis/surface/Surface.h"
 #include "common/FileBytes.h"
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"

@@ -52,7 +52,7 @@ class ViewProgram : public testing::Test
 {
 protected:
     int RunWith(const std::vector<std::string>& arguments,
-                const CContextMaker& makeContext = Offscreen::CContext::Make)
+                const FContextMaker& makeContext = Offscreen::CContext::Make)
     {
         std::vector<const char*> pointers;
         for (const std::string& argument : arguments)
@@ -178,7 +178,7 @@ TEST_F(ViewProgram, WhatGoesWrongIsSaidInOneLineAndLeavesNoPicture)
     const auto real = Offscreen::CContext::Make;
     const struct {
         std::vector<std::string> arguments;
-        CContextMaker makeContext;
+        FContextMaker makeContext;
         std::string message;
     } rows[]{
         {{missing, "--out", Picture()}, real, missing},

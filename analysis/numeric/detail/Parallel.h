@@ -11,8 +11,8 @@ namespace CommonUI::Analysis
 
 /// Calls compute(first, last) for shares of [0, count), one for each processor, side by side. What one of the
 /// calls throws is thrown here, after all have ended.
-template<class CCompute>
-void ComputeInShares(std::size_t count, const CCompute& compute)
+template<class FCompute>
+void ComputeInShares(std::size_t count, const FCompute& compute)
 {
     const std::size_t threads = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 16);
     std::vector<std::future<void>> shares;
