@@ -67,7 +67,7 @@ void MedianPlainly(benchmark::State& state)
         benchmark::DoNotOptimize(FilterMedianPlainly(GetSurface(), {.columns = size, .rows = size}));
 }
 
-void Apply(benchmark::State& state, const TSurfaceFilter& filter)
+void Apply(benchmark::State& state, const CSurfaceFilter& filter)
 {
     for (auto _ : state) {
         const std::optional<SSurface> filtered = Filter(GetSurface(), filter);

@@ -1,5 +1,5 @@
 # Install rules and the CMake package, so that find_package(CommonUI) gives CommonUI::Common, CommonUI::CommonUI,
-# CommonUI::Analysis, CommonUI::Formats and, where it is built, CommonUI::Qt.
+# CommonUI::Analysis, CommonUI::Formats, CommonUI::Measurement and, where it is built, CommonUI::Qt.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/CommonUI)
@@ -20,7 +20,8 @@ function(commonui_install export)
     install(EXPORT ${export} NAMESPACE CommonUI:: DESTINATION ${package_dir})
 endfunction()
 
-commonui_install(CommonUITargets CommonDLL CommonUIDLL CommonUIAnalysis CommonUIFormats)
+commonui_install(CommonUITargets CommonDLL CommonUIDLL CommonUIAnalysis CommonUIFormats
+    CommonUIMeasurement)
 if(COMMONUI_WITH_QT)
     commonui_install(CommonUIQtTargets CommonUIQt)
 endif()

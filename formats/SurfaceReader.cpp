@@ -99,7 +99,7 @@ Analysis::SSurface ReadFile(const std::filesystem::path& path, const std::string
 
 } // namespace
 
-Analysis::SSurface ReadSurface(const std::filesystem::path& path, const CProgress& progress)
+Analysis::SSurface ReadSurface(const std::filesystem::path& path, const FProgress& progress)
 {
     const std::string name = ToMessageName(path);
     try {

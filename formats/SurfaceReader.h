@@ -22,7 +22,7 @@ public:
 /// Receives the share of the work that is done, from 0 to 1 and never falling, in the thread that reads.
 /// May be empty. An exception that it throws ends the reading and reaches the caller: that is how a user
 /// cancels.
-using CProgress = std::function<void(double fraction)>;
+using FProgress = std::function<void(double fraction)>;
 
 /// Reads a surface. The content of the file, not its name, decides how:
 ///
@@ -41,6 +41,6 @@ using CProgress = std::function<void(double fraction)>;
 ///     does not fit, an infinite number, a height beyond 1e9 m, heights that differ by less than 1e-100 m but are not
 ///     equal, a spacing outside 1e-18 m to 1e9 m, and when there is not enough memory
 COMMONUIFORMATS_API Analysis::SSurface ReadSurface(const std::filesystem::path& path,
-                                                   const CProgress& progress = {});
+                                                   const FProgress& progress = {});
 
 } // namespace CommonUI::Formats

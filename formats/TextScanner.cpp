@@ -60,7 +60,7 @@ bool IsUtf8(std::string_view text)
 
 } // namespace
 
-CTextScanner::CTextScanner(std::string name, std::string_view text, const CProgress& progress)
+CTextScanner::CTextScanner(std::string name, std::string_view text, const FProgress& progress)
     : m_name(std::move(name))
     , m_begin(text.data())
     , m_position(m_begin)

@@ -2,6 +2,7 @@
 
 #include "common/Diagnostics.h"
 #include "common/ini/SectionScope.h"
+#include "model/detail/AnalysisDefaults.h"
 #include "model/Enumerations.h"
 #include "model/MeasureParameters.h"
 #include "model/RoughnessCatalogue.h"
@@ -34,16 +35,11 @@ constexpr std::u16string_view c_countKey = u"NumDynamicParameters";
 // More digits than a double has would only show noise; no choice in the dialogs comes near.
 constexpr int c_largestSize = 20;
 
-bool IsRoughness(EAnalysis analysis)
-{
-    return analysis == EAnalysis::Roughness || analysis == EAnalysis::RoughnessProfile;
-}
-
 // The number below which no dynamic parameter's lies: the largest that the analysis's catalogue has ever
 // used.
 int LargestCatalogueValue(EAnalysis analysis)
 {
-    if (IsRoughness(analysis))
+    if (Detail::IsRoughness(analysis))
         return 143;
     return analysis == EAnalysis::Measure ? 76 : 0;
 }
@@ -51,7 +47,7 @@ int LargestCatalogueValue(EAnalysis analysis)
 // The key of a catalogue entry; empty for analyses without a catalogue.
 CStr CatalogueKey(EAnalysis analysis, int value)
 {
-    if (IsRoughness(analysis))
+    if (Detail::IsRoughness(analysis))
         return GetRoughnessParametersEnum().GetIniName(value);
     return analysis == EAnalysis::Measure ? GetMeasureParametersEnum().GetIniName(value) : CStr();
 }
@@ -65,7 +61,7 @@ std::optional<int> ValueOfKey(const CEnum<T>& catalogue, const CStr& key)
 
 std::optional<int> CatalogueValue(EAnalysis analysis, const CStr& key)
 {
-    if (IsRoughness(analysis))
+    if (Detail::IsRoughness(analysis))
         return ValueOfKey(GetRoughnessParametersEnum(), key);
     return analysis == EAnalysis::Measure ? ValueOfKey(GetMeasureParametersEnum(), key) : std::nullopt;
 }

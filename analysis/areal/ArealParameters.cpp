@@ -1,13 +1,13 @@
 #include "analysis/areal/ArealParameters.h"
 
+#include "analysis/areal/Autocorrelation.h"
+#include "analysis/areal/detail/HybridParameters.h"
+#include "analysis/areal/detail/TextureDirection.h"
 #include "analysis/areal/HeightParameters.h"
 #include "analysis/areal/MaterialRatio.h"
-#include "analysis/areal/SpatialParameters.h"
-#include "analysis/numeric/detail/Summation.h"
 
-#include <array>
-#include <cmath>
 #include <future>
+#include <optional>
 
 namespace CommonUI::Analysis
 {
@@ -15,113 +15,129 @@ namespace CommonUI::Analysis
 namespace
 {
 
-// How much larger than its projection a facet is whose squared gradient is given: √(1 + s) - 1 without cancellation. It
-// is never more than s / 2, rounding included.
-double GetExcess(double square)
-{
-    return square / (1 + std::sqrt(1 + square));
-}
+// What the quantities are read off. What nothing needs is not computed.
+struct SStages {
+    SHeightParameters heights{};
+    SHybridParameters hybrid{};
+    SDecay to20{};
+    SDecay to37{};
+    double direction = c_undefined;
+    std::optional<CMaterialRatio> curve{};
+    SCore core{};
 
-// Sums of the squared gradient and of the excess of area over the cells that have four valid corners, and how many cells
-// there are. A cell is divided into two triangles, by the one diagonal and by the other, each of which has the slopes of
-// two of the cell's edges; the cell's values are the means of the four.
-SSums<3> SumCells(const SSurface& surface)
+    double Fall(double first, double second) const
+    {
+        return curve->GetHeight(first) - curve->GetHeight(second);
+    }
+};
+
+struct SRow : SQuantity {
+    double (*get)(const SStages&);
+};
+
+using enum ENeed;
+
+constexpr SRow c_rows[] = {
+    {{"Sa"}, [](auto& s) { return s.heights.average; }},
+    {{"Sq"}, [](auto& s) { return s.heights.rms; }},
+    {{"Ssk"}, [](auto& s) { return s.heights.skewness; }},
+    {{"Sku"}, [](auto& s) { return s.heights.kurtosis; }},
+    {{"Sp"}, [](auto& s) { return s.heights.GetPeak(); }},
+    {{"Sv"}, [](auto& s) { return s.heights.GetPit(); }},
+    {{"Sz"}, [](auto& s) { return s.heights.highest - s.heights.lowest; }},
+    {{"Smean"}, [](auto& s) { return s.heights.mean; }},
+    {{"Smin"}, [](auto& s) { return s.heights.lowest; }},
+    {{"Smax"}, [](auto& s) { return s.heights.highest; }},
+    {{"Sal", Autocorrelation}, [](auto& s) { return s.to20.shortest; }},
+    {{"Str", Autocorrelation}, [](auto& s) { return s.to20.shortest / s.to20.longest; }},
+    {{"Std", Spectrum}, [](auto& s) { return s.direction; }},
+    {{"Scl20", Autocorrelation}, [](auto& s) { return s.to20.shortest; }},
+    {{"Scl37", Autocorrelation}, [](auto& s) { return s.to37.shortest; }},
+    {{"Str20", Autocorrelation}, [](auto& s) { return s.to20.shortest / s.to20.longest; }},
+    {{"Str37", Autocorrelation}, [](auto& s) { return s.to37.shortest / s.to37.longest; }},
+    {{"Sdq", Slopes}, [](auto& s) { return s.hybrid.slope; }},
+    {{"Sdr", Slopes}, [](auto& s) { return s.hybrid.excess; }},
+    {{"S2A", Slopes}, [](auto& s) { return s.hybrid.projectedArea; }},
+    {{"S3A", Slopes}, [](auto& s) { return s.hybrid.developedArea; }},
+    {{"Sk", MaterialRatio}, [](auto& s) { return s.core.Sk; }},
+    {{"Spk", MaterialRatio}, [](auto& s) { return s.core.Spk; }},
+    {{"Svk", MaterialRatio}, [](auto& s) { return s.core.Svk; }},
+    {{"Smr1", MaterialRatio}, [](auto& s) { return s.core.Smr1; }},
+    {{"Smr2", MaterialRatio}, [](auto& s) { return s.core.Smr2; }},
+    {{"Sxp", MaterialRatio}, [](auto& s) { return s.Fall(2.5, 50); }},
+    {{"Vmp", MaterialRatio}, [](auto& s) { return s.curve->GetMaterialVolume(10); }},
+    {{"Vmc", MaterialRatio},
+     [](auto& s) { return s.curve->GetMaterialVolume(80) - s.curve->GetMaterialVolume(10); }},
+    {{"Vvc", MaterialRatio}, [](auto& s) { return s.curve->GetVoidVolume(10) - s.curve->GetVoidVolume(80); }},
+    {{"Vvv", MaterialRatio}, [](auto& s) { return s.curve->GetVoidVolume(80); }},
+    {{"Sdc0_5", MaterialRatio}, [](auto& s) { return s.Fall(0, 5); }},
+    {{"Sdc5_10", MaterialRatio}, [](auto& s) { return s.Fall(5, 10); }},
+    {{"Sdc10_50", MaterialRatio}, [](auto& s) { return s.Fall(10, 50); }},
+    {{"Sdc50_95", MaterialRatio}, [](auto& s) { return s.Fall(50, 95); }},
+    {{"Count"}, [](auto& s) { return static_cast<double>(s.heights.count); }},
+};
+
+SStages ComputeStages(const SSurface& surface, const std::vector<const SRow*>& rows)
 {
-    const double perX = 1 / surface.dx;
-    const double perY = 1 / surface.dy;
-    if (surface.lines < 2 || surface.points < 2)
-        return {};
-    return PairwiseSum(0, surface.lines - 1, [&](std::size_t row) {
-        const auto line = surface.GetLine(row);
-        const auto next = surface.GetLine(row + 1);
-        return PairwiseSum(0, surface.points - 1, [&](std::size_t i) {
-            const double p1 = (line[i + 1] - line[i]) * perX;
-            const double p2 = (next[i + 1] - next[i]) * perX;
-            const double q1 = (next[i] - line[i]) * perY;
-            const double q2 = (next[i + 1] - line[i + 1]) * perY;
-            SSums<3> sums{0, 0, 1};
-            for (const double p : {p1 * p1, p2 * p2}) {
-                for (const double q : {q1 * q1, q2 * q2}) {
-                    sums.values[0] += (p + q) / 4;
-                    sums.values[1] += GetExcess(p + q) / 4;
-                }
-            }
-            return std::isnan(sums.values[0]) ? SSums<3>{} : sums;
+    const auto isNeeded = [&rows](ENeed need) {
+        return std::ranges::find(rows, need, [](const SRow* row) { return row->need; }) != rows.end();
+    };
+    SStages stages;
+    // Sorting the heights takes a while.
+    std::future<void> sorted;
+    if (isNeeded(MaterialRatio))
+        sorted = std::async([&] {
+            stages.curve.emplace(surface.heights);
+            stages.core = stages.curve->ComputeCore();
         });
-    });
+    stages.heights = ComputeHeightParameters(surface.heights);
+    if (stages.heights.count == 0)
+        throw ENoPoints();
+    if (isNeeded(Autocorrelation)) {
+        const CAutocorrelation autocorrelation(surface, stages.heights.mean);
+        stages.to20 = autocorrelation.ComputeDecay(0.20);
+        stages.to37 = autocorrelation.ComputeDecay(0.37);
+    }
+    if (isNeeded(Spectrum))
+        stages.direction = ComputeTextureDirection(surface);
+    if (isNeeded(Slopes))
+        stages.hybrid = ComputeHybridParameters(surface);
+    if (sorted.valid())
+        sorted.get();
+    return stages;
 }
 
-std::vector<SValue> ComputeHybrid(const SSurface& surface)
+std::vector<SValue> Compute(const SSurface& surface, const std::vector<const SRow*>& rows)
 {
-    const auto [squares, excess, cells] = SumCells(surface).values;
-    const double cellArea = surface.dx * surface.dy;
-    return {
-        {"Sdq", std::sqrt(squares / cells)},
-        {"Sdr", 100 * excess / cells},
-        {"S2A", cells == 0 ? c_undefined : cells * cellArea},
-        {"S3A", cells == 0 ? c_undefined : (cells + excess) * cellArea},
-    };
-}
-
-std::vector<SValue> ComputeHeights(const SHeightParameters& heights)
-{
-    return {
-        {"Sa", heights.average},
-        {"Sq", heights.rms},
-        {"Ssk", heights.skewness},
-        {"Sku", heights.kurtosis},
-        {"Sp", heights.GetPeak()},
-        {"Sv", heights.GetPit()},
-        {"Sz", heights.highest - heights.lowest},
-        {"Smean", heights.mean},
-        {"Smin", heights.lowest},
-        {"Smax", heights.highest},
-    };
-}
-
-std::vector<SValue> ComputeMaterialRatio(const CMaterialRatio& curve)
-{
-    const SCore core = curve.ComputeCore();
-    const auto fall = [&](double first, double second) {
-        return curve.GetHeight(first) - curve.GetHeight(second);
-    };
-    return {
-        {"Sk", core.Sk},
-        {"Spk", core.Spk},
-        {"Svk", core.Svk},
-        {"Smr1", core.Smr1},
-        {"Smr2", core.Smr2},
-        {"Sxp", fall(2.5, 50)},
-        {"Vmp", curve.GetMaterialVolume(10)},
-        {"Vmc", curve.GetMaterialVolume(80) - curve.GetMaterialVolume(10)},
-        {"Vvc", curve.GetVoidVolume(10) - curve.GetVoidVolume(80)},
-        {"Vvv", curve.GetVoidVolume(80)},
-        {"Sdc0_5", fall(0, 5)},
-        {"Sdc5_10", fall(5, 10)},
-        {"Sdc10_50", fall(10, 50)},
-        {"Sdc50_95", fall(50, 95)},
-    };
-}
-
-void Append(const std::vector<SValue>& more, std::vector<SValue>& values)
-{
-    values.insert(values.end(), more.begin(), more.end());
+    const SStages stages = ComputeStages(surface, rows);
+    std::vector<SValue> values;
+    for (const SRow* row : rows)
+        values.push_back({row->key, row->get(stages)});
+    return values;
 }
 
 } // namespace
 
-std::vector<SValue> ComputeAreal(const SSurface& surface, bool spatial)
+std::vector<SQuantity> GetArealQuantities()
 {
-    // Sorting the heights takes a while.
-    auto ofCurve = std::async([&] { return ComputeMaterialRatio(CMaterialRatio(surface.heights)); });
-    const SHeightParameters heights = ComputeHeightParameters(surface.heights);
-    std::vector<SValue> values = ComputeHeights(heights);
-    if (spatial)
-        Append(ComputeSpatial(surface, heights.mean), values);
-    Append(ComputeHybrid(surface), values);
-    Append(ofCurve.get(), values);
-    values.push_back({"Count", static_cast<double>(heights.count)});
-    return values;
+    return {std::begin(c_rows), std::end(c_rows)};
+}
+
+std::vector<SValue> ComputeAreal(const SSurface& surface)
+{
+    std::vector<const SRow*> rows;
+    for (const SRow& row : c_rows)
+        rows.push_back(&row);
+    return Compute(surface, rows);
+}
+
+std::vector<SValue> ComputeAreal(const SSurface& surface, std::span<const std::string_view> keys)
+{
+    std::vector<const SRow*> rows;
+    for (const SRow& row : c_rows)
+        if (IsAmong(row.key, keys))
+            rows.push_back(&row);
+    return Compute(surface, rows);
 }
 
 } // namespace CommonUI::Analysis

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "../../export/Export.h"
+#include "../surface/Quantity.h"
 #include "../surface/Surface.h"
 #include "../surface/Value.h"
 
+#include <span>
+#include <string_view>
 #include <vector>
 
 namespace CommonUI::Analysis
@@ -17,7 +20,16 @@ namespace CommonUI::Analysis
 /// - Sp = max z, Sv = -min z, Sz = Sp + Sv; Smean, Smin, Smax are the heights themselves, not relative to
 ///   the mean: m
 ///
-/// Spatial parameters Sal, Str, Std, Scl20, Scl37, Str20, Str37: see ComputeSpatial.
+/// Spatial parameters:
+/// - Sal, Str: shortest distance at which the autocorrelation falls to 0.2, and this divided by the longest:
+///   m, 1. See CAutocorrelation.
+/// - Std: texture direction, degrees from x towards y, above -90 and up to 90: that in which the angular power
+///   spectrum is greatest, so that the ridges and grooves of the dominant waves run at right angles to it. NaN
+///   for a flat surface and for a single line.
+/// - Scl20, Scl37, Str20, Str37 (not of the standard): as Sal and Str, at 0.20 and at 0.37
+///
+/// Where the autocorrelation does not fall so far within half the surface, Sal and Scl are NaN if that is so
+/// in all directions, and Str is NaN if it is so in one, as along the grooves of a regular grating.
 ///
 /// Hybrid parameters. The standard defines them by integrals over a continuous surface; here each cell of four valid
 /// neighbouring points is divided into two triangles, and the means are taken over both ways to divide it. Both
@@ -34,11 +46,18 @@ namespace CommonUI::Analysis
 ///   m
 /// - Sdc0_5 … Sdc50_95: Smc(first) - Smc(second), percents as in the key: m
 ///
-/// Count is the number of valid points. Missing points are left out, but for the spatial parameters. A parameter that the
-/// points do not allow is NaN.
-/// @param spatial whether the spatial parameters are computed, which take longer than all others together
-/// @return the parameters in the order above, which starts with Sa and ends with Count
+/// Count is the number of valid points. Missing points are left out; for the spatial parameters they count as
+/// points of mean height. A parameter that the points do not allow is NaN.
+/// @return all parameters in the order above, which starts with Sa and ends with Count
 /// @throws ENoPoints when all points are missing
-COMMONUIANALYSIS_API std::vector<SValue> ComputeAreal(const SSurface& surface, bool spatial = true);
+COMMONUIANALYSIS_API std::vector<SValue> ComputeAreal(const SSurface& surface);
+
+/// Likewise, but nothing that only other parameters need is computed.
+/// @param keys which parameters are wanted, in any order; others than those of GetArealQuantities are ignored
+COMMONUIANALYSIS_API std::vector<SValue> ComputeAreal(const SSurface& surface,
+                                                      std::span<const std::string_view> keys);
+
+/// What ComputeAreal computes, in its order.
+COMMONUIANALYSIS_API std::vector<SQuantity> GetArealQuantities();
 
 } // namespace CommonUI::Analysis

@@ -16,7 +16,7 @@ namespace CommonUI::Analysis
 namespace
 {
 
-using TComplex = CLineSpectra::TComplex;
+using CComplex = CLineSpectra::CComplex;
 
 constexpr int c_bisections = 30;
 constexpr std::size_t c_none = static_cast<std::size_t>(-1); // no line
@@ -27,11 +27,11 @@ void CorrelateColumns(CLineSpectra& spectra, std::size_t shifts)
 {
     const CFourierTransform transform(spectra.GetLines() + shifts - 1);
     ComputeInShares(spectra.GetWidth(), [&](std::size_t first, std::size_t last) {
-        std::vector<TComplex> column(transform.GetSize());
+        std::vector<CComplex> column(transform.GetSize());
         for (std::size_t i = first; i < last; ++i) {
             spectra.GetColumn(i, column);
             transform.Forward(column);
-            for (TComplex& value : column)
+            for (CComplex& value : column)
                 value = std::norm(value);
             transform.Inverse(column);
             spectra.SetColumn(i, std::span(column).first(shifts));
@@ -115,12 +115,12 @@ CAutocorrelation::CAutocorrelation(const SSurface& surface, double mean)
     const std::size_t width = 2 * m_reachX + 1;
     m_values.resize(width * (m_reachY + 1));
     ComputeInShares(m_reachY / 2 + 1, [&](std::size_t first, std::size_t last) {
-        std::vector<TComplex> pair(spectra.GetSize());
+        std::vector<CComplex> pair(spectra.GetSize());
         for (std::size_t y = 2 * first; y < 2 * last; y += 2) {
             spectra.TransformBack(y, y < m_reachY ? y + 1 : c_none, pair);
             for (std::size_t i = 0; i < width; ++i) {
                 const std::size_t shift = i < m_reachX ? m_reachX - i : i - m_reachX;
-                const TComplex sums = pair[i < m_reachX ? pair.size() - shift : shift];
+                const CComplex sums = pair[i < m_reachX ? pair.size() - shift : shift];
                 const auto overlap = static_cast<double>(surface.points - shift);
                 m_values[y * width + i] = sums.real() / (overlap * static_cast<double>(surface.lines - y));
                 if (y < m_reachY)

@@ -13,7 +13,7 @@ namespace CommonUI::Analysis
 namespace
 {
 
-using TComplex = CLineSpectra::TComplex;
+using CComplex = CLineSpectra::CComplex;
 
 // How much of the size of a transform a taper takes. What is left at 0 keeps the transform fine enough for the power of
 // a wave to be summed up between its frequencies.
@@ -47,7 +47,7 @@ double ComputeWeightedMean(const SSurface& surface, CLineSpectra::ETaper taper)
     return sum / weights;
 }
 
-TComplex TurnLeft(TComplex value)
+CComplex TurnLeft(CComplex value)
 {
     return {-value.imag(), value.real()}; // times i
 }
@@ -66,9 +66,9 @@ CLineSpectra::CLineSpectra(const SSurface& surface, double mean, std::size_t lea
         return std::isnan(z) ? 0 : (z - mean) * alongX[i] * alongY[line];
     };
     ComputeInShares((m_lines + 1) / 2, [&](std::size_t first, std::size_t last) {
-        std::vector<TComplex> pair(GetSize());
+        std::vector<CComplex> pair(GetSize());
         for (std::size_t line = 2 * first; line < 2 * last; line += 2) {
-            std::fill(pair.begin(), pair.end(), TComplex());
+            std::fill(pair.begin(), pair.end(), CComplex());
             for (std::size_t i = 0; i < surface.points; ++i)
                 pair[i] = {getHeight(line, i), getHeight(line + 1, i)};
             m_transform.Forward(pair);
@@ -83,36 +83,36 @@ CLineSpectra::CLineSpectra(const SSurface& surface, ETaper taper)
 }
 
 // The transform of a real sequence is its own mirror image, conjugate, which parts the two lines.
-void CLineSpectra::SetLines(std::size_t first, std::span<const TComplex> transformed)
+void CLineSpectra::SetLines(std::size_t first, std::span<const CComplex> transformed)
 {
-    TComplex* const values = &m_values[first * GetWidth()];
+    CComplex* const values = &m_values[first * GetWidth()];
     const bool hasSecond = first + 1 < m_lines;
     for (std::size_t k = 0; k < GetWidth(); ++k) {
-        const TComplex mirrored = std::conj(transformed[(GetSize() - k) % GetSize()]);
+        const CComplex mirrored = std::conj(transformed[(GetSize() - k) % GetSize()]);
         values[k] = (transformed[k] + mirrored) / 2.0;
         if (hasSecond)
             values[GetWidth() + k] = TurnLeft(mirrored - transformed[k]) / 2.0;
     }
 }
 
-void CLineSpectra::GetColumn(std::size_t frequency, std::span<TComplex> column) const
+void CLineSpectra::GetColumn(std::size_t frequency, std::span<CComplex> column) const
 {
     for (std::size_t line = 0; line < m_lines; ++line)
         column[line] = m_values[line * GetWidth() + frequency];
-    std::fill(column.begin() + static_cast<std::ptrdiff_t>(m_lines), column.end(), TComplex());
+    std::fill(column.begin() + static_cast<std::ptrdiff_t>(m_lines), column.end(), CComplex());
 }
 
-void CLineSpectra::SetColumn(std::size_t frequency, std::span<const TComplex> column)
+void CLineSpectra::SetColumn(std::size_t frequency, std::span<const CComplex> column)
 {
     for (std::size_t line = 0; line < column.size(); ++line)
         m_values[line * GetWidth() + frequency] = column[line];
 }
 
-void CLineSpectra::TransformBack(std::size_t first, std::size_t second, std::span<TComplex> values) const
+void CLineSpectra::TransformBack(std::size_t first, std::size_t second, std::span<CComplex> values) const
 {
     for (std::size_t k = 0; k < GetWidth(); ++k) {
-        const TComplex a = m_values[first * GetWidth() + k];
-        const TComplex b = second < m_lines ? m_values[second * GetWidth() + k] : TComplex();
+        const CComplex a = m_values[first * GetWidth() + k];
+        const CComplex b = second < m_lines ? m_values[second * GetWidth() + k] : CComplex();
         values[(GetSize() - k) % GetSize()] = std::conj(a) + TurnLeft(std::conj(b));
         values[k] = a + TurnLeft(b);
     }

@@ -48,8 +48,8 @@ std::vector<double> SortFalling(std::span<const double> heights)
 
 // Where the falling curve crosses a level: the first position not above it with greater, the last not below
 // it with greater_equal.
-template<class CCompare>
-double FindCrossing(const std::vector<double>& curve, double level, CCompare isAbove)
+template<class FCompare>
+double FindCrossing(const std::vector<double>& curve, double level, FCompare isAbove)
 {
     const auto after =
         std::partition_point(curve.begin(), curve.end(), [&](double z) { return isAbove(z, level); });

@@ -1,25 +1,15 @@
 #pragma once
 
 #include "../../export/Export.h"
+#include "../surface/Surface.h"
 #include "../surface/Value.h"
 
 #include <cstddef>
 #include <span>
-#include <stdexcept>
 #include <vector>
 
 namespace CommonUI::Analysis
 {
-
-/// A surface has no valid point to compute from.
-class COMMONUIANALYSIS_API ENoPoints : public std::runtime_error
-{
-public:
-    ENoPoints()
-        : std::runtime_error("no valid point")
-    {
-    }
-};
 
 /// Quantities of the straight line through the core of a material ratio curve. NaN for fewer than four
 /// points.

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace CommonUI::Analysis
 {
@@ -15,46 +14,68 @@ namespace CommonUI::Analysis
 namespace
 {
 
-using TValues = std::span<const double>;
+using CInputs = std::span<const double>;
 
-struct SFormula {
-    std::string_view name;
+struct SFormula : SQuantity {
     std::size_t count;    // of the values
     std::size_t percents; // how many of them are percents; these come first
-    double (*compute)(const CMaterialRatio& curve, double mean, TValues values);
+    double (*compute)(const CMaterialRatio& curve, double mean, CInputs values);
 };
 
-double GetRatio(const CMaterialRatio& curve, double mean, TValues values)
+double GetRatio(const CMaterialRatio& curve, double mean, CInputs values)
 {
     return curve.GetRatio(mean + values[0]);
 }
 
-double GetFall(const CMaterialRatio& curve, double, TValues values)
+double GetFall(const CMaterialRatio& curve, double, CInputs values)
 {
     return curve.GetHeight(values[0]) - curve.GetHeight(values[1]);
 }
 
-constexpr SFormula c_areal[] = {
-    {"Smr", 1, 0, GetRatio},
-    {"Smc", 1, 1, [](auto& curve, double mean, TValues v) { return curve.GetHeight(v[0]) - mean; }},
-    {"Sdc", 2, 2, GetFall},
-    {"Vm", 1, 1, [](auto& curve, double, TValues v) { return curve.GetMaterialVolume(v[0]); }},
-    {"Vv", 1, 1, [](auto& curve, double, TValues v) { return curve.GetVoidVolume(v[0]); }},
-    {"Sch", 1, 1, [](auto& curve, double mean, TValues v) { return curve.GetHeight(100 - v[0]) - mean; }},
-};
-
-constexpr SFormula c_profile[] = {
-    {"mr", 1, 0, GetRatio},
-    {"dc", 2, 2, GetFall},
-    {"mr2", 2, 1,
-     [](auto& curve, double, TValues v) { return curve.GetRatio(curve.GetHeight(v[0]) - v[1]); }},
-};
-
-// Null if there is none with this name or the values do not suit it.
-const SFormula* FindFormula(std::span<const SFormula> formulas, std::string_view name, TValues values)
+double GetRatioBelow(const CMaterialRatio& curve, double, CInputs values)
 {
-    const auto found = std::find_if(formulas.begin(), formulas.end(),
-                                    [&](const SFormula& formula) { return formula.name == name; });
+    return curve.GetRatio(curve.GetHeight(values[0]) - values[1]);
+}
+
+using enum ENeed;
+
+constexpr SFormula c_areal[] = {
+    {{"Smr", MaterialRatio}, 1, 0, GetRatio},
+    {{"Smc", MaterialRatio},
+     1,
+     1,
+     [](auto& curve, double mean, CInputs v) { return curve.GetHeight(v[0]) - mean; }},
+    {{"Sdc", MaterialRatio}, 2, 2, GetFall},
+    {{"Vm", MaterialRatio},
+     1,
+     1,
+     [](auto& curve, double, CInputs v) { return curve.GetMaterialVolume(v[0]); }},
+    {{"Vv", MaterialRatio}, 1, 1, [](auto& curve, double, CInputs v) { return curve.GetVoidVolume(v[0]); }},
+    {{"Sch", MaterialRatio},
+     1,
+     1,
+     [](auto& curve, double mean, CInputs v) { return curve.GetHeight(100 - v[0]) - mean; }},
+};
+
+constexpr SFormula c_line[] = {
+    {{"Rmr", MaterialRatio}, 1, 0, GetRatio},
+    {{"Rdc", MaterialRatio}, 2, 2, GetFall},
+    {{"Rmr2", MaterialRatio}, 2, 1, GetRatioBelow},
+    {{"4287Rmr", RoughnessProfile}, 1, 0, GetRatio},
+    {{"4287Rdc", RoughnessProfile}, 2, 2, GetFall},
+    {{"4287Rmr2", RoughnessProfile}, 2, 1, GetRatioBelow},
+    {{"4287Wmr", WavinessProfile}, 1, 0, GetRatio},
+    {{"4287Wdc", WavinessProfile}, 2, 2, GetFall},
+    {{"4287Wmr2", WavinessProfile}, 2, 1, GetRatioBelow},
+    {{"4287Pmr", PrimaryProfile}, 1, 0, GetRatio},
+    {{"4287Pdc", PrimaryProfile}, 2, 2, GetFall},
+    {{"4287Pmr2", PrimaryProfile}, 2, 1, GetRatioBelow},
+};
+
+// Null if there is none of this key or the values do not suit it.
+const SFormula* FindFormula(std::span<const SFormula> formulas, std::string_view key, CInputs values)
+{
+    const auto found = std::ranges::find(formulas, key, &SFormula::key);
     if (found == formulas.end() || found->count != values.size())
         return nullptr;
     const auto percents = values.first(found->percents);
@@ -64,38 +85,40 @@ const SFormula* FindFormula(std::span<const SFormula> formulas, std::string_view
     return isSuited ? &*found : nullptr;
 }
 
-double Compute(const SFormula& formula, std::span<const double> heights, double mean, TValues values)
+double Compute(const SFormula& formula, std::span<const double> heights, double mean, CInputs values)
 {
     return FindRange(heights).count == 0 ? c_undefined
                                          : formula.compute(CMaterialRatio(heights), mean, values);
 }
 
-double ComputeAboutMean(const SFormula& formula, std::span<const double> heights, TValues values)
+double ComputeAboutMean(const SFormula& formula, std::span<const double> heights, CInputs values)
 {
     return Compute(formula, heights, ComputeHeightParameters(heights).mean, values);
 }
 
-// The family of a profile's key and the name of its formula.
-std::pair<std::string_view, std::string_view> SplitKey(std::string_view key)
+double ComputeLine(const SFormula& formula, std::span<const double> heights, const CProfileSplitter& splitter,
+                   CInputs values)
 {
-    for (const std::string_view family : {"R", "4287R", "4287W", "4287P"})
-        if (key.starts_with(family))
-            return {family, key.substr(family.size())};
-    return {};
-}
-
-double ComputeLine(std::string_view family, const SFormula& formula, std::span<const double> heights,
-                   const CProfileSplitter& splitter, TValues values)
-{
-    if (family == "R")
+    if (formula.need == MaterialRatio)
         return ComputeAboutMean(formula, heights, values);
     const SProfiles profiles = splitter.Split(heights);
-    if (family == "4287P")
+    if (formula.need == PrimaryProfile)
         return ComputeAboutMean(formula, profiles.primary, values);
-    return Compute(formula, family == "4287R" ? profiles.roughness : profiles.waviness, 0, values);
+    return Compute(formula, formula.need == RoughnessProfile ? profiles.roughness : profiles.waviness, 0,
+                   values);
 }
 
 } // namespace
+
+std::vector<SQuantity> GetTemplates()
+{
+    return {std::begin(c_areal), std::end(c_areal)};
+}
+
+std::vector<SQuantity> GetLineTemplates()
+{
+    return {std::begin(c_line), std::end(c_line)};
+}
 
 double ComputeTemplate(const SSurface& surface, std::string_view key, std::span<const double> values)
 {
@@ -107,15 +130,14 @@ std::vector<double> ComputeLineTemplates(const SSurface& surface, std::string_vi
                                          std::span<const double> values, std::optional<double> cutoff)
 {
     std::vector<double> results(surface.lines, c_undefined);
-    const auto [family, name] = SplitKey(key);
-    const SFormula* const formula = FindFormula(c_profile, name, values);
+    const SFormula* const formula = FindFormula(c_line, key, values);
     if (!formula)
         return results;
     const CProfileSplitter splitter(surface.points, surface.dx,
                                     cutoff.value_or(DefaultCutoff(surface.points, surface.dx)));
-    ComputeInShares(surface.lines, [&, family = family](std::size_t first, std::size_t last) {
+    ComputeInShares(surface.lines, [&](std::size_t first, std::size_t last) {
         for (std::size_t i = first; i < last; ++i)
-            results[i] = ComputeLine(family, *formula, surface.GetLine(i), splitter, values);
+            results[i] = ComputeLine(*formula, surface.GetLine(i), splitter, values);
     });
     return results;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../../export/Export.h"
+#include "../surface/Quantity.h"
 #include "../surface/Surface.h"
 
 #include <optional>
@@ -43,5 +44,9 @@ COMMONUIANALYSIS_API double ComputeTemplate(const SSurface& surface, std::string
 COMMONUIANALYSIS_API std::vector<double> ComputeLineTemplates(const SSurface& surface, std::string_view key,
                                                               std::span<const double> values,
                                                               std::optional<double> cutoff = std::nullopt);
+
+/// The keys that ComputeTemplate knows, and those of ComputeLineTemplates.
+COMMONUIANALYSIS_API std::vector<SQuantity> GetTemplates();
+COMMONUIANALYSIS_API std::vector<SQuantity> GetLineTemplates();
 
 } // namespace CommonUI::Analysis

@@ -14,7 +14,7 @@ namespace CommonUI::Analysis
 namespace
 {
 
-using TComplex = CLineSpectra::TComplex;
+using CComplex = CLineSpectra::CComplex;
 
 constexpr double c_degree = std::numbers::pi / 180;
 constexpr double c_coarseStep = 0.5 * c_degree;
@@ -140,7 +140,7 @@ private:
         m_lastColumn = spectra.GetWidth() - 1;
         m_values.resize(spectra.GetWidth() * m_height);
         const auto addColumns = [&](std::size_t first, std::size_t last) {
-            std::vector<TComplex> column(m_height);
+            std::vector<CComplex> column(m_height);
             for (std::size_t i = first; i < last; ++i) {
                 spectra.GetColumn(i, column);
                 transform.Forward(column);

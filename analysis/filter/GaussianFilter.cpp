@@ -35,11 +35,11 @@ CGaussianFilter::CGaussianFilter(std::size_t points, double cutoff)
 {
     const std::vector<double> weights = MakeWeights(cutoff);
     const std::size_t size = m_transform.GetSize();
-    std::vector<TComplex> spectrum(size);
+    std::vector<CComplex> spectrum(size);
     for (std::size_t i = 0; i < weights.size(); ++i)
         spectrum[i] = spectrum[(size - i) % size] = weights[i] / static_cast<double>(size);
     m_transform.Forward(spectrum);
-    for (const TComplex& value : spectrum)
+    for (const CComplex& value : spectrum)
         m_transmission.push_back(value.real()); // the weights are symmetric
 }
 
@@ -50,7 +50,7 @@ std::vector<double> CGaussianFilter::ComputeMeanLine(std::span<const double> hei
     std::vector<double> line(heights.begin(), heights.end());
     if (!(extent > 0))
         return line;
-    std::vector<TComplex> sums(heights.size());
+    std::vector<CComplex> sums(heights.size());
     for (std::size_t i = 0; i < sums.size(); ++i)
         if (!std::isnan(heights[i]))
             sums[i] = {(heights[i] - range.lowest) / extent, 1};
@@ -61,9 +61,9 @@ std::vector<double> CGaussianFilter::ComputeMeanLine(std::span<const double> hei
     return line;
 }
 
-void CGaussianFilter::Convolve(std::span<TComplex> values) const
+void CGaussianFilter::Convolve(std::span<CComplex> values) const
 {
-    std::vector<TComplex> padded(m_transform.GetSize());
+    std::vector<CComplex> padded(m_transform.GetSize());
     std::copy(values.begin(), values.end(), padded.begin());
     m_transform.Forward(padded);
     for (std::size_t i = 0; i < padded.size(); ++i)

@@ -21,7 +21,7 @@ namespace CommonUI::Analysis
 class COMMONUIANALYSIS_API CGaussianFilter
 {
 public:
-    using TComplex = CFourierTransform::TComplex;
+    using CComplex = CFourierTransform::CComplex;
 
     /// @param points of each profile to filter
     /// @param cutoff in point spacings, greater than 0 and at most the number of points
@@ -36,7 +36,7 @@ public:
     /// validity (1 or 0): their sums, over lines and then over columns, are divided at the end. Rounding
     /// errors are those of the larger sequence, so both should be of the same order.
     /// @param values as many as the points
-    void Convolve(std::span<TComplex> values) const;
+    void Convolve(std::span<CComplex> values) const;
 
 private:
     CFourierTransform m_transform;

@@ -48,12 +48,12 @@ ECutoff Check(const SDirection& direction, double cutoff)
     return cutoff > 2 * direction.spacing * (1 + c_rounding) ? ECutoff::Usable : ECutoff::TooShort;
 }
 
-TWeightedSums MakeSums(const SDirection& direction, double cutoff)
+FWeightedSums MakeSums(const SDirection& direction, double cutoff)
 {
     if (!direction.isFiltered)
         return {};
     const CGaussianFilter gaussian(direction.count, cutoff / direction.spacing);
-    return [gaussian](std::span<CGaussianFilter::TComplex> values) { gaussian.Convolve(values); };
+    return [gaussian](std::span<CGaussianFilter::CComplex> values) { gaussian.Convolve(values); };
 }
 
 } // namespace

@@ -19,7 +19,7 @@ namespace
 constexpr double c_rounding = 1e-9;
 
 // Sums with the weights of an odd number of points, the middle one's in the middle.
-TWeightedSums MakeSums(std::vector<double> weights)
+FWeightedSums MakeSums(std::vector<double> weights)
 {
     return [weights = std::move(weights)](std::span<std::complex<double>> values) {
         const std::size_t reach = weights.size() / 2;

@@ -50,8 +50,8 @@ public:
     }
 
     // Calls visit(index, window) for each valid point.
-    template<class CVisit>
-    void Visit(const CVisit& visit)
+    template<class FVisit>
+    void Visit(const FVisit& visit)
     {
         for (std::size_t line = m_lines.first; line < m_lines.last; ++line)
             VisitLine(line, visit);
@@ -69,8 +69,8 @@ private:
         return heights;
     }
 
-    template<class CVisit>
-    void VisitLine(std::size_t line, const CVisit& visit)
+    template<class FVisit>
+    void VisitLine(std::size_t line, const FVisit& visit)
     {
         const SSection rows = Widen({line, line + 1}, m_filter.rows, m_surface.lines);
         SSection inside = {m_inColumns.first, m_inColumns.first};
@@ -87,8 +87,8 @@ private:
         }
     }
 
-    template<class CChange>
-    void ForColumn(std::size_t column, const SSection& rows, const CChange& change)
+    template<class FChange>
+    void ForColumn(std::size_t column, const SSection& rows, const FChange& change)
     {
         for (std::size_t row = rows.first; row < rows.last; ++row)
             change((row - m_inLines.first) * m_inColumns.GetSize() + column - m_inColumns.first);
@@ -104,8 +104,8 @@ private:
 };
 
 // Calls visit(index, window) for each valid point, in several threads.
-template<class CVisit>
-void VisitWindows(const SSurface& surface, const SMedianFilter& filter, const CVisit& visit)
+template<class FVisit>
+void VisitWindows(const SSurface& surface, const SMedianFilter& filter, const FVisit& visit)
 {
     const std::size_t across = (surface.points + c_tile - 1) / c_tile;
     const std::size_t down = (surface.lines + c_tile - 1) / c_tile;

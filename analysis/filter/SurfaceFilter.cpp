@@ -90,22 +90,22 @@ std::string_view Check(const SSurface& surface, const SIsoGaussianFilter& filter
 }
 
 // Calls one of several functions, by the type of the argument.
-template<class... CFunctions>
-struct SByType : CFunctions... {
-    using CFunctions::operator()...;
+template<class... FCalled>
+struct SByType : FCalled... {
+    using FCalled::operator()...;
 };
 
-template<class... CFunctions>
-SByType(CFunctions...) -> SByType<CFunctions...>;
+template<class... FCalled>
+SByType(FCalled...) -> SByType<FCalled...>;
 
 } // namespace
 
-std::string_view FindRefusal(const SSurface& surface, const TSurfaceFilter& filter)
+std::string_view FindRefusal(const SSurface& surface, const CSurfaceFilter& filter)
 {
     return std::visit([&](const auto& f) { return Check(surface, f); }, filter);
 }
 
-std::optional<SSurface> Filter(const SSurface& surface, const TSurfaceFilter& filter)
+std::optional<SSurface> Filter(const SSurface& surface, const CSurfaceFilter& filter)
 {
     if (!FindRefusal(surface, filter).empty())
         return std::nullopt;

@@ -16,7 +16,7 @@ namespace CommonUI::Analysis
 {
 
 /// Any filter of surfaces.
-using TSurfaceFilter = std::variant<SMeanFilter, SGaussianSmoothing, SKernel, SMedianFilter, SLineSpikeFilter,
+using CSurfaceFilter = std::variant<SMeanFilter, SGaussianSmoothing, SKernel, SMedianFilter, SLineSpikeFilter,
                                     SStreakFilter, SIsoGaussianFilter>;
 
 /// The most columns and rows of a window, whose filter takes time in proportion to one of them.
@@ -26,10 +26,10 @@ inline constexpr std::size_t c_largestKernel = 63;
 
 /// Why a filter cannot be applied to a surface: a sentence in English without its full stop, such as "the
 /// cut-off is longer than the surface"; empty if it can.
-COMMONUIANALYSIS_API std::string_view FindRefusal(const SSurface& surface, const TSurfaceFilter& filter);
+COMMONUIANALYSIS_API std::string_view FindRefusal(const SSurface& surface, const CSurfaceFilter& filter);
 
 /// The filtered surface; none where FindRefusal gives a reason. Missing points have no weight and stay
 /// missing. Runs in several threads.
-COMMONUIANALYSIS_API std::optional<SSurface> Filter(const SSurface& surface, const TSurfaceFilter& filter);
+COMMONUIANALYSIS_API std::optional<SSurface> Filter(const SSurface& surface, const CSurfaceFilter& filter);
 
 } // namespace CommonUI::Analysis

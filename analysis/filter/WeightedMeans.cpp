@@ -14,23 +14,23 @@ namespace CommonUI::Analysis
 namespace
 {
 
-using TComplex = std::complex<double>;
+using CComplex = std::complex<double>;
 
 // Columns that are copied side by side, as lines of the memory's cache hold several.
 constexpr std::size_t c_columns = 8;
 
 // Heights from 0 to 1, of the same order as the validity.
-std::vector<TComplex> MakePairs(const SSurface& surface, const SRange& range)
+std::vector<CComplex> MakePairs(const SSurface& surface, const SRange& range)
 {
     const double extent = range.highest - range.lowest;
-    std::vector<TComplex> pairs(surface.heights.size());
+    std::vector<CComplex> pairs(surface.heights.size());
     for (std::size_t i = 0; i < pairs.size(); ++i)
         if (!std::isnan(surface.heights[i]))
             pairs[i] = {(surface.heights[i] - range.lowest) / extent, 1};
     return pairs;
 }
 
-void SumLines(std::span<TComplex> pairs, std::size_t points, const TWeightedSums& sum)
+void SumLines(std::span<CComplex> pairs, std::size_t points, const FWeightedSums& sum)
 {
     if (pairs.empty() || !sum)
         return;
@@ -40,7 +40,7 @@ void SumLines(std::span<TComplex> pairs, std::size_t points, const TWeightedSums
     });
 }
 
-void Transpose(std::span<const TComplex> from, std::size_t points, std::span<TComplex> to)
+void Transpose(std::span<const CComplex> from, std::size_t points, std::span<CComplex> to)
 {
     const std::size_t lines = from.size() / points;
     for (std::size_t column = 0; column < points; column += c_columns)
@@ -49,12 +49,12 @@ void Transpose(std::span<const TComplex> from, std::size_t points, std::span<TCo
                 to[i * lines + line] = from[line * points + i];
 }
 
-void SumColumns(std::span<TComplex> pairs, std::size_t points, const TWeightedSums& sum)
+void SumColumns(std::span<CComplex> pairs, std::size_t points, const FWeightedSums& sum)
 {
     if (pairs.empty() || !sum)
         return;
     const std::size_t lines = pairs.size() / points;
-    std::vector<TComplex> columns(pairs.size());
+    std::vector<CComplex> columns(pairs.size());
     Transpose(pairs, points, columns);
     SumLines(columns, lines, sum);
     Transpose(columns, lines, pairs);
@@ -62,14 +62,14 @@ void SumColumns(std::span<TComplex> pairs, std::size_t points, const TWeightedSu
 
 } // namespace
 
-SSurface ComputeWeightedMeans(const SSurface& surface, const TWeightedSums& along,
-                              const TWeightedSums& across)
+SSurface ComputeWeightedMeans(const SSurface& surface, const FWeightedSums& along,
+                              const FWeightedSums& across)
 {
     SSurface means = surface;
     const SRange range = FindRange(surface.heights);
     if (!(range.highest > range.lowest))
         return means;
-    std::vector<TComplex> pairs = MakePairs(surface, range);
+    std::vector<CComplex> pairs = MakePairs(surface, range);
     SumLines(pairs, surface.points, along);
     SumColumns(pairs, surface.points, across);
     for (std::size_t i = 0; i < pairs.size(); ++i)

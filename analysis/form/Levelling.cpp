@@ -28,15 +28,15 @@ struct SPlane {
 };
 
 // Σ term(column, row, z) over the valid points.
-template<class CTerm>
-auto SumPoints(const SSurface& surface, const CTerm& term)
+template<class FTerm>
+auto SumPoints(const SSurface& surface, const FTerm& term)
 {
     return PairwiseSum(0, surface.lines, [&](std::size_t row) {
         const auto line = surface.GetLine(row);
         return PairwiseSum(0, line.size(), [&](std::size_t column) {
-            using TSums = decltype(term(0.0, 0.0, 0.0));
+            using SPointSums = decltype(term(0.0, 0.0, 0.0));
             return std::isnan(line[column])
-                       ? TSums{}
+                       ? SPointSums{}
                        : term(static_cast<double>(column), static_cast<double>(row), line[column]);
         });
     });

@@ -27,8 +27,8 @@ SGrid GetLine(SSurface& surface, std::size_t line)
 }
 
 // Calls correct for the parts of the surface that are corrected each for itself.
-template<class CCorrect>
-void ForEachPart(SSurface& surface, ECorrectionScope scope, const CCorrect& correct)
+template<class FCorrect>
+void ForEachPart(SSurface& surface, ECorrectionScope scope, const FCorrect& correct)
 {
     if (scope == ECorrectionScope::Global)
         correct(GetAll(surface), 0);

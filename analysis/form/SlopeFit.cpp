@@ -15,8 +15,8 @@ constexpr double c_outlier = 5;        // in standard deviations
 constexpr double c_deviation = 1.4826; // a standard deviation in median absolute deviations
 
 // Calls visit(difference, column, line) for each pair of valid points.
-template<class CVisit>
-void VisitDifferences(const SGrid& grid, const SPairs& pairs, const CVisit& visit)
+template<class FVisit>
+void VisitDifferences(const SGrid& grid, const SPairs& pairs, const FVisit& visit)
 {
     const std::size_t step = pairs.GetLines() * grid.points + pairs.GetColumns();
     for (std::size_t line = 0; line + pairs.GetLines() < grid.lines; ++line)

@@ -37,8 +37,8 @@ public:
     }
 
     // Calls visit(a, b, c) for each edge from a to b and the first of the corners farthest from it.
-    template<class CVisit>
-    void Rotate(const CVisit& visit) const
+    template<class FVisit>
+    void Rotate(const FVisit& visit) const
     {
         std::size_t farthest = 1;
         for (std::size_t i = 0; i < m_hull.size(); ++i) {

@@ -3,6 +3,7 @@
 #include "analysis/grain/detail/GrainRecord.h"
 #include "analysis/numeric/detail/Parallel.h"
 #include "analysis/numeric/Statistics.h"
+#include "analysis/surface/Quantity.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,7 +20,7 @@ std::vector<const SGrainMeasure*> SelectMeasures(std::span<const std::string_vie
 {
     std::vector<const SGrainMeasure*> selected;
     for (const SGrainMeasure& measure : GetGrainMeasures())
-        if (keys.empty() || std::ranges::find(keys, measure.key) != keys.end())
+        if (IsAmong(measure.key, keys))
             selected.push_back(&measure);
     return selected;
 }
@@ -148,6 +149,11 @@ std::vector<std::string_view> GetGrainKeys()
     for (const SGrainMeasure& measure : GetGrainMeasures())
         keys.push_back(measure.key);
     return keys;
+}
+
+SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind)
+{
+    return MeasureGrains(surface, threshold, kind, GetGrainKeys());
 }
 
 SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind,

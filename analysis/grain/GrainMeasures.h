@@ -37,11 +37,13 @@ COMMONUIANALYSIS_API std::vector<std::string_view> GetGrainKeys();
 ///
 /// Takes time proportional to the number of points whatever their pattern, on several threads.
 /// @param threshold a height in m
-/// @param keys which columns are wanted, in any order; empty for all. Others than those of GetGrainKeys are
-/// ignored.
 /// @throws ETooManyPoints as FindGrains does
+COMMONUIANALYSIS_API SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind);
+
+/// Likewise, for some columns.
+/// @param keys which columns are wanted, in any order; others than those of GetGrainKeys are ignored
 COMMONUIANALYSIS_API SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind,
-                                           std::span<const std::string_view> keys = {});
+                                           std::span<const std::string_view> keys);
 
 /// Statistics of a column: those of ComputeStatistics, then Mode, MeanWeightArea, SDWeightArea,
 /// MeanWeightVolume and SDWeightVolume.

@@ -11,19 +11,19 @@ namespace CommonUI::Analysis
 namespace
 {
 
-using TComplex = CFourierTransform::TComplex;
+using CComplex = CFourierTransform::CComplex;
 
 // The operator of std::complex looks for infinities first.
-TComplex Multiply(TComplex a, TComplex b)
+CComplex Multiply(CComplex a, CComplex b)
 {
     return {a.real() * b.real() - a.imag() * b.imag(), a.real() * b.imag() + a.imag() * b.real()};
 }
 
 // Joins the transforms of the even and of the odd values, each of them half as many as the turns' block.
-void Join(TComplex* even, TComplex* odd, const TComplex* turns, std::size_t half)
+void Join(CComplex* even, CComplex* odd, const CComplex* turns, std::size_t half)
 {
     for (std::size_t j = 0; j < half; ++j) {
-        const TComplex turned = Multiply(odd[j], turns[j]);
+        const CComplex turned = Multiply(odd[j], turns[j]);
         odd[j] = even[j] - turned;
         even[j] += turned;
     }
@@ -43,7 +43,7 @@ CFourierTransform::CFourierTransform(std::size_t leastSize)
                 std::polar(1.0, -std::numbers::pi * static_cast<double>(j) / static_cast<double>(half));
 }
 
-void CFourierTransform::Forward(std::span<TComplex> values) const
+void CFourierTransform::Forward(std::span<CComplex> values) const
 {
     for (std::size_t i = 0; i < m_order.size(); ++i)
         if (i < m_order[i])
@@ -53,7 +53,7 @@ void CFourierTransform::Forward(std::span<TComplex> values) const
             Join(&values[i], &values[i + half], &m_turns[half], half);
 }
 
-void CFourierTransform::Inverse(std::span<TComplex> values) const
+void CFourierTransform::Inverse(std::span<CComplex> values) const
 {
     Forward(values);
     std::reverse(values.begin() + 1, values.end()); // k to -k

@@ -15,7 +15,7 @@ namespace CommonUI::Analysis
 class COMMONUIANALYSIS_API CFourierTransform
 {
 public:
-    using TComplex = std::complex<double>;
+    using CComplex = std::complex<double>;
 
     /// @param leastSize the size is the next power of two, at least 1
     explicit CFourierTransform(std::size_t leastSize);
@@ -24,13 +24,13 @@ public:
 
     /// V[k] = Σ v[j] exp(-2πi jk/size)
     /// @param values as many as the size
-    void Forward(std::span<TComplex> values) const;
+    void Forward(std::span<CComplex> values) const;
     /// v[j] = Σ V[k] exp(2πi jk/size): not divided by the size, so that both in turn multiply by it.
-    void Inverse(std::span<TComplex> values) const;
+    void Inverse(std::span<CComplex> values) const;
 
 private:
     std::vector<std::size_t> m_order; // the index with its bits reversed
-    std::vector<TComplex> m_turns;    // exp(-πi j/h) at h + j, for each power of two h and j < h
+    std::vector<CComplex> m_turns;    // exp(-πi j/h) at h + j, for each power of two h and j < h
 };
 
 } // namespace CommonUI::Analysis

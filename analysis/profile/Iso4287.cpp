@@ -16,17 +16,17 @@ namespace
 
 constexpr std::size_t c_count = 11;
 constexpr std::size_t c_total = 8; // index of Rt, Wt, Pt
-using TKeys = std::array<std::string_view, c_count>;
-using TParameters = std::array<double, c_count>;
+using CKeys = std::array<std::string_view, c_count>;
+using CParameters = std::array<double, c_count>;
 
-constexpr TKeys c_roughnessKeys = {"4287Ra", "4287Rq", "4287Rsk", "4287Rku", "4287Rp", "4287Rv",
+constexpr CKeys c_roughnessKeys = {"4287Ra", "4287Rq", "4287Rsk", "4287Rku", "4287Rp", "4287Rv",
                                    "4287Rz", "4287Rc", "4287Rt",  "4287RSm", "4287Rdq"};
-constexpr TKeys c_wavinessKeys = {"4287Wa", "4287Wq", "4287Wsk", "4287Wku", "4287Wp", "4287Wv",
+constexpr CKeys c_wavinessKeys = {"4287Wa", "4287Wq", "4287Wsk", "4287Wku", "4287Wp", "4287Wv",
                                   "4287Wz", "4287Wc", "4287Wt",  "4287WSm", "4287Wdq"};
-constexpr TKeys c_primaryKeys = {"4287Pa", "4287Pq", "4287Psk", "4287Pku", "4287Pp", "4287Pv",
+constexpr CKeys c_primaryKeys = {"4287Pa", "4287Pq", "4287Psk", "4287Pku", "4287Pp", "4287Pv",
                                  "4287Pz", "4287Pc", "4287Pt",  "4287PSm", "4287Pdq"};
 
-TParameters ComputeLength(std::span<const double> profile, const SHeightParameters& h,
+CParameters ComputeLength(std::span<const double> profile, const SHeightParameters& h,
                           const CProfileSplitter& splitter)
 {
     const double dx = splitter.GetSpacing();
@@ -45,12 +45,12 @@ TParameters ComputeLength(std::span<const double> profile, const SHeightParamete
             ComputeSlope(profile, dx)};
 }
 
-TParameters ComputeRoughness(const SProfiles& profiles, const CProfileSplitter& splitter)
+CParameters ComputeRoughness(const SProfiles& profiles, const CProfileSplitter& splitter)
 {
-    TParameters sums{};
-    TParameters counts{};
+    CParameters sums{};
+    CParameters counts{};
     for (const auto length : splitter.GetSamplingLengths(profiles.roughness)) {
-        const TParameters values = ComputeLength(length, ComputeHeightParameters(length, 0), splitter);
+        const CParameters values = ComputeLength(length, ComputeHeightParameters(length, 0), splitter);
         for (std::size_t i = 0; i < c_count; ++i) {
             sums[i] += std::isnan(values[i]) ? 0 : values[i];
             counts[i] += !std::isnan(values[i]);
@@ -63,7 +63,7 @@ TParameters ComputeRoughness(const SProfiles& profiles, const CProfileSplitter& 
     return sums;
 }
 
-void Append(const TKeys& keys, const TParameters& parameters, std::vector<SValue>& values)
+void Append(const CKeys& keys, const CParameters& parameters, std::vector<SValue>& values)
 {
     for (std::size_t i = 0; i < c_count; ++i)
         values.push_back({keys[i], parameters[i]});
@@ -80,6 +80,19 @@ std::vector<SValue> ComputeIso4287(const SProfiles& profiles, const CProfileSpli
     Append(c_wavinessKeys, ComputeLength(profiles.waviness, waviness, splitter), values);
     Append(c_primaryKeys, ComputeLength(profiles.primary, primary, splitter), values);
     return values;
+}
+
+std::vector<SQuantity> GetIso4287Quantities()
+{
+    std::vector<SQuantity> quantities;
+    const auto append = [&quantities](const CKeys& keys, ENeed need) {
+        for (const std::string_view key : keys)
+            quantities.push_back({key, need});
+    };
+    append(c_roughnessKeys, ENeed::RoughnessProfile);
+    append(c_wavinessKeys, ENeed::WavinessProfile);
+    append(c_primaryKeys, ENeed::PrimaryProfile);
+    return quantities;
 }
 
 double ComputeSlope(std::span<const double> z, double dx)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../../export/Export.h"
+#include "../surface/Quantity.h"
 #include "../surface/Value.h"
 #include "SplitProfile.h"
 
@@ -28,6 +29,9 @@ namespace CommonUI::Analysis
 ///     t Sm dq
 COMMONUIANALYSIS_API std::vector<SValue> ComputeIso4287(const SProfiles& profiles,
                                                         const CProfileSplitter& splitter);
+
+/// What ComputeIso4287 computes, in its order.
+COMMONUIANALYSIS_API std::vector<SQuantity> GetIso4287Quantities();
 
 /// Root mean square slope by the seven-point formula (ISO 4287), over the points with three valid neighbours
 /// to either side; NaN without any.

@@ -11,31 +11,46 @@ namespace CommonUI::Analysis
 namespace
 {
 
-std::vector<SValue> ComputeUnfiltered(std::span<const double> heights, const CProfileSplitter& splitter)
-{
-    const double dx = splitter.GetSpacing();
-    const SHeightParameters h = ComputeHeightParameters(heights);
-    const std::vector<double> profile = GetUnbroken(heights, h.mean);
-    return {
-        {"Ra", h.average},
-        {"Rq", h.rms},
-        {"Rsk", h.skewness},
-        {"Rku", h.kurtosis},
-        {"Rp", h.GetPeak()},
-        {"Rv", h.GetPit()},
-        {"Rz", ComputeTenPointHeight(profile)},
-        {"Rt", h.highest - h.lowest},
-        {"Rmean", h.mean},
-        {"Rmin", h.lowest},
-        {"Rmax", h.highest},
-        {"RSm", ComputeElements(profile, splitter.GetLeastWidth()).spacing * dx},
-        {"Rdq", ComputeSlope(heights, dx)},
-    };
-}
+// What the parameters of the profile as it is are read off.
+struct SProfile {
+    SHeightParameters heights{};
+    double tenPointHeight = c_undefined;
+    double spacing = c_undefined;
+    double slope = c_undefined;
+};
+
+struct SRow {
+    std::string_view key;
+    double (*get)(const SProfile&);
+};
+
+constexpr SRow c_rows[] = {
+    {"Ra", [](auto& p) { return p.heights.average; }},
+    {"Rq", [](auto& p) { return p.heights.rms; }},
+    {"Rsk", [](auto& p) { return p.heights.skewness; }},
+    {"Rku", [](auto& p) { return p.heights.kurtosis; }},
+    {"Rp", [](auto& p) { return p.heights.GetPeak(); }},
+    {"Rv", [](auto& p) { return p.heights.GetPit(); }},
+    {"Rz", [](auto& p) { return p.tenPointHeight; }},
+    {"Rt", [](auto& p) { return p.heights.highest - p.heights.lowest; }},
+    {"Rmean", [](auto& p) { return p.heights.mean; }},
+    {"Rmin", [](auto& p) { return p.heights.lowest; }},
+    {"Rmax", [](auto& p) { return p.heights.highest; }},
+    {"RSm", [](auto& p) { return p.spacing; }},
+    {"Rdq", [](auto& p) { return p.slope; }},
+};
 
 std::vector<SValue> ComputeLine(std::span<const double> heights, const CProfileSplitter& splitter)
 {
-    std::vector<SValue> values = ComputeUnfiltered(heights, splitter);
+    const double dx = splitter.GetSpacing();
+    SProfile profile{.heights = ComputeHeightParameters(heights)};
+    const std::vector<double> unbroken = GetUnbroken(heights, profile.heights.mean);
+    profile.tenPointHeight = ComputeTenPointHeight(unbroken);
+    profile.spacing = ComputeElements(unbroken, splitter.GetLeastWidth()).spacing * dx;
+    profile.slope = ComputeSlope(heights, dx);
+    std::vector<SValue> values;
+    for (const SRow& row : c_rows)
+        values.push_back({row.key, row.get(profile)});
     const std::vector<SValue> filtered = ComputeIso4287(splitter.Split(heights), splitter);
     values.insert(values.end(), filtered.begin(), filtered.end());
     return values;
@@ -53,7 +68,30 @@ std::vector<SValue> ComputeProfile(std::span<const double> heights, double dx, s
     return ComputeLine(heights, MakeSplitter(heights.size(), dx, cutoff));
 }
 
-std::vector<SLineValues> ComputeProfiles(const SSurface& surface, std::optional<double> cutoff)
+std::vector<SQuantity> GetProfileQuantities()
+{
+    std::vector<SQuantity> quantities;
+    for (const SRow& row : c_rows)
+        quantities.push_back({row.key, ENeed::Heights});
+    const std::vector<SQuantity> filtered = GetIso4287Quantities();
+    quantities.insert(quantities.end(), filtered.begin(), filtered.end());
+    return quantities;
+}
+
+std::vector<SValues> ComputeProfiles(const SSurface& surface, std::span<const std::string_view> keys,
+                                     std::optional<double> cutoff)
+{
+    std::vector<SQuantity> wanted = GetProfileQuantities();
+    std::erase_if(wanted, [keys](const SQuantity& quantity) { return !IsAmong(quantity.key, keys); });
+    if (wanted.empty())
+        return {};
+    const bool isFiltered = std::ranges::any_of(wanted, &SQuantity::IsFiltered);
+    std::vector<SValues> table = ComputeProfiles(surface, isFiltered ? cutoff : c_undefined);
+    std::erase_if(table, [keys](const SValues& values) { return !IsAmong(values.key, keys); });
+    return table;
+}
+
+std::vector<SValues> ComputeProfiles(const SSurface& surface, std::optional<double> cutoff)
 {
     const CProfileSplitter splitter = MakeSplitter(surface.points, surface.dx, cutoff);
     std::vector<std::vector<SValue>> lines(surface.lines);
@@ -62,7 +100,7 @@ std::vector<SLineValues> ComputeProfiles(const SSurface& surface, std::optional<
             lines[i] = ComputeLine(surface.GetLine(i), splitter);
     });
 
-    std::vector<SLineValues> table;
+    std::vector<SValues> table;
     for (const std::vector<SValue>& values : lines) {
         table.resize(values.size());
         for (std::size_t i = 0; i < values.size(); ++i) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../../export/Export.h"
+#include "../surface/Quantity.h"
 #include "../surface/Surface.h"
 #include "../surface/Value.h"
 
@@ -38,11 +39,17 @@ namespace CommonUI::Analysis
 COMMONUIANALYSIS_API std::vector<SValue> ComputeProfile(std::span<const double> heights, double dx,
                                                         std::optional<double> cutoff = std::nullopt);
 
-/// One parameter of all lines of a surface.
-using SLineValues = SValues;
-
 /// ComputeProfile for each line, its keys in the same order. Empty for a surface without lines.
-COMMONUIANALYSIS_API std::vector<SLineValues> ComputeProfiles(const SSurface& surface,
-                                                              std::optional<double> cutoff = std::nullopt);
+COMMONUIANALYSIS_API std::vector<SValues> ComputeProfiles(const SSurface& surface,
+                                                          std::optional<double> cutoff = std::nullopt);
+
+/// Likewise, but the profiles are filtered only for those parameters that need it.
+/// @param keys which parameters are wanted, in any order; others than those of GetProfileQuantities are ignored
+COMMONUIANALYSIS_API std::vector<SValues> ComputeProfiles(const SSurface& surface,
+                                                          std::span<const std::string_view> keys,
+                                                          std::optional<double> cutoff = std::nullopt);
+
+/// What ComputeProfile computes, in its order.
+COMMONUIANALYSIS_API std::vector<SQuantity> GetProfileQuantities();
 
 } // namespace CommonUI::Analysis

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "../../export/Export.h"
+
 #include <cstddef>
 #include <limits>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -28,6 +31,16 @@ struct SSurface {
     std::span<const double> GetLine(std::size_t line) const
     {
         return std::span(heights).subspan(line * points, points);
+    }
+};
+
+/// A surface has no valid point to compute from.
+class COMMONUIANALYSIS_API ENoPoints : public std::runtime_error
+{
+public:
+    ENoPoints()
+        : std::runtime_error("no valid point")
+    {
     }
 };
 

@@ -15,7 +15,7 @@ class CTextScanner
 public:
     /// @param name how messages call the file
     /// @param text must outlive the scanner
-    CTextScanner(std::string name, std::string_view text, const CProgress& progress);
+    CTextScanner(std::string name, std::string_view text, const FProgress& progress);
 
     bool IsAtEnd() const { return m_position == m_end; }
     /// The character to come; 0 at the end.
@@ -45,7 +45,7 @@ private:
     const char* m_position;
     const char* m_end;
     const char* m_nextReport;
-    const CProgress& m_progress;
+    const FProgress& m_progress;
 };
 
 /// Whether text is a finite decimal number as a whole, with a decimal point or comma.

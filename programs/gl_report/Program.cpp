@@ -2,6 +2,7 @@
 
 #include "common/FileBytes.h"
 #include "programs/command_line/CommandLine.h"
+#include "programs/command_line/Parser.h"
 #include "programs/gl_report/Report.h"
 
 #include <filesystem>
@@ -31,21 +32,15 @@ struct SOptions {
 SOptions ParseOptions(std::span<const char* const> arguments)
 {
     SOptions options;
-    CommandLine::CArguments rest(arguments);
-    while (!rest.IsAtEnd()) {
-        const std::string argument = rest.Take();
-        if (argument == "--help")
-            options.help = true;
-        else if (argument == "--out")
-            options.output = rest.TakeValue(argument);
-        else
-            throw CommandLine::EUsage("there is no option \"" + argument + "\"");
-    }
+    CommandLine::CParser parser;
+    parser.AddFlag("--help", options.help);
+    parser.Add("--out", [&](auto&, auto& file) { options.output = file; });
+    parser.Parse(arguments);
     return options;
 }
 
 // @return the exit status of the program
-int Run(const SOptions& options, std::ostream& out, std::ostream& err, const CContextMaker& makeContext)
+int Run(const SOptions& options, std::ostream& out, std::ostream& err, const FContextMaker& makeContext)
 {
     std::string reason;
     const auto context = makeContext(64, 64, reason);
@@ -68,7 +63,7 @@ int Run(const SOptions& options, std::ostream& out, std::ostream& err, const CCo
 } // namespace
 
 int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::ostream& err,
-               const CContextMaker& makeContext)
+               const FContextMaker& makeContext)
 {
     return CommandLine::Run("gl_report", err, [&] {
         const SOptions options = ParseOptions(arguments);

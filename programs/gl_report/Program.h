@@ -12,7 +12,7 @@ namespace GlReport
 {
 
 /// Makes the context that is reported on: Offscreen::CContext::Make, or what stands in for it.
-using CContextMaker =
+using FContextMaker =
     std::function<std::unique_ptr<Offscreen::CContext>(int width, int height, std::string& reason)>;
 
 /// The program behind its main function.
@@ -21,6 +21,6 @@ using CContextMaker =
 /// @return the exit status: 0; 1 for a reason that `err` was told; 2 when there is no OpenGL to report on,
 ///     which `err` was told, too
 int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::ostream& err,
-               const CContextMaker& makeContext = Offscreen::CContext::Make);
+               const FContextMaker& makeContext = Offscreen::CContext::Make);
 
 } // namespace GlReport

@@ -1,15 +1,16 @@
 #include "programs/surface_report/Options.h"
 
 #include "common/NumberText.h"
+#include "programs/command_line/CommandLine.h"
 
+#include <algorithm>
 #include <cmath>
-#include <string_view>
 
 namespace SurfaceReport
 {
 
-using CommandLine::CArguments;
-using CommandLine::ParseLevelling;
+using CommandLine::EUsage;
+using CommonUI::CStr;
 using CommonUI::Analysis::EGrainKind;
 
 const char* const c_usage = R"(Reports the roughness or the grains of a measured surface.
@@ -41,126 +42,68 @@ usage: surface_report INPUT --out DIR [OPTION...]
 namespace
 {
 
+CommonUI::CUnit::EUnitFactor ParseUnit(const std::string& option, const std::string& text)
+{
+    CommonUI::CUnit unit;
+    if (!CommonUI::CUnit::ParseLength(CStr::FromUtf8(text), unit))
+        throw EUsage(option + ": \"" + text + "\" is no unit of length");
+    return unit.GetFactor();
+}
+
 // A number with a unit of length behind it.
 double ParseLength(const std::string& option, const std::string& text)
 {
     const std::size_t unit = std::min(text.find_last_of("0123456789.") + 1, text.size());
     double value = 0;
-    if (!CommonUI::ParseDouble(CommonUI::CStr::FromUtf8(text.substr(0, unit)), value) ||
-        !std::isfinite(value))
+    if (!CommonUI::ParseDouble(CStr::FromUtf8(text.substr(0, unit)), value) || !std::isfinite(value))
         throw EUsage(option + ": \"" + text + "\" is no length such as 50nm");
     return value * CommonUI::CUnit::GetFactorValue(ParseUnit(option, text.substr(unit)));
 }
 
-// Reads the command line option by option.
-class CParser
+void TakeGrains(SOptions& options, const std::string& option, const std::string& height, EGrainKind kind)
 {
-public:
-    explicit CParser(std::span<const char* const> arguments)
-        : m_arguments(arguments)
-    {
-    }
+    auto& grains = options.request.method.grains;
+    if (grains)
+        throw EUsage(option + ": either particles or pores are measured, at one height");
+    grains = {ParseLength(option, height), kind};
+}
 
-    SOptions Parse()
-    {
-        while (!m_arguments.IsAtEnd())
-            Take(m_arguments.Take());
-        if (!m_options.help && !m_options.listSettings)
-            Check();
-        return m_options;
-    }
-
-private:
-    void Take(const std::string& argument)
-    {
-        if (argument == "--help")
-            m_options.help = true;
-        else if (argument == "--transpose")
-            m_options.transpose = true;
-        else if (argument == "--list-settings")
-            m_options.listSettings = m_arguments.TakeOptionalValue();
-        else if (argument.starts_with("--"))
-            TakeValue(argument);
-        else if (m_options.input.empty())
-            m_options.input = argument;
-        else
-            throw EUsage("\"" + argument + "\" is one input too many");
-    }
-
-    void TakeValue(const std::string& option)
-    {
-        if (option == "--out")
-            m_options.folder = m_arguments.TakeValue(option);
-        else if (option == "--parameters")
-            m_options.parameters = Split(m_arguments.TakeValue(option), ',');
-        else if (option == "--unit")
-            m_options.unit = ParseUnit(option, m_arguments.TakeValue(option));
-        else if (option == "--level")
-            m_options.levelling = ParseLevelling(option, m_arguments.TakeValue(option));
-        else if (option == "--cutoff")
-            m_options.cutoff = ParseLength(option, m_arguments.TakeValue(option));
-        else if (option == "--grains")
-            TakeGrains(option, EGrainKind::Particle);
-        else if (option == "--pores")
-            TakeGrains(option, EGrainKind::Pore);
-        else if (option == "--preferences")
-            m_options.preferences = m_arguments.TakeValue(option);
-        else if (option == "--set")
-            m_options.sets.push_back(m_arguments.TakeValue(option));
-        else if (option == "--settings")
-            m_options.settings.push_back(m_arguments.TakeValue(option));
-        else if (option == "--settings-folder")
-            m_options.settingsFolder = m_arguments.TakeValue(option);
-        else
-            throw EUsage("there is no option \"" + option + "\"");
-    }
-
-    void TakeGrains(const std::string& option, EGrainKind kind)
-    {
-        if (m_options.grains)
-            throw EUsage(option + ": either particles or pores are measured, at one height");
-        m_options.grains = {ParseLength(option, m_arguments.TakeValue(option)), kind};
-    }
-
-    void Check() const
-    {
-        if (m_options.input.empty())
-            throw EUsage("no input is given; see --help");
-        if (m_options.folder.empty())
-            throw EUsage("no folder is given for the reports; see --help");
-        if (!m_options.sets.empty() && m_options.preferences.empty())
-            throw EUsage("--set changes preferences, but no --preferences are given");
-    }
-
-    CArguments m_arguments;
-    SOptions m_options;
-};
+CommandLine::CParser MakeParser(SOptions& options)
+{
+    auto& request = options.request;
+    CommandLine::CParser parser;
+    CommandLine::AddSurfaceOptions(parser, options, request.method.levelling);
+    parser.AddFlag("--transpose", options.transpose);
+    parser.AddOptional("--list-settings", [&](auto&, auto& type) { options.listSettings = type; });
+    parser.Add("--parameters", [&](auto&, auto& keys) { request.keys = CStr::FromUtf8(keys).Split(u","); });
+    parser.Add("--unit", [&](auto& option, auto& unit) { request.unit = ParseUnit(option, unit); });
+    parser.Add("--cutoff",
+               [&](auto& option, auto& length) { request.method.cutoff = ParseLength(option, length); });
+    parser.Add("--grains", [&](auto& option, auto& height) {
+        TakeGrains(options, option, height, EGrainKind::Particle);
+    });
+    parser.Add("--pores",
+               [&](auto& option, auto& height) { TakeGrains(options, option, height, EGrainKind::Pore); });
+    parser.Add("--preferences", [&](auto&, auto& file) { options.preferences = file; });
+    parser.Add("--set", [&](auto&, auto& change) { options.sets.push_back(CStr::FromUtf8(change)); });
+    parser.Add("--settings", [&](auto&, auto& spec) { options.settings.push_back(CStr::FromUtf8(spec)); });
+    parser.Add("--settings-folder", [&](auto&, auto& folder) { options.settingsFolder = folder; });
+    return parser;
+}
 
 } // namespace
 
 SOptions ParseOptions(std::span<const char* const> arguments)
 {
-    return CParser(arguments).Parse();
-}
-
-CommonUI::CUnit::EUnitFactor ParseUnit(const std::string& option, const std::string& text)
-{
-    CommonUI::CUnit unit;
-    if (!CommonUI::CUnit::ParseLength(CommonUI::CStr::FromUtf8(text), unit))
-        throw EUsage(option + ": \"" + text + "\" is no unit of length");
-    return unit.GetFactor();
-}
-
-std::vector<std::string> Split(std::string_view text, char separator)
-{
-    std::vector<std::string> pieces;
-    for (std::size_t found = text.find(separator); found != std::string_view::npos;
-         found = text.find(separator)) {
-        pieces.emplace_back(text.substr(0, found));
-        text.remove_prefix(found + 1);
-    }
-    pieces.emplace_back(text);
-    return pieces;
+    SOptions options;
+    MakeParser(options).Parse(arguments);
+    options.request.usesPreferences = !options.preferences.empty();
+    if (options.help || options.listSettings)
+        return options;
+    CommandLine::CheckSurfaceOptions(options, "folder is given for the reports");
+    if (!options.sets.empty() && options.preferences.empty())
+        throw EUsage("--set changes preferences, but no --preferences are given");
+    return options;
 }
 
 } // namespace SurfaceReport

@@ -1,17 +1,20 @@
 #include "programs/surface_report/Program.h"
 
-#include "analysis/areal/MaterialRatio.h"
-#include "analysis/form/Levelling.h"
+#include "analysis/surface/Surface.h"
 #include "common/FileBytes.h"
 #include "formats/SurfaceReader.h"
+#include "measurement/ApplySteps.h"
+#include "measurement/Choices.h"
+#include "measurement/ReportTables.h"
+#include "measurement/Results.h"
+#include "measurement/Steps.h"
 #include "platform/Folders.h"
-#include "programs/surface_report/Choices.h"
-#include "programs/surface_report/Content.h"
+#include "programs/command_line/CommandLine.h"
+#include "programs/surface_report/ForOption.h"
+#include "programs/surface_report/ListSettings.h"
 #include "programs/surface_report/Options.h"
-#include "programs/surface_report/Preferences.h"
-#include "programs/surface_report/Processing.h"
-#include "programs/surface_report/Report.h"
-#include "programs/surface_report/Steps.h"
+#include "programs/surface_report/PreferencesFile.h"
+#include "programs/surface_report/TerminalText.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -25,6 +28,7 @@ namespace
 {
 
 namespace fs = std::filesystem;
+namespace Measurement = CommonUI::Measurement;
 
 // Shows how far the reading of a long file has come, on one line that is removed at the end.
 class CProgressLine
@@ -76,7 +80,7 @@ void WriteFile(const fs::path& path, const std::string& bytes)
 
 // Writes both reports to a folder that is there, or neither: when the second cannot be written, the first is
 // as it was.
-void WriteReports(const CReport& report, const fs::path& folder)
+void WriteReports(const Measurement::CReportTables& report, const fs::path& folder)
 {
     const fs::path html = folder / "report.html";
     std::string before;
@@ -104,7 +108,7 @@ public:
         if (settings.empty())
             return;
         if (!fs::is_directory(settings))
-            throw EUsage("--settings-folder: \"" + settings.string() + "\" is no folder");
+            throw CommandLine::EUsage("--settings-folder: \"" + settings.string() + "\" is no folder");
         m_folders.emplace(CommonUI::GetFolders().GetApplicationFolder(), settings);
         m_scope.emplace(*m_folders);
     }
@@ -121,30 +125,32 @@ void Print(const std::string& text, std::ostream& out)
         throw std::runtime_error("the output cannot be printed");
 }
 
-// Does to the surface what the options ask; the raw one is kept where the steps change it.
-void Process(SInput& input, const std::vector<SStep>& steps, const SOptions& options)
+std::vector<Measurement::SStep> LoadSteps(CommonUI::CSettingsFactory& factory, const SOptions& options)
 {
-    if (!steps.empty())
-        input.raw = input.surface;
-    CommonUI::Analysis::Level(input.surface, options.levelling);
-    for (const SStep& step : steps) {
-        Apply(step, input.surface);
-        input.steps.push_back(step.name);
-    }
+    return ForOption("--settings", [&] {
+        try {
+            return Measurement::LoadSteps(factory, options.settings);
+        } catch (const Measurement::EUnknownSet& error) {
+            throw CommandLine::EUsage(std::string("--settings ") + error.what() + "; see --list-settings");
+        }
+    });
 }
 
+// What was asked for is looked into before the file is read.
 void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
 {
-    const SChoices choices = MakeChoices(preferences.GetManager(), options);
-    const std::vector<SStep> steps = LoadSteps(preferences.GetFactory(), options.settings);
-    SInput input{.surface = Read(options.input, err)};
+    const Measurement::SChoices choices =
+        ForOption("--parameters", [&] { return MakeChoices(preferences.GetManager(), options.request); });
+    const std::vector<Measurement::SStep> steps = LoadSteps(preferences.GetFactory(), options);
+    CommonUI::Analysis::SSurface surface = Read(options.input, err);
     try {
-        Process(input, steps, options);
-        const CReport report(MakeContent(input, choices, options), options.transpose);
-        fs::create_directories(options.folder); // what fails more often than writing comes first
+        const Measurement::SInput input = ForOption(
+            "--settings", [&] { return Process(std::move(surface), choices.method.levelling, steps); });
+        const Measurement::CReportTables report(ComputeResults(input, choices), options.transpose);
+        fs::create_directories(options.output); // what fails more often than writing comes first
         preferences.Save();
-        WriteReports(report, options.folder);
-        Print(report.GetTerminalText(), out);
+        WriteReports(report, options.output);
+        Print(TerminalText(report), out);
     } catch (const CommonUI::Analysis::ENoPoints& error) {
         throw std::runtime_error(options.input.string() + ": " + error.what());
     }

@@ -1,4 +1,4 @@
-#include "programs/surface_view/Mesh.h"
+#include "programs/surface_view/Decimate.h"
 
 #include <algorithm>
 #include <cmath>

@@ -26,8 +26,8 @@ struct CFont::SFace {
     // Gives each glyph of a line and where its origin lies along the line.
     // @param flags FT_LOAD_RENDER for glyphs that are drawn
     // @return the length of the line, pixels
-    template<class F>
-    int ForEachGlyph(std::u16string_view text, int height, FT_Int32 flags, const F& function)
+    template<class FVisit>
+    int ForEachGlyph(std::u16string_view text, int height, FT_Int32 flags, const FVisit& visit)
     {
         FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(height));
         FT_Pos x = 0;
@@ -38,7 +38,7 @@ struct CFont::SFace {
                 character = 0x10000 + ((character & 0x3FF) << 10) + (text[++i] & 0x3FF);
             if (FT_Load_Char(face, character, static_cast<FT_Int32>(flags | FT_LOAD_NO_HINTING)) != 0)
                 continue;
-            function(*face->glyph, Pixels(x));
+            visit(*face->glyph, Pixels(x));
             x += face->glyph->advance.x;
         }
         return Pixels(x);

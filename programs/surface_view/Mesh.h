@@ -48,8 +48,4 @@ struct SMesh {
 
 SMesh MakeMesh(const CommonUI::Analysis::SSurface& surface, const SBox& box);
 
-/// A surface of at most so many points along x and y, each the mean of the points around it; it keeps its
-/// size. One that is small enough stays as it is.
-CommonUI::Analysis::SSurface Decimate(const CommonUI::Analysis::SSurface& surface, std::size_t maximum);
-
 } // namespace SurfaceView

@@ -2,15 +2,12 @@
 
 #include "common/NumberText.h"
 #include "common/Range.h"
-
-#include <string_view>
-#include <utility>
+#include "programs/command_line/CommandLine.h"
 
 namespace SurfaceView
 {
 
-using CommandLine::CArguments;
-using CommandLine::ParseLevelling;
+using CommandLine::EUsage;
 using CommandLine::ParseWord;
 
 const char* const c_usage = R"(Draws a measured surface in three dimensions, without a display.
@@ -58,77 +55,37 @@ CommonUI::SSize ParseSize(const std::string& text)
     return {.cx = ParsePixels(text.substr(0, cross)), .cy = ParsePixels(text.substr(cross + 1))};
 }
 
-// Reads the command line option by option.
-class CParser
+CommandLine::CParser MakeParser(SOptions& options)
 {
-public:
-    explicit CParser(std::span<const char* const> arguments)
-        : m_arguments(arguments)
-    {
-    }
-
-    SOptions Parse()
-    {
-        while (!m_arguments.IsAtEnd())
-            Take(m_arguments.Take());
-        if (!m_options.help)
-            Check();
-        return m_options;
-    }
-
-private:
-    void Take(const std::string& argument)
-    {
-        if (argument == "--help")
-            m_options.help = true;
-        else if (argument.starts_with("--"))
-            TakeValue(argument);
-        else if (m_options.input.empty())
-            m_options.input = argument;
-        else
-            throw EUsage("\"" + argument + "\" is one input too many");
-    }
-
-    void TakeValue(const std::string& option)
-    {
-        if (option == "--out")
-            m_options.output = m_arguments.TakeValue(option);
-        else if (option == "--size")
-            m_options.size = ParseSize(m_arguments.TakeValue(option));
-        else if (option == "--projection")
-            m_options.orthographic = ParseWord<bool>(option, m_arguments.TakeValue(option),
-                                                     {{"perspective", false}, {"orthographic", true}});
-        else if (option == "--color")
-            m_options.colorScale = m_arguments.TakeValue(option);
-        else if (option == "--azimuth")
-            m_options.azimuth = ParseNumber(option, m_arguments.TakeValue(option), {-360, 360});
-        else if (option == "--elevation")
-            m_options.elevation = ParseNumber(option, m_arguments.TakeValue(option), {0, 90});
-        else if (option == "--zscale")
-            m_options.zScale = ParseNumber(option, m_arguments.TakeValue(option), {0.001, 1e9});
-        else if (option == "--level")
-            m_options.levelling = ParseLevelling(option, m_arguments.TakeValue(option));
-        else
-            throw EUsage("there is no option \"" + option + "\"");
-    }
-
-    void Check() const
-    {
-        if (m_options.input.empty())
-            throw EUsage("no input is given; see --help");
-        if (m_options.output.empty())
-            throw EUsage("no file is given for the picture; see --help");
-    }
-
-    CArguments m_arguments;
-    SOptions m_options;
-};
+    CommandLine::CParser parser;
+    CommandLine::AddSurfaceOptions(parser, options, options.levelling);
+    parser.Add("--size", [&](auto&, auto& size) { options.size = ParseSize(size); });
+    parser.Add("--projection", [&](auto& option, auto& word) {
+        options.orthographic =
+            ParseWord<bool>(option, word, {{"perspective", false}, {"orthographic", true}});
+    });
+    parser.Add("--color", [&](auto&, auto& scale) { options.colorScale = scale; });
+    parser.Add("--azimuth", [&](auto& option, auto& angle) {
+        options.azimuth = ParseNumber(option, angle, {-360, 360});
+    });
+    parser.Add("--elevation", [&](auto& option, auto& angle) {
+        options.elevation = ParseNumber(option, angle, {0, 90});
+    });
+    parser.Add("--zscale", [&](auto& option, auto& factor) {
+        options.zScale = ParseNumber(option, factor, {0.001, 1e9});
+    });
+    return parser;
+}
 
 } // namespace
 
 SOptions ParseOptions(std::span<const char* const> arguments)
 {
-    return CParser(arguments).Parse();
+    SOptions options;
+    MakeParser(options).Parse(arguments);
+    if (!options.help)
+        CommandLine::CheckSurfaceOptions(options, "file is given for the picture");
+    return options;
 }
 
 } // namespace SurfaceView

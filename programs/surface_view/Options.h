@@ -2,9 +2,8 @@
 
 #include "analysis/form/Levelling.h"
 #include "common/Rect.h"
-#include "programs/command_line/CommandLine.h"
+#include "programs/command_line/SurfaceOptions.h"
 
-#include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
@@ -12,12 +11,8 @@
 namespace SurfaceView
 {
 
-using CommandLine::EUsage;
-
 /// What the command line asks for.
-struct SOptions {
-    std::filesystem::path input{};
-    std::filesystem::path output{};
+struct SOptions : CommandLine::SSurfaceOptions {
     CommonUI::SSize size{.cx = 900, .cy = 600}; ///< of the picture in pixels
     bool orthographic = false;
     std::string colorScale = "Default 3D"; ///< key or display text of a built-in colour scale
@@ -26,14 +21,13 @@ struct SOptions {
     /// How many times heights are drawn higher than lengths; without it, what gives the surface a good shape.
     std::optional<double> zScale{};
     CommonUI::Analysis::ELevelling levelling = CommonUI::Analysis::ELevelling::None;
-    bool help = false;
 };
 
 /// How the program is called.
 extern const char* const c_usage;
 
 /// @param arguments without the program's name
-/// @throws EUsage
+/// @throws CommandLine::EUsage
 SOptions ParseOptions(std::span<const char* const> arguments);
 
 } // namespace SurfaceView

@@ -1,7 +1,9 @@
 #include "programs/surface_view/Program.h"
 
 #include "formats/SurfaceReader.h"
+#include "programs/command_line/CommandLine.h"
 #include "programs/surface_view/ColorTable.h"
+#include "programs/surface_view/Decimate.h"
 #include "programs/surface_view/Drawing.h"
 #include "programs/surface_view/Options.h"
 #include "programs/surface_view/Picture.h"
@@ -75,7 +77,7 @@ SScene MakeScene(const SOptions& options, SSize size, int scale, const CFont& fo
                 MakeLayout(box, direction, options.orthographic, TextOf(surface, box), size, scale, font)};
 }
 
-void Run(const SOptions& options, std::ostream& out, const CContextMaker& makeContext)
+void Run(const SOptions& options, std::ostream& out, const FContextMaker& makeContext)
 {
     const int scale = SuitableScale(options.size);
     const SSize size{.cx = options.size.cx * scale, .cy = options.size.cy * scale};
@@ -97,7 +99,7 @@ void Run(const SOptions& options, std::ostream& out, const CContextMaker& makeCo
 } // namespace
 
 int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::ostream& err,
-               const CContextMaker& makeContext)
+               const FContextMaker& makeContext)
 {
     return CommandLine::Run("surface_view", err, [&] {
         const SOptions options = ParseOptions(arguments);

@@ -12,7 +12,7 @@ namespace SurfaceView
 {
 
 /// Makes the context that is drawn into: Offscreen::CContext::Make, or what stands in for it.
-using CContextMaker =
+using FContextMaker =
     std::function<std::unique_ptr<Offscreen::CContext>(int width, int height, std::string& reason)>;
 
 /// The program behind its main function.
@@ -20,6 +20,6 @@ using CContextMaker =
 /// @param err receives one line for what is wrong
 /// @return the exit status: 0, or 1 for a reason that `err` was told; there is no new picture then
 int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::ostream& err,
-               const CContextMaker& makeContext = Offscreen::CContext::Make);
+               const FContextMaker& makeContext = Offscreen::CContext::Make);
 
 } // namespace SurfaceView

@@ -54,28 +54,3 @@ TEST(GaussianFilter, AveragesThePointsThatThereAre)
         }
     }
 }
-
-TEST(GaussianFilter, TransmissionOfSines)
-{
-    constexpr std::size_t c_points = 4000;
-    constexpr double c_cutoff = 200;
-    const CGaussianFilter filter(c_points, c_cutoff);
-    for (const double period : {100.0, 200.0, 400.0, 800.0}) {
-        std::vector<double> sine;
-        for (std::size_t i = 0; i < c_points; ++i)
-            sine.push_back(std::cos(2 * std::numbers::pi * (static_cast<double>(i) - 2000) / period));
-        // ISO 16610-21: exp(-π (α λc / λ)²), which is a half to the square of the ratio
-        const double expected = std::pow(0.5, c_cutoff * c_cutoff / (period * period));
-        EXPECT_NEAR(filter.ComputeMeanLine(sine)[2000], expected, 3e-7) << period;
-    }
-}
-
-TEST(GaussianFilter, LeavesALevelLineExactly)
-{
-    std::vector<double> heights(100, 0.1);
-    heights[3] = c_missing;
-    const std::vector<double> line = CGaussianFilter(100, 20).ComputeMeanLine(heights);
-    EXPECT_TRUE(std::isnan(line[3]));
-    EXPECT_EQ(line[99], 0.1);
-    EXPECT_TRUE(std::isnan(CGaussianFilter(1, 1).ComputeMeanLine(std::vector{c_missing})[0]));
-}

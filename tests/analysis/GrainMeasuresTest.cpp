@@ -278,35 +278,15 @@ TEST(Neighbours, AreThoseOfTheDefinition)
             positions.push_back(make(static_cast<double>(i)));
         return positions;
     };
+    const auto at = [](double x, double y) { return SPosition{x, y}; };
     const std::vector<SPosition> sets[] = {
-        fill(2,
-             [&](double i) {
-                 return SPosition{i, -i};
-             }),
-        fill(500,
-             [&](double) {
-                 return SPosition{real(1), real(1)};
-             }),
-        fill(500,
-             [&](double) {
-                 return SPosition{1e-6 + real(1e-4), 3};
-             }),
-        fill(500,
-             [&](double i) {
-                 return SPosition{3, i * i};
-             }),
-        fill(500,
-             [&](double i) {
-                 return SPosition{i < 3 ? 1e3 * i : real(1), i < 3 ? 700 : real(0.01)};
-             }),
-        fill(400,
-             [&](double i) {
-                 return SPosition{std::fmod(i, 20), std::floor(i / 20)};
-             }), // all at several
-        fill(5,
-             [&](double) {
-                 return SPosition{7, 7};
-             }),
+        fill(2, [&](double i) { return at(i, -i); }),
+        fill(500, [&](double) { return at(real(1), real(1)); }),
+        fill(500, [&](double) { return at(1e-6 + real(1e-4), 3); }),
+        fill(500, [&](double i) { return at(3, i * i); }),
+        fill(500, [&](double i) { return i < 3 ? at(1e3 * i, 700) : at(real(1), real(0.01)); }),
+        fill(400, [&](double i) { return at(std::fmod(i, 20), std::floor(i / 20)); }), // all at several
+        fill(5, [&](double) { return at(7, 7); }),
     };
     for (const auto& set : sets) {
         const auto neighbours = FindNeighbours(set);

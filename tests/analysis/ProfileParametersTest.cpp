@@ -131,17 +131,3 @@ TEST(ProfileParameters, MissingPoints)
     ExpectValues(ComputeProfile(MakeProfile(100, [](double x) { return 0.1 * x; }), c_dx),
                  {{"4287Pq", 0}, {"4287Psk", c_undefined}, {"4287PSm", c_undefined}, {"4287Pdq", 0}});
 }
-
-TEST(ProfileParameters, TableOfLines)
-{
-    const SSurface surface =
-        MakeSurface(50, 33, [](double x, double y) { return 1e-9 * (y + 1) * Wave(x, 10); });
-    const auto table = ComputeProfiles(surface);
-    const auto line = ComputeProfile(surface.GetLine(32), surface.dx);
-    ASSERT_EQ(table.size(), line.size());
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        EXPECT_EQ(table[i].key, line[i].key);
-        ASSERT_EQ(table[i].values.size(), 33u);
-        ExpectValues({{table[i].key, table[i].values[32]}}, {line[i]});
-    }
-}

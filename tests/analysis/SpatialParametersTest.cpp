@@ -1,5 +1,4 @@
-#include "analysis/areal/SpatialParameters.h"
-
+#include "analysis/areal/ArealParameters.h"
 #include "analysis/areal/Autocorrelation.h"
 #include "tests/analysis/TestSurfaces.h"
 
@@ -11,6 +10,8 @@ using namespace CommonUI::Analysis;
 
 namespace
 {
+
+constexpr std::string_view c_keys[] = {"Sal", "Str", "Std", "Scl20", "Scl37", "Str20", "Str37"};
 
 double Cosine(double x, double period)
 {
@@ -70,7 +71,7 @@ TEST(SpatialParameters, ProductOfCosines)
         surface.dy = row.dy;
         const double x = row.periodX * surface.dx;
         const double y = row.periodY * surface.dy;
-        const auto values = ComputeSpatial(surface, 3e-3);
+        const auto values = ComputeAreal(surface, c_keys);
         const double turn20 = std::acos(0.20) / (2 * std::numbers::pi);
         const double turn37 = std::acos(0.37) / (2 * std::numbers::pi);
         for (const char* key : {"Sal", "Scl20"})
@@ -92,7 +93,7 @@ TEST(SpatialParameters, DirectionOfWaves)
                 return 1e-7 * Cosine(along, 12.5) + 2e-8 * Cosine(x + y, 5);
             });
             surface.dy = dy;
-            const double error = Get(ComputeSpatial(surface, 0), "Std") - degrees;
+            const double error = Get(ComputeAreal(surface, c_keys), "Std") - degrees;
             EXPECT_NEAR(std::remainder(error, 180), 0, 0.05) << degrees << " dy " << dy;
         }
 }
@@ -110,7 +111,7 @@ TEST(SpatialParameters, DirectionOfOneWaveAtAnyAngle)
                 const double along = x * std::cos(degrees * pi / 180) + y * std::sin(degrees * pi / 180);
                 return Cosine(along / 9.7 + phase, 1);
             });
-            const double error = Get(ComputeSpatial(surface, 0), "Std") - degrees;
+            const double error = Get(ComputeAreal(surface, c_keys), "Std") - degrees;
             EXPECT_NEAR(std::remainder(error, 180), 0, 0.05)
                 << degrees << " of " << points << " by " << lines;
         }
@@ -143,10 +144,18 @@ TEST(SpatialParameters, GaussianAutocorrelation)
         return smooth(
             (static_cast<std::size_t>(y) + c_reach) * c_wide + static_cast<std::size_t>(x) + c_reach, c_wide);
     });
-    const auto parameters = ComputeSpatial(surface, 0);
+    const auto parameters = ComputeAreal(surface, c_keys);
     EXPECT_NEAR(Get(parameters, "Sal"), c_length * 1e-6 * std::sqrt(-2 * std::log(0.20)), 0.01 * 5.4e-6);
     EXPECT_NEAR(Get(parameters, "Scl37"), c_length * 1e-6 * std::sqrt(-2 * std::log(0.37)), 0.01 * 4.2e-6);
     EXPECT_NEAR(Get(parameters, "Str"), 1, 0.03);
+}
+
+TEST(SpatialParameters, PowerCountsWithTheFrequency)
+{
+    const SSurface surface = MakeSurface(200, 200, [](double x, double y) {
+        return 2 * Cosine(x, 50) + Cosine(y, 5); // four times the power at a tenth of the frequency
+    });
+    EXPECT_NEAR(std::abs(Get(ComputeAreal(surface, c_keys), "Std")), 90, 0.1);
 }
 
 TEST(SpatialParameters, WhatIsNotReachedIsNaN)
@@ -155,13 +164,12 @@ TEST(SpatialParameters, WhatIsNotReachedIsNaN)
     const auto grating = [](double x, double) { return Cosine(x, 16); };
     const auto longWave = [](double x, double y) { return Cosine(x, 640) * Cosine(y, 640); };
     const auto flat = [](double, double) { return 0.0; };
-    const auto ofGrating = ComputeSpatial(MakeSurface(128, 64, grating), 0);
+    const auto ofGrating = ComputeAreal(MakeSurface(128, 64, grating), c_keys);
     EXPECT_NEAR(Get(ofGrating, "Sal"), 16e-6 * std::acos(0.2) / (2 * std::numbers::pi), 0.1e-6);
     ExpectValues(ofGrating, {{"Str", nan}, {"Str37", nan}});
-    ExpectValues(ComputeSpatial(MakeSurface(64, 64, longWave), 0), {{"Sal", nan}, {"Scl37", nan}});
+    EXPECT_TRUE(std::isnan(CAutocorrelation(MakeSurface(64, 64, longWave), 0).ComputeDecay(0.37).shortest));
     for (const SSurface& surface :
-         {MakeSurface(64, 64, flat), MakeSurface(64, 1, grating), MakeSurface(1, 1, flat),
-          MakeSurface(0, 0, flat), MakeSurface(8, 8, [](double, double) { return c_missing; })})
-        for (const SValue& value : ComputeSpatial(surface, 0))
+         {MakeSurface(64, 64, flat), MakeSurface(64, 1, grating), MakeSurface(1, 1, flat)})
+        for (const SValue& value : ComputeAreal(surface, c_keys))
             EXPECT_TRUE(std::isnan(value.value)) << value.key << " of " << surface.points;
 }

@@ -58,8 +58,8 @@ double GetWeightedMean(const SSurface& surface, std::size_t at, const SKernel& k
     return sum / weights;
 }
 
-template<class CValue>
-void ExpectEach(const SSurface& actual, const SSurface& original, double tolerance, const CValue& value)
+template<class FValue>
+void ExpectEach(const SSurface& actual, const SSurface& original, double tolerance, const FValue& value)
 {
     for (std::size_t i = 0; i < original.heights.size(); ++i) {
         if (std::isnan(original.heights[i]))
@@ -85,7 +85,7 @@ struct SChange {
 
 // Whether a filter gives a surface back as it was before some changes: the changed points within the
 // tolerance, all others exactly.
-void ExpectUndone(const SSurface& surface, const std::vector<SChange>& changes, const TSurfaceFilter& filter,
+void ExpectUndone(const SSurface& surface, const std::vector<SChange>& changes, const CSurfaceFilter& filter,
                   double tolerance)
 {
     SSurface changed = surface;
@@ -115,7 +115,7 @@ TEST(SurfaceFilter, MedianIsThatOfTheWindow)
 TEST(SurfaceFilter, KernelsWeighTheWindow)
 {
     const SSurface surface = MakeRandom(40, 30, 1000, 5);
-    const auto expectMeans = [&](const TSurfaceFilter& filter, const SKernel& kernel) {
+    const auto expectMeans = [&](const CSurfaceFilter& filter, const SKernel& kernel) {
         ExpectEach(Filter(surface, filter).value(), surface, 1e-20,
                    [&](std::size_t i) { return GetWeightedMean(surface, i, kernel); });
     };
@@ -228,7 +228,7 @@ TEST(SurfaceFilter, RemovesStreaksOfItsKind)
 
 TEST(SurfaceFilter, LeavesALevelSurfaceAndMissingPoints)
 {
-    const TSurfaceFilter filters[] = {SMeanFilter{9, 9},
+    const CSurfaceFilter filters[] = {SMeanFilter{9, 9},
                                       SGaussianSmoothing{9, 241, 2},
                                       SKernel{3, 1, {1, 2, 4}},
                                       SKernel{3, 1, {-1, 3, -1}},
@@ -240,10 +240,10 @@ TEST(SurfaceFilter, LeavesALevelSurfaceAndMissingPoints)
                                       SIsoGaussianFilter{EGaussianExtent::Areal, EPass::Low, 10e-6}};
     SSurface level =
         MakeSurface(40, 30, [](double x, double y) { return x < 3 || x == y ? c_missing : 0.1; });
-    for (const TSurfaceFilter& filter : filters)
+    for (const CSurfaceFilter& filter : filters)
         ExpectEach(Filter(level, filter).value(), level, 0, [](std::size_t) { return 0.1; });
     for (const auto& [points, lines] : {std::pair{1, 1}, {1, 9}, {9, 1}, {2, 2}, {0, 0}})
-        for (const TSurfaceFilter& filter : filters) {
+        for (const CSurfaceFilter& filter : filters) {
             SSurface surface = MakeSurface(static_cast<std::size_t>(points), static_cast<std::size_t>(lines),
                                            [](double x, double y) { return x - y; });
             EXPECT_EQ(Filter(surface, filter).has_value(), FindRefusal(surface, filter).empty());
@@ -255,7 +255,7 @@ TEST(SurfaceFilter, LeavesALevelSurfaceAndMissingPoints)
 TEST(SurfaceFilter, RefusesWhatDoesNotSuitTheSurface)
 {
     struct SRow {
-        TSurfaceFilter filter;
+        CSurfaceFilter filter;
         std::string_view reason;
     };
     const auto iso = [](EGaussianExtent extent, double cutoff, double share = 0) {

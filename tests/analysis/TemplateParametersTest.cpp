@@ -1,11 +1,9 @@
 #include "analysis/areal/TemplateParameters.h"
 
-#include "analysis/areal/ArealParameters.h"
 #include "tests/analysis/TestSurfaces.h"
 
 #include <cmath>
 #include <numbers>
-#include <random>
 
 using namespace CommonUI::Analysis;
 
@@ -43,23 +41,6 @@ TEST(TemplateParameters, OfARamp)
         ExpectValues({{row.key, ComputeTemplate(surface, row.key, row.values)}}, {{row.key, row.expected}});
     surface.heights.assign(1001, c_missing);
     EXPECT_TRUE(std::isnan(ComputeTemplate(surface, "Smr", std::vector{0.0})));
-}
-
-TEST(TemplateParameters, AgreeWithTheParametersOfTheSameKind)
-{
-    std::mt19937 random(5);
-    const SSurface surface =
-        MakeSurface(60, 40, [&](double, double) { return 1e-9 * static_cast<double>(random() % 9973); });
-    const auto areal = ComputeAreal(surface);
-    const auto get = [&](const char* key, std::vector<double> values) {
-        return ComputeTemplate(surface, key, values);
-    };
-    ExpectValues(areal, {{"Vmp", get("Vm", {10})},
-                         {"Vvv", get("Vv", {80})},
-                         {"Vvc", get("Vv", {10}) - get("Vv", {80})},
-                         {"Sxp", get("Smc", {2.5}) - get("Sch", {50})},
-                         {"Sdc50_95", get("Sdc", {50, 95})},
-                         {"Sp", get("Smc", {0})}});
 }
 
 TEST(TemplateParameters, OfLines)

@@ -11,8 +11,8 @@ namespace CommonUI::Analysis
 
 inline constexpr double c_dx = 1e-6;
 
-template<class CHeight>
-std::vector<double> MakeProfile(std::size_t points, const CHeight& getHeight)
+template<class FHeight>
+std::vector<double> MakeProfile(std::size_t points, const FHeight& getHeight)
 {
     return MakeSurface(points, 1, [&](double x, double) { return getHeight(x); }).heights;
 }

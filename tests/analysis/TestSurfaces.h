@@ -12,8 +12,8 @@ namespace CommonUI::Analysis
 {
 
 /// A surface with points 1 µm apart whose heights the function gives from column and row.
-template<class CHeight>
-SSurface MakeSurface(std::size_t points, std::size_t lines, const CHeight& getHeight)
+template<class FHeight>
+SSurface MakeSurface(std::size_t points, std::size_t lines, const FHeight& getHeight)
 {
     SSurface surface{.points = points, .lines = lines, .dx = 1e-6, .dy = 1e-6};
     for (std::size_t y = 0; y < lines; ++y)

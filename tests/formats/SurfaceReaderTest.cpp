@@ -20,7 +20,7 @@ const std::string c_matrix = "# Channel: Z\n# Width: 3.00 um\n# Height: 2.00 um\
 class SurfaceReader : public testing::Test
 {
 protected:
-    SSurface Read(const std::string& content, const CProgress& progress = {})
+    SSurface Read(const std::string& content, const FProgress& progress = {})
     {
         m_folder.Write("a.sdf", content);
         return ReadSurface(GetPath() / "a.sdf", progress);

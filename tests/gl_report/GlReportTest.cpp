@@ -25,7 +25,7 @@ struct SAnswer {
 };
 
 SAnswer RunReport(const std::vector<const char*>& arguments,
-                  const GlReport::CContextMaker& makeContext = Offscreen::CContext::Make)
+                  const GlReport::FContextMaker& makeContext = Offscreen::CContext::Make)
 {
     std::ostringstream out;
     std::ostringstream err;
@@ -90,7 +90,7 @@ TEST(GlReportProgram, WhatGoesWrongIsSaidInOneLine)
 {
     const struct {
         std::vector<const char*> arguments;
-        GlReport::CContextMaker makeContext;
+        GlReport::FContextMaker makeContext;
         int status;
         const char* err;
     } rows[]{

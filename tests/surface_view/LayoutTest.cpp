@@ -118,6 +118,18 @@ TEST(Layout, NothingOverlapsAndAllIsInThePicture)
     }
 }
 
+TEST(Layout, EveryAxisThatIsSeenHasMarksAndAName)
+{
+    const CFont font;
+    for (const SLook& look : {c_looks[0], c_looks[1], c_looks[3], c_looks[8]}) {
+        const SLayout layout = MakeLayout(c_box, look.direction, look.orthographic, {}, {900, 600}, 1, font);
+        for (const SAxis& axis : layout.axes)
+            EXPECT_GE(axis.ticks.size(), 2u) << look.direction.azimuth;
+        for (const char16_t* name : {u"x / µm", u"y / µm"})
+            EXPECT_EQ(std::ranges::count(layout.labels, name, &SLabel::text), 1) << look.direction.azimuth;
+    }
+}
+
 TEST(Layout, TitleOfAnyLengthIsCutToTheWidthOfThePicture)
 {
     const CFont font;

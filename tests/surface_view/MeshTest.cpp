@@ -1,5 +1,7 @@
 #include "programs/surface_view/Mesh.h"
 
+#include "programs/surface_view/Decimate.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,5 +1,6 @@
 #include "programs/surface_view/Options.h"
 
+#include "programs/command_line/CommandLine.h"
 #include "tests/TestData.h"
 
 #include <gtest/gtest.h>
@@ -39,7 +40,7 @@ TEST(Options, WhatCannotBeUnderstoodIsRefused)
         try {
             ParseOptions(arguments);
             ADD_FAILURE() << row;
-        } catch (const EUsage& error) {
+        } catch (const CommandLine::EUsage& error) {
             EXPECT_EQ(error.what(), cells[1]);
         }
     }

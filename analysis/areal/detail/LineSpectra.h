@@ -18,7 +18,7 @@ namespace CommonUI::Analysis
 class CLineSpectra
 {
 public:
-    using TComplex = CFourierTransform::TComplex;
+    using CComplex = CFourierTransform::CComplex;
 
     /// Whether the heights fade towards the edges of the surface (Hann window in both directions), so that
     /// the edges are not taken for texture.
@@ -36,20 +36,20 @@ public:
     std::size_t GetLines() const { return m_lines; }
 
     /// The values of all lines at one frequency; the rest of a longer column becomes 0.
-    void GetColumn(std::size_t frequency, std::span<TComplex> column) const;
+    void GetColumn(std::size_t frequency, std::span<CComplex> column) const;
     /// Replaces the first lines' values at one frequency.
-    void SetColumn(std::size_t frequency, std::span<const TComplex> column);
+    void SetColumn(std::size_t frequency, std::span<const CComplex> column);
     /// Transforms two lines back, into the real and the imaginary parts; multiplied by the size.
     /// @param second beyond the last line it counts as 0
     /// @param values as many as the size
-    void TransformBack(std::size_t first, std::size_t second, std::span<TComplex> values) const;
+    void TransformBack(std::size_t first, std::size_t second, std::span<CComplex> values) const;
 
 private:
-    void SetLines(std::size_t first, std::span<const TComplex> transformed);
+    void SetLines(std::size_t first, std::span<const CComplex> transformed);
 
     std::size_t m_lines;
     CFourierTransform m_transform;
-    std::vector<TComplex> m_values; // line after line
+    std::vector<CComplex> m_values; // line after line
 };
 
 } // namespace CommonUI::Analysis

@@ -10,13 +10,13 @@ namespace CommonUI::Analysis
 {
 
 /// Several sums that run side by side.
-template<std::size_t count>
+template<std::size_t Count>
 struct SSums {
-    std::array<double, count> values{};
+    std::array<double, Count> values{};
 
     SSums& operator+=(const SSums& other)
     {
-        for (std::size_t i = 0; i < count; ++i)
+        for (std::size_t i = 0; i < Count; ++i)
             values[i] += other.values[i];
         return *this;
     }
@@ -25,8 +25,8 @@ struct SSums {
 
 /// Σ term(i) for i in [first, last), summed by halves so that the rounding error grows with the logarithm
 /// of the count. The terms are numbers or SSums.
-template<class CTerm>
-auto PairwiseSum(std::size_t first, std::size_t last, const CTerm& term) -> decltype(term(first))
+template<class FTerm>
+auto PairwiseSum(std::size_t first, std::size_t last, const FTerm& term) -> decltype(term(first))
 {
     constexpr std::size_t c_plain = 128;
     if (last - first > c_plain) {
@@ -40,8 +40,8 @@ auto PairwiseSum(std::size_t first, std::size_t last, const CTerm& term) -> decl
 }
 
 /// Σ term(z) over the heights z that are not missing.
-template<class CTerm>
-auto SumValid(std::span<const double> heights, const CTerm& term) -> decltype(term(0.0))
+template<class FTerm>
+auto SumValid(std::span<const double> heights, const FTerm& term) -> decltype(term(0.0))
 {
     return PairwiseSum(0, heights.size(), [&](std::size_t i) {
         return std::isnan(heights[i]) ? decltype(term(0.0)){} : term(heights[i]);

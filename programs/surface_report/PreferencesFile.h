@@ -5,8 +5,6 @@
 #include "model/AnalysisPreferencesManager.h"
 #include "settings/factory/SettingsFactory.h"
 
-#include <string>
-
 namespace SurfaceReport
 {
 
@@ -37,18 +35,5 @@ private:
     bool m_needsSaving = false;
     bool m_usesSettings = false;
 };
-
-/// Makes one change:
-/// - `Sa=on`, `Sa=off`: a parameter of the analyses, or a statistic, by key
-/// - `Fractile=on:95`: a percentile with its value
-/// - `Sch=on:95`: a parameter of its own from a template, with the values of its variables, in m or percent;
-///   `Sch=off` removes them all
-/// - `Sq.unit=um`, `Sq.format=Digits:4`, `Decimals:3` or `Integer`: how values are shown, those of parameters
-///   made from a template as well
-///
-/// It applies to every analysis that has the key: image roughness, profile roughness and grains. Where a key
-/// is that of a parameter and of a statistic, `statistic.Count=off` means the statistic.
-/// @throws EUsage
-void EditPreferences(CommonUI::CAnalysisPreferencesManager& manager, const std::string& change);
 
 } // namespace SurfaceReport

@@ -1,4 +1,4 @@
-#include "programs/surface_report/Processing.h"
+#include "measurement/ApplySteps.h"
 
 #include "tests/analysis/TestSurfaces.h"
 
@@ -8,7 +8,7 @@
 using namespace CommonUI;
 using CommonUI::Analysis::MakeSurface;
 using CommonUI::Analysis::SSurface;
-using SurfaceReport::SStep;
+using CommonUI::Measurement::SStep;
 
 namespace
 {
@@ -16,14 +16,14 @@ namespace
 // The heights of the line in the middle after the step was applied.
 std::vector<double> MiddleLine(SSurface surface, const decltype(SStep::settings)& settings)
 {
-    SurfaceReport::Apply({.userSpec = {}, .name = {}, .settings = settings}, surface);
+    CommonUI::Measurement::Apply({.userSpec = {}, .name = {}, .settings = settings}, surface);
     const auto line = surface.GetLine(surface.lines / 2);
     return {line.begin(), line.end()};
 }
 
 } // namespace
 
-TEST(Processing, SetsDoWhatTheySay)
+TEST(ApplySteps, SetsDoWhatTheySay)
 {
     using enum EFilterApplication;
     using enum EFilterPolarity;
@@ -98,7 +98,7 @@ TEST(Processing, SetsDoWhatTheySay)
     }
 }
 
-TEST(Processing, HalfTheAmplitudePassesAtTheCutoffOfEveryRule)
+TEST(ApplySteps, HalfTheAmplitudePassesAtTheCutoffOfEveryRule)
 {
     constexpr double wavelength = 8; // points of 1 µm
     const SSurface wave = MakeSurface(

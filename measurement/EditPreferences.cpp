@@ -1,17 +1,14 @@
-#include "programs/surface_report/Preferences.h"
+#include "measurement/EditPreferences.h"
 
 #include "common/NumberText.h"
-#include "programs/surface_report/Reason.h"
+#include "measurement/Request.h"
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <stdexcept>
 
-namespace SurfaceReport
+namespace CommonUI::Measurement
 {
 
-using namespace CommonUI;
 using EFormat = CParameter::EFormatSpecifier;
 using CList = std::vector<CParameter>;
 
@@ -22,39 +19,39 @@ constexpr EAnalysis c_analyses[] = {EAnalysis::Roughness, EAnalysis::RoughnessPr
 
 // A change taken apart: `subject.aspect=value:arguments`.
 struct SChange {
-    std::string text; // as given, for messages
+    CStr text; // as given, for messages
     CStr subject{};
-    std::string aspect{}; // "unit", "format", or empty
-    std::string value{};
-    std::vector<std::string> arguments{};
+    CStr aspect{}; // "unit", "format", or empty
+    CStr value{};
+    std::vector<CStr> arguments{};
     bool statistic = false; // the subject is a statistic for sure
 
-    [[noreturn]] void Fail(const std::string& reason) const { throw EUsage("--set " + text + ": " + reason); }
+    [[noreturn]] void Fail(const CStr& reason) const { throw ERequest(text, reason); }
 };
 
-SChange ParseChange(const std::string& text)
+SChange ParseChange(const CStr& text)
 {
-    constexpr std::string_view statistic = "statistic.";
+    constexpr std::u16string_view statistic = u"statistic.";
     SChange change{.text = text};
-    std::string_view left = std::string_view(text).substr(0, text.find('='));
-    if (left.size() == text.size())
-        change.Fail("it has the form KEY=VALUE");
-    const auto right = Split(std::string_view(text).substr(left.size() + 1), ':');
+    std::u16string_view left = text.View().substr(0, text.Find(u'='));
+    if (left.size() == text.GetLength())
+        change.Fail(u"it has the form KEY=VALUE");
+    const std::vector<CStr> right = text.Mid(left.size() + 1).Split(u":");
     change.value = right.front();
     if (right.size() > 1)
-        change.arguments = Split(right[1], ',');
+        change.arguments = right[1].Split(u",");
     if (right.size() > 2)
-        change.Fail("it has one colon too many");
+        change.Fail(u"it has one colon too many");
     change.statistic = left.starts_with(statistic);
     if (change.statistic)
         left.remove_prefix(statistic.size());
-    for (const std::string_view aspect : {".unit", ".format"}) {
+    for (const std::u16string_view aspect : {u".unit", u".format"}) {
         if (left.ends_with(aspect)) {
             change.aspect = aspect.substr(1);
             left.remove_suffix(aspect.size());
         }
     }
-    change.subject = CStr::FromUtf8(left);
+    change.subject = left;
     return change;
 }
 
@@ -66,17 +63,17 @@ bool IsWithin(double number, double lower, double upper)
 
 bool OnOff(const SChange& change)
 {
-    if (change.value != "on" && change.value != "off")
-        change.Fail("the value is on or off");
-    return change.value == "on";
+    if (change.value != u"on" && change.value != u"off")
+        change.Fail(u"the value is on or off");
+    return change.value == u"on";
 }
 
 std::vector<double> Numbers(const SChange& change)
 {
     std::vector<double> numbers;
-    for (const std::string& argument : change.arguments) {
-        if (!ParseDouble(CStr::FromUtf8(argument), numbers.emplace_back()) || !std::isfinite(numbers.back()))
-            change.Fail("\"" + argument + "\" is no number");
+    for (const CStr& argument : change.arguments) {
+        if (!ParseDouble(argument, numbers.emplace_back()) || !std::isfinite(numbers.back()))
+            change.Fail(u"\"" + argument + u"\" is no number");
     }
     return numbers;
 }
@@ -84,22 +81,21 @@ std::vector<double> Numbers(const SChange& change)
 void RefuseArguments(const SChange& change)
 {
     if (!change.arguments.empty())
-        change.Fail("it takes no values");
+        change.Fail(u"it takes no values");
 }
 
 CParameter::SFormatSpecifier FormatOf(const SChange& change, CParameter::SFormatSpecifier format)
 {
     const auto& kinds = GetFormatSpecifierEnum();
-    const auto kind =
-        std::ranges::find(kinds, CStr::FromUtf8(change.value), &CEnumValue<int>::GetFriendlyString);
+    const auto kind = std::ranges::find(kinds, change.value, &CEnumValue<int>::GetFriendlyString);
     if (kind == kinds.end())
-        change.Fail("the format is Decimals, Digits or Integer");
+        change.Fail(u"the format is Decimals, Digits or Integer");
     format.type = static_cast<EFormat>(kind->GetValue());
     const std::vector<double> counts = Numbers(change);
     if (counts.empty())
         return format;
     if (counts.size() > 1 || !IsWithin(counts[0], 1, 12) || counts[0] != std::floor(counts[0]))
-        change.Fail("the count of a format is 1 to 12");
+        change.Fail(u"the count of a format is 1 to 12");
     format.count = static_cast<int>(counts[0]);
     return format;
 }
@@ -109,8 +105,11 @@ CUnit::EUnitFactor UnitOf(const SChange& change, const CParameter& parameter)
     RefuseArguments(change);
     const CUnit metre(CUnit::EUnitFactor::Unity);
     if (CParameter::GetScalingsList(parameter.GetDimension(), {metre, metre, metre}).empty())
-        change.Fail("the parameter is no length, area or volume");
-    return ParseUnit("--set " + change.text, change.value);
+        change.Fail(u"the parameter is no length, area or volume");
+    CUnit unit;
+    if (!CUnit::ParseLength(change.value, unit))
+        change.Fail(u"\"" + change.value + u"\" is no unit of length");
+    return unit.GetFactor();
 }
 
 bool IsInstance(const CParameter& parameter, const CParameter& parent, const std::vector<double>& values)
@@ -140,7 +139,7 @@ void EditTemplate(CAnalysisPreferencesManager& manager, EAnalysis analysis, cons
         auto* roughness = dynamic_cast<CRoughnessAnalysisPreferencesData*>(copy.get());
         const auto id = static_cast<ERoughnessParameters>(parent.GetValue());
         if (!roughness || roughness->AddTemplateInstance(id, values) == CParameter::c_noParent)
-            change.Fail("it takes " + std::to_string(parent.GetVariableCount()) + " values");
+            change.Fail(CStr::Format(u"it takes %d values", parent.GetVariableCount()));
         list = roughness->GetParameters();
     }
     manager.SetDataParameters(analysis, list);
@@ -148,9 +147,9 @@ void EditTemplate(CAnalysisPreferencesManager& manager, EAnalysis analysis, cons
 
 void EditEntry(CParameter& entry, const SChange& change)
 {
-    if (change.aspect == "unit")
+    if (change.aspect == u"unit")
         entry.SetUnitFactor(UnitOf(change, entry));
-    else if (change.aspect == "format")
+    else if (change.aspect == u"format")
         entry.SetFloatFormat(FormatOf(change, entry.GetFloatFormat()));
     else
         entry.SetOn(OnOff(change));
@@ -163,11 +162,11 @@ bool EditParameters(CAnalysisPreferencesManager& manager, EAnalysis analysis, co
     const auto found = std::ranges::find(list, change.subject, &CParameter::GetIniName);
     if (found == list.end())
         return false;
-    if (change.aspect.empty() && found->IsTemplate()) {
+    if (change.aspect.IsEmpty() && found->IsTemplate()) {
         EditTemplate(manager, analysis, CParameter(*found), change);
         return true;
     }
-    if (change.aspect.empty())
+    if (change.aspect.IsEmpty())
         RefuseArguments(change);
     const int base = found->GetBaseValue();
     for (CParameter& parameter : list) {
@@ -186,13 +185,13 @@ bool EditStatistics(CAnalysisPreferencesManager& manager, EAnalysis analysis, co
         list, [&](const CParameter& p) { return p.GetIniName().TrimRight() == change.subject.TrimRight(); });
     if (found == list.end())
         return false;
-    if (!change.aspect.empty())
-        change.Fail("a statistic has no unit and no format");
+    if (!change.aspect.IsEmpty())
+        change.Fail(u"a statistic has no unit and no format");
     found->SetOn(OnOff(change));
     const std::vector<double> values = Numbers(change);
     const bool isFractile = found->IsOn() && *found == static_cast<int>(EStatistics::Fractile);
     if (values.size() > (isFractile ? 1U : 0U) || (values.size() == 1 && !IsWithin(values[0], 0, 100)))
-        change.Fail("only Fractile=on takes a value, 0 to 100");
+        change.Fail(u"only Fractile=on takes a value, 0 to 100");
     if (values.size() == 1)
         found->SetVariableValue(values[0]);
     manager.SetDataStatistics(analysis, list);
@@ -201,7 +200,7 @@ bool EditStatistics(CAnalysisPreferencesManager& manager, EAnalysis analysis, co
 
 } // namespace
 
-void EditPreferences(CAnalysisPreferencesManager& manager, const std::string& change)
+void EditPreferences(CAnalysisPreferencesManager& manager, const CStr& change)
 {
     const SChange parsed = ParseChange(change);
     const auto editAll = [&](auto edit) {
@@ -212,36 +211,7 @@ void EditPreferences(CAnalysisPreferencesManager& manager, const std::string& ch
     };
     const bool found = (!parsed.statistic && editAll(EditParameters)) || editAll(EditStatistics);
     if (!found)
-        parsed.Fail("there is no parameter or statistic \"" + parsed.subject.ToUtf8() + "\"");
+        parsed.Fail(u"there is no parameter or statistic \"" + parsed.subject + u"\"");
 }
 
-CPreferencesFile::CPreferencesFile(const SOptions& options)
-{
-    if (options.preferences.empty())
-        return;
-    m_ini.SetFileName(options.preferences.u16string());
-    const bool exists = std::filesystem::exists(options.preferences);
-    if (const CReason reason; exists && !m_ini.Load())
-        reason.Fail();
-    m_factory.Load(m_ini);
-    m_ini.SelectSection(c_section);
-    if (exists)
-        m_manager.Load(m_ini);
-    for (const std::string& change : options.sets)
-        EditPreferences(m_manager, change);
-    m_usesSettings = !options.settings.empty();
-    m_needsSaving = !exists || !options.sets.empty() || m_usesSettings;
-}
-
-void CPreferencesFile::Save()
-{
-    if (!m_needsSaving)
-        return;
-    m_manager.Save(m_ini);
-    if (m_usesSettings)
-        m_factory.Save(m_ini);
-    if (const CReason reason; !m_ini.Save())
-        reason.Fail();
-}
-
-} // namespace SurfaceReport
+} // namespace CommonUI::Measurement

@@ -1,16 +1,14 @@
-#include "programs/surface_report/Report.h"
+#include "measurement/ReportTables.h"
 
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
-#include "programs/surface_report/AlignedText.h"
 
 #include <algorithm>
 #include <string_view>
 
-namespace SurfaceReport
+namespace CommonUI::Measurement
 {
 
-using namespace CommonUI;
 using CGrid = CGridBaseOutputCtrl;
 using SCell = CGrid::SCellInfo;
 
@@ -54,20 +52,20 @@ CStr HeaderOf(const CParameter& parameter)
     return symbol + u"\r\n" + GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard());
 }
 
-void FillRows(CGrid& grid, const SContent& content)
+void FillRows(CGrid& grid, const SResults& results)
 {
-    grid.SetNameHeader(content.rowName);
+    grid.SetNameHeader(results.rowName);
     CGrid::SRow units{.name = u"Unit", .cells = {}, .subHeader = true};
-    for (const SColumn& column : content.columns) {
+    for (const SColumn& column : results.columns) {
         grid.AddColumn({HeaderOf(column.parameter), {}});
         units.cells.push_back(column.GetUnitText());
     }
     grid.AddRow(units);
-    const std::size_t count = content.columns.front().values.size();
+    const std::size_t count = results.columns.front().values.size();
     grid.ReserveRows(count + 1);
     for (std::size_t i = 0; i < count; ++i) {
         CGrid::SRow row{.name = CStr::Format(u"%d", i + 1), .cells = {}};
-        for (const SColumn& column : content.columns)
+        for (const SColumn& column : results.columns)
             row.cells.push_back(column.GetText(column.values[i]));
         grid.AddRow(std::move(row));
     }
@@ -90,23 +88,19 @@ CStr StatisticName(const CParameter& statistic)
     return CStr::Format(u"%s %G %%", statistic.GetFriendlyString(), statistic.GetVariableValue());
 }
 
-void FillStatistics(CGrid& grid, const SContent& content)
+void FillStatistics(CGrid& grid, const SResults& results)
 {
     grid.SetNameHeader(u"Statistic");
-    std::vector<std::vector<CommonUI::Analysis::SValue>> computed;
-    computed.reserve(content.columns.size());
-    for (const SColumn& column : content.columns) {
+    for (const SColumn& column : results.columns)
         grid.AddColumn({HeaderOf(column.parameter), {}});
-        computed.push_back(content.compute(column));
-    }
-    for (const CParameter& statistic : content.statistics) {
+    for (const CParameter& statistic : results.statistics) {
         const std::string key = statistic.GetIniName().ToUtf8();
         CGrid::SRow row{.name = StatisticName(statistic), .cells = {}};
-        for (std::size_t i = 0; i < content.columns.size(); ++i) {
-            const auto found = std::ranges::find(computed[i], key, &CommonUI::Analysis::SValue::key);
-            if (statistic.IsOn() && found != computed[i].end())
-                row.cells.push_back(StatisticText(
-                    content.columns[i], static_cast<EStatistics>(statistic.GetValue()), found->value));
+        for (const SColumn& column : results.columns) {
+            const auto found = std::ranges::find(column.statistics, key, &Analysis::SValue::key);
+            if (statistic.IsOn() && found != column.statistics.end())
+                row.cells.push_back(
+                    StatisticText(column, static_cast<EStatistics>(statistic.GetValue()), found->value));
         }
         if (!row.cells.empty())
             grid.AddRow(std::move(row));
@@ -145,32 +139,32 @@ std::string Joined(std::initializer_list<CStr> texts, std::string_view separator
 
 } // namespace
 
-CReport::CReport(const SContent& content, bool transpose)
-    : m_title(EscapeMarkup(OneLine(CStr::FromUtf8(content.title))).ToUtf8())
+CReportTables::CReportTables(const SResults& results, bool transpose)
+    : m_title(EscapeMarkup(OneLine(results.title)).ToUtf8())
     , m_transpose(transpose)
     , m_summary(SCell::Summary)
     , m_surface(SCell::Results)
     , m_rows(SCell::Results)
     , m_statistics(SCell::Statistics)
 {
-    for (const auto& [label, text] : content.summary)
+    for (const auto& [label, text] : results.summary)
         m_summary.AddRow({.name = label, .cells = {OneLine(text)}});
-    if (!content.surface.empty())
-        FillSurface(m_surface, content.surface);
-    if (!content.columns.empty()) {
-        FillRows(m_rows, content);
-        FillStatistics(m_statistics, content);
+    if (!results.surface.empty())
+        FillSurface(m_surface, results.surface);
+    if (!results.columns.empty()) {
+        FillRows(m_rows, results);
+        FillStatistics(m_statistics, results);
     }
 }
 
-std::string CReport::GetText() const
+std::string CReportTables::GetText() const
 {
     return "\xEF\xBB\xBF" + Joined({CGrid::GenerateText(&m_summary, &m_surface, nullptr, m_transpose),
                                     CGrid::GenerateText(nullptr, &m_rows, &m_statistics, m_transpose)},
                                    "\r\n");
 }
 
-std::string CReport::GetHtml() const
+std::string CReportTables::GetHtml() const
 {
     const CGrid summary = EscapedSummary(m_summary);
     CGrid::CCells profiles;
@@ -186,25 +180,4 @@ std::string CReport::GetHtml() const
            "\n</html>\n";
 }
 
-std::string CReport::GetTerminalText() const
-{
-    CGrid::CCells surface;
-    m_surface.GetGridHeaders(surface, SCell::Results);
-    m_surface.GetGridCells(surface, SCell::Results);
-
-    // Few statistics of many parameters: a line for each parameter fits a terminal.
-    CGrid::CCells statistics;
-    m_statistics.GetGridHeaders(statistics, SCell::Statistics);
-    CGrid::CCells profiles;
-    m_rows.GetGridCells(profiles, SCell::Results);
-    if (!profiles.empty())
-        statistics.push_back(profiles.front());
-    m_statistics.GetGridCells(statistics, SCell::Statistics);
-    CGrid::TransposeCells(statistics);
-
-    CGrid::CCells summary;
-    m_summary.GetGridCells(summary, SCell::Summary);
-    return Joined({AlignedText(summary), AlignedText(surface), AlignedText(statistics)}, "\n");
-}
-
-} // namespace SurfaceReport
+} // namespace CommonUI::Measurement

@@ -1,14 +1,12 @@
-#include "programs/surface_report/Processing.h"
+#include "measurement/ApplySteps.h"
 
 #include "analysis/filter/SurfaceFilter.h"
 #include "analysis/form/PlaneCorrection.h"
+#include "measurement/Request.h"
 
-#include <stdexcept>
-
-namespace SurfaceReport
+namespace CommonUI::Measurement
 {
 
-using namespace CommonUI;
 using namespace CommonUI::Analysis;
 
 namespace
@@ -26,7 +24,7 @@ struct SWindow {
     std::size_t rows;
 };
 
-TSurfaceFilter MedianOf(const SFilterSettings& settings, const SWindow& window)
+CSurfaceFilter MedianOf(const SFilterSettings& settings, const SWindow& window)
 {
     if (settings.kind == EFilterKind::Median && settings.strength == EFilterStrength::Full)
         return SMedianFilter{.columns = window.columns, .rows = window.rows};
@@ -48,9 +46,9 @@ SIsoGaussianFilter IsoGaussianOf(const SFilterSettings& settings, const SSurface
     return filter;
 }
 
-std::vector<TSurfaceFilter> StreakFiltersOf(const SFilterSettings& settings)
+std::vector<CSurfaceFilter> StreakFiltersOf(const SFilterSettings& settings)
 {
-    std::vector<TSurfaceFilter> filters;
+    std::vector<CSurfaceFilter> filters;
     const auto add = [&](bool isBright, EFilterPolarity other) {
         if (settings.polarity != other)
             filters.emplace_back(SStreakFilter{.isBright = isBright,
@@ -63,7 +61,7 @@ std::vector<TSurfaceFilter> StreakFiltersOf(const SFilterSettings& settings)
 }
 
 // The filters that do, one after the other, what the settings say.
-std::vector<TSurfaceFilter> FiltersOf(const SFilterSettings& settings, const SSurface& surface)
+std::vector<CSurfaceFilter> FiltersOf(const SFilterSettings& settings, const SSurface& surface)
 {
     const SWindow window{static_cast<std::size_t>(settings.columns), static_cast<std::size_t>(settings.rows)};
     switch (settings.kind) {
@@ -93,7 +91,7 @@ std::string_view ApplySettings(const SPlaneCorrectionSettings& settings, SSurfac
 
 std::string_view ApplySettings(const SFilterSettings& settings, SSurface& surface)
 {
-    for (const TSurfaceFilter& filter : FiltersOf(settings, surface)) {
+    for (const CSurfaceFilter& filter : FiltersOf(settings, surface)) {
         if (const std::string_view refusal = FindRefusal(surface, filter); !refusal.empty())
             return refusal;
         surface = *Filter(surface, filter);
@@ -108,7 +106,21 @@ void Apply(const SStep& step, SSurface& surface)
     const std::string_view refusal = std::visit(
         [&surface](const auto& settings) { return ApplySettings(settings, surface); }, step.settings);
     if (!refusal.empty())
-        throw std::runtime_error("--settings " + step.userSpec + ": " + std::string(refusal));
+        throw ERequest(step.userSpec, CStr::FromUtf8(refusal));
 }
 
-} // namespace SurfaceReport
+SInput Process(SSurface surface, ELevelling levelling, const std::vector<SStep>& steps)
+{
+    SInput input{.levelling = levelling};
+    if (!steps.empty())
+        input.raw = surface;
+    Level(surface, levelling);
+    for (const SStep& step : steps) {
+        Apply(step, surface);
+        input.steps.push_back(step.name);
+    }
+    input.surface = std::move(surface);
+    return input;
+}
+
+} // namespace CommonUI::Measurement

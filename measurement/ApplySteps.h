@@ -1,0 +1,32 @@
+#pragma once
+
+#include "../analysis/form/Levelling.h"
+#include "../analysis/surface/Surface.h"
+#include "../export/Export.h"
+#include "Steps.h"
+
+#include <optional>
+#include <vector>
+
+namespace CommonUI::Measurement
+{
+
+/// Applies the set of a step to a surface.
+/// @throws ERequest when it does not fit the surface
+COMMONUIMEASUREMENT_API void Apply(const SStep& step, Analysis::SSurface& surface);
+
+/// A surface and what was done to it.
+struct SInput {
+    Analysis::SSurface surface{}; ///< as it is analysed
+    /// As it was read, to be shown beside the other; only where steps were applied.
+    std::optional<Analysis::SSurface> raw{};
+    Analysis::ELevelling levelling = Analysis::ELevelling::None; ///< what was done first
+    std::vector<CStr> steps{}; ///< the names of what was applied then, in this order
+};
+
+/// Levels a surface and applies steps to it, one after the other.
+/// @throws ERequest when one does not fit the surface
+COMMONUIMEASUREMENT_API SInput Process(Analysis::SSurface surface, Analysis::ELevelling levelling,
+                                       const std::vector<SStep>& steps);
+
+} // namespace CommonUI::Measurement

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "../analysis/surface/Value.h"
+#include "../export/Export.h"
+#include "../model/Parameter.h"
+
+#include <functional>
+#include <vector>
+
+namespace CommonUI::Measurement
+{
+
+/// A parameter with the values that the analysis has computed of it.
+struct COMMONUIMEASUREMENT_API SColumn {
+    CParameter parameter;                       ///< at the unit factor in which the values are shown
+    std::vector<double> values;                 ///< at unit factor 1; NaN where not defined
+    std::vector<Analysis::SValue> statistics{}; ///< of the values; the keys are those of GetStatisticsEnum
+
+    /// The unit as shown; empty for dimensionless parameters.
+    CStr GetUnitText() const;
+    /// A value of the parameter as text, without its unit.
+    CStr GetText(double value) const;
+};
+
+/// Computes the values of a parameter.
+using FValuesOf = std::function<std::vector<double>(const CParameter&)>;
+
+/// A column for each parameter that has values.
+/// @param automaticUnits whether each column is shown in the unit that suits it
+COMMONUIMEASUREMENT_API std::vector<SColumn> MakeColumns(const std::vector<CParameter>& parameters,
+                                                         const FValuesOf& valuesOf, bool automaticUnits);
+
+} // namespace CommonUI::Measurement

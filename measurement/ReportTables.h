@@ -1,0 +1,44 @@
+#pragma once
+
+#include "../export/Export.h"
+#include "../output/results/GridBaseOutputCtrl.h"
+#include "Results.h"
+
+#include <string>
+
+namespace CommonUI::Measurement
+{
+
+/// The tables of a report and the forms in which other programs read them.
+class COMMONUIMEASUREMENT_API CReportTables
+{
+public:
+    /// Control characters in the texts become blanks.
+    /// @param transpose parameters as columns of the surface's table and as rows of the others
+    CReportTables(const SResults& results, bool transpose);
+
+    /// What was measured and how.
+    const CGridBaseOutputCtrl& GetSummary() const noexcept { return m_summary; }
+    /// A row for each parameter of the surface.
+    const CGridBaseOutputCtrl& GetSurface() const noexcept { return m_surface; }
+    /// A row with the units, and one for each profile or grain.
+    const CGridBaseOutputCtrl& GetRows() const noexcept { return m_rows; }
+    /// A row for each statistic of those.
+    const CGridBaseOutputCtrl& GetStatistics() const noexcept { return m_statistics; }
+
+    /// Tab-separated text for a spreadsheet: UTF-8 with a byte order mark, by which spreadsheet programs know
+    /// it.
+    std::string GetText() const;
+    /// A page of HTML, UTF-8.
+    std::string GetHtml() const;
+
+private:
+    std::string m_title;
+    bool m_transpose;
+    CGridBaseOutputCtrl m_summary;
+    CGridBaseOutputCtrl m_surface;
+    CGridBaseOutputCtrl m_rows;
+    CGridBaseOutputCtrl m_statistics;
+};
+
+} // namespace CommonUI::Measurement

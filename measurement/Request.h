@@ -1,0 +1,62 @@
+#pragma once
+
+#include "../analysis/form/Levelling.h"
+#include "../analysis/grain/Grains.h"
+#include "../common/Exceptions.h"
+#include "../common/Str.h"
+#include "../common/Unit.h"
+#include "../export/Export.h"
+
+#include <optional>
+#include <vector>
+
+namespace CommonUI::Measurement
+{
+
+/// Which grains are measured.
+struct SGrainLimit {
+    double threshold; ///< height in m on the levelled surface
+    Analysis::EGrainKind kind;
+};
+
+/// How a surface is analysed.
+struct SMethod {
+    Analysis::ELevelling levelling = Analysis::ELevelling::None;
+    std::optional<double> cutoff{};      ///< of the profile filter, m; a fifth of the profile without it
+    std::optional<SGrainLimit> grains{}; ///< measured instead of the roughness
+};
+
+/// What somebody asks for beyond the preferences.
+struct SRequest {
+    SMethod method{};
+    /// Parameters, units and formats are those of the preferences; without it all parameters of surfaces and
+    /// profiles and the usual ones of grains, each in the unit that suits it.
+    bool usesPreferences = false;
+    std::vector<CStr> keys{};                 ///< the parameters by key; empty for those of above
+    std::optional<CUnit::EUnitFactor> unit{}; ///< the unit factor of all lengths, areas and volumes
+};
+
+/// What was asked for cannot be done. The message is one line: what is at fault, as it was given, and why.
+class COMMONUIMEASUREMENT_API ERequest : public EInput
+{
+public:
+    /// @param subject what is at fault, such as a user specification or a change; empty where the reason says it
+    ERequest(const CStr& subject, const CStr& reason);
+    ~ERequest() override;
+
+    /// Empty where the message starts with the reason.
+    const CStr& GetSubject() const noexcept { return m_subject; }
+
+private:
+    CStr m_subject;
+};
+
+/// A settings set was asked for that does not exist.
+class COMMONUIMEASUREMENT_API EUnknownSet : public ERequest
+{
+public:
+    explicit EUnknownSet(const CStr& userSpec);
+    ~EUnknownSet() override;
+};
+
+} // namespace CommonUI::Measurement

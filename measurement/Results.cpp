@@ -1,0 +1,201 @@
+#include "measurement/Results.h"
+
+#include "analysis/areal/ArealParameters.h"
+#include "analysis/areal/TemplateParameters.h"
+#include "analysis/grain/GrainMeasures.h"
+#include "analysis/numeric/Statistics.h"
+#include "analysis/profile/ProfileParameters.h"
+#include "measurement/detail/AnalysisKey.h"
+#include "model/Enumerations.h"
+#include "output/results/NumberFormat.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace CommonUI::Measurement
+{
+
+using Analysis::EGrainKind;
+using Analysis::ELevelling;
+using Analysis::SSurface;
+using Analysis::SValue;
+using Analysis::SValues;
+
+namespace
+{
+
+CStr LevellingText(ELevelling levelling)
+{
+    switch (levelling) {
+    case ELevelling::Mean:
+        return u"mean height subtracted";
+    case ELevelling::Plane:
+        return u"least-squares plane subtracted";
+    default:
+        return u"none";
+    }
+}
+
+// A length with the unit that suits it.
+CStr LengthText(double metres)
+{
+    const CUnit unit(CUnit(CUnit::EUnitFactor::Unity).SuitableFactor(metres, 1));
+    const double shown = metres / unit.GetFactorValue();
+    return FormatParameterValue(shown, CParameter::SFormatSpecifier()) + u" " + unit.GetText();
+}
+
+// The texts of the summary that say what was measured.
+SResults Describe(const SInput& input)
+{
+    const SSurface& surface = input.surface;
+    SResults results{.title = CStr::FromUtf8(surface.fileName)};
+    const auto add = [&results](const CStr& label, const CStr& text) {
+        results.summary.emplace_back(label, text);
+    };
+    add(u"File", CStr::FromUtf8(surface.fileName));
+    if (!surface.channel.empty())
+        add(u"Channel", CStr::FromUtf8(surface.channel));
+    add(u"Points", CStr::Format(u"%d × %d", surface.points, surface.lines));
+    add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
+    add(u"Missing points", CStr::Format(u"%d", surface.missing));
+    add(u"Levelling", LevellingText(input.levelling));
+    for (std::size_t i = 0; i < input.steps.size(); ++i)
+        add(CStr::Format(u"Step %d", i + 1), input.steps[i]);
+    return results;
+}
+
+// The percentile that the statistics ask for, as a share.
+double FractileShare(const std::vector<CParameter>& statistics)
+{
+    const auto found =
+        std::ranges::find(statistics, static_cast<int>(EStatistics::Fractile), &CParameter::GetValue);
+    return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
+}
+
+std::vector<double> VariableValues(const CParameter& parameter)
+{
+    std::vector<double> values;
+    for (const CParameter& variable : parameter.GetVariables())
+        values.push_back(variable.GetVariableValue());
+    return values;
+}
+
+// The keys by which the analysis knows some parameters.
+class CKeys
+{
+public:
+    explicit CKeys(const std::vector<CParameter>& parameters)
+    {
+        for (const CParameter& parameter : parameters)
+            m_keys.push_back(AnalysisKey(parameter));
+        m_views.assign(m_keys.begin(), m_keys.end());
+    }
+    CKeys(const CKeys&) = delete;
+    CKeys& operator=(const CKeys&) = delete;
+
+    std::span<const std::string_view> Get() const { return m_views; }
+
+private:
+    std::vector<std::string> m_keys{};
+    std::vector<std::string_view> m_views{};
+};
+
+// What was computed under a key; nothing if that was not computed.
+std::vector<double> ValuesOf(const std::vector<SValues>& table, std::string_view key)
+{
+    const auto found = std::ranges::find(table, key, &SValues::key);
+    return found == table.end() ? std::vector<double>() : found->values;
+}
+
+// Of the raw surface, if there is one, and of the processed one.
+std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices)
+{
+    std::vector<const SSurface*> surfaces{&input.surface};
+    if (input.raw)
+        surfaces.insert(surfaces.begin(), &*input.raw);
+    const CKeys keys(choices.surface);
+    std::vector<SValues> table;
+    for (const SSurface* surface : surfaces) {
+        const std::vector<SValue> values = Analysis::ComputeAreal(*surface, keys.Get());
+        table.resize(values.size());
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            table[i].key = values[i].key;
+            table[i].values.push_back(values[i].value);
+        }
+    }
+    const auto valuesOf = [&](const CParameter& parameter) {
+        const std::string key = AnalysisKey(parameter);
+        if (!parameter.HasParent())
+            return ValuesOf(table, key);
+        std::vector<double> values;
+        for (const SSurface* surface : surfaces)
+            values.push_back(Analysis::ComputeTemplate(*surface, key, VariableValues(parameter)));
+        return values;
+    };
+    return MakeColumns(choices.surface, valuesOf, choices.automaticUnits);
+}
+
+std::vector<SColumn> ProfileColumns(const SSurface& surface, const SChoices& choices)
+{
+    const std::vector<SValues> table =
+        Analysis::ComputeProfiles(surface, CKeys(choices.rows).Get(), choices.method.cutoff);
+    const auto valuesOf = [&](const CParameter& parameter) {
+        const std::string key = AnalysisKey(parameter);
+        return parameter.HasParent() ? Analysis::ComputeLineTemplates(surface, key, VariableValues(parameter),
+                                                                      choices.method.cutoff)
+                                     : ValuesOf(table, key);
+    };
+    return MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
+}
+
+SResults RoughnessResults(const SInput& input, const SChoices& choices)
+{
+    SResults results = Describe(input);
+    results.surface = SurfaceColumns(input, choices);
+    results.rowName = u"Profile";
+    results.columns = ProfileColumns(input.surface, choices);
+    results.statistics = choices.statistics;
+    for (SColumn& column : results.columns)
+        column.statistics = Analysis::ComputeStatistics(column.values, FractileShare(results.statistics));
+    return results;
+}
+
+SResults GrainResults(const SInput& input, const SChoices& choices, const SGrainLimit& limit)
+{
+    const bool pores = limit.kind == EGrainKind::Pore;
+    const Analysis::SGrains grains =
+        Analysis::MeasureGrains(input.surface, limit.threshold, limit.kind, CKeys(choices.rows).Get());
+    const auto valuesOf = [&grains](const CParameter& parameter) {
+        return ValuesOf(grains.columns, AnalysisKey(parameter));
+    };
+    SResults results = Describe(input);
+    const auto& items = GetMeasureSummaryItemsEnum();
+    const auto label = [&items](EMeasureSummaryItems item) {
+        return items.GetFriendlyString(static_cast<int>(item));
+    };
+    const CParameter::SFormatSpecifier format;
+    results.summary.emplace_back(label(EMeasureSummaryItems::GrainSettings),
+                                 (pores ? u"pores below " : u"particles from ") +
+                                     LengthText(limit.threshold));
+    results.summary.emplace_back(label(EMeasureSummaryItems::SegmentCount),
+                                 CStr::Format(u"%d", grains.count));
+    results.summary.emplace_back(label(EMeasureSummaryItems::Coverage),
+                                 FormatParameterValue(grains.coverage, format) + u" %");
+    results.rowName = pores ? u"Pore" : u"Particle";
+    results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
+    results.statistics = choices.statistics;
+    for (SColumn& column : results.columns)
+        column.statistics = Analysis::ComputeGrainStatistics(grains, {.values = column.values},
+                                                             FractileShare(results.statistics));
+    return results;
+}
+
+} // namespace
+
+SResults ComputeResults(const SInput& input, const SChoices& choices)
+{
+    return choices.method.grains ? GrainResults(input, choices, *choices.method.grains)
+                                 : RoughnessResults(input, choices);
+}
+
+} // namespace CommonUI::Measurement

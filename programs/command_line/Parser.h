@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace CommandLine
+{
+
+/// Receives an option and the value behind it.
+using FTakeValue = std::function<void(const std::string& option, const std::string& value)>;
+
+/// Takes command lines apart, argument by argument, by the options that were added.
+class CParser
+{
+public:
+    /// An option without a value.
+    void AddFlag(std::string_view option, bool& isSet);
+    /// An option with a value, which is not empty.
+    void Add(std::string_view option, FTakeValue take);
+    /// An option whose value is empty where another option or nothing follows.
+    void AddOptional(std::string_view option, FTakeValue take);
+    /// What is no option is the input. Without it there is none.
+    void AddInput(std::filesystem::path& input) { m_input = &input; }
+
+    /// @param arguments without the program's name
+    /// @throws EUsage, and what takes a value may throw it as well
+    void Parse(std::span<const char* const> arguments) const;
+
+private:
+    struct SOption {
+        std::string_view name;
+        bool* flag;
+        bool isOptional; // its value
+        FTakeValue take;
+    };
+
+    std::size_t Take(std::span<const char* const> arguments) const;
+    void TakeInput(const std::string& argument) const;
+
+    std::vector<SOption> m_options{};
+    std::filesystem::path* m_input = nullptr;
+};
+
+} // namespace CommandLine

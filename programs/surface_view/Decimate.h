@@ -1,0 +1,14 @@
+#pragma once
+
+#include "analysis/surface/Surface.h"
+
+#include <cstddef>
+
+namespace SurfaceView
+{
+
+/// A surface of at most so many points along x and y, each the mean of the points around it; it keeps its
+/// size. One that is small enough stays as it is.
+CommonUI::Analysis::SSurface Decimate(const CommonUI::Analysis::SSurface& surface, std::size_t maximum);
+
+} // namespace SurfaceView
