@@ -26,8 +26,7 @@ public:
     SSize ToUnits(const QSizeF& size) const;
 
 private:
-    // Of a unit, in pixels.
-    double m_width;
+    double m_width; // of a unit, in pixels
     double m_height;
 };
 
