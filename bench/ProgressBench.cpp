@@ -13,7 +13,7 @@ namespace
 class CRun : public CProgressRun<CProgressThreadDialog>
 {
 public:
-    CRun() { dialog.SetView(&m_view); }
+    CRun() { m_dialog.SetView(&m_view); }
 
 private:
     CMemoryProgressView m_view;

@@ -11,7 +11,7 @@ namespace CommonUI
 namespace
 {
 
-thread_local int openScopes = 0;
+thread_local int s_openScopes = 0;
 
 void WriteToStandardError(const SDiagnosticLine& line)
 {
@@ -70,7 +70,7 @@ void CDiagnostics::Write(std::u16string_view category, EDiagnosticLevel level, s
     if (level < EDiagnosticLevel::Warning && !IsEnabled(category))
         return;
     const std::lock_guard lock(m_state->sinkMutex);
-    m_state->sink({category, level, openScopes, text});
+    m_state->sink({category, level, s_openScopes, text});
 }
 
 CDiagnostics::FSink CDiagnostics::SetSink(FSink sink)
@@ -81,12 +81,12 @@ CDiagnostics::FSink CDiagnostics::SetSink(FSink sink)
 
 CDiagnostics::CScope::CScope() noexcept
 {
-    ++openScopes;
+    ++s_openScopes;
 }
 
 CDiagnostics::CScope::~CScope()
 {
-    --openScopes;
+    --s_openScopes;
 }
 
 CDiagnostics& GetDiagnostics()
