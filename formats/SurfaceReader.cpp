@@ -89,7 +89,7 @@ void CheckSpan(const std::vector<double>& heights, const std::string& name)
 }
 
 Analysis::SSurface ReadFile(const std::filesystem::path& path, const std::string& name,
-                            const CProgress& progress)
+                            const FProgress& progress)
 {
     const SText file = Load(path, name);
     const std::string_view text = WithoutMark({file.bytes.get(), file.size});

@@ -128,6 +128,7 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
         if (!parameter.HasParent())
             return ValuesOf(table, key);
         std::vector<double> values;
+        values.reserve(surfaces.size());
         for (const SSurface* surface : surfaces)
             values.push_back(Analysis::ComputeTemplate(*surface, key, VariableValues(parameter)));
         return values;

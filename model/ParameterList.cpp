@@ -39,7 +39,7 @@ constexpr int c_largestSize = 20;
 // used.
 int LargestCatalogueValue(EAnalysis analysis)
 {
-    if (Detail::IsRoughness(analysis))
+    if (IsRoughness(analysis))
         return 143;
     return analysis == EAnalysis::Measure ? 76 : 0;
 }
@@ -47,7 +47,7 @@ int LargestCatalogueValue(EAnalysis analysis)
 // The key of a catalogue entry; empty for analyses without a catalogue.
 CStr CatalogueKey(EAnalysis analysis, int value)
 {
-    if (Detail::IsRoughness(analysis))
+    if (IsRoughness(analysis))
         return GetRoughnessParametersEnum().GetIniName(value);
     return analysis == EAnalysis::Measure ? GetMeasureParametersEnum().GetIniName(value) : CStr();
 }
@@ -61,7 +61,7 @@ std::optional<int> ValueOfKey(const CEnum<T>& catalogue, const CStr& key)
 
 std::optional<int> CatalogueValue(EAnalysis analysis, const CStr& key)
 {
-    if (Detail::IsRoughness(analysis))
+    if (IsRoughness(analysis))
         return ValueOfKey(GetRoughnessParametersEnum(), key);
     return analysis == EAnalysis::Measure ? ValueOfKey(GetMeasureParametersEnum(), key) : std::nullopt;
 }

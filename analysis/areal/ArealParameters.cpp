@@ -111,6 +111,7 @@ std::vector<SValue> Compute(const SSurface& surface, const std::vector<const SRo
 {
     const SStages stages = ComputeStages(surface, rows);
     std::vector<SValue> values;
+    values.reserve(rows.size());
     for (const SRow* row : rows)
         values.push_back({row->key, row->get(stages)});
     return values;
@@ -126,6 +127,7 @@ std::vector<SQuantity> GetArealQuantities()
 std::vector<SValue> ComputeAreal(const SSurface& surface)
 {
     std::vector<const SRow*> rows;
+    rows.reserve(std::size(c_rows));
     for (const SRow& row : c_rows)
         rows.push_back(&row);
     return Compute(surface, rows);

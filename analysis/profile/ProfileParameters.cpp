@@ -49,6 +49,7 @@ std::vector<SValue> ComputeLine(std::span<const double> heights, const CProfileS
     profile.spacing = ComputeElements(unbroken, splitter.GetLeastWidth()).spacing * dx;
     profile.slope = ComputeSlope(heights, dx);
     std::vector<SValue> values;
+    values.reserve(std::size(c_rows));
     for (const SRow& row : c_rows)
         values.push_back({row.key, row.get(profile)});
     const std::vector<SValue> filtered = ComputeIso4287(splitter.Split(heights), splitter);
@@ -71,6 +72,7 @@ std::vector<SValue> ComputeProfile(std::span<const double> heights, double dx, s
 std::vector<SQuantity> GetProfileQuantities()
 {
     std::vector<SQuantity> quantities;
+    quantities.reserve(std::size(c_rows));
     for (const SRow& row : c_rows)
         quantities.push_back({row.key, ENeed::Heights});
     const std::vector<SQuantity> filtered = GetIso4287Quantities();

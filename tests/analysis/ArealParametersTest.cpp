@@ -102,10 +102,8 @@ TEST(ArealParameters, AreaAndGradientAreOfOneField)
             const double v = std::cos(2 * std::numbers::pi * (j + 0.5) / c_steps);
             excess += (std::sqrt(1 + ak * ak * (u * u + v * v)) - 1) / (c_steps * c_steps);
         }
-    const auto crate = ComputeAreal(
-        MakeSurface(513, 513,
-                    [&](double x, double y) { return amplitude * (std::sin(k * x) + std::sin(k * y)); }),
-        false);
+    const auto crate = ComputeAreal(MakeSurface(
+        513, 513, [&](double x, double y) { return amplitude * (std::sin(k * x) + std::sin(k * y)); }));
     EXPECT_NEAR(Get(crate, "Sdq"), ak, 1e-3 * ak);
     EXPECT_NEAR(Get(crate, "Sdr"), 100 * excess, 0.1 * excess);
 }
