@@ -181,9 +181,12 @@ TEST_F(SurfaceReader, RefusesBadFiles)
     m_folder.Write("a.sdf", "no surface");
     std::filesystem::resize_file(GetPath() / "a.sdf", c_tooLarge);
     EXPECT_TRUE(ReadBad(GetPath() / "a.sdf").starts_with("a.sdf:1: not a surface"));
+// The sanitizers end a program that asks for so much.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
     m_folder.Write("a.sdf", c_sdf);
     std::filesystem::resize_file(GetPath() / "a.sdf", c_tooLarge);
     EXPECT_EQ(ReadBad(GetPath() / "a.sdf"), "a.sdf: there is not enough memory for the file");
+#endif
     EXPECT_EQ(ReadBad(GetPath()), GetPath().string() + ": not a file");
 }
 
