@@ -16,7 +16,7 @@ namespace CommonUI::Analysis
 /// strip 256, evenly spread), so that no direction
 /// is resolved better than another. In each the heights are counted from their weighted mean and fade towards the edges
 /// (Hann window); missing points count as points at the mean. A direction is first looked for in steps of half a
-/// degree, then refined: a plane wave of ten periods or more is found to 0.05°.
+/// degree, then refined: a plane wave of five periods or more is found to 0.05°.
 /// @return NaN where there is no such wavelength, as on a single line, and for a flat surface
 double ComputeTextureDirection(const SSurface& surface);
 
