@@ -229,6 +229,9 @@ void CScalarEdit<T>::OnSpinDeltaPos(int delta)
     if (watch.IsGone())
         return;
     Apply(FromDouble<T>(GetGridPoint(delta)), true);
+    // What is typed next replaces the number instead of going in front of it.
+    if (!watch.IsGone() && GetView() && GetView()->HasFocus())
+        GetView()->SelectAll();
 }
 
 template<class T>

@@ -85,6 +85,9 @@ EMessageBoxAnswer CQtMessageBoxService::Show(const SMessageBox& box)
     window->setText(ToQString(box.text));
     window->setStandardButtons(buttons.all);
     window->setEscapeButton(buttons.last);
+    // Who presses Enter without reading a warning shall do no harm.
+    if ((box.style & MessageBoxStyle::c_iconMask) == MessageBoxStyle::c_warning)
+        window->setDefaultButton(buttons.last);
     if (box.style & MessageBoxStyle::c_help)
         AddHelp(*window, box.helpTopic);
     const int button = window->exec();

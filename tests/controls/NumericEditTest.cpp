@@ -540,3 +540,17 @@ TEST(NumericEdit, TypedTextOutlivesANewStep)
     EXPECT_EQ(stage.edit->GetIncrement(), 10);
     EXPECT_EQ(stage.view.GetText(), u"50");
 }
+
+TEST(NumericEdit, TypingAfterAStepReplacesTheNumber)
+{
+    CIntStage stage;
+    stage.edit->Setup(41, 0, 1000, 1);
+    stage.view.Press({.key = EKey::Up, .control = true});
+    stage.view.Type(u"5");
+    EXPECT_EQ(stage.view.GetText(), u"5");
+    stage.view.Press(EKey::Enter);
+    stage.view.SetFocus(false);
+    stage.edit->OnSpinDeltaPos(1);
+    stage.view.Type(u"7");
+    EXPECT_EQ(stage.view.GetText(), u"76") << "a field without the focus keeps its selection";
+}

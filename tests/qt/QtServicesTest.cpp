@@ -206,6 +206,14 @@ TEST(QtServices, MessageBoxesAreAnsweredByTheirButtons)
     }
 }
 
+TEST(QtServices, EnterDoesNoHarmInAWarning)
+{
+    WhenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_EQ(
+        GetMessageBoxService().Show({u"Remove?", MessageBoxStyle::c_yesNo | MessageBoxStyle::c_warning}),
+        EMessageBoxAnswer::No);
+}
+
 TEST(QtServices, AMessageBoxThatGoesWithItsParentCountsAsClosed)
 {
     auto parent = std::make_unique<QWidget>();
