@@ -337,7 +337,8 @@ bool CGridPane::PressEdge(unsigned int message, SPoint point)
     const auto edge = FindEdge(point);
     if (edge && message == GridMouse::c_leftDown) {
         m_resized = edge;
-        m_resizedLeft = GetCellRect({0, *edge}).left;
+        // From where the pointer is, so that nothing moves before the pointer does.
+        m_resizedLeft = point.x - GetColumnWidth(*edge);
     } else if (edge) {
         FitColumn(*edge);
     }

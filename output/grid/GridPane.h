@@ -207,7 +207,7 @@ private:
     // What was pressed that selects while it is dragged.
     SGridHit::EPart m_dragged = SGridHit::EPart::Nothing;
     std::optional<std::size_t> m_resized; // the column whose edge is being dragged
-    int m_resizedLeft = 0;                // where it began in the view when its edge was pressed
+    int m_resizedLeft = 0;                // where in the view its width is counted from
     bool m_focus = false;
 };
 

@@ -180,7 +180,8 @@ TEST(ResultGridPane, EdgesBelowTheNamesCannotBeGrabbed)
         int x;
         std::vector<int> widths; // of the names and the first column, dragged by 10
     } cases[] = {
-        {120, 120, {80, 90}}, {86, 86, {80, 90}}, {78, 75, {80, 80}}, {40, 40, {80, 80}}, {40, 80, {90, 80}},
+        {120, 120, {80, 90}}, {120, 117, {80, 90}}, {86, 86, {80, 90}},
+        {78, 75, {80, 80}},   {40, 40, {80, 80}},   {40, 80, {90, 80}},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.edge);
@@ -189,6 +190,8 @@ TEST(ResultGridPane, EdgesBelowTheNamesCannotBeGrabbed)
         const bool grabs = row.widths[0] + row.widths[1] != 160;
         EXPECT_EQ(shown.pane.OnSetCursor({row.x, 45}) == EGridCursor::Resize, grabs);
         shown.pane.OnMouse(GridMouse::c_leftDown, {row.x, 45}, c_plain);
+        shown.pane.OnMouse(GridMouse::c_move, {row.x, 60}, c_plain);
+        EXPECT_EQ(shown.pane.GetColumnWidth(1), 80) << "nothing moves sideways";
         shown.pane.OnMouse(GridMouse::c_move, {row.x + 10, 45}, c_plain);
         EXPECT_EQ(shown.pane.GetColumnWidth(0), row.widths[0]);
         EXPECT_EQ(shown.pane.GetColumnWidth(1), row.widths[1]);

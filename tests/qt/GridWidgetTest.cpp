@@ -353,7 +353,7 @@ TEST_F(GridWidget, ViewAndGridGoInEitherOrder)
 TEST_F(GridWidget, ColumnsFollowTheirEdgesAndTheFont)
 {
     m_shown.Drag({99, 5}, {149, 5});
-    EXPECT_EQ(Grid().GetColumnWidth(0), 149);
+    EXPECT_EQ(Grid().GetColumnWidth(0), 150);
     EXPECT_TRUE(Grid().GetSelection().IsEmpty());
     QTest::mouseDClick(&m_shown.View(), Qt::LeftButton, {}, {149, 5});
     const int fitted = Grid().GetColumnWidth(0);
