@@ -99,10 +99,10 @@ constexpr std::size_t c_temporaryDigits = 16;
 // What the names of all temporaries of a target begin with; together with what follows no longer than a name may be.
 std::u8string GetTemporaryStart(const fs::path& target)
 {
-    constexpr std::size_t longest = 255 - 2 - c_temporaryDigits - c_temporaryEnd.size();
+    constexpr std::size_t c_longest = 255 - 2 - c_temporaryDigits - c_temporaryEnd.size();
     std::u8string name = target.filename().u8string();
-    if (name.size() > longest) {
-        std::size_t length = longest;
+    if (name.size() > c_longest) {
+        std::size_t length = c_longest;
         while ((name[length] & 0xC0) == 0x80) // not within a character
             --length;
         name.resize(length);
@@ -130,13 +130,13 @@ bool IsTemporaryOf(const std::u8string& start, const fs::path& path)
 // Removes what killed processes have left. Not being able to is no fault of the new content.
 void RemoveOldTemporaries(const fs::path& target)
 {
-    constexpr std::chrono::minutes leastAge(1);
+    constexpr std::chrono::minutes c_leastAge(1);
     try {
         const std::u8string start = GetTemporaryStart(target);
         const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
         for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
             if (IsTemporaryOf(start, entry.path()) && entry.is_regular_file() &&
-                fs::file_time_type::clock::now() - entry.last_write_time() > leastAge)
+                fs::file_time_type::clock::now() - entry.last_write_time() > c_leastAge)
                 fs::remove(entry.path());
         }
     } catch (const std::exception&) {

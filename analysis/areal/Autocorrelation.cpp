@@ -55,20 +55,22 @@ struct SShift {
 
 // Shifts at the border of half a circle, from +x over y to -x, so close that directions to them are about a quarter of a
 // degree apart.
-std::vector<SShift> SelectShifts(double reachX, double reachY)
+std::vector<SShift> SelectShifts(std::size_t reachX, std::size_t reachY)
 {
-    const auto getStep = [](double distance) { return std::max(1.0, std::floor(distance / 256)); };
+    const auto toX = static_cast<double>(reachX);
+    const auto toY = static_cast<double>(reachY);
+    const auto getNext = [](std::size_t shift) { return shift + std::max<std::size_t>(1, shift / 256); };
     std::vector<SShift> shifts;
-    for (double y = 0; y < reachY; y += getStep(y))
-        shifts.push_back({reachX, y});
-    for (double x = 0; x < reachX; x += getStep(x))
-        shifts.push_back({x, reachY});
-    shifts.push_back({reachX, reachY});
+    for (std::size_t y = 0; y < reachY; y = getNext(y))
+        shifts.push_back({toX, static_cast<double>(y)});
+    for (std::size_t x = 0; x < reachX; x = getNext(x))
+        shifts.push_back({static_cast<double>(x), toY});
+    shifts.push_back({toX, toY});
     const std::size_t count = shifts.size();
     for (std::size_t i = 0; i < count; ++i)
         shifts.push_back({-shifts[i].x, shifts[i].y});
     std::sort(shifts.begin(), shifts.end(), [&](SShift a, SShift b) {
-        return std::atan2(a.y / reachY, a.x / reachX) < std::atan2(b.y / reachY, b.x / reachX);
+        return std::atan2(a.y / toY, a.x / toX) < std::atan2(b.y / toY, b.x / toX);
     });
     return shifts;
 }
@@ -198,8 +200,7 @@ SDecay CAutocorrelation::ComputeDecay(double level) const
 {
     if (m_values.empty() || std::isnan(m_values.front()))
         return {};
-    const std::vector<SShift> shifts =
-        SelectShifts(static_cast<double>(m_reachX), static_cast<double>(m_reachY));
+    const std::vector<SShift> shifts = SelectShifts(m_reachX, m_reachY);
     std::vector<double> distances(shifts.size());
     ComputeInShares(shifts.size(), [&](std::size_t first, std::size_t last) {
         for (std::size_t i = first; i < last; ++i)

@@ -44,12 +44,13 @@ std::vector<double> CountHeights(std::span<const double> rising, const SClasses&
 
 std::vector<double> Smooth(std::span<const double> counts)
 {
-    constexpr double sd = 1.5;
-    constexpr std::size_t reach = 5;
+    constexpr double c_sd = 1.5;
+    constexpr std::size_t c_reach = 5;
     std::vector<double> smooth(counts.size());
     for (std::size_t i = 0; i < counts.size(); ++i)
-        for (std::size_t j = i < reach ? 0 : i - reach; j < std::min(i + reach + 1, counts.size()); ++j) {
-            const double x = (static_cast<double>(i) - static_cast<double>(j)) / sd;
+        for (std::size_t j = i < c_reach ? 0 : i - c_reach; j < std::min(i + c_reach + 1, counts.size());
+             ++j) {
+            const double x = (static_cast<double>(i) - static_cast<double>(j)) / c_sd;
             smooth[i] += std::exp(-x * x / 2) * counts[j];
         }
     return smooth;

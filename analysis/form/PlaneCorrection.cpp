@@ -55,11 +55,11 @@ void MoveBackgrounds(SSurface& surface, ECorrectionScope scope)
 
 void LevelTerraces(SSurface& surface, ECorrectionScope scope, std::size_t order)
 {
-    constexpr std::size_t window = 5;
+    constexpr std::size_t c_window = 5;
     const bool isGlobal = scope == ECorrectionScope::Global;
     const auto makeSmooth = [&] {
-        return SmoothInside(surface, surface.points < window ? 1 : window,
-                            !isGlobal || surface.lines < window ? 1 : window);
+        return SmoothInside(surface, surface.points < c_window ? 1 : c_window,
+                            !isGlobal || surface.lines < c_window ? 1 : c_window);
     };
     SSurface smooth = makeSmooth();
     const auto getSmooth = [&](std::size_t line) {

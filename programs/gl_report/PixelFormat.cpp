@@ -16,12 +16,12 @@ std::uint8_t Byte(int number)
 
 std::uint32_t FlagsOf(const Offscreen::SPixelBits& bits)
 {
-    constexpr std::uint32_t doubleBuffer = 0x1;
-    constexpr std::uint32_t stereo = 0x2;
-    constexpr std::uint32_t drawToBitmap = 0x8;
-    constexpr std::uint32_t supportOpenGL = 0x20;
-    return drawToBitmap | supportOpenGL | (bits.doubleBuffered ? doubleBuffer : 0) |
-           (bits.stereo ? stereo : 0);
+    constexpr std::uint32_t c_doubleBuffer = 0x1;
+    constexpr std::uint32_t c_stereo = 0x2;
+    constexpr std::uint32_t c_drawToBitmap = 0x8;
+    constexpr std::uint32_t c_supportOpenGL = 0x20;
+    return c_drawToBitmap | c_supportOpenGL | (bits.doubleBuffered ? c_doubleBuffer : 0) |
+           (bits.stereo ? c_stereo : 0);
 }
 
 int AccumBits(const Offscreen::SPixelBits& bits)
@@ -58,13 +58,13 @@ SPixelAttributes MakePixelAttributes(const Offscreen::SPixelBits& bits)
         int name;
         int value;
     };
-    constexpr int typeRgba = 0x202B;
+    constexpr int c_typeRgba = 0x202B;
     const std::initializer_list<SAttribute> rows{
         {0x2001, 0},                                 // WGL_DRAW_TO_WINDOW_ARB
         {0x2010, 1},                                 // WGL_SUPPORT_OPENGL_ARB
         {0x2011, bits.doubleBuffered},               // WGL_DOUBLE_BUFFER_ARB
         {0x2012, bits.stereo},                       // WGL_STEREO_ARB
-        {0x2013, typeRgba},                          // WGL_PIXEL_TYPE_ARB
+        {0x2013, c_typeRgba},                        // WGL_PIXEL_TYPE_ARB
         {0x2014, bits.red + bits.green + bits.blue}, // WGL_COLOR_BITS_ARB
         {0x2015, bits.red},                          // WGL_RED_BITS_ARB
         {0x2017, bits.green},                        // WGL_GREEN_BITS_ARB

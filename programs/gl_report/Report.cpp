@@ -37,8 +37,8 @@ private:
 };
 
 // What the wrapper writes to the diagnostics, or a word that it writes nothing.
-template<class F>
-CStr Captured(const F& write)
+template<class FWrite>
+CStr Captured(const FWrite& write)
 {
     const CDiagnosticsText captured;
     write();

@@ -42,17 +42,17 @@ namespace
 // What failed, with the error code of EGL where it gives one.
 std::string Explain(const char* what)
 {
-    constexpr std::array names{"EGL_NOT_INITIALIZED",     "EGL_BAD_ACCESS",        "EGL_BAD_ALLOC",
-                               "EGL_BAD_ATTRIBUTE",       "EGL_BAD_CONFIG",        "EGL_BAD_CONTEXT",
-                               "EGL_BAD_CURRENT_SURFACE", "EGL_BAD_DISPLAY",       "EGL_BAD_MATCH",
-                               "EGL_BAD_NATIVE_PIXMAP",   "EGL_BAD_NATIVE_WINDOW", "EGL_BAD_PARAMETER",
-                               "EGL_BAD_SURFACE",         "EGL_CONTEXT_LOST"};
+    constexpr std::array c_names{"EGL_NOT_INITIALIZED",     "EGL_BAD_ACCESS",        "EGL_BAD_ALLOC",
+                                 "EGL_BAD_ATTRIBUTE",       "EGL_BAD_CONFIG",        "EGL_BAD_CONTEXT",
+                                 "EGL_BAD_CURRENT_SURFACE", "EGL_BAD_DISPLAY",       "EGL_BAD_MATCH",
+                                 "EGL_BAD_NATIVE_PIXMAP",   "EGL_BAD_NATIVE_WINDOW", "EGL_BAD_PARAMETER",
+                                 "EGL_BAD_SURFACE",         "EGL_CONTEXT_LOST"};
     std::string text = what;
     const EGLint error = eglGetError();
     if (error < EGL_NOT_INITIALIZED || error > EGL_CONTEXT_LOST)
         return text;
     text += " (";
-    text += names[static_cast<std::size_t>(error - EGL_NOT_INITIALIZED)];
+    text += c_names[static_cast<std::size_t>(error - EGL_NOT_INITIALIZED)];
     text += ")";
     return text;
 }
@@ -87,26 +87,26 @@ EGLDisplay OpenDisplay()
 
 EGLConfig ChooseConfig(EGLDisplay display)
 {
-    constexpr std::array<EGLint, 17> wanted{EGL_SURFACE_TYPE,
-                                            EGL_PBUFFER_BIT,
-                                            EGL_RENDERABLE_TYPE,
-                                            EGL_OPENGL_BIT,
-                                            EGL_RED_SIZE,
-                                            8,
-                                            EGL_GREEN_SIZE,
-                                            8,
-                                            EGL_BLUE_SIZE,
-                                            8,
-                                            EGL_ALPHA_SIZE,
-                                            8,
-                                            EGL_DEPTH_SIZE,
-                                            24,
-                                            EGL_STENCIL_SIZE,
-                                            8,
-                                            EGL_NONE};
+    constexpr std::array<EGLint, 17> c_wanted{EGL_SURFACE_TYPE,
+                                              EGL_PBUFFER_BIT,
+                                              EGL_RENDERABLE_TYPE,
+                                              EGL_OPENGL_BIT,
+                                              EGL_RED_SIZE,
+                                              8,
+                                              EGL_GREEN_SIZE,
+                                              8,
+                                              EGL_BLUE_SIZE,
+                                              8,
+                                              EGL_ALPHA_SIZE,
+                                              8,
+                                              EGL_DEPTH_SIZE,
+                                              24,
+                                              EGL_STENCIL_SIZE,
+                                              8,
+                                              EGL_NONE};
     EGLConfig config = nullptr;
     EGLint count = 0;
-    return eglChooseConfig(display, wanted.data(), &config, 1, &count) && count == 1 ? config : nullptr;
+    return eglChooseConfig(display, c_wanted.data(), &config, 1, &count) && count == 1 ? config : nullptr;
 }
 
 // A picture in memory; none when the driver would silently make a smaller one.

@@ -144,21 +144,21 @@ void DrawWalls(const SScene& scene)
 // Light from above the eye's left shoulder, fixed to the eye.
 void SetupLight()
 {
-    constexpr std::array<float, 4> direction{-0.5F, 0.6F, 0.9F, 0};
-    constexpr std::array<float, 4> ambient{0.35F, 0.35F, 0.35F, 1};
-    constexpr std::array<float, 4> diffuse{0.75F, 0.75F, 0.75F, 1};
-    constexpr std::array<float, 4> shine{0.18F, 0.18F, 0.18F, 1};
-    constexpr std::array<float, 4> white{1, 1, 1, 1};
-    constexpr std::array<float, 4> none{0, 0, 0, 1};
-    glLightfv(GL_LIGHT0, GL_POSITION, direction.data());
-    glLightfv(GL_LIGHT0, GL_AMBIENT, ambient.data());
-    glLightfv(GL_LIGHT0, GL_DIFFUSE, diffuse.data());
-    glLightfv(GL_LIGHT0, GL_SPECULAR, shine.data());
-    glLightModelfv(GL_LIGHT_MODEL_AMBIENT, none.data());
+    constexpr std::array<float, 4> c_direction{-0.5F, 0.6F, 0.9F, 0};
+    constexpr std::array<float, 4> c_ambient{0.35F, 0.35F, 0.35F, 1};
+    constexpr std::array<float, 4> c_diffuse{0.75F, 0.75F, 0.75F, 1};
+    constexpr std::array<float, 4> c_shine{0.18F, 0.18F, 0.18F, 1};
+    constexpr std::array<float, 4> c_white{1, 1, 1, 1};
+    constexpr std::array<float, 4> c_none{0, 0, 0, 1};
+    glLightfv(GL_LIGHT0, GL_POSITION, c_direction.data());
+    glLightfv(GL_LIGHT0, GL_AMBIENT, c_ambient.data());
+    glLightfv(GL_LIGHT0, GL_DIFFUSE, c_diffuse.data());
+    glLightfv(GL_LIGHT0, GL_SPECULAR, c_shine.data());
+    glLightModelfv(GL_LIGHT_MODEL_AMBIENT, c_none.data());
     glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, GL_TRUE);
     glLightModeli(GL_LIGHT_MODEL_COLOR_CONTROL, GL_SEPARATE_SPECULAR_COLOR);
-    glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, white.data());
-    glMaterialfv(GL_FRONT_AND_BACK, GL_SPECULAR, white.data());
+    glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, c_white.data());
+    glMaterialfv(GL_FRONT_AND_BACK, GL_SPECULAR, c_white.data());
     glMaterialf(GL_FRONT_AND_BACK, GL_SHININESS, 24);
     glEnable(GL_LIGHTING);
     glEnable(GL_LIGHT0);

@@ -23,11 +23,11 @@ bool Fail(int textId, const CStr& spec, CSettingsFactory::SParseInfo& info)
 
 ESettingType FindType(std::u16string_view text)
 {
-    constexpr std::u16string_view marker = u"://";
-    if (const std::size_t at = text.find(marker); at != text.npos) {
+    constexpr std::u16string_view c_marker = u"://";
+    if (const std::size_t at = text.find(c_marker); at != text.npos) {
         if (text.substr(0, at) != c_scheme)
             return ESettingType::Unknown;
-        text.remove_prefix(at + marker.size());
+        text.remove_prefix(at + c_marker.size());
     }
     return GetSettingTypeEnum().GetValue(text);
 }

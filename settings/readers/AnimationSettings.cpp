@@ -29,9 +29,9 @@ CStr KeyFrameKey(std::size_t index)
 // A key frame is stored as the list of its position, azimuth, elevation and zoom.
 bool IsKeyFrame(const std::vector<double>& values)
 {
-    constexpr CRange<double> allowed[] = {{0, 1}, {-36000, 36000}, {-90, 90}, {0.01, 100}};
+    constexpr CRange<double> c_allowed[] = {{0, 1}, {-36000, 36000}, {-90, 90}, {0.01, 100}};
     return std::ranges::equal(
-        values, allowed, [](double value, const CRange<double>& range) { return range.Contains(value); });
+        values, c_allowed, [](double value, const CRange<double>& range) { return range.Contains(value); });
 }
 
 void ReadKeyFrames(CSettingsReader& reader, std::vector<SAnimationKeyFrame>& keyFrames)

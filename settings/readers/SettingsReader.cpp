@@ -72,9 +72,9 @@ bool CSettingsReader::OptionalColor(std::u16string_view key, std::optional<SColo
 {
     if (!m_ini.HasKey(key))
         return true;
-    constexpr SColor white{255, 255, 255};
+    constexpr SColor c_white{255, 255, 255};
     value = m_ini.ReadColor(key, SColor{});
-    return m_ini.ReadColor(key, white) == *value || Refuse(key, u"a colour");
+    return m_ini.ReadColor(key, c_white) == *value || Refuse(key, u"a colour");
 }
 
 bool CSettingsReader::Require(bool condition, std::u16string_view reason)
