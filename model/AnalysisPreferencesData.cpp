@@ -105,6 +105,20 @@ bool CAnalysisPreferencesData::Assign(const CAnalysisPreferencesData& other)
     return true;
 }
 
+CAnalysisPreferencesData::SDifferences
+CAnalysisPreferencesData::Compare(const CAnalysisPreferencesData& other) const
+{
+    const auto differs = [](const std::vector<CParameter>& a, const std::vector<CParameter>& b) {
+        return !std::ranges::equal(a, b, CParameter::IsSame);
+    };
+    return {.parameters = differs(m_parameters, other.m_parameters) || m_unit != other.m_unit ||
+                          m_preprocessing != other.m_preprocessing || m_allowed != other.m_allowed ||
+                          m_enabledStandards != other.m_enabledStandards,
+            .statistics = differs(m_statistics, other.m_statistics),
+            .outputs = differs(m_outputs, other.m_outputs) || m_writeToFile != other.m_writeToFile ||
+                       m_writeToDB != other.m_writeToDB};
+}
+
 std::vector<SParameterGroup> CAnalysisPreferencesData::GetGroups(FGetter getter, bool all) const
 {
     std::vector<CParameter> entries;

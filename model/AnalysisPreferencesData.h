@@ -44,6 +44,18 @@ public:
         bool operator==(const SAllowed& other) const = default;
     };
 
+    /// What of the preferences differs: the kinds of which listeners are told.
+    struct SDifferences {
+        /// The parameters, and what their values and their choice depend on: the unit, the preprocessing, the
+        /// form removal, the MUFU options, the standards, and what the application allows.
+        bool parameters = false;
+        bool statistics = false;
+        /// The outputs, and where results go: to the file, the database, the report and the bar chart.
+        bool outputs = false;
+
+        bool operator==(const SDifferences& other) const = default;
+    };
+
     /// Reads one entry of a list: GetParameter, GetStatistic or GetOutput.
     using FGetter = CParameter (CAnalysisPreferencesData::*)(int) const;
 
@@ -92,6 +104,9 @@ public:
     /// whose own preferences change only if the other object has them.
     /// @return false, and nothing changes, when it belongs to another analysis
     virtual bool Assign(const CAnalysisPreferencesData& other);
+    /// What Assign would change, of another object of the same analysis. Nothing differs between an object and
+    /// its clone.
+    virtual SDifferences Compare(const CAnalysisPreferencesData& other) const;
 
     EAnalysis GetAnalysis() const noexcept { return m_analysis; }
     /// Compares the analysis only.

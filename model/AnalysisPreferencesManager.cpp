@@ -88,10 +88,21 @@ CAnalysisPreferencesData& CAnalysisPreferencesManager::_GetData(EAnalysis analys
 
 bool CAnalysisPreferencesManager::SetData(EAnalysis analysis, const CAnalysisPreferencesData& data)
 {
-    const bool done = _GetData(analysis).Assign(data);
-    if (done)
-        AnnounceAll(analysis);
-    return done;
+    CData& own = _GetData(analysis);
+    if (data != analysis)
+        return false;
+    const CData::SDifferences differences = own.Compare(data);
+    if (differences == CData::SDifferences())
+        return true;
+    if (!own.Assign(data))
+        return false;
+    if (differences.parameters)
+        Announce(analysis, EPreferencesChange::Parameters);
+    if (differences.statistics)
+        Announce(analysis, EPreferencesChange::Statistics);
+    if (differences.outputs)
+        Announce(analysis, EPreferencesChange::Outputs);
+    return true;
 }
 
 bool CAnalysisPreferencesManager::SetDataParameters(EAnalysis analysis, std::vector<CParameter>& list)

@@ -29,7 +29,7 @@ struct SPreferencesChange {
 ///
 /// Listeners are called on the thread of whoever changes something, after the change and before the setter
 /// returns. They may read and change preferences, but a change of what they are told of calls them again:
-/// setters that find nothing to change call nobody. User-interface thread only.
+/// setters that find nothing to change call nobody, whereas a load always tells of all kinds. User-interface thread only.
 ///
 /// The manager must outlive the calls of its listeners.
 ///
@@ -53,7 +53,9 @@ public:
     /// CGrainAnalysisPreferencesData for the grains. The object stays the same as long as the manager lives.
     const CAnalysisPreferencesData& GetData(EAnalysis analysis) const;
     /// Replaces the contents by those of `data`, which may be the base part alone of a roughness or grain
-    /// object, and announces all three kinds of change.
+    /// object, and announces those kinds of change that there are; CAnalysisPreferencesData::SDifferences says
+    /// which kind stands for what is in no list. Where nothing differs, nobody is told and the object is not
+    /// modified.
     /// @return false, and nothing changes, when `data` belongs to another analysis
     bool SetData(EAnalysis analysis, const CAnalysisPreferencesData& data);
 

@@ -5,6 +5,7 @@
 #include "model/detail/OldPreferences.h"
 #include "model/detail/ParameterGroups.h"
 #include "model/detail/RoughnessNames.h"
+#include "model/detail/SameNumber.h"
 #include "model/Preference.h"
 
 #include <algorithm>
@@ -72,6 +73,13 @@ constexpr auto BarChartTable(EAnalysis analysis)
         SPreference{u"LimitsOn", &CConfig::limitsOn, c_byDefault.limitsOn},
         SPreference{u"LowerLimit", &CConfig::lowerLimit, c_byDefault.lowerLimit},
         SPreference{u"UpperLimit", &CConfig::upperLimit, c_byDefault.upperLimit}};
+}
+
+bool SameConfig(const CConfig& a, const CConfig& b)
+{
+    return a.parameter == b.parameter && a.barCount == b.barCount && a.autoScale == b.autoScale &&
+           SameNumber(a.lower, b.lower) && SameNumber(a.upper, b.upper) && a.limitsOn == b.limitsOn &&
+           SameNumber(a.lowerLimit, b.lowerLimit) && SameNumber(a.upperLimit, b.upperLimit);
 }
 
 const CParameter* FindTemplate(const std::vector<CParameter>& parameters, int value)
@@ -171,6 +179,20 @@ bool CRoughnessAnalysisPreferencesData::Assign(const CAnalysisPreferencesData& o
         return true;
     }
     return CAnalysisPreferencesData::Assign(other);
+}
+
+CAnalysisPreferencesData::SDifferences
+CRoughnessAnalysisPreferencesData::Compare(const CAnalysisPreferencesData& other) const
+{
+    SDifferences differences = CAnalysisPreferencesData::Compare(other);
+    if (const auto* same = dynamic_cast<const CRoughnessAnalysisPreferencesData*>(&other)) {
+        differences.parameters |=
+            m_formRemoval != same->m_formRemoval || m_mufuFilterType != same->m_mufuFilterType ||
+            m_mufuRobustSeed != same->m_mufuRobustSeed || m_mufuRatio != same->m_mufuRatio;
+        differences.outputs |=
+            m_reportOption != same->m_reportOption || !SameConfig(m_barChart, same->m_barChart);
+    }
+    return differences;
 }
 
 std::vector<SParameterGroup> CRoughnessAnalysisPreferencesData::GetGroups(FGetter getter, bool all) const

@@ -66,6 +66,7 @@ public:
     bool Load(CInifile& ini) override;
     std::unique_ptr<CAnalysisPreferencesData> Clone() const override;
     bool Assign(const CAnalysisPreferencesData& other) override;
+    SDifferences Compare(const CAnalysisPreferencesData& other) const override;
     /// A group for each enabled standard of which there are parameters, in the order of
     /// GetAnalysisStandardsEnum, with groups by kind below it where the standard has several. Empty groups
     /// are left out.
