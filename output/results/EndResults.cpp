@@ -38,7 +38,8 @@ void SEndResultItem::AddValue(double value, int digits)
     m_values.push_back(FormatResultValue(value, digits, false));
 }
 
-CStr SEndResultItem::CreateTokenizableString(std::span<const int> blankColumns, int columnCount) const
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature that callers know
+CStr SEndResultItem::CreateTokenizableString(std::vector<int> blankColumns, int columnCount) const
 {
     if (m_values.empty())
         return {};

@@ -3,7 +3,6 @@
 #include "../../common/Str.h"
 #include "../../export/Export.h"
 
-#include <span>
 #include <vector>
 
 namespace CommonUI
@@ -37,7 +36,7 @@ public:
     /// @param blankColumns the columns that are written as blank cells whatever their values; the first
     ///     column cannot be blanked, it is left out
     /// @param columnCount how many columns are written; those beyond the values are left out
-    CStr CreateTokenizableString(std::span<const int> blankColumns, int columnCount) const;
+    CStr CreateTokenizableString(std::vector<int> blankColumns, int columnCount) const;
 
 private:
     std::vector<CStr> m_values;

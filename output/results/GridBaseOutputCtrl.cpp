@@ -65,8 +65,9 @@ bool CGridBaseOutputCtrl::InsertTokenizableRow(const CStr& line, const CStr& del
     return true;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature that callers know
 void CGridBaseOutputCtrl::AddResultsToGrid(const SEndResultCollection* collection,
-                                           std::span<const int> blankColumns)
+                                           std::vector<int> blankColumns)
 {
     if (!collection)
         return;

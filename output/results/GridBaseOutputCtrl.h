@@ -8,7 +8,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <vector>
 
 namespace CommonUI
@@ -125,7 +124,7 @@ public:
 
     /// Adds a row for every item of a collection that has values; nothing for a null one.
     /// @param blankColumns see SEndResultItem::CreateTokenizableString
-    void AddResultsToGrid(const SEndResultCollection* collection, std::span<const int> blankColumns);
+    void AddResultsToGrid(const SEndResultCollection* collection, std::vector<int> blankColumns);
 
     /// Appends the header rows to `cells` when the grid's type is among the bits of `type`: the group names,
     /// where a column has one, and the column names.
