@@ -3,6 +3,7 @@
 #include "common/Exceptions.h"
 #include "common/StringTable.h"
 #include "model/detail/AnalysisDefaults.h"
+#include "model/detail/FreeNumbers.h"
 #include "model/RoughnessCatalogue.h"
 
 #include <algorithm>
@@ -146,10 +147,7 @@ std::vector<SParameterGroup> CAnalysisPreferencesData::GetOutputGroups() const
 
 int CAnalysisPreferencesData::FindParameterMaxValue() const
 {
-    int largest = 0;
-    for (const CParameter& parameter : m_parameters)
-        largest = std::max(largest, parameter.GetValue());
-    return largest + 1;
+    return CFreeNumbers(m_parameters, 0).Take();
 }
 
 int CAnalysisPreferencesData::AddParameter(int /*parent*/, const CParameter& parameter)

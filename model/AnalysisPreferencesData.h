@@ -87,7 +87,7 @@ public:
     /// All outputs in one group.
     virtual std::vector<SParameterGroup> GetOutputGroups() const;
     /// In spite of its name the next number that is free for a parameter: one more than the largest one in
-    /// use, at least 1.
+    /// use, at least 1; the least one that is free where no number is larger.
     virtual int FindParameterMaxValue() const;
     /// Adds a copy of a plug-in's parameter under a new number, as a dynamic parameter of the plug-ins'
     /// entry.

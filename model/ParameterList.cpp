@@ -3,6 +3,7 @@
 #include "common/Diagnostics.h"
 #include "common/ini/SectionScope.h"
 #include "model/detail/AnalysisDefaults.h"
+#include "model/detail/FreeNumbers.h"
 #include "model/Enumerations.h"
 #include "model/MeasureParameters.h"
 #include "model/RoughnessCatalogue.h"
@@ -238,6 +239,21 @@ std::set<int> EntryNumbers(const CInifile& ini)
     return numbers;
 }
 
+constexpr int c_allEntries = -1;
+
+// How many entries are to be read; a count that cannot be read does not lose what is there.
+int ReadCount(const CInifile& ini)
+{
+    if (!ini.HasKey(c_countKey))
+        return 0;
+    const int count = ini.ReadInt(c_countKey, -1);
+    if (count >= 0)
+        return count;
+    Warn(CStr::Format(u"%s: \"%s\" is no count; all entries are read", CStr(c_countKey),
+                      ini.ReadText(c_countKey)));
+    return c_allEntries;
+}
+
 } // namespace
 
 void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis)
@@ -268,23 +284,22 @@ void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnal
     const CStr section = DynamicSection(ini);
     if (!ini.HasSection(section))
         return;
-    int value = LargestCatalogueValue(analysis);
-    for (const CParameter& parameter : parameters)
-        value = std::max(value, parameter.GetValue());
+    CFreeNumbers values(parameters, LargestCatalogueValue(analysis));
     const CSectionScope scope(ini, section);
-    const int count = ini.ReadInt(c_countKey, 0);
     const std::set<int> numbers = EntryNumbers(ini);
-    if (std::cmp_not_equal(numbers.size(), count) || (count > 0 && *numbers.rbegin() != count))
+    const int count = ReadCount(ini);
+    if (count != c_allEntries &&
+        (std::cmp_not_equal(numbers.size(), count) || (count > 0 && *numbers.rbegin() != count)))
         Warn(CStr::Format(u"%s: there are %d entries, not those from 1 to %d", CStr(c_countKey),
                           numbers.size(), count));
     const std::size_t staticCount = parameters.size();
     for (const int number : numbers) {
-        if (number < 1 || number > count)
+        if (number < 1 || (number > count && count != c_allEntries))
             continue;
         const CStr prefix = DynamicPrefix(number);
         const std::span<const CParameter> statics(parameters.data(), staticCount);
         if (const CParameter* parent = FindParent(statics, ini, prefix, analysis))
-            parameters.push_back(LoadDynamic(++value, *parent, ini, prefix));
+            parameters.push_back(LoadDynamic(values.Take(), *parent, ini, prefix));
     }
 }
 

@@ -19,8 +19,10 @@ COMMONUI_API void SaveParameterList(std::vector<CParameter>& parameters, CInifil
 
 /// Reads what SaveParameterList wrote. Static parameters are those that `parameters` already has; what the
 /// file does not say about them stays. All dynamic parameters are replaced by those of the file, under new
-/// numbers behind the catalogue's; one whose parent is unknown or has another count of variables is left out,
-/// with a line in the diagnostics (category u"Parameters"). Values that cannot be read keep their default.
+/// numbers behind the catalogue's: upward from the largest in use, or the least that are free where no number is
+/// larger. One whose parent is unknown or has another count of variables is left out,
+/// with a line in the diagnostics (category u"Parameters"). A count of entries that cannot be read stands for
+/// those that are there, with a line, too. Values that cannot be read keep their default.
 COMMONUI_API void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis);
 
 } // namespace CommonUI
