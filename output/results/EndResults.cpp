@@ -58,7 +58,10 @@ CStr SEndResultItem::CreateTokenizableString(std::vector<int> blankColumns, int 
 
 void SEndResultCollection::AddItemToCollection(const SEndResultItem& item, bool append)
 {
-    m_results.insert(append ? m_results.end() : m_results.begin(), item);
+    if (append)
+        m_results.PushBack(item);
+    else
+        m_results.PushFront(item);
 }
 
 } // namespace CommonUI

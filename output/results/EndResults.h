@@ -2,6 +2,7 @@
 
 #include "../../common/Str.h"
 #include "../../export/Export.h"
+#include "FrontVector.h"
 
 #include <vector>
 
@@ -43,7 +44,8 @@ private:
     CStr m_name;
 };
 
-/// The rows of one result table in display order.
+/// The rows of one result table in display order. A row costs the same at either end, also of a long table. The
+/// first reading after rows were put in front sets them in place: collections are read by one thread at a time.
 class COMMONUI_API SEndResultCollection
 {
 public:
@@ -52,11 +54,11 @@ public:
     void AddItemToCollection(const SEndResultItem& item, bool append);
 
     /// The rows, to be read and edited in place.
-    std::vector<SEndResultItem>& GetResultsVector() noexcept { return m_results; }
-    const std::vector<SEndResultItem>& GetResultsVector() const noexcept { return m_results; }
+    std::vector<SEndResultItem>& GetResultsVector() { return m_results.Get(); }
+    const std::vector<SEndResultItem>& GetResultsVector() const { return m_results.Get(); }
 
 private:
-    std::vector<SEndResultItem> m_results;
+    Detail::CFrontVector<SEndResultItem> m_results;
 };
 
 } // namespace CommonUI

@@ -61,7 +61,10 @@ bool CGridBaseOutputCtrl::InsertTokenizableRow(const CStr& line, const CStr& del
                                             row.cells.size(), m_columns.size()));
     }
     m_longestRow = std::max(m_longestRow, row.cells.size());
-    m_rows.insert(atTop ? m_rows.begin() : m_rows.end(), std::move(row));
+    if (atTop)
+        m_rows.push_front(std::move(row));
+    else
+        m_rows.push_back(std::move(row));
     return true;
 }
 
