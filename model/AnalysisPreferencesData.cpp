@@ -43,8 +43,23 @@ bool SetIn(std::vector<CParameter>& list, int id, const CParameter& entry)
 {
     CParameter* const found = FindIn(list, id);
     if (found)
-        *found = entry;
+        *found = CParameter(entry);
     return found;
+}
+
+// Gives every entry to that of its number, all of them or, without memory, none.
+// @return whether there was one for each
+bool SetAllIn(std::vector<CParameter>& list, const std::vector<CParameter>& entries, bool& changed)
+{
+    std::vector<CParameter> next = list;
+    bool all = true;
+    for (const CParameter& entry : entries) {
+        const bool set = SetIn(next, entry.GetValue(), entry);
+        all &= set;
+        changed |= set;
+    }
+    list = std::move(next);
+    return all;
 }
 
 bool SetOnIn(std::vector<CParameter>& list, int id, bool on)
@@ -101,7 +116,7 @@ bool CAnalysisPreferencesData::Assign(const CAnalysisPreferencesData& other)
 {
     if (other.m_analysis != m_analysis)
         return false;
-    CAnalysisPreferencesData::operator=(other);
+    CAnalysisPreferencesData::operator=(CAnalysisPreferencesData(other));
     SetModified();
     return true;
 }
@@ -246,23 +261,23 @@ bool CAnalysisPreferencesData::SetOutputOn(int id, bool on)
 
 bool CAnalysisPreferencesData::SetParameters(const std::vector<CParameter>& parameters)
 {
-    m_parameters = parameters;
+    m_parameters = std::vector<CParameter>(parameters);
     return Changed(true);
 }
 
 bool CAnalysisPreferencesData::SetStatistics(const std::vector<CParameter>& statistics)
 {
-    bool all = true;
-    for (const CParameter& statistic : statistics)
-        all &= SetStatistic(statistic.GetValue(), statistic);
+    bool changed = false;
+    const bool all = SetAllIn(m_statistics, statistics, changed);
+    Changed(changed);
     return all;
 }
 
 bool CAnalysisPreferencesData::SetOutputs(const std::vector<CParameter>& outputs)
 {
-    bool all = true;
-    for (const CParameter& output : outputs)
-        all &= SetOutput(output.GetValue(), output);
+    bool changed = false;
+    const bool all = SetAllIn(m_outputs, outputs, changed);
+    Changed(changed);
     return all;
 }
 

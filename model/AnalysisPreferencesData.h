@@ -28,7 +28,8 @@ enum class ERoughnessPreprocessingOptions {
 ///
 /// The defaults of every analysis are described in docs/analysis-defaults.md, the stored form in
 /// docs/preferences-file.md. Lists are in the order of their catalogue. Everything that changes the object
-/// sets its modified flag; setters answer false for a number that the list does not have, getters throw.
+/// sets its modified flag; setters answer false for a number that the list does not have, getters throw. Where
+/// there is no memory for a change, std::bad_alloc is thrown and the object is what it was, its flag included.
 class COMMONUI_API CAnalysisPreferencesData : public CBaseData
 {
 public:
@@ -63,7 +64,9 @@ public:
     /// @throws EInternal for a number that is no analysis: "Illegal Analysis value: %d"
     explicit CAnalysisPreferencesData(EAnalysis analysis);
     CAnalysisPreferencesData(const CAnalysisPreferencesData&) = default;
+    CAnalysisPreferencesData(CAnalysisPreferencesData&&) noexcept = default;
     CAnalysisPreferencesData& operator=(const CAnalysisPreferencesData&) = default;
+    CAnalysisPreferencesData& operator=(CAnalysisPreferencesData&&) noexcept = default;
     ~CAnalysisPreferencesData() override;
 
     using CBaseData::Load;

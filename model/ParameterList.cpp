@@ -2,6 +2,7 @@
 
 #include "common/Diagnostics.h"
 #include "common/ini/SectionScope.h"
+#include "common/Rollback.h"
 #include "model/detail/AnalysisDefaults.h"
 #include "model/detail/FreeNumbers.h"
 #include "model/Enumerations.h"
@@ -120,12 +121,10 @@ EUnitFactor ReadFactor(const CInifile& ini, const CStr& key, EUnitFactor byDefau
     return ReadName(ini, key, CUnit::GetUnitFactorEnum(), byDefault);
 }
 
-void SaveStatic(CParameter& parameter, CInifile& ini)
+void SaveStatic(const CParameter& parameter, CInifile& ini)
 {
-    if (parameter.IsTemplate())
-        parameter.SetOn(false);
     const CStr prefix = parameter.GetIniName();
-    ini.WriteBool(prefix + u'_' + c_on, parameter.IsOn());
+    ini.WriteBool(prefix + u'_' + c_on, parameter.IsOn() && !parameter.IsTemplate());
     ini.WriteText(prefix + u'_' + c_factor, FactorKey(parameter));
     WriteFormat(parameter, ini, prefix);
 }
@@ -254,14 +253,8 @@ int ReadCount(const CInifile& ini)
     return c_allEntries;
 }
 
-} // namespace
-
-void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis)
+void SaveAllDynamic(const std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis)
 {
-    for (CParameter& parameter : parameters) {
-        if (!parameter.HasParent())
-            SaveStatic(parameter, ini);
-    }
     const CSectionScope scope(ini, DynamicSection(ini));
     ini.ClearSection();
     const auto count = std::ranges::count_if(parameters, &CParameter::HasParent);
@@ -273,6 +266,23 @@ void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnal
         if (parameter.HasParent())
             SaveDynamic(parameter, ini, DynamicPrefix(++number), analysis);
     }
+}
+
+} // namespace
+
+void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis)
+{
+    CRollback rollback(ini);
+    for (const CParameter& parameter : parameters) {
+        if (!parameter.HasParent())
+            SaveStatic(parameter, ini);
+    }
+    SaveAllDynamic(parameters, ini, analysis);
+    for (CParameter& parameter : parameters) {
+        if (parameter.IsTemplate())
+            parameter.SetOn(false);
+    }
+    rollback.Commit();
 }
 
 void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis)

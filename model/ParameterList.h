@@ -12,7 +12,8 @@ namespace CommonUI
 
 /// Writes the choices of a list of parameters to the current section of `ini`, and its dynamic parameters to
 /// a section of their own, which is that section's name followed by "_DynamicParameters". The stored keys are
-/// described in docs/parameter-list.md. The section that was current is current again afterwards.
+/// described in docs/parameter-list.md. The section that was current is current again afterwards. Without memory,
+/// std::bad_alloc is thrown, and file and list are what they were.
 /// @param parameters templates among them are switched off, in the caller's list as well
 /// @param analysis whose catalogue names the parents of dynamic parameters
 COMMONUI_API void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis);

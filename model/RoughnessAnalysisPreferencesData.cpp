@@ -1,6 +1,7 @@
 #include "model/RoughnessAnalysisPreferencesData.h"
 
 #include "common/ini/SectionScope.h"
+#include "common/Rollback.h"
 #include "model/detail/CatalogueOrder.h"
 #include "model/detail/OldPreferences.h"
 #include "model/detail/ParameterGroups.h"
@@ -112,8 +113,10 @@ CRoughnessAnalysisPreferencesData::~CRoughnessAnalysisPreferencesData() = defaul
 
 void CRoughnessAnalysisPreferencesData::Init()
 {
+    CRollback rollback(*this);
     CAnalysisPreferencesData::Init();
     InitOwn();
+    rollback.Commit();
 }
 
 void CRoughnessAnalysisPreferencesData::InitOwn()
@@ -132,6 +135,7 @@ bool CRoughnessAnalysisPreferencesData::Save(CInifile& ini)
 
 bool CRoughnessAnalysisPreferencesData::Load(CInifile& ini)
 {
+    CRollback rollback(*this);
     if (!CAnalysisPreferencesData::Load(ini))
         return false;
     LoadPreferences(*this, ini, SStored::c_table);
@@ -143,12 +147,14 @@ bool CRoughnessAnalysisPreferencesData::Load(CInifile& ini)
         if (const CParameter* parent = FindTemplate(ViewParameters(), parameter.GetParentValue()))
             NameByVariables(parameter, *parent);
     }
+    rollback.Commit();
     return true;
 }
 
 bool CRoughnessAnalysisPreferencesData::LoadOld(CInifile& ini)
 {
     const std::optional<CStr> section = FindOldSection(ini, GetAnalysis());
+    CRollback rollback(*this);
     if (!section || !CAnalysisPreferencesData::LoadOld(ini))
         return false;
     const CSectionScope scope(ini, *section);
@@ -161,6 +167,7 @@ bool CRoughnessAnalysisPreferencesData::LoadOld(CInifile& ini)
         else
             WarnOfPreference(CStr::Format(u"%s: there is no %d", row.key, number));
     }
+    rollback.Commit();
     return true;
 }
 
@@ -174,7 +181,7 @@ bool CRoughnessAnalysisPreferencesData::Assign(const CAnalysisPreferencesData& o
     if (const auto* same = dynamic_cast<const CRoughnessAnalysisPreferencesData*>(&other)) {
         if (same->GetAnalysis() != GetAnalysis())
             return false;
-        *this = *same;
+        *this = CRoughnessAnalysisPreferencesData(*same);
         SetModified();
         return true;
     }
@@ -269,13 +276,13 @@ int CRoughnessAnalysisPreferencesData::AddTemplateInstance(ERoughnessParameters 
 
 bool CRoughnessAnalysisPreferencesData::SetParameters(const std::vector<CParameter>& parameters)
 {
-    CAnalysisPreferencesData::SetParameters(parameters);
-    for (CParameter& parameter : EditParameters()) {
+    std::vector<CParameter> sorted = parameters;
+    for (CParameter& parameter : sorted) {
         if (parameter.IsTemplate())
             parameter.SetOn(false);
     }
-    SortByCatalogue(EditParameters(), GetRoughnessParametersEnum());
-    return true;
+    SortByCatalogue(sorted, GetRoughnessParametersEnum());
+    return CAnalysisPreferencesData::SetParameters(sorted);
 }
 
 void CRoughnessAnalysisPreferencesData::SetBarChartConfig(const SBarChartConfig& config)

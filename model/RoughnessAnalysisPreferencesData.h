@@ -56,7 +56,9 @@ public:
     /// @param analysis EAnalysis::Roughness or EAnalysis::RoughnessProfile
     explicit CRoughnessAnalysisPreferencesData(EAnalysis analysis);
     CRoughnessAnalysisPreferencesData(const CRoughnessAnalysisPreferencesData&) = default;
+    CRoughnessAnalysisPreferencesData(CRoughnessAnalysisPreferencesData&&) noexcept = default;
     CRoughnessAnalysisPreferencesData& operator=(const CRoughnessAnalysisPreferencesData&) = default;
+    CRoughnessAnalysisPreferencesData& operator=(CRoughnessAnalysisPreferencesData&&) noexcept = default;
     ~CRoughnessAnalysisPreferencesData() override;
 
     using CAnalysisPreferencesData::Load;
