@@ -188,14 +188,24 @@ bool CAnalysisPreferencesManager::Load(CInifile& ini)
 {
     // Listeners are told when everything is as the file says, not in between.
     std::vector<EAnalysis> loaded;
-    const bool done = ForAll(ini, [&](EAnalysis analysis) {
-        const bool success = _GetData(analysis).Load(ini);
-        if (success)
-            loaded.push_back(analysis);
-        return success;
-    });
-    for (const EAnalysis analysis : loaded)
-        AnnounceAll(analysis);
+    loaded.reserve(m_data.size());
+    const auto announce = [&] {
+        for (const EAnalysis analysis : loaded)
+            AnnounceAll(analysis);
+    };
+    bool done = false;
+    try {
+        done = ForAll(ini, [&](EAnalysis analysis) {
+            const bool success = _GetData(analysis).Load(ini);
+            if (success)
+                loaded.push_back(analysis);
+            return success;
+        });
+    } catch (...) {
+        announce();
+        throw;
+    }
+    announce();
     return done;
 }
 

@@ -84,6 +84,8 @@ public:
     bool SaveData(EAnalysis analysis, CInifile& ini);
     /// Loads or saves all analyses, each in the section named like the current one, "_" and the analysis's
     /// name: "Analysis_TipAnalysis". The current section is current again afterwards.
+    /// A load without memory for one analysis leaves it and those behind it alone, tells of the others and throws
+    /// std::bad_alloc.
     /// @return whether all of them succeeded; one that fails does not keep the others from being tried
     bool Load(CInifile& ini);
     bool Save(CInifile& ini) const;

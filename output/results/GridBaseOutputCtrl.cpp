@@ -68,9 +68,10 @@ bool CGridBaseOutputCtrl::InsertTokenizableRow(const CStr& line, const CStr& del
     return true;
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature that callers know
+// NOLINTBEGIN(performance-unnecessary-value-param): the signature that callers know
 void CGridBaseOutputCtrl::AddResultsToGrid(const SEndResultCollection* collection,
                                            std::vector<int> blankColumns)
+// NOLINTEND(performance-unnecessary-value-param)
 {
     if (!collection)
         return;

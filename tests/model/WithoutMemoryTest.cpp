@@ -99,14 +99,11 @@ TEST(WithoutMemory, PreferencesAreChangedInFullOrNotAtAll)
         CInifile ini = PreferencesIni();
         other->Save(ini);
         CInifile old = PreferencesIni("[A]\nOptionsHeightUnit=another unit of some length\n");
-        // Outputs are those of the roughness and the grain analyses; others have none.
-        const bool hasOutputs = !outputs.empty();
         const SChange changes[] = {
             {"data", [&](auto& manager) { manager.SetData(analysis, *other); }, true},
             {"parameters", [&](auto& manager) { manager.SetDataParameters(analysis, parameters); }, true},
-            {"statistics", [&](auto& manager) { manager.SetDataStatistics(analysis, statistics); },
-             !statistics.empty()},
-            {"outputs", [&](auto& manager) { manager.SetDataOutputs(analysis, outputs); }, hasOutputs},
+            {"statistics", [&](auto& manager) { manager.SetDataStatistics(analysis, statistics); }, true},
+            {"outputs", [&](auto& manager) { manager.SetDataOutputs(analysis, outputs); }, true},
             {"load", [&](auto& manager) { manager.LoadData(analysis, ini); }, true},
             {"load old", [&](auto& manager) { manager.LoadData(analysis, old); }, true},
             {"reset", [&](auto& manager) { manager._GetData(analysis).Reset(); }, false},
@@ -120,6 +117,32 @@ TEST(WithoutMemory, PreferencesAreChangedInFullOrNotAtAll)
             for (int allocation = 1; FailsAt(allocation, analysis, change); ++allocation) {
             }
         }
+    }
+}
+
+TEST(WithoutMemory, EveryAnalysisThatIsLoadedIsToldOf)
+{
+    std::string bytes;
+    for (int i = 0; i < c_analysisCount; ++i)
+        bytes += "[A_" + CData::GetININame(EAnalysis{i}).ToUtf8() + "]\nWriteToFile=1\nUnitString=own unit\n";
+    CInifile ini = PreferencesIni(bytes);
+    bool failed = true;
+    for (int allocation = 1; failed; allocation += 31) {
+        COpenManager manager;
+        CCounter listener;
+        CClosureConnection connection;
+        manager.GetChangeList().Subscribe(listener, &CCounter::OnChange, connection);
+        try {
+            const CFailingAllocation failing(allocation);
+            manager.Load(ini);
+            failed = failing.HasFailed();
+        } catch (const std::bad_alloc&) {
+        }
+        int loaded = 0;
+        for (int i = 0; i < c_analysisCount; ++i)
+            loaded += manager.GetData(EAnalysis{i}).GetUnit() == CUnit::FromText(u"own unit") ? 1 : 0;
+        EXPECT_EQ(listener.GetCount(), 3 * loaded) << allocation;
+        EXPECT_TRUE(failed || loaded == c_analysisCount);
     }
 }
 
