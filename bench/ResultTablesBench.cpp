@@ -25,7 +25,6 @@ CGrid::CCells MakeTable(std::size_t rows)
     CGrid grid(CGrid::SCellInfo::Results);
     for (std::size_t column = 0; column < c_columns - 1; ++column)
         grid.AddColumn({CStr::Format(u"P%d", column), {}});
-    grid.ReserveRows(rows);
     for (std::size_t row = 0; row < rows; ++row) {
         CGrid::SRow cells{.name = CStr::Format(u"%d", row), .cells = {}};
         for (std::size_t column = 0; column < c_columns - 1; ++column)

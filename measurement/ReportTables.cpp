@@ -62,7 +62,6 @@ void FillRows(CGrid& grid, const SResults& results)
     }
     grid.AddRow(units);
     const std::size_t count = results.columns.front().values.size();
-    grid.ReserveRows(count + 1);
     for (std::size_t i = 0; i < count; ++i) {
         CGrid::SRow row{.name = CStr::Format(u"%d", i + 1), .cells = {}};
         for (const SColumn& column : results.columns)

@@ -3,6 +3,7 @@
 #include "common/Exceptions.h"
 #include "common/StringTable.h"
 #include "model/detail/AnalysisDefaults.h"
+#include "model/detail/FreeNumbers.h"
 #include "model/RoughnessCatalogue.h"
 
 #include <algorithm>
@@ -42,8 +43,23 @@ bool SetIn(std::vector<CParameter>& list, int id, const CParameter& entry)
 {
     CParameter* const found = FindIn(list, id);
     if (found)
-        *found = entry;
+        *found = CParameter(entry);
     return found;
+}
+
+// Gives every entry to that of its number, all of them or, without memory, none.
+// @return whether there was one for each
+bool SetAllIn(std::vector<CParameter>& list, const std::vector<CParameter>& entries, bool& changed)
+{
+    std::vector<CParameter> next = list;
+    bool all = true;
+    for (const CParameter& entry : entries) {
+        const bool set = SetIn(next, entry.GetValue(), entry);
+        all &= set;
+        changed |= set;
+    }
+    list = std::move(next);
+    return all;
 }
 
 bool SetOnIn(std::vector<CParameter>& list, int id, bool on)
@@ -100,9 +116,23 @@ bool CAnalysisPreferencesData::Assign(const CAnalysisPreferencesData& other)
 {
     if (other.m_analysis != m_analysis)
         return false;
-    CAnalysisPreferencesData::operator=(other);
+    CAnalysisPreferencesData::operator=(CAnalysisPreferencesData(other));
     SetModified();
     return true;
+}
+
+CAnalysisPreferencesData::SDifferences
+CAnalysisPreferencesData::Compare(const CAnalysisPreferencesData& other) const
+{
+    const auto differs = [](const std::vector<CParameter>& a, const std::vector<CParameter>& b) {
+        return !std::ranges::equal(a, b, CParameter::IsSame);
+    };
+    return {.parameters = differs(m_parameters, other.m_parameters) || m_unit != other.m_unit ||
+                          m_preprocessing != other.m_preprocessing || m_allowed != other.m_allowed ||
+                          m_enabledStandards != other.m_enabledStandards,
+            .statistics = differs(m_statistics, other.m_statistics),
+            .outputs = differs(m_outputs, other.m_outputs) || m_writeToFile != other.m_writeToFile ||
+                       m_writeToDB != other.m_writeToDB};
 }
 
 std::vector<SParameterGroup> CAnalysisPreferencesData::GetGroups(FGetter getter, bool all) const
@@ -132,10 +162,7 @@ std::vector<SParameterGroup> CAnalysisPreferencesData::GetOutputGroups() const
 
 int CAnalysisPreferencesData::FindParameterMaxValue() const
 {
-    int largest = 0;
-    for (const CParameter& parameter : m_parameters)
-        largest = std::max(largest, parameter.GetValue());
-    return largest + 1;
+    return CFreeNumbers(m_parameters, 0).Take();
 }
 
 int CAnalysisPreferencesData::AddParameter(int /*parent*/, const CParameter& parameter)
@@ -234,23 +261,23 @@ bool CAnalysisPreferencesData::SetOutputOn(int id, bool on)
 
 bool CAnalysisPreferencesData::SetParameters(const std::vector<CParameter>& parameters)
 {
-    m_parameters = parameters;
+    m_parameters = std::vector<CParameter>(parameters);
     return Changed(true);
 }
 
 bool CAnalysisPreferencesData::SetStatistics(const std::vector<CParameter>& statistics)
 {
-    bool all = true;
-    for (const CParameter& statistic : statistics)
-        all &= SetStatistic(statistic.GetValue(), statistic);
+    bool changed = false;
+    const bool all = SetAllIn(m_statistics, statistics, changed);
+    Changed(changed);
     return all;
 }
 
 bool CAnalysisPreferencesData::SetOutputs(const std::vector<CParameter>& outputs)
 {
-    bool all = true;
-    for (const CParameter& output : outputs)
-        all &= SetOutput(output.GetValue(), output);
+    bool changed = false;
+    const bool all = SetAllIn(m_outputs, outputs, changed);
+    Changed(changed);
     return all;
 }
 

@@ -28,7 +28,8 @@ enum class ERoughnessPreprocessingOptions {
 ///
 /// The defaults of every analysis are described in docs/analysis-defaults.md, the stored form in
 /// docs/preferences-file.md. Lists are in the order of their catalogue. Everything that changes the object
-/// sets its modified flag; setters answer false for a number that the list does not have, getters throw.
+/// sets its modified flag; setters answer false for a number that the list does not have, getters throw. Where
+/// there is no memory for a change, std::bad_alloc is thrown and the object is what it was, its flag included.
 class COMMONUI_API CAnalysisPreferencesData : public CBaseData
 {
 public:
@@ -44,6 +45,18 @@ public:
         bool operator==(const SAllowed& other) const = default;
     };
 
+    /// What of the preferences differs: the kinds of which listeners are told.
+    struct SDifferences {
+        /// The parameters, and what their values and their choice depend on: the unit, the preprocessing, the
+        /// form removal, the MUFU options, the standards, and what the application allows.
+        bool parameters = false;
+        bool statistics = false;
+        /// The outputs, and where results go: to the file, the database, the report and the bar chart.
+        bool outputs = false;
+
+        bool operator==(const SDifferences& other) const = default;
+    };
+
     /// Reads one entry of a list: GetParameter, GetStatistic or GetOutput.
     using FGetter = CParameter (CAnalysisPreferencesData::*)(int) const;
 
@@ -51,7 +64,9 @@ public:
     /// @throws EInternal for a number that is no analysis: "Illegal Analysis value: %d"
     explicit CAnalysisPreferencesData(EAnalysis analysis);
     CAnalysisPreferencesData(const CAnalysisPreferencesData&) = default;
+    CAnalysisPreferencesData(CAnalysisPreferencesData&&) noexcept = default;
     CAnalysisPreferencesData& operator=(const CAnalysisPreferencesData&) = default;
+    CAnalysisPreferencesData& operator=(CAnalysisPreferencesData&&) noexcept = default;
     ~CAnalysisPreferencesData() override;
 
     using CBaseData::Load;
@@ -75,7 +90,7 @@ public:
     /// All outputs in one group.
     virtual std::vector<SParameterGroup> GetOutputGroups() const;
     /// In spite of its name the next number that is free for a parameter: one more than the largest one in
-    /// use, at least 1.
+    /// use, at least 1; the least one that is free where no number is larger.
     virtual int FindParameterMaxValue() const;
     /// Adds a copy of a plug-in's parameter under a new number, as a dynamic parameter of the plug-ins'
     /// entry.
@@ -92,6 +107,9 @@ public:
     /// whose own preferences change only if the other object has them.
     /// @return false, and nothing changes, when it belongs to another analysis
     virtual bool Assign(const CAnalysisPreferencesData& other);
+    /// What Assign would change, of another object of the same analysis. Nothing differs between an object and
+    /// its clone.
+    virtual SDifferences Compare(const CAnalysisPreferencesData& other) const;
 
     EAnalysis GetAnalysis() const noexcept { return m_analysis; }
     /// Compares the analysis only.

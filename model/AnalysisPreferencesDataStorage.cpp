@@ -1,6 +1,7 @@
 #include "common/Diagnostics.h"
 #include "common/Exceptions.h"
 #include "common/ini/SectionScope.h"
+#include "common/Rollback.h"
 #include "model/AnalysisPreferencesData.h"
 #include "model/detail/AnalysisDefaults.h"
 #include "model/detail/OldPreferences.h"
@@ -77,11 +78,13 @@ void CAnalysisPreferencesData::Init()
     if (!defaults)
         throw EInternal(u"AnalysisPreferencesData", __LINE__, u"CAnalysisPreferencesData::Init",
                         CStr::Format(u"Illegal Analysis value: %d", static_cast<int>(m_analysis)));
+    CRollback rollback(*this);
     InitPreferences(*this, SStored::BeforeLists(*defaults));
     InitPreferences(*this, SStored::BehindLists(*defaults));
     m_parameters = MakeDefaultParameters(m_analysis);
     m_statistics = MakeDefaultStatistics(m_analysis);
     m_outputs = MakeDefaultOutputs(m_analysis);
+    rollback.Commit();
 }
 
 bool CAnalysisPreferencesData::Save(CInifile& ini)
@@ -98,9 +101,12 @@ bool CAnalysisPreferencesData::Save(CInifile& ini)
 
 bool CAnalysisPreferencesData::Load(CInifile& ini)
 {
+    CRollback rollback(*this);
     CBaseData::Load(ini, false);
-    if (!ini.HasKey(u"WriteToFile") && LoadOld(ini))
+    if (!ini.HasKey(u"WriteToFile") && LoadOld(ini)) {
+        rollback.Commit();
         return true;
+    }
     const SAnalysisDefaults& defaults = *FindAnalysisDefaults(m_analysis);
     LoadPreferences(*this, ini, SStored::BeforeLists(defaults));
     LoadParameters(m_parameters, ini, m_analysis);
@@ -108,6 +114,7 @@ bool CAnalysisPreferencesData::Load(CInifile& ini)
     LoadOutput(m_outputs, ini);
     LoadPreferences(*this, ini, SStored::BehindLists(defaults));
     ClearModified();
+    rollback.Commit();
     return true;
 }
 
@@ -165,12 +172,14 @@ bool CAnalysisPreferencesData::LoadOld(CInifile& ini)
     const std::optional<CStr> section = FindOldSection(ini, m_analysis);
     if (!section)
         return false;
+    CRollback rollback(*this);
     const CSectionScope scope(ini, *section);
     for (const SOldKey& row : GetOldKeys()) {
         if (row.IsOf(m_analysis) && ini.HasKey(row.key))
             SStored::ReadOld(*this, ini, row);
     }
     SetModified();
+    rollback.Commit();
     return true;
 }
 

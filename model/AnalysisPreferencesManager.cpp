@@ -88,10 +88,21 @@ CAnalysisPreferencesData& CAnalysisPreferencesManager::_GetData(EAnalysis analys
 
 bool CAnalysisPreferencesManager::SetData(EAnalysis analysis, const CAnalysisPreferencesData& data)
 {
-    const bool done = _GetData(analysis).Assign(data);
-    if (done)
-        AnnounceAll(analysis);
-    return done;
+    CData& own = _GetData(analysis);
+    if (data != analysis)
+        return false;
+    const CData::SDifferences differences = own.Compare(data);
+    if (differences == CData::SDifferences())
+        return true;
+    if (!own.Assign(data))
+        return false;
+    if (differences.parameters)
+        Announce(analysis, EPreferencesChange::Parameters);
+    if (differences.statistics)
+        Announce(analysis, EPreferencesChange::Statistics);
+    if (differences.outputs)
+        Announce(analysis, EPreferencesChange::Outputs);
+    return true;
 }
 
 bool CAnalysisPreferencesManager::SetDataParameters(EAnalysis analysis, std::vector<CParameter>& list)
@@ -177,14 +188,24 @@ bool CAnalysisPreferencesManager::Load(CInifile& ini)
 {
     // Listeners are told when everything is as the file says, not in between.
     std::vector<EAnalysis> loaded;
-    const bool done = ForAll(ini, [&](EAnalysis analysis) {
-        const bool success = _GetData(analysis).Load(ini);
-        if (success)
-            loaded.push_back(analysis);
-        return success;
-    });
-    for (const EAnalysis analysis : loaded)
-        AnnounceAll(analysis);
+    loaded.reserve(m_data.size());
+    const auto announce = [&] {
+        for (const EAnalysis analysis : loaded)
+            AnnounceAll(analysis);
+    };
+    bool done = false;
+    try {
+        done = ForAll(ini, [&](EAnalysis analysis) {
+            const bool success = _GetData(analysis).Load(ini);
+            if (success)
+                loaded.push_back(analysis);
+            return success;
+        });
+    } catch (...) {
+        announce();
+        throw;
+    }
+    announce();
     return done;
 }
 

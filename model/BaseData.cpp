@@ -17,8 +17,14 @@ void CBaseData::ClearModified() noexcept
 
 void CBaseData::Reset()
 {
+    const bool modified = m_modified;
     ClearModified();
-    Init();
+    try {
+        Init();
+    } catch (...) {
+        m_modified = modified;
+        throw;
+    }
 }
 
 void CBaseData::Migrate(CInifile& /*ini*/, std::u16string_view /*section*/, int /*fromVersion*/,

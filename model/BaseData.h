@@ -28,7 +28,7 @@ public:
     /// Gives everything that is stored its default.
     virtual void Init() = 0;
     virtual void ClearModified() noexcept;
-    /// ClearModified, then Init.
+    /// ClearModified, then Init; when Init throws, the flag is what it was.
     virtual void Reset();
     /// A hook for applications that have to rewrite a section of an earlier version before it is loaded; does
     /// nothing.

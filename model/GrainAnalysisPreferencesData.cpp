@@ -1,5 +1,6 @@
 #include "model/GrainAnalysisPreferencesData.h"
 
+#include "common/Rollback.h"
 #include "model/detail/CatalogueOrder.h"
 #include "model/detail/ParameterGroups.h"
 #include "model/Preference.h"
@@ -78,8 +79,10 @@ CGrainAnalysisPreferencesData::~CGrainAnalysisPreferencesData() = default;
 
 void CGrainAnalysisPreferencesData::Init()
 {
+    CRollback rollback(*this);
     CAnalysisPreferencesData::Init();
     InitHistograms();
+    rollback.Commit();
 }
 
 void CGrainAnalysisPreferencesData::InitHistograms()
@@ -102,6 +105,7 @@ bool CGrainAnalysisPreferencesData::Save(CInifile& ini)
 
 bool CGrainAnalysisPreferencesData::Load(CInifile& ini)
 {
+    CRollback rollback(*this);
     if (!CAnalysisPreferencesData::Load(ini))
         return false;
     ForEachHistogram(EditParameters(), [&](const CStr& name, CParameter& parameter, std::size_t i) {
@@ -114,6 +118,7 @@ bool CGrainAnalysisPreferencesData::Load(CInifile& ini)
         }
         parameter.SetHistogramSetup(i, SetupOf(stored, before));
     });
+    rollback.Commit();
     return true;
 }
 
@@ -153,9 +158,9 @@ int CGrainAnalysisPreferencesData::AddParameter(int parent, const CParameter& pa
 
 bool CGrainAnalysisPreferencesData::SetParameters(const std::vector<CParameter>& parameters)
 {
-    CAnalysisPreferencesData::SetParameters(parameters);
-    SortByCatalogue(EditParameters(), GetMeasureParametersEnum());
-    return true;
+    std::vector<CParameter> sorted = parameters;
+    SortByCatalogue(sorted, GetMeasureParametersEnum());
+    return CAnalysisPreferencesData::SetParameters(sorted);
 }
 
 CParameter::SHistogramSetup CGrainAnalysisPreferencesData::GetHistogramSetup(EMeasureParameters quantity,

@@ -31,7 +31,9 @@ public:
     /// Preferences with the defaults of EAnalysis::Measure.
     CGrainAnalysisPreferencesData();
     CGrainAnalysisPreferencesData(const CGrainAnalysisPreferencesData&) = default;
+    CGrainAnalysisPreferencesData(CGrainAnalysisPreferencesData&&) noexcept = default;
     CGrainAnalysisPreferencesData& operator=(const CGrainAnalysisPreferencesData&) = default;
+    CGrainAnalysisPreferencesData& operator=(CGrainAnalysisPreferencesData&&) noexcept = default;
     ~CGrainAnalysisPreferencesData() override;
 
     using CAnalysisPreferencesData::Load;

@@ -1,8 +1,11 @@
 #include "model/Parameter.h"
 
+#include "model/detail/SameNumber.h"
+
 #include <algorithm>
 #include <iterator>
 #include <span>
+#include <tuple>
 
 namespace CommonUI
 {
@@ -13,10 +16,11 @@ namespace
 using EDimension = CParameter::EDimension;
 using EUnitFactor = CUnit::EUnitFactor;
 
-// Equal, or both no number.
-bool SameNumber(double a, double b)
+bool SameSetup(const CParameter::SHistogramSetup& a, const CParameter::SHistogramSetup& b)
 {
-    return a == b || (a != a && b != b);
+    return SameNumber(a.range.GetLower(), b.range.GetLower()) &&
+           SameNumber(a.range.GetUpper(), b.range.GetUpper()) && a.lowerOn == b.lowerOn &&
+           a.upperOn == b.upperOn && a.classCount == b.classCount && a.kind == b.kind;
 }
 
 // The unit of those axes that a dimension needs; the empty unit where they are of different kinds or none is
@@ -252,6 +256,25 @@ bool CParameter::IsEqual(const CParameter& a, const CParameter& b)
             return false;
     }
     return true;
+}
+
+bool CParameter::IsSame(const CParameter& a, const CParameter& b)
+{
+    const auto identity = [](const CParameter& p) {
+        return std::tuple(p.GetValue(), p.m_parentValue, p.GetStandard(), p.m_on, p.m_unitFactor,
+                          p.m_dimension, p.m_axisTickKind, p.m_axisMode);
+    };
+    const auto texts = [](const CParameter& p) {
+        return std::tuple(p.GetIniName(), p.GetFriendlyString(), p.GetShortFriendlyString());
+    };
+    return identity(a) == identity(b) && texts(a) == texts(b) && a.m_floatFormat == b.m_floatFormat &&
+           SameNumber(a.m_lowerLimit, b.m_lowerLimit) && SameNumber(a.m_upperLimit, b.m_upperLimit) &&
+           SameNumber(a.m_variableValue, b.m_variableValue) &&
+           SameNumber(a.m_axisRange.GetLower(), b.m_axisRange.GetLower()) &&
+           SameNumber(a.m_axisRange.GetUpper(), b.m_axisRange.GetUpper()) &&
+           std::ranges::equal(a.m_axisTicks, b.m_axisTicks, SameNumber) &&
+           std::ranges::equal(a.m_histograms, b.m_histograms, SameSetup) &&
+           std::ranges::equal(a.m_variables, b.m_variables, IsSame);
 }
 
 const CEnum<CParameter::EFormatSpecifier>& GetFormatSpecifierEnum()

@@ -184,6 +184,8 @@ public:
     /// values of the variables that `a` has (where a NaN agrees with nothing; `b` must not have fewer, and
     /// what it has beyond them does not count). Texts, standard and parent are not compared.
     static bool IsEqual(const CParameter& a, const CParameter& b);
+    /// Whether two parameters agree in everything, as a parameter and its copy do: two NaNs agree.
+    static bool IsSame(const CParameter& a, const CParameter& b);
 
 private:
     int m_parentValue = c_noParent;

@@ -2,7 +2,9 @@
 
 #include "common/Diagnostics.h"
 #include "common/ini/SectionScope.h"
+#include "common/Rollback.h"
 #include "model/detail/AnalysisDefaults.h"
+#include "model/detail/FreeNumbers.h"
 #include "model/Enumerations.h"
 #include "model/MeasureParameters.h"
 #include "model/RoughnessCatalogue.h"
@@ -119,12 +121,10 @@ EUnitFactor ReadFactor(const CInifile& ini, const CStr& key, EUnitFactor byDefau
     return ReadName(ini, key, CUnit::GetUnitFactorEnum(), byDefault);
 }
 
-void SaveStatic(CParameter& parameter, CInifile& ini)
+void SaveStatic(const CParameter& parameter, CInifile& ini)
 {
-    if (parameter.IsTemplate())
-        parameter.SetOn(false);
     const CStr prefix = parameter.GetIniName();
-    ini.WriteBool(prefix + u'_' + c_on, parameter.IsOn());
+    ini.WriteBool(prefix + u'_' + c_on, parameter.IsOn() && !parameter.IsTemplate());
     ini.WriteText(prefix + u'_' + c_factor, FactorKey(parameter));
     WriteFormat(parameter, ini, prefix);
 }
@@ -238,14 +238,23 @@ std::set<int> EntryNumbers(const CInifile& ini)
     return numbers;
 }
 
-} // namespace
+constexpr int c_allEntries = -1;
 
-void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis)
+// How many entries are to be read; a count that cannot be read does not lose what is there.
+int ReadCount(const CInifile& ini)
 {
-    for (CParameter& parameter : parameters) {
-        if (!parameter.HasParent())
-            SaveStatic(parameter, ini);
-    }
+    if (!ini.HasKey(c_countKey))
+        return 0;
+    const int count = ini.ReadInt(c_countKey, -1);
+    if (count >= 0)
+        return count;
+    Warn(CStr::Format(u"%s: \"%s\" is no count; all entries are read", CStr(c_countKey),
+                      ini.ReadText(c_countKey)));
+    return c_allEntries;
+}
+
+void SaveAllDynamic(const std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis)
+{
     const CSectionScope scope(ini, DynamicSection(ini));
     ini.ClearSection();
     const auto count = std::ranges::count_if(parameters, &CParameter::HasParent);
@@ -259,6 +268,23 @@ void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnal
     }
 }
 
+} // namespace
+
+void SaveParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis)
+{
+    CRollback rollback(ini);
+    for (const CParameter& parameter : parameters) {
+        if (!parameter.HasParent())
+            SaveStatic(parameter, ini);
+    }
+    SaveAllDynamic(parameters, ini, analysis);
+    for (CParameter& parameter : parameters) {
+        if (parameter.IsTemplate())
+            parameter.SetOn(false);
+    }
+    rollback.Commit();
+}
+
 void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis)
 {
     std::erase_if(parameters, [](const CParameter& parameter) { return parameter.HasParent(); });
@@ -268,23 +294,22 @@ void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnal
     const CStr section = DynamicSection(ini);
     if (!ini.HasSection(section))
         return;
-    int value = LargestCatalogueValue(analysis);
-    for (const CParameter& parameter : parameters)
-        value = std::max(value, parameter.GetValue());
+    CFreeNumbers values(parameters, LargestCatalogueValue(analysis));
     const CSectionScope scope(ini, section);
-    const int count = ini.ReadInt(c_countKey, 0);
     const std::set<int> numbers = EntryNumbers(ini);
-    if (std::cmp_not_equal(numbers.size(), count) || (count > 0 && *numbers.rbegin() != count))
+    const int count = ReadCount(ini);
+    if (count != c_allEntries &&
+        (std::cmp_not_equal(numbers.size(), count) || (count > 0 && *numbers.rbegin() != count)))
         Warn(CStr::Format(u"%s: there are %d entries, not those from 1 to %d", CStr(c_countKey),
                           numbers.size(), count));
     const std::size_t staticCount = parameters.size();
     for (const int number : numbers) {
-        if (number < 1 || number > count)
+        if (number < 1 || (number > count && count != c_allEntries))
             continue;
         const CStr prefix = DynamicPrefix(number);
         const std::span<const CParameter> statics(parameters.data(), staticCount);
         if (const CParameter* parent = FindParent(statics, ini, prefix, analysis))
-            parameters.push_back(LoadDynamic(++value, *parent, ini, prefix));
+            parameters.push_back(LoadDynamic(values.Take(), *parent, ini, prefix));
     }
 }
 

@@ -1,10 +1,12 @@
 #include "model/RoughnessAnalysisPreferencesData.h"
 
 #include "common/ini/SectionScope.h"
+#include "common/Rollback.h"
 #include "model/detail/CatalogueOrder.h"
 #include "model/detail/OldPreferences.h"
 #include "model/detail/ParameterGroups.h"
 #include "model/detail/RoughnessNames.h"
+#include "model/detail/SameNumber.h"
 #include "model/Preference.h"
 
 #include <algorithm>
@@ -74,6 +76,13 @@ constexpr auto BarChartTable(EAnalysis analysis)
         SPreference{u"UpperLimit", &CConfig::upperLimit, c_byDefault.upperLimit}};
 }
 
+bool SameConfig(const CConfig& a, const CConfig& b)
+{
+    return a.parameter == b.parameter && a.barCount == b.barCount && a.autoScale == b.autoScale &&
+           SameNumber(a.lower, b.lower) && SameNumber(a.upper, b.upper) && a.limitsOn == b.limitsOn &&
+           SameNumber(a.lowerLimit, b.lowerLimit) && SameNumber(a.upperLimit, b.upperLimit);
+}
+
 const CParameter* FindTemplate(const std::vector<CParameter>& parameters, int value)
 {
     const auto found = std::find(parameters.begin(), parameters.end(), value);
@@ -104,8 +113,10 @@ CRoughnessAnalysisPreferencesData::~CRoughnessAnalysisPreferencesData() = defaul
 
 void CRoughnessAnalysisPreferencesData::Init()
 {
+    CRollback rollback(*this);
     CAnalysisPreferencesData::Init();
     InitOwn();
+    rollback.Commit();
 }
 
 void CRoughnessAnalysisPreferencesData::InitOwn()
@@ -124,6 +135,7 @@ bool CRoughnessAnalysisPreferencesData::Save(CInifile& ini)
 
 bool CRoughnessAnalysisPreferencesData::Load(CInifile& ini)
 {
+    CRollback rollback(*this);
     if (!CAnalysisPreferencesData::Load(ini))
         return false;
     LoadPreferences(*this, ini, SStored::c_table);
@@ -135,12 +147,14 @@ bool CRoughnessAnalysisPreferencesData::Load(CInifile& ini)
         if (const CParameter* parent = FindTemplate(ViewParameters(), parameter.GetParentValue()))
             NameByVariables(parameter, *parent);
     }
+    rollback.Commit();
     return true;
 }
 
 bool CRoughnessAnalysisPreferencesData::LoadOld(CInifile& ini)
 {
     const std::optional<CStr> section = FindOldSection(ini, GetAnalysis());
+    CRollback rollback(*this);
     if (!section || !CAnalysisPreferencesData::LoadOld(ini))
         return false;
     const CSectionScope scope(ini, *section);
@@ -153,6 +167,7 @@ bool CRoughnessAnalysisPreferencesData::LoadOld(CInifile& ini)
         else
             WarnOfPreference(CStr::Format(u"%s: there is no %d", row.key, number));
     }
+    rollback.Commit();
     return true;
 }
 
@@ -166,11 +181,25 @@ bool CRoughnessAnalysisPreferencesData::Assign(const CAnalysisPreferencesData& o
     if (const auto* same = dynamic_cast<const CRoughnessAnalysisPreferencesData*>(&other)) {
         if (same->GetAnalysis() != GetAnalysis())
             return false;
-        *this = *same;
+        *this = CRoughnessAnalysisPreferencesData(*same);
         SetModified();
         return true;
     }
     return CAnalysisPreferencesData::Assign(other);
+}
+
+CAnalysisPreferencesData::SDifferences
+CRoughnessAnalysisPreferencesData::Compare(const CAnalysisPreferencesData& other) const
+{
+    SDifferences differences = CAnalysisPreferencesData::Compare(other);
+    if (const auto* same = dynamic_cast<const CRoughnessAnalysisPreferencesData*>(&other)) {
+        differences.parameters |=
+            m_formRemoval != same->m_formRemoval || m_mufuFilterType != same->m_mufuFilterType ||
+            m_mufuRobustSeed != same->m_mufuRobustSeed || m_mufuRatio != same->m_mufuRatio;
+        differences.outputs |=
+            m_reportOption != same->m_reportOption || !SameConfig(m_barChart, same->m_barChart);
+    }
+    return differences;
 }
 
 std::vector<SParameterGroup> CRoughnessAnalysisPreferencesData::GetGroups(FGetter getter, bool all) const
@@ -247,13 +276,13 @@ int CRoughnessAnalysisPreferencesData::AddTemplateInstance(ERoughnessParameters 
 
 bool CRoughnessAnalysisPreferencesData::SetParameters(const std::vector<CParameter>& parameters)
 {
-    CAnalysisPreferencesData::SetParameters(parameters);
-    for (CParameter& parameter : EditParameters()) {
+    std::vector<CParameter> sorted = parameters;
+    for (CParameter& parameter : sorted) {
         if (parameter.IsTemplate())
             parameter.SetOn(false);
     }
-    SortByCatalogue(EditParameters(), GetRoughnessParametersEnum());
-    return true;
+    SortByCatalogue(sorted, GetRoughnessParametersEnum());
+    return CAnalysisPreferencesData::SetParameters(sorted);
 }
 
 void CRoughnessAnalysisPreferencesData::SetBarChartConfig(const SBarChartConfig& config)

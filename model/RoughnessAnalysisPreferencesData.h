@@ -56,7 +56,9 @@ public:
     /// @param analysis EAnalysis::Roughness or EAnalysis::RoughnessProfile
     explicit CRoughnessAnalysisPreferencesData(EAnalysis analysis);
     CRoughnessAnalysisPreferencesData(const CRoughnessAnalysisPreferencesData&) = default;
+    CRoughnessAnalysisPreferencesData(CRoughnessAnalysisPreferencesData&&) noexcept = default;
     CRoughnessAnalysisPreferencesData& operator=(const CRoughnessAnalysisPreferencesData&) = default;
+    CRoughnessAnalysisPreferencesData& operator=(CRoughnessAnalysisPreferencesData&&) noexcept = default;
     ~CRoughnessAnalysisPreferencesData() override;
 
     using CAnalysisPreferencesData::Load;
@@ -66,6 +68,7 @@ public:
     bool Load(CInifile& ini) override;
     std::unique_ptr<CAnalysisPreferencesData> Clone() const override;
     bool Assign(const CAnalysisPreferencesData& other) override;
+    SDifferences Compare(const CAnalysisPreferencesData& other) const override;
     /// A group for each enabled standard of which there are parameters, in the order of
     /// GetAnalysisStandardsEnum, with groups by kind below it where the standard has several. Empty groups
     /// are left out.

@@ -80,7 +80,6 @@ void FillSampleResults(int profiles, CGrid& results, CGrid& statistics)
 {
     AddColumns(results);
     AddColumns(statistics);
-    results.ReserveRows(static_cast<std::size_t>(profiles) + 1);
     CValues sum{};
     CValues minimum;
     CValues maximum;

@@ -38,7 +38,8 @@ void SEndResultItem::AddValue(double value, int digits)
     m_values.push_back(FormatResultValue(value, digits, false));
 }
 
-CStr SEndResultItem::CreateTokenizableString(std::span<const int> blankColumns, int columnCount) const
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature that callers know
+CStr SEndResultItem::CreateTokenizableString(std::vector<int> blankColumns, int columnCount) const
 {
     if (m_values.empty())
         return {};
@@ -57,7 +58,10 @@ CStr SEndResultItem::CreateTokenizableString(std::span<const int> blankColumns, 
 
 void SEndResultCollection::AddItemToCollection(const SEndResultItem& item, bool append)
 {
-    m_results.insert(append ? m_results.end() : m_results.begin(), item);
+    if (append)
+        m_results.PushBack(item);
+    else
+        m_results.PushFront(item);
 }
 
 } // namespace CommonUI

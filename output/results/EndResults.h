@@ -2,8 +2,8 @@
 
 #include "../../common/Str.h"
 #include "../../export/Export.h"
+#include "FrontVector.h"
 
-#include <span>
 #include <vector>
 
 namespace CommonUI
@@ -37,14 +37,15 @@ public:
     /// @param blankColumns the columns that are written as blank cells whatever their values; the first
     ///     column cannot be blanked, it is left out
     /// @param columnCount how many columns are written; those beyond the values are left out
-    CStr CreateTokenizableString(std::span<const int> blankColumns, int columnCount) const;
+    CStr CreateTokenizableString(std::vector<int> blankColumns, int columnCount) const;
 
 private:
     std::vector<CStr> m_values;
     CStr m_name;
 };
 
-/// The rows of one result table in display order.
+/// The rows of one result table in display order. A row costs the same at either end, also of a long table. The
+/// first reading after rows were put in front sets them in place: collections are read by one thread at a time.
 class COMMONUI_API SEndResultCollection
 {
 public:
@@ -53,11 +54,11 @@ public:
     void AddItemToCollection(const SEndResultItem& item, bool append);
 
     /// The rows, to be read and edited in place.
-    std::vector<SEndResultItem>& GetResultsVector() noexcept { return m_results; }
-    const std::vector<SEndResultItem>& GetResultsVector() const noexcept { return m_results; }
+    std::vector<SEndResultItem>& GetResultsVector() { return m_results.Get(); }
+    const std::vector<SEndResultItem>& GetResultsVector() const { return m_results.Get(); }
 
 private:
-    std::vector<SEndResultItem> m_results;
+    Detail::CFrontVector<SEndResultItem> m_results;
 };
 
 } // namespace CommonUI

@@ -61,12 +61,17 @@ bool CGridBaseOutputCtrl::InsertTokenizableRow(const CStr& line, const CStr& del
                                             row.cells.size(), m_columns.size()));
     }
     m_longestRow = std::max(m_longestRow, row.cells.size());
-    m_rows.insert(atTop ? m_rows.begin() : m_rows.end(), std::move(row));
+    if (atTop)
+        m_rows.push_front(std::move(row));
+    else
+        m_rows.push_back(std::move(row));
     return true;
 }
 
+// NOLINTBEGIN(performance-unnecessary-value-param): the signature that callers know
 void CGridBaseOutputCtrl::AddResultsToGrid(const SEndResultCollection* collection,
-                                           std::span<const int> blankColumns)
+                                           std::vector<int> blankColumns)
+// NOLINTEND(performance-unnecessary-value-param)
 {
     if (!collection)
         return;

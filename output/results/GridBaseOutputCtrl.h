@@ -8,7 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
+#include <deque>
 #include <vector>
 
 namespace CommonUI
@@ -97,12 +97,11 @@ public:
     int GetColumnCount() const noexcept { return static_cast<int>(m_columns.size()); }
     const std::vector<SColumn>& GetColumns() const noexcept { return m_columns; }
 
-    /// Makes room for that many rows in all.
-    void ReserveRows(std::size_t count) { m_rows.reserve(count); }
     /// Appends a row. In the table it has as many cells as there are columns, empty ones where it has fewer;
     /// the rows of a summary, which has no columns, keep their own counts.
     void AddRow(SRow row);
-    const std::vector<SRow>& GetRows() const noexcept { return m_rows; }
+    /// The rows from top to bottom. A row stays where it is in memory when others are added.
+    const std::deque<SRow>& GetRows() const noexcept { return m_rows; }
     /// How many columns can be selected: that of the names, and those of the cells or, in a summary, as many
     /// as the longest row has cells.
     std::size_t GetWidth() const noexcept;
@@ -125,7 +124,7 @@ public:
 
     /// Adds a row for every item of a collection that has values; nothing for a null one.
     /// @param blankColumns see SEndResultItem::CreateTokenizableString
-    void AddResultsToGrid(const SEndResultCollection* collection, std::span<const int> blankColumns);
+    void AddResultsToGrid(const SEndResultCollection* collection, std::vector<int> blankColumns);
 
     /// Appends the header rows to `cells` when the grid's type is among the bits of `type`: the group names,
     /// where a column has one, and the column names.
@@ -178,7 +177,7 @@ private:
     SCellInfo::ECellType m_type;
     CStr m_nameHeader;
     std::vector<SColumn> m_columns;
-    std::vector<SRow> m_rows;
+    std::deque<SRow> m_rows;      // grows at both ends at the same cost
     std::size_t m_longestRow = 0; // the cells of the longest row so far
     SSelection m_selection{};
     bool m_hasSelection = false;

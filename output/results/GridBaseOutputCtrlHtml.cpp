@@ -244,18 +244,11 @@ CStr SelectionText(const CCells& cells)
     return text.Take();
 }
 
-} // namespace
-
-CStr CGridBaseOutputCtrl::GenerateHTMLTableStyle()
-{
-    return c_style;
-}
-
-CStr CGridBaseOutputCtrl::GenerateSummaryHTMLTable(const CCells& cells)
+// Appends the table of a summary, or nothing when there are no cells.
+void AppendSummary(CTextBuilder& html, const CCells& cells)
 {
     if (cells.empty())
-        return {};
-    CTextBuilder html;
+        return;
     html += u"<table>\n";
     for (const CRow& row : cells) {
         html += u"<tr>\n";
@@ -267,14 +260,13 @@ CStr CGridBaseOutputCtrl::GenerateSummaryHTMLTable(const CCells& cells)
         html += u"</tr>\n";
     }
     html += u"</table>\n";
-    return html.Take();
 }
 
-CStr CGridBaseOutputCtrl::GenerateResultsHTMLTable(const CCells& cells, bool omitColumnGroup, bool fullWidth)
+// Appends the table of results, or nothing when there are no cells.
+void AppendResults(CTextBuilder& html, const CCells& cells, bool omitColumnGroup, bool fullWidth)
 {
     if (cells.empty())
-        return {};
-    CTextBuilder html;
+        return;
     CRowWriter writer(html, cells);
     if (fullWidth)
         html += u"<table style=\"width:100%;\">\n";
@@ -285,13 +277,34 @@ CStr CGridBaseOutputCtrl::GenerateResultsHTMLTable(const CCells& cells, bool omi
     if (!omitColumnGroup)
         html += u"<colgroup><col class=\"first\"</colgroup>";
     html += u"<THEAD>\n";
+    CRowRoom room(html, cells.size());
     for (std::size_t row = 0; row < cells.size(); ++row) {
         if (row == writer.GetSections().headerRows)
             html += u"</THEAD>\n<TBODY>\n";
         writer.Append(row);
-        ReserveByRows(html, row + 1, cells.size());
+        room.RowDone();
     }
     html += u"</TBODY>\n</table>";
+}
+
+} // namespace
+
+CStr CGridBaseOutputCtrl::GenerateHTMLTableStyle()
+{
+    return c_style;
+}
+
+CStr CGridBaseOutputCtrl::GenerateSummaryHTMLTable(const CCells& cells)
+{
+    CTextBuilder html;
+    AppendSummary(html, cells);
+    return html.Take();
+}
+
+CStr CGridBaseOutputCtrl::GenerateResultsHTMLTable(const CCells& cells, bool omitColumnGroup, bool fullWidth)
+{
+    CTextBuilder html;
+    AppendResults(html, cells, omitColumnGroup, fullWidth);
     return html.Take();
 }
 
@@ -303,12 +316,14 @@ CStr CGridBaseOutputCtrl::GenerateHTMLTables(const CGridBaseOutputCtrl* summary,
     const SReportCells cells(summary, results, statistics, transpose);
     if (cells.HasNone())
         return {};
-    CStr html(c_metaLine);
+    CTextBuilder html;
+    html += c_metaLine;
     html += c_style;
-    html += GenerateSummaryHTMLTable(cells.summary);
+    AppendSummary(html, cells.summary);
     if (cells.HasBoth())
         html += u"<br>\n";
-    return std::move(html += GenerateResultsHTMLTable(cells.results, omitColumnGroup));
+    AppendResults(html, cells.results, omitColumnGroup, false);
+    return html.Take();
 }
 
 CGridBaseOutputCtrl::SCopiedTexts CGridBaseOutputCtrl::CopySelectionAsHTML(bool transpose, bool headers) const

@@ -13,6 +13,7 @@ namespace
 {
 
 using CRow = CGridBaseOutputCtrl::CRow;
+using CCells = CGridBaseOutputCtrl::CCells;
 using SCellInfo = CGridBaseOutputCtrl::SCellInfo;
 
 // Writes one physical line of a row, whose texts `textOf` gives by the index of the cell.
@@ -51,6 +52,29 @@ void AppendRow(CTextBuilder& text, const CRow& row)
         AppendLine(text, row, [&row](std::size_t i) { return row[i].text.View(); });
 }
 
+void AppendSummary(CTextBuilder& text, const CCells& cells)
+{
+    for (const CRow& row : cells) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            for (std::int32_t level = 0; level < row[i].indent; ++level)
+                text += u"   ";
+            text += row[i].text;
+            if (i + 2 == row.size())
+                text += u": ";
+        }
+        text += c_lineEnd;
+    }
+}
+
+void AppendResults(CTextBuilder& text, const CCells& cells)
+{
+    CRowRoom room(text, cells.size());
+    for (const CRow& row : cells) {
+        AppendRow(text, row);
+        room.RowDone();
+    }
+}
+
 } // namespace
 
 SReportCells::SReportCells(const CGridBaseOutputCtrl* summaryGrid, const CGridBaseOutputCtrl* resultsGrid,
@@ -74,26 +98,14 @@ SReportCells::SReportCells(const CGridBaseOutputCtrl* summaryGrid, const CGridBa
 CStr CGridBaseOutputCtrl::GenerateSummaryText(const CCells& cells)
 {
     CTextBuilder text;
-    for (const CRow& row : cells) {
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            for (std::int32_t level = 0; level < row[i].indent; ++level)
-                text += u"   ";
-            text += row[i].text;
-            if (i + 2 == row.size())
-                text += u": ";
-        }
-        text += c_lineEnd;
-    }
+    AppendSummary(text, cells);
     return text.Take();
 }
 
 CStr CGridBaseOutputCtrl::GenerateResultsText(const CCells& cells)
 {
     CTextBuilder text;
-    for (std::size_t row = 0; row < cells.size(); ++row) {
-        AppendRow(text, cells[row]);
-        ReserveByRows(text, row + 1, cells.size());
-    }
+    AppendResults(text, cells);
     return text.Take();
 }
 
@@ -101,10 +113,12 @@ CStr CGridBaseOutputCtrl::GenerateText(const CGridBaseOutputCtrl* summary, const
                                        const CGridBaseOutputCtrl* statistics, bool transpose)
 {
     const SReportCells cells(summary, results, statistics, transpose);
-    CStr text = GenerateSummaryText(cells.summary);
+    CTextBuilder text;
+    AppendSummary(text, cells.summary);
     if (cells.HasBoth())
         text += c_lineEnd;
-    return std::move(text += GenerateResultsText(cells.results));
+    AppendResults(text, cells.results);
+    return text.Take();
 }
 
 } // namespace CommonUI

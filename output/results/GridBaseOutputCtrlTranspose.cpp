@@ -65,28 +65,40 @@ CCells TurnRows(const CCells& cells, std::size_t first, std::size_t width)
     return turned;
 }
 
+SCellInfo TurnedGroup(const SCellInfo& group, std::size_t rowCount)
+{
+    SCellInfo cell = group;
+    cell.rowSpan = 1;
+    cell.columnSpan = static_cast<std::int32_t>(rowCount);
+    cell.flags &= ~std::uint32_t{SCellInfo::ColumnHeader};
+    return cell;
+}
+
 // Puts the name of every group in front of the rows that its columns have become.
-void InsertGroups(CCells& turned, const CRow& groups, std::size_t rowCount)
+CCells WithGroups(CCells turned, const CRow& groups, std::size_t rowCount)
 {
     const auto isHeader = [](const CRow& row) {
         return !row.empty() && row.front().Has(SCellInfo::ColumnHeader);
     };
     const auto firstBody =
         static_cast<std::size_t>(std::ranges::find_if_not(turned, isHeader) - turned.begin());
+    CCells all;
+    all.reserve(turned.size() + groups.size());
     std::size_t position = 0;
-    std::size_t inserted = 0;
+    std::size_t done = 0;
+    const auto takeUntil = [&](std::size_t end) {
+        for (; done < end; ++done)
+            all.push_back(std::move(turned[done]));
+    };
     for (const SCellInfo& group : groups) {
         if (group.columnSpan > 1) {
-            SCellInfo cell = group;
-            cell.rowSpan = 1;
-            cell.columnSpan = static_cast<std::int32_t>(rowCount);
-            cell.flags &= ~std::uint32_t{SCellInfo::ColumnHeader};
-            const std::size_t index = std::min(std::max(position, firstBody) + inserted, turned.size());
-            turned.insert(turned.begin() + static_cast<std::ptrdiff_t>(index), CRow{cell});
-            ++inserted;
+            takeUntil(std::min(std::max(position, firstBody), turned.size()));
+            all.push_back({TurnedGroup(group, rowCount)});
         }
         position += ColumnsOf(group);
     }
+    takeUntil(turned.size());
+    return all;
 }
 
 } // namespace
@@ -98,7 +110,7 @@ void CGridBaseOutputCtrl::TransposeCells(CCells& cells)
     const std::size_t first = hasGroups ? 1 : 0;
     CCells turned = TurnRows(cells, first, width);
     if (hasGroups)
-        InsertGroups(turned, cells[0], cells.size() - first);
+        turned = WithGroups(std::move(turned), cells[0], cells.size() - first);
     cells = std::move(turned);
 }
 

@@ -3,6 +3,7 @@
 #include "common/StringTable.h"
 #include "platform/MessageBoxService.h"
 #include "settings/catalogue/BuiltInSettingText.h"
+#include "settings/factory/detail/SetPath.h"
 #include "settings/factory/detail/SettingsWarning.h"
 
 #include <algorithm>
@@ -77,6 +78,7 @@ void CSettingsFactory::AddToRecentItems(const SSettingsEntry& entry, unsigned in
 
 bool CSettingsFactory::NewDynamicItem(SSettingsEntry& entry, bool addToRecent)
 {
+    DropLastBackslash(entry);
     std::vector<SSettingsEntry>& items = m_dynamicItems[entry.m_Type];
     const auto next = static_cast<unsigned>(items.size());
     const auto [place, isNew] = m_indices[entry.m_Type].try_emplace({entry.m_Name, entry.m_File}, next);

@@ -20,7 +20,8 @@ namespace CommonUI
 /// files are described in docs/settings-factory.md.
 ///
 /// A set has an identifier for this run: that of a built-in set is its number in the catalogue, that of a
-/// file is 200 or more and stays the same however often the file is met.
+/// file is 200 or more and stays the same however often the file is met. One backslash at the end of a path is no
+/// part of it, wherever the path comes from.
 ///
 /// Used on the user-interface thread. What cannot be loaded or found gives an empty set whose entry has the
 /// identifier SSettingsEntry::s_InvalidID, with the reason in the diagnostics (category u"SettingsFactory"
@@ -72,7 +73,6 @@ public:
     CSettings GetSettings(int id, bool addToRecent);
 
     /// Reads a file and registers it. A colour scale is read again only when its file has changed.
-    /// @param path one backslash at its end does not count
     CSettings LoadSettings(ESettingType type, const CStr& path, bool addToRecent);
 
     /// Writes a set to the file of its entry and registers the entry, which gets its identifier. Returns

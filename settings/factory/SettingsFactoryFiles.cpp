@@ -1,4 +1,5 @@
 #include "common/FileBytes.h"
+#include "settings/factory/detail/SetPath.h"
 #include "settings/factory/detail/SettingsWarning.h"
 #include "settings/factory/SettingsFactory.h"
 
@@ -25,7 +26,7 @@ bool CSettingsFactory::ReadSettingsFile(const CStr& path, CInifile& document)
 
 CSettings CSettingsFactory::LoadSettings(ESettingType type, const CStr& path, bool addToRecent)
 {
-    return LoadEntry({path.EndsWith(u"\\") ? path.Left(path.GetLength() - 1) : path, type}, addToRecent);
+    return LoadEntry({WithoutLastBackslash(path), type}, addToRecent);
 }
 
 CSettings CSettingsFactory::LoadEntry(SSettingsEntry entry, bool addToRecent)
@@ -47,6 +48,7 @@ CSettings CSettingsFactory::LoadEntry(SSettingsEntry entry, bool addToRecent)
 bool CSettingsFactory::SaveSettings(CSettings& settings, bool addToRecent)
 {
     SSettingsEntry entry = settings.GetEntryInfo();
+    DropLastBackslash(entry);
     if (!entry.m_IsFile) {
         WarnOfSettings(u"Cannot save \"" + entry.m_Name + u"\", which has no file");
         return false;

@@ -2,6 +2,7 @@
 
 #include "common/ini/SectionScope.h"
 #include "settings/detail/SetReference.h"
+#include "settings/factory/detail/SetPath.h"
 #include "settings/factory/detail/SettingsWarning.h"
 
 #include <ranges>
@@ -45,7 +46,7 @@ bool CSettingsFactory::Load(CInifile& ini)
 
 void CSettingsFactory::LoadRecentItem(ESettingType type, const CStr& text)
 {
-    if (const std::u16string_view path = GetReferredPath(text); !path.empty()) {
+    if (const CStr path = WithoutLastBackslash(GetReferredPath(text)); !path.IsEmpty()) {
         SSettingsEntry entry(path, type);
         NewDynamicItem(entry, true);
     } else if (const auto setting = FindBuiltIn(text, type)) {

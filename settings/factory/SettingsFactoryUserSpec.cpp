@@ -1,5 +1,6 @@
 #include "common/NumberText.h"
 #include "common/StringTable.h"
+#include "settings/factory/detail/SetPath.h"
 #include "settings/factory/SettingsFactory.h"
 
 #include <limits>
@@ -72,10 +73,11 @@ bool CSettingsFactory::ParseUserSpec(const CStr& spec, SParseInfo& info) const
     info.type = FindType(info.typeText);
     if (info.type == ESettingType::Unknown)
         return Fail(c_syntaxError, spec, info);
-    if (name.empty())
+    const CStr path = WithoutLastBackslash(name);
+    if (info.kind == SParseInfo::c_file ? path.IsEmpty() : name.empty())
         return Fail(info.kind == SParseInfo::c_file ? c_noFileName : c_syntaxError, spec, info);
     if (info.kind == SParseInfo::c_file)
-        info.entries.emplace_back(name, info.type);
+        info.entries.emplace_back(path, info.type);
     else
         info.entries = FindByIdentifier(info.type, name);
     return true;

@@ -1,6 +1,7 @@
 #include "settings/preferences/PreferencesData.h"
 
 #include "common/ini/SectionScope.h"
+#include "common/Rollback.h"
 #include "model/Preference.h"
 
 namespace CommonUI
@@ -59,6 +60,7 @@ void CPreferencesData::Init()
 
 bool CPreferencesData::Load(CInifile& ini)
 {
+    CRollback rollback(*this);
     const bool done = CBaseData::Load(ini, false);
     ClearModified();
     LoadAccelerationMode(ini);
@@ -66,6 +68,7 @@ bool CPreferencesData::Load(CInifile& ini)
     ReadPreference(ini, c_previewTargetTime, m_previewTargetTime);
     LoadAnswers(ini);
     LoadDecimalSeparator(ini);
+    rollback.Commit();
     return done;
 }
 

@@ -43,7 +43,9 @@ public:
 
     CPreferencesData();
     CPreferencesData(const CPreferencesData&) = default;
+    CPreferencesData(CPreferencesData&&) noexcept = default;
     CPreferencesData& operator=(const CPreferencesData&) = default;
+    CPreferencesData& operator=(CPreferencesData&&) noexcept = default;
     ~CPreferencesData() override;
 
     using CBaseData::Load;

@@ -9,11 +9,13 @@ namespace
 
 // While it is positive, allocations count it down; the one that makes it 0 fails.
 thread_local int t_left = 0;
+thread_local std::size_t t_bytes = 0;
 
 } // namespace
 
 void* operator new(std::size_t size)
 {
+    t_bytes += size;
     void* const memory = t_left > 0 && --t_left == 0 ? nullptr : std::malloc(size);
     return memory != nullptr ? memory : throw std::bad_alloc();
 }
@@ -44,6 +46,16 @@ CFailingAllocation::~CFailingAllocation()
 bool CFailingAllocation::HasFailed() const
 {
     return t_left == 0;
+}
+
+CAllocatedBytes::CAllocatedBytes()
+    : m_before(t_bytes)
+{
+}
+
+std::size_t CAllocatedBytes::Get() const
+{
+    return t_bytes - m_before;
 }
 
 } // namespace CommonUI

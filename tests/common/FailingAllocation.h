@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 namespace CommonUI
 {
 
@@ -13,6 +15,18 @@ public:
     CFailingAllocation& operator=(const CFailingAllocation&) = delete;
 
     bool HasFailed() const;
+};
+
+/// How many bytes its thread has allocated since it was made, whether they were given back or not.
+class CAllocatedBytes
+{
+public:
+    CAllocatedBytes();
+
+    std::size_t Get() const;
+
+private:
+    std::size_t m_before;
 };
 
 } // namespace CommonUI

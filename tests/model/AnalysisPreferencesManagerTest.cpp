@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 
 using namespace CommonUI;
 using CManager = CAnalysisPreferencesManager;
@@ -159,8 +160,6 @@ TEST(AnalysisPreferencesManager, EveryRealChangeIsAnnouncedOnce)
          {{Roughness, EChange::Outputs}},
          {}},
         {"no chart", [&] { return manager.SetBarChartConfig(Tip, config); }, false, {}, {}},
-        {"data", [&] { return manager.SetData(Measure, CGrainAnalysisPreferencesData()); }, true,
-         AllKinds(Measure), AllKinds(Measure)},
         {"other data", [&] { return manager.SetData(Tip, CGrainAnalysisPreferencesData()); }, false, {}, {}},
         {"load", [&] { return manager.LoadData(RoughnessProfile, ini); }, true, AllKinds(RoughnessProfile),
          AllKinds(RoughnessProfile)},
@@ -175,6 +174,71 @@ TEST(AnalysisPreferencesManager, EveryRealChangeIsAnnouncedOnce)
     }
     EXPECT_TRUE(manager.Load(ini));
     EXPECT_EQ(listener.Take().size(), 30u);
+}
+
+TEST(AnalysisPreferencesManager, SetDataTellsOfTheKindsThatChanged)
+{
+    using CRoughness = CRoughnessAnalysisPreferencesData;
+    const std::vector<SPreferencesChange> parameters = {{Roughness, EChange::Parameters}};
+    const std::vector<SPreferencesChange> outputs = {{Roughness, EChange::Outputs}};
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    const auto change = [](CRoughness& data, auto edit) {
+        CParameter parameter = data.GetParameter(1);
+        edit(parameter);
+        data.SetParameter(1, parameter);
+    };
+    CRoughness::SBarChartConfig noRange;
+    noRange.lower = none;
+    const struct {
+        const char* what;
+        std::function<void(CRoughness&)> edit;
+        std::vector<SPreferencesChange> told;
+    } rows[] = {
+        {"nothing", [](CRoughness&) {}, {}},
+        {"title", [&](CRoughness& data) { change(data, [](CParameter& p) { p.SetFriendlyString(u"x"); }); },
+         parameters},
+        {"axis", [&](CRoughness& data) { change(data, [&](CParameter& p) {
+                                             p.SetAxisRange({0, none});
+                                         }); },
+         parameters},
+        {"histogram",
+         [&](CRoughness& data) {
+             change(data, [&](CParameter& p) { p.SetHistogramSetup(2, {{none, 1}, true, true, 5, 0}); });
+         },
+         parameters},
+        {"instance", [&](CRoughness& data) { data.AddTemplateInstance(ERoughnessParameters::Sch, {none}); },
+         parameters},
+        {"form removal", [](CRoughness& data) { data.SetFormRemoval(ERoughnessFormRemoval::Parabola); },
+         parameters},
+        {"unit", [](CRoughness& data) { data.SetUnit(CUnit(CUnit::EUnitFactor::Aangstroem)); }, parameters},
+        {"standard",
+         [](CRoughness& data) {
+             data.SetEnabledStandards({{EAnalysisStandards::RoughnessPlugIns, false}});
+         },
+         parameters},
+        {"file", [](CRoughness& data) { data.SetWriteToFile(!data.GetWriteToFile()); }, outputs},
+        {"chart", [&](CRoughness& data) { data.SetBarChartConfig(noRange); }, outputs},
+        {"report", [](CRoughness& data) { data.SetReportOption(ERoughnessReportOption::HTML); }, outputs},
+        {"all",
+         [](CRoughness& data) {
+             data.SetMUFUFilterType(EMUFUFilterType::None);
+             data.SetStatsOn(data.GetStatisticIDs().front(), !data.GetStatistics().front().IsOn());
+             data.SetOutputOn(1, !data.GetOutput(1).IsOn());
+         },
+         AllKinds(Roughness)},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        CManager manager;
+        CListener listener(manager);
+        CRoughness data(Roughness);
+        row.edit(data);
+        EXPECT_TRUE(manager.SetData(Roughness, data));
+        EXPECT_EQ(listener.Take(), row.told);
+        EXPECT_EQ(manager.GetData(Roughness).IsModified(), !row.told.empty());
+        EXPECT_TRUE(manager.SetData(Roughness, *manager.GetData(Roughness).Clone()));
+        EXPECT_TRUE(listener.Take().empty()) << "what it already has";
+    }
 }
 
 TEST(AnalysisPreferencesManager, NumbersThatAreNoAnalysisThrow)

@@ -154,6 +154,8 @@ TEST(AnalysisPreferences, ParametersAreReplacedAppendedAndNumbered)
     EXPECT_EQ(data.FindParameterMaxValue(), 1);
     data.SetParameters({CParameter(-7, u"Own", u"Own", u"", 6, true)});
     EXPECT_EQ(data.FindParameterMaxValue(), 1);
+    data.SetParameters({CParameter(2147483647, other), CParameter(1, other)});
+    EXPECT_EQ(data.FindParameterMaxValue(), 2);
 }
 
 TEST(AnalysisPreferences, GroupsListWhatTheGetterAnswers)

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace CommonUI;
 using EFactor = CUnit::EUnitFactor;
 using EFormat = CParameter::EFormatSpecifier;
@@ -86,8 +88,10 @@ TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
          "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7\n", "", 1, true},
         {"no finite value", EAnalysis::Roughness, "1",
          "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7,nan\n", "", 1, true},
-        {"count negative", EAnalysis::Roughness, "-1", good, "", 0, true},
-        {"count no number", EAnalysis::Roughness, "many", good, "", 0, true},
+        {"count negative", EAnalysis::Roughness, "-1", good, "", 1, true},
+        {"count no number", EAnalysis::Roughness, "many", good, "", 1, true},
+        {"count beyond int", EAnalysis::Roughness, "99999999999", good, "", 1, true},
+        {"count empty", EAnalysis::Roughness, "", good, "", 1, true},
         {"unknown parent", EAnalysis::Roughness, "1", "Dyn1_ParentParam=Nope\nDyn1_NumVariables=0\n", "", 0,
          true},
         {"no parent", EAnalysis::Roughness, "1", "Dyn1_NumVariables=0\n", "", 0, true},
@@ -118,6 +122,22 @@ TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
             EXPECT_EQ(list[3].GetVariable(1).GetVariableValue(), 50);
         }
     }
+}
+
+TEST(ParameterList, NumbersThatAreLeftAreGiven)
+{
+    std::vector<CParameter> list = StaticList();
+    list.emplace_back(std::numeric_limits<int>::max() - 1, u"Last", u"", u"", 0, false);
+    list.emplace_back(145, u"Taken", u"", u"", 0, false);
+    std::string bytes = "[A_DynamicParameters]\nNumDynamicParameters=3\n";
+    for (const char* entry : {"Dyn1", "Dyn2", "Dyn3"})
+        bytes += std::string(entry) + "_ParentParam=Sdc\n" + entry + "_NumVariables=2\n";
+    CInifile ini = PreferencesIni(bytes);
+    LoadParameterList(list, ini, EAnalysis::Roughness);
+    ASSERT_EQ(list.size(), 8u);
+    EXPECT_EQ(list[5].GetValue(), std::numeric_limits<int>::max());
+    EXPECT_EQ(list[6].GetValue(), 144);
+    EXPECT_EQ(list[7].GetValue(), 146);
 }
 
 TEST(ParameterList, UnknownNamesOfStaticParametersKeepWhatWas)

@@ -31,6 +31,7 @@ TEST(EndResults, LinesForTheTokenizer)
     };
     for (const auto& row : cases)
         EXPECT_EQ(item.CreateTokenizableString(row.blank, row.columns), row.line);
+    EXPECT_EQ(item.CreateTokenizableString({0, 1}, 2), u"Ra\t \t");
 }
 
 TEST(EndResults, NewRowsGoInFrontUnlessAppended)
@@ -61,7 +62,7 @@ TEST(ResultGrid, TakesRowsFromTokens)
     collection.AddItemToCollection(item, true);
     collection.AddItemToCollection(SEndResultItem(u"no values"), true);
     grid.AddResultsToGrid(&collection, {});
-    grid.AddResultsToGrid(nullptr, {});
+    grid.AddResultsToGrid(nullptr, {0, 1});
     EXPECT_EQ(grid.GetRows()[2].data, 7u);
     CCells cells;
     grid.GetGridHeaders(cells, SCell::Results | SCell::Statistics);

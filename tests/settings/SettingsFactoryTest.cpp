@@ -1,6 +1,7 @@
 #include "tests/settings/SettingsFactoryTesting.h"
 
 #include <chrono>
+#include <functional>
 
 using namespace CommonUI;
 using enum ESettingType;
@@ -44,6 +45,45 @@ TEST_F(SettingsFactory, RecentUses)
     m_factory.AddToRecentItems({EBuiltInSetting{175}, ColorScale}, 4);
     EXPECT_EQ(Recent(ColorScale), u"Recent{Glow 175}");
     EXPECT_EQ(Recent(Filter), u"");
+}
+
+TEST_F(SettingsFactory, ABackslashAtTheEndMakesNoOtherSet)
+{
+    const CStr path = Path("x.flt");
+    m_folder.Write("x.flt", "Value=7\n");
+    const CStr ended = path + u"\\";
+    const auto byStorage = [&] {
+        CInifile ini;
+        ini.SelectSection(CSettingsFactory::c_StorageSection);
+        ini.WriteTexts(u"Filter", {u"FILE:" + ended, u"FILE:\\"});
+        m_factory.Load(ini);
+    };
+    const auto bySpec = [&] {
+        CSettingsFactory::SParseInfo info;
+        EXPECT_FALSE(m_factory.ParseUserSpec(u"Filter[File(\\)]", info));
+        EXPECT_TRUE(m_factory.ParseUserSpec(u"Filter[File(" + ended + u")]", info));
+        EXPECT_EQ(Text(m_factory.GetTree(info)), u"x.flt 200");
+    };
+    const auto byItem = [&] {
+        SSettingsEntry entry(ended, Filter);
+        m_factory.NewDynamicItem(entry, true);
+    };
+    const auto bySave = [&] {
+        CSettings set = MakeSet(ended, Filter, 7);
+        EXPECT_TRUE(m_factory.SaveSettings(set, true));
+        EXPECT_EQ(set.GetFileName(), path);
+    };
+    const std::function<void()> doors[] = {byStorage, bySpec, byItem, bySave,
+                                           [&] { m_factory.LoadSettings(Filter, ended, true); }};
+    for (const auto& door : doors) {
+        m_factory = {};
+        door();
+        m_factory.LoadSettings(Filter, path, true);
+        const CSettings set = m_factory.GetSettings(200, true);
+        EXPECT_EQ(set.ReadInt(u"Value", 0), 7) << &door - doors;
+        EXPECT_EQ(set.GetEntryInfo().m_File, path);
+        EXPECT_EQ(Recent(Filter), u"Recent{x.flt 200}");
+    }
 }
 
 TEST_F(SettingsFactory, DynamicItems)

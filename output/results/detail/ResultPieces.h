@@ -3,9 +3,11 @@
 #include "common/TextBuilder.h"
 #include "output/results/GridBaseOutputCtrl.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <new>
 #include <string_view>
 
 namespace CommonUI
@@ -53,14 +55,43 @@ void ForEachPiece(std::u16string_view text, FVisit visit)
     }
 }
 
-/// Makes room for a text of `rowCount` rows, judging by the `rowsDone` that have been written; to be called
-/// after every row.
-inline void ReserveByRows(CTextBuilder& text, std::size_t rowsDone, std::size_t rowCount)
+/// Makes room for a text of many rows, judging by those that have been written, but never for more than a few times
+/// what is there: the first rows may be much longer than the others.
+class CRowRoom
 {
-    constexpr std::size_t c_enough = 8;
-    if (rowsDone == c_enough)
-        text.Reserve(text.GetLength() / c_enough * rowCount / 4 * 5);
-}
+public:
+    /// @param text to which the rows are appended
+    CRowRoom(CTextBuilder& text, std::size_t rowCount)
+        : m_text(text)
+        , m_start(text.GetLength())
+        , m_rowCount(rowCount)
+    {
+    }
+
+    /// To be called after every row.
+    void RowDone()
+    {
+        if (++m_done != m_next)
+            return;
+        m_next *= c_step;
+        const std::size_t written = m_text.GetLength() - m_start;
+        const std::size_t rows = std::min(m_rowCount - m_done, m_next - m_done);
+        try {
+            m_text.Reserve(m_text.GetLength() + written / m_done * rows / 4 * 5);
+        } catch (const std::bad_alloc&) {
+            // The text may be shorter than it seems.
+        }
+    }
+
+private:
+    static constexpr std::size_t c_step = 4;
+
+    CTextBuilder& m_text;
+    std::size_t m_start;
+    std::size_t m_rowCount;
+    std::size_t m_done = 0;
+    std::size_t m_next = 8; // when to judge again
+};
 
 /// The cells of a report: those of the summary, and those of the results with the statistics below them.
 struct SReportCells {

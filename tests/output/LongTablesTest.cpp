@@ -1,0 +1,122 @@
+// What long tables cost, by counting: as much for each row of a long table as of a short one.
+#include "output/results/FrontVector.h"
+#include "tests/common/FailingAllocation.h"
+#include "tests/output/TestTables.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+using namespace CommonUI;
+
+namespace
+{
+
+// Counts its moves.
+class CMoved
+{
+public:
+    explicit CMoved(int number)
+        : m_number(number)
+    {
+    }
+    CMoved(CMoved&& other) noexcept
+        : m_number(other.m_number)
+    {
+        ++s_moves;
+    }
+    CMoved& operator=(CMoved&& other) noexcept
+    {
+        m_number = other.m_number;
+        ++s_moves;
+        return *this;
+    }
+
+    int GetNumber() const { return m_number; }
+
+    static inline long long s_moves = 0;
+
+private:
+    int m_number;
+};
+
+CCells RowsOf(std::size_t count, std::size_t longRows)
+{
+    const CStr note(4096, u'n');
+    CCells cells(count, {Cell(u"Row", SCell::RowHeader), Cell(u"1.5")});
+    for (std::size_t row = 0; row < longRows; ++row)
+        cells[row][1].text = note;
+    return cells;
+}
+
+} // namespace
+
+TEST(LongTables, RowsInFrontMoveNoOthers)
+{
+    constexpr int c_count = 20'000;
+    CMoved::s_moves = 0;
+    Detail::CFrontVector<CMoved> rows;
+    for (int i = 0; i < c_count; ++i) {
+        rows.PushFront(CMoved(-1 - i));
+        rows.PushBack(CMoved(i));
+    }
+    for (int i = 0; i < 2 * c_count; ++i)
+        ASSERT_EQ(rows.Get()[static_cast<std::size_t>(i)].GetNumber(), i - c_count);
+    EXPECT_LE(CMoved::s_moves, 6 * 2 * c_count);
+
+    CGrid grid(SCell::Results);
+    grid.InsertTokenizableRow(u"first", u"\t");
+    const CGrid::SRow* const first = &grid.GetRows().front();
+    for (int i = 0; i < 1000; ++i)
+        grid.InsertTokenizableRow(CStr::Format(u"%d", i), u"\t", false, true);
+    EXPECT_EQ(&grid.GetRows().back(), first);
+    EXPECT_EQ(grid.GetRows().front().name, u"999");
+}
+
+TEST(LongTables, TextsTakeMemoryByTheirLength)
+{
+    const struct {
+        const char* what;
+        CCells cells;
+    } rows[] = {{"all alike", RowsOf(20'000, 0)}, {"long notes in front", RowsOf(20'000, 8)}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const CAllocatedBytes forText;
+        const CStr text = CGrid::GenerateResultsText(row.cells);
+        EXPECT_LE(forText.Get(), 8 * text.GetLength() * sizeof(char16_t));
+        const CAllocatedBytes forHtml;
+        const CStr html = CGrid::GenerateResultsHTMLTable(row.cells);
+        EXPECT_LE(forHtml.Get(), 8 * html.GetLength() * sizeof(char16_t));
+    }
+
+    CGrid grid(SCell::Summary);
+    for (const CGrid::CRow& cells : RowsOf(500, 0))
+        grid.AddRow({.name = cells[0].text, .cells = {cells[1].text}});
+    const CAllocatedBytes alone;
+    CCells cells;
+    grid.GetGridCells(cells, SCell::Summary);
+    const CStr table = CGrid::GenerateSummaryHTMLTable(cells);
+    const std::size_t aloneBytes = alone.Get();
+    const CAllocatedBytes report;
+    EXPECT_GT(CGrid::GenerateHTMLTables(&grid, nullptr, nullptr, false).GetLength(), table.GetLength());
+    EXPECT_LE(report.Get(), aloneBytes + table.GetLength()) << "the finished table is copied once more";
+}
+
+TEST(LongTables, RoomThatThereIsNotIsDoneWithout)
+{
+    const CCells cells = RowsOf(100, 0);
+    const CStr expected = CGrid::GenerateResultsText(cells);
+    int survived = 0;
+    bool failed = true;
+    for (int allocation = 1; failed; ++allocation) {
+        try {
+            const CFailingAllocation failing(allocation);
+            const CStr text = CGrid::GenerateResultsText(cells);
+            failed = failing.HasFailed();
+            EXPECT_EQ(text, expected);
+            survived += failed ? 1 : 0;
+        } catch (const std::bad_alloc&) {
+        }
+    }
+    EXPECT_GT(survived, 0);
+}
