@@ -187,24 +187,21 @@ TEST_F(NumberText, RandomFormatsOfIntegers)
 
 TEST_F(NumberText, ConversionOfTheOtherKind)
 {
-    const struct {
-        const char16_t* format;
-        double value;
-        std::string_view text;
-    } rows[] = {{u"%d", 2.9, "2"},
-                {u"%d", -2.9, "-2"},
-                {u"%d", -0.5, "0"},
-                {u"%05d", -1e3, "-1000"},
-                {u"%x", 255.5, "ff"},
-                {u"%d", 9223372036854775808.0, "9223372036854775808"},
-                {u"%d", 1e20, "100000000000000000000"},
-                {u"%d", -c_infinity, "-inf"},
-                {u"%u", c_nan, "nan"},
-                {u"%X", c_infinity, "inf"}};
-    for (const auto& row : rows) {
+    const std::tuple<const char16_t*, double, std::string_view> rows[] = {
+        {u"%d", 2.9, "2"},
+        {u"%d", -2.9, "-2"},
+        {u"%d", -0.5, "0"},
+        {u"%05d", -1e3, "-1000"},
+        {u"%x", 255.5, "ff"},
+        {u"%d", 9223372036854775808.0, "9223372036854775808"},
+        {u"%d", 1e20, "100000000000000000000"},
+        {u"%d", -c_infinity, "-inf"},
+        {u"%u", c_nan, "nan"},
+        {u"%X", c_infinity, "inf"}};
+    for (const auto& [formatText, value, text] : rows) {
         SNumberFormat format;
-        ASSERT_TRUE(ParseNumberFormat(row.format, format));
-        EXPECT_EQ(CNumberText(row.value, format).View(), row.text);
+        ASSERT_TRUE(ParseNumberFormat(formatText, format));
+        EXPECT_EQ(CNumberText(value, format).View(), text);
     }
     EXPECT_EQ(CNumberText(-3, SNumberFormat()).View(), "-3.000000");
     EXPECT_THROW(CNumberText(1.5, {.conversion = 's'}), EInternal);
@@ -251,32 +248,29 @@ using NumberReading = CCommaLocaleTest;
 
 TEST_F(NumberReading, Doubles)
 {
-    const struct {
-        std::u16string_view text;
-        double value;
-    } good[] = {{u"0", 0},
-                {u"-0", -0.0},
-                {u"+1.5", 1.5},
-                {u" \t1.8823e-008\r\n", 1.8823e-8},
-                {u".5", 0.5},
-                {u"5.", 5},
-                {u"1E5", 1e5},
-                {u"1e+05", 1e5},
-                {u"007", 7},
-                {u"inf", c_infinity},
-                {u"-INFINITY", -c_infinity},
-                {u"1e309", c_infinity},
-                {u"-1e99999999999999999999", -c_infinity},
-                {u"0.00001e400", c_infinity},
-                {u"1e-400", 0},
-                {u"-1e-99999999999999999999", -0.0},
-                {u"4.9e-324", 5e-324},
-                {u"0e999999", 0}};
-    for (const auto& row : good) {
+    const std::pair<std::u16string_view, double> good[] = {{u"0", 0},
+                                                           {u"-0", -0.0},
+                                                           {u"+1.5", 1.5},
+                                                           {u" \t1.8823e-008\r\n", 1.8823e-8},
+                                                           {u".5", 0.5},
+                                                           {u"5.", 5},
+                                                           {u"1E5", 1e5},
+                                                           {u"1e+05", 1e5},
+                                                           {u"007", 7},
+                                                           {u"inf", c_infinity},
+                                                           {u"-INFINITY", -c_infinity},
+                                                           {u"1e309", c_infinity},
+                                                           {u"-1e99999999999999999999", -c_infinity},
+                                                           {u"0.00001e400", c_infinity},
+                                                           {u"1e-400", 0},
+                                                           {u"-1e-99999999999999999999", -0.0},
+                                                           {u"4.9e-324", 5e-324},
+                                                           {u"0e999999", 0}};
+    for (const auto& [text, expectedValue] : good) {
         double value = 42;
-        EXPECT_TRUE(ParseDouble(row.text, value)) << ToUtf8(row.text);
-        EXPECT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(row.value))
-            << ToUtf8(row.text);
+        EXPECT_TRUE(ParseDouble(text, value)) << ToUtf8(text);
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expectedValue))
+            << ToUtf8(text);
     }
     double huge = 0;
     EXPECT_TRUE(ParseDouble(u"0.1000000000000000055511151231257827021181583404541015625", huge));
@@ -300,18 +294,16 @@ TEST_F(NumberReading, Doubles)
 
 TEST_F(NumberReading, Integers)
 {
-    const struct {
-        std::u16string_view text;
-        long long value;
-    } good[] = {{u"0", 0},
-                {u" +17\n", 17},
-                {u"-0012", -12},
-                {u"9223372036854775807", std::numeric_limits<long long>::max()},
-                {u"-9223372036854775808", std::numeric_limits<long long>::min()}};
-    for (const auto& row : good) {
+    const std::pair<std::u16string_view, long long> good[] = {
+        {u"0", 0},
+        {u" +17\n", 17},
+        {u"-0012", -12},
+        {u"9223372036854775807", std::numeric_limits<long long>::max()},
+        {u"-9223372036854775808", std::numeric_limits<long long>::min()}};
+    for (const auto& [text, expectedValue] : good) {
         long long value = 42;
-        EXPECT_TRUE(ParseInteger(row.text, value)) << ToUtf8(row.text);
-        EXPECT_EQ(value, row.value);
+        EXPECT_TRUE(ParseInteger(text, value)) << ToUtf8(text);
+        EXPECT_EQ(value, expectedValue);
     }
     for (const auto text :
          {u"", u"-", u"1.0", u"1e3", u"0x1", u"+-1", u"9223372036854775808", u"1 2", u"\u0131"}) {

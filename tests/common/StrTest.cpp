@@ -25,10 +25,7 @@ std::vector<CStr> TextsOfCriticalLengths()
 
 TEST(Str, MalformedUtf8)
 {
-    const struct {
-        std::string_view bytes;
-        std::u16string_view text;
-    } rows[] = {
+    const std::pair<std::string_view, std::u16string_view> rows[] = {
         {"", u""},
         {"a\xC2\xB5\xE2\x82\xAC\xF0\x9F\x98\x80z", u"a\u00b5\u20ac\U0001F600z"},
         {{"a\0b", 3}, {u"a\0b", 3}},
@@ -37,8 +34,8 @@ TEST(Str, MalformedUtf8)
         {"\xE2\x82\xE2\x82\xAC\xC2(", u"\uFFFD\u20ac\uFFFD("},
         {"a\xF1\x80\x80\xE1\x80\xC2z\x80z\x80\xBF", u"a\uFFFD\uFFFD\uFFFDz\uFFFDz\uFFFD\uFFFD"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(CStr::FromUtf8(row.bytes), row.text) << testing::PrintToString(row.bytes);
+    for (const auto& [bytes, text] : rows)
+        EXPECT_EQ(CStr::FromUtf8(bytes), text) << testing::PrintToString(bytes);
     // No sequence, overlong, surrogates, beyond U+10FFFF: every byte is replaced.
     for (const std::string bytes :
          {"\x80", "\xBF\xBF", "\xFE\xFF", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF",
@@ -52,10 +49,7 @@ TEST(Str, MalformedUtf8)
 
 TEST(Str, LoneSurrogatesLeaveAsReplacements)
 {
-    const struct {
-        std::u16string text;
-        std::string_view bytes;
-    } rows[] = {
+    const std::pair<std::u16string, std::string_view> rows[] = {
         {u"\u007f\u0080\u07ff\u0800\uffff\U00010000\U0010ffff",
          "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
         {{u'a', char16_t(0xD800)}, "a\xEF\xBF\xBD"},
@@ -63,8 +57,8 @@ TEST(Str, LoneSurrogatesLeaveAsReplacements)
         {{char16_t(0xDBFF), char16_t(0xD83D), char16_t(0xDE00)}, "\xEF\xBF\xBD\xF0\x9F\x98\x80"},
         {{char16_t(0xDC00), char16_t(0xD800)}, "\xEF\xBF\xBD\xEF\xBF\xBD"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(CStr(row.text).ToUtf8(), row.bytes);
+    for (const auto& [text, bytes] : rows)
+        EXPECT_EQ(CStr(text).ToUtf8(), bytes);
 }
 
 TEST(Str, AsciiBytesKeepTheirNumbers)
@@ -151,39 +145,33 @@ TEST(Str, SharedBufferInTwoThreads)
 
 TEST(Str, SplitAndReplace)
 {
-    const struct {
-        const char16_t* text;
-        const char16_t* delimiter;
-        std::vector<CStr> pieces;
-        const char16_t* replaced; // with "ab" for the delimiter
-    } rows[] = {{u"", u",", {u""}, u""},
-                {u",", u",", {u"", u""}, u"ab"},
-                {u"a,b,,c,", u",", {u"a", u"b", u"", u"c", u""}, u"aabbababcab"},
-                {u"a::b:c", u"::", {u"a", u"b:c"}, u"aabb:c"},
-                {u"aaa", u"aa", {u"", u"a"}, u"aba"},
-                {u"abc", u"", {u"abc"}, u"abc"},
-                {u"a", u"abc", {u"a"}, u"a"}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(CStr(row.text).Split(row.delimiter), row.pieces) << ToUtf8(row.text);
-        EXPECT_EQ(CStr(row.text).Replace(row.delimiter, u"ab"), row.replaced) << ToUtf8(row.text);
+    // with "ab" for the delimiter
+    const std::tuple<const char16_t*, const char16_t*, std::vector<CStr>, const char16_t*> rows[] = {
+        {u"", u",", {u""}, u""},
+        {u",", u",", {u"", u""}, u"ab"},
+        {u"a,b,,c,", u",", {u"a", u"b", u"", u"c", u""}, u"aabbababcab"},
+        {u"a::b:c", u"::", {u"a", u"b:c"}, u"aabb:c"},
+        {u"aaa", u"aa", {u"", u"a"}, u"aba"},
+        {u"abc", u"", {u"abc"}, u"abc"},
+        {u"a", u"abc", {u"a"}, u"a"}};
+    for (const auto& [text, delimiter, pieces, replaced] : rows) {
+        EXPECT_EQ(CStr(text).Split(delimiter), pieces) << ToUtf8(text);
+        EXPECT_EQ(CStr(text).Replace(delimiter, u"ab"), replaced) << ToUtf8(text);
     }
     EXPECT_EQ(CStr(u"a--b").Replace(u"-", u""), u"ab");
 }
 
 TEST(Str, Trim)
 {
-    const struct {
-        CStr text;
-        const char16_t* left;
-        const char16_t* right;
-    } rows[] = {{u"", u"", u""},
-                {u" \t\n\v\f\r", u"", u""},
-                {u" \r\na\t b\v ", u"a\t b\v ", u" \r\na\t b"},
-                {u"\u00a0a\u2003", u"\u00a0a\u2003", u"\u00a0a\u2003"}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(row.text.TrimLeft(), row.left);
-        EXPECT_EQ(row.text.TrimRight(), row.right);
-        EXPECT_EQ(row.text.Trim(), CStr(row.left).TrimRight());
+    const std::tuple<CStr, const char16_t*, const char16_t*> rows[] = {
+        {u"", u"", u""},
+        {u" \t\n\v\f\r", u"", u""},
+        {u" \r\na\t b\v ", u"a\t b\v ", u" \r\na\t b"},
+        {u"\u00a0a\u2003", u"\u00a0a\u2003", u"\u00a0a\u2003"}};
+    for (const auto& [text, left, right] : rows) {
+        EXPECT_EQ(text.TrimLeft(), left);
+        EXPECT_EQ(text.TrimRight(), right);
+        EXPECT_EQ(text.Trim(), CStr(left).TrimRight());
     }
 }
 

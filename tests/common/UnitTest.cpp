@@ -48,22 +48,19 @@ TEST(Unit, FactorsHaveTheirValuesKeysAndTexts)
 
 TEST(Unit, ReadsTexts)
 {
-    const struct {
-        const char16_t* text;
-        EFactor factor;
-        const char16_t* symbol;
-    } cases[] = {{u"um", Micro, u"m"},          {u"\u03BCm", Micro, u"m"},
-                 {u" nm ", Nano, u"m"},         {u"A", Unity, u"A"},
-                 {u"\u212B", Aangstroem, u"m"}, {u"mm", Milli, u"m"},
-                 {u"Mm", Mega, u"m"},           {u"uin", MicroInch, u"m"},
-                 {u"mV", Milli, u"V"},          {u"uV", Micro, u"V"},
-                 {u"min", Unity, u"min"},       {u"°", Unity, u"°"},
-                 {u"%", Unity, u"%"},           {u"", Unity, u""},
-                 {u"NM", Unity, u"NM"}};
-    for (const auto& row : cases) {
-        const CUnit unit = CUnit::FromText(row.text);
-        EXPECT_EQ(unit.GetFactor(), row.factor) << CStr(row.text).ToUtf8();
-        EXPECT_EQ(unit.GetSymbol(), row.symbol) << CStr(row.text).ToUtf8();
+    const std::tuple<const char16_t*, EFactor, const char16_t*> cases[] = {
+        {u"um", Micro, u"m"},          {u"\u03BCm", Micro, u"m"},
+        {u" nm ", Nano, u"m"},         {u"A", Unity, u"A"},
+        {u"\u212B", Aangstroem, u"m"}, {u"mm", Milli, u"m"},
+        {u"Mm", Mega, u"m"},           {u"uin", MicroInch, u"m"},
+        {u"mV", Milli, u"V"},          {u"uV", Micro, u"V"},
+        {u"min", Unity, u"min"},       {u"°", Unity, u"°"},
+        {u"%", Unity, u"%"},           {u"", Unity, u""},
+        {u"NM", Unity, u"NM"}};
+    for (const auto& [text, factor, symbol] : cases) {
+        const CUnit unit = CUnit::FromText(text);
+        EXPECT_EQ(unit.GetFactor(), factor) << CStr(text).ToUtf8();
+        EXPECT_EQ(unit.GetSymbol(), symbol) << CStr(text).ToUtf8();
     }
     CUnit unit(Kilo);
     EXPECT_TRUE(CUnit::ParseLength(u"A", unit));
@@ -81,24 +78,18 @@ TEST(Unit, SuitableFactorIsChosenAfterRounding)
     constexpr double c_nan = std::numeric_limits<double>::quiet_NaN();
     constexpr CUnit::SShownDigits c_one{.decimals = 1};
     constexpr CUnit::SShownDigits c_five{};
-    const struct {
-        double value;
-        int power;
-        EFactor unit;
-        CUnit::SShownDigits shown;
-        EFactor expected;
-    } cases[] = {{35.2e-9, 1, Unity, c_five, Nano},     {-35.2e-9, 1, Unity, c_five, Nano},
-                 {999.99e-9, 1, Unity, c_five, Nano},   {999.996e-9, 1, Unity, c_five, Micro},
-                 {999.94e-9, 1, Unity, c_one, Nano},    {999.96e-9, 1, Unity, c_one, Micro},
-                 {1e-6, 1, Unity, c_five, Micro},       {1e-12, 2, Unity, c_five, Micro},
-                 {1e-18, 3, Unity, c_five, Micro},      {2.5e-13, 2, Unity, c_five, Nano},
-                 {1e-15, 1, Unity, c_five, Pico},       {1e15, 1, Unity, c_five, Giga},
-                 {1e-6, 1, Inch, c_five, MicroInch},    {1, 1, MicroInch, c_five, Inch},
-                 {0, 1, Milli, c_five, Milli},          {5e-9, 0, Milli, c_five, Milli},
-                 {c_infinity, 1, Milli, c_five, Milli}, {c_nan, 1, Milli, c_five, Milli}};
-    for (const auto& row : cases)
-        EXPECT_EQ(CUnit(row.unit).SuitableFactor(row.value, row.power, row.shown), row.expected)
-            << row.value << " power " << row.power;
+    const std::tuple<double, int, EFactor, CUnit::SShownDigits, EFactor> cases[] = {
+        {35.2e-9, 1, Unity, c_five, Nano},     {-35.2e-9, 1, Unity, c_five, Nano},
+        {999.99e-9, 1, Unity, c_five, Nano},   {999.996e-9, 1, Unity, c_five, Micro},
+        {999.94e-9, 1, Unity, c_one, Nano},    {999.96e-9, 1, Unity, c_one, Micro},
+        {1e-6, 1, Unity, c_five, Micro},       {1e-12, 2, Unity, c_five, Micro},
+        {1e-18, 3, Unity, c_five, Micro},      {2.5e-13, 2, Unity, c_five, Nano},
+        {1e-15, 1, Unity, c_five, Pico},       {1e15, 1, Unity, c_five, Giga},
+        {1e-6, 1, Inch, c_five, MicroInch},    {1, 1, MicroInch, c_five, Inch},
+        {0, 1, Milli, c_five, Milli},          {5e-9, 0, Milli, c_five, Milli},
+        {c_infinity, 1, Milli, c_five, Milli}, {c_nan, 1, Milli, c_five, Milli}};
+    for (const auto& [value, power, unit, shown, expected] : cases)
+        EXPECT_EQ(CUnit(unit).SuitableFactor(value, power, shown), expected) << value << " power " << power;
 }
 
 TEST(Range, HoldsItsBoundsAndNoNaN)

@@ -151,15 +151,14 @@ TEST(NumericEdit, ReadsARealNumber)
 
 TEST(NumericEdit, FormatHoldsOneRealConversion)
 {
-    const struct {
-        const char16_t* format;
-        const char16_t* text; // of 1.25
-    } cases[] = {{u"%+8.3E", u"+1.250E+00"}, {u" %g %% of it", u" 1.25 % of it"}, {u"%.2Lf mm", u"1.25 mm"}};
+    // of 1.25
+    const std::pair<const char16_t*, const char16_t*> cases[] = {
+        {u"%+8.3E", u"+1.250E+00"}, {u" %g %% of it", u" 1.25 % of it"}, {u"%.2Lf mm", u"1.25 mm"}};
     CFloatStage stage;
     stage.edit->SetValue(1.25F);
-    for (const auto& row : cases) {
-        EXPECT_TRUE(stage.edit->SetFormatString(row.format));
-        EXPECT_EQ(stage.view.GetText(), row.text);
+    for (const auto& [format, text] : cases) {
+        EXPECT_TRUE(stage.edit->SetFormatString(format));
+        EXPECT_EQ(stage.view.GetText(), text);
     }
     int refused = 0;
     for (const char16_t* format : {u"", u"%d", u"%f %f", u"%f%", u"%*f", u"%%f", u"x %f", u"%.1f0"}) {
@@ -171,48 +170,45 @@ TEST(NumericEdit, FormatHoldsOneRealConversion)
 
 TEST(NumericEdit, ClampsIntoTheRange)
 {
-    const struct {
-        float minimum, maximum, value, expected;
-    } cases[] = {{0, 10, 11, 10},
-                 {0, 10, -c_infinity, 0},
-                 {10, 0, 11, 10},
-                 {10, 0, -1, 0},
-                 {10, 0, 5, 5},
-                 {4, 4, 7, 4},
-                 {-c_infinity, c_infinity, c_infinity, c_floatMax},
-                 {0, 10, c_nan, 3},
-                 {c_nan, 10, 20, 20}};
-    for (const auto& row : cases) {
+    const std::array<float, 4> cases[] = {{0, 10, 11, 10},
+                                          {0, 10, -c_infinity, 0},
+                                          {10, 0, 11, 10},
+                                          {10, 0, -1, 0},
+                                          {10, 0, 5, 5},
+                                          {4, 4, 7, 4},
+                                          {-c_infinity, c_infinity, c_infinity, c_floatMax},
+                                          {0, 10, c_nan, 3},
+                                          {c_nan, 10, 20, 20}};
+    for (const auto& [minimum, maximum, value, expected] : cases) {
         CFloatStage stage;
         stage.edit->SetValue(3);
-        stage.edit->SetRange(row.minimum, row.maximum, 0.1);
-        EXPECT_EQ(stage.changes.size(), row.minimum == 4 ? 2U : 1U) << "clamped by the new range";
-        stage.edit->SetValue(row.value);
-        EXPECT_EQ(stage.edit->GetValue(), row.expected) << row.minimum << ' ' << row.value;
-        EXPECT_EQ(stage.view.GetText(), CStr::Format(u"%f", double{row.expected}));
-        EXPECT_EQ(stage.warnings.GetCount(), std::isnan(row.minimum) || std::isnan(row.value) ? 1 : 0);
+        stage.edit->SetRange(minimum, maximum, 0.1);
+        EXPECT_EQ(stage.changes.size(), minimum == 4 ? 2U : 1U) << "clamped by the new range";
+        stage.edit->SetValue(value);
+        EXPECT_EQ(stage.edit->GetValue(), expected) << minimum << ' ' << value;
+        EXPECT_EQ(stage.view.GetText(), CStr::Format(u"%f", double{expected}));
+        EXPECT_EQ(stage.warnings.GetCount(), std::isnan(minimum) || std::isnan(value) ? 1 : 0);
         EXPECT_EQ(stage.CountBeeps(), 0U);
     }
 }
 
 TEST(NumericEdit, IncrementIsMantissaAndPowerOfTen)
 {
-    const struct {
-        float step, increment, smaller; // smaller: ten times
-    } cases[] = {{250, 250, 25},
-                 {0, 1, 0.1F},
-                 {c_nan, 1, 0.1F},
-                 {c_infinity, 1, 0.1F},
-                 {-0.7F, 0.7F, 0.07F},
-                 {c_floatMax, c_floatMax, 3.4028235e37F},
-                 {std::numeric_limits<float>::denorm_min(), 1e-45F, 1e-45F}};
-    for (const auto& row : cases) {
+    // smaller: ten times
+    const std::array<float, 3> cases[] = {{250, 250, 25},
+                                          {0, 1, 0.1F},
+                                          {c_nan, 1, 0.1F},
+                                          {c_infinity, 1, 0.1F},
+                                          {-0.7F, 0.7F, 0.07F},
+                                          {c_floatMax, c_floatMax, 3.4028235e37F},
+                                          {std::numeric_limits<float>::denorm_min(), 1e-45F, 1e-45F}};
+    for (const auto& [step, increment, smaller] : cases) {
         CFloatEdit edit;
         edit.SetIncrementExponentMin(-100, false);
-        edit.SetIncrement(row.step);
-        EXPECT_EQ(edit.GetIncrement(), row.increment) << row.step;
+        edit.SetIncrement(step);
+        EXPECT_EQ(edit.GetIncrement(), increment) << step;
         edit.OnStepSizeChanged(-1);
-        EXPECT_EQ(edit.GetIncrement(), row.smaller) << row.step;
+        EXPECT_EQ(edit.GetIncrement(), smaller) << step;
     }
     CIntEdit edit;
     for (const int step : {1, 7, 29, 57, 115, 1009, 999999999, c_intMax, -115}) {
@@ -225,49 +221,40 @@ TEST(NumericEdit, IncrementIsMantissaAndPowerOfTen)
 
 TEST(NumericEdit, IncrementFitsTheRange)
 {
-    const struct {
-        float minimum, maximum;
-        double factor;
-        float increment;
-        int intIncrement;
-    } cases[] = {{0, 10, 0.1, 1, 1},           {0, 9, 0.1, 0.1F, 1},       {1000, 1001, 0.01, 10, 10},
-                 {10, 0, 0.1, 0.1F, 1},        {-10, -5, 1, 1, 1},         {0, 10, 0, 1, 1},
-                 {0, 10, double{c_nan}, 1, 1}, {0, 10, 1e-300, 1e-45F, 1}, {0, 10, 1e300, 1e38F, 1000000000}};
-    for (const auto& row : cases) {
+    const std::tuple<float, float, double, float, int> cases[] = {
+        {0, 10, 0.1, 1, 1},           {0, 9, 0.1, 0.1F, 1},       {1000, 1001, 0.01, 10, 10},
+        {10, 0, 0.1, 0.1F, 1},        {-10, -5, 1, 1, 1},         {0, 10, 0, 1, 1},
+        {0, 10, double{c_nan}, 1, 1}, {0, 10, 1e-300, 1e-45F, 1}, {0, 10, 1e300, 1e38F, 1000000000}};
+    for (const auto& [minimum, maximum, factor, increment, intIncrement] : cases) {
         CFloatEdit edit;
-        edit.SetRange(row.minimum, row.maximum, row.factor);
-        EXPECT_EQ(edit.GetIncrement(), row.increment)
-            << row.minimum << ' ' << row.maximum << ' ' << row.factor;
+        edit.SetRange(minimum, maximum, factor);
+        EXPECT_EQ(edit.GetIncrement(), increment) << minimum << ' ' << maximum << ' ' << factor;
         CIntEdit intEdit;
-        intEdit.SetIncrement(static_cast<int>(row.minimum), static_cast<int>(row.maximum), row.factor);
-        EXPECT_EQ(intEdit.GetIncrement(), row.intIncrement) << row.minimum << ' ' << row.maximum;
+        intEdit.SetIncrement(static_cast<int>(minimum), static_cast<int>(maximum), factor);
+        EXPECT_EQ(intEdit.GetIncrement(), intIncrement) << minimum << ' ' << maximum;
     }
 }
 
 TEST(NumericEdit, ExponentStaysWithinItsLimits)
 {
-    const struct {
-        float value;
-        bool relative;
-        float least, greatest;
-    } cases[] = {
+    const std::tuple<float, bool, float, float> cases[] = {
         {0, true, 1e-5F, 1e5F},      {1000, true, 1e-2F, 1e8F},  {999.99994F, true, 1e-3F, 1e7F},
         {-0.01F, true, 1e-7F, 1e3F}, {1234, false, 1e-5F, 1e5F},
     };
-    for (const auto& row : cases) {
+    for (const auto& [value, relative, least, greatest] : cases) {
         CFloatEdit edit;
-        edit.SetValue(row.value);
-        edit.SetIncrementExponentMin(-5, row.relative);
-        edit.SetIncrementExponentMax(5, row.relative);
+        edit.SetValue(value);
+        edit.SetIncrementExponentMin(-5, relative);
+        edit.SetIncrementExponentMax(5, relative);
         for (int i = 0; i < 20; ++i)
             edit.OnStepSizeChanged(-1);
-        EXPECT_EQ(edit.GetIncrement(), row.least) << row.value;
+        EXPECT_EQ(edit.GetIncrement(), least) << value;
         for (int i = 0; i < 20; ++i)
             edit.OnStepSizeChanged(1);
-        EXPECT_EQ(edit.GetIncrement(), row.greatest) << row.value;
+        EXPECT_EQ(edit.GetIncrement(), greatest) << value;
         edit.OnStepSizeChanged(c_intMax);
         edit.OnStepSizeChanged(c_intMin);
-        EXPECT_EQ(edit.GetIncrement(), row.greatest) << row.value;
+        EXPECT_EQ(edit.GetIncrement(), greatest) << value;
     }
     CIntEdit edit;
     edit.SetIncrement(25);
@@ -339,13 +326,11 @@ TEST(NumericEdit, WheelCountsNotches)
     stage.edit->GetSpinButton().SetView(&spin);
     stage.edit->SetIncrement(0.1F);
     stage.edit->SetValue(1.23F);
-    const struct {
-        int delta;
-        float value;
-    } cases[] = {{60, 1.2F}, {60, 1.3F}, {-100, 1.3F}, {-140, 1.1F}, {119, 1.1F}, {1, 1.2F}, {360, 1.5F}};
-    for (const auto& row : cases) {
-        EXPECT_TRUE(stage.edit->OnMouseWheel(row.delta, true));
-        EXPECT_EQ(stage.edit->GetValue(), row.value);
+    const std::pair<int, float> cases[] = {{60, 1.2F},  {60, 1.3F}, {-100, 1.3F}, {-140, 1.1F},
+                                           {119, 1.1F}, {1, 1.2F},  {360, 1.5F}};
+    for (const auto& [delta, value] : cases) {
+        EXPECT_TRUE(stage.edit->OnMouseWheel(delta, true));
+        EXPECT_EQ(stage.edit->GetValue(), value);
     }
     EXPECT_EQ(spin.hint, u"\u00B1 0.1");
     stage.edit->OnStepSizeChanged(1);

@@ -108,18 +108,15 @@ TEST_F(StepSizeCtrl, PointerLeavesHalfWay)
 
 TEST_F(StepSizeCtrl, LateTickCatchesUp)
 {
-    const struct {
-        std::uint64_t late;
-        int step;
-    } cases[] = {{14, 2}, {15, 3}, {45, 4}, {1000000000000, 9}};
-    for (const auto& row : cases) {
+    const std::pair<std::uint64_t, int> cases[] = {{14, 2}, {15, 3}, {45, 4}, {1000000000000, 9}};
+    for (const auto& [late, step] : cases) {
         popup->Close();
         EXPECT_FALSE(view.shown);
         service.late = 0;
         spin.OnPointerEntered();
-        service.late = row.late;
+        service.late = late;
         service.Advance(30);
-        EXPECT_EQ(popup->GetSlideStep(), row.step) << row.late;
+        EXPECT_EQ(popup->GetSlideStep(), step) << late;
     }
     spin.OnPointerLeft();
     service.Advance(500);

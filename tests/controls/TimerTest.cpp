@@ -85,20 +85,16 @@ TEST_F(Timer, FrequencyGivesTheInterval)
     constexpr unsigned int c_longest = std::numeric_limits<unsigned int>::max();
     constexpr double c_infinity = std::numeric_limits<double>::infinity();
     constexpr double c_nan = std::numeric_limits<double>::quiet_NaN();
-    const struct {
-        double hertz;
-        unsigned int interval;
-        int warnings;
-    } cases[] = {
+    const std::tuple<double, unsigned int, int> cases[] = {
         {3, 333, 0}, {1001, 0, 0}, {c_infinity, 0, 0},   {1e-7, c_longest, 0}, {5e-324, c_longest, 0},
         {0, 30, 1},  {-3, 30, 1},  {-c_infinity, 30, 1}, {c_nan, 30, 1},
     };
-    for (const auto& row : cases) {
+    for (const auto& [hertz, interval, expectedWarnings] : cases) {
         const CDiagnosticsCapture warnings;
         timer->SetInterval(30);
-        timer->SetFrequency(row.hertz);
-        EXPECT_EQ(timer->GetInterval(), row.interval) << row.hertz;
-        EXPECT_EQ(warnings.GetCount(), row.warnings) << row.hertz;
+        timer->SetFrequency(hertz);
+        EXPECT_EQ(timer->GetInterval(), interval) << hertz;
+        EXPECT_EQ(warnings.GetCount(), expectedWarnings) << hertz;
     }
 }
 
@@ -120,26 +116,21 @@ TEST_F(Timer, StaysStoppedWithoutAnIdentifierOfItsOwn)
 
 TEST_F(Timer, TickMayChangeItsTimer)
 {
-    const struct {
-        const char* what;
-        void (*change)(Timer&);
-        int ticks;
-        int otherTicks;
-    } cases[] = {
+    const std::tuple<const char*, void (*)(Timer&), int, int> cases[] = {
         {"stop", [](Timer& t) { t.timer->SetRunning(false); }, 1, 0},
         {"change the interval", [](Timer& t) { t.timer->SetInterval(20); }, 4, 0},
         {"destroy", [](Timer& t) { t.timer.reset(); }, 1, 0},
         {"change the callback", [](Timer& t) { t.timer->SetCallback(t, &Timer::OnOtherTick); }, 1, 2},
         {"run a loop", [](Timer& t) { t.ticks < 2 ? t.service.Advance(30) : void(); }, 3, 0},
     };
-    for (const auto& row : cases) {
+    for (const auto& [what, change, expectedTicks, expectedOtherTicks] : cases) {
         timer = std::make_unique<CWinTimer>(30U);
         timer->SetCallback(*this, &Timer::OnTick);
         timer->SetRunning(true);
         ticks = otherTicks = 0;
-        action = row.change;
+        action = change;
         service.Advance(90);
-        EXPECT_EQ(ticks, row.ticks) << row.what;
-        EXPECT_EQ(otherTicks, row.otherTicks) << row.what;
+        EXPECT_EQ(ticks, expectedTicks) << what;
+        EXPECT_EQ(otherTicks, expectedOtherTicks) << what;
     }
 }

@@ -39,12 +39,7 @@ TEST_F(ProgressDialog, BarShowsTheIntegerPart)
 {
     constexpr float c_infinity = std::numeric_limits<float>::infinity();
     constexpr int c_greatest = std::numeric_limits<int>::max();
-    const struct {
-        bool wrap;
-        int maximum;
-        std::vector<float> steps;
-        std::vector<int> positions;
-    } cases[] = {
+    const std::tuple<bool, int, std::vector<float>, std::vector<int>> cases[] = {
         {false, 100, {0.4F, 0.4F, 0.4F, 0.4F, 0.4F, 0.4F}, {0, 0, 1, 1, 2, 2}},
         {false, 10, {8, 3, 1, -5, 1}, {8, 8, 8, 8, 8}},
         {false, 10, {-3, 4, 9}, {0, 1, 10}},
@@ -54,17 +49,17 @@ TEST_F(ProgressDialog, BarShowsTheIntegerPart)
         {false, 100, {c_infinity, -c_infinity, c_infinity - c_infinity, 7}, {0, 0, 0, 7}},
     };
     const CDiagnosticsCapture quiet;
-    for (const auto& row : cases) {
+    for (const auto& [wrap, maximum, steps, expectedPositions] : cases) {
         CProgressThreadDialog stepped(nullptr, {}, {});
         stepped.SetView(&view);
-        stepped.SetRange(row.maximum);
-        stepped.SetWrap(row.wrap);
+        stepped.SetRange(maximum);
+        stepped.SetWrap(wrap);
         std::vector<int> positions;
-        for (const float step : row.steps) {
+        for (const float step : steps) {
             stepped.Step(step);
             positions.push_back(view.GetBarPosition());
         }
-        EXPECT_EQ(positions, row.positions) << row.maximum;
+        EXPECT_EQ(positions, expectedPositions) << maximum;
     }
 }
 
