@@ -7,13 +7,8 @@
 #include "qt/QtText.h"
 
 #include <gtest/gtest.h>
-#include <QAccessible>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QPushButton>
 #include <QTest>
-#include <QWheelEvent>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <functional>

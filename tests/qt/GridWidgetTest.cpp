@@ -9,18 +9,6 @@
 #include "platform/MessageLoop.h"
 #include "qt/QtText.h"
 
-#include <QAbstractItemView>
-#include <QAccessible>
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
-#include <QDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QScrollBar>
-#include <QToolButton>
-#include <QWheelEvent>
-
 #include "tests/qt/GridHarness.h"
 
 #include <stdexcept>

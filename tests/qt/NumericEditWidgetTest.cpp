@@ -8,21 +8,8 @@
 #include "qt/edits/QtStepSizePopup.h"
 
 #include <gtest/gtest.h>
-#include <QAccessible>
-#include <QApplication>
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QLabel>
-#include <QPointer>
-#include <QPushButton>
-#include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QShortcut>
 #include <QTest>
-#include <QToolButton>
-#include <QWheelEvent>
+#include <QtWidgets>
 
 #include <functional>
 #include <memory>

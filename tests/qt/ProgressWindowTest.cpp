@@ -9,15 +9,8 @@
 #include "tests/qt/WhenShown.h"
 
 #include <gtest/gtest.h>
-#include <QAccessible>
-#include <QApplication>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QProgressBar>
-#include <QPushButton>
 #include <QTest>
-#include <QTimer>
-#include <QWindow>
+#include <QtWidgets>
 
 #include <functional>
 #include <memory>

@@ -8,16 +8,8 @@
 #include "tests/qt/WhenShown.h"
 
 #include <gtest/gtest.h>
-#include <QApplication>
-#include <QClipboard>
-#include <QDir>
-#include <QFile>
-#include <QFileDialog>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
+#include <QtWidgets>
 
 #include <functional>
 #include <memory>

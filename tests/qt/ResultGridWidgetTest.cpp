@@ -1,13 +1,5 @@
 #include "qt/grid/ResultGridWidget.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QMenu>
-#include <QMimeData>
-#include <QScrollBar>
-#include <QWheelEvent>
-
 #include "tests/qt/GridHarness.h"
 
 using namespace CommonUI;
