@@ -170,15 +170,10 @@ TEST(NumericEdit, FormatHoldsOneRealConversion)
 
 TEST(NumericEdit, ClampsIntoTheRange)
 {
-    const std::array<float, 4> cases[] = {{0, 10, 11, 10},
-                                          {0, 10, -c_infinity, 0},
-                                          {10, 0, 11, 10},
-                                          {10, 0, -1, 0},
-                                          {10, 0, 5, 5},
-                                          {4, 4, 7, 4},
-                                          {-c_infinity, c_infinity, c_infinity, c_floatMax},
-                                          {0, 10, c_nan, 3},
-                                          {c_nan, 10, 20, 20}};
+    const std::array<float, 4> cases[] = {
+        {4, 4, 7, 4},        {10, 0, 5, 5},           {10, 0, -1, 0},
+        {0, 10, 11, 10},     {10, 0, 11, 10},         {0, 10, c_nan, 3},
+        {c_nan, 10, 20, 20}, {0, 10, -c_infinity, 0}, {-c_infinity, c_infinity, c_infinity, c_floatMax}};
     for (const auto& [minimum, maximum, value, expected] : cases) {
         CFloatStage stage;
         stage.edit->SetValue(3);
@@ -195,13 +190,10 @@ TEST(NumericEdit, ClampsIntoTheRange)
 TEST(NumericEdit, IncrementIsMantissaAndPowerOfTen)
 {
     // smaller: ten times
-    const std::array<float, 3> cases[] = {{250, 250, 25},
-                                          {0, 1, 0.1F},
-                                          {c_nan, 1, 0.1F},
-                                          {c_infinity, 1, 0.1F},
-                                          {-0.7F, 0.7F, 0.07F},
-                                          {c_floatMax, c_floatMax, 3.4028235e37F},
-                                          {std::numeric_limits<float>::denorm_min(), 1e-45F, 1e-45F}};
+    const std::array<float, 3> cases[] = {
+        {0, 1, 0.1F},    {-0.7F, 0.7F, 0.07F},  {c_floatMax, c_floatMax, 3.4028235e37F},
+        {250, 250, 25},  {c_infinity, 1, 0.1F}, {std::numeric_limits<float>::denorm_min(), 1e-45F, 1e-45F},
+        {c_nan, 1, 0.1F}};
     for (const auto& [step, increment, smaller] : cases) {
         CFloatEdit edit;
         edit.SetIncrementExponentMin(-100, false);
