@@ -71,13 +71,11 @@ TEST(ExEdit, TabMovesTheFocus)
     views[1].SetFocus(true);
     EXPECT_FALSE(views[1].Press({.key = EKey::Tab, .control = true}));
     EXPECT_FALSE(views[1].Press({.key = EKey::Tab, .alt = true}));
-    EXPECT_TRUE(views[1].Press(EKey::Tab));
-    EXPECT_TRUE(views[2].HasFocus());
+    EXPECT_TRUE(views[1].Press(EKey::Tab) && views[2].HasFocus());
     EXPECT_EQ(edit.validated, 1);
     views[1].SetFocus(true);
     edit.SetValidate(false);
-    EXPECT_TRUE(views[1].Press({.key = EKey::Tab, .shift = true}));
-    EXPECT_TRUE(views[0].HasFocus());
+    EXPECT_TRUE(views[1].Press({.key = EKey::Tab, .shift = true}) && views[0].HasFocus());
     EXPECT_FALSE(views[1].HasFocus());
     EXPECT_EQ(edit.validated, 1);
 }
@@ -111,8 +109,7 @@ TEST(ExEdit, ViewAndControlGoInAnyOrder)
     view.reset();
     EXPECT_EQ(second.GetView(), nullptr);
     second.SetValue(3);
-    int value = 7;
-    EXPECT_FALSE(second.WindowTextToValue(value));
+    EXPECT_FALSE(second.WindowTextToValue(*std::make_unique<int>(7)));
 }
 
 TEST(MemoryEditView, EditsItsText)
@@ -132,8 +129,7 @@ TEST(MemoryEditView, EditsItsText)
         {{.key = EKey::Left, .shift = true}, u"x", 0},
         {{.key = EKey::Backspace}, u"", 0}};
     for (const auto& [key, text, caret] : cases) {
-        EXPECT_TRUE(view.Press(key));
-        EXPECT_EQ(view.GetText(), text);
+        EXPECT_TRUE(view.Press(key) && view.GetText() == text) << view.GetText().ToUtf8();
         EXPECT_EQ(view.GetCaret(), caret) << CStr(text).ToUtf8();
     }
 }

@@ -57,10 +57,13 @@ public:
     }
     void Enter(std::u16string_view text)
     {
-        view.SelectAll();
-        view.Press(EKey::Delete);
-        view.Type(text);
-        view.Press(EKey::Enter);
+        view.SelectAll(), view.Press(EKey::Delete);
+        view.Type(text), view.Press(EKey::Enter);
+    }
+    void Expect(T value, const CStr& text) const
+    {
+        EXPECT_EQ(edit->GetValue(), value);
+        EXPECT_EQ(view.GetText(), text);
     }
     void ExpectTyped(std::initializer_list<std::pair<const char16_t*, T>> cases, std::size_t beepsEach = 0)
     {
@@ -95,27 +98,19 @@ public:
 using CIntStage = CStage<CIntEdit, int>;
 using CFloatStage = CStage<CFloatEdit, float>;
 
-// Where steps lead from a value.
-template<class T>
-struct SSteps {
-    T value, step, up, down, none, threeUp;
-};
-
+// Where steps lead from a value: in a row the value, the step, and the values after 1, -1, 0 and 3 steps.
 template<class TEdit, class T>
-void ExpectSteps(std::initializer_list<SSteps<T>> cases)
+void ExpectSteps(std::initializer_list<std::array<T, 6>> cases)
 {
     for (const auto& row : cases) {
         const auto step = [&](int delta) {
             TEdit edit;
-            edit.SetIncrement(row.step);
-            edit.SetValue(row.value);
+            edit.SetIncrement(row[1]);
+            edit.SetValue(row[0]);
             edit.OnSpinDeltaPos(delta);
             return edit.GetValue();
         };
-        EXPECT_EQ(step(1), row.up) << row.value;
-        EXPECT_EQ(step(-1), row.down) << row.value;
-        EXPECT_EQ(step(0), row.none) << row.value;
-        EXPECT_EQ(step(3), row.threeUp) << row.value;
+        EXPECT_EQ((std::array{row[0], row[1], step(1), step(-1), step(0), step(3)}), row);
     }
 }
 
@@ -233,31 +228,27 @@ TEST(NumericEdit, ExponentStaysWithinItsLimits)
         {0, true, 1e-5F, 1e5F},      {1000, true, 1e-2F, 1e8F},  {999.99994F, true, 1e-3F, 1e7F},
         {-0.01F, true, 1e-7F, 1e3F}, {1234, false, 1e-5F, 1e5F},
     };
+    const auto change = [](auto& edit, int delta, int times) {
+        while (times-- > 0)
+            edit.OnStepSizeChanged(delta);
+        return edit.GetIncrement();
+    };
     for (const auto& [value, relative, least, greatest] : cases) {
         CFloatEdit edit;
         edit.SetValue(value);
         edit.SetIncrementExponentMin(-5, relative);
         edit.SetIncrementExponentMax(5, relative);
-        for (int i = 0; i < 20; ++i)
-            edit.OnStepSizeChanged(-1);
-        EXPECT_EQ(edit.GetIncrement(), least) << value;
-        for (int i = 0; i < 20; ++i)
-            edit.OnStepSizeChanged(1);
-        EXPECT_EQ(edit.GetIncrement(), greatest) << value;
-        edit.OnStepSizeChanged(c_intMax);
-        edit.OnStepSizeChanged(c_intMin);
-        EXPECT_EQ(edit.GetIncrement(), greatest) << value;
+        EXPECT_EQ(change(edit, -1, 20), least) << value;
+        EXPECT_EQ(change(edit, 1, 20), greatest) << value;
+        EXPECT_EQ(change(edit, c_intMax, 1), greatest) << value;
+        EXPECT_EQ(change(edit, c_intMin, 1), greatest) << value;
     }
     CIntEdit edit;
     edit.SetIncrement(25);
-    edit.OnStepSizeChanged(-1);
-    EXPECT_EQ(edit.GetIncrement(), 2);
-    edit.OnStepSizeChanged(-1);
-    EXPECT_EQ(edit.GetIncrement(), 2);
+    EXPECT_EQ(change(edit, -1, 1), 2);
+    EXPECT_EQ(change(edit, -1, 1), 2);
     edit.SetValue(c_intMax);
-    for (int i = 0; i < 20; ++i)
-        edit.OnStepSizeChanged(1);
-    EXPECT_EQ(edit.GetIncrement(), c_intMax);
+    EXPECT_EQ(change(edit, 1, 20), c_intMax);
 }
 
 TEST(NumericEdit, StepsOfARealNumber)
@@ -339,14 +330,10 @@ TEST(NumericEdit, WheelCountsNotches)
     EXPECT_FALSE(stage.edit->OnMouseWheel(120, true));
     EXPECT_FALSE(stage.view.Press({.key = EKey::Up, .control = true}));
     EXPECT_EQ(stage.edit->GetValue(), 71);
-}
 
-TEST(NumericEdit, WheelTurnedVeryFar)
-{
-    CIntStage stage;
-    EXPECT_TRUE(stage.edit->OnMouseWheel(119, true));
-    EXPECT_TRUE(stage.edit->OnMouseWheel(c_intMax, true));
-    EXPECT_EQ(stage.edit->GetValue(), (119LL + c_intMax) / 120);
+    CIntStage far;
+    EXPECT_TRUE(far.edit->OnMouseWheel(119, true) && far.edit->OnMouseWheel(c_intMax, true));
+    EXPECT_EQ(far.edit->GetValue(), (119LL + c_intMax) / 120);
 }
 
 TEST(NumericEdit, ArrowsStepWithControl)
@@ -385,11 +372,8 @@ TEST(NumericEdit, NotificationSetsTheValueAgain)
 {
     CIntStage stage;
     stage.onChange = [&](int value) { stage.edit->SetValue(value + 1); };
-    const std::function<void()> ways[] = {
-        [&] { stage.edit->SetValue(10); },
-        [&] { stage.Enter(u"10"); },
-        [&] { stage.edit->OnSpinDeltaPos(10); },
-    };
+    const std::function<void()> ways[] = {[&] { stage.edit->SetValue(10); }, [&] { stage.Enter(u"10"); },
+                                          [&] { stage.edit->OnSpinDeltaPos(10); }};
     for (const auto& change : ways) {
         stage.edit->Setup(0, c_intMin, c_intMax, 1);
         stage.edit->ResetChangeNotification();
@@ -399,8 +383,7 @@ TEST(NumericEdit, NotificationSetsTheValueAgain)
         change();
         EXPECT_EQ(stage.changes, (std::vector<int>{10, 11}));
         EXPECT_EQ(stage.byUser, &change != &ways[0]) << "also for what is set in between";
-        EXPECT_EQ(stage.edit->GetValue(), 12);
-        EXPECT_EQ(stage.view.GetText(), u"12");
+        stage.Expect(12, u"12");
     }
 }
 
@@ -415,8 +398,7 @@ TEST(NumericEdit, ValidatorSetsTheValueAgain)
         });
         stage.Enter(u"1");
         EXPECT_EQ(stage.asked, std::vector<int>{1});
-        EXPECT_EQ(stage.edit->GetValue(), accept ? 1 : 101);
-        EXPECT_EQ(stage.view.GetText(), accept ? u"1" : u"101");
+        stage.Expect(accept ? 1 : 101, accept ? u"1" : u"101");
     }
 }
 
@@ -436,33 +418,26 @@ TEST(NumericEdit, TellsItsNumber)
     edit.Setup(0.7F, 10, -1, 0.1F);
     const auto number = edit.GetNumber();
     ASSERT_TRUE(number);
-    EXPECT_EQ(number->value, 0.7) << "as it is read";
-    EXPECT_EQ(number->minimum, -1);
-    EXPECT_EQ(number->maximum, 10);
-    EXPECT_EQ(number->step, 0.1);
+    EXPECT_EQ(std::tuple(number->value, number->minimum, number->maximum, number->step),
+              std::tuple(0.7, -1, 10, 0.1))
+        << "as they are read";
     EXPECT_FALSE(CExEdit(true, true).GetNumber());
 }
 
 TEST(NumericEdit, ValidatorThatTakesTheFocus)
 {
     CIntStage stage;
-    stage.SetValidator([&](int) {
-        stage.view.SetFocus(false); // a message box
-        return false;
-    });
+    stage.SetValidator([&](int) { return stage.view.SetFocus(false), false; }); // as a message box does
     stage.Enter(u"1");
-    EXPECT_EQ(stage.asked.size(), 1U);
+    EXPECT_EQ(std::pair(stage.asked.size(), stage.CountBeeps()), std::pair(1UL, 1UL));
     EXPECT_EQ(stage.view.GetText(), u"0");
-    EXPECT_EQ(stage.CountBeeps(), 1U);
 }
-
 TEST(NumericEdit, CallbackThrows)
 {
     CIntStage stage;
     stage.SetValidator([](int) -> bool { throw std::runtime_error("validator"); });
     EXPECT_THROW(stage.Enter(u"1"), std::runtime_error);
-    EXPECT_EQ(stage.edit->GetValue(), 0);
-    EXPECT_EQ(stage.view.GetText(), u"0");
+    stage.Expect(0, u"0");
     EXPECT_FALSE(stage.edit->IsModified() || stage.edit->ValidatingUserInput());
 
     stage.edit->ResetValidator();
@@ -475,10 +450,7 @@ TEST(NumericEdit, CallbackThrows)
 
 TEST(NumericEdit, CallbackDestroysTheEdit)
 {
-    const struct {
-        const char* what;
-        void (*act)(CIntStage&);
-    } cases[] = {
+    const std::pair<const char*, void (*)(CIntStage&)> cases[] = {
         {"set", [](CIntStage& s) { s.edit->SetValue(3); }},
         {"range", [](CIntStage& s) { s.edit->SetRange(3, 5, 0.1); }},
         {"enter", [](CIntStage& s) { s.Enter(u"3"); }},
@@ -489,15 +461,14 @@ TEST(NumericEdit, CallbackDestroysTheEdit)
         {"spin", [](CIntStage& s) { s.edit->GetSpinButton().OnDeltaPos(1); }},
         {"focus", [](CIntStage& s) { s.view.Type(u"3"), s.view.MoveFocus(false); }},
     };
-    for (const auto& row : cases) {
+    for (const auto& [what, act] : cases) {
         for (const bool byValidator : {false, true}) {
             CIntStage stage;
             stage.SetValidator([&](int) { return byValidator ? stage.edit.reset(), true : true; });
             stage.onChange = [&](int) { stage.edit.reset(); };
             // It reads the flag before the edit is gone.
-            row.act(stage);
-            EXPECT_EQ(stage.edit, nullptr) << row.what;
-            EXPECT_EQ(stage.view.GetControl(), nullptr) << row.what;
+            act(stage);
+            EXPECT_TRUE(!stage.edit && !stage.view.GetControl()) << what;
         }
     }
 }

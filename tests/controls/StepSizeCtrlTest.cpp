@@ -62,11 +62,11 @@ TEST_F(StepSizeCtrl, SlidesOutInNineSteps)
     for (int step = 1; step <= 9; ++step) {
         EXPECT_EQ(popup->GetSlideStep(), step);
         EXPECT_EQ(view.rect, (SRect{118, 50, 118 + 3 * step, 77}));
-        EXPECT_EQ(view.upperButton, (SRect{0, 0, 3 * step, 13}));
-        EXPECT_EQ(view.lowerButton, (SRect{0, 14, 3 * step, 27}));
         EXPECT_EQ(service.GetTimerCount(), step < 9 ? 1 : 0);
         service.Advance(30);
     }
+    EXPECT_EQ(std::pair(view.upperButton, view.lowerButton),
+              std::pair(SRect{0, 0, 27, 13}, SRect{0, 14, 27, 27}));
     EXPECT_TRUE(view.shown);
 }
 
