@@ -97,8 +97,7 @@ TEST_F(InifileFile, WhatCannotBeLoadedLeavesAnEmptyDocument)
         const CDiagnosticsCapture diagnostics;
         CInifile ini = IniOf("k=1");
         EXPECT_FALSE(ini.Load(name)) << name.ToUtf8();
-        EXPECT_EQ(ini.GetBytes(), "");
-        EXPECT_EQ(ini.GetFileName(), name);
+        EXPECT_EQ(std::tuple(ini.GetBytes(), ini.GetFileName()), std::tuple("", name));
         EXPECT_EQ(diagnostics.GetCount(), 1);
     }
 }
@@ -155,8 +154,7 @@ TEST_F(InifileFile, LinksAndPermissionsStay)
     EXPECT_TRUE(fs::is_symlink(PathOf("link.ini")) && fs::is_symlink(PathOf("near.ini")));
     EXPECT_EQ(m_folder.Read("data/real.ini"), "k=2");
     EXPECT_EQ(fs::status(PathOf("data/real.ini")).permissions(), permissions);
-    EXPECT_TRUE(IniOf("k=3").SaveCopy(NameOf("dangling.ini")));
-    EXPECT_TRUE(fs::is_symlink(PathOf("dangling.ini")));
+    EXPECT_TRUE(IniOf("k=3").SaveCopy(NameOf("dangling.ini")) && fs::is_symlink(PathOf("dangling.ini")));
     EXPECT_EQ(m_folder.Read("data/new.ini"), "k=3");
 }
 

@@ -80,8 +80,7 @@ TEST(Str, CopiesAreIndependent)
         const char16_t* const place = reserved.data();
         reserved += std::u16string(200 - expected.size(), u'z');
         EXPECT_EQ(reserved.data(), place);
-        EXPECT_EQ(changed, expected + u'y');
-        EXPECT_EQ(original, expected);
+        EXPECT_EQ(std::tuple(changed, original), std::tuple(expected + u'y', expected));
         CStr cleared = original;
         cleared.Clear();
         EXPECT_TRUE(cleared.IsEmpty());

@@ -62,8 +62,7 @@ public:
     }
     void Expect(T value, const CStr& text) const
     {
-        EXPECT_EQ(edit->GetValue(), value);
-        EXPECT_EQ(view.GetText(), text);
+        EXPECT_EQ(std::tuple(edit->GetValue(), view.GetText()), std::tuple(value, text));
     }
     void ExpectTyped(std::initializer_list<std::pair<const char16_t*, T>> cases, std::size_t beepsEach = 0)
     {
@@ -292,8 +291,7 @@ TEST(NumericEdit, StepsEndAtTheRange)
     stage.changes.clear();
     for (const int delta : {1, 1, -1, -1, 1})
         stage.edit->OnSpinDeltaPos(delta);
-    EXPECT_EQ(stage.changes, (std::vector<int>{5, 1, 5}));
-    EXPECT_EQ(stage.CountBeeps(), 0U);
+    EXPECT_EQ(std::tuple(stage.changes, stage.CountBeeps()), std::tuple((std::vector<int>{5, 1, 5}), 0U));
 
     stage.edit->Setup(3, 10, 0, 1);
     stage.edit->OnSpinDeltaPos(1);
@@ -327,8 +325,7 @@ TEST(NumericEdit, WheelCountsNotches)
     EXPECT_FALSE(stage.edit->OnMouseWheel(120, true));
     stage.view.SetFocus(true);
     stage.edit->EnableStepping(false);
-    EXPECT_FALSE(stage.edit->OnMouseWheel(120, true));
-    EXPECT_FALSE(stage.view.Press({.key = EKey::Up, .control = true}));
+    EXPECT_FALSE(stage.edit->OnMouseWheel(120, true) || stage.view.Press({.key = EKey::Up, .control = true}));
     EXPECT_EQ(stage.edit->GetValue(), 71);
 
     CIntStage far;
@@ -342,8 +339,7 @@ TEST(NumericEdit, ArrowsStepWithControl)
     stage.view.Type(u"4");
     EXPECT_TRUE(stage.view.Press({.key = EKey::Up, .control = true}));
     EXPECT_EQ(stage.changes, (std::vector<int>{40, 41})) << "first what was typed";
-    EXPECT_TRUE(stage.byUser);
-    EXPECT_TRUE(stage.view.Press({.key = EKey::Down, .control = true}));
+    EXPECT_TRUE(stage.byUser && stage.view.Press({.key = EKey::Down, .control = true}));
     EXPECT_FALSE(stage.view.Press(EKey::Down));
     stage.edit->GetSpinButton().OnDeltaPos(-2);
     EXPECT_EQ(stage.changes, (std::vector<int>{40, 41, 40, 38}));
@@ -358,13 +354,11 @@ TEST(NumericEdit, UserIsCheckedAndProgramIsNot)
     stage.edit->SetValue(5);
     EXPECT_FALSE(stage.byUser);
     stage.Enter(u"7");
-    EXPECT_EQ(stage.view.GetText(), u"5");
-    EXPECT_EQ(stage.CountBeeps(), 1U);
+    EXPECT_EQ(std::tuple(stage.view.GetText(), stage.CountBeeps()), std::tuple(u"5", 1U));
     stage.Enter(u"5");
     stage.Enter(u"8");
     stage.edit->OnSpinDeltaPos(1);
-    EXPECT_EQ(stage.CountBeeps(), 2U);
-    EXPECT_EQ(stage.changes, (std::vector<int>{5, 5, 8}));
+    EXPECT_EQ(std::tuple(stage.CountBeeps(), stage.changes), std::tuple(2U, (std::vector<int>{5, 5, 8})));
     EXPECT_EQ(stage.asked, (std::vector<int>{7, 8, 9})) << "the same value is not asked for";
 }
 
@@ -408,8 +402,7 @@ TEST(NumericEdit, CallbacksOfUserAndProgramKeepTheRange)
     stage.SetValidator([&](float) { return stage.edit->SetRange(0, 5, 0.1), true; });
     stage.ExpectTyped({{u"8", 5.0F}});
     stage.edit->Setup(c_nan, 7, 9, 1);
-    EXPECT_EQ(stage.edit->GetValue(), 7);
-    EXPECT_EQ(stage.changes, (std::vector<float>{5, 7}));
+    EXPECT_EQ(std::tuple(stage.edit->GetValue(), stage.changes), std::tuple(7, (std::vector<float>{5, 7})));
 }
 
 TEST(NumericEdit, TellsItsNumber)
@@ -444,8 +437,7 @@ TEST(NumericEdit, CallbackThrows)
     stage.onChange = [](int) { throw std::runtime_error("listener"); };
     for (int i = 0; i < 4; ++i) // the depth is lowered each time
         EXPECT_THROW(stage.edit->SetValue(5 + i), std::runtime_error);
-    EXPECT_EQ(stage.changes.size(), 4U);
-    EXPECT_EQ(stage.view.GetText(), u"8");
+    EXPECT_EQ(std::tuple(stage.changes.size(), stage.view.GetText()), std::tuple(4U, u"8"));
 }
 
 TEST(NumericEdit, CallbackDestroysTheEdit)
@@ -485,6 +477,5 @@ TEST(NumericEdit, TypedTextOutlivesANewStep)
 
     stage.view.Type(u"5");
     stage.edit->GetStepSizeCtrl().GetButton(CStepSizeBtn::EType::Larger).OnClicked();
-    EXPECT_EQ(stage.edit->GetIncrement(), 10);
-    EXPECT_EQ(stage.view.GetText(), u"50");
+    EXPECT_EQ(std::tuple(stage.edit->GetIncrement(), stage.view.GetText()), std::tuple(10, u"50"));
 }

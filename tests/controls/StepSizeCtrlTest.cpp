@@ -148,8 +148,7 @@ TEST_F(StepSizeCtrl, HidesWithItsSpinButton)
     spin.OnPointerLeft();
     spin.Show(5, false);
     EXPECT_FALSE(view.shown || spinView.shown);
-    EXPECT_EQ(popup->GetSlideStep(), 0);
-    EXPECT_EQ(service.GetTimerCount(), 0);
+    EXPECT_EQ(std::tuple(popup->GetSlideStep(), service.GetTimerCount()), std::tuple(0, 0));
 }
 
 TEST_F(StepSizeCtrl, ViewThatComesLaterShowsTheState)
@@ -160,8 +159,7 @@ TEST_F(StepSizeCtrl, ViewThatComesLaterShowsTheState)
     CMemoryStepSizeView later;
     popup->SetView(&later);
     EXPECT_TRUE(later.shown);
-    EXPECT_EQ(later.toolTip, u"step");
-    EXPECT_EQ(later.rect.right, 118 + 27);
+    EXPECT_EQ(std::tuple(later.toolTip, later.rect.right), std::tuple(u"step", 118 + 27));
     CUpDown otherSpin;
     CStepSizeCtrl other(otherSpin);
     other.SetView(&later);

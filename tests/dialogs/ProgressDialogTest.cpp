@@ -71,8 +71,7 @@ TEST_F(ProgressDialog, OpensUnseenWithItsTexts)
     EXPECT_THROW(dialog->Create(), EInternal);
     EXPECT_EQ(view.GetCaption(), u"Progress");
     EXPECT_EQ(view.GetText(c_text), u"Processing, please wait...");
-    EXPECT_EQ(view.GetText(c_cancel), u"Cancel");
-    EXPECT_EQ(view.GetIcon(), &icon);
+    EXPECT_EQ(std::tuple(view.GetText(c_cancel), view.GetIcon()), std::tuple(u"Cancel", &icon));
     EXPECT_EQ(view.GetBarMaximum(), 100);
     EXPECT_FALSE(view.IsVisible() || view.IsModal());
 }

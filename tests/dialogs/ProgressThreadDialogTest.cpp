@@ -114,11 +114,9 @@ TEST_F(ProgressThreadDialog, BusyUserInterfaceGetsTheLatestReportOfTheProcess)
     RunBusy(
         report, [&] { EXPECT_EQ(loop.GetCount(), 3U) << "one message for each dialog"; }, [] {});
     loop.Pump();
-    EXPECT_EQ(steps, 2);
-    EXPECT_EQ(dialog->GetProgressCtrl().GetPos(), 4);
+    EXPECT_EQ(std::tuple(steps, dialog->GetProgressCtrl().GetPos()), std::tuple(2, 4));
     EXPECT_EQ(dialog->GetText(), u"") << "that of the last report";
-    EXPECT_EQ(other.GetProgressCtrl().GetPos(), 2);
-    EXPECT_EQ(silent.GetText(), u"Its own");
+    EXPECT_EQ(std::tuple(other.GetProgressCtrl().GetPos(), silent.GetText()), std::tuple(2, u"Its own"));
 }
 
 TEST_F(ProgressThreadDialog, LoopWithinAStepTakesWhatWaits)
@@ -129,8 +127,7 @@ TEST_F(ProgressThreadDialog, LoopWithinAStepTakesWhatWaits)
             EXPECT_EQ(dialog->GetText(), u"Processing, please wait...") << "the step comes first";
             loop.Pump();
             loop.Pump();
-            EXPECT_EQ(steps, 100);
-            EXPECT_EQ(dialog->GetText(), u"Working");
+            EXPECT_EQ(std::tuple(steps, dialog->GetText()), std::tuple(100, u"Working"));
         } else if (steps == 101) {
             EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
             work = [&] { ReportUntilCanceled(); };
@@ -149,8 +146,7 @@ TEST_F(ProgressThreadDialog, MillionReportsAreAMillionSteps)
     dialog->SetRange(c_count);
     work = [&] { Report(c_count, u"Working"); };
     EXPECT_EQ(dialog->DoModal(), 1);
-    EXPECT_EQ(steps, c_count);
-    EXPECT_EQ(view.GetBarPosition(), c_count);
+    EXPECT_EQ(std::tuple(steps, view.GetBarPosition()), std::tuple(c_count, c_count));
 }
 
 TEST_F(ProgressThreadDialog, CancelBeforeTheFirstReportIsSeenByIt)

@@ -149,10 +149,8 @@ TEST_F(GLStack, DestructionUnwindsNestedGroups)
         EXPECT_TRUE(outer.PushDepthMask(false));
         COpenStack inner;
         EXPECT_TRUE(inner.PushMatrix() && inner.PushWindowCoord(true) && inner.PushAttrib(GL_VIEWPORT_BIT));
-        EXPECT_TRUE(outer.TransferStack(inner));
-        EXPECT_TRUE(outer.TransferStack(inner) && outer.TransferStack(outer));
-        EXPECT_EQ(outer.GetKinds(), "031010120");
-        EXPECT_EQ(inner.GetKinds(), "");
+        EXPECT_TRUE(outer.TransferStack(inner) && outer.TransferStack(inner) && outer.TransferStack(outer));
+        EXPECT_EQ(std::tuple(outer.GetKinds(), inner.GetKinds()), std::tuple("031010120", ""));
     }
     EXPECT_EQ(SGLState(), before);
     EXPECT_EQ(TakeLines(), "");
@@ -200,8 +198,7 @@ TEST_F(GLStack, FailuresOfFurtherPopsAreIgnored)
         EXPECT_TRUE(stack.PushDepthMask(false));
         FaultyDriver::FailBefore(expected ? 1 : 2);
         EXPECT_EQ(stack.Pop(), expected);
-        EXPECT_EQ(stack.GetKinds(), "");
-        EXPECT_EQ(SGLState(), before);
+        EXPECT_EQ(std::tuple(stack.GetKinds(), SGLState()), std::tuple("", before));
     }
     EXPECT_EQ(m_boxes.GetShown().size(), 2U);
     EXPECT_TRUE(m_boxes.GetShown()[0].text.StartsWith(u"Operation: CGLStack::Pop\n"));
@@ -254,8 +251,7 @@ TEST_F(GLStack, WhatThrowsDoesNotStopUndoing)
     FaultyDriver::FailBefore(4);
     COpenStack stack;
     EXPECT_THROW(c_windowCoord(stack), std::runtime_error);
-    EXPECT_EQ(stack.GetKinds(), "");
-    EXPECT_EQ(SGLState(), before);
+    EXPECT_EQ(std::tuple(stack.GetKinds(), SGLState()), std::tuple("", before));
     {
         COpenStack reporting;
         EXPECT_TRUE(c_windowCoord(reporting));

@@ -134,7 +134,5 @@ TEST(Transform, IgnoresTheFourthRow)
     double y = 10;
     double z = 100;
     Transform(x, y, z, matrix, x, y, z);
-    EXPECT_EQ(x, 2 + 70 + 1700 + 29);
-    EXPECT_EQ(y, 3 + 110 + 1900 + 31);
-    EXPECT_EQ(z, 5 + 130 + 2300 + 37);
+    EXPECT_EQ(std::tuple(x, y, z), std::tuple(2 + 70 + 1700 + 29, 3 + 110 + 1900 + 31, 5 + 130 + 2300 + 37));
 }
