@@ -142,10 +142,7 @@ TEST_F(ProgressDialog, StepCallbackMayDestroyTheDialog)
 
 TEST_F(ProgressDialog, WindowGrowsWithTheText)
 {
-    const struct {
-        std::size_t length;
-        SProgressLayout layout;
-    } cases[] = {
+    const std::pair<std::size_t, SProgressLayout> cases[] = {
         {20, {{184, 60}, {8, 8, 89, 16}, {9, 20, 177, 34}, {64, 40, 114, 54}}},
         {42, {{184, 60}, {8, 8, 177, 16}, {9, 20, 177, 34}, {64, 40, 114, 54}}},
         {43, {{184, 68}, {8, 8, 177, 24}, {9, 28, 177, 42}, {64, 48, 114, 62}}},
@@ -153,8 +150,8 @@ TEST_F(ProgressDialog, WindowGrowsWithTheText)
     };
     dialog->Create();
     for (const auto& row : cases) {
-        dialog->SetText(CStr(row.length, u'x'));
-        EXPECT_EQ(view.GetLayout(), row.layout) << &row - cases;
+        dialog->SetText(CStr(row.first, u'x'));
+        EXPECT_EQ(view.GetLayout(), row.second) << &row - cases;
     }
     dialog->EndDialog(1);
     dialog->Create();

@@ -199,17 +199,13 @@ TEST_F(ProgressThreadDialog, ExceptionsReachTheCallerWhenTheDialogIsClosed)
 
 TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
 {
-    const struct {
-        const char* what;
-        FAct end;
-        int result;
-    } cases[] = {
+    const std::tuple<const char*, FAct, int> cases[] = {
         {"cancelled", [&] { view.PressCancel(); }, CBaseDialog::c_ok},
         {"closed", [&] { dialog->EndDialog(7); }, 7},
         {"destroyed", [&] { dialog.reset(); }, CBaseDialog::c_cancel},
         {"the program ends", [&] { loop.Quit(); }, CBaseDialog::c_cancel},
     };
-    for (const auto& row : cases) {
+    for (const auto& [what, end, result] : cases) {
         MakeDialog();
         isWorkCanceled = false;
         std::latch reported(1);
@@ -218,16 +214,14 @@ TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
             reported.count_down();
             ReportUntilCanceled();
         };
-        onStep = [&] {
+        onStep = [&, &act = end] {
             reported.wait();
-            EXPECT_TRUE(dialog && dialog->IsOpen()) << "a step after the end: " << row.what;
-            row.end();
+            EXPECT_TRUE(dialog && dialog->IsOpen()) << "a step after the end";
+            act();
         };
-        EXPECT_EQ(dialog->DoModal(), row.result) << row.what;
+        EXPECT_EQ(dialog->DoModal(), result) << what;
         loop.Pump();
-        EXPECT_TRUE(isWorkCanceled) << row.what;
-        EXPECT_TRUE(!dialog || dialog->IsCanceled()) << row.what;
-        EXPECT_FALSE(view.IsVisible()) << row.what;
+        EXPECT_TRUE(isWorkCanceled && (!dialog || dialog->IsCanceled()) && !view.IsVisible()) << what;
     }
     EXPECT_EQ(timers.GetTimerCount(), 0U);
 }

@@ -113,18 +113,6 @@ TEST_F(GLStack, EachPushIsUndoneByOnePop)
     EXPECT_EQ(TakeLines(), "");
 }
 
-TEST_F(GLStack, WhatWasChangedSincePushingIsRestored)
-{
-    glDepthMask(GL_FALSE);
-    const SGLState before;
-    CGLStack stack;
-    EXPECT_TRUE(stack.PushMatrix() && stack.PushDepthMask(true));
-    EXPECT_EQ(GetInteger(GL_DEPTH_WRITEMASK), 1);
-    glTranslated(1, 2, 3);
-    EXPECT_TRUE(stack.Pop() && stack.Pop());
-    EXPECT_EQ(SGLState(), before);
-}
-
 TEST_F(GLStack, WindowCoordinatesFitWhatTheyAreGiven)
 {
     COpenStack stack;
@@ -143,12 +131,15 @@ TEST_F(GLStack, WindowCoordinatesFitWhatTheyAreGiven)
 TEST_F(GLStack, DestructionUnwindsNestedGroups)
 {
     glMatrixMode(GL_PROJECTION);
+    glDepthMask(GL_FALSE);
     const SGLState before;
     {
         COpenStack outer;
-        EXPECT_TRUE(outer.PushDepthMask(false));
+        EXPECT_TRUE(outer.PushDepthMask(true) && GetInteger(GL_DEPTH_WRITEMASK) == 1);
         COpenStack inner;
-        EXPECT_TRUE(inner.PushMatrix() && inner.PushWindowCoord(true) && inner.PushAttrib(GL_VIEWPORT_BIT));
+        EXPECT_TRUE(inner.PushMatrix());
+        glTranslated(1, 2, 3);
+        EXPECT_TRUE(inner.PushWindowCoord(true) && inner.PushAttrib(GL_VIEWPORT_BIT));
         EXPECT_TRUE(outer.TransferStack(inner) && outer.TransferStack(inner) && outer.TransferStack(outer));
         EXPECT_EQ(std::tuple(outer.GetKinds(), inner.GetKinds()), std::tuple("031010120", ""));
     }

@@ -10,9 +10,7 @@ using namespace CommonUI;
 namespace
 {
 
-class GLUtils : public CContextTest
-{
-};
+using GLUtils = CContextTest;
 
 // The numbers that x and y are multiplied with.
 struct SFrustum {
