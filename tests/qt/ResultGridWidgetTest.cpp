@@ -113,8 +113,7 @@ TEST(ResultGridWidget, AMillionRowsAskForExposedCellsOnly)
     EXPECT_LE(pane.drawn, 2U) << "only what is exposed";
     shown.Key(Qt::Key_Home, Qt::ControlModifier);
     EXPECT_EQ(bar.value(), 0);
-    EXPECT_TRUE(shown.Turn(-120));
-    EXPECT_EQ(pane.GetScrollTop(), 3 * pane.GetRowHeight());
+    EXPECT_TRUE(shown.Turn(-120) && pane.GetScrollTop() == 3 * pane.GetRowHeight());
     EXPECT_TRUE(shown.Turn(-120, Qt::ControlModifier)) << "by pages";
     EXPECT_FALSE(SShownResults(2).Turn(-120)) << "left to the page";
 }
