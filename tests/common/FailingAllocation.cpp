@@ -4,17 +4,12 @@
 #include <cstdlib>
 #include <new>
 
-namespace
-{
-
-// While it is positive, allocations count it down; the one that makes it 0 fails.
-thread_local int t_left = 0;
-
-} // namespace
+thread_local int CommonUI::t_allocationsLeft = 0;
 
 void* operator new(std::size_t size)
 {
-    void* const memory = t_left > 0 && --t_left == 0 ? nullptr : std::malloc(size);
+    void* const memory =
+        CommonUI::t_allocationsLeft > 0 && --CommonUI::t_allocationsLeft == 0 ? nullptr : std::malloc(size);
     return memory != nullptr ? memory : throw std::bad_alloc();
 }
 
@@ -27,23 +22,3 @@ void operator delete(void* memory, std::size_t) noexcept
 {
     std::free(memory);
 }
-
-namespace CommonUI
-{
-
-CFailingAllocation::CFailingAllocation(int number)
-{
-    t_left = number;
-}
-
-CFailingAllocation::~CFailingAllocation()
-{
-    t_left = 0;
-}
-
-bool CFailingAllocation::HasFailed() const
-{
-    return t_left == 0;
-}
-
-} // namespace CommonUI
