@@ -127,7 +127,6 @@ TEST_F(Timer, TickMayChangeItsTimer)
         ticks = otherTicks = 0;
         action = change;
         service.Advance(90);
-        EXPECT_EQ(ticks, expectedTicks) << what;
-        EXPECT_EQ(otherTicks, expectedOtherTicks) << what;
+        EXPECT_EQ(std::tuple(ticks, otherTicks), std::tuple(expectedTicks, expectedOtherTicks)) << what;
     }
 }
