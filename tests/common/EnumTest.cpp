@@ -22,37 +22,25 @@ TEST(Enum, LookUps)
         CEnum<EShape>::FromRows(c_rows, CEnum<EShape>(EShape::None, u"none", u"No shape", u"-"));
     ASSERT_EQ(shapes.GetCount(), 4u);
     EXPECT_EQ(shapes.begin()->GetStandard(), 3);
-    const struct {
-        int number;
-        const char16_t* iniName;
-        const char16_t* text;
-        const char16_t* shortText;
-    } numbers[] = {{7, u"Square ", u"Square", u"Square"},
-                   {1, u"Line", u"Length", u"Breadth"}, // the first of two
-                   {2, u"Line", u"Circle", u"Circle"},
-                   {99, u"none", u"No shape", u"-"}};
-    for (const auto& row : numbers) {
-        EXPECT_EQ(shapes.GetIniName(row.number), row.iniName);
-        EXPECT_EQ(shapes.GetFriendlyString(row.number), row.text);
-        EXPECT_EQ(shapes.GetShortFriendlyString(row.number), row.shortText);
+    const std::tuple<int, const char16_t*, const char16_t*, const char16_t*> numbers[] = {
+        {7, u"Square ", u"Square", u"Square"},
+        {1, u"Line", u"Length", u"Breadth"}, // the first of two
+        {2, u"Line", u"Circle", u"Circle"},
+        {99, u"none", u"No shape", u"-"}};
+    for (const auto& [number, iniName, text, shortText] : numbers) {
+        EXPECT_TRUE(shapes.GetIniName(number) == iniName && shapes.GetFriendlyString(number) == text)
+            << number;
+        EXPECT_EQ(shapes.GetShortFriendlyString(number), shortText);
     }
-    const struct {
-        const char16_t* iniName;
-        EShape value;
-    } keys[] = {{u"Square ", EShape::Square}, {u"Square", EShape::None}, {u"Line", EShape::Line},
-                {u"line", EShape::None},      {u"", EShape::None},       {u"none", EShape::None}};
-    for (const auto& row : keys)
-        EXPECT_EQ(shapes.GetValue(row.iniName), row.value) << ToUtf8(row.iniName);
+    const std::pair<const char16_t*, EShape> keys[] = {
+        {u"Square ", EShape::Square}, {u"Square", EShape::None}, {u"Line", EShape::Line},
+        {u"line", EShape::None},      {u"", EShape::None},       {u"none", EShape::None}};
+    for (const auto& [iniName, value] : keys)
+        EXPECT_EQ(shapes.GetValue(iniName), value) << ToUtf8(iniName);
     EXPECT_EQ(shapes.GetValue(u"unknown", EShape::Circle), EShape::Circle);
-}
-
-TEST(Enum, UnknownNumberKeepsAnEmptyShortText)
-{
-    CEnum<EShape> shapes(EShape::None, u"none", u"No shape");
-    shapes.Add({5, u"five", u"Five", u"", 0}).SetShortFriendlyString(u"5");
-    EXPECT_EQ(shapes.GetShortFriendlyString(5), u"5");
-    EXPECT_EQ(shapes.GetShortFriendlyString(6), u"");
-    EXPECT_EQ(shapes.GetFriendlyString(6), u"No shape");
+    CEnum<EShape> added(EShape::None, u"none", u"No shape");
+    added.Add({5, u"five", u"Five", u"", 0}).SetShortFriendlyString(u"5");
+    EXPECT_TRUE(added.GetShortFriendlyString(5) == u"5" && added.GetShortFriendlyString(6).IsEmpty());
 }
 
 TEST(EnumValue, ComparesItsNumberOnly)

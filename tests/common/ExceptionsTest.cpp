@@ -9,13 +9,10 @@ TEST(Exceptions, CarryTheirPlaceAndMessage)
     try {
         throw EInternal(u"Parameter", 42, u"CParameter::Get", u"no height in \u00b5m");
     } catch (const EBase& e) {
-        EXPECT_EQ(e.GetFile(), u"Parameter");
-        EXPECT_EQ(e.GetLine(), 42);
-        EXPECT_EQ(e.GetFunction(), u"CParameter::Get");
+        EXPECT_TRUE(e.GetFile() == u"Parameter" && e.GetLine() == 42 &&
+                    e.GetFunction() == u"CParameter::Get");
         EXPECT_EQ(e.GetMessageText(), u"no height in \u00b5m");
-        EXPECT_STREQ(e.what(), "no height in \xC2\xB5m");
-        const EBase copy(e);
-        EXPECT_STREQ(copy.what(), e.what());
+        EXPECT_STREQ(EBase(e).what(), "no height in \xC2\xB5m");
     }
 }
 

@@ -19,10 +19,7 @@ enum class EColour : unsigned char { Red = 200 };
 TEST_F(Format, Texts)
 {
     const double infinity = std::numeric_limits<double>::infinity();
-    const struct {
-        CStr text;
-        std::u16string_view expected;
-    } rows[] = {
+    const std::pair<CStr, std::u16string_view> rows[] = {
         {CStr::Format(u"plain \u00b5m"), u"plain \u00b5m"},
         {CStr::Format(u"100%%, %5%|%d", 1), u"100%, %|1"},
         {CStr::Format(u"%d/%i/%ld", 1, -2, 3L), u"1/-2/3"},
@@ -63,8 +60,8 @@ TEST_F(Format, Texts)
         {CStr::Format(u"%-", 1) + CStr::Format(u"%5.", 1) + CStr::Format(u"%ll", 1), u"%-%5.%ll"},
         {CStr::Format(u"%\u0164", 1), u"%\u0164"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(row.text, row.expected) << row.text.ToUtf8();
+    for (const auto& [text, expected] : rows)
+        EXPECT_EQ(text, expected) << text.ToUtf8();
 }
 
 TEST_F(Format, SizesAreLimited)

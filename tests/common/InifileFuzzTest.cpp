@@ -116,25 +116,6 @@ TEST(InifileFuzz, EditsOfAnyFileReadBack)
     }
 }
 
-TEST(InifileFuzz, ManyChangesStayCompactAndRight)
-{
-    CInifile ini;
-    for (int round = 0; round < 20; ++round) {
-        for (int i = 0; i < 2000; ++i) {
-            ini.SelectSection(CStr::FromAscii("S" + std::to_string(i % 7)));
-            ini.WriteInt(CStr::FromAscii("k" + std::to_string(i)), i * round);
-            if (i % 3 == round % 3)
-                ini.RemoveKey(CStr::FromAscii("k" + std::to_string(i)));
-        }
-    }
-    const CInifile reloaded = Reloaded(ini);
-    EXPECT_EQ(reloaded.GetBytes(), ini.GetBytes());
-    for (int i = 0; i < 2000; ++i) {
-        ini.SelectSection(CStr::FromAscii("S" + std::to_string(i % 7)));
-        EXPECT_EQ(ini.ReadInt(CStr::FromAscii("k" + std::to_string(i)), -1), i % 3 == 19 % 3 ? -1 : i * 19);
-    }
-}
-
 // Each takes a moment in linear time and at least minutes in quadratic time.
 TEST(InifileFuzz, HugeFilesTakeLinearTime)
 {

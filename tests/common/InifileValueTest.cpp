@@ -34,9 +34,8 @@ TEST(InifileValue, AnyTextIsValueKeyAndSectionInAnyEncoding)
         CInifile ini = IniOf(file);
         for (const CStr& text : c_texts) {
             ini.SelectSection(text);
-            ini.WriteText(u"text", text);
-            ini.WriteText(text + u".", text);
-            ini.WriteText(u"." + text, text);
+            for (const CStr& key : {CStr(u"text"), text + u".", u"." + text})
+                ini.WriteText(key, text);
             ini.WriteTexts(u"list", {text, text});
             ini.WriteTexts(text, {text});
         }
@@ -45,11 +44,10 @@ TEST(InifileValue, AnyTextIsValueKeyAndSectionInAnyEncoding)
         EXPECT_EQ(read.GetSections().size(), c_texts.size());
         for (const CStr& text : c_texts) {
             read.SelectSection(text);
-            EXPECT_EQ(read.ReadText(u"text"), text) << text.ToUtf8();
-            EXPECT_EQ(read.ReadText(text + u"."), text) << text.ToUtf8();
-            EXPECT_EQ(read.ReadText(u"." + text), text) << text.ToUtf8();
+            for (const CStr& key : {CStr(u"text"), text + u".", u"." + text})
+                EXPECT_EQ(read.ReadText(key), text) << text.ToUtf8();
             EXPECT_EQ(read.ReadTexts(u"list"), (std::vector<CStr>{text, text})) << text.ToUtf8();
-            EXPECT_EQ(read.ReadTexts(text), (std::vector<CStr>{text})) << text.ToUtf8();
+            EXPECT_EQ(read.ReadTexts(text), std::vector<CStr>{text}) << text.ToUtf8();
         }
     }
 }
@@ -63,19 +61,14 @@ TEST(InifileValue, ListsOfTexts)
         ini.WriteTexts(u"k", list);
         EXPECT_EQ(Reloaded(ini).ReadTexts(u"k", missing), list);
     }
-    struct SRow {
-        const char* stored;
-        std::vector<CStr> list;
-    };
-    const SRow rows[] = {
-        {"a, b ,c d", {u"a", u"b", u"c d"}},         {",", {u"", u""}}, {"a\"b\",c", {u"a\"b\"", u"c"}},
-        {" \"a,b\" , c ", {u"a,b", u"c"}},           {"\"a", missing},  {"\"a\"b,c", missing},
-        {"C:\\a,\"C:\\\\b\"", {u"C:\\a", u"C:\\b"}},
-    };
-    for (const SRow& row : rows) {
+    const std::pair<const char*, std::vector<CStr>> rows[] = {
+        {"a, b ,c d", {u"a", u"b", u"c d"}},        {",", {u"", u""}}, {"a\"b\",c", {u"a\"b\"", u"c"}},
+        {" \"a,b\" , c ", {u"a,b", u"c"}},          {"\"a", missing},  {"\"a\"b,c", missing},
+        {"C:\\a,\"C:\\\\b\"", {u"C:\\a", u"C:\\b"}}};
+    for (const auto& [stored, list] : rows) {
         const CDiagnosticsCapture diagnostics;
-        EXPECT_EQ(IniOf(std::string("k=") + row.stored).ReadTexts(u"k", missing), row.list) << row.stored;
-        EXPECT_EQ(diagnostics.GetCount(), row.list == missing ? 1 : 0) << row.stored;
+        EXPECT_EQ(IniOf(std::string("k=") + stored).ReadTexts(u"k", missing), list) << stored;
+        EXPECT_EQ(diagnostics.GetCount(), list == missing ? 1 : 0) << stored;
     }
 }
 
@@ -145,10 +138,6 @@ TEST(InifileValue, NumbersAsPeopleWriteThem)
 
 TEST(InifileValue, WhatIsNoneOfTheTypeGivesTheDefaultAndAWarning)
 {
-    struct SRow {
-        const char* stored;
-        bool (*isDefault)(const CInifile&);
-    };
     const auto isBool = [](const CInifile& i) { return i.ReadBool(u"k", true); };
     const auto isUnsigned = [](const CInifile& i) { return i.ReadUnsigned(u"k", 42) == 42; };
     const auto isInt = [](const CInifile& i) { return i.ReadInt(u"k", 42) == 42; };
@@ -156,17 +145,16 @@ TEST(InifileValue, WhatIsNoneOfTheTypeGivesTheDefaultAndAWarning)
     const auto isColor = [](const CInifile& i) { return i.ReadColor(u"k", {1, 2, 3}) == SColor{1, 2, 3}; };
     const auto isSize = [](const CInifile& i) { return i.ReadSize(u"k", {4, 2}) == SSize{4, 2}; };
     const auto isDoubles = [](const CInifile& i) { return i.ReadDoubles(u"k", {42}).at(0) == 42; };
-    const SRow rows[] = {
+    const std::pair<const char*, bool (*)(const CInifile&)> rows[] = {
         {"2", isBool},         {"", isBool},         {"-1", isUnsigned},  {"", isInt},
         {"1.0", isInt},        {"+-1", isInt},       {"++1", isInt},      {"2147483648", isInt},
         {"1,5", isDouble},     {"0x10", isDouble},   {"1e999", isDouble}, {"nan(1)", isDouble},
         {"nan(zz)", isDouble}, {"1,2,256", isColor}, {"1,2", isColor},    {"1,2,3,", isColor},
         {"1,2,3,4", isSize},   {"1,,2", isDoubles},  {",", isDoubles}};
-    for (const SRow& row : rows) {
+    for (const auto& [stored, isDefault] : rows) {
         const CDiagnosticsCapture diagnostics;
-        EXPECT_TRUE(row.isDefault(IniOf(std::string("k=") + row.stored))) << row.stored;
-        EXPECT_EQ(diagnostics.GetCount(), 1) << row.stored;
-        EXPECT_TRUE(row.isDefault(CInifile())) << row.stored;
-        EXPECT_EQ(diagnostics.GetCount(), 1) << row.stored;
+        EXPECT_TRUE(isDefault(IniOf(std::string("k=") + stored))) << stored;
+        EXPECT_EQ(diagnostics.GetCount(), 1) << stored;
+        EXPECT_TRUE(isDefault(CInifile()) && diagnostics.GetCount() == 1) << stored;
     }
 }

@@ -25,20 +25,16 @@ std::vector<CStr> TextsOfCriticalLengths()
 
 TEST(Str, MalformedUtf8)
 {
-    const struct {
-        std::string_view bytes;
-        std::u16string_view text;
-    } rows[] = {
+    const std::pair<std::string_view, std::u16string_view> rows[] = {
         {"", u""},
-        {"a\xC2\xB5\xE2\x82\xAC\xF0\x9F\x98\x80z", u"a\u00b5\u20ac\U0001F600z"},
         {{"a\0b", 3}, {u"a\0b", 3}},
         {"\xEF\xBB\xBFz", u"\uFEFFz"},
-        {"\xF4\x8F\xBF\xBF\xEE\x80\x80\xED\x9F\xBF", u"\U0010FFFF\uE000\uD7FF"},
         {"\xE2\x82\xE2\x82\xAC\xC2(", u"\uFFFD\u20ac\uFFFD("},
-        {"a\xF1\x80\x80\xE1\x80\xC2z\x80z\x80\xBF", u"a\uFFFD\uFFFD\uFFFDz\uFFFDz\uFFFD\uFFFD"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(CStr::FromUtf8(row.bytes), row.text) << testing::PrintToString(row.bytes);
+        {"a\xC2\xB5\xE2\x82\xAC\xF0\x9F\x98\x80z", u"a\u00b5\u20ac\U0001F600z"},
+        {"\xF4\x8F\xBF\xBF\xEE\x80\x80\xED\x9F\xBF", u"\U0010FFFF\uE000\uD7FF"},
+        {"a\xF1\x80\x80\xE1\x80\xC2z\x80z\x80\xBF", u"a\uFFFD\uFFFD\uFFFDz\uFFFDz\uFFFD\uFFFD"}};
+    for (const auto& [bytes, text] : rows)
+        EXPECT_EQ(CStr::FromUtf8(bytes), text) << testing::PrintToString(bytes);
     // No sequence, overlong, surrogates, beyond U+10FFFF: every byte is replaced.
     for (const std::string bytes :
          {"\x80", "\xBF\xBF", "\xFE\xFF", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF",
@@ -52,10 +48,7 @@ TEST(Str, MalformedUtf8)
 
 TEST(Str, LoneSurrogatesLeaveAsReplacements)
 {
-    const struct {
-        std::u16string text;
-        std::string_view bytes;
-    } rows[] = {
+    const std::pair<std::u16string, std::string_view> rows[] = {
         {u"\u007f\u0080\u07ff\u0800\uffff\U00010000\U0010ffff",
          "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
         {{u'a', char16_t(0xD800)}, "a\xEF\xBF\xBD"},
@@ -63,8 +56,8 @@ TEST(Str, LoneSurrogatesLeaveAsReplacements)
         {{char16_t(0xDBFF), char16_t(0xD83D), char16_t(0xDE00)}, "\xEF\xBF\xBD\xF0\x9F\x98\x80"},
         {{char16_t(0xDC00), char16_t(0xD800)}, "\xEF\xBF\xBD\xEF\xBF\xBD"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(CStr(row.text).ToUtf8(), row.bytes);
+    for (const auto& [text, bytes] : rows)
+        EXPECT_EQ(CStr(text).ToUtf8(), bytes);
 }
 
 TEST(Str, AsciiBytesKeepTheirNumbers)
@@ -87,8 +80,7 @@ TEST(Str, CopiesAreIndependent)
         const char16_t* const place = reserved.data();
         reserved += std::u16string(200 - expected.size(), u'z');
         EXPECT_EQ(reserved.data(), place);
-        EXPECT_EQ(changed, expected + u'y');
-        EXPECT_EQ(original, expected);
+        EXPECT_EQ(std::tuple(changed, original), std::tuple(expected + u'y', expected));
         CStr cleared = original;
         cleared.Clear();
         EXPECT_TRUE(cleared.IsEmpty());
@@ -151,39 +143,29 @@ TEST(Str, SharedBufferInTwoThreads)
 
 TEST(Str, SplitAndReplace)
 {
-    const struct {
-        const char16_t* text;
-        const char16_t* delimiter;
-        std::vector<CStr> pieces;
-        const char16_t* replaced; // with "ab" for the delimiter
-    } rows[] = {{u"", u",", {u""}, u""},
-                {u",", u",", {u"", u""}, u"ab"},
-                {u"a,b,,c,", u",", {u"a", u"b", u"", u"c", u""}, u"aabbababcab"},
-                {u"a::b:c", u"::", {u"a", u"b:c"}, u"aabb:c"},
-                {u"aaa", u"aa", {u"", u"a"}, u"aba"},
-                {u"abc", u"", {u"abc"}, u"abc"},
-                {u"a", u"abc", {u"a"}, u"a"}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(CStr(row.text).Split(row.delimiter), row.pieces) << ToUtf8(row.text);
-        EXPECT_EQ(CStr(row.text).Replace(row.delimiter, u"ab"), row.replaced) << ToUtf8(row.text);
+    // with "ab" for the delimiter
+    const std::tuple<const char16_t*, const char16_t*, std::vector<CStr>, const char16_t*> rows[] = {
+        {u"", u",", {u""}, u""},         {u"aaa", u"aa", {u"", u"a"}, u"aba"},
+        {u"a", u"abc", {u"a"}, u"a"},    {u"a::b:c", u"::", {u"a", u"b:c"}, u"aabb:c"},
+        {u",", u",", {u"", u""}, u"ab"}, {u"a,b,,c,", u",", {u"a", u"b", u"", u"c", u""}, u"aabbababcab"},
+        {u"abc", u"", {u"abc"}, u"abc"}};
+    for (const auto& [text, delimiter, pieces, replaced] : rows) {
+        EXPECT_EQ(CStr(text).Split(delimiter), pieces) << ToUtf8(text);
+        EXPECT_EQ(CStr(text).Replace(delimiter, u"ab"), replaced) << ToUtf8(text);
     }
     EXPECT_EQ(CStr(u"a--b").Replace(u"-", u""), u"ab");
 }
 
 TEST(Str, Trim)
 {
-    const struct {
-        CStr text;
-        const char16_t* left;
-        const char16_t* right;
-    } rows[] = {{u"", u"", u""},
-                {u" \t\n\v\f\r", u"", u""},
-                {u" \r\na\t b\v ", u"a\t b\v ", u" \r\na\t b"},
-                {u"\u00a0a\u2003", u"\u00a0a\u2003", u"\u00a0a\u2003"}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(row.text.TrimLeft(), row.left);
-        EXPECT_EQ(row.text.TrimRight(), row.right);
-        EXPECT_EQ(row.text.Trim(), CStr(row.left).TrimRight());
+    const std::tuple<CStr, const char16_t*, const char16_t*> rows[] = {
+        {u"", u"", u""},
+        {u" \t\n\v\f\r", u"", u""},
+        {u" \r\na\t b\v ", u"a\t b\v ", u" \r\na\t b"},
+        {u"\u00a0a\u2003", u"\u00a0a\u2003", u"\u00a0a\u2003"}};
+    for (const auto& [text, left, right] : rows) {
+        EXPECT_TRUE(text.TrimLeft() == left && text.TrimRight() == right) << text.ToUtf8();
+        EXPECT_EQ(text.Trim(), CStr(left).TrimRight());
     }
 }
 
@@ -191,22 +173,15 @@ TEST(Str, FindsAndCuts)
 {
     const CStr text(u"abcabc");
     const std::size_t npos = CStr::npos;
-    EXPECT_EQ(text.Find(u"bc"), 1u);
-    EXPECT_EQ(text.Find(u"bc", 2), 4u);
-    EXPECT_EQ(text.Find(u'c', 6), npos);
-    EXPECT_EQ(text.Find(u"a", 100), npos);
-    EXPECT_EQ(text.ReverseFind(u"ab"), 3u);
-    EXPECT_EQ(text.ReverseFind(u'x'), npos);
+    EXPECT_TRUE(text.Find(u"bc") == 1 && text.Find(u"bc", 2) == 4);
+    EXPECT_TRUE(text.Find(u'c', 6) == npos && text.Find(u"a", 100) == npos);
+    EXPECT_TRUE(text.ReverseFind(u"ab") == 3 && text.ReverseFind(u'x') == npos);
     EXPECT_EQ(text.FindOneOf(u"xcb", 2), 2u);
     EXPECT_TRUE(text.StartsWith(u"") && text.StartsWith(u"abca") && !text.StartsWith(u"abcabca"));
     EXPECT_TRUE(text.EndsWith(u"abc") && !text.EndsWith(u"ab") && text.Contains(u"ca"));
-    EXPECT_EQ(text.Mid(4), u"bc");
-    EXPECT_EQ(text.Mid(1, 2), u"bc");
-    EXPECT_EQ(text.Mid(6), u"");
-    EXPECT_EQ(text.Mid(npos, npos), u"");
-    EXPECT_EQ(text.Left(100), text);
-    EXPECT_EQ(text.Right(2), u"bc");
-    EXPECT_EQ(text.Right(100), text);
+    EXPECT_TRUE(text.Mid(4) == u"bc" && text.Mid(1, 2) == u"bc" && text.Right(2) == u"bc");
+    EXPECT_TRUE(text.Mid(6).IsEmpty() && text.Mid(npos, npos).IsEmpty());
+    EXPECT_TRUE(text.Left(100) == text && text.Right(100) == text);
 }
 
 TEST(Str, OrdersByCodeUnits)
@@ -214,11 +189,8 @@ TEST(Str, OrdersByCodeUnits)
     const CStr sorted[] = {u"", u"A", u"AA", u"Z", u"a", u"a ", u"\u00e4", u"\U0001F600", u"\uFF21"};
     EXPECT_TRUE(std::is_sorted(std::begin(sorted), std::end(sorted)));
     for (const CStr& a : sorted)
-        for (const CStr& b : sorted) {
-            EXPECT_EQ(a == b, &a == &b);
-            EXPECT_EQ(a < b, &a < &b);
-            EXPECT_EQ(a > b.View(), &a > &b);
-        }
+        for (const CStr& b : sorted)
+            EXPECT_TRUE((a == b) == (&a == &b) && (a < b) == (&a < &b) && (a > b.View()) == (&a > &b));
     EXPECT_TRUE(sorted[1] < u"B" && u"B" > sorted[1] && sorted[1] == std::u16string(u"A"));
     const std::map<CStr, int, std::less<>> map{{u"key", 1}};
     EXPECT_TRUE(map.contains(std::u16string_view(u"key")));
@@ -229,7 +201,5 @@ TEST(Str, Concatenates)
 {
     const CStr a(u"a");
     EXPECT_EQ(a + a + u"b" + u'c' + std::u16string(u"d") + std::u16string_view(u"e"), u"aabcde");
-    EXPECT_EQ(u"x" + a, u"xa");
-    EXPECT_EQ(std::u16string_view(u"y") + a, u"ya");
-    EXPECT_EQ(a, u"a");
+    EXPECT_TRUE(u"x" + a == u"xa" && std::u16string_view(u"y") + a == u"ya" && a == u"a");
 }

@@ -40,28 +40,23 @@ public:
 
 TEST(ExEdit, KeysThatFinishTheInput)
 {
-    const struct {
-        EKey key;
-        bool wantsEnter, validate, claimed, handled;
-        int validated;
-    } cases[] = {
+    const std::tuple<EKey, bool, bool, bool, bool, int> cases[] = {
         {EKey::Enter, true, true, false, true, 1},    {EKey::Escape, true, true, false, true, 1},
         {EKey::Enter, true, false, false, true, 0},   {EKey::Enter, false, true, false, false, 0},
         {EKey::Escape, false, true, false, false, 0}, {EKey::Enter, true, true, true, false, 0},
         {EKey::Escape, true, true, true, true, 1},    {EKey::Up, true, true, false, false, 0},
         {EKey::Enter, false, true, true, false, 0},
     };
-    for (const auto& row : cases) {
-        CCountingEdit edit(row.wantsEnter, row.validate);
+    for (const auto& [key, wantsEnter, validate, claimed, handled, validated] : cases) {
+        CCountingEdit edit(wantsEnter, validate);
         CMemoryEditView view;
         edit.SetView(&view);
-        EXPECT_EQ(edit.ClaimsAllKeys(row.claimed), row.claimed || row.wantsEnter);
+        EXPECT_EQ(edit.ClaimsAllKeys(claimed), claimed || wantsEnter);
         view.Type(u"abc");
         EXPECT_TRUE(edit.IsModified());
-        EXPECT_EQ(view.Press(row.key), row.handled);
-        EXPECT_EQ(edit.validated, row.validated);
-        EXPECT_EQ(edit.IsModified(), row.validated == 0);
-        EXPECT_EQ(view.GetSelectedText(), row.handled ? u"abc" : u"");
+        EXPECT_EQ(view.Press(key), handled);
+        EXPECT_EQ(std::tuple(edit.validated, edit.IsModified()), std::tuple(validated, validated == 0));
+        EXPECT_EQ(view.GetSelectedText(), handled ? u"abc" : u"");
     }
 }
 
@@ -75,13 +70,11 @@ TEST(ExEdit, TabMovesTheFocus)
     views[1].SetFocus(true);
     EXPECT_FALSE(views[1].Press({.key = EKey::Tab, .control = true}));
     EXPECT_FALSE(views[1].Press({.key = EKey::Tab, .alt = true}));
-    EXPECT_TRUE(views[1].Press(EKey::Tab));
-    EXPECT_TRUE(views[2].HasFocus());
+    EXPECT_TRUE(views[1].Press(EKey::Tab) && views[2].HasFocus());
     EXPECT_EQ(edit.validated, 1);
     views[1].SetFocus(true);
     edit.SetValidate(false);
-    EXPECT_TRUE(views[1].Press({.key = EKey::Tab, .shift = true}));
-    EXPECT_TRUE(views[0].HasFocus());
+    EXPECT_TRUE(views[1].Press({.key = EKey::Tab, .shift = true}) && views[0].HasFocus());
     EXPECT_FALSE(views[1].HasFocus());
     EXPECT_EQ(edit.validated, 1);
 }
@@ -115,32 +108,27 @@ TEST(ExEdit, ViewAndControlGoInAnyOrder)
     view.reset();
     EXPECT_EQ(second.GetView(), nullptr);
     second.SetValue(3);
-    int value = 7;
-    EXPECT_FALSE(second.WindowTextToValue(value));
+    EXPECT_FALSE(second.WindowTextToValue(*std::make_unique<int>(7)));
 }
 
 TEST(MemoryEditView, EditsItsText)
 {
     CMemoryEditView view;
     view.Type(u"abcd");
-    const struct {
-        SKey key;
-        const char16_t* text;
-        std::size_t caret;
-    } cases[] = {{{.key = EKey::Backspace}, u"abc", 3},
-                 {{.key = EKey::Right}, u"abc", 3},
-                 {{.key = EKey::Delete}, u"abc", 3},
-                 {{.key = EKey::Home}, u"abc", 0},
-                 {{.key = EKey::Backspace}, u"abc", 0},
-                 {{.key = EKey::Left}, u"abc", 0},
-                 {{.key = EKey::Delete}, u"bc", 0},
-                 {{.key = EKey::End, .shift = true}, u"bc", 2},
-                 {{.key = EKey::Character, .character = u'x'}, u"x", 1},
-                 {{.key = EKey::Left, .shift = true}, u"x", 0},
-                 {{.key = EKey::Backspace}, u"", 0}};
-    for (const auto& row : cases) {
-        EXPECT_TRUE(view.Press(row.key));
-        EXPECT_EQ(view.GetText(), row.text);
-        EXPECT_EQ(view.GetCaret(), row.caret) << CStr(row.text).ToUtf8();
+    const std::tuple<SKey, const char16_t*, std::size_t> cases[] = {
+        {{.key = EKey::Backspace}, u"abc", 3},
+        {{.key = EKey::Right}, u"abc", 3},
+        {{.key = EKey::Delete}, u"abc", 3},
+        {{.key = EKey::Home}, u"abc", 0},
+        {{.key = EKey::Backspace}, u"abc", 0},
+        {{.key = EKey::Left}, u"abc", 0},
+        {{.key = EKey::Delete}, u"bc", 0},
+        {{.key = EKey::End, .shift = true}, u"bc", 2},
+        {{.key = EKey::Character, .character = u'x'}, u"x", 1},
+        {{.key = EKey::Left, .shift = true}, u"x", 0},
+        {{.key = EKey::Backspace}, u"", 0}};
+    for (const auto& [key, text, caret] : cases) {
+        EXPECT_TRUE(view.Press(key) && view.GetText() == text) << view.GetText().ToUtf8();
+        EXPECT_EQ(view.GetCaret(), caret) << CStr(text).ToUtf8();
     }
 }

@@ -48,8 +48,7 @@ TEST(MultiClosure, PassesArgumentsAsDeclaredAndJoinsResults)
     texts.Subscribe(first, &STarget::OnText, first.connection);
     texts.Subscribe(second, &STarget::OnText, second.connection);
     texts.Invoke(text, 7);
-    EXPECT_EQ(first.got, text + "7");
-    EXPECT_EQ(second.got, first.got);
+    EXPECT_EQ(std::tuple(first.got, second.got), std::tuple(text + "7", first.got));
     // A record stands for one subscription, whatever the list.
     EXPECT_EQ(sums.GetCount(), 0U);
     sums.Unsubscribe(first.connection);

@@ -57,10 +57,12 @@ public:
     }
     void Enter(std::u16string_view text)
     {
-        view.SelectAll();
-        view.Press(EKey::Delete);
-        view.Type(text);
-        view.Press(EKey::Enter);
+        view.SelectAll(), view.Press(EKey::Delete);
+        view.Type(text), view.Press(EKey::Enter);
+    }
+    void Expect(T value, const CStr& text) const
+    {
+        EXPECT_EQ(std::tuple(edit->GetValue(), view.GetText()), std::tuple(value, text));
     }
     void ExpectTyped(std::initializer_list<std::pair<const char16_t*, T>> cases, std::size_t beepsEach = 0)
     {
@@ -95,27 +97,19 @@ public:
 using CIntStage = CStage<CIntEdit, int>;
 using CFloatStage = CStage<CFloatEdit, float>;
 
-// Where steps lead from a value.
-template<class T>
-struct SSteps {
-    T value, step, up, down, none, threeUp;
-};
-
+// Where steps lead from a value: in a row the value, the step, and the values after 1, -1, 0 and 3 steps.
 template<class TEdit, class T>
-void ExpectSteps(std::initializer_list<SSteps<T>> cases)
+void ExpectSteps(std::initializer_list<std::array<T, 6>> cases)
 {
     for (const auto& row : cases) {
         const auto step = [&](int delta) {
             TEdit edit;
-            edit.SetIncrement(row.step);
-            edit.SetValue(row.value);
+            edit.SetIncrement(row[1]);
+            edit.SetValue(row[0]);
             edit.OnSpinDeltaPos(delta);
             return edit.GetValue();
         };
-        EXPECT_EQ(step(1), row.up) << row.value;
-        EXPECT_EQ(step(-1), row.down) << row.value;
-        EXPECT_EQ(step(0), row.none) << row.value;
-        EXPECT_EQ(step(3), row.threeUp) << row.value;
+        EXPECT_EQ((std::array{row[0], row[1], step(1), step(-1), step(0), step(3)}), row);
     }
 }
 
@@ -151,15 +145,14 @@ TEST(NumericEdit, ReadsARealNumber)
 
 TEST(NumericEdit, FormatHoldsOneRealConversion)
 {
-    const struct {
-        const char16_t* format;
-        const char16_t* text; // of 1.25
-    } cases[] = {{u"%+8.3E", u"+1.250E+00"}, {u" %g %% of it", u" 1.25 % of it"}, {u"%.2Lf mm", u"1.25 mm"}};
+    // of 1.25
+    const std::pair<const char16_t*, const char16_t*> cases[] = {
+        {u"%+8.3E", u"+1.250E+00"}, {u" %g %% of it", u" 1.25 % of it"}, {u"%.2Lf mm", u"1.25 mm"}};
     CFloatStage stage;
     stage.edit->SetValue(1.25F);
-    for (const auto& row : cases) {
-        EXPECT_TRUE(stage.edit->SetFormatString(row.format));
-        EXPECT_EQ(stage.view.GetText(), row.text);
+    for (const auto& [format, text] : cases) {
+        EXPECT_TRUE(stage.edit->SetFormatString(format));
+        EXPECT_EQ(stage.view.GetText(), text);
     }
     int refused = 0;
     for (const char16_t* format : {u"", u"%d", u"%f %f", u"%f%", u"%*f", u"%%f", u"x %f", u"%.1f0"}) {
@@ -171,48 +164,37 @@ TEST(NumericEdit, FormatHoldsOneRealConversion)
 
 TEST(NumericEdit, ClampsIntoTheRange)
 {
-    const struct {
-        float minimum, maximum, value, expected;
-    } cases[] = {{0, 10, 11, 10},
-                 {0, 10, -c_infinity, 0},
-                 {10, 0, 11, 10},
-                 {10, 0, -1, 0},
-                 {10, 0, 5, 5},
-                 {4, 4, 7, 4},
-                 {-c_infinity, c_infinity, c_infinity, c_floatMax},
-                 {0, 10, c_nan, 3},
-                 {c_nan, 10, 20, 20}};
-    for (const auto& row : cases) {
+    const std::array<float, 4> cases[] = {
+        {4, 4, 7, 4},        {10, 0, 5, 5},           {10, 0, -1, 0},
+        {0, 10, 11, 10},     {10, 0, 11, 10},         {0, 10, c_nan, 3},
+        {c_nan, 10, 20, 20}, {0, 10, -c_infinity, 0}, {-c_infinity, c_infinity, c_infinity, c_floatMax}};
+    for (const auto& [minimum, maximum, value, expected] : cases) {
         CFloatStage stage;
         stage.edit->SetValue(3);
-        stage.edit->SetRange(row.minimum, row.maximum, 0.1);
-        EXPECT_EQ(stage.changes.size(), row.minimum == 4 ? 2U : 1U) << "clamped by the new range";
-        stage.edit->SetValue(row.value);
-        EXPECT_EQ(stage.edit->GetValue(), row.expected) << row.minimum << ' ' << row.value;
-        EXPECT_EQ(stage.view.GetText(), CStr::Format(u"%f", double{row.expected}));
-        EXPECT_EQ(stage.warnings.GetCount(), std::isnan(row.minimum) || std::isnan(row.value) ? 1 : 0);
+        stage.edit->SetRange(minimum, maximum, 0.1);
+        EXPECT_EQ(stage.changes.size(), minimum == 4 ? 2U : 1U) << "clamped by the new range";
+        stage.edit->SetValue(value);
+        EXPECT_EQ(stage.edit->GetValue(), expected) << minimum << ' ' << value;
+        EXPECT_EQ(stage.view.GetText(), CStr::Format(u"%f", double{expected}));
+        EXPECT_EQ(stage.warnings.GetCount(), std::isnan(minimum) || std::isnan(value) ? 1 : 0);
         EXPECT_EQ(stage.CountBeeps(), 0U);
     }
 }
 
 TEST(NumericEdit, IncrementIsMantissaAndPowerOfTen)
 {
-    const struct {
-        float step, increment, smaller; // smaller: ten times
-    } cases[] = {{250, 250, 25},
-                 {0, 1, 0.1F},
-                 {c_nan, 1, 0.1F},
-                 {c_infinity, 1, 0.1F},
-                 {-0.7F, 0.7F, 0.07F},
-                 {c_floatMax, c_floatMax, 3.4028235e37F},
-                 {std::numeric_limits<float>::denorm_min(), 1e-45F, 1e-45F}};
-    for (const auto& row : cases) {
+    // smaller: ten times
+    const std::array<float, 3> cases[] = {
+        {0, 1, 0.1F},    {-0.7F, 0.7F, 0.07F},  {c_floatMax, c_floatMax, 3.4028235e37F},
+        {250, 250, 25},  {c_infinity, 1, 0.1F}, {std::numeric_limits<float>::denorm_min(), 1e-45F, 1e-45F},
+        {c_nan, 1, 0.1F}};
+    for (const auto& [step, increment, smaller] : cases) {
         CFloatEdit edit;
         edit.SetIncrementExponentMin(-100, false);
-        edit.SetIncrement(row.step);
-        EXPECT_EQ(edit.GetIncrement(), row.increment) << row.step;
+        edit.SetIncrement(step);
+        EXPECT_EQ(edit.GetIncrement(), increment) << step;
         edit.OnStepSizeChanged(-1);
-        EXPECT_EQ(edit.GetIncrement(), row.smaller) << row.step;
+        EXPECT_EQ(edit.GetIncrement(), smaller) << step;
     }
     CIntEdit edit;
     for (const int step : {1, 7, 29, 57, 115, 1009, 999999999, c_intMax, -115}) {
@@ -225,60 +207,47 @@ TEST(NumericEdit, IncrementIsMantissaAndPowerOfTen)
 
 TEST(NumericEdit, IncrementFitsTheRange)
 {
-    const struct {
-        float minimum, maximum;
-        double factor;
-        float increment;
-        int intIncrement;
-    } cases[] = {{0, 10, 0.1, 1, 1},           {0, 9, 0.1, 0.1F, 1},       {1000, 1001, 0.01, 10, 10},
-                 {10, 0, 0.1, 0.1F, 1},        {-10, -5, 1, 1, 1},         {0, 10, 0, 1, 1},
-                 {0, 10, double{c_nan}, 1, 1}, {0, 10, 1e-300, 1e-45F, 1}, {0, 10, 1e300, 1e38F, 1000000000}};
-    for (const auto& row : cases) {
+    const std::tuple<float, float, double, float, int> cases[] = {
+        {0, 10, 0.1, 1, 1},           {0, 9, 0.1, 0.1F, 1},       {1000, 1001, 0.01, 10, 10},
+        {10, 0, 0.1, 0.1F, 1},        {-10, -5, 1, 1, 1},         {0, 10, 0, 1, 1},
+        {0, 10, double{c_nan}, 1, 1}, {0, 10, 1e-300, 1e-45F, 1}, {0, 10, 1e300, 1e38F, 1000000000}};
+    for (const auto& [minimum, maximum, factor, increment, intIncrement] : cases) {
         CFloatEdit edit;
-        edit.SetRange(row.minimum, row.maximum, row.factor);
-        EXPECT_EQ(edit.GetIncrement(), row.increment)
-            << row.minimum << ' ' << row.maximum << ' ' << row.factor;
+        edit.SetRange(minimum, maximum, factor);
+        EXPECT_EQ(edit.GetIncrement(), increment) << minimum << ' ' << maximum << ' ' << factor;
         CIntEdit intEdit;
-        intEdit.SetIncrement(static_cast<int>(row.minimum), static_cast<int>(row.maximum), row.factor);
-        EXPECT_EQ(intEdit.GetIncrement(), row.intIncrement) << row.minimum << ' ' << row.maximum;
+        intEdit.SetIncrement(static_cast<int>(minimum), static_cast<int>(maximum), factor);
+        EXPECT_EQ(intEdit.GetIncrement(), intIncrement) << minimum << ' ' << maximum;
     }
 }
 
 TEST(NumericEdit, ExponentStaysWithinItsLimits)
 {
-    const struct {
-        float value;
-        bool relative;
-        float least, greatest;
-    } cases[] = {
+    const std::tuple<float, bool, float, float> cases[] = {
         {0, true, 1e-5F, 1e5F},      {1000, true, 1e-2F, 1e8F},  {999.99994F, true, 1e-3F, 1e7F},
         {-0.01F, true, 1e-7F, 1e3F}, {1234, false, 1e-5F, 1e5F},
     };
-    for (const auto& row : cases) {
+    const auto change = [](auto& edit, int delta, int times) {
+        while (times-- > 0)
+            edit.OnStepSizeChanged(delta);
+        return edit.GetIncrement();
+    };
+    for (const auto& [value, relative, least, greatest] : cases) {
         CFloatEdit edit;
-        edit.SetValue(row.value);
-        edit.SetIncrementExponentMin(-5, row.relative);
-        edit.SetIncrementExponentMax(5, row.relative);
-        for (int i = 0; i < 20; ++i)
-            edit.OnStepSizeChanged(-1);
-        EXPECT_EQ(edit.GetIncrement(), row.least) << row.value;
-        for (int i = 0; i < 20; ++i)
-            edit.OnStepSizeChanged(1);
-        EXPECT_EQ(edit.GetIncrement(), row.greatest) << row.value;
-        edit.OnStepSizeChanged(c_intMax);
-        edit.OnStepSizeChanged(c_intMin);
-        EXPECT_EQ(edit.GetIncrement(), row.greatest) << row.value;
+        edit.SetValue(value);
+        edit.SetIncrementExponentMin(-5, relative);
+        edit.SetIncrementExponentMax(5, relative);
+        EXPECT_EQ(change(edit, -1, 20), least) << value;
+        EXPECT_EQ(change(edit, 1, 20), greatest) << value;
+        EXPECT_EQ(change(edit, c_intMax, 1), greatest) << value;
+        EXPECT_EQ(change(edit, c_intMin, 1), greatest) << value;
     }
     CIntEdit edit;
     edit.SetIncrement(25);
-    edit.OnStepSizeChanged(-1);
-    EXPECT_EQ(edit.GetIncrement(), 2);
-    edit.OnStepSizeChanged(-1);
-    EXPECT_EQ(edit.GetIncrement(), 2);
+    EXPECT_EQ(change(edit, -1, 1), 2);
+    EXPECT_EQ(change(edit, -1, 1), 2);
     edit.SetValue(c_intMax);
-    for (int i = 0; i < 20; ++i)
-        edit.OnStepSizeChanged(1);
-    EXPECT_EQ(edit.GetIncrement(), c_intMax);
+    EXPECT_EQ(change(edit, 1, 20), c_intMax);
 }
 
 TEST(NumericEdit, StepsOfARealNumber)
@@ -322,8 +291,7 @@ TEST(NumericEdit, StepsEndAtTheRange)
     stage.changes.clear();
     for (const int delta : {1, 1, -1, -1, 1})
         stage.edit->OnSpinDeltaPos(delta);
-    EXPECT_EQ(stage.changes, (std::vector<int>{5, 1, 5}));
-    EXPECT_EQ(stage.CountBeeps(), 0U);
+    EXPECT_EQ(std::tuple(stage.changes, stage.CountBeeps()), std::tuple((std::vector<int>{5, 1, 5}), 0U));
 
     stage.edit->Setup(3, 10, 0, 1);
     stage.edit->OnSpinDeltaPos(1);
@@ -339,13 +307,11 @@ TEST(NumericEdit, WheelCountsNotches)
     stage.edit->GetSpinButton().SetView(&spin);
     stage.edit->SetIncrement(0.1F);
     stage.edit->SetValue(1.23F);
-    const struct {
-        int delta;
-        float value;
-    } cases[] = {{60, 1.2F}, {60, 1.3F}, {-100, 1.3F}, {-140, 1.1F}, {119, 1.1F}, {1, 1.2F}, {360, 1.5F}};
-    for (const auto& row : cases) {
-        EXPECT_TRUE(stage.edit->OnMouseWheel(row.delta, true));
-        EXPECT_EQ(stage.edit->GetValue(), row.value);
+    const std::pair<int, float> cases[] = {{60, 1.2F},  {60, 1.3F}, {-100, 1.3F}, {-140, 1.1F},
+                                           {119, 1.1F}, {1, 1.2F},  {360, 1.5F}};
+    for (const auto& [delta, value] : cases) {
+        EXPECT_TRUE(stage.edit->OnMouseWheel(delta, true));
+        EXPECT_EQ(stage.edit->GetValue(), value);
     }
     EXPECT_EQ(spin.hint, u"\u00B1 0.1");
     stage.edit->OnStepSizeChanged(1);
@@ -359,17 +325,12 @@ TEST(NumericEdit, WheelCountsNotches)
     EXPECT_FALSE(stage.edit->OnMouseWheel(120, true));
     stage.view.SetFocus(true);
     stage.edit->EnableStepping(false);
-    EXPECT_FALSE(stage.edit->OnMouseWheel(120, true));
-    EXPECT_FALSE(stage.view.Press({.key = EKey::Up, .control = true}));
+    EXPECT_FALSE(stage.edit->OnMouseWheel(120, true) || stage.view.Press({.key = EKey::Up, .control = true}));
     EXPECT_EQ(stage.edit->GetValue(), 71);
-}
 
-TEST(NumericEdit, WheelTurnedVeryFar)
-{
-    CIntStage stage;
-    EXPECT_TRUE(stage.edit->OnMouseWheel(119, true));
-    EXPECT_TRUE(stage.edit->OnMouseWheel(c_intMax, true));
-    EXPECT_EQ(stage.edit->GetValue(), (119LL + c_intMax) / 120);
+    CIntStage far;
+    EXPECT_TRUE(far.edit->OnMouseWheel(119, true) && far.edit->OnMouseWheel(c_intMax, true));
+    EXPECT_EQ(far.edit->GetValue(), (119LL + c_intMax) / 120);
 }
 
 TEST(NumericEdit, ArrowsStepWithControl)
@@ -378,8 +339,7 @@ TEST(NumericEdit, ArrowsStepWithControl)
     stage.view.Type(u"4");
     EXPECT_TRUE(stage.view.Press({.key = EKey::Up, .control = true}));
     EXPECT_EQ(stage.changes, (std::vector<int>{40, 41})) << "first what was typed";
-    EXPECT_TRUE(stage.byUser);
-    EXPECT_TRUE(stage.view.Press({.key = EKey::Down, .control = true}));
+    EXPECT_TRUE(stage.byUser && stage.view.Press({.key = EKey::Down, .control = true}));
     EXPECT_FALSE(stage.view.Press(EKey::Down));
     stage.edit->GetSpinButton().OnDeltaPos(-2);
     EXPECT_EQ(stage.changes, (std::vector<int>{40, 41, 40, 38}));
@@ -394,13 +354,11 @@ TEST(NumericEdit, UserIsCheckedAndProgramIsNot)
     stage.edit->SetValue(5);
     EXPECT_FALSE(stage.byUser);
     stage.Enter(u"7");
-    EXPECT_EQ(stage.view.GetText(), u"5");
-    EXPECT_EQ(stage.CountBeeps(), 1U);
+    EXPECT_EQ(std::tuple(stage.view.GetText(), stage.CountBeeps()), std::tuple(u"5", 1U));
     stage.Enter(u"5");
     stage.Enter(u"8");
     stage.edit->OnSpinDeltaPos(1);
-    EXPECT_EQ(stage.CountBeeps(), 2U);
-    EXPECT_EQ(stage.changes, (std::vector<int>{5, 5, 8}));
+    EXPECT_EQ(std::tuple(stage.CountBeeps(), stage.changes), std::tuple(2U, (std::vector<int>{5, 5, 8})));
     EXPECT_EQ(stage.asked, (std::vector<int>{7, 8, 9})) << "the same value is not asked for";
 }
 
@@ -408,11 +366,8 @@ TEST(NumericEdit, NotificationSetsTheValueAgain)
 {
     CIntStage stage;
     stage.onChange = [&](int value) { stage.edit->SetValue(value + 1); };
-    const std::function<void()> ways[] = {
-        [&] { stage.edit->SetValue(10); },
-        [&] { stage.Enter(u"10"); },
-        [&] { stage.edit->OnSpinDeltaPos(10); },
-    };
+    const std::function<void()> ways[] = {[&] { stage.edit->SetValue(10); }, [&] { stage.Enter(u"10"); },
+                                          [&] { stage.edit->OnSpinDeltaPos(10); }};
     for (const auto& change : ways) {
         stage.edit->Setup(0, c_intMin, c_intMax, 1);
         stage.edit->ResetChangeNotification();
@@ -422,8 +377,7 @@ TEST(NumericEdit, NotificationSetsTheValueAgain)
         change();
         EXPECT_EQ(stage.changes, (std::vector<int>{10, 11}));
         EXPECT_EQ(stage.byUser, &change != &ways[0]) << "also for what is set in between";
-        EXPECT_EQ(stage.edit->GetValue(), 12);
-        EXPECT_EQ(stage.view.GetText(), u"12");
+        stage.Expect(12, u"12");
     }
 }
 
@@ -438,8 +392,7 @@ TEST(NumericEdit, ValidatorSetsTheValueAgain)
         });
         stage.Enter(u"1");
         EXPECT_EQ(stage.asked, std::vector<int>{1});
-        EXPECT_EQ(stage.edit->GetValue(), accept ? 1 : 101);
-        EXPECT_EQ(stage.view.GetText(), accept ? u"1" : u"101");
+        stage.Expect(accept ? 1 : 101, accept ? u"1" : u"101");
     }
 }
 
@@ -449,8 +402,7 @@ TEST(NumericEdit, CallbacksOfUserAndProgramKeepTheRange)
     stage.SetValidator([&](float) { return stage.edit->SetRange(0, 5, 0.1), true; });
     stage.ExpectTyped({{u"8", 5.0F}});
     stage.edit->Setup(c_nan, 7, 9, 1);
-    EXPECT_EQ(stage.edit->GetValue(), 7);
-    EXPECT_EQ(stage.changes, (std::vector<float>{5, 7}));
+    EXPECT_EQ(std::tuple(stage.edit->GetValue(), stage.changes), std::tuple(7, (std::vector<float>{5, 7})));
 }
 
 TEST(NumericEdit, TellsItsNumber)
@@ -459,49 +411,38 @@ TEST(NumericEdit, TellsItsNumber)
     edit.Setup(0.7F, 10, -1, 0.1F);
     const auto number = edit.GetNumber();
     ASSERT_TRUE(number);
-    EXPECT_EQ(number->value, 0.7) << "as it is read";
-    EXPECT_EQ(number->minimum, -1);
-    EXPECT_EQ(number->maximum, 10);
-    EXPECT_EQ(number->step, 0.1);
+    EXPECT_EQ(std::tuple(number->value, number->minimum, number->maximum, number->step),
+              std::tuple(0.7, -1, 10, 0.1))
+        << "as they are read";
     EXPECT_FALSE(CExEdit(true, true).GetNumber());
 }
 
 TEST(NumericEdit, ValidatorThatTakesTheFocus)
 {
     CIntStage stage;
-    stage.SetValidator([&](int) {
-        stage.view.SetFocus(false); // a message box
-        return false;
-    });
+    stage.SetValidator([&](int) { return stage.view.SetFocus(false), false; }); // as a message box does
     stage.Enter(u"1");
-    EXPECT_EQ(stage.asked.size(), 1U);
+    EXPECT_EQ(std::pair(stage.asked.size(), stage.CountBeeps()), std::pair(1UL, 1UL));
     EXPECT_EQ(stage.view.GetText(), u"0");
-    EXPECT_EQ(stage.CountBeeps(), 1U);
 }
-
 TEST(NumericEdit, CallbackThrows)
 {
     CIntStage stage;
     stage.SetValidator([](int) -> bool { throw std::runtime_error("validator"); });
     EXPECT_THROW(stage.Enter(u"1"), std::runtime_error);
-    EXPECT_EQ(stage.edit->GetValue(), 0);
-    EXPECT_EQ(stage.view.GetText(), u"0");
+    stage.Expect(0, u"0");
     EXPECT_FALSE(stage.edit->IsModified() || stage.edit->ValidatingUserInput());
 
     stage.edit->ResetValidator();
     stage.onChange = [](int) { throw std::runtime_error("listener"); };
     for (int i = 0; i < 4; ++i) // the depth is lowered each time
         EXPECT_THROW(stage.edit->SetValue(5 + i), std::runtime_error);
-    EXPECT_EQ(stage.changes.size(), 4U);
-    EXPECT_EQ(stage.view.GetText(), u"8");
+    EXPECT_EQ(std::tuple(stage.changes.size(), stage.view.GetText()), std::tuple(4U, u"8"));
 }
 
 TEST(NumericEdit, CallbackDestroysTheEdit)
 {
-    const struct {
-        const char* what;
-        void (*act)(CIntStage&);
-    } cases[] = {
+    const std::pair<const char*, void (*)(CIntStage&)> cases[] = {
         {"set", [](CIntStage& s) { s.edit->SetValue(3); }},
         {"range", [](CIntStage& s) { s.edit->SetRange(3, 5, 0.1); }},
         {"enter", [](CIntStage& s) { s.Enter(u"3"); }},
@@ -512,15 +453,14 @@ TEST(NumericEdit, CallbackDestroysTheEdit)
         {"spin", [](CIntStage& s) { s.edit->GetSpinButton().OnDeltaPos(1); }},
         {"focus", [](CIntStage& s) { s.view.Type(u"3"), s.view.MoveFocus(false); }},
     };
-    for (const auto& row : cases) {
+    for (const auto& [what, act] : cases) {
         for (const bool byValidator : {false, true}) {
             CIntStage stage;
             stage.SetValidator([&](int) { return byValidator ? stage.edit.reset(), true : true; });
             stage.onChange = [&](int) { stage.edit.reset(); };
             // It reads the flag before the edit is gone.
-            row.act(stage);
-            EXPECT_EQ(stage.edit, nullptr) << row.what;
-            EXPECT_EQ(stage.view.GetControl(), nullptr) << row.what;
+            act(stage);
+            EXPECT_TRUE(!stage.edit && !stage.view.GetControl()) << what;
         }
     }
 }
@@ -537,8 +477,7 @@ TEST(NumericEdit, TypedTextOutlivesANewStep)
 
     stage.view.Type(u"5");
     stage.edit->GetStepSizeCtrl().GetButton(CStepSizeBtn::EType::Larger).OnClicked();
-    EXPECT_EQ(stage.edit->GetIncrement(), 10);
-    EXPECT_EQ(stage.view.GetText(), u"50");
+    EXPECT_EQ(std::tuple(stage.edit->GetIncrement(), stage.view.GetText()), std::tuple(10, u"50"));
 }
 
 TEST(NumericEdit, TypingAfterAStepReplacesTheNumber)

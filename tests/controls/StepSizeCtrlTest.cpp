@@ -62,11 +62,11 @@ TEST_F(StepSizeCtrl, SlidesOutInNineSteps)
     for (int step = 1; step <= 9; ++step) {
         EXPECT_EQ(popup->GetSlideStep(), step);
         EXPECT_EQ(view.rect, (SRect{118, 50, 118 + 3 * step, 77}));
-        EXPECT_EQ(view.upperButton, (SRect{0, 0, 3 * step, 13}));
-        EXPECT_EQ(view.lowerButton, (SRect{0, 14, 3 * step, 27}));
         EXPECT_EQ(service.GetTimerCount(), step < 9 ? 1 : 0);
         service.Advance(30);
     }
+    EXPECT_EQ(std::pair(view.upperButton, view.lowerButton),
+              std::pair(SRect{0, 0, 27, 13}, SRect{0, 14, 27, 27}));
     EXPECT_TRUE(view.shown);
 }
 
@@ -108,18 +108,15 @@ TEST_F(StepSizeCtrl, PointerLeavesHalfWay)
 
 TEST_F(StepSizeCtrl, LateTickCatchesUp)
 {
-    const struct {
-        std::uint64_t late;
-        int step;
-    } cases[] = {{14, 2}, {15, 3}, {45, 4}, {1000000000000, 9}};
-    for (const auto& row : cases) {
+    const std::pair<std::uint64_t, int> cases[] = {{14, 2}, {15, 3}, {45, 4}, {1000000000000, 9}};
+    for (const auto& [late, step] : cases) {
         popup->Close();
         EXPECT_FALSE(view.shown);
         service.late = 0;
         spin.OnPointerEntered();
-        service.late = row.late;
+        service.late = late;
         service.Advance(30);
-        EXPECT_EQ(popup->GetSlideStep(), row.step) << row.late;
+        EXPECT_EQ(popup->GetSlideStep(), step) << late;
     }
     spin.OnPointerLeft();
     service.Advance(500);
@@ -151,8 +148,7 @@ TEST_F(StepSizeCtrl, HidesWithItsSpinButton)
     spin.OnPointerLeft();
     spin.Show(5, false);
     EXPECT_FALSE(view.shown || spinView.shown);
-    EXPECT_EQ(popup->GetSlideStep(), 0);
-    EXPECT_EQ(service.GetTimerCount(), 0);
+    EXPECT_EQ(std::tuple(popup->GetSlideStep(), service.GetTimerCount()), std::tuple(0, 0));
 }
 
 TEST_F(StepSizeCtrl, ViewThatComesLaterShowsTheState)
@@ -163,8 +159,7 @@ TEST_F(StepSizeCtrl, ViewThatComesLaterShowsTheState)
     CMemoryStepSizeView later;
     popup->SetView(&later);
     EXPECT_TRUE(later.shown);
-    EXPECT_EQ(later.toolTip, u"step");
-    EXPECT_EQ(later.rect.right, 118 + 27);
+    EXPECT_EQ(std::tuple(later.toolTip, later.rect.right), std::tuple(u"step", 118 + 27));
     CUpDown otherSpin;
     CStepSizeCtrl other(otherSpin);
     other.SetView(&later);

@@ -59,8 +59,7 @@ public:
 TEST_F(Timer, RunsFromStartToStop)
 {
     EXPECT_FALSE(timer->IsRunning());
-    EXPECT_TRUE(timer->SetRunning(true));
-    EXPECT_TRUE(timer->SetRunning(true));
+    EXPECT_TRUE(timer->SetRunning(true) && timer->SetRunning(true));
     EXPECT_EQ(service.GetTimerCount(), 1);
     service.Advance(20);
     timer->SetInterval(20);
@@ -76,8 +75,7 @@ TEST_F(Timer, RunsFromStartToStop)
     // A tick that was on its way.
     service.killed = 0;
     service.procedure(1);
-    EXPECT_EQ(ticks, 2);
-    EXPECT_EQ(service.killed, 1U);
+    EXPECT_EQ(std::tuple(ticks, service.killed), std::tuple(2, 1U));
 }
 
 TEST_F(Timer, FrequencyGivesTheInterval)
@@ -85,20 +83,16 @@ TEST_F(Timer, FrequencyGivesTheInterval)
     constexpr unsigned int c_longest = std::numeric_limits<unsigned int>::max();
     constexpr double c_infinity = std::numeric_limits<double>::infinity();
     constexpr double c_nan = std::numeric_limits<double>::quiet_NaN();
-    const struct {
-        double hertz;
-        unsigned int interval;
-        int warnings;
-    } cases[] = {
+    const std::tuple<double, unsigned int, int> cases[] = {
         {3, 333, 0}, {1001, 0, 0}, {c_infinity, 0, 0},   {1e-7, c_longest, 0}, {5e-324, c_longest, 0},
         {0, 30, 1},  {-3, 30, 1},  {-c_infinity, 30, 1}, {c_nan, 30, 1},
     };
-    for (const auto& row : cases) {
+    for (const auto& [hertz, interval, expectedWarnings] : cases) {
         const CDiagnosticsCapture warnings;
         timer->SetInterval(30);
-        timer->SetFrequency(row.hertz);
-        EXPECT_EQ(timer->GetInterval(), row.interval) << row.hertz;
-        EXPECT_EQ(warnings.GetCount(), row.warnings) << row.hertz;
+        timer->SetFrequency(hertz);
+        EXPECT_EQ(timer->GetInterval(), interval) << hertz;
+        EXPECT_EQ(warnings.GetCount(), expectedWarnings) << hertz;
     }
 }
 
@@ -108,8 +102,7 @@ TEST_F(Timer, StaysStoppedWithoutAnIdentifierOfItsOwn)
     CWinTimer second(10);
     for (const CTimerService::TIdentifier identifier : {0, 1}) {
         service.forced = identifier;
-        EXPECT_FALSE(second.SetRunning(true));
-        EXPECT_FALSE(second.IsRunning());
+        EXPECT_FALSE(second.SetRunning(true) || second.IsRunning());
     }
     service.Advance(30);
     EXPECT_EQ(ticks, 1);
@@ -120,26 +113,20 @@ TEST_F(Timer, StaysStoppedWithoutAnIdentifierOfItsOwn)
 
 TEST_F(Timer, TickMayChangeItsTimer)
 {
-    const struct {
-        const char* what;
-        void (*change)(Timer&);
-        int ticks;
-        int otherTicks;
-    } cases[] = {
+    const std::tuple<const char*, void (*)(Timer&), int, int> cases[] = {
         {"stop", [](Timer& t) { t.timer->SetRunning(false); }, 1, 0},
         {"change the interval", [](Timer& t) { t.timer->SetInterval(20); }, 4, 0},
         {"destroy", [](Timer& t) { t.timer.reset(); }, 1, 0},
         {"change the callback", [](Timer& t) { t.timer->SetCallback(t, &Timer::OnOtherTick); }, 1, 2},
         {"run a loop", [](Timer& t) { t.ticks < 2 ? t.service.Advance(30) : void(); }, 3, 0},
     };
-    for (const auto& row : cases) {
+    for (const auto& [what, change, expectedTicks, expectedOtherTicks] : cases) {
         timer = std::make_unique<CWinTimer>(30U);
         timer->SetCallback(*this, &Timer::OnTick);
         timer->SetRunning(true);
         ticks = otherTicks = 0;
-        action = row.change;
+        action = change;
         service.Advance(90);
-        EXPECT_EQ(ticks, row.ticks) << row.what;
-        EXPECT_EQ(otherTicks, row.otherTicks) << row.what;
+        EXPECT_EQ(std::tuple(ticks, otherTicks), std::tuple(expectedTicks, expectedOtherTicks)) << what;
     }
 }

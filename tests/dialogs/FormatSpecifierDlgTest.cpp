@@ -43,46 +43,39 @@ public:
 
 TEST(FormatSpecifierDlg, ShowsTheFormatOfItsParameter)
 {
-    const struct {
-        CParameter::SFormatSpecifier format;
-        std::optional<std::size_t> selected;
-        const char16_t* count;
-        const char16_t* large;
-        const char16_t* tiny;
-    } cases[] = {
-        {{EFormat::FormatDecimals, 4}, 0, u"4", u"3.1416", u"0.0000"},
-        {{EFormat::FormatDigits, 5}, 1, u"5", u"3.1416", u"3.1416E-06"},
-        {{EFormat::FormatDigits, 20}, 1, u"12", u"3.14159265359", u"3.14159265359E-06"},
-        {{EFormat::FormatDecimals, -1}, 0, u"1", u"3.1", u"0.0"},
-        {{EFormat::FormatInteger, 3}, std::nullopt, u"3", u"3", u"0"},
-    };
+    const std::tuple<CParameter::SFormatSpecifier, std::optional<std::size_t>, const char16_t*,
+                     const char16_t*, const char16_t*>
+        cases[] = {
+            {{EFormat::FormatDecimals, 4}, 0, u"4", u"3.1416", u"0.0000"},
+            {{EFormat::FormatDigits, 5}, 1, u"5", u"3.1416", u"3.1416E-06"},
+            {{EFormat::FormatDigits, 20}, 1, u"12", u"3.14159265359", u"3.14159265359E-06"},
+            {{EFormat::FormatDecimals, -1}, 0, u"1", u"3.1", u"0.0"},
+            {{EFormat::FormatInteger, 3}, std::nullopt, u"3", u"3", u"0"},
+        };
     const std::vector<SFormatItem> items = {{u"Decimals", EFormat::FormatDecimals},
                                             {u"Digits", EFormat::FormatDigits}};
-    for (const auto& row : cases) {
-        CShown shown(row.format);
+    for (const auto& [format, selected, count, large, tiny] : cases) {
+        CShown shown(format);
         shown.dialog.Create();
         EXPECT_TRUE(shown.view.IsVisible());
         EXPECT_EQ(shown.view.GetCaption(), u"Specify Format");
         EXPECT_EQ(shown.view.GetText(CDlg::c_format), u"Format:");
         EXPECT_EQ(shown.view.GetText(CDlg::c_exampleCaption), u"Example:");
         EXPECT_EQ(shown.view.GetItems(), items);
-        EXPECT_EQ(shown.view.GetSelectedItem(), row.selected);
-        EXPECT_EQ(shown.edit.GetText(), row.count);
-        EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> " + CStr(row.large));
-        EXPECT_EQ(shown.view.GetText(CDlg::c_smallExample), u"0.000003141593 -> " + CStr(row.tiny));
+        EXPECT_EQ(shown.view.GetSelectedItem(), selected);
+        EXPECT_EQ(shown.edit.GetText(), count);
+        EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> " + CStr(large));
+        EXPECT_EQ(shown.view.GetText(CDlg::c_smallExample), u"0.000003141593 -> " + CStr(tiny));
     }
 }
 
 TEST(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
 {
-    const struct {
-        int button;
-        CParameter::SFormatSpecifier format;
-    } cases[] = {
+    const std::pair<int, CParameter::SFormatSpecifier> cases[] = {
         {CBaseDialog::c_ok, {EFormat::FormatDigits, 7}},
         {CBaseDialog::c_cancel, {EFormat::FormatInteger, 3}},
     };
-    for (const auto& row : cases) {
+    for (const auto& [button, format] : cases) {
         CShown shown({EFormat::FormatInteger, 3});
         shown.dialog.Create();
         EXPECT_TRUE(shown.view.Choose(1));
@@ -91,13 +84,13 @@ TEST(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
         EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> 3.142");
         shown.edit.SelectAll();
         shown.edit.Type(u"7");
-        EXPECT_TRUE(shown.view.Press(row.button));
+        EXPECT_TRUE(shown.view.Press(button));
         EXPECT_FALSE(shown.dialog.IsOpen());
-        EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), row.format);
+        EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), format);
         EXPECT_EQ(shown.dialog.GetParameter().GetIniName(), u"Sa");
         shown.dialog.Create();
         shown.view.Choose(0);
         shown.view.Press(CBaseDialog::c_cancel);
-        EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), row.format) << "as it was when opened again";
+        EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), format) << "as it was when opened again";
     }
 }

@@ -39,12 +39,7 @@ TEST_F(ProgressDialog, BarShowsTheIntegerPart)
 {
     constexpr float c_infinity = std::numeric_limits<float>::infinity();
     constexpr int c_greatest = std::numeric_limits<int>::max();
-    const struct {
-        bool wrap;
-        int maximum;
-        std::vector<float> steps;
-        std::vector<int> positions;
-    } cases[] = {
+    const std::tuple<bool, int, std::vector<float>, std::vector<int>> cases[] = {
         {false, 100, {0.4F, 0.4F, 0.4F, 0.4F, 0.4F, 0.4F}, {0, 0, 1, 1, 2, 2}},
         {false, 10, {8, 3, 1, -5, 1}, {8, 8, 8, 8, 8}},
         {false, 10, {-3, 4, 9}, {0, 1, 10}},
@@ -54,17 +49,17 @@ TEST_F(ProgressDialog, BarShowsTheIntegerPart)
         {false, 100, {c_infinity, -c_infinity, c_infinity - c_infinity, 7}, {0, 0, 0, 7}},
     };
     const CDiagnosticsCapture quiet;
-    for (const auto& row : cases) {
+    for (const auto& [wrap, maximum, steps, expectedPositions] : cases) {
         CProgressThreadDialog stepped(nullptr, {}, {});
         stepped.SetView(&view);
-        stepped.SetRange(row.maximum);
-        stepped.SetWrap(row.wrap);
+        stepped.SetRange(maximum);
+        stepped.SetWrap(wrap);
         std::vector<int> positions;
-        for (const float step : row.steps) {
+        for (const float step : steps) {
             stepped.Step(step);
             positions.push_back(view.GetBarPosition());
         }
-        EXPECT_EQ(positions, row.positions) << row.maximum;
+        EXPECT_EQ(positions, expectedPositions) << maximum;
     }
 }
 
@@ -76,8 +71,7 @@ TEST_F(ProgressDialog, OpensUnseenWithItsTexts)
     EXPECT_THROW(dialog->Create(), EInternal);
     EXPECT_EQ(view.GetCaption(), u"Progress");
     EXPECT_EQ(view.GetText(c_text), u"Processing, please wait...");
-    EXPECT_EQ(view.GetText(c_cancel), u"Cancel");
-    EXPECT_EQ(view.GetIcon(), &icon);
+    EXPECT_EQ(std::tuple(view.GetText(c_cancel), view.GetIcon()), std::tuple(u"Cancel", &icon));
     EXPECT_EQ(view.GetBarMaximum(), 100);
     EXPECT_FALSE(view.IsVisible() || view.IsModal());
 }
@@ -148,10 +142,7 @@ TEST_F(ProgressDialog, StepCallbackMayDestroyTheDialog)
 
 TEST_F(ProgressDialog, WindowGrowsWithTheText)
 {
-    const struct {
-        std::size_t length;
-        SProgressLayout layout;
-    } cases[] = {
+    const std::pair<std::size_t, SProgressLayout> cases[] = {
         {20, {{184, 60}, {8, 8, 89, 16}, {9, 20, 177, 34}, {64, 40, 114, 54}}},
         {42, {{184, 60}, {8, 8, 177, 16}, {9, 20, 177, 34}, {64, 40, 114, 54}}},
         {43, {{184, 68}, {8, 8, 177, 24}, {9, 28, 177, 42}, {64, 48, 114, 62}}},
@@ -159,8 +150,8 @@ TEST_F(ProgressDialog, WindowGrowsWithTheText)
     };
     dialog->Create();
     for (const auto& row : cases) {
-        dialog->SetText(CStr(row.length, u'x'));
-        EXPECT_EQ(view.GetLayout(), row.layout) << &row - cases;
+        dialog->SetText(CStr(row.first, u'x'));
+        EXPECT_EQ(view.GetLayout(), row.second) << &row - cases;
     }
     dialog->EndDialog(1);
     dialog->Create();

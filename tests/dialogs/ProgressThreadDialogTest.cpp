@@ -114,11 +114,9 @@ TEST_F(ProgressThreadDialog, BusyUserInterfaceGetsTheLatestReportOfTheProcess)
     RunBusy(
         report, [&] { EXPECT_EQ(loop.GetCount(), 3U) << "one message for each dialog"; }, [] {});
     loop.Pump();
-    EXPECT_EQ(steps, 2);
-    EXPECT_EQ(dialog->GetProgressCtrl().GetPos(), 4);
+    EXPECT_EQ(std::tuple(steps, dialog->GetProgressCtrl().GetPos()), std::tuple(2, 4));
     EXPECT_EQ(dialog->GetText(), u"") << "that of the last report";
-    EXPECT_EQ(other.GetProgressCtrl().GetPos(), 2);
-    EXPECT_EQ(silent.GetText(), u"Its own");
+    EXPECT_EQ(std::tuple(other.GetProgressCtrl().GetPos(), silent.GetText()), std::tuple(2, u"Its own"));
 }
 
 TEST_F(ProgressThreadDialog, LoopWithinAStepTakesWhatWaits)
@@ -129,8 +127,7 @@ TEST_F(ProgressThreadDialog, LoopWithinAStepTakesWhatWaits)
             EXPECT_EQ(dialog->GetText(), u"Processing, please wait...") << "the step comes first";
             loop.Pump();
             loop.Pump();
-            EXPECT_EQ(steps, 100);
-            EXPECT_EQ(dialog->GetText(), u"Working");
+            EXPECT_EQ(std::tuple(steps, dialog->GetText()), std::tuple(100, u"Working"));
         } else if (steps == 101) {
             EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));
             work = [&] { ReportUntilCanceled(); };
@@ -149,8 +146,7 @@ TEST_F(ProgressThreadDialog, MillionReportsAreAMillionSteps)
     dialog->SetRange(c_count);
     work = [&] { Report(c_count, u"Working"); };
     EXPECT_EQ(dialog->DoModal(), 1);
-    EXPECT_EQ(steps, c_count);
-    EXPECT_EQ(view.GetBarPosition(), c_count);
+    EXPECT_EQ(std::tuple(steps, view.GetBarPosition()), std::tuple(c_count, c_count));
 }
 
 TEST_F(ProgressThreadDialog, CancelBeforeTheFirstReportIsSeenByIt)
@@ -203,17 +199,13 @@ TEST_F(ProgressThreadDialog, ExceptionsReachTheCallerWhenTheDialogIsClosed)
 
 TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
 {
-    const struct {
-        const char* what;
-        FAct end;
-        int result;
-    } cases[] = {
+    const std::tuple<const char*, FAct, int> cases[] = {
         {"cancelled", [&] { view.PressCancel(); }, CBaseDialog::c_ok},
         {"closed", [&] { dialog->EndDialog(7); }, 7},
         {"destroyed", [&] { dialog.reset(); }, CBaseDialog::c_cancel},
         {"the program ends", [&] { loop.Quit(); }, CBaseDialog::c_cancel},
     };
-    for (const auto& row : cases) {
+    for (const auto& [what, end, result] : cases) {
         MakeDialog();
         isWorkCanceled = false;
         std::latch reported(1);
@@ -222,16 +214,14 @@ TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
             reported.count_down();
             ReportUntilCanceled();
         };
-        onStep = [&] {
+        onStep = [&, &act = end] {
             reported.wait();
-            EXPECT_TRUE(dialog && dialog->IsOpen()) << "a step after the end: " << row.what;
-            row.end();
+            EXPECT_TRUE(dialog && dialog->IsOpen()) << "a step after the end";
+            act();
         };
-        EXPECT_EQ(dialog->DoModal(), row.result) << row.what;
+        EXPECT_EQ(dialog->DoModal(), result) << what;
         loop.Pump();
-        EXPECT_TRUE(isWorkCanceled) << row.what;
-        EXPECT_TRUE(!dialog || dialog->IsCanceled()) << row.what;
-        EXPECT_FALSE(view.IsVisible()) << row.what;
+        EXPECT_TRUE(isWorkCanceled && (!dialog || dialog->IsCanceled()) && !view.IsVisible()) << what;
     }
     EXPECT_EQ(timers.GetTimerCount(), 0U);
 }

@@ -86,47 +86,31 @@ TEST_F(GLStack, EachPushIsUndoneByOnePop)
     glMatrixMode(GL_TEXTURE);
     glDepthRange(0.25, 0.75);
     const SGLState before;
-    const struct {
-        FStep push;
-        const char* kinds;
-        std::array<int, 3> deeper; // attributes, model-view, projection
-        int depthMask, matrixMode;
-    } rows[] = {
+    // attributes, model-view, projection
+    const std::tuple<FStep, const char*, std::array<int, 3>, int, int> rows[] = {
         {c_attrib, "0", {1, 0, 0}, 1, GL_TEXTURE},
         {c_matrix, "1", {0, 0, 0}, 1, GL_TEXTURE},
         {c_depthMask, "03", {1, 0, 0}, 0, GL_TEXTURE},
         {c_windowCoord, "01012", {2, 1, 1}, 1, GL_MODELVIEW},
     };
-    for (const auto& row : rows) {
+    for (const auto& [push, kinds, deeper, depthMask, matrixMode] : rows) {
         COpenStack stack;
-        EXPECT_TRUE(row.push(stack));
-        EXPECT_EQ(stack.GetKinds(), row.kinds);
+        EXPECT_TRUE(push(stack));
+        EXPECT_EQ(stack.GetKinds(), kinds);
         SGLState expected = before;
-        for (std::size_t i = 0; i < row.deeper.size(); ++i)
-            expected.depths[i] += row.deeper[i];
-        expected.depthMask = row.depthMask;
-        expected.matrixMode = row.matrixMode;
+        for (std::size_t i = 0; i < deeper.size(); ++i)
+            expected.depths[i] += deeper[i];
+        expected.depthMask = depthMask;
+        expected.matrixMode = matrixMode;
         const SGLState pushed;
         expected.projection = pushed.projection; // has a test of its own
-        EXPECT_EQ(pushed, expected) << row.kinds;
+        EXPECT_EQ(pushed, expected) << kinds;
         EXPECT_TRUE(stack.Pop());
         EXPECT_EQ(stack.GetKinds(), "");
-        EXPECT_EQ(SGLState(), before) << row.kinds;
+        EXPECT_EQ(SGLState(), before) << kinds;
     }
     EXPECT_TRUE(m_boxes.GetShown().empty());
     EXPECT_EQ(TakeLines(), "");
-}
-
-TEST_F(GLStack, WhatWasChangedSincePushingIsRestored)
-{
-    glDepthMask(GL_FALSE);
-    const SGLState before;
-    CGLStack stack;
-    EXPECT_TRUE(stack.PushMatrix() && stack.PushDepthMask(true));
-    EXPECT_EQ(GetInteger(GL_DEPTH_WRITEMASK), 1);
-    glTranslated(1, 2, 3);
-    EXPECT_TRUE(stack.Pop() && stack.Pop());
-    EXPECT_EQ(SGLState(), before);
 }
 
 TEST_F(GLStack, WindowCoordinatesFitWhatTheyAreGiven)
@@ -147,16 +131,17 @@ TEST_F(GLStack, WindowCoordinatesFitWhatTheyAreGiven)
 TEST_F(GLStack, DestructionUnwindsNestedGroups)
 {
     glMatrixMode(GL_PROJECTION);
+    glDepthMask(GL_FALSE);
     const SGLState before;
     {
         COpenStack outer;
-        EXPECT_TRUE(outer.PushDepthMask(false));
+        EXPECT_TRUE(outer.PushDepthMask(true) && GetInteger(GL_DEPTH_WRITEMASK) == 1);
         COpenStack inner;
-        EXPECT_TRUE(inner.PushMatrix() && inner.PushWindowCoord(true) && inner.PushAttrib(GL_VIEWPORT_BIT));
-        EXPECT_TRUE(outer.TransferStack(inner));
-        EXPECT_TRUE(outer.TransferStack(inner) && outer.TransferStack(outer));
-        EXPECT_EQ(outer.GetKinds(), "031010120");
-        EXPECT_EQ(inner.GetKinds(), "");
+        EXPECT_TRUE(inner.PushMatrix());
+        glTranslated(1, 2, 3);
+        EXPECT_TRUE(inner.PushWindowCoord(true) && inner.PushAttrib(GL_VIEWPORT_BIT));
+        EXPECT_TRUE(outer.TransferStack(inner) && outer.TransferStack(inner) && outer.TransferStack(outer));
+        EXPECT_EQ(std::tuple(outer.GetKinds(), inner.GetKinds()), std::tuple("031010120", ""));
     }
     EXPECT_EQ(SGLState(), before);
     EXPECT_EQ(TakeLines(), "");
@@ -204,8 +189,7 @@ TEST_F(GLStack, FailuresOfFurtherPopsAreIgnored)
         EXPECT_TRUE(stack.PushDepthMask(false));
         FaultyDriver::FailBefore(expected ? 1 : 2);
         EXPECT_EQ(stack.Pop(), expected);
-        EXPECT_EQ(stack.GetKinds(), "");
-        EXPECT_EQ(SGLState(), before);
+        EXPECT_EQ(std::tuple(stack.GetKinds(), SGLState()), std::tuple("", before));
     }
     EXPECT_EQ(m_boxes.GetShown().size(), 2U);
     EXPECT_TRUE(m_boxes.GetShown()[0].text.StartsWith(u"Operation: CGLStack::Pop\n"));
@@ -229,11 +213,7 @@ TEST_F(GLStack, FullStacksOfTheDriver)
 
 TEST_F(GLStack, FailureOfEachStepInBetween)
 {
-    const struct {
-        const FStep& push;
-        int test;
-        std::u16string_view operation, function;
-    } rows[] = {
+    const std::tuple<const FStep&, int, std::u16string_view, std::u16string_view> rows[] = {
         {c_depthMask, 2, u"PushDepthMask", u"PushDepthMask"},
         {c_pixelCoord, 1, u"Get info", u"PushWindowCoord"},
         {c_pixelCoord, 3, u"MatrixMode", u"PushWindowCoord"},
@@ -242,10 +222,10 @@ TEST_F(GLStack, FailureOfEachStepInBetween)
         {c_pixelCoord, 9, u"SetupModelView", u"PushWindowCoord"},
     };
     glMatrixMode(GL_PROJECTION);
-    for (const auto& row : rows) {
-        FaultyDriver::FailBefore(row.test);
-        ExpectFailure(row.push, row.operation, u"GL_INVALID_ENUM");
-        const CStr place = CStr::Format(u" (Function: CGLStack::%s) (File: GLStack)\n", row.function);
+    for (const auto& [push, test, operation, function] : rows) {
+        FaultyDriver::FailBefore(test);
+        ExpectFailure(push, operation, u"GL_INVALID_ENUM");
+        const CStr place = CStr::Format(u" (Function: CGLStack::%s) (File: GLStack)\n", function);
         EXPECT_NE(TakeLines().find(place.ToUtf8()), std::string::npos);
     }
 }
@@ -262,8 +242,7 @@ TEST_F(GLStack, WhatThrowsDoesNotStopUndoing)
     FaultyDriver::FailBefore(4);
     COpenStack stack;
     EXPECT_THROW(c_windowCoord(stack), std::runtime_error);
-    EXPECT_EQ(stack.GetKinds(), "");
-    EXPECT_EQ(SGLState(), before);
+    EXPECT_EQ(std::tuple(stack.GetKinds(), SGLState()), std::tuple("", before));
     {
         COpenStack reporting;
         EXPECT_TRUE(c_windowCoord(reporting));

@@ -10,9 +10,7 @@ using namespace CommonUI;
 namespace
 {
 
-class GLUtils : public CContextTest
-{
-};
+using GLUtils = CContextTest;
 
 // The numbers that x and y are multiplied with.
 struct SFrustum {
@@ -36,14 +34,13 @@ double TangentOfHalf(double degrees)
 
 TEST_F(GLUtils, PerspectiveFitsTheAngleToTheShorterEdge)
 {
-    const struct {
-        SRect viewport;
-        double vertical, aspect; // the vertical angle in degrees
-    } rows[] = {{{10, 20, 410, 220}, 45, 2}, {{-100, 0, 100, 400}, 79.27854, 0.5}, {{0, 5, 300, 0}, 45, 300}};
-    for (const auto& row : rows) {
-        const SFrustum found = Project(false, 45, row.viewport);
-        EXPECT_NEAR(found.y, 1 / TangentOfHalf(row.vertical), 1e-5) << row.aspect;
-        EXPECT_NEAR(found.x, found.y / row.aspect, 1e-5) << row.aspect;
+    // the vertical angle in degrees
+    const std::tuple<SRect, double, double> rows[] = {
+        {{10, 20, 410, 220}, 45, 2}, {{-100, 0, 100, 400}, 79.27854, 0.5}, {{0, 5, 300, 0}, 45, 300}};
+    for (const auto& [viewport, vertical, aspect] : rows) {
+        const SFrustum found = Project(false, 45, viewport);
+        EXPECT_NEAR(found.y, 1 / TangentOfHalf(vertical), 1e-5) << aspect;
+        EXPECT_NEAR(found.x, found.y / aspect, 1e-5) << aspect;
     }
     const auto matrix = GetDoubles<16>(GL_MODELVIEW_MATRIX);
     EXPECT_NEAR(matrix[10], -(10.0 + 2.0) / (10.0 - 2.0), 1e-5);
@@ -74,16 +71,12 @@ TEST_F(GLUtils, ProjectionIsMultipliedOntoTheCurrentMatrix)
 
 TEST_F(GLUtils, ProjectionsThatDoNotExistChangeNothing)
 {
-    const struct {
-        bool orthographic;
-        double angle, zFar;
-        SRect viewport;
-    } rows[] = {
+    const std::tuple<bool, double, double, SRect> rows[] = {
         {false, 45, 1, {0, 0, 3, 2}}, {true, 45, 1, {0, 0, 3, 2}},  {false, 0, 2, {0, 0, 3, 2}},
         {true, 0, 2, {0, 0, 3, 2}},   {false, 45, 2, {5, 0, 5, 0}},
     };
-    for (const auto& row : rows) {
-        SetupProjectionMatrix(row.orthographic, row.angle, 1, row.zFar, row.viewport);
+    for (const auto& [orthographic, angle, zFar, viewport] : rows) {
+        SetupProjectionMatrix(orthographic, angle, 1, zFar, viewport);
         EXPECT_EQ(GetDoubles<16>(GL_MODELVIEW_MATRIX), c_identity);
     }
     constexpr int c_least = std::numeric_limits<int>::min();
@@ -94,10 +87,7 @@ TEST_F(GLUtils, ProjectionsThatDoNotExistChangeNothing)
 
 TEST_F(GLUtils, RasterPositionIsThePixel)
 {
-    const struct {
-        bool (*set)();
-        std::array<double, 4> position;
-    } rows[] = {
+    const std::pair<bool (*)(), std::array<double, 4>> rows[] = {
         {[] { return PixelPos4d(220, 120, 1, 2); }, {110, 60, 1, 2}},
         {[] { return PixelPos4f(31.5F, 41.75F, 0.25F, 1); }, {31.5, 41.75, 0.25, 1}},
         {[] { return PixelPos2d(140, 80); }, {140, 80, 0, 1}},
@@ -108,13 +98,13 @@ TEST_F(GLUtils, RasterPositionIsThePixel)
     glMatrixMode(GL_PROJECTION);
     glRotated(30, 1, 2, 3);
     const SGLState before;
-    for (const auto& row : rows) {
-        EXPECT_TRUE(row.set());
+    for (const auto& [set, position] : rows) {
+        EXPECT_TRUE(set());
         EXPECT_EQ(SGLState(), before);
         EXPECT_EQ(GetInteger(GL_CURRENT_RASTER_POSITION_VALID), 1);
         const auto found = GetDoubles<4>(GL_CURRENT_RASTER_POSITION);
         for (std::size_t i = 0; i < found.size(); ++i)
-            EXPECT_NEAR(found[i], row.position[i], 1e-3) << i;
+            EXPECT_NEAR(found[i], position[i], 1e-3) << i;
     }
     EXPECT_EQ(TakeLines(), "");
 }
@@ -142,7 +132,5 @@ TEST(Transform, IgnoresTheFourthRow)
     double y = 10;
     double z = 100;
     Transform(x, y, z, matrix, x, y, z);
-    EXPECT_EQ(x, 2 + 70 + 1700 + 29);
-    EXPECT_EQ(y, 3 + 110 + 1900 + 31);
-    EXPECT_EQ(z, 5 + 130 + 2300 + 37);
+    EXPECT_EQ(std::tuple(x, y, z), std::tuple(2 + 70 + 1700 + 29, 3 + 110 + 1900 + 31, 5 + 130 + 2300 + 37));
 }

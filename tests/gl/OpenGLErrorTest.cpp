@@ -64,8 +64,7 @@ TEST_F(OpenGLError, LastingErrorIsReportedOnceForAll)
     FaultyDriver::StayBroken(0x507);
     EXPECT_TRUE(m_wrapper.TestOpenGLError(u"Clear", u"", u"", 0));
     EXPECT_TRUE(TakeLines().ends_with("           3 GLError: \"Clear\" - Fatal: 1\n"));
-    COpenGLWrapper copy = m_wrapper;
-    COpenGLWrapper assigned;
+    COpenGLWrapper copy = m_wrapper, assigned;
     assigned = copy;
     for (COpenGLWrapper* wrapper : {&m_wrapper, &copy, &assigned})
         EXPECT_TRUE(wrapper->TestOpenGLError(u"Clear", u"", u"", 0));

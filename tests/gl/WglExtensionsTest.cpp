@@ -61,10 +61,7 @@ constexpr std::pair c_none(false, false);
 
 TEST_F(WglExtensions, ExtensionsByTheirList)
 {
-    const struct {
-        const char* extensions;
-        std::pair<bool, bool> held;
-    } rows[] = {
+    const std::pair<const char*, std::pair<bool, bool>> rows[] = {
         {nullptr, c_none},
         {"", c_none},
         {"WGL_ARB_pixel_forma WGL_ARB_pbuffe", c_none},
@@ -73,9 +70,9 @@ TEST_F(WglExtensions, ExtensionsByTheirList)
         {"WGL_ARB_pixel_format WGL_ARB_pbuffer", c_both},
         {"WGL_ARB_pixel_format_float XWGL_ARB_pbuffer", c_both},
     };
-    for (const auto& row : rows) {
-        s_extensions = row.extensions;
-        EXPECT_EQ(Check(), row.held) << (row.extensions ? row.extensions : "null");
+    for (const auto& [extensions, held] : rows) {
+        s_extensions = extensions;
+        EXPECT_EQ(Check(), held) << (extensions ? extensions : "null");
     }
     m_entryPoints.Remove("wglGetExtensionsStringARB");
     EXPECT_EQ(Check(), c_both) << "an object keeps the entry point that it was made with";

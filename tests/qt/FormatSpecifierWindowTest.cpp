@@ -7,13 +7,8 @@
 #include "qt/QtText.h"
 
 #include <gtest/gtest.h>
-#include <QAccessible>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QPushButton>
 #include <QTest>
-#include <QWheelEvent>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <functional>
@@ -66,10 +61,7 @@ QString GetSpokenName(QWidget& widget)
 
 TEST(FormatSpecifierWindow, TakesWhatIsSelectedAndTypedWithOkOnly)
 {
-    const struct {
-        std::function<void(CFormatSpecifierWindow&)> end;
-        bool takes;
-    } cases[] = {
+    const std::pair<std::function<void(CFormatSpecifierWindow&)>, bool> cases[] = {
         {[](auto& window) { GetButton(window, QDialogButtonBox::Ok).click(); }, true},
         {[](auto& window) { QTest::keyClick(&window.GetList(), Qt::Key_Return); }, true},
         {[](auto& window) { GetButton(window, QDialogButtonBox::Cancel).click(); }, false},
@@ -96,30 +88,25 @@ TEST(FormatSpecifierWindow, TakesWhatIsSelectedAndTypedWithOkOnly)
             QWheelEvent turn({5, 5}, {}, {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
             QCoreApplication::sendEvent(&window.GetList(), &turn);
             EXPECT_EQ(window.GetList().currentText(), QStringLiteral("Digits"));
-            field.selectAll();
-            QTest::keyClicks(&field, QStringLiteral("7"));
-            row.end(window);
+            field.selectAll(), QTest::keyClicks(&field, QStringLiteral("7"));
+            row.first(window);
         });
-        EXPECT_EQ(left, row.takes ? chosen : before) << &row - cases;
+        EXPECT_EQ(left, row.second ? chosen : before) << &row - cases;
     }
 }
 
 TEST(FormatSpecifierWindow, NamesItsControlsAndLeadsThroughThemByTab)
 {
     RunDialog({EFormat::FormatDecimals, 4}, [](CFormatSpecifierWindow& window) {
-        QWidget& field = window.GetCountWidget().GetField();
-        const struct {
-            QWidget& widget;
-            const char* name;
-        } order[] = {
+        const std::pair<QWidget&, const char*> order[] = {
             {window.GetList(), "Format:"},
-            {field, "Count:"},
+            {window.GetCountWidget().GetField(), "Count:"},
             {GetButton(window, QDialogButtonBox::Ok), "OK"},
             {GetButton(window, QDialogButtonBox::Cancel), "Cancel"},
         };
-        for (const auto& row : order) {
-            EXPECT_EQ(window.focusWidget(), &row.widget) << row.name;
-            EXPECT_EQ(GetSpokenName(row.widget), QLatin1String(row.name));
+        for (const auto& [widget, name] : order) {
+            EXPECT_EQ(window.focusWidget(), &widget) << name;
+            EXPECT_EQ(GetSpokenName(widget), QLatin1String(name));
             QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
         }
         window.close();

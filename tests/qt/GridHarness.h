@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <QTest>
+#include <QtWidgets>
 
 #include <memory>
 #include <utility>

@@ -9,18 +9,6 @@
 #include "platform/MessageLoop.h"
 #include "qt/QtText.h"
 
-#include <QAbstractItemView>
-#include <QAccessible>
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
-#include <QDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QScrollBar>
-#include <QToolButton>
-#include <QWheelEvent>
-
 #include "tests/qt/GridHarness.h"
 
 #include <stdexcept>
@@ -135,34 +123,27 @@ TEST_F(GridWidget, ButtonsCallAndShowAHand)
 
 TEST_F(GridWidget, EditorsEndByKeys)
 {
-    const struct {
-        ERow row;
-        const char* typed;
-        Qt::Key end;
-        const char* after; // the text, and the changes that were told
-        unsigned int beeps;
-    } cases[] = {
+    const std::tuple<ERow, const char*, Qt::Key, const char*, unsigned int> cases[] = {
         {Text, "new", Qt::Key_Return, "new 3", 0},  {Text, "other", Qt::Key_Escape, "new", 0},
         {Text, "tab", Qt::Key_Tab, "tab 3", 0},     {Masked, "B12", Qt::Key_Enter, "B-12 4", 0},
         {Masked, "Z99", Qt::Key_Return, "B-12", 0}, {Spin, "3.25", Qt::Key_Return, "3.25 5", 0},
         {Spin, "x", Qt::Key_Return, "3.25", 1},
     };
-    for (const auto& row : cases) {
-        const std::size_t beeps = m_boxes.GetBeeps().size();
-        Select(row.row);
-        QTest::keyClick(m_shown.grid, row.typed[0]);
+    // `after`: the text, and the changes that were told.
+    for (const auto& [row, typed, end, after, beeps] : cases) {
+        const std::size_t beepsBefore = m_boxes.GetBeeps().size();
+        Select(row);
+        QTest::keyClick(m_shown.grid, typed[0]);
         auto* const editor = Editor<QLineEdit>();
-        ASSERT_TRUE(editor) << row.typed;
-        EXPECT_TRUE(editor->hasFocus());
-        QTest::keyClicks(editor, QString::fromUtf8(row.typed + 1));
-        QTest::keyClick(editor, row.end);
-        const bool next = row.end == Qt::Key_Tab;
-        EXPECT_EQ(Editor<QLineEdit>() != nullptr && Grid().GetSelection().GetFocus().row == row.row + 1U,
-                  next);
+        ASSERT_TRUE(editor && editor->hasFocus()) << typed;
+        QTest::keyClicks(editor, QString::fromUtf8(typed + 1));
+        QTest::keyClick(editor, end);
+        const bool next = Editor<QLineEdit>() != nullptr && Grid().GetSelection().GetFocus().row == row + 1U;
+        EXPECT_EQ(next, end == Qt::Key_Tab);
         if (next)
             QTest::keyClick(Editor<QLineEdit>(), Qt::Key_Escape);
-        EXPECT_EQ(After(row.row), row.after) << row.typed;
-        EXPECT_EQ(m_boxes.GetBeeps().size() - beeps, row.beeps) << row.typed;
+        EXPECT_EQ(After(row), after) << typed;
+        EXPECT_EQ(m_boxes.GetBeeps().size() - beepsBefore, beeps) << typed;
         EXPECT_TRUE(m_shown.grid->hasFocus());
     }
     Select(Text);
@@ -232,27 +213,21 @@ TEST_F(GridWidget, ArrowsOfNumbersStep)
 
 TEST_F(GridWidget, ListsDropDown)
 {
-    const struct {
-        std::function<void()> open;
-        Qt::Key key;
-        Qt::Key end;
-        const char* after;
-    } cases[] = {
+    const std::tuple<std::function<void()>, Qt::Key, Qt::Key, const char*> cases[] = {
         {[&] { m_shown.Key(Qt::Key_Return); }, Qt::Key_End, Qt::Key_Return, "\u00B5m 6"},
         {[&] { m_shown.Key(Qt::Key_Space); }, Qt::Key_Up, Qt::Key_Return, "mm 6"},
         {[&] { m_shown.Click(RectOf(List).topRight() + QPoint(-5, 5)); }, Qt::Key_Up, Qt::Key_Escape, "mm"},
         {[&] { QTest::keyClick(m_shown.grid, 'n'); }, Qt::Key_F5, Qt::Key_Return, "nm 6"},
     };
-    for (const auto& row : cases) {
+    for (const auto& [open, key, end, after] : cases) {
         Select(List);
-        row.open();
+        open();
         auto* const box = Editor<QComboBox>();
-        ASSERT_TRUE(box) << row.after << row.key;
-        EXPECT_TRUE(box->view()->isVisible());
-        QTest::keyClick(box->view(), row.key);
-        QTest::keyClick(box->view(), row.end);
+        ASSERT_TRUE(box && box->view()->isVisible()) << after << key;
+        QTest::keyClick(box->view(), key);
+        QTest::keyClick(box->view(), end);
         QCoreApplication::processEvents();
-        EXPECT_EQ(After(List), row.after);
+        EXPECT_EQ(After(List), after);
         EXPECT_FALSE(Grid().IsEditing());
         EXPECT_TRUE(QTest::qWaitFor([&] { return m_shown.grid->hasFocus(); }));
     }
@@ -260,10 +235,6 @@ TEST_F(GridWidget, ListsDropDown)
 
 TEST_F(GridWidget, CallbacksMayDestroyTheWidget)
 {
-    const auto type = [](GridWidget& test) {
-        test.Select(Text);
-        QTest::keyClick(test.m_shown.grid, 'x');
-    };
     const auto press = [](GridWidget& test) {
         QAccessibleInterface* const table = QAccessible::queryAccessibleInterface(test.m_shown.grid);
         table->child(2 * Check + 1)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
@@ -279,8 +250,7 @@ TEST_F(GridWidget, CallbacksMayDestroyTheWidget)
         {true, [](GridWidget& test) { test.m_shown.grid->verticalScrollBar()->setValue(7); }},
         {false,
          [](GridWidget& test) {
-             test.Select(List);
-             QTest::keyClick(test.m_shown.grid, 'n');
+             test.Select(List), QTest::keyClick(test.m_shown.grid, 'n');
              QTest::keyClick(test.Editor<QComboBox>()->view(), Qt::Key_Return);
          }},
     };
@@ -291,7 +261,7 @@ TEST_F(GridWidget, CallbacksMayDestroyTheWidget)
         test.m_deletes = true;
         test.m_shown.grid->resize(400, 100);
         if (typed)
-            type(test);
+            test.Select(Text), QTest::keyClick(test.m_shown.grid, 'x');
         act(test);
         QCoreApplication::processEvents();
         EXPECT_FALSE(test.m_shown.grid);
@@ -302,26 +272,22 @@ TEST_F(GridWidget, AWindowThatIsDestroyedWhileTheUserTypesIsNotCalled)
 {
     // Its part of the object is gone when Qt takes the focus away.
     struct SWindow : QWidget {
-        explicit SWindow(std::string& changes)
-            : grid(new CGridCtrlWidget(this))
-            , m_changes(changes)
-        {
-            grid->GetGrid().SetChangeCallback(*this, &SWindow::OnChange);
-            grid->GetGrid().AddColumn({u"Value", 100});
-            grid->GetGrid().AddRow().Emplace<CGridItem>(u"old");
-        }
-        void OnChange(CGridItem&, int) { m_changes += "called"; }
-
-        CGridCtrlWidget* grid;
-        std::string& m_changes;
+        void OnChange(CGridItem&, int) { *changes += "called"; }
+        CGridCtrlWidget* grid = new CGridCtrlWidget(this);
+        std::string* changes = nullptr;
     };
-    auto window = std::make_unique<SWindow>(m_changes);
+    auto window = std::make_unique<SWindow>();
+    window->changes = &m_changes;
+    CGridCtrl& grid = window->grid->GetGrid();
+    grid.SetChangeCallback(*window, &SWindow::OnChange);
+    grid.AddColumn({u"Value", 100});
+    grid.AddRow().Emplace<CGridItem>(u"old");
     window->show();
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
     window->grid->setFocus();
     QTest::keyClick(window->grid, 'x');
-    ASSERT_TRUE(window->grid->GetGrid().IsEditing());
+    ASSERT_TRUE(grid.IsEditing());
     window.reset();
     EXPECT_EQ(m_changes, "");
 }

@@ -8,21 +8,8 @@
 #include "qt/edits/QtStepSizePopup.h"
 
 #include <gtest/gtest.h>
-#include <QAccessible>
-#include <QApplication>
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QLabel>
-#include <QPointer>
-#include <QPushButton>
-#include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QShortcut>
 #include <QTest>
-#include <QToolButton>
-#include <QWheelEvent>
+#include <QtWidgets>
 
 #include <functional>
 #include <memory>
@@ -100,35 +87,13 @@ public:
 class CAnnouncingField : public CQtEditField
 {
 public:
-    CAnnouncingField()
-        : CQtEditField(nullptr)
-    {
-    }
+    using CQtEditField::CQtEditField;
     void Announce(QAccessibleEvent& event) override
     {
         EXPECT_EQ(event.type(), QAccessible::ValueChanged);
         heard.push_back(static_cast<QAccessibleValueChangeEvent&>(event).value().toDouble());
     }
     std::vector<double> heard;
-};
-
-// Its numbers are called back after the dialog's own members are gone, if they are called at all.
-class CTypedDialog : public QDialog
-{
-public:
-    explicit CTypedDialog(int& calls)
-        : edit(new CFloatEditWidget(this))
-        , m_calls(calls)
-    {
-        edit->GetEdit().SetChangeNotification(*this, &CTypedDialog::OnChanged);
-    }
-
-    CFloatEditWidget* edit;
-
-private:
-    void OnChanged(float) { ++m_calls; }
-
-    int& m_calls;
 };
 
 } // namespace
@@ -149,7 +114,8 @@ TEST_F(NumericEditWidget, KeysAndWheelReachTheControl)
         EXPECT_EQ(shortcuts, 0) << "the field comes first";
     }
     QTest::keyClick(&Field(), Qt::Key_Up, Qt::ControlModifier);
-    EXPECT_FALSE(Turn(Field(), 0, Qt::ControlModifier));
+    EXPECT_FALSE(Turn(Field(), 0, Qt::ControlModifier) || Turn(m_count->GetField(), -120, Qt::NoModifier));
+    EXPECT_TRUE(Field().hasFocus());
     EXPECT_TRUE(Turn(Field(), -240, Qt::ControlModifier));
     EXPECT_EQ(m_changes, (std::vector<float>{2.5F, 2.6F, 2.4F}));
     Enter(QStringLiteral("99"));
@@ -162,20 +128,6 @@ TEST_F(NumericEditWidget, KeysAndWheelReachTheControl)
     QTest::keyClick(&m_count->GetField(), Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_TRUE(Field().hasFocus());
     EXPECT_EQ(Field().selectedText(), QStringLiteral("8.00"));
-}
-
-TEST_F(NumericEditWidget, WheelOverAnUnfocusedFieldScrollsThePage)
-{
-    QScrollArea area;
-    auto* const page = new QWidget;
-    auto* const edit = new CIntEditWidget(page);
-    page->setFixedSize(200, 2000);
-    area.setWidget(page);
-    area.resize(220, 200);
-    area.show();
-    Turn(edit->GetField(), -120, Qt::NoModifier);
-    EXPECT_GT(area.verticalScrollBar()->value(), 0);
-    EXPECT_EQ(edit->GetEdit().GetValue(), 0);
 }
 
 TEST_F(NumericEditWidget, SpinButtonStepsAndGivesTheFieldTheFocus)
@@ -256,12 +208,9 @@ TEST_F(NumericEditWidget, PopUpStaysOnTheScreen)
         m_cutoff->GetEdit().GetSpinButton().OnPointerEntered();
         m_timers.Advance(3 * c_SlideStepTime);
         const int edge = spin.mapToGlobal(QPoint(missing ? 0 : spin.width(), 0)).x();
-        const int width = spin.height() * 4 / 9;
-        EXPECT_EQ(popup.geometry().left(), missing ? edge - width : edge);
-        EXPECT_EQ(popup.width(), width);
+        EXPECT_EQ(missing ? popup.geometry().right() + 1 : popup.geometry().left(), edge);
         const QWidget& half = popup.GetButton(CStepSizeBtn::EType::Larger);
-        EXPECT_EQ(half.x(), missing ? width - spin.height() : 0) << "the picture does not move";
-        EXPECT_EQ(half.width(), spin.height());
+        EXPECT_EQ(half.x(), missing ? popup.width() - spin.height() : 0) << "the picture does not move";
         m_timers.Advance(9 * c_SlideStepTime);
         EXPECT_EQ(popup.geometry().left(), missing ? edge - spin.height() : edge);
     }
@@ -310,26 +259,23 @@ TEST_F(NumericEditWidget, ScreenReadersHearANumber)
     EXPECT_EQ(text->role(), QAccessible::EditableText);
     EXPECT_EQ(text->valueInterface(), nullptr);
 
-    const struct {
-        QWidget& widget;
-        const char* name;
-    } buttons[] = {
+    const std::pair<QWidget&, const char*> buttons[] = {
         {m_cutoff->GetSpinButton().GetUpButton(), "Increase"},
         {m_cutoff->GetSpinButton().GetDownButton(), "Decrease"},
         {m_cutoff->GetStepSizePopup().GetButton(CStepSizeBtn::EType::Larger), "Ten Times Larger Steps"},
         {m_cutoff->GetStepSizePopup().GetButton(CStepSizeBtn::EType::Smaller), "Ten Times Smaller Steps"},
     };
-    for (const auto& row : buttons) {
-        const QAccessibleInterface* const button = QAccessible::queryAccessibleInterface(&row.widget);
-        EXPECT_EQ(button->text(QAccessible::Name), QString::fromUtf8(row.name));
-        EXPECT_EQ(button->role(), QAccessible::Button) << row.name;
+    for (const auto& [widget, name] : buttons) {
+        const QAccessibleInterface* const button = QAccessible::queryAccessibleInterface(&widget);
+        EXPECT_EQ(button->text(QAccessible::Name), QString::fromUtf8(name));
+        EXPECT_EQ(button->role(), QAccessible::Button) << name;
     }
 }
 
 TEST_F(NumericEditWidget, ScreenReadersHearOfChangesAndMakeThem)
 {
     CFloatEdit edit;
-    CAnnouncingField field;
+    CAnnouncingField field(nullptr);
     edit.SetView(&field);
     edit.Setup(1, 0, 2e6F, 0.5F);
     edit.SetValue(1);
@@ -416,8 +362,16 @@ TEST_F(NumericEditWidget, AnExceptionOfACallbackReachesTheLoop)
 
 TEST_F(NumericEditWidget, ADialogThatIsDestroyedWhileTheUserTypesIsNotCalled)
 {
+    // Its members are gone when Qt takes the focus away.
+    struct SDialog : QDialog {
+        void OnChanged(float) { ++*calls; }
+        CFloatEditWidget* edit = new CFloatEditWidget(this);
+        int* calls = nullptr;
+    };
     int calls = 0;
-    auto dialog = std::make_unique<CTypedDialog>(calls);
+    auto dialog = std::make_unique<SDialog>();
+    dialog->calls = &calls;
+    dialog->edit->GetEdit().SetChangeNotification(*dialog, &SDialog::OnChanged);
     dialog->show();
     dialog->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));

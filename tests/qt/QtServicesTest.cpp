@@ -8,16 +8,8 @@
 #include "tests/qt/WhenShown.h"
 
 #include <gtest/gtest.h>
-#include <QApplication>
-#include <QClipboard>
-#include <QDir>
-#include <QFile>
-#include <QFileDialog>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
+#include <QtWidgets>
 
 #include <functional>
 #include <memory>
@@ -69,12 +61,9 @@ TEST(QtServices, AreInUseAsLongAsTheyLive)
         EXPECT_NE(&GetTimerService(), &timers);
         EXPECT_EQ(&GetFileDialogService(), &inner.GetFileDialogs());
     }
-    EXPECT_EQ(&GetTimerService(), &timers);
-    EXPECT_EQ(&GetMessageLoop(), &loop);
-    EXPECT_EQ(&GetMessageBoxService(), &boxes);
-    EXPECT_EQ(&GetFileDialogService(), &dialogs);
-    EXPECT_EQ(&GetClipboard(), &clipboard);
-    EXPECT_EQ(&GetFolders(), &folders);
+    EXPECT_EQ(std::tuple(&GetTimerService(), &GetMessageLoop()), std::tuple(&timers, &loop));
+    EXPECT_EQ(std::tuple(&GetMessageBoxService(), &GetFileDialogService()), std::tuple(&boxes, &dialogs));
+    EXPECT_EQ(std::tuple(&GetClipboard(), &GetFolders()), std::tuple(&clipboard, &folders));
 }
 
 TEST(QtServices, TimersTickInALoopUntilTheyAreStopped)
@@ -82,8 +71,7 @@ TEST(QtServices, TimersTickInALoopUntilTheyAreStopped)
     CTicks ticks;
     EXPECT_TRUE(ticks.m_timer.SetRunning(true));
     GetMessageLoop().RunUntil([&] { return ticks.count == 3; });
-    EXPECT_FALSE(ticks.m_timer.IsRunning());
-    EXPECT_FALSE(GetTimerService().Kill(0));
+    EXPECT_FALSE(ticks.m_timer.IsRunning() || GetTimerService().Kill(0));
 
     ticks.count = 0;
     ticks.fails = true;

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QApplication>
-#include <QTimer>
+#include <QtWidgets>
 
 #include <functional>
 
