@@ -78,24 +78,48 @@ void WriteFile(const fs::path& path, const std::string& bytes)
         throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
 }
 
-// Writes both reports to a folder that is there, or neither: when the second cannot be written, the first is
-// as it was.
-void WriteReports(const Measurement::CReportTables& report, const fs::path& folder)
+// A file with a new content, which goes again unless it is kept: the file is then as it was.
+class CReplacedFile
 {
-    const fs::path html = folder / "report.html";
-    std::string before;
-    CommonUI::CStr reason;
-    const bool existed = CommonUI::ReadFileBytes(html.u16string(), before, before.max_size(), reason);
-    WriteFile(html, report.GetHtml());
-    try {
-        WriteFile(folder / "report.txt", report.GetText());
-    } catch (const std::runtime_error&) {
-        if (existed)
-            WriteFile(html, before);
-        else
-            fs::remove(html);
-        throw;
+public:
+    CReplacedFile(const fs::path& path, const std::string& bytes)
+        : m_path(path)
+    {
+        CommonUI::CStr reason;
+        m_existed = CommonUI::ReadFileBytes(path.u16string(), m_before, m_before.max_size(), reason);
+        WriteFile(path, bytes);
     }
+    ~CReplacedFile()
+    {
+        CommonUI::CStr ignored;
+        std::error_code error;
+        if (m_isKept)
+            return;
+        if (m_existed)
+            CommonUI::ReplaceFileBytes(m_path.u16string(), m_before, ignored);
+        else
+            fs::remove(m_path, error);
+    }
+    CReplacedFile(const CReplacedFile&) = delete;
+    CReplacedFile& operator=(const CReplacedFile&) = delete;
+
+    void Keep() { m_isKept = true; }
+
+private:
+    fs::path m_path;
+    std::string m_before{};
+    bool m_existed = false;
+    bool m_isKept = false;
+};
+
+// Writes both reports to a folder that is there and saves the preferences, or does nothing of all that.
+void WriteAll(const Measurement::CReportTables& report, const fs::path& folder, CPreferencesFile& preferences)
+{
+    CReplacedFile html(folder / "report.html", report.GetHtml());
+    CReplacedFile text(folder / "report.txt", report.GetText());
+    preferences.Save();
+    html.Keep();
+    text.Keep();
 }
 
 // Has the user's own sets looked for in the options' folder as long as the object lives.
@@ -148,8 +172,7 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
             "--settings", [&] { return Process(std::move(surface), choices.method.levelling, steps); });
         const Measurement::CReportTables report(ComputeResults(input, choices), options.transpose);
         fs::create_directories(options.output); // what fails more often than writing comes first
-        preferences.Save();
-        WriteReports(report, options.output);
+        WriteAll(report, options.output, preferences);
         Print(TerminalText(report), out);
     } catch (const CommonUI::Analysis::ENoPoints& error) {
         throw std::runtime_error(options.input.string() + ": " + error.what());

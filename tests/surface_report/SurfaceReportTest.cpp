@@ -137,13 +137,23 @@ TEST_F(ReportProgram, GrainsAndPoresAreReportedOneToARow)
     EXPECT_NE(m_out.str().find("Shape Count                        1\n"), std::string::npos) << m_out.str();
 }
 
-TEST_F(ReportProgram, BothReportsAreReplacedOrNeither)
+TEST_F(ReportProgram, ReportsAndPreferencesAreReplacedOrNothing)
 {
-    const std::string sample = c_sample.string();
+    const fs::path file = m_folder / "choices.ini";
+    const auto run = [&](const fs::path& preferences) {
+        return Run({c_sample.string(), "--out", Out().string(), "--preferences", preferences.string(),
+                    "--set", "Sa=off", "--settings", "PlaneCorr[Id(4)]"});
+    };
     fs::create_directories(Out() / "report.txt"); // a folder, which cannot be replaced by a file
-    EXPECT_EQ(Run({sample, "--out", Out().string()}), 1);
+    EXPECT_EQ(run(file), 1);
     EXPECT_FALSE(fs::exists(Out() / "report.html"));
+    EXPECT_FALSE(fs::exists(file)) << "neither the change nor the set that was used";
     std::ofstream(Out() / "report.html") << "before";
-    EXPECT_EQ(Run({sample, "--out", Out().string()}), 1);
+    EXPECT_EQ(run(file), 1);
     EXPECT_EQ(BytesOf(Out() / "report.html"), "before");
+    fs::remove(Out() / "report.txt");
+    EXPECT_EQ(run(m_folder / "no" / "folder.ini"), 1) << "the preferences cannot be saved";
+    EXPECT_EQ(BytesOf(Out() / "report.html"), "before");
+    EXPECT_FALSE(fs::exists(Out() / "report.txt"));
+    EXPECT_EQ(run(file), 0) << m_err.str();
 }
