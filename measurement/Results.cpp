@@ -2,9 +2,11 @@
 
 #include "analysis/areal/ArealParameters.h"
 #include "analysis/areal/TemplateParameters.h"
+#include "analysis/filter/SurfaceFilter.h"
 #include "analysis/grain/GrainMeasures.h"
 #include "analysis/numeric/Statistics.h"
 #include "analysis/profile/ProfileParameters.h"
+#include "analysis/profile/SplitProfile.h"
 #include "measurement/detail/AnalysisKey.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
@@ -149,12 +151,39 @@ std::vector<SColumn> ProfileColumns(const SSurface& surface, const SChoices& cho
     return MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
 }
 
+// A cut-off that nobody has asked for is not refused: where it is not usable, its parameters have no values.
+void CheckCutoff(const SSurface& surface, const SMethod& method)
+{
+    if (!method.cutoff)
+        return;
+    const Analysis::SIsoGaussianFilter filter{.extent = Analysis::EGaussianExtent::Profile,
+                                              .cutoff = *method.cutoff};
+    if (const std::string_view refusal = Analysis::FindRefusal(surface, filter); !refusal.empty())
+        throw ERequest(u"", CStr::FromUtf8(refusal));
+}
+
+// The cut-off, and what it makes of profile elements: without it nobody can compare their widths and heights.
+void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& results)
+{
+    const double cutoff = method.cutoff.value_or(Analysis::DefaultCutoff(surface.points, surface.dx));
+    const Analysis::CProfileSplitter splitter(surface.points, surface.dx, cutoff);
+    const CStr width = LengthText(splitter.GetLeastWidth() * surface.dx);
+    results.summary.emplace_back(u"Cut-off", LengthText(cutoff));
+    results.summary.emplace_back(
+        u"Profile elements", u"peaks and valleys beyond 5 % of the height to either side of the mean line, "
+                             u"at least " +
+                                 width + u" wide (1 % of the cut-off)");
+}
+
 SResults RoughnessResults(const SInput& input, const SChoices& choices)
 {
+    CheckCutoff(input.surface, choices.method);
     SResults results = Describe(input);
     results.surface = SurfaceColumns(input, choices);
     results.rowName = u"Profile";
     results.columns = ProfileColumns(input.surface, choices);
+    if (!results.columns.empty())
+        DescribeProfiles(input.surface, choices.method, results);
     results.statistics = choices.statistics;
     for (SColumn& column : results.columns)
         column.statistics = Analysis::ComputeStatistics(column.values, FractileShare(results.statistics));

@@ -170,7 +170,9 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
     try {
         const Measurement::SInput input = ForOption(
             "--settings", [&] { return Process(std::move(surface), choices.method.levelling, steps); });
-        const Measurement::CReportTables report(ComputeResults(input, choices), options.transpose);
+        const Measurement::SResults results =
+            ForOption("--cutoff", [&] { return ComputeResults(input, choices); });
+        const Measurement::CReportTables report(results, options.transpose);
         fs::create_directories(options.output); // what fails more often than writing comes first
         WriteAll(report, options.output, preferences);
         Print(TerminalText(report), out);
