@@ -20,7 +20,7 @@ CStr OneLine(const CStr& text)
 {
     std::u16string line(text.View());
     std::ranges::replace_if(
-        line, [](char16_t unit) { return unit < u' '; }, u' ');
+        line, [](char16_t unit) { return unit < u' ' || (unit >= 0x7F && unit <= 0x9F); }, u' ');
     return line;
 }
 

@@ -78,6 +78,35 @@ void WriteFile(const fs::path& path, const std::string& bytes)
         throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
 }
 
+// A folder that is made where there is none, with those above it, and goes again unless it is kept.
+class CMadeFolder
+{
+public:
+    // Delegates, so that the destructor undoes what was made before it failed.
+    explicit CMadeFolder(const fs::path& folder)
+        : CMadeFolder()
+    {
+        for (fs::path path = folder; !path.empty() && !fs::exists(path); path = path.parent_path())
+            m_made.push_back(path);
+        fs::create_directories(folder);
+    }
+    ~CMadeFolder()
+    {
+        std::error_code ignored;
+        for (const fs::path& path : m_made)
+            fs::remove(path, ignored);
+    }
+    CMadeFolder(const CMadeFolder&) = delete;
+    CMadeFolder& operator=(const CMadeFolder&) = delete;
+
+    void Keep() { m_made.clear(); }
+
+private:
+    CMadeFolder() = default;
+
+    std::vector<fs::path> m_made{}; // the deepest first
+};
+
 // A file with a new content, which goes again unless it is kept: the file is then as it was.
 class CReplacedFile
 {
@@ -173,8 +202,9 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
         const Measurement::SResults results =
             ForOption("--cutoff", [&] { return ComputeResults(input, choices); });
         const Measurement::CReportTables report(results, options.transpose);
-        fs::create_directories(options.output); // what fails more often than writing comes first
+        CMadeFolder folder(options.output);
         WriteAll(report, options.output, preferences);
+        folder.Keep();
         Print(TerminalText(report), out);
     } catch (const CommonUI::Analysis::ENoPoints& error) {
         throw std::runtime_error(options.input.string() + ": " + error.what());
