@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace CommonUI::Measurement
 {
@@ -102,11 +103,11 @@ private:
     std::vector<std::string_view> m_views{};
 };
 
-// What was computed under a key; nothing if that was not computed.
-std::vector<double> ValuesOf(const std::vector<SValues>& table, std::string_view key)
+// Takes out what was computed under a key; nothing if that was not computed.
+std::vector<double> TakeValues(std::vector<SValues>& table, std::string_view key)
 {
     const auto found = std::ranges::find(table, key, &SValues::key);
-    return found == table.end() ? std::vector<double>() : found->values;
+    return found == table.end() ? std::vector<double>() : std::exchange(found->values, {});
 }
 
 // Of the raw surface, if there is one, and of the processed one.
@@ -128,7 +129,7 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
     const auto valuesOf = [&](const CParameter& parameter) {
         const std::string key = AnalysisKey(parameter);
         if (!parameter.HasParent())
-            return ValuesOf(table, key);
+            return TakeValues(table, key);
         std::vector<double> values;
         values.reserve(surfaces.size());
         for (const SSurface* surface : surfaces)
@@ -140,13 +141,13 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
 
 std::vector<SColumn> ProfileColumns(const SSurface& surface, const SChoices& choices)
 {
-    const std::vector<SValues> table =
+    std::vector<SValues> table =
         Analysis::ComputeProfiles(surface, CKeys(choices.rows).Get(), choices.method.cutoff);
     const auto valuesOf = [&](const CParameter& parameter) {
         const std::string key = AnalysisKey(parameter);
         return parameter.HasParent() ? Analysis::ComputeLineTemplates(surface, key, VariableValues(parameter),
                                                                       choices.method.cutoff)
-                                     : ValuesOf(table, key);
+                                     : TakeValues(table, key);
     };
     return MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
 }
@@ -193,10 +194,10 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
 SResults GrainResults(const SInput& input, const SChoices& choices, const SGrainLimit& limit)
 {
     const bool pores = limit.kind == EGrainKind::Pore;
-    const Analysis::SGrains grains =
+    Analysis::SGrains grains =
         Analysis::MeasureGrains(input.surface, limit.threshold, limit.kind, CKeys(choices.rows).Get());
     const auto valuesOf = [&grains](const CParameter& parameter) {
-        return ValuesOf(grains.columns, AnalysisKey(parameter));
+        return TakeValues(grains.columns, AnalysisKey(parameter));
     };
     SResults results = Describe(input);
     const auto& items = GetMeasureSummaryItemsEnum();

@@ -199,9 +199,8 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
     try {
         const Measurement::SInput input = ForOption(
             "--settings", [&] { return Process(std::move(surface), choices.method.levelling, steps); });
-        const Measurement::SResults results =
-            ForOption("--cutoff", [&] { return ComputeResults(input, choices); });
-        const Measurement::CReportTables report(results, options.transpose);
+        const Measurement::CReportTables report(
+            ForOption("--cutoff", [&] { return ComputeResults(input, choices); }), options.transpose);
         CMadeFolder folder(options.output);
         WriteAll(report, options.output, preferences);
         folder.Keep();
