@@ -31,7 +31,7 @@ struct SChange {
 
 SChange ParseChange(const CStr& text)
 {
-    constexpr std::u16string_view statistic = u"statistic.";
+    constexpr std::u16string_view c_statistic = u"statistic.";
     SChange change{.text = text};
     std::u16string_view left = text.View().substr(0, text.Find(u'='));
     if (left.size() == text.GetLength())
@@ -42,9 +42,9 @@ SChange ParseChange(const CStr& text)
         change.arguments = right[1].Split(u",");
     if (right.size() > 2)
         change.Fail(u"it has one colon too many");
-    change.statistic = left.starts_with(statistic);
+    change.statistic = left.starts_with(c_statistic);
     if (change.statistic)
-        left.remove_prefix(statistic.size());
+        left.remove_prefix(c_statistic.size());
     for (const std::u16string_view aspect : {u".unit", u".format"}) {
         if (left.ends_with(aspect)) {
             change.aspect = aspect.substr(1);
@@ -120,7 +120,7 @@ bool IsPercentage(double number)
 // The values of a template's variables.
 std::vector<double> VariableValues(const SChange& change, const CParameter& parent)
 {
-    const std::vector<double> values = Numbers(change);
+    std::vector<double> values = Numbers(change);
     if (values.size() != parent.GetVariableCount())
         change.Fail(CStr::Format(u"it takes %d values", parent.GetVariableCount()));
     for (std::size_t i = 0; i < values.size(); ++i) {

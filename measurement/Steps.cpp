@@ -21,14 +21,14 @@ CStr TypeText(ESettingType type)
 
 CStr MenuPath(const SSettingsEntry& entry)
 {
-    constexpr std::u16string_view separator = u" / ";
-    CStr path = TypeText(entry.m_Type) + separator;
+    constexpr std::u16string_view c_separator = u" / ";
+    CStr path = TypeText(entry.m_Type) + c_separator;
     const auto groups = GetBuiltInSettingGroups();
     const auto group = std::ranges::find_if(groups, [id = entry.m_ID](const SBuiltInSettingGroup& row) {
         return row.first <= id && id <= row.last;
     });
     if (group != groups.end() && group->headingId != 0)
-        path += GetString(group->headingId) + separator;
+        path += GetString(group->headingId) + c_separator;
     return (path + entry.m_Name).TrimRight();
 }
 

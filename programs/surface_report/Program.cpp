@@ -37,10 +37,10 @@ public:
     CProgressLine(const fs::path& input, std::ostream& err)
         : m_err(err)
     {
-        constexpr std::uintmax_t longInput = 8 << 20;
+        constexpr std::uintmax_t c_longInput = 8 << 20;
         std::error_code error;
         const auto size = fs::file_size(input, error);
-        m_shown = !error && size >= longInput;
+        m_shown = !error && size >= c_longInput;
     }
     ~CProgressLine()
     {
