@@ -112,6 +112,25 @@ CUnit::EUnitFactor UnitOf(const SChange& change, const CParameter& parameter)
     return unit.GetFactor();
 }
 
+bool IsPercentage(double number)
+{
+    return IsWithin(number, 0, 100);
+}
+
+// The values of a template's variables.
+std::vector<double> VariableValues(const SChange& change, const CParameter& parent)
+{
+    std::vector<double> values = Numbers(change);
+    if (values.size() != parent.GetVariableCount())
+        change.Fail(CStr::Format(u"it takes %d values", parent.GetVariableCount()));
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const bool isShare = parent.GetVariable(i).GetDimension() == CParameter::EDimension::Percent;
+        if (isShare && !IsPercentage(values[i]))
+            change.Fail(u"\"" + change.arguments[i] + u"\" is no percentage, 0 to 100");
+    }
+    return values;
+}
+
 bool IsInstance(const CParameter& parameter, const CParameter& parent, const std::vector<double>& values)
 {
     return parameter.GetParentValue() == parent.GetValue() &&
@@ -129,7 +148,7 @@ void EditTemplate(CAnalysisPreferencesManager& manager, EAnalysis analysis, cons
         manager.SetDataParameters(analysis, list);
         return;
     }
-    const std::vector<double> values = Numbers(change);
+    const std::vector<double> values = VariableValues(change, parent);
     const auto same =
         std::ranges::find_if(list, [&](const CParameter& p) { return IsInstance(p, parent, values); });
     if (same != list.end()) {
@@ -139,7 +158,7 @@ void EditTemplate(CAnalysisPreferencesManager& manager, EAnalysis analysis, cons
         auto* roughness = dynamic_cast<CRoughnessAnalysisPreferencesData*>(copy.get());
         const auto id = static_cast<ERoughnessParameters>(parent.GetValue());
         if (!roughness || roughness->AddTemplateInstance(id, values) == CParameter::c_noParent)
-            change.Fail(CStr::Format(u"it takes %d values", parent.GetVariableCount()));
+            change.Fail(u"no parameter can be made from it");
         list = roughness->GetParameters();
     }
     manager.SetDataParameters(analysis, list);
@@ -190,7 +209,7 @@ bool EditStatistics(CAnalysisPreferencesManager& manager, EAnalysis analysis, co
     found->SetOn(OnOff(change));
     const std::vector<double> values = Numbers(change);
     const bool isFractile = found->IsOn() && *found == static_cast<int>(EStatistics::Fractile);
-    if (values.size() > (isFractile ? 1U : 0U) || (values.size() == 1 && !IsWithin(values[0], 0, 100)))
+    if (values.size() > (isFractile ? 1U : 0U) || (values.size() == 1 && !IsPercentage(values[0])))
         change.Fail(u"only Fractile=on takes a value, 0 to 100");
     if (values.size() == 1)
         found->SetVariableValue(values[0]);

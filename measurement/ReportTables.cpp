@@ -15,12 +15,14 @@ using SCell = CGrid::SCellInfo;
 namespace
 {
 
+constexpr std::string_view c_lineEnd = "\r\n";
+
 // On one line and in one cell, whatever a file says of itself.
 CStr OneLine(const CStr& text)
 {
     std::u16string line(text.View());
     std::ranges::replace_if(
-        line, [](char16_t unit) { return unit < u' '; }, u' ');
+        line, [](char16_t unit) { return unit < u' ' || (unit >= 0x7F && unit <= 0x9F); }, u' ');
     return line;
 }
 
@@ -52,7 +54,27 @@ CStr HeaderOf(const CParameter& parameter)
     return symbol + u"\r\n" + GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard());
 }
 
-void FillRows(CGrid& grid, const SResults& results)
+std::size_t CountRows(const SResults& results)
+{
+    return results.columns.empty() ? 0 : results.columns.front().values.size();
+}
+
+CStr RowName(std::size_t index)
+{
+    return CStr::Format(u"%d", index + 1);
+}
+
+void AddRow(CGrid& grid, const SResults& results, std::size_t index)
+{
+    CGrid::SRow row{.name = RowName(index), .cells = {}};
+    row.cells.reserve(results.columns.size());
+    for (const SColumn& column : results.columns)
+        row.cells.push_back(column.GetText(column.values[index]));
+    grid.AddRow(std::move(row));
+}
+
+// The headers of the columns and the row of units.
+void FillHead(CGrid& grid, const SResults& results)
 {
     grid.SetNameHeader(results.rowName);
     CGrid::SRow units{.name = u"Unit", .cells = {}, .subHeader = true};
@@ -61,13 +83,6 @@ void FillRows(CGrid& grid, const SResults& results)
         units.cells.push_back(column.GetUnitText());
     }
     grid.AddRow(units);
-    const std::size_t count = results.columns.front().values.size();
-    for (std::size_t i = 0; i < count; ++i) {
-        CGrid::SRow row{.name = CStr::Format(u"%d", i + 1), .cells = {}};
-        for (const SColumn& column : results.columns)
-            row.cells.push_back(column.GetText(column.values[i]));
-        grid.AddRow(std::move(row));
-    }
 }
 
 // A statistic's text: numbers of values and percentages are not in the parameter's unit.
@@ -138,34 +153,108 @@ std::string Joined(std::initializer_list<CStr> texts, std::string_view separator
 
 } // namespace
 
-CReportTables::CReportTables(const SResults& results, bool transpose)
-    : m_title(EscapeMarkup(OneLine(results.title)).ToUtf8())
+CReportTables::CReportTables(SResults results, bool transpose)
+    : m_results(std::move(results))
+    , m_title(EscapeMarkup(OneLine(m_results.title)).ToUtf8())
     , m_transpose(transpose)
     , m_summary(SCell::Summary)
     , m_surface(SCell::Results)
     , m_rows(SCell::Results)
     , m_statistics(SCell::Statistics)
 {
-    for (const auto& [label, text] : results.summary)
+    for (const auto& [label, text] : m_results.summary)
         m_summary.AddRow({.name = label, .cells = {OneLine(text)}});
-    if (!results.surface.empty())
-        FillSurface(m_surface, results.surface);
-    if (!results.columns.empty()) {
-        FillRows(m_rows, results);
-        FillStatistics(m_statistics, results);
+    if (!m_results.surface.empty())
+        FillSurface(m_surface, m_results.surface);
+    if (m_results.columns.empty())
+        return;
+    FillHead(m_rows, m_results);
+    for (std::size_t i = 0; !HasTooManyRows() && i < CountRows(m_results); ++i)
+        AddRow(m_rows, m_results, i);
+    FillStatistics(m_statistics, m_results);
+}
+
+bool CReportTables::HasTooManyRows() const
+{
+    return CountRows(m_results) > c_mostRows;
+}
+
+// The rows and their statistics as text, some rows at a time.
+void CReportTables::AppendRows(std::string& text) const
+{
+    constexpr std::size_t c_atATime = 256;
+    const auto append = [&text](const CGrid& grid) {
+        CGrid::CCells cells;
+        grid.GetGridCells(cells, grid.GetType());
+        text += CGrid::GenerateResultsText(cells).ToUtf8();
+    };
+    CGrid part(SCell::Results);
+    FillHead(part, m_results);
+    CGrid::CCells headers;
+    part.GetGridHeaders(headers, SCell::Results);
+    text += CGrid::GenerateResultsText(headers).ToUtf8();
+    append(part);
+    const std::size_t count = CountRows(m_results);
+    for (std::size_t first = 0; first < count; first += c_atATime) {
+        part = CGrid(SCell::Results);
+        for (const CGrid::SColumn& column : m_rows.GetColumns())
+            part.AddColumn(column);
+        for (std::size_t i = first; i < std::min(count, first + c_atATime); ++i)
+            AddRow(part, m_results, i);
+        append(part);
+    }
+    append(m_statistics);
+}
+
+// The same with rows as columns: a line for each parameter.
+void CReportTables::AppendTurnedRows(std::string& text) const
+{
+    const auto append = [&text](const CStr& cell) {
+        text += '\t';
+        text += cell.ToUtf8();
+    };
+    const CGrid::SRow& units = m_rows.GetRows().front();
+    text += m_rows.GetNameHeader().ToUtf8();
+    append(units.name);
+    for (std::size_t i = 0; i < CountRows(m_results); ++i)
+        append(RowName(i));
+    for (const CGrid::SRow& statistic : m_statistics.GetRows())
+        append(statistic.name);
+    text += c_lineEnd;
+    for (std::size_t index = 0; index < m_results.columns.size(); ++index) {
+        const SColumn& column = m_results.columns[index];
+        text += m_rows.GetColumns()[index].header.Replace(u"\r\n", u" ").ToUtf8();
+        append(units.cells[index]);
+        for (const double value : column.values)
+            append(column.GetText(value));
+        for (const CGrid::SRow& statistic : m_statistics.GetRows())
+            append(m_statistics.GetCellText(statistic, index + 1));
+        text += c_lineEnd;
     }
 }
 
 std::string CReportTables::GetText() const
 {
-    return "\xEF\xBB\xBF" + Joined({CGrid::GenerateText(&m_summary, &m_surface, nullptr, m_transpose),
-                                    CGrid::GenerateText(nullptr, &m_rows, &m_statistics, m_transpose)},
-                                   "\r\n");
+    std::string text = "\xEF\xBB\xBF";
+    text += CGrid::GenerateText(&m_summary, &m_surface, nullptr, m_transpose).ToUtf8();
+    if (m_results.columns.empty())
+        return text;
+    text += c_lineEnd;
+    if (m_transpose)
+        AppendTurnedRows(text);
+    else
+        AppendRows(text);
+    return text;
 }
 
 std::string CReportTables::GetHtml() const
 {
-    const CGrid summary = EscapedSummary(m_summary);
+    CGrid summary = EscapedSummary(m_summary);
+    if (HasTooManyRows())
+        summary.AddRow(
+            {.name = m_results.rowName + u"s",
+             .cells = {CStr::Format(u"%d, too many for a page: they are in the text file beside it",
+                                    CountRows(m_results))}});
     CGrid::CCells profiles;
     m_rows.GetGridHeaders(profiles, SCell::Results);
     m_rows.GetGridCells(profiles, SCell::Results);

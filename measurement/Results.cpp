@@ -2,15 +2,18 @@
 
 #include "analysis/areal/ArealParameters.h"
 #include "analysis/areal/TemplateParameters.h"
+#include "analysis/filter/SurfaceFilter.h"
 #include "analysis/grain/GrainMeasures.h"
 #include "analysis/numeric/Statistics.h"
 #include "analysis/profile/ProfileParameters.h"
+#include "analysis/profile/SplitProfile.h"
 #include "measurement/detail/AnalysisKey.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace CommonUI::Measurement
 {
@@ -100,11 +103,11 @@ private:
     std::vector<std::string_view> m_views{};
 };
 
-// What was computed under a key; nothing if that was not computed.
-std::vector<double> ValuesOf(const std::vector<SValues>& table, std::string_view key)
+// Takes out what was computed under a key; nothing if that was not computed.
+std::vector<double> TakeValues(std::vector<SValues>& table, std::string_view key)
 {
     const auto found = std::ranges::find(table, key, &SValues::key);
-    return found == table.end() ? std::vector<double>() : found->values;
+    return found == table.end() ? std::vector<double>() : std::exchange(found->values, {});
 }
 
 // Of the raw surface, if there is one, and of the processed one.
@@ -126,7 +129,7 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
     const auto valuesOf = [&](const CParameter& parameter) {
         const std::string key = AnalysisKey(parameter);
         if (!parameter.HasParent())
-            return ValuesOf(table, key);
+            return TakeValues(table, key);
         std::vector<double> values;
         values.reserve(surfaces.size());
         for (const SSurface* surface : surfaces)
@@ -138,23 +141,50 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
 
 std::vector<SColumn> ProfileColumns(const SSurface& surface, const SChoices& choices)
 {
-    const std::vector<SValues> table =
+    std::vector<SValues> table =
         Analysis::ComputeProfiles(surface, CKeys(choices.rows).Get(), choices.method.cutoff);
     const auto valuesOf = [&](const CParameter& parameter) {
         const std::string key = AnalysisKey(parameter);
         return parameter.HasParent() ? Analysis::ComputeLineTemplates(surface, key, VariableValues(parameter),
                                                                       choices.method.cutoff)
-                                     : ValuesOf(table, key);
+                                     : TakeValues(table, key);
     };
     return MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
 }
 
+// A cut-off that nobody has asked for is not refused: where it is not usable, its parameters have no values.
+void CheckCutoff(const SSurface& surface, const SMethod& method)
+{
+    if (!method.cutoff)
+        return;
+    const Analysis::SIsoGaussianFilter filter{.extent = Analysis::EGaussianExtent::Profile,
+                                              .cutoff = *method.cutoff};
+    if (const std::string_view refusal = Analysis::FindRefusal(surface, filter); !refusal.empty())
+        throw ERequest(u"", CStr::FromUtf8(refusal));
+}
+
+// The cut-off, and what it makes of profile elements: without it nobody can compare their widths and heights.
+void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& results)
+{
+    const double cutoff = method.cutoff.value_or(Analysis::DefaultCutoff(surface.points, surface.dx));
+    const Analysis::CProfileSplitter splitter(surface.points, surface.dx, cutoff);
+    const CStr width = LengthText(splitter.GetLeastWidth() * surface.dx);
+    results.summary.emplace_back(u"Cut-off", LengthText(cutoff));
+    results.summary.emplace_back(
+        u"Profile elements", u"peaks and valleys beyond 5 % of the height to either side of the mean line, "
+                             u"at least " +
+                                 width + u" wide (1 % of the cut-off)");
+}
+
 SResults RoughnessResults(const SInput& input, const SChoices& choices)
 {
+    CheckCutoff(input.surface, choices.method);
     SResults results = Describe(input);
     results.surface = SurfaceColumns(input, choices);
     results.rowName = u"Profile";
     results.columns = ProfileColumns(input.surface, choices);
+    if (!results.columns.empty())
+        DescribeProfiles(input.surface, choices.method, results);
     results.statistics = choices.statistics;
     for (SColumn& column : results.columns)
         column.statistics = Analysis::ComputeStatistics(column.values, FractileShare(results.statistics));
@@ -164,10 +194,10 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
 SResults GrainResults(const SInput& input, const SChoices& choices, const SGrainLimit& limit)
 {
     const bool pores = limit.kind == EGrainKind::Pore;
-    const Analysis::SGrains grains =
+    Analysis::SGrains grains =
         Analysis::MeasureGrains(input.surface, limit.threshold, limit.kind, CKeys(choices.rows).Get());
     const auto valuesOf = [&grains](const CParameter& parameter) {
-        return ValuesOf(grains.columns, AnalysisKey(parameter));
+        return TakeValues(grains.columns, AnalysisKey(parameter));
     };
     SResults results = Describe(input);
     const auto& items = GetMeasureSummaryItemsEnum();

@@ -25,6 +25,7 @@ struct SResults {
 
 /// Analyses a surface: its roughness, beside that of the raw one, and that of its profiles, or its grains.
 /// Nothing is computed that the choices do not show.
+/// @throws ERequest when the cut-off that was asked for does not fit the profiles
 /// @throws Analysis::ENoPoints when the roughness is asked for and all points are missing
 COMMONUIMEASUREMENT_API SResults ComputeResults(const SInput& input, const SChoices& choices);
 

@@ -96,20 +96,18 @@ std::vector<SValues> ComputeProfiles(const SSurface& surface, std::span<const st
 std::vector<SValues> ComputeProfiles(const SSurface& surface, std::optional<double> cutoff)
 {
     const CProfileSplitter splitter = MakeSplitter(surface.points, surface.dx, cutoff);
-    std::vector<std::vector<SValue>> lines(surface.lines);
-    ComputeInShares(surface.lines, [&](std::size_t first, std::size_t last) {
-        for (std::size_t i = first; i < last; ++i)
-            lines[i] = ComputeLine(surface.GetLine(i), splitter);
-    });
-
     std::vector<SValues> table;
-    for (const std::vector<SValue>& values : lines) {
-        table.resize(values.size());
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            table[i].key = values[i].key;
-            table[i].values.push_back(values[i].value);
+    if (surface.lines == 0)
+        return table;
+    for (const SQuantity& quantity : GetProfileQuantities())
+        table.push_back({quantity.key, std::vector<double>(surface.lines)});
+    ComputeInShares(surface.lines, [&](std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i < last; ++i) {
+            const std::vector<SValue> values = ComputeLine(surface.GetLine(i), splitter);
+            for (std::size_t k = 0; k < values.size(); ++k)
+                table[k].values[i] = values[k].value;
         }
-    }
+    });
     return table;
 }
 

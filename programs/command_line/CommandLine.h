@@ -1,6 +1,7 @@
 #pragma once
 
 #include <exception>
+#include <filesystem>
 #include <initializer_list>
 #include <ostream>
 #include <stdexcept>
@@ -37,6 +38,17 @@ T ParseWord(const std::string& option, const std::string& text,
     throw EUsage(option + ": \"" + text + "\" is none of " + known);
 }
 
+/// The path that is given for an option, which has to be a text: some systems have names that are none.
+/// @throws EUsage
+std::filesystem::path ParsePath(const std::string& option, const std::string& text);
+
+/// A text that comes from a file or from somebody else, as one line for a terminal: "?" in place of control
+/// characters, which would command it, and U+FFFD for bytes that are no UTF-8.
+std::string ToTerminal(std::string_view text);
+
+/// What an error says: a path in front of the reason where it is one of the file system.
+std::string GetMessage(const std::exception& error);
+
 /// Has a program do its work. @return the exit status of the program: what the work returns, or 1, with the
 /// reason in one line, when it throws
 template<class FWork>
@@ -45,7 +57,7 @@ int Run(const char* program, std::ostream& err, FWork work)
     try {
         return work();
     } catch (const std::exception& error) {
-        err << program << ": " << error.what() << "\n";
+        err << program << ": " << ToTerminal(GetMessage(error)) << "\n";
         return 1;
     }
 }

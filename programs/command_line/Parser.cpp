@@ -13,7 +13,12 @@ namespace
 
 bool IsOption(std::string_view argument)
 {
-    return argument.starts_with("--");
+    return argument.size() > 1 && argument.starts_with('-');
+}
+
+std::string_view ToView(const char* argument)
+{
+    return argument;
 }
 
 } // namespace
@@ -35,6 +40,10 @@ void CParser::AddOptional(std::string_view option, FTakeValue take)
 
 void CParser::Parse(std::span<const char* const> arguments) const
 {
+    if (m_help && std::ranges::find(arguments, "--help", ToView) != arguments.end()) {
+        *m_help = true;
+        return;
+    }
     while (!arguments.empty())
         arguments = arguments.subspan(Take(arguments));
 }

@@ -18,13 +18,15 @@ using FTakeValue = std::function<void(const std::string& option, const std::stri
 class CParser
 {
 public:
+    /// --help. Where it stands, nothing else of the command line is looked at.
+    void AddHelp(bool& isAsked) { m_help = &isAsked; }
     /// An option without a value.
     void AddFlag(std::string_view option, bool& isSet);
     /// An option with a value, which is not empty.
     void Add(std::string_view option, FTakeValue take);
     /// An option whose value is empty where another option or nothing follows.
     void AddOptional(std::string_view option, FTakeValue take);
-    /// What is no option is the input. Without it there is none.
+    /// What does not begin with a hyphen is the input. Without it there is none.
     void AddInput(std::filesystem::path& input) { m_input = &input; }
 
     /// @param arguments without the program's name
@@ -43,6 +45,7 @@ private:
     void TakeInput(const std::string& argument) const;
 
     std::vector<SOption> m_options{};
+    bool* m_help = nullptr;
     std::filesystem::path* m_input = nullptr;
 };
 

@@ -10,8 +10,8 @@ using CommonUI::Analysis::ELevelling;
 void AddSurfaceOptions(CParser& parser, SSurfaceOptions& options, ELevelling& levelling)
 {
     parser.AddInput(options.input);
-    parser.AddFlag("--help", options.help);
-    parser.Add("--out", [&](auto&, auto& path) { options.output = path; });
+    parser.AddHelp(options.help);
+    parser.Add("--out", [&](auto& option, auto& path) { options.output = ParsePath(option, path); });
     parser.Add("--level", [&](auto& option, auto& word) {
         levelling = ParseWord<ELevelling>(
             option, word,

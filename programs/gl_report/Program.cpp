@@ -33,8 +33,9 @@ SOptions ParseOptions(std::span<const char* const> arguments)
 {
     SOptions options;
     CommandLine::CParser parser;
-    parser.AddFlag("--help", options.help);
-    parser.Add("--out", [&](auto&, auto& file) { options.output = file; });
+    parser.AddHelp(options.help);
+    parser.Add("--out",
+               [&](auto& option, auto& file) { options.output = CommandLine::ParsePath(option, file); });
     parser.Parse(arguments);
     return options;
 }

@@ -16,7 +16,8 @@ void AppendTrees(const std::vector<CSettingsFactory::CTree>& trees, std::size_t 
     for (const CSettingsFactory::CTree& tree : trees) {
         const auto& [name, id] = tree.GetValue();
         text += CStr(2 * depth, u' ');
-        text += id == SSettingsEntry::s_InvalidID ? name : CStr::Format(u"%3d  %s", id, name).TrimRight();
+        const CStr shown = CStr::FromUtf8(CommandLine::ToTerminal(name.ToUtf8()));
+        text += id == SSettingsEntry::s_InvalidID ? shown : CStr::Format(u"%3d  %s", id, shown).TrimRight();
         text += u'\n';
         AppendTrees(tree.GetChildren(), depth + 1, text);
     }

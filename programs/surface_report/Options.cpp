@@ -84,10 +84,13 @@ CommandLine::CParser MakeParser(SOptions& options)
     });
     parser.Add("--pores",
                [&](auto& option, auto& height) { TakeGrains(options, option, height, EGrainKind::Pore); });
-    parser.Add("--preferences", [&](auto&, auto& file) { options.preferences = file; });
+    parser.Add("--preferences",
+               [&](auto& option, auto& file) { options.preferences = CommandLine::ParsePath(option, file); });
     parser.Add("--set", [&](auto&, auto& change) { options.sets.push_back(CStr::FromUtf8(change)); });
     parser.Add("--settings", [&](auto&, auto& spec) { options.settings.push_back(CStr::FromUtf8(spec)); });
-    parser.Add("--settings-folder", [&](auto&, auto& folder) { options.settingsFolder = folder; });
+    parser.Add("--settings-folder", [&](auto& option, auto& folder) {
+        options.settingsFolder = CommandLine::ParsePath(option, folder);
+    });
     return parser;
 }
 

@@ -78,24 +78,77 @@ void WriteFile(const fs::path& path, const std::string& bytes)
         throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
 }
 
-// Writes both reports to a folder that is there, or neither: when the second cannot be written, the first is
-// as it was.
-void WriteReports(const Measurement::CReportTables& report, const fs::path& folder)
+// A folder that is made where there is none, with those above it, and goes again unless it is kept.
+class CMadeFolder
 {
-    const fs::path html = folder / "report.html";
-    std::string before;
-    CommonUI::CStr reason;
-    const bool existed = CommonUI::ReadFileBytes(html.u16string(), before, before.max_size(), reason);
-    WriteFile(html, report.GetHtml());
-    try {
-        WriteFile(folder / "report.txt", report.GetText());
-    } catch (const std::runtime_error&) {
-        if (existed)
-            WriteFile(html, before);
-        else
-            fs::remove(html);
-        throw;
+public:
+    // Delegates, so that the destructor undoes what was made before it failed.
+    explicit CMadeFolder(const fs::path& folder)
+        : CMadeFolder()
+    {
+        for (fs::path path = folder; !path.empty() && !fs::exists(path); path = path.parent_path())
+            m_made.push_back(path);
+        fs::create_directories(folder);
     }
+    ~CMadeFolder()
+    {
+        std::error_code ignored;
+        for (const fs::path& path : m_made)
+            fs::remove(path, ignored);
+    }
+    CMadeFolder(const CMadeFolder&) = delete;
+    CMadeFolder& operator=(const CMadeFolder&) = delete;
+
+    void Keep() { m_made.clear(); }
+
+private:
+    CMadeFolder() = default;
+
+    std::vector<fs::path> m_made{}; // the deepest first
+};
+
+// A file with a new content, which goes again unless it is kept: the file is then as it was.
+class CReplacedFile
+{
+public:
+    CReplacedFile(const fs::path& path, const std::string& bytes)
+        : m_path(path)
+    {
+        CommonUI::CStr reason;
+        m_existed = CommonUI::ReadFileBytes(path.u16string(), m_before, m_before.max_size(), reason);
+        WriteFile(path, bytes);
+    }
+    ~CReplacedFile()
+    {
+        CommonUI::CStr ignored;
+        std::error_code error;
+        if (m_isKept)
+            return;
+        if (m_existed)
+            CommonUI::ReplaceFileBytes(m_path.u16string(), m_before, ignored);
+        else
+            fs::remove(m_path, error);
+    }
+    CReplacedFile(const CReplacedFile&) = delete;
+    CReplacedFile& operator=(const CReplacedFile&) = delete;
+
+    void Keep() { m_isKept = true; }
+
+private:
+    fs::path m_path;
+    std::string m_before{};
+    bool m_existed = false;
+    bool m_isKept = false;
+};
+
+// Writes both reports to a folder that is there and saves the preferences, or does nothing of all that.
+void WriteAll(const Measurement::CReportTables& report, const fs::path& folder, CPreferencesFile& preferences)
+{
+    CReplacedFile html(folder / "report.html", report.GetHtml());
+    CReplacedFile text(folder / "report.txt", report.GetText());
+    preferences.Save();
+    html.Keep();
+    text.Keep();
 }
 
 // Has the user's own sets looked for in the options' folder as long as the object lives.
@@ -146,10 +199,11 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
     try {
         const Measurement::SInput input = ForOption(
             "--settings", [&] { return Process(std::move(surface), choices.method.levelling, steps); });
-        const Measurement::CReportTables report(ComputeResults(input, choices), options.transpose);
-        fs::create_directories(options.output); // what fails more often than writing comes first
-        preferences.Save();
-        WriteReports(report, options.output);
+        const Measurement::CReportTables report(
+            ForOption("--cutoff", [&] { return ComputeResults(input, choices); }), options.transpose);
+        CMadeFolder folder(options.output);
+        WriteAll(report, options.output, preferences);
+        folder.Keep();
         Print(TerminalText(report), out);
     } catch (const CommonUI::Analysis::ENoPoints& error) {
         throw std::runtime_error(options.input.string() + ": " + error.what());

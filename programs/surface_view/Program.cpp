@@ -93,7 +93,7 @@ void Run(const SOptions& options, std::ostream& out, const FContextMaker& makeCo
     CheckRestored(before, ReadStackDepths());
     WritePng(ScaleDown(ReadPixels(size), scale), options.output);
     out << "State restored: " << Describe(before) << "\n"
-        << "Picture written: " << options.output.string() << "\n";
+        << "Picture written: " << CommandLine::ToTerminal(options.output.string()) << "\n";
 }
 
 } // namespace

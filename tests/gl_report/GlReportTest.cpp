@@ -97,6 +97,8 @@ TEST(GlReportProgram, WhatGoesWrongIsSaidInOneLine)
         {{}, MakeNone, 2, "gl_report: there is no OpenGL to report on: nothing to draw on\n"},
         {{"--out"}, MakeNone, 1, "gl_report: --out needs a value\n"},
         {{"--out", ""}, MakeNone, 1, "gl_report: --out needs a value\n"},
+        {{"--out", "a\xFF"}, MakeNone, 1, "gl_report: --out: \"a\xEF\xBF\xBD\" is no text in UTF-8\n"},
+        {{"--help", "--out"}, MakeNone, 0, ""},
         {{"--loud"}, MakeNone, 1, "gl_report: there is no option \"--loud\"\n"},
         {{"--out", "no/such/folder/report.txt"},
          Offscreen::CContext::Make,

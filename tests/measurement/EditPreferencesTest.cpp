@@ -27,14 +27,14 @@ TEST(EditPreferences, ChangesEveryAnalysisThatHasTheKey)
         return Find(manager.GetData(analysis).GetParameters(), key);
     };
     for (const char16_t* change : {u"Sa=off", u"Rq.format=Digits:4", u"Sq.unit=um", u"Sch=on:95",
-                                   u"Fractile=on:90", u"statistic.Count=off"})
+                                   u"Smr=on:-1e-6", u"Fractile=on:90", u"statistic.Count=off"})
         EditPreferences(manager, change);
     EXPECT_FALSE(parameter(EAnalysis::Roughness, u"Sa").IsOn());
     EXPECT_EQ(parameter(EAnalysis::Roughness, u"Sq").GetUnitFactor(), CUnit::EUnitFactor::Micro);
     EXPECT_EQ(parameter(EAnalysis::RoughnessProfile, u"Rq").GetFloatFormat().count, 4);
     EXPECT_EQ(
         std::ranges::count_if(manager.GetData(EAnalysis::Roughness).GetParameters(), &CParameter::HasParent),
-        1);
+        2);
     for (const EAnalysis analysis : {EAnalysis::RoughnessProfile, EAnalysis::Measure}) {
         const auto& statistics = manager.GetData(analysis).GetStatistics();
         EXPECT_EQ(Find(statistics, u"Fractile").GetVariableValue(), 90);
@@ -65,6 +65,8 @@ TEST(EditPreferences, WhatCannotBeMadeIsRefused)
         {u"Sch=on:1,2", "it takes 1 values"},
         {u"Sch=on:x", "\"x\" is no number"},
         {u"Sch=on:nan", "\"nan\" is no number"},
+        {u"Sch=on:100.5", "\"100.5\" is no percentage, 0 to 100"},
+        {u"Sdc=on:10,-1", "\"-1\" is no percentage, 0 to 100"},
         {u"Sch=off:1", "it takes no values"},
     };
     for (const auto& [change, reason] : rows) {

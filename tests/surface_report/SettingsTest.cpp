@@ -65,7 +65,7 @@ TEST_F(Settings, TheOrderCounts)
     const auto lineOf = [](const std::string& report) { return report.substr(report.find("\nSq"), 60); };
     const std::string other = lineOf(Report({"PlaneCorr[Id(6)]", "Filter[Id(84)]"}));
     EXPECT_NE(lineOf(Report({"Filter[Id(84)]", "PlaneCorr[Id(6)]"})), other);
-    EXPECT_TRUE(Has(m_out.str(), "\nStep 2          Plane Correction / Images / Linewise Offset\n"));
+    EXPECT_TRUE(Has(m_out.str(), "\nStep 2            Plane Correction / Images / Linewise Offset\n"));
 }
 
 TEST_F(Settings, EveryCorrectionAndFilterOfTheCatalogueIsAppliedOrRefusedForItsCutoff)

@@ -45,6 +45,9 @@ TEST_F(ReportProgram, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
 {
     const std::string header = "# Width: 3 um\n# Height: 1 um\n# Value units: nm\n";
     Write("file", "x");
+    Write("binary.ini", std::string("\x7F"
+                                    "ELF\0\x01\xFF",
+                                    7));
     Write("text.txt", header + "1 2 x\n");
     Write("missing.txt", header + "BAD BAD BAD\n");
     Write("short.sdf", "aISO-1.0\nNumPoints = 3\nNumProfiles = 3\nXscale = 1e-6\nYscale = 1e-6\n"
@@ -66,6 +69,62 @@ TEST_F(ReportProgram, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
         EXPECT_EQ(m_err.str().find('\n'), m_err.str().size() - 1) << "one line: " << m_err.str();
         EXPECT_EQ(m_out.str(), "");
         EXPECT_FALSE(fs::exists(Out()));
+    }
+}
+
+TEST_F(ReportProgram, PathsThatAreNoTextAreRefusedByName)
+{
+    for (const std::string option : {"--out", "--preferences", "--settings-folder"}) {
+        const std::string path = (m_folder / "made" / "a\xFF").string();
+        EXPECT_EQ(Run({c_sample.string(), "--out", Out().string(), option, path}), 1);
+        EXPECT_EQ(m_err.str(), "surface_report: " + option + ": \"" + m_folder.string() +
+                                   "/made/a\xEF\xBF\xBD\" is no text in UTF-8\n");
+        EXPECT_FALSE(fs::exists(m_folder / "made")) << "no folder is left behind";
+    }
+}
+
+TEST_F(ReportProgram, FoldersOfAFailedRunGoAgain)
+{
+    const fs::path preferences = m_folder / "no" / "choices.ini"; // cannot be saved
+    EXPECT_EQ(Run({c_sample.string(), "--out", Out().string(), "--preferences", preferences.string()}), 1);
+    EXPECT_FALSE(fs::exists(m_folder / "made"));
+}
+
+TEST_F(ReportProgram, HelpIsGivenWhateverStandsBesideIt)
+{
+    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+             {"--help", "--out"}, {"--out", "--help"}, {"a", "b", "-o", "--help"}}) {
+        EXPECT_EQ(Run(arguments), 0) << m_err.str();
+        EXPECT_TRUE(m_out.str().find("usage: surface_report") != std::string::npos);
+    }
+}
+
+TEST_F(ReportProgram, NothingOfAFileCommandsTheTerminal)
+{
+    const std::string hostile = "\x1B[2J\x7F\xC2\x9B"
+                                "1m\xFF";
+    const fs::path good = Write("\x1B"
+                                "c\x7F.txt",
+                                "# Channel: a" + hostile +
+                                    "\n# Width: 3 um\n# Height: 2 um\n"
+                                    "# Value units: nm\n1 2 3\n2 3 5\n");
+    const fs::path bad = Write("bad.txt", "# " + hostile + ": 1\n" + hostile + "\n");
+    const struct {
+        std::vector<std::string> arguments;
+        int status;
+    } rows[] = {
+        {{good.string(), "--out", Out().string()}, 0},
+        {{bad.string(), "--out", Out().string()}, 1},
+        {{good.string(), "--out", Out().string(), "--level", hostile}, 1},
+        {{good.string(), "--out", (bad / hostile.substr(0, 7)).string()}, 1},
+        {{"--list-settings", hostile}, 1},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(Run(row.arguments), row.status) << m_err.str();
+        const CommonUI::CStr shown = CommonUI::CStr::FromUtf8(m_out.str() + m_err.str());
+        EXPECT_TRUE(std::ranges::none_of(shown.View(), [](char16_t unit) {
+            return (unit < u' ' && unit != u'\n') || (unit >= 0x7F && unit <= 0x9F);
+        })) << shown.ToUtf8();
     }
 }
 
@@ -137,13 +196,23 @@ TEST_F(ReportProgram, GrainsAndPoresAreReportedOneToARow)
     EXPECT_NE(m_out.str().find("Shape Count                        1\n"), std::string::npos) << m_out.str();
 }
 
-TEST_F(ReportProgram, BothReportsAreReplacedOrNeither)
+TEST_F(ReportProgram, ReportsAndPreferencesAreReplacedOrNothing)
 {
-    const std::string sample = c_sample.string();
+    const fs::path file = m_folder / "choices.ini";
+    const auto run = [&](const fs::path& preferences) {
+        return Run({c_sample.string(), "--out", Out().string(), "--preferences", preferences.string(),
+                    "--set", "Sa=off", "--settings", "PlaneCorr[Id(4)]"});
+    };
     fs::create_directories(Out() / "report.txt"); // a folder, which cannot be replaced by a file
-    EXPECT_EQ(Run({sample, "--out", Out().string()}), 1);
+    EXPECT_EQ(run(file), 1);
     EXPECT_FALSE(fs::exists(Out() / "report.html"));
+    EXPECT_FALSE(fs::exists(file)) << "neither the change nor the set that was used";
     std::ofstream(Out() / "report.html") << "before";
-    EXPECT_EQ(Run({sample, "--out", Out().string()}), 1);
+    EXPECT_EQ(run(file), 1);
     EXPECT_EQ(BytesOf(Out() / "report.html"), "before");
+    fs::remove(Out() / "report.txt");
+    EXPECT_EQ(run(m_folder / "no" / "folder.ini"), 1) << "the preferences cannot be saved";
+    EXPECT_EQ(BytesOf(Out() / "report.html"), "before");
+    EXPECT_FALSE(fs::exists(Out() / "report.txt"));
+    EXPECT_EQ(run(file), 0) << m_err.str();
 }
