@@ -1,5 +1,6 @@
 #include "measurement/Steps.h"
 
+#include "common/PathText.h"
 #include "common/StringTable.h"
 #include "measurement/FailureReason.h"
 #include "measurement/Request.h"
@@ -35,7 +36,7 @@ CStr MenuPath(const SSettingsEntry& entry)
 // The full path, the same whatever roundabout way leads to the file.
 std::filesystem::path FullPath(const CStr& text)
 {
-    const auto path = std::filesystem::absolute(std::filesystem::path(text.begin(), text.end()));
+    const auto path = std::filesystem::absolute(ToPath(text));
     std::error_code error;
     const auto folder = std::filesystem::weakly_canonical(path.parent_path(), error);
     return error ? path : folder / path.filename();

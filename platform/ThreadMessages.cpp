@@ -90,7 +90,7 @@ CThreadQueues& ThreadQueues()
     return queues;
 }
 
-thread_local std::shared_ptr<CThreadQueue> t_queue;
+thread_local std::shared_ptr<CThreadQueue> s_queue;
 
 } // namespace
 
@@ -111,14 +111,14 @@ unsigned long GetThreadIdentifier(const CThreadQueue& queue)
 
 void AdoptThreadQueue(std::shared_ptr<CThreadQueue> queue)
 {
-    t_queue = std::move(queue);
+    s_queue = std::move(queue);
 }
 
 unsigned long GetThreadIdentifier()
 {
-    if (!t_queue)
-        t_queue = CreateThreadQueue();
-    return t_queue->GetIdentifier();
+    if (!s_queue)
+        s_queue = CreateThreadQueue();
+    return s_queue->GetIdentifier();
 }
 
 bool PostToThread(unsigned long thread, unsigned int message)
@@ -131,7 +131,7 @@ bool PostToThread(unsigned long thread, unsigned int message)
 
 bool TakeThreadMessage(unsigned int message)
 {
-    return t_queue && t_queue->Take(message);
+    return s_queue && s_queue->Take(message);
 }
 
 } // namespace CommonUI

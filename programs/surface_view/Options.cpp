@@ -40,9 +40,9 @@ double ParseNumber(const std::string& option, const std::string& text, CommonUI:
 
 int ParsePixels(const std::string& text)
 {
-    constexpr CommonUI::CRange<long long> range(100, 4096);
+    constexpr CommonUI::CRange<long long> c_range(100, 4096);
     long long value = 0;
-    if (CommonUI::ParseInteger(CommonUI::CStr::FromUtf8(text), value) && range.Contains(value))
+    if (CommonUI::ParseInteger(CommonUI::CStr::FromUtf8(text), value) && c_range.Contains(value))
         return static_cast<int>(value);
     throw EUsage("--size: \"" + text + "\" is no number of pixels from 100 to 4096");
 }

@@ -53,17 +53,17 @@ public:
     }
     ~CGridAccessible() override { ForgetCells(); }
 
-    int childCount() const override { return ToInt(rowCountOf() * columnCountOf()); }
+    int childCount() const override { return ToInt(GetRowCount() * GetColumnCount()); }
     QAccessibleInterface* child(int index) const override
     {
-        const std::size_t columns = std::max<std::size_t>(columnCountOf(), 1);
+        const std::size_t columns = std::max<std::size_t>(GetColumnCount(), 1);
         const auto place = static_cast<std::size_t>(index);
         return index < 0 ? nullptr : GetCell({place / columns, place % columns});
     }
     int indexOfChild(const QAccessibleInterface* child) const override
     {
         const auto* const cell = dynamic_cast<const CGridCellAccessible*>(child);
-        return cell ? ToInt(cell->GetPlace().row * columnCountOf() + cell->GetPlace().column) : -1;
+        return cell ? ToInt(cell->GetPlace().row * GetColumnCount() + cell->GetPlace().column) : -1;
     }
     QAccessibleInterface* childAt(int x, int y) const override
     {
@@ -88,8 +88,8 @@ public:
     {
         return GetCell({static_cast<std::size_t>(row), static_cast<std::size_t>(column)});
     }
-    int rowCount() const override { return ToInt(rowCountOf()); }
-    int columnCount() const override { return ToInt(columnCountOf()); }
+    int rowCount() const override { return ToInt(GetRowCount()); }
+    int columnCount() const override { return ToInt(GetColumnCount()); }
     QString columnDescription(int column) const override
     {
         return GetGrid() ? ToQString(GetGrid()->SpeakHeader(static_cast<std::size_t>(column))) : QString();
@@ -134,8 +134,8 @@ private:
     using CPlace = std::pair<std::size_t, std::size_t>;
 
     CGridPane* GetGrid() const { return m_widget.GetControl(); }
-    std::size_t rowCountOf() const { return GetGrid() ? GetGrid()->GetRowCount() : 0; }
-    std::size_t columnCountOf() const { return GetGrid() ? GetGrid()->GetColumnCount() : 0; }
+    std::size_t GetRowCount() const { return GetGrid() ? GetGrid()->GetRowCount() : 0; }
+    std::size_t GetColumnCount() const { return GetGrid() ? GetGrid()->GetColumnCount() : 0; }
     SGridRange GetSelected() const
     {
         const bool none = !GetGrid() || GetGrid()->GetSelection().IsEmpty();
@@ -145,19 +145,19 @@ private:
     SNumbers GetSelectedRows() const
     {
         const SGridRange range = GetSelected();
-        const bool whole = range.firstColumn == 0 && range.lastColumn + 1 == columnCountOf();
+        const bool whole = range.firstColumn == 0 && range.lastColumn + 1 == GetColumnCount();
         return whole ? SNumbers{range.firstRow, range.lastRow + 1} : SNumbers();
     }
     SNumbers GetSelectedColumns() const
     {
         const SGridRange range = GetSelected();
-        const bool whole = range.firstRow == 0 && range.lastRow + 1 == rowCountOf();
+        const bool whole = range.firstRow == 0 && range.lastRow + 1 == GetRowCount();
         return whole ? SNumbers{range.firstColumn, range.lastColumn + 1} : SNumbers();
     }
     QAccessibleInterface* GetCell(SGridCell cell) const
     {
         constexpr std::size_t c_most = 10000;
-        if (cell.row >= rowCountOf() || cell.column >= columnCountOf())
+        if (cell.row >= GetRowCount() || cell.column >= GetColumnCount())
             return nullptr;
         if (const auto known = m_cells.find({cell.row, cell.column}); known != m_cells.end())
             return QAccessible::accessibleInterface(known->second);
