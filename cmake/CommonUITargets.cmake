@@ -68,14 +68,6 @@ function(commonui_add_library name)
         POSITION_INDEPENDENT_CODE ON
         INSTALL_RPATH "$<$<PLATFORM_ID:Linux>:$ORIGIN>"
         COMMONUI_HEADERS "${headers}")
-    # Several sources in one go take a third of the time. Those of some layers have helpers of equal names, and Qt's
-    # compiler wants its sources apart.
-    if(COMMONUI_UNITY AND NOT "qt" IN_LIST arg_LAYERS)
-        set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
-        set(apart ${sources})
-        list(FILTER apart INCLUDE REGEX "/(settings|formats|gl|analysis)/")
-        set_source_files_properties(${apart} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
-    endif()
     if(WIN32)
         set_target_properties(${name} PROPERTIES PREFIX "")
     endif()
