@@ -20,6 +20,13 @@ void* operator new(std::size_t size)
     return memory != nullptr ? memory : throw std::bad_alloc();
 }
 
+// For the algorithms of the standard library that can do without.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    t_bytes += size;
+    return t_left > 0 && --t_left == 0 ? nullptr : std::malloc(size);
+}
+
 void operator delete(void* memory) noexcept
 {
     std::free(memory);
