@@ -5,10 +5,8 @@
 
 #include <csignal>
 #include <filesystem>
-#include <functional>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <new>
 #include <sys/resource.h>
 
 using namespace CommonUI;
@@ -30,19 +28,6 @@ protected:
 
     CTemporaryFolder m_folder;
 };
-
-// Whether `work` returns true when that allocation of it fails; the failure may come out of it, too.
-bool WorksWithout(int allocation, const std::function<bool()>& work, bool& failed)
-{
-    bool works = false;
-    const CFailingAllocation failing(allocation);
-    try {
-        works = work();
-    } catch (const std::bad_alloc&) {
-    }
-    failed = failing.HasFailed();
-    return works;
-}
 
 // No file can grow beyond a number of bytes while it lives, as on a full disk.
 class CFullDisk
@@ -163,17 +148,17 @@ TEST_F(InifileFile, WithoutMemoryNothingIsHalfDone)
     const CStr freshName = NameOf("fresh.ini");
     const CStr savedName = NameOf("saved.ini");
     const CDiagnosticsCapture diagnostics;
-    bool failed = true;
-    for (int allocation = 1; failed; ++allocation) {
+    for (CEachAllocation each; each.Next();) {
+        SCOPED_TRACE(each.GetNumber());
         CInifile ini = IniOf(old, u"A long name of a section");
-        const bool saved = WorksWithout(
-            allocation, [&] { return ini.SaveCopy(savedName); }, failed);
-        EXPECT_EQ(m_folder.Read("saved.ini"), saved ? old : "") << allocation;
-        const bool loaded = WorksWithout(
-            allocation, [&] { return ini.Load(freshName); }, failed);
-        EXPECT_EQ(ini.GetBytes(), loaded ? fresh : "") << allocation;
+        bool saved = false;
+        bool loaded = false;
+        each.Try([&] { saved = ini.SaveCopy(savedName); });
+        EXPECT_EQ(m_folder.Read("saved.ini"), saved ? old : "");
+        each.Try([&] { loaded = ini.Load(freshName); });
+        EXPECT_EQ(ini.GetBytes(), loaded ? fresh : "");
         EXPECT_EQ(ini.GetSection(), u"A long name of a section");
-        EXPECT_EQ(CountFiles(), saved ? 2u : 1u) << allocation;
+        EXPECT_EQ(CountFiles(), saved ? 2u : 1u);
         ini.WriteInt(u"d ", 5);
         EXPECT_EQ(Reloaded(ini).ReadInt(u"d ", 0), 5);
         fs::remove(PathOf("saved.ini"));
@@ -183,18 +168,11 @@ TEST_F(InifileFile, WithoutMemoryNothingIsHalfDone)
 TEST_F(InifileFile, ASectionScopeEndsWithoutMemory)
 {
     const CStr before = u"A long n\u00E4me of a section";
-    bool failed = true;
-    for (int allocation = 1; failed; ++allocation) {
+    for (CEachAllocation each; each.Next();) {
         CInifile ini = IniOf("[B]\nb=2\n", before);
         const CStr selected = u"Another l\u00F6ng name of a section";
-        try {
-            const CFailingAllocation failing(allocation);
-            const CSectionScope scope(ini, selected);
-            failed = failing.HasFailed();
-        } catch (const std::bad_alloc&) {
-            failed = true;
-        }
-        EXPECT_EQ(ini.GetSection(), before) << allocation;
+        each.Try([&] { const CSectionScope scope(ini, selected); });
+        EXPECT_EQ(ini.GetSection(), before) << each.GetNumber();
     }
     CInifile ini = IniOf("[B]\nb=2\n", before);
     {

@@ -5,39 +5,30 @@
 
 #include <gtest/gtest.h>
 
-#include <new>
+#include <utility>
 
 using namespace CommonUI;
 
 namespace
 {
 
-// Counts its moves.
-class CMoved
-{
-public:
-    explicit CMoved(int number)
-        : m_number(number)
+// Counts the moves of all of its kind.
+struct SMoved {
+    explicit SMoved(int given)
+        : number(given)
     {
     }
-    CMoved(CMoved&& other) noexcept
-        : m_number(other.m_number)
+    SMoved(SMoved&& other) noexcept { *this = std::move(other); }
+    SMoved& operator=(SMoved&& other) noexcept
     {
-        ++s_moves;
-    }
-    CMoved& operator=(CMoved&& other) noexcept
-    {
-        m_number = other.m_number;
+        number = other.number;
         ++s_moves;
         return *this;
     }
 
-    int GetNumber() const { return m_number; }
+    int number;
 
     static inline long long s_moves = 0;
-
-private:
-    int m_number;
 };
 
 CCells RowsOf(std::size_t count, std::size_t longRows)
@@ -54,15 +45,15 @@ CCells RowsOf(std::size_t count, std::size_t longRows)
 TEST(LongTables, RowsInFrontMoveNoOthers)
 {
     constexpr int c_count = 20'000;
-    CMoved::s_moves = 0;
-    Detail::CFrontVector<CMoved> rows;
+    SMoved::s_moves = 0;
+    Detail::CFrontVector<SMoved> rows;
     for (int i = 0; i < c_count; ++i) {
-        rows.PushFront(CMoved(-1 - i));
-        rows.PushBack(CMoved(i));
+        rows.PushFront(SMoved(-1 - i));
+        rows.PushBack(SMoved(i));
     }
     for (int i = 0; i < 2 * c_count; ++i)
-        ASSERT_EQ(rows.Get()[static_cast<std::size_t>(i)].GetNumber(), i - c_count);
-    EXPECT_LE(CMoved::s_moves, 6 * 2 * c_count);
+        ASSERT_EQ(rows.Get()[static_cast<std::size_t>(i)].number, i - c_count);
+    EXPECT_LE(SMoved::s_moves, 6 * 2 * c_count);
 
     CGrid grid(SCell::Results);
     grid.InsertTokenizableRow(u"first", u"\t");
@@ -75,17 +66,15 @@ TEST(LongTables, RowsInFrontMoveNoOthers)
 
 TEST(LongTables, TextsTakeMemoryByTheirLength)
 {
-    const struct {
-        const char* what;
-        CCells cells;
-    } rows[] = {{"all alike", RowsOf(20'000, 0)}, {"long notes in front", RowsOf(20'000, 8)}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
+    const std::pair<const char*, CCells> rows[] = {{"all alike", RowsOf(20'000, 0)},
+                                                   {"long notes in front", RowsOf(20'000, 8)}};
+    for (const auto& [what, cells] : rows) {
+        SCOPED_TRACE(what);
         const CAllocatedBytes forText;
-        const CStr text = CGrid::GenerateResultsText(row.cells);
+        const CStr text = CGrid::GenerateResultsText(cells);
         EXPECT_LE(forText.Get(), 8 * text.GetLength() * sizeof(char16_t));
         const CAllocatedBytes forHtml;
-        const CStr html = CGrid::GenerateResultsHTMLTable(row.cells);
+        const CStr html = CGrid::GenerateResultsHTMLTable(cells);
         EXPECT_LE(forHtml.Get(), 8 * html.GetLength() * sizeof(char16_t));
     }
 
@@ -107,16 +96,12 @@ TEST(LongTables, RoomThatThereIsNotIsDoneWithout)
     const CCells cells = RowsOf(100, 0);
     const CStr expected = CGrid::GenerateResultsText(cells);
     int survived = 0;
-    bool failed = true;
-    for (int allocation = 1; failed; ++allocation) {
-        try {
-            const CFailingAllocation failing(allocation);
-            const CStr text = CGrid::GenerateResultsText(cells);
-            failed = failing.HasFailed();
-            EXPECT_EQ(text, expected);
-            survived += failed ? 1 : 0;
-        } catch (const std::bad_alloc&) {
-        }
+    for (CEachAllocation each; each.Next();) {
+        CStr text;
+        if (!each.Try([&] { text = CGrid::GenerateResultsText(cells); }))
+            continue;
+        EXPECT_EQ(text, expected);
+        survived += each.HasFailed() ? 1 : 0;
     }
     EXPECT_GT(survived, 0);
 }
