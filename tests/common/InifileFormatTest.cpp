@@ -1,6 +1,5 @@
 #include "tests/common/InifileTesting.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 
 using namespace CommonUI;
@@ -26,121 +25,58 @@ std::string Big(std::u16string_view text)
     return bytes;
 }
 
-using FEdit = std::function<void(CInifile&)>;
+// Writes "key=value" and removes "-key", of which a text has several with ';' between them.
+void Edit(CInifile& ini, const CStr& edits)
+{
+    for (const CStr& edit : edits.Split(u";")) {
+        const std::size_t equals = edit.Find(u'=');
+        if (edit.StartsWith(u"-"))
+            ini.RemoveKey(edit.Mid(1));
+        else
+            ini.WriteText(edit.Left(equals), edit.Mid(equals + 1));
+    }
+}
 
 struct SEdit {
-    const char* name;
     std::string before;
-    std::vector<FEdit> edits;
+    CStr edits;
     std::string after;
+    const char16_t* section = u"A";
 };
 
-void WriteUnnamed(CInifile& ini)
-{
-    ini.SelectSection(u"");
-    ini.WriteInt(u"m", 3);
-}
-
-FEdit Int(const char16_t* key, int value)
-{
-    return [=](CInifile& ini) { ini.WriteInt(key, value); };
-}
-
-FEdit Text(const char16_t* key, const char16_t* value)
-{
-    return [=](CInifile& ini) { ini.WriteText(key, value); };
-}
-
-FEdit Remove(const char16_t* key)
-{
-    return [=](CInifile& ini) { ini.RemoveKey(key); };
-}
-
-// The current section is "A".
 const SEdit c_edits[] = {
-    {"change", "[A]\n  k =  1 \t\r\nm=2\r\n", {Int(u"k", 7)}, "[A]\n  k =  7 \t\r\nm=2\r\n"},
-    {"to nothing", "[A]\nk=1", {Text(u"k", u"")}, "[A]\nk="},
-    {"from nothing", "[A]\nk= \n", {Text(u"k", u"x")}, "[A]\nk= x\n"},
-    {"same value",
-     "[A]\nk= 5.00\nb=Yes\nl= \"a\" , b\n",
-     {[](CInifile& i) {
-         i.WriteDouble(u"k", 5);
-         i.WriteBool(u"b", true);
-         i.WriteTexts(u"l", {u"a", u"b"});
-     }},
-     "[A]\nk= 5.00\nb=Yes\nl= \"a\" , b\n"},
-    {"minus zero differs", "[A]\nk=0\n", {[](CInifile& i) { i.WriteDouble(u"k", -0.0); }}, "[A]\nk=-0\n"},
-    {"first duplicate", "[A]\nk=1\nk=2\n", {Int(u"k", 3)}, "[A]\nk=3\nk=2\n"},
-    {"new key",
-     "[A]\r\nk=1\r\n\r\n; of B\r\n[B]\r\n",
-     {Int(u"m", 2)},
-     "[A]\r\nk=1\r\nm=2\r\n\r\n; of B\r\n[B]\r\n"},
-    {"new key behind garbage", "[A]\nk=1\ngarbage\n\n", {Int(u"m", 2)}, "[A]\nk=1\ngarbage\nm=2\n\n"},
-    {"new key in the last part", "[A]\n[B]\n[A]\n[C]\n", {Int(u"m", 2)}, "[A]\n[B]\n[A]\nm=2\n[C]\n"},
-    {"new key without final line end", "[A]\r\nk=1\r\nl=2", {Int(u"m", 3)}, "[A]\r\nk=1\r\nl=2\r\nm=3\r\n"},
-    {"new section", "x=1\r[B]\r; end", {Int(u"m", 3)}, "x=1\r[B]\r; end\r[A]\rm=3\r"},
-    {"new unnamed key", "[A]\nk=1\n", {WriteUnnamed}, "m=3\n[A]\nk=1\n"},
-    {"new unnamed key and the comment of a section",
-     "\n; of A\n[A]\n",
-     {WriteUnnamed},
-     "m=3\n\n; of A\n[A]\n"},
-    {"new unnamed key and the comment of the file",
-     "\n; file\n\n; of A\n[A]\n",
-     {WriteUnnamed},
-     "\n; file\n\nm=3\n; of A\n[A]\n"},
-    {"new unnamed key behind nothing but a comment",
-     "; file\n\n; more",
-     {WriteUnnamed},
-     "; file\n\n; more\nm=3\n"},
-    {"new file", "", {Int(u"m", 3)}, "[A]\nm=3\n"},
-    {"UTF-16",
-     Wide(u"[A]\r\nk=\xD800\r\n") + "x",
-     {Text(u"m", u"\u00E4\xDC00")},
+    {"[A]\n  k =  1 \t\r\nm=2\r\n", u"k=7", "[A]\n  k =  7 \t\r\nm=2\r\n"},
+    {"[A]\nk=1", u"k=", "[A]\nk="},
+    {"[A]\nk= \n", u"k=x", "[A]\nk= x\n"},
+    {"[A]\nk=1\nk=2\n", u"k=3", "[A]\nk=3\nk=2\n"},
+    {"[A]\nk=1\n;c\nK=5\nk=2\n[A]\nk=3\n", u"-k", "[A]\n;c\nK=5\n[A]\n"},
+    // new keys
+    {"[A]\r\nk=1\r\n\r\n; of B\r\n[B]\r\n", u"m=2", "[A]\r\nk=1\r\nm=2\r\n\r\n; of B\r\n[B]\r\n"},
+    {"[A]\nk=1\ngarbage\n\n", u"m=2", "[A]\nk=1\ngarbage\nm=2\n\n"},
+    {"[A]\n[B]\n[A]\n[C]\n", u"m=2", "[A]\n[B]\n[A]\nm=2\n[C]\n"},
+    {"[A]\r\nk=1\r\nl=2", u"m=3", "[A]\r\nk=1\r\nl=2\r\nm=3\r\n"},
+    {"x=1\r[B]\r; end", u"m=3", "x=1\r[B]\r; end\r[A]\rm=3\r"},
+    {"", u"m=3", "[A]\nm=3\n"},
+    // of the unnamed section, which is above the comment of the first named one and below that of the file
+    {"[A]\nk=1\n", u"m=3", "m=3\n[A]\nk=1\n", u""},
+    {"\n; of A\n[A]\n", u"m=3", "m=3\n\n; of A\n[A]\n", u""},
+    {"\n; file\n\n; of A\n[A]\n", u"m=3", "\n; file\n\nm=3\n; of A\n[A]\n", u""},
+    {"; file\n\n; more", u"m=3", "; file\n\n; more\nm=3\n", u""},
+    // encodings
+    {Wide(u"[A]\r\nk=\xD800\r\n") + "x", u"m=\u00E4\xDC00",
      Wide(u"[A]\r\nk=\xD800\r\nm=\"\u00E4\\uDC00\"\r\n") + "x"},
-    {"big-endian UTF-16",
-     Big(u"[A]\r\nk=\xD800\r\n") + "x",
-     {Text(u"m", u"\u00E4\xDC00")},
+    {Big(u"[A]\r\nk=\xD800\r\n") + "x", u"m=\u00E4\xDC00",
      Big(u"[A]\r\nk=\xD800\r\nm=\"\u00E4\\uDC00\"\r\n") + "x"},
-    {"Western", "[A]\nk=\xE9\n", {Text(u"m", u"\u20AC\u4E2D")}, "[A]\nk=\xE9\nm=\"\x80\\u4E2D\"\n"},
-    {"marked UTF-8", "\xEF\xBB\xBF[A]\n", {Text(u"m", u"\u00E4")}, "\xEF\xBB\xBF[A]\nm=\xC3\xA4\n"},
-    {"Western that would be read as UTF-8",
-     "[A]\nk=\xE9\nm=\xC3\xA9\n",
-     {Int(u"k", 1)},
-     "\xEF\xBB\xBF[A]\nk=1\nm=\xC3\x83\xC2\xA9\n"},
-    {"remove", "[A]\nk=1\n;c\nK=5\nk=2\n[A]\nk=3\n", {Remove(u"k")}, "[A]\n;c\nK=5\n[A]\n"},
-    {"clear",
-     "x=0\n[A]\nk=1\n;c\ngarbage\n[B]\nk=2\n[A]\nl=3",
-     {[](CInifile& i) { i.ClearSection(); }},
-     "x=0\n[A]\n;c\ngarbage\n[B]\nk=2\n[A]\n"},
-    {"key with a blank at its end",
-     "[A]\nSrw =1\n",
-     {Int(u"Srw", 2), Remove(u"Srw  "), Int(u"Srw ", 3)},
-     "[A]\nSrw =3\nSrw=2\n"},
-    {"spaced key", "[A]\nKey = 1\nOther = 2\n", {Int(u"Key", 2), Remove(u"Other")}, "[A]\nKey = 2\n"},
-    {"spaced key and one with a blank at its end",
-     "[A]\nk = 3\n",
-     {Int(u"k", 4), Int(u"k ", 5)},
-     "[A]\nk = 4\nk =5\n"},
-    {"remove what is read under the name",
-     "[A]\nk =1\nk\t=2\nm = 3\n",
-     {Remove(u"k"), Remove(u"m ")},
-     "[A]\nk\t=2\n"},
-    {"value with the quote that the name lacks",
-     "[A]\n\"k = 1\n",
-     {Text(u"\"k", u"a\"=b")},
-     "[A]\n\"\\\"k\" = a\"=b\n"},
-    {"value that leaves its blanks to a name with a blank",
-     "[A]\nk =1 \n",
-     {Text(u"k ", u"")},
-     "[A]\n\"k \"= \n"},
-    {"merge",
-     "[A]\nk=1\n",
-     {[](CInifile& i) { i.Merge(IniOf("u=0\n[A]\nk = 2\nk = 3\n;c\n[B]\nSrw ='x'\n\"=\"=a , \"b\"\n")); }},
-     "u=0\n[A]\nk=2\n[B]\nSrw ='x'\n\"=\"=a , \"b\"\n"},
-    {"merge from a wider encoding",
-     "[A]\nk=\xE9\n",
-     {[](CInifile& i) { i.Merge(IniOf("[A]\nm=\xE4\xB8\xAD,b\n")); }},
-     "[A]\nk=\xC3\xA9\nm=\xE4\xB8\xAD,b\n"},
+    {"[A]\nk=\xE9\n", u"m=\u20AC\u4E2D", "[A]\nk=\xE9\nm=\"\x80\\u4E2D\"\n"},
+    {"\xEF\xBB\xBF[A]\n", u"m=\u00E4", "\xEF\xBB\xBF[A]\nm=\xC3\xA4\n"},
+    {"[A]\nk=\xE9\nm=\xC3\xA9\n", u"k=1", "\xEF\xBB\xBF[A]\nk=1\nm=\xC3\x83\xC2\xA9\n"}, // else it were UTF-8
+    // names with blanks and quotes
+    {"[A]\nSrw =1\n", u"Srw=2;-Srw  ;Srw =3", "[A]\nSrw =3\nSrw=2\n"},
+    {"[A]\nKey = 1\nOther = 2\n", u"Key=2;-Other", "[A]\nKey = 2\n"},
+    {"[A]\nk = 3\n", u"k=4;k =5", "[A]\nk = 4\nk =5\n"},
+    {"[A]\nk =1\nk\t=2\nm = 3\n", u"-k;-m ", "[A]\nk\t=2\n"},
+    {"[A]\n\"k = 1\n", u"\"k=a\"=b", "[A]\n\"\\\"k\" = a\"=b\n"},
+    {"[A]\nk =1 \n", u"k =", "[A]\n\"k \"= \n"},
 };
 
 } // namespace
@@ -148,11 +84,40 @@ const SEdit c_edits[] = {
 TEST(InifileFormat, ChangesKeepTheRest)
 {
     for (const SEdit& row : c_edits) {
-        CInifile ini = IniOf(row.before, u"A");
-        for (const FEdit& edit : row.edits)
-            edit(ini);
-        EXPECT_EQ(ini.GetBytes(), row.after) << row.name;
+        CInifile ini = IniOf(row.before, row.section);
+        Edit(ini, row.edits);
+        EXPECT_EQ(ini.GetBytes(), row.after) << row.before;
     }
+}
+
+TEST(InifileFormat, ValuesAreNotWrittenAnewUnlessTheyDiffer)
+{
+    const std::string same = "i=07\nk= 5.00\nb=Yes\nl= \"a\" , b\n";
+    CInifile ini = IniOf(same + "z=0\n");
+    ini.WriteInt(u"i", 7);
+    ini.WriteDouble(u"k", 5);
+    ini.WriteBool(u"b", true);
+    ini.WriteTexts(u"l", {u"a", u"b"});
+    ini.WriteDouble(u"z", -0.0);
+    EXPECT_EQ(ini.GetBytes(), same + "z=-0\n");
+}
+
+TEST(InifileFormat, ClearingASectionKeepsItsComments)
+{
+    CInifile ini = IniOf("x=0\n[A]\nk=1\n;c\ngarbage\n[B]\nk=2\n[A]\nl=3", u"A");
+    ini.ClearSection();
+    EXPECT_EQ(ini.GetBytes(), "x=0\n[A]\n;c\ngarbage\n[B]\nk=2\n[A]\n");
+}
+
+TEST(InifileFormat, MergingKeepsValuesAsTheyAreStored)
+{
+    CInifile ini = IniOf("[A]\nk=1\n");
+    ini.Merge(IniOf("u=0\n[A]\nk = 2\nk = 3\n;c\n[B]\nSrw ='x'\n\"=\"=a , \"b\"\n"));
+    EXPECT_EQ(ini.GetBytes(), "u=0\n[A]\nk=2\n[B]\nSrw ='x'\n\"=\"=a , \"b\"\n");
+    CInifile western = IniOf("[A]\nk=\xE9\n");
+    western.Merge(IniOf("[A]\nm=\xE4\xB8\xAD,b\n"));
+    EXPECT_EQ(western.GetBytes(), "[A]\nk=\xC3\xA9\nm=\xE4\xB8\xAD,b\n")
+        << "in an encoding that has all of it";
 }
 
 TEST(InifileFormat, Reading)
