@@ -43,12 +43,9 @@ protected:
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
         const int length = std::snprintf(m_characters.data(), m_characters.size(), format.c_str(), args...);
-        if (static_cast<std::size_t>(length) >= m_characters.size()) {
-            m_characters.resize(static_cast<std::size_t>(length) + 1);
-            std::snprintf(m_characters.data(), m_characters.size(), format.c_str(), args...);
-        }
 #pragma GCC diagnostic pop
         uselocale(before);
+        EXPECT_LT(length, static_cast<int>(m_characters.size()));
         return {m_characters.data(), static_cast<std::size_t>(length)};
     }
 
@@ -61,5 +58,5 @@ private:
     };
 
     locale_t m_c = nullptr;
-    std::vector<char> m_characters = std::vector<char>(512);
+    std::vector<char> m_characters = std::vector<char>(4096);
 };

@@ -15,11 +15,3 @@ TEST(Exceptions, CarryTheirPlaceAndMessage)
         EXPECT_STREQ(EBase(e).what(), "no height in \xC2\xB5m");
     }
 }
-
-TEST(Exceptions, AreToldApart)
-{
-    const auto throwInput = [] { throw EInput(u"", 0, u"", u"input"); };
-    EXPECT_THROW(throwInput(), EInput);
-    EXPECT_THROW(throwInput(), std::exception);
-    static_assert(!std::is_base_of_v<EInternal, EInput> && !std::is_base_of_v<EInput, EInternal>);
-}

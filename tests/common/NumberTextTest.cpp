@@ -206,13 +206,9 @@ TEST(NumberFormat, ExactlyOneConversion)
     }
 }
 
-TEST(NumberFormat, ReadsEveryPart)
+TEST(NumberFormat, SizesAreLimited)
 {
     SNumberFormat format;
-    ASSERT_TRUE(ParseNumberFormat(u"%- 12.4lE", format));
-    EXPECT_EQ(std::tuple(format.conversion, format.width, format.precision), std::tuple('E', 12, 4));
-    EXPECT_TRUE(format.leftAlign && format.blankSign);
-    EXPECT_FALSE(format.plusSign || format.zeroPad || format.alternate);
     ASSERT_TRUE(ParseNumberFormat(u"%99999999999.2000000000i", format));
     EXPECT_EQ(std::tuple(format.conversion, format.width, format.precision),
               std::tuple('d', c_formatLimit, c_formatLimit));
@@ -222,26 +218,33 @@ using NumberReading = CCommaLocaleTest;
 
 TEST_F(NumberReading, Doubles)
 {
-    const std::pair<std::u16string_view, double> good[] = {
-        {u"0", 0},     {u"+1.5", 1.5},        {u"1e309", c_infinity},
-        {u"5.", 5},    {u"1e-400", 0},        {u"-INFINITY", -c_infinity},
-        {u"007", 7},   {u"1e+05", 1e5},       {u"0.00001e400", c_infinity},
-        {u".5", 0.5},  {u"0e999999", 0},      {u" \t1.8823e-008\r\n", 1.8823e-8},
-        {u"-0", -0.0}, {u"inf", c_infinity},  {u"-1e-99999999999999999999", -0.0},
-        {u"1E5", 1e5}, {u"4.9e-324", 5e-324}, {u"-1e99999999999999999999", -c_infinity}};
-    for (const auto& [text, expectedValue] : good) {
-        double value = 42;
-        EXPECT_TRUE(ParseDouble(text, value)) << ToUtf8(text);
-        EXPECT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expectedValue))
-            << ToUtf8(text);
-    }
-    const std::pair<CStr, double> huge[] = {
+    const std::pair<CStr, double> good[] = {
         {u"0.1000000000000000055511151231257827021181583404541015625", 0.1},
         {CStr(400, u'9'), c_infinity},
-        {u"0." + CStr(400, u'0') + u"1", 0}};
-    for (const auto& [text, expectedValue] : huge) {
+        {u"0." + CStr(400, u'0') + u"1", 0},
+        {u"0", 0},
+        {u"+1.5", 1.5},
+        {u"1e309", c_infinity},
+        {u"5.", 5},
+        {u"1e-400", 0},
+        {u"-INFINITY", -c_infinity},
+        {u"007", 7},
+        {u"1e+05", 1e5},
+        {u"0.00001e400", c_infinity},
+        {u".5", 0.5},
+        {u"0e999999", 0},
+        {u" \t1.8823e-008\r\n", 1.8823e-8},
+        {u"-0", -0.0},
+        {u"inf", c_infinity},
+        {u"-1e-99999999999999999999", -0.0},
+        {u"1E5", 1e5},
+        {u"4.9e-324", 5e-324},
+        {u"-1e99999999999999999999", -c_infinity}};
+    for (const auto& [text, expectedValue] : good) {
         double value = 42;
-        EXPECT_TRUE(ParseDouble(text, value) && value == expectedValue) << text.ToUtf8();
+        EXPECT_TRUE(ParseDouble(text, value)) << text.ToUtf8();
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expectedValue))
+            << text.ToUtf8();
     }
     for (const auto text : {u"nan", u"NaN", u"-nan(ind)"}) {
         double value = 42;
