@@ -36,7 +36,7 @@ TEST(StringTable, EnglishTexts)
     EXPECT_EQ(GetString(c_length), u"Length");
 }
 
-TEST(StringTableDeathTest, ReplacementBeforeTheFirstText)
+TEST(StringTable, ReplacementBeforeTheFirstText)
 {
     // A process of its own, in which no text has been asked for.
     GTEST_FLAG_SET(death_test_style, "threadsafe");
