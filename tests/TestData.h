@@ -6,15 +6,27 @@
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
-/// The bytes of a file in tests/data.
+/// The bytes of a file in tests/data, which are not none.
 inline std::string ReadTestData(const std::string& name)
 {
     std::ifstream file(COMMONUI_TEST_DATA "/" + name, std::ios::binary);
     std::string bytes(std::istreambuf_iterator<char>(file), {});
     EXPECT_FALSE(bytes.empty()) << name;
     return bytes;
+}
+
+/// A page of the docs.
+inline std::string ReadPage(const std::string& name)
+{
+    return ReadTestData("../../docs/" + name);
+}
+
+inline bool Has(std::string_view text, std::string_view part)
+{
+    return text.find(part) != text.npos;
 }
 
 /// The parts of a text that a character separates; what stands behind the last separator counts when there is

@@ -2,36 +2,31 @@
 
 #include "platform/GLEntryPoints.h"
 #include "platform/PixelFormat.h"
-
-#include <gtest/gtest.h>
+#include "tests/ProgramTesting.h"
+#include "tests/TestData.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <sstream>
-#include <string>
-#include <vector>
-
-namespace fs = std::filesystem;
 
 namespace
 {
 
-struct SAnswer {
-    int status;
-    std::string out;
-    std::string err;
-};
-
-SAnswer RunReport(const std::vector<const char*>& arguments,
-                  const GlReport::FContextMaker& makeContext = Offscreen::CContext::Make)
+class GlReportProgram : public CProgramTest
 {
-    std::ostringstream out;
-    std::ostringstream err;
-    const int status = GlReport::RunProgram(arguments, out, err, makeContext);
-    return {status, out.str(), err.str()};
-}
+protected:
+    int Run(const std::vector<std::string>& arguments,
+            const GlReport::FContextMaker& makeContext = Offscreen::CContext::Make)
+    {
+        const auto run = [&](auto& words, auto& out, auto& err) {
+            return GlReport::RunProgram(words, out, err, makeContext);
+        };
+        return RunWith(run, arguments);
+    }
+    std::string Report()
+    {
+        EXPECT_EQ(Run({}), 0) << m_err.str();
+        return m_out.str();
+    }
+};
 
 std::unique_ptr<Offscreen::CContext> MakeNone(int, int, std::string& reason)
 {
@@ -41,24 +36,26 @@ std::unique_ptr<Offscreen::CContext> MakeNone(int, int, std::string& reason)
 
 } // namespace
 
-TEST(GlReportProgram, ReportHasWhatSupportAsksFor)
+TEST_F(GlReportProgram, ReportHasWhatSupportAsksFor)
 {
-    const SAnswer answer = RunReport({});
-    ASSERT_EQ(answer.status, 0) << answer.err;
+    const std::string report = Report();
     for (const char* line :
          {"OpenGL Renderer: ", "OpenGL Extensions: \"GL_", "GL_UNPACK_ALIGNMENT:   4\n",
           "Attribute stack: 0 (", "ModelView stack: 1 (", "Current MatrixMode: GL_MODELVIEW (5888)\n",
           "dwFlags          : PFD_DRAW_TO_BITMAP | PFD_SUPPORT_OPENGL\n", "cColorBits       : 24\n",
           "cAlphaShift      : 24\n", "WGL_PIXEL_TYPE_ARB              : WGL_TYPE_RGBA_ARB\n",
-          "WGL_ALPHA_BITS_ARB              : 8\n", "Pending errors\n--------------\nnone\n"})
-        EXPECT_NE(answer.out.find(line), std::string::npos) << line;
-    EXPECT_EQ(answer.out.find("INVALID"), std::string::npos);
+          "WGL_ALPHA_BITS_ARB              : 8\n", "Pending errors\n--------------\nnone\n",
+          "both can be used:     no"})
+        EXPECT_TRUE(Has(report, line)) << line;
+    EXPECT_FALSE(Has(report, "INVALID"));
+
+    EXPECT_EQ(Run({"--out", (m_folder / "report.txt").string()}), 0) << m_err.str();
+    EXPECT_EQ(m_out.str(), "");
+    EXPECT_EQ(m_temporary.Read("report.txt"), report);
 }
 
-TEST(GlReportProgram, ExtensionsOfTheWindowSystemAreThoseOfThePort)
+TEST_F(GlReportProgram, ExtensionsOfTheWindowSystemAreThoseOfThePort)
 {
-    EXPECT_NE(RunReport({}).out.find("both can be used:     no"), std::string::npos);
-
     CommonUI::CTableGLEntryPoints table;
     table.Set(
         "wglGetExtensionsStringARB", +[](CommonUI::HDC) { return "WGL_ARB_pixel_format"; });
@@ -67,59 +64,32 @@ TEST(GlReportProgram, ExtensionsOfTheWindowSystemAreThoseOfThePort)
         table.Set(
             name, +[] { return 0; });
     const CommonUI::CServiceScope<CommonUI::CGLEntryPoints> scope(table);
-    const SAnswer answer = RunReport({});
-    EXPECT_NE(
-        answer.out.find("WGL_ARB_pixel_format: yes\nWGL_ARB_pbuffer:      no\nboth can be used:     no"),
-        std::string::npos);
-    EXPECT_NE(answer.out.find("CWGL_ARB_extensions_string: \"WGL_ARB_pixel_format\""), std::string::npos);
+    const std::string report = Report();
+    EXPECT_TRUE(Has(report, "WGL_ARB_pixel_format: yes\nWGL_ARB_pbuffer:      no\nboth can be used:     no"));
+    EXPECT_TRUE(Has(report, "CWGL_ARB_extensions_string: \"WGL_ARB_pixel_format\""));
 }
 
-TEST(GlReportProgram, ReportGoesToAFile)
+TEST_F(GlReportProgram, WhatGoesWrongIsSaidInOneLine)
 {
-    const fs::path file = fs::temp_directory_path() / "gl_report-test.txt";
-    const std::string name = file.string();
-    const SAnswer answer = RunReport({"--out", name.c_str()});
-    EXPECT_EQ(answer.status, 0) << answer.err;
-    EXPECT_EQ(answer.out, "");
-    std::ifstream stream(file);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), RunReport({}).out);
-    fs::remove(file);
-}
-
-TEST(GlReportProgram, WhatGoesWrongIsSaidInOneLine)
-{
-    const struct {
-        std::vector<const char*> arguments;
-        GlReport::FContextMaker makeContext;
-        int status;
-        const char* err;
-    } rows[]{
+    const std::tuple<std::vector<std::string>, GlReport::FContextMaker, int, std::string> rows[]{
         {{}, MakeNone, 2, "gl_report: there is no OpenGL to report on: nothing to draw on\n"},
         {{"--out"}, MakeNone, 1, "gl_report: --out needs a value\n"},
         {{"--out", ""}, MakeNone, 1, "gl_report: --out needs a value\n"},
         {{"--out", "a\xFF"}, MakeNone, 1, "gl_report: --out: \"a\xEF\xBF\xBD\" is no text in UTF-8\n"},
-        {{"--help", "--out"}, MakeNone, 0, ""},
         {{"--loud"}, MakeNone, 1, "gl_report: there is no option \"--loud\"\n"},
-        {{"--out", "no/such/folder/report.txt"},
-         Offscreen::CContext::Make,
-         1,
-         "gl_report: no/such/folder/report.txt: "},
+        {{"--out", "no/such/report"}, Offscreen::CContext::Make, 1, "gl_report: no/such/report: "},
+        {{"--help", "--out"}, MakeNone, 0, ""},
         {{"--help"}, MakeNone, 0, ""},
     };
-    for (const auto& row : rows) {
-        const SAnswer answer = RunReport(row.arguments, row.makeContext);
-        EXPECT_EQ(answer.status, row.status) << row.err;
-        EXPECT_TRUE(answer.err.starts_with(row.err)) << answer.err;
-        EXPECT_LE(std::count(answer.err.begin(), answer.err.end(), '\n'), 1);
+    for (const auto& [arguments, makeContext, status, message] : rows) {
+        EXPECT_EQ(Run(arguments, makeContext), status) << message;
+        EXPECT_TRUE(m_err.str().starts_with(message)) << m_err.str();
+        EXPECT_LE(std::ranges::count(m_err.str(), '\n'), 1);
     }
-}
-
-TEST(GlReportProgram, ReportThatCannotBeWrittenIsAFailure)
-{
-    std::ostringstream err;
     std::ostream full(nullptr);
-    EXPECT_EQ(GlReport::RunProgram({}, full, err), 1);
-    EXPECT_EQ(err.str(), "gl_report: the report cannot be written\n");
+    m_err.str({});
+    EXPECT_EQ(GlReport::RunProgram({}, full, m_err), 1);
+    EXPECT_EQ(m_err.str(), "gl_report: the report cannot be written\n");
 }
 
 TEST(OffscreenContext, RefusesASizeThatNoDriverHas)

@@ -1,6 +1,7 @@
 #include "measurement/ReportTables.h"
 
 #include "tests/analysis/TestSurfaces.h"
+#include "tests/TestData.h"
 
 using namespace CommonUI;
 using namespace CommonUI::Measurement;
@@ -14,11 +15,6 @@ CReportTables TablesOf(std::size_t lines, bool transpose)
     const SInput input{.surface = MakeSurface(4, lines, [](double x, double y) { return x * y; })};
     const SRequest request{.keys = {u"Sq", u"Ra", u"4287Pt"}};
     return {ComputeResults(input, MakeChoices(CAnalysisPreferencesManager(), request)), transpose};
-}
-
-bool Has(const std::string& text, const std::string& part)
-{
-    return text.find(part) != std::string::npos;
 }
 
 } // namespace

@@ -1,49 +1,47 @@
 #pragma once
 
+#include "common/ini/Inifile.h"
 #include "programs/surface_report/Program.h"
-#include "tests/TemporaryFolder.h"
+#include "tests/ProgramTesting.h"
+#include "tests/TestData.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <sstream>
-#include <string>
-#include <vector>
+#include <algorithm>
 
 namespace fs = std::filesystem;
 
-inline const fs::path c_sample = fs::path(COMMONUI_EXAMPLE_DATA) / "ground_steel.sdf";
-
-inline std::string BytesOf(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
+inline const std::string c_sample = COMMONUI_EXAMPLE_DATA "/ground_steel.sdf";
 
 /// Runs the program with a folder of its own for input and reports.
-class ReportProgram : public testing::Test
+class ReportProgram : public CProgramTest
 {
 protected:
-    int Run(std::vector<std::string> arguments)
+    int Run(const std::vector<std::string>& arguments)
     {
-        std::vector<const char*> pointers;
-        for (const std::string& argument : arguments)
-            pointers.push_back(argument.c_str());
-        m_out.str({});
-        m_err.str({});
-        return SurfaceReport::RunProgram(pointers, m_out, m_err);
+        return RunWith(SurfaceReport::RunProgram, arguments);
     }
-    fs::path Out() const { return m_folder / "made" / "out"; }
-    fs::path Write(const std::string& name, const std::string& bytes) const
+    /// Runs it with the words of a line, in which "$sample", "$out" and "$folder" stand for paths.
+    int Run(const std::string& line)
     {
-        m_temporary.Write(name, bytes);
-        return m_folder / name;
+        std::vector<std::string> words = SplitText(line, ' ');
+        std::erase(words, "");
+        std::ranges::transform(words, words.begin(), [this](const std::string& word) { return Fill(word); });
+        return Run(words);
+    }
+    std::string Fill(const std::string& text) const
+    {
+        return CommonUI::CStr::FromUtf8(text)
+            .Replace(u"$sample", CommonUI::CStr::FromUtf8(c_sample))
+            .Replace(u"$out", Out().u16string())
+            .Replace(u"$folder", m_folder.u16string())
+            .ToUtf8();
+    }
+    /// Runs it on the sample; the text report, or the message.
+    std::string Report(const std::string& line)
+    {
+        return Run("$sample --out $out " + line) == 0 ? Read("report.txt") : m_err.str();
     }
 
-    CTemporaryFolder m_temporary;
-    const fs::path m_folder = m_temporary.GetPath();
-    std::ostringstream m_out;
-    std::ostringstream m_err;
+    fs::path Out() const { return m_folder / "made" / "out"; }
+    /// What stands in a report.
+    std::string Read(const char* name) const { return m_temporary.Read(Out() / name); }
 };

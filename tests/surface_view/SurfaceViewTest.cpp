@@ -4,7 +4,7 @@
 #include "programs/surface_view/Drawing.h"
 #include "programs/surface_view/StackDepths.h"
 #include "tests/DiagnosticsCapture.h"
-#include "tests/TemporaryFolder.h"
+#include "tests/ProgramTesting.h"
 
 #include <GL/gl.h>
 #include <gtest/gtest.h>
@@ -12,9 +12,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -24,7 +21,7 @@ using namespace SurfaceView;
 namespace
 {
 
-const std::string c_sample = (fs::path(COMMONUI_EXAMPLE_DATA) / "ground_steel.sdf").string();
+const std::string c_sample = COMMONUI_EXAMPLE_DATA "/ground_steel.sdf";
 
 using CPixel = std::array<png_byte, 3>;
 
@@ -34,11 +31,11 @@ struct SPng {
     std::vector<CPixel> pixels{};
 };
 
-SPng ReadPng(const fs::path& path)
+SPng ReadPng(const std::string& path)
 {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
-    if (!png_image_begin_read_from_file(&image, path.string().c_str()))
+    if (!png_image_begin_read_from_file(&image, path.c_str()))
         return {};
     image.format = PNG_FORMAT_RGB;
     SPng png{.width = image.width, .height = image.height};
@@ -47,26 +44,18 @@ SPng ReadPng(const fs::path& path)
     return png;
 }
 
-// Runs the program with a folder of its own.
-class ViewProgram : public testing::Test
+class ViewProgram : public CProgramTest
 {
 protected:
-    int RunWith(const std::vector<std::string>& arguments,
-                const FContextMaker& makeContext = Offscreen::CContext::Make)
+    int Run(const std::vector<std::string>& arguments,
+            const FContextMaker& makeContext = Offscreen::CContext::Make)
     {
-        std::vector<const char*> pointers;
-        for (const std::string& argument : arguments)
-            pointers.push_back(argument.c_str());
-        m_out.str({});
-        m_err.str({});
-        return RunProgram(pointers, m_out, m_err, makeContext);
+        const auto run = [&](auto& words, auto& out, auto& err) {
+            return RunProgram(words, out, err, makeContext);
+        };
+        return RunWith(run, arguments);
     }
     std::string Picture() const { return (m_folder / "picture.png").string(); }
-
-    CTemporaryFolder m_temporary;
-    const fs::path m_folder = m_temporary.GetPath();
-    std::ostringstream m_out;
-    std::ostringstream m_err;
 };
 
 std::unique_ptr<Offscreen::CContext> MakeNone(int, int, std::string& reason)
@@ -90,36 +79,15 @@ SScene MakeScene(const CFont& font, CommonUI::SSize size)
 // What drawing could leave behind, in lines of a name's number and values.
 std::string ReadState()
 {
-    constexpr GLenum names[] = {GL_ATTRIB_STACK_DEPTH,
-                                GL_MODELVIEW_STACK_DEPTH,
-                                GL_PROJECTION_STACK_DEPTH,
-                                GL_MATRIX_MODE,
-                                GL_MODELVIEW_MATRIX,
-                                GL_PROJECTION_MATRIX,
-                                GL_VIEWPORT,
-                                GL_DEPTH_RANGE,
-                                GL_DEPTH_TEST,
-                                GL_DEPTH_WRITEMASK,
-                                GL_LIGHTING,
-                                GL_LIGHT0,
-                                GL_LIGHT_MODEL_TWO_SIDE,
-                                GL_LIGHT_MODEL_AMBIENT,
-                                GL_TEXTURE_1D,
-                                GL_TEXTURE_BINDING_1D,
-                                GL_BLEND,
-                                GL_BLEND_SRC,
-                                GL_LINE_WIDTH,
-                                GL_POLYGON_MODE,
-                                GL_COLOR_CLEAR_VALUE,
-                                GL_CURRENT_COLOR,
-                                GL_CURRENT_NORMAL,
-                                GL_CURRENT_TEXTURE_COORDS,
-                                GL_CURRENT_RASTER_POSITION,
-                                GL_UNPACK_ALIGNMENT};
+    std::vector<GLenum> names = {GL_LIGHT0, GL_TEXTURE_BINDING_1D};
+    for (GLenum name = GL_CURRENT_COLOR; name <= GL_TEXTURE_2D; ++name) // where most of the state is
+        names.push_back(name);
     std::ostringstream state;
     for (const GLenum name : names) {
         std::array<double, 16> values{};
         glGetDoublev(name, values.data());
+        if (glGetError() != GL_NO_ERROR)
+            continue;
         state << std::hex << name << ':';
         for (const double value : values)
             state << ' ' << value;
@@ -133,8 +101,8 @@ std::string ReadState()
 TEST_F(ViewProgram, PictureHasItsSizeColorsAndBackground)
 {
     for (const char* projection : {"perspective", "orthographic"}) {
-        ASSERT_EQ(RunWith({c_sample, "--out", Picture(), "--size", "300x200", "--projection", projection,
-                           "--color", "CSQuickLaunchGlow"}),
+        ASSERT_EQ(Run({c_sample, "--out", Picture(), "--size", "300x200", "--projection", projection,
+                       "--color", "CSQuickLaunchGlow"}),
                   0)
             << m_err.str();
         EXPECT_EQ(m_out.str(), "State restored: attribute stack 0, model-view stack 1, projection stack 1, "
@@ -163,7 +131,7 @@ TEST_F(ViewProgram, PictureHasItsSizeColorsAndBackground)
 TEST_F(ViewProgram, PicturesAsLongAsDriversMakeThem)
 {
     for (const char* size : {"4096x100", "100x1366"}) {
-        EXPECT_EQ(RunWith({c_sample, "--out", Picture(), "--size", size}), 0) << m_err.str();
+        EXPECT_EQ(Run({c_sample, "--out", Picture(), "--size", size}), 0) << m_err.str();
         const SPng png = ReadPng(Picture());
         EXPECT_EQ(std::to_string(png.width) + "x" + std::to_string(png.height), size);
     }
@@ -172,15 +140,11 @@ TEST_F(ViewProgram, PicturesAsLongAsDriversMakeThem)
 TEST_F(ViewProgram, WhatGoesWrongIsSaidInOneLineAndLeavesNoPicture)
 {
     const std::string line = (m_folder / "line.txt").string();
-    std::ofstream(line) << "# Width: 3 um\n# Height: 1 um\n# Value units: m\n1 2 3\n";
+    m_temporary.Write(line, "# Width: 3 um\n# Height: 1 um\n# Value units: m\n1 2 3\n");
     const std::string missing = (m_folder / "missing.sdf").string();
     const std::string nowhere = (m_folder / "no" / "picture.png").string();
     const auto real = Offscreen::CContext::Make;
-    const struct {
-        std::vector<std::string> arguments;
-        FContextMaker makeContext;
-        std::string message;
-    } rows[]{
+    const std::tuple<std::vector<std::string>, FContextMaker, std::string> rows[]{
         {{missing, "--out", Picture()}, real, missing},
         {{line, "--out", Picture()}, real, line + ": a picture needs at least two lines of two points\n"},
         {{c_sample, "--out", nowhere}, real, nowhere},
@@ -190,9 +154,9 @@ TEST_F(ViewProgram, WhatGoesWrongIsSaidInOneLineAndLeavesNoPicture)
         {{c_sample, "--out", Picture(), "--size", "0x0"}, real, "--size: \"0\" is no number of pixels"},
         {{c_sample, "--out", Picture()}, MakeNone, "there is no OpenGL to draw with: nothing to draw on\n"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(RunWith(row.arguments, row.makeContext), 1);
-        EXPECT_TRUE(m_err.str().starts_with("surface_view: " + row.message)) << m_err.str();
+    for (const auto& [arguments, makeContext, message] : rows) {
+        EXPECT_EQ(Run(arguments, makeContext), 1);
+        EXPECT_TRUE(m_err.str().starts_with("surface_view: " + message)) << m_err.str();
         EXPECT_EQ(std::ranges::count(m_err.str(), '\n'), 1) << m_err.str();
         EXPECT_EQ(m_out.str(), "");
         EXPECT_FALSE(fs::exists(Picture()));
@@ -229,8 +193,8 @@ TEST_F(ViewProgram, DrawingLeavesTheStateAsItWas)
             glPopAttrib();
         const std::string full = ReadState();
         EXPECT_THROW(Draw(scene, size, font), std::runtime_error);
-        EXPECT_EQ(ReadState(), full) << left;
         EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+        EXPECT_EQ(ReadState(), full) << left;
     }
 }
 
