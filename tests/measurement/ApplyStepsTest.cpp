@@ -21,6 +21,16 @@ std::vector<double> MiddleLine(SSurface surface, const decltype(SStep::settings)
     return {line.begin(), line.end()};
 }
 
+void ExpectMiddle(const std::vector<double>& expected, const SSurface& surface,
+                  const decltype(SStep::settings)& settings)
+{
+    const std::vector<double> heights = MiddleLine(surface, settings);
+    ASSERT_EQ(heights.size(), expected.size());
+    for (std::size_t i = 0; i < heights.size(); ++i)
+        EXPECT_NEAR(heights[i], expected[i], 1e-9)
+            << "point " << i << " of " << testing::PrintToString(expected);
+}
+
 } // namespace
 
 TEST(ApplySteps, SetsDoWhatTheySay)
@@ -46,56 +56,32 @@ TEST(ApplySteps, SetsDoWhatTheySay)
         return SFilterSettings{.kind = EKind::Streaks, .polarity = polarity, .maximumWidth = maximumWidth};
     };
     const auto all = [](double height) { return std::vector<double>(9, height); };
-    const struct {
-        const char* name;
-        const SSurface& surface;
-        decltype(SStep::settings) settings;
-        std::vector<double> expected;
-    } rows[] = {
-        {"mean", spike, SFilterSettings{.kind = EKind::Mean, .rows = 3, .columns = 3}, {0, 0, 1, 1, 1, 0, 0}},
-        {"mean of a curve",
-         spike,
-         SFilterSettings{.kind = EKind::Mean, .application = Curve, .columns = 3},
-         {0, 0, 3, 3, 3, 0, 0}},
-        {"Gauss",
-         spike,
-         SFilterSettings{.kind = EKind::Gauss, .columns = 3, .standardDeviation = 1},
-         {0, 0, 9 * beside / sum, 9 / sum, 9 * beside / sum, 0, 0}},
-        {"widest Gauss", dark, SFilterSettings{.kind = EKind::Gauss, .columns = 241, .standardDeviation = 40},
-         all(-5)},
-        {"weights in a row",
-         spike,
-         SFilterSettings{.kind = EKind::Convolution, .columns = 3, .weights = {1, 2, 6}},
-         {0, 0, 6, 2, 1, 0, 0}},
-        {"weights in a column",
-         spike,
-         SFilterSettings{.kind = EKind::Convolution, .rows = 3, .weights = {1, 2, 6}},
-         {0, 0, 0, 2, 0, 0, 0}},
-        {"full median", bulge, median(EFilterStrength::Full, 900), {5, 6, 7.5}},
-        {"weak median", bulge, median(EFilterStrength::Weak, 900), {4, 6, 14}},
-        {"spikes of a curve",
-         spike,
-         SFilterSettings{.kind = EKind::Spikes, .application = Curve, .columns = 3, .threshold = 5},
-         {0, 0, 0, 0, 0, 0, 0}},
-        {"bright streak", bright, streaks(Bright), all(0)},
-        {"dark streak, bright ones removed", dark, streaks(Bright), all(-5)},
-        {"dark streak", dark, streaks(Both), all(0)},
-        {"wide streak", bright, streaks(Both, 1), all(5)},
-        {"offset of a line", bulge, SPlaneCorrectionSettings{Linewise, EMethod::Offset, 1}, {-4, -2, 6}},
-        {"slope of a profile", bulge, SPlaneCorrectionSettings{Profile, EMethod::Polynomial, 1}, {1, -2, 1}},
-        {"bow of a line", bulge, SPlaneCorrectionSettings{Linewise, EMethod::Polynomial, 2}, {0, 0, 0}},
-        {"plane",
-         bulge,
-         SPlaneCorrectionSettings{Global, EMethod::Polynomial, 1},
-         {1 / 3., -2 / 3., 13 / 3.}},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        const std::vector<double> heights = MiddleLine(row.surface, row.settings);
-        ASSERT_EQ(heights.size(), row.expected.size());
-        for (std::size_t i = 0; i < heights.size(); ++i)
-            EXPECT_NEAR(heights[i], row.expected[i], 1e-9) << "point " << i;
-    }
+    const std::vector<double> weights = {1, 2, 6};
+    using SFilter = SFilterSettings;
+    using SPlane = SPlaneCorrectionSettings;
+
+    ExpectMiddle({0, 0, 1, 1, 1, 0, 0}, spike, SFilter{.kind = EKind::Mean, .rows = 3, .columns = 3});
+    ExpectMiddle({0, 0, 3, 3, 3, 0, 0}, spike,
+                 SFilter{.kind = EKind::Mean, .application = Curve, .columns = 3});
+    ExpectMiddle({0, 0, 9 * beside / sum, 9 / sum, 9 * beside / sum, 0, 0}, spike,
+                 SFilter{.kind = EKind::Gauss, .columns = 3, .standardDeviation = 1});
+    ExpectMiddle(all(-5), dark, SFilter{.kind = EKind::Gauss, .columns = 241, .standardDeviation = 40});
+    ExpectMiddle({0, 0, 6, 2, 1, 0, 0}, spike,
+                 SFilter{.kind = EKind::Convolution, .columns = 3, .weights = weights});
+    ExpectMiddle({0, 0, 0, 2, 0, 0, 0}, spike,
+                 SFilter{.kind = EKind::Convolution, .rows = 3, .weights = weights});
+    ExpectMiddle({5, 6, 7.5}, bulge, median(EFilterStrength::Full, 900));
+    ExpectMiddle({4, 6, 14}, bulge, median(EFilterStrength::Weak, 900));
+    ExpectMiddle({0, 0, 0, 0, 0, 0, 0}, spike,
+                 SFilter{.kind = EKind::Spikes, .application = Curve, .columns = 3, .threshold = 5});
+    ExpectMiddle(all(0), bright, streaks(Bright));
+    ExpectMiddle(all(-5), dark, streaks(Bright));
+    ExpectMiddle(all(0), dark, streaks(Both));
+    ExpectMiddle(all(5), bright, streaks(Both, 1)); // the streak is wider
+    ExpectMiddle({-4, -2, 6}, bulge, SPlane{Linewise, EMethod::Offset, 1});
+    ExpectMiddle({1, -2, 1}, bulge, SPlane{Profile, EMethod::Polynomial, 1});
+    ExpectMiddle({0, 0, 0}, bulge, SPlane{Linewise, EMethod::Polynomial, 2});
+    ExpectMiddle({1 / 3., -2 / 3., 13 / 3.}, bulge, SPlane{Global, EMethod::Polynomial, 1});
 }
 
 TEST(ApplySteps, HalfTheAmplitudePassesAtTheCutoffOfEveryRule)

@@ -1,6 +1,7 @@
 #include "measurement/EditPreferences.h"
 
 #include "measurement/Request.h"
+#include "tests/TestData.h"
 
 #include <gtest/gtest.h>
 
@@ -42,39 +43,18 @@ TEST(EditPreferences, ChangesEveryAnalysisThatHasTheKey)
     }
 }
 
+// A line of the record: the edit, and why it is refused.
 TEST(EditPreferences, WhatCannotBeMadeIsRefused)
 {
     CAnalysisPreferencesManager manager;
-    const std::pair<const char16_t*, const char*> rows[] = {
-        {u"Sa", "it has the form KEY=VALUE"},
-        {u"Nope=on", "there is no parameter or statistic \"Nope\""},
-        {u"Sa=perhaps", "the value is on or off"},
-        {u"Sa=on:3", "it takes no values"},
-        {u"Sq.unit=furlong", "\"furlong\" is no unit of length"},
-        {u"Sq.unit=nm:7", "it takes no values"},
-        {u"Ssk.unit=um", "the parameter is no length, area or volume"},
-        {u"Sq.format=Roman:3", "the format is Decimals, Digits or Integer"},
-        {u"Sq.format=Digits:13", "the count of a format is 1 to 12"},
-        {u"Sq.format=Digits:4.5", "the count of a format is 1 to 12"},
-        {u"Sq.format=Digits:4:5", "it has one colon too many"},
-        {u"Fractile=on:101", "only Fractile=on takes a value, 0 to 100"},
-        {u"Fractile=off:5", "only Fractile=on takes a value, 0 to 100"},
-        {u"Mean=on:3", "only Fractile=on takes a value, 0 to 100"},
-        {u"Mean.unit=nm", "a statistic has no unit and no format"},
-        {u"Sch=on", "it takes 1 values"},
-        {u"Sch=on:1,2", "it takes 1 values"},
-        {u"Sch=on:x", "\"x\" is no number"},
-        {u"Sch=on:nan", "\"nan\" is no number"},
-        {u"Sch=on:100.5", "\"100.5\" is no percentage, 0 to 100"},
-        {u"Sdc=on:10,-1", "\"-1\" is no percentage, 0 to 100"},
-        {u"Sch=off:1", "it takes no values"},
-    };
-    for (const auto& [change, reason] : rows) {
+    for (const std::string& row : ReadTestLines("preference-edit-refusals.txt")) {
+        const std::vector<std::string> cells = SplitText(row, '|');
+        const CStr change = CStr::FromUtf8(cells[0]);
         try {
             EditPreferences(manager, change);
-            ADD_FAILURE() << reason;
+            ADD_FAILURE() << row;
         } catch (const ERequest& error) {
-            EXPECT_EQ(error.what(), CStr(change).ToUtf8() + ": " + reason);
+            EXPECT_EQ(error.what(), cells[0] + ": " + cells[1]);
             EXPECT_EQ(error.GetSubject(), change);
         }
     }

@@ -25,11 +25,7 @@ TEST(Results, HaveWhatWasChosenAndNoMore)
     const SInput input{
         .surface = MakeSurface(30, 20, [](double x, double y) { return x > 10 && y > 5 ? 5e-8 : 1e-9 * x; })};
     const CAnalysisPreferencesManager manager;
-    const struct {
-        SRequest request;
-        const char* surface;
-        const char* columns;
-    } rows[] = {
+    const std::tuple<SRequest, const char*, const char*> rows[] = {
         {{.keys = {u"Sq", u"4287Ra", u"Sa"}}, "Sa Sq ", "4287Ra "}, // in the order of the catalogue
         {{.method = {.grains = SGrainLimit{4e-8, EGrainKind::Particle}}, .keys = {u"AreaExHoles"}},
          "",
@@ -37,13 +33,13 @@ TEST(Results, HaveWhatWasChosenAndNoMore)
         // No grain is so high: there are no rows, which is no fault of the key.
         {{.method = {.grains = SGrainLimit{1, EGrainKind::Particle}}, .keys = {u"AreaExHoles"}}, "", ""},
     };
-    for (const auto& row : rows) {
-        const SResults results = ComputeResults(input, MakeChoices(manager, row.request));
-        EXPECT_EQ(KeysOf(results.surface), row.surface);
-        EXPECT_EQ(KeysOf(results.columns), row.columns);
+    for (const auto& [request, surface, columns] : rows) {
+        const SResults results = ComputeResults(input, MakeChoices(manager, request));
+        EXPECT_EQ(KeysOf(results.surface), surface);
+        EXPECT_EQ(KeysOf(results.columns), columns);
     }
     const SChoices inMicrometres = MakeChoices(manager, {.keys = {u"Sz"}, .unit = CUnit::EUnitFactor::Micro});
     EXPECT_EQ(ComputeResults(input, inMicrometres).surface.at(0).GetText(5e-8), u"0.05");
-    EXPECT_THROW(MakeChoices(manager, {.method = rows[1].request.method, .keys = {u"Sa"}}), ERequest);
+    EXPECT_THROW(MakeChoices(manager, {.method = std::get<0>(rows[1]).method, .keys = {u"Sa"}}), ERequest);
     EXPECT_GT(MakeChoices(manager, {}).surface.size(), 30u);
 }
