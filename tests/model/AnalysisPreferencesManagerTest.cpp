@@ -1,5 +1,4 @@
-#include "model/AnalysisPreferencesManager.h"
-#include "common/Exceptions.h"
+#include "tests/model/ManagerTesting.h"
 #include "tests/model/PreferencesTesting.h"
 #include "tests/TestData.h"
 
@@ -12,37 +11,15 @@ using namespace CommonUI;
 using CManager = CAnalysisPreferencesManager;
 using EAnalysis::Roughness, EAnalysis::RoughnessProfile, EAnalysis::Tip, EAnalysis::Measure;
 using EChange = EPreferencesChange;
+using CRoughness = CRoughnessAnalysisPreferencesData;
 
 namespace
 {
 
-class CListener
-{
-public:
-    explicit CListener(CManager& manager)
-    {
-        manager.GetChangeList().Subscribe(*this, &CListener::OnChange, m_connection);
-    }
-    // The changes since the last call.
-    std::vector<SPreferencesChange> Take() { return std::exchange(m_changes, {}); }
-
-private:
-    void OnChange(const SPreferencesChange& change) { m_changes.push_back(change); }
-
-    std::vector<SPreferencesChange> m_changes;
-    CClosureConnection m_connection;
-};
-
-std::vector<SPreferencesChange> AllKinds(EAnalysis analysis)
+CChanges AllKinds(EAnalysis analysis)
 {
     return {{analysis, EChange::Parameters}, {analysis, EChange::Statistics}, {analysis, EChange::Outputs}};
 }
-
-class COpenManager : public CManager
-{
-public:
-    using CManager::_GetData;
-};
 
 } // namespace
 
@@ -61,8 +38,8 @@ TEST(AnalysisPreferencesManager, ObjectsAreOfTheirClassesAndStayTheSame)
 // are in.
 TEST(AnalysisPreferencesManager, StoredKeysAreThoseOfTheGoldenFile)
 {
-    COpenManager manager;
-    auto& image = dynamic_cast<CRoughnessAnalysisPreferencesData&>(manager._GetData(Roughness));
+    CWatchedManager manager;
+    auto& image = dynamic_cast<CRoughness&>(manager._GetData(Roughness));
     image.AddTemplateInstance(ERoughnessParameters::Sch, {95});
     image.AddTemplateInstance(ERoughnessParameters::Sdc, {2.5, 50});
     image.AddParameter(142, {0, u"Acme", u"Acme Roughness", u"Ac", 6, true, CParameter::EDimension::Area});
@@ -91,191 +68,132 @@ TEST(AnalysisPreferencesManager, StoredKeysAreThoseOfTheGoldenFile)
 TEST(AnalysisPreferencesManager, EqualListsInAnyOrderChangeNothing)
 {
     using FSetter = bool (CManager::*)(EAnalysis, std::vector<CParameter>&);
-    const struct {
-        EChange kind;
-        FSetter set;
-        std::vector<CParameter> (CAnalysisPreferencesData::*get)() const;
-    } rows[] = {
+    using FGetter = std::vector<CParameter> (CAnalysisPreferencesData::*)() const;
+    const std::tuple<EChange, FSetter, FGetter> rows[] = {
         {EChange::Parameters, &CManager::SetDataParameters, &CAnalysisPreferencesData::GetParameters},
         {EChange::Statistics, &CManager::SetDataStatistics, &CAnalysisPreferencesData::GetStatistics},
         {EChange::Outputs, &CManager::SetDataOutputs, &CAnalysisPreferencesData::GetOutputs},
     };
-    for (const auto& row : rows) {
+    for (const auto& [kind, set, get] : rows) {
         for (const EAnalysis analysis : {Roughness, Measure, Tip}) {
-            CManager manager;
-            CListener listener(manager);
-            const std::vector<CParameter> before = (manager.GetData(analysis).*row.get)();
+            CWatchedManager manager;
+            const std::vector<CParameter> before = (manager.GetData(analysis).*get)();
             std::vector<CParameter> list = before;
             std::ranges::reverse(list);
-            EXPECT_FALSE((manager.*row.set)(analysis, list));
+            for (CParameter& parameter : list)
+                parameter.SetOn(parameter.IsOn() || parameter.IsTemplate()); // which a template never is
+            EXPECT_FALSE((manager.*set)(analysis, list));
             EXPECT_TRUE(std::ranges::is_sorted(list, {}, &CParameter::GetValue));
-            EXPECT_TRUE(listener.Take().empty());
+            EXPECT_TRUE(manager.TakeChanges().empty());
             EXPECT_FALSE(manager.GetData(analysis).IsModified());
 
             list.back().SetOn(!list.back().IsOn());
-            EXPECT_TRUE((manager.*row.set)(analysis, list));
-            EXPECT_EQ(listener.Take(), (std::vector<SPreferencesChange>{{analysis, row.kind}}));
-            EXPECT_FALSE((manager.*row.set)(analysis, list));
-            const std::vector<CParameter> after = (manager.GetData(analysis).*row.get)();
+            EXPECT_TRUE((manager.*set)(analysis, list));
+            EXPECT_EQ(manager.TakeChanges(), (CChanges{{analysis, kind}}));
+            EXPECT_FALSE((manager.*set)(analysis, list));
+            const std::vector<CParameter> after = (manager.GetData(analysis).*get)();
             EXPECT_TRUE(std::ranges::equal(after, before, {}, &CParameter::GetValue, &CParameter::GetValue))
                 << "the order is the catalogue's again";
         }
     }
-    CManager manager;
-    CListener listener(manager);
-    std::vector<CParameter> unknown = {CParameter(99, u"", u"", u"", 0, true)};
-    EXPECT_TRUE(manager.SetDataOutputs(Tip, unknown));
-    EXPECT_TRUE(listener.Take().empty());
 }
 
 TEST(AnalysisPreferencesManager, EveryRealChangeIsAnnouncedOnce)
 {
-    CManager manager;
-    CListener listener(manager);
-    CRoughnessAnalysisPreferencesData::SBarChartConfig config;
-    config.barCount = 3;
-    CInifile ini = PreferencesIni();
-    const struct {
-        const char* what;
-        std::function<bool()> call;
-        bool result;
-        std::vector<SPreferencesChange> first;
-        std::vector<SPreferencesChange> again;
-    } rows[] = {
-        {"on",
-         [&] { return manager.SetDataParameterOn(Tip, 3, true); },
-         true,
-         {{Tip, EChange::Parameters}},
-         {}},
-        {"absent", [&] { return manager.SetDataParameterOn(Tip, 99, true); }, false, {}, {}},
-        {"preprocessing",
-         [&] { return manager.SetDataPreprocessingNo(Tip, 2); },
-         true,
-         {{Tip, EChange::Parameters}},
-         {}},
-        {"no option", [&] { return manager.SetDataPreprocessingNo(Tip, 7); }, false, {}, {}},
-        {"chart",
-         [&] { return manager.SetBarChartConfig(Roughness, config); },
-         true,
-         {{Roughness, EChange::Outputs}},
-         {}},
-        {"no chart", [&] { return manager.SetBarChartConfig(Tip, config); }, false, {}, {}},
-        {"other data", [&] { return manager.SetData(Tip, CGrainAnalysisPreferencesData()); }, false, {}, {}},
-        {"load", [&] { return manager.LoadData(RoughnessProfile, ini); }, true, AllKinds(RoughnessProfile),
-         AllKinds(RoughnessProfile)},
-        {"save", [&] { return manager.SaveData(RoughnessProfile, ini); }, true, {}, {}},
+    CWatchedManager manager;
+    const auto expectTold = [&](bool result, const CChanges& told, const std::function<bool()>& call) {
+        EXPECT_EQ(call(), result);
+        EXPECT_EQ(manager.TakeChanges(), told);
+        EXPECT_EQ(call(), result);
+        EXPECT_TRUE(manager.TakeChanges().empty()) << "what it already has";
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        EXPECT_EQ(row.call(), row.result);
-        EXPECT_EQ(listener.Take(), row.first);
-        EXPECT_EQ(row.call(), row.result);
-        EXPECT_EQ(listener.Take(), row.again);
-    }
+    expectTold(true, {{Tip, EChange::Parameters}}, [&] { return manager.SetDataParameterOn(Tip, 3, true); });
+    expectTold(false, {}, [&] { return manager.SetDataParameterOn(Tip, 99, true); });
+    const int sch = static_cast<int>(ERoughnessParameters::Sch);
+    expectTold(true, {}, [&] { return manager.SetDataParameterOn(Roughness, sch, true); }); // a template
+    expectTold(true, {{Tip, EChange::Parameters}}, [&] { return manager.SetDataPreprocessingNo(Tip, 2); });
+    expectTold(false, {}, [&] { return manager.SetDataPreprocessingNo(Tip, 7); });
+    const CRoughness::SBarChartConfig config{.barCount = 3};
+    expectTold(true, {{Roughness, EChange::Outputs}},
+               [&] { return manager.SetBarChartConfig(Roughness, config); });
+    expectTold(false, {}, [&] { return manager.SetBarChartConfig(Tip, config); });
+    expectTold(false, {}, [&] { return manager.SetData(Tip, CGrainAnalysisPreferencesData()); });
+    std::vector<CParameter> unknown = {CParameter(99, u"", u"", u"", 0, true)};
+    expectTold(true, {}, [&] { return manager.SetDataOutputs(Tip, unknown); });
+
+    CInifile ini = PreferencesIni();
+    EXPECT_TRUE(manager.SaveData(RoughnessProfile, ini));
+    EXPECT_TRUE(manager.TakeChanges().empty());
+    EXPECT_TRUE(manager.LoadData(RoughnessProfile, ini));
+    EXPECT_EQ(manager.TakeChanges(), AllKinds(RoughnessProfile)) << "even of what it already has";
     EXPECT_TRUE(manager.Load(ini));
-    EXPECT_EQ(listener.Take().size(), 30u);
+    EXPECT_EQ(manager.TakeChanges().size(), 30u);
 }
 
 TEST(AnalysisPreferencesManager, SetDataTellsOfTheKindsThatChanged)
 {
-    using CRoughness = CRoughnessAnalysisPreferencesData;
-    const std::vector<SPreferencesChange> parameters = {{Roughness, EChange::Parameters}};
-    const std::vector<SPreferencesChange> outputs = {{Roughness, EChange::Outputs}};
     const double none = std::numeric_limits<double>::quiet_NaN();
-    const auto change = [](CRoughness& data, auto edit) {
-        CParameter parameter = data.GetParameter(1);
-        edit(parameter);
-        data.SetParameter(1, parameter);
-    };
-    CRoughness::SBarChartConfig noRange;
-    noRange.lower = none;
-    const struct {
-        const char* what;
-        std::function<void(CRoughness&)> edit;
-        std::vector<SPreferencesChange> told;
-    } rows[] = {
-        {"nothing", [](CRoughness&) {}, {}},
-        {"title", [&](CRoughness& data) { change(data, [](CParameter& p) { p.SetFriendlyString(u"x"); }); },
-         parameters},
-        {"axis", [&](CRoughness& data) { change(data, [&](CParameter& p) {
-                                             p.SetAxisRange({0, none});
-                                         }); },
-         parameters},
-        {"histogram",
-         [&](CRoughness& data) {
-             change(data, [&](CParameter& p) { p.SetHistogramSetup(2, {{none, 1}, true, true, 5, 0}); });
-         },
-         parameters},
-        {"instance", [&](CRoughness& data) { data.AddTemplateInstance(ERoughnessParameters::Sch, {none}); },
-         parameters},
-        {"form removal", [](CRoughness& data) { data.SetFormRemoval(ERoughnessFormRemoval::Parabola); },
-         parameters},
-        {"unit", [](CRoughness& data) { data.SetUnit(CUnit(CUnit::EUnitFactor::Aangstroem)); }, parameters},
-        {"standard",
-         [](CRoughness& data) {
-             data.SetEnabledStandards({{EAnalysisStandards::RoughnessPlugIns, false}});
-         },
-         parameters},
-        {"file", [](CRoughness& data) { data.SetWriteToFile(!data.GetWriteToFile()); }, outputs},
-        {"chart", [&](CRoughness& data) { data.SetBarChartConfig(noRange); }, outputs},
-        {"report", [](CRoughness& data) { data.SetReportOption(ERoughnessReportOption::HTML); }, outputs},
-        {"all",
-         [](CRoughness& data) {
-             data.SetMUFUFilterType(EMUFUFilterType::None);
-             data.SetStatsOn(data.GetStatisticIDs().front(), !data.GetStatistics().front().IsOn());
-             data.SetOutputOn(1, !data.GetOutput(1).IsOn());
-         },
-         AllKinds(Roughness)},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        CManager manager;
-        CListener listener(manager);
+    const auto expectTold = [](const CChanges& told, const std::function<void(CRoughness&)>& edit) {
+        CWatchedManager manager;
         CRoughness data(Roughness);
-        row.edit(data);
+        edit(data);
         EXPECT_TRUE(manager.SetData(Roughness, data));
-        EXPECT_EQ(listener.Take(), row.told);
-        EXPECT_EQ(manager.GetData(Roughness).IsModified(), !row.told.empty());
+        EXPECT_EQ(manager.TakeChanges(), told);
+        EXPECT_EQ(manager.GetData(Roughness).IsModified(), !told.empty());
         EXPECT_TRUE(manager.SetData(Roughness, *manager.GetData(Roughness).Clone()));
-        EXPECT_TRUE(listener.Take().empty()) << "what it already has";
-    }
+        EXPECT_TRUE(manager.TakeChanges().empty()) << "what it already has";
+    };
+    const auto ofParameter = [](auto edit) {
+        return [edit](CRoughness& data) {
+            CParameter parameter = data.GetParameter(1);
+            edit(parameter);
+            data.SetParameter(1, parameter);
+        };
+    };
+    const std::function<void(CRoughness&)> parameterEdits[] = {
+        ofParameter([](auto& parameter) { parameter.SetFriendlyString(u"x"); }),
+        ofParameter([&](auto& parameter) {
+            parameter.SetAxisRange({0, none});
+        }),
+        ofParameter([&](auto& parameter) {
+            parameter.SetHistogramSetup(2, {{none, 1}, true, true, 5, 0});
+        }),
+        [&](auto& data) { data.AddTemplateInstance(ERoughnessParameters::Sch, {none}); },
+        [](auto& data) { data.SetFormRemoval(ERoughnessFormRemoval::Parabola); },
+        [](auto& data) { data.SetUnit(CUnit(CUnit::EUnitFactor::Aangstroem)); },
+        [](auto& data) {
+            data.SetEnabledStandards({{EAnalysisStandards::RoughnessPlugIns, false}});
+        },
+    };
+    for (const auto& edit : parameterEdits)
+        expectTold({{Roughness, EChange::Parameters}}, edit);
+    const std::function<void(CRoughness&)> outputEdits[] = {
+        [](auto& data) { data.SetWriteToFile(!data.GetWriteToFile()); },
+        [&](auto& data) { data.SetBarChartConfig({.lower = none}); },
+        [](auto& data) { data.SetReportOption(ERoughnessReportOption::HTML); },
+    };
+    for (const auto& edit : outputEdits)
+        expectTold({{Roughness, EChange::Outputs}}, edit);
+    expectTold({}, [](CRoughness&) {});
+    expectTold(AllKinds(Roughness), [](CRoughness& data) {
+        data.SetMUFUFilterType(EMUFUFilterType::None);
+        data.SetStatsOn(data.GetStatisticIDs().front(), !data.GetStatistics().front().IsOn());
+        data.SetOutputOn(1, !data.GetOutput(1).IsOn());
+    });
 }
 
 TEST(AnalysisPreferencesManager, NumbersThatAreNoAnalysisThrow)
 {
-    COpenManager manager;
-    const struct {
-        const char16_t* function;
-        std::function<void(EAnalysis)> call;
-    } rows[] = {
+    CWatchedManager manager;
+    const std::pair<const char16_t*, std::function<void(EAnalysis)>> rows[] = {
         {u"GetData", [&](EAnalysis none) { (void)manager.GetData(none); }},
         {u"_GetData", [&](EAnalysis none) { (void)manager._GetData(none); }},
         {u"SetDataParameterOn", [&](EAnalysis none) { manager.SetDataParameterOn(none, 0, true); }},
         {u"SetDataPreprocessingNo", [&](EAnalysis none) { manager.SetDataPreprocessingNo(none, 0); }},
     };
-    for (const auto& row : rows) {
-        for (const int none : {-1, 10}) {
-            try {
-                row.call(EAnalysis{none});
-                ADD_FAILURE() << none;
-            } catch (const EInternal& error) {
-                EXPECT_EQ(error.GetFunction(), u"CAnalysisPreferencesManager::" + CStr(row.function));
-                EXPECT_EQ(error.GetMessageText(), CStr::Format(u"Illegal Analysis value: %d", none));
-            }
-        }
+    for (const auto& [function, call] : rows) {
+        for (const int none : {-1, 10})
+            ExpectInternal([&] { call(EAnalysis{none}); }, u"CAnalysisPreferencesManager::" + CStr(function),
+                           CStr::Format(u"Illegal Analysis value: %d", none));
     }
-}
-
-TEST(AnalysisPreferencesManager, SwitchingATemplateOnIsNoChange)
-{
-    CAnalysisPreferencesManager manager;
-    std::vector<CParameter> list = manager.GetData(EAnalysis::Roughness).GetParameters();
-    for (CParameter& parameter : list) {
-        if (parameter.IsTemplate())
-            parameter.SetOn(true);
-    }
-    EXPECT_FALSE(manager.SetDataParameters(EAnalysis::Roughness, list));
-    const int sch = static_cast<int>(ERoughnessParameters::Sch);
-    EXPECT_TRUE(manager.SetDataParameterOn(EAnalysis::Roughness, sch, true));
-    EXPECT_FALSE(manager.GetData(EAnalysis::Roughness).IsParameterOn(sch));
 }

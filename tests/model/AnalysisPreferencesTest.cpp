@@ -1,9 +1,8 @@
-#include "common/Exceptions.h"
+#include "tests/model/ManagerTesting.h"
 #include "tests/model/PreferencesTesting.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
 
 using namespace CommonUI;
@@ -97,39 +96,27 @@ TEST(AnalysisPreferences, WhatCannotBeReadKeepsItsValue)
 {
     const CDiagnosticsCapture warnings;
     CInifile ini = PreferencesIni("[A]\nWriteToFile=maybe\nPreprocessing=4\nCount_S_On=2\nMean_S_Value=nan\n"
-                                  "ResultTable_O_On=\n");
+                                  "ResultTable_O_On=\nStepHeight_P_On=perhaps\nStepHeight_P_Factor=nano\n"
+                                  "StepHeight_P_FloatFormat=Roman\nStepHeight_P_FloatSize=-1\n");
     CData data(EAnalysis::CalibrationZ);
     EXPECT_TRUE(data.Load(ini));
     EXPECT_EQ(SavedBytes(data), SavedBytes(*MakePreferences(EAnalysis::CalibrationZ)));
-    EXPECT_EQ(warnings.GetCount(), 5);
+    EXPECT_EQ(warnings.GetCount(), 9);
 }
 
 TEST(AnalysisPreferences, AbsentNumbersThrowInGettersAndAreRefusedBySetters)
 {
     const CData data(EAnalysis::Tip);
     const EAnalysis none{10};
-    const struct {
-        const char16_t* function;
-        const char16_t* text;
-        std::function<void()> call;
-    } rows[] = {
-        {u"GetParameter", u"Illegal Parameter ID: 12345", [&] { (void)data.GetParameter(12345); }},
-        {u"GetStatistic", u"Illegal m_Statistic ID: -1", [&] { (void)data.GetStatistic(-1); }},
-        {u"GetOutput", u"Illegal Output ID: 12345", [&] { (void)data.GetOutput(12345); }},
-        {u"GetFriendlyName", u"Illegal Analysis value: 10", [&] { (void)CData::GetFriendlyName(none); }},
-        {u"GetININame", u"Illegal Analysis value: -1", [&] { (void)CData::GetININame(EAnalysis{-1}); }},
-        {u"Init", u"Illegal Analysis value: 10", [&] { (void)CData(none); }},
+    const auto expect = [](const char16_t* function, const char16_t* message, const auto& call) {
+        ExpectInternal(call, u"CAnalysisPreferencesData::" + CStr(function), message);
     };
-    for (const auto& row : rows) {
-        try {
-            row.call();
-            ADD_FAILURE() << CStr(row.text).ToUtf8();
-        } catch (const EInternal& error) {
-            EXPECT_EQ(error.GetMessageText(), row.text);
-            EXPECT_EQ(error.GetFunction(), u"CAnalysisPreferencesData::" + CStr(row.function));
-            EXPECT_EQ(error.GetFile(), u"AnalysisPreferencesData");
-        }
-    }
+    expect(u"GetParameter", u"Illegal Parameter ID: 12345", [&] { (void)data.GetParameter(12345); });
+    expect(u"GetStatistic", u"Illegal m_Statistic ID: -1", [&] { (void)data.GetStatistic(-1); });
+    expect(u"GetOutput", u"Illegal Output ID: 12345", [&] { (void)data.GetOutput(12345); });
+    expect(u"GetFriendlyName", u"Illegal Analysis value: 10", [&] { (void)CData::GetFriendlyName(none); });
+    expect(u"GetININame", u"Illegal Analysis value: -1", [] { (void)CData::GetININame(EAnalysis{-1}); });
+    expect(u"Init", u"Illegal Analysis value: 10", [&] { (void)CData(none); });
     CData changed = data;
     const CParameter other(12345, u"x", u"x", u"", 0, true);
     EXPECT_FALSE(changed.SetStatistic(12345, other) || changed.SetOutput(12345, other) ||

@@ -52,39 +52,29 @@ TEST(OldPreferences, EverySwitchTurnsOnAndOff)
 TEST(OldPreferences, UnitPreprocessingAndReport)
 {
     const CDiagnosticsCapture warnings;
-    const struct {
-        const char* line;
-        const char16_t* unit;
-        int preprocessing;
-        int report;
-        int warned;
-    } rows[] = {
+    const std::tuple<const char*, const char16_t*, int, int, int> rows[] = {
         {"OptionsHeightUnit=um", u"µm", 1, 0, 0}, {"OptionsHeightUnit=4", u"µm", 1, 0, 0},
         {"OptionsHeightUnit=13", u"nm", 1, 0, 1}, {"m_Preprocessing=2", u"nm", 2, 0, 0},
         {"m_Preprocessing=9", u"nm", 1, 0, 1},    {"ReportOptions=2", u"nm", 1, 2, 0},
         {"ReportOptions=-1", u"nm", 1, 0, 1},     {"ReportOptions=HTML", u"nm", 1, 0, 1},
     };
     int warned = 0;
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.line);
+    for (const auto& [line, unit, preprocessing, report, warnedNow] : rows) {
+        SCOPED_TRACE(line);
         CRoughnessAnalysisPreferencesData data(EAnalysis::Roughness);
-        CInifile ini = PreferencesIni("[A]\n" + std::string(row.line));
+        CInifile ini = PreferencesIni("[A]\n" + std::string(line));
         EXPECT_TRUE(data.Load(ini));
         EXPECT_TRUE(data.IsModified());
-        EXPECT_EQ(data.GetUnit().GetText(), row.unit);
-        EXPECT_EQ(static_cast<int>(data.GetPreprocessingOption()), row.preprocessing);
-        EXPECT_EQ(static_cast<int>(data.GetReportOption()), row.report);
-        EXPECT_EQ(warnings.GetCount(), warned += row.warned);
+        EXPECT_EQ(data.GetUnit().GetText(), unit);
+        EXPECT_EQ(static_cast<int>(data.GetPreprocessingOption()), preprocessing);
+        EXPECT_EQ(static_cast<int>(data.GetReportOption()), report);
+        EXPECT_EQ(warnings.GetCount(), warned += warnedNow);
     }
 }
 
 TEST(OldPreferences, SharedSectionIsFoundFromTheAnalysisSection)
 {
-    const struct {
-        const char* bytes;
-        const char16_t* section;
-        bool found;
-    } rows[] = {
+    const std::tuple<const char*, const char16_t*, bool> rows[] = {
         {"[A]\nOptionsTipDB=1\n", u"A_TipAnalysis", true},
         {"OptionsTipDB=1\n", u"_TipAnalysis", true},
         {"[A]\nOptionsTipDB=1\n[A_TipAnalysis]\nOptionsTipDB=0\n", u"A_TipAnalysis", false},
@@ -92,11 +82,11 @@ TEST(OldPreferences, SharedSectionIsFoundFromTheAnalysisSection)
         {"[A]\nOptionsCalDB=1\n", u"A_TipAnalysis", false},
         {"[A]\nOptionsTipDB=1\n[A_TipAnalysis]\nWriteToFile=0\n", u"A_TipAnalysis", false},
     };
-    for (const auto& row : rows) {
+    for (const auto& [bytes, section, found] : rows) {
         CAnalysisPreferencesData data(EAnalysis::Tip);
-        CInifile ini = PreferencesIni(row.bytes, row.section);
+        CInifile ini = PreferencesIni(bytes, section);
         EXPECT_TRUE(data.Load(ini));
-        EXPECT_EQ(data.GetWriteToDB(), row.found) << row.bytes;
-        EXPECT_EQ(ini.GetSection(), row.section);
+        EXPECT_EQ(data.GetWriteToDB(), found) << bytes;
+        EXPECT_EQ(ini.GetSection(), section);
     }
 }

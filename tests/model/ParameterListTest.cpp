@@ -71,51 +71,44 @@ TEST(ParameterList, WithoutDynamicParametersTheirSectionIsEmpty)
 
 TEST(ParameterList, BadEntriesAreLeftOutAndBadValuesKeepTheDefault)
 {
-    const char* const good = "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7,50\n";
+    const std::string good = "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7,50\n";
     const struct {
         const char* what;
-        EAnalysis analysis;
-        const char* count;
-        const char* first;
-        const char* more;
-        int dynamic;
-        bool warned;
+        std::string count;
+        std::string entries;
+        bool isMade;
+        EAnalysis analysis = EAnalysis::Roughness;
     } cases[] = {
-        {"good", EAnalysis::Roughness, "1", good, "", 1, false},
-        {"count too large", EAnalysis::Roughness, "2000000000", good, "", 1, true},
-        {"count too small", EAnalysis::Roughness, "0", good, "", 0, true},
-        {"too few values", EAnalysis::Roughness, "1",
-         "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7\n", "", 1, true},
-        {"no finite value", EAnalysis::Roughness, "1",
-         "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7,nan\n", "", 1, true},
-        {"count negative", EAnalysis::Roughness, "-1", good, "", 1, true},
-        {"count no number", EAnalysis::Roughness, "many", good, "", 1, true},
-        {"count beyond int", EAnalysis::Roughness, "99999999999", good, "", 1, true},
-        {"count empty", EAnalysis::Roughness, "", good, "", 1, true},
-        {"unknown parent", EAnalysis::Roughness, "1", "Dyn1_ParentParam=Nope\nDyn1_NumVariables=0\n", "", 0,
+        {"good", "1", good, true},
+        {"count too large", "2000000000", good, true},
+        {"count too small", "0", good, false},
+        {"count negative", "-1", good, true},
+        {"count no number", "many", good, true},
+        {"count beyond int", "99999999999", good, true},
+        {"count empty", "", good, true},
+        {"too few values", "1", "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7\n", true},
+        {"value not finite", "1", "Dyn1_ParentParam=Sdc\nDyn1_NumVariables=2\nDyn1_VariableValues=7,nan\n",
          true},
-        {"no parent", EAnalysis::Roughness, "1", "Dyn1_NumVariables=0\n", "", 0, true},
-        {"parent not in the list", EAnalysis::Roughness, "1", "Dyn1_ParentParam=Sq\n", "", 0, true},
-        {"count of variables", EAnalysis::Roughness, "1", "Dyn1_ParentParam=Sdc\n", "", 0, true},
-        {"no catalogue", EAnalysis::Tip, "1", good, "", 0, true},
-        {"a gap", EAnalysis::Roughness, "5", "Dyn5_ParentParam=Sdc\nDyn5_NumVariables=2\n", "", 1, true},
-        {"written differently", EAnalysis::Roughness, "1", "Dyn01_ParentParam=Sdc\nDyn01_NumVariables=2\n",
-         "", 0, true},
-        {"dimension", EAnalysis::Roughness, "1", good, "Dyn1_P_Dimension=11\n", 1, true},
-        {"digits", EAnalysis::Roughness, "1", good, "Dyn1__P_FloatSize=2000000000\n", 1, true},
+        {"unknown parent", "1", "Dyn1_ParentParam=Nope\nDyn1_NumVariables=0\n", false},
+        {"no parent", "1", "Dyn1_NumVariables=0\n", false},
+        {"parent not in the list", "1", "Dyn1_ParentParam=Sq\n", false},
+        {"count of variables", "1", "Dyn1_ParentParam=Sdc\n", false},
+        {"no catalogue", "1", good, false, EAnalysis::Tip},
+        {"a gap", "5", "Dyn5_ParentParam=Sdc\nDyn5_NumVariables=2\n", true},
+        {"written differently", "1", "Dyn01_ParentParam=Sdc\nDyn01_NumVariables=2\n", false},
+        {"dimension", "1", good + "Dyn1_P_Dimension=11\n", true},
+        {"digits", "1", good + "Dyn1__P_FloatSize=2000000000\n", true},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
         const CDiagnosticsCapture warnings;
-        std::string bytes("[A]\n[A_DynamicParameters]\nNumDynamicParameters=");
-        for (const char* part : {row.count, "\n", row.first, row.more})
-            bytes += part;
-        CInifile ini = PreferencesIni(bytes);
+        CInifile ini = PreferencesIni("[A]\n[A_DynamicParameters]\nNumDynamicParameters=" + row.count + "\n" +
+                                      row.entries);
         std::vector<CParameter> list = StaticList();
         LoadParameterList(list, ini, row.analysis);
-        ASSERT_EQ(list.size(), 3u + static_cast<unsigned>(row.dynamic));
-        EXPECT_EQ(warnings.GetCount() > 0, row.warned);
-        if (row.dynamic == 1) {
+        EXPECT_EQ(warnings.GetCount() == 0, row.what == std::string("good"));
+        ASSERT_EQ(list.size(), row.isMade ? 4u : 3u);
+        if (row.isMade) {
             EXPECT_EQ(list[3].GetUnitFactor(), EFactor::Undefined);
             EXPECT_EQ(list[3].GetDimension(), CParameter::EDimension::Length);
             EXPECT_EQ(list[3].GetFloatFormat().count, 5);
@@ -138,19 +131,4 @@ TEST(ParameterList, NumbersThatAreLeftAreGiven)
     EXPECT_EQ(list[5].GetValue(), std::numeric_limits<int>::max());
     EXPECT_EQ(list[6].GetValue(), 144);
     EXPECT_EQ(list[7].GetValue(), 146);
-}
-
-TEST(ParameterList, UnknownNamesOfStaticParametersKeepWhatWas)
-{
-    const CDiagnosticsCapture warnings;
-    CInifile ini =
-        PreferencesIni("[A]\nSa_P_On=perhaps\nSa_P_Factor=nano\nSa_P_FloatFormat=Roman\nSa_P_FloatSize=-1\n"
-                       "Sdc_P_On=1\n");
-    std::vector<CParameter> list = StaticList();
-    list[0].SetUnitFactor(EFactor::Milli);
-    const CParameter before = list[0];
-    LoadParameterList(list, ini, EAnalysis::Roughness);
-    EXPECT_TRUE(CParameter::IsEqual(list[0], before));
-    EXPECT_FALSE(list[1].IsOn());
-    EXPECT_GE(warnings.GetCount(), 2);
 }

@@ -1,5 +1,7 @@
 #include "model/Parameter.h"
 
+#include "tests/TestData.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -19,6 +21,8 @@ CParameter MakeParameter(EDimension dimension = EDimension::None, bool on = true
 
 const CUnit c_metre(EFactor::Unity);
 const CUnit c_volt(EFactor::Unity, u"V");
+constexpr CParameter::SFormatSpecifier c_decimals{CParameter::EFormatSpecifier::FormatDecimals, 5};
+constexpr CParameter::SFormatSpecifier c_fourDigits{CParameter::EFormatSpecifier::FormatDigits, 4};
 const SBase3D<CUnit> c_lengths{c_metre, CUnit(EFactor::Nano), c_metre};
 
 } // namespace
@@ -29,74 +33,28 @@ TEST(Parameter, ApplicationsKnowItsConstants)
     EXPECT_EQ(MakeParameter().GetAxisMode(), 1);
 }
 
-TEST(Parameter, DimensionsScaleAndShowTheirUnit)
+// A line of the record: number of the dimension, its power, its factor at the default unit, the units of the axes, and
+// what they make of it: the text of the scaled unit, symbol and power of the unit.
+TEST(Parameter, DimensionsScaleAndShowTheUnitsOfTheAxes)
 {
-    const struct {
-        EDimension dimension;
-        int power;
-        double factorAtNano;
-        const char16_t* text;
-    } cases[] = {
-        {EDimension::None, 0, 1, u""},
-        {EDimension::Length, 1, 1e9, u"nm"},
-        {EDimension::LengthX, 1, 1e9, u"nm"},
-        {EDimension::LengthY, 1, 1e9, u"nm"},
-        {EDimension::LengthZ, 1, 1e9, u"nm"},
-        {EDimension::Area, 2, 1e18, u"nm²"},
-        {EDimension::Volume, 3, 1e27, u"nm³"},
-        {EDimension::InverseLength, 0, 1e-9, u"1/nm"},
-        {EDimension::InverseArea, 0, 1e-18, u"1/nm²"},
-        {EDimension::Angle, 1, 1, u"°"},
-        {EDimension::Percent, 0, 1, u"%"},
-        {static_cast<EDimension>(11), 0, 1, u""},
-    };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(static_cast<int>(row.dimension));
-        const CParameter parameter = MakeParameter(row.dimension);
-        EXPECT_EQ(parameter.DimensionToPower(), row.power);
-        EXPECT_NEAR(parameter.CalcFactor() / row.factorAtNano, 1, 1e-15);
-        EXPECT_EQ(parameter.GetScaledUnitStr(c_metre), row.text);
-        EXPECT_EQ(parameter.GetScaledUnitStr(c_lengths), row.text);
-    }
-}
-
-TEST(Parameter, UnitsOfAxesMustAgreeWhereADimensionNeedsIt)
-{
-    struct SCase {
-        EDimension dimension;
-        const char16_t* x;
-        const char16_t* y;
-        const char16_t* z;
-        const char16_t* text;
-        const char16_t* unit;
-        int power;
-    };
-    const SCase cases[] = {
-        {EDimension::Length, u"m", u"V", u"m", u"", u"", 0},
-        {EDimension::Length, u"m", u"m", u"V", u"nm", u"m", 1},
-        {EDimension::LengthX, u"V", u"m", u"m", u"nV", u"V", 1},
-        {EDimension::LengthY, u"m", u"V", u"m", u"nV", u"V", 1},
-        {EDimension::LengthZ, u"m", u"m", u"V", u"nV", u"V", 1},
-        {EDimension::Area, u"m", u"V", u"m", u"", u"", 0},
-        {EDimension::Area, u"m", u"m", u"V", u"nm²", u"m", 2},
-        {EDimension::Volume, u"m", u"m", u"V", u"", u"", 0},
-        {EDimension::Volume, u"m", u"m", u"m", u"nm³", u"m", 3},
-        {EDimension::InverseLength, u"V", u"m", u"m", u"1/nV", u"", 0},
-        {EDimension::InverseArea, u"m", u"V", u"m", u"", u"", 0},
-        {EDimension::Angle, u"m", u"V", u"m", u"°", u"°", 1},
-        {EDimension::Percent, u"m", u"V", u"m", u"%", u"", 0},
-        {EDimension::None, u"m", u"m", u"m", u"", u"", 0},
-    };
-    for (const SCase& row : cases) {
-        SCOPED_TRACE(static_cast<int>(row.dimension));
-        const auto unitOf = [](const char16_t* symbol) { return CUnit(EFactor::Unity, symbol); };
-        const SBase3D<CUnit> units{unitOf(row.x), unitOf(row.y), unitOf(row.z)};
-        EXPECT_EQ(MakeParameter(row.dimension).GetScaledUnitStr(units), row.text);
+    for (const std::string& row : ReadTestLines("parameter-units.txt")) {
+        SCOPED_TRACE(row);
+        const std::vector<std::string> cells = SplitText(row, '|');
+        const std::vector<std::string> axes = SplitText(cells[3], ' ');
+        const auto unitOf = [&](std::size_t axis) { return CUnit::FromText(CStr::FromUtf8(axes[axis])); };
+        const SBase3D<CUnit> units{unitOf(0), unitOf(1), unitOf(2)};
+        const CParameter parameter = MakeParameter(EDimension{std::stoi(cells[0])});
+        EXPECT_EQ(parameter.DimensionToPower(), std::stoi(cells[1]));
+        EXPECT_NEAR(parameter.CalcFactor() / std::stod(cells[2]), 1, 1e-15);
+        EXPECT_EQ(parameter.GetScaledUnitStr(units).ToUtf8(), cells[4]);
+        if (units.y == CUnit(EFactor::Nano)) {
+            EXPECT_EQ(parameter.GetScaledUnitStr(c_metre).ToUtf8(), cells[4]);
+        }
         CUnit unit(EFactor::Giga);
         int power = 9;
-        CParameter::GetUnitAndPower(row.dimension, units, unit, power);
-        EXPECT_EQ(unit.GetSymbol(), row.unit);
-        EXPECT_EQ(power, row.power);
+        CParameter::GetUnitAndPower(parameter.GetDimension(), units, unit, power);
+        EXPECT_EQ(unit.GetSymbol().ToUtf8(), cells[5]);
+        EXPECT_EQ(power, std::stoi(cells[6]));
     }
 }
 
@@ -174,12 +132,8 @@ TEST(Parameter, IsEqualComparesChoicesNotTexts)
         [](CParameter& p) { p.SetOn(!p.IsOn()); },
         [](CParameter& p) { p.SetUnitFactor(EFactor::Milli); },
         [](CParameter& p) { p.SetDimension(EDimension::Area); },
-        [](CParameter& p) {
-            p.SetFloatFormat({CParameter::EFormatSpecifier::FormatDecimals, 5});
-        },
-        [](CParameter& p) {
-            p.SetFloatFormat({CParameter::EFormatSpecifier::FormatDigits, 4});
-        },
+        [](CParameter& p) { p.SetFloatFormat(c_decimals); },
+        [](CParameter& p) { p.SetFloatFormat(c_fourDigits); },
         [](CParameter& p) { p.SetLimits(0, CParameter::c_NoLimit); },
         [](CParameter& p) { p.SetLimits(CParameter::c_NoLimit, 0); },
         [](CParameter& p) { p.SetVariableValue(1); },

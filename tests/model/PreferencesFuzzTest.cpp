@@ -64,33 +64,23 @@ private:
         return values[Below(std::size(values))];
     }
 
+    // Puts another line in a line's place or in front of it.
     void Change(CLines& lines)
     {
         const auto at = lines.begin() + static_cast<std::ptrdiff_t>(Below(lines.size()));
         const std::size_t equals = std::min(at->find('='), at->size());
-        switch (Below(7)) {
-        case 0:
-            *at = at->substr(0, equals) + "=" + Value();
-            break;
-        case 1:
-            *at = Value() + at->substr(equals);
-            break;
-        case 2:
-            if (lines.size() > 1)
-                lines.erase(at);
-            break;
-        case 3:
-            lines.insert(at, lines[Below(lines.size())]);
-            break;
-        case 4:
-            std::swap(*at, lines[Below(lines.size())]);
-            break;
-        case 5:
-            lines.insert(at, "Foreign" + std::to_string(Below(100)) + " = " + Value());
-            break;
-        default:
-            lines.insert(at, "[Foreign" + std::to_string(Below(3)) + "]");
-        }
+        const std::string foreign = "Foreign" + std::to_string(Below(100));
+        const std::string others[] = {"",
+                                      at->substr(0, equals) + "=" + Value(),
+                                      Value() + at->substr(equals),
+                                      lines[Below(lines.size())],
+                                      foreign + " = " + Value(),
+                                      "[" + foreign + "]"};
+        const std::string& other = others[Below(std::size(others))];
+        if (Below(2) == 0)
+            *at = other;
+        else
+            lines.insert(at, other);
     }
 
     std::mt19937 m_random;

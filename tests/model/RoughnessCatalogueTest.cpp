@@ -3,8 +3,6 @@
 #include "common/StringTable.h"
 #include "tests/TestData.h"
 
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <map>
 #include <sstream>
@@ -33,13 +31,11 @@ struct SPage {
     std::vector<std::string> variables;
 };
 
-SPage ReadPage()
+SPage ReadParameters()
 {
-    const auto root = std::filesystem::path(COMMONUI_TEST_DATA).parent_path().parent_path();
-    std::ifstream file(root / "docs" / "roughness-parameters.md");
     SPage page;
     std::string standard;
-    for (std::string line; std::getline(file, line);) {
+    for (const std::string& line : SplitText(ReadPage("roughness-parameters.md"), '\n')) {
         if (const auto found = line.find("(standard "); line.starts_with("## "))
             standard = found == std::string::npos ? std::string() : line.substr(found + 10, 1);
         if (!line.starts_with("| ") || line.starts_with("| value") || line.starts_with("| template"))
@@ -64,7 +60,7 @@ std::string DimensionCell(CParameter::EDimension dimension)
 
 TEST(RoughnessCatalogue, ThePageOfParametersAgrees)
 {
-    const SPage page = ReadPage();
+    const SPage page = ReadParameters();
     std::vector<std::string> parameters;
     std::vector<std::string> variables;
     for (const auto& parameter : GetRoughnessParametersEnum()) {

@@ -53,12 +53,7 @@ TEST(RoughnessPreferences, ParametersAreGroupedByStandardAndKind)
 
 TEST(RoughnessPreferences, InstancesOfTemplatesAreCalledByTheirVariables)
 {
-    const struct {
-        EAnalysis analysis;
-        ERough parent;
-        std::vector<double> values;
-        const char16_t* symbol;
-    } rows[] = {
+    const std::tuple<EAnalysis, ERough, std::vector<double>, const char16_t*> rows[] = {
         {EAnalysis::Roughness, ERough::Sch, {95}, u"Sch(95 %)"},
         {EAnalysis::Roughness, ERough::Sch, {0.1}, u"Sch(0.1 %)"},
         {EAnalysis::Roughness, ERough::Smr, {-50e-9}, u"Smr(-50 nm)"},
@@ -66,21 +61,21 @@ TEST(RoughnessPreferences, InstancesOfTemplatesAreCalledByTheirVariables)
         {EAnalysis::Roughness, ERough::Sdc, {10, 50}, u"Sdc(10 %, 50 %)"},
         {EAnalysis::RoughnessProfile, ERough::Iso4287Rmr2, {5, 1.5e-6}, u"Rmr(5 %, 1.5 µm)"},
     };
-    for (const auto& row : rows) {
-        CData data(row.analysis);
-        const int id = data.AddTemplateInstance(row.parent, row.values);
+    for (const auto& [analysis, parent, values, symbol] : rows) {
+        CData data(analysis);
+        const int id = data.AddTemplateInstance(parent, values);
         EXPECT_EQ(id, 144);
         const CParameter made = data.GetParameter(id);
-        EXPECT_EQ(made.GetShortFriendlyString(), row.symbol);
-        EXPECT_TRUE(made.GetFriendlyString().StartsWith(row.symbol + CStr(u", ")));
+        EXPECT_EQ(made.GetShortFriendlyString(), symbol);
+        EXPECT_TRUE(made.GetFriendlyString().StartsWith(symbol + CStr(u", ")));
         EXPECT_TRUE(made.IsOn());
-        EXPECT_FALSE(data.GetParameter(static_cast<int>(row.parent)).IsOn());
+        EXPECT_FALSE(data.GetParameter(static_cast<int>(parent)).IsOn());
         CInifile ini = PreferencesIni();
         data.Save(ini);
-        CData loaded(row.analysis);
+        CData loaded(analysis);
         loaded.Load(ini);
         EXPECT_EQ(loaded.GetParameter(144).GetFriendlyString(), made.GetFriendlyString());
-        EXPECT_EQ(loaded.GetParameter(144).GetShortFriendlyString(), row.symbol);
+        EXPECT_EQ(loaded.GetParameter(144).GetShortFriendlyString(), symbol);
     }
     CData data(EAnalysis::Roughness);
     EXPECT_EQ(data.AddTemplateInstance(ERough::Sch, {}), -1);

@@ -1,13 +1,12 @@
 // Every change fails at each of its allocations in turn: it is done in full, and told of, or not at all.
-#include "model/AnalysisPreferencesManager.h"
 #include "model/ParameterList.h"
 #include "tests/common/FailingAllocation.h"
+#include "tests/model/ManagerTesting.h"
 #include "tests/model/PreferencesTesting.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <new>
 
 using namespace CommonUI;
 using CData = CAnalysisPreferencesData;
@@ -15,26 +14,10 @@ using CData = CAnalysisPreferencesData;
 namespace
 {
 
-class COpenManager : public CAnalysisPreferencesManager
-{
-public:
-    using CAnalysisPreferencesManager::_GetData;
-};
-
-class CCounter
-{
-public:
-    void OnChange(const SPreferencesChange&) { ++m_count; }
-    int GetCount() const { return m_count; }
-
-private:
-    int m_count = 0;
-};
-
 struct SChange {
     const char* what;
-    std::function<void(COpenManager&)> call;
-    bool isTold;
+    std::function<void(CWatchedManager&)> call;
+    bool isTold = true;
 };
 
 // Preferences that are not the defaults, nor modified.
@@ -50,31 +33,20 @@ std::unique_ptr<CData> OwnPreferences(EAnalysis analysis)
     return data;
 }
 
-// @return whether the change failed
-bool FailsAt(int allocation, EAnalysis analysis, const SChange& change)
+void ExpectInFullOrNotAtAll(EAnalysis analysis, const SChange& change)
 {
-    COpenManager manager;
-    CData& data = manager._GetData(analysis);
-    data.Assign(*OwnPreferences(analysis));
-    data.ClearModified();
-    const std::unique_ptr<CData> before = data.Clone();
-    CCounter listener;
-    CClosureConnection connection;
-    manager.GetChangeList().Subscribe(listener, &CCounter::OnChange, connection);
-    bool failed = false;
-    try {
-        const CFailingAllocation failing(allocation);
-        change.call(manager);
-        failed = failing.HasFailed();
-    } catch (const std::bad_alloc&) {
-        EXPECT_EQ(data.Compare(*before), CData::SDifferences()) << allocation;
-        EXPECT_FALSE(data.IsModified()) << allocation;
-        EXPECT_EQ(listener.GetCount(), 0) << allocation;
-        return true;
+    for (CEachAllocation each; each.Next();) {
+        SCOPED_TRACE(each.GetNumber());
+        CWatchedManager manager;
+        CData& data = manager._GetData(analysis);
+        data.Assign(*OwnPreferences(analysis));
+        data.ClearModified();
+        const std::unique_ptr<CData> before = data.Clone();
+        const bool isDone = each.Try([&] { change.call(manager); });
+        EXPECT_EQ(data.Compare(*before) != CData::SDifferences(), isDone);
+        EXPECT_TRUE(isDone || !data.IsModified());
+        EXPECT_EQ(!manager.TakeChanges().empty(), isDone && change.isTold);
     }
-    EXPECT_NE(data.Compare(*before), CData::SDifferences()) << allocation;
-    EXPECT_EQ(listener.GetCount() > 0, change.isTold) << allocation;
-    return failed;
 }
 
 // The current list with everything the other way.
@@ -100,22 +72,18 @@ TEST(WithoutMemory, PreferencesAreChangedInFullOrNotAtAll)
         other->Save(ini);
         CInifile old = PreferencesIni("[A]\nOptionsHeightUnit=another unit of some length\n");
         const SChange changes[] = {
-            {"data", [&](auto& manager) { manager.SetData(analysis, *other); }, true},
-            {"parameters", [&](auto& manager) { manager.SetDataParameters(analysis, parameters); }, true},
-            {"statistics", [&](auto& manager) { manager.SetDataStatistics(analysis, statistics); }, true},
-            {"outputs", [&](auto& manager) { manager.SetDataOutputs(analysis, outputs); }, true},
-            {"load", [&](auto& manager) { manager.LoadData(analysis, ini); }, true},
-            {"load old", [&](auto& manager) { manager.LoadData(analysis, old); }, true},
+            {"data", [&](auto& manager) { manager.SetData(analysis, *other); }},
+            {"parameters", [&](auto& manager) { manager.SetDataParameters(analysis, parameters); }},
+            {"statistics", [&](auto& manager) { manager.SetDataStatistics(analysis, statistics); }},
+            {"outputs", [&](auto& manager) { manager.SetDataOutputs(analysis, outputs); }},
+            {"load", [&](auto& manager) { manager.LoadData(analysis, ini); }},
+            {"load old", [&](auto& manager) { manager.LoadData(analysis, old); }},
             {"reset", [&](auto& manager) { manager._GetData(analysis).Reset(); }, false},
         };
         const CDiagnosticsCapture diagnostics;
         for (const SChange& change : changes) {
-            if ((change.what == std::string_view("outputs") && outputs.empty()) ||
-                (change.what == std::string_view("statistics") && statistics.empty()))
-                continue;
             SCOPED_TRACE(change.what);
-            for (int allocation = 1; FailsAt(allocation, analysis, change); ++allocation) {
-            }
+            ExpectInFullOrNotAtAll(analysis, change);
         }
     }
 }
@@ -126,23 +94,14 @@ TEST(WithoutMemory, EveryAnalysisThatIsLoadedIsToldOf)
     for (int i = 0; i < c_analysisCount; ++i)
         bytes += "[A_" + CData::GetININame(EAnalysis{i}).ToUtf8() + "]\nWriteToFile=1\nUnitString=own unit\n";
     CInifile ini = PreferencesIni(bytes);
-    bool failed = true;
-    for (int allocation = 1; failed; allocation += 31) {
-        COpenManager manager;
-        CCounter listener;
-        CClosureConnection connection;
-        manager.GetChangeList().Subscribe(listener, &CCounter::OnChange, connection);
-        try {
-            const CFailingAllocation failing(allocation);
-            manager.Load(ini);
-            failed = failing.HasFailed();
-        } catch (const std::bad_alloc&) {
-        }
-        int loaded = 0;
+    for (CEachAllocation each(31); each.Next();) {
+        CWatchedManager manager;
+        const bool isDone = each.Try([&] { manager.Load(ini); });
+        std::size_t loaded = 0;
         for (int i = 0; i < c_analysisCount; ++i)
             loaded += manager.GetData(EAnalysis{i}).GetUnit() == CUnit::FromText(u"own unit") ? 1 : 0;
-        EXPECT_EQ(listener.GetCount(), 3 * loaded) << allocation;
-        EXPECT_TRUE(failed || loaded == c_analysisCount);
+        EXPECT_EQ(manager.TakeChanges().size(), 3 * loaded) << each.GetNumber();
+        EXPECT_EQ(loaded == c_analysisCount, isDone) << each.GetNumber();
     }
 }
 
@@ -150,18 +109,13 @@ TEST(WithoutMemory, AParameterListIsSavedInFullOrNotAtAll)
 {
     const std::vector<CParameter> list = Turned(OwnPreferences(EAnalysis::Roughness)->GetParameters());
     const std::string before = "[A]\nSa_P_On=7\n[A_DynamicParameters]\nNumDynamicParameters=1\nother=1\n";
-    bool failed = true;
-    for (int allocation = 1; failed; ++allocation) {
+    for (CEachAllocation each; each.Next();) {
         std::vector<CParameter> saved = list;
         CInifile ini = PreferencesIni(before);
-        try {
-            const CFailingAllocation failing(allocation);
-            SaveParameterList(saved, ini, EAnalysis::Roughness);
-            failed = failing.HasFailed();
-        } catch (const std::bad_alloc&) {
-            ASSERT_EQ(ini.GetBytes(), before) << allocation;
-            ASSERT_EQ(ini.GetSection(), u"A") << allocation;
-            ASSERT_TRUE(std::ranges::equal(saved, list, CParameter::IsSame)) << allocation;
-        }
+        if (each.Try([&] { SaveParameterList(saved, ini, EAnalysis::Roughness); }))
+            continue;
+        ASSERT_EQ(ini.GetBytes(), before) << each.GetNumber();
+        ASSERT_EQ(ini.GetSection(), u"A") << each.GetNumber();
+        ASSERT_TRUE(std::ranges::equal(saved, list, CParameter::IsSame)) << each.GetNumber();
     }
 }
