@@ -22,17 +22,14 @@ TEST(AnimationSettings, ViewAtAPosition)
 {
     const SAnimationSettings animation{
         .keyFrames = {{0.2, {0, 10, 1}}, {0.6, {360, 30, 2}}, {0.6, {0, 90, 5}}}};
-    const struct {
-        double position;
-        SAnimationView view;
-    } rows[] = {
+    const std::pair<double, SAnimationView> rows[] = {
         {0, {0, 10, 1}},   {0.2, {0, 10, 1}}, {0.3, {90, 15, 1.25}},
         {0.6, {0, 90, 5}}, {1, {0, 90, 5}},   {std::numeric_limits<double>::quiet_NaN(), {0, 10, 1}},
     };
-    for (const auto& row : rows) {
-        const SAnimationView view = animation.GetView(row.position);
-        EXPECT_NEAR(view.azimuth, row.view.azimuth, 1e-9) << row.position;
-        EXPECT_NEAR(view.elevation, row.view.elevation, 1e-9) << row.position;
-        EXPECT_NEAR(view.zoom, row.view.zoom, 1e-9) << row.position;
+    for (const auto& [position, expected] : rows) {
+        const SAnimationView view = animation.GetView(position);
+        EXPECT_NEAR(view.azimuth, expected.azimuth, 1e-9) << position;
+        EXPECT_NEAR(view.elevation, expected.elevation, 1e-9) << position;
+        EXPECT_NEAR(view.zoom, expected.zoom, 1e-9) << position;
     }
 }

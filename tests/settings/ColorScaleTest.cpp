@@ -23,20 +23,16 @@ constexpr SColor c_blue{0, 0, 50};
 TEST(ColorScale, ColorAtAPosition)
 {
     SColorScale scale{.stops = {{0.2, c_black}, {0.6, c_red}, {0.6, c_green}, {1, c_blue}}};
-    const struct {
-        double position;
-        SColor smooth;
-        SColor stripes;
-    } rows[] = {
+    const std::tuple<double, SColor, SColor> rows[] = {
         {-1, c_black, c_black},      {0.2, c_black, c_black}, {0.3, {50, 0, 0}, c_black},
         {0.5, {150, 0, 0}, c_black}, {0.6, c_green, c_green}, {0.8, {0, 50, 25}, c_green},
         {1, c_blue, c_blue},         {2, c_blue, c_blue},     {c_nan, c_black, c_black},
     };
-    for (const auto& row : rows) {
+    for (const auto& [position, smooth, stripes] : rows) {
         scale.interpolation = EColorInterpolation::Smooth;
-        EXPECT_EQ(scale.GetColor(row.position), row.smooth) << row.position;
+        EXPECT_EQ(scale.GetColor(position), smooth) << position;
         scale.interpolation = EColorInterpolation::Stripes;
-        EXPECT_EQ(scale.GetColor(row.position), row.stripes) << row.position;
+        EXPECT_EQ(scale.GetColor(position), stripes) << position;
     }
     scale.missing = c_red;
     scale.below = c_green;

@@ -48,16 +48,3 @@ TEST(RoughnessSettings, DefaultsForWhatIsNotSaid)
     expected.SetWriteToFile(true);
     EXPECT_EQ(TextOf(read), TextOf(expected));
 }
-
-TEST(RoughnessSettings, RefuseASetForTheOtherAnalysis)
-{
-    CInifile ini = Document(GetBuiltInSettingText(EBuiltInSetting::bisRoughnessImageVORNClassic));
-    CData profile(EAnalysis::RoughnessProfile);
-    const std::string before = TextOf(profile);
-    CDiagnosticsCapture refusals(u"Inifile");
-    EXPECT_FALSE(LoadRoughnessSettings(ini, profile));
-    EXPECT_EQ(refusals.Take(), std::vector<CStr>{u"Settings: [Analysis_RoughnessProfileAnalysis] "
-                                                 u"there is no such section"});
-    EXPECT_EQ(TextOf(profile), before);
-    EXPECT_FALSE(profile.IsModified());
-}

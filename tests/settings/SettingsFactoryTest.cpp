@@ -20,11 +20,7 @@ CSettings MakeSet(const CStr& path, ESettingType type, int value)
 
 TEST_F(SettingsFactory, RecentUses)
 {
-    struct SCase {
-        std::vector<int> uses;
-        std::u16string_view recent;
-    };
-    const SCase c_cases[] = {
+    const std::pair<std::vector<int>, std::u16string_view> c_cases[] = {
         {{}, u""},
         {{4}, u"Recent{Global Leveling 4}"},
         {{4, 6, 4}, u"Recent{Global Leveling 4,Linewise Offset 6}"},
@@ -33,12 +29,12 @@ TEST_F(SettingsFactory, RecentUses)
         {{8, 3, 4, 5, 6, 3},
          u"Recent{Global Bow Removal 3,Linewise Offset 6,Linewise Bow Removal 5,Global Leveling 4}"},
     };
-    for (const SCase& row : c_cases) {
+    for (const auto& [uses, recent] : c_cases) {
         m_factory = {};
-        for (const int id : row.uses)
+        for (const int id : uses)
             EXPECT_TRUE(m_factory.GetSettings(id, true).GetEntryInfo() == id);
         m_factory.GetSettings(10, false);
-        EXPECT_EQ(Recent(PlaneCorr), row.recent);
+        EXPECT_EQ(Recent(PlaneCorr), recent);
     }
     // An index means nothing for a built-in set.
     m_factory.AddToRecentItems({EBuiltInSetting{175}, ColorScale}, 3);
@@ -52,29 +48,30 @@ TEST_F(SettingsFactory, ABackslashAtTheEndMakesNoOtherSet)
     const CStr path = Path("x.flt");
     m_folder.Write("x.flt", "Value=7\n");
     const CStr ended = path + u"\\";
-    const auto byStorage = [&] {
-        CInifile ini;
-        ini.SelectSection(CSettingsFactory::c_StorageSection);
-        ini.WriteTexts(u"Filter", {u"FILE:" + ended, u"FILE:\\"});
-        m_factory.Load(ini);
+    const std::function<void()> doors[] = {
+        [&] { m_factory.LoadSettings(Filter, ended, true); },
+        [&] {
+            CInifile ini;
+            ini.SelectSection(CSettingsFactory::c_StorageSection);
+            ini.WriteTexts(u"Filter", {u"FILE:" + ended, u"FILE:\\"});
+            m_factory.Load(ini);
+        },
+        [&] {
+            CSettingsFactory::SParseInfo info;
+            EXPECT_FALSE(m_factory.ParseUserSpec(u"Filter[File(\\)]", info));
+            EXPECT_TRUE(m_factory.ParseUserSpec(u"Filter[File(" + ended + u")]", info));
+            EXPECT_EQ(Text(m_factory.GetTree(info)), u"x.flt 200");
+        },
+        [&] {
+            SSettingsEntry entry(ended, Filter);
+            m_factory.NewDynamicItem(entry, true);
+        },
+        [&] {
+            CSettings set = MakeSet(ended, Filter, 7);
+            EXPECT_TRUE(m_factory.SaveSettings(set, true));
+            EXPECT_EQ(set.GetFileName(), path);
+        },
     };
-    const auto bySpec = [&] {
-        CSettingsFactory::SParseInfo info;
-        EXPECT_FALSE(m_factory.ParseUserSpec(u"Filter[File(\\)]", info));
-        EXPECT_TRUE(m_factory.ParseUserSpec(u"Filter[File(" + ended + u")]", info));
-        EXPECT_EQ(Text(m_factory.GetTree(info)), u"x.flt 200");
-    };
-    const auto byItem = [&] {
-        SSettingsEntry entry(ended, Filter);
-        m_factory.NewDynamicItem(entry, true);
-    };
-    const auto bySave = [&] {
-        CSettings set = MakeSet(ended, Filter, 7);
-        EXPECT_TRUE(m_factory.SaveSettings(set, true));
-        EXPECT_EQ(set.GetFileName(), path);
-    };
-    const std::function<void()> doors[] = {byStorage, bySpec, byItem, bySave,
-                                           [&] { m_factory.LoadSettings(Filter, ended, true); }};
     for (const auto& door : doors) {
         m_factory = {};
         door();
@@ -88,23 +85,17 @@ TEST_F(SettingsFactory, ABackslashAtTheEndMakesNoOtherSet)
 
 TEST_F(SettingsFactory, DynamicItems)
 {
-    struct SCase {
-        std::u16string_view path;
-        ESettingType type;
-        bool result;
-        int id;
-    };
-    constexpr SCase c_cases[] = {
+    constexpr std::tuple<std::u16string_view, ESettingType, bool, int> c_cases[] = {
         {u"/a/x.pln", PlaneCorr, true, 200}, {u"/b/x.pln", PlaneCorr, true, 201},
         {u"/a/x.pln", PlaneCorr, true, 200}, {u"/A/x.pln", PlaneCorr, true, 202},
         {u"/a/x.pln", Filter, true, 203},    {u"/a/x.pln", Unknown, false, 204},
         {u"/b/x.pln", PlaneCorr, true, 201}, {u"C:\\a\\x.pln", PlaneCorr, true, 205},
         {u"/u", Unknown, false, 206},        {u"/u", Unknown, true, 206},
     };
-    for (const SCase& row : c_cases) {
-        SSettingsEntry entry(row.path, row.type);
-        EXPECT_EQ(m_factory.NewDynamicItem(entry, row.type != Filter), row.result);
-        EXPECT_EQ(entry.m_ID, row.id);
+    for (const auto& [path, type, result, id] : c_cases) {
+        SSettingsEntry entry(path, type);
+        EXPECT_EQ(m_factory.NewDynamicItem(entry, type != Filter), result);
+        EXPECT_EQ(entry.m_ID, id);
     }
     EXPECT_EQ(Recent(PlaneCorr), u"Recent{x.pln 205,x.pln 201,x.pln 202,x.pln 200}");
     EXPECT_EQ(Recent(Filter), u"");
@@ -143,13 +134,8 @@ TEST_F(SettingsFactory, StoredKeysAreThoseOnRecord)
 
 TEST_F(SettingsFactory, RecentListsOfDamagedFiles)
 {
-    struct SCase {
-        std::vector<CStr> stored;
-        std::vector<CStr> kept;
-        int warnings;
-    };
     const CStr level = u"BUILT-IN:PlaneCorrQuickLaunchImageLeveling";
-    const SCase c_cases[] = {
+    const std::tuple<std::vector<CStr>, std::vector<CStr>, int> c_cases[] = {
         {{u"FILE:/1", level, u"FILE:/2", u"FILE:/3", u"FILE:/4"},
          {u"FILE:/1", level, u"FILE:/2", u"FILE:/3"},
          0},
@@ -158,49 +144,44 @@ TEST_F(SettingsFactory, RecentListsOfDamagedFiles)
         {{u"BUILT-IN:", u"BUILT-IN:Nobody", u"BUILT-IN:CSQuickLaunchGlow", u"BUILT-IN:4"}, {}, 4},
         {{u"FILE:%s\\\u00E9\u65E5", u"FILE:a,\"b\""}, {u"FILE:%s\\\u00E9\u65E5", u"FILE:a,\"b\""}, 0},
     };
-    for (const SCase& row : c_cases) {
+    for (const auto& [given, kept, warnings] : c_cases) {
         m_factory = {};
         m_warnings.Take();
         CInifile ini;
         ini.SelectSection(CSettingsFactory::c_StorageSection);
         ini.WriteText(u"Foreign", u"stays");
-        ini.WriteTexts(u"PlaneCorr", row.stored);
+        ini.WriteTexts(u"PlaneCorr", given);
         m_factory.Load(ini);
         m_factory.Save(ini);
-        EXPECT_EQ(ini.ReadTexts(u"PlaneCorr"), row.kept);
+        EXPECT_EQ(ini.ReadTexts(u"PlaneCorr"), kept);
         EXPECT_EQ(ini.ReadText(u"Foreign"), u"stays");
-        EXPECT_EQ(m_warnings.GetCount(), row.warnings);
+        EXPECT_EQ(m_warnings.GetCount(), warnings);
     }
 }
 
 TEST_F(SettingsFactory, AVanishedFileIsForgottenWhenTheUserAgrees)
 {
-    struct SCase {
-        bool isRecent;
-        EMessageBoxAnswer answer;
-        std::u16string_view question, recent;
-    };
-    constexpr SCase c_cases[] = {
+    constexpr std::tuple<bool, EMessageBoxAnswer, std::u16string_view, std::u16string_view> c_cases[] = {
         {true, EMessageBoxAnswer::No, u"Do you want the file to be removed from the list?",
          u"Recent{x%s.pln 200}"},
         {true, EMessageBoxAnswer::Yes, u"Do you want the file to be removed from the list?", u""},
         {false, EMessageBoxAnswer::Yes, u"Do you want to refresh the list?", u""},
     };
-    for (const SCase& row : c_cases) {
+    for (const auto& [isRecent, answer, question, recent] : c_cases) {
         m_factory = {};
         CSettings set = MakeSet(Path("x%s.pln"), PlaneCorr, 1);
-        EXPECT_TRUE(m_factory.SaveSettings(set, row.isRecent));
+        EXPECT_TRUE(m_factory.SaveSettings(set, isRecent));
         std::filesystem::remove(m_folder.GetPath() / "x%s.pln");
-        m_boxes.Prepare(row.answer);
+        m_boxes.Prepare(answer);
         EXPECT_TRUE(m_factory.GetSettings(200, true).GetEntryInfo() == SSettingsEntry::s_InvalidID);
         const CStr text =
             u"Unable to load the file \"" + Path("x%s.pln") +
             u"\"\n\nPlease verify that the path and file name are correct, and that you have Read "
             u"access to the file.\n\n" +
-            row.question;
+            question;
         EXPECT_EQ(m_boxes.GetShown().back(),
                   (SMessageBox{text, MessageBoxStyle::c_yesNo | MessageBoxStyle::c_warning}));
-        EXPECT_EQ(Recent(PlaneCorr), row.recent);
+        EXPECT_EQ(Recent(PlaneCorr), recent);
     }
 }
 
@@ -273,20 +254,15 @@ TEST_F(SettingsFactory, AColorScaleIsReadAgainWhenItsFileHasChanged)
     namespace fs = std::filesystem;
     const fs::path file = m_folder.GetPath() / "x.col";
     const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
-    struct SStep {
-        const char* bytes;
-        int minutesLater;
-        int value;
-    };
-    constexpr SStep c_steps[] = {
+    constexpr std::tuple<const char*, int, int> c_steps[] = {
         {"Value=1", 0, 1},  {"Value=2", 0, 1},  {"Value=3 ", 0, 3}, {"Value=4 ", 1, 4},
         {"Value=5", 90, 5}, {"Value=6", 90, 6}, {"Value=7", 2, 7},  {"Value=8", 2, 7},
     };
-    for (const SStep& step : c_steps) {
-        m_folder.Write("x.col", step.bytes);
-        fs::last_write_time(file, longAgo + std::chrono::minutes(step.minutesLater));
+    for (const auto& [bytes, minutesLater, value] : c_steps) {
+        m_folder.Write("x.col", bytes);
+        fs::last_write_time(file, longAgo + std::chrono::minutes(minutesLater));
         CSettings set = m_factory.LoadSettings(ColorScale, Path("x.col"), false);
-        EXPECT_EQ(set.ReadInt(u"Value", 0), step.value);
+        EXPECT_EQ(set.ReadInt(u"Value", 0), value);
         EXPECT_EQ(set.GetFileName(), Path("x.col"));
         set.WriteInt(u"Value", 0);
     }
@@ -313,13 +289,14 @@ TEST_F(SettingsFactory, AColorScaleThatHasJustChangedIsReadAgainWhateverItsTime)
     EXPECT_EQ(load("Value=2", changed), 2);
 }
 
-TEST_F(SettingsFactory, CopiesAreIndependentAndTheSingletonStartsAnew)
+TEST_F(SettingsFactory, TheSingletonStartsAnew)
 {
     GetSettingsFactory().GetSettings(4, true);
-    CSettingsFactory copy = GetSettingsFactory();
-    EXPECT_EQ(&GetSettingsFactory(), &GetSettingsFactory());
+    const auto recent = [] {
+        return Text(GetSettingsFactory().GetTree(PlaneCorr, ESettingCategory::Recent));
+    };
+    EXPECT_EQ(recent(), u"Recent{Global Leveling 4}");
     CloseSettingsFactory();
-    EXPECT_EQ(Text(GetSettingsFactory().GetTree(PlaneCorr, ESettingCategory::Recent)), u"");
-    EXPECT_EQ(Text(copy.GetTree(PlaneCorr, ESettingCategory::Recent)), u"Recent{Global Leveling 4}");
+    EXPECT_EQ(recent(), u"");
     CloseSettingsFactory();
 }

@@ -1,7 +1,6 @@
 #include "common/StringTable.h"
 #include "settings/readers/RoughnessSettings.h"
 #include "tests/settings/SettingsTesting.h"
-#include "tests/TestData.h"
 
 #include <algorithm>
 

@@ -42,7 +42,7 @@ TEST_F(SettingsFactory, FileDialogTextsAreThoseOfTheirPage)
         texts += "[" + GetSettingTypeEnum().GetIniName(type).ToUtf8() + "]\nextension=" + extension.ToUtf8() +
                  "\nopen=" + open.ToUtf8() + "\nsave=" + save.ToUtf8() + "\n";
     }
-    EXPECT_NE(ReadPage("settings-factory.md").find("```ini\n" + texts + "```\n"), std::string::npos) << texts;
+    EXPECT_TRUE(Has(ReadPage("settings-factory.md"), "```ini\n" + texts + "```\n")) << texts;
 }
 
 TEST_F(SettingsFactory, LoadPrompt)
@@ -50,13 +50,9 @@ TEST_F(SettingsFactory, LoadPrompt)
     m_folder.Write("x.pln", "Value=3");
     CSettings set;
     EXPECT_FALSE(m_factory.LoadSettingsPrompt(set, PlaneCorr, u"y.pln", true));
-    const SFileDialog& shown = m_dialogs.GetShown().back();
-    EXPECT_TRUE(shown.forOpen);
-    EXPECT_EQ(shown.memoryKey, u"Settings_PlaneCorr");
-    EXPECT_EQ(shown.filter, u"Plane Correction Settings (*.pln)|*.pln|All Files (*.*)|*.*||");
-    EXPECT_EQ(shown.extension, u"");
-    EXPECT_EQ(shown.folder, Path("Custom Settings/"));
-    EXPECT_EQ(shown.file, u"y.pln");
+    EXPECT_EQ(m_dialogs.GetShown().back(),
+              (SFileDialog{true, u"Plane Correction Settings (*.pln)|*.pln|All Files (*.*)|*.*||", u"",
+                           u"Settings_PlaneCorr", Path("Custom Settings/"), u"y.pln"}));
     EXPECT_TRUE(m_boxes.GetShown().empty());
 
     for (const bool addToRecent : {false, true}) {

@@ -3,12 +3,10 @@
 #include "common/ini/Inifile.h"
 #include "settings/catalogue/BuiltInSettingText.h"
 #include "tests/DiagnosticsCapture.h"
+#include "tests/TestData.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -27,13 +25,6 @@ inline std::string Bytes(const auto& set)
     CInifile ini;
     set.Save(ini);
     return ini.GetBytes();
-}
-
-/// A page of the docs.
-inline std::string ReadPage(const char* name)
-{
-    std::ifstream file(std::filesystem::path(COMMONUI_TEST_DATA) / "../../docs" / name);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 } // namespace CommonUI

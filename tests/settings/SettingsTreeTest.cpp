@@ -70,10 +70,7 @@ TEST_F(SettingsFactory, FilesOfAFolderByName)
     EXPECT_EQ(Text(m_factory.GetTree(Filter, folder.Left(folder.GetLength() - 1), u"*.flt")), expected);
     EXPECT_EQ(m_factory.GetSettings(201, false).GetFileName(), Path("B2/c/x.flt"));
 
-    struct SCase {
-        std::u16string_view masks, names;
-    };
-    constexpr SCase c_cases[] = {
+    constexpr std::pair<std::u16string_view, std::u16string_view> c_cases[] = {
         {u"*.txt|NONE", u"empty{none 0},a.flt.txt 0"},
         {u"?t?.flt", u"\u00C9t\u00E9.flt 0"},
         {u"\u00E9*", u"\u00C9t\u00E9.flt 0"},
@@ -81,11 +78,11 @@ TEST_F(SettingsFactory, FilesOfAFolderByName)
         {u"n*.*", u""},
         {u"", u""},
     };
-    for (const SCase& row : c_cases) {
-        CStr names = Text(m_factory.GetTree(Filter, folder, row.masks));
+    for (const auto& [masks, found] : c_cases) {
+        CStr names = Text(m_factory.GetTree(Filter, folder, masks));
         for (int id = 200; id < 220; ++id)
             names = names.Replace(CStr::Format(u" %d", id), u" 0");
-        EXPECT_EQ(names, row.names);
+        EXPECT_EQ(names, found);
     }
     EXPECT_EQ(m_factory.GetTree(Filter, Path("empty"), u"*.*").size(), 1U);
     for (const CStr& none : {Path("nobody"), Path("a.flt.txt"), CStr(), CStr(1, 0xDC00)})

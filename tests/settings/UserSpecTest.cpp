@@ -7,13 +7,7 @@ TEST_F(SettingsFactory, ValidSpecifications)
 {
     SSettingsEntry met(u"/a/x.pln", PlaneCorr);
     m_factory.NewDynamicItem(met, false);
-    struct SCase {
-        CStr spec;
-        int kind;
-        ESettingType type;
-        CStr tree;
-    };
-    const SCase c_cases[] = {
+    const std::tuple<CStr, int, ESettingType, CStr> c_cases[] = {
         {u"PlaneCorr[File(C:\\s\\x.pln)]", 1, PlaneCorr, u"x.pln 201"},
         {u"PlaneCorr[File(/a/x.pln)]", 1, PlaneCorr, u"x.pln 200"},
         {u"Filter[File( b (1) )]", 1, Filter, u" b (1)  202"},
@@ -25,16 +19,16 @@ TEST_F(SettingsFactory, ValidSpecifications)
         {u"settings://ColorScale[Id(175)]", 2, ColorScale, u"Glow 175"},
         {u"Filter[File(xy]", 1, Filter, u"x 204"},
     };
-    for (const SCase& row : c_cases) {
+    for (const auto& [spec, kind, type, tree] : c_cases) {
         CSettingsFactory::SParseInfo info;
-        EXPECT_TRUE(m_factory.ParseUserSpec(row.spec, info));
-        EXPECT_EQ(info.kind, row.kind);
-        EXPECT_EQ(info.type, row.type);
-        EXPECT_EQ(info.typeText, row.spec.Left(row.spec.Find(u'[')));
+        EXPECT_TRUE(m_factory.ParseUserSpec(spec, info));
+        EXPECT_EQ(info.kind, kind);
+        EXPECT_EQ(info.type, type);
+        EXPECT_EQ(info.typeText, spec.Left(spec.Find(u'[')));
         EXPECT_TRUE(info.error.IsEmpty());
-        EXPECT_EQ(Text(m_factory.GetTree(info)), row.tree);
-        for (std::size_t length = 0; length < row.spec.Find(u']'); ++length) {
-            const CStr prefix = row.spec.Left(length);
+        EXPECT_EQ(Text(m_factory.GetTree(info)), tree);
+        for (std::size_t length = 0; length < spec.Find(u']'); ++length) {
+            const CStr prefix = spec.Left(length);
             EXPECT_FALSE(m_factory.ParseUserSpec(prefix, info));
             EXPECT_EQ(info.error, u"Syntax error in specification: " + prefix);
             EXPECT_TRUE(info.kind == 0 && info.typeText.IsEmpty() && info.type == Unknown &&
@@ -44,7 +38,7 @@ TEST_F(SettingsFactory, ValidSpecifications)
     EXPECT_EQ(Recent(Filter), u"");
     m_factory = {};
     CSettingsFactory::SParseInfo info;
-    EXPECT_TRUE(m_factory.ParseUserSpec(c_cases[0].spec, info));
+    EXPECT_TRUE(m_factory.ParseUserSpec(u"PlaneCorr[File(C:\\s\\x.pln)]", info));
     EXPECT_EQ(info.entries.at(0).m_File, u"C:\\s\\x.pln");
     EXPECT_EQ(m_factory.GetNewID(), 200U);
 }
@@ -66,11 +60,7 @@ TEST_F(SettingsFactory, IdentifiersThatNameNothing)
 
 TEST_F(SettingsFactory, WrongSpecifications)
 {
-    struct SCase {
-        std::u16string_view error;
-        std::vector<CStr> specs;
-    };
-    const SCase c_cases[] = {
+    const std::pair<std::u16string_view, std::vector<CStr>> c_cases[] = {
         {u"Syntax error in specification: %s",
          {u"", u"PlaneCorr(File(x))", u"Nothing[File(x)]", u"Unknown[Id(5)]", u"plancorr[Id(5)]",
           u" PlaneCorr[Id(5)]", u"]PlaneCorr[Id(5)]", u"][", u"[Id(5)]", u"PlaneCorr[Id()]",
@@ -84,11 +74,11 @@ TEST_F(SettingsFactory, WrongSpecifications)
          {u"PlaneCorr[File()]", u"PlaneCorr[File(]", u"PlaneCorr[File(a]b)]",
           u"settings://PlaneCorr[File()]"}},
     };
-    for (const SCase& row : c_cases) {
-        for (const CStr& spec : row.specs) {
+    for (const auto& [error, specs] : c_cases) {
+        for (const CStr& spec : specs) {
             CSettingsFactory::SParseInfo info;
             EXPECT_FALSE(m_factory.ParseUserSpec(spec, info));
-            EXPECT_EQ(info.error, CStr::Format(row.error, spec));
+            EXPECT_EQ(info.error, CStr::Format(error, spec));
         }
     }
     // What was understood before the fault.
