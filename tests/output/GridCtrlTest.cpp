@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/output/GridHarness.h"
+#include "tests/TestData.h"
 
 using namespace CommonUI;
 
@@ -41,9 +42,8 @@ TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
                                                 "text 24,20,96,40 left \"top\"\n"
                                                 "expander 2,22,18,38 open\n"
                                                 "background 100,20,200,40 plain\n");
-    EXPECT_NE(harness.DrawAll().find("text 44,40,96,60 left \"first\""), std::string::npos) << "indented";
-    EXPECT_NE(harness.DrawAll().find("background 0,0,100,20 header\ntext 4,0,96,20 left \"Name\""),
-              std::string::npos);
+    EXPECT_TRUE(Has(harness.DrawAll(), "text 44,40,96,60 left \"first\"")) << "indented";
+    EXPECT_TRUE(Has(harness.DrawAll(), "background 0,0,100,20 header\ntext 4,0,96,20 left \"Name\""));
     harness.Press(50, 10);
     EXPECT_EQ(harness.grid->GetSelection().GetRange(), (SGridRange{0, 3, 0, 0})) << "a column, no corner";
     harness.Press(20, 30);
@@ -111,23 +111,18 @@ TEST(GridCtrl, EditorsOpenAndEnd)
     EXPECT_TRUE(harness.Key(EGridKey::Escape));
     EXPECT_FALSE(harness.view.editor || harness.grid->EndEdit(u"2")) << "cancelled";
 
-    const struct {
-        SGridCell cell;
-        const char16_t* text;
-        bool taken;
-        const char* changes;
-    } cases[] = {
+    const std::tuple<SGridCell, const char16_t*, bool, const char*> cases[] = {
         {{0, 0}, u"7", true, "4 "},    {{0, 0}, u"seven", false, ""}, {{0, 0}, u"7.0", true, ""},
         {{0, 0}, u"70", true, "4! "},  {{0, 1}, u"µm", true, "5 "},   {{0, 1}, u"mm", false, ""},
         {{1, 0}, u"B-12", true, "6 "}, {{1, 0}, u"B-1", false, ""},
     };
-    for (const auto& edit : cases) {
-        harness.grid->SelectCell(edit.cell);
+    for (const auto& [cell, text, taken, changes] : cases) {
+        harness.grid->SelectCell(cell);
         EXPECT_TRUE(harness.Key(EGridKey::F2));
         EXPECT_TRUE(harness.grid->IsEditing());
-        EXPECT_EQ(harness.grid->EndEdit(edit.text), edit.taken) << CStr(edit.text).ToUtf8();
+        EXPECT_EQ(harness.grid->EndEdit(text), taken) << CStr(text).ToUtf8();
         EXPECT_FALSE(harness.view.editor);
-        EXPECT_EQ(harness.TakeChanges(), edit.changes) << CStr(edit.text).ToUtf8();
+        EXPECT_EQ(harness.TakeChanges(), changes) << CStr(text).ToUtf8();
     }
     EXPECT_EQ(number.FormatItem(), u"10");
     EXPECT_EQ(code.FormatItem(), u"B-12");
@@ -161,14 +156,11 @@ TEST(GridCtrl, DrawsAndScrollsToWhatIsAskedFor)
     CTextGridPainter painter;
     harness.grid->Draw(painter, {0, 45, 100, 46});
     EXPECT_EQ(painter.GetLog(), u"background 0,40,100,60 plain\ntext 4,40,96,60 right \"1\"\n");
-    const struct {
-        SGridCell cell;
-        long long top;
-    } cases[] = {{{4, 0}, 0},       {{5, 0}, 20},      {{999, 0}, 19900},
-                 {{995, 0}, 19900}, {{994, 0}, 19880}, {{0, 0}, 0}};
-    for (const auto& row : cases) {
-        harness.grid->EnsureVisible(row.cell);
-        EXPECT_EQ(harness.grid->GetScrollTop(), row.top);
+    const std::pair<SGridCell, long long> cases[] = {{{4, 0}, 0},       {{5, 0}, 20},      {{999, 0}, 19900},
+                                                     {{995, 0}, 19900}, {{994, 0}, 19880}, {{0, 0}, 0}};
+    for (const auto& [cell, top] : cases) {
+        harness.grid->EnsureVisible(cell);
+        EXPECT_EQ(harness.grid->GetScrollTop(), top);
     }
     harness.grid->ScrollTo(50, 1LL << 60);
     EXPECT_EQ(harness.grid->GetScrollTop(), 19900);
@@ -242,8 +234,7 @@ TEST(GridCtrl, TypingEditsAndTabGoesOn)
         row.Emplace<CGridItem>(u"value");
     }
     harness.grid->OnFocus(true);
-    EXPECT_NE(harness.DrawAll().find("focus 0,20,100,40"), std::string::npos)
-        << "also before anything is selected";
+    EXPECT_TRUE(Has(harness.DrawAll(), "focus 0,20,100,40")) << "also before anything is selected";
     EXPECT_TRUE(harness.grid->OnText(u"x"));
     EXPECT_EQ(harness.view.editor->typed, u"x");
     for (const SGridCell cell : {SGridCell{0, 1}, SGridCell{1, 1}}) {
@@ -264,26 +255,23 @@ TEST(GridCtrl, TypingEditsAndTabGoesOn)
 
 TEST(GridCtrl, ColumnsAreResizedByTheirEdges)
 {
-    const struct {
-        int x; // pressed in the header, and dragged to `to`
-        int to;
-        std::vector<int> widths;
-    } cases[] = {
+    // Pressed in the header at the first, dragged to the second; the widths of the columns then.
+    const std::tuple<int, int, std::vector<int>> cases[] = {
         {98, 148, {150, 100}},  {103, 93, {90, 100}}, {105, 150, {100, 100}},
         {200, 260, {100, 160}}, {99, -50, {4, 100}},  {95, 20, {100, 100}},
     };
-    for (const auto& row : cases) {
+    for (const auto& [x, to, widths] : cases) {
         CGridHarness harness;
         harness.grid->AddRow().Emplace<CGridItem>(u"a long text in the first cell");
-        EXPECT_EQ(harness.grid->OnSetCursor({row.x, 10}) == EGridCursor::Resize, row.x != 105 && row.x != 95);
-        harness.Press(row.x, 10);
-        harness.Press(row.to, 10, GridMouse::c_move);
-        harness.Press(row.to, 10, GridMouse::c_leftUp);
-        EXPECT_EQ(harness.grid->GetColumnWidth(0), row.widths[0]) << row.x;
-        EXPECT_EQ(harness.grid->GetColumnWidth(1), row.widths[1]) << row.x;
+        EXPECT_EQ(harness.grid->OnSetCursor({x, 10}) == EGridCursor::Resize, x != 105 && x != 95);
+        harness.Press(x, 10);
+        harness.Press(to, 10, GridMouse::c_move);
+        harness.Press(to, 10, GridMouse::c_leftUp);
+        EXPECT_EQ(harness.grid->GetColumnWidth(0), widths[0]) << x;
+        EXPECT_EQ(harness.grid->GetColumnWidth(1), widths[1]) << x;
         harness.Press(5, 50, GridMouse::c_move);
-        EXPECT_EQ(harness.grid->GetColumnWidth(0), row.widths[0]) << "released";
-        harness.Press(row.widths[0], 10, GridMouse::c_leftDoubleClick);
+        EXPECT_EQ(harness.grid->GetColumnWidth(0), widths[0]) << "released";
+        harness.Press(widths[0], 10, GridMouse::c_leftDoubleClick);
         EXPECT_EQ(harness.grid->GetColumnWidth(0), 29 * 8 + 8 + 4);
     }
     CGridHarness harness;

@@ -29,11 +29,7 @@ constexpr SGridModifiers c_both{.shift = true, .control = true};
 
 TEST(GridSelection, Keys)
 {
-    const struct {
-        SGridKey key;
-        SGridCell focus;
-        SGridRange range;
-    } cases[] = {
+    const std::tuple<SGridKey, SGridCell, SGridRange> cases[] = {
         {{EGridKey::Left, c_none}, {10, 1}, {10, 10, 1, 1}},
         {{EGridKey::Right, c_none}, {10, 3}, {10, 10, 3, 3}},
         {{EGridKey::Up, c_shift}, {9, 2}, {9, 10, 2, 2}},
@@ -50,13 +46,13 @@ TEST(GridSelection, Keys)
         {{EGridKey::End, c_control}, {99, 4}, {99, 99, 4, 4}},
         {{EGridKey::A, c_control}, {10, 2}, {0, 99, 0, 4}},
     };
-    for (const auto& row : cases) {
+    for (const auto& [key, focus, range] : cases) {
         CGridSelection selection;
         selection.SetSize(100, 5);
         selection.SelectCell({10, 2});
-        EXPECT_TRUE(selection.OnKey(row.key, 8));
-        EXPECT_EQ(selection.GetFocus(), row.focus);
-        EXPECT_EQ(selection.GetRange(), row.range);
+        EXPECT_TRUE(selection.OnKey(key, 8));
+        EXPECT_EQ(selection.GetFocus(), focus);
+        EXPECT_EQ(selection.GetRange(), range);
     }
     CGridSelection selection;
     EXPECT_FALSE(selection.OnKey({EGridKey::A, c_control}, 8)) << "no cells";

@@ -12,12 +12,7 @@ using EType = EGridValueType;
 
 TEST(GridValue, TextsAreReadInTheTypeOfTheValue)
 {
-    const struct {
-        CGridValue value;
-        const char16_t* text;
-        bool read;
-        const char16_t* result;
-    } cases[] = {
+    const std::tuple<CGridValue, const char16_t*, bool, const char16_t*> cases[] = {
         {1.5, u" 2.25 ", true, u"2.25"},
         {1.5, u"1e400", false, u"1.5"},
         {1.5, u"inf", false, u"1.5"},
@@ -37,11 +32,11 @@ TEST(GridValue, TextsAreReadInTheTypeOfTheValue)
         {{EType::String, 12}, u"", true, u""},
         {{EType::R8, 3}, u"", false, u"3"},
     };
-    for (const auto& row : cases) {
-        CGridValue value = row.value;
-        EXPECT_EQ(value.ReadText(row.text), row.read) << value.ToText().ToUtf8();
-        EXPECT_EQ(value.ToText(), row.result);
-        EXPECT_EQ(value == row.value, !row.read);
+    for (const auto& [before, text, read, result] : cases) {
+        CGridValue value = before;
+        EXPECT_EQ(value.ReadText(text), read) << value.ToText().ToUtf8();
+        EXPECT_EQ(value.ToText(), result);
+        EXPECT_EQ(value == before, !read);
     }
     EXPECT_EQ(CGridValue(true).GetInteger(), -1) << "all bits set";
     EXPECT_EQ(CGridValue(-2.9).GetInteger(), -2);
@@ -52,12 +47,7 @@ TEST(GridValue, TextsAreReadInTheTypeOfTheValue)
 
 TEST(GridValue, FormatsByType)
 {
-    const struct {
-        int type;
-        const char16_t* format;
-        CGridValue value;
-        const char16_t* text;
-    } cases[] = {
+    const std::tuple<int, const char16_t*, CGridValue, const char16_t*> cases[] = {
         {5, u"%.2f nm", 1.257, u"1.26 nm"},
         {8, u"<%s>", u"abc", u"<abc>"},
         {8, u"<%s>", 1.257, u"1.257"},
@@ -73,22 +63,18 @@ TEST(GridValue, FormatsByType)
         {8, u"%.1f", u"abc", u"abc"},
         {8, u"%*s|", u"abc", u"%*s|"},
     };
-    for (const auto& row : cases) {
+    for (const auto& [type, format, value, text] : cases) {
         CGridBaseOutputItem item;
-        item.SetFormatString(row.type, row.format);
-        item.SetFormatString(row.type, u"");
-        item.SetValue(row.value);
-        EXPECT_EQ(item.FormatItem(), row.text) << item.FormatItem().ToUtf8();
+        item.SetFormatString(type, format);
+        item.SetFormatString(type, u"");
+        item.SetValue(value);
+        EXPECT_EQ(item.FormatItem(), text) << item.FormatItem().ToUtf8();
     }
 }
 
 TEST(GridValue, EditRulesAndSteps)
 {
-    const struct {
-        SGridEditRules rules;
-        const char16_t* text;
-        bool accepted;
-    } cases[] = {
+    const std::tuple<SGridEditRules, const char16_t*, bool> cases[] = {
         {{}, u"anything", true},
         {{.validCharacters = u"0123"}, u"3210", true},
         {{.validCharacters = u"0123"}, u"4", false},
@@ -98,16 +84,13 @@ TEST(GridValue, EditRulesAndSteps)
         {{.mask = u"dd:a*"}, u"1x:xy", false},
         {{.mask = u"dd:a*"}, u"12:µy", false},
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(row.rules.Accepts(row.text), row.accepted) << CStr(row.text).ToUtf8();
+    for (const auto& [rules, text, accepted] : cases)
+        EXPECT_EQ(rules.Accepts(text), accepted) << CStr(text).ToUtf8();
 
     const SGridEdit edit{.minimum = -2, .maximum = 10};
-    const struct {
-        const char16_t* text;
-        int steps;
-        const char16_t* result;
-    } steps[] = {{u"1.5", 1, u"2.5"}, {u"9.5", 1, u"10"}, {u"-1", -5, u"-2"},
-                 {u"x", 1, u"-1"},    {u"nan", 0, u"-2"}, {u"1e300", -1, u"10"}};
-    for (const auto& row : steps)
-        EXPECT_EQ(StepGridEdit(edit, row.text, row.steps), row.result);
+    const std::tuple<const char16_t*, int, const char16_t*> steps[] = {
+        {u"1.5", 1, u"2.5"}, {u"9.5", 1, u"10"}, {u"-1", -5, u"-2"},
+        {u"x", 1, u"-1"},    {u"nan", 0, u"-2"}, {u"1e300", -1, u"10"}};
+    for (const auto& [text, count, result] : steps)
+        EXPECT_EQ(StepGridEdit(edit, text, count), result);
 }

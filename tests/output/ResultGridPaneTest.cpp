@@ -5,6 +5,7 @@
 
 #include "tests/output/GridHarness.h"
 #include "tests/output/TestTables.h"
+#include "tests/TestData.h"
 
 #include <algorithm>
 #include <utility>
@@ -51,22 +52,18 @@ struct SPane {
 
 } // namespace
 
-TEST(ResultGridPane, HeadersAreMergedAndWrapped)
+// The record has the headers from the left, one of their lines, one point of a group, and what lies below the headers
+// when it is scrolled to the right.
+TEST(ResultGridPane, DrawsMergedHeadersAndCellsBelowThem)
 {
-    const SPane shown(3);
+    SPane shown(3);
     EXPECT_EQ(shown.pane.GetHeaderHeight(), 3 * 16 + 4);
-    EXPECT_EQ(shown.Draw({0, 0, 200, 52}), "background 80,0,240,18 header\n"
-                                           "text 84,2,236,18 center \"Height\"\n"
-                                           "background 80,18,160,52 header\n"
-                                           "text 84,18,156,34 center \"Ra\"\n"
-                                           "background 160,18,240,52 header\n"
-                                           "text 164,18,236,34 center \"Rq\"\n"
-                                           "background 0,0,80,52 header\n"
-                                           "text 4,2,76,18 left \"Line\"\n");
-    EXPECT_EQ(shown.Draw({240, 0, 260, 1}), "background 240,0,320,52 header\n"
-                                            "text 244,2,316,18 center \"RSm\"\n"
-                                            "text 244,18,316,34 center \"mean\"\n");
-    EXPECT_EQ(shown.Draw({170, 0, 180, 1}).find("background 80,0,240,18"), 0u) << "the whole group";
+    std::string drawn;
+    for (const SRect& clip : {SRect{0, 0, 200, 52}, {240, 0, 260, 1}, {170, 0, 180, 1}})
+        drawn += shown.Draw(clip) + '\n';
+    shown.pane.ScrollTo(1000, 0);
+    EXPECT_EQ(drawn + shown.Draw({0, 52, 200, 73}), ReadTestData("result-grid-pane.txt"));
+    EXPECT_EQ(shown.Draw({0, 112, 200, 132}), "") << "below the last row";
 }
 
 TEST(ResultGridPane, CellsStayBelowNamesAndHeaders)
@@ -75,18 +72,6 @@ TEST(ResultGridPane, CellsStayBelowNamesAndHeaders)
     shown.pane.ScrollTo(1000, 0);
     EXPECT_EQ(shown.pane.GetScrollLeft(), 120);
     EXPECT_EQ(shown.pane.GetVisibleRange(), (SGridRange{0, 2, 2, 3}));
-    EXPECT_EQ(shown.Draw({0, 112, 200, 132}), "") << "below the last row";
-    EXPECT_EQ(shown.Draw({0, 52, 200, 73}), "background 40,52,120,72 sub-header\n"
-                                            "text 44,52,116,72 right \"nm\"\n"
-                                            "background 120,52,200,72 sub-header\n"
-                                            "text 124,52,196,72 right \"µm\"\n"
-                                            "background 0,52,80,72 header\n"
-                                            "background 40,72,120,92 plain\n"
-                                            "text 44,72,116,92 right \"1.9\"\n"
-                                            "background 120,72,200,92 plain\n"
-                                            "text 124,72,196,92 right \"7 8\"\n"
-                                            "background 0,72,80,92 header\n"
-                                            "text 4,72,76,92 left \"1\"\n");
     shown.pane.OnFocus(true);
     for (const auto& [column, place] : {std::pair(std::size_t{1}, std::size_t{2}), {0, 4}}) {
         shown.pane.SelectCell({1, column});
@@ -114,11 +99,8 @@ TEST(ResultGridPane, CellsStayBelowNamesAndHeaders)
 
 TEST(ResultGridPane, SelectionIsThatOfTheTable)
 {
-    const struct {
-        std::vector<SPoint> path; // pressed at the first, dragged to the others
-        SGridModifiers modifiers;
-        const char16_t* text;
-    } cases[] = {
+    // Pressed at the first point, dragged to the others.
+    const std::tuple<std::vector<SPoint>, SGridModifiers, const char16_t*> cases[] = {
         {{{100, 80}}, c_plain, u"1.5"},
         {{{100, 80}, {170, 100}}, c_plain, u"1.5\t1.9\n1.5\t1.9"},
         {{{10, 80}}, c_plain, u"1\t1.5\t1.9\t7\r\n8"},
@@ -130,16 +112,16 @@ TEST(ResultGridPane, SelectionIsThatOfTheTable)
         {{{100, 100}, {100, 400}, {-10, 400}}, c_plain, u"2\t1.5"},
         {{{190, 125}}, c_plain, u""},
     };
-    for (const auto& row : cases) {
+    for (const auto& [path, modifiers, text] : cases) {
         SPane shown(3);
-        if (row.modifiers.shift)
+        if (modifiers.shift)
             shown.pane.SelectCell({0, 0});
-        shown.pane.OnMouse(GridMouse::c_leftDown, row.path[0], row.modifiers);
-        for (std::size_t i = 1; i < row.path.size(); ++i)
-            shown.pane.OnMouse(GridMouse::c_move, row.path[i], row.modifiers);
+        shown.pane.OnMouse(GridMouse::c_leftDown, path[0], modifiers);
+        for (std::size_t i = 1; i < path.size(); ++i)
+            shown.pane.OnMouse(GridMouse::c_move, path[i], modifiers);
         CMemoryClipboard clipboard;
-        EXPECT_EQ(CopySelection(shown.grid, false, false, clipboard), *row.text != 0);
-        EXPECT_EQ(clipboard.GetText(), row.text) << clipboard.GetText().ToUtf8();
+        EXPECT_EQ(CopySelection(shown.grid, false, false, clipboard), *text != 0);
+        EXPECT_EQ(clipboard.GetText(), text) << clipboard.GetText().ToUtf8();
     }
     SPane shown(3);
     shown.pane.SelectAll();

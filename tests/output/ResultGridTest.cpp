@@ -1,5 +1,6 @@
 #include "output/results/EndResults.h"
 #include "tests/output/TestTables.h"
+#include "tests/TestData.h"
 
 #include <gtest/gtest.h>
 
@@ -18,19 +19,15 @@ TEST(EndResults, LinesForTheTokenizer)
     item.AddValue(3.14159, 4);
     EXPECT_EQ(item.GetValues()[3], u" 3.142") << "the item keeps the blank";
     EXPECT_EQ(item.GetCount(), 4u);
-    const struct {
-        std::vector<int> blank;
-        int columns;
-        const char16_t* line;
-    } cases[] = {
+    const std::tuple<std::vector<int>, int, const char16_t*> cases[] = {
         {{}, 4, u"Ra\t0.123\t\t \t\thigh\t3.142\t"},
         {{}, 9, u"Ra\t0.123\t\t \t\thigh\t3.142\t"},
         {{}, 0, u"Ra\t"},
         {{0}, 2, u"Ra\t\t \t"},
         {{1, 7}, 8, u"Ra\t0.123\t \t\thigh\t3.142\t \t"},
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(item.CreateTokenizableString(row.blank, row.columns), row.line);
+    for (const auto& [blank, columns, line] : cases)
+        EXPECT_EQ(item.CreateTokenizableString(blank, columns), line);
     EXPECT_EQ(item.CreateTokenizableString({0, 1}, 2), u"Ra\t \t");
 }
 
@@ -109,6 +106,7 @@ TEST(ResultGrid, WholeReport)
     EXPECT_EQ(CGrid::GenerateText(&results, &summary, &results, false), u"") << "grids of the wrong kind";
 }
 
+// The record has the text of each copy and, below it, the tables of its HTML.
 TEST(ResultGrid, SelectionIsCutAndCopied)
 {
     CGrid grid(SCell::Results);
@@ -117,58 +115,22 @@ TEST(ResultGrid, SelectionIsCutAndCopied)
     grid.AddColumn({u"Rq", {}});
     grid.AddRow({.name = u"1", .cells = {u"1.5", u"1.9"}});
     grid.AddRow({.name = u"2", .cells = {u"2.5", u"2.9"}});
-    const auto td = [](const char* align, const char* text) {
-        return std::string("<td style=\"text-align:") + align + ";\">" + text + "</td>\n";
-    };
-    const struct {
-        CGrid::SSelection selection;
-        bool transpose;
-        bool headers;
-        const char16_t* text;
-        std::string html;
-    } cases[] = {
-        {{0, 9, 0, 9},
-         false,
-         true,
-         u"Line\tR a\tRq\n1\t1.5\t1.9\n2\t2.5\t2.9",
-         "</style>\n<table><tr>" + td("center", "Line") + td("center", "R a") + td("center", "Rq") +
-             "</tr><tr>" + td("left", "1") + td("rigth", "1.5") + td("rigth", "1.9") + "</tr>"},
-        {{1, 1, 1, 2},
-         false,
-         false,
-         u"2.5\t2.9",
-         "<table><tr>" + td("rigth", "2.5") + td("rigth", "2.9") + "</tr></table>"},
-        {{0, 1, 2, 2},
-         false,
-         true,
-         u"Rq\n1.9\n2.9",
-         "<tr>" + td("center", "Rq") + "</tr><tr>" + td("rigth", "1.9")},
-        {{0, 1, 0, 1},
-         true,
-         false,
-         u"1\t2\n1.5\t2.5",
-         "<tr>" + td("center", "1") + td("center", "2") + "</tr><tr>" + td("rigth", "1.5")},
-        {{0, 1, 1, 2},
-         true,
-         true,
-         u"R a\t1.5\t2.5\nRq\t1.9\t2.9",
-         "<tr>" + td("left", "R a") + td("rigth", "1.5")},
-        {{5, 9, 0, 9}, false, true, u"", ""},
-    };
-    for (const auto& row : cases) {
-        grid.Select(row.selection);
-        const CGrid::SCopiedTexts copied = grid.CopySelectionAsHTML(row.transpose, row.headers);
-        EXPECT_EQ(copied.text, row.text) << copied.text.ToUtf8();
-        EXPECT_NE(copied.html.ToUtf8().find(row.html), std::string::npos) << copied.html.ToUtf8();
-        EXPECT_EQ(copied.html.IsEmpty(), copied.text.IsEmpty());
-    }
-
     CGrid summary(SCell::Summary);
     summary.AddRow({.name = u"Sq", .cells = {u"12.5"}});
     summary.AddRow({.name = u"Sa", .cells = {u"10", u"nm"}});
-    summary.SelectAll();
-    const CGrid::SCopiedTexts copied = summary.CopySelectionAsHTML(false, true);
-    EXPECT_EQ(copied.text, u"Sq\t12.5\nSa\t10\tnm");
-    EXPECT_NE(copied.html.ToUtf8().find("<tr>" + td("left", "Sq") + td("rigth", "12.5")), std::string::npos);
-    EXPECT_EQ(summary.CopySelectionAsHTML(true, true).text, u"Sq\tSa\n12.5\t10\n\tnm");
+    const std::tuple<CGrid&, CGrid::SSelection, bool, bool> rows[] = {
+        {grid, {0, 9, 0, 9}, false, true},    {grid, {1, 1, 1, 2}, false, false},
+        {grid, {0, 1, 2, 2}, false, true},    {grid, {0, 1, 0, 1}, true, false},
+        {grid, {0, 1, 1, 2}, true, true},     {grid, {5, 9, 0, 9}, false, true},
+        {summary, {0, 9, 0, 9}, false, true}, {summary, {0, 9, 0, 9}, true, true},
+    };
+    std::string copies;
+    for (const auto& [table, selection, transpose, headers] : rows) {
+        table.Select(selection);
+        const CGrid::SCopiedTexts copied = table.CopySelectionAsHTML(transpose, headers);
+        const std::string html = copied.html.ToUtf8();
+        copies +=
+            copied.text.ToUtf8() + "\n" + html.substr(std::min(html.find("</style>"), html.size())) + "\n";
+    }
+    EXPECT_EQ(copies, ReadTestData("result-selections.txt"));
 }
