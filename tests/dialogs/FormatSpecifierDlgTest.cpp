@@ -24,10 +24,8 @@ CParameter MakeParameter(const CParameter::SFormatSpecifier& format)
 }
 
 // The dialog with a window.
-class CShown
-{
-public:
-    explicit CShown(const CParameter::SFormatSpecifier& format)
+struct SShown {
+    explicit SShown(const CParameter::SFormatSpecifier& format)
         : dialog(MakeParameter(format))
     {
         dialog.SetView(&view);
@@ -43,19 +41,17 @@ public:
 
 TEST(FormatSpecifierDlg, ShowsTheFormatOfItsParameter)
 {
-    const std::tuple<CParameter::SFormatSpecifier, std::optional<std::size_t>, const char16_t*,
-                     const char16_t*, const char16_t*>
-        cases[] = {
-            {{EFormat::FormatDecimals, 4}, 0, u"4", u"3.1416", u"0.0000"},
-            {{EFormat::FormatDigits, 5}, 1, u"5", u"3.1416", u"3.1416E-06"},
-            {{EFormat::FormatDigits, 20}, 1, u"12", u"3.14159265359", u"3.14159265359E-06"},
-            {{EFormat::FormatDecimals, -1}, 0, u"1", u"3.1", u"0.0"},
-            {{EFormat::FormatInteger, 3}, std::nullopt, u"3", u"3", u"0"},
-        };
+    using CRow = std::tuple<CParameter::SFormatSpecifier, std::optional<std::size_t>, CStr, CStr, CStr>;
+    const CRow cases[] = {
+        {{EFormat::FormatDecimals, 4}, 0, u"4", u"3.1416", u"0.0000"},
+        {{EFormat::FormatDigits, 20}, 1, u"12", u"3.14159265359", u"3.14159265359E-06"},
+        {{EFormat::FormatDecimals, -1}, 0, u"1", u"3.1", u"0.0"},
+        {{EFormat::FormatInteger, 3}, std::nullopt, u"3", u"3", u"0"},
+    };
     const std::vector<SFormatItem> items = {{u"Decimals", EFormat::FormatDecimals},
                                             {u"Digits", EFormat::FormatDigits}};
     for (const auto& [format, selected, count, large, tiny] : cases) {
-        CShown shown(format);
+        SShown shown(format);
         shown.dialog.Create();
         EXPECT_TRUE(shown.view.IsVisible());
         EXPECT_EQ(shown.view.GetCaption(), u"Specify Format");
@@ -64,8 +60,8 @@ TEST(FormatSpecifierDlg, ShowsTheFormatOfItsParameter)
         EXPECT_EQ(shown.view.GetItems(), items);
         EXPECT_EQ(shown.view.GetSelectedItem(), selected);
         EXPECT_EQ(shown.edit.GetText(), count);
-        EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> " + CStr(large));
-        EXPECT_EQ(shown.view.GetText(CDlg::c_smallExample), u"0.000003141593 -> " + CStr(tiny));
+        EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> " + large);
+        EXPECT_EQ(shown.view.GetText(CDlg::c_smallExample), u"0.000003141593 -> " + tiny);
     }
 }
 
@@ -76,7 +72,7 @@ TEST(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
         {CBaseDialog::c_cancel, {EFormat::FormatInteger, 3}},
     };
     for (const auto& [button, format] : cases) {
-        CShown shown({EFormat::FormatInteger, 3});
+        SShown shown({EFormat::FormatInteger, 3});
         shown.dialog.Create();
         EXPECT_TRUE(shown.view.Choose(1));
         EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> 3.14");

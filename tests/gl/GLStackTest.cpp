@@ -226,7 +226,7 @@ TEST_F(GLStack, FailureOfEachStepInBetween)
         FaultyDriver::FailBefore(test);
         ExpectFailure(push, operation, u"GL_INVALID_ENUM");
         const CStr place = CStr::Format(u" (Function: CGLStack::%s) (File: GLStack)\n", function);
-        EXPECT_NE(TakeLines().find(place.ToUtf8()), std::string::npos);
+        EXPECT_TRUE(Has(TakeLines(), place.ToUtf8()));
     }
 }
 

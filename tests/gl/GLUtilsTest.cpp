@@ -115,7 +115,7 @@ TEST_F(GLUtils, FailuresOfPixelPositions)
     const SGLState before;
     FaultyDriver::FailBefore(c_ownTest);
     EXPECT_FALSE(PixelPos2d(1, 2));
-    EXPECT_NE(TakeLines().find(" (Function: PixelPos4d) (File: GLUtils)\n"), std::string::npos);
+    EXPECT_TRUE(Has(TakeLines(), " (Function: PixelPos4d) (File: GLUtils)\n"));
     FaultyDriver::FailBefore(c_ownTest);
     EXPECT_FALSE(PixelPos2f(1, 2));
     EXPECT_TRUE(m_boxes.GetShown()[1].text.StartsWith(u"Operation: PixelPos4f\n"));

@@ -67,7 +67,7 @@ TEST_F(OpenGLReports, PixelStore)
     COpenGLWrapper::DiagnoseOutputPixelStore();
     const std::string report = TakeReport();
     EXPECT_TRUE(report.starts_with("GL_PACK_SWAP_BYTES:  0\nGL_PACK_LSB_FIRST:   1\n"));
-    EXPECT_NE(report.find("GL_UNPACK_SKIP_ROWS:   7\n"), std::string::npos);
+    EXPECT_TRUE(Has(report, "GL_UNPACK_SKIP_ROWS:   7\n"));
 }
 
 TEST_F(OpenGLReports, Stacks)

@@ -7,12 +7,7 @@ using CommonUI::CStr;
 
 TEST(Axis, MarksAreRoundNumbersInTheSuitableUnit)
 {
-    const struct {
-        CommonUI::CRange<double> range;
-        int intervals;
-        CStr unit;
-        CStr texts;
-    } rows[]{
+    const std::tuple<CommonUI::CRange<double>, int, CStr, CStr> rows[]{
         {{0, 63.5e-6}, 6, u"µm", u"0 10 20 30 40 50 60"},
         {{0, 9.96e-6}, 4, u"µm", u"0 2 4 6 8"},
         {{0, 3e-4}, 3, u"µm", u"0 100 200 300"}, // the last mark is not lost to rounding
@@ -22,35 +17,31 @@ TEST(Axis, MarksAreRoundNumbersInTheSuitableUnit)
         {{0.2, 0.3}, 1, u"mm", u"200 300"},
         {{1e-6, 1e-6}, 3, u"µm", u""},
     };
-    for (const auto& row : rows) {
-        const SAxis axis = MakeAxis(row.range, row.intervals);
+    for (const auto& [range, intervals, unit, expected] : rows) {
+        const SAxis axis = MakeAxis(range, intervals);
         CStr texts;
         for (const STick& tick : axis.ticks) {
             if (!texts.IsEmpty())
                 texts += u" ";
             texts += tick.text;
-            EXPECT_GE(tick.value, row.range.GetLower() - 1e-6 * row.range.GetLength());
-            EXPECT_LE(tick.value, row.range.GetUpper() + 1e-6 * row.range.GetLength());
+            EXPECT_GE(tick.value, range.GetLower() - 1e-6 * range.GetLength());
+            EXPECT_LE(tick.value, range.GetUpper() + 1e-6 * range.GetLength());
         }
-        EXPECT_EQ(texts.ToUtf8(), row.texts.ToUtf8());
-        EXPECT_EQ(axis.unit.ToUtf8(), row.unit.ToUtf8());
+        EXPECT_EQ(texts.ToUtf8(), expected.ToUtf8());
+        EXPECT_EQ(axis.unit.ToUtf8(), unit.ToUtf8());
     }
 }
 
 TEST(Axis, FactorsAndLengthsAreShort)
 {
-    const struct {
-        double factor;
-        double rounded;
-        CStr text;
-    } rows[]{{6.449, 6.4, u"6.4"},
-             {0.01234, 0.012, u"0.012"},
-             {4812345, 4800000, u"4800000"},
-             {9.96, 10, u"10"},
-             {1, 1, u"1"}};
-    for (const auto& row : rows) {
-        EXPECT_DOUBLE_EQ(RoundedFactor(row.factor), row.rounded);
-        EXPECT_EQ(FactorText(RoundedFactor(row.factor)).ToUtf8(), row.text.ToUtf8());
+    const std::tuple<double, double, CStr> rows[]{{6.449, 6.4, u"6.4"},
+                                                  {0.01234, 0.012, u"0.012"},
+                                                  {4812345, 4800000, u"4800000"},
+                                                  {9.96, 10, u"10"},
+                                                  {1, 1, u"1"}};
+    for (const auto& [factor, rounded, text] : rows) {
+        EXPECT_DOUBLE_EQ(RoundedFactor(factor), rounded);
+        EXPECT_EQ(FactorText(RoundedFactor(factor)).ToUtf8(), text.ToUtf8());
     }
     EXPECT_EQ(LengthText(63.5e-6).ToUtf8(), "63.5 µm");
     EXPECT_EQ(LengthText(0.002).ToUtf8(), "2 mm");

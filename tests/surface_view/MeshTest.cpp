@@ -35,22 +35,19 @@ double TurnOf(const SMesh& mesh, const std::array<std::uint32_t, 3>& triangle)
 
 TEST(Mesh, MissingPointsAreHoles)
 {
-    const struct {
-        std::vector<double> heights; // three points in each line
-        std::size_t triangles;
-        std::size_t rim;
-    } rows[]{
+    // The heights of three points in each line, and how many triangles and corners of the rim they make.
+    const std::tuple<std::vector<double>, std::size_t, std::size_t> rows[]{
         {{0, 1, 2, 3, 4, 5, 6, 7, 8}, 8, 8},
         {{0, 1, 2, 3, c_hole, 5, 6, 7, 8}, 4, 8},           // one corner of each square
         {{c_hole, 1, 2, 3, 4, 5, 6, 7, 8}, 7, 6},           // the square keeps a half
         {{c_hole, c_hole, 2, 3, 4, 5, 6, 7, 8}, 5, 5},      // a square with two corners has nothing
         {{0, 1, 2, c_hole, c_hole, c_hole, 6, 7, 8}, 0, 4}, // two lines without anything between
     };
-    for (const auto& row : rows) {
-        const SSurface surface = MakeSurface(3, row.heights);
+    for (const auto& [heights, triangles, rim] : rows) {
+        const SSurface surface = MakeSurface(3, heights);
         const SMesh mesh = MakeMesh(surface, MakeBox(surface, 0));
-        EXPECT_EQ(mesh.triangles.size(), row.triangles);
-        EXPECT_EQ(mesh.rim.size(), row.rim);
+        EXPECT_EQ(mesh.triangles.size(), triangles);
+        EXPECT_EQ(mesh.rim.size(), rim);
         for (const auto& triangle : mesh.triangles)
             EXPECT_GT(TurnOf(mesh, triangle), 0);
     }
