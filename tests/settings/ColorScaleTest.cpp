@@ -58,6 +58,15 @@ TEST(ColorScale, TableReachesFromEndToEnd)
     EXPECT_EQ(marked.MakeTable(2), (std::vector{c_red, c_green}));
 }
 
+TEST(ColorScale, ColorsBesideTheStopsHaveKeys)
+{
+    CInifile ini = Document(u"[ColorScale]\nMissing=200,0,0\nBelow=0,100,0\nAbove=0,0,50\n"
+                            u"Stop1=0,0,0,0\nStop2=1,255,255,255\n");
+    SColorScale scale;
+    EXPECT_TRUE(scale.Load(ini));
+    EXPECT_EQ(std::tuple(scale.missing, scale.below, scale.above), std::tuple(c_red, c_green, c_blue));
+}
+
 TEST(ColorScale, StopsAreLimited)
 {
     CInifile ini;
