@@ -20,9 +20,6 @@ protected:
             << "LOCPATH must name the test locale's folder";
         std::locale::global(std::locale(std::locale::classic(), new CCommaPunctuation));
         ASSERT_STREQ(std::localeconv()->decimal_point, ",");
-        char text[8];
-        std::snprintf(text, sizeof text, "%.1f", 0.5);
-        ASSERT_STREQ(text, "0,5");
         m_c = newlocale(LC_ALL_MASK, "C", nullptr);
         ASSERT_NE(m_c, nullptr);
     }

@@ -206,14 +206,6 @@ TEST(NumberFormat, ExactlyOneConversion)
     }
 }
 
-TEST(NumberFormat, SizesAreLimited)
-{
-    SNumberFormat format;
-    ASSERT_TRUE(ParseNumberFormat(u"%99999999999.2000000000i", format));
-    EXPECT_EQ(std::tuple(format.conversion, format.width, format.precision),
-              std::tuple('d', c_formatLimit, c_formatLimit));
-}
-
 using NumberReading = CCommaLocaleTest;
 
 TEST_F(NumberReading, Doubles)

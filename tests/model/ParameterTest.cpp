@@ -27,12 +27,6 @@ const SBase3D<CUnit> c_lengths{c_metre, CUnit(EFactor::Nano), c_metre};
 
 } // namespace
 
-TEST(Parameter, ApplicationsKnowItsConstants)
-{
-    EXPECT_EQ(std::bit_cast<std::uint64_t>(CParameter::c_NoLimit), 0x7FF7FFFFFFFFFFF0u);
-    EXPECT_EQ(MakeParameter().GetAxisMode(), 1);
-}
-
 // A line of the record: number of the dimension, its power, its factor at the default unit, the units of the axes, and
 // what they make of it: the text of the scaled unit, symbol and power of the unit.
 TEST(Parameter, DimensionsScaleAndShowTheUnitsOfTheAxes)
@@ -112,6 +106,7 @@ TEST(Parameter, TemplatesAndTheirInstances)
     EXPECT_TRUE(instance.IsOn()) << "an instance keeps the parent's switch";
     EXPECT_EQ(instance.GetFriendlyString(), u"Name");
     EXPECT_EQ(instance.GetStandard(), 2);
+    EXPECT_EQ(instance.GetAxisMode(), 1);
     EXPECT_EQ(instance.GetUpperLimit(), 100);
     EXPECT_EQ(instance.GetHistogramSetup(1).classCount, 20);
     EXPECT_TRUE(instance.GetAxisTicks().empty());

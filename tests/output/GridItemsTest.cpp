@@ -299,7 +299,6 @@ TEST(GridItems, UnitsOfTheDimension)
         {EDimension::Length, EFactor::Nano, u"m", u"nm", u"pm Å nm µm mm cm m µin mil in "},
         {EDimension::Area, EFactor::Giga, u"m", u"Gm²", u"pm² Å² nm² µm² mm² cm² m² µin² mil² in² "},
         {EDimension::LengthZ, EFactor::Milli, u"V", u"mV", u"pV nV µV mV V "},
-        {EDimension::Volume, EFactor::Milli, u"V", u"", u""},
         {EDimension::Angle, EFactor::Nano, u"m", u"°", u""},
         {EDimension::None, EFactor::Nano, u"m", u"", u""},
     };
