@@ -13,17 +13,17 @@
 class CProgramTest : public testing::Test
 {
 protected:
-    /// @param run what takes the arguments, without the program's name, and two streams
+    /// @param run what takes the arguments, without the program's name, two streams and more
     /// @return the exit status
-    template<class FRun>
-    int RunWith(const FRun& run, const std::vector<std::string>& arguments)
+    template<class FRun, class... TMore>
+    int RunWith(const FRun& run, const std::vector<std::string>& arguments, const TMore&... more)
     {
         std::vector<const char*> pointers;
         for (const std::string& argument : arguments)
             pointers.push_back(argument.c_str());
         m_out.str({});
         m_err.str({});
-        return run(pointers, m_out, m_err);
+        return run(pointers, m_out, m_err, more...);
     }
 
     CTemporaryFolder m_temporary;

@@ -16,10 +16,7 @@ protected:
     int Run(const std::vector<std::string>& arguments,
             const GlReport::FContextMaker& makeContext = Offscreen::CContext::Make)
     {
-        const auto run = [&](auto& words, auto& out, auto& err) {
-            return GlReport::RunProgram(words, out, err, makeContext);
-        };
-        return RunWith(run, arguments);
+        return RunWith(GlReport::RunProgram, arguments, makeContext);
     }
     std::string Report()
     {

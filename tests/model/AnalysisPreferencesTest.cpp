@@ -34,18 +34,6 @@ void ChangeAll(CData& data)
         data.SetOutputOn(output.GetValue(), !output.IsOn());
 }
 
-std::vector<int> GroupedIDs(const std::vector<SParameterGroup>& groups)
-{
-    std::vector<int> ids;
-    for (const SParameterGroup& group : groups) {
-        for (const CParameter& parameter : group.parameters)
-            ids.push_back(parameter.GetValue());
-        const std::vector<int> below = GroupedIDs(group.subGroups);
-        ids.insert(ids.end(), below.begin(), below.end());
-    }
-    return ids;
-}
-
 } // namespace
 
 TEST(AnalysisPreferences, DefaultsOfEveryAnalysisAreUsable)

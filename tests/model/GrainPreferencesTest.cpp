@@ -42,12 +42,9 @@ TEST(GrainPreferences, GroupsHoldEveryQuantityOnce)
     const int added = data.AddParameter(static_cast<int>(EMeasure::Volume),
                                         data.GetParameter(static_cast<int>(EMeasure::Length)));
     EXPECT_EQ(added, 76);
-    std::vector<int> ids;
-    for (const SParameterGroup& group : data.GetParameterGroups(true)) {
-        EXPECT_FALSE(group.name.IsEmpty());
-        for (const CParameter& parameter : group.parameters)
-            ids.push_back(parameter.GetValue());
-    }
+    const auto groups = data.GetParameterGroups(true);
+    EXPECT_TRUE(std::ranges::none_of(groups, &CStr::IsEmpty, &SParameterGroup::name));
+    std::vector<int> ids = GroupedIDs(groups);
     std::vector<int> expected = data.GetParameterIDs();
     std::erase(expected, 0); // the catalogue's "None"
     std::ranges::sort(expected);

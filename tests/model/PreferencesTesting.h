@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 constexpr int c_analysisCount = 10;
 
@@ -35,4 +36,17 @@ inline std::string SavedBytes(CommonUI::CAnalysisPreferencesData& data)
     CommonUI::CInifile ini = PreferencesIni();
     data.Save(ini);
     return ini.GetBytes();
+}
+
+/// The numbers of what stands in groups and their subgroups.
+inline std::vector<int> GroupedIDs(const std::vector<CommonUI::SParameterGroup>& groups)
+{
+    std::vector<int> ids;
+    for (const CommonUI::SParameterGroup& group : groups) {
+        for (const CommonUI::CParameter& parameter : group.parameters)
+            ids.push_back(parameter.GetValue());
+        const std::vector<int> below = GroupedIDs(group.subGroups);
+        ids.insert(ids.end(), below.begin(), below.end());
+    }
+    return ids;
 }

@@ -50,10 +50,7 @@ protected:
     int Run(const std::vector<std::string>& arguments,
             const FContextMaker& makeContext = Offscreen::CContext::Make)
     {
-        const auto run = [&](auto& words, auto& out, auto& err) {
-            return RunProgram(words, out, err, makeContext);
-        };
-        return RunWith(run, arguments);
+        return RunWith(RunProgram, arguments, makeContext);
     }
     std::string Picture() const { return (m_folder / "picture.png").string(); }
 };
