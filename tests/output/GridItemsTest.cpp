@@ -83,13 +83,9 @@ TEST(GridItems, ChecksToggleByClicksOnTheBox)
     auto& check = harness.grid->AddRow().Emplace<CGridCheckItem>(2, 5);
     EXPECT_EQ(check.GetCheck(), EGridCheck::Indeterminate);
     EXPECT_EQ(check.GetData(), 5u);
-    for (const auto& [x, y, state] : {std::tuple(41, 30, 2),
-                                      {58, 30, 2},
-                                      {50, 21, 2},
-                                      {50, 38, 2},
-                                      {42, 22, 0},
-                                      {57, 37, 1},
-                                      {50, 30, 0}}) {
+    const std::tuple<int, int, int> presses[] = {{41, 30, 2}, {58, 30, 2}, {50, 21, 2}, {50, 38, 2},
+                                                 {42, 22, 0}, {57, 37, 1}, {50, 30, 0}};
+    for (const auto& [x, y, state] : presses) {
         harness.Press(x, y);
         EXPECT_EQ(static_cast<int>(check.GetCheck()), state) << x << "," << y;
     }
