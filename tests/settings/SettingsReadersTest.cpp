@@ -121,7 +121,7 @@ TEST(SettingsReaders, ReadWhatWasSaved)
         "Step2=InterpolateVoids\nStep3=ShowProfiles\nStep3_Profiles=3\n"
         "Step4=Apply\nStep4_Type=ColorScale\nStep4_Settings=BUILT-IN:CSQuickLaunchGrey\n");
     ExpectSaved(SGrainThresholdSettings{.kind = Analysis::EGrainKind::Pore,
-                                        .threshold = EGrainThreshold::Absolute,
+                                        .threshold = Analysis::EGrainThreshold::Absolute,
                                         .value = -1.5e-7,
                                         .minimumArea = 2e-12,
                                         .minimumPoints = 9,
