@@ -157,9 +157,10 @@ SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind
 }
 
 SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind,
-                      std::span<const std::string_view> keys)
+                      std::span<const std::string_view> keys, const SGrainSelection& selection)
 {
-    const SGrainMap map = FindGrains(surface, threshold, kind);
+    SGrainMap map = FindGrains(surface, threshold, kind);
+    SelectGrains(map, selection, surface.dx * surface.dy);
     const SGrainPoints points(map);
     const CMeasurer measurer(surface, threshold, kind, map, points);
     const std::vector<const SGrainMeasure*> measures = SelectMeasures(keys);

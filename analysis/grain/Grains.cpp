@@ -82,4 +82,29 @@ SGrainMap FindGrains(const SSurface& surface, double threshold, EGrainKind kind)
     return map;
 }
 
+void SelectGrains(SGrainMap& map, const SGrainSelection& selection, double cell)
+{
+    if (selection.IsAll())
+        return;
+    std::vector<std::size_t> sizes(map.count + std::size_t{1});
+    std::vector<bool> touchesEdge(sizes.size());
+    for (std::size_t i = 0; i < map.labels.size(); ++i) {
+        const std::size_t x = i % map.points;
+        const std::size_t y = i / map.points;
+        ++sizes[map.labels[i]];
+        if (x == 0 || x + 1 == map.points || y == 0 || y + 1 == map.lines)
+            touchesEdge[map.labels[i]] = true;
+    }
+    std::vector<std::uint32_t> numbers(sizes.size());
+    map.count = 0;
+    for (std::size_t grain = 1; grain < sizes.size(); ++grain) {
+        if (sizes[grain] >= selection.minimumPoints &&
+            static_cast<double>(sizes[grain]) * cell >= selection.minimumArea &&
+            (selection.includesEdge || !touchesEdge[grain]))
+            numbers[grain] = ++map.count;
+    }
+    for (std::uint32_t& label : map.labels)
+        label = numbers[label];
+}
+
 } // namespace CommonUI::Analysis

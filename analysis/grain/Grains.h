@@ -48,4 +48,18 @@ struct SGrainMap {
 /// @throws ETooManyPoints for 2³² points or more
 COMMONUIANALYSIS_API SGrainMap FindGrains(const SSurface& surface, double threshold, EGrainKind kind);
 
+/// Which of the grains that are found count.
+struct SGrainSelection {
+    double minimumArea = 0;        ///< of their cells, m²; smaller ones are left out
+    std::size_t minimumPoints = 1; ///< grains of fewer points are left out
+    bool includesEdge = true;      ///< those that touch the border of the surface
+
+    /// Whether all count.
+    bool IsAll() const noexcept { return !(minimumArea > 0) && minimumPoints <= 1 && includesEdge; }
+};
+
+/// Leaves out the grains that do not count. The others keep their order and are numbered anew.
+/// @param cell the area of a point, m²
+COMMONUIANALYSIS_API void SelectGrains(SGrainMap& map, const SGrainSelection& selection, double cell);
+
 } // namespace CommonUI::Analysis

@@ -2,13 +2,15 @@
 
 #include "measurement/EditPreferences.h"
 #include "measurement/FailureReason.h"
-#include "programs/surface_report/ForOption.h"
+#include "programs/command_line/ForOption.h"
 
 #include <filesystem>
 #include <stdexcept>
 
 namespace SurfaceReport
 {
+
+using CommandLine::ForOption;
 
 using CommonUI::Measurement::CFailureReason;
 

@@ -10,7 +10,8 @@
 #include "measurement/Steps.h"
 #include "platform/Folders.h"
 #include "programs/command_line/CommandLine.h"
-#include "programs/surface_report/ForOption.h"
+#include "programs/command_line/ForOption.h"
+#include "programs/command_line/ProgressLine.h"
 #include "programs/surface_report/ListSettings.h"
 #include "programs/surface_report/Options.h"
 #include "programs/surface_report/PreferencesFile.h"
@@ -24,50 +25,20 @@
 namespace SurfaceReport
 {
 
+using CommandLine::ForOption;
+
 namespace
 {
 
 namespace fs = std::filesystem;
 namespace Measurement = CommonUI::Measurement;
 
-// Shows how far the reading of a long file has come, on one line that is removed at the end.
-class CProgressLine
-{
-public:
-    CProgressLine(const fs::path& input, std::ostream& err)
-        : m_err(err)
-    {
-        constexpr std::uintmax_t c_longInput = 8 << 20;
-        std::error_code error;
-        const auto size = fs::file_size(input, error);
-        m_shown = !error && size >= c_longInput;
-    }
-    ~CProgressLine()
-    {
-        if (m_shown)
-            m_err << "\r                    \r" << std::flush;
-    }
-    CProgressLine(const CProgressLine&) = delete;
-    CProgressLine& operator=(const CProgressLine&) = delete;
-
-    void Show(double fraction)
-    {
-        const int percent = static_cast<int>(fraction * 100);
-        if (!m_shown || percent == m_percent)
-            return;
-        m_percent = percent;
-        m_err << "\rreading: " << percent << " %" << std::flush;
-    }
-
-private:
-    std::ostream& m_err;
-    bool m_shown = false;
-    int m_percent = -1;
-};
-
 CommonUI::Analysis::SSurface Read(const fs::path& input, std::ostream& err)
 {
-    CProgressLine progress(input, err);
+    constexpr std::uintmax_t c_longInput = 8 << 20;
+    std::error_code error;
+    const auto size = fs::file_size(input, error);
+    CommandLine::CProgressLine progress("reading", !error && size >= c_longInput, err);
     return CommonUI::Formats::ReadSurface(input, [&progress](double fraction) { progress.Show(fraction); });
 }
 

@@ -205,6 +205,21 @@ void DrawCut(const SMesh& mesh, float floor)
     glEnd();
 }
 
+// The face on which the block stands, seen from below.
+void DrawBottom(const SBox& box)
+{
+    CGLStack stack;
+    Require(stack.PushAttrib(GL_CURRENT_BIT));
+    SetColor(c_cutAlongX);
+    glBegin(GL_QUADS);
+    for (const SPoint& corner : {SPoint{-box.x, -box.y, -box.z},
+                                 {box.x, -box.y, -box.z},
+                                 {box.x, box.y, -box.z},
+                                 {-box.x, box.y, -box.z}})
+        AddPoint(corner);
+    glEnd();
+}
+
 } // namespace
 
 void DrawBlock(const SScene& scene, const CColorTexture& texture)
@@ -216,6 +231,8 @@ void DrawBlock(const SScene& scene, const CColorTexture& texture)
     glEnable(GL_DEPTH_TEST);
     DrawSurface(scene.mesh, texture);
     DrawCut(scene.mesh, static_cast<float>(-scene.box.z));
+    if (scene.eye.z < 0)
+        DrawBottom(scene.box);
 }
 
 } // namespace SurfaceView

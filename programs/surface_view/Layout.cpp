@@ -38,6 +38,34 @@ bool Overlap(const SRect& a, const SRect& b)
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
 
+bool IsWithin(const SRect& inner, const SRect& outer)
+{
+    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
+           inner.bottom <= outer.bottom;
+}
+
+// What a rectangle leaves of a line (Liang and Barsky, 1984).
+std::optional<SStroke> Clip(const SStroke& line, const SRect& place)
+{
+    double first = 0;
+    double last = 1;
+    const auto clip = [&](double distance, double step) { // to a side that is passed where step is below 0
+        if (step == 0)
+            return distance >= 0;
+        double& end = step > 0 ? first : last;
+        end = step > 0 ? std::max(first, -distance / step) : std::min(last, -distance / step);
+        return first <= last;
+    };
+    const SPixel step{.x = line.to.x - line.from.x, .y = line.to.y - line.from.y};
+    if (!clip(line.from.x - place.left, step.x) || !clip(place.right - line.from.x, -step.x) ||
+        !clip(line.from.y - place.top, step.y) || !clip(place.bottom - line.from.y, -step.y))
+        return std::nullopt;
+    const auto at = [&](double share) {
+        return SPixel{.x = line.from.x + share * step.x, .y = line.from.y + share * step.y};
+    };
+    return SStroke{.from = at(first), .to = at(last)};
+}
+
 // The edges on which the axis of x, y or z may stand, the best first.
 std::array<SEdge, 4> EdgesOf(std::size_t axis, const SBox& box, const SPoint& eye)
 {
@@ -99,13 +127,17 @@ public:
         m_layout.lineWidth = scale;
     }
 
-    SLayout Make(bool orthographic, const SPictureText& text)
+    SLayout Make(bool orthographic, const SPictureText& text, std::optional<double> zoom)
     {
         m_free = {
             .left = m_unit, .top = m_unit, .right = m_size.cx - m_unit, .bottom = m_size.cy - m_unit / 2};
         PlaceTitle(text.title, m_unit * 5 / 4);
         PlaceTitle(text.subtitle, m_unit);
         PlaceLegend();
+        if (zoom) {
+            MakeCentered(orthographic, *zoom);
+            return std::move(m_layout);
+        }
         const auto [labels, strokes] = std::pair(m_layout.labels.size(), m_layout.strokes.size());
         // The labels need room around the block, and where they stand depends on the block: after a few
         // rounds all of it fits.
@@ -121,6 +153,25 @@ public:
     }
 
 private:
+    // The same room for the block in every picture, with a margin for labels.
+    void MakeCentered(bool orthographic, double zoom)
+    {
+        const int margin = 2 * m_unit;
+        SRect room{.left = m_free.left + margin,
+                   .top = m_free.top + margin,
+                   .right = m_free.right - margin,
+                   .bottom = m_free.bottom - margin};
+        room.right = std::max(room.right, room.left + m_unit);
+        room.bottom = std::max(room.bottom, room.top + m_unit);
+        m_layout.view = CenterView(m_box, m_direction, orthographic, room, zoom);
+        const std::size_t first = m_layout.labels.size();
+        PlaceAxes();
+        const auto leavesRoom = [this](const SLabel& label) { return !IsWithin(label.place, m_free); };
+        const auto labels = std::ranges::subrange(
+            m_layout.labels.begin() + static_cast<std::ptrdiff_t>(first), m_layout.labels.end());
+        m_layout.labels.erase(std::ranges::remove_if(labels, leavesRoom).begin(), m_layout.labels.end());
+    }
+
     SLabel& AddLabel(const CStr& text, int height, int left, int low)
     {
         const SSize size = m_font.Measure(text, height);
@@ -205,12 +256,17 @@ private:
         if (!seen || seen->length < 3 * m_unit)
             return;
         axis = MakeAxis(range, std::max(2, Round(seen->length) / distance));
-        m_layout.strokes.push_back(
-            {m_layout.view.Project(seen->edge.from), m_layout.view.Project(seen->edge.to)});
+        const auto line =
+            Clip({m_layout.view.Project(seen->edge.from), m_layout.view.Project(seen->edge.to)}, Shown());
+        if (!line)
+            return;
+        m_layout.strokes.push_back(*line);
         double reach = 0; // of the labels, away from the edge
         for (const STick& tick : axis.ticks) {
             const SPixel at =
                 m_layout.view.Project(seen->edge.At((tick.value - range.GetLower()) / range.GetLength()));
+            if (!Clip({at, at}, Shown()))
+                continue;
             const SPixel end{at.x + seen->outward.x * m_unit * 0.4, at.y + seen->outward.y * m_unit * 0.4};
             m_layout.strokes.push_back({at, end});
             const double extent = 2 * Support(tick.text, seen->outward);
@@ -220,10 +276,18 @@ private:
         if (name.IsEmpty())
             return;
         for (const double share : {0.5, 0.4, 0.6, 0.3, 0.7, 0.2, 0.8}) {
-            if (PlaceBeyond(name + axis.unit, m_layout.view.Project(seen->edge.At(share)), seen->outward,
-                            1.3 * m_unit + reach))
+            const SPixel at = m_layout.view.Project(seen->edge.At(share));
+            if (Clip({at, at}, Shown()) &&
+                PlaceBeyond(name + axis.unit, at, seen->outward, 1.3 * m_unit + reach))
                 return;
         }
+    }
+
+    // What the view shows of the block, with a pixel around it for what is rounded.
+    SRect Shown() const
+    {
+        const SRect& viewport = m_layout.view.viewport;
+        return {viewport.left - 1, viewport.top - 1, viewport.right + 1, viewport.bottom + 1};
     }
 
     // How far a text's picture reaches from its middle in a direction.
@@ -281,9 +345,9 @@ private:
 } // namespace
 
 SLayout MakeLayout(const SBox& box, const SDirection& direction, bool orthographic, const SPictureText& text,
-                   SSize size, int scale, const CFont& font)
+                   SSize size, int scale, const CFont& font, std::optional<double> zoom)
 {
-    return CLayoutMaker(box, direction, size, scale, font).Make(orthographic, text);
+    return CLayoutMaker(box, direction, size, scale, font).Make(orthographic, text, zoom);
 }
 
 } // namespace SurfaceView

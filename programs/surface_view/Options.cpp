@@ -13,9 +13,11 @@ using CommandLine::ParseWord;
 const char* const c_usage = R"(Draws a measured surface in three dimensions, without a display.
 
 usage: surface_view INPUT --out FILE.png [OPTION...]
+       surface_view INPUT --out FILE.gif --animation SPEC [OPTION...]
 
   INPUT              a surface: ISO 25178-71 ASCII, or a text matrix with a "#" header
-  --out FILE.png     the picture
+  --out FILE.png     the picture; of an animation one for each frame, FILE-0001.png and on
+  --out FILE.gif     the animation
   --size WxH         its width and height in pixels, 100 to 4096 each; 900x600 without it
   --projection NAME  perspective (without it) or orthographic
   --color NAME       a built-in colour scale by key or name: "Default 3D" (without it), Glow, Grey ...
@@ -23,6 +25,8 @@ usage: surface_view INPUT --out FILE.png [OPTION...]
   --elevation ANGLE  and in degrees above it, 0 to 90; 35 without it
   --zscale FACTOR    how many times heights are drawn higher than lengths
   --level LEVEL      what is subtracted first: none, the mean height, or the least-squares plane
+  --animation SPEC   flies around the surface, as a settings set says that is named by its identifier, its key or a
+                     file: 'Animation[Id(AnimationQuickLaunchDemo)]'  'Animation[File(x.animation)]'
 )";
 
 namespace
@@ -66,11 +70,14 @@ CommandLine::CParser MakeParser(SOptions& options)
     });
     parser.Add("--color", [&](auto&, auto& scale) { options.colorScale = scale; });
     parser.Add("--azimuth", [&](auto& option, auto& angle) {
-        options.azimuth = ParseNumber(option, angle, {-360, 360});
+        options.direction.azimuth = ParseNumber(option, angle, {-360, 360});
+        options.hasDirection = true;
     });
     parser.Add("--elevation", [&](auto& option, auto& angle) {
-        options.elevation = ParseNumber(option, angle, {0, 90});
+        options.direction.elevation = ParseNumber(option, angle, {0, 90});
+        options.hasDirection = true;
     });
+    parser.Add("--animation", [&](auto&, auto& spec) { options.animation = spec; });
     parser.Add("--zscale", [&](auto& option, auto& factor) {
         options.zScale = ParseNumber(option, factor, {0.001, 1e9});
     });
@@ -83,8 +90,13 @@ SOptions ParseOptions(std::span<const char* const> arguments)
 {
     SOptions options;
     MakeParser(options).Parse(arguments);
-    if (!options.help)
-        CommandLine::CheckSurfaceOptions(options, "file is given for the picture");
+    if (options.help)
+        return options;
+    CommandLine::CheckSurfaceOptions(options, "file is given for the picture");
+    if (!options.animation.empty() && options.hasDirection)
+        throw EUsage("--animation: the eye moves, so there is no --azimuth and no --elevation");
+    if (options.animation.empty() && options.output.extension() == ".gif")
+        throw EUsage("--out: a GIF file is written of an animation, see --animation");
     return options;
 }
 

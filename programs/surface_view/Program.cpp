@@ -2,6 +2,8 @@
 
 #include "formats/SurfaceReader.h"
 #include "programs/command_line/CommandLine.h"
+#include "programs/command_line/ProgressLine.h"
+#include "programs/surface_view/Animation.h"
 #include "programs/surface_view/ColorTable.h"
 #include "programs/surface_view/Decimate.h"
 #include "programs/surface_view/Drawing.h"
@@ -10,6 +12,8 @@
 #include "programs/surface_view/StackDepths.h"
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 #include <ostream>
 
 namespace SurfaceView
@@ -63,36 +67,69 @@ SPictureText TextOf(const SSurface& surface, const SBox& box)
                         FactorText(box.exaggeration)};
 }
 
-SScene MakeScene(const SOptions& options, SSize size, int scale, const CFont& font)
+// Draws a surface from whatever direction.
+class CPainter
 {
-    std::vector<CommonUI::SColor> colors = GetColorTable(options.colorScale);
-    const SSurface surface = ReadLevelled(options);
-    const SBox box = MakeBoxOf(surface, options);
-    const SDirection direction{.azimuth = options.azimuth, .elevation = options.elevation};
-    return {.box = box,
-            .mesh = MakeMesh(Decimate(surface, c_mostPoints), box),
-            .colors = std::move(colors),
-            .eye = direction.ToEye(),
-            .layout =
-                MakeLayout(box, direction, options.orthographic, TextOf(surface, box), size, scale, font)};
+public:
+    CPainter(const SOptions& options, const FContextMaker& makeContext)
+        : m_isOrthographic(options.orthographic)
+        , m_scale(SuitableScale(options.size))
+        , m_size{.cx = options.size.cx * m_scale, .cy = options.size.cy * m_scale}
+    {
+        m_scene.colors = GetColorTable(options.colorScale);
+        const SSurface surface = ReadLevelled(options);
+        m_scene.box = MakeBoxOf(surface, options);
+        m_scene.mesh = MakeMesh(Decimate(surface, c_mostPoints), m_scene.box);
+        m_text = TextOf(surface, m_scene.box);
+        std::string reason;
+        m_context = makeContext(m_size.cx, m_size.cy, reason);
+        if (!m_context)
+            throw std::runtime_error("there is no OpenGL to draw with: " + reason);
+        m_before = ReadStackDepths();
+    }
+
+    // @param zoom where the picture is one of an animation
+    SPicture Paint(const SDirection& direction, std::optional<double> zoom = {})
+    {
+        m_scene.eye = direction.ToEye();
+        m_scene.layout =
+            MakeLayout(m_scene.box, direction, m_isOrthographic, m_text, m_size, m_scale, m_font, zoom);
+        Draw(m_scene, m_size, m_font);
+        CheckRestored(m_before, ReadStackDepths());
+        return ScaleDown(ReadPixels(m_size), m_scale);
+    }
+
+    const SStackDepths& GetStackDepths() const { return m_before; }
+
+private:
+    bool m_isOrthographic;
+    int m_scale;
+    SSize m_size;
+    CFont m_font{};
+    SScene m_scene{};
+    SPictureText m_text{};
+    std::unique_ptr<Offscreen::CContext> m_context{};
+    SStackDepths m_before{};
+};
+
+void Animate(const SOptions& options, std::ostream& out, std::ostream& err, const FContextMaker& makeContext)
+{
+    const CommonUI::SAnimationSettings animation = LoadAnimation(options.animation);
+    CPainter painter(options, makeContext);
+    CommandLine::CProgressLine line("drawing", true, err);
+    const int frames = WriteAnimation(
+        animation, options.output,
+        [&](const SDirection& direction, double zoom) { return painter.Paint(direction, zoom); },
+        [&](double fraction) { line.Show(fraction); });
+    out << "State restored: " << Describe(painter.GetStackDepths()) << "\n"
+        << "Frames written: " << frames << ", " << CommandLine::ToTerminal(options.output.string()) << "\n";
 }
 
 void Run(const SOptions& options, std::ostream& out, const FContextMaker& makeContext)
 {
-    const int scale = SuitableScale(options.size);
-    const SSize size{.cx = options.size.cx * scale, .cy = options.size.cy * scale};
-    const CFont font;
-    const SScene scene = MakeScene(options, size, scale, font);
-
-    std::string reason;
-    const auto context = makeContext(size.cx, size.cy, reason);
-    if (!context)
-        throw std::runtime_error("there is no OpenGL to draw with: " + reason);
-    const SStackDepths before = ReadStackDepths();
-    Draw(scene, size, font);
-    CheckRestored(before, ReadStackDepths());
-    WritePng(ScaleDown(ReadPixels(size), scale), options.output);
-    out << "State restored: " << Describe(before) << "\n"
+    CPainter painter(options, makeContext);
+    WritePng(painter.Paint(options.direction), options.output);
+    out << "State restored: " << Describe(painter.GetStackDepths()) << "\n"
         << "Picture written: " << CommandLine::ToTerminal(options.output.string()) << "\n";
 }
 
@@ -105,8 +142,10 @@ int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::o
         const SOptions options = ParseOptions(arguments);
         if (options.help)
             out << c_usage;
-        else
+        else if (options.animation.empty())
             Run(options, out, makeContext);
+        else
+            Animate(options, out, err, makeContext);
         return 0;
     });
 }

@@ -80,6 +80,27 @@ double OrthographicDistance(const std::array<SPoint, 8>& corners, double SPoint:
     return (high.*across - low.*across) / 2 / opening;
 }
 
+// The field of view of which half the opening is the tangent.
+double AngleOf(double opening)
+{
+    return 2 / c_radian * std::atan(opening);
+}
+
+// Moves a view away from the block.
+// @param distance at which the field of view is as wide as it shall be seen
+void SetDistance(SView& view, const SBox& box, double distance)
+{
+    const double radius = std::hypot(box.x, box.y, box.z);
+    // How far an orthographic view is away does not matter; what it shows is as wide as the field of view at
+    // the far plane.
+    const double away = view.orthographic ? 2 * radius : distance;
+    view.farPlane = away + 1.1 * radius;
+    view.nearPlane = std::max(away - 1.1 * radius, 0.01 * radius);
+    if (view.orthographic)
+        view.fieldOfView = AngleOf(std::tan(view.fieldOfView / 2 * c_radian) * distance / view.farPlane);
+    view.modelView[14] = -away;
+}
+
 // How far the block has to be moved across to be seen in the middle.
 double Center(const std::array<SPoint, 8>& corners, double SPoint::*across, double distance,
               bool orthographic)
@@ -129,19 +150,21 @@ SView FitView(const SBox& box, const SDirection& direction, bool orthographic,
     const auto fit = orthographic ? OrthographicDistance : PerspectiveDistance;
     const double distance =
         std::max(fit(corners, &SPoint::x, opening.x), fit(corners, &SPoint::y, opening.y));
-    const double radius = std::hypot(box.x, box.y, box.z);
-
-    // How far an orthographic view is away does not matter; what it shows is as wide as the field of view at
-    // the far plane.
-    const double away = orthographic ? 2 * radius : distance;
-    view.farPlane = away + 1.1 * radius;
-    view.nearPlane = std::max(away - 1.1 * radius, 0.01 * radius);
-    if (orthographic)
-        view.fieldOfView =
-            2 / c_radian * std::atan(std::tan(c_fieldOfView / 2 * c_radian) * distance / view.farPlane);
+    SetDistance(view, box, distance);
     view.modelView[12] = Center(corners, &SPoint::x, distance, orthographic);
     view.modelView[13] = Center(corners, &SPoint::y, distance, orthographic);
-    view.modelView[14] = -away;
+    return view;
+}
+
+SView CenterView(const SBox& box, const SDirection& direction, bool orthographic,
+                 const CommonUI::SRect& viewport, double zoom)
+{
+    SView view{.modelView = Turn(direction), .orthographic = orthographic, .viewport = viewport};
+    const double opening = std::tan(c_fieldOfView / 2 * c_radian) * c_room;
+    const double radius = std::hypot(box.x, box.y, box.z);
+    view.fieldOfView = AngleOf(std::tan(c_fieldOfView / 2 * c_radian) / zoom);
+    // A sphere around the block touches the sides of the opening; what is parallel has no perspective.
+    SetDistance(view, box, radius / (orthographic ? opening : std::sin(std::atan(opening))));
     return view;
 }
 

@@ -11,7 +11,7 @@ namespace
 // likely noise than a grain.
 constexpr SGrainThresholdSettings AtHalfTheHeight(Analysis::EGrainKind kind)
 {
-    return {.kind = kind, .threshold = EGrainThreshold::Relative, .value = 50, .minimumPoints = 5};
+    return {.kind = kind, .threshold = Analysis::EGrainThreshold::Relative, .value = 50, .minimumPoints = 5};
 }
 
 struct SRow {

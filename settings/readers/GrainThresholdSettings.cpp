@@ -8,6 +8,7 @@ namespace CommonUI
 {
 
 using Analysis::EGrainKind;
+using Analysis::EGrainThreshold;
 
 namespace
 {

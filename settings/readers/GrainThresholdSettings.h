@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../../analysis/grain/Grains.h"
+#include "../../analysis/grain/GrainThreshold.h"
 #include "../../common/Enum.h"
 #include "../../common/ini/Inifile.h"
 #include "../../export/Export.h"
@@ -8,24 +9,16 @@
 namespace CommonUI
 {
 
-/// How the height of the threshold plane is found.
-enum class EGrainThreshold {
-    Absolute = 0,   ///< a height
-    Relative = 1,   ///< a share of the way from the lowest point to the highest
-    Percentile = 2, ///< the height below which a share of the points lies
-    Otsu = 3        ///< the height that parts the points into the two most compact classes (Otsu 1979)
-};
-
 /// The kinds of grains and of thresholds, with the names under which they are stored.
 COMMONUI_API const CEnum<Analysis::EGrainKind>& GetGrainKindEnum();
-COMMONUI_API const CEnum<EGrainThreshold>& GetGrainThresholdEnum();
+COMMONUI_API const CEnum<Analysis::EGrainThreshold>& GetGrainThresholdEnum();
 
 /// What the particle and pore analysis looks for. The stored form, and how a threshold is found in a surface,
 /// are described in docs/grain-threshold-settings.md, what a grain is in docs/grain-measures.md. The defaults
 /// here are those of reading; the thresholds that users are offered are in catalogue/BuiltInGrainThresholds.cpp.
 struct COMMONUI_API SGrainThresholdSettings {
     Analysis::EGrainKind kind = Analysis::EGrainKind::Particle;
-    EGrainThreshold threshold = EGrainThreshold::Relative;
+    Analysis::EGrainThreshold threshold = Analysis::EGrainThreshold::Relative;
     /// Absolute: in m. Relative and Percentile: 0 to 100 percent. Otsu: means nothing.
     double value = 50;
     double minimumArea = 0;        ///< in m²; smaller grains are left out

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace SurfaceView;
 
@@ -37,6 +38,23 @@ std::vector<SPoint> CornersOf(const SBox& box)
 }
 
 } // namespace
+
+TEST(View, BlockThatTurnsFitsFromEverySide)
+{
+    const CommonUI::SRect viewport{100, 50, 900, 450};
+    double reach = 0; // of the corners from the middle, in half heights
+    for (const SLook& look : c_looks) {
+        const SView view = CenterView(c_box, look.direction, look.orthographic, viewport, 1);
+        const SView near = CenterView(c_box, look.direction, look.orthographic, viewport, 2);
+        for (const SPoint& corner : CornersOf(c_box)) {
+            const SPixel pixel = view.Project(corner);
+            reach = std::max(reach, std::hypot(pixel.x - 500, pixel.y - 250) / 200);
+            EXPECT_NEAR(near.Project(corner).y - 250, 2 * (pixel.y - 250), 1e-6);
+        }
+    }
+    EXPECT_LT(reach, 1);
+    EXPECT_GT(reach, 0.95);
+}
 
 TEST(View, BlockFillsTheViewport)
 {

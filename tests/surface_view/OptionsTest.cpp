@@ -23,8 +23,8 @@ TEST(Options, EveryOptionIsRead)
     EXPECT_EQ(options.size, (CommonUI::SSize{640, 480}));
     EXPECT_TRUE(options.orthographic);
     EXPECT_EQ(options.colorScale, "Grey");
-    EXPECT_EQ(options.azimuth, -45.5);
-    EXPECT_EQ(options.elevation, 90);
+    EXPECT_EQ(options.direction.azimuth, -45.5);
+    EXPECT_EQ(options.direction.elevation, 90);
     EXPECT_EQ(options.zScale, 2.5);
     EXPECT_EQ(options.levelling, CommonUI::Analysis::ELevelling::Plane);
 }

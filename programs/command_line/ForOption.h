@@ -5,11 +5,11 @@
 
 #include <string>
 
-namespace SurfaceReport
+namespace CommandLine
 {
 
 /// Has the work done that an option asks for. @return what the work returns
-/// @throws CommandLine::EUsage, with the option in front of the message, where it cannot be done
+/// @throws EUsage, with the option in front of the message, where it cannot be done
 template<class FWork>
 auto ForOption(const char* option, FWork work)
 {
@@ -17,8 +17,8 @@ auto ForOption(const char* option, FWork work)
         return work();
     } catch (const CommonUI::Measurement::ERequest& error) {
         const bool isBare = error.GetSubject().IsEmpty();
-        throw CommandLine::EUsage(std::string(option) + (isBare ? ": " : " ") + error.what());
+        throw EUsage(std::string(option) + (isBare ? ": " : " ") + error.what());
     }
 }
 
-} // namespace SurfaceReport
+} // namespace CommandLine
