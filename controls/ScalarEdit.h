@@ -3,6 +3,7 @@
 #include "ExEdit.h"
 #include "StepSize.h"
 #include "StepSizeCtrl.h"
+#include "TypedNumber.h"
 #include "UpDown.h"
 #include "WheelSteps.h"
 
@@ -71,6 +72,9 @@ public:
     /// Whether arrow keys and wheel step the value, as they do at first. The spin button always does.
     void EnableStepping(bool enable) noexcept { m_stepping = enable; }
     bool IsSteppingEnabled() const noexcept { return m_stepping; }
+    /// How typed text is read, at first as far as it goes.
+    void SetScanning(EScanning scanning) noexcept { m_scanning = scanning; }
+    EScanning GetScanning() const noexcept { return m_scanning; }
     /// Whether the callback that asks is called for something the user has typed or stepped.
     bool ValidatingUserInput() const noexcept { return m_validatingUserInput; }
 
@@ -98,8 +102,8 @@ public:
     void Validate() override;
     /// Shows the value in the window, if there is one; what the user has typed is lost.
     virtual void ValueToWindowText();
-    /// Reads the text of the window. @return false, with `value` unchanged, if it does not start with a
-    /// number
+    /// Reads the text of the window. @return false, with `value` unchanged, if it is no number, or for
+    /// EScanning::Prefix, does not start with one
     virtual bool WindowTextToValue(T& value) const = 0;
     virtual CStr ValueToText(const T& value) const = 0;
     /// Takes what was typed and steps from there: from a value between two multiples of the step to a
@@ -139,6 +143,7 @@ private:
     CWheelSteps m_wheel;
     bool m_stepping = true;
     int m_depth = 0; // how many changes are going on, each made in a callback of the one before
+    EScanning m_scanning = EScanning::Prefix;
     bool m_asking = false;
     CCallbackSlot m_validator;
     CCallbackSlot m_notification;

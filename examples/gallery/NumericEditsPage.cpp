@@ -58,7 +58,7 @@ public:
         auto* const keys =
             new QLabel(QStringLiteral("Type and press Enter. Ctrl with the arrow keys or the wheel steps; "
                                       "Ctrl with Page Up or Page Down, or the pop-up beside the arrows, "
-                                      "changes the size of the step."));
+                                      "changes the size of the step. Units convert: 800 \u00B5m is 0.8 mm."));
         keys->setWordWrap(true);
         m_form->addRow(keys);
         AddFloat("&Cut-off", u"%.2f mm").Setup(0.8F, 0.08F, 8.0F, 0.1F);
@@ -97,12 +97,14 @@ private:
         widget->GetEdit().SetChangeNotification(m_listeners.back(), &CListener::OnFloat);
         return widget->GetEdit();
     }
+        widget->GetEdit().SetScanning(EScanning::Whole);
     CIntEdit& AddInt(const char* label)
     {
         CIntEdit& edit = Add<CIntEditWidget>(label)->GetEdit();
         edit.SetChangeNotification(m_listeners.back(), &CListener::OnInt);
         return edit;
     }
+        edit.SetScanning(EScanning::Whole);
 
     FLog m_log;
     QFormLayout* m_form;
