@@ -96,6 +96,7 @@ public:
     CUpDown& GetSpinButton() noexcept { return m_spin; }
     CStepSizeCtrl& GetStepSizeCtrl() noexcept { return m_stepSize; }
 
+    void SetReadOnly(bool readOnly) override;
     std::optional<SEditNumber> GetNumber() const override;
     /// Takes what was typed. Text that is no number, or a number that is refused, is answered with a warning
     /// sound. In every case the field shows the value afterwards.
@@ -108,10 +109,10 @@ public:
     virtual CStr ValueToText(const T& value) const = 0;
     /// Takes what was typed and steps from there: from a value between two multiples of the step to a
     /// multiple, from a multiple to another one. 0 steps move a value between two multiples to one of them,
-    /// too.
+    /// too. Nothing happens in an edit that the user cannot change.
     virtual void OnSpinDeltaPos(int delta);
-    /// Makes the step 10^delta times as large, if the limits of the exponent allow it, and shows it as a
-    /// hint.
+    /// Makes the step 10^delta times as large, if the limits of the exponent allow it and the user may change
+    /// anything, and shows it as a hint.
     virtual void OnStepSizeChanged(int delta);
     bool OnMouseWheel(int delta, bool control) override;
 
@@ -129,6 +130,7 @@ private:
     bool StoreRange(T minimum, T maximum);
     T Clamp(T value) const;
     bool IsAccepted(T value);
+    bool CanStep() const { return m_stepping && !IsReadOnly(); }
     void Notify();
     void Apply(T value, bool byUser);
     double GetGridPoint(int delta) const;
@@ -141,9 +143,9 @@ private:
     T m_maximum{};
     CStepSize m_step;
     CWheelSteps m_wheel;
+    EScanning m_scanning = EScanning::Prefix;
     bool m_stepping = true;
     int m_depth = 0; // how many changes are going on, each made in a callback of the one before
-    EScanning m_scanning = EScanning::Prefix;
     bool m_asking = false;
     CCallbackSlot m_validator;
     CCallbackSlot m_notification;

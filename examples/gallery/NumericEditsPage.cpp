@@ -71,6 +71,9 @@ public:
         oddEdit.Setup(7, 1, 99, 2);
         oddEdit.SetValidator(*odd, &CListener::IsOdd);
         AddInt("&Without spin button").ShowSpinButton(0, false);
+        CFloatEdit& measured = AddFloat("&Measured, read-only", u"%.3f \u00B5m");
+        measured.SetValue(1.742F);
+        measured.SetReadOnly(true);
         AddInt("Disabled").SetValue(3);
         m_last->setEnabled(false);
     }
@@ -94,17 +97,17 @@ private:
         if (!m_first)
             m_first = widget;
         widget->GetEdit().SetFormatString(format);
+        widget->GetEdit().SetScanning(EScanning::Whole);
         widget->GetEdit().SetChangeNotification(m_listeners.back(), &CListener::OnFloat);
         return widget->GetEdit();
     }
-        widget->GetEdit().SetScanning(EScanning::Whole);
     CIntEdit& AddInt(const char* label)
     {
         CIntEdit& edit = Add<CIntEditWidget>(label)->GetEdit();
+        edit.SetScanning(EScanning::Whole);
         edit.SetChangeNotification(m_listeners.back(), &CListener::OnInt);
         return edit;
     }
-        edit.SetScanning(EScanning::Whole);
 
     FLog m_log;
     QFormLayout* m_form;

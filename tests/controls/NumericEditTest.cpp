@@ -150,6 +150,34 @@ TEST(NumericEdit, ReadsTheWholeTextWhereItIsToldTo)
     count.ExpectRefused({u"1,000", u"7 x"});
 }
 
+TEST(NumericEdit, ReadOnlyTextCanOnlyBeCopied)
+{
+    CIntStage stage;
+    stage.view.Type(u"7");
+    stage.edit->SetReadOnly(true);
+    EXPECT_EQ(stage.view.GetText(), u"0") << "what was typed is not taken";
+    stage.view.SelectAll(), stage.view.Type(u"5");
+    EXPECT_EQ(stage.view.GetSelectedText(), u"0");
+    for (const SKey key : {SKey{.key = EKey::Delete}, SKey{.key = EKey::Enter}, SKey{.key = EKey::Escape},
+                           SKey{.key = EKey::Up, .control = true}})
+        EXPECT_FALSE(stage.view.Press(key)) << "it is the dialog's";
+    EXPECT_FALSE(stage.edit->ClaimsAllKeys(false) || stage.edit->OnMouseWheel(120, true));
+    stage.edit->GetSpinButton().OnDeltaPos(1);
+    stage.edit->OnSpinDeltaPos(1);
+    stage.edit->GetStepSizeCtrl().GetButton(CStepSizeBtn::EType::Larger).OnClicked();
+    stage.edit->GetSpinButton().OnPointerEntered();
+    EXPECT_EQ(std::tuple(stage.edit->GetIncrement(), stage.edit->GetStepSizeCtrl().GetSlideStep()),
+              std::tuple(1, 0));
+    stage.edit->SetValue(3);
+    CMemoryEditView later;
+    stage.edit->SetView(&later);
+    EXPECT_TRUE(later.IsReadOnly() && later.GetText() == u"3") << "the program may change it";
+    stage.edit->SetReadOnly(false);
+    later.SelectAll(), later.Type(u"8");
+    stage.edit->GetSpinButton().OnDeltaPos(1);
+    EXPECT_EQ(std::tuple(stage.changes, stage.CountBeeps()), std::tuple((std::vector<int>{3, 8, 9}), 0U));
+}
+
 TEST(NumericEdit, FormatHoldsOneRealConversion)
 {
     // of 1.25

@@ -143,12 +143,14 @@ TEST_F(StepSizeCtrl, ButtonsTellTheirDirection)
 TEST_F(StepSizeCtrl, HidesWithItsSpinButton)
 {
     SlideOut();
-    spin.Show(5, true);
+    spin.Show(5, true), spin.Enable(true);
     EXPECT_TRUE(view.shown);
-    spin.OnPointerLeft();
-    spin.Show(5, false);
+    spin.OnPointerLeft(), spin.Show(5, false);
     EXPECT_FALSE(view.shown || spinView.shown);
     EXPECT_EQ(std::tuple(popup->GetSlideStep(), service.GetTimerCount()), std::tuple(0, 0));
+    SlideOut();
+    spin.Enable(false);
+    EXPECT_FALSE(view.shown) << "as it cannot be pressed";
 }
 
 TEST_F(StepSizeCtrl, ViewThatComesLaterShowsTheState)
