@@ -94,6 +94,34 @@ TEST_F(ProgressWindow, KeepsInputFromTheOtherWindowsWhetherItIsSeenOrNot)
     EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(ProgressWindow, AQuitDuringTheWorkComesAfterTheDialog)
+{
+    const std::function<void()> ways[] = {
+        [] { QCoreApplication::quit(); }, [&] { main->close(); }, // the last window
+    };
+    for (const auto& quit : ways) {
+        main->show();
+        MakeDialog(main.get());
+        bool isClosed = false;
+        GetMessageLoop().Post([&] {
+            GetMessageLoop().Post([&] {
+                quit();
+                QCoreApplication::sendPostedEvents(qApp);
+                EXPECT_TRUE(dialog->IsOpen() && dialog->IsCanceled());
+                dialog->EndDialog(7);
+            });
+            EXPECT_EQ(dialog->DoModal(), 7);
+            EXPECT_EQ(main->isVisible(), &quit != &ways[1]) << "nobody else is asked before";
+            GetMessageLoop().Post([&] {
+                isClosed = !main->isVisible();
+                QCoreApplication::exit();
+            });
+        });
+        QApplication::exec();
+        EXPECT_TRUE(isClosed) << &quit - ways;
+    }
+}
+
 TEST_F(ProgressWindow, LeavesWhatWasThereBeforeUsable)
 {
     const auto press = [&](QDialog& there) {
