@@ -22,11 +22,6 @@ bool Contains(std::u16string_view text, char16_t unit)
     return text.find(unit) != std::u16string_view::npos;
 }
 
-bool IsAllDigits(std::u16string_view text)
-{
-    return text.find_first_not_of(c_digits) == std::u16string_view::npos;
-}
-
 std::size_t CountSign(std::u16string_view text, std::size_t from)
 {
     return from < text.size() && Contains(u"+-", text[from]) ? 1 : 0;
@@ -47,7 +42,7 @@ std::u16string Simplify(std::u16string_view text)
     return std::u16string(TrimView(result));
 }
 
-// The digits without the signs between thousands.
+// What stands in front of the decimal sign, without the signs between thousands.
 std::optional<std::u16string> JoinGroups(std::u16string_view whole)
 {
     const std::size_t first = whole.find_first_not_of(c_digits);
@@ -60,7 +55,7 @@ std::optional<std::u16string> JoinGroups(std::u16string_view whole)
     constexpr std::size_t c_group = 3;
     for (whole.remove_prefix(first); !whole.empty(); whole.remove_prefix(1 + c_group)) {
         const std::u16string_view group = whole.substr(1, c_group);
-        if (whole[0] != separator || group.size() < c_group || !IsAllDigits(group))
+        if (whole[0] != separator || group.size() < c_group)
             return std::nullopt;
         digits += group;
     }
@@ -84,8 +79,7 @@ std::optional<double> ReadNumber(std::u16string_view text, bool mayHaveFraction)
     const bool hasMark = mark != std::u16string_view::npos;
     const std::u16string_view fraction = hasMark ? mantissa.substr(mark + 1) : std::u16string_view();
     const auto whole = JoinGroups(mantissa.substr(0, mark));
-    if (!whole || !IsAllDigits(fraction) || (hasMark && !mayHaveFraction) ||
-        whole->size() + fraction.size() == 0)
+    if (!whole || (hasMark && !mayHaveFraction) || whole->size() + fraction.size() == 0)
         return std::nullopt;
     std::u16string plain(text.substr(0, sign));
     plain += *whole;
@@ -93,6 +87,7 @@ std::optional<double> ReadNumber(std::u16string_view text, bool mayHaveFraction)
     plain += fraction;
     plain += text.substr(end);
     double value = 0;
+    // It refuses what is no digit.
     return ParseDouble(plain, value) ? std::optional(value) : std::nullopt;
 }
 

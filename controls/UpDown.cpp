@@ -57,8 +57,6 @@ void CUpDown::ShowHint(const CStr& text)
 
 void CUpDown::OnDeltaPos(int delta)
 {
-    if (!m_enabled)
-        return;
     // The button may be gone afterwards.
     if (const auto closure = m_slot.Share<void, int>())
         closure->Invoke(delta);

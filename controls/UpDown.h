@@ -50,7 +50,7 @@ public:
     /// dialog
     void Show(unsigned int identifier, bool visible);
     bool IsVisible() const noexcept { return m_visible; }
-    /// Whether the user can press the button, as at first, and call up the pop-up.
+    /// Whether the view lets the user press the button, as at first, and the pointer calls up the pop-up.
     void Enable(bool enable);
     bool IsEnabled() const noexcept { return m_enabled; }
     unsigned int GetIdentifier() const noexcept { return m_identifier; }

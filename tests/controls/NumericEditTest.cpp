@@ -161,7 +161,9 @@ TEST(NumericEdit, ReadOnlyTextCanOnlyBeCopied)
     for (const SKey key : {SKey{.key = EKey::Delete}, SKey{.key = EKey::Enter}, SKey{.key = EKey::Escape},
                            SKey{.key = EKey::Up, .control = true}})
         EXPECT_FALSE(stage.view.Press(key)) << "it is the dialog's";
-    EXPECT_FALSE(stage.edit->ClaimsAllKeys(false) || stage.edit->OnMouseWheel(120, true));
+    stage.edit->OnTextEdited();
+    EXPECT_FALSE(stage.edit->IsModified() || stage.edit->ClaimsAllKeys(false) ||
+                 stage.edit->OnMouseWheel(120, true));
     stage.edit->GetSpinButton().OnDeltaPos(1);
     stage.edit->OnSpinDeltaPos(1);
     stage.edit->GetStepSizeCtrl().GetButton(CStepSizeBtn::EType::Larger).OnClicked();
@@ -282,8 +284,7 @@ TEST(NumericEdit, ExponentStaysWithinItsLimits)
     }
     CIntEdit edit;
     edit.SetIncrement(25);
-    EXPECT_EQ(change(edit, -1, 1), 2);
-    EXPECT_EQ(change(edit, -1, 1), 2);
+    EXPECT_EQ(change(edit, -1, 2), 2);
     edit.SetValue(c_intMax);
     EXPECT_EQ(change(edit, 1, 20), c_intMax);
 }
@@ -355,10 +356,10 @@ TEST(NumericEdit, WheelCountsNotches)
     stage.edit->OnMouseWheel(60, true);
     EXPECT_EQ(stage.edit->GetValue(), 71) << "no step applies what was typed as well";
 
-    EXPECT_FALSE(stage.edit->OnMouseWheel(120, false));
     stage.view.SetFocus(false);
     EXPECT_FALSE(stage.edit->OnMouseWheel(120, true));
     stage.view.SetFocus(true);
+    EXPECT_FALSE(stage.edit->OnMouseWheel(120, false));
     stage.edit->EnableStepping(false);
     EXPECT_FALSE(stage.edit->OnMouseWheel(120, true) || stage.view.Press({.key = EKey::Up, .control = true}));
     EXPECT_EQ(stage.edit->GetValue(), 71);
@@ -366,17 +367,6 @@ TEST(NumericEdit, WheelCountsNotches)
     CIntStage far;
     EXPECT_TRUE(far.edit->OnMouseWheel(119, true) && far.edit->OnMouseWheel(c_intMax, true));
     EXPECT_EQ(far.edit->GetValue(), (119LL + c_intMax) / 120);
-}
-
-TEST(NumericEdit, ArrowsStepWithControl)
-{
-    CIntStage stage;
-    stage.view.Type(u"4");
-    EXPECT_TRUE(stage.view.Press({.key = EKey::Up, .control = true}) && stage.byUser);
-    EXPECT_TRUE(stage.view.Press({.key = EKey::Down, .control = true}) && !stage.view.Press(EKey::Down));
-    stage.edit->GetSpinButton().OnDeltaPos(-2);
-    EXPECT_EQ(stage.changes, (std::vector<int>{40, 41, 40, 38})) << "first what was typed";
-    EXPECT_FALSE(stage.edit->ValidatingUserInput());
 }
 
 TEST(NumericEdit, UserIsCheckedAndProgramIsNot)
@@ -491,7 +481,8 @@ TEST(NumericEdit, TypedTextOutlivesANewSizeOfTheStepAndReplacesTheNumber)
     stage.edit->GetStepSizeCtrl().GetButton(CStepSizeBtn::EType::Larger).OnClicked();
     EXPECT_EQ(std::tuple(stage.edit->GetIncrement(), stage.view.GetText()), std::tuple(10, u"50"));
 
-    stage.edit->OnSpinDeltaPos(1);
+    EXPECT_TRUE(stage.view.Press({.key = EKey::Down, .control = true}) && !stage.view.Press(EKey::Down));
+    EXPECT_EQ(stage.changes, (std::vector<int>{0, 50, 40})) << "first what was typed";
     stage.view.Type(u"5");
     EXPECT_EQ(stage.view.GetText(), u"5") << "it replaces what a step has shown";
     stage.view.SetFocus(false);

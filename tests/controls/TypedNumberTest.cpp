@@ -39,9 +39,9 @@ TEST(TypedNumber, IsUnderstoodAsPeopleWriteIt)
         {u"5 A", u"nm", 0.5},
         {u"5 mA", u"A", 0.005},
         {u"1e-6 m\u00B2", u"mm^2", 1},
-        {u"5 N/mm", u"N/m", 5000},
+        {u"5 eV/mm", u"eV/m", 5000},
         {u"3 mm/s2", u"m/s\u00B2", 0.003},
-        {u"12,5%", u"%", 12.5},
+        {u"12,5\u03BCbar", u"\u00B5bar", 12.5},
         {u"1,25, as measured", u", as measured", 1.25}};
     for (const auto& [text, unit, value] : cases)
         EXPECT_DOUBLE_EQ(ReadTypedReal(text, unit).value_or(c_infinity), value)
