@@ -69,6 +69,7 @@ void CNumericEditWidget::AddStepSizeAction(CStepSizeBtn::EType type, Qt::Key key
     action->setShortcut(QKeySequence(Qt::CTRL | key));
     action->setShortcutContext(Qt::WidgetShortcut);
     connect(action, &QAction::triggered, &m_popup->GetButton(type), &QAbstractButton::click);
+    connect(m_field, &CQtEditField::WritableChanged, action, &QAction::setEnabled);
     m_field->addAction(action);
 }
 

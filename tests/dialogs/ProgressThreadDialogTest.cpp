@@ -224,4 +224,5 @@ TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
         EXPECT_TRUE(isWorkCanceled && (!dialog || dialog->IsCanceled()) && !view.IsVisible()) << what;
     }
     EXPECT_EQ(timers.GetTimerCount(), 0U);
+    EXPECT_FALSE(loop.RunUntil([] { return false; })) << "the end of the program outlives the dialog";
 }
