@@ -42,9 +42,13 @@ TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
                                                 "expander 2,22,18,38 open\n"
                                                 "background 100,20,200,40 plain\n");
     EXPECT_NE(harness.DrawAll().find("text 44,40,96,60 left \"first\""), std::string::npos) << "indented";
-    EXPECT_NE(harness.DrawAll().find("background 0,0,100,20 header\ntext 4,0,96,20 left \"Name\""),
-              std::string::npos);
+    EXPECT_NE(harness.DrawAll().find("background 0,0,100,20 header\ntext 24,0,96,20 left \"Name\"\n"
+                                     "background 100,0,200,20 header\ntext 104,0,196,20 left \"Value\""),
+              std::string::npos)
+        << "above the texts of the rows at the top";
     harness.Press(50, 10);
+    EXPECT_NE(harness.DrawAll().find("background 0,0,100,20 marked\n"), std::string::npos);
+    EXPECT_NE(harness.DrawAll().find("background 100,0,200,20 header\n"), std::string::npos);
     EXPECT_EQ(harness.grid->GetSelection().GetRange(), (SGridRange{0, 3, 0, 0})) << "a column, no corner";
     harness.Press(20, 30);
     EXPECT_EQ(harness.grid->GetRowCount(), 4u) << "beside the expander";
@@ -268,29 +272,47 @@ TEST(GridCtrl, ColumnsAreResizedByTheirEdges)
         int x; // pressed in the header, and dragged to `to`
         int to;
         std::vector<int> widths;
+        const char* told;
     } cases[] = {
-        {98, 148, {150, 100}},  {103, 93, {90, 100}}, {105, 150, {100, 100}},
-        {200, 260, {100, 160}}, {99, -50, {4, 100}},  {95, 20, {100, 100}},
+        {98, 148, {150, 100}, "0:150 "},  {103, 93, {90, 100}, "0:90 "}, {105, 150, {100, 100}, ""},
+        {200, 260, {100, 160}, "1:160 "}, {99, -50, {4, 100}, "0:4 "},   {95, 20, {100, 100}, ""},
+        {98, 98, {100, 100}, ""},
     };
     for (const auto& row : cases) {
         CGridHarness harness;
         harness.grid->AddRow().Emplace<CGridItem>(u"a long text in the first cell");
         EXPECT_EQ(harness.grid->OnSetCursor({row.x, 10}) == EGridCursor::Resize, row.x != 105 && row.x != 95);
         harness.Press(row.x, 10);
+        harness.Press(row.to / 2, 10, GridMouse::c_move);
         harness.Press(row.to, 10, GridMouse::c_move);
+        EXPECT_EQ(harness.TakeChanges(), "") << "not yet";
         harness.Press(row.to, 10, GridMouse::c_leftUp);
+        EXPECT_EQ(harness.TakeChanges(), row.told);
         EXPECT_EQ(harness.grid->GetColumnWidth(0), row.widths[0]) << row.x;
         EXPECT_EQ(harness.grid->GetColumnWidth(1), row.widths[1]) << row.x;
         harness.Press(5, 50, GridMouse::c_move);
         EXPECT_EQ(harness.grid->GetColumnWidth(0), row.widths[0]) << "released";
-        harness.Press(row.widths[0], 10, GridMouse::c_leftDoubleClick);
+        for (const char* const told : {"0:244 ", ""}) {
+            harness.Press(harness.grid->GetColumnWidth(0), 10, GridMouse::c_leftDoubleClick);
+            EXPECT_EQ(harness.TakeChanges(), told);
+        }
         EXPECT_EQ(harness.grid->GetColumnWidth(0), 29 * 8 + 8 + 4);
+        harness.grid->SetColumnWidth(0, 50);
+        harness.grid->SetColumnWidth(1, 50);
+        harness.grid->FitColumns();
+        harness.grid->SetColumnWidth(0, 50);
+        EXPECT_EQ(harness.TakeChanges(), "") << "the program's own";
+        harness.grid->OnFitColumns();
+        EXPECT_EQ(harness.TakeChanges(), "0:244 ");
     }
     CGridHarness harness;
     harness.grid->SetColumnWidth(1, 0);
     harness.Press(101, 10);
     harness.Press(130, 10, GridMouse::c_move);
     EXPECT_EQ(harness.grid->GetColumnWidth(1), 29) << "a hidden column is opened before the one beside it";
+    harness.destroyOnChange = true;
+    harness.grid->OnFitColumns();
+    EXPECT_EQ(harness.TakeChanges(), "0:44 ") << "destroyed";
 }
 
 TEST(GridCtrl, AViewThatGoesLeavesTheGridWithout)

@@ -173,7 +173,7 @@ TEST(GridItems, Drawing)
 
     const auto spin = std::make_shared<CGridDblSpinItem>(2.5);
     spin->EnableSpinControl(true, 0, 9);
-    EXPECT_EQ(draw(spin), background + "text 4,20,76,40 right \"2.5\"\nbutton 80,20,100,40 spin\n");
+    EXPECT_EQ(draw(spin), background + "text 4,20,56,40 right \"2.5\"\nbutton 60,20,100,40 spin\n");
 
     const auto unit = std::make_shared<CGridUnitListItem>(EDimension::Area, EFactor::Micro, Units());
     unit->SetFlag(CGridItem::Disabled);

@@ -73,12 +73,6 @@ TEST(GridSelection, WholeRowsColumnsAndTablesOfOtherSizes)
     selection.SetSize(100, 5);
     selection.SelectRow(8, true);
     EXPECT_EQ(selection.GetRange(), (SGridRange{8, 8, 0, 4})) << "nothing to extend";
-    selection.SelectRow(7);
-    selection.ExtendTo({5, 3});
-    EXPECT_EQ(selection.GetRange(), (SGridRange{5, 7, 0, 4}));
-    selection.SelectColumn(3);
-    selection.ExtendTo({50, 2});
-    EXPECT_EQ(selection.GetRange(), (SGridRange{0, 99, 2, 3}));
     selection.SelectCell({20, 1});
     selection.SelectCell({90, 9}, true);
     EXPECT_EQ(selection.GetRange(), (SGridRange{20, 90, 1, 4}));
