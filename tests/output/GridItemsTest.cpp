@@ -194,7 +194,6 @@ TEST(GridItems, Drawing)
               "background 20,20,100,40 selected\ntext 24,20,96,40 left selected \"plain\"\n");
     row.Set(0, check);
     EXPECT_EQ(harness.Draw(*check), "background 20,20,100,40 selected\ncheck 52,22,68,38 1\n");
-    EXPECT_EQ(check->GetSpokenText(), u"checked");
     EXPECT_EQ(setup->GetSpokenText(), u"Sdc");
     setup->ShowCheckbox(true);
     EXPECT_EQ(setup->GetSpokenText(), u"Sdc, partly checked");
@@ -311,7 +310,6 @@ TEST(GridItems, SpinsOnlyForNumbers)
         EXPECT_TRUE(item.OnEndEdit(u"25"));
         EXPECT_EQ(item.GetValue().GetReal(), 20);
         EXPECT_EQ(item.GetValue().GetType(), value.GetType());
-        EXPECT_FALSE(item.OnEndEdit(u"1e9999"));
         item.EnableSpinControl(false, 10, 20);
         EXPECT_TRUE(item.OnEndEdit(u"25"));
         EXPECT_EQ(item.GetValue().GetReal(), 25) << "no arrows, no range";

@@ -255,8 +255,6 @@ TEST(ResultGridPane, CopiesBothFormsTogether)
     EXPECT_TRUE(shown.pane.OnKey({EGridKey::C, c_control}));
     EXPECT_EQ(clipboard.GetText(), u"Ra\n1.5");
     EXPECT_NE(clipboard.GetHtml().Find(u">1.5</td>"), CStr::npos);
-    EXPECT_TRUE(CopySelection(shown.grid, true, true, clipboard));
-    EXPECT_EQ(clipboard.GetText(), u"Ra\t1.5");
     EXPECT_TRUE(CopyGrids(nullptr, &shown.grid, nullptr, true, clipboard));
     EXPECT_EQ(clipboard.GetText(), CGrid::GenerateText(nullptr, &shown.grid, nullptr, true));
     EXPECT_EQ(clipboard.GetHtml(), CGrid::GenerateHTMLTables(nullptr, &shown.grid, nullptr, true));

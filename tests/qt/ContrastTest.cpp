@@ -28,18 +28,16 @@ protected:
     QPalette m_before = QApplication::palette();
 };
 
-// By WCAG 2, without a unit.
-double LuminanceOf(const QColor& color)
-{
-    const auto part = [](double value) {
-        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
-}
-
+// By WCAG 2.
 double ContrastOf(const QColor& one, const QColor& other)
 {
-    const auto [less, more] = std::minmax({LuminanceOf(one), LuminanceOf(other)});
+    const auto luminance = [](const QColor& color) {
+        const auto part = [](double value) {
+            return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
+    };
+    const auto [less, more] = std::minmax({luminance(one), luminance(other)});
     return (more + 0.05) / (less + 0.05);
 }
 

@@ -141,8 +141,6 @@ TEST(ResultGridWidget, AMouseHeldOutsideScrolls)
     shown.Move({shown.Center(1, 2).x(), shown.View().height() + 10});
     EXPECT_TRUE(QTest::qWaitFor([&] { return shown.grid->GetPane().GetScrollTop() > 60; }));
     QTest::mouseRelease(&shown.View(), Qt::LeftButton, {}, {5, 500});
-    const SGridRange range = shown.grid->GetPane().GetSelection().GetRange();
-    EXPECT_TRUE(range.firstColumn == 1 && range.lastColumn == 2 && range.lastRow > 9);
     shown.grid->GetPane().ScrollTo(0, 400);
     shown.Drag({shown.Center(0, 1).x(), 30}, {shown.Center(0, 3).x(), 30});
     EXPECT_EQ(shown.grid->GetPane().GetScrollTop(), 400) << "columns are selected where the user is";
