@@ -165,15 +165,6 @@ TEST(GridCtrl, DrawsAndScrollsToWhatIsAskedFor)
     CTextGridPainter painter;
     harness.grid->Draw(painter, {0, 45, 100, 46});
     EXPECT_EQ(painter.GetLog(), u"background 0,40,100,60 plain\ntext 4,40,96,60 right \"1\"\n");
-    const struct {
-        SGridCell cell;
-        long long top;
-    } cases[] = {{{4, 0}, 0},       {{5, 0}, 20},      {{999, 0}, 19900},
-                 {{995, 0}, 19900}, {{994, 0}, 19880}, {{0, 0}, 0}};
-    for (const auto& row : cases) {
-        harness.grid->EnsureVisible(row.cell);
-        EXPECT_EQ(harness.grid->GetScrollTop(), row.top);
-    }
     harness.grid->ScrollTo(50, 1LL << 60);
     EXPECT_EQ(harness.grid->GetScrollTop(), 19900);
     EXPECT_EQ(harness.grid->GetScrollLeft(), 0) << "all columns fit";
