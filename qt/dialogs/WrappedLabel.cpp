@@ -34,7 +34,7 @@ QSizeF LayOut(QTextLayout& layout, const QString& text, double width, double pit
 // dialog that was cancelled waits for.
 QColor GetTextColor(const QWidget& label)
 {
-    const QPalette palette = label.palette();
+    const QPalette& palette = label.palette();
     const QColor text = palette.color(QPalette::Active, label.foregroundRole());
     if (label.isEnabled())
         return text;
