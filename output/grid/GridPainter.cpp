@@ -11,7 +11,7 @@ constexpr SColor c_white{255, 255, 255};
 
 std::u16string_view NameOf(EGridBackground background)
 {
-    constexpr std::u16string_view c_names[] = {u"plain", u"selected", u"header", u"sub-header"};
+    constexpr std::u16string_view c_names[] = {u"plain", u"selected", u"header", u"sub-header", u"marked"};
     return c_names[static_cast<int>(background)];
 }
 

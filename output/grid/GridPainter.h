@@ -14,7 +14,13 @@ namespace CommonUI
 enum class EGridAlign { Left, Center, Right };
 
 /// What a cell lies on; the toolkit gives each kind the colours of its style.
-enum class EGridBackground { Plain, Selected, Header, SubHeader };
+enum class EGridBackground {
+    Plain,
+    Selected,
+    Header,
+    SubHeader,
+    MarkedHeader ///< of a row or a column of which something is selected
+};
 
 /// Colours of text that the toolkit's style decides.
 enum class EGridColor { Text, Disabled, Selected };
@@ -27,7 +33,7 @@ struct SGridButton {
     enum class EKind {
         Push,  ///< with a text or an image, as large as its rectangle
         SetUp, ///< the small one that opens a set-up, with an ellipsis
-        Spin,  ///< two arrows, one above the other
+        Spin,  ///< two arrows, the one that counts down at the left of the other
         Drop   ///< the arrow that opens a list
     };
     static constexpr unsigned int c_noImage = ~0U;

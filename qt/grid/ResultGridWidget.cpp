@@ -3,6 +3,7 @@
 #include "common/StringTable.h"
 #include "output/results/GridCopy.h"
 #include "qt/detail/EventGuard.h"
+#include "qt/grid/detail/CopyIcons.h"
 #include "qt/grid/detail/GridRects.h"
 #include "qt/QtText.h"
 
@@ -57,7 +58,7 @@ CResultGridWidget::~CResultGridWidget()
 
 void CResultGridWidget::AddCommand(ECommand command, int textId)
 {
-    auto* const action = new QAction(ToQString(GetString(textId)), this);
+    auto* const action = new QAction(MakeCopyIcon(command), ToQString(GetString(textId)), this);
     action->setShortcutContext(Qt::WidgetShortcut);
     connect(action, &QAction::triggered, this, [this, command] { Guarded([&] { Run(command); }); });
     m_actions[static_cast<std::size_t>(command)] = action;
