@@ -3,6 +3,7 @@
 #include "common/Exceptions.h"
 #include "dialogs/MemoryProgressView.h"
 #include "platform/ThreadMessages.h"
+#include "platform/ThreadService.h"
 #include "tests/DiagnosticsCapture.h"
 #include "tests/dialogs/DialogTesting.h"
 
