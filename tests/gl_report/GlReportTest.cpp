@@ -2,6 +2,7 @@
 
 #include "platform/GLEntryPoints.h"
 #include "platform/PixelFormat.h"
+#include "platform/TableGLEntryPoints.h"
 
 #include <gtest/gtest.h>
 

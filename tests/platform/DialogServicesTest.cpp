@@ -1,5 +1,7 @@
 #include "common/PathText.h"
 #include "platform/FileDialogService.h"
+#include "platform/MemoryFileDialogService.h"
+#include "platform/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #include "qt/dialogs/FormatSpecifierWindow.h"
 
 #include "platform/HelpService.h"
+#include "platform/MemoryHelpService.h"
 #include "platform/MessageLoop.h"
 #include "qt/edits/NumericEditWidget.h"
 #include "qt/edits/QtEditField.h"
