@@ -122,12 +122,3 @@ TEST(GlReportProgram, ReportThatCannotBeWrittenIsAFailure)
     EXPECT_EQ(GlReport::RunProgram({}, full, err), 1);
     EXPECT_EQ(err.str(), "gl_report: the report cannot be written\n");
 }
-
-TEST(OffscreenContext, RefusesASizeThatNoDriverHas)
-{
-    for (const int width : {0, -1, 1 << 30}) {
-        std::string reason;
-        EXPECT_EQ(Offscreen::CContext::Make(width, 64, reason), nullptr);
-        EXPECT_NE(reason.find("size"), std::string::npos) << reason;
-    }
-}
