@@ -49,8 +49,8 @@ public:
     CMessageBoxService& operator=(const CMessageBoxService&) = delete;
 
     /// Shows the box over the application's main window, if it has one, and waits for the answer. Closing a
-    /// box counts as Cancel, as No where there is no Cancel, or as OK where there is neither. That is also the
-    /// default button of a warning, the harmless one.
+    /// box counts as Cancel, as No where there is no Cancel, or as OK where there is neither. That is also
+    /// the default button of a warning, the harmless one.
     virtual EMessageBoxAnswer Show(const SMessageBox& box) = 0;
     /// Makes the sound that belongs to an icon of MessageBoxStyle, without a box, and does not wait for its
     /// end. A service that does not override this stays silent.

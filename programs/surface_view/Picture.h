@@ -16,8 +16,8 @@ struct SPicture {
     std::vector<std::uint8_t> bytes{};
 };
 
-/// How many pixels are drawn for one of a picture, along each side: three, or as many as drivers can be relied
-/// on to make and a large picture is worth.
+/// How many pixels are drawn for one of a picture, along each side: three, or as many as drivers can be
+/// relied on to make and a large picture is worth.
 /// @param size of the picture
 int SuitableScale(CommonUI::SSize size);
 

@@ -69,8 +69,8 @@ void ExpectSaved(const TSettings& settings, const char* bytes)
 
 } // namespace
 
-// Each text of the record stands on a line behind its type; the lines below it say what is written again, behind
-// "=>", or why it is refused.
+// Each text of the record stands on a line behind its type; the lines below it say what is written again,
+// behind "=>", or why it is refused.
 TEST(SettingsReaders, ReadOrRefuseAsTheRecordSays)
 {
     const std::vector<std::string> lines = ReadTestLines("settings-readers.txt");
