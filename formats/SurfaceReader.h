@@ -34,12 +34,12 @@ using FProgress = std::function<void(double fraction)>;
 ///   microscope: Width is points * dx, not (points - 1) * dx. The header may be UTF-8 or Latin-1.
 ///
 /// In both, `BAD` and `NaN` are missing points, a decimal comma stands for a point, lines end in LF or CR
-/// LF and keys know no case. Memory grows with what the file holds, never with what it claims; of a file that is no
-/// surface only the first bytes are read. A surface all of whose points are missing is read.
+/// LF and keys know no case. Memory grows with what the file holds, never with what it claims; of a file that
+/// is no surface only the first bytes are read. A surface all of whose points are missing is read.
 ///
 /// @throws EReadError for a file that cannot be read, malformed text, a value count, a row or a scale that
-///     does not fit, an infinite number, a height beyond 1e9 m, heights that differ by less than 1e-100 m but are not
-///     equal, a spacing outside 1e-18 m to 1e9 m, and when there is not enough memory
+///     does not fit, an infinite number, a height beyond 1e9 m, heights that differ by less than 1e-100 m but
+///     are not equal, a spacing outside 1e-18 m to 1e9 m, and when there is not enough memory
 COMMONUIFORMATS_API Analysis::SSurface ReadSurface(const std::filesystem::path& path,
                                                    const FProgress& progress = {});
 

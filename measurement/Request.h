@@ -40,7 +40,7 @@ struct SRequest {
 class COMMONUIMEASUREMENT_API ERequest : public EInput
 {
 public:
-    /// @param subject what is at fault, such as a user specification or a change; empty where the reason says it
+    /// @param subject what is at fault, such as a user specification; empty where the reason says it
     ERequest(const CStr& subject, const CStr& reason);
     ~ERequest() override;
 

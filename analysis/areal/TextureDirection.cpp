@@ -23,8 +23,9 @@ constexpr double c_coarseBlur = 0.25 * c_degree;
 constexpr std::size_t c_mostSections = 256;
 constexpr double c_reach = 4; // of a ray to either side, in its widths
 
-// Square sections of a surface, half overlapping where one does not hold all of it; of a long strip some, evenly spread. In
-// a square the window broadens all waves alike in all directions, so that it does not turn them.
+// Square sections of a surface, half overlapping where one does not hold all of it; of a long strip some,
+// evenly spread. In a square the window broadens all waves alike in all directions, so that it does not turn
+// them.
 class CSections
 {
 public:
@@ -102,8 +103,8 @@ public:
         m_unitY = 1 / (static_cast<double>(m_height) * surface.dy);
     }
 
-    // The integral of the power times the frequency along a ray, as a sum over the frequencies beside it with normal
-    // weights, which depend on no direction of the grid.
+    // The integral of the power times the frequency along a ray, as a sum over the frequencies beside it with
+    // normal weights, which depend on no direction of the grid.
     double Integrate(const SRay& ray) const
     {
         const bool byColumns = std::fabs(ray.x) / m_unitX >= std::fabs(ray.y) / m_unitY;

@@ -24,8 +24,8 @@ namespace CommonUI::Analysis
 /// - Rz: ten point height of ISO 4287-1:1984, the mean of the five highest peaks plus the mean of the five
 ///   deepest valleys. A peak or valley is a portion between two crossings of the mean line, or at an end.
 ///   NaN with fewer than five.
-/// - RSm: mean spacing of the profile elements (ISO 4287), see ComputeElements: m. Their least width is 1 % of the
-///   cut-off. NaN without a whole one.
+/// - RSm: mean spacing of the profile elements (ISO 4287), see ComputeElements: m. Their least width is 1 %
+///   of the cut-off. NaN without a whole one.
 /// - Rdq: root mean square slope, see ComputeSlope
 ///
 /// Missing points are left out. Rz and RSm need an unbroken profile and are NaN if a point is missing; all
@@ -34,8 +34,8 @@ namespace CommonUI::Analysis
 /// @param dx spacing of the points in m, greater than 0
 /// @param cutoff λc in m, by default DefaultCutoff. If it is not greater than 2 dx, longer than the profile
 ///     or NaN, the parameters of the roughness and the waviness profile are NaN.
-/// @return the parameters in catalogue order: Ra Rq Rsk Rku Rp Rv Rz Rt Rmean Rmin Rmax RSm Rdq, then those of
-///     ComputeIso4287
+/// @return the parameters in catalogue order: Ra Rq Rsk Rku Rp Rv Rz Rt Rmean Rmin Rmax RSm Rdq, then those
+///     of ComputeIso4287
 COMMONUIANALYSIS_API std::vector<SValue> ComputeProfile(std::span<const double> heights, double dx,
                                                         std::optional<double> cutoff = std::nullopt);
 
@@ -44,7 +44,8 @@ COMMONUIANALYSIS_API std::vector<SValues> ComputeProfiles(const SSurface& surfac
                                                           std::optional<double> cutoff = std::nullopt);
 
 /// Likewise, but the profiles are filtered only for those parameters that need it.
-/// @param keys which parameters are wanted, in any order; others than those of GetProfileQuantities are ignored
+/// @param keys which parameters are wanted, in any order; others than those of GetProfileQuantities are
+///     ignored
 COMMONUIANALYSIS_API std::vector<SValues> ComputeProfiles(const SSurface& surface,
                                                           std::span<const std::string_view> keys,
                                                           std::optional<double> cutoff = std::nullopt);

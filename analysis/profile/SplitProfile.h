@@ -43,9 +43,9 @@ public:
     std::vector<std::span<const double>> GetSamplingLengths(std::span<const double> profile) const;
 
     double GetSpacing() const { return m_dx; }
-    /// What the peaks and valleys of profile elements are at least wide, in point spacings: 1 % of the cut-off, of
-    /// the default one where there is none that is usable. It holds for roughness, waviness, primary and unfiltered
-    /// profiles alike, so that a long profile does not lose its narrow elements.
+    /// What the peaks and valleys of profile elements are at least wide, in point spacings: 1 % of the
+    /// cut-off, of the default one where there is none that is usable. It holds for roughness, waviness,
+    /// primary and unfiltered profiles alike, so that a long profile does not lose its narrow elements.
     double GetLeastWidth() const { return m_leastWidth; }
 
 private:

@@ -1,6 +1,6 @@
 #include "examples/gallery/Pages.h"
 #include "output/results/NumberFormat.h"
-#include "qt/dialogs/FormatSpecifierWindow.h"
+#include "qt/dialogs/QtFormatSpecifierDlg.h"
 #include "qt/QtText.h"
 
 #include <QFormLayout>

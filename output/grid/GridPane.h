@@ -83,8 +83,8 @@ public:
     int GetColumnWidth(std::size_t column) const { return m_edges[column + 1] - m_edges[column]; }
     void SetColumnWidth(std::size_t column, int width);
     /// Sets the member function that is called with a column and its width after the user has given it
-    /// another one: when the edge that was dragged is released, and when a column was fitted. What the program
-    /// sets is not told. The object is not owned; the function may destroy the grid.
+    /// another one: when the edge that was dragged is released, and when a column was fitted. What the
+    /// program sets is not told. The object is not owned; the function may destroy the grid.
     template<class TObject>
     void SetColumnWidthCallback(std::type_identity_t<TObject>& object,
                                 void (TObject::*method)(std::size_t, int))

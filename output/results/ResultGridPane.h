@@ -13,8 +13,9 @@ namespace CommonUI
 {
 
 /// Shows a table of results: headers of several lines below the names of groups, row names that stay at the
-/// left, as the sub-headers above all other rows do with the headers, and cells that are made when they are drawn, so that a million rows open and scroll as fast as a
-/// thousand. What is selected here is selected in the table, too.
+/// left, as the sub-headers above all other rows do with the headers, and cells that are made when they are
+/// drawn, so that a million rows open and scroll as fast as a thousand. What is selected here is selected in
+/// the table, too.
 class COMMONUI_API CResultGridPane : public CGridPane
 {
 public:

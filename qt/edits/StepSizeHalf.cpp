@@ -2,6 +2,7 @@
 
 #include "common/StringTable.h"
 #include "qt/detail/EventGuard.h"
+#include "qt/detail/StepTexts.h"
 #include "qt/QtText.h"
 
 #include <QPainter>
@@ -14,9 +15,6 @@ namespace CommonUI
 
 namespace
 {
-
-constexpr int c_largerSteps = 10283;
-constexpr int c_smallerSteps = 10284;
 
 bool IsDark(const QPalette& palette)
 {

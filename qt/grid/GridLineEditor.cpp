@@ -1,6 +1,7 @@
 #include "qt/grid/detail/GridLineEditor.h"
 
 #include "common/StringTable.h"
+#include "qt/detail/StepTexts.h"
 #include "qt/QtText.h"
 
 #include <QKeyEvent>
@@ -15,9 +16,6 @@ namespace CommonUI
 
 namespace
 {
-
-constexpr int c_increase = 10281;
-constexpr int c_decrease = 10282;
 
 // Lets only valid characters in. Blanks are the places of a mask that nothing has been typed at.
 class CCharacterValidator final : public QValidator

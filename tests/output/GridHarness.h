@@ -1,6 +1,8 @@
 #pragma once
 
 #include "output/grid/GridCtrl.h"
+#include "output/grid/MemoryGridView.h"
+#include "output/grid/TextGridPainter.h"
 
 #include <memory>
 #include <string>

@@ -1,5 +1,6 @@
 #include "output/results/ResultGridPane.h"
 #include "output/results/GridCopy.h"
+#include "platform/MemoryClipboard.h"
 
 #include <gtest/gtest.h>
 
@@ -52,8 +53,8 @@ struct SPane {
 
 } // namespace
 
-// The record has the headers from the left, one of their lines, one point of a group, and what lies below the headers
-// when it is scrolled to the right.
+// The record has the headers from the left, one of their lines, one point of a group, and what lies below the
+// headers when it is scrolled to the right.
 TEST(ResultGridPane, DrawsMergedHeadersAndCellsBelowThem)
 {
     SPane shown(3);
