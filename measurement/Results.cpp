@@ -142,7 +142,7 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
 std::vector<SColumn> ProfileColumns(const SSurface& surface, const SChoices& choices)
 {
     std::vector<SValues> table =
-        Analysis::ComputeProfiles(surface, CKeys(choices.rows).Get(), choices.method.cutoff);
+        Analysis::ComputeProfiles(surface, CKeys(choices.rows).Get(), {.cutoff = choices.method.cutoff});
     const auto valuesOf = [&](const CParameter& parameter) {
         const std::string key = AnalysisKey(parameter);
         return parameter.HasParent() ? Analysis::ComputeLineTemplates(surface, key, VariableValues(parameter),
