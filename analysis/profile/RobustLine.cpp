@@ -76,8 +76,9 @@ CRobustLine::CRobustLine(std::size_t points, double cutoff, int order)
     , m_scale((order == 0 ? c_scaleOfOrder0 : c_scaleOfOrder2) * cutoff)
 {
     const double step = static_cast<double>(m_run) / m_scale;
-    for (double x = 0; x <= c_reach; x += step)
-        m_weights.push_back(std::exp(-std::numbers::pi * x * x));
+    m_weights.resize(static_cast<std::size_t>(c_reach / step) + 1);
+    for (std::size_t i = 0; i < m_weights.size(); ++i)
+        m_weights[i] = std::exp(-std::numbers::pi * std::pow(static_cast<double>(i) * step, 2));
 }
 
 double CRobustLine::GetMiddle(std::size_t run) const
