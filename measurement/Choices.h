@@ -21,8 +21,8 @@ struct SChoices {
     bool automaticUnits = true;            ///< each parameter is shown in the unit that suits it
 };
 
-/// @throws ERequest for a key that no parameter has or of which nothing is computed: that of a template without values, or
-///     of what plug-ins supply, for which the message says so
+/// @throws ERequest for a key that no parameter has or of which nothing is computed: that of a template
+///     without values, or of what plug-ins supply, for which the message says so
 COMMONUIMEASUREMENT_API SChoices MakeChoices(const CAnalysisPreferencesManager& manager,
                                              const SRequest& request);
 

@@ -37,8 +37,8 @@ struct SRequest {
     /// Parameters, units and formats are those of the preferences; without it all parameters of surfaces and
     /// profiles and the usual ones of grains, each in the unit that suits it.
     bool usesPreferences = false;
-    /// The parameters by key; empty for those of above. A template has the values of its variables behind its key, in
-    /// m or percent, and means the parameter that is made from it, such as "Sdc(10,50)".
+    /// The parameters by key; empty for those of above. A template has the values of its variables behind its
+    /// key, in m or percent, and means the parameter that is made from it, such as "Sdc(10,50)".
     std::vector<CStr> keys{};
     std::optional<CUnit::EUnitFactor> unit{}; ///< the unit factor of all lengths, areas and volumes
 };
@@ -47,7 +47,7 @@ struct SRequest {
 class COMMONUIMEASUREMENT_API ERequest : public EInput
 {
 public:
-    /// @param subject what is at fault, such as a user specification or a change; empty where the reason says it
+    /// @param subject what is at fault, such as a user specification; empty where the reason says it
     ERequest(const CStr& subject, const CStr& reason);
     ~ERequest() override;
 

@@ -10,8 +10,8 @@
 namespace CommonUI::Analysis
 {
 
-/// Parameters of the core of a profile (ISO 13565-2:1996), read off the material ratio curve of its evaluation length,
-/// the whole profile. The equivalent straight line is that of CMaterialRatio::ComputeCore.
+/// Parameters of the core of a profile (ISO 13565-2:1996), read off the material ratio curve of its
+/// evaluation length, the whole profile. The equivalent straight line is that of CMaterialRatio::ComputeCore.
 ///
 /// - Rk: height of the core, m
 /// - Rpk, Rvk: heights of triangles with the areas of the peaks above and of the valleys below the core, m

@@ -17,8 +17,8 @@ namespace CommonUI::Analysis
 ///
 /// - La = Σ|z|/n, Lq = √(Σz²/n), Lsk = Σz³/(n Lq³), Lku = Σz⁴/(n Lq⁴): m, m, 1, 1
 /// - Lp = max z, Lv = -min z, Lz = Lp + Lv: m
-/// - Lc, LSm: mean height and mean width of the profile elements, see ComputeElements: m. Their least width is
-///   1 % of the cut-off for R, W and P
+/// - Lc, LSm: mean height and mean width of the profile elements, see ComputeElements: m. Their least width
+///   is 1 % of the cut-off for R, W and P
 /// - Ldq: root mean square slope, see ComputeSlope
 /// - Lt: highest peak plus deepest valley in the evaluation length, the whole profile: m
 ///

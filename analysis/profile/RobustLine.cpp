@@ -108,8 +108,8 @@ std::vector<CRobustLine::SRun> CRobustLine::MakeRuns(std::span<const double> hei
     return runs;
 }
 
-// The fitted height in the middle of a run; what it was before where no height near by has a weight. An order that the
-// heights do not determine is left out.
+// The fitted height in the middle of a run; what it was before where no height near by has a weight. An order
+// that the heights do not determine is left out.
 double CRobustLine::Fit(std::span<const SRun> runs, std::size_t at, double previous) const
 {
     const double middle = GetMiddle(at);

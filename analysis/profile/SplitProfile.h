@@ -38,9 +38,10 @@ public:
     /// @param heights as many as the points, missing points NaN
     SProfiles Split(std::span<const double> heights) const;
 
-    /// The roughness profile of ISO 13565-1, for surfaces with deep valleys: in a first step what lies below the mean
-    /// line is replaced by it, and the mean line of what that leaves is subtracted from the primary profile. So a
-    /// valley that is narrow beside the cut-off hardly lifts the plateaus beside it. All NaN without a usable cut-off.
+    /// The roughness profile of ISO 13565-1, for surfaces with deep valleys: in a first step what lies below
+    /// the mean line is replaced by it, and the mean line of what that leaves is subtracted from the primary
+    /// profile. So a valley that is narrow beside the cut-off hardly lifts the plateaus beside it. All NaN
+    /// without a usable cut-off.
     /// @param primary as of Split
     std::vector<double> SplitFilled(std::span<const double> primary) const;
 
@@ -54,9 +55,9 @@ public:
     double GetSpacing() const { return m_dx; }
     /// In point spacings; none where it is not usable.
     std::optional<double> GetCutoff() const { return m_filter ? std::optional(m_cutoff) : std::nullopt; }
-    /// What the peaks and valleys of profile elements are at least wide, in point spacings: 1 % of the cut-off, of
-    /// the default one where there is none that is usable. It holds for roughness, waviness, primary and unfiltered
-    /// profiles alike, so that a long profile does not lose its narrow elements.
+    /// What the peaks and valleys of profile elements are at least wide, in point spacings: 1 % of the
+    /// cut-off, of the default one where there is none that is usable. It holds for roughness, waviness,
+    /// primary and unfiltered profiles alike, so that a long profile does not lose its narrow elements.
     double GetLeastWidth() const { return m_leastWidth; }
 
 private:

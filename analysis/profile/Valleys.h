@@ -21,15 +21,15 @@ enum class EReferenceLine {
 /// How valleys that may hold a lubricant are found.
 struct SValleyMethod {
     EReferenceLine line = EReferenceLine::Regression2;
-    /// The cut-off divided by the length of the horizontal line with which the profile is closed before the first
-    /// regression; above 0.
+    /// The cut-off divided by the length of the horizontal line with which the profile is closed before the
+    /// first regression; above 0.
     double closingRatio = 2;
 };
 
-/// Parameters of the valleys of a profile, which no standard defines. A valley is where the profile lies below its
-/// reference line and goes down there by 5 % or more of the height of the profile about the line. Its edges lie 1 % of
-/// that height below the line: a plateau that the line nearly follows would otherwise join the valleys beside it. A valley
-/// that an end of the profile cuts off only counts for rMa and rMv.
+/// Parameters of the valleys of a profile, which no standard defines. A valley is where the profile lies
+/// below its reference line and goes down there by 5 % or more of the height of the profile about the line.
+/// Its edges lie 1 % of that height below the line: a plateau that the line nearly follows would otherwise
+/// join the valleys beside it. A valley that an end of the profile cuts off only counts for rMa and rMv.
 ///
 /// - Msm: mean distance of the middles of neighbours, m; NaN for fewer than two
 /// - rMn: number divided by the length of the profile, 1/m

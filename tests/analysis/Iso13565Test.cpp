@@ -18,7 +18,8 @@ std::string_view ReasonOf(const std::vector<SValue>& values, std::string_view ke
 
 } // namespace
 
-// By hand: the straight line of the core runs through both edges and is cut by the flanks of peaks and valleys.
+// By hand: the straight line of the core runs through both edges and is cut by the flanks of peaks and
+// valleys.
 TEST(Iso13565, OfCurvesWithAKnownCore)
 {
     struct SRow {
@@ -51,8 +52,9 @@ TEST(Iso13565, OfCurvesWithAKnownCore)
         }
 }
 
-// A groove of depth D and width w lifts the roughness beside it by D w g, g = 1 / (α λc) being the greatest weight of
-// the filter. Where it is filled first, it is a groove of that depth when it is filtered again: D (w g)².
+// A groove of depth D and width w lifts the roughness beside it by D w g, g = 1 / (α λc) being the greatest
+// weight of the filter. Where it is filled first, it is a groove of that depth when it is filtered again: D
+// (w g)².
 TEST(Iso13565, FilledValleysDoNotLiftThePlateau)
 {
     constexpr double c_cutoff = 1000;

@@ -67,7 +67,8 @@ TEST(Valleys, OfGroovesInAPlateau)
         }
 }
 
-// Noise on the plateau, and depths 1 and 3 in turn, each with a fifth of the length: the line stays on the plateau.
+// Noise on the plateau, and depths 1 and 3 in turn, each with a fifth of the length: the line stays on the
+// plateau.
 TEST(Valleys, ReferenceLineIsRobust)
 {
     std::mt19937 random(5);
