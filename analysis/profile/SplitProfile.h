@@ -53,12 +53,12 @@ public:
     std::vector<std::span<const double>> GetSamplingLengths(std::span<const double> profile) const;
 
     double GetSpacing() const { return m_dx; }
-    /// In point spacings; none where it is not usable.
-    std::optional<double> GetCutoff() const { return m_filter ? std::optional(m_cutoff) : std::nullopt; }
     /// What the peaks and valleys of profile elements are at least wide, in point spacings: 1 % of the
     /// cut-off, of the default one where there is none that is usable. It holds for roughness, waviness,
     /// primary and unfiltered profiles alike, so that a long profile does not lose its narrow elements.
     double GetLeastWidth() const { return m_leastWidth; }
+    /// In point spacings; none where it is not usable.
+    std::optional<double> GetCutoff() const { return m_filter ? std::optional(m_cutoff) : std::nullopt; }
 
 private:
     double m_dx;

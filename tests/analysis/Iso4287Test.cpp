@@ -70,10 +70,10 @@ TEST(Iso4287, CutoffThatDoesNotFit)
         return std::ranges::find(quantities, key, &SQuantity::key)->IsFiltered();
     };
     for (const double cutoff : {c_undefined, 0.0, -c_dx, 2 * c_dx, 1001 * c_dx, HUGE_VAL})
-        for (const auto& [key, value, reason] : ComputeProfile(profile, c_dx, {.cutoff = cutoff}))
-            EXPECT_TRUE(std::isnan(value) == isFiltered(key) ||
-                        key.starts_with("p12085_W")) // no envelope to speak of
-                << key << " at " << cutoff;
+        for (const SValue& row : ComputeProfile(profile, c_dx, {.cutoff = cutoff}))
+            EXPECT_TRUE(std::isnan(row.value) == isFiltered(row.key) ||
+                        row.key.starts_with("p12085_W")) // no envelope to speak of
+                << row.key << " at " << cutoff;
     for (const double cutoff : {2.5 * c_dx, DefaultCutoff(1000, c_dx), 1000 * c_dx})
         EXPECT_FALSE(std::isnan(Get(ComputeProfile(profile, c_dx, {.cutoff = cutoff}), "4287Rq"))) << cutoff;
 }
