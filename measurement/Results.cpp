@@ -142,7 +142,7 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
 std::vector<SColumn> ProfileColumns(const SSurface& surface, const SChoices& choices)
 {
     std::vector<SValues> table =
-        Analysis::ComputeProfiles(surface, CKeys(choices.rows).Get(), choices.method.cutoff);
+        Analysis::ComputeProfiles(surface, CKeys(choices.rows).Get(), choices.method.OfProfiles());
     const auto valuesOf = [&](const CParameter& parameter) {
         const std::string key = AnalysisKey(parameter);
         return parameter.HasParent() ? Analysis::ComputeLineTemplates(surface, key, VariableValues(parameter),
@@ -163,6 +163,24 @@ void CheckCutoff(const SSurface& surface, const SMethod& method)
         throw ERequest(u"", CStr::FromUtf8(refusal));
 }
 
+bool HasStandard(const std::vector<SColumn>& columns, EAnalysisStandards standard)
+{
+    return std::ranges::any_of(columns, [standard](const SColumn& column) {
+        return column.parameter.GetStandard() == static_cast<int>(standard);
+    });
+}
+
+// Below what valleys lie.
+CStr ReferenceLineText(const Analysis::SValleyMethod& method, double cutoff)
+{
+    if (method.line == Analysis::EReferenceLine::MeanLine)
+        return u"below the mean line of the primary profile";
+    const int order = method.line == Analysis::EReferenceLine::Regression0 ? 0 : 2;
+    return CStr::Format(u"below a robust Gaussian regression of order %d that starts from a closing of ",
+                        order) +
+           LengthText(cutoff / method.closingRatio);
+}
+
 // The cut-off, and what it makes of profile elements: without it nobody can compare their widths and heights.
 void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& results)
 {
@@ -170,10 +188,27 @@ void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& 
     const Analysis::CProfileSplitter splitter(surface.points, surface.dx, cutoff);
     const CStr width = LengthText(splitter.GetLeastWidth() * surface.dx);
     results.summary.emplace_back(u"Cut-off", LengthText(cutoff));
+    if (HasStandard(results.columns, EAnalysisStandards::ISO12085)) {
+        const Analysis::SMotifLimits limits =
+            method.motifLimits.value_or(Analysis::DefaultMotifLimits(surface.points, surface.dx));
+        results.summary.emplace_back(u"Motifs", u"no wider than A = " + LengthText(limits.roughness) +
+                                                    u", those of the envelope than B = " +
+                                                    LengthText(limits.waviness));
+    }
+    if (HasStandard(results.columns, EAnalysisStandards::MUFU))
+        results.summary.emplace_back(u"Valleys", ReferenceLineText(method.valleys, cutoff));
     results.summary.emplace_back(
         u"Profile elements", u"peaks and valleys beyond 5 % of the height to either side of the mean line, "
                              u"at least " +
                                  width + u" wide (1 % of the cut-off)");
+}
+
+CStr NamesOf(const std::vector<CParameter>& parameters)
+{
+    CStr names;
+    for (const CParameter& parameter : parameters)
+        names += (names.IsEmpty() ? CStr() : CStr(u", ")) + parameter.GetShortFriendlyString();
+    return names;
 }
 
 SResults RoughnessResults(const SInput& input, const SChoices& choices)
@@ -183,6 +218,9 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
     results.surface = SurfaceColumns(input, choices);
     results.rowName = u"Profile";
     results.columns = ProfileColumns(input.surface, choices);
+    if (!choices.fromPlugIns.empty())
+        results.summary.emplace_back(u"Not computed",
+                                     NamesOf(choices.fromPlugIns) + u": supplied by a plug-in");
     if (!results.columns.empty())
         DescribeProfiles(input.surface, choices.method, results);
     results.statistics = choices.statistics;

@@ -75,7 +75,8 @@ TEST(ProfileParameters, ElementsOfPeriodicProfilesAreTheirPeriods)
             for (const double phase : {0.0, 0.21, 0.5, 0.83}) {
                 const auto ofPhase = [&](double x) { return 1e-6 * Wave(x + phase * period, period); };
                 const auto spacing = [&](const std::vector<double>& profile, const char* key) {
-                    return Get(ComputeProfile(profile, c_dx, c_points / shares * c_dx), key) / c_dx;
+                    return Get(ComputeProfile(profile, c_dx, {.cutoff = c_points / shares * c_dx}), key) /
+                           c_dx;
                 };
                 const auto sine = MakeProfile(c_points, ofPhase);
                 EXPECT_NEAR(spacing(sine, "RSm"), period, 1e-3 * period) << phase << " of " << shares;

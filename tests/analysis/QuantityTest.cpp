@@ -36,15 +36,16 @@ TEST(Quantity, EachAloneIsAsWithAllOthers)
         EXPECT_EQ(alone[0].value, values[i].value) << areal[i].key;
     }
     const std::vector<SQuantity> profile = GetProfileQuantities();
-    const std::vector<SValues> tables = ComputeProfiles(surface);
+    const SProfileMethod method{.cutoff = 20e-6}; // not the default
+    const std::vector<SValues> tables = ComputeProfiles(surface, method);
     ASSERT_EQ(tables.size(), profile.size());
     for (std::size_t i = 0; i < profile.size(); ++i) {
-        const std::vector<SValues> alone = ComputeProfiles(surface, {{profile[i].key}});
+        const std::vector<SValues> alone = ComputeProfiles(surface, {{profile[i].key}}, method);
         ASSERT_EQ(alone.size(), 1u);
         EXPECT_EQ(alone[0].key, tables[i].key);
         for (std::size_t line = 0; line < surface.lines; ++line)
             ExpectValues({{profile[i].key, alone[0].values[line]}},
-                         {ComputeProfile(surface.GetLine(line), surface.dx).at(i)});
+                         {ComputeProfile(surface.GetLine(line), surface.dx, method).at(i)});
     }
 }
 

@@ -17,6 +17,33 @@ TEST_F(ReportProgram, TransposedTableHasParametersAsColumns)
                     "\r\nSurface parameter\tSq, Root Mean Square Height\r\nValue\t284.48\r\nUnit\tnm\r\n"));
 }
 
+TEST_F(ReportProgram, MotifsAndValleysAreReportedWithTheirLimits)
+{
+    const auto report = [&](const std::vector<std::string>& more) {
+        std::vector<std::string> arguments = {c_sample.string(),
+                                              "--out",
+                                              Out().string(),
+                                              "--unit",
+                                              "um",
+                                              "--parameters",
+                                              "p12085_RAr,p12085_Wte,Msm,Sdc(10,50)"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        EXPECT_EQ(Run(arguments), 0) << m_err.str();
+        return BytesOf(Out() / "report.txt");
+    };
+    const auto has = [](const std::string& text, const char* part) { return text.find(part) != text.npos; };
+    const std::string usual = report({});
+    EXPECT_TRUE(has(usual, "\r\nMotifs: no wider than A = 20 µm, those of the envelope than B = 100 µm\r\n"));
+    EXPECT_TRUE(
+        has(usual, "\r\nValleys: below a robust Gaussian regression of order 2 that starts from a closing of "
+                   "6.4 µm\r\n"));
+    EXPECT_TRUE(has(usual, "\r\nSdc(10 %, 50 %), "));
+    EXPECT_TRUE(has(usual, "\r\nProfile\tAR\tWte\tMsm\r\n"));
+    const std::string narrow = report({"--motif-limits", "2um,10um"});
+    EXPECT_TRUE(has(narrow, "A = 2 µm, those of the envelope than B = 10 µm\r\n"));
+    EXPECT_NE(narrow.substr(narrow.find("\r\nProfile\t")), usual.substr(usual.find("\r\nProfile\t")));
+}
+
 TEST_F(ReportProgram, MarkupInTheInputStaysText)
 {
     m_temporary.Write("a&b.txt",
