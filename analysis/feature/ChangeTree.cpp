@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
+#include <utility>
 
 namespace CommonUI::Analysis
 {
@@ -12,28 +14,67 @@ namespace CommonUI::Analysis
 namespace
 {
 
+constexpr std::uint32_t c_none = static_cast<std::uint32_t>(-1);
+
+// A point and a neighbour below it that belongs to another dale.
 struct SPass {
     double height;
     std::uint32_t point;
+    std::uint32_t first;
+    std::uint32_t second;
+    std::uint32_t next; // of the same first
 };
 
-// The points from which the way leads on in more than one direction, in the order in which rising water reaches them.
-std::vector<SPass> CollectPasses(const CLandscape& landscape, const std::vector<std::uint32_t>& labels)
+// The lowest passes between dales: one for each pair of them, or some where one has many neighbours.
+class CPasses
 {
-    std::vector<SPass> passes;
-    for (std::size_t i = 0; i < labels.size(); ++i) {
-        bool isPass = false;
-        landscape.ForEachNeighbour(i, [&](std::size_t q, double) {
-            isPass = isPass || (labels[q] != labels[i] && landscape.IsBefore(q, i));
-        });
-        if (isPass)
-            passes.push_back({landscape.GetHeight(i), static_cast<std::uint32_t>(i)});
+public:
+    CPasses(const CLandscape& landscape, const SFeatureMap& map)
+        : m_heads(map.GetCount() + 1, c_none)
+    {
+        for (std::size_t i = 0; i < map.labels.size(); ++i) {
+            const std::uint32_t own = map.labels[i];
+            landscape.ForEachNeighbour(i, [&](std::size_t q, double) {
+                if (map.labels[q] != own && landscape.IsBefore(q, i))
+                    Add(landscape.GetHeight(i), static_cast<std::uint32_t>(i), std::min(own, map.labels[q]),
+                        std::max(own, map.labels[q]));
+            });
+        }
     }
-    std::sort(passes.begin(), passes.end(), [](const SPass& a, const SPass& b) {
-        return a.height < b.height || (a.height == b.height && a.point < b.point);
-    });
-    return passes;
-}
+
+    // In the order in which rising water reaches them.
+    std::vector<SPass> TakeSorted()
+    {
+        std::sort(m_passes.begin(), m_passes.end(), [](const SPass& a, const SPass& b) {
+            return std::tie(a.height, a.point, a.first, a.second) <
+                   std::tie(b.height, b.point, b.first, b.second);
+        });
+        return std::move(m_passes);
+    }
+
+private:
+    // The points come in their order, so of equal passes the first stays.
+    void Add(double height, std::uint32_t point, std::uint32_t first, std::uint32_t second)
+    {
+        constexpr int c_mostSeen = 8; // as more would take long where one dale has many neighbours
+        std::uint32_t at = m_heads[first];
+        for (int i = 0; i < c_mostSeen && at != c_none; ++i, at = m_passes[at].next) {
+            SPass& pass = m_passes[at];
+            if (pass.second != second)
+                continue;
+            if (height < pass.height) {
+                pass.height = height;
+                pass.point = point;
+            }
+            return;
+        }
+        m_passes.push_back({height, point, first, second, m_heads[first]});
+        m_heads[first] = static_cast<std::uint32_t>(m_passes.size() - 1);
+    }
+
+    std::vector<SPass> m_passes;
+    std::vector<std::uint32_t> m_heads; // the latest pass of each dale
+};
 
 // Numbers from 1 in the order of the first points.
 // @param sets of the old numbers
@@ -64,31 +105,27 @@ std::vector<SMeeting> ComputeChangeTree(const SSurface& surface, const SFeatureM
     std::vector<std::uint32_t> deepest(map.GetCount() + 1);
     for (std::uint32_t i = 0; i < deepest.size(); ++i)
         deepest[i] = i;
-    const auto getPit = [&](std::uint32_t number) { return map.extrema[number - 1].point; };
+    std::vector<double> pits(map.GetCount() + 1);
+    for (std::size_t i = 0; i < map.GetCount(); ++i)
+        pits[i + 1] = landscape.GetHeight(map.extrema[i].point);
 
     std::vector<SMeeting> tree;
-    for (const SPass& pass : CollectPasses(landscape, map.labels)) {
-        const std::uint32_t own = map.labels[pass.point];
-        landscape.ForEachNeighbour(pass.point, [&](std::size_t q, double) {
-            if (!landscape.IsBefore(q, pass.point))
-                return;
-            const std::uint32_t other = map.labels[q];
-            const std::uint32_t lake = lakes.Find(own);
-            const std::uint32_t otherLake = lakes.Find(other);
-            if (lake == otherLake)
-                return;
-            std::uint32_t deeper = deepest[lake];
-            std::uint32_t shallower = deepest[otherLake];
-            if (landscape.IsBefore(getPit(shallower), getPit(deeper)))
-                std::swap(deeper, shallower);
-            tree.push_back({.height = surface.heights[pass.point],
-                            .point = pass.point,
-                            .first = own,
-                            .second = other,
-                            .ending = shallower,
-                            .extent = pass.height - landscape.GetHeight(getPit(shallower))});
-            deepest[lakes.Merge(lake, otherLake)] = deeper;
-        });
+    for (const SPass& pass : CPasses(landscape, map).TakeSorted()) {
+        const std::uint32_t lake = lakes.Find(pass.first);
+        const std::uint32_t otherLake = lakes.Find(pass.second);
+        if (lake == otherLake)
+            continue;
+        std::uint32_t deeper = deepest[lake];
+        std::uint32_t shallower = deepest[otherLake];
+        if (pits[shallower] < pits[deeper] || (pits[shallower] == pits[deeper] && shallower < deeper))
+            std::swap(deeper, shallower);
+        tree.push_back({.height = surface.heights[pass.point],
+                        .point = pass.point,
+                        .first = pass.first,
+                        .second = pass.second,
+                        .ending = shallower,
+                        .extent = pass.height - pits[shallower]});
+        deepest[lakes.Merge(lake, otherLake)] = deeper;
     }
     return tree;
 }

@@ -29,7 +29,7 @@ struct SMeeting {
 /// The change tree of a surface (ISO 25178-2) for its hills or its dales: their saddles, those of high hills and deep
 /// dales first. One meeting less than there are hills or dales, if missing points do not part them.
 ///
-/// Takes the time to sort those points that have neighbours of another hill or dale.
+/// Takes time proportional to the number of points, and that to sort the pairs of hills, or dales, that are side by side.
 /// @param map of the surface
 COMMONUIANALYSIS_API std::vector<SMeeting> ComputeChangeTree(const SSurface& surface, const SFeatureMap& map);
 

@@ -10,9 +10,29 @@ namespace CommonUI::Analysis
 namespace
 {
 
-void MeasurePoints(const SSurface& surface, SFeatures& found)
+// What has a point at the border or beside a missing one is open.
+void FindOpen(const SSurface& surface, SFeatures& found)
 {
     const CLandscape landscape(surface, found.map.kind);
+    const auto open = [&](std::size_t i) {
+        if (const std::uint32_t label = found.map.labels[i]; label != 0)
+            found.features[label - 1].isClosed = false;
+    };
+    for (std::size_t i = 0; i < surface.heights.size(); ++i)
+        if (found.map.labels[i] == 0)
+            landscape.ForEachNeighbour(i, [&](std::size_t q, double) { open(q); });
+    for (std::size_t line = 0; line < surface.lines; ++line) {
+        open(line * surface.points);
+        open((line + 1) * surface.points - 1);
+    }
+    for (std::size_t i = 0; i < surface.points; ++i) {
+        open(i);
+        open((surface.lines - 1) * surface.points + i);
+    }
+}
+
+void MeasurePoints(const SSurface& surface, SFeatures& found)
+{
     const double cell = surface.dx * surface.dy;
     const double sign = found.map.kind == EFeature::Dale ? 1 : -1;
     for (std::size_t i = 0; i < surface.heights.size(); ++i) {
@@ -20,7 +40,6 @@ void MeasurePoints(const SSurface& surface, SFeatures& found)
             continue;
         SFeature& feature = found.features[found.map.labels[i] - 1];
         ++feature.points;
-        feature.isClosed = feature.isClosed && !landscape.IsAtEdge(i);
         // NaN stays NaN
         feature.volume += std::max(sign * (feature.saddle - surface.heights[i]), 0.0) * cell;
     }
@@ -45,6 +64,8 @@ SFeatures FindFeatures(const SSurface& surface, EFeature kind, double leastExten
                                   .isClosed = true,
                                   .volume = saddle - saddle}); // 0 or NaN
     }
+    if (!found.features.empty())
+        FindOpen(surface, found);
     MeasurePoints(surface, found);
     return found;
 }
