@@ -47,6 +47,7 @@ std::vector<SFeature> SelectInside(const SFeatures& found)
 SMean MeanOfFive(const std::vector<SFeature>& features, double mean, double sign, std::string_view reason)
 {
     std::vector<double> heights;
+    heights.reserve(features.size());
     for (const SFeature& feature : features)
         heights.push_back(sign * (feature.height - mean));
     std::ranges::sort(heights, std::greater<>());
@@ -66,6 +67,7 @@ SMean MeanOfClosed(const SFeatures& found, double SFeature::*what, std::string_v
 SMean MeanCurvature(const SSurface& surface, const std::vector<SFeature>& peaks)
 {
     std::vector<double> curvatures;
+    curvatures.reserve(peaks.size());
     for (const SFeature& peak : peaks)
         curvatures.push_back(ComputeCurvature(surface, peak.extremum.point));
     return MeanOf(curvatures, 1, "no peak is significant");

@@ -61,20 +61,27 @@ void LeadOffPlateaus(const CLandscape& landscape, CTargets& targets)
 
 SExtremum MakeExtremum(const CLandscape& landscape, const std::vector<std::uint32_t>& plateau)
 {
-    const std::size_t width = landscape.GetSurface().points;
+    struct SPlace {
+        double x;
+        double y;
+    };
+    const auto placeOf = [width = landscape.GetSurface().points](std::size_t i) {
+        const std::size_t line = i / width;
+        return SPlace{static_cast<double>(i % width), static_cast<double>(line)};
+    };
     SExtremum extremum{.point = plateau.front()};
-    double sumX = 0;
-    double sumY = 0;
+    SPlace sum{};
     for (const std::uint32_t i : plateau) {
-        sumX += static_cast<double>(i % width);
-        sumY += static_cast<double>(i / width);
+        const SPlace place = placeOf(i);
+        sum.x += place.x;
+        sum.y += place.y;
         extremum.isAtEdge = extremum.isAtEdge || landscape.IsAtEdge(i);
     }
     const auto count = static_cast<double>(plateau.size());
     double nearest = std::numeric_limits<double>::infinity();
     for (const std::uint32_t i : plateau) {
-        const double distance = std::hypot(static_cast<double>(i % width) - sumX / count,
-                                           static_cast<double>(i / width) - sumY / count);
+        const SPlace place = placeOf(i);
+        const double distance = std::hypot(place.x - sum.x / count, place.y - sum.y / count);
         if (distance < nearest) {
             nearest = distance;
             extremum.point = i;

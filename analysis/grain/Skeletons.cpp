@@ -190,10 +190,12 @@ double CSkeletons::FindWayOut(std::size_t cell) const
 {
     const CPath path = Follow(cell, std::countr_zero(GetLinks(cell)));
     const std::size_t before = path[std::min(c_direction, path.size() - 1)];
+    const std::size_t line = cell / m_map.points;
+    const std::size_t lineBefore = before / m_map.points;
     const auto x = static_cast<double>(cell % m_map.points);
-    const auto y = static_cast<double>(cell / m_map.points);
+    const auto y = static_cast<double>(line);
     double stepX = x - static_cast<double>(before % m_map.points);
-    double stepY = y - static_cast<double>(before / m_map.points);
+    double stepY = y - static_cast<double>(lineBefore);
     const double steps = 8 * std::max(std::abs(stepX), std::abs(stepY)); // an eighth of a cell each
     stepX /= steps;
     stepY /= steps;
