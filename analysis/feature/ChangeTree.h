@@ -11,8 +11,8 @@
 namespace CommonUI::Analysis
 {
 
-/// A saddle at which hills, or dales, meet that meet nowhere further from their saddles: further up for hills, further
-/// down for dales.
+/// A saddle at which dales meet that were apart before, as water that rises everywhere finds them; or hills, as water
+/// that falls lays them bare.
 struct SMeeting {
     double height = 0;       ///< of the saddle
     std::uint32_t point = 0; ///< index of the saddle
@@ -26,8 +26,8 @@ struct SMeeting {
     double extent = 0;
 };
 
-/// The change tree of a surface (ISO 25178-2) for its hills or its dales: their saddles, those of high hills and deep
-/// dales first. One meeting less than there are hills or dales, if missing points do not part them.
+/// The change tree of a surface (ISO 25178-2) for its hills or its dales: their saddles in the order in which the water
+/// reaches them. One meeting less than there are hills or dales, if missing points do not part them.
 ///
 /// Takes time proportional to the number of points, and that to sort the pairs of hills, or dales, that are side by side.
 /// @param map of the surface
