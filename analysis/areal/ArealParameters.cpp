@@ -2,11 +2,14 @@
 
 #include "analysis/areal/Autocorrelation.h"
 #include "analysis/areal/detail/HybridParameters.h"
-#include "analysis/areal/detail/TextureDirection.h"
+#include "analysis/areal/detail/SpectralParameters.h"
 #include "analysis/areal/HeightParameters.h"
 #include "analysis/areal/MaterialRatio.h"
+#include "analysis/feature/FeatureParameters.h"
 
+#include <algorithm>
 #include <future>
+#include <iterator>
 #include <optional>
 
 namespace CommonUI::Analysis
@@ -21,9 +24,9 @@ struct SStages {
     SHybridParameters hybrid{};
     SDecay to20{};
     SDecay to37{};
-    double direction = c_undefined;
     std::optional<CMaterialRatio> curve{};
     SCore core{};
+    std::vector<SValue> values{}; // that are read off by key
 
     double Fall(double first, double second) const
     {
@@ -32,7 +35,7 @@ struct SStages {
 };
 
 struct SRow : SQuantity {
-    double (*get)(const SStages&);
+    double (*get)(const SStages&) = nullptr; // none of what is read off by key
 };
 
 using enum ENeed;
@@ -50,11 +53,15 @@ constexpr SRow c_rows[] = {
     {{"Smax"}, [](auto& s) { return s.heights.highest; }},
     {{"Sal", Autocorrelation}, [](auto& s) { return s.to20.shortest; }},
     {{"Str", Autocorrelation}, [](auto& s) { return s.to20.shortest / s.to20.longest; }},
-    {{"Std", Spectrum}, [](auto& s) { return s.direction; }},
+    {{"Std", Spectrum}},
     {{"Scl20", Autocorrelation}, [](auto& s) { return s.to20.shortest; }},
     {{"Scl37", Autocorrelation}, [](auto& s) { return s.to37.shortest; }},
     {{"Str20", Autocorrelation}, [](auto& s) { return s.to20.shortest / s.to20.longest; }},
     {{"Str37", Autocorrelation}, [](auto& s) { return s.to37.shortest / s.to37.longest; }},
+    {{"Stdi", Spectrum}},
+    {{"Srw", Spectrum}},
+    {{"Srwi", Spectrum}},
+    {{"Sfd", Spectrum}},
     {{"Sdq", Slopes}, [](auto& s) { return s.hybrid.slope; }},
     {{"Sdr", Slopes}, [](auto& s) { return s.hybrid.excess; }},
     {{"S2A", Slopes}, [](auto& s) { return s.hybrid.projectedArea; }},
@@ -74,6 +81,15 @@ constexpr SRow c_rows[] = {
     {{"Sdc5_10", MaterialRatio}, [](auto& s) { return s.Fall(5, 10); }},
     {{"Sdc10_50", MaterialRatio}, [](auto& s) { return s.Fall(10, 50); }},
     {{"Sdc50_95", MaterialRatio}, [](auto& s) { return s.Fall(50, 95); }},
+    {{"Spd", Features}},
+    {{"Spc", Features}},
+    {{"S5p", Features}},
+    {{"S5v", Features}},
+    {{"S10z", Features}},
+    {{"Sda", Features}},
+    {{"Sha", Features}},
+    {{"Sdv", Features}},
+    {{"Shv", Features}},
     {{"Count"}, [](auto& s) { return static_cast<double>(s.heights.count); }},
 };
 
@@ -99,7 +115,9 @@ SStages ComputeStages(const SSurface& surface, const std::vector<const SRow*>& r
         stages.to37 = autocorrelation.ComputeDecay(0.37);
     }
     if (isNeeded(Spectrum))
-        stages.direction = ComputeTextureDirection(surface);
+        stages.values = ComputeSpectralParameters(surface);
+    if (isNeeded(Features))
+        std::ranges::copy(ComputeFeatureParameters(surface), std::back_inserter(stages.values));
     if (isNeeded(Slopes))
         stages.hybrid = ComputeHybridParameters(surface);
     if (sorted.valid())
@@ -113,7 +131,10 @@ std::vector<SValue> Compute(const SSurface& surface, const std::vector<const SRo
     std::vector<SValue> values;
     values.reserve(rows.size());
     for (const SRow* row : rows)
-        values.push_back({row->key, row->get(stages)});
+        if (row->get)
+            values.push_back({row->key, row->get(stages)});
+        else
+            values.push_back(*std::ranges::find(stages.values, row->key, &SValue::key));
     return values;
 }
 

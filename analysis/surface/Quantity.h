@@ -14,6 +14,7 @@ enum class ENeed {
     MaterialRatio,    ///< the material ratio curve, for which the heights are sorted
     Autocorrelation,  ///< takes longer than all of the above
     Spectrum,         ///< of the waves in a surface; takes as long
+    Features,         ///< hills and dales; takes as long
     PrimaryProfile,   ///< a line without its form
     RoughnessProfile, ///< what the profile filter holds back of it
     WavinessProfile,  ///< what the profile filter lets through

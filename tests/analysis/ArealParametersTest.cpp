@@ -172,6 +172,39 @@ TEST(ArealParameters, WhatIsNotDefinedIsNaN)
     EXPECT_THROW(ComputeAreal(missing), ENoPoints);
 }
 
+TEST(ArealParameters, SayWhyTheyAreNotDefined)
+{
+    struct SRow {
+        SSurface surface;
+        std::string_view key;
+        double value;
+        std::string_view reason;
+    };
+    const auto flat = [](double, double) { return 0.1; };
+    const auto slope = [](double x, double) { return x; };
+    const auto wave = [](double x, double) { return std::sin(x); };
+    const std::string_view noFive = "fewer than five peaks are significant";
+    const SRow rows[] = {
+        {MakeSurface(9, 9, flat), "Spd", 0, ""},
+        {MakeSurface(9, 9, flat), "Spc", c_undefined, "no peak is significant"},
+        {MakeSurface(9, 9, slope), "Spc", c_undefined, "no peak is significant"},
+        {MakeSurface(9, 9, flat), "S10z", c_undefined, noFive},
+        {MakeSurface(9, 9, slope), "Sdv", c_undefined, "every dale touches the edge"},
+        {MakeSurface(200, 1, wave), "Spd", c_undefined, "no point has neighbours on all sides"},
+        {MakeSurface(200, 1, wave), "Shv", c_undefined, "every hill touches the edge"},
+        {MakeSurface(1, 1, flat), "S5p", c_undefined, noFive},
+        {MakeSurface(9, 9, flat), "Srw", c_undefined, "the surface is flat"},
+        {MakeSurface(200, 1, wave), "Stdi", c_undefined, "the surface is no wider than two spacings"},
+        {MakeSurface(40, 20, wave), "Sfd", c_undefined, "the surface is narrower than 32 spacings"},
+    };
+    for (const SRow& row : rows) {
+        const auto values = ComputeAreal(row.surface, {{row.key}});
+        ASSERT_EQ(values.size(), 1u);
+        ExpectValues(values, {{row.key, row.value}});
+        EXPECT_EQ(values[0].reason, row.reason) << row.key;
+    }
+}
+
 TEST(ArealParameters, MissingPointsAreLeftOut)
 {
     const auto ramp = [](double x, double y) { return 3e-7 * x + 4e-7 * y; };

@@ -14,7 +14,7 @@ namespace
 SSurface MakeRough()
 {
     std::mt19937 random(7);
-    return MakeSurface(40, 30, [&random](double x, double y) {
+    return MakeSurface(64, 48, [&random](double x, double y) {
         return 1e-8 * std::sin(x) * std::sin(y) + 1e-9 * static_cast<double>(random() % 97);
     });
 }
