@@ -66,7 +66,7 @@ TEST(Iso4287, CutoffThatDoesNotFit)
 {
     const auto profile = MakeProfile(1000, [](double x) { return 1e-6 * Wave(x, 20); });
     for (const double cutoff : {c_undefined, 0.0, -c_dx, 2 * c_dx, 1001 * c_dx, HUGE_VAL})
-        for (const auto& [key, value] : ComputeProfile(profile, c_dx, cutoff))
+        for (const auto& [key, value, reason] : ComputeProfile(profile, c_dx, cutoff))
             EXPECT_EQ(std::isnan(value), key.starts_with("4287R") || key.starts_with("4287W"))
                 << key << " at " << cutoff;
     for (const double cutoff : {2.5 * c_dx, DefaultCutoff(1000, c_dx), 1000 * c_dx})

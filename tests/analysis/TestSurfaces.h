@@ -33,7 +33,7 @@ inline double Get(const std::vector<SValue>& values, std::string_view key)
 /// Compares to a relative 1e-9; NaN equals NaN, and next to nothing equals 0.
 inline void ExpectValues(const std::vector<SValue>& values, const std::vector<SValue>& expected)
 {
-    for (const auto& [key, value] : expected) {
+    for (const auto& [key, value, reason] : expected) {
         const double actual = Get(values, key);
         if (std::isnan(value))
             EXPECT_TRUE(std::isnan(actual)) << key << " is " << actual;
