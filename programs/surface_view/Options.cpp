@@ -14,7 +14,7 @@ const char* const c_usage = R"(Draws a measured surface in three dimensions, wit
 
 usage: surface_view INPUT --out FILE.png [OPTION...]
 
-  INPUT              a surface: ISO 25178-71 ASCII, or a text matrix with a "#" header
+  INPUT              a surface: SDF (ISO 25178-71), X3P (ISO 25178-72), or a text matrix with a "#" header
   --out FILE.png     the picture
   --size WxH         its width and height in pixels, 100 to 4096 each; 900x600 without it
   --projection NAME  perspective (without it) or orthographic
