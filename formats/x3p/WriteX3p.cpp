@@ -143,6 +143,9 @@ std::string DocumentOf(const Analysis::SSurface& surface, const std::string& dat
 
 std::string WriteX3p(const Analysis::SSurface& surface, std::chrono::sys_seconds time)
 {
+    constexpr std::size_t c_mostPoints = 500'000'000; // with which an archive keeps the usual form
+    if (surface.heights.size() > c_mostPoints)
+        throw EWriteError("X3P is written with 500 million points at the most");
     const bool hasMissing = std::ranges::any_of(surface.heights, [](double z) { return std::isnan(z); });
     const std::string data = DataOf(surface);
     const std::string mask = hasMissing ? MaskOf(surface) : std::string();
