@@ -12,6 +12,8 @@
 #include "output/results/NumberFormat.h"
 
 #include <algorithm>
+#include <cmath>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -58,8 +60,13 @@ SResults Describe(const SInput& input)
     add(u"File", CStr::FromUtf8(surface.fileName));
     if (!surface.channel.empty())
         add(u"Channel", CStr::FromUtf8(surface.channel));
-    add(u"Points", CStr::Format(u"%d × %d", surface.points, surface.lines));
-    add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
+    if (surface.IsProfile()) {
+        add(u"Points", CStr::Format(u"%d", surface.points));
+        add(u"Spacing", LengthText(surface.dx));
+    } else {
+        add(u"Points", CStr::Format(u"%d × %d", surface.points, surface.lines));
+        add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
+    }
     add(u"Missing points", CStr::Format(u"%d", surface.missing));
     add(u"Levelling", LevellingText(input.levelling));
     for (std::size_t i = 0; i < input.steps.size(); ++i)
@@ -110,16 +117,40 @@ std::vector<double> TakeValues(std::vector<SValues>& table, std::string_view key
     return found == table.end() ? std::vector<double>() : std::exchange(found->values, {});
 }
 
+// The parameters of a surface, or those of its only line where it is a profile.
+std::vector<SValue> ComputeValues(const SSurface& surface, std::span<const std::string_view> keys,
+                                  const SMethod& method)
+{
+    if (!surface.IsProfile())
+        return Analysis::ComputeAreal(surface, keys);
+    if (std::ranges::all_of(surface.heights, [](double height) { return std::isnan(height); }))
+        throw Analysis::ENoPoints();
+    std::vector<SValue> values;
+    for (const SValues& column : Analysis::ComputeProfiles(surface, keys, method.cutoff))
+        values.push_back({column.key, column.values.front()});
+    return values;
+}
+
+double ComputeTemplateValue(const SSurface& surface, const CParameter& parameter, const SMethod& method)
+{
+    const std::string key = AnalysisKey(parameter);
+    const std::vector<double> variables = VariableValues(parameter);
+    return surface.IsProfile()
+               ? Analysis::ComputeLineTemplates(surface, key, variables, method.cutoff).front()
+               : Analysis::ComputeTemplate(surface, key, variables);
+}
+
 // Of the raw surface, if there is one, and of the processed one.
 std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices)
 {
     std::vector<const SSurface*> surfaces{&input.surface};
     if (input.raw)
         surfaces.insert(surfaces.begin(), &*input.raw);
-    const CKeys keys(choices.surface);
+    const std::vector<CParameter>& parameters = input.surface.IsProfile() ? choices.rows : choices.surface;
+    const CKeys keys(parameters);
     std::vector<SValues> table;
     for (const SSurface* surface : surfaces) {
-        const std::vector<SValue> values = Analysis::ComputeAreal(*surface, keys.Get());
+        const std::vector<SValue> values = ComputeValues(*surface, keys.Get(), choices.method);
         table.resize(values.size());
         for (std::size_t i = 0; i < values.size(); ++i) {
             table[i].key = values[i].key;
@@ -127,16 +158,15 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
         }
     }
     const auto valuesOf = [&](const CParameter& parameter) {
-        const std::string key = AnalysisKey(parameter);
         if (!parameter.HasParent())
-            return TakeValues(table, key);
+            return TakeValues(table, AnalysisKey(parameter));
         std::vector<double> values;
         values.reserve(surfaces.size());
         for (const SSurface* surface : surfaces)
-            values.push_back(Analysis::ComputeTemplate(*surface, key, VariableValues(parameter)));
+            values.push_back(ComputeTemplateValue(*surface, parameter, choices.method));
         return values;
     };
-    return MakeColumns(choices.surface, valuesOf, choices.automaticUnits);
+    return MakeColumns(parameters, valuesOf, choices.automaticUnits);
 }
 
 std::vector<SColumn> ProfileColumns(const SSurface& surface, const SChoices& choices)
@@ -216,6 +246,12 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
     CheckCutoff(input.surface, choices.method);
     SResults results = Describe(input);
     results.surface = SurfaceColumns(input, choices);
+    results.isProfile = input.surface.IsProfile();
+    if (results.isProfile) {
+        if (!results.surface.empty())
+            DescribeProfiles(input.surface, choices.method, results);
+        return results;
+    }
     results.rowName = u"Profile";
     results.columns = ProfileColumns(input.surface, choices);
     if (!choices.fromPlugIns.empty())

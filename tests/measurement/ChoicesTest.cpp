@@ -16,7 +16,6 @@ using namespace CommonUI::Measurement;
 namespace
 {
 
-// Rows of the catalogue that nothing computes yet.
 void AddKeys(std::set<std::string>& keys, const std::vector<Analysis::SQuantity>& quantities)
 {
     for (const Analysis::SQuantity& quantity : quantities)

@@ -19,28 +19,15 @@ TEST_F(ReportProgram, TransposedTableHasParametersAsColumns)
 
 TEST_F(ReportProgram, MotifsAndValleysAreReportedWithTheirLimits)
 {
-    const auto report = [&](const std::vector<std::string>& more) {
-        std::vector<std::string> arguments = {c_sample.string(),
-                                              "--out",
-                                              Out().string(),
-                                              "--unit",
-                                              "um",
-                                              "--parameters",
-                                              "p12085_RAr,p12085_Wte,Msm,Sdc(10,50)"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        EXPECT_EQ(Run(arguments), 0) << m_err.str();
-        return BytesOf(Out() / "report.txt");
-    };
-    const auto has = [](const std::string& text, const char* part) { return text.find(part) != text.npos; };
-    const std::string usual = report({});
-    EXPECT_TRUE(has(usual, "\r\nMotifs: no wider than A = 20 µm, those of the envelope than B = 100 µm\r\n"));
-    EXPECT_TRUE(
-        has(usual, "\r\nValleys: below a robust Gaussian regression of order 2 that starts from a closing of "
-                   "6.4 µm\r\n"));
-    EXPECT_TRUE(has(usual, "\r\nSdc(10 %, 50 %), "));
-    EXPECT_TRUE(has(usual, "\r\nProfile\tAR\tWte\tMsm\r\n"));
-    const std::string narrow = report({"--motif-limits", "2um,10um"});
-    EXPECT_TRUE(has(narrow, "A = 2 µm, those of the envelope than B = 10 µm\r\n"));
+    const std::string asked = "--unit um --parameters p12085_RAr,p12085_Wte,Msm,Sdc(10,50)";
+    const std::string usual = Report(asked);
+    for (const char* part : {"\r\nMotifs: no wider than A = 20 µm, those of the envelope than B = 100 µm\r\n",
+                             "\r\nValleys: below a robust Gaussian regression of order 2 that starts from a "
+                             "closing of 6.4 µm\r\n",
+                             "\r\nSdc(10 %, 50 %), ", "\r\nProfile\tAR\tWte\tMsm\r\n"})
+        EXPECT_TRUE(Has(usual, part)) << part;
+    const std::string narrow = Report(asked + " --motif-limits 2um,10um");
+    EXPECT_TRUE(Has(narrow, "A = 2 µm, those of the envelope than B = 10 µm\r\n"));
     EXPECT_NE(narrow.substr(narrow.find("\r\nProfile\t")), usual.substr(usual.find("\r\nProfile\t")));
 }
 
@@ -63,6 +50,8 @@ TEST_F(ReportProgram, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
                                                 "ELF\0\x01\xFF",
                                                 7));
     m_temporary.Write("text.txt", header + "1 2 x\n");
+    m_temporary.Write("heights.txt", "z [um]\n1\n2\n");
+    m_temporary.Write("profile.txt", "x [um] z [um]\n0 1\n1 2\n");
     m_temporary.Write("missing.txt", header + "BAD BAD BAD\n");
     m_temporary.Write("short.sdf", "aISO-1.0\nNumPoints = 3\nNumProfiles = 3\nXscale = 1e-6\nYscale = 1e-6\n"
                                    "Zscale = 1\n*\n1 2 3\n*\n");
