@@ -33,12 +33,12 @@ inline double Get(const std::vector<SValue>& values, std::string_view key)
 /// Compares to a relative 1e-9; NaN equals NaN, and next to nothing equals 0.
 inline void ExpectValues(const std::vector<SValue>& values, const std::vector<SValue>& expected)
 {
-    for (const auto& [key, value] : expected) {
-        const double actual = Get(values, key);
-        if (std::isnan(value))
-            EXPECT_TRUE(std::isnan(actual)) << key << " is " << actual;
+    for (const SValue& row : expected) {
+        const double actual = Get(values, row.key);
+        if (std::isnan(row.value))
+            EXPECT_TRUE(std::isnan(actual)) << row.key << " is " << actual;
         else
-            EXPECT_NEAR(actual, value, 1e-9 * std::max(std::abs(value), 1e-9)) << key;
+            EXPECT_NEAR(actual, row.value, 1e-9 * std::max(std::abs(row.value), 1e-9)) << row.key;
     }
 }
 
