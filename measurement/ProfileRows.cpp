@@ -3,6 +3,7 @@
 #include "analysis/areal/TemplateParameters.h"
 #include "analysis/profile/ProfileParameters.h"
 #include "analysis/profile/SplitProfile.h"
+#include "analysis/profile/UndefinedProfile.h"
 #include "measurement/detail/Keys.h"
 
 namespace CommonUI::Measurement
@@ -79,6 +80,12 @@ CPartValues CProfileRows::Compute(const SPart& part) const
             values[i].insert(values[i].end(), block[i].begin(), block[i].end());
     }
     return values;
+}
+
+std::string_view CProfileRows::Explain(std::size_t column, std::size_t line) const
+{
+    return Analysis::ExplainProfile(AnalysisKey(m_parameters[column]), m_surface.GetLine(line), m_surface.dx,
+                                    m_cutoff);
 }
 
 } // namespace CommonUI::Measurement

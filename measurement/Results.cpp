@@ -4,6 +4,7 @@
 #include "analysis/areal/TemplateParameters.h"
 #include "analysis/filter/SurfaceFilter.h"
 #include "analysis/grain/GrainMeasures.h"
+#include "analysis/grain/UndefinedGrain.h"
 #include "analysis/numeric/Statistics.h"
 #include "analysis/profile/SplitProfile.h"
 #include "measurement/detail/Keys.h"
@@ -12,6 +13,7 @@
 #include "output/results/NumberFormat.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
@@ -75,6 +77,11 @@ double FractileShare(const std::vector<CParameter>& statistics)
     return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
 }
 
+SValueState NotApplicable(std::string_view reason)
+{
+    return {EValueState::NotApplicable, CStr::FromUtf8(reason)};
+}
+
 // Of the raw surface, if there is one, and of the processed one.
 std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices)
 {
@@ -83,8 +90,9 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
         surfaces.insert(surfaces.begin(), &*input.raw);
     const CKeys keys(choices.surface);
     std::vector<SValues> table;
+    std::vector<std::vector<SValue>> computed;
     for (const SSurface* surface : surfaces) {
-        const std::vector<SValue> values = Analysis::ComputeAreal(*surface, keys.Get());
+        const auto& values = computed.emplace_back(Analysis::ComputeAreal(*surface, keys.Get()));
         table.resize(values.size());
         for (std::size_t i = 0; i < values.size(); ++i) {
             table[i].key = values[i].key;
@@ -101,7 +109,16 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
             values.push_back(Analysis::ComputeTemplate(*surface, key, VariableValues(parameter)));
         return values;
     };
-    return MakeColumns(choices.surface, valuesOf, choices.automaticUnits);
+    std::vector<SColumn> columns = MakeColumns(choices.surface, valuesOf, choices.automaticUnits);
+    for (SColumn& column : columns) {
+        const std::string key = AnalysisKey(column.parameter);
+        for (std::size_t i = 0; i < computed.size(); ++i) {
+            const auto found = std::ranges::find(computed[i], key, &SValue::key);
+            if (found != computed[i].end() && std::isnan(column.values[i]))
+                column.exceptions.push_back({i, NotApplicable(found->reason)});
+        }
+    }
+    return columns;
 }
 
 // Statistics of the profiles' parameters, and their values if these may be kept.
@@ -117,6 +134,7 @@ void AddProfiles(const SSurface& surface, const SChoices& choices, SResults& res
     results.columnsAtOnce = std::min(rows.CountColumnsAtOnce(), count);
     if (results.columnsAtOnce < count)
         results.computePart = [rows](const SPart& part) { return rows.Compute(part); };
+    results.explain = [rows](std::size_t column, std::size_t row) { return rows.Explain(column, row); };
     const double share = FractileShare(results.statistics);
     for (std::size_t first = 0; first < count; first += results.columnsAtOnce) {
         const std::size_t last = std::min(count, first + results.columnsAtOnce);
@@ -191,6 +209,12 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
     results.rowName = pores ? u"Pore" : u"Particle";
     results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
     results.columnsAtOnce = results.columns.size();
+    std::vector<std::string> shown;
+    for (const SColumn& column : results.columns)
+        shown.push_back(AnalysisKey(column.parameter));
+    results.explain = [shown, kind = limit.kind](std::size_t column, std::size_t) {
+        return Analysis::ExplainGrain(shown[column], kind);
+    };
     results.rowCount = grains.count;
     results.statistics = choices.statistics;
     for (SColumn& column : results.columns)
@@ -200,6 +224,13 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
 }
 
 } // namespace
+
+SValueState SResults::GetState(std::size_t column, std::size_t row, double value) const
+{
+    if (!std::isnan(value))
+        return {};
+    return NotApplicable(explain ? explain(column, row) : std::string_view());
+}
 
 CPartValues SResults::GetValues(const SPart& part) const
 {

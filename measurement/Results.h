@@ -7,6 +7,8 @@
 #include "RowValues.h"
 
 #include <cstddef>
+#include <functional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -31,6 +33,11 @@ struct SResults {
     /// How many columns of all rows may be computed at once without much room.
     std::size_t columnsAtOnce = 0;
 
+    /// Says why the value of a column is not defined in a row. It refers to the surface that was analysed.
+    std::function<std::string_view(std::size_t column, std::size_t row)> explain{};
+
+    /// What a value of a row stands for. @param value of that column and row
+    COMMONUIMEASUREMENT_API SValueState GetState(std::size_t column, std::size_t row, double value) const;
     /// The values of a part of the rows, kept or not.
     COMMONUIMEASUREMENT_API CPartValues GetValues(const SPart& part) const;
 };

@@ -5,6 +5,7 @@
 #include "model/Parameter.h"
 
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace CommonUI::Measurement
@@ -25,6 +26,8 @@ public:
     /// How many parameters of all lines take no more than a few times the room of the heights: 1 at least.
     std::size_t CountColumnsAtOnce() const;
     CPartValues Compute(const SPart& part) const;
+    /// Why the value of a parameter, which is NaN, is not defined for a line.
+    std::string_view Explain(std::size_t column, std::size_t line) const;
 
 private:
     CPartValues ComputeLines(const Analysis::SSurface& lines, const SPart& part) const;
