@@ -4,10 +4,12 @@
 #include "analysis/areal/TemplateParameters.h"
 #include "analysis/filter/SurfaceFilter.h"
 #include "analysis/grain/GrainMeasures.h"
+#include "analysis/grain/UndefinedGrain.h"
 #include "analysis/numeric/Statistics.h"
-#include "analysis/profile/ProfileParameters.h"
 #include "analysis/profile/SplitProfile.h"
-#include "measurement/detail/AnalysisKey.h"
+#include "analysis/profile/UndefinedProfile.h"
+#include "measurement/detail/Keys.h"
+#include "measurement/detail/ProfileRows.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
 
@@ -82,39 +84,9 @@ double FractileShare(const std::vector<CParameter>& statistics)
     return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
 }
 
-std::vector<double> VariableValues(const CParameter& parameter)
+SValueState NotApplicable(std::string_view reason)
 {
-    std::vector<double> values;
-    for (const CParameter& variable : parameter.GetVariables())
-        values.push_back(variable.GetVariableValue());
-    return values;
-}
-
-// The keys by which the analysis knows some parameters.
-class CKeys
-{
-public:
-    explicit CKeys(const std::vector<CParameter>& parameters)
-    {
-        for (const CParameter& parameter : parameters)
-            m_keys.push_back(AnalysisKey(parameter));
-        m_views.assign(m_keys.begin(), m_keys.end());
-    }
-    CKeys(const CKeys&) = delete;
-    CKeys& operator=(const CKeys&) = delete;
-
-    std::span<const std::string_view> Get() const { return m_views; }
-
-private:
-    std::vector<std::string> m_keys{};
-    std::vector<std::string_view> m_views{};
-};
-
-// Takes out what was computed under a key; nothing if that was not computed.
-std::vector<double> TakeValues(std::vector<SValues>& table, std::string_view key)
-{
-    const auto found = std::ranges::find(table, key, &SValues::key);
-    return found == table.end() ? std::vector<double>() : std::exchange(found->values, {});
+    return {EValueState::NotApplicable, CStr::FromUtf8(reason)};
 }
 
 // The parameters of a surface, or those of its only line where it is a profile.
@@ -126,8 +98,13 @@ std::vector<SValue> ComputeValues(const SSurface& surface, std::span<const std::
     if (std::ranges::all_of(surface.heights, [](double height) { return std::isnan(height); }))
         throw Analysis::ENoPoints();
     std::vector<SValue> values;
-    for (const SValues& column : Analysis::ComputeProfiles(surface, keys, method.cutoff))
-        values.push_back({column.key, column.values.front()});
+    for (const SValues& column : Analysis::ComputeProfiles(surface, keys, method.OfProfiles())) {
+        const double value = column.values.front();
+        values.push_back({column.key, value,
+                          std::isnan(value) ? Analysis::ExplainProfile(column.key, surface.heights,
+                                                                       surface.dx, method.OfProfiles())
+                                            : ""});
+    }
     return values;
 }
 
@@ -149,8 +126,9 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
     const std::vector<CParameter>& parameters = input.surface.IsProfile() ? choices.rows : choices.surface;
     const CKeys keys(parameters);
     std::vector<SValues> table;
+    std::vector<std::vector<SValue>> computed;
     for (const SSurface* surface : surfaces) {
-        const std::vector<SValue> values = ComputeValues(*surface, keys.Get(), choices.method);
+        const auto& values = computed.emplace_back(ComputeValues(*surface, keys.Get(), choices.method));
         table.resize(values.size());
         for (std::size_t i = 0; i < values.size(); ++i) {
             table[i].key = values[i].key;
@@ -166,20 +144,45 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
             values.push_back(ComputeTemplateValue(*surface, parameter, choices.method));
         return values;
     };
-    return MakeColumns(parameters, valuesOf, choices.automaticUnits);
+    std::vector<SColumn> columns = MakeColumns(parameters, valuesOf, choices.automaticUnits);
+    for (SColumn& column : columns) {
+        const std::string key = AnalysisKey(column.parameter);
+        for (std::size_t i = 0; i < computed.size(); ++i) {
+            const auto found = std::ranges::find(computed[i], key, &SValue::key);
+            if (found != computed[i].end() && std::isnan(column.values[i]))
+                column.exceptions.push_back({i, NotApplicable(found->reason)});
+        }
+    }
+    return columns;
 }
 
-std::vector<SColumn> ProfileColumns(const SSurface& surface, const SChoices& choices)
+// Statistics of the profiles' parameters, and their values if these may be kept.
+void AddProfiles(const SSurface& surface, const SChoices& choices, SResults& results)
 {
-    std::vector<SValues> table =
-        Analysis::ComputeProfiles(surface, CKeys(choices.rows).Get(), choices.method.OfProfiles());
-    const auto valuesOf = [&](const CParameter& parameter) {
-        const std::string key = AnalysisKey(parameter);
-        return parameter.HasParent() ? Analysis::ComputeLineTemplates(surface, key, VariableValues(parameter),
-                                                                      choices.method.cutoff)
-                                     : TakeValues(table, key);
-    };
-    return MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
+    results.rowName = u"Profile";
+    results.rowCount = surface.lines;
+    results.statistics = choices.statistics;
+    if (surface.lines == 0 || choices.rows.empty())
+        return;
+    const CProfileRows rows(surface, choices.rows, choices.method.OfProfiles());
+    const std::size_t count = choices.rows.size();
+    results.columnsAtOnce = std::min(rows.CountColumnsAtOnce(), count);
+    if (results.columnsAtOnce < count)
+        results.computePart = [rows](const SPart& part) { return rows.Compute(part); };
+    results.explain = [rows](std::size_t column, std::size_t row) { return rows.Explain(column, row); };
+    const double share = FractileShare(results.statistics);
+    for (std::size_t first = 0; first < count; first += results.columnsAtOnce) {
+        const std::size_t last = std::min(count, first + results.columnsAtOnce);
+        CPartValues values = rows.Compute({first, last, 0, results.rowCount});
+        for (std::size_t i = first; i < last; ++i) {
+            SColumn column =
+                MakeColumn(choices.rows[i], std::exchange(values[i - first], {}), choices.automaticUnits);
+            column.statistics = Analysis::ComputeStatistics(column.values, share);
+            if (results.computePart)
+                column.values = std::vector<double>(); // gives its memory back
+            results.columns.push_back(std::move(column));
+        }
+    }
 }
 
 // A cut-off that nobody has asked for is not refused: where it is not usable, its parameters have no values.
@@ -252,16 +255,12 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
             DescribeProfiles(input.surface, choices.method, results);
         return results;
     }
-    results.rowName = u"Profile";
-    results.columns = ProfileColumns(input.surface, choices);
+    AddProfiles(input.surface, choices, results);
     if (!choices.fromPlugIns.empty())
         results.summary.emplace_back(u"Not computed",
                                      NamesOf(choices.fromPlugIns) + u": supplied by a plug-in");
     if (!results.columns.empty())
         DescribeProfiles(input.surface, choices.method, results);
-    results.statistics = choices.statistics;
-    for (SColumn& column : results.columns)
-        column.statistics = Analysis::ComputeStatistics(column.values, FractileShare(results.statistics));
     return results;
 }
 
@@ -288,6 +287,14 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
                                  FormatParameterValue(grains.coverage, format) + u" %");
     results.rowName = pores ? u"Pore" : u"Particle";
     results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
+    results.columnsAtOnce = results.columns.size();
+    std::vector<std::string> shown;
+    for (const SColumn& column : results.columns)
+        shown.push_back(AnalysisKey(column.parameter));
+    results.explain = [shown, kind = limit.kind](std::size_t column, std::size_t) {
+        return Analysis::ExplainGrain(shown[column], kind);
+    };
+    results.rowCount = grains.count;
     results.statistics = choices.statistics;
     for (SColumn& column : results.columns)
         column.statistics = Analysis::ComputeGrainStatistics(grains, {.values = column.values},
@@ -296,6 +303,25 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
 }
 
 } // namespace
+
+SValueState SResults::GetState(std::size_t column, std::size_t row, double value) const
+{
+    if (!std::isnan(value))
+        return {};
+    return NotApplicable(explain ? explain(column, row) : std::string_view());
+}
+
+CPartValues SResults::GetValues(const SPart& part) const
+{
+    if (computePart)
+        return computePart(part);
+    CPartValues values;
+    for (std::size_t i = part.firstColumn; i < part.lastColumn; ++i) {
+        const auto all = std::span(columns[i].values).subspan(part.firstRow, part.lastRow - part.firstRow);
+        values.emplace_back(all.begin(), all.end());
+    }
+    return values;
+}
 
 SResults ComputeResults(const SInput& input, const SChoices& choices)
 {

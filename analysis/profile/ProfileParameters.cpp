@@ -181,6 +181,20 @@ std::vector<SValue> ComputeProfile(std::span<const double> heights, double dx, c
     return values;
 }
 
+SValue ComputeProfileValue(std::span<const double> heights, double dx, std::string_view key,
+                           const SProfileMethod& method)
+{
+    const STools tools(heights.size(), dx, method);
+    CLine line(heights, tools);
+    for (const SFamily& family : c_families) {
+        const std::vector<SQuantity> quantities = family.getQuantities();
+        const auto found = std::ranges::find(quantities, key, &SQuantity::key);
+        if (found != quantities.end())
+            return family.compute(line)[static_cast<std::size_t>(found - quantities.begin())];
+    }
+    return {"", c_undefined};
+}
+
 std::vector<SQuantity> GetProfileQuantities()
 {
     std::vector<SQuantity> quantities;

@@ -51,6 +51,11 @@ struct SProfileMethod {
 COMMONUIANALYSIS_API std::vector<SValue> ComputeProfile(std::span<const double> heights, double dx,
                                                         const SProfileMethod& method = {});
 
+/// One of these parameters, for which nothing is computed that only other families need; NaN for an unknown
+/// key.
+COMMONUIANALYSIS_API SValue ComputeProfileValue(std::span<const double> heights, double dx,
+                                                std::string_view key, const SProfileMethod& method = {});
+
 /// ComputeProfile for each line, its keys in the same order. Empty for a surface without lines.
 COMMONUIANALYSIS_API std::vector<SValues> ComputeProfiles(const SSurface& surface,
                                                           const SProfileMethod& method = {});

@@ -114,6 +114,13 @@ CResultGridPane::SShownCell CResultGridPane::GetCell(SGridCell cell) const
     return shown;
 }
 
+CStr CResultGridPane::GetToolTip(SGridCell cell) const
+{
+    const auto& rows = m_grid.GetRows();
+    return cell.row < rows.size() ? CGridBaseOutputCtrl::GetCellState(rows[cell.row], cell.column).reason
+                                  : CStr();
+}
+
 const CStr& CResultGridPane::GetGroup(std::size_t column) const
 {
     static const CStr none;

@@ -55,6 +55,9 @@ public:
     /// The headers over the columns from `first` to `last`; groups that reach beyond are given whole.
     std::vector<SShownHeader> GetHeaders(std::size_t first, std::size_t last) const;
 
+    /// Why a cell is empty; nothing where the table does not say it, and outside of it.
+    CStr GetToolTip(SGridCell cell) const;
+
     SSpokenCell Speak(SGridCell cell) const override { return {.text = GetCell(cell).text}; }
     /// With the name of the group in front.
     CStr SpeakHeader(std::size_t column) const override;

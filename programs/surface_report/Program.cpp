@@ -1,7 +1,7 @@
 #include "programs/surface_report/Program.h"
 
 #include "analysis/surface/Surface.h"
-#include "common/FileBytes.h"
+#include "common/FileReplacement.h"
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"
 #include "measurement/Choices.h"
@@ -21,6 +21,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <ostream>
 
@@ -44,13 +45,6 @@ CommonUI::Analysis::SSurface Read(const SOptions& options, std::ostream& err)
     return CommonUI::Formats::ReadSurface(
         options.input,
         {.progress = [&progress](double fraction) { progress.Show(fraction); }, .spacing = options.spacing});
-}
-
-void WriteFile(const fs::path& path, const std::string& bytes)
-{
-    CommonUI::CStr reason;
-    if (!CommonUI::ReplaceFileBytes(path.u16string(), bytes, reason))
-        throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
 }
 
 // A folder that is made where there is none, with those above it, and goes again unless it is kept.
@@ -82,38 +76,35 @@ private:
     std::vector<fs::path> m_made{}; // the deepest first
 };
 
-// A file with a new content, which goes again unless it is kept: the file is then as it was.
-class CReplacedFile
+// A report on its way to its file.
+class CReportFile
 {
 public:
-    CReplacedFile(const fs::path& path, const std::string& bytes)
-        : m_path(path)
+    // @param make writes the report with the function that it is called with
+    CReportFile(fs::path path, const std::function<void(const Measurement::FWriteText&)>& make)
+        : m_path(std::move(path))
     {
         CommonUI::CStr reason;
-        m_existed = CommonUI::ReadFileBytes(path.u16string(), m_before, m_before.max_size(), reason);
-        WriteFile(path, bytes);
+        Check(m_file.Open(m_path.u16string(), reason), reason);
+        make([&](std::string_view piece) { Check(m_file.Write(piece, reason), reason); });
     }
-    ~CReplacedFile()
-    {
-        CommonUI::CStr ignored;
-        std::error_code error;
-        if (m_isKept)
-            return;
-        if (m_existed)
-            CommonUI::ReplaceFileBytes(m_path.u16string(), m_before, ignored);
-        else
-            fs::remove(m_path, error);
-    }
-    CReplacedFile(const CReplacedFile&) = delete;
-    CReplacedFile& operator=(const CReplacedFile&) = delete;
 
-    void Keep() { m_isKept = true; }
+    void Replace()
+    {
+        CommonUI::CStr reason;
+        Check(m_file.ReplaceForNow(reason), reason);
+    }
+    void Keep() { m_file.Keep(); }
 
 private:
+    void Check(bool done, const CommonUI::CStr& reason) const
+    {
+        if (!done)
+            throw std::runtime_error(m_path.string() + ": " + reason.ToUtf8());
+    }
+
     fs::path m_path;
-    std::string m_before{};
-    bool m_existed = false;
-    bool m_isKept = false;
+    CommonUI::CFileReplacement m_file{};
 };
 
 // Writes both reports to a folder that is there and the surface where it is to be saved, and saves the
@@ -121,11 +112,15 @@ private:
 void WriteAll(const Measurement::CReportTables& report, const CommonUI::Analysis::SSurface& surface,
               const SOptions& options, CPreferencesFile& preferences)
 {
-    CReplacedFile html(options.output / "report.html", report.GetHtml());
-    CReplacedFile text(options.output / "report.txt", report.GetText());
-    std::optional<CReplacedFile> saved;
+    CReportFile html(options.output / "report.html", [&](const auto& write) { report.WriteHtml(write); });
+    CReportFile text(options.output / "report.txt", [&](const auto& write) { report.WriteText(write); });
+    std::optional<CReportFile> saved;
     if (!options.save.empty())
-        saved.emplace(options.save, SavedBytes(surface, options));
+        saved.emplace(options.save, [&](const auto& write) { write(SavedBytes(surface, options)); });
+    html.Replace();
+    text.Replace();
+    if (saved)
+        saved->Replace();
     preferences.Save();
     if (saved)
         saved->Keep();

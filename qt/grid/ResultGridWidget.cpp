@@ -9,7 +9,9 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QMenu>
+#include <QToolTip>
 
 #include <utility>
 
@@ -54,6 +56,17 @@ CResultGridWidget::CResultGridWidget(CGridBaseOutputCtrl& table, QWidget* parent
 CResultGridWidget::~CResultGridWidget()
 {
     m_pane.SetView(nullptr);
+}
+
+bool CResultGridWidget::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return CGridWidget::viewportEvent(event);
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const SGridHit hit = m_pane.HitTest({help.pos().x(), help.pos().y()});
+    const CStr text = hit.part == SGridHit::EPart::Cell ? m_pane.GetToolTip(hit.cell) : CStr();
+    QToolTip::showText(help.globalPos(), ToQString(text), viewport()); // an empty text hides the one before
+    return true;
 }
 
 void CResultGridWidget::AddCommand(ECommand command, int textId)

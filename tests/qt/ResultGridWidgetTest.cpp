@@ -146,3 +146,19 @@ TEST(ResultGridWidget, AMouseHeldOutsideScrolls)
     EXPECT_EQ(shown.grid->GetPane().GetScrollTop(), 400) << "columns are selected where the user is";
     EXPECT_EQ(shown.grid->GetPane().GetSelection().GetRange(), (SGridRange{0, 999, 1, 3}));
 }
+
+TEST(ResultGridWidget, ToolTipsSayWhyCellsAreEmpty)
+{
+    SShownResults shown(2);
+    shown.grid->GetTable().AddRow({.name = u"2",
+                                   .cells = {u"1", u"", u""},
+                                   .states = {{2, {EValueState::NotApplicable, u"the profile is flat"}}}});
+    shown.grid->Update();
+    const std::pair<std::size_t, const char*> columns[] = {{1, ""}, {3, ""}, {2, "the profile is flat"}};
+    for (const auto& [column, text] : columns) {
+        const QPoint place = shown.Center(2, column);
+        QHelpEvent event(QEvent::ToolTip, place, shown.View().mapToGlobal(place));
+        QApplication::sendEvent(&shown.View(), &event);
+        EXPECT_EQ(QToolTip::text().toStdString(), text) << column;
+    }
+}
