@@ -22,7 +22,7 @@ constexpr double c_top = 30;
 constexpr double c_bottom = c_height - 42;
 constexpr double c_right = c_width - 16;
 constexpr double c_markRoom = 10;
-constexpr double c_coreRoom = 116; // for the values to the right of the curve
+constexpr double c_bracketRoom = 19; // between the curve and the values to its right
 
 double LeftOf(const SAxis& axis)
 {
@@ -124,9 +124,26 @@ struct SBracket {
     double to = 0;
 };
 
-void DrawBrackets(CSvg& svg, const SPlot& plot, const std::array<SBracket, 3>& brackets)
+using CBrackets = std::array<SBracket, 3>;
+
+CBrackets MakeBrackets(const SCoreLine& line, const SCore& core)
 {
-    const double x = plot.GetRight() + 10;
+    return {SBracket{u"Spk " + LengthText(core.Spk), line.top + core.Spk, line.top},
+            SBracket{u"Sk " + LengthText(core.Sk), line.top, line.bottom},
+            SBracket{u"Svk " + LengthText(core.Svk), line.bottom, line.bottom - core.Svk}};
+}
+
+double RoomOf(const CBrackets& brackets)
+{
+    double room = 0;
+    for (const SBracket& bracket : brackets)
+        room = std::max(room, c_bracketRoom + TextWidth(bracket.text));
+    return room;
+}
+
+void DrawBrackets(CSvg& svg, const SPlot& plot, const CBrackets& brackets)
+{
+    const double x = plot.GetRight() + c_bracketRoom - 9;
     double lowest = plot.GetTop();
     for (const SBracket& bracket : brackets) {
         const double from = plot.y.Map(bracket.from);
@@ -160,15 +177,11 @@ void DrawCore(CSvg& svg, const SPlot& plot, const SCoreLine& line, const SCore& 
     DrawCurve(svg, plot, {{0, line.top}, {100, line.bottom}}, "second");
 }
 
-void NameCore(CSvg& svg, const SPlot& plot, const SCoreLine& line, const SCore& core)
+void NameCore(CSvg& svg, const SPlot& plot, const SCore& core)
 {
     const double low = plot.GetBottom() - 7;
     svg.AddText(u"Smr1 " + PercentText(core.Smr1), plot.x.Map(core.Smr1) + 5, low, "start note");
     svg.AddText(u"Smr2 " + PercentText(core.Smr2), plot.x.Map(core.Smr2) - 5, low, "end note");
-    DrawBrackets(svg, plot,
-                 {SBracket{u"Spk " + LengthText(core.Spk), line.top + core.Spk, line.top},
-                  SBracket{u"Sk " + LengthText(core.Sk), line.top, line.bottom},
-                  SBracket{u"Svk " + LengthText(core.Svk), line.bottom, line.bottom - core.Svk}});
 }
 
 } // namespace
@@ -221,8 +234,9 @@ std::string DrawMaterialRatio(const CMaterialRatio& curve)
         range = range.Including(line.top + core.Spk).Including(line.bottom - core.Svk);
     range = MakeRoom(range);
     const SAxis y = MakeAxis(range, 7);
+    const CBrackets brackets = MakeBrackets(line, core);
     const SPlot plot{
-        .x = {.range = {0, 100}, .from = LeftOf(y), .to = hasCore ? c_right - c_coreRoom : c_right},
+        .x = {.range = {0, 100}, .from = LeftOf(y), .to = hasCore ? c_width - RoomOf(brackets) : c_right},
         .y = {.range = range, .from = c_bottom, .to = c_top}};
     CStr description = u"Height that a share of the points reaches";
     if (hasCore)
@@ -236,8 +250,10 @@ std::string DrawMaterialRatio(const CMaterialRatio& curve)
         DrawCore(svg, plot, line, core);
     DrawCurve(svg, plot, SampleCurve(curve), "curve");
     DrawFrame(svg, plot);
-    if (hasCore)
-        NameCore(svg, plot, line, core);
+    if (hasCore) {
+        NameCore(svg, plot, core);
+        DrawBrackets(svg, plot, brackets);
+    }
     return svg.Finish();
 }
 

@@ -10,7 +10,7 @@ namespace
 {
 
 constexpr double c_markLength = 5;
-constexpr double c_digitWidth = 7.2; // of the style's font size
+constexpr double c_digitWidth = 8.3; // of wide fonts in the style's size
 constexpr double c_lineHeight = 16;
 constexpr double c_textGap = 10;
 
