@@ -80,15 +80,15 @@ void AddTicks(SAxis& axis, CRange<double> range, int intervals, double factor)
     const double step = NearestStep(range.GetLength() / factor / intervals);
     const double first = std::ceil(range.GetLower() / factor / step - c_tolerance);
     const double last = std::floor(range.GetUpper() / factor / step + c_tolerance);
-    if (!std::isfinite(step) || !(last - first < c_mostTicks))
+    // Nor are there marks where these would be nearer than the numbers.
+    if (!std::isfinite(step) || !(last - first < c_mostTicks) || first + 1 == first)
         return;
     const int decimals = std::max(0, -DecadeOf(step));
-    for (double count = first; count <= last; ++count) {
-        const double value = count * step + 0.0; // no negative zero
+    const auto count = static_cast<int>(last - first);
+    for (int i = 0; i <= count; ++i) {
+        const double value = (first + i) * step + 0.0; // no negative zero
         axis.ticks.push_back(
             {.value = value * factor, .text = NumberText(value, {.conversion = 'f', .precision = decimals})});
-        if (count + 1 == count) // the marks are nearer than the numbers
-            return;
     }
 }
 

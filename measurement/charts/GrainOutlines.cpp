@@ -132,9 +132,10 @@ template<class FVisit>
 void ForEachCell(const SGrainMap& map, const FVisit& visit)
 {
     for (std::size_t i = 0; i < map.labels.size(); ++i) {
+        const std::size_t line = i / map.points;
         if (map.labels[i] > 0)
             visit(map.labels[i], static_cast<double>(i % map.points) + 0.5,
-                  static_cast<double>(map.lines - 1 - i / map.points) + 0.5);
+                  static_cast<double>(map.lines - 1 - line) + 0.5);
     }
 }
 

@@ -51,6 +51,7 @@ std::string DrawSpectrum(const std::vector<SSpectrumPoint>& spectrum)
                   AxisName(u"frequency", unit.GetText() + u"⁻¹"));
     DrawAxisLeft(svg, plot, y, u"power / m³");
     std::vector<SCurvePoint> points;
+    points.reserve(spectrum.size());
     for (const SSpectrumPoint& point : spectrum)
         points.push_back(
             {point.frequency * factor, powers.Contains(point.power) ? point.power : Analysis::c_missing});

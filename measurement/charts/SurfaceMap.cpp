@@ -79,7 +79,9 @@ void AddHatching(CSvg& svg, const SPlot& plot)
     const double width = plot.GetRight() - plot.GetLeft();
     const double height = plot.GetBottom() - plot.GetTop();
     CSvgPath lines;
-    for (double x = -height; x < width; x += 7) {
+    constexpr double c_distance = 7;
+    for (int i = 0; i * c_distance < width + height; ++i) {
+        const double x = i * c_distance - height;
         lines.MoveTo(x, height);
         lines.LineTo(x + height, 0);
     }
