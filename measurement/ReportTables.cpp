@@ -151,6 +151,18 @@ std::string Joined(std::initializer_list<CStr> texts, std::string_view separator
     return joined;
 }
 
+// Inserts texts behind the first table.
+void InsertBehindTable(std::string& page, const std::vector<std::string>& texts)
+{
+    constexpr std::string_view c_end = "</table>\n";
+    const std::size_t end = page.find(c_end);
+    std::size_t at = end == page.npos ? page.size() : end + c_end.size();
+    for (const std::string& text : texts) {
+        page.insert(at, text);
+        at += text.size();
+    }
+}
+
 } // namespace
 
 CReportTables::CReportTables(SResults results, bool transpose)
@@ -261,9 +273,10 @@ std::string CReportTables::GetHtml() const
     m_statistics.GetGridCells(profiles, SCell::Statistics);
     if (m_transpose)
         CGrid::TransposeCells(profiles);
-    const std::string tables = Joined({CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose),
-                                       CGrid::GenerateResultsHTMLTable(profiles)},
-                                      "\n<br>\n");
+    std::string tables = Joined({CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose),
+                                 CGrid::GenerateResultsHTMLTable(profiles)},
+                                "\n<br>\n");
+    InsertBehindTable(tables, m_pictures);
     return "<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report: " + m_title + "</title>\n" + tables +
            "\n</html>\n";
 }

@@ -23,6 +23,7 @@ struct SOptions : CommandLine::SSurfaceOptions {
     std::optional<std::string> listSettings{};
     std::filesystem::path settingsFolder{}; ///< where custom settings lie; empty for the user's folder
     bool transpose = false;
+    bool hasPictures = true; ///< whether the page has pictures
 };
 
 /// How the program is called.
