@@ -16,8 +16,17 @@ CExEdit::~CExEdit() = default;
 void CExEdit::SetView(CEditView* view)
 {
     Link(*this, view);
-    if (view)
-        OnViewSet();
+    if (!view)
+        return;
+    view->SetReadOnly(m_readOnly);
+    OnViewSet();
+}
+
+void CExEdit::SetReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+    if (GetView())
+        GetView()->SetReadOnly(readOnly);
 }
 
 bool CExEdit::OnKey(const SKey& key)
@@ -44,7 +53,7 @@ void CExEdit::OnFocusLost()
 bool CExEdit::ClaimsAllKeys(bool byDefault) noexcept
 {
     m_allKeysByDefault = byDefault;
-    return byDefault || m_wantsEnter;
+    return byDefault || (m_wantsEnter && !m_readOnly);
 }
 
 void CExEdit::Validate()
@@ -76,7 +85,7 @@ bool CExEdit::HandleKey(const SKey& key)
 
 bool CExEdit::FinishInput(const SKey& key)
 {
-    if (!m_wantsEnter || (key.key == EKey::Enter && m_allKeysByDefault))
+    if (!m_wantsEnter || m_readOnly || (key.key == EKey::Enter && m_allKeysByDefault))
         return false;
     const CWatch watch(*this);
     if (m_validate)

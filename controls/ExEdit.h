@@ -58,6 +58,8 @@ public:
     /// Selects the text and scrolls the caret into view.
     virtual void SelectAll() = 0;
     virtual bool HasFocus() const = 0;
+    /// Whether the user may select and copy the text, but not change it.
+    virtual void SetReadOnly(bool readOnly) = 0;
     /// Moves the focus to the next or previous tab stop of the dialog: out of a container into the one around
     /// it where the field is the last or first.
     virtual void MoveFocus(bool backward) = 0;
@@ -77,6 +79,10 @@ public:
     void SetView(CEditView* view);
     /// Whether Enter, Escape and the loss of the focus call Validate.
     void SetValidate(bool validate) noexcept { m_validate = validate; }
+    /// Whether the user cannot change anything, but select and copy the text. Enter and Escape go on to the
+    /// dialog then. What has been typed and not been taken is lost; the program may change all there is.
+    virtual void SetReadOnly(bool readOnly);
+    bool IsReadOnly() const noexcept { return m_readOnly; }
     /// Whether the user has typed something that Validate has not seen yet.
     bool IsModified() const noexcept { return m_modified; }
 
@@ -96,7 +102,7 @@ public:
     /// @return as OnKey
     virtual bool OnMouseWheel(int delta, bool control);
     /// The user has changed the text.
-    void OnTextEdited() noexcept { m_modified = true; }
+    void OnTextEdited() noexcept { m_modified = !m_readOnly; }
     void OnFocusLost();
     /// The view asks whether the field gets all keys, also those by which a dialog is closed.
     /// @param byDefault whether it does without control, as a field of several lines
@@ -119,6 +125,7 @@ private:
 
     bool m_validate;
     bool m_wantsEnter;
+    bool m_readOnly = false;
     bool m_allKeysByDefault = false;
     bool m_modified = false;
     CCallbackSlot m_keyFilter;

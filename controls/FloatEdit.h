@@ -6,8 +6,8 @@ namespace CommonUI
 {
 
 /// An edit field for a real number. At first it holds 0, has the range of `float`, a step of 1 and the format
-/// "%f". A typed number is read as far as it goes ("1.5 mm" is 1.5), with a decimal point whatever the
-/// locale; infinity is clamped, not-a-number refused.
+/// "%f". At first a typed number is read as far as it goes ("1.5 mm" is 1.5), with a decimal point
+/// whatever the locale; infinity is clamped, not-a-number refused. See SetScanning for another way.
 class COMMONUI_API CFloatEdit : public CScalarEdit<float>
 {
 public:
@@ -26,6 +26,7 @@ public:
 
 private:
     CStr m_format = u"%f";
+    CStr m_unit; // what the format shows behind the number
 };
 
 } // namespace CommonUI

@@ -3,6 +3,8 @@
 #include "controls/detail/NumberScan.h"
 #include "controls/detail/Scalar.h"
 
+#include <limits>
+
 namespace CommonUI
 {
 
@@ -15,12 +17,17 @@ CIntEdit::~CIntEdit() = default;
 
 bool CIntEdit::WindowTextToValue(int& value) const
 {
-    long long typed = 0;
-    if (!GetView() || !ScanInteger(GetView()->GetText(), typed))
+    if (!GetView())
         return false;
-    using CLimits = std::numeric_limits<int>;
-    value = static_cast<int>(std::clamp<long long>(typed, CLimits::min(), CLimits::max()));
-    return true;
+    const CStr text = GetView()->GetText();
+    std::optional<double> typed;
+    if (GetScanning() == EScanning::Whole)
+        typed = ReadTypedInteger(text);
+    else if (long long scanned = 0; ScanInteger(text, scanned))
+        typed = static_cast<double>(scanned);
+    if (typed)
+        value = FromDouble<int>(*typed);
+    return typed.has_value();
 }
 
 CStr CIntEdit::ValueToText(const int& value) const

@@ -5,8 +5,9 @@
 namespace CommonUI
 {
 
-/// An edit field for an integer. At first it holds 0, has the range of `int` and a step of 1. A typed number
-/// is read up to its last digit ("12abc" is 12), and clamped however long it is.
+/// An edit field for an integer. At first it holds 0, has the range of `int` and a step of 1. At first a
+/// typed number is read up to its last digit ("12abc" is 12), and clamped however long it is. See SetScanning
+/// for another way.
 class COMMONUI_API CIntEdit : public CScalarEdit<int>
 {
 public:

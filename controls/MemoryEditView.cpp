@@ -77,14 +77,11 @@ bool CMemoryEditView::Edit(const SKey& key)
     const std::size_t after = std::min(m_caret + 1, m_text.GetLength());
     switch (key.key) {
     case EKey::Character:
-        Replace(from, to, {&key.character, 1});
-        return true;
+        return Replace(from, to, {&key.character, 1});
     case EKey::Backspace:
-        Replace(from == to ? before : from, to, {});
-        return true;
+        return Replace(from == to ? before : from, to, {});
     case EKey::Delete:
-        Replace(from, from == to ? after : to, {});
-        return true;
+        return Replace(from, from == to ? after : to, {});
     case EKey::Left:
         MoveCaret(before, key.shift);
         return true;
@@ -109,9 +106,11 @@ void CMemoryEditView::MoveCaret(std::size_t position, bool select)
         m_anchor = position;
 }
 
-// Lets the user replace a part of the text.
-void CMemoryEditView::Replace(std::size_t from, std::size_t to, std::u16string_view text)
+// Lets the user replace a part of the text, if that is possible.
+bool CMemoryEditView::Replace(std::size_t from, std::size_t to, std::u16string_view text)
 {
+    if (m_readOnly)
+        return false;
     CStr changed = m_text.Left(from);
     changed += text;
     changed += m_text.Mid(to);
@@ -119,6 +118,7 @@ void CMemoryEditView::Replace(std::size_t from, std::size_t to, std::u16string_v
     MoveCaret(from + text.size(), false);
     if (GetControl())
         GetControl()->OnTextEdited();
+    return true;
 }
 
 } // namespace CommonUI

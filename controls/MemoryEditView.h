@@ -20,6 +20,8 @@ public:
     void SetText(const CStr& text) override;
     void SelectAll() override;
     bool HasFocus() const override { return m_focus; }
+    void SetReadOnly(bool readOnly) override { m_readOnly = readOnly; }
+    bool IsReadOnly() const noexcept { return m_readOnly; }
     void MoveFocus(bool backward) override;
 
     /// Makes `next` the tab stop after this one. Neither is owned; both forget each other when one goes.
@@ -38,12 +40,13 @@ public:
 private:
     bool Edit(const SKey& key);
     void MoveCaret(std::size_t position, bool select);
-    void Replace(std::size_t from, std::size_t to, std::u16string_view text);
+    bool Replace(std::size_t from, std::size_t to, std::u16string_view text);
 
     CStr m_text;
     std::size_t m_anchor = 0; // the end of the selection where the caret is not
     std::size_t m_caret = 0;
     bool m_focus = false;
+    bool m_readOnly = false;
     CMemoryEditView* m_next = nullptr;
     CMemoryEditView* m_previous = nullptr;
 };

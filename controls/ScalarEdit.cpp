@@ -126,6 +126,15 @@ void CScalarEdit<T>::SetIncrement(T minimum, T maximum, double factor)
 }
 
 template<class T>
+void CScalarEdit<T>::SetReadOnly(bool readOnly)
+{
+    CExEdit::SetReadOnly(readOnly);
+    m_spin.Enable(!readOnly);
+    if (readOnly && IsModified())
+        ValueToWindowText();
+}
+
+template<class T>
 std::optional<SEditNumber> CScalarEdit<T>::GetNumber() const
 {
     const auto [least, greatest] = std::minmax(m_minimum, m_maximum);
@@ -224,6 +233,8 @@ void CScalarEdit<T>::Notify()
 template<class T>
 void CScalarEdit<T>::OnSpinDeltaPos(int delta)
 {
+    if (IsReadOnly())
+        return;
     const CWatch watch(*this);
     Validate();
     if (watch.IsGone())
@@ -260,6 +271,8 @@ double CScalarEdit<T>::GetGridPoint(int delta) const
 template<class T>
 void CScalarEdit<T>::OnStepSizeChanged(int delta)
 {
+    if (IsReadOnly())
+        return;
     m_step.Change(delta, ToDouble(m_value));
     RefreshDisplay();
     ShowStepHint();
@@ -269,7 +282,7 @@ template<class T>
 bool CScalarEdit<T>::OnMouseWheel(int delta, bool control)
 {
     // A field without the focus leaves the wheel to the page it lies on.
-    if (!m_stepping || !GetView() || !GetView()->HasFocus())
+    if (!CanStep() || !GetView() || !GetView()->HasFocus())
         return false;
     const std::optional<int> steps = m_wheel.Turn(delta, control);
     if (!steps)
@@ -292,7 +305,7 @@ void CScalarEdit<T>::ShowStepHint()
 template<class T>
 bool CScalarEdit<T>::HandleKey(const SKey& key)
 {
-    if (m_stepping && key.control && (key.key == EKey::Up || key.key == EKey::Down)) {
+    if (CanStep() && key.control && (key.key == EKey::Up || key.key == EKey::Down)) {
         OnSpinDeltaPos(key.key == EKey::Up ? 1 : -1);
         return true;
     }

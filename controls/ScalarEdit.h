@@ -3,6 +3,7 @@
 #include "ExEdit.h"
 #include "StepSize.h"
 #include "StepSizeCtrl.h"
+#include "TypedNumber.h"
 #include "UpDown.h"
 #include "WheelSteps.h"
 
@@ -71,6 +72,9 @@ public:
     /// Whether arrow keys and wheel step the value, as they do at first. The spin button always does.
     void EnableStepping(bool enable) noexcept { m_stepping = enable; }
     bool IsSteppingEnabled() const noexcept { return m_stepping; }
+    /// How typed text is read, at first as far as it goes.
+    void SetScanning(EScanning scanning) noexcept { m_scanning = scanning; }
+    EScanning GetScanning() const noexcept { return m_scanning; }
     /// Whether the callback that asks is called for something the user has typed or stepped.
     bool ValidatingUserInput() const noexcept { return m_validatingUserInput; }
 
@@ -92,22 +96,23 @@ public:
     CUpDown& GetSpinButton() noexcept { return m_spin; }
     CStepSizeCtrl& GetStepSizeCtrl() noexcept { return m_stepSize; }
 
+    void SetReadOnly(bool readOnly) override;
     std::optional<SEditNumber> GetNumber() const override;
     /// Takes what was typed. Text that is no number, or a number that is refused, is answered with a warning
     /// sound. In every case the field shows the value afterwards.
     void Validate() override;
     /// Shows the value in the window, if there is one; what the user has typed is lost.
     virtual void ValueToWindowText();
-    /// Reads the text of the window. @return false, with `value` unchanged, if it does not start with a
-    /// number
+    /// Reads the text of the window. @return false, with `value` unchanged, if it is no number, or for
+    /// EScanning::Prefix, does not start with one
     virtual bool WindowTextToValue(T& value) const = 0;
     virtual CStr ValueToText(const T& value) const = 0;
     /// Takes what was typed and steps from there: from a value between two multiples of the step to a
     /// multiple, from a multiple to another one. 0 steps move a value between two multiples to one of them,
-    /// too.
+    /// too. Nothing happens in an edit that the user cannot change.
     virtual void OnSpinDeltaPos(int delta);
-    /// Makes the step 10^delta times as large, if the limits of the exponent allow it, and shows it as a
-    /// hint.
+    /// Makes the step 10^delta times as large, if the limits of the exponent allow it and the user may change
+    /// anything, and shows it as a hint.
     virtual void OnStepSizeChanged(int delta);
     bool OnMouseWheel(int delta, bool control) override;
 
@@ -125,6 +130,7 @@ private:
     bool StoreRange(T minimum, T maximum);
     T Clamp(T value) const;
     bool IsAccepted(T value);
+    bool CanStep() const { return m_stepping && !IsReadOnly(); }
     void Notify();
     void Apply(T value, bool byUser);
     double GetGridPoint(int delta) const;
@@ -137,6 +143,7 @@ private:
     T m_maximum{};
     CStepSize m_step;
     CWheelSteps m_wheel;
+    EScanning m_scanning = EScanning::Prefix;
     bool m_stepping = true;
     int m_depth = 0; // how many changes are going on, each made in a callback of the one before
     bool m_asking = false;

@@ -7,11 +7,13 @@ namespace CommonUI
 
 CSpinView::~CSpinView() = default;
 
-void CSpinView::ShowHint(const CStr&)
+void CSpinView::SetEnabled(bool)
 {
 }
 
-CMemorySpinView::~CMemorySpinView() = default;
+void CSpinView::ShowHint(const CStr&)
+{
+}
 
 CUpDown::CUpDown() = default;
 
@@ -20,8 +22,10 @@ CUpDown::~CUpDown() = default;
 void CUpDown::SetView(CSpinView* view)
 {
     Link(*this, view);
-    if (view)
-        view->SetVisible(m_visible);
+    if (!view)
+        return;
+    view->SetVisible(m_visible);
+    view->SetEnabled(m_enabled);
 }
 
 void CUpDown::Show(unsigned int identifier, bool visible)
@@ -31,6 +35,15 @@ void CUpDown::Show(unsigned int identifier, bool visible)
     if (GetView())
         GetView()->SetVisible(visible);
     if (m_stepSize && !visible)
+        m_stepSize->Close();
+}
+
+void CUpDown::Enable(bool enable)
+{
+    m_enabled = enable;
+    if (GetView())
+        GetView()->SetEnabled(enable);
+    if (m_stepSize && !enable)
         m_stepSize->Close();
 }
 
@@ -49,7 +62,7 @@ void CUpDown::OnDeltaPos(int delta)
 
 void CUpDown::OnPointerEntered()
 {
-    if (m_stepSize)
+    if (m_stepSize && m_enabled)
         m_stepSize->Show(*this);
 }
 

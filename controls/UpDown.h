@@ -21,6 +21,8 @@ public:
     /// Where the button lies, in pixels of the screen.
     virtual SRect GetScreenRect() const = 0;
     virtual void SetVisible(bool visible) = 0;
+    /// Shows whether the user can press the button. A view that cannot does nothing.
+    virtual void SetEnabled(bool enabled);
     /// Shows a text beside the button for a moment. A view that cannot show one at will does nothing.
     virtual void ShowHint(const CStr& text);
 };
@@ -48,6 +50,9 @@ public:
     /// dialog
     void Show(unsigned int identifier, bool visible);
     bool IsVisible() const noexcept { return m_visible; }
+    /// Whether the view lets the user press the button, as at first, and the pointer calls up the pop-up.
+    void Enable(bool enable);
+    bool IsEnabled() const noexcept { return m_enabled; }
     unsigned int GetIdentifier() const noexcept { return m_identifier; }
     void ShowHint(const CStr& text);
 
@@ -61,21 +66,7 @@ private:
     CStepSizeCtrl* m_stepSize = nullptr;
     unsigned int m_identifier = 0;
     bool m_visible = false;
-};
-
-/// A spin button without a display.
-class COMMONUI_API CMemorySpinView : public CSpinView
-{
-public:
-    ~CMemorySpinView() override;
-
-    SRect GetScreenRect() const override { return rect; }
-    void SetVisible(bool visible) override { shown = visible; }
-    void ShowHint(const CStr& text) override { hint = text; }
-
-    SRect rect{};
-    bool shown = false;
-    CStr hint{}; ///< the last one
+    bool m_enabled = true;
 };
 
 } // namespace CommonUI

@@ -44,6 +44,7 @@ void CBaseDialog::Open(bool modal)
     if (m_open)
         throw EInternal(u"BaseDialog", __LINE__, u"CBaseDialog::Open", u"The dialog is open.");
     m_open = true;
+    m_modal = modal;
     m_result = c_cancel;
     if (GetDialogView())
         GetDialogView()->SetModal(modal);
@@ -63,6 +64,7 @@ void CBaseDialog::EndDialog(int result)
     m_result = result;
     m_timers.clear();
     if (CDialogView* const view = GetDialogView()) {
+        view->SetBusy(false);
         view->SetModal(false);
         view->Show(false);
     }
@@ -108,8 +110,11 @@ void CBaseDialog::OnDestroy()
 
 void CBaseDialog::ShowWindow(bool visible)
 {
-    if (m_open && GetDialogView())
-        GetDialogView()->Show(visible);
+    CDialogView* const view = m_open ? GetDialogView() : nullptr;
+    if (!view)
+        return;
+    view->Show(visible);
+    view->SetBusy(m_modal && !visible);
 }
 
 } // namespace CommonUI

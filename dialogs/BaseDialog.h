@@ -74,6 +74,7 @@ private:
     unsigned int m_identifier;
     CWnd* m_parent;
     bool m_open = false;
+    bool m_modal = false;
     int m_result = c_cancel;
     std::map<unsigned int, std::unique_ptr<CWinTimer>> m_timers;
 };

@@ -16,12 +16,14 @@ class CMemoryDialogView : public TView
 public:
     void Show(bool visible) override { m_visible = visible; }
     void SetModal(bool modal) override { m_modal = modal; }
+    void SetBusy(bool busy) override { m_busy = busy; }
     void SetCaption(const CStr& caption) override { m_caption = caption; }
     void SetText(int control, const CStr& text) override { m_texts[control] = text; }
     void Enable(int control, bool enable) override { m_enabled[control] = enable; }
 
     bool IsVisible() const noexcept { return m_visible; }
     bool IsModal() const noexcept { return m_modal; }
+    bool IsBusy() const noexcept { return m_busy; }
     const CStr& GetCaption() const noexcept { return m_caption; }
     /// Empty where no text was set.
     CStr GetText(int control) const
@@ -43,6 +45,7 @@ protected:
 private:
     bool m_visible = false;
     bool m_modal = false;
+    bool m_busy = false;
     CStr m_caption;
     std::map<int, CStr> m_texts;
     std::map<int, bool> m_enabled;

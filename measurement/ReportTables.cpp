@@ -1,10 +1,15 @@
 #include "measurement/ReportTables.h"
 
+#include "common/ControlCharacters.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
+#include "output/results/ResultsHtml.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace CommonUI::Measurement
 {
@@ -20,29 +25,16 @@ constexpr std::string_view c_lineEnd = "\r\n";
 // On one line and in one cell, whatever a file says of itself.
 CStr OneLine(const CStr& text)
 {
-    std::u16string line(text.View());
-    std::ranges::replace_if(
-        line, [](char16_t unit) { return unit < u' ' || (unit >= 0x7F && unit <= 0x9F); }, u' ');
-    return line;
+    return ReplaceControls(text, u' ');
 }
 
-void FillSurface(CGrid& grid, const std::vector<SColumn>& columns)
+// Parameters of profiles are called alike in several standards.
+CStr RowNameOf(const CParameter& parameter, bool isProfile)
 {
-    grid.SetNameHeader(u"Surface parameter");
-    if (columns.front().values.size() > 1) {
-        grid.AddColumn({u"Raw", {}});
-        grid.AddColumn({u"Processed", {}});
-    } else {
-        grid.AddColumn({u"Value", {}});
-    }
-    grid.AddColumn({u"Unit", {}});
-    for (const SColumn& column : columns) {
-        CGrid::SRow row{.name = column.parameter.GetFriendlyString(), .cells = {}};
-        for (const double value : column.values)
-            row.cells.push_back(column.GetText(value));
-        row.cells.push_back(column.GetUnitText());
-        grid.AddRow(std::move(row));
-    }
+    CStr name = parameter.GetFriendlyString();
+    if (!isProfile || parameter.GetStandard() == static_cast<int>(EAnalysisStandards::None))
+        return name;
+    return name + u" (" + GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard()) + u")";
 }
 
 // The parameter's symbol over the standard it belongs to: an unfiltered Ra is not that of ISO 4287.
@@ -54,9 +46,10 @@ CStr HeaderOf(const CParameter& parameter)
     return symbol + u"\r\n" + GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard());
 }
 
-std::size_t CountRows(const SResults& results)
+// The same on one line.
+CStr NameOf(const CParameter& parameter)
 {
-    return results.columns.empty() ? 0 : results.columns.front().values.size();
+    return HeaderOf(parameter).Replace(u"\r\n", u" ");
 }
 
 CStr RowName(std::size_t index)
@@ -64,14 +57,27 @@ CStr RowName(std::size_t index)
     return CStr::Format(u"%d", index + 1);
 }
 
-void AddRow(CGrid& grid, const SResults& results, std::size_t index)
+// The rows from `first` on, column by column in `values`.
+void AddRows(CGrid& grid, const SResults& results, const CPartValues& values, std::size_t first)
 {
-    CGrid::SRow row{.name = RowName(index), .cells = {}};
-    row.cells.reserve(results.columns.size());
-    for (const SColumn& column : results.columns)
-        row.cells.push_back(column.GetText(column.values[index]));
-    grid.AddRow(std::move(row));
+    for (std::size_t i = 0; i < values.front().size(); ++i) {
+        CGrid::SRow row{.name = RowName(first + i), .cells = {}};
+        row.cells.reserve(values.size());
+        for (std::size_t column = 0; column < values.size(); ++column)
+            row.cells.push_back(results.columns[column].GetText(values[column][i]));
+        grid.AddRow(std::move(row));
+    }
 }
+
+// Calls work(first, last) for as many rows at a time as become text together.
+template<class FWork>
+void ForEachBlock(std::size_t count, std::size_t blockRows, FWork work)
+{
+    for (std::size_t first = 0; first < count; first += blockRows)
+        work(first, std::min(count, first + blockRows));
+}
+
+constexpr std::size_t c_blockRows = 512;
 
 // The headers of the columns and the row of units.
 void FillHead(CGrid& grid, const SResults& results)
@@ -102,28 +108,21 @@ CStr StatisticName(const CParameter& statistic)
     return CStr::Format(u"%s %G %%", statistic.GetFriendlyString(), statistic.GetVariableValue());
 }
 
-void FillStatistics(CGrid& grid, const SResults& results)
-{
-    grid.SetNameHeader(u"Statistic");
-    for (const SColumn& column : results.columns)
-        grid.AddColumn({HeaderOf(column.parameter), {}});
-    for (const CParameter& statistic : results.statistics) {
-        const std::string key = statistic.GetIniName().ToUtf8();
-        CGrid::SRow row{.name = StatisticName(statistic), .cells = {}};
-        for (const SColumn& column : results.columns) {
-            const auto found = std::ranges::find(column.statistics, key, &Analysis::SValue::key);
-            if (statistic.IsOn() && found != column.statistics.end())
-                row.cells.push_back(
-                    StatisticText(column, static_cast<EStatistics>(statistic.GetValue()), found->value));
-        }
-        if (!row.cells.empty())
-            grid.AddRow(std::move(row));
-    }
-}
-
 CStr EscapeMarkup(const CStr& text)
 {
     return text.Replace(u"&", u"&amp;").Replace(u"<", u"&lt;").Replace(u">", u"&gt;");
+}
+
+// A list below a table; nothing without notes.
+std::string NotesHtml(const CFootnotes& notes)
+{
+    std::string html;
+    for (const CStr& line : notes.GetLines()) {
+        const std::size_t number = line.Find(u' ');
+        html += "<br>\n<sup>" + line.Left(number).ToUtf8() + "</sup>" +
+                EscapeMarkup(line.Mid(number, line.GetLength() - number)).ToUtf8();
+    }
+    return html.empty() ? html : "\n<small>" + html + "\n</small>\n";
 }
 
 // The rows of a summary with texts that may stand in HTML: what comes from a file may hold markup
@@ -139,28 +138,35 @@ CGrid EscapedSummary(const CGrid& grid)
     return escaped;
 }
 
-// The texts behind one another, with a separator between two that are not empty.
-std::string Joined(std::initializer_list<CStr> texts, std::string_view separator)
+CGrid::CCells CellsOf(const CGrid& grid)
 {
-    std::string joined;
-    for (const CStr& text : texts) {
-        if (!joined.empty() && !text.IsEmpty())
-            joined += separator;
-        joined += text.ToUtf8();
-    }
-    return joined;
+    CGrid::CCells cells;
+    grid.GetGridCells(cells, grid.GetType());
+    return cells;
 }
 
-// Inserts texts behind the first table.
-void InsertBehindTable(std::string& page, const std::vector<std::string>& texts)
+// An empty table of the same columns.
+CGrid PartOf(const CGrid& grid)
+{
+    CGrid part(grid.GetType());
+    for (const CGrid::SColumn& column : grid.GetColumns())
+        part.AddColumn(column);
+    return part;
+}
+
+std::string MakeWhole(const std::function<void(const FWriteText&)>& writeTo)
+{
+    std::string whole;
+    writeTo([&whole](std::string_view piece) { whole += piece; });
+    return whole;
+}
+
+// Where the first table of a page ends.
+std::size_t FindEndOfTable(std::string_view page)
 {
     constexpr std::string_view c_end = "</table>\n";
     const std::size_t end = page.find(c_end);
-    std::size_t at = end == page.npos ? page.size() : end + c_end.size();
-    for (const std::string& text : texts) {
-        page.insert(at, text);
-        at += text.size();
-    }
+    return end == page.npos ? page.size() : end + c_end.size();
 }
 
 } // namespace
@@ -177,108 +183,254 @@ CReportTables::CReportTables(SResults results, bool transpose)
     for (const auto& [label, text] : m_results.summary)
         m_summary.AddRow({.name = label, .cells = {OneLine(text)}});
     if (!m_results.surface.empty())
-        FillSurface(m_surface, m_results.surface);
+        FillSurface();
     if (m_results.columns.empty())
         return;
     FillHead(m_rows, m_results);
-    for (std::size_t i = 0; !HasTooManyRows() && i < CountRows(m_results); ++i)
-        AddRow(m_rows, m_results, i);
-    FillStatistics(m_statistics, m_results);
+    if (!HasTooManyRows())
+        ForEachBlock(m_results.rowCount, c_blockRows,
+                     [this](std::size_t first, std::size_t last) { FillRows(first, last); });
+    FillStatistics();
+}
+
+void CReportTables::FillSurface()
+{
+    m_surface.SetNameHeader(m_results.isProfile ? u"Profile parameter" : u"Surface parameter");
+    if (m_results.surface.front().values.size() > 1) {
+        m_surface.AddColumn({u"Raw", {}});
+        m_surface.AddColumn({u"Processed", {}});
+    } else {
+        m_surface.AddColumn({u"Value", {}});
+    }
+    m_surface.AddColumn({u"Unit", {}});
+    for (const SColumn& column : m_results.surface) {
+        CGrid::SRow row{.name = RowNameOf(column.parameter, m_results.isProfile), .cells = {}};
+        for (const double value : column.values)
+            row.cells.push_back(column.GetText(value));
+        row.cells.push_back(column.GetUnitText());
+        for (const auto& [index, state] : column.exceptions)
+            row.states.push_back(
+                {index + 1,
+                 {state.state, m_surfaceNotes.Add(column.parameter.GetShortFriendlyString(), state.reason)}});
+        m_surface.AddRow(std::move(row));
+    }
+}
+
+// The rows of a block, and what is to be said about them.
+void CReportTables::FillRows(std::size_t first, std::size_t last)
+{
+    const std::size_t count = m_results.columns.size();
+    const CPartValues values = m_results.GetValues({0, count, first, last});
+    std::vector<std::vector<CGrid::SCellState>> states(last - first);
+    for (std::size_t column = 0; column < count; ++column) {
+        const CStr symbol = NameOf(m_results.columns[column].parameter);
+        for (std::size_t i = 0; i < last - first; ++i) {
+            SValueState state = m_results.GetState(column, first + i, values[column][i]);
+            if (state.state == EValueState::Value)
+                continue;
+            state.reason = m_rowNotes.Add(symbol, state.reason);
+            states[i].push_back({column + 1, std::move(state)});
+        }
+    }
+    CGrid part(SCell::Results);
+    AddRows(part, m_results, values, first);
+    for (std::size_t i = 0; i < states.size(); ++i) {
+        CGrid::SRow row = part.GetRows()[i];
+        row.states = std::move(states[i]);
+        m_rows.AddRow(std::move(row));
+    }
+}
+
+void CReportTables::FillStatistics()
+{
+    m_statistics.SetNameHeader(u"Statistic");
+    for (const SColumn& column : m_results.columns)
+        m_statistics.AddColumn({HeaderOf(column.parameter), {}});
+    for (const CParameter& statistic : m_results.statistics) {
+        const std::string key = statistic.GetIniName().ToUtf8();
+        CGrid::SRow row{.name = StatisticName(statistic), .cells = {}};
+        for (std::size_t index = 0; index < m_results.columns.size(); ++index) {
+            const SColumn& column = m_results.columns[index];
+            const auto found = std::ranges::find(column.statistics, key, &Analysis::SValue::key);
+            if (!statistic.IsOn() || found == column.statistics.end())
+                continue;
+            row.cells.push_back(
+                StatisticText(column, static_cast<EStatistics>(statistic.GetValue()), found->value));
+            if (std::isnan(found->value))
+                row.states.push_back({row.cells.size(), NoteStatistic(index, row.name, *found)});
+        }
+        if (!row.cells.empty())
+            m_statistics.AddRow(std::move(row));
+    }
+}
+
+// A column without any value has no statistics for the reason of its first row.
+SValueState CReportTables::NoteStatistic(std::size_t index, const CStr& name,
+                                         const Analysis::SValue& statistic)
+{
+    const SColumn& column = m_results.columns[index];
+    const bool hasValues = column.statistics.front().value > 0;
+    const CStr symbol = hasValues ? name : NameOf(column.parameter);
+    SValueState state = hasValues ? SValueState{EValueState::NotApplicable, CStr::FromUtf8(statistic.reason)}
+                                  : m_results.GetState(index, 0, statistic.value);
+    m_rowNotes.Add(symbol, state.reason);
+    state.reason = m_statisticsNotes.Add(symbol, state.reason);
+    return state;
 }
 
 bool CReportTables::HasTooManyRows() const
 {
-    return CountRows(m_results) > c_mostRows;
+    return m_results.rowCount > c_mostRows;
 }
 
-// The rows and their statistics as text, some rows at a time.
-void CReportTables::AppendRows(std::string& text) const
+// The rows and their statistics.
+void CReportTables::WriteTextRows(const FWriteText& write) const
 {
-    constexpr std::size_t c_atATime = 256;
-    const auto append = [&text](const CGrid& grid) {
-        CGrid::CCells cells;
-        grid.GetGridCells(cells, grid.GetType());
-        text += CGrid::GenerateResultsText(cells).ToUtf8();
+    const auto writeCells = [&write](const CGrid::CCells& cells) {
+        write(CGrid::GenerateResultsText(cells).ToUtf8());
     };
-    CGrid part(SCell::Results);
-    FillHead(part, m_results);
+    CGrid head(SCell::Results);
+    FillHead(head, m_results);
     CGrid::CCells headers;
-    part.GetGridHeaders(headers, SCell::Results);
-    text += CGrid::GenerateResultsText(headers).ToUtf8();
-    append(part);
-    const std::size_t count = CountRows(m_results);
-    for (std::size_t first = 0; first < count; first += c_atATime) {
-        part = CGrid(SCell::Results);
-        for (const CGrid::SColumn& column : m_rows.GetColumns())
-            part.AddColumn(column);
-        for (std::size_t i = first; i < std::min(count, first + c_atATime); ++i)
-            AddRow(part, m_results, i);
-        append(part);
-    }
-    append(m_statistics);
+    head.GetGridHeaders(headers, SCell::Results);
+    writeCells(headers);
+    writeCells(CellsOf(head));
+    ForEachBlock(m_results.rowCount, c_blockRows, [&](std::size_t first, std::size_t last) {
+        CGrid part = PartOf(m_rows);
+        AddRows(part, m_results, m_results.GetValues({0, m_results.columns.size(), first, last}), first);
+        writeCells(CellsOf(part));
+    });
+    writeCells(CellsOf(m_statistics));
 }
 
 // The same with rows as columns: a line for each parameter.
-void CReportTables::AppendTurnedRows(std::string& text) const
+void CReportTables::WriteTurnedTextRows(const FWriteText& write) const
 {
-    const auto append = [&text](const CStr& cell) {
+    constexpr std::size_t c_piece = std::size_t{1} << 16;
+    std::string text;
+    const auto append = [&](const CStr& cell) {
         text += '\t';
         text += cell.ToUtf8();
+        if (text.size() >= c_piece) {
+            write(text);
+            text.clear();
+        }
     };
     const CGrid::SRow& units = m_rows.GetRows().front();
     text += m_rows.GetNameHeader().ToUtf8();
     append(units.name);
-    for (std::size_t i = 0; i < CountRows(m_results); ++i)
+    for (std::size_t i = 0; i < m_results.rowCount; ++i)
         append(RowName(i));
     for (const CGrid::SRow& statistic : m_statistics.GetRows())
         append(statistic.name);
     text += c_lineEnd;
-    for (std::size_t index = 0; index < m_results.columns.size(); ++index) {
-        const SColumn& column = m_results.columns[index];
-        text += m_rows.GetColumns()[index].header.Replace(u"\r\n", u" ").ToUtf8();
-        append(units.cells[index]);
-        for (const double value : column.values)
-            append(column.GetText(value));
-        for (const CGrid::SRow& statistic : m_statistics.GetRows())
-            append(m_statistics.GetCellText(statistic, index + 1));
-        text += c_lineEnd;
+    const std::size_t count = m_results.columns.size();
+    ForEachBlock(count, m_results.columnsAtOnce, [&](std::size_t first, std::size_t last) {
+        const CPartValues values = m_results.GetValues({first, last, 0, m_results.rowCount});
+        for (std::size_t index = first; index < last; ++index) {
+            text += m_rows.GetColumns()[index].header.Replace(u"\r\n", u" ").ToUtf8();
+            append(units.cells[index]);
+            for (const double value : values[index - first])
+                append(m_results.columns[index].GetText(value));
+            for (const CGrid::SRow& statistic : m_statistics.GetRows())
+                append(m_statistics.GetCellText(statistic, index + 1));
+            text += c_lineEnd;
+        }
+    });
+    write(text);
+}
+
+void CReportTables::WriteText(const FWriteText& write) const
+{
+    write("\xEF\xBB\xBF");
+    write(CGrid::GenerateText(&m_summary, &m_surface, nullptr, m_transpose).ToUtf8());
+    if (m_results.columns.empty())
+        return;
+    write(c_lineEnd);
+    if (m_transpose)
+        WriteTurnedTextRows(write);
+    else
+        WriteTextRows(write);
+}
+
+void CReportTables::WriteHtmlRows(const FWriteText& write) const
+{
+    const auto& rows = m_rows.GetRows();
+    CResultsHtml html(1 + rows.size() + m_statistics.GetRows().size());
+    CGrid head(SCell::Results);
+    FillHead(head, m_results);
+    CGrid::CCells cells;
+    head.GetGridHeaders(cells, SCell::Results);
+    head.GetGridCells(cells, SCell::Results);
+    write(html.MakePart(cells).ToUtf8());
+    ForEachBlock(rows.size() - 1, c_blockRows, [&](std::size_t first, std::size_t last) {
+        CGrid part = PartOf(m_rows);
+        for (std::size_t i = first; i < last; ++i)
+            part.AddRow(rows[i + 1]); // behind that of the units
+        write(html.MakePart(CellsOf(part)).ToUtf8());
+    });
+    write(html.MakePart(CellsOf(m_statistics)).ToUtf8());
+}
+
+// The same with rows as columns, parameter after parameter.
+void CReportTables::WriteTurnedHtmlRows(const FWriteText& write) const
+{
+    const std::size_t count = m_results.columns.size();
+    CResultsHtml html(1 + count);
+    for (std::size_t index = 0; index < count; ++index) {
+        CGrid part(SCell::Results);
+        part.SetNameHeader(m_rows.GetNameHeader());
+        part.AddColumn(m_rows.GetColumns()[index]);
+        for (const CGrid* grid : {&m_rows, &m_statistics}) {
+            for (const CGrid::SRow& row : grid->GetRows())
+                part.AddRow({.name = row.name, .cells = {row.cells[index]}, .subHeader = row.subHeader});
+        }
+        CGrid::CCells cells;
+        part.GetGridHeaders(cells, SCell::Results);
+        part.GetGridCells(cells, SCell::Results);
+        CGrid::TransposeCells(cells);
+        if (index != 0)
+            cells.erase(cells.begin()); // the names of the rows
+        write(html.MakePart(cells).ToUtf8());
     }
 }
 
-std::string CReportTables::GetText() const
-{
-    std::string text = "\xEF\xBB\xBF";
-    text += CGrid::GenerateText(&m_summary, &m_surface, nullptr, m_transpose).ToUtf8();
-    if (m_results.columns.empty())
-        return text;
-    text += c_lineEnd;
-    if (m_transpose)
-        AppendTurnedRows(text);
-    else
-        AppendRows(text);
-    return text;
-}
-
-std::string CReportTables::GetHtml() const
+void CReportTables::WriteHtml(const FWriteText& write) const
 {
     CGrid summary = EscapedSummary(m_summary);
     if (HasTooManyRows())
         summary.AddRow(
             {.name = m_results.rowName + u"s",
              .cells = {CStr::Format(u"%d, too many for a page: they are in the text file beside it",
-                                    CountRows(m_results))}});
-    CGrid::CCells profiles;
-    m_rows.GetGridHeaders(profiles, SCell::Results);
-    m_rows.GetGridCells(profiles, SCell::Results);
-    m_statistics.GetGridCells(profiles, SCell::Statistics);
-    if (m_transpose)
-        CGrid::TransposeCells(profiles);
-    std::string tables = Joined({CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose),
-                                 CGrid::GenerateResultsHTMLTable(profiles)},
-                                "\n<br>\n");
-    InsertBehindTable(tables, m_pictures);
-    return "<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report: " + m_title + "</title>\n" + tables +
-           "\n</html>\n";
+                                    m_results.rowCount)}});
+    write("<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report: " + m_title + "</title>\n");
+    const std::string tables = CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose).ToUtf8();
+    const std::size_t endOfSummary = FindEndOfTable(tables);
+    write(tables.substr(0, endOfSummary));
+    for (const std::string& picture : m_pictures)
+        write(picture);
+    write(tables.substr(endOfSummary));
+    write(NotesHtml(m_surfaceNotes));
+    if (!m_results.columns.empty()) {
+        if (!tables.empty())
+            write("\n<br>\n");
+        if (m_transpose)
+            WriteTurnedHtmlRows(write);
+        else
+            WriteHtmlRows(write);
+        write(NotesHtml(m_rowNotes));
+    }
+    write("\n</html>\n");
+}
+
+std::string CReportTables::GetText() const
+{
+    return MakeWhole([this](const FWriteText& write) { WriteText(write); });
+}
+
+std::string CReportTables::GetHtml() const
+{
+    return MakeWhole([this](const FWriteText& write) { WriteHtml(write); });
 }
 
 } // namespace CommonUI::Measurement

@@ -2,15 +2,21 @@
 
 #include "../export/Export.h"
 #include "../output/results/GridBaseOutputCtrl.h"
+#include "Footnotes.h"
 #include "Results.h"
 
 #include <cstddef>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace CommonUI::Measurement
 {
+
+/// Receives a text piece by piece, UTF-8.
+using FWriteText = std::function<void(std::string_view)>;
 
 /// The tables of a report and the forms in which other programs read them.
 class COMMONUIMEASUREMENT_API CReportTables
@@ -35,16 +41,31 @@ public:
     const CGridBaseOutputCtrl& GetRows() const noexcept { return m_rows; }
     /// A row for each statistic of those.
     const CGridBaseOutputCtrl& GetStatistics() const noexcept { return m_statistics; }
+    /// Why cells of the surface's table are empty.
+    const CFootnotes& GetSurfaceNotes() const noexcept { return m_surfaceNotes; }
+    /// Why cells of the rows and their statistics are.
+    const CFootnotes& GetRowNotes() const noexcept { return m_rowNotes; }
+    /// Likewise, of the statistics alone.
+    const CFootnotes& GetStatisticsNotes() const noexcept { return m_statisticsNotes; }
 
     /// Tab-separated text for a spreadsheet: UTF-8 with a byte order mark, by which spreadsheet programs know
-    /// it. It has all rows, which become text one after the other.
+    /// it. It has all rows, which become text some at a time.
+    void WriteText(const FWriteText& write) const;
+    /// A page of HTML, UTF-8, made in the same way.
+    void WriteHtml(const FWriteText& write) const;
+
     std::string GetText() const;
-    /// A page of HTML, UTF-8.
     std::string GetHtml() const;
 
 private:
-    void AppendRows(std::string& text) const;
-    void AppendTurnedRows(std::string& text) const;
+    void WriteTextRows(const FWriteText& write) const;
+    void WriteTurnedTextRows(const FWriteText& write) const;
+    void WriteHtmlRows(const FWriteText& write) const;
+    void WriteTurnedHtmlRows(const FWriteText& write) const;
+    void FillSurface();
+    void FillRows(std::size_t first, std::size_t last);
+    void FillStatistics();
+    SValueState NoteStatistic(std::size_t index, const CStr& name, const Analysis::SValue& statistic);
     bool HasTooManyRows() const;
 
     SResults m_results;
@@ -55,6 +76,9 @@ private:
     CGridBaseOutputCtrl m_surface;
     CGridBaseOutputCtrl m_rows;
     CGridBaseOutputCtrl m_statistics;
+    CFootnotes m_surfaceNotes{};
+    CFootnotes m_rowNotes{};
+    CFootnotes m_statisticsNotes{};
 };
 
 } // namespace CommonUI::Measurement

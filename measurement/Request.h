@@ -2,6 +2,7 @@
 
 #include "../analysis/form/Levelling.h"
 #include "../analysis/grain/Grains.h"
+#include "../analysis/profile/ProfileParameters.h"
 #include "../common/Exceptions.h"
 #include "../common/Str.h"
 #include "../common/Unit.h"
@@ -24,6 +25,10 @@ struct SMethod {
     Analysis::ELevelling levelling = Analysis::ELevelling::None;
     std::optional<double> cutoff{};      ///< of the profile filter, m; a fifth of the profile without it
     std::optional<SGrainLimit> grains{}; ///< measured instead of the roughness
+    std::optional<Analysis::SMotifLimits> motifLimits{}; ///< those for the length of the profiles without it
+    Analysis::SValleyMethod valleys{};                   ///< MakeChoices takes it from the preferences
+
+    Analysis::SProfileMethod OfProfiles() const { return {cutoff, motifLimits, valleys}; }
 };
 
 /// What somebody asks for beyond the preferences.
@@ -32,7 +37,9 @@ struct SRequest {
     /// Parameters, units and formats are those of the preferences; without it all parameters of surfaces and
     /// profiles and the usual ones of grains, each in the unit that suits it.
     bool usesPreferences = false;
-    std::vector<CStr> keys{};                 ///< the parameters by key; empty for those of above
+    /// The parameters by key; empty for those of above. A template has the values of its variables behind its
+    /// key, in m or percent, and means the parameter that is made from it, such as "Sdc(10,50)".
+    std::vector<CStr> keys{};
     std::optional<CUnit::EUnitFactor> unit{}; ///< the unit factor of all lengths, areas and volumes
 };
 
@@ -40,7 +47,7 @@ struct SRequest {
 class COMMONUIMEASUREMENT_API ERequest : public EInput
 {
 public:
-    /// @param subject what is at fault, such as a user specification or a change; empty where the reason says it
+    /// @param subject what is at fault, such as a user specification; empty where the reason says it
     ERequest(const CStr& subject, const CStr& reason);
     ~ERequest() override;
 

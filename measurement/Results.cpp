@@ -4,14 +4,18 @@
 #include "analysis/areal/TemplateParameters.h"
 #include "analysis/filter/SurfaceFilter.h"
 #include "analysis/grain/GrainMeasures.h"
+#include "analysis/grain/UndefinedGrain.h"
 #include "analysis/numeric/Statistics.h"
-#include "analysis/profile/ProfileParameters.h"
 #include "analysis/profile/SplitProfile.h"
-#include "measurement/detail/AnalysisKey.h"
+#include "analysis/profile/UndefinedProfile.h"
+#include "measurement/detail/Keys.h"
+#include "measurement/detail/ProfileRows.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
 
 #include <algorithm>
+#include <cmath>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -58,8 +62,13 @@ SResults Describe(const SInput& input)
     add(u"File", CStr::FromUtf8(surface.fileName));
     if (!surface.channel.empty())
         add(u"Channel", CStr::FromUtf8(surface.channel));
-    add(u"Points", CStr::Format(u"%d × %d", surface.points, surface.lines));
-    add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
+    if (surface.IsProfile()) {
+        add(u"Points", CStr::Format(u"%d", surface.points));
+        add(u"Spacing", LengthText(surface.dx));
+    } else {
+        add(u"Points", CStr::Format(u"%d × %d", surface.points, surface.lines));
+        add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
+    }
     add(u"Missing points", CStr::Format(u"%d", surface.missing));
     add(u"Levelling", LevellingText(input.levelling));
     for (std::size_t i = 0; i < input.steps.size(); ++i)
@@ -75,39 +84,37 @@ double FractileShare(const std::vector<CParameter>& statistics)
     return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
 }
 
-std::vector<double> VariableValues(const CParameter& parameter)
+SValueState NotApplicable(std::string_view reason)
 {
-    std::vector<double> values;
-    for (const CParameter& variable : parameter.GetVariables())
-        values.push_back(variable.GetVariableValue());
+    return {EValueState::NotApplicable, CStr::FromUtf8(reason)};
+}
+
+// The parameters of a surface, or those of its only line where it is a profile.
+std::vector<SValue> ComputeValues(const SSurface& surface, std::span<const std::string_view> keys,
+                                  const SMethod& method)
+{
+    if (!surface.IsProfile())
+        return Analysis::ComputeAreal(surface, keys);
+    if (std::ranges::all_of(surface.heights, [](double height) { return std::isnan(height); }))
+        throw Analysis::ENoPoints();
+    std::vector<SValue> values;
+    for (const SValues& column : Analysis::ComputeProfiles(surface, keys, method.OfProfiles())) {
+        const double value = column.values.front();
+        values.push_back({column.key, value,
+                          std::isnan(value) ? Analysis::ExplainProfile(column.key, surface.heights,
+                                                                       surface.dx, method.OfProfiles())
+                                            : ""});
+    }
     return values;
 }
 
-// The keys by which the analysis knows some parameters.
-class CKeys
+double ComputeTemplateValue(const SSurface& surface, const CParameter& parameter, const SMethod& method)
 {
-public:
-    explicit CKeys(const std::vector<CParameter>& parameters)
-    {
-        for (const CParameter& parameter : parameters)
-            m_keys.push_back(AnalysisKey(parameter));
-        m_views.assign(m_keys.begin(), m_keys.end());
-    }
-    CKeys(const CKeys&) = delete;
-    CKeys& operator=(const CKeys&) = delete;
-
-    std::span<const std::string_view> Get() const { return m_views; }
-
-private:
-    std::vector<std::string> m_keys{};
-    std::vector<std::string_view> m_views{};
-};
-
-// Takes out what was computed under a key; nothing if that was not computed.
-std::vector<double> TakeValues(std::vector<SValues>& table, std::string_view key)
-{
-    const auto found = std::ranges::find(table, key, &SValues::key);
-    return found == table.end() ? std::vector<double>() : std::exchange(found->values, {});
+    const std::string key = AnalysisKey(parameter);
+    const std::vector<double> variables = VariableValues(parameter);
+    return surface.IsProfile()
+               ? Analysis::ComputeLineTemplates(surface, key, variables, method.cutoff).front()
+               : Analysis::ComputeTemplate(surface, key, variables);
 }
 
 // Of the raw surface, if there is one, and of the processed one.
@@ -116,10 +123,12 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
     std::vector<const SSurface*> surfaces{&input.surface};
     if (input.raw)
         surfaces.insert(surfaces.begin(), &*input.raw);
-    const CKeys keys(choices.surface);
+    const std::vector<CParameter>& parameters = input.surface.IsProfile() ? choices.rows : choices.surface;
+    const CKeys keys(parameters);
     std::vector<SValues> table;
+    std::vector<std::vector<SValue>> computed;
     for (const SSurface* surface : surfaces) {
-        const std::vector<SValue> values = Analysis::ComputeAreal(*surface, keys.Get());
+        const auto& values = computed.emplace_back(ComputeValues(*surface, keys.Get(), choices.method));
         table.resize(values.size());
         for (std::size_t i = 0; i < values.size(); ++i) {
             table[i].key = values[i].key;
@@ -127,29 +136,53 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
         }
     }
     const auto valuesOf = [&](const CParameter& parameter) {
-        const std::string key = AnalysisKey(parameter);
         if (!parameter.HasParent())
-            return TakeValues(table, key);
+            return TakeValues(table, AnalysisKey(parameter));
         std::vector<double> values;
         values.reserve(surfaces.size());
         for (const SSurface* surface : surfaces)
-            values.push_back(Analysis::ComputeTemplate(*surface, key, VariableValues(parameter)));
+            values.push_back(ComputeTemplateValue(*surface, parameter, choices.method));
         return values;
     };
-    return MakeColumns(choices.surface, valuesOf, choices.automaticUnits);
+    std::vector<SColumn> columns = MakeColumns(parameters, valuesOf, choices.automaticUnits);
+    for (SColumn& column : columns) {
+        const std::string key = AnalysisKey(column.parameter);
+        for (std::size_t i = 0; i < computed.size(); ++i) {
+            const auto found = std::ranges::find(computed[i], key, &SValue::key);
+            if (found != computed[i].end() && std::isnan(column.values[i]))
+                column.exceptions.push_back({i, NotApplicable(found->reason)});
+        }
+    }
+    return columns;
 }
 
-std::vector<SColumn> ProfileColumns(const SSurface& surface, const SChoices& choices)
+// Statistics of the profiles' parameters, and their values if these may be kept.
+void AddProfiles(const SSurface& surface, const SChoices& choices, SResults& results)
 {
-    std::vector<SValues> table =
-        Analysis::ComputeProfiles(surface, CKeys(choices.rows).Get(), choices.method.cutoff);
-    const auto valuesOf = [&](const CParameter& parameter) {
-        const std::string key = AnalysisKey(parameter);
-        return parameter.HasParent() ? Analysis::ComputeLineTemplates(surface, key, VariableValues(parameter),
-                                                                      choices.method.cutoff)
-                                     : TakeValues(table, key);
-    };
-    return MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
+    results.rowName = u"Profile";
+    results.rowCount = surface.lines;
+    results.statistics = choices.statistics;
+    if (surface.lines == 0 || choices.rows.empty())
+        return;
+    const CProfileRows rows(surface, choices.rows, choices.method.OfProfiles());
+    const std::size_t count = choices.rows.size();
+    results.columnsAtOnce = std::min(rows.CountColumnsAtOnce(), count);
+    if (results.columnsAtOnce < count)
+        results.computePart = [rows](const SPart& part) { return rows.Compute(part); };
+    results.explain = [rows](std::size_t column, std::size_t row) { return rows.Explain(column, row); };
+    const double share = FractileShare(results.statistics);
+    for (std::size_t first = 0; first < count; first += results.columnsAtOnce) {
+        const std::size_t last = std::min(count, first + results.columnsAtOnce);
+        CPartValues values = rows.Compute({first, last, 0, results.rowCount});
+        for (std::size_t i = first; i < last; ++i) {
+            SColumn column =
+                MakeColumn(choices.rows[i], std::exchange(values[i - first], {}), choices.automaticUnits);
+            column.statistics = Analysis::ComputeStatistics(column.values, share);
+            if (results.computePart)
+                column.values = std::vector<double>(); // gives its memory back
+            results.columns.push_back(std::move(column));
+        }
+    }
 }
 
 // A cut-off that nobody has asked for is not refused: where it is not usable, its parameters have no values.
@@ -163,6 +196,24 @@ void CheckCutoff(const SSurface& surface, const SMethod& method)
         throw ERequest(u"", CStr::FromUtf8(refusal));
 }
 
+bool HasStandard(const std::vector<SColumn>& columns, EAnalysisStandards standard)
+{
+    return std::ranges::any_of(columns, [standard](const SColumn& column) {
+        return column.parameter.GetStandard() == static_cast<int>(standard);
+    });
+}
+
+// Below what valleys lie.
+CStr ReferenceLineText(const Analysis::SValleyMethod& method, double cutoff)
+{
+    if (method.line == Analysis::EReferenceLine::MeanLine)
+        return u"below the mean line of the primary profile";
+    const int order = method.line == Analysis::EReferenceLine::Regression0 ? 0 : 2;
+    return CStr::Format(u"below a robust Gaussian regression of order %d that starts from a closing of ",
+                        order) +
+           LengthText(cutoff / method.closingRatio);
+}
+
 // The cut-off, and what it makes of profile elements: without it nobody can compare their widths and heights.
 void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& results)
 {
@@ -170,10 +221,27 @@ void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& 
     const Analysis::CProfileSplitter splitter(surface.points, surface.dx, cutoff);
     const CStr width = LengthText(splitter.GetLeastWidth() * surface.dx);
     results.summary.emplace_back(u"Cut-off", LengthText(cutoff));
+    if (HasStandard(results.columns, EAnalysisStandards::ISO12085)) {
+        const Analysis::SMotifLimits limits =
+            method.motifLimits.value_or(Analysis::DefaultMotifLimits(surface.points, surface.dx));
+        results.summary.emplace_back(u"Motifs", u"no wider than A = " + LengthText(limits.roughness) +
+                                                    u", those of the envelope than B = " +
+                                                    LengthText(limits.waviness));
+    }
+    if (HasStandard(results.columns, EAnalysisStandards::MUFU))
+        results.summary.emplace_back(u"Valleys", ReferenceLineText(method.valleys, cutoff));
     results.summary.emplace_back(
         u"Profile elements", u"peaks and valleys beyond 5 % of the height to either side of the mean line, "
                              u"at least " +
                                  width + u" wide (1 % of the cut-off)");
+}
+
+CStr NamesOf(const std::vector<CParameter>& parameters)
+{
+    CStr names;
+    for (const CParameter& parameter : parameters)
+        names += (names.IsEmpty() ? CStr() : CStr(u", ")) + parameter.GetShortFriendlyString();
+    return names;
 }
 
 SResults RoughnessResults(const SInput& input, const SChoices& choices)
@@ -181,13 +249,18 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
     CheckCutoff(input.surface, choices.method);
     SResults results = Describe(input);
     results.surface = SurfaceColumns(input, choices);
-    results.rowName = u"Profile";
-    results.columns = ProfileColumns(input.surface, choices);
+    results.isProfile = input.surface.IsProfile();
+    if (results.isProfile) {
+        if (!results.surface.empty())
+            DescribeProfiles(input.surface, choices.method, results);
+        return results;
+    }
+    AddProfiles(input.surface, choices, results);
+    if (!choices.fromPlugIns.empty())
+        results.summary.emplace_back(u"Not computed",
+                                     NamesOf(choices.fromPlugIns) + u": supplied by a plug-in");
     if (!results.columns.empty())
         DescribeProfiles(input.surface, choices.method, results);
-    results.statistics = choices.statistics;
-    for (SColumn& column : results.columns)
-        column.statistics = Analysis::ComputeStatistics(column.values, FractileShare(results.statistics));
     return results;
 }
 
@@ -214,6 +287,14 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
                                  FormatParameterValue(grains.coverage, format) + u" %");
     results.rowName = pores ? u"Pore" : u"Particle";
     results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
+    results.columnsAtOnce = results.columns.size();
+    std::vector<std::string> shown;
+    for (const SColumn& column : results.columns)
+        shown.push_back(AnalysisKey(column.parameter));
+    results.explain = [shown, kind = limit.kind](std::size_t column, std::size_t) {
+        return Analysis::ExplainGrain(shown[column], kind);
+    };
+    results.rowCount = grains.count;
     results.statistics = choices.statistics;
     for (SColumn& column : results.columns)
         column.statistics = Analysis::ComputeGrainStatistics(grains, {.values = column.values},
@@ -222,6 +303,25 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
 }
 
 } // namespace
+
+SValueState SResults::GetState(std::size_t column, std::size_t row, double value) const
+{
+    if (!std::isnan(value))
+        return {};
+    return NotApplicable(explain ? explain(column, row) : std::string_view());
+}
+
+CPartValues SResults::GetValues(const SPart& part) const
+{
+    if (computePart)
+        return computePart(part);
+    CPartValues values;
+    for (std::size_t i = part.firstColumn; i < part.lastColumn; ++i) {
+        const auto all = std::span(columns[i].values).subspan(part.firstRow, part.lastRow - part.firstRow);
+        values.emplace_back(all.begin(), all.end());
+    }
+    return values;
+}
 
 SResults ComputeResults(const SInput& input, const SChoices& choices)
 {

@@ -58,7 +58,7 @@ public:
         auto* const keys =
             new QLabel(QStringLiteral("Type and press Enter. Ctrl with the arrow keys or the wheel steps; "
                                       "Ctrl with Page Up or Page Down, or the pop-up beside the arrows, "
-                                      "changes the size of the step."));
+                                      "changes the size of the step. Units convert: 800 \u00B5m is 0.8 mm."));
         keys->setWordWrap(true);
         m_form->addRow(keys);
         AddFloat("&Cut-off", u"%.2f mm").Setup(0.8F, 0.08F, 8.0F, 0.1F);
@@ -71,6 +71,9 @@ public:
         oddEdit.Setup(7, 1, 99, 2);
         oddEdit.SetValidator(*odd, &CListener::IsOdd);
         AddInt("&Without spin button").ShowSpinButton(0, false);
+        CFloatEdit& measured = AddFloat("&Measured, read-only", u"%.3f \u00B5m");
+        measured.SetValue(1.742F);
+        measured.SetReadOnly(true);
         AddInt("Disabled").SetValue(3);
         m_last->setEnabled(false);
     }
@@ -94,12 +97,14 @@ private:
         if (!m_first)
             m_first = widget;
         widget->GetEdit().SetFormatString(format);
+        widget->GetEdit().SetScanning(EScanning::Whole);
         widget->GetEdit().SetChangeNotification(m_listeners.back(), &CListener::OnFloat);
         return widget->GetEdit();
     }
     CIntEdit& AddInt(const char* label)
     {
         CIntEdit& edit = Add<CIntEditWidget>(label)->GetEdit();
+        edit.SetScanning(EScanning::Whole);
         edit.SetChangeNotification(m_listeners.back(), &CListener::OnInt);
         return edit;
     }

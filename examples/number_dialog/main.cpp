@@ -24,6 +24,7 @@ public:
 
         CFloatEdit& edit = m_cutoff.GetEdit();
         edit.SetFormatString(u"%.2f mm");
+        edit.SetScanning(EScanning::Whole);  // "0,8" is understood, and "800 µm"
         edit.Setup(0.8F, 0.08F, 8.0F, 0.1F); // value, minimum, maximum, step
         edit.SetValidator(*this, &CCutoffDialog::IsPossible);
         edit.SetChangeNotification(*this, &CCutoffDialog::OnCutoff);

@@ -21,8 +21,8 @@ struct SAxis {
     std::vector<STick> ticks{};
 };
 
-/// Marks at multiples of 1, 2 or 5 times a power of ten in the unit that suits the range; far from all units that is
-/// a power of ten of metres, "10⁹⁰ m". A range without length has none.
+/// Marks at multiples of 1, 2 or 5 times a power of ten in the unit that suits the range; far from all units
+/// that is a power of ten of metres, "10⁹⁰ m". A range without length has none.
 /// @param range m, not empty
 /// @param intervals about how many intervals there shall be between the marks, from 1
 COMMONUIMEASUREMENT_API SAxis MakeAxis(CRange<double> range, int intervals);
@@ -30,8 +30,8 @@ COMMONUIMEASUREMENT_API SAxis MakeAxis(CRange<double> range, int intervals);
 /// Likewise of numbers that are no lengths, such as percentages; without a unit.
 COMMONUIMEASUREMENT_API SAxis MakeNumberAxis(CRange<double> range, int intervals);
 
-/// Marks of a logarithmic axis: at powers of ten, of which some are left out where there would be too many, and at 2
-/// and 5 times these where there would be too few. Without a unit.
+/// Marks of a logarithmic axis: at powers of ten, of which some are left out where there would be too many,
+/// and at 2 and 5 times these where there would be too few. Without a unit.
 /// @param range of numbers above 0
 /// @param most how many marks there are at most, about
 COMMONUIMEASUREMENT_API SAxis MakeLogarithmicAxis(CRange<double> range, int most);

@@ -96,7 +96,8 @@ struct SCoreLine {
     double bottom = 0;
 };
 
-// The line meets the curve where peaks end and dales begin; where there are none, its height follows from the other end.
+// The line meets the curve where peaks end and dales begin; where there are none, its height follows from the
+// other end.
 SCoreLine FindLine(const CMaterialRatio& curve, const SCore& core)
 {
     if (core.Smr1 > 0) {
@@ -223,11 +224,12 @@ std::string DrawHistogram(const CMaterialRatio& curve, std::optional<double> thr
     return svg.Finish();
 }
 
-std::string DrawMaterialRatio(const CMaterialRatio& curve)
+std::string DrawMaterialRatio(const CMaterialRatio& curve, bool isAreal)
 {
     const auto heights = curve.GetHeights();
     const SCore core = curve.ComputeCore();
-    const bool hasCore = std::isfinite(core.Sk) && std::isfinite(core.Spk) && std::isfinite(core.Svk);
+    const bool hasCore =
+        isAreal && std::isfinite(core.Sk) && std::isfinite(core.Spk) && std::isfinite(core.Svk);
     const SCoreLine line = hasCore ? FindLine(curve, core) : SCoreLine();
     CRange<double> range{heights.back(), heights.front()};
     if (hasCore)

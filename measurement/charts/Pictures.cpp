@@ -46,16 +46,16 @@ std::string ProfileFigure(const SSurface& surface, std::optional<double> cutoff)
     const std::size_t line = FindMiddleLine(surface);
     const std::string svg = DrawProfile(surface.GetLine(line), surface.dx,
                                         cutoff.value_or(Analysis::DefaultCutoff(surface.points, surface.dx)));
-    return Figure(svg.empty() ? u"No profile: the line in the middle has no valid point"
-                              : CStr::Format(u"Profile %u of %u", line + 1, surface.lines),
-                  svg);
+    return Figure(
+        surface.IsProfile() ? u"Profile" : CStr::Format(u"Profile %u of %u", line + 1, surface.lines), svg);
 }
 
 std::string SpectrumFigure(const SSurface& surface)
 {
     const std::string svg = DrawSpectrum(Analysis::ComputePowerSpectrum(surface, c_mostFrequencies));
-    return Figure(svg.empty() ? u"No power spectrum: the profiles are flat or too short"
-                              : u"Power spectrum, the mean of the profiles",
+    return Figure(svg.empty()           ? u"No power spectrum: the profiles are flat or too short"
+                  : surface.IsProfile() ? u"Power spectrum"
+                                        : u"Power spectrum, the mean of the profiles",
                   svg);
 }
 
@@ -88,11 +88,12 @@ std::vector<std::string> MakePictures(const SInput& input, const SMethod& method
         pictures.push_back(
             Figure(u"Heights", DrawHistogram(CMaterialRatio(surface.heights), method.grains->threshold)));
     } else {
-        pictures.push_back(MapFigure(surface, u"Surface", nullptr));
+        if (!surface.IsProfile())
+            pictures.push_back(MapFigure(surface, u"Surface", nullptr));
         pictures.push_back(ProfileFigure(surface, method.cutoff));
         const CMaterialRatio curve(surface.heights);
         pictures.push_back(Figure(u"Heights", DrawHistogram(curve)));
-        pictures.push_back(Figure(u"Material ratio curve", DrawMaterialRatio(curve)));
+        pictures.push_back(Figure(u"Material ratio curve", DrawMaterialRatio(curve, !surface.IsProfile())));
         pictures.push_back(SpectrumFigure(surface));
     }
     pictures.emplace_back("</div>\n");

@@ -65,8 +65,8 @@ struct SCurvePoint {
 COMMONUIMEASUREMENT_API void DrawCurve(CSvg& svg, const SPlot& plot, const std::vector<SCurvePoint>& points,
                                        std::string_view classes);
 
-/// The style of all pictures, an element for a page that has some: colours that suit a bright, a dark and a printed
-/// page, whose tables get those of a dark page, too.
+/// The style of all pictures, an element for a page that has some: colours that suit a bright, a dark and a
+/// printed page, whose tables get those of a dark page, too.
 COMMONUIMEASUREMENT_API std::string GetChartStyle();
 
 } // namespace CommonUI::Measurement

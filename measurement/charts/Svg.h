@@ -11,7 +11,8 @@
 namespace CommonUI::Measurement
 {
 
-/// A coordinate in its shortest form with at most two decimals: "12", "0.5", "-3.25". What is not a number is 0.
+/// A coordinate in its shortest form with at most two decimals: "12", "0.5", "-3.25". What is not a number is
+/// 0.
 COMMONUIMEASUREMENT_API std::string CoordinateText(double value);
 
 /// A text as it may stand in an element or in an attribute in quotes: markup characters as entities, control
@@ -45,8 +46,8 @@ struct COMMONUIMEASUREMENT_API SSvgAttribute {
     std::string value; ///< escaped
 };
 
-/// Writes a picture as an SVG element that stands in a page: as wide as the room there, named for those who do not see
-/// it, in the font of the page. Colours come from the page's style by classes.
+/// Writes a picture as an SVG element that stands in a page: as wide as the room there, named for those who
+/// do not see it, in the font of the page. Colours come from the page's style by classes.
 class COMMONUIMEASUREMENT_API CSvg
 {
 public:

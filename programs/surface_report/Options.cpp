@@ -2,9 +2,11 @@
 
 #include "common/NumberText.h"
 #include "programs/command_line/CommandLine.h"
+#include "programs/surface_report/SaveSurface.h"
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace SurfaceReport
 {
@@ -12,17 +14,23 @@ namespace SurfaceReport
 using CommandLine::EUsage;
 using CommonUI::CStr;
 using CommonUI::Analysis::EGrainKind;
+namespace Analysis = CommonUI::Analysis;
 
 const char* const c_usage = R"(Reports the roughness or the grains of a measured surface.
 
 usage: surface_report INPUT --out DIR [OPTION...]
 
-  INPUT              a surface: ISO 25178-71 ASCII, or a text matrix with a "#" header
+  INPUT              a surface or profile: SDF (ISO 25178-71), X3P (ISO 25178-72), a text matrix with a "#" header,
+                     or columns of text below a line such as "x [mm] z [um]"
   --out DIR          folder for report.txt (tab-separated) and report.html
-  --parameters KEYS  parameters by their keys, separated by commas: Sa,Sq,4287Ra,4287Pz
+  --parameters KEYS  parameters by their keys, separated by commas: Sa,Sq,4287Ra,4287Pz; those of templates with
+                     values in m or percent: 'Smc(10),Sdc(10,50)'
   --unit UNIT        unit of lengths: pm, nm, um, mm, m, uin, mil, in ...
   --level LEVEL      what is subtracted first: none, the mean height, or the least-squares plane
   --cutoff LENGTH    cut-off of the profile filter, such as 2.5um; a fifth of the profile without it
+  --motif-limits A[,B]
+                     widest motifs of roughness and waviness, such as 0.5mm,2.5mm; B is five times A without it, and
+                     both are those that ISO 12085 recommends for the length of the profiles without the option
   --grains HEIGHT    measures the connected grains at or above a height, such as 50nm, instead
   --pores HEIGHT     measures the connected pores below a height instead
   --transpose        parameters as columns of the surface's table and as rows of the profiles' table
@@ -34,6 +42,11 @@ usage: surface_report INPUT --out DIR [OPTION...]
   --settings SPEC    applies a plane correction or a filter first, any number of times in the order given; the
                      surface's table then shows the raw surface beside the processed one. A set is named by its
                      identifier, its key or a file: 'PlaneCorr[Id(4)]'  'Filter[File(x.flt)]'
+  --save FILE        writes the surface that is analysed, in the format of the name: .sdf, .x3p, or .txt, which is a
+                     matrix or, for a profile, columns
+  --binary           the binary form of .sdf
+  --replace-input    lets --save replace the input
+  --spacing LENGTH   the spacing of a profile whose file has heights alone, such as 0.5um
   --list-settings [TYPE]
                      prints the sets there are of a type, such as Filter, or of all, instead of a report
   --settings-folder DIR
@@ -61,6 +74,37 @@ double ParseLength(const std::string& option, const std::string& text)
     return value * CommonUI::CUnit::GetFactorValue(ParseUnit(option, text.substr(unit)));
 }
 
+// One length or two; the second is five times the first without it, as in the table of the standard.
+Analysis::SMotifLimits ParseMotifLimits(const std::string& option, const std::string& text)
+{
+    constexpr double c_ratio = 5;
+    const std::size_t comma = text.find(',');
+    Analysis::SMotifLimits limits{.roughness = ParseLength(option, text.substr(0, comma))};
+    limits.waviness =
+        comma == text.npos ? c_ratio * limits.roughness : ParseLength(option, text.substr(comma + 1));
+    if (!(limits.roughness > 0 && limits.waviness >= limits.roughness))
+        throw EUsage(option + ": \"" + text + "\" is no length above 0, with no shorter one behind it");
+    return limits;
+}
+
+// At the commas outside of parentheses.
+std::vector<CStr> SplitKeys(const std::string& text)
+{
+    std::vector<CStr> keys;
+    std::size_t begin = 0;
+    for (std::size_t i = 0, depth = 0; i <= text.size(); ++i) {
+        if (i == text.size() || (text[i] == ',' && depth == 0)) {
+            keys.push_back(CStr::FromUtf8(text.substr(begin, i - begin)));
+            begin = i + 1;
+        } else if (text[i] == '(') {
+            ++depth;
+        } else if (text[i] == ')' && depth > 0) {
+            --depth;
+        }
+    }
+    return keys;
+}
+
 void TakeGrains(SOptions& options, const std::string& option, const std::string& height, EGrainKind kind)
 {
     auto& grains = options.request.method.grains;
@@ -78,11 +122,20 @@ CommandLine::CParser MakeParser(SOptions& options)
     parser.Add("--pictures", [&](auto& option, auto& text) {
         options.hasPictures = CommandLine::ParseWord<bool>(option, text, {{"yes", true}, {"no", false}});
     });
+    parser.AddFlag("--binary", options.isBinary);
+    parser.AddFlag("--replace-input", options.replacesInput);
+    parser.Add("--save",
+               [&](auto& option, auto& file) { options.save = CommandLine::ParsePath(option, file); });
+    parser.Add("--spacing",
+               [&](auto& option, auto& length) { options.spacing = ParseLength(option, length); });
     parser.AddOptional("--list-settings", [&](auto&, auto& type) { options.listSettings = type; });
-    parser.Add("--parameters", [&](auto&, auto& keys) { request.keys = CStr::FromUtf8(keys).Split(u","); });
+    parser.Add("--parameters", [&](auto&, auto& keys) { request.keys = SplitKeys(keys); });
     parser.Add("--unit", [&](auto& option, auto& unit) { request.unit = ParseUnit(option, unit); });
     parser.Add("--cutoff",
                [&](auto& option, auto& length) { request.method.cutoff = ParseLength(option, length); });
+    parser.Add("--motif-limits", [&](auto& option, auto& limits) {
+        request.method.motifLimits = ParseMotifLimits(option, limits);
+    });
     parser.Add("--grains", [&](auto& option, auto& height) {
         TakeGrains(options, option, height, EGrainKind::Particle);
     });
@@ -98,18 +151,36 @@ CommandLine::CParser MakeParser(SOptions& options)
     return parser;
 }
 
+// What would have no effect beside --list-settings is refused rather than forgotten.
+void CheckListOptions(const SOptions& options, std::span<const std::string_view> given)
+{
+    constexpr std::string_view c_allowed[] = {"--list-settings", "--preferences", "--settings-folder"};
+    const auto useless = std::ranges::find_if(given, [&](std::string_view option) {
+        return std::ranges::find(c_allowed, option) == std::end(c_allowed);
+    });
+    const std::string what = useless != given.end() ? std::string(*useless) : options.input.string();
+    if (!what.empty())
+        throw EUsage("--list-settings prints sets instead of a report: \"" + what +
+                     "\" has no effect beside it");
+}
+
 } // namespace
 
 SOptions ParseOptions(std::span<const char* const> arguments)
 {
     SOptions options;
-    MakeParser(options).Parse(arguments);
+    const std::vector<std::string_view> given = MakeParser(options).Parse(arguments);
     options.request.usesPreferences = !options.preferences.empty();
-    if (options.help || options.listSettings)
+    if (options.help)
         return options;
+    if (options.listSettings) {
+        CheckListOptions(options, given);
+        return options;
+    }
     CommandLine::CheckSurfaceOptions(options, "folder is given for the reports");
     if (!options.sets.empty() && options.preferences.empty())
         throw EUsage("--set changes preferences, but no --preferences are given");
+    CheckSave(options);
     return options;
 }
 

@@ -1,7 +1,7 @@
 #include "programs/surface_report/Program.h"
 
 #include "analysis/surface/Surface.h"
-#include "common/FileBytes.h"
+#include "common/FileReplacement.h"
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"
 #include "measurement/charts/Pictures.h"
@@ -9,6 +9,7 @@
 #include "measurement/ReportTables.h"
 #include "measurement/Results.h"
 #include "measurement/Steps.h"
+#include "platform/FixedFolders.h"
 #include "platform/Folders.h"
 #include "programs/command_line/CommandLine.h"
 #include "programs/command_line/ForOption.h"
@@ -16,10 +17,12 @@
 #include "programs/surface_report/ListSettings.h"
 #include "programs/surface_report/Options.h"
 #include "programs/surface_report/PreferencesFile.h"
+#include "programs/surface_report/SaveSurface.h"
 #include "programs/surface_report/TerminalText.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <ostream>
 
@@ -34,20 +37,15 @@ namespace
 namespace fs = std::filesystem;
 namespace Measurement = CommonUI::Measurement;
 
-CommonUI::Analysis::SSurface Read(const fs::path& input, std::ostream& err)
+CommonUI::Analysis::SSurface Read(const SOptions& options, std::ostream& err)
 {
     constexpr std::uintmax_t c_longInput = 8 << 20;
     std::error_code error;
-    const auto size = fs::file_size(input, error);
+    const auto size = fs::file_size(options.input, error);
     CommandLine::CProgressLine progress("reading", !error && size >= c_longInput, err);
-    return CommonUI::Formats::ReadSurface(input, [&progress](double fraction) { progress.Show(fraction); });
-}
-
-void WriteFile(const fs::path& path, const std::string& bytes)
-{
-    CommonUI::CStr reason;
-    if (!CommonUI::ReplaceFileBytes(path.u16string(), bytes, reason))
-        throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
+    return CommonUI::Formats::ReadSurface(
+        options.input,
+        {.progress = [&progress](double fraction) { progress.Show(fraction); }, .spacing = options.spacing});
 }
 
 // A folder that is made where there is none, with those above it, and goes again unless it is kept.
@@ -79,46 +77,54 @@ private:
     std::vector<fs::path> m_made{}; // the deepest first
 };
 
-// A file with a new content, which goes again unless it is kept: the file is then as it was.
-class CReplacedFile
+// A report on its way to its file.
+class CReportFile
 {
 public:
-    CReplacedFile(const fs::path& path, const std::string& bytes)
-        : m_path(path)
+    // @param make writes the report with the function that it is called with
+    CReportFile(fs::path path, const std::function<void(const Measurement::FWriteText&)>& make)
+        : m_path(std::move(path))
     {
         CommonUI::CStr reason;
-        m_existed = CommonUI::ReadFileBytes(path.u16string(), m_before, m_before.max_size(), reason);
-        WriteFile(path, bytes);
+        Check(m_file.Open(m_path.u16string(), reason), reason);
+        make([&](std::string_view piece) { Check(m_file.Write(piece, reason), reason); });
     }
-    ~CReplacedFile()
-    {
-        CommonUI::CStr ignored;
-        std::error_code error;
-        if (m_isKept)
-            return;
-        if (m_existed)
-            CommonUI::ReplaceFileBytes(m_path.u16string(), m_before, ignored);
-        else
-            fs::remove(m_path, error);
-    }
-    CReplacedFile(const CReplacedFile&) = delete;
-    CReplacedFile& operator=(const CReplacedFile&) = delete;
 
-    void Keep() { m_isKept = true; }
+    void Replace()
+    {
+        CommonUI::CStr reason;
+        Check(m_file.ReplaceForNow(reason), reason);
+    }
+    void Keep() { m_file.Keep(); }
 
 private:
+    void Check(bool done, const CommonUI::CStr& reason) const
+    {
+        if (!done)
+            throw std::runtime_error(m_path.string() + ": " + reason.ToUtf8());
+    }
+
     fs::path m_path;
-    std::string m_before{};
-    bool m_existed = false;
-    bool m_isKept = false;
+    CommonUI::CFileReplacement m_file{};
 };
 
-// Writes both reports to a folder that is there and saves the preferences, or does nothing of all that.
-void WriteAll(const Measurement::CReportTables& report, const fs::path& folder, CPreferencesFile& preferences)
+// Writes both reports to a folder that is there and the surface where it is to be saved, and saves the
+// preferences, or does nothing of all that.
+void WriteAll(const Measurement::CReportTables& report, const CommonUI::Analysis::SSurface& surface,
+              const SOptions& options, CPreferencesFile& preferences)
 {
-    CReplacedFile html(folder / "report.html", report.GetHtml());
-    CReplacedFile text(folder / "report.txt", report.GetText());
+    CReportFile html(options.output / "report.html", [&](const auto& write) { report.WriteHtml(write); });
+    CReportFile text(options.output / "report.txt", [&](const auto& write) { report.WriteText(write); });
+    std::optional<CReportFile> saved;
+    if (!options.save.empty())
+        saved.emplace(options.save, [&](const auto& write) { write(SavedBytes(surface, options)); });
+    html.Replace();
+    text.Replace();
+    if (saved)
+        saved->Replace();
     preferences.Save();
+    if (saved)
+        saved->Keep();
     html.Keep();
     text.Keep();
 }
@@ -167,7 +173,10 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
     const Measurement::SChoices choices =
         ForOption("--parameters", [&] { return MakeChoices(preferences.GetManager(), options.request); });
     const std::vector<Measurement::SStep> steps = LoadSteps(preferences.GetFactory(), options);
-    CommonUI::Analysis::SSurface surface = Read(options.input, err);
+    CommonUI::Analysis::SSurface surface = Read(options, err);
+    if (surface.IsProfile() && choices.rows.empty() && !options.request.keys.empty())
+        throw CommandLine::EUsage(
+            "--parameters: the file is a profile, and none of these is one of profiles");
     try {
         const Measurement::SInput input = ForOption(
             "--settings", [&] { return Process(std::move(surface), choices.method.levelling, steps); });
@@ -176,7 +185,7 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
         if (options.hasPictures)
             report.SetPictures(MakePictures(input, choices.method));
         CMadeFolder folder(options.output);
-        WriteAll(report, options.output, preferences);
+        WriteAll(report, input.surface, options, preferences);
         folder.Keep();
         Print(TerminalText(report), out);
     } catch (const CommonUI::Analysis::ENoPoints& error) {

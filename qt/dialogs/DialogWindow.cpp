@@ -11,6 +11,8 @@
 #include <QWhatsThis>
 #include <QWindow>
 
+#include <utility>
+
 namespace CommonUI
 {
 
@@ -24,7 +26,10 @@ CDialogWindow::CDialogWindow(QWidget* parent)
     connect(help, &QShortcut::activated, this, [this] { AskHelp(); });
 }
 
-CDialogWindow::~CDialogWindow() = default;
+CDialogWindow::~CDialogWindow()
+{
+    SetWindowBusy(false);
+}
 
 bool CDialogWindow::IsOnScreen() const
 {
@@ -55,6 +60,10 @@ void CDialogWindow::AskHelp()
 
 bool CDialogWindow::event(QEvent* event)
 {
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked) {
+        m_blocked = event->type() == QEvent::WindowBlocked;
+        ShowPointer();
+    }
     if (event->type() != QEvent::EnterWhatsThisMode)
         return QDialog::event(event);
     QWhatsThis::leaveWhatsThisMode();
@@ -104,6 +113,24 @@ void CDialogWindow::SetWindowModal(bool modal)
     hide();
     setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
     ShowWindow(false);
+}
+
+void CDialogWindow::SetWindowBusy(bool busy)
+{
+    m_busy = busy;
+    ShowPointer();
+}
+
+// The pointer is that of all windows: what has come up over the dialog can be used and gets its own.
+void CDialogWindow::ShowPointer()
+{
+    const bool shown = m_busy && !m_blocked;
+    if (std::exchange(m_pointerShown, shown) == shown)
+        return;
+    if (shown)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
 }
 
 void CDialogWindow::SetWindowCaption(const CStr& caption)

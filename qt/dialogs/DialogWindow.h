@@ -44,6 +44,7 @@ protected:
 
     void ShowWindow(bool visible);
     void SetWindowModal(bool modal);
+    void SetWindowBusy(bool busy);
     void SetWindowCaption(const CStr& caption);
     void SetControlText(int control, const CStr& text);
     void EnableControl(int control, bool enable);
@@ -59,11 +60,15 @@ private:
     };
 
     void LieOver(QWidget* below);
+    void ShowPointer();
     void AskHelp();
     QString AddMnemonic(SControl& control, const QString& text) const;
 
     QPointer<QWidget> m_below;
     std::map<int, SControl> m_controls;
+    bool m_busy = false;
+    bool m_blocked = false; // another window has come up over this one
+    bool m_pointerShown = false;
 };
 
 /// The window of a dialog that a TView shows, a CDialogView with a control.
@@ -73,6 +78,7 @@ class CDialogViewWindow : public CDialogWindow, public TView
 public:
     void Show(bool visible) override { ShowWindow(visible); }
     void SetModal(bool modal) override { SetWindowModal(modal); }
+    void SetBusy(bool busy) override { SetWindowBusy(busy); }
     void SetCaption(const CStr& caption) override { SetWindowCaption(caption); }
     void SetText(int control, const CStr& text) override { SetControlText(control, text); }
     void Enable(int control, bool enable) override { EnableControl(control, enable); }

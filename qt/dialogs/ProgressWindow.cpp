@@ -5,6 +5,7 @@
 #include "qt/dialogs/detail/WrappedLabel.h"
 #include "qt/QtText.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QIcon>
 #include <QProgressBar>
@@ -13,6 +14,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 namespace CommonUI
 {
@@ -45,9 +47,37 @@ CProgressWindow::CProgressWindow(QWidget* parent)
     AddControl(ProgressTemplate::c_bar, *m_bar);
     AddControl(ProgressTemplate::c_cancel, *m_cancel);
     SetLayout({});
+    qApp->installEventFilter(this);
 }
 
-CProgressWindow::~CProgressWindow() = default;
+CProgressWindow::~CProgressWindow()
+{
+    RepeatQuit();
+}
+
+void CProgressWindow::Show(bool visible)
+{
+    CDialogViewWindow::Show(visible);
+    if (!IsDialogOpen())
+        RepeatQuit();
+}
+
+bool CProgressWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Quit || watched != qApp || !IsDialogOpen())
+        return CDialogViewWindow::eventFilter(watched, event);
+    m_quit = true;
+    event->ignore();
+    reject();
+    return true;
+}
+
+// Makes a request again that has come too early, in the loop that runs when the dialog has returned.
+void CProgressWindow::RepeatQuit()
+{
+    if (std::exchange(m_quit, false))
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
 
 SSize CProgressWindow::MeasureText(const CStr& text, int width) const
 {

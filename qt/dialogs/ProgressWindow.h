@@ -14,6 +14,9 @@ class CWrappedLabel;
 /// The window of a progress dialog: a text, a bar and a Cancel button, laid out in dialog units of its font.
 /// It is as large as its text needs. The icon that CProgressDialogBase::SetIcon takes is a QIcon.
 ///
+/// A request to end the program, which asks all windows to close, cancels the work and asks no other window;
+/// it is made again when the dialog has closed.
+///
 /// CQtProgressThreadDialog and CQtProgressDialog have one of their own. If the window goes first, the dialog
 /// works on unseen.
 class COMMONUIQT_API CProgressWindow : public CDialogViewWindow<CProgressView>
@@ -26,6 +29,7 @@ public:
     ~CProgressWindow() override;
 
     SSize MeasureText(const CStr& text, int width) const override;
+    void Show(bool visible) override;
     void SetLayout(const SProgressLayout& layout) override;
     void SetIcon(const void* icon) override;
     void BringParentToTop() override;
@@ -34,15 +38,20 @@ public:
 
     QProgressBar& GetBar() noexcept { return *m_bar; }
     QPushButton& GetCancelButton() noexcept { return *m_cancel; }
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    bool IsDialogOpen() const { return GetControl() && GetControl()->IsOpen(); }
+    void RepeatQuit();
+
     CWrappedLabel* m_text;
     QProgressBar* m_bar;
     QPushButton* m_cancel;
+    bool m_quit = false; // the program is to end
 };
 
 } // namespace CommonUI

@@ -37,7 +37,7 @@ QAccessible::Role CEditFieldAccessible::role() const
 QAccessible::State CEditFieldAccessible::state() const
 {
     QAccessible::State state = QAccessibleWidget::state();
-    state.editable = true;
+    state.editable = !m_field.isReadOnly();
     state.readOnly = m_field.isReadOnly();
     state.selectableText = true;
     return state;

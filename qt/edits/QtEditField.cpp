@@ -9,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QStyleOptionFrame>
 
 #include <algorithm>
 
@@ -43,6 +44,19 @@ void CQtEditField::SetText(const CStr& text)
         updateGeometry();
     }
     AnnounceNumber();
+}
+
+void CQtEditField::SetReadOnly(bool readOnly)
+{
+    if (isReadOnly() == readOnly)
+        return;
+    setReadOnly(readOnly);
+    Q_EMIT WritableChanged(!readOnly);
+    QAccessible::State changed;
+    changed.readOnly = true;
+    changed.editable = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    Announce(event);
 }
 
 void CQtEditField::EnterText(const QString& text)
@@ -110,6 +124,13 @@ bool CQtEditField::ClaimsKey(const QKeyEvent& event)
         return false;
     const EKey key = ToKey(event).key;
     return key == EKey::Enter || key == EKey::Escape || key == EKey::Up || key == EKey::Down;
+}
+
+void CQtEditField::initStyleOption(QStyleOptionFrame* option) const
+{
+    QLineEdit::initStyleOption(option);
+    if (isReadOnly())
+        option->palette.setBrush(QPalette::Base, option->palette.window());
 }
 
 void CQtEditField::wheelEvent(QWheelEvent* event)

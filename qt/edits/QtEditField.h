@@ -19,7 +19,8 @@ class CWindowWatch;
 /// the widget are at the end of its context menu.
 ///
 /// The field asks its layout for as much room as the longest text needs that its control has shown, up to
-/// twice the usual, so that a number with its unit is not cut.
+/// twice the usual, so that a number with its unit is not cut. A field that cannot be changed has the ground
+/// of its window.
 ///
 /// A window that is destroyed while the user types takes nothing any more, as the callbacks may be its own. A
 /// callback of the control may destroy the control and the widget; only while the program hides the widget,
@@ -36,6 +37,7 @@ public:
     void SetText(const CStr& text) override;
     void SelectAll() override { selectAll(); }
     bool HasFocus() const override { return hasFocus(); }
+    void SetReadOnly(bool readOnly) override;
     QSize sizeHint() const override { return WithRoom(QLineEdit::sizeHint()); }
     QSize minimumSizeHint() const override { return WithRoom(QLineEdit::minimumSizeHint()); }
     void MoveFocus(bool backward) override { focusNextPrevChild(!backward); }
@@ -43,13 +45,18 @@ public:
     /// Takes a text as if the user had typed it and pressed Enter. The field may be gone afterwards.
     void EnterText(const QString& text);
 
+Q_SIGNALS:
+    /// Whether the user can change the text.
+    void WritableChanged(bool writable);
+
 protected:
     bool event(QEvent* event) override;
+    void initStyleOption(QStyleOptionFrame* option) const override;
     void wheelEvent(QWheelEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    /// Tells screen readers that the number has changed.
+    /// Tells screen readers that the number, or whether it can be changed, has changed.
     virtual void Announce(QAccessibleEvent& event);
 
 private:

@@ -24,6 +24,7 @@ public:
 
     SRect GetScreenRect() const override;
     void SetVisible(bool visible) override { setVisible(visible); }
+    void SetEnabled(bool enabled) override { setEnabled(enabled); }
     void ShowHint(const CStr& text) override;
 
     QToolButton& GetUpButton() noexcept { return *m_buttons[0]; }

@@ -21,8 +21,8 @@ public:
     ~CQtMessageLoop() override;
 
     void Post(FMessage message) override;
-    /// @return false if QCoreApplication::exit ended the loop; quit asks the windows first, and a progress
-    ///     dialog refuses, but cancels
+    /// @return false if QCoreApplication::exit ended the loop; quit asks the windows first, and waits for a
+    ///     progress dialog, which it cancels
     bool RunUntil(const FCondition& isDone) override;
     std::size_t Pump() override;
 

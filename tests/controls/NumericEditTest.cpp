@@ -1,6 +1,8 @@
 #include "controls/FloatEdit.h"
 #include "controls/IntEdit.h"
 #include "controls/MemoryEditView.h"
+#include "controls/MemorySpinView.h"
+#include "platform/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "tests/DiagnosticsCapture.h"
 
@@ -118,29 +120,66 @@ void ExpectSteps(std::initializer_list<std::array<T, 6>> cases)
 TEST(NumericEdit, ReadsAnInteger)
 {
     CIntStage stage;
-    stage.ExpectTyped({{u" \t-5", -5},
-                       {u"+7", 7},
-                       {u"1e5", 1},
-                       {u"2147483648", c_intMax},
-                       {u"-99999999999999999999", c_intMin}});
+    stage.ExpectTyped({{u" \t-5", -5}, {u"+7", 7}, {u"1e5", 1}, {u"2147483648", c_intMax}});
+    stage.ExpectTyped({{u"-99999999999999999999", c_intMin}});
     stage.ExpectRefused({u"", u"abc", u"+-5", u"- 5", u".5"});
 }
 
 TEST(NumericEdit, ReadsARealNumber)
 {
     CFloatStage stage;
-    stage.ExpectTyped({{u"-1.5 mm", -1.5F},
-                       {u"2.", 2.0F},
-                       {u"+.5", 0.5F},
-                       {u"1e", 1.0F},
-                       {u"2E-1e", 0.2F},
-                       {u"0x10", 0.0F},
-                       {u"1e400", c_floatMax},
-                       {u"1e-400", 0.0F},
-                       {u"-1e39", -c_floatMax},
-                       {u"-InF", -c_floatMax},
-                       {u"infinite", c_floatMax}});
+    stage.ExpectTyped({{u"-1.5 mm", -1.5F}, {u"2.", 2.0F}, {u"+.5", 0.5F}, {u"1e", 1.0F}, {u"2E-1e", 0.2F}});
+    stage.ExpectTyped({{u"0x10", 0.0F}, {u"1e400", c_floatMax}, {u"1e-400", 0.0F}, {u"-1e39", -c_floatMax}});
+    stage.ExpectTyped({{u"-InF", -c_floatMax}, {u"infinite", c_floatMax}});
     stage.ExpectRefused({u"nan", u"-nan(1)", u".", u"e5", u"-.e5", u""});
+}
+
+TEST(NumericEdit, ReadsTheWholeTextWhereItIsToldTo)
+{
+    CFloatStage stage;
+    stage.edit->SetScanning(EScanning::Whole);
+    stage.edit->SetFormatString(u"%.3f mm");
+    stage.edit->Setup(0, 0, 2, 0.1F);
+    stage.ExpectTyped({{u"800 \u00B5m", 0.8F}, {u"1,5", 1.5F}, {u"5000 \u00B5m", 2.0F}, {u"\u22121", 0.0F}});
+    stage.ExpectRefused({u"1.5 V", u"1.5x", u"1 00", u"inf"});
+    stage.view.SelectAll(), stage.view.Type(u"1 200 \u00B5m");
+    stage.view.Press({.key = EKey::Up, .control = true});
+    stage.Expect(1.3F, u"1.300 mm");
+
+    CIntStage count;
+    count.edit->SetScanning(EScanning::Whole);
+    count.ExpectTyped({{u"1 000", 1000}, {u"99999999999", c_intMax}});
+    count.ExpectRefused({u"1,000", u"7 x"});
+}
+
+TEST(NumericEdit, ReadOnlyTextCanOnlyBeCopied)
+{
+    CIntStage stage;
+    stage.view.Type(u"7");
+    stage.edit->SetReadOnly(true);
+    EXPECT_EQ(stage.view.GetText(), u"0") << "what was typed is not taken";
+    stage.view.SelectAll(), stage.view.Type(u"5");
+    EXPECT_EQ(stage.view.GetSelectedText(), u"0");
+    for (const SKey key : {SKey{.key = EKey::Delete}, SKey{.key = EKey::Enter}, SKey{.key = EKey::Escape},
+                           SKey{.key = EKey::Up, .control = true}})
+        EXPECT_FALSE(stage.view.Press(key)) << "it is the dialog's";
+    stage.edit->OnTextEdited();
+    EXPECT_FALSE(stage.edit->IsModified() || stage.edit->ClaimsAllKeys(false) ||
+                 stage.edit->OnMouseWheel(120, true));
+    stage.edit->GetSpinButton().OnDeltaPos(1);
+    stage.edit->OnSpinDeltaPos(1);
+    stage.edit->GetStepSizeCtrl().GetButton(CStepSizeBtn::EType::Larger).OnClicked();
+    stage.edit->GetSpinButton().OnPointerEntered();
+    EXPECT_EQ(std::tuple(stage.edit->GetIncrement(), stage.edit->GetStepSizeCtrl().GetSlideStep()),
+              std::tuple(1, 0));
+    stage.edit->SetValue(3);
+    CMemoryEditView later;
+    stage.edit->SetView(&later);
+    EXPECT_TRUE(later.IsReadOnly() && later.GetText() == u"3") << "the program may change it";
+    stage.edit->SetReadOnly(false);
+    later.SelectAll(), later.Type(u"8");
+    stage.edit->GetSpinButton().OnDeltaPos(1);
+    EXPECT_EQ(std::tuple(stage.changes, stage.CountBeeps()), std::tuple((std::vector<int>{3, 8, 9}), 0U));
 }
 
 TEST(NumericEdit, FormatHoldsOneRealConversion)
@@ -149,10 +188,13 @@ TEST(NumericEdit, FormatHoldsOneRealConversion)
     const std::pair<const char16_t*, const char16_t*> cases[] = {
         {u"%+8.3E", u"+1.250E+00"}, {u" %g %% of it", u" 1.25 % of it"}, {u"%.2Lf mm", u"1.25 mm"}};
     CFloatStage stage;
+    stage.edit->SetScanning(EScanning::Whole);
     stage.edit->SetValue(1.25F);
     for (const auto& [format, text] : cases) {
         EXPECT_TRUE(stage.edit->SetFormatString(format));
         EXPECT_EQ(stage.view.GetText(), text);
+        stage.Enter(text);
+        EXPECT_EQ(stage.CountBeeps(), 0U) << "it reads what it shows";
     }
     int refused = 0;
     for (const char16_t* format : {u"", u"%d", u"%f %f", u"%f%", u"%*f", u"%%f", u"x %f", u"%.1f0"}) {
@@ -244,8 +286,7 @@ TEST(NumericEdit, ExponentStaysWithinItsLimits)
     }
     CIntEdit edit;
     edit.SetIncrement(25);
-    EXPECT_EQ(change(edit, -1, 1), 2);
-    EXPECT_EQ(change(edit, -1, 1), 2);
+    EXPECT_EQ(change(edit, -1, 2), 2);
     edit.SetValue(c_intMax);
     EXPECT_EQ(change(edit, 1, 20), c_intMax);
 }
@@ -288,16 +329,13 @@ TEST(NumericEdit, StepsEndAtTheRange)
 {
     CIntStage stage;
     stage.edit->Setup(3, 1, 5, 10);
-    stage.changes.clear();
     for (const int delta : {1, 1, -1, -1, 1})
         stage.edit->OnSpinDeltaPos(delta);
-    EXPECT_EQ(std::tuple(stage.changes, stage.CountBeeps()), std::tuple((std::vector<int>{5, 1, 5}), 0U));
-
     stage.edit->Setup(3, 10, 0, 1);
-    stage.edit->OnSpinDeltaPos(1);
-    EXPECT_EQ(stage.edit->GetValue(), 2);
-    stage.edit->OnSpinDeltaPos(c_intMin);
-    EXPECT_EQ(stage.edit->GetValue(), 10);
+    for (const int delta : {1, c_intMin})
+        stage.edit->OnSpinDeltaPos(delta);
+    EXPECT_EQ(std::tuple(stage.changes, stage.CountBeeps()),
+              std::tuple((std::vector<int>{3, 5, 1, 5, 3, 2, 10}), 0U));
 }
 
 TEST(NumericEdit, WheelCountsNotches)
@@ -320,10 +358,10 @@ TEST(NumericEdit, WheelCountsNotches)
     stage.edit->OnMouseWheel(60, true);
     EXPECT_EQ(stage.edit->GetValue(), 71) << "no step applies what was typed as well";
 
-    EXPECT_FALSE(stage.edit->OnMouseWheel(120, false));
     stage.view.SetFocus(false);
     EXPECT_FALSE(stage.edit->OnMouseWheel(120, true));
     stage.view.SetFocus(true);
+    EXPECT_FALSE(stage.edit->OnMouseWheel(120, false));
     stage.edit->EnableStepping(false);
     EXPECT_FALSE(stage.edit->OnMouseWheel(120, true) || stage.view.Press({.key = EKey::Up, .control = true}));
     EXPECT_EQ(stage.edit->GetValue(), 71);
@@ -331,19 +369,6 @@ TEST(NumericEdit, WheelCountsNotches)
     CIntStage far;
     EXPECT_TRUE(far.edit->OnMouseWheel(119, true) && far.edit->OnMouseWheel(c_intMax, true));
     EXPECT_EQ(far.edit->GetValue(), (119LL + c_intMax) / 120);
-}
-
-TEST(NumericEdit, ArrowsStepWithControl)
-{
-    CIntStage stage;
-    stage.view.Type(u"4");
-    EXPECT_TRUE(stage.view.Press({.key = EKey::Up, .control = true}));
-    EXPECT_EQ(stage.changes, (std::vector<int>{40, 41})) << "first what was typed";
-    EXPECT_TRUE(stage.byUser && stage.view.Press({.key = EKey::Down, .control = true}));
-    EXPECT_FALSE(stage.view.Press(EKey::Down));
-    stage.edit->GetSpinButton().OnDeltaPos(-2);
-    EXPECT_EQ(stage.changes, (std::vector<int>{40, 41, 40, 38}));
-    EXPECT_FALSE(stage.edit->ValidatingUserInput());
 }
 
 TEST(NumericEdit, UserIsCheckedAndProgramIsNot)
@@ -364,19 +389,16 @@ TEST(NumericEdit, UserIsCheckedAndProgramIsNot)
 
 TEST(NumericEdit, NotificationSetsTheValueAgain)
 {
-    CIntStage stage;
-    stage.onChange = [&](int value) { stage.edit->SetValue(value + 1); };
-    const std::function<void()> ways[] = {[&] { stage.edit->SetValue(10); }, [&] { stage.Enter(u"10"); },
-                                          [&] { stage.edit->OnSpinDeltaPos(10); }};
-    for (const auto& change : ways) {
-        stage.edit->Setup(0, c_intMin, c_intMax, 1);
-        stage.edit->ResetChangeNotification();
-        stage.edit->SetValue(0);
-        stage.edit->SetChangeNotification(stage, &CIntStage::OnChange);
-        stage.changes.clear();
-        change();
+    const std::pair<void (*)(CIntStage&), bool> ways[] = {
+        {[](CIntStage& s) { s.edit->SetValue(10); }, false},
+        {[](CIntStage& s) { s.Enter(u"10"); }, true},
+        {[](CIntStage& s) { s.edit->OnSpinDeltaPos(10); }, true}};
+    for (const auto& [change, byUser] : ways) {
+        CIntStage stage;
+        stage.onChange = [&](int value) { stage.edit->SetValue(value + 1); };
+        change(stage);
         EXPECT_EQ(stage.changes, (std::vector<int>{10, 11}));
-        EXPECT_EQ(stage.byUser, &change != &ways[0]) << "also for what is set in between";
+        EXPECT_EQ(stage.byUser, byUser) << "also for what is set in between";
         stage.Expect(12, u"12");
     }
 }
@@ -386,6 +408,8 @@ TEST(NumericEdit, ValidatorSetsTheValueAgain)
     for (const bool accept : {false, true}) {
         CIntStage stage;
         stage.SetValidator([&](int value) {
+            stage.view.SetFocus(false); // as a message box does
+            EXPECT_EQ(stage.CountBeeps(), 0U);
             stage.edit->SetValue(value + 100);
             stage.edit->OnSpinDeltaPos(1); // the user steps while he is asked
             return accept;
@@ -405,26 +429,6 @@ TEST(NumericEdit, CallbacksOfUserAndProgramKeepTheRange)
     EXPECT_EQ(std::tuple(stage.edit->GetValue(), stage.changes), std::tuple(7, (std::vector<float>{5, 7})));
 }
 
-TEST(NumericEdit, TellsItsNumber)
-{
-    CFloatEdit edit;
-    edit.Setup(0.7F, 10, -1, 0.1F);
-    const auto number = edit.GetNumber();
-    ASSERT_TRUE(number);
-    EXPECT_EQ(std::tuple(number->value, number->minimum, number->maximum, number->step),
-              std::tuple(0.7, -1, 10, 0.1))
-        << "as they are read";
-    EXPECT_FALSE(CExEdit(true, true).GetNumber());
-}
-
-TEST(NumericEdit, ValidatorThatTakesTheFocus)
-{
-    CIntStage stage;
-    stage.SetValidator([&](int) { return stage.view.SetFocus(false), false; }); // as a message box does
-    stage.Enter(u"1");
-    EXPECT_EQ(std::pair(stage.asked.size(), stage.CountBeeps()), std::pair(1UL, 1UL));
-    EXPECT_EQ(stage.view.GetText(), u"0");
-}
 TEST(NumericEdit, CallbackThrows)
 {
     CIntStage stage;
@@ -465,7 +469,7 @@ TEST(NumericEdit, CallbackDestroysTheEdit)
     }
 }
 
-TEST(NumericEdit, TypedTextOutlivesANewStep)
+TEST(NumericEdit, TypedTextOutlivesANewSizeOfTheStepAndReplacesTheNumber)
 {
     CIntStage stage;
     stage.view.SetText(u"stale");
@@ -478,18 +482,13 @@ TEST(NumericEdit, TypedTextOutlivesANewStep)
     stage.view.Type(u"5");
     stage.edit->GetStepSizeCtrl().GetButton(CStepSizeBtn::EType::Larger).OnClicked();
     EXPECT_EQ(std::tuple(stage.edit->GetIncrement(), stage.view.GetText()), std::tuple(10, u"50"));
-}
 
-TEST(NumericEdit, TypingAfterAStepReplacesTheNumber)
-{
-    CIntStage stage;
-    stage.edit->Setup(41, 0, 1000, 1);
-    stage.view.Press({.key = EKey::Up, .control = true});
+    EXPECT_TRUE(stage.view.Press({.key = EKey::Down, .control = true}) && !stage.view.Press(EKey::Down));
+    EXPECT_EQ(stage.changes, (std::vector<int>{0, 50, 40})) << "first what was typed";
     stage.view.Type(u"5");
-    EXPECT_EQ(stage.view.GetText(), u"5");
-    stage.view.Press(EKey::Enter);
+    EXPECT_EQ(stage.view.GetText(), u"5") << "it replaces what a step has shown";
     stage.view.SetFocus(false);
     stage.edit->OnSpinDeltaPos(1);
     stage.view.Type(u"7");
-    EXPECT_EQ(stage.view.GetText(), u"76") << "a field without the focus keeps its selection";
+    EXPECT_EQ(stage.view.GetText(), u"710") << "but not without the focus";
 }

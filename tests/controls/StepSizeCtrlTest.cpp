@@ -1,5 +1,7 @@
 #include "controls/StepSizeCtrl.h"
 
+#include "controls/MemorySpinView.h"
+#include "controls/MemoryStepSizeView.h"
 #include "tests/CountedTimers.h"
 
 #include <gtest/gtest.h>
@@ -102,8 +104,11 @@ TEST_F(StepSizeCtrl, PointerLeavesHalfWay)
     EXPECT_EQ(popup->GetSlideStep(), 4) << "back at once";
     service.Advance(30);
     spin.OnPointerLeft();
+    service.Advance(400);
     popup->Show(*popup);
     EXPECT_EQ(popup->GetSlideStep(), 5) << "only the spin button slides at once";
+    spin.OnPointerEntered();
+    EXPECT_EQ(popup->GetSlideStep(), 6);
 }
 
 TEST_F(StepSizeCtrl, LateTickCatchesUp)
@@ -120,7 +125,6 @@ TEST_F(StepSizeCtrl, LateTickCatchesUp)
     }
     spin.OnPointerLeft();
     service.Advance(500);
-    EXPECT_EQ(popup->GetSlideStep(), 8) << "it has not begun before";
     service.late += 1000;
     service.Advance(30);
     EXPECT_EQ(popup->GetSlideStep(), 0);
@@ -143,12 +147,14 @@ TEST_F(StepSizeCtrl, ButtonsTellTheirDirection)
 TEST_F(StepSizeCtrl, HidesWithItsSpinButton)
 {
     SlideOut();
-    spin.Show(5, true);
+    spin.Show(5, true), spin.Enable(true);
     EXPECT_TRUE(view.shown);
-    spin.OnPointerLeft();
-    spin.Show(5, false);
+    spin.OnPointerLeft(), spin.Show(5, false);
     EXPECT_FALSE(view.shown || spinView.shown);
     EXPECT_EQ(std::tuple(popup->GetSlideStep(), service.GetTimerCount()), std::tuple(0, 0));
+    SlideOut();
+    spin.Enable(false);
+    EXPECT_FALSE(view.shown) << "as it cannot be pressed";
 }
 
 TEST_F(StepSizeCtrl, ViewThatComesLaterShowsTheState)

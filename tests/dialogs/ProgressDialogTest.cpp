@@ -103,6 +103,24 @@ TEST_F(ProgressDialog, AppearsAfterTwoSecondsOrWithTheFirstStep)
     EXPECT_EQ(timers.GetTimerCount(), 0U);
 }
 
+TEST_F(ProgressDialog, PointerIsBusyWhileAHiddenDialogBlocksTheWindows)
+{
+    dialog->Create();
+    EXPECT_FALSE(view.IsBusy()) << "it blocks nothing";
+    dialog->EndDialog(1);
+    loop.Post([&] {
+        EXPECT_TRUE(view.IsBusy());
+        timers.Advance(CProgressDialog::c_showDelay);
+        EXPECT_FALSE(view.IsBusy());
+        dialog->SetTimer(CProgressDialog::c_hideTimer, 1);
+        timers.Advance(1);
+        EXPECT_TRUE(view.IsBusy());
+        dialog->EndDialog(1);
+    });
+    dialog->DoModal();
+    EXPECT_FALSE(view.IsBusy());
+}
+
 TEST_F(ProgressDialog, CancelDisablesAndTellsTheThread)
 {
     const auto isToldOnce = [] {

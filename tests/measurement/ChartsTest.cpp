@@ -5,6 +5,7 @@
 #include "measurement/charts/Plot.h"
 #include "measurement/charts/PngText.h"
 #include "measurement/charts/ProfileChart.h"
+#include "measurement/charts/SpectrumChart.h"
 #include "measurement/charts/SurfaceMap.h"
 
 #include "tests/analysis/TestSurfaces.h"
@@ -81,6 +82,18 @@ TEST(Plot, FlatRangesHaveRoom)
         EXPECT_TRUE(room.GetLower() < height && height < room.GetUpper()) << height;
     }
     EXPECT_EQ(MakeRoom({1, 1.001}), CRange<double>(1, 1.001));
+}
+
+TEST(Plot, MarksBelowHaveRoomForTheirTexts)
+{
+    const CRange<double> rows[]{{0, 60e-6}, {1, 1 + 1e-6}, {-3e-9, 8e-4}, {1e-100, 2e-100}};
+    for (const CRange<double>& range : rows) {
+        for (const double room : {200.0, 600.0}) {
+            const SAxis axis = MakeAxisBelow(range, room, 8);
+            EXPECT_LE(static_cast<double>(axis.ticks.size()) * LabelWidth(axis), room);
+            EXPECT_FALSE(axis.ticks.empty()) << range.GetLower() << ' ' << room;
+        }
+    }
 }
 
 TEST(Curve, LongProfileKeepsSpikesAndGaps)
@@ -169,6 +182,17 @@ TEST(GrainOutlines, GoAroundGrainsAndTheirHoles)
     }
 }
 
+TEST(GrainOutlines, OfManyPointsHaveFewerCells)
+{
+    const SSurface half = MakeSurface(1024, 600, [](double x, double) { return x < 512 ? 1 : 0; });
+    const SGrainOutlines outlines =
+        MakeGrainOutlines(Analysis::FindGrains(half, 0.5, EGrainKind::Particle), 9);
+    EXPECT_EQ(outlines.columns, 512u);
+    EXPECT_EQ(outlines.rows, 512u);
+    EXPECT_EQ(outlines.path, "M0 512h256v-512h-256v512z");
+    EXPECT_NEAR(outlines.numbers.at(0).x, 128, 0.5);
+}
+
 TEST(GrainOutlines, NumbersAreThoseOfTheLargestAndLieInThem)
 {
     const auto map =
@@ -214,4 +238,42 @@ TEST(SurfaceMap, HasARasterOfBoundedSizeAndHatchesWhatIsMissing)
     EXPECT_TRUE(Has(holed, png + "AAMAAAAC")) << "3 by 2";
     EXPECT_GT(Count(holed, "<svg"), Count(whole, "<svg"));
     EXPECT_EQ(DrawSurfaceMap(SurfaceOf({".."}), scale), "");
+}
+
+TEST(SurfaceMap, HasTheLastLineAtTheTopInTheColoursOfItsHeights)
+{
+    SIndexedPicture expected{.width = 3, .height = 2, .numbers = {128, 0, 255, 1, 52, 103}};
+    const SColorScale scale = GetBuiltInColorScale(EBuiltInSetting::CSQuickLaunchGrey);
+    expected.colors = scale.MakeTable(255);
+    if (MakePng(expected).empty())
+        GTEST_SKIP() << "built without libpng";
+    const std::string svg =
+        DrawSurfaceMap(MakeSurface(3, 2,
+                                   [](double x, double y) {
+                                       return y == 0 ? x / 5 : x == 0 ? 0.5 : x == 1 ? c_gap : 1;
+                                   }),
+                       scale);
+    EXPECT_TRUE(Has(svg, DataUri("image/png", MakePng(expected))));
+    // Twice as high as wide, and both axes begin at the corner.
+    const std::string high =
+        DrawSurfaceMap(MakeSurface(50, 100, [](double x, double y) { return x * y; }), scale);
+    EXPECT_TRUE(Has(high, "width=\"220\" height=\"440\" preserveAspectRatio=\"none\""));
+}
+
+TEST(SpectrumChart, IsLogarithmicAndLeavesOutWhatIsRounding)
+{
+    // Three decades of frequency, equally far apart; the second power is lost.
+    const std::string svg = DrawSpectrum({{1e3, 1e-20}, {1e4, 1e-40}, {1e5, 1e-20}, {1e6, 1e-22}});
+    const std::size_t at = svg.find("d=\"M") + 4;
+    double x[3]{};
+    double y[3]{};
+    ASSERT_EQ(std::sscanf(svg.c_str() + at, "%lf %lfL%*f %*fM%lf %lfL%lf %lf", &x[0], &y[0], &x[1], &y[1],
+                          &x[2], &y[2]),
+              6)
+        << svg.substr(at, 100);
+    EXPECT_NEAR(x[1] - x[0], 2 * (x[2] - x[1]), 0.02);
+    EXPECT_EQ(y[0], y[1]);
+    EXPECT_GT(y[2], y[1]);
+    EXPECT_TRUE(Has(svg, ">frequency / µm⁻¹</text>") || Has(svg, ">frequency / mm⁻¹</text>"));
+    EXPECT_EQ(DrawSpectrum({{1e3, 1}}), "");
 }

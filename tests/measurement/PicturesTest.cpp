@@ -103,4 +103,21 @@ TEST(Pictures, SayWhyOneIsNotThere)
     const auto flat = [](double, double) { return 1; };
     EXPECT_TRUE(Has(PageOf(MakeSurface(9, 9, flat)), "No power spectrum: "));
     EXPECT_TRUE(Has(PageOf(MakeSurface(9, 9, [](double, double) { return c_gap; })), "No pictures: "));
+    const auto wave = [](double x, double) { return std::sin(x); };
+    const std::string profile = PageOf(MakeSurface(999, 1, wave));
+    EXPECT_FALSE(Has(profile, "<image") || Has(profile, "Sk ")) << "what only a surface has";
+    EXPECT_TRUE(Has(PageOf(MakeSurface(999, 4, wave)), "Sk "));
+}
+
+TEST(Pictures, ProfileIsTheOneNearestToTheMiddleThatHasPoints)
+{
+    const auto caption = [](auto isMissing) {
+        const std::string page =
+            PageOf(MakeSurface(9, 7, [&](double x, double y) { return isMissing(x, y) ? c_gap : x * y; }));
+        const std::size_t at = page.find(">Profile") + 1;
+        return page.substr(at, page.find('<', at) - at);
+    };
+    EXPECT_EQ(caption([](double, double) { return false; }), "Profile 4 of 7");
+    EXPECT_EQ(caption([](double, double y) { return y > 0 && y < 6; }), "Profile 1 of 7");
+    EXPECT_EQ(caption([](double x, double y) { return y != 5 && x > 0; }), "Profile 6 of 7");
 }

@@ -1,6 +1,7 @@
 #include "qt/edits/NumericEditWidget.h"
 
 #include "platform/ManualTimerService.h"
+#include "platform/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "platform/MessageLoop.h"
 #include "qt/edits/QtEditField.h"
@@ -100,19 +101,16 @@ public:
 
 TEST_F(NumericEditWidget, KeysAndWheelReachTheControl)
 {
-    int shortcuts = 0;
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
-        const QShortcut shortcut(key, m_dialog.get(), [&shortcuts] { ++shortcuts; });
+        const QShortcut shortcut(key, m_dialog.get(), [] { ADD_FAILURE() << "the field comes first"; });
         m_cutoff->GetEdit().SetValue(0.8F);
         m_changes.clear();
         Enter(QStringLiteral("2.5"));
-        EXPECT_TRUE(m_changes.empty());
         QTest::keyClick(&Field(), key);
         EXPECT_EQ(m_changes, std::vector<float>{2.5F});
         EXPECT_EQ(Field().selectedText(), QStringLiteral("2.50"));
-        EXPECT_TRUE(m_dialog->isVisible());
-        EXPECT_EQ(shortcuts, 0) << "the field comes first";
     }
+    EXPECT_TRUE(m_dialog->isVisible());
     QTest::keyClick(&Field(), Qt::Key_Up, Qt::ControlModifier);
     EXPECT_FALSE(Turn(Field(), 0, Qt::ControlModifier) || Turn(m_count->GetField(), -120, Qt::NoModifier));
     EXPECT_TRUE(Field().hasFocus());
@@ -128,6 +126,30 @@ TEST_F(NumericEditWidget, KeysAndWheelReachTheControl)
     QTest::keyClick(&m_count->GetField(), Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_TRUE(Field().hasFocus());
     EXPECT_EQ(Field().selectedText(), QStringLiteral("8.00"));
+}
+
+TEST_F(NumericEditWidget, ReadOnlyTextCanOnlyBeCopied)
+{
+    const auto getGround = [&] { return Field().grab().toImage().pixelColor(Field().width() - 5, 5); };
+    const QPalette palette = Field().palette();
+    EXPECT_EQ(getGround(), palette.color(QPalette::Base));
+    m_cutoff->GetEdit().SetReadOnly(true);
+    EXPECT_EQ(getGround(), palette.color(QPalette::Window));
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    clipboard.setText(QStringLiteral("7"));
+    Enter(QStringLiteral("5"));
+    for (const Qt::Key key : {Qt::Key_A, Qt::Key_V, Qt::Key_X, Qt::Key_C})
+        QTest::keyClick(&Field(), key, Qt::ControlModifier);
+    EXPECT_EQ(clipboard.text(), QStringLiteral("0.80"));
+    EXPECT_FALSE(m_cutoff->GetSpinButton().GetUpButton().isEnabled());
+    for (const QAction* const action : Field().actions())
+        EXPECT_FALSE(action->isEnabled());
+    QAccessibleInterface* const reader = QAccessible::queryAccessibleInterface(&Field());
+    EXPECT_TRUE(reader->state().readOnly && !reader->state().editable);
+    reader->valueInterface()->setCurrentValue(1);
+    EXPECT_TRUE(m_changes.empty() && Field().text() == QStringLiteral("0.80"));
+    QTest::keyClick(&Field(), Qt::Key_Return);
+    EXPECT_FALSE(m_dialog->isVisible()) << "Enter is the dialog's";
 }
 
 TEST_F(NumericEditWidget, SpinButtonStepsAndGivesTheFieldTheFocus)
@@ -148,52 +170,43 @@ TEST_F(NumericEditWidget, SpinButtonStepsAndGivesTheFieldTheFocus)
     EXPECT_FALSE(m_count->GetSpinButton().isVisible());
 }
 
-TEST_F(NumericEditWidget, PopUpSlidesOutAndBackAndChangesTheStep)
+TEST_F(NumericEditWidget, PopUpComesWithThePointerAndChangesTheStep)
 {
     CQtSpinButton& spin = m_cutoff->GetSpinButton();
     CQtStepSizePopup& popup = m_cutoff->GetStepSizePopup();
+    QAbstractButton& smaller = popup.GetButton(CStepSizeBtn::EType::Smaller);
     QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+    QEvent leave(QEvent::Leave);
+    QEvent deactivate(QEvent::WindowDeactivate);
     QApplication::sendEvent(&spin, &enter);
-    EXPECT_TRUE(popup.isVisible());
-    const int height = spin.height();
-    EXPECT_EQ(popup.geometry(), QRect(spin.mapToGlobal(QPoint(spin.width(), 0)), QSize(height / 9, height)));
-    m_timers.Advance(8 * c_SlideStepTime);
-    EXPECT_EQ(popup.size(), QSize(height, height));
-    EXPECT_TRUE(Field().hasFocus());
-
     QTest::mouseClick(&popup.GetButton(CStepSizeBtn::EType::Larger), Qt::LeftButton);
     EXPECT_FLOAT_EQ(m_cutoff->GetEdit().GetIncrement(), 1.0F);
-    QTest::mouseClick(&popup.GetButton(CStepSizeBtn::EType::Smaller), Qt::LeftButton);
+    QTest::mouseClick(&smaller, Qt::LeftButton);
     QTest::keyClick(&Field(), Qt::Key_PageDown, Qt::ControlModifier);
     EXPECT_FLOAT_EQ(m_cutoff->GetEdit().GetIncrement(), 0.01F);
+    EXPECT_TRUE(Field().hasFocus());
 
-    QEvent leave(QEvent::Leave);
+    const auto waitAfter = [&](QWidget& from, QEvent& event) {
+        QApplication::sendEvent(&from, &event);
+        m_timers.Advance(c_HideDelayTime + 9 * c_SlideStepTime);
+        return popup.isVisible();
+    };
     QApplication::sendEvent(&spin, &leave);
-    QApplication::sendEvent(&popup.GetButton(CStepSizeBtn::EType::Smaller), &enter);
-    m_timers.Advance(c_HideDelayTime + 9 * c_SlideStepTime);
-    EXPECT_TRUE(popup.isVisible());
-    QApplication::sendEvent(&popup.GetButton(CStepSizeBtn::EType::Smaller), &leave);
-    m_timers.Advance(c_HideDelayTime + 9 * c_SlideStepTime);
-    EXPECT_FALSE(popup.isVisible());
-
+    EXPECT_TRUE(waitAfter(smaller, enter));
+    EXPECT_FALSE(waitAfter(smaller, leave));
     const std::function<void()> ends[] = {
         [&] { m_dialog->resize(m_dialog->size() + QSize(20, 0)); },
         [&] { m_cutoff->hide(), m_cutoff->show(); },
-        [&] {
-            QEvent left(QEvent::WindowDeactivate);
-            QApplication::sendEvent(m_dialog.get(), &left);
-        },
+        [&] { QApplication::sendEvent(m_dialog.get(), &deactivate); },
         [&] { m_cutoff->Attach(m_count->GetEdit()); },
     };
     for (const auto& end : ends) {
-        QApplication::sendEvent(&spin, &enter);
-        EXPECT_TRUE(popup.isVisible());
+        EXPECT_TRUE(waitAfter(spin, enter));
         end();
         EXPECT_FALSE(popup.isVisible());
     }
     m_cutoff->setEnabled(false);
-    QApplication::sendEvent(&spin, &enter);
-    EXPECT_FALSE(popup.isVisible());
+    EXPECT_FALSE(waitAfter(spin, enter));
 }
 
 TEST_F(NumericEditWidget, PopUpStaysOnTheScreen)
@@ -212,7 +225,8 @@ TEST_F(NumericEditWidget, PopUpStaysOnTheScreen)
         const QWidget& half = popup.GetButton(CStepSizeBtn::EType::Larger);
         EXPECT_EQ(half.x(), missing ? popup.width() - spin.height() : 0) << "the picture does not move";
         m_timers.Advance(9 * c_SlideStepTime);
-        EXPECT_EQ(popup.geometry().left(), missing ? edge - spin.height() : edge);
+        const QPoint corner(missing ? edge - spin.height() : edge, spin.mapToGlobal(QPoint()).y());
+        EXPECT_EQ(popup.geometry(), QRect(corner, QSize(spin.height(), spin.height())));
     }
 }
 
@@ -249,27 +263,22 @@ TEST_F(NumericEditWidget, ScreenReadersHearANumber)
     const QAccessible::State state = field->state();
     EXPECT_TRUE(state.editable && state.focusable && state.focused && !state.readOnly);
     const QAccessibleValueInterface& value = *field->valueInterface();
-    EXPECT_EQ(value.currentValue().toDouble(), 0.8);
-    EXPECT_EQ(value.minimumValue().toDouble(), 0);
-    EXPECT_EQ(value.maximumValue().toDouble(), 8);
-    EXPECT_EQ(value.minimumStepSize().toDouble(), 0.1);
-
+    m_cutoff->GetEdit().SetRange(8, -1, 0.01);
+    EXPECT_EQ(value.currentValue().toDouble(), 0.8) << "as it is read";
+    EXPECT_EQ(std::pair(value.minimumValue().toDouble(), value.maximumValue().toDouble()),
+              std::pair(-1.0, 8.0));
+    EXPECT_EQ(value.minimumStepSize().toDouble(), 0.01);
     CQtEditField plain(nullptr);
-    QAccessibleInterface* const text = QAccessible::queryAccessibleInterface(&plain);
-    EXPECT_EQ(text->role(), QAccessible::EditableText);
-    EXPECT_EQ(text->valueInterface(), nullptr);
-
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&plain)->valueInterface(), nullptr);
     const std::pair<QWidget&, const char*> buttons[] = {
         {m_cutoff->GetSpinButton().GetUpButton(), "Increase"},
         {m_cutoff->GetSpinButton().GetDownButton(), "Decrease"},
         {m_cutoff->GetStepSizePopup().GetButton(CStepSizeBtn::EType::Larger), "Ten Times Larger Steps"},
         {m_cutoff->GetStepSizePopup().GetButton(CStepSizeBtn::EType::Smaller), "Ten Times Smaller Steps"},
     };
-    for (const auto& [widget, name] : buttons) {
-        const QAccessibleInterface* const button = QAccessible::queryAccessibleInterface(&widget);
-        EXPECT_EQ(button->text(QAccessible::Name), QString::fromUtf8(name));
-        EXPECT_EQ(button->role(), QAccessible::Button) << name;
-    }
+    for (const auto& [widget, name] : buttons)
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name),
+                  QString::fromUtf8(name));
 }
 
 TEST_F(NumericEditWidget, ScreenReadersHearOfChangesAndMakeThem)

@@ -3,7 +3,7 @@
 #include "platform/ManualTimerService.h"
 #include "platform/MessageBoxService.h"
 #include "platform/MessageLoop.h"
-#include "qt/dialogs/FormatSpecifierWindow.h"
+#include "qt/dialogs/QtFormatSpecifierDlg.h"
 #include "qt/dialogs/QtProgressDialog.h"
 #include "qt/QtText.h"
 #include "tests/qt/WhenShown.h"
@@ -92,6 +92,63 @@ TEST_F(ProgressWindow, KeepsInputFromTheOtherWindowsWhetherItIsSeenOrNot)
     EXPECT_EQ(clicks, 0);
     ClickMainWindow();
     EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(ProgressWindow, PointerIsBusyOverWindowsThatAHiddenDialogBlocks)
+{
+    const auto isBusy = [] {
+        const QCursor* const pointer = QGuiApplication::overrideCursor();
+        return pointer && pointer->shape() == Qt::WaitCursor;
+    };
+    const std::function<void()> ends[] = {
+        [&] { timers.Advance(CProgressDialogBase::c_showDelay); },
+        [&] { dialog->EndDialog(1); },
+        [&] { delete dialog->GetWindow(); },
+    };
+    for (const auto& end : ends) {
+        MakeDialog(main.get());
+        GetMessageLoop().Post([&] {
+            EXPECT_TRUE(isBusy());
+            WhenShown<QMessageBox>([&](QMessageBox& box) {
+                EXPECT_FALSE(isBusy()) << "it can be used";
+                box.close();
+            });
+            (void)GetMessageBoxService().Show({u"A file is missing.", MessageBoxStyle::c_ok});
+            EXPECT_TRUE(isBusy());
+            end();
+            EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+            dialog->EndDialog(1);
+        });
+        dialog->DoModal();
+    }
+}
+
+TEST_F(ProgressWindow, AQuitDuringTheWorkComesAfterTheDialog)
+{
+    const std::function<void()> ways[] = {
+        [] { QCoreApplication::quit(); }, [&] { main->close(); }, // the last window
+    };
+    for (const auto& quit : ways) {
+        main->show();
+        MakeDialog(main.get());
+        bool isClosed = false;
+        GetMessageLoop().Post([&] {
+            GetMessageLoop().Post([&] {
+                quit();
+                QCoreApplication::sendPostedEvents(qApp);
+                EXPECT_TRUE(dialog->IsOpen() && dialog->IsCanceled());
+                dialog->EndDialog(7);
+            });
+            EXPECT_EQ(dialog->DoModal(), 7);
+            EXPECT_EQ(main->isVisible(), &quit != &ways[1]) << "nobody else is asked before";
+            GetMessageLoop().Post([&] {
+                isClosed = !main->isVisible();
+                QCoreApplication::exit();
+            });
+        });
+        QApplication::exec();
+        EXPECT_TRUE(isClosed) << &quit - ways;
+    }
 }
 
 TEST_F(ProgressWindow, LeavesWhatWasThereBeforeUsable)
