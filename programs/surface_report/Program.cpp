@@ -4,6 +4,7 @@
 #include "common/FileReplacement.h"
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"
+#include "measurement/charts/Pictures.h"
 #include "measurement/Choices.h"
 #include "measurement/ReportTables.h"
 #include "measurement/Results.h"
@@ -179,8 +180,10 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
     try {
         const Measurement::SInput input = ForOption(
             "--settings", [&] { return Process(std::move(surface), choices.method.levelling, steps); });
-        const Measurement::CReportTables report(
+        Measurement::CReportTables report(
             ForOption("--cutoff", [&] { return ComputeResults(input, choices); }), options.transpose);
+        if (options.hasPictures)
+            report.SetPictures(MakePictures(input, choices.method));
         CMadeFolder folder(options.output);
         WriteAll(report, input.surface, options, preferences);
         folder.Keep();
