@@ -1,5 +1,7 @@
 #include "common/Diagnostics.h"
 
+#include "common/ControlCharacters.h"
+
 #include <iostream>
 #include <mutex>
 #include <set>
@@ -13,13 +15,17 @@ namespace
 
 thread_local int s_openScopes = 0;
 
+// A line quotes files and names of others, which must not command the terminal.
+std::string ToTerminal(std::u16string_view text)
+{
+    return ToUtf8(ReplaceControls(text, u'?'));
+}
+
 void WriteToStandardError(const SDiagnosticLine& line)
 {
-    std::string text = line.category.empty() ? std::string() : ToUtf8(line.category) + ": ";
+    std::string text = line.category.empty() ? std::string() : ToTerminal(line.category) + ": ";
     text.append(static_cast<std::size_t>(line.indentation) * 2, ' ');
-    text += ToUtf8(line.text);
-    if (!line.text.ends_with(u'\n'))
-        text += '\n';
+    text += ToTerminal(line.text.substr(0, line.text.size() - line.text.ends_with(u'\n'))) + '\n';
     static const std::ios_base::Init init; // constructors of static objects may write, too
     std::cerr << text;
 }

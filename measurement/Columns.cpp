@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace CommonUI::Measurement
 {
@@ -40,17 +41,22 @@ CStr SColumn::GetText(double value) const
     return FormatParameterValue(value * parameter.CalcFactor(), parameter.GetFloatFormat());
 }
 
+SColumn MakeColumn(const CParameter& parameter, std::vector<double> values, bool automaticUnits)
+{
+    SColumn column{parameter, std::move(values)};
+    if (automaticUnits)
+        column.parameter.SetupFactor(Units(), LargestMagnitude(column.values));
+    return column;
+}
+
 std::vector<SColumn> MakeColumns(const std::vector<CParameter>& parameters, const FValuesOf& valuesOf,
                                  bool automaticUnits)
 {
     std::vector<SColumn> columns;
     for (const CParameter& parameter : parameters) {
-        SColumn column{parameter, valuesOf(parameter)};
-        if (column.values.empty())
-            continue;
-        if (automaticUnits)
-            column.parameter.SetupFactor(Units(), LargestMagnitude(column.values));
-        columns.push_back(std::move(column));
+        std::vector<double> values = valuesOf(parameter);
+        if (!values.empty())
+            columns.push_back(MakeColumn(parameter, std::move(values), automaticUnits));
     }
     return columns;
 }

@@ -22,6 +22,10 @@ struct COMMONUIMEASUREMENT_API SColumn {
     CStr GetText(double value) const;
 };
 
+/// @param automaticUnits whether the values are shown in the unit that suits them
+COMMONUIMEASUREMENT_API SColumn MakeColumn(const CParameter& parameter, std::vector<double> values,
+                                           bool automaticUnits);
+
 /// Computes the values of a parameter.
 using FValuesOf = std::function<std::vector<double>(const CParameter&)>;
 

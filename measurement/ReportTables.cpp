@@ -1,7 +1,9 @@
 #include "measurement/ReportTables.h"
 
+#include "common/ControlCharacters.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
+#include "output/results/ResultsHtml.h"
 
 #include <algorithm>
 #include <string_view>
@@ -20,10 +22,7 @@ constexpr std::string_view c_lineEnd = "\r\n";
 // On one line and in one cell, whatever a file says of itself.
 CStr OneLine(const CStr& text)
 {
-    std::u16string line(text.View());
-    std::ranges::replace_if(
-        line, [](char16_t unit) { return unit < u' ' || (unit >= 0x7F && unit <= 0x9F); }, u' ');
-    return line;
+    return ReplaceControls(text, u' ');
 }
 
 void FillSurface(CGrid& grid, const std::vector<SColumn>& columns)
@@ -54,24 +53,34 @@ CStr HeaderOf(const CParameter& parameter)
     return symbol + u"\r\n" + GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard());
 }
 
-std::size_t CountRows(const SResults& results)
-{
-    return results.columns.empty() ? 0 : results.columns.front().values.size();
-}
-
 CStr RowName(std::size_t index)
 {
     return CStr::Format(u"%d", index + 1);
 }
 
-void AddRow(CGrid& grid, const SResults& results, std::size_t index)
+// The rows from `first` on, up to `last`.
+void AddRows(CGrid& grid, const SResults& results, std::size_t first, std::size_t last)
 {
-    CGrid::SRow row{.name = RowName(index), .cells = {}};
-    row.cells.reserve(results.columns.size());
-    for (const SColumn& column : results.columns)
-        row.cells.push_back(column.GetText(column.values[index]));
-    grid.AddRow(std::move(row));
+    const std::size_t count = results.columns.size();
+    const CPartValues values = results.GetValues({0, count, first, last});
+    for (std::size_t i = first; i < last; ++i) {
+        CGrid::SRow row{.name = RowName(i), .cells = {}};
+        row.cells.reserve(count);
+        for (std::size_t column = 0; column < count; ++column)
+            row.cells.push_back(results.columns[column].GetText(values[column][i - first]));
+        grid.AddRow(std::move(row));
+    }
 }
+
+// Calls work(first, last) for as many rows at a time as become text together.
+template<class FWork>
+void ForEachBlock(std::size_t count, std::size_t blockRows, FWork work)
+{
+    for (std::size_t first = 0; first < count; first += blockRows)
+        work(first, std::min(count, first + blockRows));
+}
+
+constexpr std::size_t c_blockRows = 512;
 
 // The headers of the columns and the row of units.
 void FillHead(CGrid& grid, const SResults& results)
@@ -139,16 +148,27 @@ CGrid EscapedSummary(const CGrid& grid)
     return escaped;
 }
 
-// The texts behind one another, with a separator between two that are not empty.
-std::string Joined(std::initializer_list<CStr> texts, std::string_view separator)
+CGrid::CCells CellsOf(const CGrid& grid)
 {
-    std::string joined;
-    for (const CStr& text : texts) {
-        if (!joined.empty() && !text.IsEmpty())
-            joined += separator;
-        joined += text.ToUtf8();
-    }
-    return joined;
+    CGrid::CCells cells;
+    grid.GetGridCells(cells, grid.GetType());
+    return cells;
+}
+
+// An empty table of the same columns.
+CGrid PartOf(const CGrid& grid)
+{
+    CGrid part(grid.GetType());
+    for (const CGrid::SColumn& column : grid.GetColumns())
+        part.AddColumn(column);
+    return part;
+}
+
+std::string MakeWhole(const std::function<void(const FWriteText&)>& writeTo)
+{
+    std::string whole;
+    writeTo([&whole](std::string_view piece) { whole += piece; });
+    return whole;
 }
 
 } // namespace
@@ -169,103 +189,160 @@ CReportTables::CReportTables(SResults results, bool transpose)
     if (m_results.columns.empty())
         return;
     FillHead(m_rows, m_results);
-    for (std::size_t i = 0; !HasTooManyRows() && i < CountRows(m_results); ++i)
-        AddRow(m_rows, m_results, i);
+    if (!HasTooManyRows())
+        ForEachBlock(m_results.rowCount, c_blockRows, [this](std::size_t first, std::size_t last) {
+            AddRows(m_rows, m_results, first, last);
+        });
     FillStatistics(m_statistics, m_results);
 }
 
 bool CReportTables::HasTooManyRows() const
 {
-    return CountRows(m_results) > c_mostRows;
+    return m_results.rowCount > c_mostRows;
 }
 
-// The rows and their statistics as text, some rows at a time.
-void CReportTables::AppendRows(std::string& text) const
+// The rows and their statistics.
+void CReportTables::WriteTextRows(const FWriteText& write) const
 {
-    constexpr std::size_t c_atATime = 256;
-    const auto append = [&text](const CGrid& grid) {
-        CGrid::CCells cells;
-        grid.GetGridCells(cells, grid.GetType());
-        text += CGrid::GenerateResultsText(cells).ToUtf8();
+    const auto writeCells = [&write](const CGrid::CCells& cells) {
+        write(CGrid::GenerateResultsText(cells).ToUtf8());
     };
-    CGrid part(SCell::Results);
-    FillHead(part, m_results);
+    CGrid head(SCell::Results);
+    FillHead(head, m_results);
     CGrid::CCells headers;
-    part.GetGridHeaders(headers, SCell::Results);
-    text += CGrid::GenerateResultsText(headers).ToUtf8();
-    append(part);
-    const std::size_t count = CountRows(m_results);
-    for (std::size_t first = 0; first < count; first += c_atATime) {
-        part = CGrid(SCell::Results);
-        for (const CGrid::SColumn& column : m_rows.GetColumns())
-            part.AddColumn(column);
-        for (std::size_t i = first; i < std::min(count, first + c_atATime); ++i)
-            AddRow(part, m_results, i);
-        append(part);
-    }
-    append(m_statistics);
+    head.GetGridHeaders(headers, SCell::Results);
+    writeCells(headers);
+    writeCells(CellsOf(head));
+    ForEachBlock(m_results.rowCount, c_blockRows, [&](std::size_t first, std::size_t last) {
+        CGrid part = PartOf(m_rows);
+        AddRows(part, m_results, first, last);
+        writeCells(CellsOf(part));
+    });
+    writeCells(CellsOf(m_statistics));
 }
 
 // The same with rows as columns: a line for each parameter.
-void CReportTables::AppendTurnedRows(std::string& text) const
+void CReportTables::WriteTurnedTextRows(const FWriteText& write) const
 {
-    const auto append = [&text](const CStr& cell) {
+    constexpr std::size_t c_piece = std::size_t{1} << 16;
+    std::string text;
+    const auto append = [&](const CStr& cell) {
         text += '\t';
         text += cell.ToUtf8();
+        if (text.size() >= c_piece) {
+            write(text);
+            text.clear();
+        }
     };
     const CGrid::SRow& units = m_rows.GetRows().front();
     text += m_rows.GetNameHeader().ToUtf8();
     append(units.name);
-    for (std::size_t i = 0; i < CountRows(m_results); ++i)
+    for (std::size_t i = 0; i < m_results.rowCount; ++i)
         append(RowName(i));
     for (const CGrid::SRow& statistic : m_statistics.GetRows())
         append(statistic.name);
     text += c_lineEnd;
-    for (std::size_t index = 0; index < m_results.columns.size(); ++index) {
-        const SColumn& column = m_results.columns[index];
-        text += m_rows.GetColumns()[index].header.Replace(u"\r\n", u" ").ToUtf8();
-        append(units.cells[index]);
-        for (const double value : column.values)
-            append(column.GetText(value));
-        for (const CGrid::SRow& statistic : m_statistics.GetRows())
-            append(m_statistics.GetCellText(statistic, index + 1));
-        text += c_lineEnd;
+    const std::size_t count = m_results.columns.size();
+    ForEachBlock(count, m_results.columnsAtOnce, [&](std::size_t first, std::size_t last) {
+        const CPartValues values = m_results.GetValues({first, last, 0, m_results.rowCount});
+        for (std::size_t index = first; index < last; ++index) {
+            text += m_rows.GetColumns()[index].header.Replace(u"\r\n", u" ").ToUtf8();
+            append(units.cells[index]);
+            for (const double value : values[index - first])
+                append(m_results.columns[index].GetText(value));
+            for (const CGrid::SRow& statistic : m_statistics.GetRows())
+                append(m_statistics.GetCellText(statistic, index + 1));
+            text += c_lineEnd;
+        }
+    });
+    write(text);
+}
+
+void CReportTables::WriteText(const FWriteText& write) const
+{
+    write("\xEF\xBB\xBF");
+    write(CGrid::GenerateText(&m_summary, &m_surface, nullptr, m_transpose).ToUtf8());
+    if (m_results.columns.empty())
+        return;
+    write(c_lineEnd);
+    if (m_transpose)
+        WriteTurnedTextRows(write);
+    else
+        WriteTextRows(write);
+}
+
+void CReportTables::WriteHtmlRows(const FWriteText& write) const
+{
+    const auto& rows = m_rows.GetRows();
+    CResultsHtml html(1 + rows.size() + m_statistics.GetRows().size());
+    CGrid head(SCell::Results);
+    FillHead(head, m_results);
+    CGrid::CCells cells;
+    head.GetGridHeaders(cells, SCell::Results);
+    head.GetGridCells(cells, SCell::Results);
+    write(html.MakePart(cells).ToUtf8());
+    ForEachBlock(rows.size() - 1, c_blockRows, [&](std::size_t first, std::size_t last) {
+        CGrid part = PartOf(m_rows);
+        for (std::size_t i = first; i < last; ++i)
+            part.AddRow(rows[i + 1]); // behind that of the units
+        write(html.MakePart(CellsOf(part)).ToUtf8());
+    });
+    write(html.MakePart(CellsOf(m_statistics)).ToUtf8());
+}
+
+// The same with rows as columns, parameter after parameter.
+void CReportTables::WriteTurnedHtmlRows(const FWriteText& write) const
+{
+    const std::size_t count = m_results.columns.size();
+    CResultsHtml html(1 + count);
+    for (std::size_t index = 0; index < count; ++index) {
+        CGrid part(SCell::Results);
+        part.SetNameHeader(m_rows.GetNameHeader());
+        part.AddColumn(m_rows.GetColumns()[index]);
+        for (const CGrid* grid : {&m_rows, &m_statistics}) {
+            for (const CGrid::SRow& row : grid->GetRows())
+                part.AddRow({.name = row.name, .cells = {row.cells[index]}, .subHeader = row.subHeader});
+        }
+        CGrid::CCells cells;
+        part.GetGridHeaders(cells, SCell::Results);
+        part.GetGridCells(cells, SCell::Results);
+        CGrid::TransposeCells(cells);
+        if (index != 0)
+            cells.erase(cells.begin()); // the names of the rows
+        write(html.MakePart(cells).ToUtf8());
     }
 }
 
-std::string CReportTables::GetText() const
-{
-    std::string text = "\xEF\xBB\xBF";
-    text += CGrid::GenerateText(&m_summary, &m_surface, nullptr, m_transpose).ToUtf8();
-    if (m_results.columns.empty())
-        return text;
-    text += c_lineEnd;
-    if (m_transpose)
-        AppendTurnedRows(text);
-    else
-        AppendRows(text);
-    return text;
-}
-
-std::string CReportTables::GetHtml() const
+void CReportTables::WriteHtml(const FWriteText& write) const
 {
     CGrid summary = EscapedSummary(m_summary);
     if (HasTooManyRows())
         summary.AddRow(
             {.name = m_results.rowName + u"s",
              .cells = {CStr::Format(u"%d, too many for a page: they are in the text file beside it",
-                                    CountRows(m_results))}});
-    CGrid::CCells profiles;
-    m_rows.GetGridHeaders(profiles, SCell::Results);
-    m_rows.GetGridCells(profiles, SCell::Results);
-    m_statistics.GetGridCells(profiles, SCell::Statistics);
-    if (m_transpose)
-        CGrid::TransposeCells(profiles);
-    const std::string tables = Joined({CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose),
-                                       CGrid::GenerateResultsHTMLTable(profiles)},
-                                      "\n<br>\n");
-    return "<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report: " + m_title + "</title>\n" + tables +
-           "\n</html>\n";
+                                    m_results.rowCount)}});
+    write("<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report: " + m_title + "</title>\n");
+    const CStr tables = CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose);
+    write(tables.ToUtf8());
+    if (!m_results.columns.empty()) {
+        if (!tables.IsEmpty())
+            write("\n<br>\n");
+        if (m_transpose)
+            WriteTurnedHtmlRows(write);
+        else
+            WriteHtmlRows(write);
+    }
+    write("\n</html>\n");
+}
+
+std::string CReportTables::GetText() const
+{
+    return MakeWhole([this](const FWriteText& write) { WriteText(write); });
+}
+
+std::string CReportTables::GetHtml() const
+{
+    return MakeWhole([this](const FWriteText& write) { WriteHtml(write); });
 }
 
 } // namespace CommonUI::Measurement

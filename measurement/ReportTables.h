@@ -5,10 +5,15 @@
 #include "Results.h"
 
 #include <cstddef>
+#include <functional>
 #include <string>
+#include <string_view>
 
 namespace CommonUI::Measurement
 {
+
+/// Receives a text piece by piece, UTF-8.
+using FWriteText = std::function<void(std::string_view)>;
 
 /// The tables of a report and the forms in which other programs read them.
 class COMMONUIMEASUREMENT_API CReportTables
@@ -32,14 +37,19 @@ public:
     const CGridBaseOutputCtrl& GetStatistics() const noexcept { return m_statistics; }
 
     /// Tab-separated text for a spreadsheet: UTF-8 with a byte order mark, by which spreadsheet programs know
-    /// it. It has all rows, which become text one after the other.
+    /// it. It has all rows, which become text some at a time.
+    void WriteText(const FWriteText& write) const;
+    /// A page of HTML, UTF-8, made in the same way.
+    void WriteHtml(const FWriteText& write) const;
+
     std::string GetText() const;
-    /// A page of HTML, UTF-8.
     std::string GetHtml() const;
 
 private:
-    void AppendRows(std::string& text) const;
-    void AppendTurnedRows(std::string& text) const;
+    void WriteTextRows(const FWriteText& write) const;
+    void WriteTurnedTextRows(const FWriteText& write) const;
+    void WriteHtmlRows(const FWriteText& write) const;
+    void WriteTurnedHtmlRows(const FWriteText& write) const;
     bool HasTooManyRows() const;
 
     SResults m_results;

@@ -5,9 +5,9 @@
 #include "analysis/filter/SurfaceFilter.h"
 #include "analysis/grain/GrainMeasures.h"
 #include "analysis/numeric/Statistics.h"
-#include "analysis/profile/ProfileParameters.h"
 #include "analysis/profile/SplitProfile.h"
-#include "measurement/detail/AnalysisKey.h"
+#include "measurement/detail/Keys.h"
+#include "measurement/detail/ProfileRows.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
 
@@ -75,41 +75,6 @@ double FractileShare(const std::vector<CParameter>& statistics)
     return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
 }
 
-std::vector<double> VariableValues(const CParameter& parameter)
-{
-    std::vector<double> values;
-    for (const CParameter& variable : parameter.GetVariables())
-        values.push_back(variable.GetVariableValue());
-    return values;
-}
-
-// The keys by which the analysis knows some parameters.
-class CKeys
-{
-public:
-    explicit CKeys(const std::vector<CParameter>& parameters)
-    {
-        for (const CParameter& parameter : parameters)
-            m_keys.push_back(AnalysisKey(parameter));
-        m_views.assign(m_keys.begin(), m_keys.end());
-    }
-    CKeys(const CKeys&) = delete;
-    CKeys& operator=(const CKeys&) = delete;
-
-    std::span<const std::string_view> Get() const { return m_views; }
-
-private:
-    std::vector<std::string> m_keys{};
-    std::vector<std::string_view> m_views{};
-};
-
-// Takes out what was computed under a key; nothing if that was not computed.
-std::vector<double> TakeValues(std::vector<SValues>& table, std::string_view key)
-{
-    const auto found = std::ranges::find(table, key, &SValues::key);
-    return found == table.end() ? std::vector<double>() : std::exchange(found->values, {});
-}
-
 // Of the raw surface, if there is one, and of the processed one.
 std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices)
 {
@@ -139,17 +104,32 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
     return MakeColumns(choices.surface, valuesOf, choices.automaticUnits);
 }
 
-std::vector<SColumn> ProfileColumns(const SSurface& surface, const SChoices& choices)
+// Statistics of the profiles' parameters, and their values if these may be kept.
+void AddProfiles(const SSurface& surface, const SChoices& choices, SResults& results)
 {
-    std::vector<SValues> table =
-        Analysis::ComputeProfiles(surface, CKeys(choices.rows).Get(), choices.method.cutoff);
-    const auto valuesOf = [&](const CParameter& parameter) {
-        const std::string key = AnalysisKey(parameter);
-        return parameter.HasParent() ? Analysis::ComputeLineTemplates(surface, key, VariableValues(parameter),
-                                                                      choices.method.cutoff)
-                                     : TakeValues(table, key);
-    };
-    return MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
+    results.rowName = u"Profile";
+    results.rowCount = surface.lines;
+    results.statistics = choices.statistics;
+    if (surface.lines == 0 || choices.rows.empty())
+        return;
+    const CProfileRows rows(surface, choices.rows, choices.method.cutoff);
+    const std::size_t count = choices.rows.size();
+    results.columnsAtOnce = std::min(rows.CountColumnsAtOnce(), count);
+    if (results.columnsAtOnce < count)
+        results.computePart = [rows](const SPart& part) { return rows.Compute(part); };
+    const double share = FractileShare(results.statistics);
+    for (std::size_t first = 0; first < count; first += results.columnsAtOnce) {
+        const std::size_t last = std::min(count, first + results.columnsAtOnce);
+        CPartValues values = rows.Compute({first, last, 0, results.rowCount});
+        for (std::size_t i = first; i < last; ++i) {
+            SColumn column =
+                MakeColumn(choices.rows[i], std::exchange(values[i - first], {}), choices.automaticUnits);
+            column.statistics = Analysis::ComputeStatistics(column.values, share);
+            if (results.computePart)
+                column.values = std::vector<double>(); // gives its memory back
+            results.columns.push_back(std::move(column));
+        }
+    }
 }
 
 // A cut-off that nobody has asked for is not refused: where it is not usable, its parameters have no values.
@@ -181,13 +161,9 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
     CheckCutoff(input.surface, choices.method);
     SResults results = Describe(input);
     results.surface = SurfaceColumns(input, choices);
-    results.rowName = u"Profile";
-    results.columns = ProfileColumns(input.surface, choices);
+    AddProfiles(input.surface, choices, results);
     if (!results.columns.empty())
         DescribeProfiles(input.surface, choices.method, results);
-    results.statistics = choices.statistics;
-    for (SColumn& column : results.columns)
-        column.statistics = Analysis::ComputeStatistics(column.values, FractileShare(results.statistics));
     return results;
 }
 
@@ -214,6 +190,8 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
                                  FormatParameterValue(grains.coverage, format) + u" %");
     results.rowName = pores ? u"Pore" : u"Particle";
     results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
+    results.columnsAtOnce = results.columns.size();
+    results.rowCount = grains.count;
     results.statistics = choices.statistics;
     for (SColumn& column : results.columns)
         column.statistics = Analysis::ComputeGrainStatistics(grains, {.values = column.values},
@@ -222,6 +200,18 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
 }
 
 } // namespace
+
+CPartValues SResults::GetValues(const SPart& part) const
+{
+    if (computePart)
+        return computePart(part);
+    CPartValues values;
+    for (std::size_t i = part.firstColumn; i < part.lastColumn; ++i) {
+        const auto all = std::span(columns[i].values).subspan(part.firstRow, part.lastRow - part.firstRow);
+        values.emplace_back(all.begin(), all.end());
+    }
+    return values;
+}
 
 SResults ComputeResults(const SInput& input, const SChoices& choices)
 {

@@ -4,7 +4,9 @@
 #include "ApplySteps.h"
 #include "Choices.h"
 #include "Columns.h"
+#include "RowValues.h"
 
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -18,15 +20,28 @@ struct SResults {
     std::vector<std::pair<CStr, CStr>> summary{};
     /// One value each; or two, that of the raw surface and that of the processed one.
     std::vector<SColumn> surface{};
-    CStr rowName{};                       ///< what the rows of the columns are: profiles or grains
-    std::vector<SColumn> columns{};       ///< a value for each row, and statistics of them
+    CStr rowName{}; ///< what the rows of the columns are: profiles or grains
+    std::size_t rowCount = 0;
+    /// Statistics of the rows' values, and these themselves unless computePart is set.
+    std::vector<SColumn> columns{};
     std::vector<CParameter> statistics{}; ///< which of these are shown: those that are on
+    /// Set where the rows have so many values that they are not kept: computes them again. It refers to the surface
+    /// that was analysed.
+    FComputePart computePart{};
+    /// How many columns of all rows may be computed at once without much room.
+    std::size_t columnsAtOnce = 0;
+
+    /// The values of a part of the rows, kept or not.
+    COMMONUIMEASUREMENT_API CPartValues GetValues(const SPart& part) const;
 };
 
 /// Analyses a surface: its roughness, beside that of the raw one, and that of its profiles, or its grains.
-/// Nothing is computed that the choices do not show.
+/// Nothing is computed that the choices do not show. Memory is a few times that of the heights, in whatever
+/// shape they lie.
+/// @param input must live as long as the results
 /// @throws ERequest when the cut-off that was asked for does not fit the profiles
 /// @throws Analysis::ENoPoints when the roughness is asked for and all points are missing
 COMMONUIMEASUREMENT_API SResults ComputeResults(const SInput& input, const SChoices& choices);
+SResults ComputeResults(SInput&& input, const SChoices& choices) = delete;
 
 } // namespace CommonUI::Measurement

@@ -1,6 +1,7 @@
 #include "common/TextBuilder.h"
 #include "output/results/detail/ResultPieces.h"
 #include "output/results/GridBaseOutputCtrl.h"
+#include "output/results/ResultsHtml.h"
 
 #include <algorithm>
 #include <optional>
@@ -144,58 +145,71 @@ struct STag {
 class CRowWriter
 {
 public:
-    CRowWriter(CTextBuilder& html, const CCells& cells)
-        : m_html(html)
-        , m_cells(cells)
-        , m_sections(cells)
+    CRowWriter(std::size_t rowCount, const SSections& sections)
+        : m_rowCount(rowCount)
+        , m_sections(sections)
     {
     }
 
-    const SSections& GetSections() const { return m_sections; }
-
-    void Append(std::size_t row)
+    // @param index of the row in the whole table
+    void Append(CTextBuilder& html, const CRow& row, std::size_t index)
     {
-        m_html += u"<TR>";
-        for (const SCellInfo& cell : m_cells[row])
-            AppendCell(cell, TagOf(cell, row));
-        m_html += u"</TR>\n";
+        if (index == m_sections.headerRows)
+            html += u"</THEAD>\n<TBODY>\n";
+        html += u"<TR>";
+        for (const SCellInfo& cell : row)
+            AppendCell(html, cell, TagOf(cell, &cell == &row.back(), index));
+        html += u"</TR>\n";
     }
 
 private:
-    STag TagOf(const SCellInfo& cell, std::size_t row) const
+    STag TagOf(const SCellInfo& cell, bool last, std::size_t row) const
     {
         if (cell.Has(SCellInfo::ColumnHeader))
-            return {u"TH", HeaderStyle(cell), HeaderClass(cell, &cell == &m_cells[row].back()), cell.rowSpan,
-                    cell.columnSpan};
-        return {u"TD", BodyStyle(cell), BodyClass(cell, row, m_cells.size(), m_sections), cell.rowSpan,
+            return {u"TH", HeaderStyle(cell), HeaderClass(cell, last), cell.rowSpan, cell.columnSpan};
+        return {u"TD", BodyStyle(cell), BodyClass(cell, row, m_rowCount, m_sections), cell.rowSpan,
                 cell.columnSpan};
     }
 
-    void AppendCell(const SCellInfo& cell, const STag& tag)
+    void AppendCell(CTextBuilder& html, const SCellInfo& cell, const STag& tag)
     {
         if (!(tag == m_tag)) {
             m_tag = tag;
             m_opening = tag.GetOpening() + u"<nobr>";
             m_closing = u"</nobr></" + CStr(tag.element) + u">\n";
         }
-        m_html += m_opening;
+        html += m_opening;
         bool first = true;
         ForEachPiece(cell.text, [&](std::u16string_view piece) {
             if (!first)
-                m_html += u"</nobr><br><nobr>";
-            m_html += piece;
+                html += u"</nobr><br><nobr>";
+            html += piece;
             first = false;
         });
-        m_html += m_closing;
+        html += m_closing;
     }
 
-    CTextBuilder& m_html;
-    const CCells& m_cells;
+    std::size_t m_rowCount;
     SSections m_sections;
     STag m_tag{};
-    CStr m_opening;
-    CStr m_closing;
+    CStr m_opening{};
+    CStr m_closing{};
 };
+
+void AppendStart(CTextBuilder& html, bool omitColumnGroup, bool fullWidth)
+{
+    if (fullWidth)
+        html += u"<table style=\"width:100%;\">\n";
+    else
+        html += u"<table>\n";
+    // The element of the column has never had its closing bracket; readers of the format rely on the exact
+    // text.
+    if (!omitColumnGroup)
+        html += u"<colgroup><col class=\"first\"</colgroup>";
+    html += u"<THEAD>\n";
+}
+
+constexpr std::u16string_view c_end = u"</TBODY>\n</table>";
 
 // The alignment of a selected cell. The misspelt value is what other programs have always been given: it
 // leaves the cell at the reader's default alignment.
@@ -267,27 +281,44 @@ void AppendResults(CTextBuilder& html, const CCells& cells, bool omitColumnGroup
 {
     if (cells.empty())
         return;
-    CRowWriter writer(html, cells);
-    if (fullWidth)
-        html += u"<table style=\"width:100%;\">\n";
-    else
-        html += u"<table>\n";
-    // The element of the column has never had its closing bracket; readers of the format rely on the exact
-    // text.
-    if (!omitColumnGroup)
-        html += u"<colgroup><col class=\"first\"</colgroup>";
-    html += u"<THEAD>\n";
+    AppendStart(html, omitColumnGroup, fullWidth);
+    CRowWriter writer(cells.size(), SSections(cells));
     CRowRoom room(html, cells.size());
     for (std::size_t row = 0; row < cells.size(); ++row) {
-        if (row == writer.GetSections().headerRows)
-            html += u"</THEAD>\n<TBODY>\n";
-        writer.Append(row);
+        writer.Append(html, cells[row], row);
         room.RowDone();
     }
-    html += u"</TBODY>\n</table>";
+    html += c_end;
 }
 
 } // namespace
+
+struct CResultsHtml::SState {
+    std::size_t rowCount;
+    std::size_t done = 0;
+    std::optional<CRowWriter> writer{};
+};
+
+CResultsHtml::CResultsHtml(std::size_t rowCount)
+    : m_state(std::make_unique<SState>(rowCount))
+{
+}
+
+CResultsHtml::~CResultsHtml() = default;
+
+CStr CResultsHtml::MakePart(const CCells& rows)
+{
+    CTextBuilder html;
+    if (!m_state->writer) {
+        AppendStart(html, false, false);
+        m_state->writer.emplace(m_state->rowCount, SSections(rows));
+    }
+    for (const CRow& row : rows)
+        m_state->writer->Append(html, row, m_state->done++);
+    if (m_state->done == m_state->rowCount)
+        html += c_end;
+    return html.Take();
+}
 
 CStr CGridBaseOutputCtrl::GenerateHTMLTableStyle()
 {

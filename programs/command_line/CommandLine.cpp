@@ -1,8 +1,7 @@
 #include "programs/command_line/CommandLine.h"
 
+#include "common/ControlCharacters.h"
 #include "common/Str.h"
-
-#include <algorithm>
 
 namespace CommandLine
 {
@@ -18,11 +17,7 @@ std::filesystem::path ParsePath(const std::string& option, const std::string& te
 
 std::string ToTerminal(std::string_view text)
 {
-    const CStr decoded = CStr::FromUtf8(text);
-    std::u16string line(decoded.View());
-    std::ranges::replace_if(
-        line, [](char16_t unit) { return unit < u' ' || (unit >= 0x7F && unit <= 0x9F); }, u'?');
-    return CommonUI::ToUtf8(line);
+    return CommonUI::ToUtf8(CommonUI::ReplaceControls(CStr::FromUtf8(text), u'?'));
 }
 
 std::string GetMessage(const std::exception& error)

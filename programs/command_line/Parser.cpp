@@ -38,14 +38,19 @@ void CParser::AddOptional(std::string_view option, FTakeValue take)
     m_options.push_back({.name = option, .flag = nullptr, .isOptional = true, .take = std::move(take)});
 }
 
-void CParser::Parse(std::span<const char* const> arguments) const
+std::vector<std::string_view> CParser::Parse(std::span<const char* const> arguments) const
 {
+    std::vector<std::string_view> options;
     if (m_help && std::ranges::find(arguments, "--help", ToView) != arguments.end()) {
         *m_help = true;
-        return;
+        return options;
     }
-    while (!arguments.empty())
+    while (!arguments.empty()) {
+        if (IsOption(arguments[0]))
+            options.emplace_back(arguments[0]);
         arguments = arguments.subspan(Take(arguments));
+    }
+    return options;
 }
 
 // @return how many arguments were taken

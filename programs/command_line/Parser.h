@@ -30,8 +30,9 @@ public:
     void AddInput(std::filesystem::path& input) { m_input = &input; }
 
     /// @param arguments without the program's name
+    /// @return the options that stand there, in their order; none beside --help
     /// @throws EUsage, and what takes a value may throw it as well
-    void Parse(std::span<const char* const> arguments) const;
+    std::vector<std::string_view> Parse(std::span<const char* const> arguments) const;
 
 private:
     struct SOption {

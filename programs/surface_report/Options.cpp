@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace SurfaceReport
 {
@@ -94,15 +95,32 @@ CommandLine::CParser MakeParser(SOptions& options)
     return parser;
 }
 
+// What would have no effect beside --list-settings is refused rather than forgotten.
+void CheckListOptions(const SOptions& options, std::span<const std::string_view> given)
+{
+    constexpr std::string_view c_allowed[] = {"--list-settings", "--preferences", "--settings-folder"};
+    const auto useless = std::ranges::find_if(given, [&](std::string_view option) {
+        return std::ranges::find(c_allowed, option) == std::end(c_allowed);
+    });
+    const std::string what = useless != given.end() ? std::string(*useless) : options.input.string();
+    if (!what.empty())
+        throw EUsage("--list-settings prints sets instead of a report: \"" + what +
+                     "\" has no effect beside it");
+}
+
 } // namespace
 
 SOptions ParseOptions(std::span<const char* const> arguments)
 {
     SOptions options;
-    MakeParser(options).Parse(arguments);
+    const std::vector<std::string_view> given = MakeParser(options).Parse(arguments);
     options.request.usesPreferences = !options.preferences.empty();
-    if (options.help || options.listSettings)
+    if (options.help)
         return options;
+    if (options.listSettings) {
+        CheckListOptions(options, given);
+        return options;
+    }
     CommandLine::CheckSurfaceOptions(options, "folder is given for the reports");
     if (!options.sets.empty() && options.preferences.empty())
         throw EUsage("--set changes preferences, but no --preferences are given");

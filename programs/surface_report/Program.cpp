@@ -1,7 +1,7 @@
 #include "programs/surface_report/Program.h"
 
 #include "analysis/surface/Surface.h"
-#include "common/FileBytes.h"
+#include "common/FileReplacement.h"
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"
 #include "measurement/Choices.h"
@@ -19,6 +19,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <ostream>
 
@@ -40,13 +41,6 @@ CommonUI::Analysis::SSurface Read(const fs::path& input, std::ostream& err)
     const auto size = fs::file_size(input, error);
     CommandLine::CProgressLine progress("reading", !error && size >= c_longInput, err);
     return CommonUI::Formats::ReadSurface(input, [&progress](double fraction) { progress.Show(fraction); });
-}
-
-void WriteFile(const fs::path& path, const std::string& bytes)
-{
-    CommonUI::CStr reason;
-    if (!CommonUI::ReplaceFileBytes(path.u16string(), bytes, reason))
-        throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
 }
 
 // A folder that is made where there is none, with those above it, and goes again unless it is kept.
@@ -78,45 +72,44 @@ private:
     std::vector<fs::path> m_made{}; // the deepest first
 };
 
-// A file with a new content, which goes again unless it is kept: the file is then as it was.
-class CReplacedFile
+// A report on its way to its file.
+class CReportFile
 {
 public:
-    CReplacedFile(const fs::path& path, const std::string& bytes)
-        : m_path(path)
+    // @param make writes the report with the function that it is called with
+    CReportFile(fs::path path, const std::function<void(const Measurement::FWriteText&)>& make)
+        : m_path(std::move(path))
     {
         CommonUI::CStr reason;
-        m_existed = CommonUI::ReadFileBytes(path.u16string(), m_before, m_before.max_size(), reason);
-        WriteFile(path, bytes);
+        Check(m_file.Open(m_path.u16string(), reason), reason);
+        make([&](std::string_view piece) { Check(m_file.Write(piece, reason), reason); });
     }
-    ~CReplacedFile()
-    {
-        CommonUI::CStr ignored;
-        std::error_code error;
-        if (m_isKept)
-            return;
-        if (m_existed)
-            CommonUI::ReplaceFileBytes(m_path.u16string(), m_before, ignored);
-        else
-            fs::remove(m_path, error);
-    }
-    CReplacedFile(const CReplacedFile&) = delete;
-    CReplacedFile& operator=(const CReplacedFile&) = delete;
 
-    void Keep() { m_isKept = true; }
+    void Replace()
+    {
+        CommonUI::CStr reason;
+        Check(m_file.ReplaceForNow(reason), reason);
+    }
+    void Keep() { m_file.Keep(); }
 
 private:
+    void Check(bool done, const CommonUI::CStr& reason) const
+    {
+        if (!done)
+            throw std::runtime_error(m_path.string() + ": " + reason.ToUtf8());
+    }
+
     fs::path m_path;
-    std::string m_before{};
-    bool m_existed = false;
-    bool m_isKept = false;
+    CommonUI::CFileReplacement m_file{};
 };
 
 // Writes both reports to a folder that is there and saves the preferences, or does nothing of all that.
 void WriteAll(const Measurement::CReportTables& report, const fs::path& folder, CPreferencesFile& preferences)
 {
-    CReplacedFile html(folder / "report.html", report.GetHtml());
-    CReplacedFile text(folder / "report.txt", report.GetText());
+    CReportFile html(folder / "report.html", [&](const auto& write) { report.WriteHtml(write); });
+    CReportFile text(folder / "report.txt", [&](const auto& write) { report.WriteText(write); });
+    html.Replace();
+    text.Replace();
     preferences.Save();
     html.Keep();
     text.Keep();

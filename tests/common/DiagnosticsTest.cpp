@@ -85,10 +85,12 @@ TEST_F(Diagnostics, EmptySinkRestoresStandardError)
     const CDiagnostics::CScope scope;
     m_diagnostics.Write(u"Inifile", EDiagnosticLevel::Warning, u"5 \u00b5m");
     m_diagnostics.Write(u"", EDiagnosticLevel::Info, u"a line feed of its own\n");
+    m_diagnostics.Write(u"a\x1B[2J", EDiagnosticLevel::Error, u"\x1B[2J\n\x7F\u009B1m\t\u00a0");
     const CDiagnostics::FSink standard = m_diagnostics.SetSink(own);
     std::cerr.rdbuf(before);
     EXPECT_TRUE(standard);
-    EXPECT_EQ(captured.str(), "Inifile:   5 \xC2\xB5m\n  a line feed of its own\n");
+    EXPECT_EQ(captured.str(), "Inifile:   5 \xC2\xB5m\n  a line feed of its own\n"
+                              "a?[2J:   ?[2J???1m?\xC2\xA0\n");
     m_diagnostics.Write(u"Inifile", EDiagnosticLevel::Warning, u"back");
     EXPECT_EQ(TakeLines(), std::vector<CStr>{u"2 Inifile 1 back"});
 }

@@ -3,6 +3,11 @@
 #include "tests/analysis/TestSurfaces.h"
 #include "tests/TestData.h"
 
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <span>
+
 using namespace CommonUI;
 using namespace CommonUI::Measurement;
 using CommonUI::Analysis::MakeSurface;
@@ -10,33 +15,90 @@ using CommonUI::Analysis::MakeSurface;
 namespace
 {
 
-CReportTables TablesOf(std::size_t lines, bool transpose)
+class CTables : public CReportTables
 {
-    const SInput input{.surface = MakeSurface(4, lines, [](double x, double y) { return x * y; })};
-    const SRequest request{.keys = {u"Sq", u"Ra", u"4287Pt"}};
-    return {ComputeResults(input, MakeChoices(CAnalysisPreferencesManager(), request)), transpose};
+public:
+    CTables(std::size_t points, std::size_t lines, const SRequest& request, bool transpose)
+        : CTables(std::make_shared<SInput>(
+                      SInput{.surface = MakeSurface(
+                                 points, lines, [](double x, double y) { return std::sin(x * x + 3 * y); })}),
+                  request, transpose)
+    {
+    }
+
+private:
+    CTables(std::shared_ptr<SInput> input, const SRequest& request, bool transpose)
+        : CReportTables(ComputeResults(*input, MakeChoices(CAnalysisPreferencesManager(), request)),
+                        transpose)
+        , m_input(std::move(input))
+    {
+    }
+
+    std::shared_ptr<SInput> m_input;
+};
+
+CTables TablesOf(std::size_t lines, bool transpose)
+{
+    return {4, lines, {.keys = {u"Sq", u"Ra", u"4287Pt"}}, transpose};
 }
 
 } // namespace
 
-TEST(ReportTables, TextMadeInPartsIsThatOfTheWholeTable)
+TEST(ReportTables, WhatIsMadeInPartsIsThatOfTheWholeTable)
 {
+    using SCell = CGridBaseOutputCtrl::SCellInfo;
     for (const bool transpose : {false, true}) {
-        const CReportTables tables = TablesOf(600, transpose);
-        const std::string whole =
-            CGridBaseOutputCtrl::GenerateText(nullptr, &tables.GetRows(), &tables.GetStatistics(), transpose)
-                .ToUtf8();
-        EXPECT_TRUE(tables.GetText().ends_with("\r\n\r\n" + whole)) << transpose;
+        const CTables tables = TablesOf(1200, transpose);
+        const CGridBaseOutputCtrl& rows = tables.GetRows();
+        EXPECT_TRUE(tables.GetText().ends_with(
+            "\r\n\r\n" +
+            CGridBaseOutputCtrl::GenerateText(nullptr, &rows, &tables.GetStatistics(), transpose).ToUtf8()))
+            << transpose;
+        CGridBaseOutputCtrl::CCells cells;
+        rows.GetGridHeaders(cells, SCell::Results);
+        rows.GetGridCells(cells, SCell::Results);
+        tables.GetStatistics().GetGridCells(cells, SCell::Statistics);
+        if (transpose)
+            CGridBaseOutputCtrl::TransposeCells(cells);
+        const std::string whole = CGridBaseOutputCtrl::GenerateResultsHTMLTable(cells).ToUtf8();
+        EXPECT_TRUE(tables.GetHtml().ends_with("\n<br>\n" + whole + "\n</html>\n")) << transpose;
+    }
+}
+
+TEST(ReportTables, ValuesThatAreComputedAgainAreThoseOfOneTable)
+{
+    constexpr std::size_t c_lines =
+        20'000; // so short that all parameters would take more room than the heights
+    const SInput input{.surface =
+                           MakeSurface(3, c_lines, [](double x, double y) { return std::sin(x * y); })};
+    const SResults some =
+        ComputeResults(input, MakeChoices(CAnalysisPreferencesManager(), {.keys = {u"Rq", u"4287Wa"}}));
+    const SResults all = ComputeResults(input, MakeChoices(CAnalysisPreferencesManager(), {}));
+    ASSERT_FALSE(some.computePart);
+    ASSERT_TRUE(all.computePart);
+    ASSERT_LT(all.columnsAtOnce, all.columns.size());
+    for (const SColumn& column : some.columns) {
+        const auto found = std::ranges::find(all.columns, column.parameter.GetValue(),
+                                             [](const SColumn& other) { return other.parameter.GetValue(); });
+        ASSERT_NE(found, all.columns.end());
+        EXPECT_EQ(found->values.capacity(), 0) << "memory that is not given back";
+        const auto index = static_cast<std::size_t>(found - all.columns.begin());
+        const SPart part{index, index + 1, 4000, 9000};
+        const auto kept = std::span(column.values).subspan(4000, 5000);
+        EXPECT_TRUE(std::ranges::equal(all.GetValues(part).at(0), kept));
+        EXPECT_EQ(found->GetText(1e-9), column.GetText(1e-9)) << "the unit";
+        for (std::size_t i = 0; i < column.statistics.size(); ++i)
+            EXPECT_EQ(found->statistics[i].value, column.statistics[i].value) << column.statistics[i].key;
     }
 }
 
 TEST(ReportTables, PageBeyondTheMostRowsHasTheStatisticsAndSaysWhereTheRowsAre)
 {
     const std::string last = ">10000</nobr>";
-    const CReportTables most = TablesOf(CReportTables::c_mostRows, false);
+    const CTables most = TablesOf(CReportTables::c_mostRows, false);
     EXPECT_TRUE(Has(most.GetHtml(), last));
     for (const bool transpose : {false, true}) {
-        const CReportTables tables = TablesOf(CReportTables::c_mostRows + 1, transpose);
+        const CTables tables = TablesOf(CReportTables::c_mostRows + 1, transpose);
         EXPECT_EQ(tables.GetRows().GetRows().size(), 1) << "the units";
         const std::string html = tables.GetHtml();
         EXPECT_TRUE(Has(html, "10001, too many for a page: they are in the text file beside it"));

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -157,6 +158,31 @@ TEST_F(ViewProgram, WhatGoesWrongIsSaidInOneLineAndLeavesNoPicture)
         EXPECT_EQ(std::ranges::count(m_err.str(), '\n'), 1) << m_err.str();
         EXPECT_EQ(m_out.str(), "");
         EXPECT_FALSE(fs::exists(Picture()));
+    }
+}
+
+// Without smoothing, so that lines are of one color; a line along a wall is tens of pixels long.
+TEST_F(ViewProgram, WallsHaveTheLinesOfTheAxes)
+{
+    constexpr CommonUI::SSize size{400, 300};
+    std::string reason;
+    const auto context = Offscreen::CContext::Make(size.cx, size.cy, reason);
+    ASSERT_TRUE(context) << reason;
+    const CFont font;
+    SScene scene = MakeScene(font, size);
+    const auto countGrid = [&] {
+        Draw(scene, size, font);
+        const std::vector<std::uint8_t> bytes = ReadPixels(size).bytes;
+        std::ptrdiff_t count = 0;
+        for (std::size_t i = 0; i < bytes.size(); i += 4) // red, green, blue, opacity
+            count += CPixel{bytes[i], bytes[i + 1], bytes[i + 2]} == CPixel{208, 212, 217};
+        return count;
+    };
+    const auto all = countGrid();
+    for (SAxis& axis : scene.layout.axes) {
+        const auto ticks = std::exchange(axis.ticks, {});
+        EXPECT_GT(all - countGrid(), 60) << &axis - scene.layout.axes.data();
+        axis.ticks = ticks;
     }
 }
 

@@ -1,0 +1,225 @@
+#include "common/FileReplacement.h"
+
+#include "common/detail/FileErrors.h"
+
+#include <algorithm>
+#include <chrono>
+#include <fstream>
+#include <ios>
+#include <random>
+#include <utility>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+// The file that is meant by a path that may be a symbolic link, also one that leads to nothing yet.
+fs::path FollowLinks(fs::path path)
+{
+    constexpr int c_mostLinks = 40;
+    for (int i = 0; fs::is_symlink(fs::symlink_status(path)); ++i) {
+        if (i == c_mostLinks)
+            Refuse("cannot follow link", std::errc::too_many_symbolic_link_levels);
+        path = path.parent_path() / fs::read_symlink(path);
+    }
+    return path;
+}
+
+constexpr std::string_view c_temporaryEnd = ".tmp";
+constexpr std::size_t c_temporaryDigits = 16;
+
+// What the names of all temporaries of a target begin with; together with what follows no longer than a name may be.
+std::u8string GetTemporaryStart(const fs::path& target)
+{
+    constexpr std::size_t c_longest = 255 - 2 - c_temporaryDigits - c_temporaryEnd.size();
+    std::u8string name = target.filename().u8string();
+    if (name.size() > c_longest) {
+        std::size_t length = c_longest;
+        while ((name[length] & 0xC0) == 0x80) // not within a character
+            --length;
+        name.resize(length);
+    }
+    return u8"~" + name + u8".";
+}
+
+fs::path MakeTemporaryPath(const fs::path& target)
+{
+    std::random_device random;
+    std::u8string name = GetTemporaryStart(target);
+    for (std::size_t i = 0; i < c_temporaryDigits; ++i)
+        name += u8"0123456789abcdef"[random() % 16];
+    return target.parent_path() / name.append(c_temporaryEnd.begin(), c_temporaryEnd.end());
+}
+
+bool IsTemporaryOf(const std::u8string& start, const fs::path& path)
+{
+    const std::u8string name = path.filename().u8string();
+    const std::u8string_view end = std::u8string_view(name).substr(std::min(start.size(), name.size()));
+    return name.starts_with(start) && end.size() == c_temporaryDigits + c_temporaryEnd.size() &&
+           end.ends_with(u8".tmp") && end.find_first_not_of(u8"0123456789abcdef") == c_temporaryDigits;
+}
+
+// Removes what killed processes have left. Not being able to is no fault of the new content.
+void RemoveOldTemporaries(const fs::path& target)
+{
+    constexpr std::chrono::minutes c_leastAge(1);
+    try {
+        const std::u8string start = GetTemporaryStart(target);
+        const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+            if (IsTemporaryOf(start, entry.path()) && entry.is_regular_file() &&
+                fs::file_time_type::clock::now() - entry.last_write_time() > c_leastAge)
+                fs::remove(entry.path());
+        }
+    } catch (const std::exception&) {
+        return;
+    }
+}
+
+// Permission bits do not say who may write: somebody else's file in a shared folder could be replaced, but must not be.
+void CheckWritable(const fs::path& target)
+{
+    errno = 0;
+    std::filebuf file;
+    if (!file.open(target, std::ios::out | std::ios::app | std::ios::binary))
+        ThrowStreamError("write-protected");
+}
+
+// The status of a file that may be replaced.
+fs::file_status CheckTarget(const fs::path& target)
+{
+    const fs::file_status status = fs::status(target);
+    if (fs::is_directory(status))
+        Refuse("cannot replace", std::errc::is_a_directory);
+    if (fs::exists(status) && !fs::is_regular_file(status))
+        Refuse("not a regular file", std::errc::invalid_argument);
+    constexpr fs::perms c_write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    if (fs::exists(status) && (status.permissions() & c_write) == fs::perms::none)
+        Refuse("write-protected", std::errc::permission_denied);
+    if (fs::exists(status))
+        CheckWritable(target);
+    return status;
+}
+
+// Another name of a file's content, or a copy where the file system gives it only one.
+void KeepCopy(const fs::path& file, const fs::path& copy)
+{
+    std::error_code error;
+    fs::create_hard_link(file, copy, error);
+    if (error)
+        fs::copy_file(file, copy);
+}
+
+} // namespace
+
+struct CFileReplacement::SState {
+    fs::path target;
+    fs::path temporary; // a file of its own beside the target
+    fs::path before;    // the old content, while the new one may have to go again
+    bool hasTemporary = false;
+    bool isForNow = false;
+    std::ofstream file{};
+
+    explicit SState(const fs::path& path)
+        : target(FollowLinks(path))
+        , temporary(MakeTemporaryPath(target))
+    {
+    }
+    SState(const SState&) = delete;
+    SState& operator=(const SState&) = delete;
+    ~SState()
+    {
+        std::error_code ignored;
+        if (hasTemporary) {
+            file.close();
+            fs::remove(temporary, ignored);
+        }
+        if (isForNow && before.empty())
+            fs::remove(target, ignored);
+        else if (isForNow)
+            fs::rename(before, target, ignored);
+        else if (!before.empty())
+            fs::remove(before, ignored);
+    }
+
+    // Apart from the constructor, so that the file goes, too, when its stream gets no memory.
+    void Open()
+    {
+        const fs::file_status status = CheckTarget(target);
+        errno = 0;
+        hasTemporary = true;
+        file.open(temporary, std::ios::binary | std::ios::trunc);
+        if (!file)
+            ThrowStreamError("cannot create temporary file");
+        // Before the content arrives: nobody may read of it what the file itself would not show.
+        if (fs::exists(status))
+            fs::permissions(temporary, status.permissions());
+    }
+    void Write(std::string_view bytes)
+    {
+        errno = 0;
+        if (!file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())))
+            ThrowStreamError("cannot write temporary file");
+    }
+    void Replace()
+    {
+        errno = 0;
+        file.close();
+        if (!file)
+            ThrowStreamError("cannot write temporary file");
+        fs::rename(temporary, target);
+        hasTemporary = false;
+    }
+    void ReplaceForNow()
+    {
+        if (fs::exists(target)) {
+            fs::path copy = MakeTemporaryPath(target);
+            KeepCopy(target, copy);
+            before = std::move(copy);
+        }
+        Replace();
+        isForNow = true;
+    }
+};
+
+CFileReplacement::CFileReplacement() noexcept = default;
+CFileReplacement::~CFileReplacement() = default;
+
+bool CFileReplacement::Open(const CStr& fileName, CStr& reason)
+{
+    return TryFile(reason, [&] {
+        m_state = std::make_unique<SState>(ToFilePath(fileName));
+        m_state->Open();
+    });
+}
+
+bool CFileReplacement::Write(std::string_view bytes, CStr& reason)
+{
+    return TryFile(reason, [&] { m_state->Write(bytes); });
+}
+
+bool CFileReplacement::Replace(CStr& reason)
+{
+    return TryFile(reason, [&] {
+        m_state->Replace();
+        Keep();
+    });
+}
+
+bool CFileReplacement::ReplaceForNow(CStr& reason)
+{
+    return TryFile(reason, [&] { m_state->ReplaceForNow(); });
+}
+
+void CFileReplacement::Keep() noexcept
+{
+    m_state->isForNow = false;
+    const std::unique_ptr<SState> done = std::move(m_state);
+    RemoveOldTemporaries(done->target);
+}
+
+} // namespace CommonUI

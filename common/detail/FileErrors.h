@@ -1,0 +1,50 @@
+#pragma once
+
+#include "common/PathText.h"
+#include "common/Str.h"
+
+#include <cerrno>
+#include <exception>
+#include <filesystem>
+#include <system_error>
+
+namespace CommonUI
+{
+
+[[noreturn]] inline void Refuse(const char* what, std::errc reason)
+{
+    throw std::system_error(std::make_error_code(reason), what);
+}
+
+/// Throws the reason why a stream failed, as far as the system left it.
+[[noreturn]] inline void ThrowStreamError(const char* what)
+{
+    const std::error_code left(errno, std::generic_category());
+    throw std::system_error(left ? left : std::make_error_code(std::errc::io_error), what);
+}
+
+inline std::filesystem::path ToFilePath(const CStr& fileName)
+{
+    // To the system the name would end there: that of another file.
+    if (fileName.Find(u'\0') != CStr::npos)
+        Refuse("the name has a character U+0000", std::errc::invalid_argument);
+    return ToPath(fileName);
+}
+
+/// Runs `work` and returns whether it came to its end; else why not.
+template<class FWork>
+bool TryFile(CStr& reason, FWork&& work)
+{
+    try {
+        work();
+        return true;
+    } catch (const std::filesystem::filesystem_error& error) {
+        // what() has the path too, which the caller knows.
+        reason = CStr::FromUtf8(error.code().message());
+    } catch (const std::exception& error) {
+        reason = CStr::FromUtf8(error.what());
+    }
+    return false;
+}
+
+} // namespace CommonUI

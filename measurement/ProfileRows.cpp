@@ -1,0 +1,84 @@
+#include "measurement/detail/ProfileRows.h"
+
+#include "analysis/areal/TemplateParameters.h"
+#include "analysis/profile/ProfileParameters.h"
+#include "analysis/profile/SplitProfile.h"
+#include "measurement/detail/Keys.h"
+
+namespace CommonUI::Measurement
+{
+
+namespace
+{
+
+// Lines that are computed together where it is not all of them.
+constexpr std::size_t c_blockLines = 4096;
+
+// How many values there may be at once: some times as many as heights, and 4 MB of them whatever the surface.
+std::size_t CountValuesAtOnce(const Analysis::SSurface& surface)
+{
+    constexpr std::size_t c_timesHeights = 2;
+    constexpr std::size_t c_least = std::size_t{1} << 19;
+    return std::max(c_timesHeights * surface.heights.size(), c_least);
+}
+
+Analysis::SSurface CutLines(const Analysis::SSurface& surface, std::size_t first, std::size_t last)
+{
+    const auto heights =
+        std::span(surface.heights).subspan(first * surface.points, (last - first) * surface.points);
+    return {.points = surface.points,
+            .lines = last - first,
+            .dx = surface.dx,
+            .dy = surface.dy,
+            .heights = {heights.begin(), heights.end()}};
+}
+
+} // namespace
+
+CProfileRows::CProfileRows(const Analysis::SSurface& surface, std::vector<CParameter> parameters,
+                           std::optional<double> cutoff)
+    : m_surface(surface)
+    , m_parameters(std::move(parameters))
+    , m_cutoff(cutoff.value_or(Analysis::DefaultCutoff(surface.points, surface.dx)))
+{
+}
+
+std::size_t CProfileRows::CountColumnsAtOnce() const
+{
+    return std::max<std::size_t>(CountValuesAtOnce(m_surface) / std::max<std::size_t>(m_surface.lines, 1), 1);
+}
+
+CPartValues CProfileRows::ComputeLines(const Analysis::SSurface& lines, const SPart& part) const
+{
+    const auto parameters =
+        std::span(m_parameters).subspan(part.firstColumn, part.lastColumn - part.firstColumn);
+    auto table = Analysis::ComputeProfiles(lines, CKeys(parameters).Get(), m_cutoff);
+    CPartValues values;
+    for (const CParameter& parameter : parameters) {
+        const std::string key = AnalysisKey(parameter);
+        values.push_back(parameter.HasParent()
+                             ? Analysis::ComputeLineTemplates(lines, key, VariableValues(parameter), m_cutoff)
+                             : TakeValues(table, key));
+    }
+    return values;
+}
+
+CPartValues CProfileRows::Compute(const SPart& part) const
+{
+    // The analysis makes a table of all that it knows of some lines before it leaves out what is not wanted.
+    const bool isWhole = part.firstRow == 0 && part.lastRow == m_surface.lines;
+    if (isWhole && Analysis::GetProfileQuantities().size() <= CountColumnsAtOnce())
+        return ComputeLines(m_surface, part);
+    CPartValues values(part.lastColumn - part.firstColumn);
+    for (std::vector<double>& column : values)
+        column.reserve(part.lastRow - part.firstRow);
+    for (std::size_t first = part.firstRow; first < part.lastRow; first += c_blockLines) {
+        const std::size_t last = std::min(part.lastRow, first + c_blockLines);
+        const CPartValues block = ComputeLines(CutLines(m_surface, first, last), part);
+        for (std::size_t i = 0; i < values.size(); ++i)
+            values[i].insert(values[i].end(), block[i].begin(), block[i].end());
+    }
+    return values;
+}
+
+} // namespace CommonUI::Measurement

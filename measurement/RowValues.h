@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+namespace CommonUI::Measurement
+{
+
+/// Some columns of some rows, the ends not included.
+struct SPart {
+    std::size_t firstColumn;
+    std::size_t lastColumn;
+    std::size_t firstRow;
+    std::size_t lastRow;
+};
+
+/// The values of a part, column by column.
+using CPartValues = std::vector<std::vector<double>>;
+
+/// Computes the values of a part.
+using FComputePart = std::function<CPartValues(const SPart&)>;
+
+} // namespace CommonUI::Measurement
