@@ -1,28 +1,14 @@
-#include "formats/detail/TextScanner.h"
+#include "formats/detail/LengthUnit.h"
+#include "formats/detail/Readers.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace CommonUI::Formats
 {
 
 namespace
 {
-
-struct SUnit {
-    std::string_view name;
-    double metres;
-};
-
-constexpr SUnit c_units[] = {
-    {"m", 1},          {"cm", 1e-2},          {"mm", 1e-3},
-    {"\u00B5m", 1e-6},                                           // micro sign
-    {"\u03BCm", 1e-6},                                           // Greek mu
-    {"um", 1e-6},      {"nm", 1e-9},          {"\u00C5", 1e-10}, // A with ring
-    {"\u212B", 1e-10},                                           // Angstrom sign
-    {"pm", 1e-12},     {"in", 0.0254},        {"inch", 0.0254},
-    {"mil", 25.4e-6},  {"\u00B5in", 25.4e-9}, {"\u03BCin", 25.4e-9},
-    {"uin", 25.4e-9},
-};
 
 struct SHeader {
     std::string channel;
@@ -33,12 +19,10 @@ struct SHeader {
 
 double ReadUnit(const CTextScanner& scanner, std::string_view text)
 {
-    const std::string name = ToUtf8(text);
-    const auto unit =
-        std::find_if(std::begin(c_units), std::end(c_units), [&](const SUnit& u) { return u.name == name; });
-    if (unit == std::end(c_units))
+    const std::optional<double> metres = FindLengthUnit(text);
+    if (!metres)
         scanner.Fail(text.data(), "a unit of length expected, not " + Quote(text));
-    return unit->metres;
+    return *metres;
 }
 
 double ReadLength(const CTextScanner& scanner, std::string_view text)

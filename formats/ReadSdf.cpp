@@ -1,4 +1,4 @@
-#include "formats/detail/TextScanner.h"
+#include "formats/detail/Readers.h"
 
 #include <algorithm>
 #include <charconv>
@@ -16,6 +16,7 @@ struct SHeader {
     double dx = 0;
     double dy = 0;
     double scale = 0;
+    bool hasNoLineSpacing = false; // it is given as 0, as for a profile
 };
 
 std::uint32_t ReadCount(const CTextScanner& scanner, std::string_view text)
@@ -43,6 +44,16 @@ void SetOnce(const CTextScanner& scanner, std::string_view key, T& field, T valu
     field = value;
 }
 
+void TakeLineSpacing(const CTextScanner& scanner, std::string_view key, std::string_view value,
+                     SHeader& header)
+{
+    double spacing = 0;
+    if (ParseNumber(value, spacing) && spacing == 0)
+        SetOnce(scanner, key, header.hasNoLineSpacing, true);
+    else
+        SetOnce(scanner, key, header.dy, ReadScale(scanner, value));
+}
+
 void TakeEntry(const CTextScanner& scanner, std::string_view key, std::string_view value, SHeader& header)
 {
     if (EqualsNoCase(key, "NumPoints"))
@@ -52,7 +63,7 @@ void TakeEntry(const CTextScanner& scanner, std::string_view key, std::string_vi
     else if (EqualsNoCase(key, "Xscale"))
         SetOnce(scanner, key, header.dx, ReadScale(scanner, value));
     else if (EqualsNoCase(key, "Yscale"))
-        SetOnce(scanner, key, header.dy, ReadScale(scanner, value));
+        TakeLineSpacing(scanner, key, value, header);
     else if (EqualsNoCase(key, "Zscale"))
         SetOnce(scanner, key, header.scale, ReadScale(scanner, value));
     else if (EqualsNoCase(key, "Compression") && value != "0")
@@ -68,7 +79,7 @@ void CheckComplete(const CTextScanner& scanner, std::string_view lastLine, const
     require(header.points != 0, "NumPoints");
     require(header.lines != 0, "NumProfiles");
     require(header.dx != 0, "Xscale");
-    require(header.dy != 0, "Yscale");
+    require(header.dy != 0 || (header.hasNoLineSpacing && header.lines == 1), "Yscale above 0");
     require(header.scale != 0, "Zscale");
 }
 
@@ -97,8 +108,10 @@ SHeader ReadHeader(CTextScanner& scanner)
 Analysis::SSurface ReadSdf(CTextScanner& scanner)
 {
     const SHeader header = ReadHeader(scanner);
-    Analysis::SSurface surface{
-        .points = header.points, .lines = header.lines, .dx = header.dx, .dy = header.dy};
+    Analysis::SSurface surface{.points = header.points,
+                               .lines = header.lines,
+                               .dx = header.dx,
+                               .dy = header.dy != 0 ? header.dy : header.dx};
     const std::uint64_t promised = std::uint64_t{header.points} * header.lines;
     const std::string promise = std::to_string(promised) + " values promised, ";
 

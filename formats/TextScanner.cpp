@@ -101,7 +101,7 @@ double CTextScanner::ReadHeight(double scale)
         value = ReadUnusualNumber();
     value *= scale;
     if (std::fabs(value) > c_greatestLength)
-        Fail(start, "a height of " + Quote(std::string_view(start, m_position)) +
+        Fail(start, "a length of " + Quote(std::string_view(start, m_position)) +
                         " times the scale is beyond 1e9 m");
     if (m_position >= m_nextReport)
         Report();
@@ -122,7 +122,7 @@ double CTextScanner::ReadUnusualNumber()
 
 bool CTextScanner::IsDelimiter(const char* place) const
 {
-    return place == m_end || IsSpace(*place);
+    return place == m_end || IsSpace(*place) || *place == m_separator;
 }
 
 void CTextScanner::Report()

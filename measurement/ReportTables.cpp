@@ -25,9 +25,19 @@ CStr OneLine(const CStr& text)
     return ReplaceControls(text, u' ');
 }
 
-void FillSurface(CGrid& grid, const std::vector<SColumn>& columns)
+// Parameters of profiles are called alike in several standards.
+CStr NameOf(const CParameter& parameter, bool isProfile)
 {
-    grid.SetNameHeader(u"Surface parameter");
+    CStr name = parameter.GetFriendlyString();
+    if (!isProfile || parameter.GetStandard() == static_cast<int>(EAnalysisStandards::None))
+        return name;
+    return name + u" (" + GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard()) + u")";
+}
+
+void FillSurface(CGrid& grid, const SResults& results)
+{
+    grid.SetNameHeader(results.isProfile ? u"Profile parameter" : u"Surface parameter");
+    const std::vector<SColumn>& columns = results.surface;
     if (columns.front().values.size() > 1) {
         grid.AddColumn({u"Raw", {}});
         grid.AddColumn({u"Processed", {}});
@@ -36,7 +46,7 @@ void FillSurface(CGrid& grid, const std::vector<SColumn>& columns)
     }
     grid.AddColumn({u"Unit", {}});
     for (const SColumn& column : columns) {
-        CGrid::SRow row{.name = column.parameter.GetFriendlyString(), .cells = {}};
+        CGrid::SRow row{.name = NameOf(column.parameter, results.isProfile), .cells = {}};
         for (const double value : column.values)
             row.cells.push_back(column.GetText(value));
         row.cells.push_back(column.GetUnitText());
@@ -185,7 +195,7 @@ CReportTables::CReportTables(SResults results, bool transpose)
     for (const auto& [label, text] : m_results.summary)
         m_summary.AddRow({.name = label, .cells = {OneLine(text)}});
     if (!m_results.surface.empty())
-        FillSurface(m_surface, m_results.surface);
+        FillSurface(m_surface, m_results);
     if (m_results.columns.empty())
         return;
     FillHead(m_rows, m_results);

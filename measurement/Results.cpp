@@ -5,6 +5,7 @@
 #include "analysis/filter/SurfaceFilter.h"
 #include "analysis/grain/GrainMeasures.h"
 #include "analysis/numeric/Statistics.h"
+#include "analysis/profile/ProfileParameters.h"
 #include "analysis/profile/SplitProfile.h"
 #include "measurement/detail/Keys.h"
 #include "measurement/detail/ProfileRows.h"
@@ -12,6 +13,8 @@
 #include "output/results/NumberFormat.h"
 
 #include <algorithm>
+#include <cmath>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -58,8 +61,13 @@ SResults Describe(const SInput& input)
     add(u"File", CStr::FromUtf8(surface.fileName));
     if (!surface.channel.empty())
         add(u"Channel", CStr::FromUtf8(surface.channel));
-    add(u"Points", CStr::Format(u"%d × %d", surface.points, surface.lines));
-    add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
+    if (surface.IsProfile()) {
+        add(u"Points", CStr::Format(u"%d", surface.points));
+        add(u"Spacing", LengthText(surface.dx));
+    } else {
+        add(u"Points", CStr::Format(u"%d × %d", surface.points, surface.lines));
+        add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
+    }
     add(u"Missing points", CStr::Format(u"%d", surface.missing));
     add(u"Levelling", LevellingText(input.levelling));
     for (std::size_t i = 0; i < input.steps.size(); ++i)
@@ -75,16 +83,40 @@ double FractileShare(const std::vector<CParameter>& statistics)
     return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
 }
 
+// The parameters of a surface, or those of its only line where it is a profile.
+std::vector<SValue> ComputeValues(const SSurface& surface, std::span<const std::string_view> keys,
+                                  const SMethod& method)
+{
+    if (!surface.IsProfile())
+        return Analysis::ComputeAreal(surface, keys);
+    if (std::ranges::all_of(surface.heights, [](double height) { return std::isnan(height); }))
+        throw Analysis::ENoPoints();
+    std::vector<SValue> values;
+    for (const SValues& column : Analysis::ComputeProfiles(surface, keys, method.cutoff))
+        values.push_back({column.key, column.values.front()});
+    return values;
+}
+
+double ComputeTemplateValue(const SSurface& surface, const CParameter& parameter, const SMethod& method)
+{
+    const std::string key = AnalysisKey(parameter);
+    const std::vector<double> variables = VariableValues(parameter);
+    return surface.IsProfile()
+               ? Analysis::ComputeLineTemplates(surface, key, variables, method.cutoff).front()
+               : Analysis::ComputeTemplate(surface, key, variables);
+}
+
 // Of the raw surface, if there is one, and of the processed one.
 std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices)
 {
     std::vector<const SSurface*> surfaces{&input.surface};
     if (input.raw)
         surfaces.insert(surfaces.begin(), &*input.raw);
-    const CKeys keys(choices.surface);
+    const std::vector<CParameter>& parameters = input.surface.IsProfile() ? choices.rows : choices.surface;
+    const CKeys keys(parameters);
     std::vector<SValues> table;
     for (const SSurface* surface : surfaces) {
-        const std::vector<SValue> values = Analysis::ComputeAreal(*surface, keys.Get());
+        const std::vector<SValue> values = ComputeValues(*surface, keys.Get(), choices.method);
         table.resize(values.size());
         for (std::size_t i = 0; i < values.size(); ++i) {
             table[i].key = values[i].key;
@@ -92,16 +124,15 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
         }
     }
     const auto valuesOf = [&](const CParameter& parameter) {
-        const std::string key = AnalysisKey(parameter);
         if (!parameter.HasParent())
-            return TakeValues(table, key);
+            return TakeValues(table, AnalysisKey(parameter));
         std::vector<double> values;
         values.reserve(surfaces.size());
         for (const SSurface* surface : surfaces)
-            values.push_back(Analysis::ComputeTemplate(*surface, key, VariableValues(parameter)));
+            values.push_back(ComputeTemplateValue(*surface, parameter, choices.method));
         return values;
     };
-    return MakeColumns(choices.surface, valuesOf, choices.automaticUnits);
+    return MakeColumns(parameters, valuesOf, choices.automaticUnits);
 }
 
 // Statistics of the profiles' parameters, and their values if these may be kept.
@@ -161,6 +192,12 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
     CheckCutoff(input.surface, choices.method);
     SResults results = Describe(input);
     results.surface = SurfaceColumns(input, choices);
+    results.isProfile = input.surface.IsProfile();
+    if (results.isProfile) {
+        if (!results.surface.empty())
+            DescribeProfiles(input.surface, choices.method, results);
+        return results;
+    }
     AddProfiles(input.surface, choices, results);
     if (!results.columns.empty())
         DescribeProfiles(input.surface, choices.method, results);

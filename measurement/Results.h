@@ -18,8 +18,10 @@ struct SResults {
     CStr title{};
     /// Labels and texts of what was measured and how.
     std::vector<std::pair<CStr, CStr>> summary{};
-    /// One value each; or two, that of the raw surface and that of the processed one.
+    /// One value each; or two, that of the raw surface and that of the processed one. Of a surface of one line, which is
+    /// a profile, these are the parameters of profiles, and there are no rows.
     std::vector<SColumn> surface{};
+    bool isProfile = false;
     CStr rowName{}; ///< what the rows of the columns are: profiles or grains
     std::size_t rowCount = 0;
     /// Statistics of the rows' values, and these themselves unless computePart is set.

@@ -28,6 +28,9 @@ struct SSurface {
     std::string channel{};   ///< UTF-8; empty where the file names none
     std::string fileName{};  ///< UTF-8, without folder
 
+    /// Whether it is one line alone, of which the parameters of profiles are meant.
+    bool IsProfile() const { return lines == 1; }
+
     std::span<const double> GetLine(std::size_t line) const
     {
         return std::span(heights).subspan(line * points, points);

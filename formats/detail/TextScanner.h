@@ -17,6 +17,9 @@ public:
     /// @param text must outlive the scanner
     CTextScanner(std::string name, std::string_view text, const FProgress& progress);
 
+    /// Has numbers end at a character, too, besides blanks and ends of lines.
+    void SetSeparator(char separator) { m_separator = separator; }
+
     bool IsAtEnd() const { return m_position == m_end; }
     /// The character to come; 0 at the end.
     char Peek() const { return IsAtEnd() ? '\0' : *m_position; }
@@ -46,6 +49,7 @@ private:
     const char* m_end;
     const char* m_nextReport;
     const FProgress& m_progress;
+    char m_separator = ' ';
 };
 
 /// Whether text is a finite decimal number as a whole, with a decimal point or comma.
@@ -60,9 +64,5 @@ std::string ToUtf8(std::string_view text);
 std::string ReplaceControls(std::string_view text);
 /// Text of a file for a message: in quotes, short and printable.
 std::string Quote(std::string_view text);
-
-/// The readers of the formats. The scanner stands at the beginning of the first line.
-Analysis::SSurface ReadSdf(CTextScanner& scanner);
-Analysis::SSurface ReadMatrix(CTextScanner& scanner);
 
 } // namespace CommonUI::Formats

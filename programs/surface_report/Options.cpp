@@ -2,6 +2,7 @@
 
 #include "common/NumberText.h"
 #include "programs/command_line/CommandLine.h"
+#include "programs/surface_report/SaveSurface.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,7 +19,8 @@ const char* const c_usage = R"(Reports the roughness or the grains of a measured
 
 usage: surface_report INPUT --out DIR [OPTION...]
 
-  INPUT              a surface: ISO 25178-71 ASCII, or a text matrix with a "#" header
+  INPUT              a surface or profile: SDF (ISO 25178-71), X3P (ISO 25178-72), a text matrix with a "#" header,
+                     or columns of text below a line such as "x [mm] z [um]"
   --out DIR          folder for report.txt (tab-separated) and report.html
   --parameters KEYS  parameters by their keys, separated by commas: Sa,Sq,4287Ra,4287Pz
   --unit UNIT        unit of lengths: pm, nm, um, mm, m, uin, mil, in ...
@@ -34,6 +36,11 @@ usage: surface_report INPUT --out DIR [OPTION...]
   --settings SPEC    applies a plane correction or a filter first, any number of times in the order given; the
                      surface's table then shows the raw surface beside the processed one. A set is named by its
                      identifier, its key or a file: 'PlaneCorr[Id(4)]'  'Filter[File(x.flt)]'
+  --save FILE        writes the surface that is analysed, in the format of the name: .sdf, .x3p, or .txt, which is a
+                     matrix or, for a profile, columns
+  --binary           the binary form of .sdf
+  --replace-input    lets --save replace the input
+  --spacing LENGTH   the spacing of a profile whose file has heights alone, such as 0.5um
   --list-settings [TYPE]
                      prints the sets there are of a type, such as Filter, or of all, instead of a report
   --settings-folder DIR
@@ -75,6 +82,12 @@ CommandLine::CParser MakeParser(SOptions& options)
     CommandLine::CParser parser;
     CommandLine::AddSurfaceOptions(parser, options, request.method.levelling);
     parser.AddFlag("--transpose", options.transpose);
+    parser.AddFlag("--binary", options.isBinary);
+    parser.AddFlag("--replace-input", options.replacesInput);
+    parser.Add("--save",
+               [&](auto& option, auto& file) { options.save = CommandLine::ParsePath(option, file); });
+    parser.Add("--spacing",
+               [&](auto& option, auto& length) { options.spacing = ParseLength(option, length); });
     parser.AddOptional("--list-settings", [&](auto&, auto& type) { options.listSettings = type; });
     parser.Add("--parameters", [&](auto&, auto& keys) { request.keys = CStr::FromUtf8(keys).Split(u","); });
     parser.Add("--unit", [&](auto& option, auto& unit) { request.unit = ParseUnit(option, unit); });
@@ -124,6 +137,7 @@ SOptions ParseOptions(std::span<const char* const> arguments)
     CommandLine::CheckSurfaceOptions(options, "folder is given for the reports");
     if (!options.sets.empty() && options.preferences.empty())
         throw EUsage("--set changes preferences, but no --preferences are given");
+    CheckSave(options);
     return options;
 }
 

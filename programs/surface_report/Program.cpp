@@ -15,6 +15,7 @@
 #include "programs/surface_report/ListSettings.h"
 #include "programs/surface_report/Options.h"
 #include "programs/surface_report/PreferencesFile.h"
+#include "programs/surface_report/SaveSurface.h"
 #include "programs/surface_report/TerminalText.h"
 
 #include <cstdint>
@@ -34,13 +35,15 @@ namespace
 namespace fs = std::filesystem;
 namespace Measurement = CommonUI::Measurement;
 
-CommonUI::Analysis::SSurface Read(const fs::path& input, std::ostream& err)
+CommonUI::Analysis::SSurface Read(const SOptions& options, std::ostream& err)
 {
     constexpr std::uintmax_t c_longInput = 8 << 20;
     std::error_code error;
-    const auto size = fs::file_size(input, error);
+    const auto size = fs::file_size(options.input, error);
     CommandLine::CProgressLine progress("reading", !error && size >= c_longInput, err);
-    return CommonUI::Formats::ReadSurface(input, [&progress](double fraction) { progress.Show(fraction); });
+    return CommonUI::Formats::ReadSurface(
+        options.input,
+        {.progress = [&progress](double fraction) { progress.Show(fraction); }, .spacing = options.spacing});
 }
 
 // A folder that is made where there is none, with those above it, and goes again unless it is kept.
@@ -103,14 +106,23 @@ private:
     CommonUI::CFileReplacement m_file{};
 };
 
-// Writes both reports to a folder that is there and saves the preferences, or does nothing of all that.
-void WriteAll(const Measurement::CReportTables& report, const fs::path& folder, CPreferencesFile& preferences)
+// Writes both reports to a folder that is there and the surface where it is to be saved, and saves the preferences, or
+// does nothing of all that.
+void WriteAll(const Measurement::CReportTables& report, const CommonUI::Analysis::SSurface& surface,
+              const SOptions& options, CPreferencesFile& preferences)
 {
-    CReportFile html(folder / "report.html", [&](const auto& write) { report.WriteHtml(write); });
-    CReportFile text(folder / "report.txt", [&](const auto& write) { report.WriteText(write); });
+    CReportFile html(options.output / "report.html", [&](const auto& write) { report.WriteHtml(write); });
+    CReportFile text(options.output / "report.txt", [&](const auto& write) { report.WriteText(write); });
+    std::optional<CReportFile> saved;
+    if (!options.save.empty())
+        saved.emplace(options.save, [&](const auto& write) { write(SavedBytes(surface, options)); });
     html.Replace();
     text.Replace();
+    if (saved)
+        saved->Replace();
     preferences.Save();
+    if (saved)
+        saved->Keep();
     html.Keep();
     text.Keep();
 }
@@ -159,14 +171,17 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
     const Measurement::SChoices choices =
         ForOption("--parameters", [&] { return MakeChoices(preferences.GetManager(), options.request); });
     const std::vector<Measurement::SStep> steps = LoadSteps(preferences.GetFactory(), options);
-    CommonUI::Analysis::SSurface surface = Read(options.input, err);
+    CommonUI::Analysis::SSurface surface = Read(options, err);
+    if (surface.IsProfile() && choices.rows.empty() && !options.request.keys.empty())
+        throw CommandLine::EUsage(
+            "--parameters: the file is a profile, and none of these is one of profiles");
     try {
         const Measurement::SInput input = ForOption(
             "--settings", [&] { return Process(std::move(surface), choices.method.levelling, steps); });
         const Measurement::CReportTables report(
             ForOption("--cutoff", [&] { return ComputeResults(input, choices); }), options.transpose);
         CMadeFolder folder(options.output);
-        WriteAll(report, options.output, preferences);
+        WriteAll(report, input.surface, options, preferences);
         folder.Keep();
         Print(TerminalText(report), out);
     } catch (const CommonUI::Analysis::ENoPoints& error) {

@@ -15,7 +15,7 @@ const char* const c_usage = R"(Draws a measured surface in three dimensions, wit
 usage: surface_view INPUT --out FILE.png [OPTION...]
        surface_view INPUT --out FILE.gif --animation SPEC [OPTION...]
 
-  INPUT              a surface: ISO 25178-71 ASCII, or a text matrix with a "#" header
+  INPUT              a surface: SDF (ISO 25178-71), X3P (ISO 25178-72), or a text matrix with a "#" header
   --out FILE.png     the picture; of an animation one for each frame, FILE-0001.png and on
   --out FILE.gif     the animation
   --size WxH         its width and height in pixels, 100 to 4096 each; 900x600 without it

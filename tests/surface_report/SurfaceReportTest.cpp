@@ -36,6 +36,8 @@ TEST_F(ReportProgram, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
                                                 "ELF\0\x01\xFF",
                                                 7));
     m_temporary.Write("text.txt", header + "1 2 x\n");
+    m_temporary.Write("heights.txt", "z [um]\n1\n2\n");
+    m_temporary.Write("profile.txt", "x [um] z [um]\n0 1\n1 2\n");
     m_temporary.Write("missing.txt", header + "BAD BAD BAD\n");
     m_temporary.Write("short.sdf", "aISO-1.0\nNumPoints = 3\nNumProfiles = 3\nXscale = 1e-6\nYscale = 1e-6\n"
                                    "Zscale = 1\n*\n1 2 3\n*\n");

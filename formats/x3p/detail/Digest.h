@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+struct evp_md_ctx_st;
+
+namespace CommonUI::Formats
+{
+
+/// The MD5 checksum of bytes that come piece by piece.
+class CDigest
+{
+public:
+    CDigest();
+    ~CDigest();
+    CDigest(const CDigest&) = delete;
+    CDigest& operator=(const CDigest&) = delete;
+
+    void Add(std::string_view bytes);
+    /// In small hexadecimal digits. Nothing is added after it.
+    std::string Finish();
+
+private:
+    evp_md_ctx_st* m_context;
+};
+
+/// The checksum of bytes that are at hand.
+std::string DigestOf(std::string_view bytes);
+
+} // namespace CommonUI::Formats
