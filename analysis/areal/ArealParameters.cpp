@@ -6,6 +6,7 @@
 #include "analysis/areal/HeightParameters.h"
 #include "analysis/areal/MaterialRatio.h"
 
+#include <cmath>
 #include <future>
 #include <optional>
 
@@ -107,13 +108,45 @@ SStages ComputeStages(const SSurface& surface, const std::vector<const SRow*>& r
     return stages;
 }
 
+// How far the autocorrelation of a quantity has to fall, and whether it has to in all directions.
+std::string_view FindDecayReason(std::string_view key)
+{
+    const bool inAll = key.starts_with("Str");
+    if (key.ends_with("37"))
+        return inAll ? "the autocorrelation does not fall to 0.37 in all directions within the surface"
+                     : "the autocorrelation does not fall to 0.37 within the surface";
+    return inAll ? "the autocorrelation does not fall to 0.2 in all directions within the surface"
+                 : "the autocorrelation does not fall to 0.2 within the surface";
+}
+
+// Why a quantity is not defined.
+std::string_view FindReason(const SRow& row, const SSurface& surface, const SStages& stages)
+{
+    if (row.need == Slopes)
+        return "nowhere are four neighbouring points valid";
+    if (stages.heights.highest == stages.heights.lowest)
+        return "the surface is flat";
+    const bool isStrip = surface.points < 2 || surface.lines < 2;
+    switch (row.need) {
+    case Autocorrelation:
+        return isStrip ? "the surface is a single line" : FindDecayReason(row.key);
+    case Spectrum:
+        return isStrip ? "the surface is a single line"
+                       : "the surface has no waves that its size and spacing show";
+    default:
+        return "the surface has too few valid points";
+    }
+}
+
 std::vector<SValue> Compute(const SSurface& surface, const std::vector<const SRow*>& rows)
 {
     const SStages stages = ComputeStages(surface, rows);
     std::vector<SValue> values;
     values.reserve(rows.size());
-    for (const SRow* row : rows)
-        values.push_back({row->key, row->get(stages)});
+    for (const SRow* row : rows) {
+        const double value = row->get(stages);
+        values.push_back({row->key, value, std::isnan(value) ? FindReason(*row, surface, stages) : ""});
+    }
     return values;
 }
 

@@ -84,7 +84,7 @@ std::vector<SValue> ComputeStatistics(std::span<const double> values, double sha
     const SHeightParameters moments = ComputeHeightParameters(rising);
     const auto n = static_cast<double>(moments.count);
     const double sd = n > 1 ? moments.rms * std::sqrt(n / (n - 1)) : c_undefined;
-    return {
+    std::vector<SValue> statistics = {
         {"Count", n},
         {"Sum", SumHeights(rising)},
         {"Minimum", moments.lowest},
@@ -95,6 +95,13 @@ std::vector<SValue> ComputeStatistics(std::span<const double> values, double sha
         {"Median", InterpolateFractile(rising, 0.5)},
         {"Fractile", InterpolateFractile(rising, share)},
     };
+    for (SValue& statistic : statistics) {
+        if (std::isnan(statistic.value))
+            statistic.reason = rising.empty() ? "there is no value"
+                               : n > 1        ? "the mean is 0"
+                                              : "there is a single value";
+    }
+    return statistics;
 }
 
 SWeighted ComputeWeighted(std::span<const double> values, std::span<const double> weights)
