@@ -9,6 +9,7 @@
 #include "model/RoughnessCatalogue.h"
 
 #include <algorithm>
+#include <ranges>
 #include <string_view>
 
 namespace CommonUI::Measurement
@@ -75,23 +76,41 @@ SChoices ChooseGrains(const CAnalysisPreferencesManager& manager, const SRequest
 {
     const auto& grains = manager.GetData(EAnalysis::Measure);
     return {.rows = Choose(grains.GetParameters(), {.keys = Analysis::GetGrainKeys()}, request, false),
-            .statistics = grains.GetStatistics()};
+            .statistics = grains.GetStatistics(),
+            .automaticRowUnits = !request.usesPreferences && !request.unit};
+}
+
+// The preferences of a roughness analysis that count.
+struct SCounting {
+    const CAnalysisPreferencesData& data;
+    bool isChosen; // by somebody: its parameters, units and formats are meant
+};
+
+SCounting FindCounting(EAnalysis analysis, const CAnalysisPreferencesManager& manager,
+                       const SRequest& request)
+{
+    for (const auto& data : std::views::reverse(request.roughness)) {
+        if (data.GetAnalysis() == analysis)
+            return {data, true};
+    }
+    return {manager.GetData(analysis), request.usesPreferences};
 }
 
 SChoices ChooseRoughness(const CAnalysisPreferencesManager& manager, const SRequest& request)
 {
-    const bool all = !request.usesPreferences;
-    const auto& surface = manager.GetData(EAnalysis::Roughness);
-    const auto& profiles = manager.GetData(EAnalysis::RoughnessProfile);
-    return {.surface = Choose(surface.GetParameters(),
+    const SCounting surface = FindCounting(EAnalysis::Roughness, manager, request);
+    const SCounting profiles = FindCounting(EAnalysis::RoughnessProfile, manager, request);
+    return {.surface = Choose(surface.data.GetParameters(),
                               {.keys = KeysOf(Analysis::GetArealQuantities()),
                                .templates = KeysOf(Analysis::GetTemplates())},
-                              request, all),
-            .rows = Choose(profiles.GetParameters(),
+                              request, !surface.isChosen),
+            .rows = Choose(profiles.data.GetParameters(),
                            {.keys = KeysOf(Analysis::GetProfileQuantities()),
                             .templates = KeysOf(Analysis::GetLineTemplates())},
-                           request, all),
-            .statistics = profiles.GetStatistics()};
+                           request, !profiles.isChosen),
+            .statistics = profiles.data.GetStatistics(),
+            .automaticUnits = !surface.isChosen && !request.unit,
+            .automaticRowUnits = !profiles.isChosen && !request.unit};
 }
 
 } // namespace
@@ -99,9 +118,8 @@ SChoices ChooseRoughness(const CAnalysisPreferencesManager& manager, const SRequ
 SChoices MakeChoices(const CAnalysisPreferencesManager& manager, const SRequest& request)
 {
     SChoices choices =
-        request.method.grains ? ChooseGrains(manager, request) : ChooseRoughness(manager, request);
+        request.method.MeasuresGrains() ? ChooseGrains(manager, request) : ChooseRoughness(manager, request);
     choices.method = request.method;
-    choices.automaticUnits = !request.usesPreferences && !request.unit;
     CheckKeys(request, choices);
     return choices;
 }

@@ -17,7 +17,8 @@ struct SChoices {
     std::vector<CParameter> surface{};    ///< of the surface; none where grains are measured
     std::vector<CParameter> rows{};       ///< of its profiles or its grains
     std::vector<CParameter> statistics{}; ///< of these, of which those count that are on
-    bool automaticUnits = true;           ///< each parameter is shown in the unit that suits it
+    bool automaticUnits = true;    ///< each parameter of the surface is shown in the unit that suits it
+    bool automaticRowUnits = true; ///< likewise those of the rows
 };
 
 /// @throws ERequest for a key that no parameter has or of which nothing is computed

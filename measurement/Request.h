@@ -6,6 +6,8 @@
 #include "../common/Str.h"
 #include "../common/Unit.h"
 #include "../export/Export.h"
+#include "../model/RoughnessAnalysisPreferencesData.h"
+#include "../settings/readers/GrainThresholdSettings.h"
 
 #include <optional>
 #include <vector>
@@ -15,8 +17,16 @@ namespace CommonUI::Measurement
 
 /// Which grains are measured.
 struct SGrainLimit {
-    double threshold; ///< height in m on the levelled surface
+    double threshold; ///< height in m on the surface as it is analysed
     Analysis::EGrainKind kind;
+    Analysis::SGrainSelection selection{}; ///< which of them count
+    CStr rule{};                           ///< how the threshold was found; empty where it was given
+};
+
+/// How grains are found on each surface.
+struct SGrainSearch {
+    CStr name; ///< of the set, where it stands in a menu
+    SGrainThresholdSettings settings;
 };
 
 /// How a surface is analysed.
@@ -24,6 +34,10 @@ struct SMethod {
     Analysis::ELevelling levelling = Analysis::ELevelling::None;
     std::optional<double> cutoff{};      ///< of the profile filter, m; a fifth of the profile without it
     std::optional<SGrainLimit> grains{}; ///< measured instead of the roughness
+    /// Likewise, where no limit is given: it is found on the surface.
+    std::optional<SGrainSearch> grainSearch{};
+
+    bool MeasuresGrains() const { return grains || grainSearch; }
 };
 
 /// What somebody asks for beyond the preferences.
@@ -32,6 +46,8 @@ struct SRequest {
     /// Parameters, units and formats are those of the preferences; without it all parameters of surfaces and
     /// profiles and the usual ones of grains, each in the unit that suits it.
     bool usesPreferences = false;
+    /// What counts instead of the preferences of these roughness analyses; of two of one analysis the later one.
+    std::vector<CRoughnessAnalysisPreferencesData> roughness{};
     std::vector<CStr> keys{};                 ///< the parameters by key; empty for those of above
     std::optional<CUnit::EUnitFactor> unit{}; ///< the unit factor of all lengths, areas and volumes
 };

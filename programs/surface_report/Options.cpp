@@ -27,6 +27,7 @@ usage: surface_report INPUT --out DIR [OPTION...]
   --level LEVEL      what is subtracted first: none, the mean height, or the least-squares plane
   --cutoff LENGTH    cut-off of the profile filter, such as 2.5um; a fifth of the profile without it
   --grains HEIGHT    measures the connected grains at or above a height, such as 50nm, instead
+  --grains SPEC      measures the particles or pores that a threshold set says: 'PnP[Id(198)]'  'PnP[File(x.pnps)]'
   --pores HEIGHT     measures the connected pores below a height instead
   --transpose        parameters as columns of the surface's table and as rows of the profiles' table
   --preferences FILE parameters, units, formats and statistics are those of an INI file, which is made with
@@ -34,8 +35,10 @@ usage: surface_report INPUT --out DIR [OPTION...]
   --set CHANGE       changes the preferences and saves them, any number of times:
                      Sa=off  Sq.unit=um  Sq.format=Digits:4  Fractile=on:95  Sch=on:95
   --settings SPEC    applies a plane correction or a filter first, any number of times in the order given; the
-                     surface's table then shows the raw surface beside the processed one. A set is named by its
-                     identifier, its key or a file: 'PlaneCorr[Id(4)]'  'Filter[File(x.flt)]'
+                     surface's table then shows the raw surface beside the processed one. Of a roughness set the
+                     parameters and statistics are shown in this run. A set is named by its identifier, its key or
+                     a file: 'PlaneCorr[Id(4)]'  'Filter[File(x.flt)]'  'ImageRoughness[Id(73)]'
+  --batch SPEC       runs a batch sequence: 'Batch[Id(65)]'  'Batch[File(x.batch)]'
   --save FILE        writes the surface that is analysed, in the format of the name: .sdf, .x3p, or .txt, which is a
                      matrix or, for a profile, columns
   --binary           the binary form of .sdf
@@ -71,9 +74,14 @@ double ParseLength(const std::string& option, const std::string& text)
 void TakeGrains(SOptions& options, const std::string& option, const std::string& height, EGrainKind kind)
 {
     auto& grains = options.request.method.grains;
-    if (grains)
+    if (grains || !options.grainSet.IsEmpty())
         throw EUsage(option + ": either particles or pores are measured, at one height");
-    grains = {ParseLength(option, height), kind};
+    if (height.find('[') == std::string::npos)
+        grains = {ParseLength(option, height), kind};
+    else if (kind == EGrainKind::Pore)
+        throw EUsage(option + ": a set says itself whether pores are meant; it is given with --grains");
+    else
+        options.grainSet = CStr::FromUtf8(height);
 }
 
 CommandLine::CParser MakeParser(SOptions& options)
@@ -102,6 +110,7 @@ CommandLine::CParser MakeParser(SOptions& options)
                [&](auto& option, auto& file) { options.preferences = CommandLine::ParsePath(option, file); });
     parser.Add("--set", [&](auto&, auto& change) { options.sets.push_back(CStr::FromUtf8(change)); });
     parser.Add("--settings", [&](auto&, auto& spec) { options.settings.push_back(CStr::FromUtf8(spec)); });
+    parser.Add("--batch", [&](auto&, auto& spec) { options.batch = CStr::FromUtf8(spec); });
     parser.Add("--settings-folder", [&](auto& option, auto& folder) {
         options.settingsFolder = CommandLine::ParsePath(option, folder);
     });
@@ -137,6 +146,8 @@ SOptions ParseOptions(std::span<const char* const> arguments)
     CommandLine::CheckSurfaceOptions(options, "folder is given for the reports");
     if (!options.sets.empty() && options.preferences.empty())
         throw EUsage("--set changes preferences, but no --preferences are given");
+    if (!options.batch.IsEmpty() && !options.request.keys.empty())
+        throw EUsage("--parameters is not for --batch, whose sets and the preferences say what is computed");
     CheckSave(options);
     return options;
 }

@@ -22,6 +22,12 @@ protected:
         arguments.insert(arguments.end(), more.begin(), more.end());
         return Run(arguments);
     }
+    fs::path Write(const std::string& name, const std::string& bytes) const
+    {
+        m_temporary.Write(name, bytes);
+        return m_folder / name;
+    }
+    std::string BytesOf(const fs::path& path) const { return m_temporary.Read(path); }
 };
 
 bool IsSame(double left, double right)
@@ -75,7 +81,7 @@ TEST_F(Save, InputIsReplacedWhereThatIsAsked)
 TEST_F(Save, RunThatFailsLeavesTheFileAsItWas)
 {
     const std::string preferences = (m_folder / "no" / "choices.ini").string(); // cannot be saved
-    const fs::path before = m_temporary.Write("before.sdf", "before");
+    const fs::path before = Write("before.sdf", "before");
     const fs::path none = m_folder / "none.sdf";
     for (const fs::path& file : {before, none})
         EXPECT_EQ(Report(c_sample, {"--save", file.string(), "--preferences", preferences}), 1);
@@ -83,7 +89,7 @@ TEST_F(Save, RunThatFailsLeavesTheFileAsItWas)
     EXPECT_FALSE(fs::exists(none));
     EXPECT_TRUE(fs::is_empty(m_folder) || !fs::exists(Out())) << "no temporary is left";
     if (HasX3p()) {
-        const fs::path broken = m_temporary.Write("broken.x3p", "PK\3\4nothing else");
+        const fs::path broken = Write("broken.x3p", "PK\3\4nothing else");
         EXPECT_EQ(Report(broken, {"--save", before.string()}), 1);
         EXPECT_EQ(m_err.str(),
                   "surface_report: " + broken.string() + ": the archive is damaged, or cut off\n");
@@ -95,7 +101,7 @@ TEST_F(Save, ProfileHasParametersOfProfilesAlone)
     std::string text = "x [um]\tz [nm]\n";
     for (int i = 0; i < 200; ++i)
         text += std::to_string(i) + '\t' + (i % 20 < 10 ? "100" : "-100") + '\n';
-    const fs::path input = m_temporary.Write("profile.txt", text);
+    const fs::path input = Write("profile.txt", text);
     const fs::path saved = m_folder / "saved.txt";
     ASSERT_EQ(Run({input.string(), "--out", Out().string(), "--parameters", "Ra,4287Pa,Sa", "--settings",
                    "PlaneCorr[Id(8)]", "--save", saved.string()}),
@@ -109,7 +115,7 @@ TEST_F(Save, ProfileHasParametersOfProfilesAlone)
     EXPECT_EQ(report.find("Statistic"), report.npos);
     EXPECT_TRUE(BytesOf(saved).starts_with("x [m]\tz [m]\n0\t"));
 
-    const fs::path heights = m_temporary.Write("heights.txt", "z [um]\n1\n2\n1\n2\n");
+    const fs::path heights = Write("heights.txt", "z [um]\n1\n2\n1\n2\n");
     ASSERT_EQ(Report(heights, {"--spacing", "0.5um", "--level", "plane"}), 0) << m_err.str();
     EXPECT_NE(m_out.str().find("500 nm"), std::string::npos) << m_out.str();
 }
