@@ -77,6 +77,7 @@ SSurface MakeSpiral(std::size_t size)
 
 // The values of a column of many grains, so that a run of all quantities fits in memory with any pattern.
 constexpr std::string_view c_fewKeys[] = {"AreaExHoles", "Perimeter", "MaxFeret", "NearestNeighbourDist"};
+constexpr std::string_view c_skeletonKeys[] = {"TotalFiberLength"};
 
 // Time is that of all threads together, as others may use the machine at the same time.
 void ReportPoints(benchmark::State& state, const SSurface& surface, std::size_t grains)
@@ -135,6 +136,8 @@ const bool s_registered = [] {
         add(std::string("Find/") + name, Find, make);
         add(std::string("Measure 4 columns/") + name, Measure, make,
             std::span<const std::string_view>(c_fewKeys));
+        add(std::string("Measure skeletons/") + name, Measure, make,
+            std::span<const std::string_view>(c_skeletonKeys));
     }
     add("Measure all columns/smooth", Measure, MakeSmooth, std::span<const std::string_view>(allKeys));
     add("Measure all columns/noise", Measure, MakeNoise, std::span<const std::string_view>(allKeys));

@@ -1,8 +1,10 @@
 // A table of results of 20 columns shown in a window of 1600 by 900 pixels, without the cost of pixels:
 // opening it, turning its pages and copying it. Beside it the work of a view that builds all cells before it
 // shows the first. The times of opening and scrolling should not depend on the number of rows.
+#include "output/grid/MemoryGridView.h"
 #include "output/results/GridCopy.h"
 #include "output/results/ResultGridPane.h"
+#include "platform/MemoryClipboard.h"
 
 #include <benchmark/benchmark.h>
 

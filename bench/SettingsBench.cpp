@@ -1,3 +1,4 @@
+#include "platform/FixedFolders.h"
 #include "platform/Folders.h"
 #include "settings/catalogue/BuiltInSettingText.h"
 #include "settings/factory/SettingsFactory.h"

@@ -32,8 +32,8 @@ struct SDiagnosticLine {
 ///
 /// Lines of level Warning and Error are always passed on; lines below reach the sink only when their category
 /// is enabled. The empty category is always enabled: it is for reports that somebody has asked for. Without a
-/// sink of the application, what is passed on goes to the standard error stream, a line each, with "?" in place of
-/// control characters. Any thread may write; the sink is called by one thread at a time.
+/// sink of the application, what is passed on goes to the standard error stream, a line each, with "?" in
+/// place of control characters. Any thread may write; the sink is called by one thread at a time.
 class COMMONDLL_API CDiagnostics
 {
 public:

@@ -21,10 +21,10 @@ COMMONDLL_API bool FileExists(const CStr& fileName);
 /// one, never a part: the bytes go to a temporary file in the same folder, which then takes the file's place
 /// with the file's permissions; it belongs to who writes it. A symbolic link stays, the file that it leads to
 /// is replaced; other hard links keep the old content. Returns false with a reason, the file untouched and
-/// the temporary removed, when that fails; what is no regular file, or may not be written to, is not replaced.
+/// the temporary removed, when that fails; what is no regular file, or not to be written, is not replaced.
 ///
-/// The temporary's name holds the file's: "~name.0123456789abcdef.tmp". What a process that was killed has left of a file
-/// goes with the next success, if it is older than a minute.
+/// The temporary's name holds the file's: "~name.0123456789abcdef.tmp". What a process that was killed has
+/// left of a file goes with the next success, if it is older than a minute.
 COMMONDLL_API bool ReplaceFileBytes(const CStr& fileName, std::string_view bytes, CStr& reason);
 
 } // namespace CommonUI

@@ -32,7 +32,8 @@ fs::path FollowLinks(fs::path path)
 constexpr std::string_view c_temporaryEnd = ".tmp";
 constexpr std::size_t c_temporaryDigits = 16;
 
-// What the names of all temporaries of a target begin with; together with what follows no longer than a name may be.
+// What the names of all temporaries of a target begin with; together with what follows no longer than a name
+// may be.
 std::u8string GetTemporaryStart(const fs::path& target)
 {
     constexpr std::size_t c_longest = 255 - 2 - c_temporaryDigits - c_temporaryEnd.size();
@@ -80,7 +81,8 @@ void RemoveOldTemporaries(const fs::path& target)
     }
 }
 
-// Permission bits do not say who may write: somebody else's file in a shared folder could be replaced, but must not be.
+// Permission bits do not say who may write: somebody else's file in a shared folder could be replaced, but
+// must not be.
 void CheckWritable(const fs::path& target)
 {
     errno = 0;

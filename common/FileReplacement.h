@@ -10,8 +10,8 @@ namespace CommonUI
 {
 
 /// A file's new content, which is written piece by piece and takes the file's place when it is whole, as by
-/// ReplaceFileBytes. Functions return false, with a reason, when that fails; the file is then as it was. After a
-/// failure, and after the content has taken its place, nothing more is to be asked for.
+/// ReplaceFileBytes. Functions return false, with a reason, when that fails; the file is then as it was.
+/// After a failure, and after the content has taken its place, nothing more is to be asked for.
 class COMMONDLL_API CFileReplacement
 {
 public:
@@ -26,8 +26,8 @@ public:
     bool Write(std::string_view bytes, CStr& reason);
     /// Puts the content in its place.
     bool Replace(CStr& reason);
-    /// Puts the content in its place until the object goes, and then the old content again, unless Keep is called: for
-    /// several files that are replaced together.
+    /// Puts the content in its place until the object goes, and then the old content again, unless Keep is
+    /// called: for several files that are replaced together.
     bool ReplaceForNow(CStr& reason);
     /// Leaves the content in its place. To be called after ReplaceForNow.
     void Keep() noexcept;

@@ -6,8 +6,8 @@
 namespace CommonUI
 {
 
-/// Makes a change of several steps all or nothing: unless the change is committed, the object is again what it was
-/// when this was made. Of an object of a derived class, the part that is a `T` is meant.
+/// Makes a change of several steps all or nothing: unless the change is committed, the object is again what
+/// it was when this was made. Of an object of a derived class, the part that is a `T` is meant.
 template<class T>
 class CRollback
 {

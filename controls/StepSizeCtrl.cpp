@@ -7,16 +7,6 @@ namespace CommonUI
 
 CStepSizeView::~CStepSizeView() = default;
 
-CMemoryStepSizeView::~CMemoryStepSizeView() = default;
-
-void CMemoryStepSizeView::Place(const SRect& screen, const SRect& upper, const SRect& lower)
-{
-    shown = true;
-    rect = screen;
-    upperButton = upper;
-    lowerButton = lower;
-}
-
 CStepSizeBtn::CStepSizeBtn(CStepSizeCtrl& owner, EType type)
     : m_owner(owner)
     , m_type(type)

@@ -114,21 +114,4 @@ private:
     CWinTimer m_hideTimer{c_HideDelayTime};
 };
 
-/// A pop-up without a display.
-class COMMONUI_API CMemoryStepSizeView : public CStepSizeView
-{
-public:
-    ~CMemoryStepSizeView() override;
-
-    void Place(const SRect& screen, const SRect& upper, const SRect& lower) override;
-    void Hide() override { shown = false; }
-    void SetToolTip(const CStr& text) override { toolTip = text; }
-
-    bool shown = false;
-    SRect rect{};
-    SRect upperButton{};
-    SRect lowerButton{};
-    CStr toolTip{};
-};
-
 } // namespace CommonUI

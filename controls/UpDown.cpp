@@ -15,8 +15,6 @@ void CSpinView::ShowHint(const CStr&)
 {
 }
 
-CMemorySpinView::~CMemorySpinView() = default;
-
 CUpDown::CUpDown() = default;
 
 CUpDown::~CUpDown() = default;

@@ -7,9 +7,9 @@
 namespace CommonUI
 {
 
-/// The rule of the mouse wheel in fields that hold a number: with Ctrl held it steps, one step for each notch;
-/// without, the wheel is not the field's and scrolls the page. A finer wheel gathers its turns until they make a
-/// notch.
+/// The rule of the mouse wheel in fields that hold a number: with Ctrl held it steps, one step for each
+/// notch; without, the wheel is not the field's and scrolls the page. A finer wheel gathers its turns until
+/// they make a notch.
 class COMMONUI_API CWheelSteps
 {
 public:

@@ -20,8 +20,8 @@ public:
     virtual void Show(bool visible) = 0;
     /// While true, the other windows of the program take no input, whether the dialog is visible or not.
     virtual void SetModal(bool modal) = 0;
-    /// While true, the pointer shows that the other windows take no input, as nothing else does: the dialog is
-    /// modal and hidden.
+    /// While true, the pointer shows that the other windows take no input, as nothing else does: the dialog
+    /// is modal and hidden.
     virtual void SetBusy(bool busy) = 0;
     virtual void SetCaption(const CStr& caption) = 0;
     /// Sets the text of a button or a text, or the label of another control.

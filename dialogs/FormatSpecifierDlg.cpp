@@ -1,6 +1,7 @@
 #include "dialogs/FormatSpecifierDlg.h"
 
 #include "common/StringTable.h"
+#include "dialogs/detail/DialogTexts.h"
 #include "output/results/NumberFormat.h"
 
 namespace CommonUI
@@ -15,11 +16,9 @@ constexpr struct {
     int control;
     int text;
 } c_labels[] = {
-    {CFormatSpecifierDlg::c_format, 8158},
-    {CFormatSpecifierDlg::c_count, 10263},
-    {CFormatSpecifierDlg::c_exampleCaption, 10264},
-    {CBaseDialog::c_ok, 10261},
-    {CBaseDialog::c_cancel, 10262},
+    {CFormatSpecifierDlg::c_format, 8158},          {CFormatSpecifierDlg::c_count, 10263},
+    {CFormatSpecifierDlg::c_exampleCaption, 10264}, {CBaseDialog::c_ok, 10261},
+    {CBaseDialog::c_cancel, c_cancelText},
 };
 
 constexpr struct {

@@ -2,6 +2,7 @@
 
 #include "common/Diagnostics.h"
 #include "common/StringTable.h"
+#include "dialogs/detail/DialogTexts.h"
 #include "platform/ThreadMessages.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ namespace CommonUI
 namespace
 {
 
-constexpr int c_cancelText = 10262;
 constexpr int c_waitText = 7483;
 
 void Warn(std::u16string_view text)

@@ -19,8 +19,8 @@ class CProgressInbox;
 class COMMONUI_API CProgressThreadDialog : public CProgressDialogBase
 {
 public:
-    /// What a worker tells its dialog, in numbers that toolkits with numbered messages leave to their windows:
-    /// a step, a text, its end. Here one message without a number has the dialog look what there is.
+    /// What a worker tells its dialog, in numbers that toolkits with numbered messages leave to their
+    /// windows: a step, a text, its end. Here one message without a number has the dialog look what there is.
     static constexpr unsigned int c_stepMessage = 0x40B;
     static constexpr unsigned int c_newTextMessage = 0x40C;
     static constexpr unsigned int c_closeMessage = 0x40D;

@@ -10,7 +10,8 @@ namespace CommonUI::Formats
 {
 
 CInputFile::CInputFile(const std::filesystem::path& path)
-    // A name with a control character in it must not break the message, nor act on the terminal that shows it.
+    // A name with a control character in it must not break the message, nor act on the terminal that shows
+    // it.
     : m_name(ReplaceControls(PathToUtf8(path)))
 {
     std::error_code error;

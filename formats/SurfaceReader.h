@@ -32,29 +32,29 @@ struct SReadOptions {
     std::optional<double> spacing{};
 };
 
-/// Reads a surface, or a profile, which is a surface of one line. The content of the file, not its name, decides
-/// how:
+/// Reads a surface, or a profile, which is a surface of one line. The content of the file, not its name,
+/// decides how:
 ///
-/// - ASCII data file of ISO 25178-71, first line `aISO-1.0` or `aBCR-1.0`. The header needs NumPoints, NumProfiles,
-///   Xscale, Yscale and Zscale; values are multiplied by Zscale. The `*` after the values is required, as
-///   it is what tells a whole file from one cut off.
+/// - ASCII data file of ISO 25178-71, first line `aISO-1.0` or `aBCR-1.0`. The header needs NumPoints,
+///   NumProfiles, Xscale, Yscale and Zscale; values are multiplied by Zscale. The `*` after the values is
+///   required, as it is what tells a whole file from one cut off.
 /// - Binary data file of ISO 25178-71, which begins with `bISO-1.0` or `bBCR-1.0`, of all data types.
-/// - X3P, ISO 25178-72: an archive with surfaces (SUR) or profiles (PRF), as far as the library is built with it,
-///   see HasX3p.
+/// - X3P, ISO 25178-72: an archive with surfaces (SUR) or profiles (PRF), as far as the library is built with
+///   it, see HasX3p.
 /// - Text matrix: lines `# Key: value`, of which Width, Height and Value units are needed and Channel is
 ///   known, then one row of numbers for each line. The points are pixels with an area, as of a scanning
 ///   microscope: Width is points * dx, not (points - 1) * dx. The header may be UTF-8 or Latin-1.
-/// - Profile in columns of text: a first line that names the columns with their units, such as `x [mm] z [um]`, then
-///   a position and a height, or a height alone, in each line.
+/// - Profile in columns of text: a first line that names the columns with their units, such as `x [mm] z
+///   [um]`, then a position and a height, or a height alone, in each line.
 ///
-/// In texts, `BAD` and `NaN` are missing points, a decimal comma stands for a point, lines end in LF or CR
-/// LF and keys know no case. Memory grows with what the file holds, never with what it claims; of a file that is no
-/// surface only the first bytes are read. A surface all of whose points are missing is read.
+/// In texts, `BAD` and `NaN` are missing points, a decimal comma stands for a point, lines end in LF or CR LF
+/// and keys know no case. Memory grows with what the file holds, never with what it claims; of a file that is
+/// no surface only the first bytes are read. A surface all of whose points are missing is read.
 ///
 /// @throws EReadError for a file that cannot be read, malformed content, a value count, a row or a scale that
-///     does not fit, an infinite number, a height beyond 1e9 m, heights that differ by less than 1e-100 m but are not
-///     equal, a spacing outside 1e-18 m to 1e9 m, an archive that is meant to do harm, and when there is not enough
-///     memory
+///     does not fit, an infinite number, a height beyond 1e9 m, heights that differ by less than 1e-100 m but
+///     are not equal, a spacing outside 1e-18 m to 1e9 m, an archive that is meant to do harm, and when there
+///     is not enough memory
 COMMONUIFORMATS_API Analysis::SSurface ReadSurface(const std::filesystem::path& path,
                                                    const SReadOptions& options);
 COMMONUIFORMATS_API Analysis::SSurface ReadSurface(const std::filesystem::path& path,

@@ -10,8 +10,8 @@
 namespace CommonUI::Formats
 {
 
-/// The formats that surfaces are written in. Each is read by ReadSurface, which gives the same heights to the bit,
-/// missing points included.
+/// The formats that surfaces are written in. Each is read by ReadSurface, which gives the same heights to the
+/// bit, missing points included.
 enum class EFormat {
     Sdf,       ///< ASCII data file of ISO 25178-71
     BinarySdf, ///< binary data file of ISO 25178-71: up to 65535 points and lines, data type 7
@@ -29,8 +29,8 @@ public:
 
 /// The bytes of a file of the surface.
 ///
-/// Heights are written in m. Spacings come back to the bit except from Matrix and Profile, which hold lengths of which
-/// they are a part.
+/// Heights are written in m. Spacings come back to the bit except from Matrix and Profile, which hold lengths
+/// of which they are a part.
 /// @param surface of one point at the least
 /// @param time when the file is written, for formats that say so
 /// @throws EWriteError

@@ -9,8 +9,8 @@ namespace CommonUI
 {
 
 /// @file
-/// All functions but Transform and GetMatrixModeName need a current rendering context, on the thread that owns it,
-/// and do nothing without one.
+/// All functions but Transform and GetMatrixModeName need a current rendering context, on the thread that
+/// owns it, and do nothing without one.
 
 /// Multiplies a projection that fits a viewport onto the current matrix. The caller selects the matrix and
 /// loads the identity. Angle and planes are those of gluPerspective and glOrtho; what these do not take

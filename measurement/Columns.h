@@ -3,18 +3,28 @@
 #include "../analysis/surface/Value.h"
 #include "../export/Export.h"
 #include "../model/Parameter.h"
+#include "../output/results/ValueState.h"
 
+#include <cstddef>
 #include <functional>
 #include <vector>
 
 namespace CommonUI::Measurement
 {
 
+/// The state of one of many values that are there otherwise.
+struct SIndexedState {
+    std::size_t index;
+    SValueState state;
+};
+
 /// A parameter with the values that the analysis has computed of it.
 struct COMMONUIMEASUREMENT_API SColumn {
     CParameter parameter;                       ///< at the unit factor in which the values are shown
     std::vector<double> values;                 ///< at unit factor 1; NaN where not defined
     std::vector<Analysis::SValue> statistics{}; ///< of the values; the keys are those of GetStatisticsEnum
+    /// Of the surface's values that are not defined. Those of rows are found by SResults::GetState.
+    std::vector<SIndexedState> exceptions{};
 
     /// The unit as shown; empty for dimensionless parameters.
     CStr GetUnitText() const;

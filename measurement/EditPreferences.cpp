@@ -1,6 +1,7 @@
 #include "measurement/EditPreferences.h"
 
 #include "common/NumberText.h"
+#include "measurement/detail/AddFromTemplate.h"
 #include "measurement/Request.h"
 
 #include <algorithm>
@@ -217,18 +218,35 @@ bool EditStatistics(CAnalysisPreferencesManager& manager, EAnalysis analysis, co
     return true;
 }
 
+// @return whether one of the analyses has what is edited
+template<class FEdit>
+bool EditAll(CAnalysisPreferencesManager& manager, const SChange& change, FEdit edit)
+{
+    bool found = false;
+    for (const EAnalysis analysis : c_analyses)
+        found |= edit(manager, analysis, change);
+    return found;
+}
+
 } // namespace
+
+STemplateValues AddFromTemplate(CAnalysisPreferencesManager& manager, const CStr& text)
+{
+    const std::size_t open = text.Find(u'(');
+    SChange change{.text = text, .subject = text.Left(open), .value = u"on"};
+    if (open == CStr::npos || text.View().back() != u')')
+        change.Fail(u"it has the form KEY(VALUE,...)");
+    change.arguments = text.Mid(open + 1, text.GetLength() - open - 2).Split(u",");
+    if (!EditAll(manager, change, EditParameters))
+        change.Fail(u"there is no parameter \"" + change.subject + u"\"");
+    return {change.subject, Numbers(change)};
+}
 
 void EditPreferences(CAnalysisPreferencesManager& manager, const CStr& change)
 {
     const SChange parsed = ParseChange(change);
-    const auto editAll = [&](auto edit) {
-        bool found = false;
-        for (const EAnalysis analysis : c_analyses)
-            found |= edit(manager, analysis, parsed);
-        return found;
-    };
-    const bool found = (!parsed.statistic && editAll(EditParameters)) || editAll(EditStatistics);
+    const bool found = (!parsed.statistic && EditAll(manager, parsed, EditParameters)) ||
+                       EditAll(manager, parsed, EditStatistics);
     if (!found)
         parsed.Fail(u"there is no parameter or statistic \"" + parsed.subject + u"\"");
 }

@@ -10,8 +10,8 @@ namespace CommonUI::Measurement
 /// Makes one change:
 /// - `Sa=on`, `Sa=off`: a parameter of the analyses, or a statistic, by key
 /// - `Fractile=on:95`: a percentile with its value
-/// - `Sch=on:95`: a parameter of its own from a template, with the values of its variables, in m or, 0 to 100, in
-///   percent; `Sch=off` removes them all
+/// - `Sch=on:95`: a parameter of its own from a template, with the values of its variables, in m or, 0 to
+///   100, in percent; `Sch=off` removes them all
 /// - `Sq.unit=um`, `Sq.format=Digits:4`, `Decimals:3` or `Integer`: how values are shown, those of parameters
 ///   made from a template as well
 ///

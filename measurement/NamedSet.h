@@ -18,8 +18,8 @@ struct SNamedSet {
     CSettings settings{};
 };
 
-/// Loads the set of a user specification, which becomes the most recent one of its type. A path is relative to the
-/// current folder.
+/// Loads the set of a user specification, which becomes the most recent one of its type. A path is relative
+/// to the current folder.
 /// @param types those of which it may be
 /// @param refusal what is said of a set of another type, such as u"only filters (Filter) can be applied"
 /// @throws EUnknownSet

@@ -1,8 +1,7 @@
 #include "measurement/detail/ProfileRows.h"
 
 #include "analysis/areal/TemplateParameters.h"
-#include "analysis/profile/ProfileParameters.h"
-#include "analysis/profile/SplitProfile.h"
+#include "analysis/profile/UndefinedProfile.h"
 #include "measurement/detail/Keys.h"
 
 namespace CommonUI::Measurement
@@ -36,10 +35,10 @@ Analysis::SSurface CutLines(const Analysis::SSurface& surface, std::size_t first
 } // namespace
 
 CProfileRows::CProfileRows(const Analysis::SSurface& surface, std::vector<CParameter> parameters,
-                           std::optional<double> cutoff)
+                           const Analysis::SProfileMethod& method)
     : m_surface(surface)
     , m_parameters(std::move(parameters))
-    , m_cutoff(cutoff.value_or(Analysis::DefaultCutoff(surface.points, surface.dx)))
+    , m_method(method)
 {
 }
 
@@ -52,13 +51,13 @@ CPartValues CProfileRows::ComputeLines(const Analysis::SSurface& lines, const SP
 {
     const auto parameters =
         std::span(m_parameters).subspan(part.firstColumn, part.lastColumn - part.firstColumn);
-    auto table = Analysis::ComputeProfiles(lines, CKeys(parameters).Get(), m_cutoff);
+    auto table = Analysis::ComputeProfiles(lines, CKeys(parameters).Get(), m_method);
     CPartValues values;
     for (const CParameter& parameter : parameters) {
         const std::string key = AnalysisKey(parameter);
-        values.push_back(parameter.HasParent()
-                             ? Analysis::ComputeLineTemplates(lines, key, VariableValues(parameter), m_cutoff)
-                             : TakeValues(table, key));
+        values.push_back(parameter.HasParent() ? Analysis::ComputeLineTemplates(
+                                                     lines, key, VariableValues(parameter), m_method.cutoff)
+                                               : TakeValues(table, key));
     }
     return values;
 }
@@ -79,6 +78,12 @@ CPartValues CProfileRows::Compute(const SPart& part) const
             values[i].insert(values[i].end(), block[i].begin(), block[i].end());
     }
     return values;
+}
+
+std::string_view CProfileRows::Explain(std::size_t column, std::size_t line) const
+{
+    return Analysis::ExplainProfile(AnalysisKey(m_parameters[column]), m_surface.GetLine(line), m_surface.dx,
+                                    m_method);
 }
 
 } // namespace CommonUI::Measurement

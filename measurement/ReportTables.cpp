@@ -6,7 +6,10 @@
 #include "output/results/ResultsHtml.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace CommonUI::Measurement
 {
@@ -26,32 +29,12 @@ CStr OneLine(const CStr& text)
 }
 
 // Parameters of profiles are called alike in several standards.
-CStr NameOf(const CParameter& parameter, bool isProfile)
+CStr RowNameOf(const CParameter& parameter, bool isProfile)
 {
     CStr name = parameter.GetFriendlyString();
     if (!isProfile || parameter.GetStandard() == static_cast<int>(EAnalysisStandards::None))
         return name;
     return name + u" (" + GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard()) + u")";
-}
-
-void FillSurface(CGrid& grid, const SResults& results)
-{
-    grid.SetNameHeader(results.isProfile ? u"Profile parameter" : u"Surface parameter");
-    const std::vector<SColumn>& columns = results.surface;
-    if (columns.front().values.size() > 1) {
-        grid.AddColumn({u"Raw", {}});
-        grid.AddColumn({u"Processed", {}});
-    } else {
-        grid.AddColumn({u"Value", {}});
-    }
-    grid.AddColumn({u"Unit", {}});
-    for (const SColumn& column : columns) {
-        CGrid::SRow row{.name = NameOf(column.parameter, results.isProfile), .cells = {}};
-        for (const double value : column.values)
-            row.cells.push_back(column.GetText(value));
-        row.cells.push_back(column.GetUnitText());
-        grid.AddRow(std::move(row));
-    }
 }
 
 // The parameter's symbol over the standard it belongs to: an unfiltered Ra is not that of ISO 4287.
@@ -63,21 +46,25 @@ CStr HeaderOf(const CParameter& parameter)
     return symbol + u"\r\n" + GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard());
 }
 
+// The same on one line.
+CStr NameOf(const CParameter& parameter)
+{
+    return HeaderOf(parameter).Replace(u"\r\n", u" ");
+}
+
 CStr RowName(std::size_t index)
 {
     return CStr::Format(u"%d", index + 1);
 }
 
-// The rows from `first` on, up to `last`.
-void AddRows(CGrid& grid, const SResults& results, std::size_t first, std::size_t last)
+// The rows from `first` on, column by column in `values`.
+void AddRows(CGrid& grid, const SResults& results, const CPartValues& values, std::size_t first)
 {
-    const std::size_t count = results.columns.size();
-    const CPartValues values = results.GetValues({0, count, first, last});
-    for (std::size_t i = first; i < last; ++i) {
-        CGrid::SRow row{.name = RowName(i), .cells = {}};
-        row.cells.reserve(count);
-        for (std::size_t column = 0; column < count; ++column)
-            row.cells.push_back(results.columns[column].GetText(values[column][i - first]));
+    for (std::size_t i = 0; i < values.front().size(); ++i) {
+        CGrid::SRow row{.name = RowName(first + i), .cells = {}};
+        row.cells.reserve(values.size());
+        for (std::size_t column = 0; column < values.size(); ++column)
+            row.cells.push_back(results.columns[column].GetText(values[column][i]));
         grid.AddRow(std::move(row));
     }
 }
@@ -121,28 +108,21 @@ CStr StatisticName(const CParameter& statistic)
     return CStr::Format(u"%s %G %%", statistic.GetFriendlyString(), statistic.GetVariableValue());
 }
 
-void FillStatistics(CGrid& grid, const SResults& results)
-{
-    grid.SetNameHeader(u"Statistic");
-    for (const SColumn& column : results.columns)
-        grid.AddColumn({HeaderOf(column.parameter), {}});
-    for (const CParameter& statistic : results.statistics) {
-        const std::string key = statistic.GetIniName().ToUtf8();
-        CGrid::SRow row{.name = StatisticName(statistic), .cells = {}};
-        for (const SColumn& column : results.columns) {
-            const auto found = std::ranges::find(column.statistics, key, &Analysis::SValue::key);
-            if (statistic.IsOn() && found != column.statistics.end())
-                row.cells.push_back(
-                    StatisticText(column, static_cast<EStatistics>(statistic.GetValue()), found->value));
-        }
-        if (!row.cells.empty())
-            grid.AddRow(std::move(row));
-    }
-}
-
 CStr EscapeMarkup(const CStr& text)
 {
     return text.Replace(u"&", u"&amp;").Replace(u"<", u"&lt;").Replace(u">", u"&gt;");
+}
+
+// A list below a table; nothing without notes.
+std::string NotesHtml(const CFootnotes& notes)
+{
+    std::string html;
+    for (const CStr& line : notes.GetLines()) {
+        const std::size_t number = line.Find(u' ');
+        html += "<br>\n<sup>" + line.Left(number).ToUtf8() + "</sup>" +
+                EscapeMarkup(line.Mid(number, line.GetLength() - number)).ToUtf8();
+    }
+    return html.empty() ? html : "\n<small>" + html + "\n</small>\n";
 }
 
 // The rows of a summary with texts that may stand in HTML: what comes from a file may hold markup
@@ -195,15 +175,99 @@ CReportTables::CReportTables(SResults results, bool transpose)
     for (const auto& [label, text] : m_results.summary)
         m_summary.AddRow({.name = label, .cells = {OneLine(text)}});
     if (!m_results.surface.empty())
-        FillSurface(m_surface, m_results);
+        FillSurface();
     if (m_results.columns.empty())
         return;
     FillHead(m_rows, m_results);
     if (!HasTooManyRows())
-        ForEachBlock(m_results.rowCount, c_blockRows, [this](std::size_t first, std::size_t last) {
-            AddRows(m_rows, m_results, first, last);
-        });
-    FillStatistics(m_statistics, m_results);
+        ForEachBlock(m_results.rowCount, c_blockRows,
+                     [this](std::size_t first, std::size_t last) { FillRows(first, last); });
+    FillStatistics();
+}
+
+void CReportTables::FillSurface()
+{
+    m_surface.SetNameHeader(m_results.isProfile ? u"Profile parameter" : u"Surface parameter");
+    if (m_results.surface.front().values.size() > 1) {
+        m_surface.AddColumn({u"Raw", {}});
+        m_surface.AddColumn({u"Processed", {}});
+    } else {
+        m_surface.AddColumn({u"Value", {}});
+    }
+    m_surface.AddColumn({u"Unit", {}});
+    for (const SColumn& column : m_results.surface) {
+        CGrid::SRow row{.name = RowNameOf(column.parameter, m_results.isProfile), .cells = {}};
+        for (const double value : column.values)
+            row.cells.push_back(column.GetText(value));
+        row.cells.push_back(column.GetUnitText());
+        for (const auto& [index, state] : column.exceptions)
+            row.states.push_back(
+                {index + 1,
+                 {state.state, m_surfaceNotes.Add(column.parameter.GetShortFriendlyString(), state.reason)}});
+        m_surface.AddRow(std::move(row));
+    }
+}
+
+// The rows of a block, and what is to be said about them.
+void CReportTables::FillRows(std::size_t first, std::size_t last)
+{
+    const std::size_t count = m_results.columns.size();
+    const CPartValues values = m_results.GetValues({0, count, first, last});
+    std::vector<std::vector<CGrid::SCellState>> states(last - first);
+    for (std::size_t column = 0; column < count; ++column) {
+        const CStr symbol = NameOf(m_results.columns[column].parameter);
+        for (std::size_t i = 0; i < last - first; ++i) {
+            SValueState state = m_results.GetState(column, first + i, values[column][i]);
+            if (state.state == EValueState::Value)
+                continue;
+            state.reason = m_rowNotes.Add(symbol, state.reason);
+            states[i].push_back({column + 1, std::move(state)});
+        }
+    }
+    CGrid part(SCell::Results);
+    AddRows(part, m_results, values, first);
+    for (std::size_t i = 0; i < states.size(); ++i) {
+        CGrid::SRow row = part.GetRows()[i];
+        row.states = std::move(states[i]);
+        m_rows.AddRow(std::move(row));
+    }
+}
+
+void CReportTables::FillStatistics()
+{
+    m_statistics.SetNameHeader(u"Statistic");
+    for (const SColumn& column : m_results.columns)
+        m_statistics.AddColumn({HeaderOf(column.parameter), {}});
+    for (const CParameter& statistic : m_results.statistics) {
+        const std::string key = statistic.GetIniName().ToUtf8();
+        CGrid::SRow row{.name = StatisticName(statistic), .cells = {}};
+        for (std::size_t index = 0; index < m_results.columns.size(); ++index) {
+            const SColumn& column = m_results.columns[index];
+            const auto found = std::ranges::find(column.statistics, key, &Analysis::SValue::key);
+            if (!statistic.IsOn() || found == column.statistics.end())
+                continue;
+            row.cells.push_back(
+                StatisticText(column, static_cast<EStatistics>(statistic.GetValue()), found->value));
+            if (std::isnan(found->value))
+                row.states.push_back({row.cells.size(), NoteStatistic(index, row.name, *found)});
+        }
+        if (!row.cells.empty())
+            m_statistics.AddRow(std::move(row));
+    }
+}
+
+// A column without any value has no statistics for the reason of its first row.
+SValueState CReportTables::NoteStatistic(std::size_t index, const CStr& name,
+                                         const Analysis::SValue& statistic)
+{
+    const SColumn& column = m_results.columns[index];
+    const bool hasValues = column.statistics.front().value > 0;
+    const CStr symbol = hasValues ? name : NameOf(column.parameter);
+    SValueState state = hasValues ? SValueState{EValueState::NotApplicable, CStr::FromUtf8(statistic.reason)}
+                                  : m_results.GetState(index, 0, statistic.value);
+    m_rowNotes.Add(symbol, state.reason);
+    state.reason = m_statisticsNotes.Add(symbol, state.reason);
+    return state;
 }
 
 bool CReportTables::HasTooManyRows() const
@@ -225,7 +289,7 @@ void CReportTables::WriteTextRows(const FWriteText& write) const
     writeCells(CellsOf(head));
     ForEachBlock(m_results.rowCount, c_blockRows, [&](std::size_t first, std::size_t last) {
         CGrid part = PartOf(m_rows);
-        AddRows(part, m_results, first, last);
+        AddRows(part, m_results, m_results.GetValues({0, m_results.columns.size(), first, last}), first);
         writeCells(CellsOf(part));
     });
     writeCells(CellsOf(m_statistics));
@@ -334,6 +398,7 @@ void CReportTables::WriteHtml(const FWriteText& write) const
     write("<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report: " + m_title + "</title>\n");
     const CStr tables = CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose);
     write(tables.ToUtf8());
+    write(NotesHtml(m_surfaceNotes));
     if (!m_results.columns.empty()) {
         if (!tables.IsEmpty())
             write("\n<br>\n");
@@ -341,6 +406,7 @@ void CReportTables::WriteHtml(const FWriteText& write) const
             WriteTurnedHtmlRows(write);
         else
             WriteHtmlRows(write);
+        write(NotesHtml(m_rowNotes));
     }
     write("\n</html>\n");
 }

@@ -2,6 +2,7 @@
 
 #include "../export/Export.h"
 #include "../output/results/GridBaseOutputCtrl.h"
+#include "Footnotes.h"
 #include "Results.h"
 
 #include <cstddef>
@@ -35,6 +36,12 @@ public:
     const CGridBaseOutputCtrl& GetRows() const noexcept { return m_rows; }
     /// A row for each statistic of those.
     const CGridBaseOutputCtrl& GetStatistics() const noexcept { return m_statistics; }
+    /// Why cells of the surface's table are empty.
+    const CFootnotes& GetSurfaceNotes() const noexcept { return m_surfaceNotes; }
+    /// Why cells of the rows and their statistics are.
+    const CFootnotes& GetRowNotes() const noexcept { return m_rowNotes; }
+    /// Likewise, of the statistics alone.
+    const CFootnotes& GetStatisticsNotes() const noexcept { return m_statisticsNotes; }
 
     /// Tab-separated text for a spreadsheet: UTF-8 with a byte order mark, by which spreadsheet programs know
     /// it. It has all rows, which become text some at a time.
@@ -50,6 +57,10 @@ private:
     void WriteTurnedTextRows(const FWriteText& write) const;
     void WriteHtmlRows(const FWriteText& write) const;
     void WriteTurnedHtmlRows(const FWriteText& write) const;
+    void FillSurface();
+    void FillRows(std::size_t first, std::size_t last);
+    void FillStatistics();
+    SValueState NoteStatistic(std::size_t index, const CStr& name, const Analysis::SValue& statistic);
     bool HasTooManyRows() const;
 
     SResults m_results;
@@ -59,6 +70,9 @@ private:
     CGridBaseOutputCtrl m_surface;
     CGridBaseOutputCtrl m_rows;
     CGridBaseOutputCtrl m_statistics;
+    CFootnotes m_surfaceNotes{};
+    CFootnotes m_rowNotes{};
+    CFootnotes m_statisticsNotes{};
 };
 
 } // namespace CommonUI::Measurement

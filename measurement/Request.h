@@ -2,6 +2,7 @@
 
 #include "../analysis/form/Levelling.h"
 #include "../analysis/grain/Grains.h"
+#include "../analysis/profile/ProfileParameters.h"
 #include "../common/Exceptions.h"
 #include "../common/Str.h"
 #include "../common/Unit.h"
@@ -36,7 +37,10 @@ struct SMethod {
     std::optional<SGrainLimit> grains{}; ///< measured instead of the roughness
     /// Likewise, where no limit is given: it is found on the surface.
     std::optional<SGrainSearch> grainSearch{};
+    std::optional<Analysis::SMotifLimits> motifLimits{}; ///< those for the length of the profiles without it
+    Analysis::SValleyMethod valleys{};                   ///< MakeChoices takes it from the preferences
 
+    Analysis::SProfileMethod OfProfiles() const { return {cutoff, motifLimits, valleys}; }
     bool MeasuresGrains() const { return grains || grainSearch; }
 };
 
@@ -48,7 +52,9 @@ struct SRequest {
     bool usesPreferences = false;
     /// What counts instead of the preferences of these roughness analyses; of two of one analysis the later one.
     std::vector<CRoughnessAnalysisPreferencesData> roughness{};
-    std::vector<CStr> keys{};                 ///< the parameters by key; empty for those of above
+    /// The parameters by key; empty for those of above. A template has the values of its variables behind its
+    /// key, in m or percent, and means the parameter that is made from it, such as "Sdc(10,50)".
+    std::vector<CStr> keys{};
     std::optional<CUnit::EUnitFactor> unit{}; ///< the unit factor of all lengths, areas and volumes
 };
 
@@ -56,7 +62,7 @@ struct SRequest {
 class COMMONUIMEASUREMENT_API ERequest : public EInput
 {
 public:
-    /// @param subject what is at fault, such as a user specification or a change; empty where the reason says it
+    /// @param subject what is at fault, such as a user specification; empty where the reason says it
     ERequest(const CStr& subject, const CStr& reason);
     ~ERequest() override;
 

@@ -4,9 +4,11 @@
 #include "analysis/areal/TemplateParameters.h"
 #include "analysis/filter/SurfaceFilter.h"
 #include "analysis/grain/GrainMeasures.h"
+#include "analysis/grain/UndefinedGrain.h"
 #include "analysis/numeric/Statistics.h"
 #include "analysis/profile/ProfileParameters.h"
 #include "analysis/profile/SplitProfile.h"
+#include "analysis/profile/UndefinedProfile.h"
 #include "measurement/detail/Keys.h"
 #include "measurement/detail/LengthText.h"
 #include "measurement/detail/ProfileRows.h"
@@ -79,6 +81,11 @@ double FractileShare(const std::vector<CParameter>& statistics)
     return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
 }
 
+SValueState NotApplicable(std::string_view reason)
+{
+    return {EValueState::NotApplicable, CStr::FromUtf8(reason)};
+}
+
 // The parameters of a surface, or those of its only line where it is a profile.
 std::vector<SValue> ComputeValues(const SSurface& surface, std::span<const std::string_view> keys,
                                   const SMethod& method)
@@ -88,8 +95,13 @@ std::vector<SValue> ComputeValues(const SSurface& surface, std::span<const std::
     if (std::ranges::all_of(surface.heights, [](double height) { return std::isnan(height); }))
         throw Analysis::ENoPoints();
     std::vector<SValue> values;
-    for (const SValues& column : Analysis::ComputeProfiles(surface, keys, method.cutoff))
-        values.push_back({column.key, column.values.front()});
+    for (const SValues& column : Analysis::ComputeProfiles(surface, keys, method.OfProfiles())) {
+        const double value = column.values.front();
+        values.push_back({column.key, value,
+                          std::isnan(value) ? Analysis::ExplainProfile(column.key, surface.heights,
+                                                                       surface.dx, method.OfProfiles())
+                                            : ""});
+    }
     return values;
 }
 
@@ -111,8 +123,9 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
     const std::vector<CParameter>& parameters = input.surface.IsProfile() ? choices.rows : choices.surface;
     const CKeys keys(parameters);
     std::vector<SValues> table;
+    std::vector<std::vector<SValue>> computed;
     for (const SSurface* surface : surfaces) {
-        const std::vector<SValue> values = ComputeValues(*surface, keys.Get(), choices.method);
+        const auto& values = computed.emplace_back(ComputeValues(*surface, keys.Get(), choices.method));
         table.resize(values.size());
         for (std::size_t i = 0; i < values.size(); ++i) {
             table[i].key = values[i].key;
@@ -128,8 +141,18 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
             values.push_back(ComputeTemplateValue(*surface, parameter, choices.method));
         return values;
     };
-    return MakeColumns(parameters, valuesOf,
-                       input.surface.IsProfile() ? choices.automaticRowUnits : choices.automaticUnits);
+    std::vector<SColumn> columns = MakeColumns(
+        parameters, valuesOf,
+        input.surface.IsProfile() ? choices.automaticRowUnits : choices.automaticUnits);
+    for (SColumn& column : columns) {
+        const std::string key = AnalysisKey(column.parameter);
+        for (std::size_t i = 0; i < computed.size(); ++i) {
+            const auto found = std::ranges::find(computed[i], key, &SValue::key);
+            if (found != computed[i].end() && std::isnan(column.values[i]))
+                column.exceptions.push_back({i, NotApplicable(found->reason)});
+        }
+    }
+    return columns;
 }
 
 // Statistics of the profiles' parameters, and their values if these may be kept.
@@ -140,11 +163,12 @@ void AddProfiles(const SSurface& surface, const SChoices& choices, SResults& res
     results.statistics = choices.statistics;
     if (surface.lines == 0 || choices.rows.empty())
         return;
-    const CProfileRows rows(surface, choices.rows, choices.method.cutoff);
+    const CProfileRows rows(surface, choices.rows, choices.method.OfProfiles());
     const std::size_t count = choices.rows.size();
     results.columnsAtOnce = std::min(rows.CountColumnsAtOnce(), count);
     if (results.columnsAtOnce < count)
         results.computePart = [rows](const SPart& part) { return rows.Compute(part); };
+    results.explain = [rows](std::size_t column, std::size_t row) { return rows.Explain(column, row); };
     const double share = FractileShare(results.statistics);
     for (std::size_t first = 0; first < count; first += results.columnsAtOnce) {
         const std::size_t last = std::min(count, first + results.columnsAtOnce);
@@ -171,6 +195,24 @@ void CheckCutoff(const SSurface& surface, const SMethod& method)
         throw ERequest(u"", CStr::FromUtf8(refusal));
 }
 
+bool HasStandard(const std::vector<SColumn>& columns, EAnalysisStandards standard)
+{
+    return std::ranges::any_of(columns, [standard](const SColumn& column) {
+        return column.parameter.GetStandard() == static_cast<int>(standard);
+    });
+}
+
+// Below what valleys lie.
+CStr ReferenceLineText(const Analysis::SValleyMethod& method, double cutoff)
+{
+    if (method.line == Analysis::EReferenceLine::MeanLine)
+        return u"below the mean line of the primary profile";
+    const int order = method.line == Analysis::EReferenceLine::Regression0 ? 0 : 2;
+    return CStr::Format(u"below a robust Gaussian regression of order %d that starts from a closing of ",
+                        order) +
+           LengthText(cutoff / method.closingRatio);
+}
+
 // The cut-off, and what it makes of profile elements: without it nobody can compare their widths and heights.
 void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& results)
 {
@@ -178,10 +220,27 @@ void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& 
     const Analysis::CProfileSplitter splitter(surface.points, surface.dx, cutoff);
     const CStr width = LengthText(splitter.GetLeastWidth() * surface.dx);
     results.summary.emplace_back(u"Cut-off", LengthText(cutoff));
+    if (HasStandard(results.columns, EAnalysisStandards::ISO12085)) {
+        const Analysis::SMotifLimits limits =
+            method.motifLimits.value_or(Analysis::DefaultMotifLimits(surface.points, surface.dx));
+        results.summary.emplace_back(u"Motifs", u"no wider than A = " + LengthText(limits.roughness) +
+                                                    u", those of the envelope than B = " +
+                                                    LengthText(limits.waviness));
+    }
+    if (HasStandard(results.columns, EAnalysisStandards::MUFU))
+        results.summary.emplace_back(u"Valleys", ReferenceLineText(method.valleys, cutoff));
     results.summary.emplace_back(
         u"Profile elements", u"peaks and valleys beyond 5 % of the height to either side of the mean line, "
                              u"at least " +
                                  width + u" wide (1 % of the cut-off)");
+}
+
+CStr NamesOf(const std::vector<CParameter>& parameters)
+{
+    CStr names;
+    for (const CParameter& parameter : parameters)
+        names += (names.IsEmpty() ? CStr() : CStr(u", ")) + parameter.GetShortFriendlyString();
+    return names;
 }
 
 SResults RoughnessResults(const SInput& input, const SChoices& choices)
@@ -196,6 +255,9 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
         return results;
     }
     AddProfiles(input.surface, choices, results);
+    if (!choices.fromPlugIns.empty())
+        results.summary.emplace_back(u"Not computed",
+                                     NamesOf(choices.fromPlugIns) + u": supplied by a plug-in");
     if (!results.columns.empty())
         DescribeProfiles(input.surface, choices.method, results);
     return results;
@@ -225,6 +287,12 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
     results.rowName = pores ? u"Pore" : u"Particle";
     results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticRowUnits);
     results.columnsAtOnce = results.columns.size();
+    std::vector<std::string> shown;
+    for (const SColumn& column : results.columns)
+        shown.push_back(AnalysisKey(column.parameter));
+    results.explain = [shown, kind = limit.kind](std::size_t column, std::size_t) {
+        return Analysis::ExplainGrain(shown[column], kind);
+    };
     results.rowCount = grains.count;
     results.statistics = choices.statistics;
     for (SColumn& column : results.columns)
@@ -234,6 +302,13 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
 }
 
 } // namespace
+
+SValueState SResults::GetState(std::size_t column, std::size_t row, double value) const
+{
+    if (!std::isnan(value))
+        return {};
+    return NotApplicable(explain ? explain(column, row) : std::string_view());
+}
 
 CPartValues SResults::GetValues(const SPart& part) const
 {

@@ -7,6 +7,8 @@
 #include "RowValues.h"
 
 #include <cstddef>
+#include <functional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -18,8 +20,8 @@ struct SResults {
     CStr title{};
     /// Labels and texts of what was measured and how.
     std::vector<std::pair<CStr, CStr>> summary{};
-    /// One value each; or two, that of the raw surface and that of the processed one. Of a surface of one line, which is
-    /// a profile, these are the parameters of profiles, and there are no rows.
+    /// One value each; or two, that of the raw surface and that of the processed one. Of a surface of one
+    /// line, which is a profile, these are the parameters of profiles, and there are no rows.
     std::vector<SColumn> surface{};
     bool isProfile = false;
     CStr rowName{}; ///< what the rows of the columns are: profiles or grains
@@ -27,12 +29,17 @@ struct SResults {
     /// Statistics of the rows' values, and these themselves unless computePart is set.
     std::vector<SColumn> columns{};
     std::vector<CParameter> statistics{}; ///< which of these are shown: those that are on
-    /// Set where the rows have so many values that they are not kept: computes them again. It refers to the surface
-    /// that was analysed.
+    /// Set where the rows have so many values that they are not kept: computes them again. It refers to the
+    /// surface that was analysed.
     FComputePart computePart{};
     /// How many columns of all rows may be computed at once without much room.
     std::size_t columnsAtOnce = 0;
 
+    /// Says why the value of a column is not defined in a row. It refers to the surface that was analysed.
+    std::function<std::string_view(std::size_t column, std::size_t row)> explain{};
+
+    /// What a value of a row stands for. @param value of that column and row
+    COMMONUIMEASUREMENT_API SValueState GetState(std::size_t column, std::size_t row, double value) const;
     /// The values of a part of the rows, kept or not.
     COMMONUIMEASUREMENT_API CPartValues GetValues(const SPart& part) const;
 };

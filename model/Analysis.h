@@ -17,4 +17,10 @@ enum class EAnalysis {
     Measure = 9 ///< grains and measured shapes; its parameters are those of the grain catalogue
 };
 
+/// Whether it is one of the two that have the parameters of the roughness catalogue.
+constexpr bool IsRoughness(EAnalysis analysis)
+{
+    return analysis == EAnalysis::Roughness || analysis == EAnalysis::RoughnessProfile;
+}
+
 } // namespace CommonUI

@@ -1,9 +1,11 @@
 #include "model/AnalysisPreferencesData.h"
 
 #include "common/Exceptions.h"
+#include "common/Rollback.h"
 #include "common/StringTable.h"
 #include "model/detail/AnalysisDefaults.h"
 #include "model/detail/FreeNumbers.h"
+#include "model/detail/StoredAnalysisPreferences.h"
 #include "model/RoughnessCatalogue.h"
 
 #include <algorithm>
@@ -96,6 +98,18 @@ CAnalysisPreferencesData::CAnalysisPreferencesData(EAnalysis analysis)
 }
 
 CAnalysisPreferencesData::~CAnalysisPreferencesData() = default;
+
+void CAnalysisPreferencesData::Init()
+{
+    const SAnalysisDefaults& defaults = DefaultsOf(m_analysis, u"Init");
+    CRollback rollback(*this);
+    InitPreferences(*this, SStored::BeforeLists(defaults));
+    InitPreferences(*this, SStored::BehindLists(defaults));
+    m_parameters = MakeDefaultParameters(m_analysis);
+    m_statistics = MakeDefaultStatistics(m_analysis);
+    m_outputs = MakeDefaultOutputs(m_analysis);
+    rollback.Commit();
+}
 
 CStr CAnalysisPreferencesData::GetININame(EAnalysis analysis)
 {

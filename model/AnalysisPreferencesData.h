@@ -28,8 +28,9 @@ enum class ERoughnessPreprocessingOptions {
 ///
 /// The defaults of every analysis are described in docs/analysis-defaults.md, the stored form in
 /// docs/preferences-file.md. Lists are in the order of their catalogue. Everything that changes the object
-/// sets its modified flag; setters answer false for a number that the list does not have, getters throw. Where
-/// there is no memory for a change, std::bad_alloc is thrown and the object is what it was, its flag included.
+/// sets its modified flag; setters answer false for a number that the list does not have, getters throw.
+/// Where there is no memory for a change, std::bad_alloc is thrown and the object is what it was, its flag
+/// included.
 class COMMONUI_API CAnalysisPreferencesData : public CBaseData
 {
 public:
@@ -107,8 +108,8 @@ public:
     /// whose own preferences change only if the other object has them.
     /// @return false, and nothing changes, when it belongs to another analysis
     virtual bool Assign(const CAnalysisPreferencesData& other);
-    /// What Assign would change, of another object of the same analysis. Nothing differs between an object and
-    /// its clone.
+    /// What Assign would change, of another object of the same analysis. Nothing differs between an object
+    /// and its clone.
     virtual SDifferences Compare(const CAnalysisPreferencesData& other) const;
 
     EAnalysis GetAnalysis() const noexcept { return m_analysis; }

@@ -1,22 +1,17 @@
+#include "model/AnalysisPreferencesData.h"
+
 #include "common/Diagnostics.h"
-#include "common/Exceptions.h"
 #include "common/ini/SectionScope.h"
 #include "common/Rollback.h"
-#include "model/AnalysisPreferencesData.h"
-#include "model/detail/AnalysisDefaults.h"
 #include "model/detail/OldPreferences.h"
+#include "model/detail/StoredAnalysisPreferences.h"
 #include "model/ParameterList.h"
-#include "model/Preference.h"
 
 #include <algorithm>
 #include <optional>
-#include <tuple>
 
 namespace CommonUI
 {
-
-template<>
-inline constexpr int c_storedNumbers<ERoughnessPreprocessingOptions> = 4;
 
 namespace
 {
@@ -27,64 +22,33 @@ bool IsValueOf(const CParameter& statistic, double value)
     return statistic != static_cast<int>(EStatistics::Fractile) || (value >= 0 && value <= 100);
 }
 
+void ReadOn(std::vector<CParameter>& list, int id, const CInifile& ini, const CStr& key)
+{
+    const auto found = std::find(list.begin(), list.end(), id);
+    if (found != list.end())
+        found->SetOn(ini.ReadBool(key, found->IsOn()));
+}
+
 } // namespace
 
-// The stored values besides the lists, in two parts, because the lists stand between them in the file.
-struct CAnalysisPreferencesData::SStored {
-    using CData = CAnalysisPreferencesData;
-
-    static constexpr auto BeforeLists(const SAnalysisDefaults& defaults)
-    {
-        return std::tuple{SPreference{u"WriteToFile", &CData::m_writeToFile, defaults.writeToFile},
-                          SPreference{u"WriteToDB", &CData::m_writeToDB, defaults.writeToDB}};
-    }
-    static constexpr auto BehindLists(const SAnalysisDefaults& defaults)
-    {
-        return std::tuple{SPreference{u"UnitString", &CData::m_unit, defaults.heightUnit},
-                          SPreference{u"Preprocessing", &CData::m_preprocessing, defaults.preprocessing}};
-    }
-
-    static void ReadOn(std::vector<CParameter>& list, int id, const CInifile& ini, const CStr& key)
-    {
-        const auto found = std::find(list.begin(), list.end(), id);
-        if (found != list.end())
-            found->SetOn(ini.ReadBool(key, found->IsOn()));
-    }
-
-    static void ReadOld(CData& data, const CInifile& ini, const SOldKey& row)
-    {
-        switch (row.target) {
-        case EOldTarget::WriteToFile:
-            return ReadPreference(ini, row.key, data.m_writeToFile);
-        case EOldTarget::WriteToDB:
-            return ReadPreference(ini, row.key, data.m_writeToDB);
-        case EOldTarget::HeightUnit:
-            return ReadOldUnit(ini, row.key, data.m_unit);
-        case EOldTarget::Preprocessing:
-            return ReadPreference(ini, row.key, data.m_preprocessing);
-        case EOldTarget::Parameter:
-            return ReadOn(data.m_parameters, row.id, ini, row.key);
-        case EOldTarget::Output:
-            return ReadOn(data.m_outputs, row.id, ini, row.key);
-        case EOldTarget::ReportOption:
-            return; // the roughness analyses, which alone have it, read it themselves
-        }
-    }
-};
-
-void CAnalysisPreferencesData::Init()
+void CAnalysisPreferencesData::SStored::ReadOld(CData& data, const CInifile& ini, const SOldKey& row)
 {
-    const SAnalysisDefaults* const defaults = FindAnalysisDefaults(m_analysis);
-    if (!defaults)
-        throw EInternal(u"AnalysisPreferencesData", __LINE__, u"CAnalysisPreferencesData::Init",
-                        CStr::Format(u"Illegal Analysis value: %d", static_cast<int>(m_analysis)));
-    CRollback rollback(*this);
-    InitPreferences(*this, SStored::BeforeLists(*defaults));
-    InitPreferences(*this, SStored::BehindLists(*defaults));
-    m_parameters = MakeDefaultParameters(m_analysis);
-    m_statistics = MakeDefaultStatistics(m_analysis);
-    m_outputs = MakeDefaultOutputs(m_analysis);
-    rollback.Commit();
+    switch (row.target) {
+    case EOldTarget::WriteToFile:
+        return ReadPreference(ini, row.key, data.m_writeToFile);
+    case EOldTarget::WriteToDB:
+        return ReadPreference(ini, row.key, data.m_writeToDB);
+    case EOldTarget::HeightUnit:
+        return ReadOldUnit(ini, row.key, data.m_unit);
+    case EOldTarget::Preprocessing:
+        return ReadPreference(ini, row.key, data.m_preprocessing);
+    case EOldTarget::Parameter:
+        return ReadOn(data.m_parameters, row.id, ini, row.key);
+    case EOldTarget::Output:
+        return ReadOn(data.m_outputs, row.id, ini, row.key);
+    case EOldTarget::ReportOption:
+        return; // the roughness analyses, which alone have it, read it themselves
+    }
 }
 
 bool CAnalysisPreferencesData::Save(CInifile& ini)

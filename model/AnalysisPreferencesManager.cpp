@@ -2,7 +2,6 @@
 
 #include "common/Exceptions.h"
 #include "common/ini/SectionScope.h"
-#include "model/detail/AnalysisDefaults.h"
 #include "model/GrainAnalysisPreferencesData.h"
 
 #include <algorithm>

@@ -29,7 +29,8 @@ struct SPreferencesChange {
 ///
 /// Listeners are called on the thread of whoever changes something, after the change and before the setter
 /// returns. They may read and change preferences, but a change of what they are told of calls them again:
-/// setters that find nothing to change call nobody, whereas a load always tells of all kinds. User-interface thread only.
+/// setters that find nothing to change call nobody, whereas a load always tells of all kinds. User-interface
+/// thread only.
 ///
 /// The manager must outlive the calls of its listeners.
 ///
@@ -53,9 +54,9 @@ public:
     /// CGrainAnalysisPreferencesData for the grains. The object stays the same as long as the manager lives.
     const CAnalysisPreferencesData& GetData(EAnalysis analysis) const;
     /// Replaces the contents by those of `data`, which may be the base part alone of a roughness or grain
-    /// object, and announces those kinds of change that there are; CAnalysisPreferencesData::SDifferences says
-    /// which kind stands for what is in no list. Where nothing differs, nobody is told and the object is not
-    /// modified.
+    /// object, and announces those kinds of change that there are; CAnalysisPreferencesData::SDifferences
+    /// says which kind stands for what is in no list. Where nothing differs, nobody is told and the object is
+    /// not modified.
     /// @return false, and nothing changes, when `data` belongs to another analysis
     bool SetData(EAnalysis analysis, const CAnalysisPreferencesData& data);
 
@@ -84,8 +85,8 @@ public:
     bool SaveData(EAnalysis analysis, CInifile& ini);
     /// Loads or saves all analyses, each in the section named like the current one, "_" and the analysis's
     /// name: "Analysis_TipAnalysis". The current section is current again afterwards.
-    /// A load without memory for one analysis leaves it and those behind it alone, tells of the others and throws
-    /// std::bad_alloc.
+    /// A load without memory for one analysis leaves it and those behind it alone, tells of the others and
+    /// throws std::bad_alloc.
     /// @return whether all of them succeeded; one that fails does not keep the others from being tried
     bool Load(CInifile& ini);
     bool Save(CInifile& ini) const;

@@ -3,7 +3,6 @@
 #include "common/Diagnostics.h"
 #include "common/ini/SectionScope.h"
 #include "common/Rollback.h"
-#include "model/detail/AnalysisDefaults.h"
 #include "model/detail/FreeNumbers.h"
 #include "model/Enumerations.h"
 #include "model/MeasureParameters.h"

@@ -249,6 +249,12 @@ CParameter::EDimension RoughnessParameter2Dimension(ERoughnessParameters paramet
     return row ? row->dimension : EDimension::None;
 }
 
+bool IsSuppliedByPlugIn(const CParameter& parameter)
+{
+    return parameter.GetStandard() == static_cast<int>(RoughnessPlugIns) ||
+           parameter.GetBaseValue() == static_cast<int>(PlugIn);
+}
+
 std::span<const SRoughnessVariable> GetRoughnessVariables(ERoughnessParameters parameter)
 {
     const SRow* const row = FindRow(parameter);

@@ -184,6 +184,10 @@ COMMONUI_API const CEnum<ERoughnessParameters>& GetRoughnessParametersEnum();
 /// parameters of ISO 25178-2 (Vmp, Vmc, Vvc, Vvv, Vm, Vv) are volumes per area, thus lengths.
 COMMONUI_API CParameter::EDimension RoughnessParameter2Dimension(ERoughnessParameters parameter);
 
+/// Whether plug-ins supply the values of a roughness parameter: of the catalogue's entry for them and of what
+/// is added below it. The library computes nothing of these.
+COMMONUI_API bool IsSuppliedByPlugIn(const CParameter& parameter);
+
 /// An input of a template parameter.
 struct SRoughnessVariable {
     std::u16string_view key; ///< the symbol in the parameter's formula

@@ -1,5 +1,7 @@
 #include "platform/Clipboard.h"
 
+#include "platform/MemoryClipboard.h"
+
 #include <string_view>
 
 namespace CommonUI
@@ -31,13 +33,6 @@ CStr MakeHeader(std::size_t startHtml, std::size_t startFragment, std::size_t en
 constinit CCurrentService<CClipboard> CClipboard::s_current(GetMemoryClipboard);
 
 CClipboard::~CClipboard() = default;
-
-bool CMemoryClipboard::Put(const CStr& html, const CStr& text)
-{
-    m_html = html;
-    m_text = text;
-    return true;
-}
 
 CClipboard& GetClipboard()
 {

@@ -29,20 +29,6 @@ public:
     static CCurrentService<CClipboard> s_current;
 };
 
-/// A clipboard of the process alone, for programs without a display and for tests.
-class COMMONUI_API CMemoryClipboard : public CClipboard
-{
-public:
-    bool Put(const CStr& html, const CStr& text) override;
-
-    const CStr& GetHtml() const noexcept { return m_html; }
-    const CStr& GetText() const noexcept { return m_text; }
-
-private:
-    CStr m_html;
-    CStr m_text;
-};
-
 /// The clipboard that copy commands use: one of the process alone unless another one was set.
 COMMONUI_API CClipboard& GetClipboard();
 

@@ -1,6 +1,7 @@
 #include "platform/FileDialogService.h"
 
 #include "common/PathText.h"
+#include "platform/MemoryFileDialogService.h"
 
 #include <utility>
 
@@ -93,16 +94,6 @@ bool CFileDialogService::Choose(const SFileDialog& dialog, CStr& path)
         m_memory.Remember(dialog.memoryKey, chosen);
     path = chosen;
     return true;
-}
-
-bool CMemoryFileDialogService::Show(const SFileDialog& dialog, CStr& path)
-{
-    m_shown.push_back(dialog);
-    if (m_answers.empty())
-        return false;
-    path = m_answers.front();
-    m_answers.erase(m_answers.begin());
-    return !path.IsEmpty();
 }
 
 CFileDialogService& GetSilentFileDialogService()

@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 #include <string>
-#include <utility>
 
 #if defined(_WIN32)
 #include <windows.h>
@@ -79,22 +78,6 @@ CFolders& GetSystemFolders()
 constinit CCurrentService<CFolders> CFolders::s_current(GetSystemFolders);
 
 CFolders::~CFolders() = default;
-
-CFixedFolders::CFixedFolders(fs::path application, fs::path settings)
-    : m_application(std::move(application))
-    , m_settings(std::move(settings))
-{
-}
-
-fs::path CFixedFolders::GetApplicationFolder() const
-{
-    return m_application;
-}
-
-fs::path CFixedFolders::GetSettingsFolder() const
-{
-    return m_settings;
-}
 
 const CFolders& GetFolders()
 {

@@ -26,20 +26,6 @@ public:
     static CCurrentService<CFolders> s_current;
 };
 
-/// Folders that the application names: for programs that are not installed, and for tests.
-class COMMONUI_API CFixedFolders : public CFolders
-{
-public:
-    CFixedFolders(std::filesystem::path application, std::filesystem::path settings);
-
-    std::filesystem::path GetApplicationFolder() const override;
-    std::filesystem::path GetSettingsFolder() const override;
-
-private:
-    std::filesystem::path m_application;
-    std::filesystem::path m_settings;
-};
-
 /// The folders of the process. From the start they are the system's: the folder of the executable file, or
 /// the current one where the system does not tell; and the user's folder for settings of programs
 /// (XDG_CONFIG_HOME or .config on Linux, APPDATA on Windows), or the application's where there is none.

@@ -3,11 +3,6 @@
 #include "../export/Export.h"
 #include "Service.h"
 
-#include <functional>
-#include <map>
-#include <string>
-#include <string_view>
-
 namespace CommonUI
 {
 
@@ -31,25 +26,6 @@ public:
 
     /// Which one the process uses: see CServiceScope.
     static CCurrentService<CGLEntryPoints> s_current;
-};
-
-/// Entry points from a table, for machines without the window system and for tests.
-class COMMONUI_API CTableGLEntryPoints : public CGLEntryPoints
-{
-public:
-    FProcedure GetProcedure(const char* name) override;
-
-    /// Offers a function under a name, in place of one that had it before. Its type must be the one that goes
-    /// with the name.
-    template<class TResult, class... TArgs>
-    void Set(std::string_view name, TResult (*function)(TArgs...))
-    {
-        m_procedures.insert_or_assign(std::string(name), reinterpret_cast<FProcedure>(function));
-    }
-    void Remove(std::string_view name);
-
-private:
-    std::map<std::string, FProcedure, std::less<>> m_procedures;
 };
 
 /// The window system's own: those of WGL on Windows, none elsewhere. It lives until the process ends.

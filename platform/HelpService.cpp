@@ -32,12 +32,6 @@ constinit CCurrentService<CHelpService> CHelpService::s_current(GetNoHelpService
 
 CHelpService::~CHelpService() = default;
 
-bool CMemoryHelpService::Open(unsigned int topic)
-{
-    m_opened.push_back(topic);
-    return true;
-}
-
 CHelpService& GetHelpService()
 {
     return CHelpService::s_current.Get();

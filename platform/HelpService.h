@@ -3,8 +3,6 @@
 #include "../export/Export.h"
 #include "Service.h"
 
-#include <vector>
-
 namespace CommonUI
 {
 
@@ -23,18 +21,6 @@ public:
 
     /// Which one the process uses: see CServiceScope.
     static CCurrentService<CHelpService> s_current;
-};
-
-/// A help system without a display: keeps what was opened.
-class COMMONUI_API CMemoryHelpService : public CHelpService
-{
-public:
-    bool Open(unsigned int topic) override;
-    /// The topics that were opened, the oldest first.
-    const std::vector<unsigned int>& GetOpened() const noexcept { return m_opened; }
-
-private:
-    std::vector<unsigned int> m_opened;
 };
 
 /// The service that the library opens help with. Unless one was set there is no help, and a line in the

@@ -8,17 +8,12 @@ namespace CommonUI
 namespace
 {
 
-void WriteText(const SMessageBox& box)
-{
-    GetDiagnostics().Write(u"MessageBox", EDiagnosticLevel::Warning, box.text);
-}
-
 class CSilentMessageBoxService final : public CMessageBoxService
 {
 public:
     EMessageBoxAnswer Show(const SMessageBox& box) override
     {
-        WriteText(box);
+        GetDiagnostics().Write(u"MessageBox", EDiagnosticLevel::Warning, box.text);
         return GetCautiousAnswer(box.style);
     }
 };
@@ -43,17 +38,6 @@ EMessageBoxAnswer CMessageBoxService::GetCautiousAnswer(unsigned int style) noex
     default:
         return EMessageBoxAnswer::Ok;
     }
-}
-
-EMessageBoxAnswer CMemoryMessageBoxService::Show(const SMessageBox& box)
-{
-    WriteText(box);
-    m_shown.push_back(box);
-    if (m_answers.empty())
-        return GetCautiousAnswer(box.style);
-    const EMessageBoxAnswer answer = m_answers.front();
-    m_answers.erase(m_answers.begin());
-    return answer;
 }
 
 CMessageBoxService& GetSilentMessageBoxService()

@@ -4,8 +4,6 @@
 #include "../export/Export.h"
 #include "Service.h"
 
-#include <vector>
-
 namespace CommonUI
 {
 
@@ -51,8 +49,8 @@ public:
     CMessageBoxService& operator=(const CMessageBoxService&) = delete;
 
     /// Shows the box over the application's main window, if it has one, and waits for the answer. Closing a
-    /// box counts as Cancel, as No where there is no Cancel, or as OK where there is neither. That is also the
-    /// default button of a warning, the harmless one.
+    /// box counts as Cancel, as No where there is no Cancel, or as OK where there is neither. That is also
+    /// the default button of a warning, the harmless one.
     virtual EMessageBoxAnswer Show(const SMessageBox& box) = 0;
     /// Makes the sound that belongs to an icon of MessageBoxStyle, without a box, and does not wait for its
     /// end. A service that does not override this stays silent.
@@ -64,27 +62,6 @@ public:
 
     /// Which one the process uses: see CServiceScope.
     static CCurrentService<CMessageBoxService> s_current;
-};
-
-/// A service without a display: keeps what was shown and gives the answers prepared for it, in their order,
-/// then the cautious ones. The text goes to the diagnostics, at level Warning.
-class COMMONUI_API CMemoryMessageBoxService : public CMessageBoxService
-{
-public:
-    EMessageBoxAnswer Show(const SMessageBox& box) override;
-    void Beep(unsigned int icon) override { m_beeps.push_back(icon); }
-
-    /// The answer of the first box to come that has none prepared.
-    void Prepare(EMessageBoxAnswer answer) { m_answers.push_back(answer); }
-    /// What was shown, the oldest first.
-    const std::vector<SMessageBox>& GetShown() const noexcept { return m_shown; }
-    /// The icons of the sounds that were made, the oldest first.
-    const std::vector<unsigned int>& GetBeeps() const noexcept { return m_beeps; }
-
-private:
-    std::vector<EMessageBoxAnswer> m_answers;
-    std::vector<SMessageBox> m_shown;
-    std::vector<unsigned int> m_beeps;
 };
 
 /// A service for programs without a display: the text goes to the diagnostics, at level Warning, and the

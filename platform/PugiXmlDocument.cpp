@@ -84,6 +84,8 @@ std::unique_ptr<CXmlDocument> MakeXmlDocument()
 
 #else
 
+#include "platform/MemoryXmlDocument.h"
+
 namespace CommonUI
 {
 

@@ -8,8 +8,8 @@ namespace CommonUI
 template<class TService>
 class CServiceScope;
 
-/// Which service of a type the process uses: the one of a CServiceScope, or the library's own. Each type has one
-/// such object, its s_current.
+/// Which service of a type the process uses: the one of a CServiceScope, or the library's own. Each type has
+/// one such object, its s_current.
 template<class TService>
 class CCurrentService
 {
@@ -38,9 +38,9 @@ private:
 ///     CMemoryClipboard clipboard;
 ///     const CServiceScope<CClipboard> scope(clipboard);
 ///
-/// The service stays the caller's and outlives the scope. Scopes of one type end in the reverse order of their
-/// making. They are made and end on the user-interface thread while nobody uses the service before or after:
-/// no timer of it runs, no worker posts to it.
+/// The service stays the caller's and outlives the scope. Scopes of one type end in the reverse order of
+/// their making. They are made and end on the user-interface thread while nobody uses the service before or
+/// after: no timer of it runs, no worker posts to it.
 template<class TService>
 class CServiceScope
 {

@@ -1,37 +1,12 @@
 #include "platform/WorkerThread.h"
 
 #include "platform/detail/ThreadQueue.h"
+#include "platform/ThreadService.h"
 
 #include <utility>
 
 namespace CommonUI
 {
-
-namespace
-{
-
-CThreadService& GetPlainThreadService()
-{
-    // Never destroyed, for workers that run to the end of the process.
-    static CThreadService& service = *new CThreadService;
-    return service;
-}
-
-} // namespace
-
-constinit CCurrentService<CThreadService> CThreadService::s_current(GetPlainThreadService);
-
-CThreadService::~CThreadService() = default;
-
-bool CThreadService::SetPriority(int)
-{
-    return false;
-}
-
-CThreadService& GetThreadService()
-{
-    return CThreadService::s_current.Get();
-}
 
 CWorkerThread::CWorkerThread(FEntry entry, int priority)
     : m_entry(std::move(entry))

@@ -4,10 +4,8 @@
 #include "../export/Export.h"
 
 #include <cstddef>
-#include <map>
 #include <memory>
 #include <string_view>
-#include <utility>
 
 namespace CommonUI
 {
@@ -42,22 +40,6 @@ protected:
     /// Load, once size and nesting are known to be harmless.
     virtual bool Parse(std::string_view bytes, std::u16string_view root, CStr& reason) = 0;
     virtual void Clear() = 0;
-};
-
-/// A document that the application writes itself, as answers to the questions that it will be asked. It
-/// cannot load any; MakeXmlDocument gives one where the library was built without an XML library.
-class COMMONUI_API CMemoryXmlDocument : public CXmlDocument
-{
-public:
-    void SetText(std::u16string_view expression, std::u16string_view value, const CStr& text);
-    CStr QueryText(std::u16string_view expression, std::u16string_view value) const override;
-
-protected:
-    bool Parse(std::string_view bytes, std::u16string_view root, CStr& reason) override;
-    void Clear() override;
-
-private:
-    std::map<std::pair<CStr, CStr>, CStr> m_texts;
 };
 
 /// An empty document that can load others, by pugixml; a CMemoryXmlDocument where the library was built

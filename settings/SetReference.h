@@ -11,8 +11,8 @@ namespace CommonUI
 {
 
 /// @file
-/// How recent lists and batch sequences store which set they mean: c_builtInPrefix and a key of the catalogue,
-/// or c_filePrefix and a path.
+/// How recent lists and batch sequences store which set they mean: c_builtInPrefix and a key of the
+/// catalogue, or c_filePrefix and a path.
 
 inline constexpr std::u16string_view c_builtInPrefix = u"BUILT-IN:";
 inline constexpr std::u16string_view c_filePrefix = u"FILE:";

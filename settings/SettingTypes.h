@@ -6,8 +6,8 @@
 namespace CommonUI
 {
 
-/// The kind of tool that a settings set is for, and what its sets hold where the library reads them. The numbers
-/// 14 and 15 are not given.
+/// The kind of tool that a settings set is for, and what its sets hold where the library reads them. The
+/// numbers 14 and 15 are not given.
 enum class ESettingType : int {
     Batch = 0,  ///< SBatchSequenceSettings
     Filter = 1, ///< SFilterSettings

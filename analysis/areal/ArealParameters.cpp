@@ -2,12 +2,15 @@
 
 #include "analysis/areal/Autocorrelation.h"
 #include "analysis/areal/detail/HybridParameters.h"
-#include "analysis/areal/detail/TextureDirection.h"
+#include "analysis/areal/detail/SpectralParameters.h"
 #include "analysis/areal/HeightParameters.h"
 #include "analysis/areal/MaterialRatio.h"
+#include "analysis/feature/FeatureParameters.h"
 
+#include <algorithm>
 #include <cmath>
 #include <future>
+#include <iterator>
 #include <optional>
 
 namespace CommonUI::Analysis
@@ -22,9 +25,9 @@ struct SStages {
     SHybridParameters hybrid{};
     SDecay to20{};
     SDecay to37{};
-    double direction = c_undefined;
     std::optional<CMaterialRatio> curve{};
     SCore core{};
+    std::vector<SValue> values{}; // that are read off by key
 
     double Fall(double first, double second) const
     {
@@ -33,7 +36,7 @@ struct SStages {
 };
 
 struct SRow : SQuantity {
-    double (*get)(const SStages&);
+    double (*get)(const SStages&) = nullptr; // none of what is read off by key
 };
 
 using enum ENeed;
@@ -51,11 +54,15 @@ constexpr SRow c_rows[] = {
     {{"Smax"}, [](auto& s) { return s.heights.highest; }},
     {{"Sal", Autocorrelation}, [](auto& s) { return s.to20.shortest; }},
     {{"Str", Autocorrelation}, [](auto& s) { return s.to20.shortest / s.to20.longest; }},
-    {{"Std", Spectrum}, [](auto& s) { return s.direction; }},
+    {{"Std", Spectrum}},
     {{"Scl20", Autocorrelation}, [](auto& s) { return s.to20.shortest; }},
     {{"Scl37", Autocorrelation}, [](auto& s) { return s.to37.shortest; }},
     {{"Str20", Autocorrelation}, [](auto& s) { return s.to20.shortest / s.to20.longest; }},
     {{"Str37", Autocorrelation}, [](auto& s) { return s.to37.shortest / s.to37.longest; }},
+    {{"Stdi", Spectrum}},
+    {{"Srw", Spectrum}},
+    {{"Srwi", Spectrum}},
+    {{"Sfd", Spectrum}},
     {{"Sdq", Slopes}, [](auto& s) { return s.hybrid.slope; }},
     {{"Sdr", Slopes}, [](auto& s) { return s.hybrid.excess; }},
     {{"S2A", Slopes}, [](auto& s) { return s.hybrid.projectedArea; }},
@@ -75,6 +82,15 @@ constexpr SRow c_rows[] = {
     {{"Sdc5_10", MaterialRatio}, [](auto& s) { return s.Fall(5, 10); }},
     {{"Sdc10_50", MaterialRatio}, [](auto& s) { return s.Fall(10, 50); }},
     {{"Sdc50_95", MaterialRatio}, [](auto& s) { return s.Fall(50, 95); }},
+    {{"Spd", Features}},
+    {{"Spc", Features}},
+    {{"S5p", Features}},
+    {{"S5v", Features}},
+    {{"S10z", Features}},
+    {{"Sda", Features}},
+    {{"Sha", Features}},
+    {{"Sdv", Features}},
+    {{"Shv", Features}},
     {{"Count"}, [](auto& s) { return static_cast<double>(s.heights.count); }},
 };
 
@@ -100,7 +116,9 @@ SStages ComputeStages(const SSurface& surface, const std::vector<const SRow*>& r
         stages.to37 = autocorrelation.ComputeDecay(0.37);
     }
     if (isNeeded(Spectrum))
-        stages.direction = ComputeTextureDirection(surface);
+        stages.values = ComputeSpectralParameters(surface);
+    if (isNeeded(Features))
+        std::ranges::copy(ComputeFeatureParameters(surface), std::back_inserter(stages.values));
     if (isNeeded(Slopes))
         stages.hybrid = ComputeHybridParameters(surface);
     if (sorted.valid())
@@ -144,8 +162,12 @@ std::vector<SValue> Compute(const SSurface& surface, const std::vector<const SRo
     std::vector<SValue> values;
     values.reserve(rows.size());
     for (const SRow* row : rows) {
-        const double value = row->get(stages);
-        values.push_back({row->key, value, std::isnan(value) ? FindReason(*row, surface, stages) : ""});
+        if (row->get) {
+            const double value = row->get(stages);
+            values.push_back({row->key, value, std::isnan(value) ? FindReason(*row, surface, stages) : ""});
+        } else {
+            values.push_back(*std::ranges::find(stages.values, row->key, &SValue::key));
+        }
     }
     return values;
 }

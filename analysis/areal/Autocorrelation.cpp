@@ -39,8 +39,8 @@ void CorrelateColumns(CLineSpectra& spectra, std::size_t shifts)
     });
 }
 
-// The weights of the values at -1, 0, 1 and 2 for a place between 0 and 1: cubic convolution (Keys, 1981), which keeps the
-// values and is exact to the third order.
+// The weights of the values at -1, 0, 1 and 2 for a place between 0 and 1: cubic convolution (Keys, 1981),
+// which keeps the values and is exact to the third order.
 std::array<double, 4> GetWeights(double place)
 {
     const double s = 1 - place;
@@ -53,8 +53,8 @@ struct SShift {
     double y; // in lines
 };
 
-// Shifts at the border of half a circle, from +x over y to -x, so close that directions to them are about a quarter of a
-// degree apart.
+// Shifts at the border of half a circle, from +x over y to -x, so close that directions to them are about a
+// quarter of a degree apart.
 std::vector<SShift> SelectShifts(std::size_t reachX, std::size_t reachY)
 {
     const auto toX = static_cast<double>(reachX);

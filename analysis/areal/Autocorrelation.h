@@ -28,11 +28,11 @@ public:
     CAutocorrelation(const SSurface& surface, double mean);
 
     /// How far one has to go from the middle until the autocorrelation has fallen to a level. Straight ways
-    /// to the border of the known shifts are tried in steps of a point, in directions about a quarter of a degree
-    /// apart, and the shortest and the longest way refined between them.
+    /// to the border of the known shifts are tried in steps of a point, in directions about a quarter of a
+    /// degree apart, and the shortest and the longest way refined between them.
     /// @param level 0 to 1
-    /// @return shortest is NaN if the level is reached nowhere, longest if there is a direction in which it is
-    ///     not; both are NaN for a flat surface and without at least two points in each direction
+    /// @return shortest is NaN if the level is reached nowhere, longest if there is a direction in which it
+    ///     is not; both are NaN for a flat surface and without at least two points in each direction
     SDecay ComputeDecay(double level) const;
 
     /// Between whole shifts by cubic convolution (Keys, 1981).

@@ -10,16 +10,16 @@ namespace CommonUI::Analysis
 namespace
 {
 
-// How much larger than its projection a facet is whose squared gradient is given: √(1 + s) - 1 without cancellation. It
-// is never more than s / 2, rounding included.
+// How much larger than its projection a facet is whose squared gradient is given: √(1 + s) - 1 without
+// cancellation. It is never more than s / 2, rounding included.
 double GetExcess(double square)
 {
     return square / (1 + std::sqrt(1 + square));
 }
 
-// Sums of the squared gradient and of the excess of area over the cells that have four valid corners, and how many cells
-// there are. A cell is divided into two triangles, by the one diagonal and by the other, each of which has the slopes of
-// two of the cell's edges; the cell's values are the means of the four.
+// Sums of the squared gradient and of the excess of area over the cells that have four valid corners, and how
+// many cells there are. A cell is divided into two triangles, by the one diagonal and by the other, each of
+// which has the slopes of two of the cell's edges; the cell's values are the means of the four.
 SSums<3> SumCells(const SSurface& surface)
 {
     const double perX = 1 / surface.dx;

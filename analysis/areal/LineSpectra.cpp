@@ -15,8 +15,8 @@ namespace
 
 using CComplex = CLineSpectra::CComplex;
 
-// How much of the size of a transform a taper takes. What is left at 0 keeps the transform fine enough for the power of
-// a wave to be summed up between its frequencies.
+// How much of the size of a transform a taper takes. What is left at 0 keeps the transform fine enough for
+// the power of a wave to be summed up between its frequencies.
 constexpr double c_tapered = 0.8;
 
 // @param size of the transform

@@ -13,7 +13,8 @@ namespace CommonUI::Analysis
 namespace
 {
 
-// Heights from 0 to 1 whose missing ones are found from a coarser grid, which has a good idea of them, and then made exact.
+// Heights from 0 to 1 whose missing ones are found from a coarser grid, which has a good idea of them, and
+// then made exact.
 class CVoids
 {
 public:

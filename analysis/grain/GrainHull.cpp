@@ -101,6 +101,19 @@ void MeasureBounds(std::span<const SCorner> hull, double dx, double dy, SGrainHu
     result.maxY = static_cast<double>(maxY.y) * dy;
 }
 
+void MeasureAlong(std::span<const SCorner> hull, double dx, double dy, SGrainHull& result)
+{
+    const double radians = result.orientation * std::numbers::pi / 180;
+    result.firstAlong = std::numeric_limits<double>::infinity();
+    result.lastAlong = -result.firstAlong;
+    for (const SCorner corner : hull) {
+        const double along = static_cast<double>(corner.x) * dx * std::cos(radians) +
+                             static_cast<double>(corner.y) * dy * std::sin(radians);
+        result.firstAlong = std::min(result.firstAlong, along);
+        result.lastAlong = std::max(result.lastAlong, along);
+    }
+}
+
 } // namespace
 
 std::vector<SCorner> ComputeHull(std::span<const std::uint32_t> points, std::size_t width)
@@ -149,6 +162,7 @@ SGrainHull MeasureHull(std::span<const SCorner> hull, double dx, double dy)
         }
     });
     MeasureBounds(hull, dx, dy, result);
+    MeasureAlong(hull, dx, dy, result);
     return result;
 }
 

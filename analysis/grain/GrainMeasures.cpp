@@ -1,6 +1,7 @@
 #include "analysis/grain/GrainMeasures.h"
 
 #include "analysis/grain/detail/GrainRecord.h"
+#include "analysis/grain/detail/Skeletons.h"
 #include "analysis/numeric/detail/Parallel.h"
 #include "analysis/numeric/Statistics.h"
 #include "analysis/surface/Quantity.h"
@@ -9,6 +10,7 @@
 #include <cmath>
 #include <future>
 #include <numeric>
+#include <utility>
 
 namespace CommonUI::Analysis
 {
@@ -74,7 +76,7 @@ class CMeasurer
 {
 public:
     CMeasurer(const SSurface& surface, double threshold, EGrainKind kind, const SGrainMap& map,
-              const SGrainPoints& points)
+              const SGrainPoints& points, std::vector<double> skeletons)
         : m_surface(surface)
         , m_threshold(threshold)
         , m_isPore(kind == EGrainKind::Pore)
@@ -82,6 +84,7 @@ public:
         , m_points(points)
         , m_centres(FindCentres(surface, points, map.count))
         , m_neighbours(FindNeighbours(m_centres))
+        , m_skeletons(std::move(skeletons))
     {
     }
 
@@ -102,6 +105,8 @@ public:
         grain.hull = MeasureHull(ComputeHull(points, m_surface.points), m_surface.dx, m_surface.dy);
         if (!m_neighbours.empty())
             grain.neighbour = m_neighbours[index];
+        if (!m_skeletons.empty())
+            grain.skeleton = m_skeletons[index];
         return grain;
     }
 
@@ -113,6 +118,7 @@ private:
     const SGrainPoints& m_points;
     std::vector<SPosition> m_centres;
     std::vector<SNeighbour> m_neighbours;
+    std::vector<double> m_skeletons; // empty if they are not asked for
 };
 
 // Calls work(first, end) for shares of the grains that hold about as many points each, at the same time.
@@ -162,7 +168,9 @@ SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind
     SGrainMap map = FindGrains(surface, threshold, kind);
     SelectGrains(map, selection, surface.dx * surface.dy);
     const SGrainPoints points(map);
-    const CMeasurer measurer(surface, threshold, kind, map, points);
+    const CMeasurer measurer(surface, threshold, kind, map, points,
+                             IsAmong(c_skeletonKey, keys) ? MeasureSkeletons(map, surface.dx, surface.dy)
+                                                          : std::vector<double>());
     const std::vector<const SGrainMeasure*> measures = SelectMeasures(keys);
 
     SGrains grains{.count = map.count, .coverage = GetCoverage(surface, points.points.size())};

@@ -14,6 +14,7 @@ constexpr double c_pi = std::numbers::pi;
 
 constexpr SGrainMeasure c_measures[] = {
     {"Type", [](const SGrain& g) { return g.isPore ? 1.0 : 0.0; }},
+    {"PlateauIndex", [](const SGrain& g) { return g.GetPlateauIndex(); }},
     {"Length", [](const SGrain& g) { return g.hull.length; }},
     {"Breadth", [](const SGrain& g) { return g.hull.breadth; }},
     {"XExtent", [](const SGrain& g) { return g.hull.maxX - g.hull.minX; }},
@@ -24,6 +25,7 @@ constexpr SGrainMeasure c_measures[] = {
     {"MaxFeret", [](const SGrain& g) { return g.hull.maxFeret; }},
     {"FiberWidth", [](const SGrain& g) { return g.outline.area / g.GetFiberLength(); }},
     {"FiberLength", [](const SGrain& g) { return g.GetFiberLength(); }},
+    {c_skeletonKey, [](const SGrain& g) { return g.skeleton; }},
     {"AreaExHoles", [](const SGrain& g) { return g.area; }},
     {"CGAreaX", [](const SGrain& g) { return g.centre.x; }},
     {"CGAreaY", [](const SGrain& g) { return g.centre.y; }},
@@ -70,6 +72,7 @@ constexpr SGrainMeasure c_measures[] = {
     {"Elongation", [](const SGrain& g) { return 1 - g.hull.breadth / g.hull.length; }},
     {"Solidity", [](const SGrain& g) { return std::min(g.area / g.hull.area, 1.0); }},
     {"AreaPixel", [](const SGrain& g) { return static_cast<double>(g.points); }},
+    {"Angle", [](const SGrain& g) { return g.GetAngle(); }},
     {"MinZPosX", [](const SGrain& g) { return g.GetX(g.heights.lowestPoint); }},
     {"MinZPosY", [](const SGrain& g) { return g.GetY(g.heights.lowestPoint); }},
     {"MaxZPosX", [](const SGrain& g) { return g.GetX(g.heights.highestPoint); }},
@@ -100,6 +103,23 @@ double SGrain::GetFiberLength() const
     if (difference < -1e-12 * square) // less is the rounding of a square
         return c_undefined;
     return (outline.perimeter + std::sqrt(std::max(difference, 0.0))) / 4;
+}
+
+double SGrain::GetPlateauIndex() const
+{
+    const double highest = isPore ? heights.lowest - threshold : heights.highest - threshold;
+    // Rounding must not lift the mean of equal heights off them.
+    return 2 * std::min(heights.meanOffset / highest, 1.0) - 1; // 0 / 0 on the threshold
+}
+
+double SGrain::GetAngle() const
+{
+    const double radians = hull.orientation * c_pi / 180;
+    const double middle = centre.x * std::cos(radians) + centre.y * std::sin(radians);
+    const double ahead = hull.lastAlong - middle;
+    const double behind = middle - hull.firstAlong;
+    // Of a symmetric grain both are the same but for rounding.
+    return behind > ahead + 1e-9 * hull.length ? hull.orientation - 180 : hull.orientation;
 }
 
 std::span<const SGrainMeasure> GetGrainMeasures()

@@ -28,7 +28,8 @@ double FindRelative(const std::vector<double>& heights, double share)
     return std::lerp(*low, *high, share);
 }
 
-// The square root of the variance between the classes of a division, as that of extreme heights would be too large.
+// The square root of the variance between the classes of a division, as that of extreme heights would be too
+// large.
 double Contrast(double below, double countBelow, double above, double countAbove)
 {
     return std::sqrt(countBelow) * std::sqrt(countAbove) * (above / countAbove - below / countBelow);

@@ -18,13 +18,14 @@ enum class EGrainThreshold {
 ///
 /// - Relative: lowest + value/100 (highest - lowest)
 /// - Percentile: as ComputeFractile has it
-/// - Otsu: in the middle between the two neighbouring heights that part the points so that the variance between the two
-///   classes, n₁ n₂ (mean₁ - mean₂)², is greatest; where that is so at several places, between the first and the last
-///   of them. No histogram is made, so there are no classes to choose. Of points that all have one height it is that.
+/// - Otsu: in the middle between the two neighbouring heights that part the points so that the variance
+///   between the two classes, n₁ n₂ (mean₁ - mean₂)², is greatest; where that is so at several places,
+///   between the first and the last of them. No histogram is made, so there are no classes to choose. Of
+///   points that all have one height it is that.
 ///
 /// Missing points count in none of these; without any other the result is NaN, but for Absolute.
-/// @param value Absolute: the height in m; Relative and Percentile: percent, 0 to 100, else the result is NaN;
-///     Otsu: of no account
+/// @param value Absolute: the height in m; Relative and Percentile: percent, 0 to 100, else the result is
+///     NaN; Otsu: of no account
 COMMONUIANALYSIS_API double FindThreshold(const SSurface& surface, EGrainThreshold threshold, double value);
 
 } // namespace CommonUI::Analysis

@@ -1,6 +1,7 @@
 #include "analysis/grain/Grains.h"
 
-#include <algorithm>
+#include "analysis/numeric/detail/DisjointSets.h"
+
 #include <limits>
 
 namespace CommonUI::Analysis
@@ -8,36 +9,6 @@ namespace CommonUI::Analysis
 
 namespace
 {
-
-// Sets of numbers that merge. The lowest number of a set represents it.
-class CDisjointSets
-{
-public:
-    std::uint32_t Add()
-    {
-        m_parents.push_back(static_cast<std::uint32_t>(m_parents.size()));
-        return m_parents.back();
-    }
-
-    std::uint32_t Find(std::uint32_t i)
-    {
-        while (m_parents[i] != i)
-            i = m_parents[i] = m_parents[m_parents[i]]; // halves the path for the next time
-        return i;
-    }
-
-    std::uint32_t Merge(std::uint32_t i, std::uint32_t j)
-    {
-        i = Find(i);
-        j = Find(j);
-        return m_parents[std::max(i, j)] = std::min(i, j);
-    }
-
-    std::size_t GetSize() const { return m_parents.size(); }
-
-private:
-    std::vector<std::uint32_t> m_parents;
-};
 
 // Labels the points by a first pass over them, in which parts of a grain may have labels of their own. Set 0
 // is that of no grain.

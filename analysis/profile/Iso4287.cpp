@@ -45,11 +45,12 @@ CParameters ComputeLength(std::span<const double> profile, const SHeightParamete
             ComputeSlope(profile, dx)};
 }
 
-CParameters ComputeRoughness(const SProfiles& profiles, const CProfileSplitter& splitter)
+// The means over the sampling lengths.
+CParameters ComputeRoughness(std::span<const double> profile, const CProfileSplitter& splitter)
 {
     CParameters sums{};
     CParameters counts{};
-    for (const auto length : splitter.GetSamplingLengths(profiles.roughness)) {
+    for (const auto length : splitter.GetSamplingLengths(profile)) {
         const CParameters values = ComputeLength(length, ComputeHeightParameters(length, 0), splitter);
         for (std::size_t i = 0; i < c_count; ++i) {
             sums[i] += std::isnan(values[i]) ? 0 : values[i];
@@ -58,40 +59,45 @@ CParameters ComputeRoughness(const SProfiles& profiles, const CProfileSplitter& 
     }
     for (std::size_t i = 0; i < c_count; ++i)
         sums[i] /= counts[i]; // 0 / 0 where it is not defined
-    const SRange range = FindRange(profiles.roughness);
+    const SRange range = FindRange(profile);
     sums[c_total] = range.highest - range.lowest;
     return sums;
 }
 
-void Append(const CKeys& keys, const CParameters& parameters, std::vector<SValue>& values)
+CParameters ComputeParameters(ENeed need, std::span<const double> profile, const CProfileSplitter& splitter)
 {
-    for (std::size_t i = 0; i < c_count; ++i)
-        values.push_back({keys[i], parameters[i]});
+    if (need == ENeed::RoughnessProfile)
+        return ComputeRoughness(profile, splitter);
+    return ComputeLength(profile,
+                         need == ENeed::WavinessProfile ? ComputeHeightParameters(profile, 0)
+                                                        : ComputeHeightParameters(profile),
+                         splitter);
+}
+
+const CKeys& GetKeys(ENeed need)
+{
+    return need == ENeed::RoughnessProfile  ? c_roughnessKeys
+           : need == ENeed::WavinessProfile ? c_wavinessKeys
+                                            : c_primaryKeys;
 }
 
 } // namespace
 
-std::vector<SValue> ComputeIso4287(const SProfiles& profiles, const CProfileSplitter& splitter)
+std::vector<SValue> ComputeIso4287(ENeed need, std::span<const double> profile,
+                                   const CProfileSplitter& splitter)
 {
-    const SHeightParameters waviness = ComputeHeightParameters(profiles.waviness, 0);
-    const SHeightParameters primary = ComputeHeightParameters(profiles.primary);
+    const CParameters parameters = ComputeParameters(need, profile, splitter);
     std::vector<SValue> values;
-    Append(c_roughnessKeys, ComputeRoughness(profiles, splitter), values);
-    Append(c_wavinessKeys, ComputeLength(profiles.waviness, waviness, splitter), values);
-    Append(c_primaryKeys, ComputeLength(profiles.primary, primary, splitter), values);
+    for (std::size_t i = 0; i < c_count; ++i)
+        values.push_back({GetKeys(need)[i], parameters[i]});
     return values;
 }
 
-std::vector<SQuantity> GetIso4287Quantities()
+std::vector<SQuantity> GetIso4287Quantities(ENeed need)
 {
     std::vector<SQuantity> quantities;
-    const auto append = [&quantities](const CKeys& keys, ENeed need) {
-        for (const std::string_view key : keys)
-            quantities.push_back({key, need});
-    };
-    append(c_roughnessKeys, ENeed::RoughnessProfile);
-    append(c_wavinessKeys, ENeed::WavinessProfile);
-    append(c_primaryKeys, ENeed::PrimaryProfile);
+    for (const std::string_view key : GetKeys(need))
+        quantities.push_back({key, need});
     return quantities;
 }
 

@@ -17,21 +17,22 @@ namespace CommonUI::Analysis
 ///
 /// - La = Σ|z|/n, Lq = √(Σz²/n), Lsk = Σz³/(n Lq³), Lku = Σz⁴/(n Lq⁴): m, m, 1, 1
 /// - Lp = max z, Lv = -min z, Lz = Lp + Lv: m
-/// - Lc, LSm: mean height and mean width of the profile elements, see ComputeElements: m. Their least width is
-///   1 % of the cut-off for R, W and P
+/// - Lc, LSm: mean height and mean width of the profile elements, see ComputeElements: m. Their least width
+///   is 1 % of the cut-off for R, W and P
 /// - Ldq: root mean square slope, see ComputeSlope
 /// - Lt: highest peak plus deepest valley in the evaluation length, the whole profile: m
 ///
 /// Of R, those other than Rt are the means of their values in the sampling lengths, one cut-off each; a
 /// sampling length in which one is not defined is left out of its mean. Of W and P the sampling length is the
 /// evaluation length. Missing points are left out; Lc and LSm need an unbroken sampling length.
-/// @return the keys 4287Ra … 4287Rdq, 4287Wa … 4287Wdq, 4287Pa … 4287Pdq, each in the order a q sk ku p v z c
-///     t Sm dq
-COMMONUIANALYSIS_API std::vector<SValue> ComputeIso4287(const SProfiles& profiles,
+/// @param profile that of the need
+/// @param need RoughnessProfile, WavinessProfile or PrimaryProfile
+/// @return the keys 4287La … 4287Ldq in the order a q sk ku p v z c t Sm dq
+COMMONUIANALYSIS_API std::vector<SValue> ComputeIso4287(ENeed need, std::span<const double> profile,
                                                         const CProfileSplitter& splitter);
 
-/// What ComputeIso4287 computes, in its order.
-COMMONUIANALYSIS_API std::vector<SQuantity> GetIso4287Quantities();
+/// What ComputeIso4287 computes for a need, in its order.
+COMMONUIANALYSIS_API std::vector<SQuantity> GetIso4287Quantities(ENeed need);
 
 /// Root mean square slope by the seven-point formula (ISO 4287), over the points with three valid neighbours
 /// to either side; NaN without any.

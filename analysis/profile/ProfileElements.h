@@ -14,10 +14,11 @@ struct SProfileElements {
     double height = c_undefined;  ///< mean of highest minus lowest point of an element, m
 };
 
-/// Divides a profile at its mean line into elements (ISO 4287:1997, 3.2.7). A portion that does not rise or fall
-/// beyond a band about the mean line, 5 % of the total height to either side, is no peak or valley of its own, nor is
-/// one that is narrower than the least width. Elements start at the first crossing of the mean line that two other
-/// portions have in common and end at the next in the same direction. All NaN without a whole one.
+/// Divides a profile at its mean line into elements (ISO 4287:1997, 3.2.7). A portion that does not rise or
+/// fall beyond a band about the mean line, 5 % of the total height to either side, is no peak or valley of
+/// its own, nor is one that is narrower than the least width. Elements start at the first crossing of the
+/// mean line that two other portions have in common and end at the next in the same direction. All NaN
+/// without a whole one.
 /// @param profile heights about the mean line, in m, none missing
 /// @param leastWidth in point spacings; see CProfileSplitter::GetLeastWidth
 COMMONUIANALYSIS_API SProfileElements ComputeElements(std::span<const double> profile, double leastWidth);

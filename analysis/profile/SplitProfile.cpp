@@ -31,11 +31,16 @@ CProfileSplitter::CProfileSplitter(std::size_t points, double dx, double cutoff)
     }
 }
 
-SProfiles CProfileSplitter::Split(std::span<const double> heights) const
+std::vector<double> CProfileSplitter::RemoveForm(std::span<const double> heights)
 {
     SSurface line{.points = heights.size(), .lines = 1, .heights{heights.begin(), heights.end()}};
     Level(line, ELevelling::Plane); // the plane of a single line is a straight line
-    SProfiles profiles{.primary = std::move(line.heights), .roughness{}, .waviness{}};
+    return std::move(line.heights);
+}
+
+SProfiles CProfileSplitter::Split(std::span<const double> heights) const
+{
+    SProfiles profiles{.primary = RemoveForm(heights), .roughness{}, .waviness{}};
     if (m_filter)
         profiles.waviness = m_filter->ComputeMeanLine(profiles.primary);
     else
@@ -44,6 +49,19 @@ SProfiles CProfileSplitter::Split(std::span<const double> heights) const
     for (std::size_t i = 0; i < heights.size(); ++i)
         profiles.roughness[i] -= profiles.waviness[i];
     return profiles;
+}
+
+std::vector<double> CProfileSplitter::SplitFilled(std::span<const double> primary) const
+{
+    if (!m_filter)
+        return std::vector<double>(primary.size(), c_missing);
+    std::vector<double> filled = m_filter->ComputeMeanLine(primary);
+    for (std::size_t i = 0; i < filled.size(); ++i)
+        filled[i] = std::fmax(filled[i], primary[i]);
+    std::vector<double> roughness = m_filter->ComputeMeanLine(filled);
+    for (std::size_t i = 0; i < roughness.size(); ++i)
+        roughness[i] = primary[i] - roughness[i];
+    return roughness;
 }
 
 std::vector<std::span<const double>>

@@ -38,15 +38,27 @@ public:
     /// @param heights as many as the points, missing points NaN
     SProfiles Split(std::span<const double> heights) const;
 
+    /// The roughness profile of ISO 13565-1, for surfaces with deep valleys: in a first step what lies below
+    /// the mean line is replaced by it, and the mean line of what that leaves is subtracted from the primary
+    /// profile. So a valley that is narrow beside the cut-off hardly lifts the plateaus beside it. All NaN
+    /// without a usable cut-off.
+    /// @param primary as of Split
+    std::vector<double> SplitFilled(std::span<const double> primary) const;
+
+    /// The primary profile alone, which takes no filter.
+    static std::vector<double> RemoveForm(std::span<const double> heights);
+
     /// The sampling lengths of the roughness profile: as many whole cut-offs as the profile has, in its
     /// middle. Without a usable cut-off it is the whole profile.
     std::vector<std::span<const double>> GetSamplingLengths(std::span<const double> profile) const;
 
     double GetSpacing() const { return m_dx; }
-    /// What the peaks and valleys of profile elements are at least wide, in point spacings: 1 % of the cut-off, of
-    /// the default one where there is none that is usable. It holds for roughness, waviness, primary and unfiltered
-    /// profiles alike, so that a long profile does not lose its narrow elements.
+    /// What the peaks and valleys of profile elements are at least wide, in point spacings: 1 % of the
+    /// cut-off, of the default one where there is none that is usable. It holds for roughness, waviness,
+    /// primary and unfiltered profiles alike, so that a long profile does not lose its narrow elements.
     double GetLeastWidth() const { return m_leastWidth; }
+    /// In point spacings; none where it is not usable.
+    std::optional<double> GetCutoff() const { return m_filter ? std::optional(m_cutoff) : std::nullopt; }
 
 private:
     double m_dx;

@@ -2,7 +2,6 @@
 
 #include "analysis/areal/HeightParameters.h"
 #include "analysis/filter/SurfaceFilter.h"
-#include "analysis/profile/ProfileParameters.h"
 #include "analysis/profile/SplitProfile.h"
 
 #include <algorithm>
@@ -44,12 +43,12 @@ std::string_view Explain(std::string_view key, const SRange& range, bool isUnbro
 } // namespace
 
 std::string_view ExplainProfile(std::string_view key, std::span<const double> heights, double dx,
-                                std::optional<double> cutoff)
+                                const SProfileMethod& method)
 {
     const SRange range = FindRange(heights);
     if (range.count == 0)
         return "the profile has no valid point";
-    const double used = cutoff.value_or(DefaultCutoff(heights.size(), dx));
+    const double used = method.cutoff.value_or(DefaultCutoff(heights.size(), dx));
     if (key.starts_with("4287R") || key.starts_with("4287W")) {
         const SSurface line{.points = heights.size(), .lines = 1, .dx = dx, .dy = dx};
         const SIsoGaussianFilter filter{.extent = EGaussianExtent::Profile, .cutoff = used};
@@ -59,9 +58,7 @@ std::string_view ExplainProfile(std::string_view key, std::span<const double> he
     if (const std::string_view reason = Explain(key, range, range.count == heights.size()); !reason.empty())
         return reason;
     // What its family says of itself.
-    const std::vector<SValue> values = ComputeProfile(heights, dx, used);
-    const auto found = std::ranges::find(values, key, &SValue::key);
-    return found == values.end() ? std::string_view() : found->reason;
+    return ComputeProfileValue(heights, dx, key, method).reason;
 }
 
 } // namespace CommonUI::Analysis

@@ -14,9 +14,13 @@ enum class ENeed {
     MaterialRatio,    ///< the material ratio curve, for which the heights are sorted
     Autocorrelation,  ///< takes longer than all of the above
     Spectrum,         ///< of the waves in a surface; takes as long
+    Features,         ///< hills and dales; takes as long
     PrimaryProfile,   ///< a line without its form
     RoughnessProfile, ///< what the profile filter holds back of it
-    WavinessProfile   ///< what the profile filter lets through
+    WavinessProfile,  ///< what the profile filter lets through
+    CoreProfile,      ///< a line less what the profile filter lets through of it once its valleys are filled
+    Motifs,           ///< the motifs of the primary profile and of its upper envelope
+    Valleys           ///< what lies below a robust reference line of the primary profile
 };
 
 /// A row of the tables of what is computed.
@@ -27,7 +31,8 @@ struct SQuantity {
     /// Whether it depends on the cut-off of the profile filter.
     bool IsFiltered() const noexcept
     {
-        return need == ENeed::RoughnessProfile || need == ENeed::WavinessProfile;
+        using enum ENeed;
+        return need == RoughnessProfile || need == WavinessProfile || need == CoreProfile || need == Valleys;
     }
 };
 

@@ -15,8 +15,8 @@ inline constexpr double c_undefined = std::numeric_limits<double>::quiet_NaN();
 struct SValue {
     std::string_view key; ///< such as "Sa"; refers to a string literal
     double value;         ///< NaN where the quantity is not defined
-    /// Why it is not, as a clause such as "the autocorrelation does not fall to 0.2 within the surface"; refers to
-    /// a string literal, and is empty where the value is defined or its key says enough.
+    /// Why it is not, as a clause such as "the autocorrelation does not fall to 0.2 within the surface";
+    /// refers to a string literal, and is empty where the value is defined or its key says enough.
     std::string_view reason{};
 };
 

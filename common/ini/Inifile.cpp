@@ -46,7 +46,7 @@ bool Warn(const CStr& text)
     return false;
 }
 
-// What failed, with which file and why. Functions that promise false do so without memory for the message, too.
+// What failed, with which file and why. Functions that promise false do so without memory for this, too.
 bool WarnOfFile(std::u16string_view what, const CStr& fileName, const CStr& reason)
 {
     try {

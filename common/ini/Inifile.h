@@ -52,8 +52,8 @@ public:
 
     /// Replaces the content by that of the file. The current section stays selected. Returns false, with the
     /// reason in the diagnostics and the document empty, when the file is missing, cannot be read, is larger
-    /// than 1 GiB, is no text, or leaves no memory. What is no text has a zero byte, or other control characters and no UTF-8, and no byte
-    /// order mark.
+    /// than 1 GiB, is no text, or leaves no memory. What is no text has a zero byte, or other control
+    /// characters and no UTF-8, and no byte order mark.
     bool Load();
     /// SetFileName, then Load.
     bool Load(const CStr& fileName);
@@ -69,8 +69,8 @@ public:
 
     /// Writes the content to the file. The file has its old content or the new one, never a part (see
     /// ReplaceFileBytes). Returns false, with the reason in the diagnostics and the file untouched, when that
-    /// fails or there is no file name. A file that was there when Load failed is not replaced: what could not be read
-    /// is not lost.
+    /// fails or there is no file name. A file that was there when Load failed is not replaced: what could not
+    /// be read is not lost.
     virtual bool Save();
     /// As Save, to another file; the file name of this object stays what it is.
     bool SaveCopy(const CStr& fileName) const;

@@ -7,9 +7,9 @@
 namespace CommonUI
 {
 
-/// Selects a section of a file for as long as the object lives. The section that was current before is current again
-/// afterwards, without memory being needed, unless the whole document was replaced in between: then it is the section of
-/// the same name, or the unnamed one where there is no memory to find that.
+/// Selects a section of a file for as long as the object lives. The section that was current before is
+/// current again afterwards, without memory being needed, unless the whole document was replaced in between:
+/// then it is the section of the same name, or the unnamed one where there is no memory to find that.
 class COMMONDLL_API CSectionScope
 {
 public:

@@ -12,6 +12,8 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 
+#include <algorithm>
+
 namespace Gallery
 {
 
@@ -29,20 +31,25 @@ CGalleryWindow::CGalleryWindow()
     m_log->setAccessibleName(QStringLiteral("Calls"));
     m_log->setReadOnly(true);
     m_log->setMaximumBlockCount(1000);
+    int width = 0;
     for (const SPage& page : GetPages()) {
         m_list->addItem(QString::fromUtf8(page.name));
         auto* const area = new QScrollArea;
         area->setWidgetResizable(true);
         area->setFrameShape(QFrame::NoFrame);
-        area->setWidget(page.make([this](const QString& line) { Write(line); }));
+        QWidget* const content = page.make([this](const QString& line) { Write(line); });
+        content->layout()->setContentsMargins(0, 0, 0, 0); // flush with what is below the pages
+        area->setWidget(content);
         m_pages->addWidget(area);
+        width = std::max(width, content->sizeHint().width());
     }
     m_log->clear();
     m_list->setSpacing(2);
     m_list->setFixedWidth(m_list->sizeHintForColumn(0) + 6 * fontMetrics().averageCharWidth());
     connect(m_list, &QListWidget::currentRowChanged, m_pages, &QStackedWidget::setCurrentIndex);
     SelectPage(0);
-    resize(142 * fontMetrics().averageCharWidth(), 50 * fontMetrics().height());
+    // The pages have the room that the widest one needs.
+    resize(width + m_list->width() + 3 * layout->contentsMargins().left(), 50 * fontMetrics().height());
 }
 
 QWidget* CGalleryWindow::MakeRightSide()

@@ -12,8 +12,11 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QResizeEvent>
 #include <QStyle>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace Gallery
 {
@@ -58,8 +61,18 @@ public:
         AddValues();
         AddButtons();
         m_widget->GetGrid().FitColumns();
-        Grid().SetColumnWidth(1, Grid().GetColumnWidth(1) * 5 / 4);
+        m_widget->viewport()->installEventFilter(this);
         Grid().SelectCell({0, 1});
+    }
+
+    // The values have what room the other columns leave.
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Resize) {
+            const int rest = static_cast<QResizeEvent*>(event)->size().width() - Grid().GetExtent().width;
+            Grid().SetColumnWidth(1, std::max(Grid().GetColumnWidth(1) + rest, 120));
+        }
+        return QWidget::eventFilter(watched, event);
     }
 
     CGridCtrl& Grid() { return m_widget->GetGrid(); }

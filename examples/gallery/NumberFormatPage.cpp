@@ -1,6 +1,6 @@
 #include "examples/gallery/Pages.h"
 #include "output/results/NumberFormat.h"
-#include "qt/dialogs/FormatSpecifierWindow.h"
+#include "qt/dialogs/QtFormatSpecifierDlg.h"
 #include "qt/QtText.h"
 
 #include <QFormLayout>
@@ -42,7 +42,7 @@ public:
         , m_words(new QLabel)
     {
         m_form->setHorizontalSpacing(4 * fontMetrics().averageCharWidth());
-        m_form->addRow(QStringLiteral("Number format:"), m_words);
+        m_form->addRow(QStringLiteral("Value"), m_words);
         for (const SSample& sample : c_samples) {
             auto* const label = new QLabel;
             m_form->addRow(QString::fromUtf8(sample.text), label);
@@ -72,11 +72,15 @@ private:
             m_parameter = dialog.GetParameter();
         ShowFormat();
         m_log((accepted ? QStringLiteral("Number format: %1") : QStringLiteral("Cancelled, still: %1"))
-                  .arg(m_words->text()));
+                  .arg(GetFormatText()));
+    }
+    QString GetFormatText() const
+    {
+        return ToQString(GenerateNumberFormatText(m_parameter.GetFloatFormat()));
     }
     void ShowFormat()
     {
-        m_words->setText(ToQString(GenerateNumberFormatText(m_parameter.GetFloatFormat())));
+        m_words->setText(QStringLiteral("Shown with %1").arg(GetFormatText()));
         std::size_t i = 0;
         for (QLabel* const label : m_samples)
             label->setText(

@@ -40,6 +40,11 @@ void SetDark(bool dark)
     const QPalette palette = dark ? MakeDarkPalette() : QApplication::style()->standardPalette();
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
+    // The style draws the outline of a box a shade darker than the window, where it is not seen.
+    QPalette boxes = palette;
+    if (dark)
+        boxes.setColor(QPalette::Window, palette.color(QPalette::PlaceholderText));
+    QApplication::setPalette(boxes, "QCheckBox");
 }
 
 } // namespace Gallery

@@ -9,7 +9,10 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace Gallery
 {
@@ -37,11 +40,17 @@ public:
         FillSummary();
         FillResults(c_rows);
         auto* const layout = new QVBoxLayout(this);
+        m_statistics->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // it follows the results
         AddGrid(*layout, "S&ummary", *m_summary, 0);
         AddGrid(*layout, "&Results", *m_results, 1);
         AddGrid(*layout, "S&tatistics", *m_statistics, 0);
         AddCommands(*layout);
         m_results->GetPane().SetSelectionCallback(*this, &CResultGridPage::OnSelection);
+        ShareColumns();
+        const int rest = m_results->verticalScrollBar()->sizeHint().width() + 2 * m_results->frameWidth();
+        m_results->setMinimumWidth(m_results->GetPane().GetExtent().width + rest);
+        const int summary = m_summary->GetPane().GetExtent().width + 2 * m_summary->frameWidth();
+        m_summary->setFixedWidth(summary);
     }
 
     CResultGridWidget& GetResults() { return *m_results; }
@@ -56,21 +65,46 @@ private:
         if (stretch == 0)
             grid.setFixedHeight(grid.sizeHint().height());
     }
+    // The statistics stand below the results of their column, also when the user changes its width.
+    void ShareColumns()
+    {
+        CResultGridPane& results = m_results->GetPane();
+        CResultGridPane& statistics = m_statistics->GetPane();
+        for (std::size_t column = 0; column < results.GetColumnCount(); ++column)
+            SetWidth(column, std::max(results.GetColumnWidth(column), statistics.GetColumnWidth(column)));
+        results.SetColumnWidthCallback(*this, &CResultGridPage::OnWidth);
+        statistics.SetColumnWidthCallback(*this, &CResultGridPage::OnWidth);
+        QScrollBar* const bars[] = {m_results->horizontalScrollBar(), m_statistics->horizontalScrollBar()};
+        connect(bars[0], &QScrollBar::valueChanged, bars[1], &QScrollBar::setValue);
+        connect(bars[1], &QScrollBar::valueChanged, bars[0], &QScrollBar::setValue);
+    }
+    void SetWidth(std::size_t column, int width)
+    {
+        m_results->GetPane().SetColumnWidth(column, width);
+        m_statistics->GetPane().SetColumnWidth(column, width);
+    }
+    void OnWidth(std::size_t column, int width)
+    {
+        SetWidth(column, width);
+        m_log(QStringLiteral("Width: column %1 has %2 pixels").arg(column).arg(width));
+    }
     void AddCommands(QVBoxLayout& layout)
     {
         auto* const line = new QHBoxLayout;
         layout.addLayout(line);
-        const auto add = [&](const char* text, auto action) {
-            auto* const button = new QPushButton(QString::fromUtf8(text));
+        using ECommand = CResultGridWidget::ECommand;
+        const auto add = [&](const char* text, ECommand command, auto action) {
+            auto* const button =
+                new QPushButton(m_results->GetAction(command).icon(), QString::fromUtf8(text));
             connect(button, &QPushButton::clicked, this, action);
             line->addWidget(button);
         };
-        add("&Copy selection", [this] {
-            m_results->GetAction(CResultGridWidget::ECommand::Copy).trigger();
+        add("&Copy selection", ECommand::Copy, [this] {
+            m_results->GetAction(ECommand::Copy).trigger();
             m_log(QStringLiteral("Copied: the selection, as HTML and text"));
         });
-        add("Copy &all", [this] { CopyAll(false); });
-        add("Copy all tra&nsposed", [this] { CopyAll(true); });
+        add("Copy &all", ECommand::CopyWhole, [this] { CopyAll(false); });
+        add("Copy all tra&nsposed", ECommand::CopyWholeTransposed, [this] { CopyAll(true); });
         line->addStretch();
         auto* const many = new QCheckBox(QStringLiteral("A &million rows"));
         connect(many, &QCheckBox::toggled, this, [this](bool on) { FillResults(on ? c_manyRows : c_rows); });

@@ -17,7 +17,8 @@ namespace
 constexpr std::uintmax_t c_mostBytes = 0xFFFFFFFF; // of an archive of the usual form
 constexpr zip_int64_t c_mostEntries = 1000;
 
-// Measured heights shrink to a half or a tenth. What grows more than this, and is large then, is no measurement.
+// Measured heights shrink to a half or a tenth. What grows more than this, and is large then, is no
+// measurement.
 constexpr std::uint64_t c_harmlessSize = std::uint64_t{256} << 20;
 constexpr std::uint64_t c_mostGrowth = 100;
 
@@ -41,8 +42,9 @@ private:
     zip_error_t m_error{};
 };
 
-// Whether the archive has the directory for more and larger entries than the usual form can have: its number of
-// entries would be bounded by nothing. It stands in front of the end of the other directory, at the end of the file.
+// Whether the archive has the directory for more and larger entries than the usual form can have: its number
+// of entries would be bounded by nothing. It stands in front of the end of the other directory, at the end of
+// the file.
 bool HasLargeDirectory(std::string_view bytes)
 {
     constexpr std::string_view c_end("PK\x05\x06", 4);

@@ -30,6 +30,11 @@ pugi::xml_node ChildOf(const pugi::xml_node& node, std::string_view name)
     return node.find_child([&](const pugi::xml_node& child) { return IsCalled(child, name); });
 }
 
+std::string_view TextOf(const pugi::xml_node& node, const char* name)
+{
+    return Trim(ChildOf(node, name).child_value());
+}
+
 pugi::xml_node RecordOf(const pugi::xml_node& root, const char* record, const char* name)
 {
     return ChildOf(ChildOf(root, record), name);
@@ -97,11 +102,6 @@ std::vector<std::string_view> CX3pDocument::GetData() const
 void CX3pDocument::Fail(const char* element, const std::string& message) const
 {
     m_archive.Fail(c_mainEntry, std::string(element) + ": " + message);
-}
-
-std::string_view CX3pDocument::TextOf(const pugi::xml_node& node, const char* name) const
-{
-    return Trim(ChildOf(node, name).child_value());
 }
 
 std::size_t CX3pDocument::ReadCount(const pugi::xml_node& dimension, const char* name) const

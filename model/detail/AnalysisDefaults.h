@@ -28,9 +28,4 @@ std::vector<CParameter> MakeDefaultParameters(EAnalysis analysis);
 std::vector<CParameter> MakeDefaultStatistics(EAnalysis analysis);
 std::vector<CParameter> MakeDefaultOutputs(EAnalysis analysis);
 
-constexpr bool IsRoughness(EAnalysis analysis)
-{
-    return analysis == EAnalysis::Roughness || analysis == EAnalysis::RoughnessProfile;
-}
-
 } // namespace CommonUI

@@ -10,8 +10,8 @@
 namespace CommonUI
 {
 
-/// Numbers for new parameters of a list: upward from the largest in use and, when there is none left above it,
-/// the least ones that are free.
+/// Numbers for new parameters of a list: upward from the largest in use and, when there is none left above
+/// it, the least ones that are free.
 class CFreeNumbers
 {
 public:

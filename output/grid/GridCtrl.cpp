@@ -155,7 +155,7 @@ CStr CGridCtrl::SpeakHeader(std::size_t column) const
 int CGridCtrl::GetFittingWidth(std::size_t column) const
 {
     constexpr int c_wide = 1 << 20;
-    int width = GetView()->GetTextWidth(m_columns[column].header) + 4 * c_margin;
+    int width = GetView()->GetTextWidth(m_columns[column].header) + 4 * c_margin + GetHeaderIndent(column);
     for (std::size_t row = 0; row < std::min(m_shown.size(), c_fittedRows); ++row) {
         const auto item = GetItem({row, column});
         if (!item)
@@ -245,8 +245,11 @@ void CGridCtrl::DrawHeader(CGridPainter& painter, std::size_t first, std::size_t
         SRect rect = GetCellRect({0, column});
         rect.top = 0;
         rect.bottom = GetHeaderHeight();
-        painter.FillBackground(rect, EGridBackground::Header);
-        painter.WriteText(rect.Shrunk(2 * c_margin, 0), m_columns[column].header, EGridAlign::Left);
+        painter.FillBackground(rect, GetSelection().HasColumn(column) ? EGridBackground::MarkedHeader
+                                                                      : EGridBackground::Header);
+        rect.left += GetHeaderIndent(column);
+        if (const SRect place = rect.Shrunk(2 * c_margin, 0); !place.IsEmpty())
+            painter.WriteText(place, m_columns[column].header, EGridAlign::Left);
     }
 }
 

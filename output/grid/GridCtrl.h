@@ -92,6 +92,8 @@ private:
     // An item has come or gone: an editor whose item is no longer in the grid is closed.
     void ItemsChanged();
     void ShowRows(const std::vector<std::unique_ptr<CGridRow>>& rows);
+    // Headers begin where the contents of rows at the top do.
+    int GetHeaderIndent(std::size_t column) const { return m_hasTree && column == 0 ? GetRowHeight() : 0; }
     SRect GetExpanderRect(SGridCell cell, const SRect& rect) const;
     SRect GetContentRect(SGridCell cell) const;
     bool ClickExpander(SGridCell cell, SPoint point);

@@ -106,7 +106,10 @@ SRect CGridItem::GetButtonRect(const SRect& rect) const
 {
     if ((m_flags & (HasButton | HasSpin | HasOptions)) == 0)
         return {};
-    return {std::max(rect.left, rect.right - rect.GetHeight()), rect.top, rect.right, rect.bottom};
+    // Arrows one above the other would be half as high as the cell, and hard to hit.
+    const bool spin = (m_flags & (HasButton | HasSpin | HasOptions)) == HasSpin;
+    const int width = (spin ? 2 : 1) * rect.GetHeight();
+    return {std::max(rect.left, rect.right - width), rect.top, rect.right, rect.bottom};
 }
 
 SRect CGridItem::GetTextRect(const SRect& rect) const

@@ -6,7 +6,6 @@
 #include "../../export/Export.h"
 
 #include <string_view>
-#include <vector>
 
 namespace CommonUI
 {
@@ -14,7 +13,13 @@ namespace CommonUI
 enum class EGridAlign { Left, Center, Right };
 
 /// What a cell lies on; the toolkit gives each kind the colours of its style.
-enum class EGridBackground { Plain, Selected, Header, SubHeader };
+enum class EGridBackground {
+    Plain,
+    Selected,
+    Header,
+    SubHeader,
+    MarkedHeader ///< of a row or a column of which something is selected
+};
 
 /// Colours of text that the toolkit's style decides.
 enum class EGridColor { Text, Disabled, Selected };
@@ -27,7 +32,7 @@ struct SGridButton {
     enum class EKind {
         Push,  ///< with a text or an image, as large as its rectangle
         SetUp, ///< the small one that opens a set-up, with an ellipsis
-        Spin,  ///< two arrows, one above the other
+        Spin,  ///< two arrows, the one that counts down at the left of the other
         Drop   ///< the arrow that opens a list
     };
     static constexpr unsigned int c_noImage = ~0U;
@@ -83,35 +88,6 @@ public:
 private:
     CGridPainter& m_painter;
     SColor m_before;
-};
-
-/// A painter that writes down what is drawn, a line for each call, such as
-/// "text 4,0,96,20 left disabled \"abc\"". For tests, and for programs that show a grid without a display.
-class COMMONUI_API CTextGridPainter : public CGridPainter
-{
-public:
-    void FillBackground(const SRect& rect, EGridBackground background) override;
-    void WriteText(const SRect& rect, std::u16string_view text, EGridAlign align) override;
-    void DrawCheckBox(const SRect& rect, EGridCheck state, bool enabled) override;
-    void DrawButton(const SRect& rect, const SGridButton& button) override;
-    void DrawBox(const SRect& rect, SColor outline, SColor fill) override;
-    void DrawExpander(const SRect& rect, bool expanded) override;
-    void DrawFocus(const SRect& rect) override;
-    SColor GetTextColor() const override { return m_textColor; }
-    void SetTextColor(SColor color) override { m_textColor = color; }
-    /// Text is black, disabled text grey, selected text white.
-    SColor GetStyleColor(EGridColor color) const override;
-
-    const std::vector<CStr>& GetLines() const noexcept { return m_lines; }
-    /// All lines, each with a line feed.
-    CStr GetLog() const;
-    void Clear() noexcept { m_lines.clear(); }
-
-private:
-    void Add(std::u16string_view what, const SRect& rect, std::u16string_view rest);
-
-    std::vector<CStr> m_lines;
-    SColor m_textColor{};
 };
 
 } // namespace CommonUI

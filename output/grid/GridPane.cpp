@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <limits>
+#include <memory>
+#include <utility>
 
 namespace CommonUI
 {
@@ -51,7 +52,14 @@ void CGridPane::SetHeaderLines(int lines)
 void CGridPane::SetRowCount(std::size_t count)
 {
     m_rowCount = count;
+    m_frozenRows = std::min(m_frozenRows, count);
     m_selection.SetSize(m_rowCount, GetColumnCount());
+    Changed();
+}
+
+void CGridPane::SetFrozenRows(std::size_t count)
+{
+    m_frozenRows = std::min(count, m_rowCount);
     Changed();
 }
 
@@ -82,6 +90,28 @@ void CGridPane::FitColumns()
 {
     for (std::size_t column = 0; column < GetColumnCount(); ++column)
         FitColumn(column);
+}
+
+void CGridPane::OnFitColumns()
+{
+    const std::vector<int> before = m_edges;
+    FitColumns();
+    std::vector<std::pair<std::size_t, int>> changed;
+    for (std::size_t column = 0; column < GetColumnCount(); ++column)
+        if (GetColumnWidth(column) != before[column + 1] - before[column])
+            changed.emplace_back(column, GetColumnWidth(column));
+    // Gone with the grid.
+    const std::weak_ptr closure = m_widthSlot.Share<void, std::size_t, int>();
+    for (const auto& [column, width] : changed)
+        if (const auto called = closure.lock())
+            called->Invoke(column, width);
+}
+
+void CGridPane::AnnounceWidth(std::size_t column, int before)
+{
+    const auto closure = m_widthSlot.Share<void, std::size_t, int>();
+    if (closure && column < GetColumnCount() && GetColumnWidth(column) != before)
+        closure->Invoke(column, GetColumnWidth(column));
 }
 
 CGridPane::SExtent CGridPane::GetExtent() const noexcept
@@ -118,8 +148,10 @@ void CGridPane::ScrollTo(int left, long long top)
 
 long long CGridPane::TopToShow(std::size_t row) const
 {
-    const long long rowTop = static_cast<long long>(row) * GetRowHeight();
-    const long long bodyHeight = std::max(m_size.cy - m_headerHeight, GetRowHeight());
+    if (row < m_frozenRows)
+        return m_top;
+    const long long rowTop = static_cast<long long>(row - m_frozenRows) * GetRowHeight();
+    const long long bodyHeight = std::max(m_size.cy - GetBodyTop(), GetRowHeight());
     return std::clamp(m_top, rowTop + GetRowHeight() - bodyHeight, rowTop);
 }
 
@@ -140,13 +172,14 @@ void CGridPane::EnsureVisible(SGridCell cell)
 
 std::size_t CGridPane::RowAt(long long y) const
 {
-    const long long row = (y - m_headerHeight + m_top) / GetRowHeight();
+    const long long scrolled = y < GetBodyTop() ? 0 : m_top;
+    const long long row = (y - m_headerHeight + scrolled) / GetRowHeight();
     return static_cast<std::size_t>(std::max(row, 0LL));
 }
 
 std::size_t CGridPane::PageRows() const
 {
-    return static_cast<std::size_t>(std::max((m_size.cy - m_headerHeight) / GetRowHeight(), 1));
+    return static_cast<std::size_t>(std::max((m_size.cy - GetBodyTop()) / GetRowHeight(), 1));
 }
 
 CGridPane::SColumns CGridPane::ColumnsBetween(int left, int right) const
@@ -164,14 +197,15 @@ CGridPane::SColumns CGridPane::ColumnsBetween(int left, int right) const
 SGridRange CGridPane::GetVisibleRange() const
 {
     const SColumns columns = ColumnsBetween(GetFrozenWidth(), m_size.cx);
-    const std::size_t lastRow = RowAt(std::max(m_size.cy - 1, m_headerHeight));
-    return {RowAt(m_headerHeight), std::min(lastRow, std::max<std::size_t>(m_rowCount, 1) - 1), columns.first,
+    const std::size_t lastRow = RowAt(std::max(m_size.cy - 1, GetBodyTop()));
+    return {RowAt(GetBodyTop()), std::min(lastRow, std::max<std::size_t>(m_rowCount, 1) - 1), columns.first,
             std::max(columns.end, columns.first + 1) - 1};
 }
 
 SRect CGridPane::GetCellRect(SGridCell cell) const
 {
-    const long long y = static_cast<long long>(cell.row) * GetRowHeight() - m_top + m_headerHeight;
+    const long long scrolled = cell.row < m_frozenRows ? 0 : m_top;
+    const long long y = static_cast<long long>(cell.row) * GetRowHeight() - scrolled + m_headerHeight;
     const int top = static_cast<int>(std::clamp<long long>(y, -c_outside, c_outside));
     const int shift = cell.column < m_frozen ? 0 : m_left;
     return {m_edges[cell.column] - shift, top, m_edges[cell.column + 1] - shift, top + GetRowHeight()};
@@ -208,14 +242,16 @@ void CGridPane::Draw(CGridPainter& painter, const SRect& clip) const
         if (hasFocus && focus.row == row && (focus.column < m_frozen) == isFrozen)
             painter.DrawFocus(GetCellRect(focus));
     };
-    const std::size_t firstRow = RowAt(std::max(clip.top, m_headerHeight));
-    const std::size_t endRow =
-        clip.bottom > m_headerHeight ? std::min(RowAt(clip.bottom - 1) + 1, m_rowCount) : 0;
+    const auto drawRows = [&](int top, int bottom) {
+        const std::size_t end = top < bottom ? std::min(RowAt(bottom - 1) + 1, m_rowCount) : 0;
+        for (std::size_t row = RowAt(top); row < end; ++row) {
+            drawRow(row, columns.first, columns.end, false);
+            drawRow(row, 0, frozen, true);
+        }
+    };
     // What is frozen lies over what is scrolled below it, and the headers over both.
-    for (std::size_t row = firstRow; row < endRow; ++row) {
-        drawRow(row, columns.first, columns.end, false);
-        drawRow(row, 0, frozen, true);
-    }
+    drawRows(std::max(clip.top, GetBodyTop()), clip.bottom);
+    drawRows(std::max(clip.top, m_headerHeight), std::min(clip.bottom, GetBodyTop()));
     if (clip.top >= m_headerHeight)
         return;
     if (columns.first < columns.end)
@@ -302,8 +338,10 @@ void CGridPane::Drag(SPoint point)
                         std::max(std::min(point.y, static_cast<int>(bottom) - 1), m_headerHeight)};
     const SGridCell hit = HitTest(inside).cell;
     SGridCell focus = m_selection.GetFocus();
+    // Rows that are scrolled away come back before those that stay with the headers are reached.
+    const bool between = m_top > 0 && focus.row >= m_frozenRows;
     if (!column)
-        focus.row = toward(point.y, m_headerHeight, m_size.cy, focus.row, hit.row);
+        focus.row = toward(point.y, between ? GetBodyTop() : m_headerHeight, m_size.cy, focus.row, hit.row);
     focus.column = toward(point.x, 0, m_size.cx, focus.column, hit.column);
     const SGridRange before = m_selection.GetRange();
     m_selection.ExtendTo(focus);
@@ -338,9 +376,12 @@ bool CGridPane::PressEdge(unsigned int message, SPoint point)
     if (edge && message == GridMouse::c_leftDown) {
         m_resized = edge;
         // From where the pointer is, so that nothing moves before the pointer does.
-        m_resizedLeft = point.x - GetColumnWidth(*edge);
+        m_resizedFrom = GetColumnWidth(*edge);
+        m_resizedLeft = point.x - m_resizedFrom;
     } else if (edge) {
+        const int before = GetColumnWidth(*edge);
         FitColumn(*edge);
+        AnnounceWidth(*edge, before);
     }
     return edge.has_value();
 }
@@ -366,7 +407,10 @@ void CGridPane::OnMouse(unsigned int message, SPoint point, SGridModifiers modif
             Drag(point);
         return;
     }
+    const auto resized = m_resized;
     EndDrag();
+    if (resized && message == GridMouse::c_leftUp)
+        AnnounceWidth(*resized, m_resizedFrom);
     const bool press = message == GridMouse::c_leftDown || message == GridMouse::c_leftDoubleClick;
     if (press && !PressEdge(message, point) && message == GridMouse::c_leftDown)
         PressAt(HitTest(point), modifiers.shift);

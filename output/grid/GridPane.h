@@ -68,16 +68,36 @@ public:
     void SetLineHeight(int height);
     int GetRowHeight() const noexcept { return m_lineHeight + 2 * c_margin; }
     int GetHeaderHeight() const noexcept { return m_headerHeight; }
+    /// Where the rows begin that are scrolled, in pixels from the top of the view: below the headers and the
+    /// rows that stay with them.
+    int GetBodyTop() const noexcept
+    {
+        return m_headerHeight + static_cast<int>(m_frozenRows) * GetRowHeight();
+    }
 
     std::size_t GetRowCount() const noexcept { return m_rowCount; }
+    /// How many of them, at the top, stay with the headers when the others are scrolled.
+    std::size_t GetFrozenRowCount() const noexcept { return m_frozenRows; }
     std::size_t GetColumnCount() const noexcept { return m_edges.size() - 1; }
     /// In pixels.
     int GetColumnWidth(std::size_t column) const { return m_edges[column + 1] - m_edges[column]; }
     void SetColumnWidth(std::size_t column, int width);
+    /// Sets the member function that is called with a column and its width after the user has given it
+    /// another one: when the edge that was dragged is released, and when a column was fitted. What the
+    /// program sets is not told. The object is not owned; the function may destroy the grid.
+    template<class TObject>
+    void SetColumnWidthCallback(std::type_identity_t<TObject>& object,
+                                void (TObject::*method)(std::size_t, int))
+    {
+        m_widthSlot.Set(MakeClosure(object, method));
+    }
     /// Makes a column as wide as its header and the cells of the first hundred rows need it, by the view's
     /// font. Does nothing without a view.
     void FitColumn(std::size_t column);
     virtual void FitColumns();
+    /// The user has asked for FitColumns: the columns that have got another width are told. The grid may be
+    /// gone afterwards.
+    void OnFitColumns();
 
     SExtent GetExtent() const noexcept;
     int GetScrollLeft() const noexcept { return m_left; }
@@ -86,7 +106,8 @@ public:
     void ScrollTo(int left, long long top);
     /// Scrolls as little as it takes to show the whole cell.
     void EnsureVisible(SGridCell cell);
-    /// The rows of which the view shows something; none when the first is not below GetRowCount.
+    /// The cells that are scrolled of which the view shows something; no row when the first is not below
+    /// GetRowCount.
     SGridRange GetVisibleRange() const;
     /// Where a cell lies in the view. Far outside it, the place is only roughly right.
     SRect GetCellRect(SGridCell cell) const;
@@ -114,7 +135,8 @@ public:
 
     /// The mouse has done something. @param message one of GridMouse; others are ignored
     ///
-    /// Dragging the right edge of a column's header changes its width, and a double click fits it.
+    /// Dragging the right edge of a column's header changes its width, and a double click fits it. The grid
+    /// may be gone afterwards.
     virtual void OnMouse(unsigned int message, SPoint point, SGridModifiers modifiers);
     /// A key has been pressed. @return false for one that the grid has no use for
     virtual bool OnKey(const SGridKey& key);
@@ -144,6 +166,8 @@ protected:
     /// @param frozen how many columns at the left stay when the others are scrolled
     void SetColumnWidths(const std::vector<int>& widths, std::size_t frozen);
     void SetRowCount(std::size_t count);
+    /// See GetFrozenRowCount.
+    void SetFrozenRows(std::size_t count);
     /// @param lines how many lines of text the headers have
     void SetHeaderLines(int lines);
     int GetLineHeight() const noexcept { return m_lineHeight; }
@@ -190,17 +214,21 @@ private:
     // Returns whether an edge is under the pointer.
     bool PressEdge(unsigned int message, SPoint point);
     void Resize(std::size_t column, SPoint point);
+    // Tells of a width that is another one than before. The grid may be gone afterwards.
+    void AnnounceWidth(std::size_t column, int before);
     long long TopToShow(std::size_t row) const;
     int LeftToShow(std::size_t column) const;
 
     CCallbackSlot m_selectionSlot;
+    CCallbackSlot m_widthSlot;
     CGridSelection m_selection;
     SSize m_size;
     int m_lineHeight = 16;
     int m_headerLines = 1;
     int m_headerHeight;
     std::size_t m_rowCount = 0;
-    std::vector<int> m_edges{0}; // the left edges of the columns unscrolled, and the right one of the last
+    std::size_t m_frozenRows = 0; // no more than there are
+    std::vector<int> m_edges{0};  // the left edges of the columns unscrolled, and the right one of the last
     std::size_t m_frozen = 0;
     int m_left = 0;
     long long m_top = 0;
@@ -208,6 +236,7 @@ private:
     SGridHit::EPart m_dragged = SGridHit::EPart::Nothing;
     std::optional<std::size_t> m_resized; // the column whose edge is being dragged
     int m_resizedLeft = 0;                // where in the view its width is counted from
+    int m_resizedFrom = 0;                // its width before
     bool m_focus = false;
 };
 

@@ -62,6 +62,9 @@ public:
     /// What is selected. Means nothing when IsEmpty.
     SGridRange GetRange() const noexcept;
     bool Contains(SGridCell cell) const noexcept { return !IsEmpty() && GetRange().Contains(cell); }
+    /// Whether any cell of a row, or of a column, is selected.
+    bool HasRow(std::size_t row) const noexcept { return Contains({row, GetRange().firstColumn}); }
+    bool HasColumn(std::size_t column) const noexcept { return Contains({GetRange().firstRow, column}); }
 
     /// Each of them moves the focus to the place, cut to the table, and selects from there; with `extend` the
     /// anchor stays where it was.

@@ -44,8 +44,9 @@ private:
     CStr m_name;
 };
 
-/// The rows of one result table in display order. A row costs the same at either end, also of a long table. The
-/// first reading after rows were put in front sets them in place: collections are read by one thread at a time.
+/// The rows of one result table in display order. A row costs the same at either end, also of a long table.
+/// The first reading after rows were put in front sets them in place: collections are read by one thread at a
+/// time.
 class COMMONUI_API SEndResultCollection
 {
 public:

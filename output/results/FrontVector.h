@@ -8,8 +8,8 @@
 namespace CommonUI::Detail
 {
 
-/// A vector to which elements are added at both ends at the same cost. Those that were added in front are put in
-/// place when the vector is asked for, with one move of every element.
+/// A vector to which elements are added at both ends at the same cost. Those that were added in front are put
+/// in place when the vector is asked for, with one move of every element.
 template<class T>
 class CFrontVector
 {

@@ -158,6 +158,13 @@ CStr CGridBaseOutputCtrl::GetCellText(const SRow& row, std::size_t column) const
     return m_columns[column - 1].formats.ApplyToText(text);
 }
 
+const SValueState& CGridBaseOutputCtrl::GetCellState(const SRow& row, std::size_t column)
+{
+    static const SValueState value;
+    const auto found = std::ranges::find(row.states, column, &SCellState::column);
+    return found == row.states.end() ? value : found->state;
+}
+
 void CGridBaseOutputCtrl::Select(const SSelection& selection)
 {
     m_selection = selection;

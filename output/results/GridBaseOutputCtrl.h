@@ -5,6 +5,7 @@
 #include "../grid/GridFormats.h"
 #include "../grid/GridSelection.h"
 #include "EndResults.h"
+#include "ValueState.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -62,6 +63,12 @@ public:
         CGridFormats formats{};
     };
 
+    /// The state of a cell that has no value.
+    struct SCellState {
+        std::size_t column; ///< 1 for the first cell
+        SValueState state;
+    };
+
     /// A row of the table: its name and the texts of its cells, column by column.
     struct SRow {
         CStr name;
@@ -69,6 +76,9 @@ public:
         int indent = 0;         ///< of the name and the cells; for summary lines
         bool subHeader = false; ///< belongs to the column headers, such as a row of units
         unsigned long data = 0; ///< whatever the application keeps with the row
+        /// Why cells are empty: an entry for each that has something to say, none for values. Texts do not
+        /// show it.
+        std::vector<SCellState> states{};
     };
 
     /// A rectangle of cells, both ends included. Column 0 is that of the row names, column 1 the first of the
@@ -108,6 +118,8 @@ public:
     /// The text that a cell shows; empty where the row has none. @param column 0 for the row's name, 1 for
     /// the first cell
     CStr GetCellText(const SRow& row, std::size_t column) const;
+    /// What a cell stands for: a value, unless the row says otherwise. @param column as of GetCellText
+    static const SValueState& GetCellState(const SRow& row, std::size_t column);
     /// Removes columns, rows and selection.
     void Clear();
 

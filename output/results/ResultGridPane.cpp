@@ -45,7 +45,17 @@ void CResultGridPane::Update()
     if (m_grid.GetWidth() != GetColumnCount())
         SetColumnWidths(std::vector<int>(m_grid.GetWidth(), c_defaultWidth), IsSummary() ? 0 : 1);
     SetRowCount(m_grid.GetRows().size());
+    SetFrozenRows(CountFrozenRows());
     MapSelection();
+}
+
+std::size_t CResultGridPane::CountFrozenRows() const
+{
+    const auto& rows = m_grid.GetRows();
+    std::size_t count = 0;
+    while (count < std::min(rows.size(), c_frozenRows) && rows[count].subHeader)
+        ++count;
+    return count;
 }
 
 int CResultGridPane::GetFittingWidth(std::size_t column) const
@@ -100,7 +110,15 @@ CResultGridPane::SShownCell CResultGridPane::GetCell(SGridCell cell) const
     shown.flags = (row.subHeader ? SCellInfo::SubHeader : 0U) | (header ? SCellInfo::RowHeader : 0U);
     shown.align = header || IsSummary() ? EGridAlign::Left : EGridAlign::Right;
     shown.selected = GetSelection().Contains(cell);
+    shown.marked = header && GetSelection().HasRow(cell.row);
     return shown;
+}
+
+CStr CResultGridPane::GetToolTip(SGridCell cell) const
+{
+    const auto& rows = m_grid.GetRows();
+    return cell.row < rows.size() ? CGridBaseOutputCtrl::GetCellState(rows[cell.row], cell.column).reason
+                                  : CStr();
 }
 
 const CStr& CResultGridPane::GetGroup(std::size_t column) const
@@ -121,6 +139,8 @@ CResultGridPane::SShownHeader CResultGridPane::GetColumnHeader(std::size_t colum
     // A column without a group has the room of one for its own header.
     header.firstLine = GetGroup(column).IsEmpty() ? 0 : m_groupLines;
     header.lineCount = m_headerLines - header.firstLine;
+    header.align = column == 0 ? EGridAlign::Left : EGridAlign::Right;
+    header.marked = GetSelection().HasColumn(column);
     return header;
 }
 
@@ -143,6 +163,8 @@ CResultGridPane::SShownHeader CResultGridPane::GetGroupHeader(std::size_t column
     while (header.lastColumn + 1 < GetColumnCount() && GetGroup(header.lastColumn + 1) == GetGroup(column))
         ++header.lastColumn;
     header.flags = SCellInfo::ColumnHeader | SCellInfo::MergedHeader;
+    if (header.lastColumn != header.firstColumn)
+        header.align = EGridAlign::Center;
     return header;
 }
 
@@ -168,7 +190,7 @@ void CResultGridPane::DrawCell(CGridPainter& painter, SGridCell cell, const SRec
     if (shown.selected)
         painter.FillBackground(rect, EGridBackground::Selected);
     else if ((shown.flags & SCellInfo::RowHeader) != 0)
-        painter.FillBackground(rect, EGridBackground::Header);
+        painter.FillBackground(rect, shown.marked ? EGridBackground::MarkedHeader : EGridBackground::Header);
     else
         painter.FillBackground(rect, (shown.flags & SCellInfo::SubHeader) != 0 ? EGridBackground::SubHeader
                                                                                : EGridBackground::Plain);
@@ -190,14 +212,14 @@ void CResultGridPane::DrawHeader(CGridPainter& painter, std::size_t first, std::
                          header.firstLine == 0 ? 0 : top + c_margin,
                          GetCellRect({0, header.lastColumn}).right,
                          toEnd ? GetHeaderHeight() : top + header.lineCount * GetLineHeight() + c_margin};
-        painter.FillBackground(rect, EGridBackground::Header);
-        SRect line{rect.left + c_padding, top + c_margin, rect.right - c_padding, 0};
+        painter.FillBackground(rect, header.marked ? EGridBackground::MarkedHeader : EGridBackground::Header);
+        const int empty = header.lineCount - static_cast<int>(header.lines.size());
+        SRect line{rect.left + c_padding, top + empty * GetLineHeight() + c_margin, rect.right - c_padding,
+                   0};
         for (const CStr& text : header.lines) {
             line.bottom = line.top + GetLineHeight();
             if (!text.IsEmpty() && !line.IsEmpty())
-                painter.WriteText(line, text,
-                                  (header.flags & SCellInfo::RowHeader) != 0 ? EGridAlign::Left
-                                                                             : EGridAlign::Center);
+                painter.WriteText(line, text, header.align);
             line.top = line.bottom;
         }
     }

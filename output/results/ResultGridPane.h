@@ -13,8 +13,9 @@ namespace CommonUI
 {
 
 /// Shows a table of results: headers of several lines below the names of groups, row names that stay at the
-/// left, and cells that are made when they are drawn, so that a million rows open and scroll as fast as a
-/// thousand. What is selected here is selected in the table, too.
+/// left, as the sub-headers above all other rows do with the headers, and cells that are made when they are
+/// drawn, so that a million rows open and scroll as fast as a thousand. What is selected here is selected in
+/// the table, too.
 class COMMONUI_API CResultGridPane : public CGridPane
 {
 public:
@@ -25,6 +26,7 @@ public:
         int indent = 0;          ///< in levels
         std::uint32_t flags = 0; ///< of CGridBaseOutputCtrl::SCellInfo::EFlag
         bool selected = false;
+        bool marked = false; ///< the name of a row of which something is selected
     };
 
     /// A header as it is shown, over one column or, the name of a group, over several.
@@ -33,8 +35,10 @@ public:
         std::size_t firstColumn = 0;
         std::size_t lastColumn = 0;
         int firstLine = 0; ///< the line of the headers that it begins at
-        int lineCount = 1;
+        int lineCount = 1; ///< that it has room for; its own lines stand at the bottom
         std::uint32_t flags = 0;
+        EGridAlign align = EGridAlign::Right; ///< as the cells below it
+        bool marked = false;                  ///< of a column of which something is selected
     };
 
     /// @param grid not owned; it must outlive the pane
@@ -51,6 +55,9 @@ public:
     /// The headers over the columns from `first` to `last`; groups that reach beyond are given whole.
     std::vector<SShownHeader> GetHeaders(std::size_t first, std::size_t last) const;
 
+    /// Why a cell is empty; nothing where the table does not say it, and outside of it.
+    CStr GetToolTip(SGridCell cell) const;
+
     SSpokenCell Speak(SGridCell cell) const override { return {.text = GetCell(cell).text}; }
     /// With the name of the group in front.
     CStr SpeakHeader(std::size_t column) const override;
@@ -58,6 +65,8 @@ public:
     /// Control+C copies the selection with its headers.
     bool OnKey(const SGridKey& key) override;
 
+    /// How many sub-headers stay with the headers. Rows of them beyond that are scrolled.
+    static constexpr std::size_t c_frozenRows = 4;
     /// By how much a level indents, in pixels.
     static constexpr int c_indent = 20;
 
@@ -69,6 +78,7 @@ protected:
 
 private:
     bool IsSummary() const noexcept { return m_grid.GetType() == CGridBaseOutputCtrl::SCellInfo::Summary; }
+    std::size_t CountFrozenRows() const;
     const CStr& GetGroup(std::size_t column) const;
     SShownHeader GetColumnHeader(std::size_t column) const;
     SShownHeader GetGroupHeader(std::size_t column) const;

@@ -10,8 +10,8 @@
 namespace CommonUI
 {
 
-/// Makes the text of CGridBaseOutputCtrl::GenerateResultsHTMLTable in parts, for tables whose cells are not held in memory
-/// all at once.
+/// Makes the text of CGridBaseOutputCtrl::GenerateResultsHTMLTable in parts, for tables whose cells are not
+/// held in memory all at once.
 class COMMONUI_API CResultsHtml
 {
 public:
@@ -21,7 +21,8 @@ public:
     CResultsHtml(const CResultsHtml&) = delete;
     CResultsHtml& operator=(const CResultsHtml&) = delete;
 
-    /// The text of the next rows: with the table's start in front of the first ones, and its end behind the last.
+    /// The text of the next rows: with the table's start in front of the first ones, and its end behind the
+    /// last.
     /// @param rows the first ones have all headers and sub-headers on top of the table
     CStr MakePart(const CGridBaseOutputCtrl::CCells& rows);
 

@@ -14,6 +14,7 @@ namespace SurfaceReport
 using CommandLine::EUsage;
 using CommonUI::CStr;
 using CommonUI::Analysis::EGrainKind;
+namespace Analysis = CommonUI::Analysis;
 
 const char* const c_usage = R"(Reports the roughness or the grains of a measured surface.
 
@@ -22,10 +23,14 @@ usage: surface_report INPUT --out DIR [OPTION...]
   INPUT              a surface or profile: SDF (ISO 25178-71), X3P (ISO 25178-72), a text matrix with a "#" header,
                      or columns of text below a line such as "x [mm] z [um]"
   --out DIR          folder for report.txt (tab-separated) and report.html
-  --parameters KEYS  parameters by their keys, separated by commas: Sa,Sq,4287Ra,4287Pz
+  --parameters KEYS  parameters by their keys, separated by commas: Sa,Sq,4287Ra,4287Pz; those of templates with
+                     values in m or percent: 'Smc(10),Sdc(10,50)'
   --unit UNIT        unit of lengths: pm, nm, um, mm, m, uin, mil, in ...
   --level LEVEL      what is subtracted first: none, the mean height, or the least-squares plane
   --cutoff LENGTH    cut-off of the profile filter, such as 2.5um; a fifth of the profile without it
+  --motif-limits A[,B]
+                     widest motifs of roughness and waviness, such as 0.5mm,2.5mm; B is five times A without it, and
+                     both are those that ISO 12085 recommends for the length of the profiles without the option
   --grains HEIGHT    measures the connected grains at or above a height, such as 50nm, instead
   --grains SPEC      measures the particles or pores that a threshold set says: 'PnP[Id(198)]'  'PnP[File(x.pnps)]'
   --pores HEIGHT     measures the connected pores below a height instead
@@ -71,6 +76,37 @@ double ParseLength(const std::string& option, const std::string& text)
     return value * CommonUI::CUnit::GetFactorValue(ParseUnit(option, text.substr(unit)));
 }
 
+// One length or two; the second is five times the first without it, as in the table of the standard.
+Analysis::SMotifLimits ParseMotifLimits(const std::string& option, const std::string& text)
+{
+    constexpr double c_ratio = 5;
+    const std::size_t comma = text.find(',');
+    Analysis::SMotifLimits limits{.roughness = ParseLength(option, text.substr(0, comma))};
+    limits.waviness =
+        comma == text.npos ? c_ratio * limits.roughness : ParseLength(option, text.substr(comma + 1));
+    if (!(limits.roughness > 0 && limits.waviness >= limits.roughness))
+        throw EUsage(option + ": \"" + text + "\" is no length above 0, with no shorter one behind it");
+    return limits;
+}
+
+// At the commas outside of parentheses.
+std::vector<CStr> SplitKeys(const std::string& text)
+{
+    std::vector<CStr> keys;
+    std::size_t begin = 0;
+    for (std::size_t i = 0, depth = 0; i <= text.size(); ++i) {
+        if (i == text.size() || (text[i] == ',' && depth == 0)) {
+            keys.push_back(CStr::FromUtf8(text.substr(begin, i - begin)));
+            begin = i + 1;
+        } else if (text[i] == '(') {
+            ++depth;
+        } else if (text[i] == ')' && depth > 0) {
+            --depth;
+        }
+    }
+    return keys;
+}
+
 void TakeGrains(SOptions& options, const std::string& option, const std::string& height, EGrainKind kind)
 {
     auto& grains = options.request.method.grains;
@@ -97,10 +133,13 @@ CommandLine::CParser MakeParser(SOptions& options)
     parser.Add("--spacing",
                [&](auto& option, auto& length) { options.spacing = ParseLength(option, length); });
     parser.AddOptional("--list-settings", [&](auto&, auto& type) { options.listSettings = type; });
-    parser.Add("--parameters", [&](auto&, auto& keys) { request.keys = CStr::FromUtf8(keys).Split(u","); });
+    parser.Add("--parameters", [&](auto&, auto& keys) { request.keys = SplitKeys(keys); });
     parser.Add("--unit", [&](auto& option, auto& unit) { request.unit = ParseUnit(option, unit); });
     parser.Add("--cutoff",
                [&](auto& option, auto& length) { request.method.cutoff = ParseLength(option, length); });
+    parser.Add("--motif-limits", [&](auto& option, auto& limits) {
+        request.method.motifLimits = ParseMotifLimits(option, limits);
+    });
     parser.Add("--grains", [&](auto& option, auto& height) {
         TakeGrains(options, option, height, EGrainKind::Particle);
     });

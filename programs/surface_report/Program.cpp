@@ -9,6 +9,7 @@
 #include "measurement/ReportTables.h"
 #include "measurement/Results.h"
 #include "measurement/Steps.h"
+#include "platform/FixedFolders.h"
 #include "platform/Folders.h"
 #include "programs/command_line/CommandLine.h"
 #include "programs/command_line/ForOption.h"

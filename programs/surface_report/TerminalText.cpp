@@ -40,13 +40,23 @@ CommonUI::CStr StatisticsText(const CGrid& rows, const CGrid& statistics)
     return AlignedText(cells);
 }
 
+CommonUI::CStr WithNotes(const CommonUI::CStr& table, const CommonUI::Measurement::CFootnotes& notes)
+{
+    CommonUI::CStr text = table;
+    for (const CommonUI::CStr& line : notes.GetLines())
+        text += line + u'\n';
+    return text;
+}
+
 } // namespace
 
 std::string TerminalText(const CommonUI::Measurement::CReportTables& tables)
 {
     std::string text;
-    for (const CommonUI::CStr& part : {SummaryText(tables.GetSummary()), SurfaceText(tables.GetSurface()),
-                                       StatisticsText(tables.GetRows(), tables.GetStatistics())}) {
+    for (const CommonUI::CStr& part :
+         {SummaryText(tables.GetSummary()),
+          WithNotes(SurfaceText(tables.GetSurface()), tables.GetSurfaceNotes()),
+          WithNotes(StatisticsText(tables.GetRows(), tables.GetStatistics()), tables.GetStatisticsNotes())}) {
         if (!text.empty() && !part.IsEmpty())
             text += '\n';
         text += part.ToUtf8();

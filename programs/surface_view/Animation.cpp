@@ -20,7 +20,8 @@ using CommonUI::SAnimationSettings;
 SPicture DrawFrame(const SAnimationSettings& animation, int frame, const FDrawFrame& draw)
 {
     const CommonUI::SAnimationView view = animation.GetView(animation.GetPosition(frame));
-    // The camera looks along the y axis at an azimuth of 0 and turns towards the x axis, so the eye goes clockwise.
+    // The camera looks along the y axis at an azimuth of 0 and turns towards the x axis, so the eye goes
+    // clockwise.
     return draw({.azimuth = -view.azimuth, .elevation = view.elevation}, view.zoom);
 }
 

@@ -44,8 +44,8 @@ struct SPictureText {
 /// would overlap the second is left out, and the block takes the room that is left.
 /// @param size of the window in pixels
 /// @param scale how many pixels of the window make one of the picture
-/// @param zoom of CenterView, where the picture is one of many from all sides; what leaves the room for the block is
-///     then cut off. Without it the view is that of FitView.
+/// @param zoom of CenterView, where the picture is one of many from all sides; what leaves the room for the
+///     block is then cut off. Without it the view is that of FitView.
 SLayout MakeLayout(const SBox& box, const SDirection& direction, bool orthographic, const SPictureText& text,
                    CommonUI::SSize size, int scale, const CFont& font, std::optional<double> zoom = {});
 

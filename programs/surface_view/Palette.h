@@ -15,8 +15,8 @@ struct SIndexed {
     std::vector<std::uint8_t> indices{};               ///< of each pixel, rows from the top down
 };
 
-/// Finds the colours that come nearest to those of a picture: the colours are divided at the mean of those that deviate
-/// most, until there are enough of them. A colour of many pixels is kept as it is.
+/// Finds the colours that come nearest to those of a picture: the colours are divided at the mean of those
+/// that deviate most, until there are enough of them. A colour of many pixels is kept as it is.
 SIndexed ReduceColors(const SPicture& picture);
 
 } // namespace SurfaceView

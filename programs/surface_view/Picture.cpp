@@ -4,11 +4,27 @@
 
 #include <png.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
 namespace SurfaceView
 {
+
+namespace
+{
+
+// The longest side of an off-screen picture that drivers can be relied on to make.
+constexpr int c_longestSide = 4096;
+
+} // namespace
+
+int SuitableScale(CommonUI::SSize size)
+{
+    const int pixels = size.cx * size.cy;
+    const int affordable = pixels <= 2'000'000 ? 3 : pixels <= 6'000'000 ? 2 : 1;
+    return std::clamp(c_longestSide / std::max(size.cx, size.cy), 1, affordable);
+}
 
 SPicture ScaleDown(const SPixels& pixels, int scale)
 {

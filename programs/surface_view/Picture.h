@@ -16,6 +16,11 @@ struct SPicture {
     std::vector<std::uint8_t> bytes{};
 };
 
+/// How many pixels are drawn for one of a picture, along each side: three, or as many as drivers can be
+/// relied on to make and a large picture is worth.
+/// @param size of the picture
+int SuitableScale(CommonUI::SSize size);
+
 /// A picture of the means of squares of pixels, which smooths all edges.
 /// @param scale the side of the squares; the size of the pixels is a multiple of it
 SPicture ScaleDown(const SPixels& pixels, int scale);

@@ -11,7 +11,6 @@
 #include "programs/surface_view/Picture.h"
 #include "programs/surface_view/StackDepths.h"
 
-#include <algorithm>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -25,21 +24,6 @@ using CommonUI::Analysis::SSurface;
 
 namespace
 {
-
-// More points along a side than this are not told apart in a picture.
-constexpr std::size_t c_mostPoints = 768;
-
-// The longest side of an off-screen picture that drivers can be relied on to make.
-constexpr int c_longestSide = 4096;
-
-// How many pixels are drawn for one of the picture, along each side: as many as can be had, and at a
-// reasonable price.
-int SuitableScale(SSize size)
-{
-    const int pixels = size.cx * size.cy;
-    const int affordable = pixels <= 2'000'000 ? 3 : pixels <= 6'000'000 ? 2 : 1;
-    return std::clamp(c_longestSide / std::max(size.cx, size.cy), 1, affordable);
-}
 
 SSurface ReadLevelled(const SOptions& options)
 {

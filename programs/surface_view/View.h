@@ -44,8 +44,8 @@ struct SDirection {
 SView FitView(const SBox& box, const SDirection& direction, bool orthographic,
               const CommonUI::SRect& viewport);
 
-/// The view from the distance at which the block fits whichever way it is turned, so that it keeps its size while it
-/// turns; its middle is that of the viewport.
+/// The view from the distance at which the block fits whichever way it is turned, so that it keeps its size
+/// while it turns; its middle is that of the viewport.
 /// @param zoom 1 shows the whole block, 2 half of its width
 SView CenterView(const SBox& box, const SDirection& direction, bool orthographic,
                  const CommonUI::SRect& viewport, double zoom);

@@ -109,17 +109,4 @@ std::optional<std::size_t> CFormatSpecifierWindow::GetSelectedItem() const
     return index < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(index));
 }
 
-CQtFormatSpecifierDlg::CQtFormatSpecifierDlg(const CParameter& parameter, QWidget* parent)
-    : CFormatSpecifierDlg(parameter)
-    , m_window(new CFormatSpecifierWindow(parent))
-{
-    m_window->Attach(*this);
-}
-
-CQtFormatSpecifierDlg::~CQtFormatSpecifierDlg()
-{
-    EndDialog(c_cancel);
-    delete m_window;
-}
-
 } // namespace CommonUI

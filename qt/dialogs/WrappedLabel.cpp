@@ -30,6 +30,20 @@ QSizeF LayOut(QTextLayout& layout, const QString& text, double width, double pit
     return size;
 }
 
+// Styles make a disabled text so pale that it is hard to read. This one is still to be read: it says what a
+// dialog that was cancelled waits for.
+QColor GetTextColor(const QWidget& label)
+{
+    const QPalette& palette = label.palette();
+    const QColor text = palette.color(QPalette::Active, label.foregroundRole());
+    if (label.isEnabled())
+        return text;
+    const QColor ground = palette.color(QPalette::Active, label.backgroundRole());
+    const auto mix = [](int from, int to) { return (from * 3 + to * 7) / 10; };
+    return {mix(ground.red(), text.red()), mix(ground.green(), text.green()),
+            mix(ground.blue(), text.blue())};
+}
+
 } // namespace
 
 CWrappedLabel::CWrappedLabel(QWidget* parent)
@@ -50,7 +64,7 @@ void CWrappedLabel::paintEvent(QPaintEvent*)
     QTextLayout layout(QString(), font(), this);
     LayOut(layout, text(), width(), fontMetrics().height());
     QPainter painter(this);
-    painter.setPen(palette().color(foregroundRole()));
+    painter.setPen(GetTextColor(*this));
     layout.draw(&painter, QPointF(0, 0));
 }
 

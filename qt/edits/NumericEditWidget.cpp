@@ -2,6 +2,7 @@
 
 #include "common/StringTable.h"
 #include "qt/detail/EventGuard.h"
+#include "qt/detail/StepTexts.h"
 #include "qt/edits/QtEditField.h"
 #include "qt/edits/QtSpinButton.h"
 #include "qt/edits/QtStepSizePopup.h"
@@ -18,8 +19,6 @@ namespace CommonUI
 namespace
 {
 
-constexpr int c_largerSteps = 10283;
-constexpr int c_smallerSteps = 10284;
 constexpr int c_stepKeys = 10285;
 
 // The text of the label whose buddy the widget is, without the mark of its mnemonic.

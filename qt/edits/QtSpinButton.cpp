@@ -2,6 +2,7 @@
 
 #include "common/StringTable.h"
 #include "qt/detail/EventGuard.h"
+#include "qt/detail/StepTexts.h"
 #include "qt/QtText.h"
 
 #include <QEvent>
@@ -13,9 +14,6 @@ namespace CommonUI
 
 namespace
 {
-
-constexpr int c_increase = 10281;
-constexpr int c_decrease = 10282;
 
 // A tool button that a slot may delete. Qt's own needs itself once more after it was released, for a menu
 // that it has not got here.

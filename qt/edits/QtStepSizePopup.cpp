@@ -88,15 +88,7 @@ bool CQtStepSizePopup::eventFilter(QObject* watched, QEvent* event)
 
 void CQtStepSizePopup::paintEvent(QPaintEvent*)
 {
-    QPainter painter(this);
-    const QColor ground = CStepSizeHalf::GetGround(palette());
-    QColor line = palette().color(QPalette::WindowText);
-    line.setAlpha(96);
-    // Areas, as lines would not lie on the edge where a pixel of Qt is several of the screen.
-    painter.fillRect(rect(), ground);
-    painter.fillRect(rect(), line);
-    painter.fillRect(rect().adjusted(1, 1, -1, -1), ground);
-    painter.fillRect(0, height() / 2, width(), 1, line);
+    QPainter(this).fillRect(rect(), CStepSizeHalf::GetGround(palette()));
 }
 
 } // namespace CommonUI

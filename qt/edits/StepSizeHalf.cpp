@@ -2,18 +2,19 @@
 
 #include "common/StringTable.h"
 #include "qt/detail/EventGuard.h"
+#include "qt/detail/StepTexts.h"
 #include "qt/QtText.h"
 
 #include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
 
 namespace CommonUI
 {
 
 namespace
 {
-
-constexpr int c_largerSteps = 10283;
-constexpr int c_smallerSteps = 10284;
 
 bool IsDark(const QPalette& palette)
 {
@@ -50,19 +51,43 @@ CStepSizeBtn* CStepSizeHalf::GetControl() const
     return m_popup.GetControl() ? &m_popup.GetControl()->GetButton(m_type) : nullptr;
 }
 
+// A button that stands out from the ground of the pop-up.
+void CStepSizeHalf::DrawButton(QPainter& painter) const
+{
+    const QColor ground = GetGround(palette());
+    const QRectF face = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    QLinearGradient shade(face.topLeft(), face.bottomLeft());
+    const int lift = underMouse() ? 20 : 0;
+    shade.setColorAt(0, ground.lighter(115 + lift));
+    shade.setColorAt(1, ground.lighter(100 + lift));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(ground.darker(IsDark(palette()) ? 160 : 140));
+    painter.setBrush(isDown() ? palette().brush(QPalette::Highlight) : QBrush(shade));
+    painter.drawRoundedRect(face, 1.5, 1.5);
+}
+
+// The text as large as there is room for, counted from its digits: above and below there is nothing.
+void CStepSizeHalf::DrawText(QPainter& painter) const
+{
+    QFont large = font();
+    large.setBold(true);
+    large.setPixelSize(std::max(1, height()));
+    const QRectF box = QFontMetricsF(large).tightBoundingRect(text());
+    const QRectF room = QRectF(rect()).adjusted(2, 2, -2, -2);
+    QPainterPath path;
+    path.addText(0, 0, large, text());
+    painter.translate(room.center());
+    painter.scale(room.width() / box.width(), room.height() / box.height());
+    painter.translate(-box.center());
+    const QColor plain = IsDark(palette()) ? palette().color(QPalette::WindowText) : QColor(Qt::black);
+    painter.fillPath(path, isDown() ? palette().color(QPalette::HighlightedText) : plain);
+}
+
 void CStepSizeHalf::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const QColor text = IsDark(palette()) ? palette().color(QPalette::WindowText) : QColor(Qt::black);
-    if (isDown())
-        painter.fillRect(rect(), palette().highlight());
-    else if (underMouse())
-        painter.fillRect(rect(), GetGround(palette()).lighter(IsDark(palette()) ? 130 : 110));
-    QFont small = font();
-    small.setPixelSize(std::max(1, height() * 5 / 6));
-    painter.setFont(small);
-    painter.setPen(isDown() ? palette().color(QPalette::HighlightedText) : text);
-    painter.drawText(rect(), Qt::AlignCenter, this->text());
+    DrawButton(painter);
+    DrawText(painter);
 }
 
 void CStepSizeHalf::enterEvent(QEnterEvent*)

@@ -117,10 +117,14 @@ public:
         if (!GetGrid())
             return cells;
         const SGridRange range = GetGrid()->GetVisibleRange();
-        for (std::size_t row = range.firstRow; row <= range.lastRow; ++row)
-            for (std::size_t column = 0; column <= range.lastColumn; ++column)
-                if (GetGrid()->GetSelection().Contains({row, column}))
-                    cells.push_back(GetCell({row, column}));
+        const auto addRows = [&](std::size_t first, std::size_t end) {
+            for (std::size_t row = first; row < end; ++row)
+                for (std::size_t column = 0; column <= range.lastColumn; ++column)
+                    if (GetGrid()->GetSelection().Contains({row, column}))
+                        cells.push_back(GetCell({row, column}));
+        };
+        addRows(0, GetGrid()->GetFrozenRowCount());
+        addRows(range.firstRow, range.lastRow + 1);
         return cells;
     }
     // A selection is a rectangle, which these could not keep to.

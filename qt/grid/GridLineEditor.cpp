@@ -1,6 +1,7 @@
 #include "qt/grid/detail/GridLineEditor.h"
 
 #include "common/StringTable.h"
+#include "qt/detail/StepTexts.h"
 #include "qt/QtText.h"
 
 #include <QKeyEvent>
@@ -15,9 +16,6 @@ namespace CommonUI
 
 namespace
 {
-
-constexpr int c_increase = 10281;
-constexpr int c_decrease = 10282;
 
 // Lets only valid characters in. Blanks are the places of a mask that nothing has been typed at.
 class CCharacterValidator final : public QValidator
@@ -113,12 +111,11 @@ void CGridLineEditor::PlaceArrows()
 {
     if (!m_arrows[0])
         return;
-    const int width = m_line->height();
-    const int half = (m_line->height() + 1) / 2;
-    const int left = m_line->width() - width;
-    m_arrows[0]->setGeometry(left, 0, width, half);
-    m_arrows[1]->setGeometry(left, m_line->height() - half, width, half);
-    m_line->setTextMargins(0, 0, width, 0);
+    // Side by side, as one above the other they would be half as high. They lie where the cell has its own.
+    const int width = m_line->height() + 2;
+    m_arrows[0]->setGeometry(m_line->width() - width, 0, width, m_line->height());
+    m_arrows[1]->setGeometry(m_line->width() - 2 * width, 0, width, m_line->height());
+    m_line->setTextMargins(0, 0, 2 * width, 0);
 }
 
 void CGridLineEditor::Step(int steps)

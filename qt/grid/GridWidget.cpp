@@ -39,8 +39,10 @@ CGridWidget::CGridWidget(QWidget* parent)
     m_fitColumns->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Plus));
     m_fitColumns->setShortcutContext(Qt::WidgetShortcut);
     connect(m_fitColumns, &QAction::triggered, this, [this] {
-        if (GetControl())
-            GetControl()->FitColumns();
+        Guarded([this] {
+            if (GetControl())
+                GetControl()->OnFitColumns();
+        });
     });
     addAction(m_fitColumns);
 }
@@ -112,7 +114,8 @@ QSize CGridWidget::sizeHint() const
         return frame + QSize(20 * line, c_rows * line);
     const CGridPane::SExtent extent = grid->GetExtent();
     const int width = extent.width + verticalScrollBar()->sizeHint().width();
-    const int bar = width > 40 * line ? horizontalScrollBar()->sizeHint().height() : 0;
+    const bool hasBar = width > 40 * line && horizontalScrollBarPolicy() != Qt::ScrollBarAlwaysOff;
+    const int bar = hasBar ? horizontalScrollBar()->sizeHint().height() : 0;
     const long long most = grid->GetHeaderHeight() + c_rows * grid->GetRowHeight();
     return frame + QSize(std::min(width, 40 * line), static_cast<int>(std::min(extent.height, most)) + bar);
 }
@@ -149,7 +152,7 @@ void CGridWidget::UpdateVerticalBar(const CGridPane& grid, int shown)
     m_rowsScale = height / c_most + 1;
     const auto toBar = [this](long long pixels) { return static_cast<int>(pixels / m_rowsScale); };
     bar.setSingleStep(std::max(toBar(grid.GetRowHeight()), 1));
-    bar.setPageStep(std::max(toBar(shown - grid.GetHeaderHeight()), 1));
+    bar.setPageStep(std::max(toBar(shown - grid.GetBodyTop()), 1));
     bar.setRange(0, toBar(std::max(height - shown + m_rowsScale - 1, 0LL)));
     bar.setValue(toBar(grid.GetScrollTop()));
 }

@@ -74,8 +74,9 @@ private:
     // Tells the grid whether keys go to it or its editor.
     void UpdateFocus();
     void UpdateCursor(SPoint point);
-    // The left button is held no more, or its release will be somebody else's.
     void ForgetPress();
+    // The release of the left button will be somebody else's: it counts as released.
+    void AbandonPress();
     void UpdateVerticalBar(const CGridPane& grid, int shown);
     void UpdateHorizontalBar(const CGridPane& grid, int shown);
     void SendMouse(unsigned int message, SPoint point, Qt::KeyboardModifiers modifiers);

@@ -42,7 +42,7 @@ bool CGridWidget::event(QEvent* event)
 {
     // A dialog that a callback shows gets the release of the button.
     if (event->type() == QEvent::WindowBlocked)
-        ForgetPress();
+        AbandonPress();
     // Keys that grids use are no shortcuts of the window, but those that dialogs end with stay theirs.
     if (event->type() == QEvent::ShortcutOverride && GetControl()) {
         const auto key = ToGridKey(static_cast<QKeyEvent&>(*event));
@@ -121,7 +121,7 @@ void CGridWidget::mouseMoveEvent(QMouseEvent* event)
         UpdateCursor(m_pointer);
         return;
     }
-    const SRect cells{0, GetControl()->GetHeaderHeight(), viewport()->width(), viewport()->height()};
+    const SRect cells{0, GetControl()->GetBodyTop(), viewport()->width(), viewport()->height()};
     if (cells.Contains(m_pointer))
         m_repeat.stop();
     else if (!m_repeat.isActive())
@@ -144,6 +144,21 @@ void CGridWidget::ForgetPress()
 {
     m_repeat.stop();
     m_pressed = false;
+}
+
+void CGridWidget::AbandonPress()
+{
+    if (!m_pressed)
+        return;
+    ForgetPress();
+    // The window may be on its way out, and with it whom the grid would call.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (!m_pressed)
+                SendMouse(GridMouse::c_leftUp, m_pointer, m_modifiers);
+        },
+        Qt::QueuedConnection);
 }
 
 void CGridWidget::timerEvent(QTimerEvent* event)
@@ -184,7 +199,7 @@ void CGridWidget::focusOutEvent(QFocusEvent* event)
 
 void CGridWidget::hideEvent(QHideEvent* event)
 {
-    ForgetPress();
+    AbandonPress();
     QAbstractScrollArea::hideEvent(event);
 }
 

@@ -103,13 +103,18 @@ SColor CQtGridPainter::GetStyleColor(EGridColor color) const
     }
 }
 
-void CQtGridPainter::DrawHeader(const SRect& rect)
+void CQtGridPainter::DrawHeader(const SRect& rect, bool marked)
 {
     auto option = MakeOption<QStyleOptionHeader>(rect);
     option.orientation = Qt::Horizontal;
     option.position = QStyleOptionHeader::Middle;
     option.state |= QStyle::State_Raised;
     m_widget.style()->drawControl(QStyle::CE_HeaderSection, &option, &m_painter, &m_widget);
+    if (!marked)
+        return;
+    QColor mark = m_option.palette.color(QPalette::Highlight);
+    mark.setAlphaF(0.35F);
+    m_painter.fillRect(option.rect.adjusted(0, 0, -1, -1), mark);
 }
 
 void CQtGridPainter::FillHeaderRest(const SRect& rect)
@@ -124,13 +129,14 @@ void CQtGridPainter::FillBackground(const SRect& rect, EGridBackground backgroun
     const QRect whole = ToQRect(rect);
     switch (background) {
     case EGridBackground::Header:
-        DrawHeader(rect);
+    case EGridBackground::MarkedHeader:
+        DrawHeader(rect, background == EGridBackground::MarkedHeader);
         return;
     case EGridBackground::Selected:
         m_painter.fillRect(whole, m_option.palette.color(QPalette::Highlight));
         break;
     case EGridBackground::SubHeader:
-        m_painter.fillRect(whole, Blend(0.06));
+        m_painter.fillRect(whole, Blend(0.13));
         break;
     case EGridBackground::Plain:
         m_painter.fillRect(whole, m_option.palette.color(QPalette::Base));
@@ -191,10 +197,8 @@ void CQtGridPainter::DrawPush(const SRect& rect, const SGridButton& button)
 
 void CQtGridPainter::DrawArrows(const SRect& rect, const SGridButton& button)
 {
-    const bool spin = button.kind == SGridButton::EKind::Spin;
-    const int half = rect.GetHeight() / 2;
     const auto draw = [&](QStyle::PrimitiveElement arrow, const SRect& place) {
-        auto option = MakeOption<QStyleOption>(Centred(place, std::max(half, 8)));
+        auto option = MakeOption<QStyleOption>(Centred(place, std::max(rect.GetHeight() / 2, 8)));
         option.state = StateOf(button.enabled && m_option.state.testFlag(QStyle::State_Enabled));
         if (!button.enabled)
             option.palette.setCurrentColorGroup(QPalette::Disabled);
@@ -203,12 +207,13 @@ void CQtGridPainter::DrawArrows(const SRect& rect, const SGridButton& button)
             option.palette.setColor(role, ToQColor(m_textColor));
         m_widget.style()->drawPrimitive(arrow, &option, &m_painter, &m_widget);
     };
-    if (!spin) {
+    if (button.kind != SGridButton::EKind::Spin) {
         draw(QStyle::PE_IndicatorArrowDown, rect);
         return;
     }
-    draw(QStyle::PE_IndicatorArrowUp, {rect.left, rect.top + 1, rect.right, rect.top + half + 1});
-    draw(QStyle::PE_IndicatorArrowDown, {rect.left, rect.bottom - half - 1, rect.right, rect.bottom - 1});
+    const int middle = rect.left + rect.GetWidth() / 2;
+    draw(QStyle::PE_IndicatorArrowDown, {rect.left, rect.top, middle, rect.bottom});
+    draw(QStyle::PE_IndicatorArrowUp, {middle, rect.top, rect.right, rect.bottom});
 }
 
 void CQtGridPainter::DrawButton(const SRect& rect, const SGridButton& button)

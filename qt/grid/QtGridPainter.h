@@ -43,7 +43,7 @@ public:
 private:
     template<class TOption>
     TOption MakeOption(const SRect& rect) const;
-    void DrawHeader(const SRect& rect);
+    void DrawHeader(const SRect& rect, bool marked);
     void DrawPush(const SRect& rect, const SGridButton& button);
     void DrawArrows(const SRect& rect, const SGridButton& button);
     QColor Blend(double part) const;

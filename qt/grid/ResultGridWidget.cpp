@@ -3,12 +3,15 @@
 #include "common/StringTable.h"
 #include "output/results/GridCopy.h"
 #include "qt/detail/EventGuard.h"
+#include "qt/grid/detail/CopyIcons.h"
 #include "qt/grid/detail/GridRects.h"
 #include "qt/QtText.h"
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QMenu>
+#include <QToolTip>
 
 #include <utility>
 
@@ -55,9 +58,20 @@ CResultGridWidget::~CResultGridWidget()
     m_pane.SetView(nullptr);
 }
 
+bool CResultGridWidget::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return CGridWidget::viewportEvent(event);
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const SGridHit hit = m_pane.HitTest({help.pos().x(), help.pos().y()});
+    const CStr text = hit.part == SGridHit::EPart::Cell ? m_pane.GetToolTip(hit.cell) : CStr();
+    QToolTip::showText(help.globalPos(), ToQString(text), viewport()); // an empty text hides the one before
+    return true;
+}
+
 void CResultGridWidget::AddCommand(ECommand command, int textId)
 {
-    auto* const action = new QAction(ToQString(GetString(textId)), this);
+    auto* const action = new QAction(MakeCopyIcon(command), ToQString(GetString(textId)), this);
     action->setShortcutContext(Qt::WidgetShortcut);
     connect(action, &QAction::triggered, this, [this, command] { Guarded([&] { Run(command); }); });
     m_actions[static_cast<std::size_t>(command)] = action;

@@ -44,6 +44,8 @@ public:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    /// Shows why a cell is empty.
+    bool viewportEvent(QEvent* event) override;
 
 private:
     CResultGridWidget(std::unique_ptr<CGridBaseOutputCtrl> owned, QWidget* parent);

@@ -1,31 +1,24 @@
 #include "qt/services/QtFolders.h"
 
+#include "common/PathText.h"
+#include "qt/QtText.h"
+
 #include <QCoreApplication>
 #include <QStandardPaths>
 
 namespace CommonUI
 {
 
-namespace
-{
-
-std::filesystem::path ToPath(const QString& path)
-{
-    return path.toStdU16String();
-}
-
-} // namespace
-
 CQtFolders::~CQtFolders() = default;
 
 std::filesystem::path CQtFolders::GetApplicationFolder() const
 {
-    return ToPath(QCoreApplication::applicationDirPath());
+    return ToPath(FromQString(QCoreApplication::applicationDirPath()));
 }
 
 std::filesystem::path CQtFolders::GetSettingsFolder() const
 {
-    return ToPath(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
+    return ToPath(FromQString(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)));
 }
 
 } // namespace CommonUI

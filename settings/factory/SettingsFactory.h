@@ -20,8 +20,8 @@ namespace CommonUI
 /// files are described in docs/settings-factory.md.
 ///
 /// A set has an identifier for this run: that of a built-in set is its number in the catalogue, that of a
-/// file is 200 or more and stays the same however often the file is met. One backslash at the end of a path is no
-/// part of it, wherever the path comes from.
+/// file is 200 or more and stays the same however often the file is met. One backslash at the end of a path
+/// is no part of it, wherever the path comes from.
 ///
 /// Used on the user-interface thread. What cannot be loaded or found gives an empty set whose entry has the
 /// identifier SSettingsEntry::s_InvalidID, with the reason in the diagnostics (category u"SettingsFactory"
@@ -59,8 +59,8 @@ public:
     virtual ~CSettingsFactory();
 
     /// Puts the stored recent sets in front of the recent lists. Opens no file: one that is gone is noticed
-    /// when it is used. What no set can be meant by, and a built-in set of another type, is skipped with a line in
-    /// the diagnostics.
+    /// when it is used. What no set can be meant by, and a built-in set of another type, is skipped with a
+    /// line in the diagnostics.
     /// @return true always
     bool Load(CInifile& ini);
     /// Stores the recent lists. @return true always

@@ -15,7 +15,8 @@ COMMONUI_API const CEnum<Analysis::EGrainThreshold>& GetGrainThresholdEnum();
 
 /// What the particle and pore analysis looks for. The stored form, and how a threshold is found in a surface,
 /// are described in docs/grain-threshold-settings.md, what a grain is in docs/grain-measures.md. The defaults
-/// here are those of reading; the thresholds that users are offered are in catalogue/BuiltInGrainThresholds.cpp.
+/// here are those of reading; the thresholds that users are offered are in
+/// catalogue/BuiltInGrainThresholds.cpp.
 struct COMMONUI_API SGrainThresholdSettings {
     Analysis::EGrainKind kind = Analysis::EGrainKind::Particle;
     Analysis::EGrainThreshold threshold = Analysis::EGrainThreshold::Relative;

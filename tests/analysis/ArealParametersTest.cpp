@@ -1,9 +1,7 @@
 #include "analysis/areal/ArealParameters.h"
-#include "analysis/areal/HeightParameters.h"
 
-#include "analysis/areal/MaterialRatio.h"
+#include "analysis/areal/HeightParameters.h"
 #include "analysis/form/Levelling.h"
-#include "analysis/form/PlaneCorrection.h"
 #include "formats/SurfaceReader.h"
 #include "tests/analysis/TestSurfaces.h"
 
@@ -174,6 +172,39 @@ TEST(ArealParameters, WhatIsNotDefinedIsNaN)
     EXPECT_THROW(ComputeAreal(missing), ENoPoints);
 }
 
+TEST(ArealParameters, SayWhyTheyAreNotDefined)
+{
+    struct SRow {
+        SSurface surface;
+        std::string_view key;
+        double value;
+        std::string_view reason;
+    };
+    const auto flat = [](double, double) { return 0.1; };
+    const auto slope = [](double x, double) { return x; };
+    const auto wave = [](double x, double) { return std::sin(x); };
+    const std::string_view noFive = "fewer than five peaks are significant";
+    const SRow rows[] = {
+        {MakeSurface(9, 9, flat), "Spd", 0, ""},
+        {MakeSurface(9, 9, flat), "Spc", c_undefined, "no peak is significant"},
+        {MakeSurface(9, 9, slope), "Spc", c_undefined, "no peak is significant"},
+        {MakeSurface(9, 9, flat), "S10z", c_undefined, noFive},
+        {MakeSurface(9, 9, slope), "Sdv", c_undefined, "every dale touches the edge"},
+        {MakeSurface(200, 1, wave), "Spd", c_undefined, "no point has neighbours on all sides"},
+        {MakeSurface(200, 1, wave), "Shv", c_undefined, "every hill touches the edge"},
+        {MakeSurface(1, 1, flat), "S5p", c_undefined, noFive},
+        {MakeSurface(9, 9, flat), "Srw", c_undefined, "the surface is flat"},
+        {MakeSurface(200, 1, wave), "Stdi", c_undefined, "the surface is no wider than two spacings"},
+        {MakeSurface(40, 20, wave), "Sfd", c_undefined, "the surface is narrower than 32 spacings"},
+    };
+    for (const SRow& row : rows) {
+        const auto values = ComputeAreal(row.surface, {{row.key}});
+        ASSERT_EQ(values.size(), 1u);
+        ExpectValues(values, {{row.key, row.value}});
+        EXPECT_EQ(values[0].reason, row.reason) << row.key;
+    }
+}
+
 TEST(ArealParameters, MissingPointsAreLeftOut)
 {
     const auto ramp = [](double x, double y) { return 3e-7 * x + 4e-7 * y; };
@@ -186,67 +217,6 @@ TEST(ArealParameters, MissingPointsAreLeftOut)
                                          {"Smin", 3e-7}});
     Level(surface, ELevelling::Plane);
     ExpectValues(ComputeAreal(surface), {{"Sq", 0}, {"Ssk", c_undefined}, {"Count", 598}});
-}
-
-TEST(MaterialRatio, SortsAnyDistribution)
-{
-    std::mt19937 random(1);
-    const auto heavyTailed = [&] {
-        return std::tan(c_pi * (static_cast<double>(random()) / 4294967296.0 - 0.5));
-    };
-    std::vector<double> heights;
-    for (int i = 0; i < 20000; ++i)
-        heights.push_back(i % 7 == 0 ? c_missing : i % 5 == 0 ? 0.25 : heavyTailed());
-    const CMaterialRatio curve(heights);
-    std::erase_if(heights, [](double z) { return std::isnan(z); });
-    std::sort(heights.rbegin(), heights.rend());
-    EXPECT_TRUE(
-        std::equal(heights.begin(), heights.end(), curve.GetHeights().begin(), curve.GetHeights().end()));
-    for (const double percent : {0.0, 3.3, 50.0, 99.99, 100.0})
-        EXPECT_NEAR(curve.GetHeight(curve.GetRatio(curve.GetHeight(percent))), curve.GetHeight(percent),
-                    1e-9);
-}
-
-TEST(Levelling, RemovesWhatItShould)
-{
-    const auto wave = [](double x, double y) { return 1e-9 * std::cos(x) * std::cos(y); };
-    SSurface surface =
-        MakeSurface(64, 48, [&](double x, double y) { return 1e-3 + 3e-7 * x - 2e-7 * y + wave(x, y); });
-    SSurface expected = MakeSurface(64, 48, wave);
-    surface.heights[3] = expected.heights[3] = c_missing;
-    Level(surface, ELevelling::Mean);
-    EXPECT_NEAR(Get(ComputeAreal(surface), "Smean"), 0, 1e-18);
-    EXPECT_GT(Get(ComputeAreal(surface), "Sz"), 1e-5);
-    Level(surface, ELevelling::Plane);
-    Level(expected, ELevelling::Plane);
-    EXPECT_TRUE(std::isnan(surface.heights[3]));
-    surface.heights[3] = expected.heights[3] = 0;
-    for (std::size_t i = 0; i < surface.heights.size(); ++i)
-        ASSERT_NEAR(surface.heights[i], expected.heights[i], 1e-18) << i;
-}
-
-TEST(Levelling, OfPointsOnOneStraightLine)
-{
-    for (const auto& [alongX, alongY] : {std::pair{1.0, 0.0}, {0.0, 1.0}, {1.0, 1.0}}) {
-        SSurface surface = MakeSurface(9, 9, [&](double x, double y) {
-            return (x - 4) * alongY == (y - 4) * alongX ? 1 + 0.5 * x + 0.25 * y : c_missing;
-        });
-        Level(surface, ELevelling::Plane);
-        ExpectValues(ComputeAreal(surface), {{"Sz", 0}, {"Count", 9}});
-    }
-    // Where the mean is no whole number, rounding makes a narrow strip of such a line.
-    for (const double steep : {3.0, 5.0, 7.0})
-        for (const double points : {3.0, 6.0, 7.0}) {
-            SSurface surface = MakeSurface(8, 64, [&](double x, double y) {
-                return x < points && y == steep * x && x != 1 ? std::cos(x) : c_missing;
-            });
-            SSurface corrected = surface;
-            Level(surface, ELevelling::Plane);
-            Correct(corrected, {ECorrectionScope::Global, ECorrectionMethod::Polynomial, 1});
-            const double level = Get(ComputeAreal(surface), "Sz");
-            EXPECT_LT(level, 2.5) << steep << " " << points;
-            EXPECT_NEAR(Get(ComputeAreal(corrected), "Sz"), level, 1e-9) << steep << " " << points;
-        }
 }
 
 TEST(ArealParameters, MeasuredSurface)

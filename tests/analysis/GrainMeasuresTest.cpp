@@ -1,11 +1,11 @@
 #include "analysis/grain/GrainMeasures.h"
 
-#include "analysis/grain/Neighbours.h"
 #include "tests/analysis/GrainPictures.h"
 #include "tests/TestData.h"
 
 #include <cmath>
 #include <numbers>
+#include <random>
 #include <set>
 #include <sstream>
 #include <string>
@@ -119,6 +119,94 @@ TEST(GrainMeasures, SlantingBar)
                  {{"CGAreaX", 110e-6}, {"CGAreaY", 80e-6}, {"AreaExHoles", Get(bar, "AreaPixel") * 0.5e-12}});
 }
 
+// What a shape is made of: where a point lies, in cells.
+TEST(GrainMeasures, SkeletonsAreAsLongAsTheirBranches)
+{
+    struct SRow {
+        const char* what;
+        bool (*isInside)(double x, double y);
+        double length;
+        double tolerance;
+    };
+    const SRow rows[] = {
+        {"bar", [](double x, double y) { return std::abs(x - 60) < 40 && std::abs(y - 50) < 5; }, 80, 1},
+        {"bar of odd width", [](double x, double y) { return std::abs(x - 50.5) < 4 && y > 20 && y < 90; },
+         70, 1},
+        {"line", [](double x, double y) { return std::abs(x - 50.5) < 0.6 && y > 20 && y < 90; }, 70, 1e-9},
+        {"at 30°",
+         [](double x, double y) {
+             const double c = std::sqrt(0.75);
+             return std::abs((x - 60) * c + (y - 50) / 2) < 40 && std::abs((y - 50) * c - (x - 60) / 2) < 4;
+         },
+         80, 5.5},
+        {"L with legs 60 and 40",
+         [](double x, double y) {
+             return (x > 20 && x < 26 && y > 20 && y < 80) || (x > 20 && x < 60 && y > 74 && y < 80);
+         },
+         60 + 40 - 6, 3},
+        {"cross",
+         [](double x, double y) {
+             return std::min(std::abs(x - 60), std::abs(y - 60)) < 3 &&
+                    std::max(std::abs(x - 60), std::abs(y - 60)) < 40;
+         },
+         160, 3},
+        {"ring", [](double x, double y) { return std::abs(std::hypot(x - 60, y - 60) - 40) < 4; }, 80 * c_pi,
+         5},
+        {"disc", [](double x, double y) { return std::hypot(x - 60, y - 60) < 30; }, 60, 3},
+        {"square", [](double x, double y) { return std::max(std::abs(x - 60), std::abs(y - 60)) < 20; }, 40,
+         1},
+    };
+    for (const SRow& row : rows)
+        for (const double dy : {1e-6, 2e-6}) {
+            SSurface surface = MakeSurface(130, dy > 1e-6 ? 65 : 130, [&](double x, double y) {
+                return row.isInside(x + 0.5, (y + 0.5) * dy / 1e-6) ? 100e-9 : 0;
+            });
+            surface.dy = dy;
+            const double wider = dy > 1e-6 ? 2 : 1;
+            EXPECT_NEAR(Get(MeasureOnly(surface), "TotalFiberLength") / 1e-6, row.length,
+                        wider * row.tolerance)
+                << row.what << " dy " << dy;
+        }
+}
+
+TEST(GrainMeasures, GrainsThatMeetInACornerHaveSkeletonsOfTheirOwn)
+{
+    const std::string_view keys[] = {"TotalFiberLength"};
+    const SGrains grains =
+        MeasureGrains(MakePicture("#####.../.....###"), c_threshold, EGrainKind::Particle, keys);
+    ASSERT_EQ(grains.columns.size(), 1u);
+    EXPECT_EQ(grains.columns[0].values, (std::vector<double>{5, 3}));
+}
+
+TEST(GrainMeasures, PlateausAndAngles)
+{
+    const auto around = [](auto height) {
+        return MeasureOnly(MakeSurface(401, 401, [&](double x, double y) {
+            return c_threshold * (1 + height(std::hypot(x - 200, y - 200) / 200));
+        }));
+    };
+    const auto index = [](const std::vector<SValue>& values) { return Get(values, "PlateauIndex"); };
+    EXPECT_EQ(index(around([](double r) { return r < 1 ? 2.0 : -1; })), 1);
+    EXPECT_NEAR(index(around([](double r) { return 1 - r * r; })), 0, 1e-3);
+    EXPECT_NEAR(index(around([](double r) { return 1 - r; })), -1.0 / 3, 1e-3);
+    EXPECT_NEAR(index(around([](double r) { return r < 1 ? std::exp(-r * 30) : -1; })), -1, 0.01);
+    EXPECT_TRUE(std::isnan(index(MeasureOnly(MakePicture(".=.")))));
+
+    // A wedge whose tip is far from the centre, turned by and by. Its length lies along one of its sides,
+    // which slope 0.2.
+    for (const double degrees : {0.0, 50.0, 90.0, 130.0, 179.0, -20.0, -90.0, -150.0}) {
+        const double c = std::cos(degrees * c_pi / 180);
+        const double s = std::sin(degrees * c_pi / 180);
+        const auto wedge = MeasureOnly(MakeSurface(400, 400, [&](double x, double y) {
+            const double along = (x - 200) * c + (y - 200) * s;
+            const double across = (y - 200) * c - (x - 200) * s;
+            return along > -50 && along < 90 && std::abs(across) < 30 - 0.2 * (along + 50) ? 100e-9 : 0;
+        }));
+        EXPECT_NEAR(std::remainder(Get(wedge, "Angle") - degrees, 360), 0, 12) << degrees;
+        EXPECT_NEAR(std::remainder(Get(wedge, "Angle") - Get(wedge, "Orientation"), 180), 0, 1e-9);
+    }
+}
+
 TEST(GrainMeasures, HeightsAndVolumes)
 {
     // About a threshold of 10: particles of five points and of one, pores of two points and of three.
@@ -186,6 +274,11 @@ TEST(GrainMeasures, AnyShapeKeepsToTheLimits)
             EXPECT_GE(Get(values, "MaxFeret"), Get(values, "Length") * (1 - 1e-12));
             EXPECT_GE(Get(values, "Orientation"), 0);
             EXPECT_LT(Get(values, "Orientation"), 180);
+            EXPECT_LE(std::abs(Get(values, "PlateauIndex")), 1);
+            EXPECT_LE(std::abs(Get(values, "Angle")), 180);
+            EXPECT_GT(Get(values, "TotalFiberLength"), 0);
+            // No cell has more than four half steps.
+            EXPECT_LE(Get(values, "TotalFiberLength"), 2 * Get(values, "AreaPixel") * surface.dx);
         }
     }
 }
@@ -266,45 +359,4 @@ TEST(GrainMeasures, Statistics)
                                                             {"SDWeightArea", sd},
                                                             {"MeanWeightVolume", 1.8},
                                                             {"SDWeightVolume", sd}});
-}
-
-TEST(Neighbours, AreThoseOfTheDefinition)
-{
-    std::mt19937 random(2);
-    const auto real = [&](double range) { return range * static_cast<double>(random()) / 4294967296.0; };
-    const auto fill = [&](std::size_t count, const auto& make) {
-        std::vector<SPosition> positions;
-        for (std::size_t i = 0; i < count; ++i)
-            positions.push_back(make(static_cast<double>(i)));
-        return positions;
-    };
-    const auto at = [](double x, double y) { return SPosition{x, y}; };
-    const std::vector<SPosition> sets[] = {
-        fill(2, [&](double i) { return at(i, -i); }),
-        fill(500, [&](double) { return at(real(1), real(1)); }),
-        fill(500, [&](double) { return at(1e-6 + real(1e-4), 3); }),
-        fill(500, [&](double i) { return at(3, i * i); }),
-        fill(500, [&](double i) { return i < 3 ? at(1e3 * i, 700) : at(real(1), real(0.01)); }),
-        fill(400, [&](double i) { return at(std::fmod(i, 20), std::floor(i / 20)); }), // all at several
-        fill(5, [&](double) { return at(7, 7); }),
-    };
-    for (const auto& set : sets) {
-        const auto neighbours = FindNeighbours(set);
-        ASSERT_EQ(neighbours.size(), set.size());
-        for (std::size_t i = 0; i < set.size(); ++i) {
-            std::size_t nearest = i == 0 ? 1 : 0;
-            const auto distance = [&](std::size_t k) {
-                return std::hypot(set[k].x - set[i].x, set[k].y - set[i].y);
-            };
-            for (std::size_t k = 0; k < set.size(); ++k)
-                if (k != i && distance(k) < distance(nearest))
-                    nearest = k;
-            ASSERT_EQ(neighbours[i].index, nearest);
-            ASSERT_DOUBLE_EQ(neighbours[i].distance, distance(nearest));
-        }
-    }
-    EXPECT_EQ(FindNeighbours(sets[0])[0].angle, -45);
-    EXPECT_EQ(FindNeighbours(sets[0])[1].angle, 135);
-    EXPECT_TRUE(std::isnan(FindNeighbours(sets[6])[0].angle));
-    EXPECT_TRUE(FindNeighbours(std::span(sets[0]).first(1)).empty());
 }

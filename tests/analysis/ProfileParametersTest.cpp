@@ -66,8 +66,8 @@ TEST(ProfileParameters, ElementsOfPeriodicProfilesAreTheirPeriods)
     constexpr std::size_t c_points = 4000;
     std::mt19937 random(7);
     std::normal_distribution<double> noise(0, 0.02);
-    // Three elements up to the least width, which is that of half an element: 250 with a fifth of the profile as
-    // cut-off, 1000 with a twenty-fifth.
+    // Three elements up to the least width, which is that of half an element: 250 with a fifth of the profile
+    // as cut-off, 1000 with a twenty-fifth.
     for (const double shares : {5.0, 25.0})
         for (const double period : {1333.0, 433.3, 80.0, 60.0, 37.3, 16.67, 4.0}) {
             if (period / 2 < 0.01 * c_points / shares)
@@ -75,7 +75,8 @@ TEST(ProfileParameters, ElementsOfPeriodicProfilesAreTheirPeriods)
             for (const double phase : {0.0, 0.21, 0.5, 0.83}) {
                 const auto ofPhase = [&](double x) { return 1e-6 * Wave(x + phase * period, period); };
                 const auto spacing = [&](const std::vector<double>& profile, const char* key) {
-                    return Get(ComputeProfile(profile, c_dx, c_points / shares * c_dx), key) / c_dx;
+                    return Get(ComputeProfile(profile, c_dx, {.cutoff = c_points / shares * c_dx}), key) /
+                           c_dx;
                 };
                 const auto sine = MakeProfile(c_points, ofPhase);
                 EXPECT_NEAR(spacing(sine, "RSm"), period, 1e-3 * period) << phase << " of " << shares;

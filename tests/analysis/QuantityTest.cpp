@@ -14,7 +14,7 @@ namespace
 SSurface MakeRough()
 {
     std::mt19937 random(7);
-    return MakeSurface(40, 30, [&random](double x, double y) {
+    return MakeSurface(64, 48, [&random](double x, double y) {
         return 1e-8 * std::sin(x) * std::sin(y) + 1e-9 * static_cast<double>(random() % 97);
     });
 }
@@ -36,15 +36,16 @@ TEST(Quantity, EachAloneIsAsWithAllOthers)
         EXPECT_EQ(alone[0].value, values[i].value) << areal[i].key;
     }
     const std::vector<SQuantity> profile = GetProfileQuantities();
-    const std::vector<SValues> tables = ComputeProfiles(surface);
+    const SProfileMethod method{.cutoff = 20e-6}; // not the default
+    const std::vector<SValues> tables = ComputeProfiles(surface, method);
     ASSERT_EQ(tables.size(), profile.size());
     for (std::size_t i = 0; i < profile.size(); ++i) {
-        const std::vector<SValues> alone = ComputeProfiles(surface, {{profile[i].key}});
+        const std::vector<SValues> alone = ComputeProfiles(surface, {{profile[i].key}}, method);
         ASSERT_EQ(alone.size(), 1u);
         EXPECT_EQ(alone[0].key, tables[i].key);
         for (std::size_t line = 0; line < surface.lines; ++line)
             ExpectValues({{profile[i].key, alone[0].values[line]}},
-                         {ComputeProfile(surface.GetLine(line), surface.dx).at(i)});
+                         {ComputeProfile(surface.GetLine(line), surface.dx, method).at(i)});
     }
 }
 

@@ -1,8 +1,10 @@
 #include "analysis/areal/ArealParameters.h"
 #include "analysis/areal/Autocorrelation.h"
+#include "analysis/numeric/FourierTransform.h"
 #include "tests/analysis/TestSurfaces.h"
 
 #include <cmath>
+#include <complex>
 #include <numbers>
 #include <random>
 
@@ -11,6 +13,7 @@ using namespace CommonUI::Analysis;
 namespace
 {
 
+constexpr std::string_view c_spectralKeys[] = {"Std", "Stdi", "Srw", "Srwi", "Sfd"};
 constexpr std::string_view c_keys[] = {"Sal", "Str", "Std", "Scl20", "Scl37", "Str20", "Str37"};
 
 double Cosine(double x, double period)
@@ -18,43 +21,56 @@ double Cosine(double x, double period)
     return std::cos(2 * std::numbers::pi * x / period);
 }
 
-// The definition itself, for one shift.
-double Correlate(const SSurface& surface, std::ptrdiff_t shiftX, std::size_t shiftY)
+// A surface whose power goes with 1/f^(2 + 2 Hurst), by spectral synthesis: a fractional Brownian surface, of
+// dimension 3 - Hurst.
+SSurface MakeBrownian(std::size_t size, double hurst, unsigned seed)
 {
-    const auto columns = static_cast<std::ptrdiff_t>(surface.points);
-    double sum = 0;
-    double count = 0;
-    for (std::size_t y = shiftY; y < surface.lines; ++y)
-        for (std::ptrdiff_t x = std::max<std::ptrdiff_t>(0, shiftX);
-             x < columns + std::min<std::ptrdiff_t>(0, shiftX); ++x) {
-            const double a = surface.GetLine(y)[static_cast<std::size_t>(x)];
-            const double b = surface.GetLine(y - shiftY)[static_cast<std::size_t>(x - shiftX)];
-            sum += std::isnan(a + b) ? 0 : a * b;
-            ++count;
-        }
-    return sum / count;
+    std::mt19937 random(seed);
+    std::normal_distribution<double> normal(0, 1);
+    std::vector<std::complex<double>> values(size * size);
+    const auto frequency = [size](std::size_t i) { return static_cast<double>(std::min(i, size - i)); };
+    for (std::size_t i = 1; i < values.size(); ++i) {
+        const double f = std::hypot(frequency(i % size), frequency(i / size));
+        const double amplitude = 1e-6 * std::pow(f, -1 - hurst);
+        values[i] = {amplitude * normal(random), amplitude * normal(random)};
+    }
+    const CFourierTransform transform(size);
+    std::vector<std::complex<double>> column(size);
+    for (std::size_t x = 0; x < size; ++x) {
+        for (std::size_t y = 0; y < size; ++y)
+            column[y] = values[y * size + x];
+        transform.Inverse(column);
+        for (std::size_t y = 0; y < size; ++y)
+            values[y * size + x] = column[y];
+    }
+    for (std::size_t y = 0; y < size; ++y)
+        transform.Inverse(std::span(values).subspan(y * size, size));
+    return MakeSurface(size, size, [&](double x, double y) {
+        return values[static_cast<std::size_t>(y) * size + static_cast<std::size_t>(x)].real();
+    });
+}
+
+// Σ |W|² and Σ |W|² exp(-d²/2) over the distances d from a wave, in units of 1/side, W being the transform of
+// the Hann window over the side: what the spectrum has of a plane wave, and how much of it counts at its
+// maximum.
+struct SWindow {
+    double all = 0;
+    double counts = 0;
+};
+
+SWindow SumWindow()
+{
+    SWindow sums;
+    for (int i = -8000; i <= 8000; ++i) {
+        const double d = (i + 0.5) / 1000;
+        const double w = std::sin(std::numbers::pi * d) / (std::numbers::pi * d * (1 - d * d));
+        sums.all += w * w;
+        sums.counts += w * w * std::exp(-d * d / 2);
+    }
+    return sums;
 }
 
 } // namespace
-
-TEST(Autocorrelation, IsTheMeanProductOfThePointsThatOverlap)
-{
-    std::mt19937 random(3);
-    for (const auto& [points, lines] : {std::pair<std::size_t, std::size_t>{16, 16}, {21, 10}, {2, 7}}) {
-        SSurface surface = MakeSurface(points, lines, [&](double, double) {
-            return 1e-9 * (static_cast<double>(random() % 2001) - 1000);
-        });
-        surface.heights[points + 1] = c_missing;
-        const CAutocorrelation autocorrelation(surface, 0);
-        const double unshifted = Correlate(surface, 0, 0);
-        const auto reach = static_cast<std::ptrdiff_t>(points / 2);
-        for (std::size_t y = 0; y <= lines / 2; ++y)
-            for (std::ptrdiff_t x = -reach; x <= reach; ++x)
-                EXPECT_NEAR(autocorrelation.GetValue(static_cast<double>(x), static_cast<double>(y)),
-                            Correlate(surface, x, y) / unshifted, 1e-13)
-                    << x << " " << y << " of " << points << " by " << lines;
-    }
-}
 
 TEST(SpatialParameters, ProductOfCosines)
 {
@@ -156,6 +172,87 @@ TEST(SpatialParameters, PowerCountsWithTheFrequency)
         return 2 * Cosine(x, 50) + Cosine(y, 5); // four times the power at a tenth of the frequency
     });
     EXPECT_NEAR(std::abs(Get(ComputeAreal(surface, c_keys), "Std")), 90, 0.1);
+}
+
+TEST(SpatialParameters, WavelengthOfWaves)
+{
+    for (const double scale : {1e-8, 1e-6, 1e-4})
+        for (const double dy : {1.0, 2.0})
+            for (const double period : {4.3, 10.0, 40.0})
+                for (const double degrees : {0.0, 35.0, 90.0}) {
+                    const double angle = degrees * std::numbers::pi / 180;
+                    SSurface surface = MakeSurface(240, 200, [&](double x, double y) {
+                        return scale * (7 + Cosine(x * std::cos(angle) + y * dy * std::sin(angle), period));
+                    });
+                    surface.dx = scale;
+                    surface.dy = dy * scale;
+                    const auto values = ComputeAreal(surface, c_spectralKeys);
+                    EXPECT_NEAR(Get(values, "Srw") / (period * scale), 1, 0.01)
+                        << period << " at " << degrees << " dy " << dy;
+                }
+}
+
+TEST(SpatialParameters, IndicesOfWaves)
+{
+    // 200 points fill the window. The angular spectrum of a wave of m periods has its width in the half
+    // circle, the radial one among the frequencies from 1 to half the points.
+    constexpr double c_side = 200;
+    const SWindow window = SumWindow();
+    const double ratio = std::sqrt(2 * std::numbers::pi) * window.all / window.counts;
+    for (const double periods : {12.5, 25.0}) {
+        const double expected = ratio / (std::numbers::pi * periods);
+        for (const int waves : {1, 2, 4}) {
+            const auto values = ComputeAreal(
+                MakeSurface(200, 200,
+                            [&](double x, double y) {
+                                double z = 0;
+                                for (int i = 0; i < waves; ++i) {
+                                    const double angle = std::numbers::pi * (0.1 + i / (waves + 0.0));
+                                    z += Cosine(x * std::cos(angle) + y * std::sin(angle), c_side / periods);
+                                }
+                                return z;
+                            }),
+                c_spectralKeys);
+            EXPECT_NEAR(Get(values, "Stdi") / (waves * expected), 1, 0.03) << waves;
+            EXPECT_NEAR(Get(values, "Srwi") / (ratio / (c_side / 2 - 1)), 1, 0.03) << waves;
+        }
+    }
+    // Two wavelengths in one direction.
+    const auto both = ComputeAreal(
+        MakeSurface(200, 200, [&](double x, double) { return Cosine(x, 16) + Cosine(x + 3, 8); }),
+        c_spectralKeys);
+    EXPECT_NEAR(Get(both, "Srwi") / (2 * ratio / (c_side / 2 - 1)), 1, 0.03);
+    // White noise has no direction, and as many waves of a frequency as the circle is long.
+    std::mt19937 random(9);
+    std::normal_distribution<double> noise(0, 1);
+    const auto white =
+        ComputeAreal(MakeSurface(512, 512, [&](double, double) { return noise(random); }), c_spectralKeys);
+    EXPECT_GT(Get(white, "Stdi"), 0.75);
+    EXPECT_NEAR(Get(white, "Srwi"), 0.5, 0.05);
+}
+
+TEST(SpatialParameters, FractalDimensionOfBrownianSurfaces)
+{
+    for (const double hurst : {0.1, 0.3, 0.5, 0.7, 0.9})
+        for (const unsigned seed : {1u, 2u}) {
+            SSurface surface = MakeBrownian(512, hurst, seed);
+            const auto compute = [&] { return Get(ComputeAreal(surface, c_spectralKeys), "Sfd"); };
+            EXPECT_NEAR(compute(), 3 - hurst, 0.05) << hurst;
+            // A part of it, whose ends do not fit, on a slope, and of other units.
+            SSurface part = MakeSurface(300, 256, [&](double x, double y) {
+                return 100 * surface.heights[static_cast<std::size_t>(y * 512 + x)] + 1e-7 * x;
+            });
+            surface = part;
+            EXPECT_NEAR(compute(), 3 - hurst, 0.05) << hurst;
+        }
+    for (const auto& height : {+[](double x, double y) { return 3 * x - 2 * y; },
+                               +[](double x, double y) { return (x - 90) * (x - 90) + y * x; }})
+        for (const std::size_t size : {40u, 200u, 1024u})
+            EXPECT_EQ(Get(ComputeAreal(MakeSurface(size, size, height), c_spectralKeys), "Sfd"), 2) << size;
+    std::mt19937 random(9);
+    std::normal_distribution<double> noise(0, 1);
+    const auto white = MakeSurface(100, 100, [&](double, double) { return noise(random); });
+    EXPECT_EQ(Get(ComputeAreal(white, c_spectralKeys), "Sfd"), 3);
 }
 
 TEST(SpatialParameters, WhatIsNotReachedIsNaN)

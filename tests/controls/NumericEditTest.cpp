@@ -1,6 +1,8 @@
 #include "controls/FloatEdit.h"
 #include "controls/IntEdit.h"
 #include "controls/MemoryEditView.h"
+#include "controls/MemorySpinView.h"
+#include "platform/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "tests/DiagnosticsCapture.h"
 

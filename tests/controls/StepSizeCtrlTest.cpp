@@ -1,5 +1,7 @@
 #include "controls/StepSizeCtrl.h"
 
+#include "controls/MemorySpinView.h"
+#include "controls/MemoryStepSizeView.h"
 #include "tests/CountedTimers.h"
 
 #include <gtest/gtest.h>

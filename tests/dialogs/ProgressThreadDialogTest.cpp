@@ -3,6 +3,7 @@
 #include "common/Exceptions.h"
 #include "dialogs/MemoryProgressView.h"
 #include "platform/ThreadMessages.h"
+#include "platform/ThreadService.h"
 #include "tests/DiagnosticsCapture.h"
 #include "tests/dialogs/DialogTesting.h"
 
@@ -51,7 +52,7 @@ public:
         }
         isWorkCanceled = true;
     }
-    // The user interface is busy while the work does the first, waits for what that does, does the rest and ends.
+    // The user interface is busy while the work does the first, waits for what that does and does the rest.
     void RunBusy(const FAct& first, const FAct& act, const FAct& rest)
     {
         std::barrier both(2);

@@ -364,7 +364,8 @@ TEST_F(X3p, RefusesHostileArchives)
     EXPECT_EQ(ReadBad(GetPath() / "a.sdf"), "a.sdf: archives beyond 4 GiB are not supported");
 }
 
-// Whatever a byte becomes, and wherever the file ends: the surface is refused, or read as something that fits.
+// Whatever a byte becomes, and wherever the file ends: the surface is refused, or read as something that
+// fits.
 TEST_F(X3p, DamagedFilesAreRefusedOrRead)
 {
     const SSurface surface{

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/Diagnostics.h"
+#include "platform/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "programs/offscreen/OffscreenContext.h"
 #include "tests/TestData.h"

@@ -1,5 +1,6 @@
 #include "gl/OpenGLWrapper.h"
 #include "platform/GLEntryPoints.h"
+#include "platform/TableGLEntryPoints.h"
 #include "tests/gl/GLTesting.h"
 
 using namespace CommonUI;

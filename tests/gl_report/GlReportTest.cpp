@@ -2,6 +2,7 @@
 
 #include "platform/GLEntryPoints.h"
 #include "platform/PixelFormat.h"
+#include "platform/TableGLEntryPoints.h"
 #include "tests/ProgramTesting.h"
 #include "tests/TestData.h"
 
@@ -87,13 +88,4 @@ TEST_F(GlReportProgram, WhatGoesWrongIsSaidInOneLine)
     m_err.str({});
     EXPECT_EQ(GlReport::RunProgram({}, full, m_err), 1);
     EXPECT_EQ(m_err.str(), "gl_report: the report cannot be written\n");
-}
-
-TEST(OffscreenContext, RefusesASizeThatNoDriverHas)
-{
-    for (const int width : {0, -1, 1 << 30}) {
-        std::string reason;
-        EXPECT_EQ(Offscreen::CContext::Make(width, 64, reason), nullptr);
-        EXPECT_NE(reason.find("size"), std::string::npos) << reason;
-    }
 }

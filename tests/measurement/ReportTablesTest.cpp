@@ -72,7 +72,7 @@ TEST(ReportTables, ValuesThatAreComputedAgainAreThoseOfOneTable)
     const SInput input{.surface =
                            MakeSurface(3, c_lines, [](double x, double y) { return std::sin(x * y); })};
     const SResults some =
-        ComputeResults(input, MakeChoices(CAnalysisPreferencesManager(), {.keys = {u"Rq", u"4287Wa"}}));
+        ComputeResults(input, MakeChoices(CAnalysisPreferencesManager(), {.keys = {u"Rq", u"4287Pt"}}));
     const SResults all = ComputeResults(input, MakeChoices(CAnalysisPreferencesManager(), {}));
     ASSERT_FALSE(some.computePart);
     ASSERT_TRUE(all.computePart);
@@ -106,4 +106,49 @@ TEST(ReportTables, PageBeyondTheMostRowsHasTheStatisticsAndSaysWhereTheRowsAre)
         EXPECT_FALSE(Has(html, last));
         EXPECT_TRUE(Has(tables.GetText(), transpose ? "\t10001\tCount\t" : "\r\n10001\t"));
     }
+}
+
+TEST(ReportTables, FootnotesSayWhyCellsAreEmpty)
+{
+    // Ridges along y: in that direction the autocorrelation does not fall. The second line has a missing
+    // point.
+    SInput input{.surface = MakeSurface(30, 30, [](double x, double) { return std::sin(x); })};
+    input.surface.heights[35] = Analysis::c_missing;
+    const SRequest request{.keys = {u"Sa", u"Str", u"Str20", u"Str37", u"Rz", u"RSm"}};
+    const CReportTables tables(ComputeResults(input, MakeChoices(CAnalysisPreferencesManager(), request)),
+                               false);
+    const std::vector<CStr> surface = {
+        u"1 Str, Str20: the autocorrelation does not fall to 0.2 in all directions within the surface",
+        u"2 Str37: the autocorrelation does not fall to 0.37 in all directions within the surface"};
+    EXPECT_EQ(tables.GetSurfaceNotes().GetLines(), surface);
+    const std::vector<CStr> rows = {u"1 Rz VORN Classic, RSm VORN Classic: points are missing"};
+    EXPECT_EQ(tables.GetRowNotes().GetLines(), rows);
+    EXPECT_EQ(tables.GetStatisticsNotes().GetLines(), std::vector<CStr>()) << "other lines have values";
+
+    const CGridBaseOutputCtrl::SRow& second = tables.GetRows().GetRows()[2]; // behind the units
+    EXPECT_EQ(CGridBaseOutputCtrl::GetCellState(second, 2),
+              (SValueState{EValueState::NotApplicable, u"points are missing"}));
+    EXPECT_EQ(CGridBaseOutputCtrl::GetCellState(tables.GetSurface().GetRows()[0], 1), SValueState());
+    const std::string html = tables.GetHtml();
+    EXPECT_TRUE(Has(html, "</table>\n<small><br>\n<sup>1</sup> Str, Str20: the auto"));
+    EXPECT_TRUE(Has(html, "\n<sup>2</sup> Str37: the auto"));
+    EXPECT_TRUE(html.ends_with("points are missing\n</small>\n\n</html>\n"));
+    EXPECT_FALSE(Has(tables.GetText(), "missing\r\n")) << "a spreadsheet gets empty cells";
+    EXPECT_EQ(CFootnotes().Add(u"Sa", u""), u"");
+}
+
+TEST(ReportTables, StatisticsWithoutValuesHaveTheReasonOfTheFirstRow)
+{
+    const SRequest request{.keys = {u"Ra", u"4287Ra", u"4287Wq", u"RSm"}};
+    const SInput input{.surface = MakeSurface(4, 1, [](double x, double) { return x; })};
+    const CReportTables tables(ComputeResults(input, MakeChoices(CAnalysisPreferencesManager(), request)),
+                               false);
+    std::string lines;
+    for (const CStr& line : tables.GetStatisticsNotes().GetLines())
+        lines += line.ToUtf8() + '\n';
+    EXPECT_EQ(lines,
+              "1 RSm VORN Classic: the profile has no whole element\n"
+              "2 Ra ISO 4287, Wq ISO 4287: the cut-off is not longer than two spacings of the surface's "
+              "points\n"
+              "3 Std. Dev.: there is a single value\n");
 }

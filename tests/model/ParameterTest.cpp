@@ -27,8 +27,8 @@ const SBase3D<CUnit> c_lengths{c_metre, CUnit(EFactor::Nano), c_metre};
 
 } // namespace
 
-// A line of the record: number of the dimension, its power, its factor at the default unit, the units of the axes, and
-// what they make of it: the text of the scaled unit, symbol and power of the unit.
+// A line of the record: number of the dimension, its power, its factor at the default unit, the units of the
+// axes, and what they make of it: the text of the scaled unit, symbol and power of the unit.
 TEST(Parameter, DimensionsScaleAndShowTheUnitsOfTheAxes)
 {
     for (const std::string& row : ReadTestLines("parameter-units.txt")) {

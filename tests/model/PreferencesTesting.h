@@ -17,7 +17,7 @@ inline std::unique_ptr<CommonUI::CAnalysisPreferencesData> MakePreferences(Commo
     using namespace CommonUI;
     if (analysis == EAnalysis::Measure)
         return std::make_unique<CGrainAnalysisPreferencesData>();
-    if (analysis == EAnalysis::Roughness || analysis == EAnalysis::RoughnessProfile)
+    if (IsRoughness(analysis))
         return std::make_unique<CRoughnessAnalysisPreferencesData>(analysis);
     return std::make_unique<CAnalysisPreferencesData>(analysis);
 }

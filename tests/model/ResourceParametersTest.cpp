@@ -1,5 +1,6 @@
 #include "model/ResourceParameters.h"
 
+#include "platform/FixedFolders.h"
 #include "platform/Folders.h"
 #include "tests/model/PreferencesTesting.h"
 #include "tests/TemporaryFolder.h"

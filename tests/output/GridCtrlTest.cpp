@@ -43,8 +43,12 @@ TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
                                                 "expander 2,22,18,38 open\n"
                                                 "background 100,20,200,40 plain\n");
     EXPECT_TRUE(Has(harness.DrawAll(), "text 44,40,96,60 left \"first\"")) << "indented";
-    EXPECT_TRUE(Has(harness.DrawAll(), "background 0,0,100,20 header\ntext 4,0,96,20 left \"Name\""));
+    EXPECT_TRUE(Has(harness.DrawAll(), "background 0,0,100,20 header\ntext 24,0,96,20 left \"Name\"\n"
+                                       "background 100,0,200,20 header\ntext 104,0,196,20 left \"Value\""))
+        << "above the texts of the rows at the top";
     harness.Press(50, 10);
+    EXPECT_TRUE(Has(harness.DrawAll(), "background 0,0,100,20 marked\n"));
+    EXPECT_TRUE(Has(harness.DrawAll(), "background 100,0,200,20 header\n"));
     EXPECT_EQ(harness.grid->GetSelection().GetRange(), (SGridRange{0, 3, 0, 0})) << "a column, no corner";
     harness.Press(20, 30);
     EXPECT_EQ(harness.grid->GetRowCount(), 4u) << "beside the expander";
@@ -156,18 +160,11 @@ TEST(GridCtrl, DrawsAndScrollsToWhatIsAskedFor)
     CTextGridPainter painter;
     harness.grid->Draw(painter, {0, 45, 100, 46});
     EXPECT_EQ(painter.GetLog(), u"background 0,40,100,60 plain\ntext 4,40,96,60 right \"1\"\n");
-    const std::pair<SGridCell, long long> cases[] = {{{4, 0}, 0},       {{5, 0}, 20},      {{999, 0}, 19900},
-                                                     {{995, 0}, 19900}, {{994, 0}, 19880}, {{0, 0}, 0}};
-    for (const auto& [cell, top] : cases) {
-        harness.grid->EnsureVisible(cell);
-        EXPECT_EQ(harness.grid->GetScrollTop(), top);
-    }
     harness.grid->ScrollTo(50, 1LL << 60);
     EXPECT_EQ(harness.grid->GetScrollTop(), 19900);
     EXPECT_EQ(harness.grid->GetScrollLeft(), 0) << "all columns fit";
     harness.grid->ScrollTo(0, 30);
     EXPECT_EQ(harness.grid->HitTest({5, 25}).cell, (SGridCell{1, 0}));
-    EXPECT_EQ(harness.grid->HitTest({105, 5}).part, SGridHit::EPart::ColumnHeader);
     EXPECT_EQ(harness.grid->HitTest({200, 25}).part, SGridHit::EPart::Nothing);
     EXPECT_EQ(harness.grid->GetVisibleRange(), (SGridRange{1, 6, 0, 1}));
     harness.grid->SelectCell({999, 0});
@@ -248,37 +245,55 @@ TEST(GridCtrl, TypingEditsAndTabGoesOn)
     EXPECT_TRUE(harness.grid->IsEditing()) << "the last one stays";
     harness.grid->SelectCell({1, 0});
     EXPECT_FALSE(harness.grid->OnText(u"x"));
-    EXPECT_TRUE(harness.grid->Speak({1, 0}).readOnly);
-    EXPECT_FALSE(harness.grid->Speak({1, 1}).readOnly);
-    EXPECT_EQ(harness.grid->SpeakHeader(1), u"Value");
 }
 
 TEST(GridCtrl, ColumnsAreResizedByTheirEdges)
 {
-    // Pressed in the header at the first, dragged to the second; the widths of the columns then.
-    const std::tuple<int, int, std::vector<int>> cases[] = {
-        {98, 148, {150, 100}},  {103, 93, {90, 100}}, {105, 150, {100, 100}},
-        {200, 260, {100, 160}}, {99, -50, {4, 100}},  {95, 20, {100, 100}},
+    const struct {
+        int x; // pressed in the header, and dragged to `to`
+        int to;
+        std::vector<int> widths;
+        const char* told;
+    } cases[] = {
+        {98, 148, {150, 100}, "0:150 "},  {103, 93, {90, 100}, "0:90 "}, {105, 150, {100, 100}, ""},
+        {200, 260, {100, 160}, "1:160 "}, {99, -50, {4, 100}, "0:4 "},   {95, 20, {100, 100}, ""},
+        {98, 98, {100, 100}, ""},
     };
-    for (const auto& [x, to, widths] : cases) {
+    for (const auto& row : cases) {
         CGridHarness harness;
         harness.grid->AddRow().Emplace<CGridItem>(u"a long text in the first cell");
-        EXPECT_EQ(harness.grid->OnSetCursor({x, 10}) == EGridCursor::Resize, x != 105 && x != 95);
-        harness.Press(x, 10);
-        harness.Press(to, 10, GridMouse::c_move);
-        harness.Press(to, 10, GridMouse::c_leftUp);
-        EXPECT_EQ(harness.grid->GetColumnWidth(0), widths[0]) << x;
-        EXPECT_EQ(harness.grid->GetColumnWidth(1), widths[1]) << x;
+        EXPECT_EQ(harness.grid->OnSetCursor({row.x, 10}) == EGridCursor::Resize, row.x != 105 && row.x != 95);
+        harness.Press(row.x, 10);
+        harness.Press(row.to / 2, 10, GridMouse::c_move);
+        harness.Press(row.to, 10, GridMouse::c_move);
+        EXPECT_EQ(harness.TakeChanges(), "") << "not yet";
+        harness.Press(row.to, 10, GridMouse::c_leftUp);
+        EXPECT_EQ(harness.TakeChanges(), row.told);
+        EXPECT_EQ(harness.grid->GetColumnWidth(0), row.widths[0]) << row.x;
+        EXPECT_EQ(harness.grid->GetColumnWidth(1), row.widths[1]) << row.x;
         harness.Press(5, 50, GridMouse::c_move);
-        EXPECT_EQ(harness.grid->GetColumnWidth(0), widths[0]) << "released";
-        harness.Press(widths[0], 10, GridMouse::c_leftDoubleClick);
+        EXPECT_EQ(harness.grid->GetColumnWidth(0), row.widths[0]) << "released";
+        for (const char* const told : {"0:244 ", ""}) {
+            harness.Press(harness.grid->GetColumnWidth(0), 10, GridMouse::c_leftDoubleClick);
+            EXPECT_EQ(harness.TakeChanges(), told);
+        }
         EXPECT_EQ(harness.grid->GetColumnWidth(0), 29 * 8 + 8 + 4);
+        harness.grid->SetColumnWidth(0, 50);
+        harness.grid->SetColumnWidth(1, 50);
+        harness.grid->FitColumns();
+        harness.grid->SetColumnWidth(0, 50);
+        EXPECT_EQ(harness.TakeChanges(), "") << "the program's own";
+        harness.grid->OnFitColumns();
+        EXPECT_EQ(harness.TakeChanges(), "0:244 ");
     }
     CGridHarness harness;
     harness.grid->SetColumnWidth(1, 0);
     harness.Press(101, 10);
     harness.Press(130, 10, GridMouse::c_move);
     EXPECT_EQ(harness.grid->GetColumnWidth(1), 29) << "a hidden column is opened before the one beside it";
+    harness.destroyOnChange = true;
+    harness.grid->OnFitColumns();
+    EXPECT_EQ(harness.TakeChanges(), "0:44 ") << "destroyed";
 }
 
 TEST(GridCtrl, AViewThatGoesLeavesTheGridWithout)

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "output/grid/GridCtrl.h"
+#include "output/grid/MemoryGridView.h"
+#include "output/grid/TextGridPainter.h"
 
 #include <memory>
 #include <string>
@@ -25,6 +27,7 @@ public:
         grid->AddColumn({u"Name", 100});
         grid->AddColumn({u"Value", 100});
         grid->SetChangeCallback(*this, &CGridHarness::OnChange);
+        grid->SetColumnWidthCallback(*this, &CGridHarness::OnWidth);
     }
 
     /// What is drawn of one item.
@@ -47,7 +50,8 @@ public:
     }
     bool Key(EGridKey key, SGridModifiers modifiers = c_plain) { return grid->OnKey({key, modifiers}); }
 
-    /// What the listener has heard since the last time.
+    /// What the listener has heard since the last time: "id", "id!" of an item that was marked as changed
+    /// before, and "column:width".
     std::string TakeChanges() { return std::exchange(changes, {}); }
 
     CMemoryGridView view;
@@ -56,6 +60,12 @@ public:
     bool destroyOnChange = false;
 
 private:
+    void OnWidth(std::size_t column, int width)
+    {
+        changes += std::to_string(column) + ":" + std::to_string(width) + " ";
+        if (destroyOnChange)
+            grid.reset();
+    }
     void OnChange(CGridItem& item, int id)
     {
         changes += std::to_string(id) + (item.IsChanged() ? "! " : " ");

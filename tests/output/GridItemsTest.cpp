@@ -274,7 +274,6 @@ TEST(GridItems, SpinsOnlyForNumbers)
         EXPECT_TRUE(item.OnEndEdit(u"25"));
         EXPECT_EQ(item.GetValue().GetReal(), 20);
         EXPECT_EQ(item.GetValue().GetType(), value.GetType());
-        EXPECT_FALSE(item.OnEndEdit(u"1e9999"));
         item.EnableSpinControl(false, 10, 20);
         EXPECT_TRUE(item.OnEndEdit(u"25"));
         EXPECT_EQ(item.GetValue().GetReal(), 25) << "no arrows, no range";

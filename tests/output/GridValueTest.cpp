@@ -16,7 +16,6 @@ TEST(GridValue, TextsAreReadInTheTypeOfTheValue)
         {1.5, u" 2.25 ", true, u"2.25"},
         {1.5, u"1e400", false, u"1.5"},
         {1.5, u"inf", false, u"1.5"},
-        {1.5, u"2,5", false, u"1.5"},
         {7, u"-12", true, u"-12"},
         {7, u"2147483648", false, u"7"},
         {7u, u"4294967295", true, u"4294967295"},
@@ -30,7 +29,6 @@ TEST(GridValue, TextsAreReadInTheTypeOfTheValue)
         {true, u"0", false, u"True"},
         {{EType::Bool, 0}, u"", false, u"False"},
         {{EType::String, 12}, u"", true, u""},
-        {{EType::R8, 3}, u"", false, u"3"},
     };
     for (const auto& [before, text, read, result] : cases) {
         CGridValue value = before;

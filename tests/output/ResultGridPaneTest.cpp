@@ -1,5 +1,6 @@
 #include "output/results/ResultGridPane.h"
 #include "output/results/GridCopy.h"
+#include "platform/MemoryClipboard.h"
 
 #include <gtest/gtest.h>
 
@@ -52,8 +53,8 @@ struct SPane {
 
 } // namespace
 
-// The record has the headers from the left, one of their lines, one point of a group, and what lies below the headers
-// when it is scrolled to the right.
+// The record has the headers from the left, one of their lines, one point of a group, and what lies below the
+// headers when it is scrolled to the right.
 TEST(ResultGridPane, DrawsMergedHeadersAndCellsBelowThem)
 {
     SPane shown(3);
@@ -71,7 +72,7 @@ TEST(ResultGridPane, CellsStayBelowNamesAndHeaders)
     SPane shown(3);
     shown.pane.ScrollTo(1000, 0);
     EXPECT_EQ(shown.pane.GetScrollLeft(), 120);
-    EXPECT_EQ(shown.pane.GetVisibleRange(), (SGridRange{0, 2, 2, 3}));
+    EXPECT_EQ(shown.pane.GetVisibleRange(), (SGridRange{1, 2, 2, 3}));
     shown.pane.OnFocus(true);
     for (const auto& [column, place] : {std::pair(std::size_t{1}, std::size_t{2}), {0, 4}}) {
         shown.pane.SelectCell({1, column});
@@ -95,6 +96,57 @@ TEST(ResultGridPane, CellsStayBelowNamesAndHeaders)
     shown.pane.Update();
     shown.pane.FitColumns();
     EXPECT_EQ(shown.pane.GetColumnWidth(4), 12 * 8 + 8) << "wide enough for the group";
+}
+
+// In a view of a header of 52 pixels, the units, and three rows.
+TEST(ResultGridPane, UnitsStayWithTheHeaders)
+{
+    SPane shown(100);
+    shown.pane.ScrollTo(0, 35);
+    EXPECT_EQ(shown.pane.GetCellRect({0, 1}), (SRect{80, 52, 160, 72}));
+    EXPECT_EQ(shown.pane.GetCellRect({2, 1}), (SRect{80, 57, 160, 77}));
+    EXPECT_EQ(shown.pane.HitTest({100, 71}).cell.row, 0u);
+    EXPECT_EQ(shown.pane.HitTest({100, 72}).cell.row, 2u);
+    EXPECT_EQ(shown.pane.GetVisibleRange(), (SGridRange{2, 5, 1, 2}));
+    for (const auto& [row, top] : {std::pair(50U, 940), {0U, 940}, {48U, 940}, {47U, 920}, {1U, 0}}) {
+        shown.pane.EnsureVisible({row, 1});
+        EXPECT_EQ(shown.pane.GetScrollTop(), top) << row;
+    }
+    shown.pane.ScrollTo(0, 60);
+    shown.pane.OnMouse(GridMouse::c_leftDown, {100, 80}, c_plain);
+    for (const std::size_t first : {3U, 2U, 1U, 0U}) {
+        shown.pane.OnMouse(GridMouse::c_move, {100, 60}, c_plain);
+        EXPECT_EQ(shown.pane.GetSelection().GetRange().firstRow, first) << "through the rows in between";
+    }
+    shown.pane.OnKey({EGridKey::PageDown});
+    EXPECT_EQ(shown.pane.GetSelection().GetFocus().row, 2u);
+
+    CGrid units(SCell::Results);
+    for (int i = 0; i < 6; ++i)
+        units.AddRow({.name = u"", .cells = {}, .subHeader = i < 5});
+    EXPECT_EQ(CResultGridPane(units).GetFrozenRowCount(), CResultGridPane::c_frozenRows);
+}
+
+TEST(ResultGridPane, HeadersMarkWhatIsSelected)
+{
+    SPane shown(4);
+    const auto marked = [&] {
+        std::string names;
+        for (const auto& header : shown.pane.GetHeaders(0, 3))
+            names += header.marked ? header.lines[0].ToUtf8() + " " : "";
+        for (std::size_t row = 1; row < 4; ++row)
+            names += shown.pane.GetCell({row, 0}).marked ? shown.pane.GetCell({row, 0}).text.ToUtf8() : "";
+        return names;
+    };
+    EXPECT_EQ(marked(), "");
+    shown.pane.SelectCell({1, 1});
+    shown.pane.OnKey({EGridKey::Down, c_shift});
+    EXPECT_EQ(marked(), "Ra 12");
+    EXPECT_NE(shown.Draw({80, 20, 81, 21}).find("background 80,18,160,52 marked\n"), std::string::npos);
+    EXPECT_NE(shown.Draw({0, 80, 1, 81}).find("background 0,72,80,92 marked\n"), std::string::npos);
+    shown.pane.SelectCell({2, 0});
+    EXPECT_EQ(marked(), "Line Ra Rq RSm 2");
+    EXPECT_FALSE(shown.pane.GetCell({2, 1}).marked) << "a cell is selected";
 }
 
 TEST(ResultGridPane, SelectionIsThatOfTheTable)
@@ -139,19 +191,14 @@ TEST(ResultGridPane, ViewAndListenerHearOfTheSelection)
         int count = 0;
     } listener;
     shown.pane.SetSelectionCallback(listener, &SListener::OnSelection);
-    const auto expectHeard = [&](int count, const char* what) {
-        EXPECT_EQ(std::exchange(listener.count, 0), count) << what;
-        EXPECT_FALSE(std::exchange(shown.view.invalidated, {}).empty()) << what;
-    };
-    for (const auto& [what, point] :
-         {std::pair("cell", SPoint{100, 80}), {"header", {100, 30}}, {"corner", {10, 30}}}) {
+    shown.view.invalidated.clear();
+    for (const SPoint point : {SPoint{100, 80}, {100, 30}, {10, 30}}) // a cell, a header, the corner
         shown.pane.OnMouse(GridMouse::c_leftDown, point, c_plain);
-        expectHeard(1, what);
-    }
     shown.pane.OnKey({EGridKey::Down, c_plain});
-    expectHeard(1, "key");
+    EXPECT_EQ(listener.count, 4);
     shown.pane.OnFocus(true);
-    expectHeard(0, "focus");
+    EXPECT_EQ(listener.count, 4);
+    EXPECT_EQ(shown.view.invalidated.size(), 5U);
 }
 
 // The names' own edge, at 80, is not scrolled; that of the first column is where `edge` says.
@@ -191,8 +238,6 @@ TEST(ResultGridPane, CopiesBothFormsTogether)
     EXPECT_TRUE(shown.pane.OnKey({EGridKey::C, c_control}));
     EXPECT_EQ(clipboard.GetText(), u"Ra\n1.5");
     EXPECT_NE(clipboard.GetHtml().Find(u">1.5</td>"), CStr::npos);
-    EXPECT_TRUE(CopySelection(shown.grid, true, true, clipboard));
-    EXPECT_EQ(clipboard.GetText(), u"Ra\t1.5");
     EXPECT_TRUE(CopyGrids(nullptr, &shown.grid, nullptr, true, clipboard));
     EXPECT_EQ(clipboard.GetText(), CGrid::GenerateText(nullptr, &shown.grid, nullptr, true));
     EXPECT_EQ(clipboard.GetHtml(), CGrid::GenerateHTMLTables(nullptr, &shown.grid, nullptr, true));

@@ -1,5 +1,7 @@
 #include "platform/Clipboard.h"
 
+#include "platform/MemoryClipboard.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>

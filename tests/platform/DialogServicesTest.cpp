@@ -1,4 +1,6 @@
 #include "platform/FileDialogService.h"
+#include "platform/MemoryFileDialogService.h"
+#include "platform/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 
 #include <gtest/gtest.h>

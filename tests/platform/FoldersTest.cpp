@@ -1,5 +1,7 @@
 #include "platform/Folders.h"
 
+#include "platform/FixedFolders.h"
+
 #include <gtest/gtest.h>
 
 using namespace CommonUI;

@@ -1,5 +1,6 @@
 #include "platform/ThreadMessages.h"
 
+#include "platform/ThreadService.h"
 #include "platform/WorkerThread.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,9 @@
 #include "qt/dialogs/FormatSpecifierWindow.h"
 
 #include "platform/HelpService.h"
+#include "platform/MemoryHelpService.h"
 #include "platform/MessageLoop.h"
+#include "qt/dialogs/QtFormatSpecifierDlg.h"
 #include "qt/edits/NumericEditWidget.h"
 #include "qt/edits/QtEditField.h"
 #include "qt/QtText.h"

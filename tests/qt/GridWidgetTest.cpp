@@ -5,6 +5,7 @@
 #include "output/grid/GridDblSpinItem.h"
 #include "output/grid/GridListItem.h"
 #include "output/grid/GridSetupItem.h"
+#include "platform/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "platform/MessageLoop.h"
 #include "qt/QtText.h"
@@ -29,6 +30,7 @@ public:
         Grid().AddColumn({u"Name", 100});
         Grid().AddColumn({u"Value", 150});
         Grid().SetChangeCallback(*this, &GridWidget::OnChange);
+        Grid().SetColumnWidthCallback(*this, &GridWidget::OnWidth);
         Add<CGridSetupItem>(true).SetCallback(*this, &GridWidget::OnSetUp);
         Add<CGridCheckItem>(0, 0);
         Add<CGridButtonItem>(u"Go", 400, ~0U).SetCallback(*this, &GridWidget::OnButton);
@@ -73,6 +75,7 @@ public:
     }
 
     void OnChange(CGridItem&, int id) { Call(" " + std::to_string(id)); }
+    void OnWidth(std::size_t column, int) { Call(" width " + std::to_string(column)); }
     void OnSetUp(CGridSetupItem&) { Call(" set-up"); }
     void OnButton(CGridButtonItem&) { Call(" button"); }
     void Call(const std::string& what)
@@ -102,10 +105,9 @@ TEST_F(GridWidget, CheckBoxesHearOfBothButtonsAndTheSpaceBar)
         m_shown.Click(box, button);
         EXPECT_EQ(std::exchange(m_changes, {}), toggles ? " 0" : "") << button;
     }
-    m_shown.Click(box - QPoint(1, 0));
-    m_shown.Click(RectOf(Check).center());
+    Select(Check);
     m_shown.Key(Qt::Key_Space);
-    EXPECT_EQ(m_changes, " 1 1");
+    EXPECT_EQ(m_changes, " 1");
 }
 
 TEST_F(GridWidget, ButtonsCallAndShowAHand)
@@ -146,13 +148,6 @@ TEST_F(GridWidget, EditorsEndByKeys)
         EXPECT_EQ(m_boxes.GetBeeps().size() - beepsBefore, beeps) << typed;
         EXPECT_TRUE(m_shown.grid->hasFocus());
     }
-    Select(Text);
-    m_shown.Key(Qt::Key_F2);
-    ASSERT_TRUE(Editor<QLineEdit>());
-    EXPECT_EQ(Editor<QLineEdit>()->selectedText(), QStringLiteral("tab"));
-    m_shown.Click(RectOf(Check).topLeft() + QPoint(-50, 5));
-    EXPECT_FALSE(Editor<QLineEdit>());
-    EXPECT_EQ(After(Text), "tab") << "not changed, not told";
 }
 
 TEST_F(GridWidget, EditorsTakeTheTextWhenTheyAreLeft)
@@ -200,6 +195,8 @@ TEST_F(GridWidget, ArrowsOfNumbersStep)
     ASSERT_TRUE(editor);
     const auto arrows = editor->findChildren<QToolButton*>();
     ASSERT_EQ(arrows.size(), 2);
+    for (const QToolButton* const arrow : arrows)
+        EXPECT_GE(arrow->height(), editor->height()) << "not one above the other";
     QTest::mouseClick(arrows[0], Qt::LeftButton);
     EXPECT_EQ(editor->text(), QStringLiteral("3.5"));
     QTest::keyClick(editor, Qt::Key_Down);
@@ -240,10 +237,14 @@ TEST_F(GridWidget, CallbacksMayDestroyTheWidget)
         table->child(2 * Check + 1)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     };
     const std::pair<bool, std::function<void(GridWidget&)>> acts[] = {
-        {false, [](GridWidget& test) { test.m_shown.Press(test.RectOf(Setup).topLeft() + QPoint(5, 5)); }},
         {false, [](GridWidget& test) { test.m_shown.Press(test.RectOf(Button).center()); }},
         {false, press},
         {true, press},
+        {false,
+         [](GridWidget& test) {
+             test.m_shown.Drag({99, 5}, {120, 5});
+         }},
+        {false, [](GridWidget& test) { test.m_shown.grid->GetFitColumnsAction().trigger(); }},
         {true, [](GridWidget& test) { QTest::keyClick(test.Editor<QLineEdit>(), Qt::Key_Return); }},
         {true, [](GridWidget& test) { test.m_shown.window.setFocus(); }},
         {true, [](GridWidget& test) { test.m_shown.grid->setFocus(); }},
@@ -304,8 +305,6 @@ TEST_F(GridWidget, ViewAndGridGoInEitherOrder)
     auto grid = std::make_unique<CGridCtrl>();
     grid->AddColumn({u"Value", 100});
     grid->AddRow().Emplace<CGridItem>(u"text");
-    std::make_unique<CGridWidget>()->Attach(*grid);
-    EXPECT_EQ(grid->GetView(), nullptr);
     CGridWidget widget;
     widget.Attach(*grid);
     EXPECT_TRUE(grid->BeginEdit());
@@ -320,13 +319,11 @@ TEST_F(GridWidget, ColumnsFollowTheirEdgesAndTheFont)
 {
     m_shown.Drag({99, 5}, {149, 5});
     EXPECT_EQ(Grid().GetColumnWidth(0), 150);
-    EXPECT_TRUE(Grid().GetSelection().IsEmpty());
     QTest::mouseDClick(&m_shown.View(), Qt::LeftButton, {}, {149, 5});
     const int fitted = Grid().GetColumnWidth(0);
     EXPECT_LT(fitted, 100);
-    Grid().SetColumnWidth(1, 300);
     m_shown.Key(Qt::Key_Plus, Qt::ControlModifier);
-    EXPECT_LT(Grid().GetColumnWidth(1), 150);
+    EXPECT_EQ(m_changes, " width 0 width 0 width 1");
     Grid().SetColumnWidth(1, 600);
     Grid().ScrollTo(600, 0);
     const int edge = m_shown.View().width();
@@ -347,12 +344,15 @@ TEST_F(GridWidget, ColumnsFollowTheirEdgesAndTheFont)
 TEST_F(GridWidget, ADialogThatComesUpHasThePressForgotten)
 {
     m_shown.Press({99, 5});
+    m_shown.Move({98, 5});
     QDialog modal;
     modal.setModal(true);
     modal.show();
     modal.hide();
     m_shown.Move({149, 5});
-    EXPECT_EQ(Grid().GetColumnWidth(0), 100) << "the dialog got the release, and the edge follows no more";
+    EXPECT_EQ(Grid().GetColumnWidth(0), 99) << "the dialog got the release, and the edge follows no more";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_changes, " width 0");
 }
 
 TEST_F(GridWidget, ScreenReadersFindATable)

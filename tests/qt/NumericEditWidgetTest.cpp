@@ -1,6 +1,7 @@
 #include "qt/edits/NumericEditWidget.h"
 
 #include "platform/ManualTimerService.h"
+#include "platform/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "platform/MessageLoop.h"
 #include "qt/edits/QtEditField.h"

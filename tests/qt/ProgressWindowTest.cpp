@@ -3,7 +3,7 @@
 #include "platform/ManualTimerService.h"
 #include "platform/MessageBoxService.h"
 #include "platform/MessageLoop.h"
-#include "qt/dialogs/FormatSpecifierWindow.h"
+#include "qt/dialogs/QtFormatSpecifierDlg.h"
 #include "qt/dialogs/QtProgressDialog.h"
 #include "qt/QtText.h"
 #include "tests/qt/WhenShown.h"

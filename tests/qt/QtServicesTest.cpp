@@ -4,6 +4,7 @@
 #include "controls/Timer.h"
 #include "platform/Folders.h"
 #include "platform/HelpService.h"
+#include "platform/MemoryHelpService.h"
 #include "qt/QtText.h"
 #include "tests/qt/WhenShown.h"
 

@@ -63,8 +63,8 @@ const std::map<ESettingType, FReadAndWrite> c_readers = {
 
 } // namespace
 
-// Each text of the record stands on a line behind its type; the lines below it say what is written again, behind
-// "=>", or why it is refused.
+// Each text of the record stands on a line behind its type; the lines below it say what is written again,
+// behind "=>", or why it is refused.
 TEST(SettingsReaders, ReadOrRefuseAsTheRecordSays)
 {
     const std::vector<std::string> lines = ReadTestLines("settings-readers.txt");

@@ -17,6 +17,20 @@ TEST_F(ReportProgram, TransposedTableHasParametersAsColumns)
                     "\r\nSurface parameter\tSq, Root Mean Square Height\r\nValue\t284.48\r\nUnit\tnm\r\n"));
 }
 
+TEST_F(ReportProgram, MotifsAndValleysAreReportedWithTheirLimits)
+{
+    const std::string asked = "--unit um --parameters p12085_RAr,p12085_Wte,Msm,Sdc(10,50)";
+    const std::string usual = Report(asked);
+    for (const char* part : {"\r\nMotifs: no wider than A = 20 µm, those of the envelope than B = 100 µm\r\n",
+                             "\r\nValleys: below a robust Gaussian regression of order 2 that starts from a "
+                             "closing of 6.4 µm\r\n",
+                             "\r\nSdc(10 %, 50 %), ", "\r\nProfile\tAR\tWte\tMsm\r\n"})
+        EXPECT_TRUE(Has(usual, part)) << part;
+    const std::string narrow = Report(asked + " --motif-limits 2um,10um");
+    EXPECT_TRUE(Has(narrow, "A = 2 µm, those of the envelope than B = 10 µm\r\n"));
+    EXPECT_NE(narrow.substr(narrow.find("\r\nProfile\t")), usual.substr(usual.find("\r\nProfile\t")));
+}
+
 TEST_F(ReportProgram, MarkupInTheInputStaysText)
 {
     m_temporary.Write("a&b.txt",
@@ -25,6 +39,15 @@ TEST_F(ReportProgram, MarkupInTheInputStaysText)
     EXPECT_TRUE(Has(Read("report.html"), "&lt;b&gt;"));
     EXPECT_TRUE(Has(Read("report.html"), "<title>Surface report: a&amp;b.txt</title>"));
     EXPECT_TRUE(Has(Read("report.txt"), "Channel: <b>\r\n"));
+}
+
+TEST_F(ReportProgram, EmptyCellsAreExplainedBelowTheirTables)
+{
+    const fs::path input = Write("flat.txt", "# Width: 3 um\n# Height: 1 um\n# Value units: nm\n1 1 1\n");
+    ASSERT_EQ(Run({input.string(), "--out", Out().string(), "--parameters", "Sku,Rsk"}), 0) << m_err.str();
+    EXPECT_NE(m_out.str().find("\n1 Sku: the surface is flat\n\n"), std::string::npos) << m_out.str();
+    EXPECT_TRUE(m_out.str().ends_with("\n1 Rsk VORN Classic: the profile is flat\n")) << m_out.str();
+    EXPECT_EQ(BytesOf(Out() / "report.txt").find(" is flat"), std::string::npos) << "empty cells alone";
 }
 
 // A line of the record: the arguments, and what the message contains.

@@ -26,8 +26,8 @@ public:
 
     /// @param leastSize of the transform along x, at least the points of a line
     CLineSpectra(const SSurface& surface, double mean, std::size_t leastSize, ETaper taper);
-    /// Of a size that holds the points of a line. The heights are counted from their mean with the weights of the
-    /// taper, so that no constant part is left.
+    /// Of a size that holds the points of a line. The heights are counted from their mean with the weights of
+    /// the taper, so that no constant part is left.
     CLineSpectra(const SSurface& surface, ETaper taper);
 
     std::size_t GetSize() const { return m_transform.GetSize(); }

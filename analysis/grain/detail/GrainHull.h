@@ -19,6 +19,9 @@ struct SGrainHull {
     double breadth = 0;     ///< least Feret diameter
     double length = 0;      ///< Feret diameter at right angles to the breadth; not below it
     double orientation = 0; ///< direction of the length, degrees from the x to the y axis, 0 to 180
+    double firstAlong =
+        0; ///< between which positions the hull lies in this direction, from the corner of the map
+    double lastAlong = 0;
     double minX = 0, minY = 0, maxX = 0, maxY = 0; ///< bounding rectangle
 };
 

@@ -28,6 +28,7 @@ struct SGrain {
     SGrainOutline outline{};
     SGrainHull hull{};
     std::optional<SNeighbour> neighbour{}; ///< none of the only grain
+    double skeleton = c_undefined;         ///< total length of the skeleton
 
     /// Position of a point of the map.
     double GetX(std::size_t point) const { return GetMiddle(point % width) * dx; }
@@ -42,10 +43,17 @@ struct SGrain {
     /// The longer side of the rectangle that has the outline's area and perimeter (ISO 9276-6, geodesic
     /// length); NaN for an outline rounder than a square.
     double GetFiberLength() const;
+    /// How flat the top of a particle or the bottom of a pore is; NaN if it does not leave the threshold.
+    double GetPlateauIndex() const;
+    /// The direction of the length towards the end that is farther from the centre: -180 to 180.
+    double GetAngle() const;
 
 private:
     static double GetMiddle(std::size_t cell) { return static_cast<double>(cell) + 0.5; }
 };
+
+/// What takes a pass over the map of its own.
+inline constexpr std::string_view c_skeletonKey = "TotalFiberLength";
 
 /// A quantity of grains by its key.
 struct SGrainMeasure {

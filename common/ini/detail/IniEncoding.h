@@ -22,11 +22,11 @@ struct SIniContent {
     std::string tail; ///< the odd byte behind the last code unit of a UTF-16 file
 };
 
-/// A file is UTF-16 when it begins with the mark FF FE or FE FF, else UTF-8 when it is well-formed, else Western.
+/// A file is UTF-16 when it begins with FF FE or FE FF, else UTF-8 when it is well-formed, else Western.
 SIniContent DecodeIni(std::string bytes);
 
-/// Whether the bytes of a file can be meant as text: with a mark always; without, they have no zero, and no other control
-/// characters but those of layout unless they are UTF-8.
+/// Whether the bytes of a file can be meant as text: with a mark always; without, they have no zero, and no
+/// other control characters but those of layout unless they are UTF-8.
 bool IsIniText(std::string_view bytes);
 
 /// The bytes of the file. When edits left a Western file nothing by which a reader could tell it from another

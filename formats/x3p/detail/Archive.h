@@ -17,8 +17,8 @@ struct SDiscardArchive {
 };
 using CZip = std::unique_ptr<zip_t, SDiscardArchive>;
 
-/// A ZIP archive that may come from anybody. Nothing of it is unpacked to the disk, and of an entry no more than was
-/// asked for to memory. One that looks as if it were meant to do harm is refused as a whole.
+/// A ZIP archive that may come from anybody. Nothing of it is unpacked to the disk, and of an entry no more
+/// than was asked for to memory. One that looks as if it were meant to do harm is refused as a whole.
 class CArchive
 {
 public:
@@ -29,7 +29,8 @@ public:
     bool Has(const std::string& entry) const;
     /// A small entry as a whole. @throws EReadError where it is larger than `most` bytes
     std::string Read(const std::string& entry, std::uint64_t most) const;
-    /// Gives the bytes of an entry piece by piece. All pieces but the last are of a size that is a multiple of 64.
+    /// Gives the bytes of an entry piece by piece. All pieces but the last are of a size that is a multiple
+    /// of 64.
     /// @param size what the entry has to have
     void Read(const std::string& entry, std::uint64_t size,
               const std::function<void(std::string_view piece)>& take) const;

@@ -54,7 +54,6 @@ public:
 
 private:
     [[noreturn]] void Fail(const char* element, const std::string& message) const;
-    std::string_view TextOf(const pugi::xml_node& node, const char* name) const;
     std::size_t ReadCount(const pugi::xml_node& dimension, const char* name) const;
     double ReadNumber(const pugi::xml_node& axis, const char* name, double missing) const;
     SX3pAxis ReadAxis(const char* name) const;

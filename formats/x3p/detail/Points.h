@@ -24,8 +24,8 @@ public:
 
     /// Takes the bytes of points. A point may be cut in two.
     void TakeBytes(std::string_view bytes);
-    /// Takes a point as text: its height, behind positions where there is more than one number. An empty one is
-    /// missing. @return whether it is one
+    /// Takes a point as text: its height, behind positions where there is more than one number. An empty one
+    /// is missing. @return whether it is one
     bool TakeText(std::string_view text);
 
     std::vector<double>& GetHeights() { return m_z; }

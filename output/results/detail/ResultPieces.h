@@ -55,8 +55,8 @@ void ForEachPiece(std::u16string_view text, FVisit visit)
     }
 }
 
-/// Makes room for a text of many rows, judging by those that have been written, but never for more than a few times
-/// what is there: the first rows may be much longer than the others.
+/// Makes room for a text of many rows, judging by those that have been written, but never for more than a few
+/// times what is there: the first rows may be much longer than the others.
 class CRowRoom
 {
 public:

@@ -23,6 +23,8 @@ protected:
 
 private:
     CStepSizeBtn* GetControl() const;
+    void DrawButton(QPainter& painter) const;
+    void DrawText(QPainter& painter) const;
 
     CStepSizeView& m_popup;
     CStepSizeBtn::EType m_type;

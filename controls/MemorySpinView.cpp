@@ -1,0 +1,8 @@
+#include "controls/MemorySpinView.h"
+
+namespace CommonUI
+{
+
+CMemorySpinView::~CMemorySpinView() = default;
+
+} // namespace CommonUI

@@ -1,0 +1,8 @@
+#include "output/grid/MemoryGridView.h"
+
+namespace CommonUI
+{
+
+CMemoryGridView::~CMemoryGridView() = default;
+
+} // namespace CommonUI

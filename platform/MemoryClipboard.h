@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Clipboard.h"
+
+namespace CommonUI
+{
+
+/// A clipboard of the process alone, for programs without a display and for tests.
+class COMMONUI_API CMemoryClipboard : public CClipboard
+{
+public:
+    bool Put(const CStr& html, const CStr& text) override;
+
+    const CStr& GetHtml() const noexcept { return m_html; }
+    const CStr& GetText() const noexcept { return m_text; }
+
+private:
+    CStr m_html;
+    CStr m_text;
+};
+
+} // namespace CommonUI
