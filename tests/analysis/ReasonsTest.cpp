@@ -86,8 +86,8 @@ TEST(Reasons, OfProfiles)
                 {Heights(100, wave), "4287WSm", 1e-3, "longer than the surface"}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.key);
-        const double value = Get(ComputeProfile(row.heights, 1e-6, row.cutoff), row.key);
-        ExpectReason(ExplainProfile(row.key, row.heights, 1e-6, row.cutoff), row.reason, value);
+        const double value = Get(ComputeProfile(row.heights, 1e-6, {.cutoff = row.cutoff}), row.key);
+        ExpectReason(ExplainProfile(row.key, row.heights, 1e-6, {.cutoff = row.cutoff}), row.reason, value);
     }
     // Whatever is not defined has a reason.
     for (const auto& heights : {broken, flat, slope, Heights(5, wave), Heights(1, wave)})
