@@ -210,8 +210,8 @@ SChoices ChooseRoughness(const CExtended& extended, const SRequest& request)
 SChoices MakeChoices(const CAnalysisPreferencesManager& manager, const SRequest& request)
 {
     const CExtended extended(manager, request);
-    SChoices choices =
-        request.method.MeasuresGrains() ? ChooseGrains(extended, request) : ChooseRoughness(extended, request);
+    SChoices choices = request.method.MeasuresGrains() ? ChooseGrains(extended, request)
+                                                       : ChooseRoughness(extended, request);
     choices.method = request.method;
     choices.method.valleys = ValleyMethodOf(extended.GetManager().GetData(EAnalysis::RoughnessProfile));
     CheckKeys(extended.GetNames(), choices);

@@ -142,8 +142,7 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
         return values;
     };
     std::vector<SColumn> columns = MakeColumns(
-        parameters, valuesOf,
-        input.surface.IsProfile() ? choices.automaticRowUnits : choices.automaticUnits);
+        parameters, valuesOf, input.surface.IsProfile() ? choices.automaticRowUnits : choices.automaticUnits);
     for (SColumn& column : columns) {
         const std::string key = AnalysisKey(column.parameter);
         for (std::size_t i = 0; i < computed.size(); ++i) {

@@ -2,6 +2,7 @@
 
 #include "common/NumberText.h"
 #include "programs/command_line/CommandLine.h"
+#include "programs/surface_report/Inputs.h"
 #include "programs/surface_report/SaveSurface.h"
 
 #include <algorithm>
@@ -19,9 +20,14 @@ namespace Analysis = CommonUI::Analysis;
 const char* const c_usage = R"(Reports the roughness or the grains of a measured surface.
 
 usage: surface_report INPUT --out DIR [OPTION...]
+       surface_report INPUT... --out DIR [OPTION...]
 
   INPUT              a surface or profile: SDF (ISO 25178-71), X3P (ISO 25178-72), a text matrix with a "#" header,
                      or columns of text below a line such as "x [mm] z [um]"
+  INPUT...           many files, or a folder, a pattern with * and ?, a list @FILE with a path in each line: one table
+                     with a row for each
+  --each             writes a report of each of many files, too
+  --resume           takes over what an interrupted run on many files has finished
   --out DIR          folder for report.txt (tab-separated) and report.html
   --parameters KEYS  parameters by their keys, separated by commas: Sa,Sq,4287Ra,4287Pz; those of templates with
                      values in m or percent: 'Smc(10),Sdc(10,50)'
@@ -125,6 +131,9 @@ CommandLine::CParser MakeParser(SOptions& options)
     auto& request = options.request;
     CommandLine::CParser parser;
     CommandLine::AddSurfaceOptions(parser, options, request.method.levelling);
+    parser.AddInputs(options.inputs);
+    parser.AddFlag("--each", options.each);
+    parser.AddFlag("--resume", options.resumes);
     parser.AddFlag("--transpose", options.transpose);
     parser.AddFlag("--binary", options.isBinary);
     parser.AddFlag("--replace-input", options.replacesInput);
@@ -169,12 +178,24 @@ void CheckListOptions(const SOptions& options, std::span<const std::string_view>
                      "\" has no effect beside it");
 }
 
+// What would have no effect on a table of many files.
+void CheckManyOptions(std::span<const std::string_view> given)
+{
+    for (const std::string_view option : {"--grains", "--pores", "--batch", "--save", "--transpose"}) {
+        if (std::ranges::find(given, option) != given.end())
+            throw EUsage(std::string(option) + " is for one file, and the input is many");
+    }
+}
+
 } // namespace
 
 SOptions ParseOptions(std::span<const char* const> arguments)
 {
     SOptions options;
     const std::vector<std::string_view> given = MakeParser(options).Parse(arguments);
+    if (!options.inputs.empty())
+        options.input = options.inputs.front();
+    options.isMany = !IsOneFile(options.inputs);
     options.request.usesPreferences = !options.preferences.empty();
     if (options.help)
         return options;
@@ -187,6 +208,10 @@ SOptions ParseOptions(std::span<const char* const> arguments)
         throw EUsage("--set changes preferences, but no --preferences are given");
     if (!options.batch.IsEmpty() && !options.request.keys.empty())
         throw EUsage("--parameters is not for --batch, whose sets and the preferences say what is computed");
+    if (options.isMany)
+        CheckManyOptions(given);
+    else if (options.each || options.resumes)
+        throw EUsage("--each and --resume are for more than one file");
     CheckSave(options);
     return options;
 }

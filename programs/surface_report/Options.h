@@ -14,6 +14,11 @@ namespace SurfaceReport
 
 /// What the command line asks for.
 struct SOptions : CommandLine::SSurfaceOptions {
+    /// All inputs; `input` is the first of them.
+    std::vector<std::filesystem::path> inputs{};
+    bool isMany = false;  ///< a table of many files is asked for
+    bool each = false;    ///< with a report of each of them
+    bool resumes = false; ///< what is there of that table is taken over
     CommonUI::Measurement::SRequest request{};
     std::filesystem::path preferences{}; ///< the file of choices; empty for none
     std::vector<CommonUI::CStr> sets{};  ///< changes of the choices, see EditPreferences

@@ -15,6 +15,7 @@
 #include "programs/command_line/ForOption.h"
 #include "programs/command_line/ProgressLine.h"
 #include "programs/surface_report/ListSettings.h"
+#include "programs/surface_report/ManyFiles.h"
 #include "programs/surface_report/Options.h"
 #include "programs/surface_report/OutputFiles.h"
 #include "programs/surface_report/PreferencesFile.h"
@@ -215,14 +216,25 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
     }
 }
 
-void Run(const SOptions& options, std::ostream& out, std::ostream& err)
+int MakeTable(const SOptions& options, CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
+{
+    const SPlan plan = MakePlan(options, preferences.GetFactory());
+    const Measurement::SChoices choices =
+        ForOption("--parameters", [&] { return MakeChoices(preferences.GetManager(), plan.request); });
+    return ReportOnMany(options, plan.sets, choices, preferences, out, err);
+}
+
+int Run(const SOptions& options, std::ostream& out, std::ostream& err)
 {
     const CSettingsFolderScope folder(options);
     CPreferencesFile preferences(options);
     if (options.listSettings)
         Print(ListSettings(preferences.GetFactory(), *options.listSettings), out);
+    else if (options.isMany)
+        return MakeTable(options, preferences, out, err);
     else
         MakeReport(options, preferences, out, err);
+    return 0;
 }
 
 } // namespace
@@ -234,7 +246,7 @@ int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::o
         if (options.help)
             out << c_usage;
         else
-            Run(options, out, err);
+            return Run(options, out, err);
         return 0;
     });
 }
