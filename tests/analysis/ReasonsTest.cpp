@@ -48,7 +48,7 @@ TEST(Reasons, OfSurfaces)
                 {20, flat, "Sal", "flat"},
                 {20, flat, "Std", "flat"},
                 {1, slope, "Sal", "single line"},
-                {1, slope, "Std", "single line"},
+                {1, slope, "Std", "no wider than two spacings"},
                 {20, grating, "Str", "does not fall to 0.2 in all directions"},
                 {20, grating, "Str37", "does not fall to 0.37 in all directions"},
                 {20, dots, "Sdq", "four neighbouring points"},
