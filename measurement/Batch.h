@@ -53,8 +53,8 @@ struct COMMONUIMEASUREMENT_API SBatch {
     bool ChangesSurface() const;
 };
 
-/// Reads the batch sequence that a user specification names, which becomes the most recent one, and all sets of its
-/// steps, which do not.
+/// Reads the batch sequence that a user specification names, which becomes the most recent one, and all sets
+/// of its steps, which do not.
 /// @throws EUnknownSet
 /// @throws ERequest for a user specification that names none, and for a set that cannot be read or used
 COMMONUIMEASUREMENT_API SBatch LoadBatch(CSettingsFactory& factory, const CStr& userSpec);
@@ -79,7 +79,8 @@ struct SBatchOutcome {
 };
 
 /// Does the steps one after the other. A step that does not fit the surface is left out, with a remark.
-/// @param input the surface, which steps change; each step becomes one of its steps, with the remark if there is one
+/// @param input the surface, which steps change; each step becomes one of its steps, with the remark if there
+///     is one
 /// @param request the analysis in force at the beginning
 COMMONUIMEASUREMENT_API SBatchOutcome RunBatch(const SBatch& batch, SInput& input, const SRequest& request,
                                                const CAnalysisPreferencesManager& manager,

@@ -28,8 +28,8 @@ COMMONUIMEASUREMENT_API SNamedSet LoadNamedSet(CSettingsFactory& factory, const 
                                                std::initializer_list<ESettingType> types,
                                                std::u16string_view refusal);
 
-/// Loads the set of a type that a stored reference means, such as u"BUILT-IN:CSQuickLaunchGrey", without a place among
-/// the recent ones.
+/// Loads the set of a type that a stored reference means, such as u"BUILT-IN:CSQuickLaunchGrey", without a
+/// place among the recent ones.
 /// @throws ERequest for a set that cannot be loaded
 COMMONUIMEASUREMENT_API SNamedSet LoadReferredSet(CSettingsFactory& factory, ESettingType type,
                                                   const CStr& reference);

@@ -50,7 +50,8 @@ struct SRequest {
     /// Parameters, units and formats are those of the preferences; without it all parameters of surfaces and
     /// profiles and the usual ones of grains, each in the unit that suits it.
     bool usesPreferences = false;
-    /// What counts instead of the preferences of these roughness analyses; of two of one analysis the later one.
+    /// What counts instead of the preferences of these roughness analyses; of two of one analysis the later
+    /// one.
     std::vector<CRoughnessAnalysisPreferencesData> roughness{};
     /// The parameters by key; empty for those of above. A template has the values of its variables behind its
     /// key, in m or percent, and means the parameter that is made from it, such as "Sdc(10,50)".

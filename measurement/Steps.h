@@ -35,8 +35,8 @@ struct SSets {
 /// Reads the sets that user specifications name, each of which becomes the most recent one of its type. A
 /// path is relative to the current folder.
 /// @throws EUnknownSet
-/// @throws ERequest for a user specification that names a set of another type, and for a set that cannot be read
-///     or used
+/// @throws ERequest for a user specification that names a set of another type, and for a set that cannot be
+///     read or used
 COMMONUIMEASUREMENT_API SSets LoadSets(CSettingsFactory& factory, const std::vector<CStr>& userSpecs);
 
 } // namespace CommonUI::Measurement

@@ -5,7 +5,8 @@
 namespace CommonUI::Analysis
 {
 
-/// As long as it lives, what its thread computes is computed on one thread: for those who share out whole surfaces.
+/// As long as it lives, what its thread computes is computed on one thread: for those who share out whole
+/// surfaces.
 class COMMONUIANALYSIS_API CSingleThread
 {
 public:

@@ -8,8 +8,8 @@
 namespace SurfaceReport
 {
 
-/// Tells how far a run on many files has come: on a terminal in one line, with the time that is left, which is removed at
-/// the end; elsewhere in a line for each tenth of the files.
+/// Tells how far a run on many files has come: on a terminal in one line, with the time that is left, which
+/// is removed at the end; elsewhere in a line for each tenth of the files.
 class CFileProgress
 {
 public:

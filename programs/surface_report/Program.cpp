@@ -49,8 +49,8 @@ CommonUI::Analysis::SSurface Read(const SOptions& options, std::ostream& err)
         {.progress = [&progress](double fraction) { progress.Show(fraction); }, .spacing = options.spacing});
 }
 
-// Writes the report, and the surface where it is to be saved, to a folder that is there and saves the preferences, or does
-// nothing of all that.
+// Writes the report, and the surface where it is to be saved, to a folder that is there and saves the
+// preferences, or does nothing of all that.
 // @param files what is to be written besides
 void WriteAll(const Measurement::CReportTables& report, const CommonUI::Analysis::SSurface& surface,
               const SOptions& options, CPreferencesFile& preferences, COutputFiles& files)
@@ -134,7 +134,8 @@ void AddNotes(const Measurement::SSets& sets, const Measurement::SMethod& method
         input.notes.emplace_back(u"Settings", method.grainSearch->name);
 }
 
-// "report-02-Basic-HTML": letters and digits of the name, and all that is beyond ASCII, with hyphens between them.
+// "report-02-Basic-HTML": letters and digits of the name, and all that is beyond ASCII, with hyphens between
+// them.
 std::string NameReport(std::size_t step, const CommonUI::CStr& name)
 {
     std::string text;

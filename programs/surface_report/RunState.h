@@ -21,7 +21,8 @@ struct SFingerprint {
 /// @throws std::runtime_error for a file that cannot be read
 SFingerprint TakeFingerprint(const std::filesystem::path& path);
 
-/// What a run on many files has finished, in a file that a later run goes on from. Files that failed are tried again.
+/// What a run on many files has finished, in a file that a later run goes on from. Files that failed are
+/// tried again.
 class CRunState
 {
 public:

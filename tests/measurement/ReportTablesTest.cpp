@@ -140,8 +140,8 @@ TEST(ReportTables, FootnotesSayWhyCellsAreEmpty)
 TEST(ReportTables, StatisticsWithoutValuesHaveTheReasonOfTheFirstRow)
 {
     const SRequest request{.keys = {u"Ra", u"4287Ra", u"4287Wq", u"RSm"}};
-    const SInput input{.surface =
-                           MakeSurface(4, 2, [](double x, double y) { return y == 0 ? x : c_missing; })};
+    const SInput input{
+        .surface = MakeSurface(4, 2, [](double x, double y) { return y == 0 ? x : Analysis::c_missing; })};
     const CReportTables tables(ComputeResults(input, MakeChoices(CAnalysisPreferencesManager(), request)),
                                false);
     std::string lines;
