@@ -109,10 +109,10 @@ void Apply(const SStep& step, SSurface& surface)
         throw ERequest(step.userSpec, CStr::FromUtf8(refusal));
 }
 
-SInput Process(SSurface surface, ELevelling levelling, const std::vector<SStep>& steps)
+SInput Process(SSurface surface, ELevelling levelling, const std::vector<SStep>& steps, bool keepsRaw)
 {
     SInput input{.levelling = levelling};
-    if (!steps.empty())
+    if (keepsRaw || !steps.empty())
         input.raw = surface;
     Level(surface, levelling);
     for (const SStep& step : steps) {

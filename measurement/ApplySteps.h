@@ -6,6 +6,7 @@
 #include "Steps.h"
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace CommonUI::Measurement
@@ -22,11 +23,14 @@ struct SInput {
     std::optional<Analysis::SSurface> raw{};
     Analysis::ELevelling levelling = Analysis::ELevelling::None; ///< what was done first
     std::vector<CStr> steps{}; ///< the names of what was applied then, in this order
+    /// Labels and texts of what else there is to say of it.
+    std::vector<std::pair<CStr, CStr>> notes{};
 };
 
 /// Levels a surface and applies steps to it, one after the other.
+/// @param keepsRaw whether the surface as it was read is wanted even where there are no steps
 /// @throws ERequest when one does not fit the surface
 COMMONUIMEASUREMENT_API SInput Process(Analysis::SSurface surface, Analysis::ELevelling levelling,
-                                       const std::vector<SStep>& steps);
+                                       const std::vector<SStep>& steps, bool keepsRaw = false);
 
 } // namespace CommonUI::Measurement

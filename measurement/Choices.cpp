@@ -57,16 +57,18 @@ struct SNames {
     }
 };
 
-// Preferences with the parameters that are asked for by the values of a template.
+// Preferences with the sets and the parameters that are asked for by the values of a template.
 class CExtended
 {
 public:
-    CExtended(const CAnalysisPreferencesManager& manager, const std::vector<CStr>& keys)
+    CExtended(const CAnalysisPreferencesManager& manager, const SRequest& request)
     {
         for (const EAnalysis analysis :
              {EAnalysis::Roughness, EAnalysis::RoughnessProfile, EAnalysis::Measure})
             m_manager.SetData(analysis, manager.GetData(analysis));
-        for (const CStr& key : keys) {
+        for (const CRoughnessAnalysisPreferencesData& data : request.roughness)
+            m_manager.SetData(data.GetAnalysis(), data);
+        for (const CStr& key : request.keys) {
             if (key.Find(u'(') == CStr::npos)
                 m_names.keys.push_back(key);
             else
@@ -165,26 +167,40 @@ SChoices ChooseGrains(const CExtended& extended, const SRequest& request)
     const auto& grains = extended.GetManager().GetData(EAnalysis::Measure);
     return {.rows = Choose(grains.GetParameters(), {.keys = Analysis::GetGrainKeys()}, request,
                            extended.GetNames(), false),
-            .statistics = grains.GetStatistics()};
+            .statistics = grains.GetStatistics(),
+            .automaticRowUnits = !request.usesPreferences && !request.unit};
+}
+
+// Whether somebody has said which parameters of a roughness analysis are meant, and in which units.
+bool IsChosen(EAnalysis analysis, const SRequest& request)
+{
+    return request.usesPreferences ||
+           std::ranges::find(request.roughness, analysis, &CRoughnessAnalysisPreferencesData::GetAnalysis) !=
+               request.roughness.end();
 }
 
 SChoices ChooseRoughness(const CExtended& extended, const SRequest& request)
 {
-    const bool all = !request.usesPreferences;
+    const bool allOfSurface = !IsChosen(EAnalysis::Roughness, request);
+    const bool allOfProfiles = !IsChosen(EAnalysis::RoughnessProfile, request);
     const auto& surface = extended.GetManager().GetData(EAnalysis::Roughness);
     const auto& profiles = extended.GetManager().GetData(EAnalysis::RoughnessProfile);
     SChoices choices{.surface = Choose(surface.GetParameters(),
                                        {.keys = KeysOf(Analysis::GetArealQuantities()),
                                         .templates = KeysOf(Analysis::GetTemplates())},
-                                       request, extended.GetNames(), all),
+                                       request, extended.GetNames(), allOfSurface),
                      .rows = Choose(profiles.GetParameters(),
                                     {.keys = KeysOf(Analysis::GetProfileQuantities()),
                                      .templates = KeysOf(Analysis::GetLineTemplates())},
-                                    request, extended.GetNames(), all),
-                     .statistics = profiles.GetStatistics()};
-    if (!all && extended.GetNames().IsEmpty()) {
-        AddFromPlugIns(surface.GetParameters(), choices.fromPlugIns);
-        AddFromPlugIns(profiles.GetParameters(), choices.fromPlugIns);
+                                    request, extended.GetNames(), allOfProfiles),
+                     .statistics = profiles.GetStatistics(),
+                     .automaticUnits = allOfSurface && !request.unit,
+                     .automaticRowUnits = allOfProfiles && !request.unit};
+    if (extended.GetNames().IsEmpty()) {
+        if (!allOfSurface)
+            AddFromPlugIns(surface.GetParameters(), choices.fromPlugIns);
+        if (!allOfProfiles)
+            AddFromPlugIns(profiles.GetParameters(), choices.fromPlugIns);
     }
     return choices;
 }
@@ -193,12 +209,11 @@ SChoices ChooseRoughness(const CExtended& extended, const SRequest& request)
 
 SChoices MakeChoices(const CAnalysisPreferencesManager& manager, const SRequest& request)
 {
-    const CExtended extended(manager, request.keys);
-    SChoices choices =
-        request.method.grains ? ChooseGrains(extended, request) : ChooseRoughness(extended, request);
+    const CExtended extended(manager, request);
+    SChoices choices = request.method.MeasuresGrains() ? ChooseGrains(extended, request)
+                                                       : ChooseRoughness(extended, request);
     choices.method = request.method;
-    choices.method.valleys = ValleyMethodOf(manager.GetData(EAnalysis::RoughnessProfile));
-    choices.automaticUnits = !request.usesPreferences && !request.unit;
+    choices.method.valleys = ValleyMethodOf(extended.GetManager().GetData(EAnalysis::RoughnessProfile));
     CheckKeys(extended.GetNames(), choices);
     return choices;
 }

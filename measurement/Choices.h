@@ -18,7 +18,8 @@ struct SChoices {
     std::vector<CParameter> rows{};        ///< of its profiles or its grains
     std::vector<CParameter> statistics{};  ///< of these, of which those count that are on
     std::vector<CParameter> fromPlugIns{}; ///< asked for, but supplied by plug-ins: not among the others
-    bool automaticUnits = true;            ///< each parameter is shown in the unit that suits it
+    bool automaticUnits = true;    ///< each parameter of the surface is shown in the unit that suits it
+    bool automaticRowUnits = true; ///< likewise those of the rows
 };
 
 /// @throws ERequest for a key that no parameter has or of which nothing is computed: that of a template

@@ -2,10 +2,12 @@
 
 #include "common/PathText.h"
 #include "common/StringTable.h"
+#include "settings/SetReference.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace CommonUI::Measurement
 {
@@ -48,6 +50,15 @@ CSettings LoadSet(CSettingsFactory& factory, const SSettingsEntry& entry)
     return factory.LoadSettings(entry.m_Type, FullPath(entry.m_File).u16string(), true);
 }
 
+// @param subject what is said to be at fault where the set could not be loaded
+SNamedSet Named(ESettingType type, CSettings settings, const CStr& subject, const CFailureReason& reason)
+{
+    const SSettingsEntry entry = settings.GetEntryInfo();
+    if (entry == SSettingsEntry::s_InvalidID)
+        throw ERequest(subject, reason.GetText());
+    return {.type = type, .name = MenuPath(entry), .settings = std::move(settings)};
+}
+
 } // namespace
 
 SNamedSet LoadNamedSet(CSettingsFactory& factory, const CStr& userSpec,
@@ -61,12 +72,16 @@ SNamedSet LoadNamedSet(CSettingsFactory& factory, const CStr& userSpec,
     if (info.entries.empty())
         throw EUnknownSet(userSpec);
     const CFailureReason reason;
-    SNamedSet set{.type = info.type, .settings = LoadSet(factory, info.entries.front())};
-    const SSettingsEntry entry = set.settings.GetEntryInfo();
-    if (entry == SSettingsEntry::s_InvalidID)
-        throw ERequest(userSpec, reason.GetText());
-    set.name = MenuPath(entry);
-    return set;
+    return Named(info.type, LoadSet(factory, info.entries.front()), userSpec, reason);
+}
+
+SNamedSet LoadReferredSet(CSettingsFactory& factory, ESettingType type, const CStr& reference)
+{
+    const CFailureReason reason;
+    if (const auto setting = FindBuiltIn(reference, type))
+        return Named(type, factory.GetSettings(static_cast<int>(*setting), false), reference, reason);
+    const CStr path = FullPath(CStr(GetReferredPath(reference))).u16string();
+    return Named(type, factory.LoadSettings(type, path, false), reference, reason);
 }
 
 } // namespace CommonUI::Measurement

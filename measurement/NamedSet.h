@@ -28,6 +28,12 @@ COMMONUIMEASUREMENT_API SNamedSet LoadNamedSet(CSettingsFactory& factory, const 
                                                std::initializer_list<ESettingType> types,
                                                std::u16string_view refusal);
 
+/// Loads the set of a type that a stored reference means, such as u"BUILT-IN:CSQuickLaunchGrey", without a
+/// place among the recent ones.
+/// @throws ERequest for a set that cannot be loaded
+COMMONUIMEASUREMENT_API SNamedSet LoadReferredSet(CSettingsFactory& factory, ESettingType type,
+                                                  const CStr& reference);
+
 /// Reads the settings of type T that a set holds.
 /// @throws ERequest, with the user specification and the reason, for an unusable set
 template<class T>

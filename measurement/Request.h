@@ -7,6 +7,8 @@
 #include "../common/Str.h"
 #include "../common/Unit.h"
 #include "../export/Export.h"
+#include "../model/RoughnessAnalysisPreferencesData.h"
+#include "../settings/readers/GrainThresholdSettings.h"
 
 #include <optional>
 #include <vector>
@@ -16,8 +18,16 @@ namespace CommonUI::Measurement
 
 /// Which grains are measured.
 struct SGrainLimit {
-    double threshold; ///< height in m on the levelled surface
+    double threshold; ///< height in m on the surface as it is analysed
     Analysis::EGrainKind kind;
+    Analysis::SGrainSelection selection{}; ///< which of them count
+    CStr rule{};                           ///< how the threshold was found; empty where it was given
+};
+
+/// How grains are found on each surface.
+struct SGrainSearch {
+    CStr name; ///< of the set, where it stands in a menu
+    SGrainThresholdSettings settings;
 };
 
 /// How a surface is analysed.
@@ -25,10 +35,13 @@ struct SMethod {
     Analysis::ELevelling levelling = Analysis::ELevelling::None;
     std::optional<double> cutoff{};      ///< of the profile filter, m; a fifth of the profile without it
     std::optional<SGrainLimit> grains{}; ///< measured instead of the roughness
+    /// Likewise, where no limit is given: it is found on the surface.
+    std::optional<SGrainSearch> grainSearch{};
     std::optional<Analysis::SMotifLimits> motifLimits{}; ///< those for the length of the profiles without it
     Analysis::SValleyMethod valleys{};                   ///< MakeChoices takes it from the preferences
 
     Analysis::SProfileMethod OfProfiles() const { return {cutoff, motifLimits, valleys}; }
+    bool MeasuresGrains() const { return grains || grainSearch; }
 };
 
 /// What somebody asks for beyond the preferences.
@@ -37,6 +50,9 @@ struct SRequest {
     /// Parameters, units and formats are those of the preferences; without it all parameters of surfaces and
     /// profiles and the usual ones of grains, each in the unit that suits it.
     bool usesPreferences = false;
+    /// What counts instead of the preferences of these roughness analyses; of two of one analysis the later
+    /// one.
+    std::vector<CRoughnessAnalysisPreferencesData> roughness{};
     /// The parameters by key; empty for those of above. A template has the values of its variables behind its
     /// key, in m or percent, and means the parameter that is made from it, such as "Sdc(10,50)".
     std::vector<CStr> keys{};

@@ -6,10 +6,13 @@
 #include "analysis/grain/GrainMeasures.h"
 #include "analysis/grain/UndefinedGrain.h"
 #include "analysis/numeric/Statistics.h"
+#include "analysis/profile/ProfileParameters.h"
 #include "analysis/profile/SplitProfile.h"
 #include "analysis/profile/UndefinedProfile.h"
 #include "measurement/detail/Keys.h"
+#include "measurement/detail/LengthText.h"
 #include "measurement/detail/ProfileRows.h"
+#include "measurement/GrainLimit.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
 
@@ -43,14 +46,6 @@ CStr LevellingText(ELevelling levelling)
     }
 }
 
-// A length with the unit that suits it.
-CStr LengthText(double metres)
-{
-    const CUnit unit(CUnit(CUnit::EUnitFactor::Unity).SuitableFactor(metres, 1));
-    const double shown = metres / unit.GetFactorValue();
-    return FormatParameterValue(shown, CParameter::SFormatSpecifier()) + u" " + unit.GetText();
-}
-
 // The texts of the summary that say what was measured.
 SResults Describe(const SInput& input)
 {
@@ -73,6 +68,8 @@ SResults Describe(const SInput& input)
     add(u"Levelling", LevellingText(input.levelling));
     for (std::size_t i = 0; i < input.steps.size(); ++i)
         add(CStr::Format(u"Step %d", i + 1), input.steps[i]);
+    for (const auto& [label, text] : input.notes)
+        add(label, text);
     return results;
 }
 
@@ -144,7 +141,8 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
             values.push_back(ComputeTemplateValue(*surface, parameter, choices.method));
         return values;
     };
-    std::vector<SColumn> columns = MakeColumns(parameters, valuesOf, choices.automaticUnits);
+    std::vector<SColumn> columns = MakeColumns(
+        parameters, valuesOf, input.surface.IsProfile() ? choices.automaticRowUnits : choices.automaticUnits);
     for (SColumn& column : columns) {
         const std::string key = AnalysisKey(column.parameter);
         for (std::size_t i = 0; i < computed.size(); ++i) {
@@ -176,7 +174,7 @@ void AddProfiles(const SSurface& surface, const SChoices& choices, SResults& res
         CPartValues values = rows.Compute({first, last, 0, results.rowCount});
         for (std::size_t i = first; i < last; ++i) {
             SColumn column =
-                MakeColumn(choices.rows[i], std::exchange(values[i - first], {}), choices.automaticUnits);
+                MakeColumn(choices.rows[i], std::exchange(values[i - first], {}), choices.automaticRowUnits);
             column.statistics = Analysis::ComputeStatistics(column.values, share);
             if (results.computePart)
                 column.values = std::vector<double>(); // gives its memory back
@@ -267,8 +265,8 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
 SResults GrainResults(const SInput& input, const SChoices& choices, const SGrainLimit& limit)
 {
     const bool pores = limit.kind == EGrainKind::Pore;
-    Analysis::SGrains grains =
-        Analysis::MeasureGrains(input.surface, limit.threshold, limit.kind, CKeys(choices.rows).Get());
+    Analysis::SGrains grains = Analysis::MeasureGrains(input.surface, limit.threshold, limit.kind,
+                                                       CKeys(choices.rows).Get(), limit.selection);
     const auto valuesOf = [&grains](const CParameter& parameter) {
         return TakeValues(grains.columns, AnalysisKey(parameter));
     };
@@ -278,15 +276,15 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
         return items.GetFriendlyString(static_cast<int>(item));
     };
     const CParameter::SFormatSpecifier format;
-    results.summary.emplace_back(label(EMeasureSummaryItems::GrainSettings),
-                                 (pores ? u"pores below " : u"particles from ") +
-                                     LengthText(limit.threshold));
+    results.summary.emplace_back(label(EMeasureSummaryItems::GrainSettings), DescribeLimit(limit));
+    if (!limit.selection.IsAll())
+        results.summary.emplace_back(u"Left out", DescribeLeftOut(input.surface, limit, grains.count));
     results.summary.emplace_back(label(EMeasureSummaryItems::SegmentCount),
                                  CStr::Format(u"%d", grains.count));
     results.summary.emplace_back(label(EMeasureSummaryItems::Coverage),
                                  FormatParameterValue(grains.coverage, format) + u" %");
     results.rowName = pores ? u"Pore" : u"Particle";
-    results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticUnits);
+    results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticRowUnits);
     results.columnsAtOnce = results.columns.size();
     std::vector<std::string> shown;
     for (const SColumn& column : results.columns)
@@ -325,8 +323,9 @@ CPartValues SResults::GetValues(const SPart& part) const
 
 SResults ComputeResults(const SInput& input, const SChoices& choices)
 {
-    return choices.method.grains ? GrainResults(input, choices, *choices.method.grains)
-                                 : RoughnessResults(input, choices);
+    return choices.method.MeasuresGrains()
+               ? GrainResults(input, choices, FindGrainLimit(choices.method, input.surface))
+               : RoughnessResults(input, choices);
 }
 
 } // namespace CommonUI::Measurement

@@ -1,6 +1,8 @@
 #include "measurement/Steps.h"
 
+#include "measurement/detail/ReadSet.h"
 #include "measurement/NamedSet.h"
+#include "settings/readers/RoughnessSettings.h"
 
 namespace CommonUI::Measurement
 {
@@ -8,27 +10,48 @@ namespace CommonUI::Measurement
 namespace
 {
 
-SStep LoadStep(CSettingsFactory& factory, const CStr& userSpec)
+void AddSet(CSettingsFactory& factory, const CStr& userSpec, SSets& sets)
 {
-    SNamedSet set = LoadNamedSet(factory, userSpec, {ESettingType::PlaneCorr, ESettingType::Filter},
-                                 u"only plane corrections (PlaneCorr) and filters (Filter) can be applied");
-    SStep step{.userSpec = userSpec, .name = set.name, .settings = {}};
-    if (set.type == ESettingType::PlaneCorr)
-        step.settings = ReadNamedSet<SPlaneCorrectionSettings>(set, userSpec);
+    using enum ESettingType;
+    SNamedSet set =
+        LoadNamedSet(factory, userSpec, {PlaneCorr, Filter, ImageRoughness, ProfileRoughness},
+                     u"only plane corrections (PlaneCorr), filters (Filter) and roughness settings "
+                     u"(ImageRoughness, ProfileRoughness) can be applied");
+    if (set.type == PlaneCorr || set.type == Filter)
+        sets.steps.push_back(ReadStep(set, userSpec));
     else
-        step.settings = ReadNamedSet<SFilterSettings>(set, userSpec);
-    return step;
+        sets.roughness.push_back(ReadRoughness(set, userSpec));
 }
 
 } // namespace
 
-std::vector<SStep> LoadSteps(CSettingsFactory& factory, const std::vector<CStr>& userSpecs)
+SStep ReadStep(SNamedSet& set, const CStr& subject)
 {
-    std::vector<SStep> steps;
-    steps.reserve(userSpecs.size());
+    SStep step{.userSpec = subject, .name = set.name, .settings = {}};
+    if (set.type == ESettingType::PlaneCorr)
+        step.settings = ReadNamedSet<SPlaneCorrectionSettings>(set, subject);
+    else
+        step.settings = ReadNamedSet<SFilterSettings>(set, subject);
+    return step;
+}
+
+SRoughnessSet ReadRoughness(SNamedSet& set, const CStr& subject)
+{
+    const auto analysis =
+        set.type == ESettingType::ImageRoughness ? EAnalysis::Roughness : EAnalysis::RoughnessProfile;
+    const CFailureReason reason;
+    CRoughnessAnalysisPreferencesData data(analysis);
+    if (!LoadRoughnessSettings(set.settings, data))
+        throw ERequest(subject, reason.GetText());
+    return {subject, set.name, std::move(data)};
+}
+
+SSets LoadSets(CSettingsFactory& factory, const std::vector<CStr>& userSpecs)
+{
+    SSets sets;
     for (const CStr& userSpec : userSpecs)
-        steps.push_back(LoadStep(factory, userSpec));
-    return steps;
+        AddSet(factory, userSpec, sets);
+    return sets;
 }
 
 } // namespace CommonUI::Measurement

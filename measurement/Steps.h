@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../export/Export.h"
+#include "../model/RoughnessAnalysisPreferencesData.h"
 #include "../settings/factory/SettingsFactory.h"
 #include "../settings/readers/FilterSettings.h"
 #include "../settings/readers/PlaneCorrectionSettings.h"
@@ -18,12 +19,24 @@ struct SStep {
     std::variant<SPlaneCorrectionSettings, SFilterSettings> settings;
 };
 
+/// A settings set that says which parameters and statistics of a roughness analysis are meant.
+struct SRoughnessSet {
+    CStr userSpec;
+    CStr name;
+    CRoughnessAnalysisPreferencesData data;
+};
+
+/// What settings sets make of a run.
+struct SSets {
+    std::vector<SStep> steps{};             ///< in the order given
+    std::vector<SRoughnessSet> roughness{}; ///< of two for one analysis the later one counts
+};
+
 /// Reads the sets that user specifications name, each of which becomes the most recent one of its type. A
 /// path is relative to the current folder.
 /// @throws EUnknownSet
-/// @throws ERequest for a user specification that names no plane correction and no filter, and for a set that
-///     cannot be read or used
-COMMONUIMEASUREMENT_API std::vector<SStep> LoadSteps(CSettingsFactory& factory,
-                                                     const std::vector<CStr>& userSpecs);
+/// @throws ERequest for a user specification that names a set of another type, and for a set that cannot be
+///     read or used
+COMMONUIMEASUREMENT_API SSets LoadSets(CSettingsFactory& factory, const std::vector<CStr>& userSpecs);
 
 } // namespace CommonUI::Measurement

@@ -1,4 +1,4 @@
-#include "settings/detail/SetReference.h"
+#include "settings/SetReference.h"
 
 namespace CommonUI
 {

@@ -136,7 +136,7 @@ SAxis MakeLogarithmicAxis(CRange<double> range, int most)
     return axis;
 }
 
-CStr LengthText(double metres)
+CStr LengthLabel(double metres)
 {
     const SScaleUnit unit = SuitableUnit(std::abs(metres));
     const CStr separator = unit.text.View().starts_with(u'1') ? u"·" : u" ";

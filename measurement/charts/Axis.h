@@ -37,6 +37,6 @@ COMMONUIMEASUREMENT_API SAxis MakeNumberAxis(CRange<double> range, int intervals
 COMMONUIMEASUREMENT_API SAxis MakeLogarithmicAxis(CRange<double> range, int most);
 
 /// The text of a length in the unit that suits it, with three digits: "64 µm".
-COMMONUIMEASUREMENT_API CStr LengthText(double metres);
+COMMONUIMEASUREMENT_API CStr LengthLabel(double metres);
 
 } // namespace CommonUI::Measurement

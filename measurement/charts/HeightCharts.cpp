@@ -129,9 +129,9 @@ using CBrackets = std::array<SBracket, 3>;
 
 CBrackets MakeBrackets(const SCoreLine& line, const SCore& core)
 {
-    return {SBracket{u"Spk " + LengthText(core.Spk), line.top + core.Spk, line.top},
-            SBracket{u"Sk " + LengthText(core.Sk), line.top, line.bottom},
-            SBracket{u"Svk " + LengthText(core.Svk), line.bottom, line.bottom - core.Svk}};
+    return {SBracket{u"Spk " + LengthLabel(core.Spk), line.top + core.Spk, line.top},
+            SBracket{u"Sk " + LengthLabel(core.Sk), line.top, line.bottom},
+            SBracket{u"Svk " + LengthLabel(core.Svk), line.bottom, line.bottom - core.Svk}};
 }
 
 double RoomOf(const CBrackets& brackets)
@@ -201,8 +201,8 @@ std::string DrawHistogram(const CMaterialRatio& curve, std::optional<double> thr
     const double mean = MeanOf(curve);
     CSvg svg(c_width, c_height, u"Histogram of the heights",
              u"Share of the points in each of " + CStr::Format(u"%u", classes) +
-                 u" classes of heights from " + LengthText(heights.back()) + u" to " +
-                 LengthText(heights.front()) + u"; mean " + LengthText(mean));
+                 u" classes of heights from " + LengthLabel(heights.back()) + u" to " +
+                 LengthLabel(heights.front()) + u"; mean " + LengthLabel(mean));
     const SAxis x = MakeAxisBelow(range, plot.GetRight() - plot.GetLeft(), 8);
     DrawAxisBelow(svg, plot, x, AxisName(u"z", x.unit));
     DrawAxisLeft(svg, plot, y, u"points / %");
@@ -242,8 +242,8 @@ std::string DrawMaterialRatio(const CMaterialRatio& curve, bool isAreal)
         .y = {.range = range, .from = c_bottom, .to = c_top}};
     CStr description = u"Height that a share of the points reaches";
     if (hasCore)
-        description += u": core height Sk " + LengthText(core.Sk) + u", peaks Spk " + LengthText(core.Spk) +
-                       u" up to " + PercentText(core.Smr1) + u", dales Svk " + LengthText(core.Svk) +
+        description += u": core height Sk " + LengthLabel(core.Sk) + u", peaks Spk " + LengthLabel(core.Spk) +
+                       u" up to " + PercentText(core.Smr1) + u", dales Svk " + LengthLabel(core.Svk) +
                        u" from " + PercentText(core.Smr2);
     CSvg svg(c_width, c_height, u"Material ratio curve", description);
     DrawAxisBelow(svg, plot, MakeNumberAxis({0, 100}, 5), u"material ratio / %");

@@ -1,4 +1,5 @@
 #include "measurement/charts/Pictures.h"
+#include "measurement/GrainLimit.h"
 
 #include "analysis/areal/HeightParameters.h"
 #include "analysis/profile/PowerSpectrum.h"
@@ -8,6 +9,7 @@
 #include "measurement/charts/ProfileChart.h"
 #include "measurement/charts/SpectrumChart.h"
 #include "measurement/charts/SurfaceMap.h"
+#include "measurement/GrainLimit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -68,9 +70,7 @@ std::string MapFigure(const SSurface& surface, const CStr& caption, const Analys
 
 CStr GrainCaption(const Analysis::SGrainMap& map, const SGrainLimit& limit)
 {
-    const bool arePores = limit.kind == Analysis::EGrainKind::Pore;
-    const CStr kind = arePores ? u" pores below " : u" particles from ";
-    return CStr::Format(u"%u", map.count) + kind + LengthText(limit.threshold) + u"; numbers of the largest";
+    return CStr::Format(u"%u ", map.count) + DescribeLimit(limit) + u"; numbers of the largest";
 }
 
 } // namespace
@@ -82,8 +82,9 @@ std::vector<std::string> MakePictures(const SInput& input, const SMethod& method
     if (Analysis::FindRange(surface.heights).count == 0) {
         pictures.push_back(Figure(u"No pictures: the surface has no valid point", {}));
     } else if (method.grains) {
-        const Analysis::SGrainMap map =
+        Analysis::SGrainMap map =
             Analysis::FindGrains(surface, method.grains->threshold, method.grains->kind);
+        SelectGrains(map, method.grains->selection, surface.dx * surface.dy);
         pictures.push_back(MapFigure(surface, GrainCaption(map, *method.grains), &map));
         pictures.push_back(
             Figure(u"Heights", DrawHistogram(CMaterialRatio(surface.heights), method.grains->threshold)));

@@ -69,7 +69,7 @@ void DrawCutoff(CSvg& svg, const SPlot& plot, double begin, double cutoff, doubl
     svg.AddLine(left, y, right, y, "axis");
     for (const double x : {left, right})
         svg.AddLine(x, y - 3, x, y + 3, "axis");
-    svg.AddText(u"λc " + LengthText(cutoff), std::max(left + 4, textLeft), y - 5, "start");
+    svg.AddText(u"λc " + LengthLabel(cutoff), std::max(left + 4, textLeft), y - 5, "start");
 }
 
 // Draws the profiles of one length.
@@ -110,9 +110,9 @@ private:
 
     CStr Describe(CRange<double> range) const
     {
-        const CStr text = u"Heights from " + LengthText(range.GetLower()) + u" to " +
-                          LengthText(range.GetUpper()) + u" over " + LengthText(m_length);
-        return m_isFiltered ? text + u"; roughness and waviness at a cut-off of " + LengthText(m_cutoff)
+        const CStr text = u"Heights from " + LengthLabel(range.GetLower()) + u" to " +
+                          LengthLabel(range.GetUpper()) + u" over " + LengthLabel(m_length);
+        return m_isFiltered ? text + u"; roughness and waviness at a cut-off of " + LengthLabel(m_cutoff)
                             : text;
     }
 

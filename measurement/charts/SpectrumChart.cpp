@@ -45,8 +45,8 @@ std::string DrawSpectrum(const std::vector<SSpectrumPoint>& spectrum)
         .y = {.range = powers, .from = c_bottom, .to = c_top, .isLogarithmic = true},
     };
     CSvg svg(c_width, c_height, u"Power spectrum",
-             u"Mean power spectral density of the lines for wavelengths from " + LengthText(longest) +
-                 u" to " + LengthText(shortest));
+             u"Mean power spectral density of the lines for wavelengths from " + LengthLabel(longest) +
+                 u" to " + LengthLabel(shortest));
     DrawAxisBelow(svg, plot, MakeLogarithmicAxis(frequencies, 9),
                   AxisName(u"frequency", unit.GetText() + u"⁻¹"));
     DrawAxisLeft(svg, plot, y, u"power / m³");

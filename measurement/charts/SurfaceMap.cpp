@@ -184,8 +184,8 @@ std::string DrawSurfaceMap(const SSurface& surface, const SColorScale& colors, c
 
     CSvg svg(c_width, c_top + down + c_bottom,
              grains ? u"Map of the surface with its grains" : u"Map of the surface",
-             u"Heights from " + LengthText(heights.lowest) + u" to " + LengthText(heights.highest) +
-                 u" over " + LengthText(width) + u" × " + LengthText(depth));
+             u"Heights from " + LengthLabel(heights.lowest) + u" to " + LengthLabel(heights.highest) +
+                 u" over " + LengthLabel(width) + u" × " + LengthLabel(depth));
     if (heights.count < surface.heights.size())
         AddHatching(svg, plot);
     AddImage(svg, plot, raster, shown.points <= 256 && shown.lines <= 256 ? "pixels" : "smooth");

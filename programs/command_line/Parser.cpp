@@ -76,8 +76,12 @@ std::size_t CParser::Take(std::span<const char* const> arguments) const
 
 void CParser::TakeInput(const std::string& argument) const
 {
-    if (!m_input || IsOption(argument))
+    if ((!m_input && !m_inputs) || IsOption(argument))
         throw EUsage("there is no option \"" + argument + "\"");
+    if (m_inputs) {
+        m_inputs->push_back(argument);
+        return;
+    }
     if (!m_input->empty())
         throw EUsage("\"" + argument + "\" is one input too many");
     *m_input = argument;

@@ -28,6 +28,8 @@ public:
     void AddOptional(std::string_view option, FTakeValue take);
     /// What does not begin with a hyphen is the input. Without it there is none.
     void AddInput(std::filesystem::path& input) { m_input = &input; }
+    /// The same for any number of inputs.
+    void AddInputs(std::vector<std::filesystem::path>& inputs) { m_inputs = &inputs; }
 
     /// @param arguments without the program's name
     /// @return the options that stand there, in their order; none beside --help
@@ -48,6 +50,7 @@ private:
     std::vector<SOption> m_options{};
     bool* m_help = nullptr;
     std::filesystem::path* m_input = nullptr;
+    std::vector<std::filesystem::path>* m_inputs = nullptr;
 };
 
 } // namespace CommandLine

@@ -2,6 +2,7 @@
 
 #include "common/NumberText.h"
 #include "programs/command_line/CommandLine.h"
+#include "programs/surface_report/Inputs.h"
 #include "programs/surface_report/SaveSurface.h"
 
 #include <algorithm>
@@ -19,9 +20,14 @@ namespace Analysis = CommonUI::Analysis;
 const char* const c_usage = R"(Reports the roughness or the grains of a measured surface.
 
 usage: surface_report INPUT --out DIR [OPTION...]
+       surface_report INPUT... --out DIR [OPTION...]
 
   INPUT              a surface or profile: SDF (ISO 25178-71), X3P (ISO 25178-72), a text matrix with a "#" header,
                      or columns of text below a line such as "x [mm] z [um]"
+  INPUT...           many files, or a folder, a pattern with * and ?, a list @FILE with a path in each line: one table
+                     with a row for each
+  --each             writes a report of each of many files, too
+  --resume           takes over what an interrupted run on many files has finished
   --out DIR          folder for report.txt (tab-separated) and report.html
   --parameters KEYS  parameters by their keys, separated by commas: Sa,Sq,4287Ra,4287Pz; those of templates with
                      values in m or percent: 'Smc(10),Sdc(10,50)'
@@ -32,6 +38,7 @@ usage: surface_report INPUT --out DIR [OPTION...]
                      widest motifs of roughness and waviness, such as 0.5mm,2.5mm; B is five times A without it, and
                      both are those that ISO 12085 recommends for the length of the profiles without the option
   --grains HEIGHT    measures the connected grains at or above a height, such as 50nm, instead
+  --grains SPEC      measures the particles or pores that a threshold set says: 'PnP[Id(198)]'  'PnP[File(x.pnps)]'
   --pores HEIGHT     measures the connected pores below a height instead
   --transpose        parameters as columns of the surface's table and as rows of the profiles' table
   --pictures yes|no  whether report.html has pictures of the surface; yes without it
@@ -40,8 +47,10 @@ usage: surface_report INPUT --out DIR [OPTION...]
   --set CHANGE       changes the preferences and saves them, any number of times:
                      Sa=off  Sq.unit=um  Sq.format=Digits:4  Fractile=on:95  Sch=on:95
   --settings SPEC    applies a plane correction or a filter first, any number of times in the order given; the
-                     surface's table then shows the raw surface beside the processed one. A set is named by its
-                     identifier, its key or a file: 'PlaneCorr[Id(4)]'  'Filter[File(x.flt)]'
+                     surface's table then shows the raw surface beside the processed one. Of a roughness set the
+                     parameters and statistics are shown in this run. A set is named by its identifier, its key or
+                     a file: 'PlaneCorr[Id(4)]'  'Filter[File(x.flt)]'  'ImageRoughness[Id(73)]'
+  --batch SPEC       runs a batch sequence: 'Batch[Id(65)]'  'Batch[File(x.batch)]'
   --save FILE        writes the surface that is analysed, in the format of the name: .sdf, .x3p, or .txt, which is a
                      matrix or, for a profile, columns
   --binary           the binary form of .sdf
@@ -108,9 +117,14 @@ std::vector<CStr> SplitKeys(const std::string& text)
 void TakeGrains(SOptions& options, const std::string& option, const std::string& height, EGrainKind kind)
 {
     auto& grains = options.request.method.grains;
-    if (grains)
+    if (grains || !options.grainSet.IsEmpty())
         throw EUsage(option + ": either particles or pores are measured, at one height");
-    grains = {ParseLength(option, height), kind};
+    if (height.find('[') == std::string::npos)
+        grains = {ParseLength(option, height), kind};
+    else if (kind == EGrainKind::Pore)
+        throw EUsage(option + ": a set says itself whether pores are meant; it is given with --grains");
+    else
+        options.grainSet = CStr::FromUtf8(height);
 }
 
 CommandLine::CParser MakeParser(SOptions& options)
@@ -118,6 +132,9 @@ CommandLine::CParser MakeParser(SOptions& options)
     auto& request = options.request;
     CommandLine::CParser parser;
     CommandLine::AddSurfaceOptions(parser, options, request.method.levelling);
+    parser.AddInputs(options.inputs);
+    parser.AddFlag("--each", options.each);
+    parser.AddFlag("--resume", options.resumes);
     parser.AddFlag("--transpose", options.transpose);
     parser.Add("--pictures", [&](auto& option, auto& text) {
         options.hasPictures = CommandLine::ParseWord<bool>(option, text, {{"yes", true}, {"no", false}});
@@ -145,6 +162,7 @@ CommandLine::CParser MakeParser(SOptions& options)
                [&](auto& option, auto& file) { options.preferences = CommandLine::ParsePath(option, file); });
     parser.Add("--set", [&](auto&, auto& change) { options.sets.push_back(CStr::FromUtf8(change)); });
     parser.Add("--settings", [&](auto&, auto& spec) { options.settings.push_back(CStr::FromUtf8(spec)); });
+    parser.Add("--batch", [&](auto&, auto& spec) { options.batch = CStr::FromUtf8(spec); });
     parser.Add("--settings-folder", [&](auto& option, auto& folder) {
         options.settingsFolder = CommandLine::ParsePath(option, folder);
     });
@@ -164,12 +182,24 @@ void CheckListOptions(const SOptions& options, std::span<const std::string_view>
                      "\" has no effect beside it");
 }
 
+// What would have no effect on a table of many files.
+void CheckManyOptions(std::span<const std::string_view> given)
+{
+    for (const std::string_view option : {"--grains", "--pores", "--batch", "--save", "--transpose"}) {
+        if (std::ranges::find(given, option) != given.end())
+            throw EUsage(std::string(option) + " is for one file, and the input is many");
+    }
+}
+
 } // namespace
 
 SOptions ParseOptions(std::span<const char* const> arguments)
 {
     SOptions options;
     const std::vector<std::string_view> given = MakeParser(options).Parse(arguments);
+    if (!options.inputs.empty())
+        options.input = options.inputs.front();
+    options.isMany = !IsOneFile(options.inputs);
     options.request.usesPreferences = !options.preferences.empty();
     if (options.help)
         return options;
@@ -180,6 +210,12 @@ SOptions ParseOptions(std::span<const char* const> arguments)
     CommandLine::CheckSurfaceOptions(options, "folder is given for the reports");
     if (!options.sets.empty() && options.preferences.empty())
         throw EUsage("--set changes preferences, but no --preferences are given");
+    if (!options.batch.IsEmpty() && !options.request.keys.empty())
+        throw EUsage("--parameters is not for --batch, whose sets and the preferences say what is computed");
+    if (options.isMany)
+        CheckManyOptions(given);
+    else if (options.each || options.resumes)
+        throw EUsage("--each and --resume are for more than one file");
     CheckSave(options);
     return options;
 }

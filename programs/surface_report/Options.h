@@ -14,11 +14,20 @@ namespace SurfaceReport
 
 /// What the command line asks for.
 struct SOptions : CommandLine::SSurfaceOptions {
+    /// All inputs; `input` is the first of them.
+    std::vector<std::filesystem::path> inputs{};
+    bool isMany = false;  ///< a table of many files is asked for
+    bool each = false;    ///< with a report of each of them
+    bool resumes = false; ///< what is there of that table is taken over
     CommonUI::Measurement::SRequest request{};
     std::filesystem::path preferences{}; ///< the file of choices; empty for none
     std::vector<CommonUI::CStr> sets{};  ///< changes of the choices, see EditPreferences
     /// Specifications of the settings sets that are applied before the analysis, in this order.
     std::vector<CommonUI::CStr> settings{};
+    /// Specification of the batch sequence that is run; empty for none.
+    CommonUI::CStr batch{};
+    /// Specification of the set that says which grains are measured; empty for none.
+    CommonUI::CStr grainSet{};
     /// To list settings sets instead of analysing anything: the key of their type, empty for all types.
     std::optional<std::string> listSettings{};
     std::filesystem::path settingsFolder{}; ///< where custom settings lie; empty for the user's folder

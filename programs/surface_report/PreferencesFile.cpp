@@ -28,7 +28,7 @@ CPreferencesFile::CPreferencesFile(const SOptions& options)
         m_manager.Load(m_ini);
     for (const CommonUI::CStr& change : options.sets)
         ForOption("--set", [&] { CommonUI::Measurement::EditPreferences(m_manager, change); });
-    m_usesSettings = !options.settings.empty();
+    m_usesSettings = !options.settings.empty() || !options.grainSet.IsEmpty() || !options.batch.IsEmpty();
     m_needsSaving = !exists || !options.sets.empty() || m_usesSettings;
 }
 

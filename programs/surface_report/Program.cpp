@@ -1,11 +1,12 @@
 #include "programs/surface_report/Program.h"
 
 #include "analysis/surface/Surface.h"
-#include "common/FileReplacement.h"
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"
+#include "measurement/Batch.h"
 #include "measurement/charts/Pictures.h"
 #include "measurement/Choices.h"
+#include "measurement/GrainLimit.h"
 #include "measurement/ReportTables.h"
 #include "measurement/Results.h"
 #include "measurement/Steps.h"
@@ -15,14 +16,15 @@
 #include "programs/command_line/ForOption.h"
 #include "programs/command_line/ProgressLine.h"
 #include "programs/surface_report/ListSettings.h"
+#include "programs/surface_report/ManyFiles.h"
 #include "programs/surface_report/Options.h"
+#include "programs/surface_report/OutputFiles.h"
 #include "programs/surface_report/PreferencesFile.h"
 #include "programs/surface_report/SaveSurface.h"
 #include "programs/surface_report/TerminalText.h"
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <ostream>
 
@@ -48,85 +50,18 @@ CommonUI::Analysis::SSurface Read(const SOptions& options, std::ostream& err)
         {.progress = [&progress](double fraction) { progress.Show(fraction); }, .spacing = options.spacing});
 }
 
-// A folder that is made where there is none, with those above it, and goes again unless it is kept.
-class CMadeFolder
-{
-public:
-    // Delegates, so that the destructor undoes what was made before it failed.
-    explicit CMadeFolder(const fs::path& folder)
-        : CMadeFolder()
-    {
-        for (fs::path path = folder; !path.empty() && !fs::exists(path); path = path.parent_path())
-            m_made.push_back(path);
-        fs::create_directories(folder);
-    }
-    ~CMadeFolder()
-    {
-        std::error_code ignored;
-        for (const fs::path& path : m_made)
-            fs::remove(path, ignored);
-    }
-    CMadeFolder(const CMadeFolder&) = delete;
-    CMadeFolder& operator=(const CMadeFolder&) = delete;
-
-    void Keep() { m_made.clear(); }
-
-private:
-    CMadeFolder() = default;
-
-    std::vector<fs::path> m_made{}; // the deepest first
-};
-
-// A report on its way to its file.
-class CReportFile
-{
-public:
-    // @param make writes the report with the function that it is called with
-    CReportFile(fs::path path, const std::function<void(const Measurement::FWriteText&)>& make)
-        : m_path(std::move(path))
-    {
-        CommonUI::CStr reason;
-        Check(m_file.Open(m_path.u16string(), reason), reason);
-        make([&](std::string_view piece) { Check(m_file.Write(piece, reason), reason); });
-    }
-
-    void Replace()
-    {
-        CommonUI::CStr reason;
-        Check(m_file.ReplaceForNow(reason), reason);
-    }
-    void Keep() { m_file.Keep(); }
-
-private:
-    void Check(bool done, const CommonUI::CStr& reason) const
-    {
-        if (!done)
-            throw std::runtime_error(m_path.string() + ": " + reason.ToUtf8());
-    }
-
-    fs::path m_path;
-    CommonUI::CFileReplacement m_file{};
-};
-
-// Writes both reports to a folder that is there and the surface where it is to be saved, and saves the
+// Writes the report, and the surface where it is to be saved, to a folder that is there and saves the
 // preferences, or does nothing of all that.
+// @param files what is to be written besides
 void WriteAll(const Measurement::CReportTables& report, const CommonUI::Analysis::SSurface& surface,
-              const SOptions& options, CPreferencesFile& preferences)
+              const SOptions& options, CPreferencesFile& preferences, COutputFiles& files)
 {
-    CReportFile html(options.output / "report.html", [&](const auto& write) { report.WriteHtml(write); });
-    CReportFile text(options.output / "report.txt", [&](const auto& write) { report.WriteText(write); });
-    std::optional<CReportFile> saved;
+    files.AddReport(options.output / "report", report);
     if (!options.save.empty())
-        saved.emplace(options.save, [&](const auto& write) { write(SavedBytes(surface, options)); });
-    html.Replace();
-    text.Replace();
-    if (saved)
-        saved->Replace();
+        files.Add(options.save, [&](const auto& write) { write(SavedBytes(surface, options)); });
+    files.Replace();
     preferences.Save();
-    if (saved)
-        saved->Keep();
-    html.Keep();
-    text.Keep();
+    files.Keep();
 }
 
 // Has the user's own sets looked for in the options' folder as long as the object lives.
@@ -156,36 +91,128 @@ void Print(const std::string& text, std::ostream& out)
         throw std::runtime_error("the output cannot be printed");
 }
 
-std::vector<Measurement::SStep> LoadSteps(CommonUI::CSettingsFactory& factory, const SOptions& options)
+// Loads the sets that an option names.
+template<class FLoad>
+auto LoadFor(const char* option, FLoad load)
 {
-    return ForOption("--settings", [&] {
+    return ForOption(option, [&] {
         try {
-            return Measurement::LoadSteps(factory, options.settings);
+            return load();
         } catch (const Measurement::EUnknownSet& error) {
-            throw CommandLine::EUsage(std::string("--settings ") + error.what() + "; see --list-settings");
+            throw CommandLine::EUsage(std::string(option) + " " + error.what() + "; see --list-settings");
         }
     });
+}
+
+Measurement::SSets LoadSets(CommonUI::CSettingsFactory& factory, const SOptions& options)
+{
+    return LoadFor("--settings", [&] { return Measurement::LoadSets(factory, options.settings); });
+}
+
+// What is asked for, with the sets that say more of it.
+Measurement::SRequest CompleteRequest(const SOptions& options, const Measurement::SSets& sets,
+                                      CommonUI::CSettingsFactory& factory)
+{
+    Measurement::SRequest request = options.request;
+    if (!options.grainSet.IsEmpty())
+        request.method.grainSearch =
+            LoadFor("--grains", [&] { return Measurement::LoadGrainSearch(factory, options.grainSet); });
+    for (const Measurement::SRoughnessSet& set : sets.roughness) {
+        if (request.method.MeasuresGrains())
+            throw CommandLine::EUsage("--settings " + set.userSpec.ToUtf8() +
+                                      ": it says nothing of grains, which are measured instead");
+        request.roughness.push_back(set.data);
+    }
+    return request;
+}
+
+// The lines of the summary about the sets that are not steps.
+void AddNotes(const Measurement::SSets& sets, const Measurement::SMethod& method, Measurement::SInput& input)
+{
+    for (const Measurement::SRoughnessSet& set : sets.roughness)
+        input.notes.emplace_back(u"Settings", set.name);
+    if (method.grainSearch)
+        input.notes.emplace_back(u"Settings", method.grainSearch->name);
+}
+
+// "report-02-Basic-HTML": letters and digits of the name, and all that is beyond ASCII, with hyphens between
+// them.
+std::string NameReport(std::size_t step, const CommonUI::CStr& name)
+{
+    std::string text;
+    for (const char c : name.ToUtf8()) {
+        const bool isPlain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+                             static_cast<unsigned char>(c) >= 0x80;
+        if (isPlain)
+            text += c;
+        else if (!text.empty() && text.back() != '-')
+            text += '-';
+    }
+    while (text.ends_with('-'))
+        text.pop_back();
+    const std::string number = std::to_string(step);
+    return "report-" + (step < 10 ? "0" + number : number) + "-" + text;
+}
+
+// What a run is made of besides the surface.
+struct SPlan {
+    Measurement::SSets sets;
+    Measurement::SRequest request;
+    std::optional<Measurement::SBatch> batch{};
+};
+
+// The sets are loaded in the order in which they become recent ones.
+SPlan MakePlan(const SOptions& options, CommonUI::CSettingsFactory& factory)
+{
+    SPlan plan{.sets = LoadSets(factory, options), .request = {}};
+    plan.request = CompleteRequest(options, plan.sets, factory);
+    if (!options.batch.IsEmpty())
+        plan.batch = LoadFor("--batch", [&] { return Measurement::LoadBatch(factory, options.batch); });
+    return plan;
+}
+
+// The analysis that is in force at the end of a batch sequence; its reports become files.
+Measurement::SChoices RunSteps(const SPlan& plan, const SOptions& options,
+                               const CPreferencesFile& preferences, Measurement::SInput& input,
+                               COutputFiles& files, std::ostream& err)
+{
+    const auto report = [&](Measurement::SBatchReport made) {
+        const fs::path path = options.output / NameReport(made.step, made.name);
+        files.AddReport(path, Measurement::CReportTables(std::move(made.results), options.transpose));
+    };
+    auto outcome = RunBatch(*plan.batch, input, plan.request, preferences.GetManager(), report);
+    for (const CommonUI::CStr& remark : outcome.remarks)
+        err << "surface_report: " << CommandLine::ToTerminal(remark.ToUtf8()) << "\n";
+    return std::move(outcome.choices);
 }
 
 // What was asked for is looked into before the file is read.
 void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
 {
-    const Measurement::SChoices choices =
-        ForOption("--parameters", [&] { return MakeChoices(preferences.GetManager(), options.request); });
-    const std::vector<Measurement::SStep> steps = LoadSteps(preferences.GetFactory(), options);
+    const SPlan plan = MakePlan(options, preferences.GetFactory());
+    Measurement::SChoices choices =
+        ForOption("--parameters", [&] { return MakeChoices(preferences.GetManager(), plan.request); });
     CommonUI::Analysis::SSurface surface = Read(options, err);
     if (surface.IsProfile() && choices.rows.empty() && !options.request.keys.empty())
         throw CommandLine::EUsage(
             "--parameters: the file is a profile, and none of these is one of profiles");
     try {
-        const Measurement::SInput input = ForOption(
-            "--settings", [&] { return Process(std::move(surface), choices.method.levelling, steps); });
+        Measurement::SInput input = ForOption("--settings", [&] {
+            return Process(std::move(surface), choices.method.levelling, plan.sets.steps,
+                           plan.batch && plan.batch->ChangesSurface());
+        });
+        AddNotes(plan.sets, choices.method, input);
+        CMadeFolder folder(options.output);
+        COutputFiles files;
+        if (plan.batch)
+            choices = RunSteps(plan, options, preferences, input, files, err);
+        if (choices.method.MeasuresGrains())
+            choices.method.grains = FindGrainLimit(choices.method, input.surface);
         Measurement::CReportTables report(
             ForOption("--cutoff", [&] { return ComputeResults(input, choices); }), options.transpose);
         if (options.hasPictures)
             report.SetPictures(MakePictures(input, choices.method));
-        CMadeFolder folder(options.output);
-        WriteAll(report, input.surface, options, preferences);
+        WriteAll(report, input.surface, options, preferences, files);
         folder.Keep();
         Print(TerminalText(report), out);
     } catch (const CommonUI::Analysis::ENoPoints& error) {
@@ -193,14 +220,25 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
     }
 }
 
-void Run(const SOptions& options, std::ostream& out, std::ostream& err)
+int MakeTable(const SOptions& options, CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
+{
+    const SPlan plan = MakePlan(options, preferences.GetFactory());
+    const Measurement::SChoices choices =
+        ForOption("--parameters", [&] { return MakeChoices(preferences.GetManager(), plan.request); });
+    return ReportOnMany(options, plan.sets, choices, preferences, out, err);
+}
+
+int Run(const SOptions& options, std::ostream& out, std::ostream& err)
 {
     const CSettingsFolderScope folder(options);
     CPreferencesFile preferences(options);
     if (options.listSettings)
         Print(ListSettings(preferences.GetFactory(), *options.listSettings), out);
+    else if (options.isMany)
+        return MakeTable(options, preferences, out, err);
     else
         MakeReport(options, preferences, out, err);
+    return 0;
 }
 
 } // namespace
@@ -212,7 +250,7 @@ int RunProgram(std::span<const char* const> arguments, std::ostream& out, std::o
         if (options.help)
             out << c_usage;
         else
-            Run(options, out, err);
+            return Run(options, out, err);
         return 0;
     });
 }

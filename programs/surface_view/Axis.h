@@ -5,7 +5,7 @@
 namespace SurfaceView
 {
 
-using CommonUI::Measurement::LengthText;
+using CommonUI::Measurement::LengthLabel;
 using CommonUI::Measurement::MakeAxis;
 using CommonUI::Measurement::SAxis;
 using CommonUI::Measurement::STick;

@@ -47,7 +47,7 @@ SPictureText TextOf(const SSurface& surface, const SBox& box)
     if (!surface.channel.empty())
         title += u" – " + CStr::FromUtf8(surface.channel);
     return {.title = title,
-            .subtitle = LengthText(box.width) + u" × " + LengthText(box.depth) + u", heights × " +
+            .subtitle = LengthLabel(box.width) + u" × " + LengthLabel(box.depth) + u", heights × " +
                         FactorText(box.exaggeration)};
 }
 

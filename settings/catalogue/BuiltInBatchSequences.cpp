@@ -1,6 +1,6 @@
 #include "settings/catalogue/detail/BuiltInContents.h"
-#include "settings/detail/SetReference.h"
 #include "settings/readers/BatchSequenceSettings.h"
+#include "settings/SetReference.h"
 
 namespace CommonUI
 {

@@ -1,9 +1,9 @@
 #include "settings/factory/SettingsFactory.h"
 
 #include "common/ini/SectionScope.h"
-#include "settings/detail/SetReference.h"
 #include "settings/factory/detail/SetPath.h"
 #include "settings/factory/detail/SettingsWarning.h"
+#include "settings/SetReference.h"
 
 #include <ranges>
 

@@ -1,7 +1,7 @@
 #include "settings/readers/BatchSequenceSettings.h"
 
-#include "settings/detail/SetReference.h"
 #include "settings/readers/detail/SettingsExchange.h"
+#include "settings/SetReference.h"
 
 namespace CommonUI
 {

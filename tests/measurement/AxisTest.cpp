@@ -64,5 +64,5 @@ TEST(Axis, LengthsAreShort)
     const std::pair<double, const char*> rows[]{
         {63.5e-6, "63.5 µm"}, {0.002, "2 mm"}, {-1.2345e-6, "−1.23 µm"}, {0, "0 m"}, {3e-50, "3·10⁻⁵⁰ m"}};
     for (const auto& [metres, text] : rows)
-        EXPECT_EQ(LengthText(metres).ToUtf8(), text);
+        EXPECT_EQ(LengthLabel(metres).ToUtf8(), text);
 }

@@ -123,7 +123,7 @@ TEST(MaterialRatioChart, MarksAreTheParametersOfTheSurface)
     const auto parameters = Analysis::ComputeAreal(surface);
     const std::string svg = DrawMaterialRatio(CMaterialRatio(surface.heights));
     for (const char* const key : {"Sk", "Spk", "Svk"}) {
-        const CStr text = CStr::FromUtf8(key) + u" " + LengthText(Get(parameters, key));
+        const CStr text = CStr::FromUtf8(key) + u" " + LengthLabel(Get(parameters, key));
         EXPECT_TRUE(Has(svg, ">" + text.ToUtf8() + "</text>")) << text.ToUtf8();
     }
     // The straight line goes from one side of the frame to the other; its dashed ends lie where peaks end and

@@ -101,6 +101,72 @@ TEST_F(Settings, UsesAreRememberedInThePreferencesFile)
     EXPECT_FALSE(Has(bytes, "[SettingsFactory_"));
 }
 
+TEST_F(Settings, ThresholdSetsSayWhichGrainsAreMeasured)
+{
+    m_temporary.Write("islands.txt", "# Width: 4 um\n# Height: 3 um\n# Value units: nm\n"
+                                     "9 0 0 0\n9 0 0 7\n0 0 0 -5\n");
+    const struct {
+        const char* set;
+        const char* threshold;
+        const char* leftOut; // all grains lie at the border
+        int count;
+    } rows[] = {
+        {"Threshold=Absolute;Value=5e-9", "particles from 5 nm", nullptr, 2},
+        {"Value=75;MinimumPoints=2",
+         "particles from 5.5 nm, 75 % of the way from the lowest point to the highest",
+         "1 (of fewer than 2 points)", 1},
+        {"Threshold=Percentile;Value=50;Side=Pores;IncludeEdgeGrains=0",
+         "pores below 0 m, the height below which 50 % of the points lie", "1 (cut off by the border)", 0},
+        {"Threshold=Otsu;MinimumArea=1.5e-12",
+         "particles from 3.5 nm, the height that parts the points into two "
+         "classes by Otsu",
+         "1 (smaller than 1.5 µm²)", 1},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.set);
+        std::string set = std::string("[GrainThreshold]\n") + row.set + "\n";
+        std::ranges::replace(set, ';', '\n');
+        m_temporary.Write("my.pnps", set);
+        ASSERT_EQ(Run("$folder/islands.txt --out $out --grains PnP[File($folder/my.pnps)] --preferences "
+                      "$folder/choices.ini"),
+                  0)
+            << m_err.str();
+        const std::string report = Read("report.txt");
+        EXPECT_TRUE(Has(report, std::string(": ") + row.threshold + "\r\n")) << report;
+        EXPECT_TRUE(Has(report, "\r\nShape Count: " + std::to_string(row.count) + "\r\n")) << report;
+        EXPECT_TRUE(row.leftOut ? Has(report, std::string("\r\nLeft out: ") + row.leftOut + "\r\n")
+                                : !Has(report, "Left out"))
+            << report;
+    }
+    EXPECT_EQ(Recent(u"PnP").size(), 1u);
+}
+
+TEST_F(Settings, RoughnessSetsChooseForThisRunAlone)
+{
+    const std::string keep = "--preferences $folder/choices.ini --set Sdr=on --set Sa.unit=um ";
+    Report(keep);
+    const std::string before = m_temporary.Read(m_preferences);
+    const std::string image =
+        Report("--settings ImageRoughness[Id(73)] --level plane --preferences $folder/choices.ini");
+    EXPECT_TRUE(Has(image, "\r\nSettings: Image Roughness / VORN Classic Default\r\n")) << image;
+    EXPECT_TRUE(Has(image, "\r\nSa, Arithmetical Mean Height\t209") && !Has(image, "Sdr")) << image;
+    m_temporary.Write("my.prs", "[Analysis_RoughnessProfileAnalysis]\n4287Ra_P_On=0\n4287Rz_P_On=1\n"
+                                "Fractile_S_On=1\nFractile_S_Value=95\n");
+    const std::string profiles =
+        Report("--settings ProfileRoughness[File($folder/my.prs)] --preferences $folder/choices.ini");
+    EXPECT_TRUE(Has(profiles, "Percentile 95 %") && !Has(profiles, "\tRa\r\n")) << profiles;
+    EXPECT_TRUE(Has(profiles, "Sdr")) << "of the surface the preferences count";
+
+    std::string after = m_temporary.Read(m_preferences);
+    after.erase(std::min(after.find("\n[SettingsFactory]"), after.size()));
+    EXPECT_EQ(after, before.substr(0, before.size() - 1)) << "but for the recent sets";
+    EXPECT_EQ(Recent(u"ImageRoughness").size(), 1u);
+    EXPECT_TRUE(Has(Report("--settings ImageRoughness[Id(73)] --grains 5nm"), "says nothing of grains"));
+    m_temporary.Write("other.irs", "[Analysis_RoughnessProfileAnalysis]\n");
+    EXPECT_TRUE(
+        Has(Report("--settings ImageRoughness[File($folder/other.irs)]"), "there is no such section"));
+}
+
 TEST_F(Settings, ListShowsRecentCustomAndBuiltInSets)
 {
     for (const char* name : {"ground/b.pln", "a10.pln", "A2.PLN", "no.flt"})

@@ -80,6 +80,8 @@ TEST_F(ReportProgram, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
     m_temporary.Write("short.sdf", "aISO-1.0\nNumPoints = 3\nNumProfiles = 3\nXscale = 1e-6\nYscale = 1e-6\n"
                                    "Zscale = 1\n*\n1 2 3\n*\n");
     m_temporary.Write("nokind.flt", "[Filter]\nRows=3\n");
+    m_temporary.Write("gone.batch", "[Batch]\nStep1=ShowProfiles\nStep2=Apply\nStep2_Type=Filter\n"
+                                    "Step2_Settings=FILE:gone.flt\n");
     m_temporary.Write("huge.flt", "");
     fs::resize_file(m_folder / "huge.flt", std::uintmax_t{100} << 20);
     for (const std::string& row : ReadTestLines("surface-report-refusals.txt")) {

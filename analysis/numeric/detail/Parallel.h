@@ -1,5 +1,7 @@
 #pragma once
 
+#include "analysis/numeric/SingleThread.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <future>
@@ -9,9 +11,11 @@
 namespace CommonUI::Analysis
 {
 
-/// Into how many shares work is cut: one for each processor, within reason.
+/// Into how many shares work is cut: one for each processor, within reason, or one in all.
 inline std::size_t GetShareCount()
 {
+    if (CSingleThread::IsInForce())
+        return 1;
     return std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 16);
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "common/Str.h"
-#include "settings/catalogue/BuiltInSetting.h"
+#include "../common/Str.h"
+#include "../export/Export.h"
+#include "catalogue/BuiltInSetting.h"
 
 #include <optional>
 #include <string_view>
@@ -16,10 +17,10 @@ namespace CommonUI
 inline constexpr std::u16string_view c_builtInPrefix = u"BUILT-IN:";
 inline constexpr std::u16string_view c_filePrefix = u"FILE:";
 
-CStr MakeReference(EBuiltInSetting setting);
+COMMONUI_API CStr MakeReference(EBuiltInSetting setting);
 /// The built-in set that a text means; none for every other text and for a set of another type.
-std::optional<EBuiltInSetting> FindBuiltIn(std::u16string_view reference, ESettingType type);
+COMMONUI_API std::optional<EBuiltInSetting> FindBuiltIn(std::u16string_view reference, ESettingType type);
 /// The path of the file that a text means; empty for every other text.
-std::u16string_view GetReferredPath(std::u16string_view reference);
+COMMONUI_API std::u16string_view GetReferredPath(std::u16string_view reference);
 
 } // namespace CommonUI

@@ -1,0 +1,17 @@
+#include "measurement/detail/LengthText.h"
+
+#include "common/Unit.h"
+#include "model/Parameter.h"
+#include "output/results/NumberFormat.h"
+
+namespace CommonUI::Measurement
+{
+
+CStr LengthText(double metres)
+{
+    const CUnit unit(CUnit(CUnit::EUnitFactor::Unity).SuitableFactor(metres, 1));
+    const double shown = metres / unit.GetFactorValue();
+    return FormatParameterValue(shown, CParameter::SFormatSpecifier()) + u" " + unit.GetText();
+}
+
+} // namespace CommonUI::Measurement

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "common/Str.h"
+
+namespace CommonUI::Measurement
+{
+
+/// A length with the unit that suits it.
+CStr LengthText(double metres);
+
+} // namespace CommonUI::Measurement

@@ -1,0 +1,145 @@
+#include "programs/surface_report/FileTable.h"
+
+#include "analysis/numeric/Statistics.h"
+#include "analysis/surface/Value.h"
+#include "common/ControlCharacters.h"
+#include "measurement/Columns.h"
+#include "model/Enumerations.h"
+#include "output/results/NumberFormat.h"
+#include "programs/surface_report/AlignedText.h"
+
+#include <algorithm>
+
+namespace SurfaceReport
+{
+
+using namespace CommonUI;
+using CGrid = CGridBaseOutputCtrl;
+using SCell = CGrid::SCellInfo;
+using Measurement::SColumn;
+
+namespace
+{
+
+// A column of the values of all files that have some.
+std::vector<SColumn> MakeColumns(const std::vector<SFileRow>& rows, const Measurement::SChoices& choices)
+{
+    std::vector<SColumn> columns;
+    for (std::size_t i = 0; i < choices.surface.size(); ++i) {
+        std::vector<double> values;
+        for (const SFileRow& row : rows)
+            values.push_back(row.values.empty() ? Analysis::c_undefined : row.values[i]);
+        columns.push_back(
+            Measurement::MakeColumn(choices.surface[i], std::move(values), choices.automaticUnits));
+    }
+    return columns;
+}
+
+double FractileShare(const std::vector<CParameter>& statistics)
+{
+    const auto found =
+        std::ranges::find(statistics, static_cast<int>(EStatistics::Fractile), &CParameter::GetValue);
+    return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
+}
+
+CStr StatisticText(const SColumn& column, const CParameter& statistic, double share)
+{
+    const auto values = Analysis::ComputeStatistics(column.values, share);
+    const auto found = std::ranges::find(values, statistic.GetIniName().ToUtf8(), &Analysis::SValue::key);
+    if (found == values.end())
+        return {};
+    if (statistic == static_cast<int>(EStatistics::Count))
+        return FormatParameterValue(found->value, {CParameter::EFormatSpecifier::FormatInteger, 0});
+    if (statistic == static_cast<int>(EStatistics::SdPercent))
+        return FormatParameterValue(found->value, column.parameter.GetFloatFormat());
+    return column.GetText(found->value);
+}
+
+CStr Escaped(const CStr& text)
+{
+    return text.Replace(u"&", u"&amp;").Replace(u"<", u"&lt;").Replace(u">", u"&gt;");
+}
+
+// The rows with texts that may stand in HTML.
+CGrid EscapedRows(const CGrid& grid)
+{
+    CGrid escaped(grid.GetType());
+    escaped.SetNameHeader(grid.GetNameHeader());
+    for (const CGrid::SColumn& column : grid.GetColumns())
+        escaped.AddColumn(column);
+    for (CGrid::SRow row : grid.GetRows()) {
+        row.name = Escaped(row.name);
+        std::ranges::transform(row.cells, row.cells.begin(), Escaped);
+        escaped.AddRow(std::move(row));
+    }
+    return escaped;
+}
+
+} // namespace
+
+CFileTable::CFileTable(const std::vector<SFileRow>& rows, const Measurement::SChoices& choices)
+    : m_summary(SCell::Summary)
+    , m_rows(SCell::Results)
+    , m_statistics(SCell::Statistics)
+{
+    const auto failed = std::ranges::count_if(rows, [](const SFileRow& row) { return row.values.empty(); });
+    m_summary.AddRow({.name = u"Files", .cells = {CStr::Format(u"%d", rows.size())}});
+    m_summary.AddRow({.name = u"Failed", .cells = {CStr::Format(u"%d", failed)}});
+    const std::vector<SColumn> columns = MakeColumns(rows, choices);
+    CGrid::SRow units{.name = u"Unit", .cells = {}, .subHeader = true};
+    m_rows.SetNameHeader(u"File");
+    m_statistics.SetNameHeader(u"Statistic");
+    for (const SColumn& column : columns) {
+        for (CGrid* grid : {&m_rows, &m_statistics})
+            grid->AddColumn({column.parameter.GetShortFriendlyString(), {}});
+        units.cells.push_back(column.GetUnitText());
+    }
+    m_rows.AddColumn({u"Remark", {}});
+    m_rows.AddRow(units);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        CGrid::SRow row{.name = ReplaceControls(rows[i].name, u' '), .cells = {}};
+        for (const SColumn& column : columns)
+            row.cells.push_back(rows[i].values.empty() ? CStr() : column.GetText(column.values[i]));
+        row.cells.push_back(ReplaceControls(rows[i].remark, u' '));
+        m_rows.AddRow(std::move(row));
+    }
+    const double share = FractileShare(choices.statistics);
+    for (const CParameter& statistic : choices.statistics) {
+        if (!statistic.IsOn())
+            continue;
+        CGrid::SRow row{.name = statistic.GetFriendlyString(), .cells = {}};
+        for (const SColumn& column : columns)
+            row.cells.push_back(StatisticText(column, statistic, share));
+        m_statistics.AddRow(std::move(row));
+    }
+}
+
+std::string CFileTable::GetText() const
+{
+    return "\xEF\xBB\xBF" + CGrid::GenerateText(&m_summary, &m_rows, &m_statistics, false).ToUtf8();
+}
+
+std::string CFileTable::GetTerminalText() const
+{
+    CGrid::CCells cells;
+    m_statistics.GetGridHeaders(cells, SCell::Statistics);
+    CGrid units(SCell::Results);
+    for (const CGrid::SColumn& column : m_statistics.GetColumns())
+        units.AddColumn(column);
+    units.AddRow(m_rows.GetRows().front());
+    units.GetGridCells(cells, SCell::Results);
+    m_statistics.GetGridCells(cells, SCell::Statistics);
+    CGrid::TransposeCells(cells);
+    CGrid::CCells summary;
+    m_summary.GetGridCells(summary, SCell::Summary);
+    return (AlignedText(summary) + u"\n" + AlignedText(cells)).ToUtf8();
+}
+
+std::string CFileTable::GetHtml() const
+{
+    const CGrid rows = EscapedRows(m_rows);
+    return "<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report</title>\n" +
+           CGrid::GenerateHTMLTables(&m_summary, &rows, &m_statistics, false).ToUtf8() + "\n</html>\n";
+}
+
+} // namespace SurfaceReport

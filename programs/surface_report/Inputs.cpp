@@ -1,0 +1,170 @@
+#include "programs/surface_report/Inputs.h"
+
+#include "common/FileBytes.h"
+#include "common/Str.h"
+#include "programs/command_line/CommandLine.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace SurfaceReport
+{
+
+namespace fs = std::filesystem;
+using CommandLine::EUsage;
+using CommonUI::CStr;
+
+namespace
+{
+
+bool IsList(const fs::path& input)
+{
+    return input.native().starts_with('@');
+}
+
+bool IsPattern(const fs::path& input)
+{
+    return input.filename().string().find_first_of("*?") != std::string::npos && !fs::exists(input);
+}
+
+// Whether a name fits a pattern, in which * stands for any characters and ? for one.
+bool Fits(std::u16string_view name, std::u16string_view pattern)
+{
+    std::size_t star = pattern.npos; // the last one met, and where in the name it ends for now
+    std::size_t end = 0;
+    std::size_t n = 0;
+    std::size_t p = 0;
+    while (n < name.size()) {
+        if (p < pattern.size() && pattern[p] == u'*') {
+            star = p++;
+            end = n;
+        } else if (p < pattern.size() && (pattern[p] == u'?' || pattern[p] == name[n])) {
+            ++p;
+            ++n;
+        } else if (star != pattern.npos) {
+            p = star + 1;
+            n = ++end;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of(u'*', p) == pattern.npos;
+}
+
+bool IsSurfaceName(const fs::path& path)
+{
+    std::string extension = path.extension().string();
+    std::ranges::transform(extension, extension.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    constexpr std::array<std::string_view, 3> c_extensions = {".sdf", ".x3p", ".txt"};
+    return std::ranges::find(c_extensions, extension) != c_extensions.end();
+}
+
+class CFinder
+{
+public:
+    explicit CFinder(const fs::path& output)
+        : m_output(fs::weakly_canonical(output))
+    {
+    }
+
+    void Add(const fs::path& input)
+    {
+        if (IsList(input))
+            AddList(input.string().substr(1));
+        else
+            AddEntry(input);
+    }
+    std::vector<SInputFile> Take() { return std::move(m_files); }
+
+private:
+    void AddEntry(const fs::path& input)
+    {
+        if (IsPattern(input))
+            AddMatching(input);
+        else if (fs::is_directory(input))
+            AddFolder(input);
+        else
+            AddFile(input, input.filename());
+    }
+    void AddList(const std::string& list)
+    {
+        std::string bytes;
+        CStr reason;
+        if (!CommonUI::ReadFileBytes(fs::path(list).u16string(), bytes, bytes.max_size(), reason))
+            throw EUsage("@" + list + ": " + reason.ToUtf8());
+        for (const CStr& line : CStr::FromUtf8(bytes).Replace(u"\r\n", u"\n").Split(u"\n")) {
+            if (!line.IsEmpty())
+                AddEntry(std::u16string(line.View()));
+        }
+    }
+    void AddMatching(const fs::path& pattern)
+    {
+        const fs::path folder = pattern.has_parent_path() ? pattern.parent_path() : fs::path(".");
+        std::vector<fs::path> found;
+        std::error_code error;
+        for (const auto& entry : fs::directory_iterator(folder, error)) {
+            if (entry.is_regular_file(error) &&
+                Fits(entry.path().filename().u16string(), pattern.filename().u16string()))
+                found.push_back(pattern.parent_path() / entry.path().filename());
+        }
+        if (found.empty())
+            throw EUsage("\"" + pattern.string() + "\" matches no file");
+        std::ranges::sort(found);
+        for (const fs::path& file : found)
+            AddFile(file, file.filename());
+    }
+    void AddFolder(const fs::path& folder)
+    {
+        std::vector<fs::path> found;
+        const auto options = fs::directory_options::skip_permission_denied;
+        for (fs::recursive_directory_iterator entry(folder, options), end; entry != end; ++entry) {
+            if (fs::weakly_canonical(entry->path()) == m_output)
+                entry.disable_recursion_pending();
+            else if (entry->is_regular_file() && IsSurfaceName(entry->path()))
+                found.push_back(entry->path());
+        }
+        std::ranges::sort(found);
+        const fs::path name = fs::weakly_canonical(folder).filename();
+        for (const fs::path& file : found)
+            AddFile(file, name / file.lexically_relative(folder));
+    }
+    void AddFile(const fs::path& file, const fs::path& report)
+    {
+        if (!m_known.insert(fs::weakly_canonical(file)).second)
+            return;
+        fs::path name = report;
+        for (int number = 2; !m_reports.insert(name).second; ++number)
+            (name = report) += "-" + std::to_string(number);
+        m_files.push_back({file, name});
+    }
+
+    fs::path m_output;
+    std::set<fs::path> m_known{};
+    std::set<fs::path> m_reports{};
+    std::vector<SInputFile> m_files{};
+};
+
+} // namespace
+
+bool IsOneFile(const std::vector<fs::path>& inputs)
+{
+    if (inputs.size() != 1)
+        return inputs.empty();
+    std::error_code error;
+    return !IsList(inputs.front()) && !IsPattern(inputs.front()) && !fs::is_directory(inputs.front(), error);
+}
+
+std::vector<SInputFile> FindInputs(const std::vector<fs::path>& inputs, const fs::path& output)
+{
+    CFinder finder(output);
+    for (const fs::path& input : inputs)
+        finder.Add(input);
+    return finder.Take();
+}
+
+} // namespace SurfaceReport

@@ -1,0 +1,134 @@
+#include "tests/surface_report/SurfaceReportFixture.h"
+
+#include <csignal>
+#include <streambuf>
+
+namespace
+{
+
+// Runs the program on folders with small surfaces.
+class ManyFiles : public ReportProgram
+{
+protected:
+    // Writes surfaces whose Sz is given, in nm.
+    void WriteSurface(const std::string& name, int height)
+    {
+        m_temporary.Write(name, "# Width: 4 um\n# Height: 3 um\n# Value units: nm\n0 0 0 0\n0 " +
+                                    std::to_string(height) + " 0 0\n0 0 0 0\n");
+    }
+    std::string Table() const { return Read("report.txt"); }
+    bool HasRow(const std::string& name, const std::string& cells) const
+    {
+        return Has(Table(), "\r\n" + (m_folder / name).string() + "\t" + cells + "\r\n");
+    }
+};
+
+// Raises an interruption as soon as something is written.
+class CInterrupting : public std::streambuf
+{
+protected:
+    int overflow(int c) override
+    {
+        std::raise(SIGINT);
+        return c;
+    }
+    std::streamsize xsputn(const char*, std::streamsize count) override
+    {
+        std::raise(SIGINT);
+        return count;
+    }
+};
+
+} // namespace
+
+TEST_F(ManyFiles, TableHasARowForEachAndStatistics)
+{
+    WriteSurface("data/a.txt", 10);
+    WriteSurface("data/below/a.txt", 30);
+    WriteSurface("other/c<b>.txt", 20);
+    WriteSurface("other/d.dat", 90);
+    m_temporary.Write("data/broken.txt", "nothing");
+    m_temporary.Write("data/z.txt", "x [um] z [um]\n0 1\n1 2\n2 1\n");
+    EXPECT_EQ(Run("$folder/data $folder/oth* $folder/other/c?b>.t*t --out $out --parameters Sz,Sp"), 1)
+        << "a pattern that is a folder's matches no file";
+    EXPECT_EQ(Run("$folder/data $folder/other/c?b>.t*t --out $out --parameters Sz,Sp"), 1);
+    EXPECT_TRUE(Has(m_err.str(), "surface_report: 2 of 5 files failed; report.txt says why\n"))
+        << m_err.str();
+    const std::string table = Table();
+    EXPECT_TRUE(Has(table, "Files: 5\r\nFailed: 2\r\n\r\nFile\tSp\tSz\tRemark\r\nUnit\tnm\tnm\t\r\n"))
+        << table;
+    EXPECT_TRUE(HasRow("data/a.txt", "9.1667\t10\t")) << table;
+    EXPECT_TRUE(HasRow("data/below/a.txt", "27.5\t30\t"));
+    EXPECT_TRUE(HasRow("other/c<b>.txt", "18.333\t20\t"));
+    EXPECT_TRUE(HasRow("data/z.txt", "\t\tit is a profile, and the table has parameters of surfaces"));
+    EXPECT_TRUE(Has(table, "data/broken.txt\t\t\tnot a surface: ")) << table;
+    EXPECT_TRUE(Has(table, "\r\nCount\t3\t3\r\n") && Has(table, "\r\nMean\t18.333\t20\r\n")) << table;
+    EXPECT_TRUE(Has(Read("report.html"), "other/c&lt;b&gt;.txt"));
+    EXPECT_FALSE(fs::exists(Out() / "data")) << "single reports are asked for by --each";
+}
+
+TEST_F(ManyFiles, ListNamesFilesFoldersAndPatterns)
+{
+    WriteSurface("data/a.txt", 10);
+    WriteSurface("more/b.txt", 20);
+    m_temporary.Write("list", (m_folder / "data" / "a.txt").string() + "\r\n\r\n" +
+                                  (m_folder / "more").string() + "\n" +
+                                  (m_folder / "data" / "*.txt").string());
+    ASSERT_EQ(Run("@$folder/list --out $out --parameters Sz --settings PlaneCorr[Id(8)]"), 0) << m_err.str();
+    EXPECT_TRUE(Has(Table(), "Files: 2\r\n")) << "each file once";
+}
+
+TEST_F(ManyFiles, ReportsLieByTheirPathsAndNothingIsOverwritten)
+{
+    WriteSurface("one/a.txt", 10);
+    WriteSurface("one/below/a.txt", 10);
+    WriteSurface("two/a.txt", 20);
+    const std::string line =
+        "$folder/one $folder/one/below/a.txt $folder/two/a.txt $folder/two/../one/a.txt --each "
+        "--out $out --parameters Sz,Ra";
+    ASSERT_EQ(Run(line), 0) << m_err.str();
+    for (const char* name : {"one/a.txt.html", "one/below/a.txt.txt", "a.txt.html", "a.txt.txt"})
+        EXPECT_TRUE(fs::exists(Out() / name)) << name;
+    const std::string before = Read("a.txt.txt");
+    EXPECT_TRUE(Has(before, "Sz, Maximum Height\t20\tnm") && Has(before, "\r\nProfile\t")) << before;
+    ASSERT_EQ(Run(line), 0);
+    EXPECT_TRUE(fs::exists(Out() / "a.txt-2.txt"));
+}
+
+TEST_F(ManyFiles, InterruptedRunLeavesWhatIsFinishedAndGoesOn)
+{
+    constexpr int c_count = 200;
+    for (int i = 0; i < c_count; ++i)
+        WriteSurface("data/" + std::to_string(i) + ".txt", i + 1);
+    const std::string folder = (m_folder / "data").string();
+    const std::string out = Out().string();
+    const std::vector<const char*> arguments = {folder.c_str(), "--out", out.c_str(), "--parameters", "Sz"};
+    CInterrupting buffer;
+    std::ostream err(&buffer);
+    EXPECT_EQ(SurfaceReport::RunProgram(arguments, m_out, err), 1);
+    const std::string partial = Table();
+    EXPECT_FALSE(Has(partial, "Files: 200\r\n")) << partial;
+    const auto rows = std::ranges::count(partial, '\n');
+    EXPECT_GT(rows, 20) << "the first line of the progress came after a tenth";
+
+    // What is finished is not looked at again: these files have other values in the state.
+    std::string state = Read("report.state");
+    EXPECT_GE(std::ranges::count(state, '\n'), 20);
+    WriteSurface("data/0.txt", 900);
+    ASSERT_EQ(Run("$folder/data --out $out --parameters Sz --resume"), 0) << m_err.str();
+    EXPECT_TRUE(Has(Table(), "Files: 200\r\nFailed: 0\r\n"));
+    EXPECT_TRUE(HasRow("data/0.txt", "900\t")) << "a file that has changed";
+    EXPECT_TRUE(HasRow("data/199.txt", "200\t"));
+    const std::string whole = Table();
+    ASSERT_EQ(Run("$folder/data --out $out --parameters Sz"), 0);
+    EXPECT_EQ(Table(), whole);
+    // Taken over, not computed: a value that only the state has.
+    state = Read("report.state");
+    const std::size_t line = state.find(" " + (m_folder / "data/7.txt").string());
+    const std::size_t value = state.rfind(' ', line - 1) + 1;
+    m_temporary.Write(Out() / "report.state", state.replace(value, line - value, "4472406533629990549"));
+    ASSERT_EQ(Run("$folder/data --out $out --parameters Sz --resume"), 0);
+    EXPECT_TRUE(HasRow("data/7.txt", "1\t")) << Table().substr(0, 300);
+    ASSERT_EQ(Run("$folder/data --out $out --parameters Sz,Sp --resume"), 0);
+    EXPECT_TRUE(HasRow("data/7.txt", "7.3333\t8\t")) << "of other options nothing is taken over";
+}
