@@ -161,6 +161,14 @@ std::string MakeWhole(const std::function<void(const FWriteText&)>& writeTo)
     return whole;
 }
 
+// Where the first table of a page ends.
+std::size_t FindEndOfTable(std::string_view page)
+{
+    constexpr std::string_view c_end = "</table>\n";
+    const std::size_t end = page.find(c_end);
+    return end == page.npos ? page.size() : end + c_end.size();
+}
+
 } // namespace
 
 CReportTables::CReportTables(SResults results, bool transpose)
@@ -396,11 +404,15 @@ void CReportTables::WriteHtml(const FWriteText& write) const
              .cells = {CStr::Format(u"%d, too many for a page: they are in the text file beside it",
                                     m_results.rowCount)}});
     write("<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report: " + m_title + "</title>\n");
-    const CStr tables = CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose);
-    write(tables.ToUtf8());
+    const std::string tables = CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose).ToUtf8();
+    const std::size_t endOfSummary = FindEndOfTable(tables);
+    write(tables.substr(0, endOfSummary));
+    for (const std::string& picture : m_pictures)
+        write(picture);
+    write(tables.substr(endOfSummary));
     write(NotesHtml(m_surfaceNotes));
     if (!m_results.columns.empty()) {
-        if (!tables.IsEmpty())
+        if (!tables.empty())
             write("\n<br>\n");
         if (m_transpose)
             WriteTurnedHtmlRows(write);

@@ -9,6 +9,8 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace CommonUI::Measurement
 {
@@ -27,6 +29,9 @@ public:
     /// Control characters in the texts become blanks.
     /// @param transpose parameters as columns of the surface's table and as rows of the others
     CReportTables(SResults results, bool transpose);
+
+    /// Pieces of HTML for the page, which stand behind the summary; see MakePictures.
+    void SetPictures(std::vector<std::string> pictures) { m_pictures = std::move(pictures); }
 
     /// What was measured and how.
     const CGridBaseOutputCtrl& GetSummary() const noexcept { return m_summary; }
@@ -66,6 +71,7 @@ private:
     SResults m_results;
     std::string m_title;
     bool m_transpose;
+    std::vector<std::string> m_pictures{};
     CGridBaseOutputCtrl m_summary;
     CGridBaseOutputCtrl m_surface;
     CGridBaseOutputCtrl m_rows;

@@ -41,6 +41,7 @@ usage: surface_report INPUT --out DIR [OPTION...]
   --grains SPEC      measures the particles or pores that a threshold set says: 'PnP[Id(198)]'  'PnP[File(x.pnps)]'
   --pores HEIGHT     measures the connected pores below a height instead
   --transpose        parameters as columns of the surface's table and as rows of the profiles' table
+  --pictures yes|no  whether report.html has pictures of the surface; yes without it
   --preferences FILE parameters, units, formats and statistics are those of an INI file, which is made with
                      the defaults where there is none
   --set CHANGE       changes the preferences and saves them, any number of times:
@@ -135,6 +136,9 @@ CommandLine::CParser MakeParser(SOptions& options)
     parser.AddFlag("--each", options.each);
     parser.AddFlag("--resume", options.resumes);
     parser.AddFlag("--transpose", options.transpose);
+    parser.Add("--pictures", [&](auto& option, auto& text) {
+        options.hasPictures = CommandLine::ParseWord<bool>(option, text, {{"yes", true}, {"no", false}});
+    });
     parser.AddFlag("--binary", options.isBinary);
     parser.AddFlag("--replace-input", options.replacesInput);
     parser.Add("--save",

@@ -4,6 +4,7 @@
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"
 #include "measurement/Batch.h"
+#include "measurement/charts/Pictures.h"
 #include "measurement/Choices.h"
 #include "measurement/GrainLimit.h"
 #include "measurement/ReportTables.h"
@@ -177,7 +178,10 @@ Measurement::SChoices RunSteps(const SPlan& plan, const SOptions& options,
 {
     const auto report = [&](Measurement::SBatchReport made) {
         const fs::path path = options.output / NameReport(made.step, made.name);
-        files.AddReport(path, Measurement::CReportTables(std::move(made.results), options.transpose));
+        Measurement::CReportTables tables(std::move(made.results), options.transpose);
+        if (options.hasPictures && made.layout)
+            tables.SetPictures(MakePictures(made.input, made.choices.method));
+        files.AddReport(path, tables);
     };
     auto outcome = RunBatch(*plan.batch, input, plan.request, preferences.GetManager(), report);
     for (const CommonUI::CStr& remark : outcome.remarks)
@@ -207,8 +211,10 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
             choices = RunSteps(plan, options, preferences, input, files, err);
         if (choices.method.MeasuresGrains())
             choices.method.grains = FindGrainLimit(choices.method, input.surface);
-        const Measurement::CReportTables report(
+        Measurement::CReportTables report(
             ForOption("--cutoff", [&] { return ComputeResults(input, choices); }), options.transpose);
+        if (options.hasPictures)
+            report.SetPictures(MakePictures(input, choices.method));
         WriteAll(report, input.surface, options, preferences, files);
         folder.Keep();
         Print(TerminalText(report), out);

@@ -1,7 +1,6 @@
 #include "programs/surface_view/ColorTable.h"
 
-#include "settings/catalogue/BuiltInSettingText.h"
-#include "settings/readers/ColorScale.h"
+#include "measurement/charts/SurfaceMap.h"
 
 #include <stdexcept>
 
@@ -50,12 +49,7 @@ EBuiltInSetting FindScale(const std::string& name)
 
 std::vector<SColor> GetColorTable(const std::string& name)
 {
-    CInifile ini;
-    ini.LoadBytes(GetBuiltInSettingText(FindScale(name)).ToUtf8());
-    SColorScale scale;
-    if (!scale.Load(ini))
-        throw std::runtime_error("--color: \"" + name + "\" cannot be read");
-    return scale.MakeTable(1024);
+    return Measurement::GetBuiltInColorScale(FindScale(name)).MakeTable(1024);
 }
 
 } // namespace SurfaceView

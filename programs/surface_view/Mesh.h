@@ -11,6 +11,9 @@
 namespace SurfaceView
 {
 
+/// More points along a side than this are not told apart in a picture.
+constexpr std::size_t c_mostPoints = 768;
+
 /// The block in which a surface is drawn. Its middle is the origin, its longer side along x or y is 2.
 struct SBox {
     double x = 1; ///< half of its width

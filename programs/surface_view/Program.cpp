@@ -1,11 +1,11 @@
 #include "programs/surface_view/Program.h"
 
+#include "analysis/surface/Decimate.h"
 #include "formats/SurfaceReader.h"
 #include "programs/command_line/CommandLine.h"
 #include "programs/command_line/ProgressLine.h"
 #include "programs/surface_view/Animation.h"
 #include "programs/surface_view/ColorTable.h"
-#include "programs/surface_view/Decimate.h"
 #include "programs/surface_view/Drawing.h"
 #include "programs/surface_view/Options.h"
 #include "programs/surface_view/Picture.h"

@@ -99,7 +99,11 @@ def main(text_path, text_sheet_path, html_sheet_path):
     expected = [line.replace(": ", ":\n", 1).split("\n") for line in summary]
     for table in tables:
         expected += unwrapped(table)
-    faults += compare("HTML", [row for row in read_sheet(html_sheet_path) if row], expected)
+    rows = [row for row in read_sheet(html_sheet_path) if row]
+    # The texts of the page's pictures come as one cell, which no row of the tables is.
+    if len(rows) > len(summary) and len(rows[len(summary)]) == 1:
+        del rows[len(summary)]
+    faults += compare("HTML", rows, expected)
     if faults:
         sys.exit("\n".join(faults[:20]))
     cells = sum(len(row) for table in tables for row in table)

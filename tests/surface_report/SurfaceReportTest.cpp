@@ -2,13 +2,28 @@
 
 TEST_F(ReportProgram, ReportsOfTheSampleAreThoseOfTheGoldenFiles)
 {
-    ASSERT_EQ(Run("$sample --out $out --level plane --parameters Sq,Ra,Sa,Count,Sdr,4287PSm,S2A --unit um"),
-              0)
+    ASSERT_EQ(
+        Run("$sample --out $out --level plane --pictures no --parameters Sq,Ra,Sa,Count,Sdr,4287PSm,S2A "
+            "--unit um"),
+        0)
         << m_err.str();
     EXPECT_EQ(Read("report.txt"), ReadTestData("ground_steel.txt"));
     EXPECT_EQ(Read("report.html"), ReadTestData("ground_steel.html"));
     EXPECT_EQ(m_out.str(), ReadTestData("ground_steel.terminal.txt"));
     EXPECT_EQ(m_err.str(), "");
+}
+
+TEST_F(ReportProgram, PicturesStandBehindTheSummaryOfThePageWithoutThem)
+{
+    const std::string options = "$sample --out $out --level plane --parameters Sq --pictures ";
+    ASSERT_EQ(Run(options + "no"), 0) << m_err.str();
+    const std::string bare = Read("report.html");
+    ASSERT_EQ(Run(options + "yes"), 0) << m_err.str();
+    std::string page = Read("report.html");
+    const std::size_t begin = bare.find("</table>") + 9;
+    const std::size_t count = page.size() - bare.size();
+    EXPECT_TRUE(Has(page.substr(begin, count), "<svg"));
+    EXPECT_EQ(page.erase(begin, count), bare);
 }
 
 TEST_F(ReportProgram, TransposedTableHasParametersAsColumns)

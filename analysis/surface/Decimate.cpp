@@ -1,12 +1,10 @@
-#include "programs/surface_view/Decimate.h"
+#include "analysis/surface/Decimate.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace SurfaceView
+namespace CommonUI::Analysis
 {
-
-using CommonUI::Analysis::SSurface;
 
 namespace
 {
@@ -21,7 +19,9 @@ struct SWindow {
 // distance of each.
 std::vector<SWindow> MakeWindows(std::size_t before, std::size_t after)
 {
-    std::vector<SWindow> windows(after);
+    std::vector<SWindow> windows(after, {.begin = 0, .end = 1});
+    if (after < 2) // a single line stays as it is
+        return windows;
     const double distance = static_cast<double>(before - 1) / static_cast<double>(after - 1);
     for (std::size_t i = 0; i < after; ++i) {
         const double middle = static_cast<double>(i) * distance;
@@ -44,13 +44,13 @@ double MeanOf(const SSurface& surface, const SWindow& columns, const SWindow& li
             ++count;
         }
     }
-    return count > 0 ? sum / static_cast<double>(count) : CommonUI::Analysis::c_missing;
+    return count > 0 ? sum / static_cast<double>(count) : c_missing;
 }
 
 // The spacing that keeps a length with fewer points.
 double Stretch(double spacing, std::size_t before, std::size_t after)
 {
-    return spacing * static_cast<double>(before - 1) / static_cast<double>(after - 1);
+    return after < 2 ? spacing : spacing * static_cast<double>(before - 1) / static_cast<double>(after - 1);
 }
 
 } // namespace
@@ -76,4 +76,4 @@ SSurface Decimate(const SSurface& surface, std::size_t maximum)
     return small;
 }
 
-} // namespace SurfaceView
+} // namespace CommonUI::Analysis
