@@ -1,7 +1,7 @@
 #include "measurement/GrainLimit.h"
 
 #include "analysis/grain/GrainThreshold.h"
-#include "measurement/detail/LengthText.h"
+#include "measurement/detail/DescribeLength.h"
 #include "measurement/NamedSet.h"
 
 #include <cmath>
@@ -66,8 +66,8 @@ SGrainLimit FindGrainLimit(const SMethod& method, const Analysis::SSurface& surf
 
 CStr DescribeLimit(const SGrainLimit& limit)
 {
-    const CStr text =
-        (limit.kind == EGrainKind::Pore ? u"pores below " : u"particles from ") + LengthText(limit.threshold);
+    const CStr text = (limit.kind == EGrainKind::Pore ? u"pores below " : u"particles from ") +
+                      DescribeLength(limit.threshold);
     return limit.rule.IsEmpty() ? text : text + u", " + limit.rule;
 }
 

@@ -9,8 +9,8 @@
 #include "analysis/profile/ProfileParameters.h"
 #include "analysis/profile/SplitProfile.h"
 #include "analysis/profile/UndefinedProfile.h"
+#include "measurement/detail/DescribeLength.h"
 #include "measurement/detail/Keys.h"
-#include "measurement/detail/LengthText.h"
 #include "measurement/detail/ProfileRows.h"
 #include "measurement/GrainLimit.h"
 #include "model/Enumerations.h"
@@ -59,10 +59,10 @@ SResults Describe(const SInput& input)
         add(u"Channel", CStr::FromUtf8(surface.channel));
     if (surface.IsProfile()) {
         add(u"Points", CStr::Format(u"%d", surface.points));
-        add(u"Spacing", LengthText(surface.dx));
+        add(u"Spacing", DescribeLength(surface.dx));
     } else {
         add(u"Points", CStr::Format(u"%d × %d", surface.points, surface.lines));
-        add(u"Spacing", LengthText(surface.dx) + u" × " + LengthText(surface.dy));
+        add(u"Spacing", DescribeLength(surface.dx) + u" × " + DescribeLength(surface.dy));
     }
     add(u"Missing points", CStr::Format(u"%d", surface.missing));
     add(u"Levelling", LevellingText(input.levelling));
@@ -209,7 +209,7 @@ CStr ReferenceLineText(const Analysis::SValleyMethod& method, double cutoff)
     const int order = method.line == Analysis::EReferenceLine::Regression0 ? 0 : 2;
     return CStr::Format(u"below a robust Gaussian regression of order %d that starts from a closing of ",
                         order) +
-           LengthText(cutoff / method.closingRatio);
+           DescribeLength(cutoff / method.closingRatio);
 }
 
 // The cut-off, and what it makes of profile elements: without it nobody can compare their widths and heights.
@@ -217,14 +217,14 @@ void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& 
 {
     const double cutoff = method.cutoff.value_or(Analysis::DefaultCutoff(surface.points, surface.dx));
     const Analysis::CProfileSplitter splitter(surface.points, surface.dx, cutoff);
-    const CStr width = LengthText(splitter.GetLeastWidth() * surface.dx);
-    results.summary.emplace_back(u"Cut-off", LengthText(cutoff));
+    const CStr width = DescribeLength(splitter.GetLeastWidth() * surface.dx);
+    results.summary.emplace_back(u"Cut-off", DescribeLength(cutoff));
     if (HasStandard(results.columns, EAnalysisStandards::ISO12085)) {
         const Analysis::SMotifLimits limits =
             method.motifLimits.value_or(Analysis::DefaultMotifLimits(surface.points, surface.dx));
-        results.summary.emplace_back(u"Motifs", u"no wider than A = " + LengthText(limits.roughness) +
+        results.summary.emplace_back(u"Motifs", u"no wider than A = " + DescribeLength(limits.roughness) +
                                                     u", those of the envelope than B = " +
-                                                    LengthText(limits.waviness));
+                                                    DescribeLength(limits.waviness));
     }
     if (HasStandard(results.columns, EAnalysisStandards::MUFU))
         results.summary.emplace_back(u"Valleys", ReferenceLineText(method.valleys, cutoff));

@@ -1,6 +1,6 @@
 #include "analysis/filter/VoidInterpolation.h"
 #include "measurement/Batch.h"
-#include "measurement/detail/LengthText.h"
+#include "measurement/detail/DescribeLength.h"
 #include "measurement/GrainLimit.h"
 
 #include <algorithm>
@@ -47,8 +47,8 @@ SInput CutProfiles(const SInput& input, std::size_t count)
         cut.surface.heights.insert(cut.surface.heights.end(), heights.begin(), heights.end());
         cut.notes.emplace_back(CStr::Format(u"Profile %d", i),
                                CStr::Format(u"line %d, at %s of %s", line + 1,
-                                            LengthText(cut.surface.dy * static_cast<double>(i)),
-                                            LengthText(height)));
+                                            DescribeLength(cut.surface.dy * static_cast<double>(i)),
+                                            DescribeLength(height)));
     }
     cut.surface.missing = static_cast<std::size_t>(
         std::ranges::count_if(cut.surface.heights, [](double z) { return std::isnan(z); }));
@@ -89,7 +89,7 @@ public:
     SChoices GetChoices() const { return Choose(m_showsGrains, {}); }
 
 private:
-    CStr DoWork(const SBatchUseless& set) { return set.reason; }
+    static CStr DoWork(const SBatchUseless& set) { return set.reason; }
     CStr DoWork(const SStep& step)
     {
         Apply(step, m_input.surface);

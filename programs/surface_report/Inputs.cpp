@@ -120,10 +120,12 @@ private:
     }
     void AddFolder(const fs::path& folder)
     {
+        if (fs::weakly_canonical(folder) == m_output)
+            throw EUsage("\"" + folder.string() + "\" is the folder for the reports, and an input, too");
         std::vector<fs::path> found;
         const auto options = fs::directory_options::skip_permission_denied;
         for (fs::recursive_directory_iterator entry(folder, options), end; entry != end; ++entry) {
-            if (fs::weakly_canonical(entry->path()) == m_output)
+            if (entry->is_directory() && fs::weakly_canonical(entry->path()) == m_output)
                 entry.disable_recursion_pending();
             else if (entry->is_regular_file() && IsSurfaceName(entry->path()))
                 found.push_back(entry->path());

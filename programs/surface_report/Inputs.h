@@ -21,7 +21,8 @@ bool IsOneFile(const std::vector<std::filesystem::path>& inputs);
 /// names, one to a line. Each file once, in the order given and within folders in that of their names. No two
 /// have one report.
 /// @param output the folder of reports, which is left out
-/// @throws CommandLine::EUsage for a pattern that nothing matches, and a list that cannot be read
+/// @throws CommandLine::EUsage for a pattern that nothing matches, a list that cannot be read, and the folder
+///     of reports
 std::vector<SInputFile> FindInputs(const std::vector<std::filesystem::path>& inputs,
                                    const std::filesystem::path& output);
 

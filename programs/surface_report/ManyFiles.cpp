@@ -3,6 +3,7 @@
 #include "analysis/numeric/SingleThread.h"
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"
+#include "measurement/charts/Pictures.h"
 #include "measurement/ReportTables.h"
 #include "measurement/Results.h"
 #include "platform/Terminal.h"
@@ -177,7 +178,7 @@ private:
         Measurement::SResults results = ComputeResults(input, m_choices);
         std::vector<double> values = ValuesOf(results.surface);
         if (m_options.each)
-            WriteReport(file, std::move(results));
+            WriteReport(file, input, std::move(results));
         return values;
     }
     // Of the surface as it is analysed, for each parameter that is chosen.
@@ -191,9 +192,11 @@ private:
         return values;
     }
     // Beside the reports that are there.
-    void WriteReport(const SInputFile& file, Measurement::SResults results)
+    void WriteReport(const SInputFile& file, const Measurement::SInput& input, Measurement::SResults results)
     {
-        const Measurement::CReportTables tables(std::move(results), false);
+        Measurement::CReportTables tables(std::move(results), false);
+        if (m_options.hasPictures)
+            tables.SetPictures(MakePictures(input, m_choices.method));
         const std::scoped_lock lock(m_writing);
         const fs::path wanted = m_options.output / file.report;
         fs::create_directories(wanted.parent_path());

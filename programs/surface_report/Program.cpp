@@ -178,7 +178,10 @@ Measurement::SChoices RunSteps(const SPlan& plan, const SOptions& options,
 {
     const auto report = [&](Measurement::SBatchReport made) {
         const fs::path path = options.output / NameReport(made.step, made.name);
-        files.AddReport(path, Measurement::CReportTables(std::move(made.results), options.transpose));
+        Measurement::CReportTables tables(std::move(made.results), options.transpose);
+        if (options.hasPictures && made.layout)
+            tables.SetPictures(MakePictures(made.input, made.choices.method));
+        files.AddReport(path, tables);
     };
     auto outcome = RunBatch(*plan.batch, input, plan.request, preferences.GetManager(), report);
     for (const CommonUI::CStr& remark : outcome.remarks)

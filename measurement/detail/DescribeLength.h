@@ -6,6 +6,6 @@ namespace CommonUI::Measurement
 {
 
 /// A length with the unit that suits it.
-CStr LengthText(double metres);
+CStr DescribeLength(double metres);
 
 } // namespace CommonUI::Measurement

@@ -1,4 +1,4 @@
-#include "measurement/detail/LengthText.h"
+#include "measurement/detail/DescribeLength.h"
 
 #include "common/Unit.h"
 #include "model/Parameter.h"
@@ -7,7 +7,7 @@
 namespace CommonUI::Measurement
 {
 
-CStr LengthText(double metres)
+CStr DescribeLength(double metres)
 {
     const CUnit unit(CUnit(CUnit::EUnitFactor::Unity).SuitableFactor(metres, 1));
     const double shown = metres / unit.GetFactorValue();
