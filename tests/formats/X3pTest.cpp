@@ -3,8 +3,8 @@
 #include "formats/SurfaceWriter.h"
 #include "tests/common/FailingAllocation.h"
 #include "tests/formats/SurfaceFile.h"
+#include "tests/TestData.h"
 
-#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <functional>
@@ -25,19 +25,6 @@ class X3p : public SurfaceFile
 };
 
 using CEntries = std::map<std::string, std::string>;
-
-template<class T>
-std::string Numbers(std::initializer_list<T> values)
-{
-    std::string bytes;
-    for (const T value : values) {
-        std::string number(reinterpret_cast<const char*>(&value), sizeof value);
-        if constexpr (std::endian::native == std::endian::big)
-            number.assign(number.rbegin(), number.rend());
-        bytes += number;
-    }
-    return bytes;
-}
 
 std::string Replaced(std::string text, const std::string& from, const std::string& to)
 {
@@ -130,13 +117,7 @@ CEntries WithList(const std::string& axisZ, const std::string& list)
 
 TEST_F(X3p, ReadsIntegersWithMask)
 {
-    const SSurface surface = Read(Archive(c_entries));
-    EXPECT_EQ(surface.points, 3u);
-    EXPECT_EQ(surface.lines, 2u);
-    EXPECT_EQ(surface.dx, 1e-6);
-    EXPECT_EQ(surface.dy, 2e-6);
-    EXPECT_EQ(surface.missing, 1u);
-    ExpectHeights(surface, {1.001e-6, 0.998e-6, c_missing, 1e-6, 1.005e-6, 1.006e-6});
+    ExpectThreeByTwo(Read(Archive(c_entries)), {1.001e-6, 0.998e-6, c_missing, 1e-6, 1.005e-6, 1.006e-6});
 }
 
 TEST_F(X3p, ReadsAllTypes)
@@ -242,50 +223,13 @@ TEST_F(X3p, WrongChecksumsAreRefused)
                   "a.sdf: the archive has no entry 'md5checksum.hex'");
 }
 
-// Each row changes the description.
+// A line of the record: what is replaced in the description, by what, and the message.
 TEST_F(X3p, RefusesBadDescriptions)
 {
-    const std::string size = "<SizeX>3</SizeX>";
-    const std::string entity = "<!DOCTYPE x [<!ENTITY a \"3\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\">]>";
-    const struct {
-        std::string from;
-        std::string to;
-        const char* expected;
-    } rows[] = {
-        {"</Record1>", "", "no XML: "},
-        {"ISO5436_2", "html", "no XML: "},
-        {"<p:ISO5436_2 xmlns", "<x/><p:ISO5436_2 xmlns", "not X3P: the outermost element is 'x'"},
-        {"<p:", entity + "<p:", "a document type declaration is refused"},
-        {size, "<SizeX>&lol;</SizeX>",
-         "SizeX: a number of points from 1 to 4294967295 expected, not '&lol;'"},
-        {size, "<SizeX>-3</SizeX>", "SizeX: a number"},
-        {size, "<SizeX>0</SizeX>", "SizeX: a number"},
-        {size, "", "SizeX: a number"},
-        {size, "<SizeX>18446744073709551619</SizeX>", "SizeX: a number"},
-        {size, "<SizeX>4294967295</SizeX>", "MatrixDimension: more than 4294967295 points"},
-        {"<SizeZ>1<", "<SizeZ>2<", "SizeZ: surfaces of several layers"},
-        {"SUR", "PCL", "FeatureType: point clouds (PCL) are not supported"},
-        {"SUR", "SURF", "FeatureType: SUR or PRF expected, not 'SURF'"},
-        {"</CX>", "</CX><CY/>", "CY: AxisType"},
-        {c_axisX, "<CX>", "CX: AxisType: A or I expected, not ''"},
-        {"<Increment>1e-6<", "<Increment>NaN<", "CX: Increment: a finite number expected, not 'NaN'"},
-        {"<Increment>1e-6<", "<Increment>inf<", "CX: Increment: a finite number"},
-        {"<Increment>1e-6<", "<Increment>0<", "CX: Increment: a length from"},
-        {"<Increment>2E-6<", "<Increment>-2e-6<", "CY: Increment: a length from"},
-        {"<Increment> 1e-9 </Increment>", "", "CZ: Increment: a length from"},
-        {"<Offset>1e-6<", "<Offset>1e10<", "CZ: Offset: a length up to 1e9 m"},
-        {"<AxisType>A<", "<AxisType>I<", "CZ: AxisType: heights are absolute"},
-        {"<DataType>I<", "<DataType>Q<", "CZ: DataType: I, L, F or D expected, not 'Q'"},
-        {c_link, "", "DataLink: there is no PointDataLink"},
-        {c_link, "<PointDataLink>../../data.bin</PointDataLink>",
-         "PointDataLink: the path '../../data.bin' leads out"},
-        {c_link, "<PointDataLink>C:\\data.bin</PointDataLink>", "PointDataLink: the path"},
-        {c_mask, "<ValidPointsLink>/etc/passwd</ValidPointsLink>", "ValidPointsLink: the path"},
-        {"</Record3>", "</Record3><Record4><ChecksumFile>a/..\\b</ChecksumFile></Record4>",
-         "ChecksumFile: the"},
-    };
-    for (const auto& row : rows)
-        ExpectRefused(Archive(WithXml(row.from, row.to)), std::string("a.sdf: main.xml: ") + row.expected);
+    for (const std::string& row : ReadTestLines("refused-x3p-descriptions.txt")) {
+        const std::vector<std::string> cells = SplitText(row, '|');
+        ExpectRefused(Archive(WithXml(cells[0], cells[1])), "a.sdf: main.xml: " + cells[2]);
+    }
     const std::string axis = "<DataType>D</DataType>";
     ExpectRefused(Archive(WithList(axis, "<Datum>1</Datum>")),
                   "a.sdf: main.xml: DataList: 6 points promised, 1");
@@ -395,13 +339,7 @@ TEST_F(X3p, ReportsProgressAndCanBeCancelled)
 {
     SSurface surface{.points = 100'000, .lines = 1, .dx = 1, .dy = 1};
     surface.heights.resize(surface.points);
-    const std::string bytes = WriteSurface(surface, EFormat::X3p, {});
-    std::vector<double> fractions;
-    Read(bytes, {.progress = [&](double fraction) { fractions.push_back(fraction); }});
-    EXPECT_GE(fractions.size(), 10u);
-    EXPECT_TRUE(std::is_sorted(fractions.begin(), fractions.end()));
-    EXPECT_EQ(fractions.back(), 1);
-    EXPECT_THROW(Read(bytes, {.progress = [](double) { throw 1; }}), int);
+    ExpectProgress(WriteSurface(surface, EFormat::X3p, {}), 10);
 }
 
 #endif
