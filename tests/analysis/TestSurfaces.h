@@ -6,10 +6,16 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <numbers>
+#include <sstream>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace CommonUI::Analysis
 {
+
+inline constexpr double c_pi = std::numbers::pi;
 
 /// A surface with points 1 µm apart whose heights the function gives from column and row.
 template<class FHeight>
@@ -40,6 +46,26 @@ inline void ExpectValues(const std::vector<SValue>& values, const std::vector<SV
         else
             EXPECT_NEAR(actual, row.value, 1e-9 * std::max(std::abs(row.value), 1e-9)) << row.key;
     }
+}
+
+/// Likewise, of values given as text: key, value, key, value ...
+inline void ExpectText(const std::vector<SValue>& values, const std::string& expected)
+{
+    std::istringstream stream(expected);
+    std::string key;
+    std::string value;
+    while (stream >> key >> value)
+        ExpectValues({{key, Get(values, key)}}, {{key, std::stod(value)}});
+}
+
+/// Numbers apart by spaces; "?" is NaN.
+inline std::vector<double> GetNumbers(const std::string& text)
+{
+    std::vector<double> numbers;
+    std::istringstream stream(text);
+    for (std::string number; stream >> number;)
+        numbers.push_back(number == "?" ? c_missing : std::stod(number));
+    return numbers;
 }
 
 } // namespace CommonUI::Analysis
