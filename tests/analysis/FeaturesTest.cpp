@@ -24,17 +24,6 @@ SSurface MakeHeights(const std::vector<std::string>& lines, double dx = 1, doubl
     return surface;
 }
 
-std::string WriteLabels(const SFeatureMap& map)
-{
-    std::string text;
-    for (std::size_t i = 0; i < map.labels.size(); ++i) {
-        if (i > 0 && i % map.points == 0)
-            text += '/';
-        text += static_cast<char>('0' + map.labels[i]);
-    }
-    return text;
-}
-
 // z = A cos(2πx/a) cos(2πy/b) about 3 mm, with a peak at every corner and middle of the a by b cells, and
 // four of them inside for each period along x and y of those that are counted.
 SSurface MakeEggCrate(std::size_t perPeriodX, std::size_t perPeriodY, std::size_t periods, double dx,
@@ -142,15 +131,15 @@ TEST(Features, AreDividedAndPruned)
         // Points that only meet in a corner are neighbours.
         {{"1 9 9", "9 1 9", "9 9 1"}, EFeature::Dale, 0, "111/111/111", {c_undefined}},
         // What missing points part meets nowhere.
-        {{"1 2 ? 2 1"}, EFeature::Dale, 9, "11022", {c_undefined, c_undefined}},
-        {{"? ?"}, EFeature::Dale, 0, "00", {}},
+        {{"1 2 ? 2 1"}, EFeature::Dale, 9, "11.22", {c_undefined, c_undefined}},
+        {{"? ?"}, EFeature::Dale, 0, "..", {}},
     };
     for (const SRow& row : rows) {
         const SSurface surface = MakeHeights(row.heights);
         const SFeatures found = FindFeatures(surface, row.kind, row.leastExtent);
         const std::string what =
             row.heights[row.heights.size() / 2] + " at " + std::to_string(row.leastExtent);
-        EXPECT_EQ(WriteLabels(found.map), row.labels) << what;
+        EXPECT_EQ(DrawLabels(found.map), row.labels) << what;
         ASSERT_EQ(found.features.size(), row.saddles.size()) << what;
         for (std::size_t i = 0; i < row.saddles.size(); ++i)
             ExpectValues({{what, found.features[i].saddle}}, {{what, row.saddles[i]}});
@@ -160,13 +149,10 @@ TEST(Features, AreDividedAndPruned)
 TEST(Features, SpacingDecidesWhichWayIsSteepest)
 {
     const std::vector<std::string> heights{"9 9 9", "0 4 9", "9 1 9"};
-    const auto labelOfMiddle = [&](double dx) {
-        return FindWatersheds(MakeHeights(heights, dx, 1), EFeature::Dale);
-    };
-    const SFeatureMap narrow = labelOfMiddle(0.5);
-    const SFeatureMap wide = labelOfMiddle(2);
-    EXPECT_EQ(narrow.labels[4], narrow.labels[3]);
-    EXPECT_EQ(wide.labels[4], wide.labels[7]);
+    for (const auto& [dx, steepest] : {std::pair{0.5, 3}, {2.0, 7}}) {
+        const SFeatureMap map = FindWatersheds(MakeHeights(heights, dx, 1), EFeature::Dale);
+        EXPECT_EQ(map.labels[4], map.labels[static_cast<std::size_t>(steepest)]) << dx;
+    }
 }
 
 TEST(Features, OfPyramids)

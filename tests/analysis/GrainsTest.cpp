@@ -5,22 +5,6 @@
 
 using namespace CommonUI::Analysis;
 
-namespace
-{
-
-std::string Draw(const SGrainMap& map)
-{
-    std::string text;
-    for (std::size_t i = 0; i < map.labels.size(); ++i) {
-        if (i > 0 && i % map.points == 0)
-            text += '/';
-        text += map.labels[i] == 0 ? '.' : static_cast<char>('0' + map.labels[i]);
-    }
-    return text;
-}
-
-} // namespace
-
 TEST(Grains, AreConnectedAlongXAndY)
 {
     struct SRow {
@@ -42,8 +26,9 @@ TEST(Grains, AreConnectedAlongXAndY)
     };
     for (const SRow& row : rows) {
         const SSurface surface = MakePicture(row.picture);
-        EXPECT_EQ(Draw(FindGrains(surface, c_threshold, EGrainKind::Particle)), row.particles) << row.what;
-        EXPECT_EQ(Draw(FindGrains(surface, c_threshold, EGrainKind::Pore)), row.pores) << row.what;
+        EXPECT_EQ(DrawLabels(FindGrains(surface, c_threshold, EGrainKind::Particle)), row.particles)
+            << row.what;
+        EXPECT_EQ(DrawLabels(FindGrains(surface, c_threshold, EGrainKind::Pore)), row.pores) << row.what;
         EXPECT_EQ(FindGrains(surface, c_missing, EGrainKind::Pore).count, 0u) << row.what;
     }
 }
@@ -64,7 +49,7 @@ TEST(Grains, ThoseThatDoNotCountAreLeftOut)
     for (const auto& row : rows) {
         SGrainMap map = FindGrains(MakePicture(row.picture), c_threshold, EGrainKind::Particle);
         SelectGrains(map, row.selection, 6);
-        EXPECT_EQ(Draw(map), row.map);
+        EXPECT_EQ(DrawLabels(map), row.map);
         EXPECT_EQ(map.count, *std::ranges::max_element(map.labels));
     }
 }

@@ -78,22 +78,16 @@ TEST(Reasons, OfProfiles)
     }
 }
 
+// A line of the record: the kind, the key and the reason.
 TEST(Reasons, OfGrainsAndStatistics)
 {
     const SSurface one = MakeSurface(9, 9, [](double x, double y) { return x == 4 && y == 4 ? 1.0 : 0.0; });
-    const struct {
-        EGrainKind kind;
-        const char* key;
-        const char* reason;
-    } rows[] = {{EGrainKind::Particle, "MaxDepth", "particles have no depths below the threshold"},
-                {EGrainKind::Particle, "CGVoidVolumeX", "particles have no depths below the threshold"},
-                {EGrainKind::Particle, "NearestNeighbourID", "there is no other grain"},
-                {EGrainKind::Pore, "StdHeight", "pores have no heights above the threshold"},
-                {EGrainKind::Pore, "CGVolumeY", "pores have no heights above the threshold"}};
-    for (const auto& row : rows) {
-        const std::string_view keys[] = {row.key};
-        const double value = MeasureGrains(one, 0.5, row.kind, keys).columns.at(0).values.at(0);
-        ExpectResult({row.key, value, ExplainGrain(row.key, row.kind)}, row.reason);
+    for (const std::string& row : ReadTestLines("undefined-of-grains.txt")) {
+        const std::vector<std::string> cells = SplitText(row, '|');
+        const EGrainKind kind = cells[0] == "pore" ? EGrainKind::Pore : EGrainKind::Particle;
+        const std::string_view keys[] = {cells[1]};
+        const double value = MeasureGrains(one, 0.5, kind, keys).columns.at(0).values.at(0);
+        ExpectResult({cells[1], value, ExplainGrain(cells[1], kind)}, cells[2]);
     }
     ExpectResult(Find(ComputeStatistics(std::vector{c_missing}), "Mean"), "there is no value");
     ExpectResult(Find(ComputeStatistics(std::vector{3.0}), "Sd"), "there is a single value");

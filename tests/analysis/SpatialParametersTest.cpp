@@ -57,7 +57,7 @@ constexpr double c_width = 2.899266;
 
 } // namespace
 
-// Three points above the others: what overlaps at a shift are the pairs that are so far apart.
+// Five points above the others: what overlaps at a shift are the pairs that are so far apart.
 TEST(Autocorrelation, IsTheMeanProductOfThePointsThatOverlap)
 {
     using TSize = std::ptrdiff_t;
@@ -66,12 +66,13 @@ TEST(Autocorrelation, IsTheMeanProductOfThePointsThatOverlap)
             TSize x, y;
             double z;
         };
-        const SPeak peaks[] = {{0, 0, 1}, {points - 1, 0, 2}, {points - 2, 2, 3}, {0, lines - 1, 4}};
+        const SPeak peaks[] = {
+            {0, 0, 1}, {points - 1, 0, 2}, {points - 2, 1, 3}, {0, 2, 4}, {0, lines - 1, 5}};
         SSurface surface = MakeSurface(static_cast<std::size_t>(points), static_cast<std::size_t>(lines),
                                        [](double, double) { return 0; });
         for (const SPeak& peak : peaks)
             surface.heights[static_cast<std::size_t>(peak.y * points + peak.x)] = peak.z;
-        surface.heights[static_cast<std::size_t>(points)] = c_missing;
+        surface.heights[static_cast<std::size_t>(3 * points)] = c_missing;
         const CAutocorrelation autocorrelation(surface, 0);
         for (TSize y = 0; y <= lines / 2; ++y)
             for (TSize x = -points / 2; x <= points / 2; ++x) {
@@ -81,7 +82,7 @@ TEST(Autocorrelation, IsTheMeanProductOfThePointsThatOverlap)
                         sum += a.x - b.x == x && a.y - b.y == y ? a.z * b.z : 0;
                 const auto overlap = static_cast<double>((points - std::abs(x)) * (lines - y));
                 EXPECT_NEAR(autocorrelation.GetValue(static_cast<double>(x), static_cast<double>(y)),
-                            sum / overlap / (30.0 / static_cast<double>(points * lines)), 1e-13)
+                            sum / overlap / (55.0 / static_cast<double>(points * lines)), 1e-13)
                     << x << " " << y << " of " << points << " by " << lines;
             }
     }

@@ -28,6 +28,19 @@ SSurface MakeSurface(std::size_t points, std::size_t lines, const FHeight& getHe
     return surface;
 }
 
+/// A picture of lines that end with a slash: which grain, hill or dale a point belongs to, `.` for none.
+template<class TMap>
+std::string DrawLabels(const TMap& map)
+{
+    std::string text;
+    for (std::size_t i = 0; i < map.labels.size(); ++i) {
+        if (i > 0 && i % map.points == 0)
+            text += '/';
+        text += map.labels[i] == 0 ? '.' : static_cast<char>('0' + map.labels[i]);
+    }
+    return text;
+}
+
 inline double Get(const std::vector<SValue>& values, std::string_view key)
 {
     const auto found =

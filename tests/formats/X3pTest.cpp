@@ -7,7 +7,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <limits>
 #include <map>
 #include <zip.h>
@@ -270,10 +269,6 @@ TEST_F(X3p, RefusesHostileArchives)
         {large, "a.sdf: archives of the form for more than 4 GiB or 65535 entries"},
         {Archive(many), "a.sdf: the archive has 1003 entries; more than 1000 are refused"},
         {twice, "a.sdf: the archive has two entries 'bindata/data.bin'"},
-        {Archive(With(c_entries, "../x", "")), "a.sdf: the archive has an entry '../x', which leads out"},
-        {Archive(With(c_entries, "a/..", "")), "a.sdf: the archive has an entry 'a/..', which leads out"},
-        {Archive(With(c_entries, "a\\..\\x", "")),
-         "a.sdf: the archive has an entry 'a\\..\\x', which leads out"},
         {Archive(With(c_entries, "/x\x1B", "")), "a.sdf: the archive has an entry '/x?', which leads out"},
         {Archive({{"a", ""}}), "a.sdf: the archive has no entry 'main.xml'"},
         {Archive({{"main.xml", c_xml}}), "a.sdf: the archive has no entry 'bindata/data.bin'"},
@@ -297,6 +292,9 @@ TEST_F(X3p, RefusesHostileArchives)
         ExpectRefused(bytes, expected);
         EXPECT_LT(allocated.Get(), bytes.size() * 4 + (32 << 20)) << expected;
     }
+    for (const std::string name : {"../x", "a/..", "a\\..\\x"})
+        ExpectRefused(Archive(With(c_entries, name, "")),
+                      "a.sdf: the archive has an entry '" + name + "', which leads out");
     // Sizes that agree with the description and not with what is packed.
     const std::string more = Archive(With(c_entries, c_data, std::string(14, '\0')));
     const std::string less = Archive(With(c_entries, c_data, std::string(10, '\0')));
