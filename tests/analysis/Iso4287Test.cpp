@@ -4,7 +4,6 @@
 #include "tests/analysis/TestProfiles.h"
 
 #include <cmath>
-#include <numbers>
 
 using namespace CommonUI::Analysis;
 
@@ -17,15 +16,15 @@ TEST(Iso4287, SeparatesRoughnessFromWaviness)
     const auto expect = [&](const char* key, double value, double tolerance) {
         EXPECT_NEAR(Get(values, key), value, tolerance * value) << key;
     };
-    expect("4287Ra", 2e-6 / std::numbers::pi, 0.02);
+    expect("4287Ra", 2e-6 / c_pi, 0.02);
     expect("4287Rq", 1e-6 / std::sqrt(2), 0.02);
     expect("4287Rku", 1.5, 0.03);
     expect("4287Rz", 2e-6, 0.03);
     expect("4287Rc", 2e-6, 0.03);
     expect("4287RSm", 100e-6, 0.01);
-    expect("4287Rdq", 2 * std::numbers::pi / 100 / std::sqrt(2), 0.01);
+    expect("4287Rdq", 2 * c_pi / 100 / std::sqrt(2), 0.01);
     expect("4287Wt", 6e-6, 0.05);
-    expect("4287Wa", 6e-6 / std::numbers::pi, 0.1);
+    expect("4287Wa", 6e-6 / c_pi, 0.1);
     expect("4287WSm", 5000e-6, 0.1);
     EXPECT_GT(Get(values, "4287Pt"), 7e-6);
 }
@@ -74,8 +73,6 @@ TEST(Iso4287, CutoffThatDoesNotFit)
             EXPECT_TRUE(std::isnan(row.value) == isFiltered(row.key) ||
                         row.key.starts_with("p12085_W")) // no envelope to speak of
                 << row.key << " at " << cutoff;
-    for (const double cutoff : {2.5 * c_dx, DefaultCutoff(1000, c_dx), 1000 * c_dx})
-        EXPECT_FALSE(std::isnan(Get(ComputeProfile(profile, c_dx, {.cutoff = cutoff}), "4287Rq"))) << cutoff;
 }
 
 TEST(Iso4287, MissingPoints)

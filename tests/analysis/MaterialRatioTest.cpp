@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <random>
 
 using namespace CommonUI::Analysis;
@@ -13,7 +12,7 @@ TEST(MaterialRatio, SortsAnyDistribution)
 {
     std::mt19937 random(1);
     const auto heavyTailed = [&] {
-        return std::tan(std::numbers::pi * (static_cast<double>(random()) / 4294967296.0 - 0.5));
+        return std::tan(c_pi * (static_cast<double>(random()) / 4294967296.0 - 0.5));
     };
     std::vector<double> heights;
     for (int i = 0; i < 20000; ++i)

@@ -2,6 +2,7 @@
 #include "analysis/profile/ProfileParameters.h"
 
 #include "tests/analysis/TestProfiles.h"
+#include "tests/TestData.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,8 +12,6 @@ using namespace CommonUI::Analysis;
 
 namespace
 {
-
-constexpr double c_nan = c_undefined;
 
 // Straight lines between corners that are some points apart.
 std::vector<double> Join(const std::vector<double>& corners, std::size_t apart, double scale = 1e-6)
@@ -34,95 +33,36 @@ std::vector<double> Repeat(const std::vector<double>& corners, int times, const 
     return all;
 }
 
-struct SExpected {
-    double AR, R, Rx, SAR, SR; // in µm, corners being 10 µm apart
-    double AW, W, Wx, SAW, SW, Wte;
-};
-
-void Expect(const std::vector<SValue>& values, const SExpected& e, const char* what, double scale = 1)
+bool IsWidth(std::string_view key)
 {
-    const auto expect = [&](const char* key, double value, double unit) {
-        const double actual = Get(values, key) / 1e-6 / unit;
-        if (std::isnan(value))
-            EXPECT_TRUE(std::isnan(actual)) << what << ": " << key << " is " << actual;
-        else
-            EXPECT_NEAR(actual, value, 1e-6) << what << ": " << key;
-    };
-    expect("p12085_RAr", e.AR, 1);
-    expect("p12085_Rr", e.R, scale);
-    expect("p12085_Rrx", e.Rx, scale);
-    expect("p12085_RSAr", e.SAR, 1);
-    expect("p12085_RSr", e.SR, scale);
-    expect("p12085_WAr", e.AW, 1);
-    expect("p12085_Wr", e.W, scale);
-    expect("p12085_Wrx", e.Wx, scale);
-    expect("p12085_WSAr", e.SAW, 1);
-    expect("p12085_WSr", e.SW, scale);
-    expect("p12085_Wte", e.Wte, scale);
+    return key.find("Ar") != key.npos;
 }
 
 } // namespace
 
+// A line of the record: what it is, corners 10 µm apart, how often they come, corners behind them, the limits
+// A and B, and the values in the order of these keys; all in µm.
 TEST(Motifs, OfTrianglesByHand)
 {
-    constexpr SMotifLimits c_limits{.roughness = 50e-6, .waviness = 250e-6};
-    struct SRow {
-        const char* what;
-        std::vector<double> corners;
-        SMotifLimits limits;
-        SExpected expected;
-    };
-    // 18 depths of 1 and as many of another height.
-    const double ofTwo = std::sqrt(36.0 / 35) / 2;
-    const SExpected none = {c_nan, c_nan, c_nan, c_nan, c_nan, c_nan, c_nan, c_nan, c_nan, c_nan, c_nan};
-    const auto withoutWaviness = [&](double AR, double R, double Rx, double SAR, double SR, double Wte) {
-        return SExpected{AR, R, Rx, SAR, SR, c_nan, c_nan, c_nan, c_nan, c_nan, Wte};
-    };
-    const SRow rows[] = {
-        {"equal triangles", Repeat({0, 1}, 10, {0}), c_limits, withoutWaviness(20, 1, 1, 0, 0, 0)},
-        {"the middle of a plateau is the peak", Repeat({0, 1, 1}, 10, {0}), c_limits,
-         withoutWaviness(30, 1, 1, 0, 0, 0)},
-        {"every other of half the height is taken in", Repeat({0, 1, 0, 0.5}, 9, {0, 1, 0}), c_limits,
-         withoutWaviness(40, 1, 1, 0, 0, 0)},
-        {"every other of 70 % is not",
-         Repeat({0, 1, 0, 0.7}, 9, {0, 1, 0}),
-         c_limits,
-         {20, 0.85, 1, 0, 0.3 * ofTwo, 40, 0.3, 0.3, 0, 0, 0.3}},
-        {"every other of half the height, but too wide together",
-         Repeat({0, 1, 0, 0.5}, 9, {0, 1, 0}),
-         {.roughness = 39e-6, .waviness = 250e-6},
-         {20, 0.75, 1, 0, 0.5 * ofTwo, 40, 0.5, 0.5, 0, 0, 0.5}},
-        {"waviness wider than its limit",
-         Repeat({0, 1, 0, 0.7}, 9, {0, 1, 0}),
-         {.roughness = 39e-6, .waviness = 39e-6},
-         withoutWaviness(20, 0.85, 1, 0, 0.3 * ofTwo, 0.3)},
-        {"the highest in the middle stays",
-         {0, 1, 0, 1.5, 0, 1, 0},
-         c_limits,
-         withoutWaviness(20, 1.25, 1.5, 0, 0.5 / std::sqrt(3), 0.5)},
-        // T of the whole, 1, is less than that of the deeper one, 1.2; depths .1 .3 1.2 2.2.
-        {"the whole must not be shallower",
-         {0, 1, 0.9, 1.2, 0, 2.2, 0},
-         c_limits,
-         withoutWaviness(20, 0.95, 2.2, 0, std::sqrt(2.77 / 3), 1.2)},
-        {"a ripple below 5 % is no peak",
-         Repeat({0, 0.5, 0.47, 1}, 8, {0}),
-         {.roughness = 90e-6, .waviness = 250e-6},
-         withoutWaviness(40, 1, 1, 0, 0, 0)},
-        {"wider than the limit",
-         Repeat({0, 1}, 10, {0}),
-         {.roughness = 19e-6, .waviness = 250e-6},
-         withoutWaviness(c_nan, c_nan, c_nan, c_nan, c_nan, 0)},
-        {"one motif", {0, 1, 0, 1, 0}, c_limits, withoutWaviness(20, 1, 1, c_nan, 0, 0)},
-        {"one peak", {0, 1, 0}, c_limits, none},
-        {"no peak", {1, 1, 1}, c_limits, none},
-    };
-    for (const SRow& row : rows) {
-        for (const double scale : {0.01, 1.0, 100.0})
-            Expect(ComputeMotifs(Join(row.corners, 10, scale * 1e-6), c_dx, row.limits), row.expected,
-                   row.what, scale);
-        const std::vector<double> mirrored(row.corners.rbegin(), row.corners.rend());
-        Expect(ComputeMotifs(Join(mirrored, 10), c_dx, row.limits), row.expected, row.what);
+    const char* const keys[] = {"p12085_RAr",  "p12085_Rr",  "p12085_Rrx", "p12085_RSAr",
+                                "p12085_RSr",  "p12085_WAr", "p12085_Wr",  "p12085_Wrx",
+                                "p12085_WSAr", "p12085_WSr", "p12085_Wte"};
+    for (const std::string& row : ReadTestLines("motifs-of-triangles.txt")) {
+        const std::vector<std::string> cells = SplitText(row, '|');
+        const auto corners = Repeat(GetNumbers(cells[1]), std::stoi(cells[2]), GetNumbers(cells[3]));
+        const std::vector<double> limits = GetNumbers(cells[4]);
+        const std::vector<double> expected = GetNumbers(cells[5]);
+        for (const auto& directed : {corners, std::vector<double>(corners.rbegin(), corners.rend())})
+            for (const double scale : {0.01, 1.0, 100.0}) {
+                const auto values = ComputeMotifs(Join(directed, 10, scale * 1e-6), c_dx,
+                                                  {limits[0] * 1e-6, limits[1] * 1e-6});
+                for (std::size_t i = 0; i < std::size(keys); ++i) {
+                    const double unit = IsWidth(keys[i]) ? 1e-6 : scale * 1e-6;
+                    const double value = Get(values, keys[i]) / unit;
+                    EXPECT_EQ(std::isnan(value), std::isnan(expected[i])) << cells[0] << ": " << keys[i];
+                    EXPECT_FALSE(std::abs(value - expected[i]) > 1e-6) << cells[0] << ": " << keys[i];
+                }
+            }
     }
 }
 
@@ -187,46 +127,9 @@ TEST(Motifs, OfARoughProfileDependNeitherOnDirectionNorOnScale)
     for (const SValue& value : values) {
         EXPECT_FALSE(std::isnan(value.value)) << value.key;
         EXPECT_NEAR(Get(mirrored, value.key) / value.value, 1, 1e-9) << value.key;
-        const bool isWidth = value.key.find("Ar") != value.key.npos;
-        EXPECT_NEAR(Get(larger, value.key) / value.value, isWidth ? 1 : 100, 1e-6) << value.key;
+        EXPECT_NEAR(Get(larger, value.key) / value.value, IsWidth(value.key) ? 1 : 100, 1e-6) << value.key;
     }
     EXPECT_LE(Get(values, "p12085_RAr"), 100e-6);
-}
-
-TEST(Motifs, WhereTheyAreUndefinedTheySayWhy)
-{
-    const auto triangles = Join(Repeat({0, 1}, 10, {0}), 10);
-    auto gap = triangles;
-    gap[50] = c_missing;
-    const SMotifLimits limits{.roughness = 50e-6, .waviness = 250e-6};
-    struct SRow {
-        std::vector<double> profile;
-        SMotifLimits limits;
-        std::string_view key;
-        std::string_view reason;
-    };
-    const SRow rows[] = {
-        {triangles, limits, "p12085_Rr", ""},
-        {triangles, limits, "p12085_Wte", ""},
-        {triangles, limits, "p12085_Wr", "no motif of the upper envelope is as narrow as the limit B"},
-        {gap, limits, "p12085_Rr", "motifs need a profile without missing points"},
-        {{}, limits, "p12085_Wte", "motifs need a profile without missing points"},
-        {{0, 1e-6}, limits, "p12085_Rr", "no motif of the profile is as narrow as the limit A"},
-        {{0, 1e-6}, limits, "p12085_Wte", "the profile has fewer than two peaks for an upper envelope"},
-        {triangles,
-         {2e-6, 250e-6},
-         "p12085_Rr",
-         "a limit of the motifs is not longer than two spacings of the points"},
-        {triangles,
-         {50e-6, c_nan},
-         "p12085_RAr",
-         "a limit of the motifs is not longer than two spacings of the points"},
-        {Join({0, 1, 0, 1, 0}, 10), limits, "p12085_RSAr", "there is a single motif"},
-    };
-    for (const SRow& row : rows) {
-        const auto values = ComputeMotifs(row.profile, c_dx, row.limits);
-        EXPECT_EQ(std::ranges::find(values, row.key, &SValue::key)->reason, row.reason) << row.key;
-    }
 }
 
 TEST(Motifs, DefaultLimitsAreThoseOfTheNearestEvaluationLength)

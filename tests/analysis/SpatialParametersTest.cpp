@@ -5,7 +5,6 @@
 
 #include <cmath>
 #include <complex>
-#include <numbers>
 #include <random>
 
 using namespace CommonUI::Analysis;
@@ -13,12 +12,13 @@ using namespace CommonUI::Analysis;
 namespace
 {
 
+constexpr std::string_view c_waveKeys[] = {"Std", "Srw"};
 constexpr std::string_view c_spectralKeys[] = {"Std", "Stdi", "Srw", "Srwi", "Sfd"};
 constexpr std::string_view c_keys[] = {"Sal", "Str", "Std", "Scl20", "Scl37", "Str20", "Str37"};
 
 double Cosine(double x, double period)
 {
-    return std::cos(2 * std::numbers::pi * x / period);
+    return std::cos(2 * c_pi * x / period);
 }
 
 // A surface whose power goes with 1/f^(2 + 2 Hurst), by spectral synthesis: a fractional Brownian surface, of
@@ -50,120 +50,104 @@ SSurface MakeBrownian(std::size_t size, double hurst, unsigned seed)
     });
 }
 
-// Σ |W|² and Σ |W|² exp(-d²/2) over the distances d from a wave, in units of 1/side, W being the transform of
-// the Hann window over the side: what the spectrum has of a plane wave, and how much of it counts at its
-// maximum.
-struct SWindow {
-    double all = 0;
-    double counts = 0;
-};
-
-SWindow SumWindow()
-{
-    SWindow sums;
-    for (int i = -8000; i <= 8000; ++i) {
-        const double d = (i + 0.5) / 1000;
-        const double w = std::sin(std::numbers::pi * d) / (std::numbers::pi * d * (1 - d * d));
-        sums.all += w * w;
-        sums.counts += w * w * std::exp(-d * d / 2);
-    }
-    return sums;
-}
+// How much wider than its maximum the spectrum of a plane wave is: √(2π) Σ|W|² / Σ|W|² exp(-d²/2) over the
+// distances d from the wave, in units of 1/side, W being the transform of the Hann window over the side:
+// sin(πd) / (πd (1 - d²)).
+constexpr double c_width = 2.899266;
 
 } // namespace
 
+// Five points above the others: what overlaps at a shift are the pairs that are so far apart.
+TEST(Autocorrelation, IsTheMeanProductOfThePointsThatOverlap)
+{
+    using TSize = std::ptrdiff_t;
+    for (const auto& [points, lines] : {std::pair<TSize, TSize>{16, 16}, {21, 10}, {2, 7}}) {
+        struct SPeak {
+            TSize x, y;
+            double z;
+        };
+        const SPeak peaks[] = {
+            {0, 0, 1}, {points - 1, 0, 2}, {points - 2, 1, 3}, {0, 2, 4}, {0, lines - 1, 5}};
+        SSurface surface = MakeSurface(static_cast<std::size_t>(points), static_cast<std::size_t>(lines),
+                                       [](double, double) { return 0; });
+        for (const SPeak& peak : peaks)
+            surface.heights[static_cast<std::size_t>(peak.y * points + peak.x)] = peak.z;
+        surface.heights[static_cast<std::size_t>(3 * points)] = c_missing;
+        const CAutocorrelation autocorrelation(surface, 0);
+        for (TSize y = 0; y <= lines / 2; ++y)
+            for (TSize x = -points / 2; x <= points / 2; ++x) {
+                double sum = 0;
+                for (const SPeak& a : peaks)
+                    for (const SPeak& b : peaks)
+                        sum += a.x - b.x == x && a.y - b.y == y ? a.z * b.z : 0;
+                const auto overlap = static_cast<double>((points - std::abs(x)) * (lines - y));
+                EXPECT_NEAR(autocorrelation.GetValue(static_cast<double>(x), static_cast<double>(y)),
+                            sum / overlap / (55.0 / static_cast<double>(points * lines)), 1e-13)
+                    << x << " " << y << " of " << points << " by " << lines;
+            }
+    }
+    const SSurface level = MakeSurface(64, 64, [](double, double) { return 1; });
+    EXPECT_TRUE(std::isnan(CAutocorrelation(level, 0).ComputeDecay(0.37).shortest));
+}
+
 TEST(SpatialParameters, ProductOfCosines)
 {
-    // The autocorrelation is cos(kx x) cos(ky y): fastest along the shorter waves, slowest along the others.
+    // The autocorrelation is cos(ku u) cos(kv v): fastest along the shorter waves, slowest along the others.
     struct SRow {
-        double periodX; // in points
-        double periodY;
+        double periodU; // in µm
+        double periodV;
         double dy;
+        double degrees; // of u from x
     };
-    for (const SRow& row : {SRow{32, 128, 1e-6}, {128, 32, 1e-6}, {64, 64, 0.5e-6}}) {
-        SSurface surface = MakeSurface(512, 512, [&](double x, double y) {
-            return 3e-3 + 1e-7 * Cosine(x, row.periodX) * Cosine(y, row.periodY);
+    for (const SRow& row : {SRow{32, 128, 1, 0}, {128, 32, 1, 0}, {64, 32, 0.5, 0}, {32, 64, 0.5, 30}}) {
+        const double c = std::cos(row.degrees * c_pi / 180);
+        const double s = std::sin(row.degrees * c_pi / 180);
+        SSurface surface = MakeSurface(512, 512, [&](double x, double line) {
+            const double y = line * row.dy;
+            return 3e-3 + 1e-7 * Cosine(x * c + y * s, row.periodU) * Cosine(y * c - x * s, row.periodV);
         });
-        surface.dy = row.dy;
-        const double x = row.periodX * surface.dx;
-        const double y = row.periodY * surface.dy;
+        surface.dy = row.dy * 1e-6;
+        const auto [shorter, longer] = std::minmax(row.periodU, row.periodV);
         const auto values = ComputeAreal(surface, c_keys);
-        const double turn20 = std::acos(0.20) / (2 * std::numbers::pi);
-        const double turn37 = std::acos(0.37) / (2 * std::numbers::pi);
+        const double turn20 = std::acos(0.20) / (2 * c_pi);
+        const double turn37 = std::acos(0.37) / (2 * c_pi);
         for (const char* key : {"Sal", "Scl20"})
-            EXPECT_NEAR(Get(values, key) / std::min(x, y), turn20, 0.02 * turn20) << key;
-        EXPECT_NEAR(Get(values, "Scl37") / std::min(x, y), turn37, 0.02 * turn37);
+            EXPECT_NEAR(Get(values, key) / (shorter * 1e-6), turn20, 0.02 * turn20) << key;
+        EXPECT_NEAR(Get(values, "Scl37") / (shorter * 1e-6), turn37, 0.02 * turn37);
         for (const char* key : {"Str", "Str20", "Str37"})
-            EXPECT_NEAR(Get(values, key), std::min(x, y) / std::max(x, y), 0.01) << key;
+            EXPECT_NEAR(Get(values, key), shorter / longer, 0.01) << key;
     }
 }
 
-TEST(SpatialParameters, DirectionOfWaves)
+TEST(SpatialParameters, DirectionAndLengthOfWaves)
 {
-    const double pi = std::numbers::pi;
-    for (const double dy : {1e-6, 2e-6})
-        for (const double degrees : {0.0, 0.3, 30.0, 45.0, 77.7, 90.0, -60.0, -89.0}) {
-            SSurface surface = MakeSurface(300, 200, [&](double x, double y) {
-                const double along =
-                    x * std::cos(degrees * pi / 180) + y * dy / 1e-6 * std::sin(degrees * pi / 180);
-                return 1e-7 * Cosine(along, 12.5) + 2e-8 * Cosine(x + y, 5);
-            });
-            surface.dy = dy;
-            const double error = Get(ComputeAreal(surface, c_keys), "Std") - degrees;
-            EXPECT_NEAR(std::remainder(error, 180), 0, 0.05) << degrees << " dy " << dy;
-        }
-}
-
-TEST(SpatialParameters, DirectionOfOneWaveAtAnyAngle)
-{
-    const double pi = std::numbers::pi;
-    std::mt19937 random(11);
-    std::uniform_real_distribution<double> share(0, 1);
-    for (const auto& [points, lines] : {std::pair<std::size_t, std::size_t>{128, 128}, {200, 64}, {100, 300}})
-        for (int i = 0; i < 20; ++i) {
-            const double degrees = 180 * share(random) - 90;
-            const double phase = share(random);
-            const auto surface = MakeSurface(points, lines, [&](double x, double y) {
-                const double along = x * std::cos(degrees * pi / 180) + y * std::sin(degrees * pi / 180);
-                return Cosine(along / 9.7 + phase, 1);
-            });
-            const double error = Get(ComputeAreal(surface, c_keys), "Std") - degrees;
-            EXPECT_NEAR(std::remainder(error, 180), 0, 0.05)
-                << degrees << " of " << points << " by " << lines;
-        }
-}
-
-TEST(SpatialParameters, GaussianAutocorrelation)
-{
-    // White noise under weights exp(-r²/l²) has the autocorrelation exp(-r²/(2 l²)).
-    constexpr double c_length = 3;
-    constexpr std::ptrdiff_t c_reach = 12;
-    constexpr std::size_t c_size = 1024;
-    constexpr std::size_t c_wide = c_size + 2 * c_reach;
-    std::mt19937 random(1);
-    std::normal_distribution<double> noise(0, 1);
-    std::vector<double> values(c_wide * c_wide);
-    for (double& value : values)
-        value = noise(random);
-    const auto smooth = [&](std::size_t at, std::size_t step) {
-        double sum = 0;
-        for (std::ptrdiff_t i = -c_reach; i <= c_reach; ++i)
-            sum += std::exp(static_cast<double>(-i * i) / (c_length * c_length)) *
-                   values[at + static_cast<std::size_t>(i) * step];
-        return sum;
+    struct SRow {
+        double period;
+        double degrees;
     };
-    std::vector<double> smoothed(values.size());
-    for (std::size_t at = c_reach; at < values.size() - c_reach; ++at)
-        smoothed[at] = smooth(at, 1);
-    values.swap(smoothed);
-    const auto surface = MakeSurface(c_size, c_size, [&](double x, double y) {
-        return smooth(
-            (static_cast<std::size_t>(y) + c_reach) * c_wide + static_cast<std::size_t>(x) + c_reach, c_wide);
-    });
-    const auto parameters = ComputeAreal(surface, c_keys);
-    EXPECT_NEAR(Get(parameters, "Sal"), c_length * 1e-6 * std::sqrt(-2 * std::log(0.20)), 0.01 * 5.4e-6);
-    EXPECT_NEAR(Get(parameters, "Scl37"), c_length * 1e-6 * std::sqrt(-2 * std::log(0.37)), 0.01 * 4.2e-6);
-    EXPECT_NEAR(Get(parameters, "Str"), 1, 0.03);
+    for (const double scale : {1e-8, 1e-6, 1e-4})
+        for (const double dy : {1.0, 2.0})
+            for (const SRow& row : {SRow{12.5, 0},
+                                    {12.5, 0.3},
+                                    {40, 30},
+                                    {10, 45},
+                                    {12.5, 77.7},
+                                    {4.3, 90},
+                                    {12.5, -60},
+                                    {10, -89}}) {
+                const double angle = row.degrees * c_pi / 180;
+                SSurface surface = MakeSurface(300, 200, [&](double x, double y) {
+                    const double along = x * std::cos(angle) + y * dy * std::sin(angle);
+                    return scale * (7 + Cosine(along, row.period) + 0.05 * Cosine(x + y, 5));
+                });
+                surface.dx = scale;
+                surface.dy = dy * scale;
+                const auto values = ComputeAreal(surface, c_waveKeys);
+                const double error = Get(values, "Std") - row.degrees;
+                EXPECT_NEAR(std::remainder(error, 180), 0, 0.05) << row.degrees << " dy " << dy;
+                EXPECT_NEAR(Get(values, "Srw") / (row.period * scale), 1, 0.01)
+                    << row.degrees << " dy " << dy;
+            }
 }
 
 TEST(SpatialParameters, PowerCountsWithTheFrequency)
@@ -174,54 +158,32 @@ TEST(SpatialParameters, PowerCountsWithTheFrequency)
     EXPECT_NEAR(std::abs(Get(ComputeAreal(surface, c_keys), "Std")), 90, 0.1);
 }
 
-TEST(SpatialParameters, WavelengthOfWaves)
-{
-    for (const double scale : {1e-8, 1e-6, 1e-4})
-        for (const double dy : {1.0, 2.0})
-            for (const double period : {4.3, 10.0, 40.0})
-                for (const double degrees : {0.0, 35.0, 90.0}) {
-                    const double angle = degrees * std::numbers::pi / 180;
-                    SSurface surface = MakeSurface(240, 200, [&](double x, double y) {
-                        return scale * (7 + Cosine(x * std::cos(angle) + y * dy * std::sin(angle), period));
-                    });
-                    surface.dx = scale;
-                    surface.dy = dy * scale;
-                    const auto values = ComputeAreal(surface, c_spectralKeys);
-                    EXPECT_NEAR(Get(values, "Srw") / (period * scale), 1, 0.01)
-                        << period << " at " << degrees << " dy " << dy;
-                }
-}
-
 TEST(SpatialParameters, IndicesOfWaves)
 {
     // 200 points fill the window. The angular spectrum of a wave of m periods has its width in the half
     // circle, the radial one among the frequencies from 1 to half the points.
     constexpr double c_side = 200;
-    const SWindow window = SumWindow();
-    const double ratio = std::sqrt(2 * std::numbers::pi) * window.all / window.counts;
     for (const double periods : {12.5, 25.0}) {
-        const double expected = ratio / (std::numbers::pi * periods);
+        const double expected = c_width / (c_pi * periods);
         for (const int waves : {1, 2, 4}) {
-            const auto values = ComputeAreal(
-                MakeSurface(200, 200,
-                            [&](double x, double y) {
-                                double z = 0;
-                                for (int i = 0; i < waves; ++i) {
-                                    const double angle = std::numbers::pi * (0.1 + i / (waves + 0.0));
-                                    z += Cosine(x * std::cos(angle) + y * std::sin(angle), c_side / periods);
-                                }
-                                return z;
-                            }),
-                c_spectralKeys);
+            const auto surface = MakeSurface(200, 200, [&](double x, double y) {
+                double z = 0;
+                for (int i = 0; i < waves; ++i) {
+                    const double angle = c_pi * (0.1 + i / (waves + 0.0));
+                    z += Cosine(x * std::cos(angle) + y * std::sin(angle), c_side / periods);
+                }
+                return z;
+            });
+            const auto values = ComputeAreal(surface, c_spectralKeys);
             EXPECT_NEAR(Get(values, "Stdi") / (waves * expected), 1, 0.03) << waves;
-            EXPECT_NEAR(Get(values, "Srwi") / (ratio / (c_side / 2 - 1)), 1, 0.03) << waves;
+            EXPECT_NEAR(Get(values, "Srwi") / (c_width / (c_side / 2 - 1)), 1, 0.03) << waves;
         }
     }
     // Two wavelengths in one direction.
     const auto both = ComputeAreal(
         MakeSurface(200, 200, [&](double x, double) { return Cosine(x, 16) + Cosine(x + 3, 8); }),
         c_spectralKeys);
-    EXPECT_NEAR(Get(both, "Srwi") / (2 * ratio / (c_side / 2 - 1)), 1, 0.03);
+    EXPECT_NEAR(Get(both, "Srwi") / (2 * c_width / (c_side / 2 - 1)), 1, 0.03);
     // White noise has no direction, and as many waves of a frequency as the circle is long.
     std::mt19937 random(9);
     std::normal_distribution<double> noise(0, 1);
@@ -253,20 +215,4 @@ TEST(SpatialParameters, FractalDimensionOfBrownianSurfaces)
     std::normal_distribution<double> noise(0, 1);
     const auto white = MakeSurface(100, 100, [&](double, double) { return noise(random); });
     EXPECT_EQ(Get(ComputeAreal(white, c_spectralKeys), "Sfd"), 3);
-}
-
-TEST(SpatialParameters, WhatIsNotReachedIsNaN)
-{
-    const auto nan = c_undefined;
-    const auto grating = [](double x, double) { return Cosine(x, 16); };
-    const auto longWave = [](double x, double y) { return Cosine(x, 640) * Cosine(y, 640); };
-    const auto flat = [](double, double) { return 0.0; };
-    const auto ofGrating = ComputeAreal(MakeSurface(128, 64, grating), c_keys);
-    EXPECT_NEAR(Get(ofGrating, "Sal"), 16e-6 * std::acos(0.2) / (2 * std::numbers::pi), 0.1e-6);
-    ExpectValues(ofGrating, {{"Str", nan}, {"Str37", nan}});
-    EXPECT_TRUE(std::isnan(CAutocorrelation(MakeSurface(64, 64, longWave), 0).ComputeDecay(0.37).shortest));
-    for (const SSurface& surface :
-         {MakeSurface(64, 64, flat), MakeSurface(64, 1, grating), MakeSurface(1, 1, flat)})
-        for (const SValue& value : ComputeAreal(surface, c_keys))
-            EXPECT_TRUE(std::isnan(value.value)) << value.key << " of " << surface.points;
 }

@@ -21,8 +21,6 @@ TEST(Statistics, OfAList)
                                                 {"Fractile", 7.5}});
     ExpectValues(ComputeStatistics(std::vector{-1.0, -3.0}),
                  {{"SdPercent ", 50 * std::sqrt(2)}, {"Fractile", -2.5}});
-    ExpectValues(ComputeStatistics(std::vector{-1.0, 1.0}),
-                 {{"Mean", 0}, {"SdPercent ", nan}, {"Sd", std::sqrt(2)}});
     const auto cancelling = ComputeStatistics(std::vector{0.1e-9, 0.2e-9, -0.3e-9});
     EXPECT_EQ(Get(cancelling, "Mean"), 0); // the sum of these three is not quite 0
     EXPECT_EQ(Get(cancelling, "Sum"), 0);

@@ -2,7 +2,6 @@
 
 #include "tests/analysis/TestSurfaces.h"
 
-#include <numbers>
 #include <random>
 
 using namespace CommonUI::Analysis;
@@ -166,7 +165,7 @@ TEST(SurfaceFilter, IsoGaussianTransmission)
         for (const double ratio : {0.2, 0.5, 1.0, 2.0, 8.0}) { // of wave length and cut-off
             SSurface surface = MakeSurface(600, 375, [&](double x, double y) {
                 const double s = row.x * (x - 300) * c_dx + row.y * (y - 187) * c_dy;
-                return 1e-6 * std::cos(2 * std::numbers::pi * s / (ratio * cutoff));
+                return 1e-6 * std::cos(2 * c_pi * s / (ratio * cutoff));
             });
             surface.dx = c_dx;
             surface.dy = c_dy;

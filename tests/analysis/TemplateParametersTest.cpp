@@ -1,9 +1,8 @@
 #include "analysis/areal/TemplateParameters.h"
 
-#include "tests/analysis/TestSurfaces.h"
+#include "tests/analysis/TestProfiles.h"
 
 #include <cmath>
-#include <numbers>
 
 using namespace CommonUI::Analysis;
 
@@ -65,11 +64,8 @@ TEST(TemplateParameters, OfTheFilteredProfiles)
 {
     // 1 nm per point of tilt, 5 µm of waviness, 1 µm of roughness: of a sine, the material ratio at the
     // height c is acos(c / amplitude) / pi.
-    const auto wave = [](double x, double period) {
-        return std::sin(2 * std::numbers::pi * (x + 0.5) / period);
-    };
     const SSurface surface = MakeSurface(20000, 1, [&](double x, double) {
-        return 1e-9 * x + 5e-6 * wave(x + 1250, 5000) + 1e-6 * wave(x, 47.3);
+        return 1e-9 * x + 5e-6 * Wave(x + 1250, 5000) + 1e-6 * Wave(x, 47.3);
     });
     const double third = 100.0 / 3;
     const SRow rows[] = {

@@ -3,7 +3,6 @@
 #include "tests/analysis/TestSurfaces.h"
 
 #include <cmath>
-#include <numbers>
 #include <vector>
 
 namespace CommonUI::Analysis
@@ -19,7 +18,7 @@ std::vector<double> MakeProfile(std::size_t points, const FHeight& getHeight)
 
 inline double Wave(double x, double period)
 {
-    return std::sin(2 * std::numbers::pi * (x + 0.5) / period);
+    return std::sin(2 * c_pi * (x + 0.5) / period);
 }
 
 } // namespace CommonUI::Analysis

@@ -101,29 +101,3 @@ TEST(Valleys, WhatCountsAsOne)
     EXPECT_NEAR(Get(values, "rMw"), 39.98e-6, 1e-9);
     EXPECT_NEAR(Get(values, "rMa"), 100 * (40.99 + 39.98 + 39.98) * 1e-6 / c_length, 1e-6);
 }
-
-TEST(Valleys, WhereTheyAreUndefinedTheySayWhy)
-{
-    auto gap = MakeProfile(c_points, [](double x) { return -1e-6 * Groove(x); });
-    gap[7] = c_missing;
-    struct SRow {
-        std::vector<double> profile;
-        std::string_view key;
-        std::string_view reason;
-        double value = c_undefined;
-    };
-    const SRow rows[] = {
-        {gap, "rMn", "valleys need a profile without missing points"},
-        {std::vector<double>(c_points, 1e-6), "rMd", "the profile has no valley"},
-        {std::vector<double>(c_points, 1e-6), "rMn", "", 0},
-        {std::vector<double>(c_points, 1e-6), "rMv", "", 0},
-        {MakeProfile(c_points, [](double x) { return -1e-6 * (x < 200 ? Groove(x) : 0); }), "Msm",
-         "the profile has fewer than two valleys"},
-        {{0, 1e-6}, "rMd", "the cut-off does not suit the profile"},
-    };
-    for (const SRow& row : rows) {
-        const auto values = Compute(row.profile);
-        EXPECT_EQ(std::ranges::find(values, row.key, &SValue::key)->reason, row.reason) << row.key;
-        ExpectValues(values, {{row.key, row.value}});
-    }
-}

@@ -1,6 +1,5 @@
 #include "tests/formats/SurfaceFile.h"
 
-#include <bit>
 #include <cstdint>
 #include <limits>
 
@@ -14,15 +13,6 @@ namespace
 class BinarySdf : public SurfaceFile
 {
 };
-
-template<class T>
-std::string Bytes(T value)
-{
-    std::string bytes(reinterpret_cast<const char*>(&value), sizeof value);
-    if constexpr (std::endian::native == std::endian::big)
-        bytes.assign(bytes.rbegin(), bytes.rend());
-    return bytes;
-}
 
 // The header of a file as the standard has it.
 struct SHeader {
@@ -38,19 +28,10 @@ struct SHeader {
 
     std::string Get() const
     {
-        return version + "a maker   " + "010220241530" + "010220241531" + Bytes(points) + Bytes(lines) +
-               Bytes(dx) + Bytes(dy) + Bytes(scale) + Bytes(-1.0) + compression + type + check;
+        return version + "a maker   " + "010220241530" + "010220241531" + Numbers({points, lines}) +
+               Numbers({dx, dy, scale, -1.0}) + compression + type + check;
     }
 };
-
-template<class T>
-std::string Numbers(std::initializer_list<T> values)
-{
-    std::string bytes;
-    for (const T value : values)
-        bytes += Bytes(value);
-    return bytes;
-}
 
 // Six values of a type, of which the third is missing.
 template<class T>
@@ -79,12 +60,7 @@ TEST_F(BinarySdf, ReadsAllTypes)
         const std::string header = fields.Get();
         ASSERT_EQ(header.size(), 81u);
         const SSurface surface = Read(header + rows[type] + "\r\n*\r\na trailer");
-        EXPECT_EQ(surface.points, 3u);
-        EXPECT_EQ(surface.lines, 2u);
-        EXPECT_EQ(surface.dx, 1e-6);
-        EXPECT_EQ(surface.dy, 2e-6);
-        EXPECT_EQ(surface.missing, 1u);
-        ExpectHeights(surface, {1e-9, 2e-9, c_missing, 0, 1e-7, 7e-9});
+        ExpectThreeByTwo(surface, {1e-9, 2e-9, c_missing, 0, 1e-7, 7e-9});
     }
     EXPECT_EQ(Read(SHeader{.type = 5}.Get() + Numbers<std::int16_t>({-1, 0, 0, 0, 0, 0})).heights[0], -1e-9);
 }

@@ -28,7 +28,6 @@ TEST_F(ProfileFile, ReadsColumns)
         EXPECT_EQ(profile.lines, 1u);
         EXPECT_NEAR(profile.dx, 1e-6, 1e-18);
         EXPECT_EQ(profile.dy, profile.dx);
-        EXPECT_EQ(profile.missing, 1u);
         ExpectHeights(profile, {1.5e-6, -2e-6, c_missing, 4e-6});
     }
 }
@@ -45,30 +44,4 @@ TEST_F(ProfileFile, HeightsAloneAreReadWithASpacing)
     ExpectRefused("x [um] z [um]\n1 1\n2 2\n", "a.sdf:1: the file has positions of its own", given);
     ExpectRefused("# Width: 1 m\n# Height: 1 m\n# Value units: m\n3\n",
                   "a.sdf: the file has spacings of its own", given);
-}
-
-TEST_F(ProfileFile, RefusesBadFiles)
-{
-    const std::string head = "x [um] z [um]\n";
-    const std::pair<std::string, const char*> rows[] = {
-        {"x y\n1 2\n", "a.sdf: not a surface"},
-        {"x [V] y [A]\n1 2\n", "a.sdf: not a surface"},
-        {"1.0 2.0\n3.0 4.0\n", "a.sdf: not a surface"},
-        {"x [um] y [um] z [um]\n1 2 3\n", "a.sdf:1: more than two columns"},
-        {head, "a.sdf:2: no values after the first line"},
-        {head + "1 2", "a.sdf:2: a profile needs two points"},
-        {head + "0 1\n1\n2 3\n", "a.sdf:3: a position and a height expected"},
-        {head + "0 1\n1 2 3\n", "a.sdf:3: a number more than there are columns"},
-        {head + "0 1\n1 x\n", "a.sdf:3: a finite number expected where 'x' stands"},
-        {head + "0 1\nBAD 2\n", "a.sdf:3: a position is missing"},
-        {head + "0 1\n1 inf\n", "a.sdf:3: a finite number expected"},
-        {head + "0 1\n0 2\n", "a.sdf:4: the positions have to grow"},
-        {head + "1 1\n0 2\n", "a.sdf:4: the positions have to grow"},
-        {head + "0 1\n1e-13 2\n", "a.sdf:4: the positions have to grow"},
-        {head + "0 1\n1 1\n2 1\n4 1\n", "a.sdf:6: the positions are not evenly spaced: point 2"},
-        {head + "0 1\n1 1\n1 1\n3 1\n", "a.sdf:6: the positions are not evenly spaced: point 3"},
-        {"x [um];z [um]\n0;1;\n", "a.sdf:2: a number more"},
-    };
-    for (const auto& [text, expected] : rows)
-        ExpectRefused(text, expected);
 }

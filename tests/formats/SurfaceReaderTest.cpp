@@ -1,8 +1,7 @@
 #include "formats/SurfaceReader.h"
 
 #include "tests/formats/SurfaceFile.h"
-
-#include <algorithm>
+#include "tests/TestData.h"
 
 using namespace CommonUI::Formats;
 using CommonUI::Analysis::c_missing;
@@ -14,6 +13,17 @@ namespace
 const std::string c_sdf =
     "aISO-1.0\nNumPoints = 3\nNumProfiles = 2\nXscale = 1e-6\nYscale = 2e-6\nZscale = 1e-9\n*\n";
 const std::string c_matrix = "# Channel: Z\n# Width: 3.00 um\n# Height: 2.00 um\n# Value units: nm\n";
+
+// The text with what its names of headers and its line ends stand for.
+std::string Expand(std::string text)
+{
+    const std::pair<std::string, std::string> names[] = {
+        {"{sdf}", c_sdf}, {"{matrix}", c_matrix}, {"{profile}", "x [um] z [um]\n"}, {"\\n", "\n"}};
+    for (const auto& [name, meaning] : names)
+        for (std::size_t at = text.find(name); at != text.npos; at = text.find(name, at))
+            text.replace(at, name.size(), meaning);
+    return text;
+}
 
 class SurfaceReader : public SurfaceFile
 {
@@ -33,14 +43,10 @@ TEST_F(SurfaceReader, ReadsSdf)
     };
     for (const std::string& text : variants) {
         const SSurface surface = Read(text);
-        EXPECT_EQ(surface.points, 3u);
-        EXPECT_EQ(surface.lines, 2u);
-        EXPECT_EQ(surface.dx, 1e-6);
-        EXPECT_EQ(surface.dy, 2e-6);
-        EXPECT_EQ(surface.missing, 1u);
         EXPECT_EQ(surface.fileName, "a.sdf");
-        ExpectHeights(surface, heights);
+        ExpectThreeByTwo(surface, heights);
     }
+    EXPECT_EQ(Read(c_sdf + "BAD BAD BAD BAD BAD BAD *").missing, 6u);
 }
 
 TEST_F(SurfaceReader, ReadsMatrix)
@@ -53,7 +59,6 @@ TEST_F(SurfaceReader, ReadsMatrix)
     EXPECT_EQ(surface.lines, 2u);
     EXPECT_DOUBLE_EQ(surface.dx, 2e-6);
     EXPECT_DOUBLE_EQ(surface.dy, 4e-6);
-    EXPECT_EQ(surface.missing, 1u);
     ExpectHeights(surface, {1.5e-9, 2e-6, 3e-6, c_missing, -4e-6, 5.25e-6});
 }
 
@@ -86,53 +91,16 @@ TEST_F(SurfaceReader, KnowsUnits)
     }
 }
 
+// A line of the record: the file, and how the message begins.
 TEST_F(SurfaceReader, RefusesBadFiles)
 {
-    const std::string sdf = "aISO-1.0\nNumPoints = ";
-    const std::pair<std::string, const char*> rows[] = {
-        {"", "a.sdf: the file is empty"},
-        {std::string("\0\1\2", 3), "a.sdf: not a surface"},
-        {"aISO-1.0\nNumPoints = 3\n", "a.sdf:3: the file ends within its header"},
-        {c_sdf + "1 2 3\n4 5\n*\n", "a.sdf:10: 6 values promised, only 5 found"},
-        {c_sdf + "1 2 3\n4 5 6\n7\n*\n", "a.sdf:10: 6 values promised, more found"},
-        {c_sdf + "1 2 3\n4 5", "a.sdf:9: 6 values promised, only 5 found"},
-        {c_sdf + "1 2 3\n4 5 6\n", "a.sdf:10: the '*' after the values is missing"},
-        {c_sdf + "1 2 3\n4 x5 6\n*", "a.sdf:9: a finite number expected where 'x5' stands"},
-        {c_sdf + "1 2 3\n4 5e 6\n*", "a.sdf:9: a finite number expected where '5e' stands"},
-        {c_sdf + "1 inf 3\n4 5 6\n*", "a.sdf:8: a finite number expected where 'inf' stands"},
-        {c_sdf + "1 1e999 3\n4 5 6\n*", "a.sdf:8: a finite number expected where '1e999' stands"},
-        {c_sdf + "1 1e200 3\n4 5 6\n*", "a.sdf:8: a length of '1e200' times the scale is beyond 1e9 m"},
-        {c_sdf + "0 1e-300 0 0 0 0\n*", "a.sdf: the heights differ by less than 1e-100 m"},
-        {c_sdf + "1 1.2.3 1,2,3 4 5 6\n*", "a.sdf:8: a finite number expected where '1.2.3' stands"},
-        {c_sdf + "1 " + std::string(1000, '\7'),
-         "a.sdf:8: a finite number expected where '????????????????????????...'"},
-        {sdf + "0\n", "a.sdf:2: a number of points"},
-        {sdf + "99999999999\n", "a.sdf:2: a number of points"},
-        {sdf + "4294967295\nNumProfiles = 4294967295\nXscale = 1\nYscale = 1\nZscale = 1\n*\n1 2 *",
-         "a.sdf:8: 18446744065119617025 values promised, only 2 found"},
-        {sdf + "3\nNumPoints = 3\n", "a.sdf:3: the second line for 'NumPoints'"},
-        {sdf + "3\nhello\n", "a.sdf:3: 'Key = value'"},
-        {sdf + "3\nNumProfiles = 2\nXscale = 1\nZscale = 1\n*\n1 2 3\n",
-         "a.sdf:6: the header ends without Yscale"},
-        {"aISO-1.0\nXscale = 0\n", "a.sdf:2: a scale"},
-        {"aISO-1.0\nYscale = -1e-6\n", "a.sdf:2: a scale"},
-        {"aISO-1.0\nZscale = NaN\n", "a.sdf:2: a scale"},
-        {"aISO-1.0\nZscale = 1e-300\n", "a.sdf:2: a scale"},
-        {"aISO-1.0\nCompression = 1\n", "a.sdf:2: compressed"},
-        {c_matrix, "a.sdf:5: no values after the header"},
-        {c_matrix + "1 2 3\n4 5\n6 7 8\n", "a.sdf:6: 2 values in a row, 3 in the first"},
-        {c_matrix + "1 2 3\n\n4 5 6 7", "a.sdf:7: 4 values in a row, 3 in the first"},
-        {c_matrix + "1 2 3\n4 # 6\n", "a.sdf:6: a finite number expected where '#' stands"},
-        {"# Width: 1 m\n# Height: 1 m\n1 2\n", "a.sdf:3: the header ends without Value units"},
-        {"# Width: 0 m\n", "a.sdf:1: a length from"},
-        {"# Width: 1e300 m\n", "a.sdf:1: a length from"},
-        {"# Width: wide\n", "a.sdf:1: a length such as"},
-        {"# Width: 10.00\n", "a.sdf:1: a unit of length expected, not ''"},
-        {"#\n# Value units: V\n", "a.sdf:2: a unit of length expected, not 'V'"},
-    };
-    for (const auto& [text, expected] : rows) {
-        ExpectRefused(text, expected);
+    for (const std::string& row : ReadTestLines("refused-surface-files.txt")) {
+        const std::vector<std::string> cells = SplitText(row, '|');
+        ExpectRefused(Expand(cells[0]), cells[1]);
     }
+    ExpectRefused(std::string("\0\1\2", 3), "a.sdf: not a surface");
+    ExpectRefused(c_sdf + "1 " + std::string(1000, '\7'),
+                  "a.sdf:8: a finite number expected where '????????????????????????...'");
     EXPECT_EQ(ReadBad(GetPath() / "none.sdf"), "none.sdf: no such file");
     EXPECT_EQ(ReadBad(GetPath() / u8"a\n\u007F\u009Bé.sdf"), "a???é.sdf: no such file");
 
@@ -155,15 +123,5 @@ TEST_F(SurfaceReader, ReportsProgressAndCanBeCancelled)
     std::string text = c_matrix;
     for (int i = 0; i < 300000; ++i)
         text += "1.2345e-008\n";
-    std::vector<double> fractions;
-    Read(text, {.progress = [&](double fraction) { fractions.push_back(fraction); }});
-    EXPECT_GE(fractions.size(), 4u);
-    EXPECT_TRUE(std::is_sorted(fractions.begin(), fractions.end()));
-    EXPECT_EQ(fractions.back(), 1);
-    EXPECT_THROW(Read(text, {.progress = [](double) { throw 1; }}), int);
-}
-
-TEST_F(SurfaceReader, ReadsSurfaceWithoutValidPoint)
-{
-    EXPECT_EQ(Read(c_sdf + "BAD BAD BAD BAD BAD BAD *").missing, 6u);
+    ExpectProgress(text, 4);
 }

@@ -3,11 +3,10 @@
 #include "formats/SurfaceWriter.h"
 #include "tests/common/FailingAllocation.h"
 #include "tests/formats/SurfaceFile.h"
+#include "tests/TestData.h"
 
-#include <bit>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <limits>
 #include <map>
 #include <zip.h>
@@ -25,19 +24,6 @@ class X3p : public SurfaceFile
 };
 
 using CEntries = std::map<std::string, std::string>;
-
-template<class T>
-std::string Numbers(std::initializer_list<T> values)
-{
-    std::string bytes;
-    for (const T value : values) {
-        std::string number(reinterpret_cast<const char*>(&value), sizeof value);
-        if constexpr (std::endian::native == std::endian::big)
-            number.assign(number.rbegin(), number.rend());
-        bytes += number;
-    }
-    return bytes;
-}
 
 std::string Replaced(std::string text, const std::string& from, const std::string& to)
 {
@@ -130,13 +116,7 @@ CEntries WithList(const std::string& axisZ, const std::string& list)
 
 TEST_F(X3p, ReadsIntegersWithMask)
 {
-    const SSurface surface = Read(Archive(c_entries));
-    EXPECT_EQ(surface.points, 3u);
-    EXPECT_EQ(surface.lines, 2u);
-    EXPECT_EQ(surface.dx, 1e-6);
-    EXPECT_EQ(surface.dy, 2e-6);
-    EXPECT_EQ(surface.missing, 1u);
-    ExpectHeights(surface, {1.001e-6, 0.998e-6, c_missing, 1e-6, 1.005e-6, 1.006e-6});
+    ExpectThreeByTwo(Read(Archive(c_entries)), {1.001e-6, 0.998e-6, c_missing, 1e-6, 1.005e-6, 1.006e-6});
 }
 
 TEST_F(X3p, ReadsAllTypes)
@@ -242,50 +222,13 @@ TEST_F(X3p, WrongChecksumsAreRefused)
                   "a.sdf: the archive has no entry 'md5checksum.hex'");
 }
 
-// Each row changes the description.
+// A line of the record: what is replaced in the description, by what, and the message.
 TEST_F(X3p, RefusesBadDescriptions)
 {
-    const std::string size = "<SizeX>3</SizeX>";
-    const std::string entity = "<!DOCTYPE x [<!ENTITY a \"3\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\">]>";
-    const struct {
-        std::string from;
-        std::string to;
-        const char* expected;
-    } rows[] = {
-        {"</Record1>", "", "no XML: "},
-        {"ISO5436_2", "html", "no XML: "},
-        {"<p:ISO5436_2 xmlns", "<x/><p:ISO5436_2 xmlns", "not X3P: the outermost element is 'x'"},
-        {"<p:", entity + "<p:", "a document type declaration is refused"},
-        {size, "<SizeX>&lol;</SizeX>",
-         "SizeX: a number of points from 1 to 4294967295 expected, not '&lol;'"},
-        {size, "<SizeX>-3</SizeX>", "SizeX: a number"},
-        {size, "<SizeX>0</SizeX>", "SizeX: a number"},
-        {size, "", "SizeX: a number"},
-        {size, "<SizeX>18446744073709551619</SizeX>", "SizeX: a number"},
-        {size, "<SizeX>4294967295</SizeX>", "MatrixDimension: more than 4294967295 points"},
-        {"<SizeZ>1<", "<SizeZ>2<", "SizeZ: surfaces of several layers"},
-        {"SUR", "PCL", "FeatureType: point clouds (PCL) are not supported"},
-        {"SUR", "SURF", "FeatureType: SUR or PRF expected, not 'SURF'"},
-        {"</CX>", "</CX><CY/>", "CY: AxisType"},
-        {c_axisX, "<CX>", "CX: AxisType: A or I expected, not ''"},
-        {"<Increment>1e-6<", "<Increment>NaN<", "CX: Increment: a finite number expected, not 'NaN'"},
-        {"<Increment>1e-6<", "<Increment>inf<", "CX: Increment: a finite number"},
-        {"<Increment>1e-6<", "<Increment>0<", "CX: Increment: a length from"},
-        {"<Increment>2E-6<", "<Increment>-2e-6<", "CY: Increment: a length from"},
-        {"<Increment> 1e-9 </Increment>", "", "CZ: Increment: a length from"},
-        {"<Offset>1e-6<", "<Offset>1e10<", "CZ: Offset: a length up to 1e9 m"},
-        {"<AxisType>A<", "<AxisType>I<", "CZ: AxisType: heights are absolute"},
-        {"<DataType>I<", "<DataType>Q<", "CZ: DataType: I, L, F or D expected, not 'Q'"},
-        {c_link, "", "DataLink: there is no PointDataLink"},
-        {c_link, "<PointDataLink>../../data.bin</PointDataLink>",
-         "PointDataLink: the path '../../data.bin' leads out"},
-        {c_link, "<PointDataLink>C:\\data.bin</PointDataLink>", "PointDataLink: the path"},
-        {c_mask, "<ValidPointsLink>/etc/passwd</ValidPointsLink>", "ValidPointsLink: the path"},
-        {"</Record3>", "</Record3><Record4><ChecksumFile>a/..\\b</ChecksumFile></Record4>",
-         "ChecksumFile: the"},
-    };
-    for (const auto& row : rows)
-        ExpectRefused(Archive(WithXml(row.from, row.to)), std::string("a.sdf: main.xml: ") + row.expected);
+    for (const std::string& row : ReadTestLines("refused-x3p-descriptions.txt")) {
+        const std::vector<std::string> cells = SplitText(row, '|');
+        ExpectRefused(Archive(WithXml(cells[0], cells[1])), "a.sdf: main.xml: " + cells[2]);
+    }
     const std::string axis = "<DataType>D</DataType>";
     ExpectRefused(Archive(WithList(axis, "<Datum>1</Datum>")),
                   "a.sdf: main.xml: DataList: 6 points promised, 1");
@@ -326,10 +269,6 @@ TEST_F(X3p, RefusesHostileArchives)
         {large, "a.sdf: archives of the form for more than 4 GiB or 65535 entries"},
         {Archive(many), "a.sdf: the archive has 1003 entries; more than 1000 are refused"},
         {twice, "a.sdf: the archive has two entries 'bindata/data.bin'"},
-        {Archive(With(c_entries, "../x", "")), "a.sdf: the archive has an entry '../x', which leads out"},
-        {Archive(With(c_entries, "a/..", "")), "a.sdf: the archive has an entry 'a/..', which leads out"},
-        {Archive(With(c_entries, "a\\..\\x", "")),
-         "a.sdf: the archive has an entry 'a\\..\\x', which leads out"},
         {Archive(With(c_entries, "/x\x1B", "")), "a.sdf: the archive has an entry '/x?', which leads out"},
         {Archive({{"a", ""}}), "a.sdf: the archive has no entry 'main.xml'"},
         {Archive({{"main.xml", c_xml}}), "a.sdf: the archive has no entry 'bindata/data.bin'"},
@@ -353,6 +292,9 @@ TEST_F(X3p, RefusesHostileArchives)
         ExpectRefused(bytes, expected);
         EXPECT_LT(allocated.Get(), bytes.size() * 4 + (32 << 20)) << expected;
     }
+    for (const std::string name : {"../x", "a/..", "a\\..\\x"})
+        ExpectRefused(Archive(With(c_entries, name, "")),
+                      "a.sdf: the archive has an entry '" + name + "', which leads out");
     // Sizes that agree with the description and not with what is packed.
     const std::string more = Archive(With(c_entries, c_data, std::string(14, '\0')));
     const std::string less = Archive(With(c_entries, c_data, std::string(10, '\0')));
@@ -395,13 +337,7 @@ TEST_F(X3p, ReportsProgressAndCanBeCancelled)
 {
     SSurface surface{.points = 100'000, .lines = 1, .dx = 1, .dy = 1};
     surface.heights.resize(surface.points);
-    const std::string bytes = WriteSurface(surface, EFormat::X3p, {});
-    std::vector<double> fractions;
-    Read(bytes, {.progress = [&](double fraction) { fractions.push_back(fraction); }});
-    EXPECT_GE(fractions.size(), 10u);
-    EXPECT_TRUE(std::is_sorted(fractions.begin(), fractions.end()));
-    EXPECT_EQ(fractions.back(), 1);
-    EXPECT_THROW(Read(bytes, {.progress = [](double) { throw 1; }}), int);
+    ExpectProgress(WriteSurface(surface, EFormat::X3p, {}), 10);
 }
 
 #endif
