@@ -73,7 +73,8 @@ public:
         std::string told = '[' + m_stack.GetKinds() + ']';
         told += GetDepth(GL_ATTRIB_STACK_DEPTH, GL_MAX_ATTRIB_STACK_DEPTH);
         told += GetDepth(GL_MODELVIEW_STACK_DEPTH, GL_MAX_MODELVIEW_STACK_DEPTH);
-        told += ' ' + std::to_string(state.depths[2]) + ' ' + ToUtf8(GetMatrixModeName(state.matrixMode));
+        told += ' ' + std::to_string(state.depths[2]) + ' ' +
+                ToUtf8(GetMatrixModeName(static_cast<GLenum>(state.matrixMode)));
         told += state.depthMask ? "" : " masked";
         told += state == m_start ? " as before" : "";
         told += m_done ? "" : " false";
