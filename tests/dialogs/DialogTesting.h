@@ -9,7 +9,7 @@ namespace CommonUI
 {
 
 /// Gives the process a loop of its own and a clock that tests advance.
-class CDialogTest : public testing::Test
+class CDialogServices
 {
 public:
     CMemoryMessageLoop loop;
@@ -18,6 +18,10 @@ public:
 private:
     CServiceScope<CMessageLoop> m_loopScope{loop};
     CServiceScope<CTimerService> m_timersScope{timers};
+};
+
+class CDialogTest : public testing::Test, public CDialogServices
+{
 };
 
 } // namespace CommonUI

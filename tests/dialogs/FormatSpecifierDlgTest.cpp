@@ -2,11 +2,12 @@
 
 #include "controls/MemoryEditView.h"
 #include "dialogs/MemoryFormatSpecifierView.h"
+#include "tests/Script.h"
 
-#include <gtest/gtest.h>
-
-#include <optional>
-#include <vector>
+#include <functional>
+#include <map>
+#include <memory>
+#include <utility>
 
 using namespace CommonUI;
 
@@ -14,79 +15,65 @@ namespace
 {
 
 using CDlg = CFormatSpecifierDlg;
-using EFormat = CParameter::EFormatSpecifier;
 
-CParameter MakeParameter(const CParameter::SFormatSpecifier& format)
+// The dialog with a window, which plays lines of a script.
+class CStage
 {
-    CParameter parameter(1, u"Sa", u"Sa", u"Sa", 0, true);
-    parameter.SetFloatFormat(format);
-    return parameter;
-}
-
-// The dialog with a window.
-struct SShown {
-    explicit SShown(const CParameter::SFormatSpecifier& format)
-        : dialog(MakeParameter(format))
+public:
+    CStage() { MakeDialog({CParameter::EFormatSpecifier::FormatInteger, 3}); }
+    void Act(const SCommand& command) { m_verbs.at(command.verb)(command); }
+    std::string Tell()
     {
-        dialog.SetView(&view);
-        dialog.GetCountEdit().SetView(&edit);
+        const auto& [type, count] = m_dialog->GetParameter().GetFloatFormat();
+        const auto selected = m_view.GetSelectedItem();
+        CStr told = CStr::Format(u"%s %d/%d: ", m_dialog->IsOpen() ? u"open" : u"closed", type, count);
+        told += CStr::Format(u"%s %s \"%s\" \"%s\"", selected ? m_view.GetItems()[*selected].text : u"none",
+                             m_edit.GetText(), m_view.GetText(CDlg::c_largeExample),
+                             m_view.GetText(CDlg::c_smallExample));
+        if (const CStr before = std::exchange(m_labels, GetLabels()); before != m_labels)
+            told += m_labels;
+        return told.ToUtf8();
     }
 
-    CMemoryFormatSpecifierView view;
-    CMemoryEditView edit;
-    CDlg dialog;
+private:
+    void MakeDialog(const CParameter::SFormatSpecifier& format)
+    {
+        CParameter parameter(1, u"Sa", u"Sa", u"Sa", 0, true);
+        parameter.SetFloatFormat(format);
+        m_dialog = std::make_unique<CDlg>(parameter);
+        m_dialog->SetView(&m_view);
+        m_dialog->GetCountEdit().SetView(&m_edit);
+    }
+    CStr GetLabels() const
+    {
+        CStr labels = CStr::Format(u" \"%s\" \"%s\" \"%s\"", m_view.GetCaption(),
+                                   m_view.GetText(CDlg::c_format), m_view.GetText(CDlg::c_exampleCaption));
+        for (const SFormatItem& item : m_view.GetItems())
+            labels += CStr::Format(u" %s %d", item.text, item.value);
+        return labels;
+    }
+
+    using CCommand = const SCommand&;
+    const std::map<std::string, std::function<void(CCommand)>> m_verbs = {
+        {"format",
+         [this](CCommand c) {
+             MakeDialog({c.Get<CParameter::EFormatSpecifier>(), c.Get(1)});
+         }},
+        {"create", [this](CCommand) { m_dialog->Create(); }},
+        {"choose", [this](CCommand c) { m_view.Choose(c.Get<std::size_t>()); }},
+        {"step", [this](CCommand c) { m_dialog->GetCountEdit().OnSpinDeltaPos(c.Get()); }},
+        {"type", [this](CCommand c) { m_edit.SelectAll(), m_edit.Type(CStr::FromUtf8(c.text)); }},
+        {"press", [this](CCommand c) { m_view.Press(c.text == "OK" ? CDlg::c_ok : CDlg::c_cancel); }},
+    };
+    CMemoryFormatSpecifierView m_view;
+    CMemoryEditView m_edit;
+    std::unique_ptr<CDlg> m_dialog;
+    CStr m_labels;
 };
 
 } // namespace
 
-TEST(FormatSpecifierDlg, ShowsTheFormatOfItsParameter)
+TEST(FormatSpecifierDlg, EditsAFormatAsTheScriptSays)
 {
-    using CRow = std::tuple<CParameter::SFormatSpecifier, std::optional<std::size_t>, CStr, CStr, CStr>;
-    const CRow cases[] = {
-        {{EFormat::FormatDecimals, 4}, 0, u"4", u"3.1416", u"0.0000"},
-        {{EFormat::FormatDigits, 20}, 1, u"12", u"3.14159265359", u"3.14159265359E-06"},
-        {{EFormat::FormatDecimals, -1}, 0, u"1", u"3.1", u"0.0"},
-        {{EFormat::FormatInteger, 3}, std::nullopt, u"3", u"3", u"0"},
-    };
-    const std::vector<SFormatItem> items = {{u"Decimals", EFormat::FormatDecimals},
-                                            {u"Digits", EFormat::FormatDigits}};
-    for (const auto& [format, selected, count, large, tiny] : cases) {
-        SShown shown(format);
-        shown.dialog.Create();
-        EXPECT_TRUE(shown.view.IsVisible());
-        EXPECT_EQ(shown.view.GetCaption(), u"Specify Format");
-        EXPECT_EQ(shown.view.GetText(CDlg::c_format), u"Format:");
-        EXPECT_EQ(shown.view.GetText(CDlg::c_exampleCaption), u"Example:");
-        EXPECT_EQ(shown.view.GetItems(), items);
-        EXPECT_EQ(shown.view.GetSelectedItem(), selected);
-        EXPECT_EQ(shown.edit.GetText(), count);
-        EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> " + large);
-        EXPECT_EQ(shown.view.GetText(CDlg::c_smallExample), u"0.000003141593 -> " + tiny);
-    }
-}
-
-TEST(FormatSpecifierDlg, OkTakesWhatWasChosenAndCancelDoesNot)
-{
-    const std::pair<int, CParameter::SFormatSpecifier> cases[] = {
-        {CBaseDialog::c_ok, {EFormat::FormatDigits, 7}},
-        {CBaseDialog::c_cancel, {EFormat::FormatInteger, 3}},
-    };
-    for (const auto& [button, format] : cases) {
-        SShown shown({EFormat::FormatInteger, 3});
-        shown.dialog.Create();
-        EXPECT_TRUE(shown.view.Choose(1));
-        EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> 3.14");
-        shown.dialog.GetCountEdit().OnSpinDeltaPos(1);
-        EXPECT_EQ(shown.view.GetText(CDlg::c_largeExample), u"3.141592653590 -> 3.142");
-        shown.edit.SelectAll();
-        shown.edit.Type(u"7");
-        EXPECT_TRUE(shown.view.Press(button));
-        EXPECT_FALSE(shown.dialog.IsOpen());
-        EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), format);
-        EXPECT_EQ(shown.dialog.GetParameter().GetIniName(), u"Sa");
-        shown.dialog.Create();
-        shown.view.Choose(0);
-        shown.view.Press(CBaseDialog::c_cancel);
-        EXPECT_EQ(shown.dialog.GetParameter().GetFloatFormat(), format) << "as it was when opened again";
-    }
+    ExpectScriptOf<CStage>("format-dialog.txt");
 }

@@ -6,10 +6,12 @@
 #include "platform/ThreadMessages.h"
 #include "tests/DiagnosticsCapture.h"
 #include "tests/dialogs/DialogTesting.h"
+#include "tests/Script.h"
 
-#include <limits>
+#include <functional>
+#include <map>
 #include <memory>
-#include <vector>
+#include <utility>
 
 using namespace CommonUI;
 using namespace CommonUI::ProgressTemplate;
@@ -33,79 +35,98 @@ public:
     CStr lastText;
 };
 
+// A dialog of its own, which plays lines of a script.
+class CStage : public CDialogServices
+{
+public:
+    CStage()
+    {
+        m_dialog.SetView(&m_view);
+        m_dialog.SetIcon(&m_dialog);
+    }
+    void Act(const SCommand& command) { m_verbs.at(command.verb)(command); }
+    // What can be seen, and what has changed since the last time.
+    std::string Tell()
+    {
+        const int raises = m_view.GetParentRaises();
+        std::string told = m_view.IsVisible() ? "shown" : "hidden";
+        told += m_view.Paint() ? " painted" : "";
+        told += m_view.GetParentRaises() > raises ? " parent raised" : "";
+        told += " at " + std::to_string(m_view.GetBarPosition());
+        told += m_dialog.IsOpen() ? "" : " closed";
+        told += m_dialog.IsCanceled() ? " canceled" : "";
+        for (const auto& [control, name] : {std::pair(c_cancel, "button"), {c_bar, "bar"}, {c_text, "text"}})
+            told += m_view.IsEnabled(control) ? "" : std::string(" no ") + name;
+        for (int count = timers.GetTimerCount(); count > 0; --count)
+            told += " timer";
+        while (TakeThreadMessage(CProgressDialog::c_cancelMessage))
+            told += " message";
+        told += TellChange(m_labels, GetLabels());
+        const SProgressLayout& layout = m_view.GetLayout();
+        return told + std::exchange(m_bar, {}) +
+               TellChange(m_layout, ToText({0, 0, layout.dialog.cx, layout.dialog.cy}) + ToText(layout.text) +
+                                        ToText(layout.bar) + ToText(layout.cancel));
+    }
+
+private:
+    static std::string TellChange(std::string& last, const std::string& now)
+    {
+        return std::exchange(last, now) == now ? "" : ' ' + now;
+    }
+    std::string GetLabels() const
+    {
+        CStr labels = CStr::Format(u"\"%s\" \"%s\" \"%s\" to %d", m_view.GetCaption(), m_view.GetText(c_text),
+                                   m_view.GetText(c_cancel), m_view.GetBarMaximum());
+        labels += m_view.GetIcon() == &m_dialog ? u" icon" : u"";
+        labels += m_view.IsModal() ? u" modal" : u"";
+        return labels.ToUtf8();
+    }
+    // Where steps lead the bar of another dialog.
+    void MoveBar(const SCommand& command, bool wrap)
+    {
+        const CDiagnosticsCapture quiet;
+        CProgressThreadDialog stepped(nullptr, {}, {});
+        stepped.SetRange(command.Get());
+        stepped.SetWrap(wrap);
+        for (std::size_t word = 1; word < command.words.size(); ++word) {
+            stepped.Step(command.Get<float>(word));
+            m_bar += ' ' + std::to_string(stepped.GetProgressCtrl().GetPos());
+        }
+    }
+
+    using CCommand = const SCommand&;
+    const std::map<std::string, std::function<void(CCommand)>> m_verbs = {
+        {"create", [this](CCommand) { m_dialog.Create(); }},
+        {"wait", [this](CCommand c) { timers.Advance(c.Get<unsigned int>()); }},
+        {"hide", [this](CCommand) { m_dialog.SetTimer(CProgressDialog::c_hideTimer, 100); }},
+        {"step", [this](CCommand c) { m_dialog.Step(c.Get()); }},
+        {"end", [this](CCommand) { m_dialog.EndDialog(1); }},
+        {"ok", [this](CCommand) { m_dialog.OnOK(); }},
+        {"press", [this](CCommand) { m_view.PressCancel(); }},
+        {"cancel", [this](CCommand c) { m_dialog.SetCanceled(c.IsYes()); }},
+        {"notify", [this](CCommand) { m_dialog.SetNotifyThread(GetThreadIdentifier()); }},
+        {"text", [this](CCommand c) { m_dialog.SetText(CStr(c.Get<std::size_t>(), u'x')); }},
+        {"bar", [this](CCommand c) { MoveBar(c, false); }},
+        {"wrap", [this](CCommand c) { MoveBar(c, true); }},
+    };
+    CMemoryProgressView m_view;
+    CProgressDialog m_dialog{nullptr, CStr(), CStr()};
+    std::string m_labels;
+    std::string m_layout;
+    std::string m_bar;
+};
+
 } // namespace
 
-TEST_F(ProgressDialog, BarShowsTheIntegerPart)
+TEST_F(ProgressDialog, OpensAndClosesAsTheScriptSays)
 {
-    constexpr float c_infinity = std::numeric_limits<float>::infinity();
-    constexpr int c_greatest = std::numeric_limits<int>::max();
-    const std::tuple<bool, int, std::vector<float>, std::vector<int>> cases[] = {
-        {false, 100, {0.4F, 0.4F, 0.4F, 0.4F, 0.4F, 0.4F}, {0, 0, 1, 1, 2, 2}},
-        {false, 10, {8, 3, 1, -5, 1}, {8, 8, 8, 8, 8}},
-        {false, 10, {-3, 4, 9}, {0, 1, 10}},
-        {true, 10, {10, 1.5F, 0.5F, 3, 1e30F, 2}, {10, 0, 1, 4, 0, 2}},
-        {true, -5, {1, 1}, {0, 0}},
-        {false, c_greatest, {2147483520.0F, 127, 1}, {c_greatest - 127, c_greatest, c_greatest}},
-        {false, 100, {c_infinity, -c_infinity, c_infinity - c_infinity, 7}, {0, 0, 0, 7}},
-    };
-    const CDiagnosticsCapture quiet;
-    for (const auto& [wrap, maximum, steps, expectedPositions] : cases) {
-        CProgressThreadDialog stepped(nullptr, {}, {});
-        stepped.SetView(&view);
-        stepped.SetRange(maximum);
-        stepped.SetWrap(wrap);
-        std::vector<int> positions;
-        for (const float step : steps) {
-            stepped.Step(step);
-            positions.push_back(view.GetBarPosition());
-        }
-        EXPECT_EQ(positions, expectedPositions) << maximum;
-    }
-}
-
-TEST_F(ProgressDialog, OpensUnseenWithItsTexts)
-{
-    const int icon = 0;
-    dialog->SetIcon(&icon);
-    dialog->Create();
-    EXPECT_THROW(dialog->Create(), EInternal);
-    EXPECT_EQ(view.GetCaption(), u"Progress");
-    EXPECT_EQ(view.GetText(c_text), u"Processing, please wait...");
-    EXPECT_EQ(std::tuple(view.GetText(c_cancel), view.GetIcon()), std::tuple(u"Cancel", &icon));
-    EXPECT_EQ(view.GetBarMaximum(), 100);
-    EXPECT_FALSE(view.IsVisible() || view.IsModal());
-}
-
-TEST_F(ProgressDialog, AppearsAfterTwoSecondsOrWithTheFirstStep)
-{
-    dialog->Create();
-    timers.Advance(1999);
-    EXPECT_FALSE(view.IsVisible() || view.Paint());
-    EXPECT_EQ(view.GetParentRaises(), 1);
-    timers.Advance(1);
-    EXPECT_TRUE(view.IsVisible() && view.Paint());
-    dialog->SetTimer(CProgressDialog::c_hideTimer, 100);
-    timers.Advance(100);
-    EXPECT_FALSE(view.IsVisible());
-    dialog->Step(1);
-    timers.Advance(10000);
-    EXPECT_TRUE(view.IsVisible()) << "both timers tick once";
-
-    dialog->EndDialog(1);
-    dialog->Create();
-    EXPECT_EQ(view.GetBarPosition(), 0);
-    EXPECT_FALSE(view.IsVisible());
-    dialog->Step(5);
-    EXPECT_EQ(view.GetBarPosition(), 5);
-    dialog->EndDialog(1);
-    timers.Advance(5000);
-    EXPECT_FALSE(view.IsVisible());
-    EXPECT_EQ(timers.GetTimerCount(), 0U);
+    ExpectScriptOf<CStage>("progress-dialog.txt");
 }
 
 TEST_F(ProgressDialog, PointerIsBusyWhileAHiddenDialogBlocksTheWindows)
 {
     dialog->Create();
+    EXPECT_THROW(dialog->Create(), EInternal);
     EXPECT_FALSE(view.IsBusy()) << "it blocks nothing";
     dialog->EndDialog(1);
     loop.Post([&] {
@@ -121,32 +142,6 @@ TEST_F(ProgressDialog, PointerIsBusyWhileAHiddenDialogBlocksTheWindows)
     EXPECT_FALSE(view.IsBusy());
 }
 
-TEST_F(ProgressDialog, CancelDisablesAndTellsTheThread)
-{
-    const auto isToldOnce = [] {
-        return TakeThreadMessage(CProgressDialog::c_cancelMessage) &&
-               !TakeThreadMessage(CProgressDialog::c_cancelMessage);
-    };
-    dialog->SetNotifyThread(GetThreadIdentifier());
-    dialog->Create();
-    dialog->Step(1);
-    EXPECT_TRUE(view.PressCancel());
-    dialog->OnOK();
-    dialog->Step(1);
-    EXPECT_TRUE(dialog->IsOpen() && dialog->IsCanceled() && isToldOnce());
-    EXPECT_FALSE(view.IsEnabled(c_cancel) || view.IsEnabled(c_bar) || view.IsEnabled(c_text));
-    dialog->SetNotifyThread(GetThreadIdentifier());
-    EXPECT_TRUE(isToldOnce()) << "it is cancelled already";
-    dialog->SetCanceled(false);
-    EXPECT_TRUE(view.IsEnabled(c_cancel) && view.IsEnabled(c_bar) && view.IsEnabled(c_text));
-    EXPECT_FALSE(isToldOnce());
-    dialog->EndDialog(1);
-    dialog->SetCanceled(true);
-    EXPECT_TRUE(view.IsEnabled(c_bar) && isToldOnce()) << "closed";
-    dialog->Create();
-    EXPECT_FALSE(view.IsEnabled(c_bar)) << "cancelled before it was opened";
-}
-
 TEST_F(ProgressDialog, StepCallbackMayDestroyTheDialog)
 {
     const CStr text = u"a text that does not lie in the object itself";
@@ -156,22 +151,4 @@ TEST_F(ProgressDialog, StepCallbackMayDestroyTheDialog)
     dialog->Step(1);
     EXPECT_EQ(dialog, nullptr);
     EXPECT_EQ(lastText, text);
-}
-
-TEST_F(ProgressDialog, WindowGrowsWithTheText)
-{
-    const std::pair<std::size_t, SProgressLayout> cases[] = {
-        {20, {{184, 60}, {8, 8, 89, 16}, {9, 20, 177, 34}, {64, 40, 114, 54}}},
-        {42, {{184, 60}, {8, 8, 177, 16}, {9, 20, 177, 34}, {64, 40, 114, 54}}},
-        {43, {{184, 68}, {8, 8, 177, 24}, {9, 28, 177, 42}, {64, 48, 114, 62}}},
-        {20, {{184, 68}, {8, 8, 89, 24}, {9, 28, 177, 42}, {64, 48, 114, 62}}},
-    };
-    dialog->Create();
-    for (const auto& row : cases) {
-        dialog->SetText(CStr(row.first, u'x'));
-        EXPECT_EQ(view.GetLayout(), row.second) << &row - cases;
-    }
-    dialog->EndDialog(1);
-    dialog->Create();
-    EXPECT_EQ(view.GetLayout(), SProgressLayout()) << "the next window starts anew";
 }

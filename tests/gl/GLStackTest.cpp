@@ -1,9 +1,13 @@
 #include "gl/GLStack.h"
+#include "gl/GLUtils.h"
+#include "tests/DiagnosticsCapture.h"
 #include "tests/gl/FaultyDriver.h"
 #include "tests/gl/GLTesting.h"
+#include "tests/Script.h"
 
-#include <algorithm>
 #include <functional>
+#include <map>
+#include <regex>
 #include <stdexcept>
 
 using namespace CommonUI;
@@ -31,101 +35,115 @@ public:
     }
 };
 
-using FStep = std::function<bool(COpenStack&)>;
-
 class GLStack : public CContextTest
 {
 protected:
     GLStack() { GetDiagnostics().SetEnabled(u"3DStack", false); }
     ~GLStack() override { GetDiagnostics().SetEnabled(u"3DStack", false); }
-
-    // A push that must fail, report it once, and leave everything as it was.
-    void ExpectFailure(const FStep& push, const CStr& operation, std::u16string_view error)
-    {
-        COpenStack stack;
-        stack.Append(7);
-        const SGLState before;
-        const std::size_t shown = m_boxes.GetShown().size();
-        EXPECT_FALSE(push(stack)) << operation.ToUtf8();
-        FaultyDriver::FailBefore(0);
-        EXPECT_EQ(SGLState(), before) << operation.ToUtf8();
-        EXPECT_EQ(stack.GetKinds(), "7");
-        ASSERT_EQ(m_boxes.GetShown().size(), shown + 1) << operation.ToUtf8();
-        const CStr start = CStr::Format(u"Operation: %s\nOpenGL error: %s\n", operation, error);
-        EXPECT_TRUE(m_boxes.GetShown().back().text.StartsWith(start)) << operation.ToUtf8();
-    }
 };
 
-const FStep c_attrib = [](COpenStack& stack) { return stack.PushAttrib(0xAB00); };
-const FStep c_matrix = [](COpenStack& stack) { return stack.PushMatrix(); };
-const FStep c_windowCoord = [](COpenStack& stack) { return stack.PushWindowCoord(-1, 3, 2, 4, -5, 5); };
-const FStep c_pixelCoord = [](COpenStack& stack) { return stack.PushWindowCoord(true); };
-const FStep c_depthMask = [](COpenStack& stack) { return stack.PushDepthMask(false); };
-
-// The projection as the driver keeps it.
-std::array<double, 16> Ortho(double left, double right, double bottom, double top, double zNear, double zFar)
+bool PushBox(CGLStack& stack)
 {
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
-    glOrtho(left, right, bottom, top, zNear, zFar);
-    const auto matrix = GetDoubles<16>(GL_MODELVIEW_MATRIX);
-    glPopMatrix();
-    return matrix;
+    return stack.PushWindowCoord(-1, 3, 2, 4, -5, 5);
 }
 
-int FreeSlots(GLenum limit, GLenum depth)
+// The limits are the driver's own.
+std::string GetDepth(GLenum depth, GLenum limit)
 {
-    return GetInteger(limit) - GetInteger(depth);
+    const int used = GetInteger(depth);
+    const int free = GetInteger(limit) - used;
+    return free < 4 ? " limit-" + std::to_string(free) : ' ' + std::to_string(used);
 }
+
+// A stack that plays lines of a script, and another one that fills those of the driver.
+class CStage
+{
+public:
+    void Act(const SCommand& command)
+    {
+        m_done = true;
+        m_verbs.at(command.verb)(command);
+        if (command.verb != "fail")
+            FaultyDriver::FailBefore(0);
+    }
+    // The records, the depths of the driver's stacks and what was reported since the last time.
+    std::string Tell()
+    {
+        const SGLState state;
+        std::string told = '[' + m_stack.GetKinds() + ']';
+        told += GetDepth(GL_ATTRIB_STACK_DEPTH, GL_MAX_ATTRIB_STACK_DEPTH);
+        told += GetDepth(GL_MODELVIEW_STACK_DEPTH, GL_MAX_MODELVIEW_STACK_DEPTH);
+        told += ' ' + std::to_string(state.depths[2]) + ' ' +
+                ToUtf8(GetMatrixModeName(static_cast<GLenum>(state.matrixMode)));
+        told += state.depthMask ? "" : " masked";
+        told += state == m_start ? " as before" : "";
+        told += m_done ? "" : " false";
+        if (const auto before = std::exchange(m_projection, state.projection); before != m_projection)
+            told += " to " + ToText(m_projection) + (state.modelView == c_identity ? "" : " moved");
+        for (const CStr& line : m_lines.Take())
+            told += TellLine(line.ToUtf8());
+        return told;
+    }
+
+private:
+    static std::string TellLine(const std::string& line)
+    {
+        static const std::regex s_report(
+            ": Operation: (.*)\nOpenGL error: (.*)\n[^]*\\(Function: (.*)\\) \\(File: GLStack\\)\n");
+        std::smatch parts;
+        if (std::regex_match(line, parts, s_report))
+            return " (" + parts.str(3) + ": " + parts.str(1) + ": " + parts.str(2) + ')';
+        if (line.starts_with("3DStack: "))
+            return " (" + line.substr(9, line.size() - 10) + ')';
+        return line.starts_with("MessageBox: ") ? " box" : "";
+    }
+    void Begin(unsigned int mode)
+    {
+        glMatrixMode(mode);
+        glViewport(10, 20, 300, 200);
+        glDepthRange(0.25, 0.75);
+        glTranslated(1, 1, 1);
+        m_start = SGLState();
+    }
+    void Fill(GLenum limit, GLenum depth, int free)
+    {
+        while (GetInteger(limit) - GetInteger(depth) > free)
+            m_done &= limit == GL_MAX_ATTRIB_STACK_DEPTH ? m_filler.PushAttrib(GL_TRANSFORM_BIT)
+                                                         : m_filler.PushMatrix();
+        m_start = SGLState();
+    }
+
+    using CCommand = const SCommand&;
+    const std::map<std::string, std::function<void(CCommand)>> m_verbs = {
+        {"texture", [this](CCommand) { Begin(GL_TEXTURE); }},
+        {"projection", [this](CCommand) { Begin(GL_PROJECTION); }},
+        {"modelview", [this](CCommand) { Begin(GL_MODELVIEW); }},
+        {"attrib", [this](CCommand) { m_done = m_stack.PushAttrib(0xAB00); }},
+        {"matrix", [this](CCommand) { m_done = m_stack.PushMatrix(); }},
+        {"mask", [this](CCommand) { m_done = m_stack.PushDepthMask(false); }},
+        {"box", [this](CCommand) { m_done = PushBox(m_stack); }},
+        {"pixels", [this](CCommand c) { m_done = m_stack.PushWindowCoord(c.text != "deep"); }},
+        {"pop", [this](CCommand) { m_done = m_stack.Pop(); }},
+        {"append", [this](CCommand c) { m_stack.Append(c.Get()); }},
+        {"fail", [](CCommand c) { FaultyDriver::FailBefore(c.Get()); }},
+        {"fillmatrices",
+         [this](CCommand c) { Fill(GL_MAX_MODELVIEW_STACK_DEPTH, GL_MODELVIEW_STACK_DEPTH, c.Get()); }},
+        {"fillattribs",
+         [this](CCommand c) { Fill(GL_MAX_ATTRIB_STACK_DEPTH, GL_ATTRIB_STACK_DEPTH, c.Get()); }},
+    };
+    CDiagnosticsCapture m_lines;
+    CGLStack m_filler;
+    COpenStack m_stack;
+    SGLState m_start;
+    std::array<double, 16> m_projection = c_identity;
+    bool m_done = true;
+};
 
 } // namespace
 
-TEST_F(GLStack, EachPushIsUndoneByOnePop)
+TEST_F(GLStack, PushesAndPopsAsTheScriptSays)
 {
-    glMatrixMode(GL_TEXTURE);
-    glDepthRange(0.25, 0.75);
-    const SGLState before;
-    // attributes, model-view, projection
-    const std::tuple<FStep, const char*, std::array<int, 3>, int, int> rows[] = {
-        {c_attrib, "0", {1, 0, 0}, 1, GL_TEXTURE},
-        {c_matrix, "1", {0, 0, 0}, 1, GL_TEXTURE},
-        {c_depthMask, "03", {1, 0, 0}, 0, GL_TEXTURE},
-        {c_windowCoord, "01012", {2, 1, 1}, 1, GL_MODELVIEW},
-    };
-    for (const auto& [push, kinds, deeper, depthMask, matrixMode] : rows) {
-        COpenStack stack;
-        EXPECT_TRUE(push(stack));
-        EXPECT_EQ(stack.GetKinds(), kinds);
-        SGLState expected = before;
-        for (std::size_t i = 0; i < deeper.size(); ++i)
-            expected.depths[i] += deeper[i];
-        expected.depthMask = depthMask;
-        expected.matrixMode = matrixMode;
-        const SGLState pushed;
-        expected.projection = pushed.projection; // has a test of its own
-        EXPECT_EQ(pushed, expected) << kinds;
-        EXPECT_TRUE(stack.Pop());
-        EXPECT_EQ(stack.GetKinds(), "");
-        EXPECT_EQ(SGLState(), before) << kinds;
-    }
-    EXPECT_TRUE(m_boxes.GetShown().empty());
-    EXPECT_EQ(TakeLines(), "");
-}
-
-TEST_F(GLStack, WindowCoordinatesFitWhatTheyAreGiven)
-{
-    COpenStack stack;
-    glViewport(10, 20, 300, 200);
-    glDepthRange(0.25, 0.75);
-    glTranslated(1, 1, 1);
-    EXPECT_TRUE(c_windowCoord(stack));
-    EXPECT_EQ(GetDoubles<16>(GL_PROJECTION_MATRIX), Ortho(-1, 3, 2, 4, -5, 5));
-    EXPECT_EQ(GetDoubles<16>(GL_MODELVIEW_MATRIX), c_identity);
-    EXPECT_TRUE(stack.PushWindowCoord(true));
-    EXPECT_EQ(GetDoubles<16>(GL_PROJECTION_MATRIX), Ortho(10, 310, 20, 220, 0, -1));
-    EXPECT_TRUE(stack.PushWindowCoord(false));
-    EXPECT_EQ(GetDoubles<16>(GL_PROJECTION_MATRIX), Ortho(10, 310, 20, 220, 0.25, 0.75));
+    ExpectScriptOf<CStage>("gl-stack.txt");
 }
 
 TEST_F(GLStack, DestructionUnwindsNestedGroups)
@@ -149,6 +167,7 @@ TEST_F(GLStack, DestructionUnwindsNestedGroups)
 
 TEST_F(GLStack, TraceOfANestedUnwind)
 {
+    glMatrixMode(GL_TEXTURE);
     {
         COpenStack stack;
         GetDiagnostics().SetEnabled(u"3DStack", true);
@@ -170,66 +189,6 @@ TEST_F(GLStack, TraceOfANestedUnwind)
     EXPECT_EQ(trace, ReadTestData("gl-stack-trace.txt"));
 }
 
-TEST_F(GLStack, PopsWithNothingToPop)
-{
-    const std::string empty = "3DStack    3 Error: Popping empty GLStack\n";
-    COpenStack stack;
-    EXPECT_FALSE(stack.Pop());
-    EXPECT_EQ(TakeLines(), empty);
-    stack.Append(3); // without the record below it
-    EXPECT_TRUE(stack.Pop());
-    EXPECT_EQ(TakeLines(), empty);
-}
-
-TEST_F(GLStack, FailuresOfFurtherPopsAreIgnored)
-{
-    COpenStack stack;
-    const SGLState before;
-    for (const bool expected : {true, false}) { // the second error is that of the record above
-        EXPECT_TRUE(stack.PushDepthMask(false));
-        FaultyDriver::FailBefore(expected ? 1 : 2);
-        EXPECT_EQ(stack.Pop(), expected);
-        EXPECT_EQ(std::tuple(stack.GetKinds(), SGLState()), std::tuple("", before));
-    }
-    EXPECT_EQ(m_boxes.GetShown().size(), 2U);
-    EXPECT_TRUE(m_boxes.GetShown()[0].text.StartsWith(u"Operation: CGLStack::Pop\n"));
-}
-
-TEST_F(GLStack, FullStacksOfTheDriver)
-{
-    const CStr overflow = u"GL_STACK_OVERFLOW";
-    CGLStack filler;
-    while (FreeSlots(GL_MAX_MODELVIEW_STACK_DEPTH, GL_MODELVIEW_STACK_DEPTH) > 0)
-        EXPECT_TRUE(filler.PushMatrix());
-    ExpectFailure(c_matrix, u"PushMatrix", overflow);
-    ExpectFailure(c_windowCoord, u"PushMatrix", overflow);
-    while (FreeSlots(GL_MAX_ATTRIB_STACK_DEPTH, GL_ATTRIB_STACK_DEPTH) > 1)
-        EXPECT_TRUE(filler.PushAttrib(GL_TRANSFORM_BIT));
-    ExpectFailure(c_windowCoord, u"PushAttrib (0x1000)", overflow);
-    EXPECT_TRUE(filler.PushAttrib(GL_TRANSFORM_BIT));
-    ExpectFailure(c_depthMask, u"PushAttrib (0x100)", overflow);
-    ExpectFailure(c_attrib, u"PushAttrib (0xAB00)", overflow);
-}
-
-TEST_F(GLStack, FailureOfEachStepInBetween)
-{
-    const std::tuple<const FStep&, int, std::u16string_view, std::u16string_view> rows[] = {
-        {c_depthMask, 2, u"PushDepthMask", u"PushDepthMask"},
-        {c_pixelCoord, 1, u"Get info", u"PushWindowCoord"},
-        {c_pixelCoord, 3, u"MatrixMode", u"PushWindowCoord"},
-        {c_pixelCoord, 5, u"SetupProjection", u"PushWindowCoord"},
-        {c_pixelCoord, 7, u"MatrixMode", u"PushWindowCoord"},
-        {c_pixelCoord, 9, u"SetupModelView", u"PushWindowCoord"},
-    };
-    glMatrixMode(GL_PROJECTION);
-    for (const auto& [push, test, operation, function] : rows) {
-        FaultyDriver::FailBefore(test);
-        ExpectFailure(push, operation, u"GL_INVALID_ENUM");
-        const CStr place = CStr::Format(u" (Function: CGLStack::%s) (File: GLStack)\n", function);
-        EXPECT_TRUE(Has(TakeLines(), place.ToUtf8()));
-    }
-}
-
 TEST_F(GLStack, WhatThrowsDoesNotStopUndoing)
 {
     class CThrowingBoxes : public CMessageBoxService
@@ -241,18 +200,18 @@ TEST_F(GLStack, WhatThrowsDoesNotStopUndoing)
     const SGLState before;
     FaultyDriver::FailBefore(4);
     COpenStack stack;
-    EXPECT_THROW(c_windowCoord(stack), std::runtime_error);
+    EXPECT_THROW(PushBox(stack), std::runtime_error);
     EXPECT_EQ(std::tuple(stack.GetKinds(), SGLState()), std::tuple("", before));
     {
         COpenStack reporting;
-        EXPECT_TRUE(c_windowCoord(reporting));
+        EXPECT_TRUE(PushBox(reporting));
         FaultyDriver::FailBefore(2);
     }
     EXPECT_EQ(SGLState(), before);
     CDiagnostics::FSink sink;
     {
         COpenStack tracing;
-        EXPECT_TRUE(c_windowCoord(tracing));
+        EXPECT_TRUE(PushBox(tracing));
         GetDiagnostics().SetEnabled(u"3DStack", true);
         sink = GetDiagnostics().SetSink([](const SDiagnosticLine&) { throw std::runtime_error("full"); });
     }

@@ -74,6 +74,15 @@ std::array<double, Size> GetDoubles(GLenum name)
     return values;
 }
 
+/// The numbers of a matrix by columns.
+inline std::string ToText(const std::array<double, 16>& matrix)
+{
+    std::string text;
+    for (const double number : matrix)
+        text += CStr::Format(u" %.5g", number + 0.0).ToUtf8(); // a zero has no sign
+    return text.substr(1);
+}
+
 inline constexpr std::array<double, 16> c_identity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
 /// The state that the library changes and has to give back.

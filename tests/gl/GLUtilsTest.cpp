@@ -1,9 +1,7 @@
 #include "gl/GLUtils.h"
 #include "tests/gl/FaultyDriver.h"
 #include "tests/gl/GLTesting.h"
-
-#include <cmath>
-#include <numbers>
+#include "tests/Script.h"
 
 using namespace CommonUI;
 
@@ -12,77 +10,24 @@ namespace
 
 using GLUtils = CContextTest;
 
-// The numbers that x and y are multiplied with.
-struct SFrustum {
-    double x, y;
-};
-
-SFrustum Project(bool orthographic, double angle, const SRect& viewport)
-{
-    glLoadIdentity();
-    SetupProjectionMatrix(orthographic, angle, 2, 10, viewport);
-    const auto matrix = GetDoubles<16>(GL_MODELVIEW_MATRIX);
-    return {matrix[0], matrix[5]};
-}
-
-double TangentOfHalf(double degrees)
-{
-    return std::tan(degrees * std::numbers::pi / 360);
-}
-
 } // namespace
 
-TEST_F(GLUtils, PerspectiveFitsTheAngleToTheShorterEdge)
-{
-    // the vertical angle in degrees
-    const std::tuple<SRect, double, double> rows[] = {
-        {{10, 20, 410, 220}, 45, 2}, {{-100, 0, 100, 400}, 79.27854, 0.5}, {{0, 5, 300, 0}, 45, 300}};
-    for (const auto& [viewport, vertical, aspect] : rows) {
-        const SFrustum found = Project(false, 45, viewport);
-        EXPECT_NEAR(found.y, 1 / TangentOfHalf(vertical), 1e-5) << aspect;
-        EXPECT_NEAR(found.x, found.y / aspect, 1e-5) << aspect;
-    }
-    const auto matrix = GetDoubles<16>(GL_MODELVIEW_MATRIX);
-    EXPECT_NEAR(matrix[10], -(10.0 + 2.0) / (10.0 - 2.0), 1e-5);
-    EXPECT_NEAR(matrix[14], -2.0 * 10.0 * 2.0 / (10.0 - 2.0), 1e-5);
-}
-
-TEST_F(GLUtils, OrthographicShowsWhatPerspectiveShowsAtTheFarPlane)
-{
-    constexpr SRect c_viewports[] = {{0, 0, 400, 200}, {0, 0, 200, 200}, {0, 0, 200, 400}, {0, 0, 300, 0}};
-    for (const SRect& viewport : c_viewports) {
-        const SFrustum perspective = Project(false, 60, viewport);
-        const SFrustum box = Project(true, 60, viewport);
-        EXPECT_NEAR(box.x * 10, perspective.x, 1e-5) << viewport.right << ' ' << viewport.bottom;
-        EXPECT_NEAR(box.y * 10, perspective.y, 1e-5);
-    }
-    EXPECT_NEAR(GetDoubles<16>(GL_MODELVIEW_MATRIX)[10], -2.0 / (10.0 - 2.0), 1e-6);
-}
-
-TEST_F(GLUtils, ProjectionIsMultipliedOntoTheCurrentMatrix)
+TEST_F(GLUtils, ProjectionsFitTheirViewport)
 {
     glViewport(30, 40, 120, 60);
-    glScaled(3, 3, 3);
-    SetupProjectionMatrix(false, 90, 1, 2);
-    const auto matrix = GetDoubles<16>(GL_MODELVIEW_MATRIX);
-    EXPECT_NEAR(matrix[0], 3 / 2.0, 1e-5);
-    EXPECT_NEAR(matrix[5], 3, 1e-5);
-}
-
-TEST_F(GLUtils, ProjectionsThatDoNotExistChangeNothing)
-{
-    const std::tuple<bool, double, double, SRect> rows[] = {
-        {false, 45, 1, {0, 0, 3, 2}}, {true, 45, 1, {0, 0, 3, 2}},  {false, 0, 2, {0, 0, 3, 2}},
-        {true, 0, 2, {0, 0, 3, 2}},   {false, 45, 2, {5, 0, 5, 0}},
-    };
-    for (const auto& [orthographic, angle, zFar, viewport] : rows) {
-        SetupProjectionMatrix(orthographic, angle, 1, zFar, viewport);
-        EXPECT_EQ(GetDoubles<16>(GL_MODELVIEW_MATRIX), c_identity);
-    }
-    constexpr int c_least = std::numeric_limits<int>::min();
-    constexpr int c_most = std::numeric_limits<int>::max();
-    const SFrustum widest = Project(true, 90, {c_least, c_least, c_most, c_most});
-    EXPECT_NEAR(widest.x, widest.y, 1e-6);
+    ExpectScript("gl-projections.txt", [](const SCommand& command) {
+        const bool orthographic = command.verb == "orthographic";
+        const auto angle = command.Get<double>(), zNear = command.Get<double>(1),
+                   zFar = command.Get<double>(2);
+        glLoadIdentity();
+        glScaled(2, 2, 2);
+        if (command.words.size() == 3)
+            SetupProjectionMatrix(orthographic, angle, zNear, zFar);
+        else
+            SetupProjectionMatrix(orthographic, angle, zNear, zFar,
+                                  {command.Get(3), command.Get(4), command.Get(5), command.Get(6)});
+        return ToText(GetDoubles<16>(GL_MODELVIEW_MATRIX));
+    });
 }
 
 TEST_F(GLUtils, RasterPositionIsThePixel)

@@ -1,19 +1,24 @@
 #include "gl/OpenGLWrapper.h"
 #include "platform/GLEntryPoints.h"
 #include "platform/TableGLEntryPoints.h"
+#include "tests/Script.h"
 
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <optional>
 
 using namespace CommonUI;
 
 namespace
 {
 
-const char* s_extensions = nullptr;
+std::optional<std::string> s_extensions;
 
 const char* GetExtensions(HDC)
 {
-    return s_extensions;
+    return s_extensions ? s_extensions->c_str() : nullptr;
 }
 
 int AnyFunction(HDC)
@@ -26,7 +31,6 @@ constexpr const char* c_names[] = {
     "wglCreatePbufferARB",          "wglGetPbufferDCARB",           "wglReleasePbufferDCARB",
     "wglDestroyPbufferARB",         "wglQueryPbufferARB",
 };
-constexpr std::size_t c_pixelFormatCount = 3;
 
 // A window system that has everything, until a test takes something away.
 class WglExtensions : public testing::Test
@@ -41,13 +45,11 @@ protected:
     }
 
     // Which of the two extensions are held after a check.
-    std::pair<bool, bool> Check()
+    std::string Check()
     {
-        const bool complete = m_wrapper.CheckExtensions(nullptr);
-        const std::pair held(m_wrapper.GetWGL_ARB_pixel_format() != nullptr,
-                             m_wrapper.GetWGL_ARB_pbuffer() != nullptr);
-        EXPECT_EQ(complete, held.first && held.second);
-        return held;
+        std::string held = m_wrapper.CheckExtensions(nullptr) ? "both:" : "not both:";
+        held += m_wrapper.GetWGL_ARB_pixel_format() ? " pixel_format" : "";
+        return held + (m_wrapper.GetWGL_ARB_pbuffer() ? " pbuffer" : "");
     }
 
     CTableGLEntryPoints m_entryPoints;
@@ -55,47 +57,26 @@ protected:
     COpenGLWrapper m_wrapper;
 };
 
-constexpr std::pair c_both(true, true);
-constexpr std::pair c_none(false, false);
-
 } // namespace
 
-TEST_F(WglExtensions, ExtensionsByTheirList)
+TEST_F(WglExtensions, NeedTheirNameAndAllTheirEntryPoints)
 {
-    const std::pair<const char*, std::pair<bool, bool>> rows[] = {
-        {nullptr, c_none},
-        {"", c_none},
-        {"WGL_ARB_pixel_forma WGL_ARB_pbuffe", c_none},
-        {"WGL_ARB_pixel_format", {true, false}},
-        {"WGL_ARB_pbuffer", {false, true}},
-        {"WGL_ARB_pixel_format WGL_ARB_pbuffer", c_both},
-        {"WGL_ARB_pixel_format_float XWGL_ARB_pbuffer", c_both},
+    const std::map<std::string, std::function<void(const std::string&)>> verbs = {
+        {"list", [](const std::string& text) { s_extensions = text; }},
+        {"nolist", [](const std::string&) { s_extensions.reset(); }},
+        {"remove", [this](const std::string& text) { m_entryPoints.Remove(text.c_str()); }},
+        {"restore", [this](const std::string& text) { m_entryPoints.Set(text.c_str(), AnyFunction); }},
+        {"fresh", [this](const std::string&) { m_wrapper = *std::make_unique<COpenGLWrapper>(); }},
     };
-    for (const auto& [extensions, held] : rows) {
-        s_extensions = extensions;
-        EXPECT_EQ(Check(), held) << (extensions ? extensions : "null");
-    }
-    m_entryPoints.Remove("wglGetExtensionsStringARB");
-    EXPECT_EQ(Check(), c_both) << "an object keeps the entry point that it was made with";
-    COpenGLWrapper fresh;
-    EXPECT_FALSE(fresh.CheckExtensions(nullptr));
-}
-
-TEST_F(WglExtensions, OneMissingEntryPointMakesAnExtensionUseless)
-{
-    EXPECT_EQ(Check(), c_both);
-    EXPECT_TRUE(m_wrapper.GetWGL_ARB_pbuffer()->wglQueryPbufferARB);
-    for (std::size_t i = 0; i < std::size(c_names); ++i) {
-        m_entryPoints.Remove(c_names[i]);
-        EXPECT_EQ(Check(), std::pair(i >= c_pixelFormatCount, i < c_pixelFormatCount)) << c_names[i];
-        m_entryPoints.Set(c_names[i], AnyFunction);
-    }
-    EXPECT_EQ(Check(), c_both);
+    ExpectScript("wgl-extensions.txt", [&](const SCommand& command) {
+        verbs.at(command.verb)(command.text);
+        return Check();
+    });
 }
 
 TEST_F(WglExtensions, CopiesTakeTheExtensionsOver)
 {
-    EXPECT_EQ(Check(), c_both);
+    EXPECT_EQ(Check(), "both: pixel_format pbuffer");
     CWGL_ARB_pbuffer* const pbuffer = m_wrapper.GetWGL_ARB_pbuffer();
     COpenGLWrapper copy(m_wrapper);
     EXPECT_EQ(copy.GetWGL_ARB_pbuffer(), pbuffer);
