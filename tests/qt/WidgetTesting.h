@@ -21,7 +21,7 @@ inline void Activate(QWidget& window)
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
 }
 
-/// Types a script wherever the focus is: texts, and keys by their names, such as "7.5 Tab Ctrl+Up".
+/// Types a script wherever the focus is: texts, and keys as Qt writes them, such as "7.5 Tab Ctrl+Up Esc".
 inline void Type(const char* script)
 {
     for (const QString& word : QString::fromUtf8(script).split(u' ')) {
