@@ -7,6 +7,8 @@
 #include "tests/output/GridHarness.h"
 #include "tests/TestData.h"
 
+#include <functional>
+
 using namespace CommonUI;
 
 namespace
@@ -32,11 +34,10 @@ std::string ShownNames(const CGridHarness& harness)
 
 } // namespace
 
-TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
+TEST(GridCtrl, DrawsRowsBelowRows)
 {
     CGridHarness harness;
     FillTree(harness);
-    EXPECT_EQ(ShownNames(harness), "top first second last ");
     EXPECT_EQ(harness.DrawAll().substr(0, 143), "background 0,20,100,40 plain\n"
                                                 "background 20,20,100,40 plain\n"
                                                 "text 24,20,96,40 left \"top\"\n"
@@ -49,34 +50,38 @@ TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
     harness.Press(50, 10);
     EXPECT_TRUE(Has(harness.DrawAll(), "background 0,0,100,20 marked\n"));
     EXPECT_TRUE(Has(harness.DrawAll(), "background 100,0,200,20 header\n"));
-    EXPECT_EQ(harness.grid->GetSelection().GetRange(), (SGridRange{0, 3, 0, 0})) << "a column, no corner";
-    harness.Press(20, 30);
-    EXPECT_EQ(harness.grid->GetRowCount(), 4u) << "beside the expander";
-    harness.Press(19, 30);
-    EXPECT_EQ(ShownNames(harness), "top last ");
-    for (const auto& [key, names] : {std::pair(EGridKey::Right, "top first second last "),
-                                     {EGridKey::Right, "top first second last "},
-                                     {EGridKey::Left, "top last "}}) {
-        harness.grid->SelectCell({0, 0});
-        EXPECT_TRUE(harness.Key(key));
-        EXPECT_EQ(ShownNames(harness), names);
+}
+
+TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
+{
+    CGridHarness harness;
+    FillTree(harness);
+    CGridRow& top = *harness.grid->GetRows()[0];
+    const auto select = [&](std::size_t row) { harness.grid->SelectCell({row, 0}); };
+    const auto pressExpander = [&] { harness.Press(19, 30); };
+    // What is done, and the rows that are shown then, with the first and the last that is selected.
+    const std::pair<std::function<void()>, const char*> steps[] = {
+        {[&] { harness.Press(50, 10); }, "top first second last 0-3"},
+        {[&] { harness.Press(20, 30); }, "top first second last 0-0"}, // beside the expander
+        {pressExpander, "top last 0-0"},
+        {[&] { harness.Key(EGridKey::Right); }, "top first second last 0-0"},
+        {[&] { select(0), harness.Key(EGridKey::Right); }, "top first second last 0-0"},
+        {[&] { select(0), harness.Key(EGridKey::Left); }, "top last 0-0"},
+        {[&] { top.SetExpanded(true), select(3), pressExpander(); }, "top last 1-1"},
+        {pressExpander, "top first second last 3-3"},
+        {[&] { select(2), pressExpander(); }, "top last 0-0"},
+        {pressExpander, "top first second last 0-0"},
+        {[&] { top.AddSubRow().Emplace<CGridItem>(u"third"); }, "top first second third last 0-0"},
+        {[&] { select(4), top.AddSubRow().Emplace<CGridItem>(u"4th"); },
+         "top first second third 4th last 5-5"},
+    };
+    for (const auto& [act, shown] : steps) {
+        act();
+        const SGridRange range = harness.grid->GetSelection().GetRange();
+        EXPECT_EQ(ShownNames(harness) + std::to_string(range.firstRow) + "-" + std::to_string(range.lastRow),
+                  shown);
     }
-    harness.grid->GetRows()[0]->SetExpanded(true);
-    for (const std::size_t selected : {3, 2}) {
-        harness.grid->SelectCell({selected, 0});
-        const bool isBelow = selected == 2;
-        harness.Press(19, 30);
-        EXPECT_EQ(harness.grid->GetSelection().GetFocus(), (SGridCell{isBelow ? 0U : 1U, 0}));
-        harness.Press(19, 30);
-        EXPECT_EQ(harness.grid->GetSelection().GetRange(),
-                  (isBelow ? SGridRange{0, 0, 0, 0} : SGridRange{3, 3, 0, 0}));
-    }
-    harness.grid->GetRows()[0]->AddSubRow();
-    EXPECT_EQ(harness.grid->GetSelection().GetFocus(), (SGridCell{0, 0}));
-    harness.grid->SelectCell({4, 0});
-    harness.grid->GetRows()[0]->AddSubRow();
-    EXPECT_EQ(harness.grid->GetSelection().GetFocus(), (SGridCell{5, 0}));
-    harness.grid->SelectCell({1, 0});
+    select(1);
     harness.grid->RemoveAllRows();
     EXPECT_TRUE(harness.grid->GetSelection().IsEmpty());
     FillTree(harness);
@@ -249,48 +254,51 @@ TEST(GridCtrl, TypingEditsAndTabGoesOn)
 
 TEST(GridCtrl, ColumnsAreResizedByTheirEdges)
 {
-    const struct {
-        int x; // pressed in the header, and dragged to `to`
-        int to;
-        std::vector<int> widths;
-        const char* told;
-    } cases[] = {
-        {98, 148, {150, 100}, "0:150 "},  {103, 93, {90, 100}, "0:90 "}, {105, 150, {100, 100}, ""},
-        {200, 260, {100, 160}, "1:160 "}, {99, -50, {4, 100}, "0:4 "},   {95, 20, {100, 100}, ""},
-        {98, 98, {100, 100}, ""},
+    // Where the header is pressed and where it is dragged to; whether the pointer tells of it, what is told
+    // in the end, and the widths.
+    const std::tuple<int, int, const char*> cases[] = {
+        {98, 148, "resize 0:150 150 100"},  {103, 93, "resize 0:90 90 100"}, {105, 150, "100 100"},
+        {200, 260, "resize 1:160 100 160"}, {99, -50, "resize 0:4 4 100"},   {95, 20, "100 100"},
+        {98, 98, "resize 100 100"},
     };
-    for (const auto& row : cases) {
+    for (const auto& [from, to, after] : cases) {
         CGridHarness harness;
-        harness.grid->AddRow().Emplace<CGridItem>(u"a long text in the first cell");
-        EXPECT_EQ(harness.grid->OnSetCursor({row.x, 10}) == EGridCursor::Resize, row.x != 105 && row.x != 95);
-        harness.Press(row.x, 10);
-        harness.Press(row.to / 2, 10, GridMouse::c_move);
-        harness.Press(row.to, 10, GridMouse::c_move);
+        std::string seen = harness.grid->OnSetCursor({from, 10}) == EGridCursor::Resize ? "resize " : "";
+        harness.Press(from, 10);
+        harness.Press(to / 2, 10, GridMouse::c_move);
+        harness.Press(to, 10, GridMouse::c_move);
         EXPECT_EQ(harness.TakeChanges(), "") << "not yet";
-        harness.Press(row.to, 10, GridMouse::c_leftUp);
-        EXPECT_EQ(harness.TakeChanges(), row.told);
-        EXPECT_EQ(harness.grid->GetColumnWidth(0), row.widths[0]) << row.x;
-        EXPECT_EQ(harness.grid->GetColumnWidth(1), row.widths[1]) << row.x;
+        harness.Press(to, 10, GridMouse::c_leftUp);
         harness.Press(5, 50, GridMouse::c_move);
-        EXPECT_EQ(harness.grid->GetColumnWidth(0), row.widths[0]) << "released";
-        for (const char* const told : {"0:244 ", ""}) {
-            harness.Press(harness.grid->GetColumnWidth(0), 10, GridMouse::c_leftDoubleClick);
-            EXPECT_EQ(harness.TakeChanges(), told);
-        }
-        EXPECT_EQ(harness.grid->GetColumnWidth(0), 29 * 8 + 8 + 4);
-        harness.grid->SetColumnWidth(0, 50);
-        harness.grid->SetColumnWidth(1, 50);
-        harness.grid->FitColumns();
-        harness.grid->SetColumnWidth(0, 50);
-        EXPECT_EQ(harness.TakeChanges(), "") << "the program's own";
-        harness.grid->OnFitColumns();
-        EXPECT_EQ(harness.TakeChanges(), "0:244 ");
+        seen += harness.TakeChanges() + std::to_string(harness.grid->GetColumnWidth(0)) + " ";
+        EXPECT_EQ(seen + std::to_string(harness.grid->GetColumnWidth(1)), after) << "released";
     }
+}
+
+TEST(GridCtrl, ColumnsAreFittedToTheirTexts)
+{
+    CGridHarness harness;
+    harness.grid->AddRow().Emplace<CGridItem>(u"a long text in the first cell");
+    for (const char* const told : {"0:244 ", ""}) {
+        harness.Press(harness.grid->GetColumnWidth(0), 10, GridMouse::c_leftDoubleClick);
+        EXPECT_EQ(harness.TakeChanges(), told);
+    }
+    EXPECT_EQ(harness.grid->GetColumnWidth(0), 29 * 8 + 8 + 4);
+    harness.grid->SetColumnWidth(1, 50);
+    harness.grid->FitColumns();
+    harness.grid->SetColumnWidth(0, 50);
+    EXPECT_EQ(harness.TakeChanges(), "") << "the program's own";
+    harness.grid->OnFitColumns();
+    EXPECT_EQ(harness.TakeChanges(), "0:244 ");
+}
+
+TEST(GridCtrl, AHiddenColumnIsOpenedBeforeTheOneBesideIt)
+{
     CGridHarness harness;
     harness.grid->SetColumnWidth(1, 0);
     harness.Press(101, 10);
     harness.Press(130, 10, GridMouse::c_move);
-    EXPECT_EQ(harness.grid->GetColumnWidth(1), 29) << "a hidden column is opened before the one beside it";
+    EXPECT_EQ(harness.grid->GetColumnWidth(1), 29);
     harness.destroyOnChange = true;
     harness.grid->OnFitColumns();
     EXPECT_EQ(harness.TakeChanges(), "0:44 ") << "destroyed";

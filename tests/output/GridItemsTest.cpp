@@ -263,28 +263,34 @@ TEST(GridItems, CallbacksMayRemoveItemAndGrid)
 TEST(GridItems, SpinsOnlyForNumbers)
 {
     using EType = EGridValueType;
-    const CGridValue numbers[] = {
-        1.5, 1, 1u, {EType::I2, 1}, {EType::I4, 1}, {EType::UI1, 1}, {EType::UI2, 1}};
-    for (const CGridValue& value : numbers) {
+    const std::pair<CGridValue, bool> cases[] = {
+        {1.5, true},
+        {1, true},
+        {1u, true},
+        {{EType::I2, 1}, true},
+        {{EType::I4, 1}, true},
+        {{EType::UI1, 1}, true},
+        {{EType::UI2, 1}, true},
+        {{EType::I1, 1}, false},
+        {{EType::UI4, 1}, false},
+        {u"1.5", false},
+        {true, false},
+        {{}, false},
+    };
+    for (const auto& [value, spins] : cases) {
         CGridDblSpinItem item(0);
         item.SetValue(value);
         item.EnableSpinControl(true, 20, 10);
-        EXPECT_TRUE(item.HasFlag(CGridItem::HasSpin));
-        EXPECT_EQ(item.GetMaximum(), 20);
+        EXPECT_EQ(item.HasFlag(CGridItem::HasSpin), spins);
+        EXPECT_EQ(item.GetMaximum(), spins ? 20 : 0);
+        if (!spins)
+            continue;
         EXPECT_TRUE(item.OnEndEdit(u"25"));
         EXPECT_EQ(item.GetValue().GetReal(), 20);
         EXPECT_EQ(item.GetValue().GetType(), value.GetType());
         item.EnableSpinControl(false, 10, 20);
         EXPECT_TRUE(item.OnEndEdit(u"25"));
         EXPECT_EQ(item.GetValue().GetReal(), 25) << "no arrows, no range";
-    }
-    const CGridValue others[] = {{EType::I1, 1}, {EType::UI4, 1}, u"1.5", true, {}};
-    for (const CGridValue& value : others) {
-        CGridDblSpinItem item(0);
-        item.SetValue(value);
-        item.EnableSpinControl(true, 20, 10);
-        EXPECT_FALSE(item.HasFlag(CGridItem::HasSpin));
-        EXPECT_EQ(item.GetMaximum(), 0);
     }
 }
 

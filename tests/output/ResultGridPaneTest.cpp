@@ -204,26 +204,22 @@ TEST(ResultGridPane, ViewAndListenerHearOfTheSelection)
 // The names' own edge, at 80, is not scrolled; that of the first column is where `edge` says.
 TEST(ResultGridPane, EdgesBelowTheNamesCannotBeGrabbed)
 {
-    const struct {
-        int edge;
-        int x;
-        std::vector<int> widths; // of the names and the first column, dragged by 10
-    } cases[] = {
-        {120, 120, {80, 90}}, {120, 117, {80, 90}}, {86, 86, {80, 90}},
-        {78, 75, {80, 80}},   {40, 40, {80, 80}},   {40, 80, {90, 80}},
+    // The edge, where it is pressed, and the widths of the names and the first column, dragged by 10.
+    const std::tuple<int, int, int, int> cases[] = {
+        {120, 120, 80, 90}, {120, 117, 80, 90}, {86, 86, 80, 90},
+        {78, 75, 80, 80},   {40, 40, 80, 80},   {40, 80, 90, 80},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.edge);
+    for (const auto& [edge, x, names, first] : cases) {
+        SCOPED_TRACE(edge);
         SPane shown(3);
-        shown.pane.ScrollTo(160 - row.edge, 0);
-        const bool grabs = row.widths[0] + row.widths[1] != 160;
-        EXPECT_EQ(shown.pane.OnSetCursor({row.x, 45}) == EGridCursor::Resize, grabs);
-        shown.pane.OnMouse(GridMouse::c_leftDown, {row.x, 45}, c_plain);
-        shown.pane.OnMouse(GridMouse::c_move, {row.x, 60}, c_plain);
+        shown.pane.ScrollTo(160 - edge, 0);
+        EXPECT_EQ(shown.pane.OnSetCursor({x, 45}) == EGridCursor::Resize, names + first != 160);
+        shown.pane.OnMouse(GridMouse::c_leftDown, {x, 45}, c_plain);
+        shown.pane.OnMouse(GridMouse::c_move, {x, 60}, c_plain);
         EXPECT_EQ(shown.pane.GetColumnWidth(1), 80) << "nothing moves sideways";
-        shown.pane.OnMouse(GridMouse::c_move, {row.x + 10, 45}, c_plain);
-        EXPECT_EQ(shown.pane.GetColumnWidth(0), row.widths[0]);
-        EXPECT_EQ(shown.pane.GetColumnWidth(1), row.widths[1]);
+        shown.pane.OnMouse(GridMouse::c_move, {x + 10, 45}, c_plain);
+        EXPECT_EQ(std::pair(shown.pane.GetColumnWidth(0), shown.pane.GetColumnWidth(1)),
+                  std::pair(names, first));
     }
 }
 

@@ -6,14 +6,8 @@
 #include "qt/dialogs/QtFormatSpecifierDlg.h"
 #include "qt/edits/NumericEditWidget.h"
 #include "qt/edits/QtEditField.h"
-#include "qt/QtText.h"
+#include "tests/qt/WidgetTesting.h"
 
-#include <gtest/gtest.h>
-#include <QTest>
-#include <QtWidgets>
-
-#include <algorithm>
-#include <functional>
 #include <memory>
 
 using namespace CommonUI;
@@ -21,116 +15,90 @@ using namespace CommonUI;
 namespace
 {
 
-using CDlg = CFormatSpecifierDlg;
 using EFormat = CParameter::EFormatSpecifier;
+using EButton = QDialogButtonBox::StandardButton;
 
-CParameter MakeParameter(const CParameter::SFormatSpecifier& format)
+// The dialog over a window of the application.
+class FormatSpecifierWindow : public testing::Test
 {
-    CParameter parameter(1, u"Sa", u"Sa", u"Sa", 0, true);
-    parameter.SetFloatFormat(format);
-    return parameter;
-}
+public:
+    CFormatSpecifierWindow& Window() { return *m_dialog->GetWindow(); }
+    QPushButton& Button(EButton button) { return *Window().findChild<QDialogButtonBox*>()->button(button); }
+    // Opens the dialog for a format of three decimals, and does something with it when it is active.
+    int Run(const FAct& act)
+    {
+        CParameter parameter(1, u"Sa", u"Sa", u"Sa", 0, true);
+        parameter.SetFloatFormat({EFormat::FormatDecimals, 3});
+        m_dialog = std::make_unique<CQtFormatSpecifierDlg>(parameter, m_parent.get());
+        GetMessageLoop().Post([&] {
+            Activate(Window());
+            act();
+        });
+        return m_dialog->DoModal();
+    }
 
-QPushButton& GetButton(CFormatSpecifierWindow& window, QDialogButtonBox::StandardButton button)
-{
-    return *window.findChild<QDialogButtonBox*>()->button(button);
-}
-
-// Opens the dialog, does something with it when it is active, and returns the format that it leaves.
-CParameter::SFormatSpecifier RunDialog(const CParameter::SFormatSpecifier& format,
-                                       const std::function<void(CFormatSpecifierWindow&)>& act)
-{
-    CQtFormatSpecifierDlg dialog(MakeParameter(format));
-    GetMessageLoop().Post([&] {
-        dialog.GetWindow()->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.GetWindow()));
-        act(*dialog.GetWindow());
-    });
-    dialog.DoModal();
-    EXPECT_FALSE(dialog.GetWindow()->isVisible());
-    return dialog.GetParameter().GetFloatFormat();
-}
+    std::unique_ptr<QWidget> m_parent = std::make_unique<QWidget>();
+    std::unique_ptr<CQtFormatSpecifierDlg> m_dialog;
+};
 
 // What screen readers call a widget: by its label, or by its own name.
 QString GetSpokenName(QWidget& widget)
 {
-    const QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&widget);
-    const auto labels = spoken.relations(QAccessible::Label);
-    return labels.isEmpty() ? spoken.text(QAccessible::Name) : labels.front().first->text(QAccessible::Name);
+    const auto labels = Reader(widget).relations(QAccessible::Label);
+    return (labels.isEmpty() ? &Reader(widget) : labels.front().first)->text(QAccessible::Name);
 }
 
 } // namespace
 
-TEST(FormatSpecifierWindow, TakesWhatIsSelectedAndTypedWithOkOnly)
+TEST_F(FormatSpecifierWindow, TakesWhatIsSelectedAndTypedWithOkOnly)
 {
-    const std::pair<std::function<void(CFormatSpecifierWindow&)>, bool> cases[] = {
-        {[](auto& window) { GetButton(window, QDialogButtonBox::Ok).click(); }, true},
-        {[](auto& window) { QTest::keyClick(&window.GetList(), Qt::Key_Return); }, true},
-        {[](auto& window) { GetButton(window, QDialogButtonBox::Cancel).click(); }, false},
-        {[](auto& window) { QTest::keyClick(&window.GetList(), Qt::Key_Escape); }, false},
-        {[](auto& window) { window.close(); }, false},
+    const std::pair<FAct, bool> ends[] = {
+        {[&] { Button(EButton::Ok).click(); }, true},
+        {[] { Type("Alt+F Return"); }, true},
+        {[&] { Button(EButton::Cancel).click(); }, false},
+        {[] { Type("Alt+F Esc"); }, false},
+        {[&] { Window().close(); }, false},
     };
-    const CParameter::SFormatSpecifier before{EFormat::FormatInteger, 3};
-    const CParameter::SFormatSpecifier chosen{EFormat::FormatDigits, 7};
-    for (const auto& row : cases) {
-        const auto left = RunDialog(before, [&](CFormatSpecifierWindow& window) {
-            EXPECT_EQ(window.GetList().currentIndex(), -1);
-            // By the mnemonics of the labels.
-            QTest::keyClick(&window, Qt::Key_F, Qt::AltModifier);
-            EXPECT_TRUE(window.GetList().hasFocus());
-            QTest::keyClick(&window.GetList(), Qt::Key_End);
-            EXPECT_EQ(window.GetList().currentText(), QStringLiteral("Digits"));
-            const auto labels = window.findChildren<QLabel*>();
-            EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
-                return label->text() == QStringLiteral("3.141592653590 -> 3.14");
-            }));
-            QTest::keyClick(&window, Qt::Key_C, Qt::AltModifier);
-            QLineEdit& field = window.GetCountWidget().GetField();
-            EXPECT_TRUE(field.hasFocus());
-            QWheelEvent turn({5, 5}, {}, {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
-            QCoreApplication::sendEvent(&window.GetList(), &turn);
-            EXPECT_EQ(window.GetList().currentText(), QStringLiteral("Digits"));
-            field.selectAll(), QTest::keyClicks(&field, QStringLiteral("7"));
-            row.first(window);
+    for (const auto& [end, taken] : ends) {
+        Run([&, &act = end] {
+            Type("Alt+F End Alt+C 7");
+            EXPECT_FALSE(Turn(Window().GetList(), 120)) << "without the focus";
+            act();
         });
-        EXPECT_EQ(left, row.second ? chosen : before) << &row - cases;
+        EXPECT_FALSE(Window().isVisible());
+        EXPECT_EQ(m_dialog->GetParameter().GetFloatFormat(),
+                  taken ? CParameter::SFormatSpecifier(EFormat::FormatDigits, 7)
+                        : CParameter::SFormatSpecifier(EFormat::FormatDecimals, 3));
     }
 }
 
-TEST(FormatSpecifierWindow, NamesItsControlsAndLeadsThroughThemByTab)
+TEST_F(FormatSpecifierWindow, NamesItsControlsAndLeadsThroughThemByTab)
 {
-    RunDialog({EFormat::FormatDecimals, 4}, [](CFormatSpecifierWindow& window) {
-        const std::pair<QWidget&, const char*> order[] = {
-            {window.GetList(), "Format:"},
-            {window.GetCountWidget().GetField(), "Count:"},
-            {GetButton(window, QDialogButtonBox::Ok), "OK"},
-            {GetButton(window, QDialogButtonBox::Cancel), "Cancel"},
-        };
-        for (const auto& [widget, name] : order) {
-            EXPECT_EQ(window.focusWidget(), &widget) << name;
-            EXPECT_EQ(GetSpokenName(widget), QLatin1String(name));
-            QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    Run([&] {
+        std::string order;
+        for (int i = 0; i < 4; ++i) {
+            order += GetSpokenName(*Window().focusWidget()).toStdString() + ' ';
+            Type("Tab");
         }
-        window.close();
+        EXPECT_EQ(order, "Format: Count: OK Cancel ");
+        for (const QLabel* const label : Window().findChildren<QLabel*>())
+            order += label->text().toStdString() + '|';
+        EXPECT_NE(order.find("|3.141592653590 -> 3.142|"), std::string::npos) << order;
+        Window().close();
     });
 }
 
-TEST(FormatSpecifierWindow, OpensHelpAndIsCancelledWithItsParent)
+TEST_F(FormatSpecifierWindow, OpensHelpAndIsCancelledWithItsParent)
 {
     CMemoryHelpService help;
     const CServiceScope<CHelpService> scope(help);
-    auto parent = std::make_unique<QWidget>();
-    parent->show();
-    CQtFormatSpecifierDlg dialog(MakeParameter({EFormat::FormatDigits, 5}), parent.get());
-    GetMessageLoop().Post([&] {
-        dialog.GetWindow()->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.GetWindow()));
-        QTest::keyClick(&dialog.GetWindow()->GetList(), Qt::Key_F1);
-        QEvent question(QEvent::EnterWhatsThisMode);
-        QCoreApplication::sendEvent(dialog.GetWindow(), &question);
-        parent.reset();
-    });
-    EXPECT_EQ(dialog.DoModal(), CBaseDialog::c_cancel);
-    EXPECT_EQ(dialog.GetWindow(), nullptr);
+    m_parent->show();
+    const auto act = [&] {
+        Type("F1");
+        Send(Window(), QEvent(QEvent::EnterWhatsThisMode));
+        m_parent.reset();
+    };
+    EXPECT_EQ(Run(act), CBaseDialog::c_cancel);
+    EXPECT_EQ(m_dialog->GetWindow(), nullptr);
     EXPECT_EQ(help.GetOpened(), (std::vector<unsigned int>{7804, 7804}));
 }

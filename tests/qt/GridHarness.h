@@ -1,10 +1,7 @@
 #pragma once
 
 #include "qt/grid/GridWidget.h"
-
-#include <gtest/gtest.h>
-#include <QTest>
-#include <QtWidgets>
+#include "tests/qt/WidgetTesting.h"
 
 #include <memory>
 #include <utility>
@@ -21,9 +18,7 @@ struct SShownGrid {
     {
         grid->resize(400, 240);
         window.resize(420, 260);
-        window.show();
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        Activate(window);
         grid->setFocus();
     }
 
@@ -33,7 +28,6 @@ struct SShownGrid {
         QTest::mouseClick(&View(), button, {}, point);
     }
     void Press(QPoint point) { QTest::mousePress(&View(), Qt::LeftButton, {}, point); }
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(grid, key, modifiers); }
     void Drag(QPoint from, QPoint to)
     {
         Press(from);
@@ -42,9 +36,8 @@ struct SShownGrid {
     }
     void Move(QPoint to, Qt::MouseButton held = Qt::LeftButton)
     {
-        QMouseEvent move(QEvent::MouseMove, QPointF(to), View().mapToGlobal(QPointF(to)), Qt::NoButton, held,
-                         Qt::NoModifier);
-        QApplication::sendEvent(&View(), &move);
+        Send(View(), QMouseEvent(QEvent::MouseMove, QPointF(to), View().mapToGlobal(QPointF(to)),
+                                 Qt::NoButton, held, Qt::NoModifier));
     }
 
     QWidget window;

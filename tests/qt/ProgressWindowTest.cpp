@@ -5,21 +5,19 @@
 #include "platform/MessageLoop.h"
 #include "qt/dialogs/QtFormatSpecifierDlg.h"
 #include "qt/dialogs/QtProgressDialog.h"
-#include "qt/QtText.h"
-#include "tests/qt/WhenShown.h"
+#include "tests/qt/WidgetTesting.h"
 
-#include <gtest/gtest.h>
-#include <QTest>
-#include <QtWidgets>
-
-#include <functional>
 #include <memory>
-#include <utility>
 
 using namespace CommonUI;
 
 namespace
 {
+
+void ShowMessageBox()
+{
+    (void)GetMessageBoxService().Show({u"A file is missing.", MessageBoxStyle::c_ok});
+}
 
 // A window of the application, and a dialog over it, on a clock that stands still.
 class ProgressWindow : public testing::Test
@@ -53,21 +51,21 @@ public:
         QTest::mouseClick(main->windowHandle(), Qt::LeftButton, {}, button->geometry().center());
     }
     // Opens the dialog, does something, and closes it.
-    void RunModal(const std::function<void()>& act)
+    int RunModal(const FAct& act)
     {
         GetMessageLoop().Post([&] {
             act();
-            dialog->EndDialog(CBaseDialog::c_ok);
+            if (dialog)
+                dialog->EndDialog(CBaseDialog::c_ok);
         });
-        dialog->DoModal();
-        EXPECT_FALSE(Window().isVisible());
+        return dialog->DoModal();
     }
 
     std::unique_ptr<QWidget> main = std::make_unique<QWidget>();
     QPushButton* button;
     int clicks = 0;
-    std::function<void()> work;
-    std::function<void()> onStep; // once
+    FAct work;
+    FAct onStep; // once
     CManualTimerService timers;
     CServiceScope<CTimerService> timersScope{timers};
     std::unique_ptr<CQtProgressDialog> dialog;
@@ -88,6 +86,7 @@ TEST_F(ProgressWindow, KeepsInputFromTheOtherWindowsWhetherItIsSeenOrNot)
             EXPECT_LE((Window().geometry().center() - main->geometry().center()).manhattanLength(), 50);
             ClickMainWindow();
         });
+        EXPECT_FALSE(Window().isVisible());
     }
     EXPECT_EQ(clicks, 0);
     ClickMainWindow();
@@ -100,54 +99,48 @@ TEST_F(ProgressWindow, PointerIsBusyOverWindowsThatAHiddenDialogBlocks)
         const QCursor* const pointer = QGuiApplication::overrideCursor();
         return pointer && pointer->shape() == Qt::WaitCursor;
     };
-    const std::function<void()> ends[] = {
+    const FAct ends[] = {
         [&] { timers.Advance(CProgressDialogBase::c_showDelay); },
         [&] { dialog->EndDialog(1); },
         [&] { delete dialog->GetWindow(); },
     };
     for (const auto& end : ends) {
         MakeDialog(main.get());
-        GetMessageLoop().Post([&] {
+        RunModal([&] {
             EXPECT_TRUE(isBusy());
             WhenShown<QMessageBox>([&](QMessageBox& box) {
                 EXPECT_FALSE(isBusy()) << "it can be used";
                 box.close();
             });
-            (void)GetMessageBoxService().Show({u"A file is missing.", MessageBoxStyle::c_ok});
+            ShowMessageBox();
             EXPECT_TRUE(isBusy());
             end();
             EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-            dialog->EndDialog(1);
         });
-        dialog->DoModal();
     }
 }
 
 TEST_F(ProgressWindow, AQuitDuringTheWorkComesAfterTheDialog)
 {
-    const std::function<void()> ways[] = {
-        [] { QCoreApplication::quit(); }, [&] { main->close(); }, // the last window
-    };
-    for (const auto& quit : ways) {
+    for (const bool byLastWindow : {false, true}) {
         main->show();
         MakeDialog(main.get());
         bool isClosed = false;
         GetMessageLoop().Post([&] {
-            GetMessageLoop().Post([&] {
-                quit();
+            const auto quit = [&] {
+                byLastWindow ? (void)main->close() : QCoreApplication::quit();
                 QCoreApplication::sendPostedEvents(qApp);
                 EXPECT_TRUE(dialog->IsOpen() && dialog->IsCanceled());
-                dialog->EndDialog(7);
-            });
-            EXPECT_EQ(dialog->DoModal(), 7);
-            EXPECT_EQ(main->isVisible(), &quit != &ways[1]) << "nobody else is asked before";
+            };
+            EXPECT_EQ(RunModal(quit), CBaseDialog::c_ok);
+            EXPECT_EQ(main->isVisible(), !byLastWindow) << "nobody else is asked before";
             GetMessageLoop().Post([&] {
                 isClosed = !main->isVisible();
                 QCoreApplication::exit();
             });
         });
         QApplication::exec();
-        EXPECT_TRUE(isClosed) << &quit - ways;
+        EXPECT_TRUE(isClosed) << byLastWindow;
     }
 }
 
@@ -160,12 +153,9 @@ TEST_F(ProgressWindow, LeavesWhatWasThereBeforeUsable)
         QTest::mouseClick(there.windowHandle(), Qt::LeftButton, {}, ok.mapTo(&there, ok.rect().center()));
         EXPECT_FALSE(there.isVisible());
     };
-    const std::function<void()> cases[] = {
-        [] {
-            (void)GetMessageBoxService().Show({u"A file is missing.", MessageBoxStyle::c_ok});
-        },
-        [&] { CQtFormatSpecifierDlg(CParameter(1, u"Sa", u"Sa", u"Sa", 0, true), main.get()).DoModal(); },
-    };
+    const FAct cases[] = {
+        ShowMessageBox,
+        [&] { CQtFormatSpecifierDlg(CParameter(1, u"Sa", u"Sa", u"Sa", 0, true), main.get()).DoModal(); }};
     for (const auto& show : cases) {
         // With a parent, and over the window in use.
         for (QWidget* const parent : {main.get(), static_cast<QWidget*>(nullptr)}) {
@@ -177,20 +167,20 @@ TEST_F(ProgressWindow, LeavesWhatWasThereBeforeUsable)
 
 TEST_F(ProgressWindow, IsCancelledInEachWayAndStaysOpen)
 {
-    const std::pair<const char*, std::function<void()>> cases[] = {
+    const std::pair<const char*, FAct> cases[] = {
         {"button", [&] { QTest::mouseClick(&Window().GetCancelButton(), Qt::LeftButton); }},
         {"Space", [&] { QTest::keyClick(&Window().GetCancelButton(), Qt::Key_Space); }},
         {"Escape", [&] { QTest::keyClick(&Window(), Qt::Key_Escape); }},
         {"closing", [&] { EXPECT_FALSE(Window().close()); }},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.first);
-        dialog->SetCanceled(false);
-        RunModal([&] {
+    for (const auto& [how, cancel] : cases) {
+        SCOPED_TRACE(how);
+        MakeDialog(main.get());
+        RunModal([&, &act = cancel] {
             dialog->Step(1);
             QTest::keyClick(&Window().GetCancelButton(), Qt::Key_Return);
             EXPECT_FALSE(dialog->IsCanceled());
-            row.second();
+            act();
             EXPECT_TRUE(dialog->IsCanceled() && Window().IsOnScreen());
             for (const QWidget* const control : Window().findChildren<QWidget*>())
                 EXPECT_FALSE(control->isEnabled());
@@ -214,24 +204,23 @@ TEST_F(ProgressWindow, HandlesInputWhileReportsKeepComing)
 
 TEST_F(ProgressWindow, WhoeverGoesFirstTheOthersStayAlive)
 {
-    const std::tuple<const char*, std::function<void()>, int> cases[] = {
-        {"dialog, by its callback", [&] { dialog.reset(); }, CBaseDialog::c_cancel},
-        {"dialog, by an event", [&] { QTimer::singleShot(0, qApp, [&] { dialog.reset(); }); },
-         CBaseDialog::c_cancel},
-        {"parent, and the work goes on",
-         [&] {
-             main.reset();
-             EXPECT_EQ(dialog->GetWindow(), nullptr);
-             dialog->Step(1);
-             dialog->EndDialog(7);
-         },
-         7},
+    const auto destroy = [&] { dialog.reset(); };
+    const auto destroyParent = [&] {
+        main.reset();
+        EXPECT_EQ(dialog->GetWindow(), nullptr);
+        dialog->Step(1);
+        dialog->EndDialog(7);
     };
-    for (const auto& [name, destroy, result] : cases) {
+    const std::pair<FAct, int> cases[] = {
+        {destroy, CBaseDialog::c_cancel},
+        {[&] { QTimer::singleShot(0, qApp, destroy); }, CBaseDialog::c_cancel},
+        {destroyParent, 7},
+    };
+    for (const auto& [act, result] : cases) {
         MakeDialog(main.get());
-        onStep = destroy;
+        onStep = act;
         GetMessageLoop().Post([&] { dialog->Step(1); });
-        EXPECT_EQ(dialog->DoModal(), result) << name;
+        EXPECT_EQ(dialog->DoModal(), result) << &result - &cases[0].second;
     }
 }
 
@@ -245,49 +234,45 @@ TEST_F(ProgressWindow, CutsNoText)
         {},
     };
     dialog->Create();
+    const QLabel& label = *Window().findChild<QLabel*>();
+    const QProgressBar& bar = Window().GetBar();
+    const QPushButton& cancel = Window().GetCancelButton();
     for (const CStr& text : texts) {
         dialog->SetText(text);
         Window().SetText(ProgressTemplate::c_cancel, u"Auswertung der Oberfl\u00E4chen jetzt abbrechen");
         Window().SetLayout(GetProgressLayout(Window().MeasureText(text, GetProgressTextWidth())));
-        const QLabel& label = *Window().findChild<QLabel*>();
         const QRect needed =
             label.fontMetrics().boundingRect(0, 0, label.width(), 10000, Qt::TextWrapAnywhere, label.text());
-        EXPECT_LE(needed.height(), label.height());
-        EXPECT_LE(needed.width(), label.width());
-        const QPushButton& cancel = Window().GetCancelButton();
+        EXPECT_TRUE(label.rect().contains(QRect(QPoint(), needed.size())));
         EXPECT_GE(cancel.width(), cancel.fontMetrics().horizontalAdvance(cancel.text()));
         EXPECT_GE(cancel.height(), cancel.sizeHint().height());
-        EXPECT_LT(label.geometry().bottom(), Window().GetBar().y());
-        EXPECT_LT(Window().GetBar().geometry().bottom(), cancel.y());
+        EXPECT_TRUE(label.geometry().bottom() < bar.y() && bar.geometry().bottom() < cancel.y());
         EXPECT_TRUE(Window().rect().contains(cancel.geometry()));
     }
     for (const int size : {7, 24}) { // the bar is 42 letters wide and 7/4 of a line high
         Window().setFont(QFont(Window().font().family(), size));
         const QFontMetrics metrics(Window().font());
-        EXPECT_NEAR(Window().GetBar().width(), 42 * metrics.averageCharWidth(),
-                    15 * metrics.averageCharWidth());
-        EXPECT_NEAR(Window().GetBar().height(), metrics.height() * 7 / 4.0, 1);
+        EXPECT_NEAR(bar.width() / metrics.averageCharWidth(), 42, 15);
+        EXPECT_NEAR(bar.height(), metrics.height() * 7 / 4.0, 1);
     }
 }
 
 TEST_F(ProgressWindow, ShowsTextAndProgressToScreenReadersToo)
 {
-    QIcon icon(QPixmap(8, 8));
+    const QIcon icon(QPixmap(8, 8));
     dialog->SetIcon(icon);
     dialog->SetText(u"Reading");
     dialog->Create();
     dialog->Step(42);
-    const QProgressBar& shown = Window().GetBar();
-    QAccessibleInterface* const bar = QAccessible::queryAccessibleInterface(&Window().GetBar());
-    EXPECT_EQ(bar->role(), QAccessible::ProgressBar);
-    EXPECT_EQ(bar->text(QAccessible::Name), QStringLiteral("Progress"));
-    EXPECT_EQ(bar->valueInterface()->currentValue().toInt(), 42);
+    QProgressBar& shown = Window().GetBar();
+    QAccessibleInterface& bar = Reader(shown);
+    EXPECT_EQ(bar.role(), QAccessible::ProgressBar);
+    EXPECT_EQ(bar.valueInterface()->currentValue().toInt(), 42);
+    EXPECT_EQ(Speak(Reader(Window())) + ", " + Speak(Reader(*Window().findChild<QLabel*>())) + ", " +
+                  Speak(bar),
+              "Batch, Reading (readOnly), Progress (readOnly)");
     EXPECT_EQ(shown.maximum(), 100);
-    QAccessibleInterface* const label = QAccessible::queryAccessibleInterface(Window().findChild<QLabel*>());
-    EXPECT_EQ(label->text(QAccessible::Name), QStringLiteral("Reading"));
     EXPECT_EQ(Window().windowIcon().cacheKey(), icon.cacheKey());
-    EXPECT_EQ(Window().windowTitle(), QStringLiteral("Batch"));
-
     dialog->SetRange(0);
     EXPECT_LT(shown.minimum(), shown.maximum()) << "a bar without a range is a busy one";
     EXPECT_EQ(shown.value(), shown.minimum());

@@ -1,21 +1,15 @@
 #include "qt/services/QtServices.h"
 
-#include "common/Diagnostics.h"
 #include "controls/Timer.h"
 #include "platform/Folders.h"
 #include "platform/HelpService.h"
 #include "platform/MemoryHelpService.h"
 #include "qt/QtText.h"
-#include "tests/qt/WhenShown.h"
+#include "tests/DiagnosticsCapture.h"
+#include "tests/qt/WidgetTesting.h"
 
-#include <gtest/gtest.h>
-#include <QTest>
-#include <QtWidgets>
-
-#include <functional>
 #include <memory>
 #include <stdexcept>
-#include <thread>
 
 using namespace CommonUI;
 
@@ -51,20 +45,17 @@ TEST(QtText, KeepsEveryCodeUnit)
 
 TEST(QtServices, AreInUseAsLongAsTheyLive)
 {
-    CTimerService& timers = GetTimerService();
-    CMessageLoop& loop = GetMessageLoop();
-    CMessageBoxService& boxes = GetMessageBoxService();
-    CFileDialogService& dialogs = GetFileDialogService();
-    CClipboard& clipboard = GetClipboard();
-    const CFolders& folders = GetFolders();
+    const auto inUse = [] {
+        return std::tuple(&GetTimerService(), &GetMessageLoop(), &GetMessageBoxService(),
+                          &GetFileDialogService(), &GetClipboard(), &GetFolders());
+    };
+    const auto before = inUse();
     {
         CQtServices inner;
-        EXPECT_NE(&GetTimerService(), &timers);
+        EXPECT_NE(&GetTimerService(), std::get<0>(before));
         EXPECT_EQ(&GetFileDialogService(), &inner.GetFileDialogs());
     }
-    EXPECT_EQ(std::tuple(&GetTimerService(), &GetMessageLoop()), std::tuple(&timers, &loop));
-    EXPECT_EQ(std::tuple(&GetMessageBoxService(), &GetFileDialogService()), std::tuple(&boxes, &dialogs));
-    EXPECT_EQ(std::tuple(&GetClipboard(), &GetFolders()), std::tuple(&clipboard, &folders));
+    EXPECT_EQ(inUse(), before);
 }
 
 TEST(QtServices, TimersTickInALoopUntilTheyAreStopped)
@@ -80,37 +71,21 @@ TEST(QtServices, TimersTickInALoopUntilTheyAreStopped)
     EXPECT_THROW(GetMessageLoop().RunUntil([] { return false; }), std::runtime_error);
 }
 
-TEST(QtServices, MessagesOfAThreadComeInTheirOrder)
-{
-    constexpr int c_count = 1000;
-    std::vector<int> received;
-    std::thread worker([&] {
-        for (int i = 0; i < c_count; ++i)
-            GetMessageLoop().Post([&received, i] { received.push_back(i); });
-    });
-    GetMessageLoop().RunUntil([&] { return received.size() == c_count; });
-    worker.join();
-    EXPECT_TRUE(std::is_sorted(received.begin(), received.end()));
-}
-
 TEST(QtServices, LoopsAreNestedAndEndByTheirOwnConditionOrAnException)
 {
-    std::vector<std::string> log;
-    bool inner = false;
-    bool outer = false;
-    GetMessageLoop().Post([&] {
-        GetMessageLoop().Post([&] {
-            outer = true;
-            log.emplace_back("outer is true");
-        });
-        GetMessageLoop().Post([&] { inner = true; });
-        GetMessageLoop().RunUntil([&] { return inner; });
-        log.emplace_back("inner has ended");
-        GetMessageLoop().Post([] { throw std::runtime_error("message"); });
-        EXPECT_THROW(GetMessageLoop().RunUntil([] { return false; }), std::runtime_error);
+    CMessageLoop& loop = GetMessageLoop();
+    std::string log;
+    const auto has = [&log](const char* what) { return log.find(what) != std::string::npos; };
+    loop.Post([&] {
+        loop.Post([&] { log += "outer, "; });
+        loop.Post([&] { log += "inner, "; });
+        loop.RunUntil([&] { return has("inner"); });
+        log += "inner ended";
+        loop.Post([] { throw std::runtime_error("message"); });
+        EXPECT_THROW(loop.RunUntil([] { return false; }), std::runtime_error);
     });
-    GetMessageLoop().RunUntil([&] { return outer; });
-    EXPECT_EQ(log, (std::vector<std::string>{"outer is true", "inner has ended"}));
+    loop.RunUntil([&] { return has("outer"); });
+    EXPECT_EQ(log, "outer, inner, inner ended");
 }
 
 TEST(QtServices, MessagesThatPostMessagesKeepNobodyWaiting)
@@ -131,10 +106,9 @@ TEST(QtServices, MessagesThatPostMessagesKeepNobodyWaiting)
 TEST(QtServices, PumpingHandlesWhatWaitsUntilAMessageThrows)
 {
     int handled = 0;
-    const auto count = [&handled] { ++handled; };
-    GetMessageLoop().Post(count);
-    GetMessageLoop().Post([] { throw std::runtime_error("message"); });
-    GetMessageLoop().Post(count);
+    for (const bool throws : {false, true, false})
+        GetMessageLoop().Post(
+            [&handled, throws] { throws ? throw std::runtime_error("message") : ++handled; });
     EXPECT_THROW(GetMessageLoop().Pump(), std::runtime_error);
     EXPECT_EQ(handled, 1);
     EXPECT_EQ(GetMessageLoop().Pump(), 1U);
@@ -155,73 +129,53 @@ TEST(QtServices, ALoopTellsThatTheProgramIsToEnd)
 
 TEST(QtServices, AnExceptionThatNobodyWaitsForIsInTheDiagnostics)
 {
-    std::vector<CStr> lines;
-    auto sink = GetDiagnostics().SetSink([&](const SDiagnosticLine& line) { lines.emplace_back(line.text); });
+    CDiagnosticsCapture lines;
     GetMessageLoop().Post([] { throw std::runtime_error("lost"); });
     QCoreApplication::processEvents();
-    GetDiagnostics().SetSink(std::move(sink));
-    EXPECT_EQ(lines, std::vector<CStr>{u"an exception left a callback: lost"});
+    EXPECT_EQ(lines.Take(), std::vector<CStr>{u"Qt: an exception left a callback: lost"});
 }
 
-TEST(QtServices, MessageBoxesAreAnsweredByTheirButtons)
+TEST(QtServices, MessageBoxesAreAnsweredInEachWay)
 {
     using namespace MessageBoxStyle;
-    struct SCase {
-        unsigned int style;
-        QMessageBox::Icon icon;
-        QMessageBox::StandardButton button; // NoButton closes the box
-        EMessageBoxAnswer answer;
+    using FAnswer = std::function<void(QMessageBox&)>;
+    const auto press = [](QMessageBox::StandardButton button) -> FAnswer {
+        return [button](QMessageBox& box) { QTest::mouseClick(box.button(button), Qt::LeftButton); };
     };
-    constexpr SCase c_cases[] = {
-        {c_ok | c_error, QMessageBox::Critical, QMessageBox::Ok, EMessageBoxAnswer::Ok},
-        {c_ok, QMessageBox::NoIcon, QMessageBox::NoButton, EMessageBoxAnswer::Ok},
-        {c_okCancel, QMessageBox::NoIcon, QMessageBox::Ok, EMessageBoxAnswer::Ok},
-        {c_okCancel | c_warning, QMessageBox::Warning, QMessageBox::NoButton, EMessageBoxAnswer::Cancel},
-        {c_yesNo | c_question, QMessageBox::Question, QMessageBox::Yes, EMessageBoxAnswer::Yes},
-        {c_yesNo | c_question, QMessageBox::Question, QMessageBox::No, EMessageBoxAnswer::No},
-        {c_yesNo | c_help, QMessageBox::NoIcon, QMessageBox::NoButton, EMessageBoxAnswer::No},
+    const auto type = [](Qt::Key key) -> FAnswer {
+        return [key](QMessageBox& box) { QTest::keyClick(&box, key); };
     };
-    for (const SCase& row : c_cases) {
-        WhenShown<QMessageBox>([&](QMessageBox& box) {
-            EXPECT_EQ(box.text(), QStringLiteral("Remove <b>all</b>?"));
-            EXPECT_EQ(box.textFormat(), Qt::PlainText);
-            EXPECT_EQ(box.icon(), row.icon);
-            if (row.button == QMessageBox::NoButton)
-                QTest::keyClick(&box, Qt::Key_Escape);
-            else
-                QTest::mouseClick(box.button(row.button), Qt::LeftButton);
-        });
-        EXPECT_EQ(GetMessageBoxService().Show({u"Remove <b>all</b>?", row.style}), row.answer);
-    }
-}
-
-TEST(QtServices, EnterDoesNoHarmInAWarning)
-{
-    WhenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
-    EXPECT_EQ(
-        GetMessageBoxService().Show({u"Remove?", MessageBoxStyle::c_yesNo | MessageBoxStyle::c_warning}),
-        EMessageBoxAnswer::No);
-}
-
-TEST(QtServices, AMessageBoxThatGoesWithItsParentCountsAsClosed)
-{
+    const FAnswer askForHelp = [&](QMessageBox& box) {
+        press(QMessageBox::Help)(box);
+        EXPECT_TRUE(box.isVisible());
+        press(QMessageBox::Yes)(box);
+    };
     auto parent = std::make_unique<QWidget>();
-    parent->show();
-    WhenShown<QMessageBox>([&](QMessageBox&) { parent.reset(); });
-    EXPECT_EQ(GetMessageBoxService().Show({u"Replace?", MessageBoxStyle::c_yesNo}), EMessageBoxAnswer::No);
-}
-
-TEST(QtServices, HelpOfAMessageBoxOpensTheTopicAndLeavesTheBoxOpen)
-{
+    const FAnswer destroyParent = [&](QMessageBox&) { parent.reset(); };
+    const std::tuple<unsigned int, QMessageBox::Icon, FAnswer, EMessageBoxAnswer> cases[] = {
+        {c_ok | c_error, QMessageBox::Critical, press(QMessageBox::Ok), EMessageBoxAnswer::Ok},
+        {c_ok, QMessageBox::NoIcon, type(Qt::Key_Escape), EMessageBoxAnswer::Ok},
+        {c_okCancel, QMessageBox::NoIcon, press(QMessageBox::Ok), EMessageBoxAnswer::Ok},
+        {c_okCancel | c_warning, QMessageBox::Warning, type(Qt::Key_Escape), EMessageBoxAnswer::Cancel},
+        {c_yesNo | c_warning, QMessageBox::Warning, type(Qt::Key_Return), EMessageBoxAnswer::No},
+        {c_yesNo | c_question, QMessageBox::Question, press(QMessageBox::Yes), EMessageBoxAnswer::Yes},
+        {c_yesNo | c_question, QMessageBox::Question, press(QMessageBox::No), EMessageBoxAnswer::No},
+        {c_yesNo | c_help, QMessageBox::NoIcon, type(Qt::Key_Escape), EMessageBoxAnswer::No},
+        {c_yesNo | c_help, QMessageBox::NoIcon, askForHelp, EMessageBoxAnswer::Yes},
+        {c_yesNo, QMessageBox::NoIcon, destroyParent, EMessageBoxAnswer::No},
+    };
     CMemoryHelpService help;
     const CServiceScope<CHelpService> scope(help);
-    WhenShown<QMessageBox>([](QMessageBox& box) {
-        QTest::mouseClick(box.button(QMessageBox::Help), Qt::LeftButton);
-        EXPECT_TRUE(box.isVisible());
-        QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
-    });
-    const SMessageBox box{u"Replace?", MessageBoxStyle::c_yesNo | MessageBoxStyle::c_help, 21000};
-    EXPECT_EQ(GetMessageBoxService().Show(box), EMessageBoxAnswer::Yes);
+    parent->show();
+    for (const auto& [style, icon, act, answer] : cases) {
+        WhenShown<QMessageBox>([icon = icon, &act = act](QMessageBox& box) {
+            EXPECT_EQ(box.text(), QStringLiteral("Remove <b>all</b>?"));
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.icon(), icon);
+            act(box);
+        });
+        EXPECT_EQ(GetMessageBoxService().Show({u"Remove <b>all</b>?", style, 21000}), answer) << style;
+    }
     EXPECT_EQ(help.GetOpened(), std::vector<unsigned int>{21000});
 }
 
@@ -252,12 +206,4 @@ TEST(QtServices, FileDialogsOfferFiltersAndRememberTheChoice)
         dialog.reject();
     });
     EXPECT_FALSE(GetFileDialogService().Choose({.extension = u"flt", .memoryKey = u"Filter"}, path));
-}
-
-TEST(QtServices, ClipboardHasBothForms)
-{
-    EXPECT_TRUE(GetClipboard().Put(u"<table><tr><td>1 \u00B5m</td></tr></table>", u"1 \u00B5m\r\n"));
-    const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
-    EXPECT_EQ(data->html(), QStringLiteral("<table><tr><td>1 \u00B5m</td></tr></table>"));
-    EXPECT_EQ(data->text(), QStringLiteral("1 \u00B5m\r\n"));
 }

@@ -17,13 +17,14 @@
 #include <cstdio>
 
 using namespace CommonUI;
+using CGrid = CGridBaseOutputCtrl;
 
 namespace
 {
 
-CGridBaseOutputCtrl MakeResults()
+CGrid MakeResults()
 {
-    CGridBaseOutputCtrl grid(CGridBaseOutputCtrl::SCellInfo::Results);
+    CGrid grid(CGrid::SCellInfo::Results);
     grid.SetNameHeader(u"Profile");
     grid.AddColumn({u"Ra\r\n(Line)", u"Height"});
     grid.AddColumn({u"Rz\r\n(Line)", u"Height"});
@@ -36,51 +37,28 @@ CGridBaseOutputCtrl MakeResults()
     return grid;
 }
 
-CGridBaseOutputCtrl MakeSummary()
+CGrid MakeSummary()
 {
-    CGridBaseOutputCtrl grid(CGridBaseOutputCtrl::SCellInfo::Summary);
+    CGrid grid(CGrid::SCellInfo::Summary);
     grid.AddRow({.name = u"Surface", .cells = {u"ground steel"}});
     grid.AddRow({.name = u"Sq", .cells = {u"0.3546"}, .indent = 1});
     return grid;
 }
 
 // The cells of a table by the columns that they begin at: a row of [column, text] for each row.
-QJsonArray Place(const CGridBaseOutputCtrl::CCells& cells)
+QJsonArray Place(const CGrid::CCells& cells)
 {
     QJsonArray rows;
-    for (const CGridBaseOutputCtrl::CRow& row : cells) {
+    for (const CGrid::CRow& row : cells) {
         QJsonArray placed;
         int column = 0;
-        for (const CGridBaseOutputCtrl::SCellInfo& cell : row) {
+        for (const CGrid::SCellInfo& cell : row) {
             placed.append(QJsonArray{column, ToQString(cell.text)});
             column += cell.columnSpan;
         }
         rows.append(placed);
     }
     return rows;
-}
-
-QJsonArray PlaceSummary(const CGridBaseOutputCtrl& summary)
-{
-    QJsonArray rows;
-    for (const CGridBaseOutputCtrl::SRow& row : summary.GetRows())
-        rows.append(QJsonArray{QJsonArray{0, ToQString(row.name) + QLatin1Char(':')},
-                               QJsonArray{1, ToQString(row.cells.front())}});
-    return rows;
-}
-
-CGridBaseOutputCtrl::CCells GetCells(const CGridBaseOutputCtrl& results, bool selection, bool transpose)
-{
-    CGridBaseOutputCtrl::CCells cells;
-    if (selection) {
-        results.GetSelectedCells(cells, true);
-    } else {
-        results.GetGridHeaders(cells, results.GetType());
-        results.GetGridCells(cells, results.GetType());
-    }
-    if (transpose)
-        CGridBaseOutputCtrl::TransposeCells(cells);
-    return cells;
 }
 
 } // namespace
@@ -92,8 +70,8 @@ int main(int argc, char** argv)
     const QStringList arguments = QApplication::arguments();
     const bool transpose = arguments.contains(QStringLiteral("transposed"));
 
-    const CGridBaseOutputCtrl summary = MakeSummary();
-    CGridBaseOutputCtrl results = MakeResults();
+    const CGrid summary = MakeSummary();
+    CGrid results = MakeResults();
     results.SelectAll();
     const bool grids = arguments.contains(QStringLiteral("grids"));
     const bool copied =
@@ -102,9 +80,21 @@ int main(int argc, char** argv)
         return 1;
 
     QJsonArray tables;
-    if (grids)
-        tables.append(PlaceSummary(summary));
-    tables.append(Place(GetCells(results, !grids, transpose)));
+    CGrid::CCells cells;
+    if (grids) {
+        summary.GetGridCells(cells, summary.GetType());
+        for (CGrid::CRow& row : cells)
+            row.front().text += u':';
+        tables.append(Place(cells));
+        cells.clear();
+        results.GetGridHeaders(cells, results.GetType());
+        results.GetGridCells(cells, results.GetType());
+    } else {
+        results.GetSelectedCells(cells, true);
+    }
+    if (transpose)
+        CGrid::TransposeCells(cells);
+    tables.append(Place(cells));
     const QJsonObject expected{
         {QStringLiteral("text"), QGuiApplication::clipboard()->mimeData()->text()},
         {QStringLiteral("html"), tables},
