@@ -78,6 +78,11 @@ def matches(cells, expected):
     return missing >= 0 and all(c.shows(e) for c, e in zip(cells, expected)) and not any(expected[len(cells) :])
 
 
+def is_note(cells):
+    """Whether a row is what stands below a table: "1 Sal, Str: the surface is flat"."""
+    return len(cells) == 1 and re.match(r"\d+ [^:]+: ", cells[0].text)
+
+
 def compare(name, sheet, expected):
     """The faults of the sheet's rows, which have to be the expected ones from the first to the last."""
     found = sheet + [[]] * (len(expected) - len(sheet))
@@ -99,7 +104,7 @@ def main(text_path, text_sheet_path, html_sheet_path):
     expected = [line.replace(": ", ":\n", 1).split("\n") for line in summary]
     for table in tables:
         expected += unwrapped(table)
-    rows = [row for row in read_sheet(html_sheet_path) if row]
+    rows = [row for row in read_sheet(html_sheet_path) if row and not is_note(row)]
     # The texts of the page's pictures come as one cell, which no row of the tables is.
     if len(rows) > len(summary) and len(rows[len(summary)]) == 1:
         del rows[len(summary)]
