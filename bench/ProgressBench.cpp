@@ -1,6 +1,6 @@
 #include "bench/ProgressRun.h"
 #include "dialogs/MemoryProgressView.h"
-#include "platform/MemoryMessageLoop.h"
+#include "platform/memory/MemoryMessageLoop.h"
 
 #include <latch>
 

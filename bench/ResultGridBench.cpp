@@ -4,7 +4,7 @@
 #include "output/grid/MemoryGridView.h"
 #include "output/results/GridCopy.h"
 #include "output/results/ResultGridPane.h"
-#include "platform/MemoryClipboard.h"
+#include "platform/memory/MemoryClipboard.h"
 
 #include <benchmark/benchmark.h>
 

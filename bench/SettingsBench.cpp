@@ -1,5 +1,5 @@
-#include "platform/FixedFolders.h"
 #include "platform/Folders.h"
+#include "platform/memory/FixedFolders.h"
 #include "settings/catalogue/BuiltInSettingText.h"
 #include "settings/factory/SettingsFactory.h"
 

@@ -1,7 +1,7 @@
 #include "platform/FileDialogService.h"
 
 #include "common/PathText.h"
-#include "platform/MemoryFileDialogService.h"
+#include "platform/memory/MemoryFileDialogService.h"
 
 #include <utility>
 

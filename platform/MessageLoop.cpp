@@ -1,6 +1,6 @@
 #include "platform/MessageLoop.h"
 
-#include "platform/MemoryMessageLoop.h"
+#include "platform/memory/MemoryMessageLoop.h"
 
 namespace CommonUI
 {

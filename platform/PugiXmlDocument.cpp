@@ -84,7 +84,7 @@ std::unique_ptr<CXmlDocument> MakeXmlDocument()
 
 #else
 
-#include "platform/MemoryXmlDocument.h"
+#include "platform/memory/MemoryXmlDocument.h"
 
 namespace CommonUI
 {

@@ -35,13 +35,14 @@ inline std::string ToText(const CommonUI::SRect& rect)
     return CommonUI::CStr::Format(u"(%d %d %d %d)", rect.left, rect.top, rect.right, rect.bottom).ToUtf8();
 }
 
-/// Plays a file of tests/data. A line is a command, "->" and what comes of it, which `play` tells; empty
-/// lines and those that begin with '#' are for the reader.
+/// Plays a file of tests/data/scripts. A line is a command, "->" and what comes of it, which `play` tells;
+/// empty lines and those that begin with '#' are for the reader.
 template<class FPlay>
 void ExpectScript(const std::string& name, const FPlay& play)
 {
+    const std::string path = "scripts/" + name;
     std::string played;
-    for (const std::string& line : ReadTestLines(name)) {
+    for (const std::string& line : ReadTestLines(path)) {
         const std::size_t arrow = line.find("->");
         if (line.empty() || line[0] == '#')
             played += line;
@@ -50,7 +51,7 @@ void ExpectScript(const std::string& name, const FPlay& play)
                       play(SCommand(line.substr(0, line.find_last_not_of(' ', arrow - 1) + 1)));
         played += '\n';
     }
-    EXPECT_EQ(played, ReadTestData(name));
+    EXPECT_EQ(played, ReadTestData(path));
 }
 
 /// Plays a script to a stage: "new" makes one, any other command goes to its Act. Its Tell says what came

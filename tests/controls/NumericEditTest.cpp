@@ -2,7 +2,7 @@
 #include "controls/IntEdit.h"
 #include "controls/MemoryEditView.h"
 #include "controls/MemorySpinView.h"
-#include "platform/MemoryMessageBoxService.h"
+#include "platform/memory/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "tests/DiagnosticsCapture.h"
 #include "tests/Script.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/MemoryMessageLoop.h"
+#include "platform/memory/MemoryMessageLoop.h"
 #include "tests/CountedTimers.h"
 
 #include <gtest/gtest.h>

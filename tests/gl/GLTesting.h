@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/Diagnostics.h"
-#include "platform/MemoryMessageBoxService.h"
+#include "platform/memory/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "programs/offscreen/OffscreenContext.h"
 #include "tests/TestData.h"

@@ -1,6 +1,6 @@
 #include "gl/OpenGLWrapper.h"
 #include "platform/GLEntryPoints.h"
-#include "platform/TableGLEntryPoints.h"
+#include "platform/memory/TableGLEntryPoints.h"
 #include "tests/Script.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "programs/gl_report/Program.h"
 
 #include "platform/GLEntryPoints.h"
+#include "platform/memory/TableGLEntryPoints.h"
 #include "platform/PixelFormat.h"
-#include "platform/TableGLEntryPoints.h"
 #include "tests/ProgramTesting.h"
 #include "tests/TestData.h"
 

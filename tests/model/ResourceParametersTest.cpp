@@ -1,7 +1,7 @@
 #include "model/ResourceParameters.h"
 
-#include "platform/FixedFolders.h"
 #include "platform/Folders.h"
+#include "platform/memory/FixedFolders.h"
 #include "tests/model/PreferencesTesting.h"
 #include "tests/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
 #include "output/results/ResultGridPane.h"
 #include "output/results/GridCopy.h"
-#include "platform/MemoryClipboard.h"
+#include "platform/memory/MemoryClipboard.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "platform/Clipboard.h"
 
-#include "platform/MemoryClipboard.h"
+#include "platform/memory/MemoryClipboard.h"
 
 #include <gtest/gtest.h>
 

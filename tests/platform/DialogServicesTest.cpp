@@ -1,6 +1,6 @@
 #include "platform/FileDialogService.h"
-#include "platform/MemoryFileDialogService.h"
-#include "platform/MemoryMessageBoxService.h"
+#include "platform/memory/MemoryFileDialogService.h"
+#include "platform/memory/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 
 #include <gtest/gtest.h>

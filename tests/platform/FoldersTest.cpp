@@ -1,6 +1,6 @@
 #include "platform/Folders.h"
 
-#include "platform/FixedFolders.h"
+#include "platform/memory/FixedFolders.h"
 
 #include <gtest/gtest.h>
 

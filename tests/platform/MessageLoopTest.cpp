@@ -1,5 +1,5 @@
 #include "platform/ConsoleTimerService.h"
-#include "platform/MemoryMessageLoop.h"
+#include "platform/memory/MemoryMessageLoop.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "platform/XmlDocument.h"
 
 #include "common/Exceptions.h"
-#include "platform/MemoryXmlDocument.h"
+#include "platform/memory/MemoryXmlDocument.h"
 
 #include <gtest/gtest.h>
 

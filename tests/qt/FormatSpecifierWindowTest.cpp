@@ -1,7 +1,7 @@
 #include "qt/dialogs/FormatSpecifierWindow.h"
 
 #include "platform/HelpService.h"
-#include "platform/MemoryHelpService.h"
+#include "platform/memory/MemoryHelpService.h"
 #include "platform/MessageLoop.h"
 #include "qt/dialogs/QtFormatSpecifierDlg.h"
 #include "qt/edits/NumericEditWidget.h"

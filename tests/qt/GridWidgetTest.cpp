@@ -5,7 +5,7 @@
 #include "output/grid/GridDblSpinItem.h"
 #include "output/grid/GridListItem.h"
 #include "output/grid/GridSetupItem.h"
-#include "platform/MemoryMessageBoxService.h"
+#include "platform/memory/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "platform/MessageLoop.h"
 #include "tests/qt/GridHarness.h"

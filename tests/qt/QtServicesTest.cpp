@@ -3,7 +3,7 @@
 #include "controls/Timer.h"
 #include "platform/Folders.h"
 #include "platform/HelpService.h"
-#include "platform/MemoryHelpService.h"
+#include "platform/memory/MemoryHelpService.h"
 #include "qt/QtText.h"
 #include "tests/DiagnosticsCapture.h"
 #include "tests/qt/WidgetTesting.h"

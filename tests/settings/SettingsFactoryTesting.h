@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/FileDialogService.h"
-#include "platform/FixedFolders.h"
 #include "platform/Folders.h"
-#include "platform/MemoryFileDialogService.h"
-#include "platform/MemoryMessageBoxService.h"
+#include "platform/memory/FixedFolders.h"
+#include "platform/memory/MemoryFileDialogService.h"
+#include "platform/memory/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "settings/factory/SettingsFactory.h"
 #include "tests/DiagnosticsCapture.h"

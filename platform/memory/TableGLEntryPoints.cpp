@@ -1,4 +1,4 @@
-#include "platform/TableGLEntryPoints.h"
+#include "platform/memory/TableGLEntryPoints.h"
 
 namespace CommonUI
 {

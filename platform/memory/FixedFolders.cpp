@@ -1,4 +1,4 @@
-#include "platform/FixedFolders.h"
+#include "platform/memory/FixedFolders.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MessageBoxService.h"
+#include "../MessageBoxService.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "GLEntryPoints.h"
+#include "../GLEntryPoints.h"
 
 #include <functional>
 #include <map>

@@ -1,4 +1,4 @@
-#include "platform/MemoryMessageBoxService.h"
+#include "platform/memory/MemoryMessageBoxService.h"
 
 namespace CommonUI
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "HelpService.h"
+#include "../HelpService.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "platform/MemoryXmlDocument.h"
+#include "platform/memory/MemoryXmlDocument.h"
 
 namespace CommonUI
 {

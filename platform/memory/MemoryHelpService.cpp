@@ -1,4 +1,4 @@
-#include "platform/MemoryHelpService.h"
+#include "platform/memory/MemoryHelpService.h"
 
 namespace CommonUI
 {

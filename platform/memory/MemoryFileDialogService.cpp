@@ -1,4 +1,4 @@
-#include "platform/MemoryFileDialogService.h"
+#include "platform/memory/MemoryFileDialogService.h"
 
 namespace CommonUI
 {

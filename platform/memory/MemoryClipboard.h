@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard.h"
+#include "../Clipboard.h"
 
 namespace CommonUI
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Folders.h"
+#include "../Folders.h"
 
 namespace CommonUI
 {

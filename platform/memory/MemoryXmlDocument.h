@@ -1,6 +1,6 @@
 #pragma once
 
-#include "XmlDocument.h"
+#include "../XmlDocument.h"
 
 #include <map>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "platform/MemoryClipboard.h"
+#include "platform/memory/MemoryClipboard.h"
 
 namespace CommonUI
 {

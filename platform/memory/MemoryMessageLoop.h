@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MessageLoop.h"
+#include "../MessageLoop.h"
 
 #include <condition_variable>
 #include <deque>

@@ -1,4 +1,4 @@
-#include "platform/MemoryMessageLoop.h"
+#include "platform/memory/MemoryMessageLoop.h"
 
 #include "platform/ConsoleTimerService.h"
 
