@@ -286,9 +286,9 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
     results.rowName = pores ? u"Pore" : u"Particle";
     results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticRowUnits);
     results.columnsAtOnce = results.columns.size();
-    std::vector<std::string> shown;
-    for (const SColumn& column : results.columns)
-        shown.push_back(AnalysisKey(column.parameter));
+    std::vector<std::string> shown(results.columns.size());
+    std::ranges::transform(results.columns, shown.begin(),
+                           [](const SColumn& column) { return AnalysisKey(column.parameter); });
     results.explain = [shown, kind = limit.kind](std::size_t column, std::size_t) {
         return Analysis::ExplainGrain(shown[column], kind);
     };

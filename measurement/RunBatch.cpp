@@ -77,7 +77,7 @@ public:
         m_number = number;
         m_name = step.name;
         try {
-            return std::visit([this](const auto& work) { return DoWork(work); }, step.work);
+            return std::visit([this](const auto& work) { return this->DoWork(work); }, step.work);
         } catch (const ERequest& error) {
             return CStr::FromUtf8(error.what());
         } catch (const Analysis::ENoPoints& error) {

@@ -1,5 +1,4 @@
 #include "measurement/charts/Pictures.h"
-#include "measurement/GrainLimit.h"
 
 #include "analysis/areal/HeightParameters.h"
 #include "analysis/profile/PowerSpectrum.h"
