@@ -26,9 +26,10 @@ std::vector<SColumn> MakeColumns(const std::vector<SFileRow>& rows, const Measur
 {
     std::vector<SColumn> columns;
     for (std::size_t i = 0; i < choices.surface.size(); ++i) {
-        std::vector<double> values;
-        for (const SFileRow& row : rows)
-            values.push_back(row.values.empty() ? Analysis::c_undefined : row.values[i]);
+        std::vector<double> values(rows.size());
+        std::ranges::transform(rows, values.begin(), [i](const SFileRow& row) {
+            return row.values.empty() ? Analysis::c_undefined : row.values[i];
+        });
         columns.push_back(
             Measurement::MakeColumn(choices.surface[i], std::move(values), choices.automaticUnits));
     }
@@ -100,7 +101,7 @@ CFileTable::CFileTable(const std::vector<SFileRow>& rows, const Measurement::SCh
         CGrid::SRow row{.name = ReplaceControls(rows[i].name, u' '), .cells = {}};
         for (const SColumn& column : columns)
             row.cells.push_back(rows[i].values.empty() ? CStr() : column.GetText(column.values[i]));
-        row.cells.push_back(ReplaceControls(rows[i].remark, u' '));
+        row.cells.emplace_back(ReplaceControls(rows[i].remark, u' '));
         m_rows.AddRow(std::move(row));
     }
     const double share = FractileShare(choices.statistics);
