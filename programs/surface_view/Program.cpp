@@ -2,6 +2,7 @@
 
 #include "analysis/surface/Decimate.h"
 #include "formats/SurfaceReader.h"
+#include "platform/Terminal.h"
 #include "programs/command_line/CommandLine.h"
 #include "programs/command_line/ProgressLine.h"
 #include "programs/surface_view/Animation.h"
@@ -11,6 +12,7 @@
 #include "programs/surface_view/Picture.h"
 #include "programs/surface_view/StackDepths.h"
 
+#include <iostream>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -100,7 +102,7 @@ void Animate(const SOptions& options, std::ostream& out, std::ostream& err, cons
 {
     const CommonUI::SAnimationSettings animation = LoadAnimation(options.animation);
     CPainter painter(options, makeContext);
-    CommandLine::CProgressLine line("drawing", true, err);
+    CommandLine::CProgressLine line("drawing", &err == &std::cerr && CommonUI::IsErrorStreamTerminal(), err);
     const int frames = WriteAnimation(
         animation, options.output,
         [&](const SDirection& direction, double zoom) { return painter.Paint(direction, zoom); },
