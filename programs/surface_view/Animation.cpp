@@ -1,6 +1,6 @@
 #include "programs/surface_view/Animation.h"
 
-#include "common/FileBytes.h"
+#include "common/FileReplacement.h"
 #include "measurement/NamedSet.h"
 #include "programs/command_line/ForOption.h"
 #include "programs/surface_view/GifWriter.h"
@@ -55,15 +55,22 @@ int WriteGif(const SAnimationSettings& animation, const std::filesystem::path& p
     const auto timeOf = [&](int frame) { return std::lround(100.0 * frame / animation.framesPerSecond); };
     const int count = animation.GetFrameCount();
     CGifWriter gif(animation.loop);
+    CommonUI::CFileReplacement file;
+    CommonUI::CStr reason;
+    const auto require = [&](bool isDone) {
+        if (!isDone)
+            throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
+    };
+    require(file.Open(path.u16string(), reason));
     int written = 0;
     for (int frame = 0; frame < count; frame += step, ++written) {
         progress(static_cast<double>(frame) / count);
         const int next = std::min(frame + step, count);
         gif.Add(DrawFrame(animation, frame, draw), static_cast<int>(timeOf(next) - timeOf(frame)));
+        require(file.Write(gif.TakeBytes(), reason));
     }
-    CommonUI::CStr reason;
-    if (!CommonUI::ReplaceFileBytes(path.u16string(), gif.Finish(), reason))
-        throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
+    gif.Finish();
+    require(file.Write(gif.TakeBytes(), reason) && file.Replace(reason));
     return written;
 }
 

@@ -94,11 +94,10 @@ void CGifWriter::Add(const SPicture& picture, int duration)
         Require(EGifPutLine(m_file, indexed.indices.data() + begin, picture.size.cx));
 }
 
-const std::string& CGifWriter::Finish()
+void CGifWriter::Finish()
 {
     if (GifFileType* const file = std::exchange(m_file, nullptr))
         Require(EGifCloseFile(file, nullptr));
-    return m_bytes;
 }
 
 } // namespace SurfaceView

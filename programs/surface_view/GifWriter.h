@@ -3,6 +3,7 @@
 #include "programs/surface_view/Picture.h"
 
 #include <string>
+#include <utility>
 
 struct GifFileType;
 
@@ -22,8 +23,10 @@ public:
     /// @param duration for which the picture is shown, in hundredths of a second
     /// @throws std::runtime_error when it cannot be written
     void Add(const SPicture& picture, int duration);
-    /// The bytes of the file, which is complete then: nothing can be added.
-    const std::string& Finish();
+    /// Ends the file: nothing can be added.
+    void Finish();
+    /// The next bytes of the file, those that were not yet taken.
+    std::string TakeBytes() { return std::exchange(m_bytes, {}); }
 
 private:
     void Begin(CommonUI::SSize size);
