@@ -22,11 +22,11 @@ struct SOptions : CommandLine::SSurfaceOptions {
     CommonUI::Measurement::SRequest request{};
     std::filesystem::path preferences{}; ///< the file of choices; empty for none
     std::vector<CommonUI::CStr> sets{};  ///< changes of the choices, see EditPreferences
-    /// Specifications of the settings sets that are applied before the analysis, in this order.
+    /// Name the settings sets that are applied before the analysis, in this order.
     std::vector<CommonUI::CStr> settings{};
-    /// Specification of the batch sequence that is run; empty for none.
+    /// Names the batch sequence that is run; empty for none.
     CommonUI::CStr batch{};
-    /// Specification of the set that says which grains are measured; empty for none.
+    /// Names the set that says which grains are measured; empty for none.
     CommonUI::CStr grainSet{};
     /// To list settings sets instead of analysing anything: the key of their type, empty for all types.
     std::optional<std::string> listSettings{};
