@@ -1,6 +1,7 @@
 #include "measurement/charts/HeightCharts.h"
 
 #include "common/NumberText.h"
+#include "measurement/charts/detail/ChartFrame.h"
 #include "measurement/charts/Plot.h"
 
 #include <algorithm>
@@ -16,12 +17,6 @@ using Analysis::SCore;
 namespace
 {
 
-constexpr double c_width = 640;
-constexpr double c_height = 380;
-constexpr double c_top = 30;
-constexpr double c_bottom = c_height - 42;
-constexpr double c_right = c_width - 16;
-constexpr double c_markRoom = 10;
 constexpr double c_bracketRoom = 19; // between the curve and the values to its right
 
 double LeftOf(const SAxis& axis)

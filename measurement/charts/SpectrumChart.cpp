@@ -1,6 +1,7 @@
 #include "measurement/charts/SpectrumChart.h"
 
 #include "common/Unit.h"
+#include "measurement/charts/detail/ChartFrame.h"
 #include "measurement/charts/Plot.h"
 
 #include <algorithm>
@@ -14,12 +15,6 @@ using Analysis::SSpectrumPoint;
 namespace
 {
 
-constexpr double c_width = 640;
-constexpr double c_height = 380;
-constexpr double c_top = 30;
-constexpr double c_bottom = c_height - 42;
-constexpr double c_right = c_width - 16;
-constexpr double c_markRoom = 10;
 constexpr double c_depth = 1e-12; // of the greatest power; below is rounding
 
 } // namespace
