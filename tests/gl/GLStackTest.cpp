@@ -7,7 +7,6 @@
 
 #include <functional>
 #include <map>
-#include <regex>
 #include <stdexcept>
 
 using namespace CommonUI;
@@ -86,13 +85,19 @@ public:
     }
 
 private:
+    static std::string TakePart(const std::string& line, const std::string& label, char end)
+    {
+        const std::size_t start = line.find(label);
+        if (start == std::string::npos)
+            return "nothing";
+        const std::size_t first = start + label.size();
+        return line.substr(first, line.find(end, first) - first);
+    }
     static std::string TellLine(const std::string& line)
     {
-        static const std::regex s_report(
-            ": Operation: (.*)\nOpenGL error: (.*)\n[^]*\\(Function: (.*)\\) \\(File: GLStack\\)\n");
-        std::smatch parts;
-        if (std::regex_match(line, parts, s_report))
-            return " (" + parts.str(3) + ": " + parts.str(1) + ": " + parts.str(2) + ')';
+        if (line.starts_with(": Operation: ") && line.ends_with(") (File: GLStack)\n"))
+            return " (" + TakePart(line, "(Function: ", ')') + ": " + TakePart(line, ": Operation: ", '\n') +
+                   ": " + TakePart(line, "\nOpenGL error: ", '\n') + ')';
         if (line.starts_with("3DStack: "))
             return " (" + line.substr(9, line.size() - 10) + ')';
         return line.starts_with("MessageBox: ") ? " box" : "";
