@@ -71,16 +71,14 @@ CStr DescribeLimit(const SGrainLimit& limit)
     return limit.rule.IsEmpty() ? text : text + u", " + limit.rule;
 }
 
-CStr DescribeLeftOut(const Analysis::SSurface& surface, const SGrainLimit& limit, std::size_t counted)
+CStr DescribeLeftOut(std::size_t leftOut, const Analysis::SGrainSelection& selection)
 {
-    const std::size_t all = Analysis::FindGrains(surface, limit.threshold, limit.kind).count;
-    CStr text = CStr::Format(u"%d", all - counted);
+    CStr text = CStr::Format(u"%d", leftOut);
     CStr separator = u" (";
     const auto add = [&](const CStr& reason) {
         text += separator + reason;
         separator = u", ";
     };
-    const Analysis::SGrainSelection& selection = limit.selection;
     if (selection.minimumPoints > 1)
         add(CStr::Format(u"of fewer than %d points", selection.minimumPoints));
     if (selection.minimumArea > 0)

@@ -25,8 +25,6 @@ COMMONUIMEASUREMENT_API SGrainLimit FindGrainLimit(const SMethod& method, const 
 COMMONUIMEASUREMENT_API CStr DescribeLimit(const SGrainLimit& limit);
 
 /// How many grains do not count, and why: "3 (of fewer than 5 points, cut off by the border)".
-/// @param counted how many do
-COMMONUIMEASUREMENT_API CStr DescribeLeftOut(const Analysis::SSurface& surface, const SGrainLimit& limit,
-                                             std::size_t counted);
+COMMONUIMEASUREMENT_API CStr DescribeLeftOut(std::size_t leftOut, const Analysis::SGrainSelection& selection);
 
 } // namespace CommonUI::Measurement

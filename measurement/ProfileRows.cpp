@@ -82,8 +82,14 @@ CPartValues CProfileRows::Compute(const SPart& part) const
 
 std::string_view CProfileRows::Explain(std::size_t column, std::size_t line) const
 {
-    return Analysis::ExplainProfile(AnalysisKey(m_parameters[column]), m_surface.GetLine(line), m_surface.dx,
-                                    m_method);
+    const CParameter& parameter = m_parameters[column];
+    const std::string key = AnalysisKey(parameter);
+    if (parameter.HasParent()) {
+        const std::string_view reason = Analysis::ExplainTemplate(key, VariableValues(parameter));
+        if (!reason.empty())
+            return reason;
+    }
+    return Analysis::ExplainProfile(key, m_surface.GetLine(line), m_surface.dx, m_method);
 }
 
 } // namespace CommonUI::Measurement

@@ -33,6 +33,7 @@ public:
     /// Pieces of HTML for the page, which stand behind the summary; see MakePictures.
     void SetPictures(std::vector<std::string> pictures) { m_pictures = std::move(pictures); }
 
+    const SResults& GetResults() const noexcept { return m_results; }
     /// What was measured and how.
     const CGridBaseOutputCtrl& GetSummary() const noexcept { return m_summary; }
     /// A row for each parameter of the surface.

@@ -145,6 +145,11 @@ std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices
         parameters, valuesOf, input.surface.IsProfile() ? choices.automaticRowUnits : choices.automaticUnits);
     for (SColumn& column : columns) {
         const std::string key = AnalysisKey(column.parameter);
+        if (column.parameter.HasParent()) {
+            const auto reason = Analysis::ExplainTemplate(key, VariableValues(column.parameter));
+            for (std::size_t i = 0; i < surfaces.size() && !reason.empty(); ++i)
+                column.exceptions.push_back({i, NotApplicable(reason)});
+        }
         for (std::size_t i = 0; i < computed.size(); ++i) {
             const auto found = std::ranges::find(computed[i], key, &SValue::key);
             if (found != computed[i].end() && std::isnan(column.values[i]))
@@ -264,9 +269,14 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
 
 SResults GrainResults(const SInput& input, const SChoices& choices, const SGrainLimit& limit)
 {
+    const SSurface& surface = input.surface;
     const bool pores = limit.kind == EGrainKind::Pore;
-    Analysis::SGrains grains = Analysis::MeasureGrains(input.surface, limit.threshold, limit.kind,
-                                                       CKeys(choices.rows).Get(), limit.selection);
+    auto found = std::make_shared<SFoundGrains>(
+        SFoundGrains{limit, Analysis::FindGrains(surface, limit.threshold, limit.kind)});
+    const std::size_t all = found->map.count;
+    SelectGrains(found->map, limit.selection, surface.dx * surface.dy);
+    Analysis::SGrains grains =
+        Analysis::MeasureGrains(surface, limit.threshold, limit.kind, CKeys(choices.rows).Get(), found->map);
     const auto valuesOf = [&grains](const CParameter& parameter) {
         return TakeValues(grains.columns, AnalysisKey(parameter));
     };
@@ -278,11 +288,12 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
     const CParameter::SFormatSpecifier format;
     results.summary.emplace_back(label(EMeasureSummaryItems::GrainSettings), DescribeLimit(limit));
     if (!limit.selection.IsAll())
-        results.summary.emplace_back(u"Left out", DescribeLeftOut(input.surface, limit, grains.count));
+        results.summary.emplace_back(u"Left out", DescribeLeftOut(all - grains.count, limit.selection));
     results.summary.emplace_back(label(EMeasureSummaryItems::SegmentCount),
                                  CStr::Format(u"%d", grains.count));
     results.summary.emplace_back(label(EMeasureSummaryItems::Coverage),
                                  FormatParameterValue(grains.coverage, format) + u" %");
+    results.grains = std::move(found);
     results.rowName = pores ? u"Pore" : u"Particle";
     results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticRowUnits);
     results.columnsAtOnce = results.columns.size();

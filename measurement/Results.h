@@ -8,12 +8,19 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace CommonUI::Measurement
 {
+
+/// The grains that were measured.
+struct SFoundGrains {
+    SGrainLimit limit{};
+    Analysis::SGrainMap map{}; ///< without those that do not count
+};
 
 /// What the analysis of a surface has come to.
 struct SResults {
@@ -34,6 +41,7 @@ struct SResults {
     FComputePart computePart{};
     /// How many columns of all rows may be computed at once without much room.
     std::size_t columnsAtOnce = 0;
+    std::shared_ptr<const SFoundGrains> grains{}; ///< null where the roughness was measured
 
     /// Says why the value of a column is not defined in a row. It refers to the surface that was analysed.
     std::function<std::string_view(std::size_t column, std::size_t row)> explain{};

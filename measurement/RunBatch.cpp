@@ -153,10 +153,7 @@ private:
             for (const EMeasureParameters quantity : quantities)
                 request.keys.push_back(GetMeasureParametersEnum().GetIniName(static_cast<int>(quantity)));
         }
-        SChoices choices = MakeChoices(m_manager, request);
-        if (grains)
-            choices.method.grains = FindGrainLimit(choices.method, m_input.surface);
-        return choices;
+        return MakeChoices(m_manager, request);
     }
 
     SInput& m_input;

@@ -6,6 +6,7 @@
 #include "analysis/areal/HeightParameters.h"
 #include "analysis/areal/MaterialRatio.h"
 #include "analysis/feature/FeatureParameters.h"
+#include "analysis/numeric/detail/Parallel.h"
 
 #include <algorithm>
 #include <cmath>
@@ -103,7 +104,7 @@ SStages ComputeStages(const SSurface& surface, const std::vector<const SRow*>& r
     // Sorting the heights takes a while.
     std::future<void> sorted;
     if (isNeeded(MaterialRatio))
-        sorted = std::async([&] {
+        sorted = ComputeBeside([&] {
             stages.curve.emplace(surface.heights);
             stages.core = stages.curve->ComputeCore();
         });

@@ -72,17 +72,24 @@ constexpr SFormula c_line[] = {
     {{"4287Pmr2", PrimaryProfile}, 2, 1, GetRatioBelow},
 };
 
+// Why the values do not suit a formula; empty if they do.
+std::string_view FindFault(const SFormula& formula, CInputs values)
+{
+    if (formula.count != values.size())
+        return "the number of inputs is not its own";
+    if (std::any_of(values.begin(), values.end(), [](double v) { return std::isnan(v); }))
+        return "an input is no number";
+    const auto percents = values.first(formula.percents);
+    return std::all_of(percents.begin(), percents.end(), [](double v) { return v >= 0 && v <= 100; })
+               ? ""
+               : "a material ratio lies outside 0 to 100 %";
+}
+
 // Null if there is none of this key or the values do not suit it.
 const SFormula* FindFormula(std::span<const SFormula> formulas, std::string_view key, CInputs values)
 {
     const auto found = std::ranges::find(formulas, key, &SFormula::key);
-    if (found == formulas.end() || found->count != values.size())
-        return nullptr;
-    const auto percents = values.first(found->percents);
-    const bool isSuited =
-        std::none_of(values.begin(), values.end(), [](double v) { return std::isnan(v); }) &&
-        std::all_of(percents.begin(), percents.end(), [](double v) { return v >= 0 && v <= 100; });
-    return isSuited ? &*found : nullptr;
+    return found == formulas.end() || !FindFault(*found, values).empty() ? nullptr : &*found;
 }
 
 double Compute(const SFormula& formula, std::span<const double> heights, double mean, CInputs values)
@@ -118,6 +125,16 @@ std::vector<SQuantity> GetTemplates()
 std::vector<SQuantity> GetLineTemplates()
 {
     return {std::begin(c_line), std::end(c_line)};
+}
+
+std::string_view ExplainTemplate(std::string_view key, std::span<const double> values)
+{
+    for (const std::span<const SFormula> formulas : {std::span<const SFormula>(c_areal), {c_line}}) {
+        const auto found = std::ranges::find(formulas, key, &SFormula::key);
+        if (found != formulas.end())
+            return FindFault(*found, values);
+    }
+    return {};
 }
 
 double ComputeTemplate(const SSurface& surface, std::string_view key, std::span<const double> values)

@@ -45,6 +45,10 @@ COMMONUIANALYSIS_API std::vector<double> ComputeLineTemplates(const SSurface& su
                                                               std::span<const double> values,
                                                               std::optional<double> cutoff = std::nullopt);
 
+/// Why a parameter of either kind has no value whatever the surface: a clause such as "a material ratio lies
+/// outside 0 to 100 %"; empty where the inputs are not at fault. @return a string literal
+COMMONUIANALYSIS_API std::string_view ExplainTemplate(std::string_view key, std::span<const double> values);
+
 /// The keys that ComputeTemplate knows, and those of ComputeLineTemplates.
 COMMONUIANALYSIS_API std::vector<SQuantity> GetTemplates();
 COMMONUIANALYSIS_API std::vector<SQuantity> GetLineTemplates();

@@ -2,6 +2,7 @@
 
 #include "analysis/areal/HeightParameters.h"
 #include "analysis/feature/Features.h"
+#include "analysis/numeric/detail/Parallel.h"
 
 #include <algorithm>
 #include <cmath>
@@ -88,7 +89,7 @@ std::vector<SValue> ComputeFeatureParameters(const SSurface& surface)
     const SHeightParameters heights = ComputeHeightParameters(surface.heights);
     const double leastExtent = c_leastShare * (heights.highest - heights.lowest);
     const auto find = [&](EFeature kind) { return FindFeatures(surface, kind, leastExtent); };
-    std::future<SFeatures> findHills = std::async(find, EFeature::Hill);
+    std::future<SFeatures> findHills = ComputeBeside([&find] { return find(EFeature::Hill); });
     const SFeatures dales = find(EFeature::Dale);
     const SFeatures hills = findHills.get();
     const std::vector<SFeature> peaks = SelectInside(hills);

@@ -133,7 +133,7 @@ void ShareOut(const SGrainPoints& points, std::size_t count, const FWork& work)
         const std::size_t target = points.points.size() * i / threads;
         const auto end = static_cast<std::size_t>(
             std::lower_bound(begin, begin + static_cast<std::ptrdiff_t>(count), target) - begin);
-        shares.push_back(std::async(work, first, end));
+        shares.push_back(ComputeBeside([&work, first, end] { work(first, end); }));
         first = end;
     }
     for (auto& share : shares)
@@ -163,10 +163,14 @@ SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind
 }
 
 SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind,
-                      std::span<const std::string_view> keys, const SGrainSelection& selection)
+                      std::span<const std::string_view> keys)
 {
-    SGrainMap map = FindGrains(surface, threshold, kind);
-    SelectGrains(map, selection, surface.dx * surface.dy);
+    return MeasureGrains(surface, threshold, kind, keys, FindGrains(surface, threshold, kind));
+}
+
+SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind,
+                      std::span<const std::string_view> keys, const SGrainMap& map)
+{
     const SGrainPoints points(map);
     const CMeasurer measurer(surface, threshold, kind, map, points,
                              IsAmong(c_skeletonKey, keys) ? MeasureSkeletons(map, surface.dx, surface.dy)

@@ -42,10 +42,14 @@ COMMONUIANALYSIS_API SGrains MeasureGrains(const SSurface& surface, double thres
 
 /// Likewise, for some columns.
 /// @param keys which columns are wanted, in any order; others than those of GetGrainKeys are ignored
-/// @param selection which grains count; the others are neither measured nor neighbours
 COMMONUIANALYSIS_API SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind,
-                                           std::span<const std::string_view> keys,
-                                           const SGrainSelection& selection = {});
+                                           std::span<const std::string_view> keys);
+
+/// Likewise, of grains that have been found.
+/// @param map of FindGrains for the same surface, threshold and kind; grains that SelectGrains has left out
+///     are neither measured nor neighbours
+COMMONUIANALYSIS_API SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind,
+                                           std::span<const std::string_view> keys, const SGrainMap& map);
 
 /// Statistics of a column: those of ComputeStatistics, then Mode, MeanWeightArea, SDWeightArea,
 /// MeanWeightVolume and SDWeightVolume.

@@ -67,26 +67,23 @@ std::string MapFigure(const SSurface& surface, const CStr& caption, const Analys
     return Figure(svg.empty() ? u"No map: the program is built without libpng" : caption, svg);
 }
 
-CStr GrainCaption(const Analysis::SGrainMap& map, const SGrainLimit& limit)
+CStr GrainCaption(const SFoundGrains& grains)
 {
-    return CStr::Format(u"%u ", map.count) + DescribeLimit(limit) + u"; numbers of the largest";
+    return CStr::Format(u"%u ", grains.map.count) + DescribeLimit(grains.limit) + u"; numbers of the largest";
 }
 
 } // namespace
 
-std::vector<std::string> MakePictures(const SInput& input, const SMethod& method)
+std::vector<std::string> MakePictures(const SInput& input, const SMethod& method, const SResults& results)
 {
     const SSurface& surface = input.surface;
     std::vector<std::string> pictures{GetChartStyle() + "<div class=\"charts\">\n"};
     if (Analysis::FindRange(surface.heights).count == 0) {
         pictures.push_back(Figure(u"No pictures: the surface has no valid point", {}));
-    } else if (method.grains) {
-        Analysis::SGrainMap map =
-            Analysis::FindGrains(surface, method.grains->threshold, method.grains->kind);
-        SelectGrains(map, method.grains->selection, surface.dx * surface.dy);
-        pictures.push_back(MapFigure(surface, GrainCaption(map, *method.grains), &map));
+    } else if (const SFoundGrains* const grains = results.grains.get()) {
+        pictures.push_back(MapFigure(surface, GrainCaption(*grains), &grains->map));
         pictures.push_back(
-            Figure(u"Heights", DrawHistogram(CMaterialRatio(surface.heights), method.grains->threshold)));
+            Figure(u"Heights", DrawHistogram(CMaterialRatio(surface.heights), grains->limit.threshold)));
     } else {
         if (!surface.IsProfile())
             pictures.push_back(MapFigure(surface, u"Surface", nullptr));

@@ -196,7 +196,7 @@ private:
     {
         Measurement::CReportTables tables(std::move(results), false);
         if (m_options.hasPictures)
-            tables.SetPictures(MakePictures(input, m_choices.method));
+            tables.SetPictures(MakePictures(input, m_choices.method, tables.GetResults()));
         const std::scoped_lock lock(m_writing);
         const fs::path wanted = m_options.output / file.report;
         fs::create_directories(wanted.parent_path());

@@ -180,7 +180,7 @@ Measurement::SChoices RunSteps(const SPlan& plan, const SOptions& options,
         const fs::path path = options.output / NameReport(made.step, made.name);
         Measurement::CReportTables tables(std::move(made.results), options.transpose);
         if (options.hasPictures && made.layout)
-            tables.SetPictures(MakePictures(made.input, made.choices.method));
+            tables.SetPictures(MakePictures(made.input, made.choices.method, tables.GetResults()));
         files.AddReport(path, tables);
     };
     auto outcome = RunBatch(*plan.batch, input, plan.request, preferences.GetManager(), report);
@@ -209,12 +209,10 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
         COutputFiles files;
         if (plan.batch)
             choices = RunSteps(plan, options, preferences, input, files, err);
-        if (choices.method.MeasuresGrains())
-            choices.method.grains = FindGrainLimit(choices.method, input.surface);
         Measurement::CReportTables report(
             ForOption("--cutoff", [&] { return ComputeResults(input, choices); }), options.transpose);
         if (options.hasPictures)
-            report.SetPictures(MakePictures(input, choices.method));
+            report.SetPictures(MakePictures(input, choices.method, report.GetResults()));
         WriteAll(report, input.surface, options, preferences, files);
         folder.Keep();
         Print(TerminalText(report), out);

@@ -2,6 +2,7 @@
 
 #include "tests/analysis/TestProfiles.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace CommonUI::Analysis;
@@ -36,8 +37,14 @@ TEST(TemplateParameters, OfARamp)
         {"Sa", {10}, c_nan},   {"Rmr", {0}, c_nan},       {"", {}, c_nan},
     };
     SSurface surface = MakeRamp(1);
-    for (const SRow& row : rows)
+    const auto isTemplate = [](const SRow& row) {
+        return std::ranges::count(GetTemplates(), row.key, &SQuantity::key) > 0;
+    };
+    for (const SRow& row : rows) {
         ExpectValues({{row.key, ComputeTemplate(surface, row.key, row.values)}}, {{row.key, row.expected}});
+        EXPECT_EQ(isTemplate(row) && std::isnan(row.expected), ExplainTemplate(row.key, row.values) != "")
+            << row.key;
+    }
     surface.heights.assign(1001, c_missing);
     EXPECT_TRUE(std::isnan(ComputeTemplate(surface, "Smr", std::vector{0.0})));
 }

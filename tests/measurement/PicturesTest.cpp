@@ -39,7 +39,11 @@ std::string PageOf(SSurface surface, const SMethod& method = {})
     surface.missing = static_cast<std::size_t>(
         std::ranges::count_if(surface.heights, [](double height) { return std::isnan(height); }));
     std::string page;
-    for (const std::string& piece : MakePictures({.surface = std::move(surface)}, method))
+    SResults results;
+    if (method.grains)
+        results.grains = std::make_shared<SFoundGrains>(
+            SFoundGrains{*method.grains, FindGrains(surface, method.grains->threshold, method.grains->kind)});
+    for (const std::string& piece : MakePictures({.surface = std::move(surface)}, method, results))
         page += piece;
     return page;
 }
