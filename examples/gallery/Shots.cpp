@@ -100,8 +100,10 @@ bool WriteShots(const QString& folder)
     return written;
 }
 
-bool WriteShotsAtAllScales(const QString& folder)
+bool WriteShotsAtAllScales()
 {
+    const QStringList arguments = QCoreApplication::arguments().mid(1)
+                                  << QLatin1String("--") + QLatin1String(c_atThisScale);
     bool written = true;
     for (const char* const scale : {"1", "2"}) {
         QProcess program;
@@ -109,8 +111,7 @@ bool WriteShotsAtAllScales(const QString& folder)
         environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::fromUtf8(scale));
         program.setProcessEnvironment(environment);
         program.setProcessChannelMode(QProcess::ForwardedChannels);
-        program.start(QCoreApplication::applicationFilePath(),
-                      {QStringLiteral("--shots-at-this-scale"), folder});
+        program.start(QCoreApplication::applicationFilePath(), arguments);
         program.waitForFinished(-1);
         written = program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0 && written;
     }
