@@ -26,7 +26,7 @@ COMMONDLL_API const SLanguage* FindLanguage(std::string_view tag);
 
 /// Installs the texts of the language that FindLanguage gives, or the English ones where it gives none. Call
 /// it before anything of the library is used; of several calls the last one counts. Who never calls it has
-/// English texts and pays nothing for the others. Any thread may call.
+/// English texts, and of the others no more than the room that they take in the library. Any thread may call.
 /// @return false for a language that is not built in, and, without a change, once a text has been asked for
 COMMONDLL_API bool UseLanguage(std::string_view tag);
 
