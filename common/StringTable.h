@@ -29,4 +29,7 @@ COMMONDLL_API bool ReplaceStringTable(std::span<const SStringTableRow> rows);
 /// The built-in English texts in rising order of their ids: what a translator starts from.
 COMMONDLL_API std::span<const SStringTableRow> GetEnglishStringTable();
 
+/// The built-in German texts, in the order of the English ones. UseLanguage of Language.h installs them.
+COMMONDLL_API std::span<const SStringTableRow> GetGermanStringTable();
+
 } // namespace CommonUI

@@ -5,13 +5,18 @@
 #include "examples/gallery/Palettes.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
+#include <QLabel>
 #include <QPainter>
 #include <QPixmap>
 #include <QProcess>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTimer>
 
 #include <cstdio>
+#include <typeindex>
 
 namespace Gallery
 {
@@ -40,8 +45,41 @@ void DrawTitleBar(QPainter& painter, const QRect& place, const QWidget& dialog)
     painter.drawText(bar, Qt::AlignCenter, dialog.windowTitle());
 }
 
+// Whether a label or a button has less room than its text needs; those that draw themselves know what they
+// do.
+bool IsCutOff(const QWidget& widget)
+{
+    const std::type_index type(typeid(widget));
+    if (type != typeid(QLabel) && type != typeid(QPushButton) && type != typeid(QCheckBox) &&
+        type != typeid(QRadioButton))
+        return false;
+    const auto* const label = qobject_cast<const QLabel*>(&widget);
+    if (label && label->wordWrap())
+        return label->heightForWidth(label->width()) > label->height();
+    const QString text = widget.property("text").toString();
+    const QSize needed = widget.fontMetrics().size(Qt::TextShowMnemonic, text);
+    return !Qt::mightBeRichText(text) && needed.boundedTo(widget.contentsRect().size()) != needed;
+}
+
+// Tells which texts on the screen are cut off.
+bool HaveTextsRoom()
+{
+    bool room = true;
+    for (const QWidget* const widget : QApplication::allWidgets())
+        if (widget->isVisible() && IsCutOff(*widget)) {
+            std::fprintf(stderr, "cut off: %s\n", qPrintable(widget->property("text").toString()));
+            room = false;
+        }
+    return room;
+}
+
+struct SShot {
+    QPixmap picture;
+    bool complete = false;
+};
+
 // The window with what lies over it: pop-ups and dialogs are windows of their own.
-QPixmap Grab(QWidget& window)
+SShot Grab(QWidget& window)
 {
     QPixmap picture = window.grab();
     QPainter painter(&picture);
@@ -52,18 +90,19 @@ QPixmap Grab(QWidget& window)
             if (other->windowType() == Qt::Dialog)
                 DrawTitleBar(painter, place, *other);
         }
-    return picture;
+    painter.end();
+    return {picture, HaveTextsRoom()};
 }
 
-QPixmap GrabWhileOpen(QWidget& window, void (*open)())
+SShot GrabWhileOpen(QWidget& window, void (*open)())
 {
-    QPixmap picture;
+    SShot shot;
     QTimer::singleShot(0, &window, [&] {
-        picture = Grab(window);
+        shot = Grab(window);
         QApplication::activeModalWidget()->close();
     });
     open();
-    return picture;
+    return shot;
 }
 
 bool WritePage(const SPage& page, int index, const QString& folder, bool dark)
@@ -77,14 +116,14 @@ bool WritePage(const SPage& page, int index, const QString& folder, bool dark)
     if (page.stage)
         page.stage(window.GetPage(index));
     QCoreApplication::processEvents();
-    const QPixmap picture = page.open ? GrabWhileOpen(window, page.open) : Grab(window);
+    const auto [picture, complete] = page.open ? GrabWhileOpen(window, page.open) : Grab(window);
     const QString path =
         QStringLiteral("%1/%2-%3-%4.png")
             .arg(folder, QString::fromUtf8(page.key), dark ? QStringLiteral("dark") : QStringLiteral("light"))
             .arg(qRound(picture.devicePixelRatio() * 100));
     const bool written = picture.save(path);
     std::fprintf(written ? stdout : stderr, written ? "%s\n" : "cannot write %s\n", qPrintable(path));
-    return written;
+    return written && complete;
 }
 
 } // namespace
@@ -100,8 +139,10 @@ bool WriteShots(const QString& folder)
     return written;
 }
 
-bool WriteShotsAtAllScales(const QString& folder)
+bool WriteShotsAtAllScales()
 {
+    const QStringList arguments = QCoreApplication::arguments().mid(1)
+                                  << QLatin1String("--") + QLatin1String(c_atThisScale);
     bool written = true;
     for (const char* const scale : {"1", "2"}) {
         QProcess program;
@@ -109,8 +150,7 @@ bool WriteShotsAtAllScales(const QString& folder)
         environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::fromUtf8(scale));
         program.setProcessEnvironment(environment);
         program.setProcessChannelMode(QProcess::ForwardedChannels);
-        program.start(QCoreApplication::applicationFilePath(),
-                      {QStringLiteral("--shots-at-this-scale"), folder});
+        program.start(QCoreApplication::applicationFilePath(), arguments);
         program.waitForFinished(-1);
         written = program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0 && written;
     }

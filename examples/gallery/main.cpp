@@ -1,12 +1,16 @@
-// The controls of the library, alive. gallery [--shots FOLDER]: without argument a window, with it pictures
-// of all pages.
+// The controls of the library, alive. gallery [--language TAG] [--shots FOLDER]: a window, or pictures of all
+// pages. What the pages themselves say is English.
 
+#include "common/Language.h"
 #include "examples/gallery/GalleryWindow.h"
 #include "examples/gallery/Shots.h"
 #include "platform/HelpService.h"
 #include "qt/services/QtServices.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
+#include <QLibraryInfo>
+#include <QTranslator>
 
 namespace
 {
@@ -30,6 +34,26 @@ private:
     Gallery::CGalleryWindow& m_window;
 };
 
+// The texts of the library, and Qt's own ones, such as those of message boxes, where they are installed.
+bool UseLanguage(const QString& tag, QTranslator& qtTexts)
+{
+    if (!CommonUI::UseLanguage(tag.toStdString()))
+        return false;
+    if (qtTexts.load(QLocale(tag), QStringLiteral("qtbase"), QStringLiteral("_"),
+                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&qtTexts);
+    return true;
+}
+
+int ShowWindow()
+{
+    Gallery::CGalleryWindow window;
+    CHelpInLog help(window);
+    const CommonUI::CServiceScope<CommonUI::CHelpService> helpScope(help);
+    window.show();
+    return QApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -37,20 +61,26 @@ int main(int argc, char** argv)
     QApplication::setStyle(QStringLiteral("Fusion"));
     const QApplication application(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("Gallery"));
-    const CommonUI::CQtServices services;
 
-    const QStringList arguments = QApplication::arguments();
-    if (arguments.size() == 3 && arguments[1] == QLatin1String("--shots"))
-        return Gallery::WriteShotsAtAllScales(arguments[2]) ? 0 : 1;
-    if (arguments.size() == 3 && arguments[1] == QLatin1String("--shots-at-this-scale"))
-        return Gallery::WriteShots(arguments[2]) ? 0 : 1;
-    if (arguments.size() > 1) {
-        qCritical("usage: gallery [--shots FOLDER]");
+    const QCommandLineOption language(QStringLiteral("language"), QStringLiteral("texts in en or de"),
+                                      QStringLiteral("tag"), QStringLiteral("en"));
+    const QCommandLineOption shots(QStringLiteral("shots"), QStringLiteral("pictures instead of a window"),
+                                   QStringLiteral("folder"));
+    const QCommandLineOption atThisScale(QString::fromLatin1(Gallery::c_atThisScale));
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    parser.addOptions({language, shots, atThisScale});
+    parser.process(application);
+
+    QTranslator qtTexts;
+    if (!UseLanguage(parser.value(language), qtTexts)) {
+        qCritical("gallery: no texts in the language %s", qPrintable(parser.value(language)));
         return 2;
     }
-    Gallery::CGalleryWindow window;
-    CHelpInLog help(window);
-    const CommonUI::CServiceScope<CommonUI::CHelpService> helpScope(help);
-    window.show();
-    return QApplication::exec();
+    const CommonUI::CQtServices services;
+    if (!parser.isSet(shots))
+        return ShowWindow();
+    const bool written = parser.isSet(atThisScale) ? Gallery::WriteShots(parser.value(shots))
+                                                   : Gallery::WriteShotsAtAllScales();
+    return written ? 0 : 1;
 }
