@@ -33,12 +33,15 @@ public:
     /// Pieces of HTML for the page, which stand behind the summary; see MakePictures.
     void SetPictures(std::vector<std::string> pictures) { m_pictures = std::move(pictures); }
 
+    const SResults& GetResults() const noexcept { return m_results; }
     /// What was measured and how.
     const CGridBaseOutputCtrl& GetSummary() const noexcept { return m_summary; }
     /// A row for each parameter of the surface.
     const CGridBaseOutputCtrl& GetSurface() const noexcept { return m_surface; }
     /// A row with the units, and one for each profile or grain if these are no more than c_mostRows.
     const CGridBaseOutputCtrl& GetRows() const noexcept { return m_rows; }
+    /// Likewise with the rows from `first` to `last` alone, the latter not included, however many there are.
+    CGridBaseOutputCtrl MakeRows(std::size_t first, std::size_t last) const;
     /// A row for each statistic of those.
     const CGridBaseOutputCtrl& GetStatistics() const noexcept { return m_statistics; }
     /// Why cells of the surface's table are empty.
