@@ -32,13 +32,10 @@ constexpr double c_footer = 0.25; // inches, with the number of the page
 constexpr double c_widestPicture = 6.3;
 constexpr double c_gap = 0.12; // between pictures that stand side by side
 
-// The text with characters that XML has.
+// The generator ends a text at a null character, and takes a tabulator for what it is.
 librevenge::RVNGString TextOf(const CStr& text)
 {
-    std::u16string plain = ReplaceControls(text.View(), u' ');
-    std::ranges::replace_if(
-        plain, [](char16_t unit) { return unit >= 0xFFFE; }, u'\xFFFD');
-    return CStr(plain).ToUtf8().c_str();
+    return CStr(ReplaceControls(text.View(), u' ')).ToUtf8().c_str();
 }
 
 // Makes XML of what the generator says. Pictures, whose bytes it would write into the text, become links to
@@ -139,6 +136,8 @@ struct COdtDocument::SState {
         : write(writeTo)
         , columns(page.columns)
         , textWidth((page.isLandscape ? c_paperHeight : c_paperWidth) - 2 * page.margin / c_millimetres)
+        , highestPicture(
+              ((page.isLandscape ? c_paperWidth : c_paperHeight) - 2 * page.margin / c_millimetres) / 2)
     {
         generator.addDocumentHandler(&content, ODF_CONTENT_XML);
         generator.addDocumentHandler(&styles, ODF_STYLES_XML);
@@ -345,7 +344,7 @@ struct COdtDocument::SState {
         if (picture.svg.empty())
             return;
         SStandaloneSvg svg = MakeStandaloneSvg(picture.svg);
-        const double width = std::min(room, c_widestPicture);
+        const double width = std::min({room, c_widestPicture, highestPicture * svg.width / svg.height});
         generator.openParagraph(ParagraphOf(0, 0.08));
         CProperties frame;
         frame.insert("text:anchor-type", "as-char");
@@ -393,7 +392,8 @@ struct COdtDocument::SState {
 
     const FWriteText& write;
     int columns;
-    double textWidth; // inches
+    double textWidth;      // inches
+    double highestPicture; // inches, half of the page
     CXml content{};
     CXml styles{};
     CXml meta{};

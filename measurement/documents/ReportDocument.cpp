@@ -200,6 +200,13 @@ private:
         Add(facts);
     }
 
+    // How many of a line the page has room for, in the font of tables.
+    double GetCharacters() const
+    {
+        constexpr double c_each = 1.88; // mm
+        const double width = m_layout.orientation == EReportOrientation::Landscape ? 297 : 210;
+        return std::max(20.0, (width - 2 * m_layout.margin) / c_each);
+    }
     // A table of more rows than a page has starts on a new one.
     void AddTable(const CStr& heading, const CGrid::CCells& cells, const std::vector<CStr>& notes)
     {
@@ -207,8 +214,7 @@ private:
         if (cells.size() > c_longTable && !m_isAtTop)
             Add(SPageBreak());
         Add(SHeading{heading});
-        const double most = m_layout.orientation == EReportOrientation::Landscape ? 135 : 90;
-        std::vector<CGrid::CCells> parts = SplitColumns(cells, most);
+        std::vector<CGrid::CCells> parts = SplitColumns(cells, GetCharacters());
         for (std::size_t i = 0; i < parts.size(); ++i)
             Add(SDocumentTable{std::move(parts[i]), i + 1 == parts.size() ? notes : std::vector<CStr>()});
     }
@@ -284,7 +290,7 @@ private:
         const auto index =
             found == results.columns.end() ? 0 : static_cast<std::size_t>(found - results.columns.begin());
         const SColumn& column = results.columns[index];
-        AddChart(RoughnessChart, column.parameter.GetFriendlyString() + u" of each profile",
+        AddChart(RoughnessChart, column.parameter.GetFriendlyString() + u", over the profiles",
                  DrawValuesOverRows(column,
                                     results.GetValues({index, index + 1, 0, results.rowCount}).front(),
                                     InSentence(results.rowName)),

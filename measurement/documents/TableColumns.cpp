@@ -52,7 +52,11 @@ std::vector<double> GetColumnLengths(const CGrid::CCells& cells)
 
 std::vector<CGrid::CCells> SplitColumns(CGrid::CCells cells, double most)
 {
-    const std::vector<SColumnRange> ranges = FindParts(GetColumnLengths(cells), most);
+    const std::vector<double> lengths = GetColumnLengths(cells);
+    std::vector<SColumnRange> ranges = FindParts(lengths, most);
+    // As many parts as it takes, of about the same width.
+    for (auto next = ranges; next.size() == ranges.size() && most > 0; next = FindParts(lengths, --most))
+        ranges = next;
     std::vector<CGrid::CCells> parts;
     if (ranges.size() < 2) {
         parts.push_back(std::move(cells));

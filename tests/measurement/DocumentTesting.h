@@ -74,8 +74,8 @@ inline std::vector<EReportBlock> AllBlocks()
 
 /// A name that is trouble for whoever writes it as it is.
 inline const CStr c_hostileName =
-    std::u16string(u"<b>\"A&B\"</b>\x01\t\x1B[31m ]]> \xD800 \xDC00 \xFFFF 'ä'  \x7F.");
+    std::u16string(u"<b>\"A&B\"</b>\x01\t\x1B[31m ]]> \xD800 \xDC00 \xFFFF 'ä'  \x7F") + u'\0' + u'.';
 /// What remains of it.
-inline const CStr c_plainName = u"<b>\"A&B\"</b>   [31m ]]> � � � 'ä'   .";
+inline const CStr c_plainName = u"<b>\"A&B\"</b>   [31m ]]> � � � 'ä'    .";
 
 } // namespace CommonUI::Measurement

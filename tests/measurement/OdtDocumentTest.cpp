@@ -146,8 +146,9 @@ TEST(OdtDocument, TextsOfAFileStayTexts)
 TEST(OdtDocument, BuildWithoutItSaysSo)
 {
     using namespace CommonUI::Measurement;
-    if (!HasOdt())
+    if (!HasOdt()) {
         EXPECT_THROW(COdtDocument({}, {}), ERequest);
+    }
 }
 
 #endif
