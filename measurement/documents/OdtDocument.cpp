@@ -38,11 +38,23 @@ librevenge::RVNGString TextOf(const CStr& text)
     return CStr(ReplaceControls(text.View(), u' ')).ToUtf8().c_str();
 }
 
+// A picture as a file of the package.
+struct SPackagePicture {
+    CStr caption; // for those who do not see it
+    std::string svg;
+};
+
 // Makes XML of what the generator says. Pictures, whose bytes it would write into the text, become links to
 // files of the package.
 class CXml : public OdfDocumentHandler
 {
 public:
+    // @param pictures those of the document, in their order, when the generator ends it
+    explicit CXml(const std::vector<SPackagePicture>& pictures)
+        : m_pictures(pictures)
+    {
+    }
+
     const std::string& GetText() const { return m_text; }
 
     void startDocument() override { m_text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"; }
@@ -61,7 +73,7 @@ public:
                                                  : property()->getStr().cstr());
         }
         if (std::string_view(name) == "draw:image" && !properties["xlink:href"]) {
-            AddAttribute("xlink:href", "Pictures/" + std::to_string(++m_pictures) + ".svg");
+            AddAttribute("xlink:href", "Pictures/" + std::to_string(++m_count) + ".svg");
             for (const auto& [key, value] :
                  {std::pair("xlink:type", "simple"), {"xlink:show", "embed"}, {"xlink:actuate", "onLoad"}})
                 AddAttribute(key, value);
@@ -70,6 +82,8 @@ public:
     }
     void endElement(const char* name) override
     {
+        if (std::string_view(name) == "draw:frame")
+            m_text += "<svg:title>" + EscapeXml(m_pictures[m_count - 1].caption.ToUtf8()) + "</svg:title>";
         if (!m_isPicture)
             m_text += std::string("</") + name + ">";
         m_isPicture = false;
@@ -86,9 +100,10 @@ private:
         m_text += " " + name + "=\"" + EscapeXml(value) + "\"";
     }
 
+    const std::vector<SPackagePicture>& m_pictures;
     std::string m_text{};
     bool m_isPicture = false; // what comes are the bytes of one
-    int m_pictures = 0;
+    std::size_t m_count = 0;  // of pictures
 };
 
 struct SFont {
@@ -357,7 +372,7 @@ struct COdtDocument::SState {
         generator.insertBinaryObject(object);
         generator.closeFrame();
         generator.closeParagraph();
-        svgs.push_back(std::move(svg.bytes));
+        files.push_back({picture.caption, std::move(svg.bytes)});
     }
     void AddPart(const SCommentField& field)
     {
@@ -385,8 +400,9 @@ struct COdtDocument::SState {
         package.Add("content.xml", "text/xml", content.GetText());
         package.Add("styles.xml", "text/xml", styles.GetText());
         package.Add("meta.xml", "text/xml", meta.GetText());
-        for (std::size_t i = 0; i < svgs.size(); ++i)
-            package.Add("Pictures/" + std::to_string(i + 1) + ".svg", "image/svg+xml", std::move(svgs[i]));
+        for (std::size_t i = 0; i < files.size(); ++i)
+            package.Add("Pictures/" + std::to_string(i + 1) + ".svg", "image/svg+xml",
+                        std::move(files[i].svg));
         package.Write(write);
     }
 
@@ -394,12 +410,12 @@ struct COdtDocument::SState {
     int columns;
     double textWidth;      // inches
     double highestPicture; // inches, half of the page
-    CXml content{};
-    CXml styles{};
-    CXml meta{};
+    std::vector<SPackagePicture> files{};
+    CXml content{files};
+    CXml styles{files};
+    CXml meta{files};
     OdtGenerator generator{}; // refers to the above
-    std::vector<std::string> svgs{};
-    bool breaksPage = false; // before the next element
+    bool breaksPage = false;  // before the next element
 };
 
 bool HasOdt()

@@ -79,8 +79,12 @@ TEST(OdtDocument, PackageIsWhole)
     }
     EXPECT_EQ(listed + 2, entries.size()) << "all but itself and the media type";
     std::size_t pictures = 0;
-    for (const auto& image : Parse(entries["content.xml"]).select_nodes("//draw:image")) {
+    const pugi::xml_document content = Parse(entries["content.xml"]);
+    for (const auto& image : content.select_nodes("//draw:image")) {
         EXPECT_TRUE(entries.contains(image.node().attribute("xlink:href").value()));
+        const std::string title = image.node().parent().child("svg:title").text().as_string();
+        const std::string svg = entries[image.node().attribute("xlink:href").value()];
+        EXPECT_EQ(title == "Material ratio curve", Has(svg, "<title>Material ratio curve</title>")) << title;
         ++pictures;
     }
     EXPECT_EQ(pictures, 9u);
