@@ -29,5 +29,5 @@ configure_package_config_file(cmake/CommonUIConfig.cmake.in ${PROJECT_BINARY_DIR
     INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/CommonUIConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/CommonUIConfig.cmake ${PROJECT_BINARY_DIR}/CommonUIConfigVersion.cmake
-    cmake/FindLibzip.cmake
+    cmake/FindLibodfgen.cmake cmake/FindLibzip.cmake
     DESTINATION ${package_dir})

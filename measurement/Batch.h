@@ -17,12 +17,6 @@
 namespace CommonUI::Measurement
 {
 
-/// A report template of a batch sequence.
-struct SBatchTemplate {
-    CStr name; ///< of the set alone
-    SReportTemplateSettings layout;
-};
-
 /// How many horizontal cross sections are shown.
 struct SBatchProfiles {
     int count;
@@ -40,7 +34,7 @@ struct SBatchUseless {
 /// A step of a batch sequence with what it needs.
 struct SBatchWork {
     CStr name; ///< where its set stands in a menu, or what it does
-    std::variant<SBatchUseless, SStep, SGrainSearch, SRoughnessSet, SBatchTemplate, SBatchProfiles,
+    std::variant<SBatchUseless, SStep, SGrainSearch, SRoughnessSet, SReportTemplate, SBatchProfiles,
                  SBatchVoids>
         work;
 };
@@ -67,6 +61,8 @@ struct SBatchReport {
     const SInput& input;                   ///< what was analysed: the surface, or the cross sections
     const SChoices& choices;               ///< the analysis in force, for the surface
     SResults results;                      ///< of it; they refer to the input
+    /// The roughness, where the results are those of grains and the template has blocks of both.
+    std::optional<SResults> roughness{};
 };
 
 /// Receives the reports of a run in their order. What the report refers to lives until the function returns.

@@ -29,7 +29,7 @@ CStr WhyUseless(ESettingType type)
     case Animation:
         return u"an animation changes no result";
     case ActiveReport:
-        return u"a template that is a document is not read";
+        return CStr(c_documentRefusal);
     default:
         return u"there is no analysis for settings of this type";
     }
@@ -38,7 +38,7 @@ CStr WhyUseless(ESettingType type)
 SBatchWork LoadSet(CSettingsFactory& factory, const SBatchStep& step)
 {
     const CStr& reference = step.settings;
-    const bool isDocument = step.type == ActiveReport && !GetReferredPath(reference).empty();
+    const bool isDocument = step.type == ActiveReport && IsDocumentTemplate(GetReferredPath(reference));
     if (isDocument)
         return {SSettingsEntry(CStr(GetReferredPath(reference)), step.type).m_Name,
                 SBatchUseless{WhyUseless(step.type)}};
@@ -54,8 +54,7 @@ SBatchWork LoadSet(CSettingsFactory& factory, const SBatchStep& step)
     case ProfileRoughness:
         return {name, ReadRoughness(set, reference)};
     case ActiveReport:
-        return {name, SBatchTemplate{set.settings.GetEntryInfo().m_Name.TrimRight(),
-                                     ReadNamedSet<SReportTemplateSettings>(set, reference)}};
+        return {name, ReadReportTemplate(set, reference)};
     default:
         return {name, SBatchUseless{WhyUseless(step.type)}};
     }

@@ -241,6 +241,15 @@ void CReportTables::FillRows(std::size_t first, std::size_t last)
     }
 }
 
+CGrid CReportTables::MakeRows(std::size_t first, std::size_t last) const
+{
+    CGrid grid(SCell::Results);
+    FillHead(grid, m_results);
+    if (first < last)
+        AddRows(grid, m_results, m_results.GetValues({0, m_results.columns.size(), first, last}), first);
+    return grid;
+}
+
 void CReportTables::FillStatistics()
 {
     m_statistics.SetNameHeader(u"Statistic");

@@ -40,6 +40,8 @@ public:
     const CGridBaseOutputCtrl& GetSurface() const noexcept { return m_surface; }
     /// A row with the units, and one for each profile or grain if these are no more than c_mostRows.
     const CGridBaseOutputCtrl& GetRows() const noexcept { return m_rows; }
+    /// Likewise with the rows from `first` to `last` alone, the latter not included, however many there are.
+    CGridBaseOutputCtrl MakeRows(std::size_t first, std::size_t last) const;
     /// A row for each statistic of those.
     const CGridBaseOutputCtrl& GetStatistics() const noexcept { return m_statistics; }
     /// Why cells of the surface's table are empty.

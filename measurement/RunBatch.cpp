@@ -1,11 +1,12 @@
 #include "analysis/filter/VoidInterpolation.h"
 #include "measurement/Batch.h"
 #include "measurement/detail/DescribeLength.h"
+#include "measurement/documents/OdtDocument.h"
+#include "measurement/documents/ReportDocument.h"
 #include "measurement/GrainLimit.h"
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 #include <utility>
 
 namespace CommonUI::Measurement
@@ -15,18 +16,6 @@ using Analysis::SSurface;
 
 namespace
 {
-
-using enum EReportBlock;
-
-bool HasAny(const SReportTemplateSettings& layout, std::initializer_list<EReportBlock> blocks)
-{
-    return std::ranges::find_first_of(layout.blocks, blocks) != layout.blocks.end();
-}
-
-bool IsAboutGrains(const SReportTemplateSettings& layout)
-{
-    return HasAny(layout, {GrainImage, GrainTable, GrainStatistics, GrainHistogram});
-}
 
 // Evenly spaced lines of a surface, from the first to the last without these two.
 SInput CutProfiles(const SInput& input, std::size_t count)
@@ -86,7 +75,7 @@ public:
     }
 
     // The analysis in force.
-    SChoices GetChoices() const { return Choose(m_showsGrains, {}); }
+    SChoices GetChoices() const { return Choose(m_showsGrains); }
 
 private:
     static CStr DoWork(const SBatchUseless& set) { return set.reason; }
@@ -111,27 +100,28 @@ private:
         m_showsGrains = false;
         return {};
     }
-    CStr DoWork(const SBatchTemplate& set)
+    CStr DoWork(const SReportTemplate& set)
     {
         const SReportTemplateSettings& layout = set.layout;
-        const bool isAboutGrains = IsAboutGrains(layout);
-        if (HasAny(layout, {ForceCurve, ForceResults}))
-            return u"it reports on a force curve, which a surface is not";
-        if (HasAny(layout, {CalibrationResults, PitchChart, StepHistogram}))
-            return u"it reports on a calibration, which is not computed";
-        if (isAboutGrains && !m_grains && !m_search)
-            return u"it reports on grains, and no threshold of particles or pores is in force";
-        const SChoices choices = Choose(isAboutGrains, layout.grainQuantities);
-        m_report({m_number, set.name, &layout, m_input, choices, ComputeResults(m_input, choices)});
-        return layout.format == EReportFormat::Doc ? u"written as HTML, since documents are not written"
-                                                   : u"";
+        const bool isAboutGrains = IsAboutGrains(layout) && (m_grains || m_search);
+        const SChoices choices = Choose(isAboutGrains, &layout);
+        CStr remark = ExplainEmptyBlocks(layout, m_input.surface, choices.method);
+        if (!ShowsAnything(layout, m_input.surface, choices.method))
+            return remark;
+        SBatchReport made{m_number, set.name, &layout, m_input, choices, ComputeResults(m_input, choices)};
+        if (isAboutGrains && IsAboutRoughness(layout))
+            made.roughness = ComputeResults(m_input, Choose(false));
+        m_report(std::move(made));
+        if (layout.format == EReportFormat::Doc && !HasOdt())
+            remark += (remark.IsEmpty() ? CStr() : CStr(u"; ")) + u"written as HTML, since " + CStr(c_noOdt);
+        return remark;
     }
     CStr DoWork(const SBatchProfiles& profiles)
     {
         if (m_input.surface.IsProfile())
             return u"the measurement is a profile itself";
         const SInput cut = CutProfiles(m_input, static_cast<std::size_t>(profiles.count));
-        SChoices choices = Choose(false, {});
+        SChoices choices = Choose(false);
         choices.surface.clear();
         m_report({m_number, m_name, nullptr, cut, choices, ComputeResults(cut, choices)});
         return {};
@@ -144,14 +134,15 @@ private:
         return {};
     }
 
-    SChoices Choose(bool grains, const std::vector<EMeasureParameters>& quantities) const
+    // @param layout whose quantities are those of the grains; null for those of the analysis
+    SChoices Choose(bool grains, const SReportTemplateSettings* layout = nullptr) const
     {
         SRequest request = m_request;
         if (grains) {
             request.method.grains = m_grains;
             request.method.grainSearch = m_search;
-            for (const EMeasureParameters quantity : quantities)
-                request.keys.push_back(GetMeasureParametersEnum().GetIniName(static_cast<int>(quantity)));
+            if (layout)
+                request = RequestGrains(std::move(request), *layout);
         }
         return MakeChoices(m_manager, request);
     }

@@ -5,7 +5,9 @@
 #include "../settings/factory/SettingsFactory.h"
 #include "../settings/readers/FilterSettings.h"
 #include "../settings/readers/PlaneCorrectionSettings.h"
+#include "../settings/readers/ReportTemplateSettings.h"
 
+#include <optional>
 #include <variant>
 #include <vector>
 
@@ -26,10 +28,17 @@ struct SRoughnessSet {
     CRoughnessAnalysisPreferencesData data;
 };
 
+/// A settings set that says what a report is made of.
+struct SReportTemplate {
+    CStr name; ///< of the set alone
+    SReportTemplateSettings layout;
+};
+
 /// What settings sets make of a run.
 struct SSets {
-    std::vector<SStep> steps{};             ///< in the order given
-    std::vector<SRoughnessSet> roughness{}; ///< of two for one analysis the later one counts
+    std::vector<SStep> steps{};              ///< in the order given
+    std::vector<SRoughnessSet> roughness{};  ///< of two for one analysis the later one counts
+    std::optional<SReportTemplate> report{}; ///< likewise
 };
 
 /// Reads the sets that user specifications name, each of which becomes the most recent one of its type. A

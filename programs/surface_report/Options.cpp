@@ -48,8 +48,9 @@ usage: surface_report INPUT --out DIR [OPTION...]
                      Sa=off  Sq.unit=um  Sq.format=Digits:4  Fractile=on:95  Sch=on:95
   --settings SPEC    applies a plane correction or a filter first, any number of times in the order given; the
                      surface's table then shows the raw surface beside the processed one. Of a roughness set the
-                     parameters and statistics are shown in this run. A set is named by its identifier, its key or
-                     a file: 'PlaneCorr[Id(4)]'  'Filter[File(x.flt)]'  'ImageRoughness[Id(73)]'
+                     parameters and statistics are shown in this run; a report template lays out the report, as
+                     report.html or report.odt. A set is named by its identifier, its key or a file:
+                     'PlaneCorr[Id(4)]'  'Filter[File(x.flt)]'  'ActiveReport[Id(30)]'
   --batch SPEC       runs a batch sequence: 'Batch[Id(65)]'  'Batch[File(x.batch)]'
   --save FILE        writes the surface that is analysed, in the format of the name: .sdf, .x3p, or .txt, which is a
                      matrix or, for a profile, columns

@@ -43,11 +43,14 @@ void COutputFiles::Add(const fs::path& path, const std::function<void(const FWri
     make([&](std::string_view piece) { Check(content.Write(piece, reason), path, reason); });
 }
 
-void COutputFiles::AddReport(const fs::path& path, const CommonUI::Measurement::CReportTables& report)
+void COutputFiles::AddReport(const fs::path& path, const CommonUI::Measurement::CReportTables& report,
+                             const CommonUI::Measurement::SDocumentFile& document)
 {
     fs::path html = path;
     fs::path text = path;
-    Add(html += ".html", [&](const FWrite& write) { report.WriteHtml(write); });
+    Add(
+        html += document.extension,
+        document.write ? document.write : [&](const FWrite& write) { report.WriteHtml(write); });
     Add(text += ".txt", [&](const FWrite& write) { report.WriteText(write); });
 }
 

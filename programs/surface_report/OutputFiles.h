@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/FileReplacement.h"
+#include "measurement/documents/ReportDocument.h"
 #include "measurement/ReportTables.h"
 
 #include <deque>
@@ -45,7 +46,9 @@ public:
     /// @throws std::runtime_error where that fails
     void Add(const std::filesystem::path& path, const std::function<void(const FWrite&)>& make);
     /// Adds a report as HTML and as text: the path with the extensions of both.
-    void AddReport(const std::filesystem::path& path, const CommonUI::Measurement::CReportTables& report);
+    /// @param document in place of the HTML; without it that of the tables is written
+    void AddReport(const std::filesystem::path& path, const CommonUI::Measurement::CReportTables& report,
+                   const CommonUI::Measurement::SDocumentFile& document = {});
     /// Puts all into their places, until the object goes unless Keep is called.
     /// @throws std::runtime_error where that fails
     void Replace();

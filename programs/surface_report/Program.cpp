@@ -6,6 +6,8 @@
 #include "measurement/Batch.h"
 #include "measurement/charts/Pictures.h"
 #include "measurement/Choices.h"
+#include "measurement/documents/OdtDocument.h"
+#include "measurement/documents/ReportDocument.h"
 #include "measurement/GrainLimit.h"
 #include "measurement/ReportTables.h"
 #include "measurement/Results.h"
@@ -50,13 +52,11 @@ CommonUI::Analysis::SSurface Read(const SOptions& options, std::ostream& err)
         {.progress = [&progress](double fraction) { progress.Show(fraction); }, .spacing = options.spacing});
 }
 
-// Writes the report, and the surface where it is to be saved, to a folder that is there and saves the
+// Writes the files, and the surface where it is to be saved, to a folder that is there and saves the
 // preferences, or does nothing of all that.
-// @param files what is to be written besides
-void WriteAll(const Measurement::CReportTables& report, const CommonUI::Analysis::SSurface& surface,
-              const SOptions& options, CPreferencesFile& preferences, COutputFiles& files)
+void WriteAll(const CommonUI::Analysis::SSurface& surface, const SOptions& options,
+              CPreferencesFile& preferences, COutputFiles& files)
 {
-    files.AddReport(options.output / "report", report);
     if (!options.save.empty())
         files.Add(options.save, [&](const auto& write) { write(SavedBytes(surface, options)); });
     files.Replace();
@@ -123,6 +123,8 @@ Measurement::SRequest CompleteRequest(const SOptions& options, const Measurement
                                       ": it says nothing of grains, which are measured instead");
         request.roughness.push_back(set.data);
     }
+    if (sets.report && request.method.MeasuresGrains())
+        request = RequestGrains(std::move(request), sets.report->layout);
     return request;
 }
 
@@ -161,14 +163,48 @@ struct SPlan {
     std::optional<Measurement::SBatch> batch{};
 };
 
+// What can be said of a template before anything is read.
+void CheckTemplate(const Measurement::SReportTemplate& set, const SOptions& options)
+{
+    const std::string option = "--settings: " + set.name.ToUtf8() + ": ";
+    if (options.isMany)
+        throw CommandLine::EUsage(option + "a report template is for one file, and the input is many");
+    if (set.layout.format == CommonUI::EReportFormat::Doc && !Measurement::HasOdt())
+        throw CommandLine::EUsage(option + CommonUI::CStr(Measurement::c_noOdt).ToUtf8());
+}
+
 // The sets are loaded in the order in which they become recent ones.
 SPlan MakePlan(const SOptions& options, CommonUI::CSettingsFactory& factory)
 {
     SPlan plan{.sets = LoadSets(factory, options), .request = {}};
+    if (plan.sets.report)
+        CheckTemplate(*plan.sets.report, options);
     plan.request = CompleteRequest(options, plan.sets, factory);
     if (!options.batch.IsEmpty())
         plan.batch = LoadFor("--batch", [&] { return Measurement::LoadBatch(factory, options.batch); });
     return plan;
+}
+
+// Adds a report that a template lays out.
+// @param tables of the grains, where the method measures some, else of the roughness
+// @param roughness beside those of grains, where the template asks for both
+void AddDocument(const fs::path& path, const CommonUI::SReportTemplateSettings& layout,
+                 const Measurement::SInput& input, const Measurement::SMethod& method,
+                 const Measurement::CReportTables& tables, std::optional<Measurement::SResults> roughness,
+                 const SOptions& options, COutputFiles& files)
+{
+    std::optional<Measurement::CReportTables> beside;
+    if (roughness)
+        beside.emplace(std::move(*roughness), false);
+    const bool hasGrains = method.MeasuresGrains();
+    const Measurement::SDocumentSource source{.input = input,
+                                              .method = method,
+                                              .roughness = beside      ? &*beside
+                                                           : hasGrains ? nullptr
+                                                                       : &tables,
+                                              .grains = hasGrains ? &tables : nullptr,
+                                              .hasPictures = options.hasPictures};
+    files.AddReport(path, tables, GetDocumentFile(layout, source));
 }
 
 // The analysis that is in force at the end of a batch sequence; its reports become files.
@@ -178,15 +214,36 @@ Measurement::SChoices RunSteps(const SPlan& plan, const SOptions& options,
 {
     const auto report = [&](Measurement::SBatchReport made) {
         const fs::path path = options.output / NameReport(made.step, made.name);
-        Measurement::CReportTables tables(std::move(made.results), options.transpose);
-        if (options.hasPictures && made.layout)
-            tables.SetPictures(MakePictures(made.input, made.choices.method, tables.GetResults()));
-        files.AddReport(path, tables);
+        const Measurement::CReportTables tables(std::move(made.results), options.transpose);
+        if (made.layout)
+            AddDocument(path, *made.layout, made.input, made.choices.method, tables,
+                        std::move(made.roughness), options, files);
+        else
+            files.AddReport(path, tables);
     };
     auto outcome = RunBatch(*plan.batch, input, plan.request, preferences.GetManager(), report);
     for (const CommonUI::CStr& remark : outcome.remarks)
         err << "surface_report: " << CommandLine::ToTerminal(remark.ToUtf8()) << "\n";
     return std::move(outcome.choices);
+}
+
+// Adds the report of the run, as its template lays it out where there is one.
+void AddReport(const SPlan& plan, const SOptions& options, const CPreferencesFile& preferences,
+               const Measurement::SInput& input, const Measurement::SChoices& choices,
+               Measurement::CReportTables& report, COutputFiles& files)
+{
+    const fs::path path = options.output / "report";
+    if (!plan.sets.report) {
+        if (options.hasPictures)
+            report.SetPictures(MakePictures(input, choices.method, report.GetResults()));
+        return files.AddReport(path, report);
+    }
+    const CommonUI::SReportTemplateSettings& layout = plan.sets.report->layout;
+    std::optional<Measurement::SResults> roughness;
+    if (choices.method.MeasuresGrains() && Measurement::IsAboutRoughness(layout))
+        roughness = ComputeResults(
+            input, MakeChoices(preferences.GetManager(), Measurement::RequestRoughness(plan.request)));
+    AddDocument(path, layout, input, choices.method, report, std::move(roughness), options, files);
 }
 
 // What was asked for is looked into before the file is read.
@@ -211,9 +268,8 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
             choices = RunSteps(plan, options, preferences, input, files, err);
         Measurement::CReportTables report(
             ForOption("--cutoff", [&] { return ComputeResults(input, choices); }), options.transpose);
-        if (options.hasPictures)
-            report.SetPictures(MakePictures(input, choices.method, report.GetResults()));
-        WriteAll(report, input.surface, options, preferences, files);
+        AddReport(plan, options, preferences, input, choices, report, files);
+        WriteAll(input.surface, options, preferences, files);
         folder.Keep();
         Print(TerminalText(report), out);
     } catch (const CommonUI::Analysis::ENoPoints& error) {

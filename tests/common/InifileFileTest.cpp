@@ -1,13 +1,12 @@
 #include "common/ini/SectionScope.h"
 #include "tests/common/FailingAllocation.h"
 #include "tests/common/InifileTesting.h"
+#include "tests/FullDisk.h"
 #include "tests/TemporaryFolder.h"
 
-#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <sys/resource.h>
 
 using namespace CommonUI;
 namespace fs = std::filesystem;
@@ -27,29 +26,6 @@ protected:
     }
 
     CTemporaryFolder m_folder;
-};
-
-// No file can grow beyond a number of bytes while it lives, as on a full disk.
-class CFullDisk
-{
-public:
-    explicit CFullDisk(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~CFullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, SIG_DFL);
-    }
-    CFullDisk(const CFullDisk&) = delete;
-    CFullDisk& operator=(const CFullDisk&) = delete;
-
-private:
-    rlimit m_before{};
 };
 
 } // namespace

@@ -79,6 +79,7 @@ TEST_F(ReportProgram, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
     m_temporary.Write("missing.txt", header + "BAD BAD BAD\n");
     m_temporary.Write("short.sdf", "aISO-1.0\nNumPoints = 3\nNumProfiles = 3\nXscale = 1e-6\nYscale = 1e-6\n"
                                    "Zscale = 1\n*\n1 2 3\n*\n");
+    m_temporary.Write("mine.DOCX", std::string("PK\3\4\0", 5));
     m_temporary.Write("nokind.flt", "[Filter]\nRows=3\n");
     m_temporary.Write("gone.batch", "[Batch]\nStep1=ShowProfiles\nStep2=Apply\nStep2_Type=Filter\n"
                                     "Step2_Settings=FILE:gone.flt\n");
