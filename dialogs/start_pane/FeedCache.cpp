@@ -56,7 +56,7 @@ std::string CleanValidator(const std::string& value)
 std::string TakeLine(std::string_view& bytes)
 {
     const std::size_t end = std::min(bytes.find('\n'), bytes.size());
-    const std::string line(bytes.substr(0, end));
+    std::string line(bytes.substr(0, end));
     bytes.remove_prefix(std::min(end + 1, bytes.size()));
     return line;
 }
