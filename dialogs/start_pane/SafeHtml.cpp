@@ -314,25 +314,14 @@ private:
         return 0;
     }
 
+    // Nothing outside the block or container that the end tag stands in: opening that has closed it.
     void Close(const SElement& element)
     {
-        for (std::size_t count = m_open.size(); count > 0; --count) {
-            const SElement& open = *m_open[count - 1].element;
-            if (open.written == element.written) {
+        for (std::size_t count = m_open.size(); count > 0; --count)
+            if (m_open[count - 1].element->written == element.written) {
                 CloseDownTo(count - 1);
                 return;
             }
-            if (EndsSearch(open.kind, element.kind))
-                return;
-        }
-    }
-
-    // An end tag closes nothing outside the block or container that it stands in.
-    static bool EndsSearch(EElement open, EElement closed)
-    {
-        if (closed <= EElement::Link)
-            return open > EElement::Link;
-        return closed == EElement::Block && open > EElement::Block;
     }
 
     void CloseDownTo(std::size_t count)
