@@ -3,6 +3,7 @@
 #include "QtClipboard.h"
 #include "QtFileDialogService.h"
 #include "QtFolders.h"
+#include "QtHttpService.h"
 #include "QtMessageBoxService.h"
 #include "QtMessageLoop.h"
 #include "QtTimerService.h"
@@ -36,12 +37,14 @@ private:
     CQtFileDialogService m_fileDialogs;
     CQtClipboard m_clipboard;
     CQtFolders m_folders;
+    CQtHttpService m_http;
     CServiceScope<CTimerService> m_timersScope{m_timers};
     CServiceScope<CMessageLoop> m_loopScope{m_loop};
     CServiceScope<CMessageBoxService> m_messageBoxesScope{m_messageBoxes};
     CServiceScope<CFileDialogService> m_fileDialogsScope{m_fileDialogs};
     CServiceScope<CClipboard> m_clipboardScope{m_clipboard};
     CServiceScope<CFolders> m_foldersScope{m_folders};
+    CServiceScope<CHttpService> m_httpScope{m_http};
 };
 
 } // namespace CommonUI

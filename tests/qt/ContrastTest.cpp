@@ -1,6 +1,7 @@
 // What is drawn stands out from its ground, in light colours and in dark ones.
 #include "qt/dialogs/QtProgressDialog.h"
 #include "qt/grid/ResultGridWidget.h"
+#include "qt/start_pane/StartPaneWidget.h"
 
 #include <gtest/gtest.h>
 #include <QtWidgets>
@@ -94,6 +95,23 @@ TEST_P(Contrast, CommandsThatCopyHavePictures)
         pictures.emplace(reinterpret_cast<const char*>(picture.constBits()), picture.sizeInBytes());
     }
     EXPECT_EQ(pictures.size(), 5U) << "no two alike";
+}
+
+TEST_P(Contrast, APageCanBeRead)
+{
+    CStartPaneWidget pane;
+    pane.ShowPage(u"<p class=\"state\">a</p><p class=\"fault\">b</p><p class=\"entry\"><a href=\"x\">c</a>"
+                  u"<span class=\"date\">d</span></p><p>e</p>");
+    const QPalette& palette = pane.GetPage().palette();
+    std::set<QRgb> colors;
+    QTextCursor cursor(pane.GetPage().document());
+    while (cursor.movePosition(QTextCursor::NextCharacter)) {
+        const QBrush brush = cursor.charFormat().foreground();
+        const QColor color = brush.style() == Qt::NoBrush ? palette.color(QPalette::Text) : brush.color();
+        EXPECT_GE(ContrastOf(color, palette.color(QPalette::Base)), 4.5) << color.name().toStdString();
+        colors.insert(color.rgb());
+    }
+    EXPECT_EQ(colors.size(), 4U) << "links, faults, what is said about them, and texts";
 }
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, Contrast, testing::Bool());
