@@ -60,6 +60,8 @@ std::optional<int> ValueOfKey(const CEnum<T>& catalogue, const CStr& key)
     return found == catalogue.end() ? std::nullopt : std::optional<int>(found->GetValue());
 }
 
+constexpr std::u16string_view c_dynamicEnd = u"_DynamicParameters";
+
 std::optional<int> CatalogueValue(EAnalysis analysis, const CStr& key)
 {
     if (IsRoughness(analysis))
@@ -74,7 +76,7 @@ void Warn(const CStr& text)
 
 CStr DynamicSection(const CInifile& ini)
 {
-    return ini.GetSection() + u"_DynamicParameters";
+    return ini.GetSection() + c_dynamicEnd;
 }
 
 void WriteFormat(const CParameter& parameter, CInifile& ini, const CStr& prefix)
@@ -310,6 +312,11 @@ void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnal
         if (const CParameter* parent = FindParent(statics, ini, prefix, analysis))
             parameters.push_back(LoadDynamic(values.Take(), *parent, ini, prefix));
     }
+}
+
+bool IsDynamicParametersSection(std::u16string_view section)
+{
+    return section.ends_with(c_dynamicEnd);
 }
 
 } // namespace CommonUI

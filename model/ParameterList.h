@@ -5,6 +5,7 @@
 #include "Analysis.h"
 #include "Parameter.h"
 
+#include <string_view>
 #include <vector>
 
 namespace CommonUI
@@ -25,5 +26,9 @@ COMMONUI_API void SaveParameterList(std::vector<CParameter>& parameters, CInifil
 /// diagnostics (category u"Parameters"). A count of entries that cannot be read stands for those that are
 /// there, with a line, too. Values that cannot be read keep their default.
 COMMONUI_API void LoadParameterList(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis);
+
+/// Whether a section is one of dynamic parameters, whose keys are numbered and change together: for
+/// CInifile::SaveMerged.
+COMMONUI_API bool IsDynamicParametersSection(std::u16string_view section);
 
 } // namespace CommonUI

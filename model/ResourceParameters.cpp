@@ -1,7 +1,7 @@
 #include "model/ResourceParameters.h"
 
 #include "common/Diagnostics.h"
-#include "common/FileBytes.h"
+#include "common/file/FileBytes.h"
 #include "platform/Folders.h"
 
 #include <string>

@@ -3,9 +3,11 @@
 #include "common/detail/Wtf8.h"
 #include "common/Diagnostics.h"
 #include "common/Exceptions.h"
-#include "common/FileBytes.h"
+#include "common/file/FileBytes.h"
+#include "common/file/FileLock.h"
 #include "common/ini/detail/IniDocument.h"
 #include "common/ini/detail/IniEncoding.h"
+#include "common/ini/detail/IniMerge.h"
 #include "common/ini/detail/IniValue.h"
 
 #include <algorithm>
@@ -22,6 +24,8 @@ namespace
 {
 
 constexpr std::u16string_view c_category = u"Inifile";
+constexpr std::u16string_view c_cannotSave = u"Cannot save";
+constexpr std::u16string_view c_noText = u"it is no text";
 
 template<class T>
 bool IsSame(const T& a, const T& b)
@@ -89,6 +93,7 @@ CInifile::CInifile() = default;
 CInifile::CInifile(const CInifile& other)
     : m_document(other.m_document ? std::make_unique<CIniDocument>(*other.m_document) : nullptr)
     , m_documentNumber(MakeDocumentNumber())
+    , m_stored(other.m_stored)
     , m_unreadFile(other.m_unreadFile)
     , m_fileName(other.m_fileName)
     , m_section(other.m_section)
@@ -121,6 +126,7 @@ void CInifile::Swap(CInifile& other) noexcept
 {
     m_document.swap(other.m_document);
     std::swap(m_documentNumber, other.m_documentNumber);
+    m_stored.swap(other.m_stored);
     m_unreadFile.Swap(other.m_unreadFile);
     m_fileName.Swap(other.m_fileName);
     std::swap(m_section, other.m_section);
@@ -145,7 +151,8 @@ CIniDocument& CInifile::GetDocument()
 
 bool CInifile::Load()
 {
-    return LoadCopy(m_fileName);
+    m_stored = nullptr;
+    return LoadFile(m_fileName, &m_stored);
 }
 
 bool CInifile::Load(const CStr& fileName)
@@ -162,6 +169,11 @@ void CInifile::SetDocument(std::unique_ptr<CIniDocument> document) noexcept
 
 bool CInifile::LoadCopy(const CStr& fileName)
 {
+    return LoadFile(fileName, nullptr);
+}
+
+bool CInifile::LoadFile(const CStr& fileName, std::shared_ptr<const std::string>* stored)
+{
     if (m_document)
         m_document->Clear();
     m_parseSection = 0;
@@ -172,11 +184,14 @@ bool CInifile::LoadCopy(const CStr& fileName)
         if (!ReadFileBytes(fileName, bytes, CIniDocument::c_maximumSize, reason))
             return false;
         if (!IsIniText(bytes)) {
-            reason = u"it is no text";
+            reason = c_noText;
             return false;
         }
+        auto kept = stored ? std::make_shared<const std::string>(bytes) : nullptr;
         // A file of the shortest possible lines needs some 25 times its size.
         LoadBytes(std::move(bytes));
+        if (stored)
+            *stored = std::move(kept);
         return true;
     });
     if (loaded)
@@ -200,29 +215,94 @@ std::string CInifile::GetBytes() const
     return GetDocument().ToBytes();
 }
 
-bool CInifile::Save()
-{
-    return SaveCopy(m_fileName);
-}
-
 bool CInifile::IsUnread(const CStr& fileName) const
 {
     return !m_unreadFile.IsEmpty() && fileName == m_unreadFile && FileExists(fileName);
+}
+
+bool CInifile::CanSave(const CStr& fileName, CStr& reason) const
+{
+    if (fileName.IsEmpty())
+        reason = u"the document has no file name";
+    else if (IsUnread(fileName))
+        reason = u"the file that is there could not be read";
+    else
+        return true;
+    return false;
+}
+
+// What is stored now is known without memory being needed for it any more.
+bool CInifile::SaveBytes(std::string bytes, CStr& reason)
+{
+    auto stored = std::make_shared<const std::string>(std::move(bytes));
+    if (!ReplaceFileBytes(m_fileName, *stored, reason))
+        return false;
+    m_stored = std::move(stored);
+    return true;
+}
+
+bool CInifile::Save()
+{
+    CStr reason;
+    const auto save = [&] { return CanSave(m_fileName, reason) && SaveBytes(GetBytes(), reason); };
+    return WithinMemory(reason, save) || WarnOfFile(c_cannotSave, m_fileName, reason);
 }
 
 bool CInifile::SaveCopy(const CStr& fileName) const
 {
     CStr reason;
     const auto save = [&] {
-        if (fileName.IsEmpty())
-            reason = u"the document has no file name";
-        else if (IsUnread(fileName))
-            reason = u"the file that is there could not be read";
-        else
-            return ReplaceFileBytes(fileName, GetBytes(), reason);
-        return false;
+        return CanSave(fileName, reason) && ReplaceFileBytes(fileName, GetBytes(), reason);
     };
-    return WithinMemory(reason, save) || WarnOfFile(u"Cannot save", fileName, reason);
+    return WithinMemory(reason, save) || WarnOfFile(c_cannotSave, fileName, reason);
+}
+
+bool CInifile::SaveMerged(const FIsOneValue& isOneValue)
+{
+    CStr reason;
+    const auto save = [&] { return CanSave(m_fileName, reason) && SaveBesideOthers(isOneValue, reason); };
+    return WithinMemory(reason, save) || WarnOfFile(c_cannotSave, m_fileName, reason);
+}
+
+bool CInifile::SaveBesideOthers(const FIsOneValue& isOneValue, CStr& reason)
+{
+    const CFileLock lock(m_fileName);
+    if (lock.IsTaken()) {
+        reason = lock.GetReason();
+        return false;
+    }
+    if (!lock.IsHeld())
+        Warn(u"\"" + m_fileName + u"\" is saved without a lock: " + lock.GetReason());
+    std::string theirs;
+    if (!FileExists(m_fileName))
+        return SaveBytes(GetBytes(), reason);
+    if (!ReadFileBytes(m_fileName, theirs, CIniDocument::c_maximumSize, reason))
+        return false;
+    if (m_stored && theirs == *m_stored)
+        return SaveBytes(GetBytes(), reason);
+    if (!IsIniText(theirs)) {
+        reason = c_noText;
+        return false;
+    }
+    return SaveWithTheirs(std::move(theirs), isOneValue, reason);
+}
+
+// The document stays what it is until the file is saved.
+bool CInifile::SaveWithTheirs(std::string theirs, const FIsOneValue& isOneValue, CStr& reason)
+{
+    CIniMerge merge(m_stored ? *m_stored : std::string(), GetDocument(), std::move(theirs));
+    merge.Run(isOneValue);
+    const CStr section = GetSection();
+    auto merged = std::make_unique<CIniDocument>(merge.TakeMerged());
+    const unsigned number = merged->GetSection(section);
+    if (!SaveBytes(merged->ToBytes(), reason))
+        return false;
+    SetDocument(std::move(merged));
+    m_section = number;
+    m_parseSection = 0;
+    for (const CStr& line : merge.GetConflicts())
+        Warn(u"\"" + m_fileName + u"\": " + line);
+    return true;
 }
 
 void CInifile::Merge(const CInifile& other)

@@ -6,6 +6,7 @@
 #include "../Str.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -72,6 +73,18 @@ public:
     /// fails or there is no file name. A file that was there when Load failed is not replaced: what could not
     /// be read is not lost.
     virtual bool Save();
+    /// Says of a section whether its keys are one value, as those of a numbered list are.
+    using FIsOneValue = std::function<bool(std::u16string_view section)>;
+
+    /// As Save, beside other programs that save the file in this way, too: what they have changed since it
+    /// was loaded or saved here stays, and stands in this document then. Of a key that both have changed the
+    /// value of this document counts, and a line in the diagnostics says so.
+    ///
+    /// The lock of the file is held meanwhile (see CFileLock). Somebody who holds it too long makes this
+    /// fail; where there are no locks the file is saved all the same, with a line in the diagnostics.
+    /// @param isOneValue sections that are this document's as a whole if it has changed a key of them
+    bool SaveMerged(const FIsOneValue& isOneValue = {});
+
     /// As Save, to another file; the file name of this object stays what it is.
     bool SaveCopy(const CStr& fileName) const;
 
@@ -138,10 +151,17 @@ private:
     CIniDocument& GetDocument();
     void SetDocument(std::unique_ptr<CIniDocument> document) noexcept;
     bool IsUnread(const CStr& fileName) const;
+    bool LoadFile(const CStr& fileName, std::shared_ptr<const std::string>* stored);
+    bool CanSave(const CStr& fileName, CStr& reason) const;
+    bool SaveBytes(std::string bytes, CStr& reason);
+    bool SaveBesideOthers(const FIsOneValue& isOneValue, CStr& reason);
+    bool SaveWithTheirs(std::string theirs, const FIsOneValue& isOneValue, CStr& reason);
 
     std::unique_ptr<CIniDocument> m_document; // null for an empty one, so that moving needs no memory
     std::uint64_t m_documentNumber = 0;       // another one for each document: numbers of sections go with it
-    CStr m_unreadFile;                        // that was there but could not be read; empty for none
+    std::shared_ptr<const std::string>
+        m_stored;      // the file's bytes when it was last loaded or saved; null for none
+    CStr m_unreadFile; // that was there but could not be read; empty for none
     CStr m_fileName;
     unsigned m_section = 0;      // the number of the current section in the document
     unsigned m_parseSection = 0; // the section that ParseLine adds to

@@ -1,7 +1,7 @@
 #include "dialogs/start_pane/FeedCache.h"
 
 #include "common/Diagnostics.h"
-#include "common/FileBytes.h"
+#include "common/file/FileBytes.h"
 #include "common/PathText.h"
 #include "platform/network/WebAddress.h"
 

@@ -1,6 +1,6 @@
 #include "programs/gl_report/Program.h"
 
-#include "common/FileBytes.h"
+#include "common/file/FileBytes.h"
 #include "programs/command_line/CommandLine.h"
 #include "programs/command_line/Parser.h"
 #include "programs/gl_report/Report.h"

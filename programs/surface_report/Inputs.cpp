@@ -1,6 +1,6 @@
 #include "programs/surface_report/Inputs.h"
 
-#include "common/FileBytes.h"
+#include "common/file/FileBytes.h"
 #include "common/Str.h"
 #include "programs/command_line/CommandLine.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/FileReplacement.h"
+#include "common/file/FileReplacement.h"
 #include "measurement/documents/ReportDocument.h"
 #include "measurement/ReportTables.h"
 

@@ -2,6 +2,7 @@
 
 #include "measurement/EditPreferences.h"
 #include "measurement/FailureReason.h"
+#include "model/ParameterList.h"
 #include "programs/command_line/ForOption.h"
 
 #include <filesystem>
@@ -39,7 +40,7 @@ void CPreferencesFile::Save()
     m_manager.Save(m_ini);
     if (m_usesSettings)
         m_factory.Save(m_ini);
-    if (const CFailureReason reason; !m_ini.Save())
+    if (const CFailureReason reason; !m_ini.SaveMerged(CommonUI::IsDynamicParametersSection))
         throw std::runtime_error(reason.GetText().ToUtf8());
 }
 

@@ -1,6 +1,6 @@
 #include "programs/surface_report/RunState.h"
 
-#include "common/FileBytes.h"
+#include "common/file/FileBytes.h"
 
 #include <array>
 #include <bit>

@@ -1,6 +1,6 @@
 #include "programs/surface_view/Animation.h"
 
-#include "common/FileReplacement.h"
+#include "common/file/FileReplacement.h"
 #include "measurement/NamedSet.h"
 #include "programs/command_line/ForOption.h"
 #include "programs/surface_view/GifWriter.h"

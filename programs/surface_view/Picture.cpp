@@ -1,6 +1,6 @@
 #include "programs/surface_view/Picture.h"
 
-#include "common/FileBytes.h"
+#include "common/file/FileBytes.h"
 
 #include <png.h>
 

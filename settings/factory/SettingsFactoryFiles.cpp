@@ -1,4 +1,4 @@
-#include "common/FileBytes.h"
+#include "common/file/FileBytes.h"
 #include "settings/factory/detail/SetPath.h"
 #include "settings/factory/detail/SettingsWarning.h"
 #include "settings/factory/SettingsFactory.h"

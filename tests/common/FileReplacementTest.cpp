@@ -1,5 +1,5 @@
-#include "common/FileReplacement.h"
-#include "common/FileBytes.h"
+#include "common/file/FileReplacement.h"
+#include "common/file/FileBytes.h"
 
 #include "tests/TemporaryFolder.h"
 

@@ -1,7 +1,7 @@
-#include "common/FileBytes.h"
+#include "common/file/FileBytes.h"
 
-#include "common/detail/FileErrors.h"
-#include "common/FileReplacement.h"
+#include "common/file/detail/FileErrors.h"
+#include "common/file/FileReplacement.h"
 
 #include <cstdint>
 #include <fstream>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "../export/Export.h"
-#include "Str.h"
+#include "../../export/Export.h"
+#include "../Str.h"
 
 #include <cstddef>
 #include <string>

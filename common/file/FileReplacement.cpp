@@ -1,12 +1,16 @@
-#include "common/FileReplacement.h"
+#include "common/file/FileReplacement.h"
 
-#include "common/detail/FileErrors.h"
+#include "common/file/detail/CompanionName.h"
+#include "common/file/detail/FileErrors.h"
+#include "common/file/FileSystem.h"
 
 #include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <ios>
+#include <optional>
 #include <random>
+#include <string>
 #include <utility>
 
 namespace CommonUI
@@ -17,34 +21,12 @@ namespace
 
 namespace fs = std::filesystem;
 
-// The file that is meant by a path that may be a symbolic link, also one that leads to nothing yet.
-fs::path FollowLinks(fs::path path)
-{
-    constexpr int c_mostLinks = 40;
-    for (int i = 0; fs::is_symlink(fs::symlink_status(path)); ++i) {
-        if (i == c_mostLinks)
-            Refuse("cannot follow link", std::errc::too_many_symbolic_link_levels);
-        path = path.parent_path() / fs::read_symlink(path);
-    }
-    return path;
-}
-
 constexpr std::string_view c_temporaryEnd = ".tmp";
 constexpr std::size_t c_temporaryDigits = 16;
 
-// What the names of all temporaries of a target begin with; together with what follows no longer than a name
-// may be.
 std::u8string GetTemporaryStart(const fs::path& target)
 {
-    constexpr std::size_t c_longest = 255 - 2 - c_temporaryDigits - c_temporaryEnd.size();
-    std::u8string name = target.filename().u8string();
-    if (name.size() > c_longest) {
-        std::size_t length = c_longest;
-        while ((name[length] & 0xC0) == 0x80) // not within a character
-            --length;
-        name.resize(length);
-    }
-    return u8"~" + name + u8".";
+    return GetCompanionStart(target, c_temporaryDigits + c_temporaryEnd.size());
 }
 
 fs::path MakeTemporaryPath(const fs::path& target)
@@ -71,11 +53,12 @@ void RemoveOldTemporaries(const fs::path& target)
     try {
         const std::u8string start = GetTemporaryStart(target);
         const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-            if (IsTemporaryOf(start, entry.path()) && entry.is_regular_file() &&
-                fs::file_time_type::clock::now() - entry.last_write_time() > c_leastAge)
-                fs::remove(entry.path());
-        }
+        GetFileSystem().List(folder, [&](const fs::path& name) {
+            const fs::path entry = folder / name;
+            if (IsTemporaryOf(start, name) && fs::is_regular_file(fs::symlink_status(entry)) &&
+                fs::file_time_type::clock::now() - fs::last_write_time(entry) > c_leastAge)
+                fs::remove(entry);
+        });
     } catch (const std::exception&) {
         return;
     }
@@ -124,7 +107,8 @@ struct CFileReplacement::SState {
     fs::path before;    // the old content, while the new one may have to go again
     bool hasTemporary = false;
     bool isForNow = false;
-    std::ofstream file{};
+    std::optional<CFileSystem::CFile> file{};
+    std::string buffer{}; // what has not been written yet
 
     explicit SState(const fs::path& path)
         : target(FollowLinks(path))
@@ -136,10 +120,10 @@ struct CFileReplacement::SState {
     ~SState()
     {
         std::error_code ignored;
-        if (hasTemporary) {
-            file.close();
+        CStr reason;
+        TryFile(reason, [this] { Close(); });
+        if (hasTemporary)
             fs::remove(temporary, ignored);
-        }
         if (isForNow && before.empty())
             fs::remove(target, ignored);
         else if (isForNow)
@@ -148,32 +132,44 @@ struct CFileReplacement::SState {
             fs::remove(before, ignored);
     }
 
-    // Apart from the constructor, so that the file goes, too, when its stream gets no memory.
     void Open()
     {
         const fs::file_status status = CheckTarget(target);
-        errno = 0;
+        file = GetFileSystem().Create(temporary);
         hasTemporary = true;
-        file.open(temporary, std::ios::binary | std::ios::trunc);
-        if (!file)
-            ThrowStreamError("cannot create temporary file");
         // Before the content arrives: nobody may read of it what the file itself would not show.
         if (fs::exists(status))
             fs::permissions(temporary, status.permissions());
     }
     void Write(std::string_view bytes)
     {
-        errno = 0;
-        if (!file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())))
-            ThrowStreamError("cannot write temporary file");
+        constexpr std::size_t c_atOnce = 1 << 16;
+        if (buffer.size() + bytes.size() <= c_atOnce) {
+            buffer += bytes;
+            return;
+        }
+        WriteBuffer();
+        if (bytes.size() > c_atOnce)
+            GetFileSystem().Write(*file, bytes);
+        else
+            buffer = bytes;
+    }
+    void WriteBuffer()
+    {
+        GetFileSystem().Write(*file, buffer);
+        buffer.clear();
+    }
+    void Close()
+    {
+        if (file)
+            GetFileSystem().Close(*std::exchange(file, std::nullopt));
     }
     void Replace()
     {
-        errno = 0;
-        file.close();
-        if (!file)
-            ThrowStreamError("cannot write temporary file");
-        fs::rename(temporary, target);
+        WriteBuffer();
+        GetFileSystem().Flush(*file);
+        Close();
+        GetFileSystem().Replace(temporary, target);
         hasTemporary = false;
     }
     void ReplaceForNow()

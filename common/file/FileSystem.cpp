@@ -1,0 +1,35 @@
+#include "common/file/FileSystem.h"
+
+#include "common/file/detail/SystemFiles.h"
+
+#include <atomic>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+std::atomic<CFileSystem*> s_inPlace{nullptr}; // null for the system itself
+
+} // namespace
+
+CFileSystem::~CFileSystem() = default;
+
+CFileSystem& GetFileSystem() noexcept
+{
+    CFileSystem* const inPlace = s_inPlace;
+    return inPlace ? *inPlace : GetSystemFiles();
+}
+
+CFileSystemScope::CFileSystemScope(CFileSystem& system) noexcept
+    : m_previous(s_inPlace.exchange(&system))
+{
+}
+
+CFileSystemScope::~CFileSystemScope()
+{
+    s_inPlace = m_previous;
+}
+
+} // namespace CommonUI

@@ -1,0 +1,131 @@
+#include "common/file/detail/SystemFiles.h"
+
+#ifdef _WIN32
+
+#include <algorithm>
+#include <memory>
+#include <system_error>
+
+#define NOMINMAX
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void Throw(DWORD error, const char* what)
+{
+    throw std::system_error(static_cast<int>(error), std::system_category(), what);
+}
+
+HANDLE ToHandle(CFileSystem::CFile file)
+{
+    return reinterpret_cast<HANDLE>(file);
+}
+
+CFileSystem::CFile ToFile(HANDLE handle)
+{
+    return reinterpret_cast<CFileSystem::CFile>(handle);
+}
+
+// Whether somebody has the file open now, who may soon have closed it. A file that goes as soon as it is
+// closed denies access, too.
+bool IsInUse(DWORD error)
+{
+    return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION;
+}
+
+class CSystemFiles : public CFileSystem
+{
+public:
+    CFile Create(const fs::path& path) override
+    {
+        const HANDLE handle =
+            CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (handle == INVALID_HANDLE_VALUE)
+            Throw(GetLastError(), "cannot create temporary file");
+        return ToFile(handle);
+    }
+    void Write(CFile file, std::string_view bytes) override
+    {
+        constexpr std::size_t c_most = std::size_t(1) << 20;
+        while (!bytes.empty()) {
+            DWORD written = 0;
+            if (!WriteFile(ToHandle(file), bytes.data(), static_cast<DWORD>(std::min(bytes.size(), c_most)),
+                           &written, nullptr))
+                Throw(GetLastError(), "cannot write temporary file");
+            bytes.remove_prefix(written);
+        }
+    }
+    void Flush(CFile file) override
+    {
+        if (!FlushFileBuffers(ToHandle(file)))
+            Throw(GetLastError(), "cannot write temporary file");
+    }
+    void Close(CFile file) override
+    {
+        if (!CloseHandle(ToHandle(file)))
+            Throw(GetLastError(), "cannot write temporary file");
+    }
+    void Replace(const fs::path& from, const fs::path& to) override
+    {
+        constexpr DWORD c_firstWait = 5;
+        constexpr DWORD c_longestWait = 80;
+        constexpr int c_mostTries = 16;
+        DWORD wait = c_firstWait;
+        for (int tries = 1;
+             !MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+             ++tries) {
+            const DWORD error = GetLastError();
+            if (!IsInUse(error) || tries == c_mostTries)
+                Throw(error, "cannot replace");
+            Sleep(wait);
+            wait = std::min(2 * wait, c_longestWait);
+        }
+    }
+    void List(const fs::path& folder, const std::function<void(const fs::path&)>& visit) override
+    {
+        WIN32_FIND_DATAW entry;
+        const HANDLE entries = FindFirstFileW((folder / L"*").c_str(), &entry);
+        if (entries == INVALID_HANDLE_VALUE)
+            Throw(GetLastError(), "cannot read folder");
+        const std::unique_ptr<void, decltype(&FindClose)> closing(entries, &FindClose);
+        do {
+            visit(entry.cFileName);
+        } while (FindNextFileW(entries, &entry));
+    }
+    std::optional<CFile> TryLock(const fs::path& path, std::string_view holder) override
+    {
+        const HANDLE handle =
+            CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
+                        FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+        if (handle == INVALID_HANDLE_VALUE) {
+            const DWORD error = GetLastError();
+            if (IsInUse(error) && fs::exists(path))
+                return std::nullopt;
+            Throw(error, "cannot lock");
+        }
+        DWORD written = 0;
+        WriteFile(handle, holder.data(), static_cast<DWORD>(holder.size()), &written, nullptr);
+        return ToFile(handle);
+    }
+    void Unlock(CFile lock, const fs::path&) noexcept override { CloseHandle(ToHandle(lock)); }
+    std::uint64_t GetProcess() const noexcept override { return GetCurrentProcessId(); }
+};
+
+} // namespace
+
+CFileSystem& GetSystemFiles() noexcept
+{
+    static CSystemFiles& files = *new CSystemFiles;
+    return files;
+}
+
+} // namespace CommonUI
+
+#endif

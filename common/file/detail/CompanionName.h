@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+
+namespace CommonUI
+{
+
+/// The file that is meant by a path that may be a symbolic link, also one that leads to nothing yet.
+std::filesystem::path FollowLinks(std::filesystem::path path);
+
+/// What the name of a file begins with that lies beside a target for a while: "~name.".
+/// @param endLength of what follows; both together are no longer than a name may be
+std::u8string GetCompanionStart(const std::filesystem::path& target, std::size_t endLength);
+
+} // namespace CommonUI
