@@ -877,6 +877,22 @@ constexpr SStringTableRow c_english[] = {
     {10305, u"Copy Whole Table T&ransposed"},
     {10306, u"Select &All"},
     {10307, u"&Fit Columns"},
+    {11301, u"&Do not show this message again"},
+    {11302, u"&Do not ask again"},
+    {11311, u"&Filter:"},
+    {11312, u"%d of %d"},
+    {11313, u"%d of %d, %d chosen"},
+    {11314, u"Choose &All"},
+    {11315, u"Choose &None"},
+    {11321, u"&Find:"},
+    {11322, u"&Next"},
+    {11323, u"&Previous"},
+    {11324, u"&Match case"},
+    {11325, u"Not found."},
+    {11326, u"Went on from the other end."},
+    {11327, u"The text has been changed.\nThrow the changes away?"},
+    {11328, u"Close"},
+    {11329, u"Text"},
 };
 
 constexpr bool IsRising()

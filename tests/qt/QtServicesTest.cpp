@@ -135,6 +135,23 @@ TEST(QtServices, AnExceptionThatNobodyWaitsForIsInTheDiagnostics)
     EXPECT_EQ(lines.Take(), std::vector<CStr>{u"Qt: an exception left a callback: lost"});
 }
 
+TEST(QtServices, MessageBoxesHaveACheckBoxForWhatIsNotToBeAskedAgain)
+{
+    const SMessageBox box{u"Remove?", MessageBoxStyle::c_yesNo};
+    for (const bool checks : {true, false}) {
+        WhenShown<QMessageBox>([checks](QMessageBox& window) {
+            EXPECT_EQ(window.checkBox()->text(), QStringLiteral("&Do not ask again"));
+            if (checks)
+                window.checkBox()->click();
+            QTest::mouseClick(window.button(QMessageBox::Yes), Qt::LeftButton);
+        });
+        bool isChecked = !checks;
+        EXPECT_EQ(GetMessageBoxService().ShowWithCheck(box, u"&Do not ask again", isChecked),
+                  EMessageBoxAnswer::Yes);
+        EXPECT_EQ(isChecked, checks);
+    }
+}
+
 TEST(QtServices, MessageBoxesAreAnsweredInEachWay)
 {
     using namespace MessageBoxStyle;
