@@ -10,9 +10,9 @@
 namespace CommonUI
 {
 
-/// A dialog in which the user chooses one entry of a list, or several, and finds them by typing words of them.
-/// What is chosen stays chosen while the filter does not show it, except that a dialog for one entry never
-/// takes one that its user does not see.
+/// A dialog in which the user chooses one entry of a list, or several, and finds them by typing words of
+/// them. What is chosen stays chosen while the filter does not show it, except that a dialog for one entry
+/// never takes one that its user does not see.
 class COMMONUI_API CSelectionListDlg : public CBaseDialog, public CViewedControl<CSelectionListView>
 {
 public:

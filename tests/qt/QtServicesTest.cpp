@@ -38,7 +38,7 @@ public:
 
 TEST(QtText, KeepsEveryCodeUnit)
 {
-    const std::u16string units{u'a', u'\0', u'\xD800', u'\x00B5'};
+    const std::u16string units{u'\xFFFE', u'a', u'\0', u'\xD800', u'\x00B5'};
     EXPECT_EQ(FromQString(ToQString(units)), units);
     EXPECT_EQ(ToQString(u"\u00B1 0.1"), QStringLiteral("\u00B1 0.1"));
 }
