@@ -3,6 +3,7 @@
 #include "examples/gallery/ButtonPage.h"
 #include "examples/gallery/Pages.h"
 #include "qt/framework/DockPane.h"
+#include "qt/framework/EventTrace.h"
 #include "qt/framework/FormView.h"
 #include "qt/framework/SelectionListWindow.h"
 #include "qt/framework/SizerLayout.h"
@@ -78,8 +79,9 @@ public:
         Add("&Read a text", [this] { Read(); });
         Add("&Ask what need not be asked again", [this] { Ask(); });
         Add("Ask &everything again", [] { GetPreferencesManager().GetData().ResetDontShowAgain(); });
-        Add("Show a &form and a pane that come back where they were", [this] { ShowDesk(); });
+        Add("Show a &form and a pane", [this] { ShowDesk(); });
         Add("Forget all &placements", [] { GetPlacementManager().Clear(); });
+        Add("&Trace events, or no more", [this] { Trace(); });
     }
 
     // Opens dialogs for the picture.
@@ -129,6 +131,12 @@ private:
         const bool isYes = ShowRememberedMessageBox(u"GalleryLevel", box) == EMessageBoxAnswer::Yes;
         Log(isYes ? u"Question: yes" : u"Question: no");
     }
+    // To the standard error stream: the log below would be traced itself.
+    void Trace()
+    {
+        m_trace = m_trace ? nullptr : std::make_unique<CEventTrace>();
+        Log(m_trace ? u"Events are traced" : u"Events are traced no more");
+    }
     void ShowDesk()
     {
         auto* const desk = new QMainWindow(this, Qt::Window);
@@ -147,6 +155,7 @@ private:
     FLog m_log;
     CStr m_text = c_text;
     std::vector<std::size_t> m_chosen;
+    std::unique_ptr<CEventTrace> m_trace;
     std::unique_ptr<CQtSelectionListDlg> m_list;
     std::unique_ptr<CQtTextEditorDlg> m_editor;
 };
