@@ -171,7 +171,10 @@ void CSelectionListWindow::TellRow()
 void CSelectionListWindow::Attach(CSelectionListDlg& dialog)
 {
     dialog.SetView(this);
-    m_checkButtons->setVisible(dialog.GetMode() == CDlg::EMode::Several);
+    // On the ground of fields the boxes of dark colours cannot be seen.
+    const bool isSeveral = dialog.GetMode() == CDlg::EMode::Several;
+    m_list->viewport()->setBackgroundRole(isSeveral ? QPalette::Window : QPalette::Base);
+    m_checkButtons->setVisible(isSeveral);
 }
 
 void CSelectionListWindow::SetText(int control, const CStr& text)

@@ -58,7 +58,8 @@ TEST(DocumentationHelp, OpensThePageOfATopic)
     EXPECT_EQ(help.shown, "own.html#start");
     const auto before = std::filesystem::current_path();
     current_path(docs);
-    EXPECT_FALSE(CShownPages({}).Open(7820)) << "no documentation, though the current folder has a page";
+    EXPECT_FALSE(CShownPages(std::filesystem::path()).Open(7820))
+        << "no documentation, though the current folder has a page";
     current_path(before);
     help.works = false;
     EXPECT_FALSE(help.Open(77));
