@@ -4,7 +4,6 @@
 #include "common/PathText.h"
 
 #include <system_error>
-#include <utility>
 
 namespace CommonUI
 {
@@ -25,7 +24,7 @@ bool IsFile(const std::filesystem::path& path)
 
 } // namespace
 
-CDocumentationHelp::CDocumentationHelp(std::filesystem::path folder)
+CDocumentationHelp::CDocumentationHelp(const std::filesystem::path& folder)
 {
     AddTopics(GetHelpTopics(), folder);
 }

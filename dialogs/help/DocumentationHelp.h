@@ -16,7 +16,7 @@ class COMMONUI_API CDocumentationHelp : public CHelpService
 {
 public:
     /// @param folder where the pages lie; see FindDocumentation. Without one none is found
-    explicit CDocumentationHelp(std::filesystem::path folder);
+    explicit CDocumentationHelp(const std::filesystem::path& folder);
     ~CDocumentationHelp() override;
 
     /// Adds topics, or gives topics of the library another page.

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <limits>
-#include <string>
+#include <ranges>
 
 namespace CommonUI
 {
@@ -111,13 +111,13 @@ bool CPlacementManager::Load(CInifile& ini)
     const CSectionScope scope(ini, c_section);
     std::vector<CStr> names = ini.ReadTexts(c_setUpsKey);
     names.resize(std::min(names.size(), c_greatestSetUpCount));
-    for (auto name = names.rbegin(); name != names.rend(); ++name) {
-        const CStr suffix = GetKey({}, *name);
+    for (const CStr& name : std::ranges::reverse_view(names)) {
+        const CStr suffix = GetKey({}, name);
         for (const CStr& key : ini.GetKeys()) {
             if (!key.EndsWith(suffix) || key == suffix)
                 continue;
             if (const auto placement = ParsePlacement(ini.ReadTexts(key)))
-                Remember(key.Left(key.GetLength() - suffix.GetLength()), *name, *placement);
+                Remember(key.Left(key.GetLength() - suffix.GetLength()), name, *placement);
             else
                 GetDiagnostics().Write(u"WindowPlacement", EDiagnosticLevel::Warning,
                                        CStr::Format(u"\"%s\" has no placement of a window.", key));
@@ -131,6 +131,7 @@ bool CPlacementManager::Save(CInifile& ini)
     const CSectionScope scope(ini, c_section);
     ini.ClearSection();
     std::vector<CStr> names;
+    names.reserve(m_setUps.size());
     for (const SSetUp& setUp : m_setUps)
         names.push_back(setUp.name);
     ini.WriteTexts(c_setUpsKey, names);
