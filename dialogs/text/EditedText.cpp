@@ -13,6 +13,9 @@ constexpr std::u16string_view c_ends = u"\n\r\x2029\xFDD0\xFDD1";
 // How many units end a line at a place; 0 where none ends.
 std::size_t GetEndLength(std::u16string_view text, std::size_t place)
 {
+    // Most units are letters and blanks.
+    if (text[place] > u'\r' && text[place] < c_ends[2])
+        return 0;
     if (text.substr(place, 2) == u"\r\n")
         return 2;
     return c_ends.find(text[place]) == std::u16string_view::npos ? 0 : 1;
@@ -21,9 +24,14 @@ std::size_t GetEndLength(std::u16string_view text, std::size_t place)
 CStr MakePlain(std::u16string_view text)
 {
     CStr plain;
-    plain.Reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); i += std::max<std::size_t>(1, GetEndLength(text, i)))
-        plain += GetEndLength(text, i) > 0 ? u'\n' : text[i];
+    char16_t* const units = plain.SetLength(text.size());
+    char16_t* to = units;
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t end = GetEndLength(text, i);
+        *to++ = end > 0 ? u'\n' : text[i];
+        i += std::max<std::size_t>(1, end);
+    }
+    plain.SetLength(static_cast<std::size_t>(to - units));
     return plain;
 }
 
