@@ -25,6 +25,8 @@ commonui_install(CommonUITargets CommonDLL CommonUIDLL CommonUIAnalysis CommonUI
 if(COMMONUI_WITH_QT)
     commonui_install(CommonUIQtTargets CommonUIQt)
 endif()
+# The pages that help opens, with their pictures.
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR})
 configure_package_config_file(cmake/CommonUIConfig.cmake.in ${PROJECT_BINARY_DIR}/CommonUIConfig.cmake
     INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/CommonUIConfigVersion.cmake COMPATIBILITY SameMinorVersion)

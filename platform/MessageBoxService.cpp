@@ -24,6 +24,12 @@ constinit CCurrentService<CMessageBoxService> CMessageBoxService::s_current(GetS
 
 CMessageBoxService::~CMessageBoxService() = default;
 
+EMessageBoxAnswer CMessageBoxService::ShowWithCheck(const SMessageBox& box, const CStr&, bool& isChecked)
+{
+    isChecked = false;
+    return Show(box);
+}
+
 void CMessageBoxService::Beep(unsigned int)
 {
 }

@@ -52,6 +52,11 @@ public:
     /// box counts as Cancel, as No where there is no Cancel, or as OK where there is neither. That is also
     /// the default button of a warning, the harmless one.
     virtual EMessageBoxAnswer Show(const SMessageBox& box) = 0;
+    /// As Show, with a check box below the text, which is not checked at first. A service that does not
+    /// override this shows the box without it.
+    /// @param checkText the text of the check box, with `&` before its mnemonic
+    /// @param isChecked receives whether the user has checked it
+    virtual EMessageBoxAnswer ShowWithCheck(const SMessageBox& box, const CStr& checkText, bool& isChecked);
     /// Makes the sound that belongs to an icon of MessageBoxStyle, without a box, and does not wait for its
     /// end. A service that does not override this stays silent.
     virtual void Beep(unsigned int icon);

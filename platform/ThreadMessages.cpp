@@ -1,6 +1,8 @@
 #include "platform/ThreadMessages.h"
 
+#include "common/Diagnostics.h"
 #include "platform/detail/ThreadQueue.h"
+#include "platform/MessageNames.h"
 
 #include <algorithm>
 #include <atomic>
@@ -92,6 +94,13 @@ CThreadQueues& ThreadQueues()
 
 thread_local std::shared_ptr<CThreadQueue> s_queue;
 
+void Trace(const char16_t* format, unsigned int message, unsigned long thread)
+{
+    if (CDiagnostics::IsAnyEnabled() && GetDiagnostics().IsEnabled(c_messageCategory))
+        GetDiagnostics().Write(c_messageCategory, EDiagnosticLevel::Trace,
+                               CStr::Format(format, GetMessageName(message), thread));
+}
+
 } // namespace
 
 CThreadQueue::~CThreadQueue()
@@ -124,6 +133,7 @@ unsigned long GetThreadIdentifier()
 bool PostToThread(unsigned long thread, unsigned int message)
 {
     const auto queue = ThreadQueues().Find(thread);
+    Trace(queue ? u"%s is posted to thread %lu" : u"%s finds no thread %lu", message, thread);
     if (queue)
         queue->Add(message);
     return queue != nullptr;
@@ -131,7 +141,10 @@ bool PostToThread(unsigned long thread, unsigned int message)
 
 bool TakeThreadMessage(unsigned int message)
 {
-    return s_queue && s_queue->Take(message);
+    if (!s_queue || !s_queue->Take(message))
+        return false;
+    Trace(u"%s is taken by thread %lu", message, s_queue->GetIdentifier());
+    return true;
 }
 
 } // namespace CommonUI

@@ -10,7 +10,8 @@ namespace CommonUI
 /// The same code units; also a text that is not well-formed stays what it is.
 inline QString ToQString(std::u16string_view text)
 {
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+    // Not fromUtf16, which takes a byte order mark out.
+    return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
 }
 
 /// The same code units.

@@ -12,6 +12,7 @@ constexpr SPage c_pages[] = {
     {"result-grid", "Result grid", MakeResultGridPage, StageResultGridPage},
     {"progress", "Progress", MakeProgressPage, StageProgressPage},
     {"number-format", "Number format", MakeNumberFormatPage, StageNumberFormatPage},
+    {"dialogs", "Dialogs", MakeDialogsPage, StageDialogsPage},
     {"start-pane", "Start pane", MakeStartPanePage, StageStartPanePage},
     {"services", "Services", MakeServicesPage, nullptr, OpenMessageBox},
 };

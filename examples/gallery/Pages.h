@@ -34,6 +34,8 @@ QWidget* MakeGridItemsPage(const FLog& log);
 void StageGridItemsPage(QWidget& page);
 QWidget* MakeResultGridPage(const FLog& log);
 void StageResultGridPage(QWidget& page);
+QWidget* MakeDialogsPage(const FLog& log);
+void StageDialogsPage(QWidget& page);
 QWidget* MakeStartPanePage(const FLog& log);
 void StageStartPanePage(QWidget& page);
 QWidget* MakeServicesPage(const FLog& log);

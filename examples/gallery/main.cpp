@@ -2,9 +2,11 @@
 // pages. What the pages themselves say is English.
 
 #include "common/Language.h"
+#include "dialogs/help/HelpTopics.h"
 #include "examples/gallery/GalleryWindow.h"
 #include "examples/gallery/Shots.h"
 #include "platform/HelpService.h"
+#include "qt/QtText.h"
 #include "qt/services/QtServices.h"
 
 #include <QApplication>
@@ -26,7 +28,12 @@ public:
 
     bool Open(unsigned int topic) override
     {
-        m_window.Write(QStringLiteral("Help: topic %1").arg(topic));
+        QString line = QStringLiteral("Help: topic %1").arg(topic);
+        for (const CommonUI::SHelpTopic& known : CommonUI::GetHelpTopics())
+            if (known.topic == topic)
+                line += QStringLiteral(", %1#%2").arg(CommonUI::ToQString(known.page),
+                                                      CommonUI::ToQString(known.chapter));
+        m_window.Write(line);
         return true;
     }
 

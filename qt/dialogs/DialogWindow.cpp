@@ -2,6 +2,7 @@
 
 #include "qt/detail/EventGuard.h"
 #include "qt/detail/ParentWindow.h"
+#include "qt/framework/WindowPlacer.h"
 #include "qt/QtText.h"
 
 #include <QApplication>
@@ -34,6 +35,11 @@ CDialogWindow::~CDialogWindow()
 bool CDialogWindow::IsOnScreen() const
 {
     return isVisible() && !testAttribute(Qt::WA_DontShowOnScreen);
+}
+
+void CDialogWindow::RememberPlacement(const CStr& name)
+{
+    new CWindowPlacer(*this, name);
 }
 
 void CDialogWindow::accept()

@@ -28,6 +28,10 @@ public:
     /// Whether the window is shown. A modal dialog that is hidden counts as visible for Qt, which keeps input
     /// from the other windows that way.
     bool IsOnScreen() const;
+    /// Has the window open where and as large as it was when it was last closed, in this run or an earlier
+    /// one (CPlacementManager).
+    /// @param name tells the window from all others of the application; never translated
+    void RememberPlacement(const CStr& name);
     void accept() override;
     void reject() override;
 

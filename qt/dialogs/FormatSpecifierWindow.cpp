@@ -43,6 +43,7 @@ CFormatSpecifierWindow::CFormatSpecifierWindow(QWidget* parent)
     , m_count(new CNumericEditWidget)
 {
     LayOut();
+    RememberPlacement(u"FormatSpecifier");
     connect(m_list, &QComboBox::activated, this, [this] {
         if (CDlg* const dialog = GetControl())
             Guarded([dialog] { dialog->OnCbnSelchangeFormatCombo(); });

@@ -6,6 +6,7 @@
 #include "qt/QtText.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -76,6 +77,13 @@ CQtMessageBoxService::~CQtMessageBoxService() = default;
 
 EMessageBoxAnswer CQtMessageBoxService::Show(const SMessageBox& box)
 {
+    bool isChecked = false;
+    return ShowWithCheck(box, {}, isChecked);
+}
+
+EMessageBoxAnswer CQtMessageBoxService::ShowWithCheck(const SMessageBox& box, const CStr& checkText,
+                                                      bool& isChecked)
+{
     const SButtons buttons = GetButtons(box.style);
     // Its parent may be destroyed meanwhile, and destroys it then.
     const QPointer<QMessageBox> window = new QMessageBox(GetParentWindow());
@@ -90,7 +98,10 @@ EMessageBoxAnswer CQtMessageBoxService::Show(const SMessageBox& box)
         window->setDefaultButton(buttons.last);
     if (box.style & MessageBoxStyle::c_help)
         AddHelp(*window, box.helpTopic);
+    if (!checkText.IsEmpty())
+        window->setCheckBox(new QCheckBox(ToQString(checkText)));
     const int button = window->exec();
+    isChecked = window && window->checkBox() && window->checkBox()->isChecked();
     delete window;
     // No button at all when the parent or the program has ended.
     return GetAnswer(button != 0 ? button : buttons.last);

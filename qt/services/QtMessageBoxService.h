@@ -15,6 +15,7 @@ public:
     ~CQtMessageBoxService() override;
 
     EMessageBoxAnswer Show(const SMessageBox& box) override;
+    EMessageBoxAnswer ShowWithCheck(const SMessageBox& box, const CStr& checkText, bool& isChecked) override;
     void Beep(unsigned int icon) override;
 };
 

@@ -6,6 +6,7 @@
 #include "QtHttpService.h"
 #include "QtMessageBoxService.h"
 #include "QtMessageLoop.h"
+#include "QtScreenService.h"
 #include "QtTimerService.h"
 
 namespace CommonUI
@@ -38,6 +39,7 @@ private:
     CQtClipboard m_clipboard;
     CQtFolders m_folders;
     CQtHttpService m_http;
+    CQtScreenService m_screens;
     CServiceScope<CTimerService> m_timersScope{m_timers};
     CServiceScope<CMessageLoop> m_loopScope{m_loop};
     CServiceScope<CMessageBoxService> m_messageBoxesScope{m_messageBoxes};
@@ -45,6 +47,7 @@ private:
     CServiceScope<CClipboard> m_clipboardScope{m_clipboard};
     CServiceScope<CFolders> m_foldersScope{m_folders};
     CServiceScope<CHttpService> m_httpScope{m_http};
+    CServiceScope<CScreenService> m_screensScope{m_screens};
 };
 
 } // namespace CommonUI

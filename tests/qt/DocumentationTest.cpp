@@ -1,5 +1,10 @@
+#include "dialogs/help/HelpTopics.h"
+
+#include "common/Str.h"
+
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <fstream>
 #include <sstream>
 
@@ -16,7 +21,38 @@ std::string Read(std::string path)
     return text.str();
 }
 
+// What a heading is called in addresses.
+std::string ToAnchor(const std::string& heading)
+{
+    std::string anchor;
+    for (const unsigned char letter : heading)
+        if (std::isalnum(letter) || letter == ' ' || letter == '-')
+            anchor += letter == ' ' ? '-' : static_cast<char>(std::tolower(letter));
+    return anchor;
+}
+
+bool HasChapter(const std::string& page, const std::string& chapter)
+{
+    std::istringstream lines(page);
+    for (std::string line; std::getline(lines, line);)
+        if (line.rfind("## ", 0) == 0 && ToAnchor(line.substr(3)) == chapter)
+            return true;
+    return false;
+}
+
 } // namespace
+
+TEST(Documentation, HasAChapterForEachTopicOfHelp)
+{
+    unsigned int before = 0;
+    for (const auto& topic : CommonUI::GetHelpTopics()) {
+        EXPECT_LT(before, topic.topic) << "one page each";
+        before = topic.topic;
+        const std::string page = Read("docs/" + CommonUI::ToUtf8(topic.page));
+        EXPECT_TRUE(topic.chapter.empty() || HasChapter(page, CommonUI::ToUtf8(topic.chapter)))
+            << topic.topic;
+    }
+}
 
 TEST(Documentation, ShowsTheProgramsThatAreBuilt)
 {

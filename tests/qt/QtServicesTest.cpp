@@ -38,7 +38,7 @@ public:
 
 TEST(QtText, KeepsEveryCodeUnit)
 {
-    const std::u16string units{u'a', u'\0', u'\xD800', u'\x00B5'};
+    const std::u16string units{u'\xFFFE', u'a', u'\0', u'\xD800', u'\x00B5'};
     EXPECT_EQ(FromQString(ToQString(units)), units);
     EXPECT_EQ(ToQString(u"\u00B1 0.1"), QStringLiteral("\u00B1 0.1"));
 }
@@ -133,6 +133,23 @@ TEST(QtServices, AnExceptionThatNobodyWaitsForIsInTheDiagnostics)
     GetMessageLoop().Post([] { throw std::runtime_error("lost"); });
     QCoreApplication::processEvents();
     EXPECT_EQ(lines.Take(), std::vector<CStr>{u"Qt: an exception left a callback: lost"});
+}
+
+TEST(QtServices, MessageBoxesHaveACheckBoxForWhatIsNotToBeAskedAgain)
+{
+    const SMessageBox box{u"Remove?", MessageBoxStyle::c_yesNo};
+    for (const bool checks : {true, false}) {
+        WhenShown<QMessageBox>([checks](QMessageBox& window) {
+            EXPECT_EQ(window.checkBox()->text(), QStringLiteral("&Do not ask again"));
+            if (checks)
+                window.checkBox()->click();
+            QTest::mouseClick(window.button(QMessageBox::Yes), Qt::LeftButton);
+        });
+        bool isChecked = !checks;
+        EXPECT_EQ(GetMessageBoxService().ShowWithCheck(box, u"&Do not ask again", isChecked),
+                  EMessageBoxAnswer::Yes);
+        EXPECT_EQ(isChecked, checks);
+    }
 }
 
 TEST(QtServices, MessageBoxesAreAnsweredInEachWay)

@@ -17,8 +17,9 @@ public:
     /// Takes the font of the widget.
     explicit CDialogUnits(const QWidget& widget);
 
-    /// The width in pixels.
+    /// In pixels.
     double GetWidth(int units) const { return units * m_width; }
+    double GetHeight(int units) const { return units * m_height; }
     /// Rounded up, so that nothing is cut.
     QSize ToPixels(const SSize& size) const;
     QRect ToPixels(const SRect& rect) const;

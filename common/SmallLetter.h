@@ -1,5 +1,9 @@
 #pragma once
 
+#include "Str.h"
+
+#include <string_view>
+
 namespace CommonUI
 {
 
@@ -12,6 +16,16 @@ constexpr char16_t ToSmall(char16_t unit) noexcept
     if (isLatin || isIn(0x391, 0x3A9) || isIn(0x410, 0x42F))
         return static_cast<char16_t>(unit + 0x20);
     return isIn(0x400, 0x40F) ? static_cast<char16_t>(unit + 0x50) : unit;
+}
+
+/// The text in small letters: texts that differ in capitals alone become one. The length stays.
+inline CStr ToSmall(std::u16string_view text)
+{
+    CStr small;
+    char16_t* to = small.SetLength(text.size());
+    for (const char16_t unit : text)
+        *to++ = ToSmall(unit);
+    return small;
 }
 
 } // namespace CommonUI

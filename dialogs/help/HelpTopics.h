@@ -1,0 +1,21 @@
+#pragma once
+
+#include "../../export/Export.h"
+
+#include <span>
+#include <string_view>
+
+namespace CommonUI
+{
+
+/// What help opens for a number: a page of the documentation, and the chapter of it.
+struct SHelpTopic {
+    unsigned int topic = 0;      ///< that of a dialog is the dialog's number
+    std::u16string_view page;    ///< a file of docs/, such as u"dialogs.md"
+    std::u16string_view chapter; ///< the heading in small letters with hyphens; empty for the whole page
+};
+
+/// The topics of the library's own dialogs, by their numbers.
+COMMONUI_API std::span<const SHelpTopic> GetHelpTopics();
+
+} // namespace CommonUI
