@@ -89,6 +89,15 @@ void ConvertTexts(CCells& cells, const SNumberProfile& profile)
     ForEachCell(cells, profile, [](const SCellInfo& cell) { return Guarded(cell.text); });
 }
 
+CStr GenerateProfileCell(const SCellInfo& cell, const SNumberProfile& profile)
+{
+    if (profile.kind == ENumberProfile::Shown)
+        return cell.text;
+    CCells cells{{cell}};
+    ConvertCells(cells, profile);
+    return QuoteCell(cells[0][0].text, profile.separator);
+}
+
 CStr QuoteCell(std::u16string_view text, char16_t separator)
 {
     if (text.find_first_of(std::u16string{u'"', u'\r', u'\n', separator}) == text.npos)

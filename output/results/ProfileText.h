@@ -33,6 +33,10 @@ COMMONUI_API CStr GenerateProfileText(const CGridBaseOutputCtrl* summary, const 
                                       const CGridBaseOutputCtrl* statistics, bool transpose,
                                       const SNumberProfile& profile);
 
+/// One cell converted and in quotation marks where it needs them. Shown cells stand as they are.
+COMMONUI_API CStr GenerateProfileCell(const CGridBaseOutputCtrl::SCellInfo& cell,
+                                      const SNumberProfile& profile);
+
 /// One cell for a file whose cells a character separates: in quotation marks where the text holds one, the
 /// separator or the end of a line.
 COMMONUI_API CStr QuoteCell(std::u16string_view text, char16_t separator);

@@ -207,7 +207,7 @@ private:
         for (int number = 2; isThere(path, ".html") || isThere(path, ".txt"); ++number)
             (path = wanted) += "-" + std::to_string(number);
         COutputFiles files;
-        files.AddReport(path, tables);
+        files.AddReport(path, tables, m_options.forms);
         files.Replace();
         files.Keep();
     }

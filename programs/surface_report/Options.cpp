@@ -42,6 +42,12 @@ usage: surface_report INPUT --out DIR [OPTION...]
   --pores HEIGHT     measures the connected pores below a height instead
   --transpose        parameters as columns of the surface's table and as rows of the profiles' table
   --pictures yes|no  whether report.html has pictures of the surface; yes without it
+  --data yes|no      whether report.csv and report.json are written, with all digits, for other programs; yes without it
+  --csv-separator comma|semicolon|tab
+                     writes report.sheet.csv, too, the tables for a spreadsheet program; a comma without it, or a
+                     semicolon with a decimal comma
+  --decimal point|comma
+                     writes it with this decimal sign; a point without it
   --preferences FILE parameters, units, formats and statistics are those of an INI file, which is made with
                      the defaults where there is none
   --set CHANGE       changes the preferences and saves them, any number of times:
@@ -127,6 +133,45 @@ void TakeGrains(SOptions& options, const std::string& option, const std::string&
         options.grainSet = CStr::FromUtf8(height);
 }
 
+CommonUI::SNumberProfile& SpreadsheetOf(SOptions& options)
+{
+    auto& profile = options.forms.spreadsheet;
+    if (!profile)
+        profile = {CommonUI::ENumberProfile::Spreadsheet, u'\0', u'.'};
+    return *profile;
+}
+
+void AddForms(CommandLine::CParser& parser, SOptions& options)
+{
+    const auto yesOrNo = [](bool& is) {
+        return [&is](const std::string& option, const std::string& text) {
+            is = CommandLine::ParseWord<bool>(option, text, {{"yes", true}, {"no", false}});
+        };
+    };
+    parser.Add("--pictures", yesOrNo(options.hasPictures));
+    parser.Add("--data", yesOrNo(options.forms.hasData));
+    parser.Add("--csv-separator", [&options](auto& option, auto& text) {
+        SpreadsheetOf(options).separator = CommandLine::ParseWord<char16_t>(
+            option, text, {{"comma", u','}, {"semicolon", u';'}, {"tab", u'\t'}});
+    });
+    parser.Add("--decimal", [&options](auto& option, auto& text) {
+        SpreadsheetOf(options).decimal =
+            CommandLine::ParseWord<char16_t>(option, text, {{"point", u'.'}, {"comma", u','}});
+    });
+}
+
+// The separator that goes with the decimal sign, unless one is given.
+void CompleteForms(SReportForms& forms)
+{
+    if (!forms.spreadsheet)
+        return;
+    auto& [kind, separator, decimal] = *forms.spreadsheet;
+    if (separator == u'\0')
+        separator = decimal == u',' ? u';' : u',';
+    if (separator == decimal)
+        throw EUsage("--csv-separator: a comma cannot separate cells with decimal commas");
+}
+
 CommandLine::CParser MakeParser(SOptions& options)
 {
     auto& request = options.request;
@@ -136,9 +181,7 @@ CommandLine::CParser MakeParser(SOptions& options)
     parser.AddFlag("--each", options.each);
     parser.AddFlag("--resume", options.resumes);
     parser.AddFlag("--transpose", options.transpose);
-    parser.Add("--pictures", [&](auto& option, auto& text) {
-        options.hasPictures = CommandLine::ParseWord<bool>(option, text, {{"yes", true}, {"no", false}});
-    });
+    AddForms(parser, options);
     parser.AddFlag("--binary", options.isBinary);
     parser.AddFlag("--replace-input", options.replacesInput);
     parser.Add("--save",
@@ -216,6 +259,7 @@ SOptions ParseOptions(std::span<const char* const> arguments)
         CheckManyOptions(given);
     else if (options.each || options.resumes)
         throw EUsage("--each and --resume are for more than one file");
+    CompleteForms(options.forms);
     CheckSave(options);
     return options;
 }

@@ -1,6 +1,7 @@
 #include "programs/surface_report/Program.h"
 
 #include "analysis/surface/Surface.h"
+#include "formats/FileDigest.h"
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"
 #include "measurement/Batch.h"
@@ -56,7 +57,7 @@ CommonUI::Analysis::SSurface Read(const SOptions& options, std::ostream& err)
 void WriteAll(const Measurement::CReportTables& report, const CommonUI::Analysis::SSurface& surface,
               const SOptions& options, CPreferencesFile& preferences, COutputFiles& files)
 {
-    files.AddReport(options.output / "report", report);
+    files.AddReport(options.output / "report", report, options.forms);
     if (!options.save.empty())
         files.Add(options.save, [&](const auto& write) { write(SavedBytes(surface, options)); });
     files.Replace();
@@ -181,7 +182,7 @@ Measurement::SChoices RunSteps(const SPlan& plan, const SOptions& options,
         Measurement::CReportTables tables(std::move(made.results), options.transpose);
         if (options.hasPictures && made.layout)
             tables.SetPictures(MakePictures(made.input, made.choices.method));
-        files.AddReport(path, tables);
+        files.AddReport(path, tables, options.forms);
     };
     auto outcome = RunBatch(*plan.batch, input, plan.request, preferences.GetManager(), report);
     for (const CommonUI::CStr& remark : outcome.remarks)
@@ -205,6 +206,7 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
                            plan.batch && plan.batch->ChangesSurface());
         });
         AddNotes(plan.sets, choices.method, input);
+        input.sha256 = CommonUI::Formats::ComputeSha256(options.input);
         CMadeFolder folder(options.output);
         COutputFiles files;
         if (plan.batch)

@@ -46,7 +46,7 @@ protected:
     // How many files there are besides the report of the whole run.
     std::ptrdiff_t CountReports() const
     {
-        return std::distance(fs::directory_iterator(Out()), fs::directory_iterator()) - 2;
+        return std::distance(fs::directory_iterator(Out()), fs::directory_iterator()) - 4;
     }
 };
 
@@ -115,7 +115,7 @@ TEST_F(Batch, StepsAreDoneInTheirOrder)
                     "surface_report: step 4, ActiveReport / Particle (Doc): written as HTML, since "
                     "documents are not written\nsurface_report: step 7, mine.docx: a template"))
         << m_err.str();
-    EXPECT_EQ(CountReports(), 4);
+    EXPECT_EQ(CountReports(), 8);
     const std::string particles = Read("report-04-Particle-Doc.txt");
     EXPECT_TRUE(Has(particles, "\r\nParticle\tArea\tMax Height") || Has(particles, "\r\nParticle\t"))
         << particles;
