@@ -109,13 +109,18 @@ void Apply(const SStep& step, SSurface& surface)
         throw ERequest(step.userSpec, CStr::FromUtf8(refusal));
 }
 
-std::optional<double> FindCutoff(const SStep& step, const SSurface& surface)
+bool IsGaussian(const SStep& step)
 {
     const auto* const filter = std::get_if<SFilterSettings>(&step.settings);
-    if (!filter ||
-        (filter->kind != EFilterKind::ProfileGaussian && filter->kind != EFilterKind::ArealGaussian))
+    return filter &&
+           (filter->kind == EFilterKind::ProfileGaussian || filter->kind == EFilterKind::ArealGaussian);
+}
+
+std::optional<double> FindCutoff(const SStep& step, const SSurface& surface)
+{
+    if (!IsGaussian(step))
         return {};
-    return IsoGaussianOf(*filter, surface).cutoff;
+    return IsoGaussianOf(std::get<SFilterSettings>(step.settings), surface).cutoff;
 }
 
 SInput Process(SSurface surface, ELevelling levelling, const std::vector<SStep>& steps, bool keepsRaw)

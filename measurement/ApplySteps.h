@@ -18,7 +18,9 @@ namespace CommonUI::Measurement
 /// @throws ERequest when it does not fit the surface
 COMMONUIMEASUREMENT_API void Apply(const SStep& step, Analysis::SSurface& surface);
 
-/// The cut-off in m that a step has on a surface, if it is a Gaussian filter of ISO 16610.
+/// Whether a step is a Gaussian filter of ISO 16610.
+COMMONUIMEASUREMENT_API bool IsGaussian(const SStep& step);
+/// The cut-off in m that a step has on a surface, if it is such a filter.
 COMMONUIMEASUREMENT_API std::optional<double> FindCutoff(const SStep& step,
                                                          const Analysis::SSurface& surface);
 

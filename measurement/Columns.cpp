@@ -52,6 +52,11 @@ CStr SColumn::GetBaseUnitText() const
 
 CStr SColumn::GetKey() const
 {
+    return Measurement::GetKey(parameter);
+}
+
+CStr GetKey(const CParameter& parameter)
+{
     CStr key = parameter.GetIniName();
     if (!parameter.HasParent())
         return key;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../analysis/form/Levelling.h"
+#include "../export/Export.h"
 #include "ApplySteps.h"
 
 #include <cstddef>
@@ -31,5 +32,8 @@ struct SOrigin {
 
 /// What Gaussian filters do at the ends of a profile and the borders of a surface.
 constexpr const char16_t* c_endTreatment = u"weights of the points that are there";
+
+/// What a levelling does, for a summary.
+COMMONUIMEASUREMENT_API CStr DescribeLevelling(Analysis::ELevelling levelling);
 
 } // namespace CommonUI::Measurement

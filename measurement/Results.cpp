@@ -35,18 +35,6 @@ using Analysis::SValues;
 namespace
 {
 
-CStr LevellingText(ELevelling levelling)
-{
-    switch (levelling) {
-    case ELevelling::Mean:
-        return u"mean height subtracted";
-    case ELevelling::Plane:
-        return u"least-squares plane subtracted";
-    default:
-        return u"none";
-    }
-}
-
 SOrigin OriginOf(const SInput& input)
 {
     const SSurface& surface = input.surface;
@@ -97,7 +85,7 @@ SResults Describe(const SInput& input)
         add(u"Spacing", DescribeLength(surface.dx) + u" × " + DescribeLength(surface.dy));
     }
     add(u"Missing points", CStr::Format(u"%d", surface.missing));
-    add(u"Levelling", LevellingText(input.levelling));
+    add(u"Levelling", DescribeLevelling(input.levelling));
     DescribeSteps(input, results);
     for (const auto& [label, text] : input.notes)
         add(label, text);
@@ -342,6 +330,18 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
 }
 
 } // namespace
+
+CStr DescribeLevelling(ELevelling levelling)
+{
+    switch (levelling) {
+    case ELevelling::Mean:
+        return u"mean height subtracted";
+    case ELevelling::Plane:
+        return u"least-squares plane subtracted";
+    default:
+        return u"none";
+    }
+}
 
 SValueState SResults::GetState(std::size_t column, std::size_t row, double value) const
 {

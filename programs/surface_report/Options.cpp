@@ -7,7 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
+#include <initializer_list>
 
 namespace SurfaceReport
 {
@@ -21,6 +21,7 @@ const char* const c_usage = R"(Reports the roughness or the grains of a measured
 
 usage: surface_report INPUT --out DIR [OPTION...]
        surface_report INPUT... --out DIR [OPTION...]
+       surface_report --merge DIR... --out DIR
 
   INPUT              a surface or profile: SDF (ISO 25178-71), X3P (ISO 25178-72), a text matrix with a "#" header,
                      or columns of text below a line such as "x [mm] z [um]"
@@ -28,7 +29,8 @@ usage: surface_report INPUT --out DIR [OPTION...]
                      with a row for each
   --each             writes a report of each of many files, too
   --resume           takes over what an interrupted run on many files has finished
-  --out DIR          folder for report.txt (tab-separated) and report.html
+  --merge DIR...     one table of what several runs on many files have written to these folders
+  --out DIR          folder for report.txt (tab-separated), report.html, report.csv and report.json
   --parameters KEYS  parameters by their keys, separated by commas: Sa,Sq,4287Ra,4287Pz; those of templates with
                      values in m or percent: 'Smc(10),Sdc(10,50)'
   --unit UNIT        unit of lengths: pm, nm, um, mm, m, uin, mil, in ...
@@ -180,6 +182,7 @@ CommandLine::CParser MakeParser(SOptions& options)
     parser.AddInputs(options.inputs);
     parser.AddFlag("--each", options.each);
     parser.AddFlag("--resume", options.resumes);
+    parser.AddFlag("--merge", options.merges);
     parser.AddFlag("--transpose", options.transpose);
     AddForms(parser, options);
     parser.AddFlag("--binary", options.isBinary);
@@ -212,17 +215,32 @@ CommandLine::CParser MakeParser(SOptions& options)
     return parser;
 }
 
+// The first option that is not among those; empty for none.
+std::string FindOther(std::span<const std::string_view> given,
+                      std::initializer_list<std::string_view> allowed)
+{
+    const auto found = std::ranges::find_if(
+        given, [&](std::string_view option) { return std::ranges::find(allowed, option) == allowed.end(); });
+    return found != given.end() ? std::string(*found) : std::string();
+}
+
 // What would have no effect beside --list-settings is refused rather than forgotten.
 void CheckListOptions(const SOptions& options, std::span<const std::string_view> given)
 {
-    constexpr std::string_view c_allowed[] = {"--list-settings", "--preferences", "--settings-folder"};
-    const auto useless = std::ranges::find_if(given, [&](std::string_view option) {
-        return std::ranges::find(c_allowed, option) == std::end(c_allowed);
-    });
-    const std::string what = useless != given.end() ? std::string(*useless) : options.input.string();
+    const std::string other = FindOther(given, {"--list-settings", "--preferences", "--settings-folder"});
+    const std::string what = other.empty() ? options.input.string() : other;
     if (!what.empty())
         throw EUsage("--list-settings prints sets instead of a report: \"" + what +
                      "\" has no effect beside it");
+}
+
+// The parts have been computed, and how they are shown is said in them.
+void CheckMergeOptions(std::span<const std::string_view> given)
+{
+    const std::string other =
+        FindOther(given, {"--merge", "--out", "--data", "--csv-separator", "--decimal"});
+    if (!other.empty())
+        throw EUsage("--merge puts together what is there: \"" + other + "\" has no effect beside it");
 }
 
 // What would have no effect on a table of many files.
@@ -251,6 +269,11 @@ SOptions ParseOptions(std::span<const char* const> arguments)
         return options;
     }
     CommandLine::CheckSurfaceOptions(options, "folder is given for the reports");
+    CompleteForms(options.forms);
+    if (options.merges) {
+        CheckMergeOptions(given);
+        return options;
+    }
     if (!options.sets.empty() && options.preferences.empty())
         throw EUsage("--set changes preferences, but no --preferences are given");
     if (!options.batch.IsEmpty() && !options.request.keys.empty())
@@ -259,7 +282,6 @@ SOptions ParseOptions(std::span<const char* const> arguments)
         CheckManyOptions(given);
     else if (options.each || options.resumes)
         throw EUsage("--each and --resume are for more than one file");
-    CompleteForms(options.forms);
     CheckSave(options);
     return options;
 }

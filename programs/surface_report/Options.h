@@ -20,6 +20,7 @@ struct SOptions : CommandLine::SSurfaceOptions {
     bool isMany = false;  ///< a table of many files is asked for
     bool each = false;    ///< with a report of each of them
     bool resumes = false; ///< what is there of that table is taken over
+    bool merges = false;  ///< the inputs are folders of such tables, which become one
     CommonUI::Measurement::SRequest request{};
     std::filesystem::path preferences{}; ///< the file of choices; empty for none
     std::vector<CommonUI::CStr> sets{};  ///< changes of the choices, see EditPreferences

@@ -18,6 +18,7 @@
 #include "programs/command_line/ProgressLine.h"
 #include "programs/surface_report/ListSettings.h"
 #include "programs/surface_report/ManyFiles.h"
+#include "programs/surface_report/Merge.h"
 #include "programs/surface_report/Options.h"
 #include "programs/surface_report/OutputFiles.h"
 #include "programs/surface_report/PreferencesFile.h"
@@ -235,6 +236,8 @@ int MakeTable(const SOptions& options, CPreferencesFile& preferences, std::ostre
 
 int Run(const SOptions& options, std::ostream& out, std::ostream& err)
 {
+    if (options.merges)
+        return MergeRuns(options, out, err);
     const CSettingsFolderScope folder(options);
     CPreferencesFile preferences(options);
     if (options.listSettings)
