@@ -91,6 +91,8 @@ void WriteFile(const SFileRow& row, const std::vector<std::string>& keys, CJsonW
         for (std::size_t i = 0; i < keys.size(); ++i)
             json.Key(keys[i]).Number(row.values[i]);
         json.End();
+        if (!row.remark.IsEmpty())
+            json.Key("remark").Text(row.remark);
         json.Key("reasons").BeginObject();
         for (std::size_t i = 0; i < keys.size(); ++i) {
             if (const std::string reason = ReasonOf(row, i); !reason.empty())

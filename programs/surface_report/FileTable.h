@@ -19,7 +19,7 @@ struct SFileRow {
     CommonUI::CStr name{}; ///< its path
     std::vector<double>
         values{}; ///< of the parameters at unit factor 1, NaN where not defined; empty if it failed
-    CommonUI::CStr remark{}; ///< why it failed
+    CommonUI::CStr remark{}; ///< why it failed, or what else is to be said
     std::string sha256{};    ///< of the file; empty where nobody has computed it
     std::string date{};      ///< that the file states; empty where it states none
     /// Why values are not defined, by their index.

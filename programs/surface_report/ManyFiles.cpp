@@ -67,14 +67,15 @@ CStr RemarkOf(const std::exception& error, const std::string& file)
 class CRun
 {
 public:
-    CRun(const SOptions& options, const Measurement::SSets& sets, const Measurement::SChoices& choices,
-         std::ostream& err)
+    CRun(const SOptions& options, const SPlan& plan, const Measurement::SChoices& choices,
+         const CommonUI::CAnalysisPreferencesManager& manager, std::ostream& err)
         : m_options(options)
-        , m_sets(sets)
+        , m_plan(plan)
+        , m_manager(manager)
         , m_choices(choices)
         , m_files(FindInputs(options.inputs, options.output))
         , m_rows(m_files.size())
-        , m_state(options.output / "report.state", MakeRunHead(options, sets, choices), m_files.size())
+        , m_state(options.output / "report.state", MakeRunHead(options, plan, choices), m_files.size())
         , m_progress(m_files.size(), &err == &std::cerr && CommonUI::IsErrorStreamTerminal(), err)
     {
         if (m_files.empty())
@@ -155,16 +156,47 @@ private:
             throw std::runtime_error("it is a profile, and the table has parameters of surfaces");
         row.date = surface.date;
         Measurement::SInput input =
-            Measurement::Process(std::move(surface), m_choices.method.levelling, m_sets.steps);
+            Measurement::Process(std::move(surface), m_choices.method.levelling, m_plan.sets.steps,
+                                 m_plan.batch && m_plan.batch->ChangesSurface());
         input.sha256 = row.sha256;
+        for (const Measurement::SRoughnessSet& set : m_plan.sets.roughness)
+            input.notes.emplace_back(u"Settings", set.name);
+        COutputFiles files;
+        if (m_plan.batch)
+            RunSteps(file, input, files, row);
         if (!m_options.each)
             input.raw.reset();
-        for (const Measurement::SRoughnessSet& set : m_sets.roughness)
-            input.notes.emplace_back(u"Settings", set.name);
         Measurement::SResults results = ComputeResults(input, m_choices);
         TakeValues(results.surface, row);
+        files.Replace();
+        files.Keep();
         if (m_options.each)
             WriteReport(file, input, std::move(results), isTakenOver);
+    }
+    // The steps of the batch sequence, whose reports lie beside each other and become files with the row.
+    void RunSteps(const SInputFile& file, Measurement::SInput& input, COutputFiles& files, SFileRow& row)
+    {
+        const auto report = [&](Measurement::SBatchReport made) {
+            Measurement::CReportTables tables(std::move(made.results), false);
+            if (m_options.hasPictures && made.layout)
+                tables.SetPictures(MakePictures(made.input, made.choices.method));
+            const fs::path wanted = (m_options.output / file.report) +=
+                "-" + NameStepReport(made.step, made.name);
+            const std::scoped_lock lock(m_writing);
+            files.AddReport(MakePlace(wanted), tables, m_options.forms);
+        };
+        const auto outcome = RunBatch(*m_plan.batch, input, m_plan.request, m_manager, report);
+        for (const CStr& remark : outcome.remarks)
+            row.remark += (row.remark.IsEmpty() ? CStr() : CStr(u"; ")) + remark;
+    }
+    // A path in a folder that is there, at which no report is.
+    fs::path MakePlace(const fs::path& wanted) const
+    {
+        fs::create_directories(wanted.parent_path());
+        fs::path path = wanted;
+        for (int number = 2; HasAny(path); ++number)
+            (path = wanted) += "-" + std::to_string(number);
+        return path;
     }
     // Of the surface as it is analysed, for each parameter that is chosen.
     void TakeValues(const std::vector<Measurement::SColumn>& columns, SFileRow& row) const
@@ -204,12 +236,8 @@ private:
             tables.SetPictures(MakePictures(input, m_choices.method));
         const std::scoped_lock lock(m_writing);
         const fs::path wanted = m_options.output / file.report;
-        fs::create_directories(wanted.parent_path());
-        fs::path path = wanted;
-        for (int number = 2; !replaces && HasAny(path); ++number)
-            (path = wanted) += "-" + std::to_string(number);
         COutputFiles files;
-        files.AddReport(path, tables, m_options.forms);
+        files.AddReport(replaces ? wanted : MakePlace(wanted), tables, m_options.forms);
         files.Replace();
         files.Keep();
     }
@@ -225,7 +253,8 @@ private:
     }
 
     const SOptions& m_options;
-    const Measurement::SSets& m_sets;
+    const SPlan& m_plan;
+    const CommonUI::CAnalysisPreferencesManager& m_manager;
     Measurement::SChoices m_choices;
     std::vector<std::string> m_extensions = m_options.forms.GetExtensions(); // of a report
     std::vector<SInputFile> m_files;
@@ -242,22 +271,21 @@ private:
 
 } // namespace
 
-int ReportOnMany(const SOptions& options, const Measurement::SSets& sets,
-                 const Measurement::SChoices& choices, CPreferencesFile& preferences, std::ostream& out,
-                 std::ostream& err)
+int ReportOnMany(const SOptions& options, const SPlan& plan, const Measurement::SChoices& choices,
+                 CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
 {
     CMadeFolder folder(options.output);
     const CInterruptions interruptions;
     std::vector<SFileRow> rows;
     std::size_t files = 0;
     {
-        CRun run(options, sets, choices, err);
+        CRun run(options, plan, choices, preferences.GetManager(), err);
         run.Work();
         folder.Keep();
         rows = run.GetRows();
         files = run.CountFiles();
     }
-    const SRunHead head = MakeRunHead(options, sets, choices);
+    const SRunHead head = MakeRunHead(options, plan, choices);
     const CFileTable table(rows, choices, head.facts);
     COutputFiles output;
     AddTable(options.output, table, options.forms, output);

@@ -244,12 +244,15 @@ void CheckMergeOptions(std::span<const std::string_view> given)
 }
 
 // What would have no effect on a table of many files.
-void CheckManyOptions(std::span<const std::string_view> given)
+void CheckManyOptions(const SOptions& options, std::span<const std::string_view> given)
 {
-    for (const std::string_view option : {"--grains", "--pores", "--batch", "--save", "--transpose"}) {
+    for (const std::string_view option : {"--grains", "--pores", "--save", "--transpose"}) {
         if (std::ranges::find(given, option) != given.end())
             throw EUsage(std::string(option) + " is for one file, and the input is many");
     }
+    if (!options.batch.IsEmpty() && (options.each || options.resumes))
+        throw EUsage(
+            "--each and --resume are not for --batch, whose sequence says which reports are written");
 }
 
 } // namespace
@@ -279,7 +282,7 @@ SOptions ParseOptions(std::span<const char* const> arguments)
     if (!options.batch.IsEmpty() && !options.request.keys.empty())
         throw EUsage("--parameters is not for --batch, whose sets and the preferences say what is computed");
     if (options.isMany)
-        CheckManyOptions(given);
+        CheckManyOptions(options, given);
     else if (options.each || options.resumes)
         throw EUsage("--each and --resume are for more than one file");
     CheckSave(options);

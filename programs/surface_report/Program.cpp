@@ -21,6 +21,7 @@
 #include "programs/surface_report/Merge.h"
 #include "programs/surface_report/Options.h"
 #include "programs/surface_report/OutputFiles.h"
+#include "programs/surface_report/Plan.h"
 #include "programs/surface_report/PreferencesFile.h"
 #include "programs/surface_report/SaveSurface.h"
 #include "programs/surface_report/TerminalText.h"
@@ -29,6 +30,7 @@
 #include <filesystem>
 #include <optional>
 #include <ostream>
+#include <variant>
 
 namespace SurfaceReport
 {
@@ -137,32 +139,6 @@ void AddNotes(const Measurement::SSets& sets, const Measurement::SMethod& method
         input.notes.emplace_back(u"Settings", method.grainSearch->name);
 }
 
-// "report-02-Basic-HTML": letters and digits of the name, and all that is beyond ASCII, with hyphens between
-// them.
-std::string NameReport(std::size_t step, const CommonUI::CStr& name)
-{
-    std::string text;
-    for (const char c : name.ToUtf8()) {
-        const bool isPlain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-                             static_cast<unsigned char>(c) >= 0x80;
-        if (isPlain)
-            text += c;
-        else if (!text.empty() && text.back() != '-')
-            text += '-';
-    }
-    while (text.ends_with('-'))
-        text.pop_back();
-    const std::string number = std::to_string(step);
-    return "report-" + (step < 10 ? "0" + number : number) + "-" + text;
-}
-
-// What a run is made of besides the surface.
-struct SPlan {
-    Measurement::SSets sets;
-    Measurement::SRequest request;
-    std::optional<Measurement::SBatch> batch{};
-};
-
 // The sets are loaded in the order in which they become recent ones.
 SPlan MakePlan(const SOptions& options, CommonUI::CSettingsFactory& factory)
 {
@@ -179,7 +155,7 @@ Measurement::SChoices RunSteps(const SPlan& plan, const SOptions& options,
                                COutputFiles& files, std::ostream& err)
 {
     const auto report = [&](Measurement::SBatchReport made) {
-        const fs::path path = options.output / NameReport(made.step, made.name);
+        const fs::path path = options.output / ("report-" + NameStepReport(made.step, made.name));
         Measurement::CReportTables tables(std::move(made.results), options.transpose);
         if (options.hasPictures && made.layout)
             tables.SetPictures(MakePictures(made.input, made.choices.method));
@@ -226,12 +202,25 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
     }
 }
 
+// The request with the roughness sets of a batch sequence, which count in the table of many files.
+Measurement::SRequest RequestOfTable(const SPlan& plan)
+{
+    Measurement::SRequest request = plan.request;
+    if (plan.batch) {
+        for (const Measurement::SBatchWork& step : plan.batch->steps) {
+            if (const auto* const set = std::get_if<Measurement::SRoughnessSet>(&step.work))
+                request.roughness.push_back(set->data);
+        }
+    }
+    return request;
+}
+
 int MakeTable(const SOptions& options, CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
 {
     const SPlan plan = MakePlan(options, preferences.GetFactory());
-    const Measurement::SChoices choices =
-        ForOption("--parameters", [&] { return MakeChoices(preferences.GetManager(), plan.request); });
-    return ReportOnMany(options, plan.sets, choices, preferences, out, err);
+    const Measurement::SChoices choices = ForOption(
+        "--parameters", [&] { return MakeChoices(preferences.GetManager(), RequestOfTable(plan)); });
+    return ReportOnMany(options, plan, choices, preferences, out, err);
 }
 
 int Run(const SOptions& options, std::ostream& out, std::ostream& err)

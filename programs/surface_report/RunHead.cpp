@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <sstream>
 #include <stdexcept>
+#include <variant>
 
 namespace SurfaceReport
 {
@@ -27,9 +28,9 @@ constexpr const char* c_automatic = "automatic units";
 constexpr const char* c_chosen = "chosen units";
 
 // A settings set as it was named, and the content of one that is a file.
-std::string DescribeSet(const CStr& spec)
+std::string DescribeSet(const char* option, const CStr& spec)
 {
-    std::string text = "settings " + spec.ToUtf8();
+    std::string text = option + (" " + spec.ToUtf8());
     const std::size_t begin = spec.Find(u"[File(");
     if (begin != CStr::npos) {
         const CStr path = spec.Mid(begin + 6, spec.GetLength() - begin - 8);
@@ -55,18 +56,25 @@ std::string DescribeStatistic(const CParameter& statistic)
            CommonUI::ShortestText(statistic.GetVariableValue()).ToUtf8();
 }
 
-std::vector<SRunFact> FactsOf(const Measurement::SSets& sets, const Measurement::SChoices& choices)
+std::vector<SRunFact> FactsOf(const SPlan& plan, const Measurement::SChoices& choices)
 {
     std::vector<SRunFact> facts{
         {"version", "Computed by", "CommonUI " + CommonUI::GetVersion().ToUtf8()},
         {"levelling", "Levelling", Measurement::DescribeLevelling(choices.method.levelling).ToUtf8()}};
     bool hasEnds = false;
-    for (std::size_t i = 0; i < sets.steps.size(); ++i) {
-        const std::string number = std::to_string(i + 1);
-        facts.push_back({"step " + number, "Step " + number, sets.steps[i].name.ToUtf8()});
-        hasEnds = hasEnds || IsGaussian(sets.steps[i]);
+    int number = 0;
+    const auto addStep = [&](const CStr& name, const Measurement::SStep* step) {
+        const std::string text = std::to_string(++number);
+        facts.push_back({"step " + text, "Step " + text, name.ToUtf8()});
+        hasEnds = hasEnds || (step && IsGaussian(*step));
+    };
+    for (const Measurement::SStep& step : plan.sets.steps)
+        addStep(step.name, &step);
+    if (plan.batch) {
+        for (const Measurement::SBatchWork& step : plan.batch->steps)
+            addStep(step.name, std::get_if<Measurement::SStep>(&step.work));
     }
-    for (const Measurement::SRoughnessSet& set : sets.roughness)
+    for (const Measurement::SRoughnessSet& set : plan.sets.roughness)
         facts.push_back({"settings", "Settings", set.name.ToUtf8()});
     if (hasEnds)
         facts.push_back({"ends", "Filter ends", CStr(Measurement::c_endTreatment).ToUtf8()});
@@ -107,15 +115,16 @@ CParameter ReadStatistic(const std::string& text, const std::vector<CParameter>&
 
 } // namespace
 
-SRunHead MakeRunHead(const SOptions& options, const Measurement::SSets& sets,
-                     const Measurement::SChoices& choices)
+SRunHead MakeRunHead(const SOptions& options, const SPlan& plan, const Measurement::SChoices& choices)
 {
     SRunHead head{.key = {"version " + CommonUI::GetVersion().ToUtf8(),
                           "levelling " + Measurement::DescribeLevelling(choices.method.levelling).ToUtf8()},
                   .shown = {choices.automaticUnits ? c_automatic : c_chosen},
-                  .facts = FactsOf(sets, choices)};
+                  .facts = FactsOf(plan, choices)};
     for (const CStr& spec : options.settings)
-        head.key.push_back(DescribeSet(spec));
+        head.key.push_back(DescribeSet("settings", spec));
+    if (!options.batch.IsEmpty())
+        head.key.push_back(DescribeSet("batch", options.batch));
     for (const CParameter& parameter : choices.surface) {
         head.columns.push_back(Measurement::GetKey(parameter).ToUtf8());
         head.shown.push_back(DescribeShown(parameter));

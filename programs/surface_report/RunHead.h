@@ -1,8 +1,8 @@
 #pragma once
 
 #include "measurement/Choices.h"
-#include "measurement/Steps.h"
 #include "programs/surface_report/Options.h"
+#include "programs/surface_report/Plan.h"
 
 #include <string>
 #include <vector>
@@ -29,7 +29,7 @@ struct SRunHead {
     bool operator==(const SRunHead&) const = default;
 };
 
-SRunHead MakeRunHead(const SOptions& options, const CommonUI::Measurement::SSets& sets,
+SRunHead MakeRunHead(const SOptions& options, const SPlan& plan,
                      const CommonUI::Measurement::SChoices& choices);
 
 /// The parameters and statistics from which the head of a run was made, for its table.
