@@ -74,7 +74,7 @@ SResults Describe(const SInput& input)
         add(u"SHA-256", CStr::FromUtf8(input.sha256));
     if (!surface.date.empty())
         add(u"Date", CStr::FromUtf8(surface.date));
-    add(u"Computed by", u"CommonUI " + GetVersion());
+    add(u"CommonUI version", GetVersion());
     if (!surface.channel.empty())
         add(u"Channel", CStr::FromUtf8(surface.channel));
     if (surface.IsProfile()) {

@@ -59,7 +59,7 @@ std::string DescribeStatistic(const CParameter& statistic)
 std::vector<SRunFact> FactsOf(const SPlan& plan, const Measurement::SChoices& choices)
 {
     std::vector<SRunFact> facts{
-        {"version", "Computed by", "CommonUI " + CommonUI::GetVersion().ToUtf8()},
+        {"version", "CommonUI version", CommonUI::GetVersion().ToUtf8()},
         {"levelling", "Levelling", Measurement::DescribeLevelling(choices.method.levelling).ToUtf8()}};
     bool hasEnds = false;
     int number = 0;

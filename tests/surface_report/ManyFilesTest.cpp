@@ -55,7 +55,7 @@ TEST_F(ManyFiles, TableHasARowForEachAndStatistics)
     EXPECT_TRUE(Has(m_err.str(), "surface_report: 2 of 5 files failed; report.txt says why\n"))
         << m_err.str();
     const std::string table = Table();
-    EXPECT_TRUE(Has(table, "Files: 5\r\nFailed: 2\r\nComputed by: CommonUI ") &&
+    EXPECT_TRUE(Has(table, "Files: 5\r\nFailed: 2\r\nCommonUI version: ") &&
                 Has(table, "\r\nLevelling: none\r\n\r\nFile\tSp\tSz\tRemark\r\nUnit\tnm\tnm\t\r\n"))
         << table;
     EXPECT_TRUE(HasRow("data/a.txt", "9.1667\t10\t")) << table;
