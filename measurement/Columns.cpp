@@ -80,10 +80,9 @@ CStr GetStatisticUnitText(const SColumn& column, const CParameter& statistic)
 
 CStr GetStatisticKey(const CParameter& statistic)
 {
-    const CStr key = statistic.GetIniName();
     if (statistic != static_cast<int>(EStatistics::Fractile))
-        return key;
-    return key + u"(" + ShortestText(statistic.GetVariableValue()) + u")";
+        return statistic.GetIniName();
+    return statistic.GetIniName() + u"(" + ShortestText(statistic.GetVariableValue()) + u")";
 }
 
 SColumn MakeColumn(const CParameter& parameter, std::vector<double> values, bool automaticUnits)

@@ -18,7 +18,7 @@ namespace CommonUI::Measurement
 constexpr std::string_view c_noReason = "there is no value";
 constexpr std::string_view c_notLookedUp = "not looked up, as there are more than 10000 rows";
 
-inline std::string OrNoReason(std::string reason)
+inline std::string OrNoReason(const std::string& reason)
 {
     return reason.empty() ? std::string(c_noReason) : reason;
 }

@@ -60,7 +60,7 @@ TEST_F(Merge, PartsGiveWhatOneRunGives)
     const std::string options[] = {
         "--parameters Sz,Ssk,Sdc(10,50)",
         "--parameters Sz,Smr(1e-7) --unit pm --level plane --settings Filter[Id(90)]",
-        "--preferences $folder/choices.ini --set Fractile=on:95 --set Sz.format=Decimals:2 --set Sz.unit=mm",
+        "--preferences $folder/choices.ini --set Fractile=on:90 --set Sz.format=Decimals:2 --set Sz.unit=mm",
     };
     for (const std::string& option : options) {
         SCOPED_TRACE(option);

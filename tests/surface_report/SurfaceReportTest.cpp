@@ -49,6 +49,9 @@ TEST_F(ReportProgram, DataAndSpreadsheetsAreWrittenBeside)
         << Read("report.sheet.csv");
     EXPECT_EQ(Read("report.json") + Read("report.csv"), first)
         << "nothing of the time, or of the way it is shown";
+    EXPECT_TRUE(Has(Report("--parameters Sq --settings PlaneCorr[Id(4)] --settings Filter[Id(97)]"),
+                    "\r\nCut-off of step 2: 2.5 µm\r\nFilter ends: weights"));
+    EXPECT_EQ(CStrictJson::Parse(Read("report.json"))["method"]["steps"][1]["cutoff"].number, 2.5e-6);
     fs::remove_all(Out());
     ASSERT_EQ(Run(line + "--data no"), 0);
     for (const char* name : {"report.csv", "report.json", "report.sheet.csv"})
