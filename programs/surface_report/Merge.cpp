@@ -107,6 +107,7 @@ int MergeRuns(const SOptions& options, std::ostream& out, std::ostream& err)
         merger.Add(folder);
     const SStoredRun run = merger.Take();
     std::vector<SFileRow> rows;
+    rows.reserve(run.entries.size());
     for (const SStoredRun::SEntry& entry : run.entries)
         rows.push_back(entry.row);
     CMadeFolder folder(options.output);

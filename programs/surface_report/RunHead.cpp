@@ -139,6 +139,7 @@ SRunHead MakeRunHead(const SOptions& options, const SPlan& plan, const Measureme
 Measurement::SChoices ChoicesOf(const SRunHead& head)
 {
     Measurement::SRequest request;
+    request.keys.reserve(head.columns.size());
     for (const std::string& key : head.columns)
         request.keys.push_back(CStr::FromUtf8(key));
     Measurement::SChoices choices = MakeChoices(CommonUI::CAnalysisPreferencesManager(), request);

@@ -266,6 +266,7 @@ void CRunState::Add(std::size_t place, const SFingerprint& fingerprint, const SF
 void CRunState::Save() const
 {
     SStoredRun run{.head = m_head, .fileCount = m_fileCount};
+    run.entries.reserve(m_entries.size());
     for (const auto& [path, entry] : m_entries)
         run.entries.push_back(entry);
     // In the order of the table; what has no place stands in front.
