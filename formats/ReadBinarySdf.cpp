@@ -1,4 +1,5 @@
 #include "formats/detail/BinaryHeights.h"
+#include "formats/detail/Dates.h"
 #include "formats/detail/Readers.h"
 
 #include <algorithm>
@@ -12,7 +13,9 @@ namespace CommonUI::Formats
 namespace
 {
 
-// Where the fields of the header stand. Texts and dates in front of them are nothing that is computed with.
+// Where the fields of the header stand.
+constexpr std::size_t c_datePlace = 18;
+constexpr std::size_t c_dateSize = 12;
 constexpr std::size_t c_pointsPlace = 42;
 constexpr std::size_t c_linesPlace = 44;
 constexpr std::size_t c_dxPlace = 46;
@@ -108,7 +111,8 @@ Analysis::SSurface ReadBinarySdf(CInputFile& file, const FProgress& progress)
     if (file.GetHead().size() < c_headerSize)
         file.Fail("the file ends within its header of 81 bytes");
     Analysis::SSurface surface{.points = ReadCount(file, c_pointsPlace),
-                               .lines = ReadCount(file, c_linesPlace)};
+                               .lines = ReadCount(file, c_linesPlace),
+                               .date = DateOfSdf(file.GetHead().substr(c_datePlace, c_dateSize))};
     surface.dx = ReadScale(file, c_dxPlace);
     surface.dy = ReadLineSpacing(file, surface);
     const double scale = ReadScale(file, c_scalePlace);

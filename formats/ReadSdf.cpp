@@ -1,3 +1,4 @@
+#include "formats/detail/Dates.h"
 #include "formats/detail/Readers.h"
 
 #include <algorithm>
@@ -17,6 +18,7 @@ struct SHeader {
     double dy = 0;
     double scale = 0;
     bool hasNoLineSpacing = false; // it is given as 0, as for a profile
+    std::string date{};
 };
 
 std::uint32_t ReadCount(const CTextScanner& scanner, std::string_view text)
@@ -66,6 +68,8 @@ void TakeEntry(const CTextScanner& scanner, std::string_view key, std::string_vi
         TakeLineSpacing(scanner, key, value, header);
     else if (EqualsNoCase(key, "Zscale"))
         SetOnce(scanner, key, header.scale, ReadScale(scanner, value));
+    else if (EqualsNoCase(key, "CreateDate"))
+        header.date = DateOfSdf(value);
     else if (EqualsNoCase(key, "Compression") && value != "0")
         scanner.Fail(value.data(), "compressed data is not supported");
 }
@@ -111,7 +115,8 @@ Analysis::SSurface ReadSdf(CTextScanner& scanner)
     Analysis::SSurface surface{.points = header.points,
                                .lines = header.lines,
                                .dx = header.dx,
-                               .dy = header.dy != 0 ? header.dy : header.dx};
+                               .dy = header.dy != 0 ? header.dy : header.dx,
+                               .date = header.date};
     const std::uint64_t promised = std::uint64_t{header.points} * header.lines;
     const std::string promise = std::to_string(promised) + " values promised, ";
 

@@ -1,4 +1,5 @@
 #include "formats/detail/BinaryHeights.h"
+#include "formats/detail/Dates.h"
 #include "formats/detail/Writers.h"
 
 #include <algorithm>
@@ -31,6 +32,16 @@ std::string DateText(std::chrono::sys_seconds time)
     return text.data();
 }
 
+// The date that the surface has from its file, or the time of writing.
+std::string CreationText(const Analysis::SSurface& surface, std::chrono::sys_seconds time)
+{
+    const std::string date = DateOfXml(surface.date);
+    if (date.empty())
+        return DateText(time);
+    const auto part = [&date](std::size_t first, std::size_t count) { return date.substr(first, count); };
+    return part(8, 2) + part(5, 2) + part(0, 4) + part(11, 2) + part(14, 2);
+}
+
 void AppendEntry(std::string& text, std::string_view key, std::string_view value)
 {
     text.append(key).append(" = ").append(value).append("\r\n");
@@ -58,7 +69,7 @@ std::string WriteSdf(const Analysis::SSurface& surface, std::chrono::sys_seconds
     std::string text = "aISO-1.0\r\n";
     text.reserve(c_usualLength * surface.heights.size());
     AppendEntry(text, "ManufacID", c_maker);
-    AppendEntry(text, "CreateDate", DateText(time));
+    AppendEntry(text, "CreateDate", CreationText(surface, time));
     AppendEntry(text, "ModDate", DateText(time));
     AppendEntry(text, "NumPoints", std::to_string(surface.points));
     AppendEntry(text, "NumProfiles", std::to_string(surface.lines));
@@ -87,7 +98,7 @@ std::string WriteBinarySdf(const Analysis::SSurface& surface, std::chrono::sys_s
     std::string bytes = "bISO-1.0";
     bytes.reserve(c_headerSize + sizeof(double) * surface.heights.size());
     bytes.append(c_maker).append(c_makerSize - c_maker.size(), ' ');
-    bytes.append(DateText(time)).append(DateText(time));
+    bytes.append(CreationText(surface, time)).append(DateText(time));
     AppendLittle(bytes, ToCount(surface.points));
     AppendLittle(bytes, ToCount(surface.lines));
     AppendLittle(bytes, surface.dx);

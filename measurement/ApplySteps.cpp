@@ -109,6 +109,20 @@ void Apply(const SStep& step, SSurface& surface)
         throw ERequest(step.userSpec, CStr::FromUtf8(refusal));
 }
 
+bool IsGaussian(const SStep& step)
+{
+    const auto* const filter = std::get_if<SFilterSettings>(&step.settings);
+    return filter &&
+           (filter->kind == EFilterKind::ProfileGaussian || filter->kind == EFilterKind::ArealGaussian);
+}
+
+std::optional<double> FindCutoff(const SStep& step, const SSurface& surface)
+{
+    if (!IsGaussian(step))
+        return {};
+    return IsoGaussianOf(std::get<SFilterSettings>(step.settings), surface).cutoff;
+}
+
 SInput Process(SSurface surface, ELevelling levelling, const std::vector<SStep>& steps, bool keepsRaw)
 {
     SInput input{.levelling = levelling};
@@ -116,6 +130,8 @@ SInput Process(SSurface surface, ELevelling levelling, const std::vector<SStep>&
         input.raw = surface;
     Level(surface, levelling);
     for (const SStep& step : steps) {
+        if (const auto cutoff = FindCutoff(step, surface))
+            input.cutoffs.push_back({input.steps.size() + 1, *cutoff});
         Apply(step, surface);
         input.steps.push_back(step.name);
     }

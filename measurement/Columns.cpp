@@ -1,5 +1,7 @@
 #include "measurement/Columns.h"
 
+#include "common/NumberText.h"
+#include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
 
 #include <algorithm>
@@ -39,6 +41,48 @@ CStr SColumn::GetUnitText() const
 CStr SColumn::GetText(double value) const
 {
     return FormatParameterValue(value * parameter.CalcFactor(), parameter.GetFloatFormat());
+}
+
+CStr SColumn::GetBaseUnitText() const
+{
+    CParameter atUnity = parameter;
+    atUnity.SetUnitFactor(CUnit::EUnitFactor::Unity);
+    return atUnity.GetScaledUnitStr(Units());
+}
+
+CStr SColumn::GetKey() const
+{
+    return Measurement::GetKey(parameter);
+}
+
+CStr GetKey(const CParameter& parameter)
+{
+    CStr key = parameter.GetIniName();
+    if (!parameter.HasParent())
+        return key;
+    CStr variables;
+    for (const CParameter& variable : parameter.GetVariables())
+        variables += (variables.IsEmpty() ? CStr() : CStr(u",")) + ShortestText(variable.GetVariableValue());
+    return key + u"(" + variables + u")";
+}
+
+CStr GetStatisticUnitText(const SColumn& column, const CParameter& statistic)
+{
+    switch (static_cast<EStatistics>(statistic.GetValue())) {
+    case EStatistics::Count:
+        return {};
+    case EStatistics::SdPercent:
+        return u"%";
+    default:
+        return column.GetBaseUnitText();
+    }
+}
+
+CStr GetStatisticKey(const CParameter& statistic)
+{
+    if (statistic != static_cast<int>(EStatistics::Fractile))
+        return statistic.GetIniName();
+    return statistic.GetIniName() + u"(" + ShortestText(statistic.GetVariableValue()) + u")";
 }
 
 SColumn MakeColumn(const CParameter& parameter, std::vector<double> values, bool automaticUnits)

@@ -30,7 +30,22 @@ struct COMMONUIMEASUREMENT_API SColumn {
     CStr GetUnitText() const;
     /// A value of the parameter as text, without its unit.
     CStr GetText(double value) const;
+    /// The unit of the values as they are kept: "m", "m²", "m³", "1/m", "1/m²", "°", "%"; empty for
+    /// dimensionless parameters.
+    CStr GetBaseUnitText() const;
+    /// By what machines know the parameter, see Measurement::GetKey.
+    CStr GetKey() const;
 };
+
+/// By what machines know a parameter: its key, that of a parameter from a template with the values of its
+/// variables behind it, such as "Sdc(10,50)".
+COMMONUIMEASUREMENT_API CStr GetKey(const CParameter& parameter);
+
+/// The unit of a column's statistic as it is kept, of which the key is that of GetStatisticsEnum.
+COMMONUIMEASUREMENT_API CStr GetStatisticUnitText(const SColumn& column, const CParameter& statistic);
+/// By what machines know a statistic: its key, that of a fractile with its percentage, such as
+/// "Fractile(95)".
+COMMONUIMEASUREMENT_API CStr GetStatisticKey(const CParameter& statistic);
 
 /// @param automaticUnits whether the values are shown in the unit that suits them
 COMMONUIMEASUREMENT_API SColumn MakeColumn(const CParameter& parameter, std::vector<double> values,

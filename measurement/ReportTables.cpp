@@ -3,10 +3,12 @@
 #include "common/ControlCharacters.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
+#include "output/results/ProfileText.h"
 #include "output/results/ResultsHtml.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -85,8 +87,9 @@ void FillHead(CGrid& grid, const SResults& results)
     grid.SetNameHeader(results.rowName);
     CGrid::SRow units{.name = u"Unit", .cells = {}, .subHeader = true};
     for (const SColumn& column : results.columns) {
-        grid.AddColumn({HeaderOf(column.parameter), {}});
+        grid.AddColumn({.header = HeaderOf(column.parameter), .group = {}, .exactHeader = column.GetKey()});
         units.cells.push_back(column.GetUnitText());
+        units.exactTexts.push_back({units.cells.size(), column.GetBaseUnitText()});
     }
     grid.AddRow(units);
 }
@@ -208,6 +211,8 @@ void CReportTables::FillSurface()
         for (const double value : column.values)
             row.cells.push_back(column.GetText(value));
         row.cells.push_back(column.GetUnitText());
+        row.values = column.values;
+        row.exactTexts = {{0, column.GetKey()}, {row.cells.size(), column.GetBaseUnitText()}};
         for (const auto& [index, state] : column.exceptions)
             row.states.push_back(
                 {index + 1,
@@ -237,6 +242,9 @@ void CReportTables::FillRows(std::size_t first, std::size_t last)
     for (std::size_t i = 0; i < states.size(); ++i) {
         CGrid::SRow row = part.GetRows()[i];
         row.states = std::move(states[i]);
+        row.values.reserve(count);
+        for (const std::vector<double>& column : values)
+            row.values.push_back(column[i]);
         m_rows.AddRow(std::move(row));
     }
 }
@@ -254,10 +262,12 @@ void CReportTables::FillStatistics()
 {
     m_statistics.SetNameHeader(u"Statistic");
     for (const SColumn& column : m_results.columns)
-        m_statistics.AddColumn({HeaderOf(column.parameter), {}});
+        m_statistics.AddColumn(
+            {.header = HeaderOf(column.parameter), .group = {}, .exactHeader = column.GetKey()});
     for (const CParameter& statistic : m_results.statistics) {
         const std::string key = statistic.GetIniName().ToUtf8();
         CGrid::SRow row{.name = StatisticName(statistic), .cells = {}};
+        row.exactTexts = {{0, GetStatisticKey(statistic)}};
         for (std::size_t index = 0; index < m_results.columns.size(); ++index) {
             const SColumn& column = m_results.columns[index];
             const auto found = std::ranges::find(column.statistics, key, &Analysis::SValue::key);
@@ -265,6 +275,7 @@ void CReportTables::FillStatistics()
                 continue;
             row.cells.push_back(
                 StatisticText(column, static_cast<EStatistics>(statistic.GetValue()), found->value));
+            row.values.push_back(found->value);
             if (std::isnan(found->value))
                 row.states.push_back({row.cells.size(), NoteStatistic(index, row.name, *found)});
         }
@@ -293,10 +304,11 @@ bool CReportTables::HasTooManyRows() const
 }
 
 // The rows and their statistics.
-void CReportTables::WriteTextRows(const FWriteText& write) const
+void CReportTables::WriteTextRows(const FWriteText& write, const SNumberProfile& profile) const
 {
-    const auto writeCells = [&write](const CGrid::CCells& cells) {
-        write(CGrid::GenerateResultsText(cells).ToUtf8());
+    const auto writeCells = [&](CGrid::CCells cells) {
+        ConvertCells(cells, profile);
+        write(GenerateProfileText(cells, profile).ToUtf8());
     };
     CGrid head(SCell::Results);
     FillHead(head, m_results);
@@ -313,32 +325,35 @@ void CReportTables::WriteTextRows(const FWriteText& write) const
 }
 
 // The same with rows as columns: a line for each parameter.
-void CReportTables::WriteTurnedTextRows(const FWriteText& write) const
+void CReportTables::WriteTurnedTextRows(const FWriteText& write, const SNumberProfile& profile) const
 {
     constexpr std::size_t c_piece = std::size_t{1} << 16;
     std::string text;
-    const auto append = [&](const CStr& cell) {
-        text += '\t';
-        text += cell.ToUtf8();
+    const auto textOf = [&profile](const CStr& cell, std::uint32_t flags) {
+        return GenerateProfileCell({.text = cell, .flags = flags}, profile).ToUtf8();
+    };
+    const auto append = [&](const CStr& cell, std::uint32_t flags = 0) {
+        text += static_cast<char>(profile.separator);
+        text += textOf(cell, flags);
         if (text.size() >= c_piece) {
             write(text);
             text.clear();
         }
     };
     const CGrid::SRow& units = m_rows.GetRows().front();
-    text += m_rows.GetNameHeader().ToUtf8();
-    append(units.name);
+    text += textOf(m_rows.GetNameHeader(), SCell::ColumnHeader);
+    append(units.name, SCell::ColumnHeader);
     for (std::size_t i = 0; i < m_results.rowCount; ++i)
-        append(RowName(i));
+        append(RowName(i), SCell::ColumnHeader);
     for (const CGrid::SRow& statistic : m_statistics.GetRows())
-        append(statistic.name);
+        append(statistic.name, SCell::ColumnHeader);
     text += c_lineEnd;
     const std::size_t count = m_results.columns.size();
     ForEachBlock(count, m_results.columnsAtOnce, [&](std::size_t first, std::size_t last) {
         const CPartValues values = m_results.GetValues({first, last, 0, m_results.rowCount});
         for (std::size_t index = first; index < last; ++index) {
-            text += m_rows.GetColumns()[index].header.Replace(u"\r\n", u" ").ToUtf8();
-            append(units.cells[index]);
+            text += textOf(m_rows.GetColumns()[index].header.Replace(u"\r\n", u" "), SCell::RowHeader);
+            append(units.cells[index], SCell::SubHeader);
             for (const double value : values[index - first])
                 append(m_results.columns[index].GetText(value));
             for (const CGrid::SRow& statistic : m_statistics.GetRows())
@@ -349,17 +364,17 @@ void CReportTables::WriteTurnedTextRows(const FWriteText& write) const
     write(text);
 }
 
-void CReportTables::WriteText(const FWriteText& write) const
+void CReportTables::WriteText(const FWriteText& write, const SNumberProfile& profile) const
 {
     write("\xEF\xBB\xBF");
-    write(CGrid::GenerateText(&m_summary, &m_surface, nullptr, m_transpose).ToUtf8());
+    write(GenerateProfileText(&m_summary, &m_surface, nullptr, m_transpose, profile).ToUtf8());
     if (m_results.columns.empty())
         return;
     write(c_lineEnd);
     if (m_transpose)
-        WriteTurnedTextRows(write);
+        WriteTurnedTextRows(write, profile);
     else
-        WriteTextRows(write);
+        WriteTextRows(write, profile);
 }
 
 void CReportTables::WriteHtmlRows(const FWriteText& write) const

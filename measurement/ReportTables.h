@@ -4,6 +4,7 @@
 #include "../output/results/GridBaseOutputCtrl.h"
 #include "Footnotes.h"
 #include "Results.h"
+#include "WriteText.h"
 
 #include <cstddef>
 #include <functional>
@@ -14,9 +15,6 @@
 
 namespace CommonUI::Measurement
 {
-
-/// Receives a text piece by piece, UTF-8.
-using FWriteText = std::function<void(std::string_view)>;
 
 /// The tables of a report and the forms in which other programs read them.
 class COMMONUIMEASUREMENT_API CReportTables
@@ -33,6 +31,7 @@ public:
     /// Pieces of HTML for the page, which stand behind the summary; see MakePictures.
     void SetPictures(std::vector<std::string> pictures) { m_pictures = std::move(pictures); }
 
+    /// From what the tables were made.
     const SResults& GetResults() const noexcept { return m_results; }
     /// What was measured and how.
     const CGridBaseOutputCtrl& GetSummary() const noexcept { return m_summary; }
@@ -53,7 +52,8 @@ public:
 
     /// Tab-separated text for a spreadsheet: UTF-8 with a byte order mark, by which spreadsheet programs know
     /// it. It has all rows, which become text some at a time.
-    void WriteText(const FWriteText& write) const;
+    /// @param profile how the numbers are written; not that for machines, see WriteJson
+    void WriteText(const FWriteText& write, const SNumberProfile& profile = {}) const;
     /// A page of HTML, UTF-8, made in the same way.
     void WriteHtml(const FWriteText& write) const;
 
@@ -61,8 +61,8 @@ public:
     std::string GetHtml() const;
 
 private:
-    void WriteTextRows(const FWriteText& write) const;
-    void WriteTurnedTextRows(const FWriteText& write) const;
+    void WriteTextRows(const FWriteText& write, const SNumberProfile& profile) const;
+    void WriteTurnedTextRows(const FWriteText& write, const SNumberProfile& profile) const;
     void WriteHtmlRows(const FWriteText& write) const;
     void WriteTurnedHtmlRows(const FWriteText& write) const;
     void FillSurface();

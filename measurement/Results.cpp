@@ -9,6 +9,7 @@
 #include "analysis/profile/ProfileParameters.h"
 #include "analysis/profile/SplitProfile.h"
 #include "analysis/profile/UndefinedProfile.h"
+#include "common/Version.h"
 #include "measurement/detail/DescribeLength.h"
 #include "measurement/detail/Keys.h"
 #include "measurement/detail/ProfileRows.h"
@@ -34,27 +35,46 @@ using Analysis::SValues;
 namespace
 {
 
-CStr LevellingText(ELevelling levelling)
+SOrigin OriginOf(const SInput& input)
 {
-    switch (levelling) {
-    case ELevelling::Mean:
-        return u"mean height subtracted";
-    case ELevelling::Plane:
-        return u"least-squares plane subtracted";
-    default:
-        return u"none";
-    }
+    const SSurface& surface = input.surface;
+    return {.fileName = surface.fileName,
+            .sha256 = input.sha256,
+            .date = surface.date,
+            .channel = surface.channel,
+            .points = surface.points,
+            .lines = surface.lines,
+            .missing = surface.missing,
+            .dx = surface.dx,
+            .dy = surface.dy,
+            .levelling = input.levelling,
+            .steps = input.steps,
+            .cutoffs = input.cutoffs};
+}
+
+// The steps that were applied, with what their names alone do not say.
+void DescribeSteps(const SInput& input, SResults& results)
+{
+    for (std::size_t i = 0; i < input.steps.size(); ++i)
+        results.summary.emplace_back(CStr::Format(u"Step %d", i + 1), input.steps[i]);
+    for (const auto& [step, cutoff] : input.cutoffs)
+        results.summary.emplace_back(CStr::Format(u"Cut-off of step %d", step), DescribeLength(cutoff));
 }
 
 // The texts of the summary that say what was measured.
 SResults Describe(const SInput& input)
 {
     const SSurface& surface = input.surface;
-    SResults results{.title = CStr::FromUtf8(surface.fileName)};
+    SResults results{.title = CStr::FromUtf8(surface.fileName), .origin = OriginOf(input)};
     const auto add = [&results](const CStr& label, const CStr& text) {
         results.summary.emplace_back(label, text);
     };
     add(u"File", CStr::FromUtf8(surface.fileName));
+    if (!input.sha256.empty())
+        add(u"SHA-256", CStr::FromUtf8(input.sha256));
+    if (!surface.date.empty())
+        add(u"Date", CStr::FromUtf8(surface.date));
+    add(u"CommonUI version", GetVersion());
     if (!surface.channel.empty())
         add(u"Channel", CStr::FromUtf8(surface.channel));
     if (surface.IsProfile()) {
@@ -65,9 +85,8 @@ SResults Describe(const SInput& input)
         add(u"Spacing", DescribeLength(surface.dx) + u" × " + DescribeLength(surface.dy));
     }
     add(u"Missing points", CStr::Format(u"%d", surface.missing));
-    add(u"Levelling", LevellingText(input.levelling));
-    for (std::size_t i = 0; i < input.steps.size(); ++i)
-        add(CStr::Format(u"Step %d", i + 1), input.steps[i]);
+    add(u"Levelling", DescribeLevelling(input.levelling));
+    DescribeSteps(input, results);
     for (const auto& [label, text] : input.notes)
         add(label, text);
     return results;
@@ -224,6 +243,7 @@ void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& 
     const Analysis::CProfileSplitter splitter(surface.points, surface.dx, cutoff);
     const CStr width = DescribeLength(splitter.GetLeastWidth() * surface.dx);
     results.summary.emplace_back(u"Cut-off", DescribeLength(cutoff));
+    results.origin.cutoff = cutoff;
     if (HasStandard(results.columns, EAnalysisStandards::ISO12085)) {
         const Analysis::SMotifLimits limits =
             method.motifLimits.value_or(Analysis::DefaultMotifLimits(surface.points, surface.dx));
@@ -245,6 +265,14 @@ CStr NamesOf(const std::vector<CParameter>& parameters)
     for (const CParameter& parameter : parameters)
         names += (names.IsEmpty() ? CStr() : CStr(u", ")) + parameter.GetShortFriendlyString();
     return names;
+}
+
+// What filters there are have in common.
+SResults WithEnds(SResults results)
+{
+    if (results.origin.cutoff || !results.origin.cutoffs.empty())
+        results.summary.emplace_back(u"Filter ends", c_endTreatment);
+    return results;
 }
 
 SResults RoughnessResults(const SInput& input, const SChoices& choices)
@@ -293,6 +321,7 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
                                  CStr::Format(u"%d", grains.count));
     results.summary.emplace_back(label(EMeasureSummaryItems::Coverage),
                                  FormatParameterValue(grains.coverage, format) + u" %");
+    results.origin.threshold = limit.threshold;
     results.grains = std::move(found);
     results.rowName = pores ? u"Pore" : u"Particle";
     results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticRowUnits);
@@ -312,6 +341,18 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
 }
 
 } // namespace
+
+CStr DescribeLevelling(ELevelling levelling)
+{
+    switch (levelling) {
+    case ELevelling::Mean:
+        return u"mean height subtracted";
+    case ELevelling::Plane:
+        return u"least-squares plane subtracted";
+    default:
+        return u"none";
+    }
+}
 
 SValueState SResults::GetState(std::size_t column, std::size_t row, double value) const
 {
@@ -334,9 +375,9 @@ CPartValues SResults::GetValues(const SPart& part) const
 
 SResults ComputeResults(const SInput& input, const SChoices& choices)
 {
-    return choices.method.MeasuresGrains()
-               ? GrainResults(input, choices, FindGrainLimit(choices.method, input.surface))
-               : RoughnessResults(input, choices);
+    return WithEnds(choices.method.MeasuresGrains()
+                        ? GrainResults(input, choices, FindGrainLimit(choices.method, input.surface))
+                        : RoughnessResults(input, choices));
 }
 
 } // namespace CommonUI::Measurement

@@ -4,6 +4,7 @@
 #include "ApplySteps.h"
 #include "Choices.h"
 #include "Columns.h"
+#include "Origin.h"
 #include "RowValues.h"
 
 #include <cstddef>
@@ -27,6 +28,7 @@ struct SResults {
     CStr title{};
     /// Labels and texts of what was measured and how.
     std::vector<std::pair<CStr, CStr>> summary{};
+    SOrigin origin{};
     /// One value each; or two, that of the raw surface and that of the processed one. Of a surface of one
     /// line, which is a profile, these are the parameters of profiles, and there are no rows.
     std::vector<SColumn> surface{};

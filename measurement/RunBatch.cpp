@@ -27,9 +27,12 @@ SInput CutProfiles(const SInput& input, std::size_t count)
                            .dx = surface.dx,
                            .dy = height / static_cast<double>(count + 1),
                            .channel = surface.channel,
-                           .fileName = surface.fileName},
+                           .fileName = surface.fileName,
+                           .date = surface.date},
                .levelling = input.levelling,
-               .steps = input.steps};
+               .steps = input.steps,
+               .cutoffs = input.cutoffs,
+               .sha256 = input.sha256};
     for (std::size_t i = 1; i <= count; ++i) {
         const std::size_t line = i * surface.lines / (count + 1);
         const auto heights = surface.GetLine(line);
@@ -81,7 +84,10 @@ private:
     static CStr DoWork(const SBatchUseless& set) { return set.reason; }
     CStr DoWork(const SStep& step)
     {
+        const auto cutoff = FindCutoff(step, m_input.surface);
         Apply(step, m_input.surface);
+        if (cutoff)
+            m_input.cutoffs.push_back({m_number, *cutoff});
         return {};
     }
     CStr DoWork(const SGrainSearch& search)

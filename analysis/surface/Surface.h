@@ -27,6 +27,9 @@ struct SSurface {
     std::size_t missing = 0; ///< how many of the heights are NaN
     std::string channel{};   ///< UTF-8; empty where the file names none
     std::string fileName{};  ///< UTF-8, without folder
+    /// The date that the file states, "2024-05-31T14:30", with seconds and a zone where it has them; empty
+    /// where it states none.
+    std::string date{};
 
     /// Whether it is one line alone, of which the parameters of profiles are meant.
     bool IsProfile() const { return lines == 1; }

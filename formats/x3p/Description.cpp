@@ -2,6 +2,7 @@
 
 #include "formats/x3p/detail/Description.h"
 
+#include "formats/detail/Dates.h"
 #include "formats/detail/TextScanner.h"
 
 #include <algorithm>
@@ -86,6 +87,7 @@ SX3pDescription CX3pDocument::Describe() const
     if (link && description.data.entry.empty())
         Fail("DataLink", "there is no PointDataLink");
     description.checksumEntry = ReadLink(ChildOf(m_root, "Record4"), "ChecksumFile", "").entry;
+    description.date = DateOfXml(TextOf(ChildOf(m_root, "Record2"), "Date"));
     return description;
 }
 

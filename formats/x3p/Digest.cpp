@@ -10,25 +10,22 @@
 namespace CommonUI::Formats
 {
 
-namespace
-{
-
 // A system can be set up to have no MD5.
-void Require(int success)
+void CDigest::Require(int success) const
 {
     if (success != 1)
-        throw std::runtime_error("MD5 checksums cannot be computed on this system");
+        throw std::runtime_error(std::string(m_kind == EDigest::Md5 ? "MD5 checksums" : "SHA-256 digests") +
+                                 " cannot be computed on this system");
 }
 
-} // namespace
-
-CDigest::CDigest()
-    : m_context(EVP_MD_CTX_new())
+CDigest::CDigest(EDigest kind)
+    : m_kind(kind)
+    , m_context(EVP_MD_CTX_new())
 {
     if (!m_context)
         throw std::bad_alloc();
     // Null where the system has none; the first use then says so.
-    EVP_DigestInit_ex(m_context, EVP_md5(), nullptr);
+    EVP_DigestInit_ex(m_context, m_kind == EDigest::Md5 ? EVP_md5() : EVP_sha256(), nullptr);
 }
 
 CDigest::~CDigest()

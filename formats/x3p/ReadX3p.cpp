@@ -138,7 +138,8 @@ Analysis::SSurface ReadX3p(CInputFile& file, const FProgress& progress)
     const std::vector<double>& heights = points.GetHeights();
     CheckHeights(archive, heights);
 
-    Analysis::SSurface surface{.points = description.points, .lines = description.lines};
+    Analysis::SSurface surface{
+        .points = description.points, .lines = description.lines, .date = description.date};
     surface.dx = SpacingOf(archive, description.x, points.GetX(), 1, surface.points, heights);
     surface.dy = description.isProfile ? surface.dx
                                        : SpacingOf(archive, description.y, points.GetY(), surface.points,

@@ -1,8 +1,10 @@
 #include "output/results/GridBaseOutputCtrl.h"
 
 #include "common/Diagnostics.h"
+#include "common/NumberText.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
@@ -26,6 +28,19 @@ std::u16string_view NextToken(std::u16string_view& rest, std::u16string_view del
     const std::u16string_view token = rest.substr(0, rest.find_first_of(delimiters));
     rest.remove_prefix(token.size());
     return token;
+}
+
+// What machines get in place of what is shown.
+void PutExact(CGridBaseOutputCtrl::CRow& cells, const CGridBaseOutputCtrl::SRow& row)
+{
+    for (std::size_t i = 0; i < row.values.size() && i + 1 < cells.size(); ++i) {
+        if (std::isfinite(row.values[i]))
+            cells[i + 1].text = ShortestText(row.values[i]);
+    }
+    for (const CGridBaseOutputCtrl::SExactText& exact : row.exactTexts) {
+        if (exact.column < cells.size())
+            cells[exact.column].text = exact.text;
+    }
 }
 
 } // namespace
@@ -96,16 +111,18 @@ CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::GroupRow() const
     return row;
 }
 
-CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::HeaderRow() const
+CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::HeaderRow(bool exact) const
 {
     // Above the row names stands a header of both a column and the rows, which keeps its place when turned.
     CRow row{MakeCell(m_nameHeader, SCellInfo::ColumnHeader | SCellInfo::RowHeader)};
-    for (const SColumn& column : m_columns)
-        row.push_back(MakeCell(column.header, SCellInfo::ColumnHeader));
+    for (const SColumn& column : m_columns) {
+        const bool isExact = exact && !column.exactHeader.IsEmpty();
+        row.push_back(MakeCell(isExact ? column.exactHeader : column.header, SCellInfo::ColumnHeader));
+    }
     return row;
 }
 
-CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::BodyRow(const SRow& row) const
+CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::BodyRow(const SRow& row, bool exact) const
 {
     // A summary has labels and values, but neither columns nor headers.
     const bool summary = m_type == SCellInfo::Summary;
@@ -118,26 +135,28 @@ CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::BodyRow(const SRow& row) const
         cells.push_back(MakeCell(GetCellText(row, i + 1), flags));
     for (SCellInfo& cell : cells)
         cell.indent = row.indent;
+    if (exact)
+        PutExact(cells, row);
     return cells;
 }
 
-void CGridBaseOutputCtrl::GetGridHeaders(CCells& cells, int type) const
+void CGridBaseOutputCtrl::GetGridHeaders(CCells& cells, int type, bool exact) const
 {
     if (!Delivers(type) || m_columns.empty())
         return;
     const auto hasGroup = [](const SColumn& column) { return !column.group.IsEmpty(); };
     if (std::ranges::any_of(m_columns, hasGroup))
         cells.push_back(GroupRow());
-    cells.push_back(HeaderRow());
+    cells.push_back(HeaderRow(exact));
 }
 
-void CGridBaseOutputCtrl::GetGridCells(CCells& cells, int type) const
+void CGridBaseOutputCtrl::GetGridCells(CCells& cells, int type, bool exact) const
 {
     if (!Delivers(type))
         return;
     cells.reserve(cells.size() + m_rows.size());
     for (const SRow& row : m_rows)
-        cells.push_back(BodyRow(row));
+        cells.push_back(BodyRow(row, exact));
 }
 
 std::size_t CGridBaseOutputCtrl::GetWidth() const noexcept
@@ -187,7 +206,7 @@ void CGridBaseOutputCtrl::ClearSelection()
     m_hasSelection = false;
 }
 
-void CGridBaseOutputCtrl::GetSelectedCells(CCells& cells, bool headers) const
+void CGridBaseOutputCtrl::GetSelectedCells(CCells& cells, bool headers, bool exact) const
 {
     if (!m_hasSelection)
         return;
@@ -198,12 +217,12 @@ void CGridBaseOutputCtrl::GetSelectedCells(CCells& cells, bool headers) const
                     row.begin() + static_cast<std::ptrdiff_t>(last));
     };
     if (headers && !m_columns.empty()) {
-        cells.push_back(cut(HeaderRow()));
+        cells.push_back(cut(HeaderRow(exact)));
         for (SCellInfo& cell : cells.back())
             cell.text = cell.text.Replace(u"\r\n", u" ");
     }
     for (std::size_t row = m_selection.firstRow; row <= m_selection.lastRow; ++row)
-        cells.push_back(cut(BodyRow(m_rows[row])));
+        cells.push_back(cut(BodyRow(m_rows[row], exact)));
 }
 
 } // namespace CommonUI

@@ -5,6 +5,7 @@
 #include "../grid/GridFormats.h"
 #include "../grid/GridSelection.h"
 #include "EndResults.h"
+#include "NumberProfile.h"
 #include "ValueState.h"
 
 #include <cstddef>
@@ -61,6 +62,14 @@ public:
         CStr group;
         /// How the column's cells are shown and copied. Empty cells and sub-headers stand as they are.
         CGridFormats formats{};
+        /// The header in the profile for machines, such as a key; empty where it is the one shown.
+        CStr exactHeader{};
+    };
+
+    /// The text of a cell in the profile for machines.
+    struct SExactText {
+        std::size_t column; ///< 0 for the row's name, 1 for the first cell
+        CStr text;
     };
 
     /// The state of a cell that has no value.
@@ -79,6 +88,10 @@ public:
         /// Why cells are empty: an entry for each that has something to say, none for values. Texts do not
         /// show it.
         std::vector<SCellState> states{};
+        /// What the cells' texts were made of, at unit factor 1, for the profile for machines: cell by cell,
+        /// NaN for one that stands as it is shown. Empty where all do.
+        std::vector<double> values{};
+        std::vector<SExactText> exactTexts{}; ///< likewise, of texts such as keys and units
     };
 
     /// A rectangle of cells, both ends included. Column 0 is that of the row names, column 1 the first of the
@@ -140,9 +153,10 @@ public:
 
     /// Appends the header rows to `cells` when the grid's type is among the bits of `type`: the group names,
     /// where a column has one, and the column names.
-    void GetGridHeaders(CCells& cells, int type) const;
+    /// @param exact whether they are those for machines instead of those shown
+    void GetGridHeaders(CCells& cells, int type, bool exact = false) const;
     /// Appends the rows to `cells` when the grid's type is among the bits of `type`.
-    void GetGridCells(CCells& cells, int type) const;
+    void GetGridCells(CCells& cells, int type, bool exact = false) const;
 
     /// Selects a rectangle of cells, cut to what the table has. Rows are selected by their position.
     void Select(const SSelection& selection);
@@ -150,9 +164,10 @@ public:
     void ClearSelection();
     /// Appends the selected cells to `cells`, below the headers of their columns where that is asked for. A
     /// header of several lines becomes one line.
-    void GetSelectedCells(CCells& cells, bool headers) const;
-    /// The selected cells as HTML and as tab-separated text; both empty when nothing is selected.
-    SCopiedTexts CopySelectionAsHTML(bool transpose, bool headers) const;
+    void GetSelectedCells(CCells& cells, bool headers, bool exact = false) const;
+    /// The selected cells as HTML and as tab-separated text, or as the profile separates it; both empty when
+    /// nothing is selected.
+    SCopiedTexts CopySelectionAsHTML(bool transpose, bool headers, const SNumberProfile& profile = {}) const;
 
     /// Summary cells as text: a line for each row, ": " behind the last cell but one.
     static CStr GenerateSummaryText(const CCells& cells);
@@ -183,8 +198,8 @@ public:
 private:
     bool Delivers(int type) const noexcept { return (type & m_type) != 0; }
     CRow GroupRow() const;
-    CRow HeaderRow() const;
-    CRow BodyRow(const SRow& row) const;
+    CRow HeaderRow(bool exact) const;
+    CRow BodyRow(const SRow& row, bool exact) const;
 
     SCellInfo::ECellType m_type;
     CStr m_nameHeader;

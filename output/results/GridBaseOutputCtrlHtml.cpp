@@ -1,6 +1,7 @@
 #include "common/TextBuilder.h"
 #include "output/results/detail/ResultPieces.h"
 #include "output/results/GridBaseOutputCtrl.h"
+#include "output/results/ProfileText.h"
 #include "output/results/ResultsHtml.h"
 
 #include <algorithm>
@@ -339,28 +340,34 @@ CStr CGridBaseOutputCtrl::GenerateResultsHTMLTable(const CCells& cells, bool omi
     return html.Take();
 }
 
+CStr SReportCells::MakeHtml(bool omitColumnGroup) const
+{
+    if (HasNone())
+        return {};
+    CTextBuilder html;
+    html += c_metaLine;
+    html += c_style;
+    AppendSummary(html, summary);
+    if (HasBoth())
+        html += u"<br>\n";
+    AppendResults(html, results, omitColumnGroup, false);
+    return html.Take();
+}
+
 CStr CGridBaseOutputCtrl::GenerateHTMLTables(const CGridBaseOutputCtrl* summary,
                                              const CGridBaseOutputCtrl* results,
                                              const CGridBaseOutputCtrl* statistics, bool transpose,
                                              bool omitColumnGroup)
 {
-    const SReportCells cells(summary, results, statistics, transpose);
-    if (cells.HasNone())
-        return {};
-    CTextBuilder html;
-    html += c_metaLine;
-    html += c_style;
-    AppendSummary(html, cells.summary);
-    if (cells.HasBoth())
-        html += u"<br>\n";
-    AppendResults(html, cells.results, omitColumnGroup, false);
-    return html.Take();
+    return SReportCells(summary, results, statistics, transpose).MakeHtml(omitColumnGroup);
 }
 
-CGridBaseOutputCtrl::SCopiedTexts CGridBaseOutputCtrl::CopySelectionAsHTML(bool transpose, bool headers) const
+CGridBaseOutputCtrl::SCopiedTexts
+CGridBaseOutputCtrl::CopySelectionAsHTML(bool transpose, bool headers, const SNumberProfile& profile) const
 {
     CCells cells;
-    GetSelectedCells(cells, headers);
+    GetSelectedCells(cells, headers, profile.kind == ENumberProfile::Machine);
+    ConvertCells(cells, profile);
     bool hasHeader = headers && !m_columns.empty();
     bool hasNames = m_selection.firstColumn == 0;
     if (transpose) {
@@ -375,7 +382,9 @@ CGridBaseOutputCtrl::SCopiedTexts CGridBaseOutputCtrl::CopySelectionAsHTML(bool 
     }
     if (cells.empty())
         return {};
-    return {SelectionHtml(cells, hasHeader, hasNames), SelectionText(cells)};
+    const bool isShown = profile.kind == ENumberProfile::Shown;
+    return {SelectionHtml(cells, hasHeader, hasNames),
+            isShown ? SelectionText(cells) : GenerateProfileText(cells, profile)};
 }
 
 } // namespace CommonUI

@@ -1,6 +1,7 @@
 #include "common/TextBuilder.h"
 #include "output/results/detail/ResultPieces.h"
 #include "output/results/GridBaseOutputCtrl.h"
+#include "output/results/ProfileText.h"
 
 #include <algorithm>
 #include <string_view>
@@ -78,21 +79,42 @@ void AppendResults(CTextBuilder& text, const CCells& cells)
 } // namespace
 
 SReportCells::SReportCells(const CGridBaseOutputCtrl* summaryGrid, const CGridBaseOutputCtrl* resultsGrid,
-                           const CGridBaseOutputCtrl* statisticsGrid, bool transpose)
+                           const CGridBaseOutputCtrl* statisticsGrid, bool transpose,
+                           const SNumberProfile& profile)
 {
+    const bool exact = profile.kind == ENumberProfile::Machine;
     if (summaryGrid)
-        summaryGrid->GetGridCells(summary, SCellInfo::Summary);
+        summaryGrid->GetGridCells(summary, SCellInfo::Summary, exact);
     if (resultsGrid) {
-        resultsGrid->GetGridHeaders(results, SCellInfo::Results);
-        resultsGrid->GetGridCells(results, SCellInfo::Results);
+        resultsGrid->GetGridHeaders(results, SCellInfo::Results, exact);
+        resultsGrid->GetGridCells(results, SCellInfo::Results, exact);
     }
     if (statisticsGrid) {
         if (!resultsGrid)
-            statisticsGrid->GetGridHeaders(results, SCellInfo::Statistics);
-        statisticsGrid->GetGridCells(results, SCellInfo::Statistics);
+            statisticsGrid->GetGridHeaders(results, SCellInfo::Statistics, exact);
+        statisticsGrid->GetGridCells(results, SCellInfo::Statistics, exact);
     }
+    ConvertTexts(summary, profile);
+    ConvertCells(results, profile);
     if (transpose)
         CGridBaseOutputCtrl::TransposeCells(results);
+}
+
+CStr SReportCells::MakeText(const SNumberProfile& profile) const
+{
+    const bool isShown = profile.kind == ENumberProfile::Shown;
+    CTextBuilder text;
+    if (isShown)
+        AppendSummary(text, summary);
+    else
+        text += GenerateProfileText(summary, profile).View();
+    if (HasBoth())
+        text += c_lineEnd;
+    if (isShown)
+        AppendResults(text, results);
+    else
+        text += GenerateProfileText(results, profile).View();
+    return text.Take();
 }
 
 CStr CGridBaseOutputCtrl::GenerateSummaryText(const CCells& cells)
@@ -112,13 +134,7 @@ CStr CGridBaseOutputCtrl::GenerateResultsText(const CCells& cells)
 CStr CGridBaseOutputCtrl::GenerateText(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* results,
                                        const CGridBaseOutputCtrl* statistics, bool transpose)
 {
-    const SReportCells cells(summary, results, statistics, transpose);
-    CTextBuilder text;
-    AppendSummary(text, cells.summary);
-    if (cells.HasBoth())
-        text += c_lineEnd;
-    AppendResults(text, cells.results);
-    return text.Take();
+    return SReportCells(summary, results, statistics, transpose).MakeText();
 }
 
 } // namespace CommonUI

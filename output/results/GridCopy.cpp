@@ -1,20 +1,38 @@
 #include "output/results/GridCopy.h"
 
+#include "output/results/detail/ResultPieces.h"
+#include "output/results/ProfileText.h"
+
 namespace CommonUI
 {
+
+using CGrid = CGridBaseOutputCtrl;
 
 bool CopyGrids(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* results,
                const CGridBaseOutputCtrl* statistics, bool transpose, CClipboard& clipboard)
 {
-    const CStr html = CGridBaseOutputCtrl::GenerateHTMLTables(summary, results, statistics, transpose);
-    if (html.IsEmpty())
+    return CopyGrids(summary, results, statistics, transpose, SNumberProfile(), clipboard);
+}
+
+bool CopyGrids(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* results,
+               const CGridBaseOutputCtrl* statistics, bool transpose, const SNumberProfile& profile,
+               CClipboard& clipboard)
+{
+    const SReportCells cells(summary, results, statistics, transpose, profile);
+    if (cells.HasNone())
         return false;
-    return clipboard.Put(html, CGridBaseOutputCtrl::GenerateText(summary, results, statistics, transpose));
+    return clipboard.Put(cells.MakeHtml(false), cells.MakeText(profile));
 }
 
 bool CopySelection(const CGridBaseOutputCtrl& grid, bool transpose, bool headers, CClipboard& clipboard)
 {
-    const CGridBaseOutputCtrl::SCopiedTexts texts = grid.CopySelectionAsHTML(transpose, headers);
+    return CopySelection(grid, transpose, headers, SNumberProfile(), clipboard);
+}
+
+bool CopySelection(const CGridBaseOutputCtrl& grid, bool transpose, bool headers,
+                   const SNumberProfile& profile, CClipboard& clipboard)
+{
+    const CGrid::SCopiedTexts texts = grid.CopySelectionAsHTML(transpose, headers, profile);
     return !texts.html.IsEmpty() && clipboard.Put(texts.html, texts.text);
 }
 

@@ -6,9 +6,11 @@
 #include "measurement/Columns.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
+#include "output/results/ProfileText.h"
 #include "programs/surface_report/AlignedText.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace SurfaceReport
 {
@@ -43,17 +45,13 @@ double FractileShare(const std::vector<CParameter>& statistics)
     return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
 }
 
-CStr StatisticText(const SColumn& column, const CParameter& statistic, double share)
+CStr StatisticText(const SColumn& column, const CParameter& statistic, double value)
 {
-    const auto values = Analysis::ComputeStatistics(column.values, share);
-    const auto found = std::ranges::find(values, statistic.GetIniName().ToUtf8(), &Analysis::SValue::key);
-    if (found == values.end())
-        return {};
     if (statistic == static_cast<int>(EStatistics::Count))
-        return FormatParameterValue(found->value, {CParameter::EFormatSpecifier::FormatInteger, 0});
+        return FormatParameterValue(value, {CParameter::EFormatSpecifier::FormatInteger, 0});
     if (statistic == static_cast<int>(EStatistics::SdPercent))
-        return FormatParameterValue(found->value, column.parameter.GetFloatFormat());
-    return column.GetText(found->value);
+        return FormatParameterValue(value, column.parameter.GetFloatFormat());
+    return column.GetText(value);
 }
 
 CStr Escaped(const CStr& text)
@@ -78,46 +76,67 @@ CGrid EscapedRows(const CGrid& grid)
 
 } // namespace
 
-CFileTable::CFileTable(const std::vector<SFileRow>& rows, const Measurement::SChoices& choices)
-    : m_summary(SCell::Summary)
+CFileTable::CFileTable(const std::vector<SFileRow>& rows, const Measurement::SChoices& choices,
+                       const std::vector<SRunFact>& facts)
+    : m_files(rows)
+    , m_facts(facts)
+    , m_columns(MakeColumns(rows, choices))
+    , m_summary(SCell::Summary)
     , m_rows(SCell::Results)
     , m_statistics(SCell::Statistics)
 {
+    const double share = FractileShare(choices.statistics);
+    for (SColumn& column : m_columns)
+        column.statistics = Analysis::ComputeStatistics(column.values, share);
+    std::ranges::copy_if(choices.statistics, std::back_inserter(m_shownStatistics), &CParameter::IsOn);
     const auto failed = std::ranges::count_if(rows, [](const SFileRow& row) { return row.values.empty(); });
     m_summary.AddRow({.name = u"Files", .cells = {CStr::Format(u"%d", rows.size())}});
     m_summary.AddRow({.name = u"Failed", .cells = {CStr::Format(u"%d", failed)}});
-    const std::vector<SColumn> columns = MakeColumns(rows, choices);
+    for (const SRunFact& fact : facts)
+        m_summary.AddRow({.name = CStr::FromUtf8(fact.label), .cells = {CStr::FromUtf8(fact.text)}});
+    FillRows();
+    FillStatistics();
+}
+
+void CFileTable::FillRows()
+{
     CGrid::SRow units{.name = u"Unit", .cells = {}, .subHeader = true};
     m_rows.SetNameHeader(u"File");
-    m_statistics.SetNameHeader(u"Statistic");
-    for (const SColumn& column : columns) {
-        for (CGrid* grid : {&m_rows, &m_statistics})
-            grid->AddColumn({column.parameter.GetShortFriendlyString(), {}});
+    for (const SColumn& column : m_columns) {
+        m_rows.AddColumn({column.parameter.GetShortFriendlyString(), {}});
         units.cells.push_back(column.GetUnitText());
     }
     m_rows.AddColumn({u"Remark", {}});
     m_rows.AddRow(units);
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        CGrid::SRow row{.name = ReplaceControls(rows[i].name, u' '), .cells = {}};
-        for (const SColumn& column : columns)
-            row.cells.push_back(rows[i].values.empty() ? CStr() : column.GetText(column.values[i]));
-        row.cells.emplace_back(ReplaceControls(rows[i].remark, u' '));
+    for (std::size_t i = 0; i < m_files.size(); ++i) {
+        CGrid::SRow row{.name = ReplaceControls(m_files[i].name, u' '), .cells = {}};
+        for (const SColumn& column : m_columns)
+            row.cells.push_back(m_files[i].values.empty() ? CStr() : column.GetText(column.values[i]));
+        row.cells.emplace_back(ReplaceControls(m_files[i].remark, u' '));
         m_rows.AddRow(std::move(row));
     }
-    const double share = FractileShare(choices.statistics);
-    for (const CParameter& statistic : choices.statistics) {
-        if (!statistic.IsOn())
-            continue;
+}
+
+void CFileTable::FillStatistics()
+{
+    m_statistics.SetNameHeader(u"Statistic");
+    for (const SColumn& column : m_columns)
+        m_statistics.AddColumn({column.parameter.GetShortFriendlyString(), {}});
+    for (const CParameter& statistic : m_shownStatistics) {
+        const std::string key = statistic.GetIniName().ToUtf8();
         CGrid::SRow row{.name = statistic.GetFriendlyString(), .cells = {}};
-        for (const SColumn& column : columns)
-            row.cells.push_back(StatisticText(column, statistic, share));
+        for (const SColumn& column : m_columns) {
+            const auto found = std::ranges::find(column.statistics, key, &Analysis::SValue::key);
+            row.cells.push_back(
+                found == column.statistics.end() ? CStr() : StatisticText(column, statistic, found->value));
+        }
         m_statistics.AddRow(std::move(row));
     }
 }
 
-std::string CFileTable::GetText() const
+std::string CFileTable::GetText(const SNumberProfile& profile) const
 {
-    return "\xEF\xBB\xBF" + CGrid::GenerateText(&m_summary, &m_rows, &m_statistics, false).ToUtf8();
+    return "\xEF\xBB\xBF" + GenerateProfileText(&m_summary, &m_rows, &m_statistics, false, profile).ToUtf8();
 }
 
 std::string CFileTable::GetTerminalText() const
@@ -138,9 +157,10 @@ std::string CFileTable::GetTerminalText() const
 
 std::string CFileTable::GetHtml() const
 {
+    const CGrid summary = EscapedRows(m_summary);
     const CGrid rows = EscapedRows(m_rows);
     return "<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report</title>\n" +
-           CGrid::GenerateHTMLTables(&m_summary, &rows, &m_statistics, false).ToUtf8() + "\n</html>\n";
+           CGrid::GenerateHTMLTables(&summary, &rows, &m_statistics, false).ToUtf8() + "\n</html>\n";
 }
 
 } // namespace SurfaceReport

@@ -1,8 +1,13 @@
 #pragma once
 
 #include "measurement/Choices.h"
+#include "measurement/Columns.h"
+#include "measurement/WriteText.h"
 #include "output/results/GridBaseOutputCtrl.h"
+#include "programs/surface_report/RunHead.h"
 
+#include <cstddef>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -14,24 +19,40 @@ struct SFileRow {
     CommonUI::CStr name{}; ///< its path
     std::vector<double>
         values{}; ///< of the parameters at unit factor 1, NaN where not defined; empty if it failed
-    CommonUI::CStr remark{}; ///< why it failed
+    CommonUI::CStr remark{}; ///< why it failed, or what else is to be said
+    std::string sha256{};    ///< of the file; empty where nobody has computed it
+    std::string date{};      ///< that the file states; empty where it states none
+    /// Why values are not defined, by their index.
+    std::map<std::size_t, std::string> reasons{};
 };
 
 /// The table of many files: a row for each, with the parameters of the surfaces as columns, and statistics.
 class CFileTable
 {
 public:
+    /// @param rows must live as long as the table, as well as what is said of the run
     /// @param choices its surface parameters are the columns
-    CFileTable(const std::vector<SFileRow>& rows, const CommonUI::Measurement::SChoices& choices);
+    CFileTable(const std::vector<SFileRow>& rows, const CommonUI::Measurement::SChoices& choices,
+               const std::vector<SRunFact>& facts);
 
-    /// Tab-separated, UTF-8 with a byte order mark.
-    std::string GetText() const;
+    /// Tab-separated, or as the profile separates it, UTF-8 with a byte order mark.
+    std::string GetText(const CommonUI::SNumberProfile& profile = {}) const;
     /// A page of HTML, UTF-8.
     std::string GetHtml() const;
     /// The statistics of each parameter as aligned columns for a terminal, UTF-8.
     std::string GetTerminalText() const;
+    /// A line for each value, and JSON, both for other programs, see measurement/data/ReportData.h.
+    void WriteCsv(const CommonUI::Measurement::FWriteText& write) const;
+    void WriteJson(const CommonUI::Measurement::FWriteText& write) const;
 
 private:
+    void FillRows();
+    void FillStatistics();
+
+    const std::vector<SFileRow>& m_files;
+    const std::vector<SRunFact>& m_facts;
+    std::vector<CommonUI::Measurement::SColumn> m_columns;
+    std::vector<CommonUI::CParameter> m_shownStatistics{};
     CommonUI::CGridBaseOutputCtrl m_summary;
     CommonUI::CGridBaseOutputCtrl m_rows;
     CommonUI::CGridBaseOutputCtrl m_statistics;

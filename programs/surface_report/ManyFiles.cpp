@@ -1,6 +1,7 @@
 #include "programs/surface_report/ManyFiles.h"
 
 #include "analysis/numeric/SingleThread.h"
+#include "formats/FileDigest.h"
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"
 #include "measurement/charts/Pictures.h"
@@ -8,11 +9,13 @@
 #include "measurement/Results.h"
 #include "platform/Terminal.h"
 #include "programs/command_line/CommandLine.h"
-#include "programs/surface_report/AlignedText.h"
+#include "programs/surface_report/DocumentReport.h"
 #include "programs/surface_report/FileProgress.h"
+#include "programs/surface_report/FileReports.h"
 #include "programs/surface_report/FileTable.h"
 #include "programs/surface_report/Inputs.h"
 #include "programs/surface_report/OutputFiles.h"
+#include "programs/surface_report/RunHead.h"
 #include "programs/surface_report/RunState.h"
 
 #include <algorithm>
@@ -28,7 +31,6 @@ namespace SurfaceReport
 
 namespace fs = std::filesystem;
 namespace Measurement = CommonUI::Measurement;
-using CommonUI::CParameter;
 using CommonUI::CStr;
 
 namespace
@@ -56,29 +58,6 @@ private:
     void (*m_previous)(int);
 };
 
-// What values depend on besides the file.
-std::string KeyOf(const SOptions& options, const Measurement::SChoices& choices)
-{
-    CStr key = CStr::Format(u"level %d\n", static_cast<int>(choices.method.levelling));
-    for (const CParameter& parameter : choices.surface) {
-        key += parameter.GetIniName();
-        for (const CParameter& variable : parameter.GetVariables())
-            key += CStr::Format(u" %.17g", variable.GetVariableValue());
-        key += u"\n";
-    }
-    std::string text = key.ToUtf8();
-    for (const CStr& spec : options.settings) {
-        text += spec.ToUtf8() + '\n';
-        // The content of a set that is a file.
-        const std::size_t begin = spec.Find(u"[File(");
-        if (begin != CStr::npos) {
-            const CStr path = spec.Mid(begin + 6, spec.GetLength() - begin - 8);
-            text += std::to_string(TakeFingerprint(fs::path(std::u16string(path.View()))).hash) + '\n';
-        }
-    }
-    return text;
-}
-
 // What an error says, without the file, which stands in front of it.
 CStr RemarkOf(const std::exception& error, const std::string& file)
 {
@@ -89,14 +68,15 @@ CStr RemarkOf(const std::exception& error, const std::string& file)
 class CRun
 {
 public:
-    CRun(const SOptions& options, const Measurement::SSets& sets, const Measurement::SChoices& choices,
-         std::ostream& err)
+    CRun(const SOptions& options, const SPlan& plan, const Measurement::SChoices& choices,
+         const CommonUI::CAnalysisPreferencesManager& manager, std::ostream& err)
         : m_options(options)
-        , m_sets(sets)
+        , m_plan(plan)
+        , m_manager(manager)
         , m_choices(choices)
         , m_files(FindInputs(options.inputs, options.output))
         , m_rows(m_files.size())
-        , m_state(options.output / "report.state", KeyOf(options, choices))
+        , m_state(options.output / "report.state", MakeRunHead(options, plan, choices), m_files.size())
         , m_progress(m_files.size(), &err == &std::cerr && CommonUI::IsErrorStreamTerminal(), err)
     {
         if (m_files.empty())
@@ -116,7 +96,6 @@ public:
         workers.clear();
         m_state.Save();
     }
-    std::size_t CountFailed() const { return m_failed; }
     std::size_t CountFiles() const { return m_files.size(); }
     // Those that are finished.
     std::vector<SFileRow> GetRows() const
@@ -138,76 +117,126 @@ private:
             if (index >= m_files.size())
                 return;
             SFileRow row{.name = CStr::FromUtf8(m_files[index].path.string())};
+            SFingerprint fingerprint;
             try {
-                row.values = WorkOn(m_files[index]);
+                WorkOn(m_files[index], fingerprint, row);
             } catch (const std::exception& error) {
+                row.values.clear();
                 row.remark = RemarkOf(error, m_files[index].path.string() + ": ");
             }
             const std::scoped_lock lock(m_mutex);
-            m_failed += row.remark.IsEmpty() ? 0 : 1;
+            m_state.Add(index, fingerprint, row);
+            SaveNowAndThen();
+            m_failed += row.values.empty() ? 1 : 0;
             m_rows[index] = std::move(row);
             m_progress.Show(++m_done, m_failed);
         }
     }
-    std::vector<double> WorkOn(const SInputFile& file)
+    void WorkOn(const SInputFile& file, SFingerprint& fingerprint, SFileRow& row)
     {
-        const std::string name = file.path.string();
-        const SFingerprint fingerprint = TakeFingerprint(file.path);
-        {
-            const std::scoped_lock lock(m_mutex);
-            if (const auto* values = m_state.Find(name, fingerprint))
-                return *values;
-        }
-        std::vector<double> values = Analyse(file);
-        const std::scoped_lock lock(m_mutex);
-        m_state.Add(name, fingerprint, values);
-        SaveNowAndThen();
-        return values;
+        fingerprint = TakeFingerprint(file.path);
+        if (TakeOver(fingerprint, row) && (!m_options.each || HasReport(file)))
+            return;
+        row.sha256 = CommonUI::Formats::ComputeSha256(file.path);
+        Analyse(file, row);
     }
-    std::vector<double> Analyse(const SInputFile& file)
+    // @return whether the row was finished before
+    bool TakeOver(const SFingerprint& fingerprint, SFileRow& row)
     {
+        const std::scoped_lock lock(m_mutex);
+        const SFileRow* const known = m_state.Find(row.name.ToUtf8(), fingerprint);
+        if (known)
+            row = *known;
+        return known;
+    }
+    void Analyse(const SInputFile& file, SFileRow& row)
+    {
+        const bool isTakenOver = !row.values.empty();
         auto surface = CommonUI::Formats::ReadSurface(file.path);
         if (surface.IsProfile())
             throw std::runtime_error("it is a profile, and the table has parameters of surfaces");
+        row.date = surface.date;
         Measurement::SInput input =
-            Measurement::Process(std::move(surface), m_choices.method.levelling, m_sets.steps);
+            Measurement::Process(std::move(surface), m_choices.method.levelling, m_plan.sets.steps,
+                                 m_plan.batch && m_plan.batch->ChangesSurface());
+        input.sha256 = row.sha256;
+        for (const Measurement::SRoughnessSet& set : m_plan.sets.roughness)
+            input.notes.emplace_back(u"Settings", set.name);
+        COutputFiles files;
+        if (m_plan.batch)
+            RunSteps(file, input, files, row);
         if (!m_options.each)
             input.raw.reset();
-        for (const Measurement::SRoughnessSet& set : m_sets.roughness)
-            input.notes.emplace_back(u"Settings", set.name);
         Measurement::SResults results = ComputeResults(input, m_choices);
-        std::vector<double> values = ValuesOf(results.surface);
+        TakeValues(results.surface, row);
+        files.Replace();
+        files.Keep();
         if (m_options.each)
-            WriteReport(file, input, std::move(results));
-        return values;
+            WriteReport(file, input, std::move(results), isTakenOver);
+    }
+    // The steps of the batch sequence, whose reports lie beside each other and become files with the row.
+    void RunSteps(const SInputFile& file, Measurement::SInput& input, COutputFiles& files, SFileRow& row)
+    {
+        const auto report = [&](Measurement::SBatchReport made) {
+            const fs::path wanted = (m_options.output / file.report) +=
+                "-" + NameStepReport(made.step, made.name);
+            const std::scoped_lock lock(m_writing);
+            AddStepReport(MakePlace(wanted), std::move(made), m_options, files);
+        };
+        const auto outcome = RunBatch(*m_plan.batch, input, m_plan.request, m_manager, report);
+        for (const CStr& remark : outcome.remarks)
+            row.remark += (row.remark.IsEmpty() ? CStr() : CStr(u"; ")) + remark;
+    }
+    // A path in a folder that is there, at which no report is.
+    fs::path MakePlace(const fs::path& wanted) const
+    {
+        fs::create_directories(wanted.parent_path());
+        fs::path path = wanted;
+        for (int number = 2; HasAny(path); ++number)
+            (path = wanted) += "-" + std::to_string(number);
+        return path;
     }
     // Of the surface as it is analysed, for each parameter that is chosen.
-    std::vector<double> ValuesOf(const std::vector<Measurement::SColumn>& columns) const
+    void TakeValues(const std::vector<Measurement::SColumn>& columns, SFileRow& row) const
     {
-        std::vector<double> values(m_choices.surface.size(), CommonUI::Analysis::c_undefined);
-        for (std::size_t i = 0, next = 0; i < values.size() && next < columns.size(); ++i) {
-            if (columns[next].parameter.GetValue() == m_choices.surface[i].GetValue())
-                values[i] = columns[next++].values.back();
+        row.values.assign(m_choices.surface.size(), CommonUI::Analysis::c_undefined);
+        row.reasons.clear();
+        for (std::size_t i = 0, next = 0; i < row.values.size() && next < columns.size(); ++i) {
+            if (columns[next].parameter.GetValue() != m_choices.surface[i].GetValue())
+                continue;
+            const Measurement::SColumn& column = columns[next++];
+            row.values[i] = column.values.back();
+            for (const auto& [index, state] : column.exceptions) {
+                if (index + 1 == column.values.size() && !state.reason.IsEmpty())
+                    row.reasons[i] = state.reason.ToUtf8();
+            }
         }
-        return values;
     }
-    // Beside the reports that are there.
-    void WriteReport(const SInputFile& file, const Measurement::SInput& input, Measurement::SResults results)
+    bool HasAny(const fs::path& report) const
+    {
+        const auto isThere = [&](const std::string& extension) {
+            return fs::exists(fs::path(report) += extension);
+        };
+        return isThere(".odt") || std::ranges::any_of(m_extensions, isThere);
+    }
+    // Whether all of its files are there.
+    bool HasReport(const SInputFile& file) const
+    {
+        return std::ranges::all_of(m_extensions, [&](const std::string& extension) {
+            return fs::exists((m_options.output / file.report) += extension);
+        });
+    }
+    // Beside the reports that are there, or in place of what is left of one.
+    void WriteReport(const SInputFile& file, const Measurement::SInput& input, Measurement::SResults results,
+                     bool replaces)
     {
         Measurement::CReportTables tables(std::move(results), false);
         if (m_options.hasPictures)
             tables.SetPictures(MakePictures(input, m_choices.method, tables.GetResults()));
         const std::scoped_lock lock(m_writing);
         const fs::path wanted = m_options.output / file.report;
-        fs::create_directories(wanted.parent_path());
-        fs::path path = wanted;
-        const auto isThere = [](fs::path name, const char* extension) {
-            return fs::exists(name += extension);
-        };
-        for (int number = 2; isThere(path, ".html") || isThere(path, ".txt"); ++number)
-            (path = wanted) += "-" + std::to_string(number);
         COutputFiles files;
-        files.AddReport(path, tables);
+        files.AddReport(replaces ? wanted : MakePlace(wanted), tables, m_options.forms);
         files.Replace();
         files.Keep();
     }
@@ -223,8 +252,10 @@ private:
     }
 
     const SOptions& m_options;
-    const Measurement::SSets& m_sets;
+    const SPlan& m_plan;
+    const CommonUI::CAnalysisPreferencesManager& m_manager;
     Measurement::SChoices m_choices;
+    std::vector<std::string> m_extensions = m_options.forms.GetExtensions(); // of a report
     std::vector<SInputFile> m_files;
     std::atomic<std::size_t> m_next = 0;
     std::mutex m_writing{};
@@ -239,37 +270,33 @@ private:
 
 } // namespace
 
-int ReportOnMany(const SOptions& options, const Measurement::SSets& sets,
-                 const Measurement::SChoices& choices, CPreferencesFile& preferences, std::ostream& out,
-                 std::ostream& err)
+int ReportOnMany(const SOptions& options, const SPlan& plan, const Measurement::SChoices& choices,
+                 CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
 {
     CMadeFolder folder(options.output);
     const CInterruptions interruptions;
     std::vector<SFileRow> rows;
     std::size_t files = 0;
-    std::size_t failed = 0;
     {
-        CRun run(options, sets, choices, err);
+        CRun run(options, plan, choices, preferences.GetManager(), err);
         run.Work();
         folder.Keep();
         rows = run.GetRows();
         files = run.CountFiles();
-        failed = run.CountFailed();
     }
-    const CFileTable table(rows, choices);
+    const SRunHead head = MakeRunHead(options, plan, choices);
+    const CFileTable table(rows, choices, head.facts);
     COutputFiles output;
-    output.Add(options.output / "report.html", [&](const auto& write) { write(table.GetHtml()); });
-    output.Add(options.output / "report.txt", [&](const auto& write) { write(table.GetText()); });
+    AddTable(options.output, table, options.forms, output);
     output.Replace();
     preferences.Save();
     output.Keep();
     out << table.GetTerminalText();
-    if (failed != 0)
-        err << "surface_report: " << failed << " of " << files << " files failed; report.txt says why\n";
+    const bool hasFailures = TellOfFailures(rows, files, err);
     if (rows.size() < files)
         err << "surface_report: interrupted, " << rows.size() << " of " << files
             << " files are finished; --resume goes on\n";
-    return failed == 0 && rows.size() == files ? 0 : 1;
+    return !hasFailures && rows.size() == files ? 0 : 1;
 }
 
 } // namespace SurfaceReport

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
+#include <initializer_list>
 
 namespace SurfaceReport
 {
@@ -21,6 +21,7 @@ const char* const c_usage = R"(Reports the roughness or the grains of a measured
 
 usage: surface_report INPUT --out DIR [OPTION...]
        surface_report INPUT... --out DIR [OPTION...]
+       surface_report --merge DIR... --out DIR
 
   INPUT              a surface or profile: SDF (ISO 25178-71), X3P (ISO 25178-72), a text matrix with a "#" header,
                      or columns of text below a line such as "x [mm] z [um]"
@@ -28,7 +29,8 @@ usage: surface_report INPUT --out DIR [OPTION...]
                      with a row for each
   --each             writes a report of each of many files, too
   --resume           takes over what an interrupted run on many files has finished
-  --out DIR          folder for report.txt (tab-separated) and report.html
+  --merge DIR...     one table of what several runs on many files have written to these folders
+  --out DIR          folder for report.txt (tab-separated), report.html, report.csv and report.json
   --parameters KEYS  parameters by their keys, separated by commas: Sa,Sq,4287Ra,4287Pz; those of templates with
                      values in m or percent: 'Smc(10),Sdc(10,50)'
   --unit UNIT        unit of lengths: pm, nm, um, mm, m, uin, mil, in ...
@@ -42,6 +44,12 @@ usage: surface_report INPUT --out DIR [OPTION...]
   --pores HEIGHT     measures the connected pores below a height instead
   --transpose        parameters as columns of the surface's table and as rows of the profiles' table
   --pictures yes|no  whether report.html has pictures of the surface; yes without it
+  --data yes|no      whether report.csv and report.json are written, with all digits, for other programs; yes without it
+  --csv-separator comma|semicolon|tab
+                     writes report.sheet.csv, too, the tables for a spreadsheet program; a comma without it, or a
+                     semicolon with a decimal comma
+  --decimal point|comma
+                     writes it with this decimal sign; a point without it
   --preferences FILE parameters, units, formats and statistics are those of an INI file, which is made with
                      the defaults where there is none
   --set CHANGE       changes the preferences and saves them, any number of times:
@@ -128,6 +136,45 @@ void TakeGrains(SOptions& options, const std::string& option, const std::string&
         options.grainSet = CStr::FromUtf8(height);
 }
 
+CommonUI::SNumberProfile& SpreadsheetOf(SOptions& options)
+{
+    auto& profile = options.forms.spreadsheet;
+    if (!profile)
+        profile = {CommonUI::ENumberProfile::Spreadsheet, u'\0', u'.'};
+    return *profile;
+}
+
+void AddForms(CommandLine::CParser& parser, SOptions& options)
+{
+    const auto yesOrNo = [](bool& is) {
+        return [&is](const std::string& option, const std::string& text) {
+            is = CommandLine::ParseWord<bool>(option, text, {{"yes", true}, {"no", false}});
+        };
+    };
+    parser.Add("--pictures", yesOrNo(options.hasPictures));
+    parser.Add("--data", yesOrNo(options.forms.hasData));
+    parser.Add("--csv-separator", [&options](auto& option, auto& text) {
+        SpreadsheetOf(options).separator = CommandLine::ParseWord<char16_t>(
+            option, text, {{"comma", u','}, {"semicolon", u';'}, {"tab", u'\t'}});
+    });
+    parser.Add("--decimal", [&options](auto& option, auto& text) {
+        SpreadsheetOf(options).decimal =
+            CommandLine::ParseWord<char16_t>(option, text, {{"point", u'.'}, {"comma", u','}});
+    });
+}
+
+// The separator that goes with the decimal sign, unless one is given.
+void CompleteForms(SReportForms& forms)
+{
+    if (!forms.spreadsheet)
+        return;
+    auto& [kind, separator, decimal] = *forms.spreadsheet;
+    if (separator == u'\0')
+        separator = decimal == u',' ? u';' : u',';
+    if (separator == decimal)
+        throw EUsage("--csv-separator: a comma cannot separate cells with decimal commas");
+}
+
 CommandLine::CParser MakeParser(SOptions& options)
 {
     auto& request = options.request;
@@ -136,10 +183,9 @@ CommandLine::CParser MakeParser(SOptions& options)
     parser.AddInputs(options.inputs);
     parser.AddFlag("--each", options.each);
     parser.AddFlag("--resume", options.resumes);
+    parser.AddFlag("--merge", options.merges);
     parser.AddFlag("--transpose", options.transpose);
-    parser.Add("--pictures", [&](auto& option, auto& text) {
-        options.hasPictures = CommandLine::ParseWord<bool>(option, text, {{"yes", true}, {"no", false}});
-    });
+    AddForms(parser, options);
     parser.AddFlag("--binary", options.isBinary);
     parser.AddFlag("--replace-input", options.replacesInput);
     parser.Add("--save",
@@ -170,26 +216,44 @@ CommandLine::CParser MakeParser(SOptions& options)
     return parser;
 }
 
+// The first option that is not among those; empty for none.
+std::string FindOther(std::span<const std::string_view> given,
+                      std::initializer_list<std::string_view> allowed)
+{
+    const auto found = std::ranges::find_if(
+        given, [&](std::string_view option) { return std::ranges::find(allowed, option) == allowed.end(); });
+    return found != given.end() ? std::string(*found) : std::string();
+}
+
 // What would have no effect beside --list-settings is refused rather than forgotten.
 void CheckListOptions(const SOptions& options, std::span<const std::string_view> given)
 {
-    constexpr std::string_view c_allowed[] = {"--list-settings", "--preferences", "--settings-folder"};
-    const auto useless = std::ranges::find_if(given, [&](std::string_view option) {
-        return std::ranges::find(c_allowed, option) == std::end(c_allowed);
-    });
-    const std::string what = useless != given.end() ? std::string(*useless) : options.input.string();
+    const std::string other = FindOther(given, {"--list-settings", "--preferences", "--settings-folder"});
+    const std::string what = other.empty() ? options.input.string() : other;
     if (!what.empty())
         throw EUsage("--list-settings prints sets instead of a report: \"" + what +
                      "\" has no effect beside it");
 }
 
-// What would have no effect on a table of many files.
-void CheckManyOptions(std::span<const std::string_view> given)
+// The parts have been computed, and how they are shown is said in them.
+void CheckMergeOptions(std::span<const std::string_view> given)
 {
-    for (const std::string_view option : {"--grains", "--pores", "--batch", "--save", "--transpose"}) {
+    const std::string other =
+        FindOther(given, {"--merge", "--out", "--data", "--csv-separator", "--decimal"});
+    if (!other.empty())
+        throw EUsage("--merge puts together what is there: \"" + other + "\" has no effect beside it");
+}
+
+// What would have no effect on a table of many files.
+void CheckManyOptions(const SOptions& options, std::span<const std::string_view> given)
+{
+    for (const std::string_view option : {"--grains", "--pores", "--save", "--transpose"}) {
         if (std::ranges::find(given, option) != given.end())
             throw EUsage(std::string(option) + " is for one file, and the input is many");
     }
+    if (!options.batch.IsEmpty() && (options.each || options.resumes))
+        throw EUsage(
+            "--each and --resume are not for --batch, whose sequence says which reports are written");
 }
 
 } // namespace
@@ -209,12 +273,17 @@ SOptions ParseOptions(std::span<const char* const> arguments)
         return options;
     }
     CommandLine::CheckSurfaceOptions(options, "folder is given for the reports");
+    CompleteForms(options.forms);
+    if (options.merges) {
+        CheckMergeOptions(given);
+        return options;
+    }
     if (!options.sets.empty() && options.preferences.empty())
         throw EUsage("--set changes preferences, but no --preferences are given");
     if (!options.batch.IsEmpty() && !options.request.keys.empty())
         throw EUsage("--parameters is not for --batch, whose sets and the preferences say what is computed");
     if (options.isMany)
-        CheckManyOptions(given);
+        CheckManyOptions(options, given);
     else if (options.each || options.resumes)
         throw EUsage("--each and --resume are for more than one file");
     CheckSave(options);

@@ -2,6 +2,7 @@
 
 #include "measurement/Request.h"
 #include "programs/command_line/SurfaceOptions.h"
+#include "programs/surface_report/OutputFiles.h"
 
 #include <filesystem>
 #include <optional>
@@ -19,6 +20,7 @@ struct SOptions : CommandLine::SSurfaceOptions {
     bool isMany = false;  ///< a table of many files is asked for
     bool each = false;    ///< with a report of each of them
     bool resumes = false; ///< what is there of that table is taken over
+    bool merges = false;  ///< the inputs are folders of such tables, which become one
     CommonUI::Measurement::SRequest request{};
     std::filesystem::path preferences{}; ///< the file of choices; empty for none
     std::vector<CommonUI::CStr> sets{};  ///< changes of the choices, see EditPreferences
@@ -32,7 +34,8 @@ struct SOptions : CommandLine::SSurfaceOptions {
     std::optional<std::string> listSettings{};
     std::filesystem::path settingsFolder{}; ///< where custom settings lie; empty for the user's folder
     bool transpose = false;
-    bool hasPictures = true;         ///< whether the page has pictures
+    bool hasPictures = true; ///< whether the page has pictures
+    SReportForms forms{};
     std::optional<double> spacing{}; ///< of a profile whose file has heights alone, m
     std::filesystem::path save{};    ///< the file that gets the processed surface; empty for none
     bool isBinary = false;           ///< the binary form for that file

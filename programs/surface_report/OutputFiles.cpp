@@ -1,5 +1,7 @@
 #include "programs/surface_report/OutputFiles.h"
 
+#include "measurement/data/ReportData.h"
+
 #include <stdexcept>
 #include <system_error>
 
@@ -17,7 +19,23 @@ void Check(bool done, const fs::path& path, const CommonUI::CStr& reason)
         throw std::runtime_error(path.string() + ": " + reason.ToUtf8());
 }
 
+constexpr const char* c_html = ".html";
+constexpr const char* c_text = ".txt";
+constexpr const char* c_csv = ".csv";
+constexpr const char* c_json = ".json";
+constexpr const char* c_spreadsheet = ".sheet.csv";
+
 } // namespace
+
+std::vector<std::string> SReportForms::GetExtensions() const
+{
+    std::vector<std::string> extensions{c_html, c_text};
+    if (hasData)
+        extensions.insert(extensions.end(), {c_csv, c_json});
+    if (spreadsheet)
+        extensions.emplace_back(c_spreadsheet);
+    return extensions;
+}
 
 // Delegates, so that the destructor undoes what was made before it failed.
 CMadeFolder::CMadeFolder(const fs::path& folder)
@@ -44,14 +62,22 @@ void COutputFiles::Add(const fs::path& path, const std::function<void(const FWri
 }
 
 void COutputFiles::AddReport(const fs::path& path, const CommonUI::Measurement::CReportTables& report,
-                             const CommonUI::Measurement::SDocumentFile& document)
+                             const SReportForms& forms, const CommonUI::Measurement::SDocumentFile& document)
 {
-    fs::path html = path;
-    fs::path text = path;
-    Add(
-        html += document.extension,
+    const auto add = [&](const char* extension, const std::function<void(const FWrite&)>& make) {
+        fs::path file = path;
+        Add(file += extension, make);
+    };
+    add(
+        document.extension,
         document.write ? document.write : [&](const FWrite& write) { report.WriteHtml(write); });
-    Add(text += ".txt", [&](const FWrite& write) { report.WriteText(write); });
+    add(c_text, [&](const FWrite& write) { report.WriteText(write); });
+    if (forms.hasData) {
+        add(c_csv, [&](const FWrite& write) { WriteCsv(report.GetResults(), write); });
+        add(c_json, [&](const FWrite& write) { WriteJson(report.GetResults(), write); });
+    }
+    if (forms.spreadsheet)
+        add(c_spreadsheet, [&](const FWrite& write) { report.WriteText(write, *forms.spreadsheet); });
 }
 
 void COutputFiles::Replace()

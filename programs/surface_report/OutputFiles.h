@@ -7,6 +7,8 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace SurfaceReport
@@ -30,6 +32,16 @@ private:
     std::vector<std::filesystem::path> m_made{}; // the deepest first
 };
 
+/// The forms in which reports are written besides HTML and text.
+struct SReportForms {
+    bool hasData = true; ///< CSV and JSON for other programs
+    /// CSV for a spreadsheet program; nothing for none.
+    std::optional<CommonUI::SNumberProfile> spreadsheet{};
+
+    /// The extensions of all files of a report.
+    std::vector<std::string> GetExtensions() const;
+};
+
 /// Files that take their places together or not at all. Until then they lie beside them.
 class COutputFiles
 {
@@ -45,10 +57,10 @@ public:
     /// @param make writes it with the function that it is called with
     /// @throws std::runtime_error where that fails
     void Add(const std::filesystem::path& path, const std::function<void(const FWrite&)>& make);
-    /// Adds a report as HTML and as text: the path with the extensions of both.
+    /// Adds a report as HTML, as text and in the other forms: the path with the extensions of all of them.
     /// @param document in place of the HTML; without it that of the tables is written
     void AddReport(const std::filesystem::path& path, const CommonUI::Measurement::CReportTables& report,
-                   const CommonUI::Measurement::SDocumentFile& document = {});
+                   const SReportForms& forms, const CommonUI::Measurement::SDocumentFile& document = {});
     /// Puts all into their places, until the object goes unless Keep is called.
     /// @throws std::runtime_error where that fails
     void Replace();

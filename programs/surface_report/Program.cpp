@@ -1,6 +1,7 @@
 #include "programs/surface_report/Program.h"
 
 #include "analysis/surface/Surface.h"
+#include "formats/FileDigest.h"
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"
 #include "measurement/Batch.h"
@@ -17,10 +18,13 @@
 #include "programs/command_line/CommandLine.h"
 #include "programs/command_line/ForOption.h"
 #include "programs/command_line/ProgressLine.h"
+#include "programs/surface_report/DocumentReport.h"
 #include "programs/surface_report/ListSettings.h"
 #include "programs/surface_report/ManyFiles.h"
+#include "programs/surface_report/Merge.h"
 #include "programs/surface_report/Options.h"
 #include "programs/surface_report/OutputFiles.h"
+#include "programs/surface_report/Plan.h"
 #include "programs/surface_report/PreferencesFile.h"
 #include "programs/surface_report/SaveSurface.h"
 #include "programs/surface_report/TerminalText.h"
@@ -29,6 +33,7 @@
 #include <filesystem>
 #include <optional>
 #include <ostream>
+#include <variant>
 
 namespace SurfaceReport
 {
@@ -137,32 +142,6 @@ void AddNotes(const Measurement::SSets& sets, const Measurement::SMethod& method
         input.notes.emplace_back(u"Settings", method.grainSearch->name);
 }
 
-// "report-02-Basic-HTML": letters and digits of the name, and all that is beyond ASCII, with hyphens between
-// them.
-std::string NameReport(std::size_t step, const CommonUI::CStr& name)
-{
-    std::string text;
-    for (const char c : name.ToUtf8()) {
-        const bool isPlain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-                             static_cast<unsigned char>(c) >= 0x80;
-        if (isPlain)
-            text += c;
-        else if (!text.empty() && text.back() != '-')
-            text += '-';
-    }
-    while (text.ends_with('-'))
-        text.pop_back();
-    const std::string number = std::to_string(step);
-    return "report-" + (step < 10 ? "0" + number : number) + "-" + text;
-}
-
-// What a run is made of besides the surface.
-struct SPlan {
-    Measurement::SSets sets;
-    Measurement::SRequest request;
-    std::optional<Measurement::SBatch> batch{};
-};
-
 // What can be said of a template before anything is read.
 void CheckTemplate(const Measurement::SReportTemplate& set, const SOptions& options)
 {
@@ -185,41 +164,14 @@ SPlan MakePlan(const SOptions& options, CommonUI::CSettingsFactory& factory)
     return plan;
 }
 
-// Adds a report that a template lays out.
-// @param tables of the grains, where the method measures some, else of the roughness
-// @param roughness beside those of grains, where the template asks for both
-void AddDocument(const fs::path& path, const CommonUI::SReportTemplateSettings& layout,
-                 const Measurement::SInput& input, const Measurement::SMethod& method,
-                 const Measurement::CReportTables& tables, std::optional<Measurement::SResults> roughness,
-                 const SOptions& options, COutputFiles& files)
-{
-    std::optional<Measurement::CReportTables> beside;
-    if (roughness)
-        beside.emplace(std::move(*roughness), false);
-    const bool hasGrains = method.MeasuresGrains();
-    const Measurement::SDocumentSource source{.input = input,
-                                              .method = method,
-                                              .roughness = beside      ? &*beside
-                                                           : hasGrains ? nullptr
-                                                                       : &tables,
-                                              .grains = hasGrains ? &tables : nullptr,
-                                              .hasPictures = options.hasPictures};
-    files.AddReport(path, tables, GetDocumentFile(layout, source));
-}
-
 // The analysis that is in force at the end of a batch sequence; its reports become files.
 Measurement::SChoices RunSteps(const SPlan& plan, const SOptions& options,
                                const CPreferencesFile& preferences, Measurement::SInput& input,
                                COutputFiles& files, std::ostream& err)
 {
     const auto report = [&](Measurement::SBatchReport made) {
-        const fs::path path = options.output / NameReport(made.step, made.name);
-        const Measurement::CReportTables tables(std::move(made.results), options.transpose);
-        if (made.layout)
-            AddDocument(path, *made.layout, made.input, made.choices.method, tables,
-                        std::move(made.roughness), options, files);
-        else
-            files.AddReport(path, tables);
+        const fs::path path = options.output / ("report-" + NameStepReport(made.step, made.name));
+        AddStepReport(path, std::move(made), options, files);
     };
     auto outcome = RunBatch(*plan.batch, input, plan.request, preferences.GetManager(), report);
     for (const CommonUI::CStr& remark : outcome.remarks)
@@ -236,7 +188,7 @@ void AddReport(const SPlan& plan, const SOptions& options, const CPreferencesFil
     if (!plan.sets.report) {
         if (options.hasPictures)
             report.SetPictures(MakePictures(input, choices.method, report.GetResults()));
-        return files.AddReport(path, report);
+        return files.AddReport(path, report, options.forms);
     }
     const CommonUI::SReportTemplateSettings& layout = plan.sets.report->layout;
     std::optional<Measurement::SResults> roughness;
@@ -262,6 +214,7 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
                            plan.batch && plan.batch->ChangesSurface());
         });
         AddNotes(plan.sets, choices.method, input);
+        input.sha256 = CommonUI::Formats::ComputeSha256(options.input);
         CMadeFolder folder(options.output);
         COutputFiles files;
         if (plan.batch)
@@ -277,16 +230,31 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
     }
 }
 
+// The request with the roughness sets of a batch sequence, which count in the table of many files.
+Measurement::SRequest RequestOfTable(const SPlan& plan)
+{
+    Measurement::SRequest request = plan.request;
+    if (plan.batch) {
+        for (const Measurement::SBatchWork& step : plan.batch->steps) {
+            if (const auto* const set = std::get_if<Measurement::SRoughnessSet>(&step.work))
+                request.roughness.push_back(set->data);
+        }
+    }
+    return request;
+}
+
 int MakeTable(const SOptions& options, CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
 {
     const SPlan plan = MakePlan(options, preferences.GetFactory());
-    const Measurement::SChoices choices =
-        ForOption("--parameters", [&] { return MakeChoices(preferences.GetManager(), plan.request); });
-    return ReportOnMany(options, plan.sets, choices, preferences, out, err);
+    const Measurement::SChoices choices = ForOption(
+        "--parameters", [&] { return MakeChoices(preferences.GetManager(), RequestOfTable(plan)); });
+    return ReportOnMany(options, plan, choices, preferences, out, err);
 }
 
 int Run(const SOptions& options, std::ostream& out, std::ostream& err)
 {
+    if (options.merges)
+        return MergeRuns(options, out, err);
     const CSettingsFolderScope folder(options);
     CPreferencesFile preferences(options);
     if (options.listSettings)

@@ -2,21 +2,163 @@
 
 #include "common/file/FileBytes.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
+#include <charconv>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
+#include <string_view>
 
 namespace SurfaceReport
 {
 
 namespace fs = std::filesystem;
+using CommonUI::CStr;
 
 namespace
 {
 
-constexpr const char* c_title = "surface_report state 1";
+constexpr std::string_view c_title = "surface_report state 2";
+constexpr std::string_view c_row = "row";
+constexpr std::string_view c_noPlace = "-";
+
+// Texts have no tab and no line end in the file.
+constexpr std::string_view c_plain = "\\\t\r\n";
+constexpr std::string_view c_escaped = "\\trn";
+
+std::string Escape(std::string_view text)
+{
+    std::string escaped;
+    for (const char c : text) {
+        const std::size_t found = c_plain.find(c);
+        if (found == c_plain.npos)
+            escaped += c;
+        else
+            escaped.append({'\\', c_escaped[found]});
+    }
+    return escaped;
+}
+
+std::string Unescape(std::string_view text)
+{
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::size_t found =
+            text[i] == '\\' && i + 1 < text.size() ? c_escaped.find(text[i + 1]) : c_escaped.npos;
+        if (found == c_escaped.npos)
+            plain += text[i];
+        else
+            plain += c_plain[(++i, found)];
+    }
+    return plain;
+}
+
+// The fields of a line, of which there are some at least.
+std::vector<std::string> SplitLine(std::string_view line, std::size_t least)
+{
+    std::vector<std::string> fields;
+    for (std::size_t begin = 0; begin <= line.size();) {
+        const std::size_t end = std::min(line.find('\t', begin), line.size());
+        fields.push_back(Unescape(line.substr(begin, end - begin)));
+        begin = end + 1;
+    }
+    if (fields.size() < least)
+        throw std::runtime_error("a line of it is cut off");
+    return fields;
+}
+
+std::string JoinLine(const std::vector<std::string>& fields)
+{
+    std::string line;
+    for (const std::string& field : fields)
+        line += (line.empty() ? "" : "\t") + Escape(field);
+    return line + '\n';
+}
+
+std::uint64_t ReadNumber(std::string_view text)
+{
+    std::uint64_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size())
+        throw std::runtime_error("\"" + std::string(text) + "\" in it is no number");
+    return number;
+}
+
+// The bits of each value as decimal numbers, with blanks between.
+std::string JoinValues(const std::vector<double>& values)
+{
+    std::string text;
+    for (const double value : values)
+        text += (text.empty() ? "" : " ") + std::to_string(std::bit_cast<std::uint64_t>(value));
+    return text;
+}
+
+std::vector<double> SplitValues(std::string_view text)
+{
+    std::vector<double> values;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(' '), text.size());
+        values.push_back(std::bit_cast<double>(ReadNumber(text.substr(0, end))));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return values;
+}
+
+// The fields in front of the reasons, of which each has two: the number of the value and the text.
+constexpr std::size_t c_rowFields = 9;
+
+std::vector<std::string> FieldsOf(const SStoredRun::SEntry& entry)
+{
+    const SFileRow& row = entry.row;
+    std::vector<std::string> fields{std::string(c_row),
+                                    entry.place ? std::to_string(*entry.place) : std::string(c_noPlace),
+                                    std::to_string(entry.fingerprint.size),
+                                    std::to_string(entry.fingerprint.hash),
+                                    row.name.ToUtf8(),
+                                    row.sha256,
+                                    row.date,
+                                    row.remark.ToUtf8(),
+                                    JoinValues(row.values)};
+    for (const auto& [index, reason] : row.reasons)
+        fields.insert(fields.end(), {std::to_string(index), reason});
+    return fields;
+}
+
+SStoredRun::SEntry EntryOf(const std::vector<std::string>& fields)
+{
+    SStoredRun::SEntry entry{.fingerprint = {.size = ReadNumber(fields[2]), .hash = ReadNumber(fields[3])},
+                             .row = {.name = CStr::FromUtf8(fields[4]),
+                                     .values = SplitValues(fields[8]),
+                                     .remark = CStr::FromUtf8(fields[7]),
+                                     .sha256 = fields[5],
+                                     .date = fields[6]}};
+    if (fields[1] != c_noPlace)
+        entry.place = static_cast<std::size_t>(ReadNumber(fields[1]));
+    for (std::size_t i = c_rowFields; i + 1 < fields.size(); i += 2)
+        entry.row.reasons[static_cast<std::size_t>(ReadNumber(fields[i]))] = fields[i + 1];
+    return entry;
+}
+
+void TakeLine(std::string_view line, SStoredRun& run)
+{
+    const std::vector<std::string> fields = SplitLine(line, line.starts_with(c_row) ? c_rowFields : 2);
+    const std::string& kind = fields.front();
+    if (kind == c_row)
+        run.entries.push_back(EntryOf(fields));
+    else if (kind == "files")
+        run.fileCount = static_cast<std::size_t>(ReadNumber(fields[1]));
+    else if (kind == "key")
+        run.head.key.push_back(fields[1]);
+    else if (kind == "column")
+        run.head.columns.push_back(fields[1]);
+    else if (kind == "shown")
+        run.head.shown.push_back(fields[1]);
+    else if (kind == "fact" && fields.size() == 4)
+        run.head.facts.push_back({fields[1], fields[2], fields[3]});
+    else
+        throw std::runtime_error("\"" + kind + "\" in it is unknown");
+}
 
 class CHash
 {
@@ -31,13 +173,6 @@ public:
 private:
     std::uint64_t m_hash = 0xCBF29CE484222325ULL;
 };
-
-std::uint64_t HashOf(const std::string& text)
-{
-    CHash hash;
-    hash.Add(text.data(), text.size());
-    return hash.Get();
-}
 
 } // namespace
 
@@ -58,59 +193,86 @@ SFingerprint TakeFingerprint(const fs::path& path)
     return fingerprint;
 }
 
-CRunState::CRunState(fs::path file, std::string key)
-    : m_file(std::move(file))
-    , m_key(std::move(key))
+SStoredRun ReadRun(const fs::path& file)
 {
-}
-
-// Each line: size, hash and how many values, the bits of each, the path: decimal numbers with blanks between.
-void CRunState::Load()
-{
-    std::ifstream file(m_file, std::ios::binary);
+    std::ifstream stream(file, std::ios::binary);
     std::string line;
-    if (!std::getline(file, line) || line != c_title || !std::getline(file, line) ||
-        line != std::to_string(HashOf(m_key)))
-        return;
-    while (std::getline(file, line)) {
-        std::istringstream stream(line);
-        SEntry entry{};
-        std::size_t count = 0;
-        stream >> entry.fingerprint.size >> entry.fingerprint.hash >> count;
-        for (std::uint64_t bits = 0; entry.values.size() < count && stream >> bits;)
-            entry.values.push_back(std::bit_cast<double>(bits));
-        std::string path;
-        if (stream.ignore() && std::getline(stream, path) && entry.values.size() == count)
-            m_entries[path] = std::move(entry);
+    if (!stream)
+        throw std::runtime_error(file.string() + ": there is no such file");
+    try {
+        SStoredRun run;
+        if (!std::getline(stream, line) || line != c_title)
+            throw std::runtime_error("it is not what a run on many files leaves");
+        while (std::getline(stream, line))
+            TakeLine(line, run);
+        return run;
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(file.string() + ": " + error.what());
     }
 }
 
-const std::vector<double>* CRunState::Find(const std::string& path, const SFingerprint& fingerprint) const
+std::string WriteRun(const SStoredRun& run)
+{
+    std::string text = std::string(c_title) + '\n';
+    text += JoinLine({"files", std::to_string(run.fileCount)});
+    for (const std::string& key : run.head.key)
+        text += JoinLine({"key", key});
+    for (const std::string& column : run.head.columns)
+        text += JoinLine({"column", column});
+    for (const std::string& shown : run.head.shown)
+        text += JoinLine({"shown", shown});
+    for (const SRunFact& fact : run.head.facts)
+        text += JoinLine({"fact", fact.key, fact.label, fact.text});
+    for (const SStoredRun::SEntry& entry : run.entries)
+        text += JoinLine(FieldsOf(entry));
+    return text;
+}
+
+CRunState::CRunState(fs::path file, SRunHead head, std::size_t fileCount)
+    : m_file(std::move(file))
+    , m_head(std::move(head))
+    , m_fileCount(fileCount)
+{
+}
+
+void CRunState::Load()
+{
+    try {
+        SStoredRun run = ReadRun(m_file);
+        if (run.head.key != m_head.key || run.head.columns != m_head.columns)
+            return;
+        for (SStoredRun::SEntry& entry : run.entries) {
+            entry.place.reset();
+            if (!entry.row.values.empty())
+                m_entries[entry.row.name.ToUtf8()] = std::move(entry);
+        }
+    } catch (const std::runtime_error&) {
+        return; // nothing that can be gone on from
+    }
+}
+
+const SFileRow* CRunState::Find(const std::string& path, const SFingerprint& fingerprint) const
 {
     const auto found = m_entries.find(path);
-    return found != m_entries.end() && found->second.fingerprint == fingerprint ? &found->second.values
+    return found != m_entries.end() && found->second.fingerprint == fingerprint ? &found->second.row
                                                                                 : nullptr;
 }
 
-void CRunState::Add(const std::string& path, const SFingerprint& fingerprint,
-                    const std::vector<double>& values)
+void CRunState::Add(std::size_t place, const SFingerprint& fingerprint, const SFileRow& row)
 {
-    if (path.find('\n') == std::string::npos)
-        m_entries[path] = {fingerprint, values};
+    m_entries[row.name.ToUtf8()] = {place, fingerprint, row};
 }
 
 void CRunState::Save() const
 {
-    std::string text = c_title + ('\n' + std::to_string(HashOf(m_key))) + '\n';
-    for (const auto& [path, entry] : m_entries) {
-        text += std::to_string(entry.fingerprint.size) + ' ' + std::to_string(entry.fingerprint.hash) + ' ' +
-                std::to_string(entry.values.size());
-        for (const double value : entry.values)
-            text += ' ' + std::to_string(std::bit_cast<std::uint64_t>(value));
-        text += ' ' + path + '\n';
-    }
-    CommonUI::CStr reason;
-    if (!CommonUI::ReplaceFileBytes(m_file.u16string(), text, reason))
+    SStoredRun run{.head = m_head, .fileCount = m_fileCount};
+    run.entries.reserve(m_entries.size());
+    for (const auto& [path, entry] : m_entries)
+        run.entries.push_back(entry);
+    // In the order of the table; what has no place stands in front.
+    std::ranges::stable_sort(run.entries, {}, &SStoredRun::SEntry::place);
+    CStr reason;
+    if (!CommonUI::ReplaceFileBytes(m_file.u16string(), WriteRun(run), reason))
         throw std::runtime_error(m_file.string() + ": " + reason.ToUtf8());
 }
 

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "programs/surface_report/FileTable.h"
+#include "programs/surface_report/RunHead.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace SurfaceReport
 {
@@ -21,31 +25,47 @@ struct SFingerprint {
 /// @throws std::runtime_error for a file that cannot be read
 SFingerprint TakeFingerprint(const std::filesystem::path& path);
 
+/// What a run on many files has come to so far.
+struct SStoredRun {
+    struct SEntry {
+        /// The place of the row in the table; nothing for one of an earlier run that has no place yet.
+        std::optional<std::size_t> place{};
+        SFingerprint fingerprint{};
+        SFileRow row{};
+    };
+
+    SRunHead head{};
+    std::size_t fileCount = 0; ///< of the run, finished or not
+    std::vector<SEntry> entries{};
+};
+
+/// What WriteRun has written.
+/// @throws std::runtime_error for a file that cannot be read or is none of its files
+SStoredRun ReadRun(const std::filesystem::path& file);
+/// All values come back to the bit.
+std::string WriteRun(const SStoredRun& run);
+
 /// What a run on many files has finished, in a file that a later run goes on from. Files that failed are
 /// tried again.
 class CRunState
 {
 public:
-    /// @param key what the values depend on besides the files, such as options
-    CRunState(std::filesystem::path file, std::string key);
+    CRunState(std::filesystem::path file, SRunHead head, std::size_t fileCount);
 
-    /// Takes over what a run with the same key has left; nothing where there is none.
+    /// Takes over what a run whose values depend on the same has left; nothing where there is none.
     void Load();
-    /// The values of a file that has not changed; null where it was not finished.
-    const std::vector<double>* Find(const std::string& path, const SFingerprint& fingerprint) const;
-    void Add(const std::string& path, const SFingerprint& fingerprint, const std::vector<double>& values);
+    /// The row of a file that was finished and has not changed; null otherwise.
+    const SFileRow* Find(const std::string& path, const SFingerprint& fingerprint) const;
+    /// @param place of the row in the table
+    void Add(std::size_t place, const SFingerprint& fingerprint, const SFileRow& row);
     /// @throws std::runtime_error where it cannot be written
     void Save() const;
 
 private:
-    struct SEntry {
-        SFingerprint fingerprint;
-        std::vector<double> values;
-    };
-
     std::filesystem::path m_file;
-    std::string m_key;
-    std::map<std::string, SEntry> m_entries{};
+    SRunHead m_head;
+    std::size_t m_fileCount;
+    std::map<std::string, SStoredRun::SEntry> m_entries{}; // by the path
 };
 
 } // namespace SurfaceReport

@@ -93,6 +93,29 @@ TEST_F(SurfaceWriter, TextsAreAsOthersReadThem)
     EXPECT_EQ(WriteSurface(surface, EFormat::Profile, c_time), "x [m]\tz [m]\n0\t1e-09\n5e-07\tNaN\n");
 }
 
+TEST_F(SurfaceWriter, DateOfTheFileIsKept)
+{
+    // What the file states, and what is made of it.
+    const std::pair<const char*, const char*> cases[] = {
+        {"310520241430", "2024-05-31T14:30"},
+        {"290220240000", "2024-02-29T00:00"},
+        {"290220230000", ""},
+        {"000000000000", ""},
+        {"310520242430", ""},
+        {"31.05.202414", ""},
+        {"3105202414300", ""},
+    };
+    for (const auto& [stated, date] : cases) {
+        const SSurface surface = Read("aISO-1.0\nCreateDate = " + std::string(stated) +
+                                      "\nModDate = 010120250000\nNumPoints = 1\nNumProfiles = 1\nXscale = 1\n"
+                                      "Yscale = 1\nZscale = 1\n*\n1\n*\n");
+        EXPECT_EQ(surface.date, date) << stated;
+        const std::string binary = WriteSurface(surface, EFormat::BinarySdf, c_time);
+        EXPECT_EQ(binary.substr(18, 24), (*date ? stated : "050320240708") + std::string("050320240708"));
+        EXPECT_EQ(Read(binary).date, *date ? date : "2024-03-05T07:08");
+    }
+}
+
 TEST_F(SurfaceWriter, RefusesWhatAFormatDoesNotHold)
 {
     SSurface wide{.points = 65536, .lines = 1, .dx = 1, .dy = 1};

@@ -119,6 +119,21 @@ TEST_F(X3p, ReadsIntegersWithMask)
     ExpectThreeByTwo(Read(Archive(c_entries)), {1.001e-6, 0.998e-6, c_missing, 1e-6, 1.005e-6, 1.006e-6});
 }
 
+TEST_F(X3p, ReadsTheDate)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"2024-05-31T14:30:00.0+02:00", "2024-05-31T14:30:00.0+02:00"},
+        {"2024-05-31", ""},
+        {"2024-05-31 14:30:00", ""},
+        {"2024-02-30T14:30:00", ""},
+        {"2024-05-31T14:30:00 by me", ""},
+    };
+    for (const auto& [stated, date] : cases) {
+        const std::string record = "</Record1><Record2><Date>" + std::string(stated) + "</Date></Record2>";
+        EXPECT_EQ(Read(Archive(WithXml("</Record1>", record))).date, date) << stated;
+    }
+}
+
 TEST_F(X3p, ReadsAllTypes)
 {
     const auto read = [&](const std::string& axisZ, const std::string& data) {

@@ -47,7 +47,7 @@ protected:
     // How many files there are besides the report of the whole run.
     std::ptrdiff_t CountReports() const
     {
-        return std::distance(fs::directory_iterator(Out()), fs::directory_iterator()) - 2;
+        return std::distance(fs::directory_iterator(Out()), fs::directory_iterator()) - 4;
     }
 };
 
@@ -118,7 +118,7 @@ TEST_F(Batch, StepsAreDoneInTheirOrder)
     EXPECT_EQ(fs::exists(Out() / "report-04-Particle-Doc.odt"), Measurement::HasOdt());
     EXPECT_EQ(Has(m_err.str(), "step 4, ActiveReport / Particle (Doc): written as HTML, since this build"),
               !Measurement::HasOdt());
-    EXPECT_EQ(CountReports(), 4);
+    EXPECT_EQ(CountReports(), 8);
     const std::string particles = Read("report-04-Particle-Doc.txt");
     EXPECT_TRUE(Has(particles, "\r\nParticle\tArea\tMax Height") || Has(particles, "\r\nParticle\t"))
         << particles;
@@ -147,4 +147,38 @@ TEST_F(Batch, WhatProfilesHaveNotIsSaid)
                            "surface_report: step 2, Interpolate voids: no point is missing\n"
                            "surface_report: step 3, Image Roughness / VORN Classic Default: it is for "
                            "images, and this is a profile\n");
+}
+
+TEST_F(Batch, ManyFilesAreATableWithReportsOfEach)
+{
+    m_temporary.Write("data/a.txt", m_temporary.Read(m_folder / "surface.txt"));
+    m_temporary.Write("data/b.txt", m_temporary.Read(m_folder / "surface.txt"));
+    m_temporary.Write("data/c.txt", "nothing");
+    m_temporary.Write("my.batch", "[Batch]\n"
+                                  "Step1=Apply\nStep1_Type=PlaneCorr\nStep1_Settings=BUILT-IN:"
+                                  "PlaneCorrQuickLaunchImageLeveling\n"
+                                  "Step2=Apply\nStep2_Type=PnP\nStep2_Settings=BUILT-IN:"
+                                  "PnPQuickLaunchSimpleThresholdParticles\n"
+                                  "Step3=Apply\nStep3_Type=ActiveReport\nStep3_Settings=BUILT-IN:"
+                                  "bisActiveReportQuickLaunchParticleDoc\n"
+                                  "Step4=ShowProfiles\nStep4_Profiles=2\n");
+    const std::string batch = " --pictures no --out $out --batch Batch[File($folder/my.batch)]";
+    EXPECT_EQ(Run("$folder/data" + batch), 1);
+    const std::string table = Read("report.txt");
+    EXPECT_TRUE(Has(table, "\r\nStep 4: Show profiles (2)\r\n")) << table;
+    EXPECT_TRUE(Has(table, "\tstep 3, ActiveReport / Particle (Doc): written as HTML")) << table;
+    EXPECT_TRUE(Has(Read("data/a.txt-03-Particle-Doc.txt"), "\r\nParticle\t"));
+    const std::string sections = Read("data/b.txt-04-Show-profiles-2.txt");
+    EXPECT_TRUE(Has(sections, "\r\nStep 1: Plane Correction / Images / Global Leveling\r\n")) << sections;
+    EXPECT_EQ(std::distance(fs::directory_iterator(Out() / "data"), fs::directory_iterator()), 16);
+    // The values are those of the surface after the steps.
+    const std::string sq = "Sq, Root Mean Square Height\t";
+    ASSERT_EQ(Run("$folder/data/a.txt" + batch + " --unit nm --data no"), 0) << m_err.str();
+    ASSERT_EQ(Run("$folder/data/a.txt --pictures no --out $out --unit nm --settings PlaneCorr[Id(4)]"), 0);
+    const std::string alone = Read("report.txt");
+    const std::string value = SplitText(alone.substr(alone.find(sq)), '\t')[2];
+    ASSERT_EQ(Run("$folder/data/a.txt $folder/data/b.txt --unit nm" + batch), 0) << m_err.str();
+    EXPECT_TRUE(Has(Read("report.txt"), "\t" + value + "\t")) << Read("report.txt") << value;
+    EXPECT_EQ(Run("$folder/data --each" + batch), 1);
+    EXPECT_TRUE(Has(m_err.str(), "--each and --resume are not for --batch")) << m_err.str();
 }

@@ -55,7 +55,8 @@ TEST_F(ManyFiles, TableHasARowForEachAndStatistics)
     EXPECT_TRUE(Has(m_err.str(), "surface_report: 2 of 5 files failed; report.txt says why\n"))
         << m_err.str();
     const std::string table = Table();
-    EXPECT_TRUE(Has(table, "Files: 5\r\nFailed: 2\r\n\r\nFile\tSp\tSz\tRemark\r\nUnit\tnm\tnm\t\r\n"))
+    EXPECT_TRUE(Has(table, "Files: 5\r\nFailed: 2\r\nCommonUI version: ") &&
+                Has(table, "\r\nLevelling: none\r\n\r\nFile\tSp\tSz\tRemark\r\nUnit\tnm\tnm\t\r\n"))
         << table;
     EXPECT_TRUE(HasRow("data/a.txt", "9.1667\t10\t")) << table;
     EXPECT_TRUE(HasRow("data/below/a.txt", "27.5\t30\t"));
@@ -124,11 +125,26 @@ TEST_F(ManyFiles, InterruptedRunLeavesWhatIsFinishedAndGoesOn)
     EXPECT_EQ(Table(), whole);
     // Taken over, not computed: a value that only the state has.
     state = Read("report.state");
-    const std::size_t line = state.find(" " + (m_folder / "data/7.txt").string());
-    const std::size_t value = state.rfind(' ', line - 1) + 1;
-    m_temporary.Write(Out() / "report.state", state.replace(value, line - value, "4472406533629990549"));
+    const std::size_t end = state.find('\n', state.find("\t" + (m_folder / "data/7.txt").string()));
+    const std::size_t value = state.rfind('\t', end) + 1;
+    m_temporary.Write(Out() / "report.state", state.replace(value, end - value, "4472406533629990549"));
     ASSERT_EQ(Run("$folder/data --out $out --parameters Sz --resume"), 0);
     EXPECT_TRUE(HasRow("data/7.txt", "1\t")) << Table().substr(0, 300);
     ASSERT_EQ(Run("$folder/data --out $out --parameters Sz,Sp --resume"), 0);
     EXPECT_TRUE(HasRow("data/7.txt", "7.3333\t8\t")) << "of other options nothing is taken over";
+}
+
+TEST_F(ManyFiles, ResumedRunWritesReportsThatAreMissing)
+{
+    WriteSurface("data/a.txt", 10);
+    WriteSurface("data/b.txt", 20);
+    const std::string line = "$folder/data --each --pictures no --out $out --parameters Sz";
+    ASSERT_EQ(Run(line), 0) << m_err.str();
+    const std::string report = Read("data/a.txt.html");
+    fs::remove(Out() / "data" / "a.txt.html");
+    m_temporary.Write(Out() / "data" / "b.txt.html", "kept");
+    ASSERT_EQ(Run(line + " --resume"), 0) << m_err.str();
+    EXPECT_EQ(Read("data/a.txt.html"), report);
+    EXPECT_EQ(Read("data/b.txt.html"), "kept");
+    EXPECT_EQ(std::distance(fs::directory_iterator(Out() / "data"), fs::directory_iterator()), 8);
 }

@@ -1,4 +1,24 @@
+#include "common/Version.h"
+#include "formats/SurfaceReader.h"
+#include "tests/StrictJson.h"
 #include "tests/surface_report/SurfaceReportFixture.h"
+
+#include <regex>
+
+namespace
+{
+
+// A file of tests/data with the version of the day, and without the digest where none is computed.
+std::string Golden(const std::string& name)
+{
+    std::string text =
+        std::regex_replace(ReadTestData(name), std::regex("\\$version"), CommonUI::GetVersion().ToUtf8());
+    if (!CommonUI::Formats::HasX3p())
+        text = std::regex_replace(text, std::regex("(<tr>\n.*)?SHA-256.*\n(.*</td>\n</tr>\n)?"), "");
+    return text;
+}
+
+} // namespace
 
 TEST_F(ReportProgram, ReportsOfTheSampleAreThoseOfTheGoldenFiles)
 {
@@ -7,10 +27,37 @@ TEST_F(ReportProgram, ReportsOfTheSampleAreThoseOfTheGoldenFiles)
             "--unit um"),
         0)
         << m_err.str();
-    EXPECT_EQ(Read("report.txt"), ReadTestData("ground_steel.txt"));
-    EXPECT_EQ(Read("report.html"), ReadTestData("ground_steel.html"));
-    EXPECT_EQ(m_out.str(), ReadTestData("ground_steel.terminal.txt"));
+    EXPECT_EQ(Read("report.txt"), Golden("ground_steel.txt"));
+    EXPECT_EQ(Read("report.html"), Golden("ground_steel.html"));
+    EXPECT_EQ(m_out.str(), Golden("ground_steel.terminal.txt"));
     EXPECT_EQ(m_err.str(), "");
+}
+
+TEST_F(ReportProgram, DataAndSpreadsheetsAreWrittenBeside)
+{
+    const std::string line = "$sample --out $out --pictures no --parameters Sq,Sdc(10,50) ";
+    ASSERT_EQ(Run(line + "--decimal comma"), 0) << m_err.str();
+    EXPECT_TRUE(Has(Read("report.sheet.csv"), "\r\nSq, Root Mean Square Height;354,61;nm\r\n"));
+    EXPECT_TRUE(Has(Read("report.csv"), "\r\nsurface,,\"Sdc(10,50)\",,4.608999999999999e-07,m,\r\n"));
+    const SJson json = CStrictJson::Parse(Read("report.json"));
+    EXPECT_EQ(json["surface"][1]["key"].text, "Sdc(10,50)");
+    EXPECT_EQ(json["source"]["sha256"].text.size(), CommonUI::Formats::HasX3p() ? 64u : 0u);
+    EXPECT_EQ(json["source"]["date"].text, "2025-01-01T00:00");
+    const std::string first = Read("report.json") + Read("report.csv");
+    ASSERT_EQ(Run(line + "--csv-separator tab --decimal point --transpose"), 0);
+    EXPECT_TRUE(Has(Read("report.sheet.csv"), "\r\nValue\t354.61\t460.9\r\nUnit\tnm\tnm\r\n"))
+        << Read("report.sheet.csv");
+    EXPECT_EQ(Read("report.json") + Read("report.csv"), first)
+        << "nothing of the time, or of the way it is shown";
+    EXPECT_TRUE(Has(Report("--parameters Sq --settings PlaneCorr[Id(4)] --settings Filter[Id(97)]"),
+                    "\r\nCut-off of step 2: 2.5 µm\r\nFilter ends: weights"));
+    EXPECT_EQ(CStrictJson::Parse(Read("report.json"))["method"]["steps"][1]["cutoff"].number, 2.5e-6);
+    fs::remove_all(Out());
+    ASSERT_EQ(Run(line + "--data no"), 0);
+    for (const char* name : {"report.csv", "report.json", "report.sheet.csv"})
+        EXPECT_FALSE(fs::exists(Out() / name)) << name;
+    EXPECT_EQ(Run(line + "--decimal comma --csv-separator comma"), 1);
+    EXPECT_TRUE(Has(m_err.str(), "--csv-separator: a comma cannot separate")) << m_err.str();
 }
 
 TEST_F(ReportProgram, PicturesStandBehindTheSummaryOfThePageWithoutThem)

@@ -39,6 +39,7 @@ struct SX3pDescription {
     SX3pLink data{}; ///< empty where the data are in the description itself
     SX3pLink mask{}; ///< a bit for each point, whether it is valid
     std::string checksumEntry{};
+    std::string date{}; ///< empty where it states none
 };
 
 /// The document main.xml.

@@ -8,11 +8,13 @@ struct evp_md_ctx_st;
 namespace CommonUI::Formats
 {
 
-/// The MD5 checksum of bytes that come piece by piece.
+enum class EDigest { Md5, Sha256 };
+
+/// The digest of bytes that come piece by piece.
 class CDigest
 {
 public:
-    CDigest();
+    explicit CDigest(EDigest kind = EDigest::Md5);
     ~CDigest();
     CDigest(const CDigest&) = delete;
     CDigest& operator=(const CDigest&) = delete;
@@ -22,10 +24,13 @@ public:
     std::string Finish();
 
 private:
+    void Require(int success) const;
+
+    EDigest m_kind;
     evp_md_ctx_st* m_context;
 };
 
-/// The checksum of bytes that are at hand.
+/// The MD5 checksum of bytes that are at hand.
 std::string DigestOf(std::string_view bytes);
 
 } // namespace CommonUI::Formats

@@ -100,7 +100,10 @@ struct SReportCells {
 
     /// Collects from up to three grids, each of which may be null.
     SReportCells(const CGridBaseOutputCtrl* summaryGrid, const CGridBaseOutputCtrl* resultsGrid,
-                 const CGridBaseOutputCtrl* statisticsGrid, bool transpose);
+                 const CGridBaseOutputCtrl* statisticsGrid, bool transpose,
+                 const SNumberProfile& profile = {});
+    CStr MakeText(const SNumberProfile& profile = {}) const;
+    CStr MakeHtml(bool omitColumnGroup) const;
     bool HasBoth() const { return !summary.empty() && !results.empty(); }
     bool HasNone() const { return summary.empty() && results.empty(); }
 };

@@ -1,0 +1,11 @@
+#include "common/Version.h"
+
+namespace CommonUI
+{
+
+CStr GetVersion()
+{
+    return CStr::FromAscii(COMMONUI_VERSION);
+}
+
+} // namespace CommonUI

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "programs/surface_report/FileTable.h"
+#include "programs/surface_report/OutputFiles.h"
+
+#include <filesystem>
+#include <ostream>
+
+namespace SurfaceReport
+{
+
+/// Adds the files that the table of many files is written to.
+void AddTable(const std::filesystem::path& folder, const CFileTable& table, const SReportForms& forms,
+              COutputFiles& files);
+
+/// Says how many files of a table failed. @return whether some have
+bool TellOfFailures(const std::vector<SFileRow>& rows, std::size_t fileCount, std::ostream& err);
+
+} // namespace SurfaceReport

@@ -1,0 +1,165 @@
+#include "programs/surface_report/RunHead.h"
+
+#include "common/NumberText.h"
+#include "common/Version.h"
+#include "measurement/Columns.h"
+#include "measurement/Origin.h"
+#include "model/AnalysisPreferencesManager.h"
+#include "programs/surface_report/RunState.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+#include <stdexcept>
+#include <variant>
+
+namespace SurfaceReport
+{
+
+namespace Measurement = CommonUI::Measurement;
+using CommonUI::CParameter;
+using CommonUI::CStr;
+using CommonUI::CUnit;
+
+namespace
+{
+
+constexpr const char* c_automatic = "automatic units";
+constexpr const char* c_chosen = "chosen units";
+
+// A settings set as it was named, and the content of one that is a file.
+std::string DescribeSet(const char* option, const CStr& spec)
+{
+    std::string text = option + (" " + spec.ToUtf8());
+    const std::size_t begin = spec.Find(u"[File(");
+    if (begin != CStr::npos) {
+        const CStr path = spec.Mid(begin + 6, spec.GetLength() - begin - 8);
+        text +=
+            " " + std::to_string(TakeFingerprint(std::filesystem::path(std::u16string(path.View()))).hash);
+    }
+    return text;
+}
+
+// "Nano 1 5": the unit factor, the kind of number format and its count.
+std::string DescribeShown(const CParameter& parameter)
+{
+    const CParameter::SFormatSpecifier format = parameter.GetFloatFormat();
+    const CStr unit = CUnit::GetUnitFactorEnum().GetIniName(static_cast<int>(parameter.GetUnitFactor()));
+    return unit.ToUtf8() + " " + std::to_string(static_cast<int>(format.type)) + " " +
+           std::to_string(format.count);
+}
+
+// "Mean 0": the key and the value that belongs to it.
+std::string DescribeStatistic(const CParameter& statistic)
+{
+    return statistic.GetIniName().ToUtf8() + " " +
+           CommonUI::ShortestText(statistic.GetVariableValue()).ToUtf8();
+}
+
+std::vector<SRunFact> FactsOf(const SPlan& plan, const Measurement::SChoices& choices)
+{
+    std::vector<SRunFact> facts{
+        {"version", "CommonUI version", CommonUI::GetVersion().ToUtf8()},
+        {"levelling", "Levelling", Measurement::DescribeLevelling(choices.method.levelling).ToUtf8()}};
+    bool hasEnds = false;
+    int number = 0;
+    const auto addStep = [&](const CStr& name, const Measurement::SStep* step) {
+        const std::string text = std::to_string(++number);
+        facts.push_back({"step " + text, "Step " + text, name.ToUtf8()});
+        hasEnds = hasEnds || (step && IsGaussian(*step));
+    };
+    for (const Measurement::SStep& step : plan.sets.steps)
+        addStep(step.name, &step);
+    if (plan.batch) {
+        for (const Measurement::SBatchWork& step : plan.batch->steps)
+            addStep(step.name, std::get_if<Measurement::SStep>(&step.work));
+    }
+    for (const Measurement::SRoughnessSet& set : plan.sets.roughness)
+        facts.push_back({"settings", "Settings", set.name.ToUtf8()});
+    if (hasEnds)
+        facts.push_back({"ends", "Filter ends", CStr(Measurement::c_endTreatment).ToUtf8()});
+    return facts;
+}
+
+[[noreturn]] void FailOn(const std::string& text)
+{
+    throw std::runtime_error("\"" + text + "\" is nothing that a run writes");
+}
+
+void TakeShown(const std::string& text, CParameter& parameter)
+{
+    std::istringstream stream(text);
+    std::string unit;
+    int type = 0;
+    CParameter::SFormatSpecifier format;
+    if (!(stream >> unit >> type >> format.count))
+        FailOn(text);
+    format.type = static_cast<CParameter::EFormatSpecifier>(type);
+    parameter.SetFloatFormat(format);
+    parameter.SetUnitFactor(CUnit::GetUnitFactorEnum().GetValue(CStr::FromUtf8(unit)));
+}
+
+CParameter ReadStatistic(const std::string& text, const std::vector<CParameter>& known)
+{
+    const std::size_t blank = std::min(text.find(' '), text.size());
+    const auto found =
+        std::ranges::find(known, CStr::FromUtf8(text.substr(0, blank)), &CParameter::GetIniName);
+    double value = 0;
+    if (found == known.end() || !CommonUI::ParseDouble(CStr::FromUtf8(text.substr(blank)), value))
+        FailOn(text);
+    CParameter statistic = *found;
+    statistic.SetVariableValue(value);
+    statistic.SetOn(true);
+    return statistic;
+}
+
+} // namespace
+
+SRunHead MakeRunHead(const SOptions& options, const SPlan& plan, const Measurement::SChoices& choices)
+{
+    SRunHead head{.key = {"version " + CommonUI::GetVersion().ToUtf8(),
+                          "levelling " + Measurement::DescribeLevelling(choices.method.levelling).ToUtf8()},
+                  .shown = {choices.automaticUnits ? c_automatic : c_chosen},
+                  .facts = FactsOf(plan, choices)};
+    for (const CStr& spec : options.settings)
+        head.key.push_back(DescribeSet("settings", spec));
+    if (!options.batch.IsEmpty())
+        head.key.push_back(DescribeSet("batch", options.batch));
+    for (const CParameter& parameter : choices.surface) {
+        head.columns.push_back(Measurement::GetKey(parameter).ToUtf8());
+        head.shown.push_back(DescribeShown(parameter));
+    }
+    for (const CParameter& statistic : choices.statistics) {
+        if (statistic.IsOn())
+            head.shown.push_back(DescribeStatistic(statistic));
+    }
+    return head;
+}
+
+Measurement::SChoices ChoicesOf(const SRunHead& head)
+{
+    Measurement::SRequest request;
+    request.keys.reserve(head.columns.size());
+    for (const std::string& key : head.columns)
+        request.keys.push_back(CStr::FromUtf8(key));
+    Measurement::SChoices choices = MakeChoices(CommonUI::CAnalysisPreferencesManager(), request);
+    choices.rows.clear();
+    if (head.columns.empty())
+        choices.surface.clear();
+    const std::size_t count = choices.surface.size();
+    if (count != head.columns.size() || head.shown.size() < count + 1)
+        FailOn("columns");
+    choices.automaticUnits = head.shown.front() == c_automatic;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (Measurement::GetKey(choices.surface[i]).ToUtf8() != head.columns[i])
+            FailOn(head.columns[i]);
+        TakeShown(head.shown[i + 1], choices.surface[i]);
+    }
+    const std::vector<CParameter> known = std::move(choices.statistics);
+    choices.statistics.clear();
+    for (std::size_t i = count + 1; i < head.shown.size(); ++i)
+        choices.statistics.push_back(ReadStatistic(head.shown[i], known));
+    return choices;
+}
+
+} // namespace SurfaceReport
