@@ -71,11 +71,14 @@ SColor& At(CInterfaceColorTable& table, EInterfaceColor role)
     return table[static_cast<std::size_t>(role)];
 }
 
-// Links and frames take the accent; what is selected has it as its ground.
+// Links and frames take the accent; what is selected has it as its ground. White texts look right on most
+// accents, if need be on a darker one.
 void UseAccent(CInterfaceColorTable& table, const SColor& accent)
 {
-    At(table, Selection) = accent;
-    At(table, SelectedText) = GetTextColorOn(accent);
+    constexpr SColor white{255, 255, 255};
+    const bool onWhite = GetContrast(accent, white) >= c_markContrast;
+    At(table, Selection) = onWhite ? MakeReadable(accent, white) : accent;
+    At(table, SelectedText) = onWhite ? white : GetTextColorOn(accent);
     At(table, Link) = accent;
     At(table, Focus) = accent;
 }

@@ -43,7 +43,15 @@ std::size_t CFolderNode::GetIndexInParent() const
     return static_cast<std::size_t>(std::ranges::find_if(siblings, isThis) - siblings.begin());
 }
 
-CFolderTreeView::~CFolderTreeView() = default;
+CFolderTreeView::~CFolderTreeView()
+{
+    if (GetControl())
+        GetControl()->SetView(nullptr);
+}
+
+void CFolderTreeView::OnChildrenLeaving(const CFolderNode&)
+{
+}
 
 CFolderTree::CFolderTree(std::shared_ptr<const CFolderSource> source)
     : m_top(new CFolderNode(nullptr, {}, {}))
@@ -53,7 +61,10 @@ CFolderTree::CFolderTree(std::shared_ptr<const CFolderSource> source)
     AddRoots();
 }
 
-CFolderTree::~CFolderTree() = default;
+CFolderTree::~CFolderTree()
+{
+    SetView(nullptr);
+}
 
 void CFolderTree::AddRoots()
 {
@@ -65,6 +76,8 @@ void CFolderTree::AddRoots()
 
 void CFolderTree::SetView(CFolderTreeView* view)
 {
+    if (GetView())
+        GetView()->OnChildrenLeaving(*m_top);
     Link(*this, view);
     if (!view)
         return;

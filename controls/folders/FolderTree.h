@@ -62,8 +62,9 @@ class COMMONUI_API CFolderTreeView : public CControlView<CFolderTree>
 public:
     ~CFolderTreeView() override;
 
-    /// All children of a node are about to go; some come back with OnChildrenArrived.
-    virtual void OnChildrenLeaving(const CFolderNode& node) = 0;
+    /// All children of a node are about to go, of the top also because the tree goes; some come back with
+    /// OnChildrenArrived. A view that is being destroyed is told, too, and does nothing.
+    virtual void OnChildrenLeaving(const CFolderNode& node);
     /// A node has children, which had none before.
     virtual void OnChildrenArrived(const CFolderNode& node) = 0;
     /// The state of a node, or whether it is expanded, has changed.

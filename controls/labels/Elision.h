@@ -28,7 +28,7 @@ COMMONUI_API CStr ElideText(std::u16string_view text, double room, EElision elis
                             const FMeasureText& measure);
 
 /// What a label of a value says: "Root Mean Square Height: 35.2 nm".
-struct SValueText {
+struct COMMONUI_API SValueText {
     CStr caption{}; ///< may be empty
     CStr number{};
     CStr unit{}; ///< may be empty

@@ -12,6 +12,10 @@ constexpr SPage c_pages[] = {
     {"result-grid", "Result grid", MakeResultGridPage, StageResultGridPage},
     {"progress", "Progress", MakeProgressPage, StageProgressPage},
     {"number-format", "Number format", MakeNumberFormatPage, StageNumberFormatPage},
+    {"lists", "Lists", MakeListsPage, StageListsPage},
+    {"controls", "Controls", MakeControlsPage, StageControlsPage},
+    {"folders", "Folders", MakeFoldersPage, StageFoldersPage},
+    {"tabs", "Tabs", MakeTabsPage, nullptr},
     {"services", "Services", MakeServicesPage, nullptr, OpenMessageBox},
 };
 

@@ -34,6 +34,13 @@ QWidget* MakeGridItemsPage(const FLog& log);
 void StageGridItemsPage(QWidget& page);
 QWidget* MakeResultGridPage(const FLog& log);
 void StageResultGridPage(QWidget& page);
+QWidget* MakeListsPage(const FLog& log);
+void StageListsPage(QWidget& page);
+QWidget* MakeControlsPage(const FLog& log);
+void StageControlsPage(QWidget& page);
+QWidget* MakeFoldersPage(const FLog& log);
+void StageFoldersPage(QWidget& page);
+QWidget* MakeTabsPage(const FLog& log);
 QWidget* MakeServicesPage(const FLog& log);
 void OpenMessageBox();
 

@@ -2,8 +2,10 @@
 // of all pages.
 
 #include "examples/gallery/GalleryWindow.h"
+#include "examples/gallery/Palettes.h"
 #include "examples/gallery/Shots.h"
 #include "platform/HelpService.h"
+#include "qt/controls/InterfaceStyle.h"
 #include "qt/services/QtServices.h"
 
 #include <QApplication>
@@ -38,6 +40,9 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("Gallery"));
     const CommonUI::CQtServices services;
+    CommonUI::CInterfaceColors colors;
+    const CommonUI::CInterfaceStyle style(colors);
+    Gallery::UseColors(colors);
 
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() == 3 && arguments[1] == QLatin1String("--shots"))

@@ -5,6 +5,7 @@
 #include "QtFolders.h"
 #include "QtMessageBoxService.h"
 #include "QtMessageLoop.h"
+#include "QtSystemColors.h"
 #include "QtTimerService.h"
 
 namespace CommonUI
@@ -36,12 +37,14 @@ private:
     CQtFileDialogService m_fileDialogs;
     CQtClipboard m_clipboard;
     CQtFolders m_folders;
+    CQtSystemColors m_systemColors;
     CServiceScope<CTimerService> m_timersScope{m_timers};
     CServiceScope<CMessageLoop> m_loopScope{m_loop};
     CServiceScope<CMessageBoxService> m_messageBoxesScope{m_messageBoxes};
     CServiceScope<CFileDialogService> m_fileDialogsScope{m_fileDialogs};
     CServiceScope<CClipboard> m_clipboardScope{m_clipboard};
     CServiceScope<CFolders> m_foldersScope{m_folders};
+    CServiceScope<CSystemColors> m_systemColorsScope{m_systemColors};
 };
 
 } // namespace CommonUI
