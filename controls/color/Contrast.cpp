@@ -38,17 +38,17 @@ SColor MixColors(const SColor& from, const SColor& to, double part)
 
 SColor GetTextColorOn(const SColor& ground)
 {
-    constexpr SColor black{0, 0, 0};
-    constexpr SColor white{255, 255, 255};
-    return GetContrast(black, ground) >= GetContrast(white, ground) ? black : white;
+    constexpr SColor c_black{0, 0, 0};
+    constexpr SColor c_white{255, 255, 255};
+    return GetContrast(c_black, ground) >= GetContrast(c_white, ground) ? c_black : c_white;
 }
 
 SColor MakeReadable(const SColor& color, const SColor& ground, double contrast)
 {
-    constexpr int steps = 64;
+    constexpr int c_steps = 64;
     const SColor end = GetTextColorOn(ground);
-    for (int step = 0; step < steps; ++step) {
-        const SColor mixed = MixColors(color, end, static_cast<double>(step) / steps);
+    for (int step = 0; step < c_steps; ++step) {
+        const SColor mixed = MixColors(color, end, static_cast<double>(step) / c_steps);
         if (GetContrast(mixed, ground) >= contrast)
             return mixed;
     }

@@ -75,10 +75,10 @@ SColor& At(CInterfaceColorTable& table, EInterfaceColor role)
 // accents, if need be on a darker one.
 void UseAccent(CInterfaceColorTable& table, const SColor& accent)
 {
-    constexpr SColor white{255, 255, 255};
-    const bool onWhite = GetContrast(accent, white) >= c_markContrast;
-    At(table, Selection) = onWhite ? MakeReadable(accent, white) : accent;
-    At(table, SelectedText) = onWhite ? white : GetTextColorOn(accent);
+    constexpr SColor c_white{255, 255, 255};
+    const bool onWhite = GetContrast(accent, c_white) >= c_markContrast;
+    At(table, Selection) = onWhite ? MakeReadable(accent, c_white) : accent;
+    At(table, SelectedText) = onWhite ? c_white : GetTextColorOn(accent);
     At(table, Link) = accent;
     At(table, Focus) = accent;
 }

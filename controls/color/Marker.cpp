@@ -86,7 +86,7 @@ bool CanFillMarker(EMarkerShape shape) noexcept
 
 CStr DescribeMarker(const SMarker& marker)
 {
-    const CStr shape = GetMarkerShapeEnum().GetFriendlyString(static_cast<int>(marker.shape));
+    CStr shape = GetMarkerShapeEnum().GetFriendlyString(static_cast<int>(marker.shape));
     if (marker.shape == EMarkerShape::None)
         return shape;
     return CStr::Format(u"%s, %s, %d pt", shape, DescribePaint(marker.paint), marker.size);

@@ -85,8 +85,8 @@ void CFolderCombo::OnListed(const SFolderListing& listing)
     m_list = 0;
     for (const SFolder& folder : listing.folders)
         m_names.push_back(folder.name);
-    std::ranges::sort(m_names,
-                      [](const CStr& one, const CStr& other) { return CompareNatural(one, other) < 0; });
+    std::ranges::sort(
+        m_names, [](const CStr& one, const CStr& other) { return std::is_lt(CompareNatural(one, other)); });
     Complete();
 }
 
@@ -115,9 +115,8 @@ void CFolderCombo::OnUserEntered(const CStr& text)
     m_changed.Invoke();
 }
 
-void CFolderCombo::OnChecked(const CStr& checked, const CStr& error)
+void CFolderCombo::OnChecked(const CStr& path, const CStr& error)
 {
-    const CStr path = checked; // the callback may destroy the combo, and who calls this with it
     m_check = 0;
     m_error = error;
     const bool isOther = error.IsEmpty() && std::exchange(m_path, path) != path;

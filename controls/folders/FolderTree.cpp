@@ -247,8 +247,8 @@ std::vector<CStr> CFolderTree::ArrangeNames(const std::vector<SFolder>& folders)
     for (const SFolder& folder : folders)
         if (!folder.hidden || m_hiddenShown)
             names.push_back(folder.name);
-    std::ranges::sort(names,
-                      [](const CStr& one, const CStr& other) { return CompareNatural(one, other) < 0; });
+    std::ranges::sort(
+        names, [](const CStr& one, const CStr& other) { return std::is_lt(CompareNatural(one, other)); });
     return names;
 }
 

@@ -83,7 +83,7 @@ CStr ElidePath(std::u16string_view path, double room, const FMeasureText& measur
 {
     const std::vector<std::size_t> parts = FindParts(path);
     for (std::size_t last = 2; last < parts.size(); ++last) {
-        const CStr left = CStr(path.substr(0, parts[1])) + c_ellipsis + path.substr(parts[last] - 1);
+        CStr left = CStr(path.substr(0, parts[1])) + c_ellipsis + path.substr(parts[last] - 1);
         if (measure(left) <= room)
             return left;
     }
@@ -120,7 +120,7 @@ CStr SValueText::GetText() const
 
 CStr ElideValue(const SValueText& value, double room, const FMeasureText& measure)
 {
-    const CStr whole = value.GetText();
+    CStr whole = value.GetText();
     if (measure(whole) <= room)
         return whole;
     const CStr number = value.GetValueText();

@@ -91,7 +91,7 @@ bool CExtendedList::Precedes(std::size_t one, std::size_t other) const
     if (!HasValue(first, isNumber) || !hasSecond)
         return HasValue(first, isNumber) && !hasSecond;
     const auto& [less, more] = m_order->descending ? std::tie(second, first) : std::tie(first, second);
-    return isNumber ? *less.number < *more.number : CompareNatural(less.text, more.text) < 0;
+    return isNumber ? *less.number < *more.number : std::is_lt(CompareNatural(less.text, more.text));
 }
 
 void CExtendedList::Sort()

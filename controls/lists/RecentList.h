@@ -27,11 +27,10 @@ public:
     }
     void Remove(const T& value) { std::erase(m_values, T(value)); }
     /// Replaces the values by others, which stand in their order, the latest first.
-    void Set(const std::vector<T>& values)
+    void Set(std::vector<T> values)
     {
-        const std::vector<T> copy(values);
         m_values.clear();
-        for (auto value = copy.rbegin(); value != copy.rend(); ++value)
+        for (auto value = values.rbegin(); value != values.rend(); ++value)
             Add(*value);
     }
     const std::vector<T>& GetAll() const noexcept { return m_values; }

@@ -57,7 +57,7 @@ std::u16string_view TakeNumber(std::u16string_view& text)
 std::strong_ordering CompareNumbers(std::u16string_view one, std::u16string_view other)
 {
     const auto bySize = one.size() <=> other.size();
-    return bySize != 0 ? bySize : one <=> other;
+    return std::is_neq(bySize) ? bySize : one <=> other;
 }
 
 std::strong_ordering CompareFolded(std::u16string_view one, std::u16string_view other)
@@ -71,7 +71,7 @@ std::strong_ordering CompareFolded(std::u16string_view one, std::u16string_view 
             one.remove_prefix(1);
             other.remove_prefix(1);
         }
-        if (order != 0)
+        if (std::is_neq(order))
             return order;
     }
     return one.size() <=> other.size();
@@ -95,7 +95,7 @@ bool IsSameFolded(std::u16string_view one, std::u16string_view other)
 std::strong_ordering CompareNatural(std::u16string_view one, std::u16string_view other)
 {
     const auto folded = CompareFolded(one, other);
-    return folded != 0 ? folded : one <=> other;
+    return std::is_neq(folded) ? folded : one <=> other;
 }
 
 } // namespace CommonUI

@@ -2,6 +2,7 @@
 
 #include "controls/color/NamedColors.h"
 #include "qt/controls/detail/ControlTexts.h"
+#include "qt/controls/detail/Isolate.h"
 #include "qt/controls/detail/Swatch.h"
 #include "qt/controls/InterfaceStyle.h"
 #include "qt/detail/EventGuard.h"
@@ -271,7 +272,7 @@ void CColorPickerWidget::Update()
 {
     const QString name = ToQString(DescribePaint(m_picker.GetPaint()));
     setIcon(MakeSwatch(m_picker.GetPaint(), iconSize(), *this));
-    setText(name);
+    setText(IsolateIn(*this, name));
     setAccessibleDescription(name);
 }
 

@@ -285,10 +285,8 @@ void CExtendedListWidget::ShowOrder()
 {
     const auto& columns = m_list.GetColumns();
     const bool hasNumbers = std::ranges::any_of(columns, &SExtendedColumn::isNumber);
-    if (hasNumbers)
-        m_view->setLayoutDirection(Qt::LeftToRight);
-    else
-        m_view->unsetLayoutDirection();
+    for (QWidget* const part : {static_cast<QWidget*>(m_view), static_cast<QWidget*>(m_view->header())})
+        part->setLayoutDirection(hasNumbers ? Qt::LeftToRight : layoutDirection());
     QHeaderView& header = *m_view->header();
     const auto& order = m_list.GetOrder();
     header.setSortIndicatorShown(order.has_value());

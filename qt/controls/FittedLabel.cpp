@@ -1,5 +1,6 @@
 #include "qt/controls/FittedLabel.h"
 
+#include "qt/controls/detail/Isolate.h"
 #include "qt/QtText.h"
 
 #include <QHelpEvent>
@@ -7,6 +8,7 @@
 #include <QStyle>
 #include <QToolTip>
 
+#include <algorithm>
 #include <cmath>
 
 namespace CommonUI
@@ -22,12 +24,6 @@ void DrawText(QLabel& label, const QFont& font, const QString& text)
     const auto alignment = QStyle::visualAlignment(label.layoutDirection(), label.alignment());
     label.style()->drawItemText(&painter, label.contentsRect(), alignment | Qt::TextSingleLine,
                                 label.palette(), label.isEnabled(), text, label.foregroundRole());
-}
-
-// Keeps a number and its unit in their order in a text that runs from right to left.
-QString Isolate(const QString& text)
-{
-    return QChar(0x2066) + text + QChar(0x2069);
 }
 
 } // namespace
@@ -87,7 +83,9 @@ CElidedLabel::~CElidedLabel() = default;
 QString CElidedLabel::Fit(int room) const
 {
     const auto measure = [this](std::u16string_view part) { return Measure(part); };
-    return ToQString(ElideText(FromQString(text()), room, m_elision, measure));
+    const QString shown = ToQString(ElideText(FromQString(text()), room, m_elision, measure));
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    return m_elision == EElision::Path && isMirrored ? IsolateLeftToRight(shown) : IsolateIn(*this, shown);
 }
 
 CValueLabel::CValueLabel(QWidget* parent)
@@ -107,7 +105,7 @@ QString CValueLabel::Fit(int room) const
 {
     const auto measure = [this](std::u16string_view part) { return Measure(part); };
     const QString number = ToQString(m_value.GetValueText());
-    return ToQString(ElideValue(m_value, room, measure)).replace(number, Isolate(number));
+    return ToQString(ElideValue(m_value, room, measure)).replace(number, IsolateLeftToRight(number));
 }
 
 CScalingLabel::CScalingLabel(QWidget* parent)
@@ -158,7 +156,7 @@ QSize CScalingLabel::minimumSizeHint() const
 void CScalingLabel::paintEvent(QPaintEvent* event)
 {
     QFrame::paintEvent(event);
-    DrawText(*this, GetShownFont(), text());
+    DrawText(*this, GetShownFont(), IsolateIn(*this, text()));
 }
 
 } // namespace CommonUI

@@ -1,9 +1,13 @@
 #include "qt/controls/InterfaceStyle.h"
 
 #include "qt/controls/detail/BoxDelegate.h"
+#include "qt/controls/detail/EdgeStyle.h"
 
 #include <QApplication>
+#include <QStyleFactory>
 #include <QToolTip>
+
+#include <utility>
 
 namespace CommonUI
 {
@@ -74,14 +78,29 @@ CInterfaceStyle::CInterfaceStyle(CInterfaceColors& colors)
 
 CInterfaceStyle::~CInterfaceStyle()
 {
+    ShowEdges(false);
     for (const char* const name : {"QCheckBox", "QRadioButton"})
         QApplication::setPalette(QPalette(), name);
     QApplication::setPalette(QPalette());
     QToolTip::setPalette(QApplication::palette());
 }
 
+// Takes or leaves the style with edges, on that of the application.
+void CInterfaceStyle::ShowEdges(bool show)
+{
+    if (show == !m_style.isEmpty())
+        return;
+    if (show) {
+        m_style = QApplication::style()->name();
+        QApplication::setStyle(new CEdgeStyle(m_style));
+    } else {
+        QApplication::setStyle(QStyleFactory::create(std::exchange(m_style, {})));
+    }
+}
+
 void CInterfaceStyle::Apply()
 {
+    ShowEdges(m_colors.GetScheme() == EColorScheme::HighContrast);
     const QPalette palette = MakePalette(m_colors);
     QApplication::setPalette(palette);
     // Tooltips keep a palette of their own.

@@ -13,8 +13,9 @@ COMMONUIQT_API QColor ToQColor(const SColor& color);
 /// The colours as Qt's styles take them.
 COMMONUIQT_API QPalette MakePalette(const CInterfaceColors& colors);
 
-/// Gives the application, its tooltips included, the colours of the interface, and again whenever they
-/// change. Made after the QApplication; when it goes, the application has the colours of the desktop again.
+/// Gives the application, its tooltips included, the colours of the interface, and in high contrast edges
+/// around fields and buttons; again whenever they change. Made after the QApplication; when it goes, the
+/// application has the colours of the desktop again.
 class COMMONUIQT_API CInterfaceStyle
 {
 public:
@@ -26,8 +27,10 @@ public:
 
 private:
     void Apply();
+    void ShowEdges(bool show);
 
     CInterfaceColors& m_colors;
+    QString m_style; // the name of the one below that with edges; empty while there are none
     CClosureConnection m_connection;
 };
 

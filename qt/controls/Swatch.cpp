@@ -14,10 +14,10 @@ namespace
 
 void DrawChequers(QPainter& painter, const QSize& size)
 {
-    constexpr int edge = 4;
-    for (int y = 0; y < size.height(); y += edge)
-        for (int x = 0; x < size.width(); x += edge)
-            painter.fillRect(x, y, edge, edge, (x + y) / edge % 2 == 0 ? Qt::white : Qt::lightGray);
+    constexpr int c_edge = 4;
+    for (int y = 0; y < size.height(); y += c_edge)
+        for (int x = 0; x < size.width(); x += c_edge)
+            painter.fillRect(x, y, c_edge, c_edge, (x + y) / c_edge % 2 == 0 ? Qt::white : Qt::lightGray);
 }
 
 } // namespace

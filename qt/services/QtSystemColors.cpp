@@ -26,10 +26,10 @@ bool IsHighContrast(const QPalette& palette)
 {
     const SColor ground = ToColor(palette, QPalette::Window);
     const bool isExtreme = ground == SColor{0, 0, 0} || ground == SColor{255, 255, 255};
-    constexpr double least = 7; // that of criterion 1.4.6 of WCAG 2
+    constexpr double c_least = 7; // that of criterion 1.4.6 of WCAG 2
     return isExtreme && ToColor(palette, QPalette::Button) == ground &&
            ToColor(palette, QPalette::Base) == ground &&
-           GetContrast(ToColor(palette, QPalette::WindowText), ground) >= least;
+           GetContrast(ToColor(palette, QPalette::WindowText), ground) >= c_least;
 }
 
 } // namespace
