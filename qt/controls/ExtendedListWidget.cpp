@@ -156,9 +156,13 @@ public:
 private:
     // A list that is a member of the page goes before the widgets of the page, which Qt then hides.
     bool IsListThere() const { return m_connection.IsConnected(); }
-    static int GetAlignment(const SExtendedColumn& column)
+    // A list with numbers runs from left to right: left is left there, also in the heads that painters would
+    // mirror.
+    int GetAlignment(const SExtendedColumn& column) const
     {
-        return Qt::AlignVCenter | (column.isNumber ? Qt::AlignRight : Qt::AlignLeft);
+        const bool hasNumbers = std::ranges::any_of(m_list.GetColumns(), &SExtendedColumn::isNumber);
+        const int side = column.isNumber ? Qt::AlignRight : Qt::AlignLeft;
+        return Qt::AlignVCenter | side | (hasNumbers ? Qt::AlignAbsolute : 0);
     }
     void FindTops()
     {
