@@ -4,8 +4,10 @@
 #include "common/Language.h"
 #include "dialogs/help/HelpTopics.h"
 #include "examples/gallery/GalleryWindow.h"
+#include "examples/gallery/Palettes.h"
 #include "examples/gallery/Shots.h"
 #include "platform/HelpService.h"
+#include "qt/controls/InterfaceStyle.h"
 #include "qt/QtText.h"
 #include "qt/services/QtServices.h"
 
@@ -85,6 +87,9 @@ int main(int argc, char** argv)
         return 2;
     }
     const CommonUI::CQtServices services;
+    CommonUI::CInterfaceColors colors;
+    const CommonUI::CInterfaceStyle style(colors);
+    Gallery::UseColors(colors);
     if (!parser.isSet(shots))
         return ShowWindow();
     const bool written = parser.isSet(atThisScale) ? Gallery::WriteShots(parser.value(shots))

@@ -7,6 +7,7 @@
 #include "QtMessageBoxService.h"
 #include "QtMessageLoop.h"
 #include "QtScreenService.h"
+#include "QtSystemColors.h"
 #include "QtTimerService.h"
 
 namespace CommonUI
@@ -40,6 +41,7 @@ private:
     CQtFolders m_folders;
     CQtHttpService m_http;
     CQtScreenService m_screens;
+    CQtSystemColors m_systemColors;
     CServiceScope<CTimerService> m_timersScope{m_timers};
     CServiceScope<CMessageLoop> m_loopScope{m_loop};
     CServiceScope<CMessageBoxService> m_messageBoxesScope{m_messageBoxes};
@@ -48,6 +50,7 @@ private:
     CServiceScope<CFolders> m_foldersScope{m_folders};
     CServiceScope<CHttpService> m_httpScope{m_http};
     CServiceScope<CScreenService> m_screensScope{m_screens};
+    CServiceScope<CSystemColors> m_systemColorsScope{m_systemColors};
 };
 
 } // namespace CommonUI

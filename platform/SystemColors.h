@@ -1,0 +1,69 @@
+#pragma once
+
+#include "../common/Color.h"
+#include "../export/Export.h"
+#include "Service.h"
+
+#include <functional>
+#include <optional>
+
+namespace CommonUI
+{
+
+/// The kinds of colours that a desktop shows its programs in.
+enum class EColorScheme {
+    Light = 0,
+    Dark = 1,
+    HighContrast = 2 ///< few colours far apart, for people who see little otherwise
+};
+
+/// The colours of a high-contrast scheme, which the user has chosen as they are.
+struct SHighContrastColors {
+    SColor ground{0, 0, 0};
+    SColor text{255, 255, 255};
+    SColor selection{26, 235, 255}; ///< the ground of what is selected
+    SColor selectedText{0, 0, 0};
+    SColor link{255, 255, 0};
+
+    friend bool operator==(const SHighContrastColors&, const SHighContrastColors&) = default;
+};
+
+/// What the desktop is set to.
+struct SSystemColors {
+    EColorScheme scheme = EColorScheme::Light;
+    std::optional<SColor> accent{};     ///< the colour that the user likes; empty where the system tells none
+    SHighContrastColors highContrast{}; ///< what the scheme has, if it is that one
+
+    friend bool operator==(const SSystemColors&, const SSystemColors&) = default;
+};
+
+/// What an application lends the library to know the colours of the desktop. User-interface thread only.
+class COMMONUI_API CSystemColors
+{
+public:
+    using FListener = std::function<void()>;
+
+    CSystemColors() = default;
+    virtual ~CSystemColors();
+    CSystemColors(const CSystemColors&) = delete;
+    CSystemColors& operator=(const CSystemColors&) = delete;
+
+    virtual SSystemColors Get() const = 0;
+    /// Who is called after the user has set the desktop to something else, in place of the one before; an
+    /// empty function for nobody.
+    void SetListener(FListener listener);
+
+    /// Which one the process uses: see CServiceScope.
+    static CCurrentService<CSystemColors> s_current;
+
+protected:
+    void TellChanged() const;
+
+private:
+    FListener m_listener;
+};
+
+/// The service of the process: one of a light desktop unless another one was set.
+COMMONUI_API CSystemColors& GetSystemColors();
+
+} // namespace CommonUI
