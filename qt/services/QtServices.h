@@ -2,6 +2,7 @@
 
 #include "QtClipboard.h"
 #include "QtFileDialogService.h"
+#include "QtFileManager.h"
 #include "QtFolders.h"
 #include "QtMessageBoxService.h"
 #include "QtMessageLoop.h"
@@ -36,12 +37,14 @@ private:
     CQtFileDialogService m_fileDialogs;
     CQtClipboard m_clipboard;
     CQtFolders m_folders;
+    CQtFileManager m_fileManager;
     CServiceScope<CTimerService> m_timersScope{m_timers};
     CServiceScope<CMessageLoop> m_loopScope{m_loop};
     CServiceScope<CMessageBoxService> m_messageBoxesScope{m_messageBoxes};
     CServiceScope<CFileDialogService> m_fileDialogsScope{m_fileDialogs};
     CServiceScope<CClipboard> m_clipboardScope{m_clipboard};
     CServiceScope<CFolders> m_foldersScope{m_folders};
+    CServiceScope<CFileManager> m_fileManagerScope{m_fileManager};
 };
 
 } // namespace CommonUI
