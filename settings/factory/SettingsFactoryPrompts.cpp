@@ -47,6 +47,13 @@ bool CSettingsFactory::GetFileDialogInfo(bool forOpen, ESettingType type, CStr& 
     return true;
 }
 
+bool CSettingsFactory::CanSave(ESettingType type)
+{
+    CStr filter;
+    CStr extension;
+    return GetFileDialogInfo(false, type, filter, extension);
+}
+
 bool CSettingsFactory::LoadSettingsPrompt(CSettings& settings, ESettingType type, const CStr& initialPath,
                                           bool addToRecent)
 {
