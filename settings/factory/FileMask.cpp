@@ -1,6 +1,6 @@
 #include "settings/factory/detail/FileMask.h"
 
-#include "settings/factory/detail/SmallLetter.h"
+#include "settings/factory/SmallLetter.h"
 
 namespace CommonUI
 {

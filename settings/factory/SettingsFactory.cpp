@@ -97,6 +97,14 @@ bool CSettingsFactory::NewDynamicItem(SSettingsEntry& entry, bool addToRecent)
     return true;
 }
 
+SSettingsEntry CSettingsFactory::GetEntry(int id) const
+{
+    if (const SSettingsEntry* const item = FindDynamicItem(id))
+        return *item;
+    const EBuiltInSetting setting{id};
+    return IsBuiltInSetting(id) ? SSettingsEntry(setting, GetSettingType(setting)) : SSettingsEntry();
+}
+
 int CSettingsFactory::GetFileID(ESettingType type, const CStr& path)
 {
     SSettingsEntry entry(WithoutLastBackslash(path), type);

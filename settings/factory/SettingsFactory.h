@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../../controls/MultiClosure.h"
+#include "../../platform/FileDialogService.h"
 #include "../Settings.h"
 #include "SimpleTree.h"
 
@@ -118,6 +119,12 @@ public:
     static SPlace GetCustomPlace(ESettingType type);
     /// Whether sets of a type can be saved to files.
     static bool CanSave(ESettingType type);
+    /// The dialog in which the user chooses a file of a type.
+    static SFileDialog MakeOpenDialog(ESettingType type);
+    /// A name with the extension of a type's files, unless it has one of them.
+    static CStr AddExtension(ESettingType type, const CStr& name);
+    /// The entry of a set that is built in or registered; an empty one for every other identifier.
+    SSettingsEntry GetEntry(int id) const;
     /// The identifier of a file, which is registered without a recent use.
     int GetFileID(ESettingType type, const CStr& path);
     /// Has the recent list follow a file of a set.

@@ -1,7 +1,10 @@
 #include "settings/factory/detail/CustomSettingsFolder.h"
+#include "settings/factory/detail/FileMask.h"
 #include "settings/factory/detail/SettingsFileTypes.h"
 #include "settings/factory/FolderScan.h"
 #include "settings/factory/SettingsFactory.h"
+
+#include <algorithm>
 
 namespace CommonUI
 {
@@ -108,6 +111,14 @@ CSettingsFactory::SPlace CSettingsFactory::GetCustomPlace(ESettingType type)
 {
     const SSettingsFileType* const files = FindSettingsFileType(type);
     return {GetCustomSettingsFolder(), files ? GetMasks(*files) : CStr()};
+}
+
+CStr CSettingsFactory::AddExtension(ESettingType type, const CStr& name)
+{
+    const SSettingsFileType* const files = FindSettingsFileType(type);
+    const std::vector<CStr> masks = files ? GetMasks(*files).Split(u"|") : std::vector<CStr>();
+    const bool hasOne = std::ranges::any_of(masks, [&](const CStr& mask) { return MatchesMask(name, mask); });
+    return hasOne || masks.empty() ? name : name + masks.front().Mid(1);
 }
 
 bool CSettingsFactory::AddCustomItems(ESettingType type, std::vector<CTree>& trees)
