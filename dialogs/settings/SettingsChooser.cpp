@@ -31,22 +31,33 @@ CStr Join(const CStr& place, const CStr& name)
 
 } // namespace
 
-CSettingsChooser::CSettingsChooser(CSettingsMenu& menu)
+CSettingsChooser::CSettingsChooser(CSettingsMenu& menu, bool onlyCustom)
     : m_menu(menu)
+    , m_onlyCustom(onlyCustom)
 {
     menu.GetScan().GetEvents().Subscribe(*this, &CSettingsChooser::OnScan, m_scanConnection);
     menu.GetScan().Start();
     Fill();
 }
 
+// All rows, anew.
 void CSettingsChooser::Fill()
 {
     m_rows.clear();
-    m_shown.clear();
-    m_customCount = 0;
-    AddBuiltIn(GetSettingsFactory().GetTree(m_menu.GetType(), ESettingCategory::QuickLaunch), {});
     for (const SFoundFolder& folder : m_menu.GetScan().GetFolders())
-        AddFolder(folder);
+        std::ranges::move(MakeRows(folder), std::back_inserter(m_rows));
+    m_customCount = m_rows.size();
+    if (!m_onlyCustom)
+        AddBuiltIn(GetSettingsFactory().GetTree(m_menu.GetType(), ESettingCategory::QuickLaunch), {});
+    Filter();
+}
+
+void CSettingsChooser::Filter()
+{
+    m_shown.clear();
+    for (std::size_t i = 0; i < m_rows.size(); ++i)
+        if (IsShown(m_rows[i]))
+            m_shown.push_back(i);
 }
 
 void CSettingsChooser::AddBuiltIn(const std::vector<CSettingsFactory::CTree>& trees, const CStr& place)
@@ -56,14 +67,11 @@ void CSettingsChooser::AddBuiltIn(const std::vector<CSettingsFactory::CTree>& tr
         AddBuiltIn(tree.GetChildren(), Join(place, text));
         if (!tree.IsLeaf())
             continue;
-        SSearchedRow row{{GetSettingsFactory().GetEntry(id), place}, MakeSmall(text + u"\n" + place)};
-        if (IsShown(row))
-            m_shown.push_back(m_rows.size());
-        m_rows.push_back(std::move(row));
+        m_rows.push_back({{GetSettingsFactory().GetEntry(id), place}, MakeSmall(text + u"\n" + place)});
     }
 }
 
-CSettingsChooser::SChange CSettingsChooser::AddFolder(const SFoundFolder& folder)
+std::vector<CSettingsChooser::SSearchedRow> CSettingsChooser::MakeRows(const SFoundFolder& folder) const
 {
     CStr place = GetSettingCategoryEnum().GetFriendlyString(static_cast<int>(ESettingCategory::Custom));
     for (const CStr& name : folder.names)
@@ -72,29 +80,40 @@ CSettingsChooser::SChange CSettingsChooser::AddFolder(const SFoundFolder& folder
     std::vector<SSearchedRow> rows;
     rows.reserve(folder.files.size());
     for (const CStr& file : folder.files) {
-        SSearchedRow row{{{file, m_menu.GetType()}, place}, {}};
+        SSearchedRow& row = rows.emplace_back(SSearchedRow{{{file, m_menu.GetType()}, place}, {}});
         row.words = MakeSmall(row.row.entry.m_Name) + u'\n' + words;
-        rows.push_back(std::move(row));
     }
-    return Insert(std::move(rows));
+    return rows;
 }
 
 // Puts rows behind those of the user's own sets.
-CSettingsChooser::SChange CSettingsChooser::Insert(std::vector<SSearchedRow> rows)
+void CSettingsChooser::Insert(std::vector<SSearchedRow> rows)
 {
-    const std::size_t added = rows.size();
-    const auto behind = std::ranges::lower_bound(m_shown, m_customCount);
-    std::for_each(behind, m_shown.end(), [added](std::size_t& index) { index += added; });
+    const auto isBefore = std::ranges::lower_bound(m_shown, m_customCount) - m_shown.begin();
     std::vector<std::size_t> shown;
-    for (std::size_t i = 0; i < added; ++i)
+    for (std::size_t i = 0; i < rows.size(); ++i)
         if (IsShown(rows[i]))
             shown.push_back(m_customCount + i);
-    const SChange change{.first = static_cast<std::size_t>(behind - m_shown.begin()), .count = shown.size()};
+    SChange change{.first = static_cast<std::size_t>(isBefore), .count = shown.size()};
+    if (change.count > 0)
+        m_changed.Invoke(change);
+    const auto behind = m_shown.begin() + isBefore;
+    std::for_each(behind, m_shown.end(), [&](std::size_t& index) { index += rows.size(); });
     m_shown.insert(behind, shown.begin(), shown.end());
-    m_rows.insert(m_rows.begin() + static_cast<std::ptrdiff_t>(m_customCount),
-                  std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
-    m_customCount += added;
-    return change;
+    const auto place = m_rows.begin() + static_cast<std::ptrdiff_t>(m_customCount);
+    m_customCount += rows.size();
+    m_rows.insert(place, std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
+    change.isDone = true;
+    if (change.count > 0)
+        m_changed.Invoke(change);
+}
+
+template<class FChange>
+void CSettingsChooser::Reset(FChange change)
+{
+    m_changed.Invoke({.isReset = true});
+    change();
+    m_changed.Invoke({.isDone = true, .isReset = true});
 }
 
 bool CSettingsChooser::IsShown(const SSearchedRow& row) const
@@ -109,32 +128,23 @@ void CSettingsChooser::SetFilter(const CStr& text)
     for (const CStr& word : CStr(MakeSmall(text)).Split(u" "))
         if (!word.IsEmpty())
             m_words.emplace_back(word.View());
-    m_shown.clear();
-    for (std::size_t i = 0; i < m_rows.size(); ++i)
-        if (IsShown(m_rows[i]))
-            m_shown.push_back(i);
-    m_changed.Invoke({.isReset = true});
+    Reset([this] { Filter(); });
     m_stateChanged.Invoke();
 }
 
 void CSettingsChooser::OnScan(EEvent event)
 {
-    if (event == EEvent::FolderFound) {
-        if (const SChange change = AddFolder(m_menu.GetScan().GetFolders().back()); change.count > 0)
-            m_changed.Invoke(change);
-    } else if (event == EEvent::Replaced) {
-        Fill();
-        m_changed.Invoke({.isReset = true});
-    }
+    if (event == EEvent::FolderFound)
+        Insert(MakeRows(m_menu.GetScan().GetFolders().back()));
+    else if (event == EEvent::Replaced)
+        Reset([this] { Fill(); });
     m_stateChanged.Invoke();
 }
 
-std::size_t CSettingsChooser::FindCurrent() const
+std::size_t CSettingsChooser::Find(const SSettingsEntry& entry) const
 {
-    if (m_menu.GetCurrent().m_Name.IsEmpty())
-        return m_shown.size();
     const auto found = std::ranges::find_if(
-        m_shown, [&](std::size_t index) { return IsSameSet(m_rows[index].row.entry, m_menu.GetCurrent()); });
+        m_shown, [&](std::size_t index) { return IsSameSet(m_rows[index].row.entry, entry); });
     return static_cast<std::size_t>(found - m_shown.begin());
 }
 

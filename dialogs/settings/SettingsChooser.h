@@ -18,15 +18,18 @@ public:
         SSettingsEntry entry{};
         CStr place{}; ///< the folders or headings that lead to it
     };
-    /// What has changed: so many rows have come in at an index, or all rows are others.
+    /// A change of what is shown: so many rows come in at an index, or all rows are others. Told before and
+    /// after.
     struct SChange {
+        bool isDone = false;
         bool isReset = false;
         std::size_t first = 0;
         std::size_t count = 0;
     };
 
     /// Has the menu look for sets.
-    explicit CSettingsChooser(CSettingsMenu& menu);
+    /// @param onlyCustom leaves the built-in ones out
+    explicit CSettingsChooser(CSettingsMenu& menu, bool onlyCustom = false);
     CSettingsChooser(const CSettingsChooser&) = delete;
     CSettingsChooser& operator=(const CSettingsChooser&) = delete;
 
@@ -37,8 +40,8 @@ public:
     /// The sets shown.
     std::size_t GetCount() const noexcept { return m_shown.size(); }
     const SRow& GetRow(std::size_t index) const { return m_rows[m_shown[index]].row; }
-    /// The index of the current set of the menu; the number of rows if it is not shown.
-    std::size_t FindCurrent() const;
+    /// The index of a set; the number of those shown if it is not among them.
+    std::size_t Find(const SSettingsEntry& entry) const;
     /// How many sets are shown of how many, and whether there may be more.
     CStr Describe() const;
 
@@ -53,13 +56,17 @@ private:
     };
 
     void OnScan(CCustomSettingsScan::EEvent event);
-    SChange AddFolder(const SFoundFolder& folder);
+    std::vector<SSearchedRow> MakeRows(const SFoundFolder& folder) const;
     void AddBuiltIn(const std::vector<CSettingsFactory::CTree>& trees, const CStr& place);
     void Fill();
+    void Filter();
     bool IsShown(const SSearchedRow& row) const;
-    SChange Insert(std::vector<SSearchedRow> rows);
+    void Insert(std::vector<SSearchedRow> rows);
+    template<class FChange>
+    void Reset(FChange change);
 
     CSettingsMenu& m_menu;
+    bool m_onlyCustom;
     std::vector<SSearchedRow> m_rows;
     std::size_t m_customCount = 0; // of the rows, which come first
     std::vector<std::size_t> m_shown;

@@ -2,6 +2,7 @@
 
 #include "common/StringTable.h"
 #include "dialogs/settings/detail/SettingsMenuTexts.h"
+#include "dialogs/settings/SettingsFiles.h"
 #include "settings/catalogue/BuiltInSettingText.h"
 #include "settings/readers/ColorScale.h"
 
@@ -99,6 +100,7 @@ void CSettingsMenu::AddCustom(CItems& items) const
         return;
     items.push_back({.kind = EKind::Group,
                      .text = GetCategoryText(ESettingCategory::Custom),
+                     .isCustom = true,
                      .items = MakeCustomItems()});
 }
 
@@ -245,6 +247,29 @@ bool CSettingsMenu::SaveAs()
         return false;
     m_scan.Start();
     SetCurrent(GetSettingsFactory().GetEntry(GetSettingsFactory().GetFileID(GetType(), path)));
+    return true;
+}
+
+bool CSettingsMenu::Rename(SSettingsEntry& entry, const CStr& name)
+{
+    const CWatch watch(*this);
+    CStr path = entry.m_File;
+    if (!RenameSettings(entry.m_Type, path, name) || watch.IsGone())
+        return false;
+    const bool isCurrent = IsSameSet(entry, m_current);
+    entry = GetSettingsFactory().GetEntry(GetSettingsFactory().GetFileID(entry.m_Type, path));
+    m_scan.Start();
+    if (isCurrent)
+        SetCurrent(entry);
+    return true;
+}
+
+bool CSettingsMenu::Delete(const SSettingsEntry& entry)
+{
+    const CWatch watch(*this);
+    if (!DeleteSettings(entry.m_Type, entry.m_File) || watch.IsGone())
+        return false;
+    m_scan.Start();
     return true;
 }
 

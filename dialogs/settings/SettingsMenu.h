@@ -16,7 +16,7 @@ enum class ESettingsCommand {
     SaveAs,
     Import,  ///< CSettingsImport
     Compare, ///< CompareSettings
-    Manage,  ///< RenameSettings and the other functions of SettingsFiles.h
+    Manage,  ///< CSettingsMenu::Rename and Delete, OpenSettingsFolder
 };
 
 /// An entry of a menu of settings.
@@ -34,6 +34,8 @@ struct SSettingsMenuItem {
     CStr text{};
     SSettingsEntry entry{}; ///< of a set; that of a file that was found has no identifier yet
     bool isCurrent = false; ///< of a set
+    bool isCustom =
+        false; ///< of the group of the user's own sets: its items are CSettingsMenu::MakeCustomItems
     ESettingsCommand command{};
     std::vector<SSettingsMenuItem> items{}; ///< of a group
 };
@@ -84,6 +86,12 @@ public:
     bool Load();
     /// Has the user name a file and the tool fill it: GetSaver. @return whether it was saved
     bool SaveAs();
+
+    /// RenameSettings and DeleteSettings for a file; the folder is looked through again. The current set
+    /// follows when it gets another name; that of a file in the trash is still what the tool has.
+    /// @param entry receives the new path
+    bool Rename(SSettingsEntry& entry, const CStr& name);
+    bool Delete(const SSettingsEntry& entry);
 
     /// Told of every set that was chosen or loaded.
     CMultiClosure1<void, CSettings&>& GetChosen() noexcept { return m_chosen; }

@@ -34,6 +34,8 @@ QWidget* MakeGridItemsPage(const FLog& log);
 void StageGridItemsPage(QWidget& page);
 QWidget* MakeResultGridPage(const FLog& log);
 void StageResultGridPage(QWidget& page);
+QWidget* MakeSettingsPage(const FLog& log);
+void StageSettingsPage(QWidget& page);
 QWidget* MakeServicesPage(const FLog& log);
 void OpenMessageBox();
 

@@ -195,6 +195,25 @@ TEST_F(SettingsMenu, LoadsAndSavesFiles)
     EXPECT_EQ(Recent(Filter), u"y.flt|x.flt|");
 }
 
+TEST_F(SettingsMenu, TheCurrentSetFollowsItsFile)
+{
+    WriteCustom("x.flt", "");
+    CSettingsMenu menu(Filter);
+    EXPECT_TRUE(menu.Choose({Custom("x.flt"), Filter}));
+    SSettingsEntry entry = menu.GetCurrent();
+    EXPECT_FALSE(menu.Rename(entry, u""));
+    EXPECT_FALSE(menu.GetScan().IsRunning());
+    EXPECT_TRUE(menu.Rename(entry, u"y"));
+    EXPECT_EQ(menu.GetText() + entry.m_File, u"y.flt" + Custom("y.flt"));
+    WaitFor(menu.GetScan());
+    EXPECT_EQ(Tell(menu.MakeCustomItems()), u"*y.flt.");
+    m_boxes.Prepare(EMessageBoxAnswer::Yes);
+    EXPECT_TRUE(menu.Delete(menu.GetCurrent()));
+    WaitFor(menu.GetScan());
+    EXPECT_EQ(Tell(menu.MakeCustomItems()), u"(No sets of your own yet)");
+    EXPECT_EQ(menu.GetText(), u"y.flt");
+}
+
 TEST_F(SettingsMenu, KnowsTheColorsOfScales)
 {
     constexpr auto c_red = EBuiltInSetting::CSQuickLaunchRed;
@@ -221,12 +240,13 @@ TEST_F(SettingsMenu, TheChooserFindsSetsByTheirWords)
     struct SSeen {
         void OnChange(const CSettingsChooser::SChange& change)
         {
-            told += CStr::Format(u"%d+%d ", change.isReset ? -1 : static_cast<int>(change.first),
-                                 static_cast<int>(change.count));
+            told += CStr::Format(u"%s%d+%d:%d ", change.isReset ? u"all " : u"", change.first, change.count,
+                                 chooser->GetCount());
         }
+        CSettingsChooser* chooser;
         CStr told;
         CClosureConnection connection;
-    } seen;
+    } seen{&chooser, {}, {}};
     chooser.GetChanged().Subscribe(seen, &SSeen::OnChange, seen.connection);
     const auto first = [&] { return chooser.GetRow(0).entry.m_Name + u" in " + chooser.GetRow(0).place; };
     chooser.SetFilter(u"  CUSTOM a ");
@@ -240,8 +260,10 @@ TEST_F(SettingsMenu, TheChooserFindsSetsByTheirWords)
     chooser.SetFilter(u"POINT light 3 spike");
     EXPECT_EQ(chooser.Describe(), u"1 of 97 sets");
     menu.SetCurrent(chooser.GetRow(0).entry);
-    EXPECT_EQ(chooser.FindCurrent(), 0U);
+    EXPECT_EQ(chooser.Find(menu.GetCurrent()), 0U);
     chooser.SetFilter(u"");
-    EXPECT_EQ(chooser.GetRow(chooser.FindCurrent()).entry.m_ID, menu.GetCurrent().m_ID);
-    EXPECT_EQ(seen.told, u"-1+0 0+1 -1+0 -1+0 -1+0 ");
+    EXPECT_EQ(chooser.GetRow(chooser.Find(menu.GetCurrent())).entry.m_ID, menu.GetCurrent().m_ID);
+    EXPECT_EQ(
+        seen.told,
+        u"all 0+0:95 all 0+0:0 0+1:0 0+1:1 all 0+0:1 all 0+0:1 all 0+0:1 all 0+0:1 all 0+0:1 all 0+0:97 ");
 }

@@ -2,10 +2,15 @@
 
 #include "dialogs/settings/SettingsMenu.h"
 #include "platform/files/FileManager.h"
+#include "platform/memory/FixedFolders.h"
+#include "platform/memory/MemoryFileDialogService.h"
 #include "platform/memory/MemoryFileManager.h"
+#include "platform/memory/MemoryMessageBoxService.h"
 #include "platform/memory/MemoryMessageLoop.h"
-#include "platform/MessageLoop.h"
-#include "tests/settings/SettingsFactoryTesting.h"
+#include "tests/DiagnosticsCapture.h"
+#include "tests/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
 
 #include <atomic>
 #include <memory>
@@ -15,13 +20,13 @@
 namespace CommonUI
 {
 
-/// The factory of the process on a settings folder, message boxes, file dialogs, a trash and a message loop
-/// of the test's own.
-class CSettingsMenuTest : public testing::Test
+/// The factory of the process on a settings folder, message boxes, file dialogs and a trash of the test's
+/// own.
+class CSettingsMenuServices : public testing::Test
 {
 protected:
-    CSettingsMenuTest() { std::filesystem::create_directory(m_folder.GetPath() / "trash"); }
-    ~CSettingsMenuTest() override { CloseSettingsFactory(); }
+    CSettingsMenuServices() { std::filesystem::create_directory(m_folder.GetPath() / "trash"); }
+    ~CSettingsMenuServices() override { CloseSettingsFactory(); }
 
     CStr Path(const std::string& name) const
     {
@@ -48,9 +53,9 @@ protected:
             texts.push_back(m_boxes.GetShown()[m_boxesSeen].text.Replace(Path(""), u"~/"));
         return texts;
     }
-    void WaitFor(const CCustomSettingsScan& scan)
+    static void WaitFor(const CCustomSettingsScan& scan)
     {
-        m_loop.RunUntil([&] { return !scan.IsRunning(); });
+        GetMessageLoop().RunUntil([&] { return !scan.IsRunning(); });
     }
 
     CTemporaryFolder m_folder;
@@ -62,12 +67,18 @@ protected:
     CServiceScope<CFileDialogService> m_dialogsScope{m_dialogs};
     CMemoryFileManager m_manager{m_folder.GetPath() / "trash"};
     CServiceScope<CFileManager> m_managerScope{m_manager};
-    CMemoryMessageLoop m_loop;
-    CServiceScope<CMessageLoop> m_loopScope{m_loop};
     CDiagnosticsCapture m_warnings;
 
 private:
     std::size_t m_boxesSeen = 0;
+};
+
+/// With a message loop of the test's own.
+class CSettingsMenuTest : public CSettingsMenuServices
+{
+protected:
+    CMemoryMessageLoop m_loop;
+    CServiceScope<CMessageLoop> m_loopScope{m_loop};
 };
 
 /// A folder on a drive that answers when the test lets it.
