@@ -155,10 +155,10 @@ void CCustomSettingsScan::Add(SFoundFolder folder)
     m_events.Invoke(EEvent::FolderFound);
 }
 
-void CCustomSettingsScan::AddColors(CColorTable colors)
+void CCustomSettingsScan::AddColors(const CColorTable& colors)
 {
-    for (auto& [path, table] : colors)
-        m_colors.insert_or_assign(path, std::move(table));
+    for (const auto& [path, table] : colors)
+        m_colors.insert_or_assign(path, table);
     m_events.Invoke(EEvent::ColorsFound);
 }
 

@@ -63,7 +63,7 @@ private:
     using CColorTable = std::map<CStr, CColors>;
 
     void Add(SFoundFolder folder);
-    void AddColors(CColorTable colors);
+    void AddColors(const CColorTable& colors);
     void End();
     static void Work(const std::shared_ptr<SRun>& run);
     static void ReadColors(const std::shared_ptr<SRun>& run, const std::vector<CStr>& files);

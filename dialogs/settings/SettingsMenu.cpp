@@ -126,7 +126,7 @@ void CSettingsMenu::AddCommands(CItems& items) const
             items.push_back(MakeCommand(command));
 }
 
-SSettingsMenuItem CSettingsMenu::MakeCommand(ESettingsCommand command) const
+SSettingsMenuItem CSettingsMenu::MakeCommand(ESettingsCommand command)
 {
     const auto* const found =
         std::ranges::find(c_commands, command, &std::pair<ESettingsCommand, int>::first);

@@ -111,7 +111,7 @@ private:
     void AddCustom(CItems& items) const;
     void AddBuiltIn(CItems& items) const;
     void AddCommands(CItems& items) const;
-    SSettingsMenuItem MakeCommand(ESettingsCommand command) const;
+    static SSettingsMenuItem MakeCommand(ESettingsCommand command);
     void Use(CSettings& settings);
 
     bool m_withCommands;

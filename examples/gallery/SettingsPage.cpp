@@ -102,7 +102,7 @@ private:
     }
 
     FLog m_log;
-    CInifile m_settings;
+    CSettings m_settings;
     CClosureConnection m_chosen;
     CClosureConnection m_saver;
 };

@@ -14,6 +14,7 @@
 #include <QPointer>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -28,6 +29,7 @@ using EKind = SSettingsMenuItem::EKind;
 using ECommand = ESettingsCommand;
 
 constexpr int c_mostLetters = 30;
+constexpr int c_fillInterval = 30; // ms
 
 // By what an action is known when the menu is filled again.
 QString GetKey(const SSettingsMenuItem& item)
@@ -77,6 +79,7 @@ CSettingsButton::CSettingsButton(std::unique_ptr<CSettingsMenu> menu, QWidget* p
     : QToolButton(parent)
     , m_menu(std::move(menu))
     , m_popup(new QMenu(this))
+    , m_fillTimer(new QTimer(this))
 {
     setPopupMode(InstantPopup);
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -86,6 +89,8 @@ CSettingsButton::CSettingsButton(std::unique_ptr<CSettingsMenu> menu, QWidget* p
         setIconSize({2 * iconSize().width(), iconSize().height()});
     m_popup->setToolTipsVisible(true);
     connect(m_popup, &QMenu::aboutToShow, this, [this] { Guarded([this] { Open(); }); });
+    m_fillTimer->setSingleShot(true);
+    connect(m_fillTimer, &QTimer::timeout, this, [this] { Guarded([this] { FillCustom(); }); });
     m_menu->GetScan().GetEvents().Subscribe(*this, &CSettingsButton::OnScan, m_scanConnection);
     m_menu->GetCurrentChanged().Subscribe(*this, &CSettingsButton::OnCurrentChanged, m_currentConnection);
     OnCurrentChanged();
@@ -241,9 +246,21 @@ void CSettingsButton::ShowIcon(QAction& action, const SSettingsMenuItem& item) c
         action.setIcon(MakeColorScaleIcon(*colors));
 }
 
-void CSettingsButton::OnScan(CCustomSettingsScan::EEvent)
+void CSettingsButton::OnScan(CCustomSettingsScan::EEvent event)
 {
-    OnCurrentChanged();
+    using enum CCustomSettingsScan::EEvent;
+    if (event == ColorsFound)
+        OnCurrentChanged();
+    // Thousands of folders may come in within moments.
+    if (event == Ended)
+        FillCustom();
+    else if (!m_fillTimer->isActive())
+        m_fillTimer->start(c_fillInterval);
+}
+
+void CSettingsButton::FillCustom()
+{
+    m_fillTimer->stop();
     if (m_custom && m_popup->isVisible())
         Fill(*m_custom, m_menu->MakeCustomItems());
 }

@@ -9,6 +9,7 @@
 
 class QAction;
 class QMenu;
+class QTimer;
 
 namespace CommonUI
 {
@@ -49,6 +50,7 @@ private:
     void AppendSet(QMenu& menu, const SSettingsMenuItem& item);
     void ShowIcon(QAction& action, const SSettingsMenuItem& item) const;
     void OnScan(CCustomSettingsScan::EEvent event);
+    void FillCustom();
     void OnCurrentChanged();
     void Import();
     void CompareSets();
@@ -56,6 +58,7 @@ private:
     std::unique_ptr<CSettingsMenu> m_menu;
     QMenu* m_popup;
     QMenu* m_custom = nullptr; // of the user's own sets
+    QTimer* m_fillTimer;
     CClosureConnection m_scanConnection;
     CClosureConnection m_currentConnection;
 };
