@@ -236,6 +236,8 @@ TEST_F(SettingsMenu, TheChooserFindsSetsByTheirWords)
     CSlowDrive drive;
     CSettingsMenu menu(Filter, true, drive.MakeFind());
     CSettingsChooser chooser(menu);
+    const CSettingsChooser all(menu);
+    const CStr last = all.GetRow(94).entry.m_Name;
     EXPECT_EQ(chooser.Describe(), u"95 of 95 sets; looking for more") << "the built-in ones at once";
     struct SSeen {
         void OnChange(const CSettingsChooser::SChange& change)
@@ -255,6 +257,7 @@ TEST_F(SettingsMenu, TheChooserFindsSetsByTheirWords)
     WaitFor(menu.GetScan());
     EXPECT_EQ(chooser.Describe(), u"1 of 97 sets");
     EXPECT_EQ(first(), u"1.flt in Custom Settings / a");
+    EXPECT_EQ(all.GetRow(1).entry.m_Name + all.GetRow(96).entry.m_Name, u"2.flt" + last);
     chooser.SetFilter(u"2.FLT");
     EXPECT_EQ(first(), u"2.flt in Custom Settings");
     chooser.SetFilter(u"POINT light 3 spike");
