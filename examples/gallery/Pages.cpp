@@ -18,6 +18,7 @@ constexpr SPage c_pages[] = {
     {"tabs", "Tabs", MakeTabsPage, nullptr},
     {"dialogs", "Dialogs", MakeDialogsPage, StageDialogsPage},
     {"start-pane", "Start pane", MakeStartPanePage, StageStartPanePage},
+    {"settings", "Settings", MakeSettingsPage, StageSettingsPage},
     {"services", "Services", MakeServicesPage, nullptr, OpenMessageBox},
 };
 

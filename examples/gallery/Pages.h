@@ -45,6 +45,8 @@ QWidget* MakeDialogsPage(const FLog& log);
 void StageDialogsPage(QWidget& page);
 QWidget* MakeStartPanePage(const FLog& log);
 void StageStartPanePage(QWidget& page);
+QWidget* MakeSettingsPage(const FLog& log);
+void StageSettingsPage(QWidget& page);
 QWidget* MakeServicesPage(const FLog& log);
 void OpenMessageBox();
 

@@ -2,6 +2,7 @@
 
 #include "QtClipboard.h"
 #include "QtFileDialogService.h"
+#include "QtFileManager.h"
 #include "QtFolders.h"
 #include "QtHttpService.h"
 #include "QtMessageBoxService.h"
@@ -42,6 +43,7 @@ private:
     CQtHttpService m_http;
     CQtScreenService m_screens;
     CQtSystemColors m_systemColors;
+    CQtFileManager m_fileManager;
     CServiceScope<CTimerService> m_timersScope{m_timers};
     CServiceScope<CMessageLoop> m_loopScope{m_loop};
     CServiceScope<CMessageBoxService> m_messageBoxesScope{m_messageBoxes};
@@ -51,6 +53,7 @@ private:
     CServiceScope<CHttpService> m_httpScope{m_http};
     CServiceScope<CScreenService> m_screensScope{m_screens};
     CServiceScope<CSystemColors> m_systemColorsScope{m_systemColors};
+    CServiceScope<CFileManager> m_fileManagerScope{m_fileManager};
 };
 
 } // namespace CommonUI

@@ -1,4 +1,4 @@
-#include "settings/factory/detail/FolderScan.h"
+#include "settings/factory/FolderScan.h"
 
 #include "common/PathText.h"
 #include "settings/factory/detail/FileMask.h"
@@ -19,7 +19,7 @@ namespace
 namespace fs = std::filesystem;
 
 // Nobody's sets lie deeper, and thousands of nested folders would exhaust the stack and the user's patience.
-constexpr int c_maximumDepth = 100;
+constexpr std::size_t c_maximumDepth = 100;
 
 struct SName {
     std::u16string sortKey;
@@ -36,28 +36,31 @@ struct SContent {
 class CFolderScan
 {
 public:
-    explicit CFolderScan(std::u16string_view masks)
+    CFolderScan(std::u16string_view masks, const FFolderFound& found)
         : m_masks(CStr(masks).Split(u"|"))
+        , m_found(found)
     {
     }
 
-    // Adds what a folder has to the tree's root.
+    // Tells of what a folder has, and of the names by which it is below the first one.
     // @param folder with a separator at its end
-    // @param depth how many folders it is below the one that was asked for
-    void Scan(const CStr& folder, CSimpleTree<CStr>& tree, int depth = 0)
+    // @return false to look no further
+    bool Scan(const CStr& folder)
     {
-        if (depth > c_maximumDepth)
-            return WarnOfSettings(u"Left out for its depth: \"" + folder + u'"');
+        if (m_names.size() > c_maximumDepth) {
+            WarnOfSettings(u"Left out for its depth: \"" + folder + u'"');
+            return true;
+        }
         SContent content;
         try {
             // Each folder once: links may lead in a circle.
             if (!m_visited.insert(fs::canonical(ToPath(folder))).second)
-                return;
+                return true;
             content = List(folder);
         } catch (const std::exception& error) {
             WarnOfSettings(u"Cannot look into \"" + folder + u"\": " + CStr::FromUtf8(error.what()));
         }
-        Add(folder, content, tree, depth);
+        return ScanBelow(folder, content.folders) && Tell(folder, content.files);
     }
 
 private:
@@ -81,17 +84,26 @@ private:
         return content;
     }
 
-    void Add(const CStr& folder, const SContent& content, CSimpleTree<CStr>& tree, int depth)
+    bool ScanBelow(const CStr& folder, const std::vector<SName>& folders)
     {
-        for (const SName& below : content.folders) {
-            CSimpleTree<CStr> branch(below.name);
-            Scan(folder + below.name + static_cast<char16_t>(fs::path::preferred_separator), branch,
-                 depth + 1);
-            if (!branch.IsLeaf())
-                tree.GetChildren().push_back(std::move(branch));
+        for (const SName& below : folders) {
+            m_names.push_back(below.name);
+            if (!Scan(folder + below.name + static_cast<char16_t>(fs::path::preferred_separator)))
+                return false;
+            m_names.pop_back();
         }
-        for (const SName& file : content.files)
-            tree.GetChildren().emplace_back(folder + file.name);
+        return true;
+    }
+
+    bool Tell(const CStr& folder, const std::vector<SName>& files) const
+    {
+        if (files.empty())
+            return true;
+        SFoundFolder found{.names = m_names};
+        found.files.reserve(files.size());
+        for (const SName& file : files)
+            found.files.push_back(folder + file.name);
+        return m_found(std::move(found));
     }
 
     bool Matches(std::u16string_view name) const
@@ -100,6 +112,8 @@ private:
     }
 
     std::vector<CStr> m_masks;
+    const FFolderFound& m_found;
+    std::vector<CStr> m_names; // of the folder in hand
     std::set<fs::path> m_visited;
 };
 
@@ -118,12 +132,24 @@ CStr GetFolderText(const CStr& folder)
 
 } // namespace
 
-CSimpleTree<CStr> FindFilesBelow(const CStr& folder, std::u16string_view masks)
+void FindFilesBelow(const CStr& folder, std::u16string_view masks, const FFolderFound& found)
 {
-    CSimpleTree<CStr> tree;
     if (const CStr text = GetFolderText(folder); !text.IsEmpty())
-        CFolderScan(masks).Scan(text, tree);
-    return tree;
+        CFolderScan(masks, found).Scan(text);
+}
+
+void AddFoundFolder(const SFoundFolder& found, CSimpleTree<CStr>& tree)
+{
+    CSimpleTree<CStr>* node = &tree;
+    for (const CStr& name : found.names) {
+        // Folders come one after the other, and before files.
+        std::vector<CSimpleTree<CStr>>& below = node->GetChildren();
+        if (below.empty() || below.back().IsLeaf() || below.back().GetValue() != name)
+            below.emplace_back(name);
+        node = &below.back();
+    }
+    for (const CStr& file : found.files)
+        node->GetChildren().emplace_back(file);
 }
 
 } // namespace CommonUI

@@ -97,6 +97,39 @@ bool CSettingsFactory::NewDynamicItem(SSettingsEntry& entry, bool addToRecent)
     return true;
 }
 
+SSettingsEntry CSettingsFactory::GetEntry(int id) const
+{
+    if (const SSettingsEntry* const item = FindDynamicItem(id))
+        return *item;
+    const EBuiltInSetting setting{id};
+    return IsBuiltInSetting(id) ? SSettingsEntry(setting, GetSettingType(setting)) : SSettingsEntry();
+}
+
+int CSettingsFactory::GetFileID(ESettingType type, const CStr& path)
+{
+    SSettingsEntry entry(WithoutLastBackslash(path), type);
+    NewDynamicItem(entry, false);
+    return entry.m_ID;
+}
+
+void CSettingsFactory::OnFileMoved(ESettingType type, const CStr& from, const CStr& to)
+{
+    const auto getKey = [&](const CStr& path) {
+        const SSettingsEntry entry(path, type);
+        GetFileID(type, path);
+        return CRecentKey(true, m_indices[type].at({entry.m_Name, entry.m_File}));
+    };
+    std::deque<CRecentKey>& recent = m_recent[type];
+    const CRecentKey before = getKey(from);
+    if (to.IsEmpty()) {
+        std::erase(recent, before);
+    } else if (const CRecentKey after = getKey(to);
+               after != before && std::ranges::find(recent, before) != recent.end()) {
+        std::erase(recent, after);
+        std::ranges::replace(recent, before, after);
+    }
+}
+
 const SSettingsEntry* CSettingsFactory::FindDynamicItem(int id) const
 {
     for (const auto& [type, items] : m_dynamicItems) {

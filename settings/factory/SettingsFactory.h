@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../../controls/MultiClosure.h"
+#include "../../platform/FileDialogService.h"
 #include "../Settings.h"
 #include "SimpleTree.h"
 
@@ -49,6 +50,12 @@ public:
         ESettingType type = ESettingType::Unknown;
         std::vector<SSettingsEntry> entries{}; ///< none when nothing has the identifier
         CStr error{};                          ///< what to tell the user when the user specification is wrong
+    };
+
+    /// Where a type's files lie, and which they are.
+    struct SPlace {
+        CStr folder; ///< with a separator at its end; empty when no text leads to it
+        CStr masks;  ///< as "*.htm|*.html"; empty when there are no files of the type
     };
 
     CSettingsFactory() = default;
@@ -107,6 +114,22 @@ public:
     std::vector<CTree> GetTree(ESettingType type, const CStr& folder, const CStr& masks);
     /// The sets that a user specification named, which are registered if they were not.
     std::vector<CTree> GetTree(const SParseInfo& info);
+
+    /// The user's own sets of a type, for who looks for them without waiting: FindFilesBelow, on any thread.
+    static SPlace GetCustomPlace(ESettingType type);
+    /// Whether sets of a type can be saved to files.
+    static bool CanSave(ESettingType type);
+    /// The dialog in which the user chooses a file of a type.
+    static SFileDialog MakeOpenDialog(ESettingType type);
+    /// A name with the extension of a type's files, unless it has one of them.
+    static CStr AddExtension(ESettingType type, const CStr& name);
+    /// The entry of a set that is built in or registered; an empty one for every other identifier.
+    SSettingsEntry GetEntry(int id) const;
+    /// The identifier of a file, which is registered without a recent use.
+    int GetFileID(ESettingType type, const CStr& path);
+    /// Has the recent list follow a file of a set.
+    /// @param to its new path; empty when it is gone, which takes it from the list
+    void OnFileMoved(ESettingType type, const CStr& from, const CStr& to);
 
     /// Takes a user specification such as u"PlaneCorr[Id(4)]" or u"Filter[File(C:\\sets\\a.flt)]" apart.
     /// @return false when it is none; `info` then has the error beside what was understood, and no entries

@@ -47,15 +47,29 @@ bool CSettingsFactory::GetFileDialogInfo(bool forOpen, ESettingType type, CStr& 
     return true;
 }
 
+bool CSettingsFactory::CanSave(ESettingType type)
+{
+    CStr filter;
+    CStr extension;
+    return GetFileDialogInfo(false, type, filter, extension);
+}
+
+SFileDialog CSettingsFactory::MakeOpenDialog(ESettingType type)
+{
+    SFileDialog dialog{.memoryKey = GetMemoryKey(type), .folder = GetCustomSettingsFolder()};
+    GetFileDialogInfo(dialog.forOpen, type, dialog.filter, dialog.extension);
+    // A name without an extension is that of a file without one.
+    dialog.extension.Clear();
+    return dialog;
+}
+
 bool CSettingsFactory::LoadSettingsPrompt(CSettings& settings, ESettingType type, const CStr& initialPath,
                                           bool addToRecent)
 {
-    SFileDialog dialog{
-        .memoryKey = GetMemoryKey(type), .folder = GetCustomSettingsFolder(), .file = initialPath};
-    if (!GetFileDialogInfo(dialog.forOpen, type, dialog.filter, dialog.extension))
+    if (!FindSettingsFileType(type))
         return Fail(c_noFilesToOpen, GetTypeText(type));
-    // A name without an extension is that of a file without one.
-    dialog.extension.Clear();
+    SFileDialog dialog = MakeOpenDialog(type);
+    dialog.file = initialPath;
     CStr path;
     if (!GetFileDialogService().Choose(dialog, path))
         return false;

@@ -1,7 +1,10 @@
 #include "settings/factory/detail/CustomSettingsFolder.h"
-#include "settings/factory/detail/FolderScan.h"
+#include "settings/factory/detail/FileMask.h"
 #include "settings/factory/detail/SettingsFileTypes.h"
+#include "settings/factory/FolderScan.h"
 #include "settings/factory/SettingsFactory.h"
+
+#include <algorithm>
 
 namespace CommonUI
 {
@@ -69,8 +72,13 @@ std::vector<CTree> CSettingsFactory::GetTree(ESettingType type, ESettingCategory
 
 std::vector<CTree> CSettingsFactory::GetTree(ESettingType type, const CStr& folder, const CStr& masks)
 {
+    CSimpleTree<CStr> files;
+    FindFilesBelow(folder, masks, [&](const SFoundFolder& found) {
+        AddFoundFolder(found, files);
+        return true;
+    });
     std::vector<CTree> trees;
-    GetTree_RecursiveAdd(type, FindFilesBelow(folder, masks), trees);
+    GetTree_RecursiveAdd(type, files, trees);
     return trees;
 }
 
@@ -99,13 +107,27 @@ bool CSettingsFactory::AddRecentItems(ESettingType type, std::vector<CTree>& tre
     return true;
 }
 
-bool CSettingsFactory::AddCustomItems(ESettingType type, std::vector<CTree>& trees)
+CSettingsFactory::SPlace CSettingsFactory::GetCustomPlace(ESettingType type)
 {
     const SSettingsFileType* const files = FindSettingsFileType(type);
-    if (!files)
+    return {GetCustomSettingsFolder(), files ? GetMasks(*files) : CStr()};
+}
+
+CStr CSettingsFactory::AddExtension(ESettingType type, const CStr& name)
+{
+    const SSettingsFileType* const files = FindSettingsFileType(type);
+    const std::vector<CStr> masks = files ? GetMasks(*files).Split(u"|") : std::vector<CStr>();
+    const bool hasOne = std::ranges::any_of(masks, [&](const CStr& mask) { return MatchesMask(name, mask); });
+    return hasOne || masks.empty() ? name : name + masks.front().Mid(1);
+}
+
+bool CSettingsFactory::AddCustomItems(ESettingType type, std::vector<CTree>& trees)
+{
+    const SPlace place = GetCustomPlace(type);
+    if (place.masks.IsEmpty())
         return false;
     CTree heading = MakeHeading(ESettingCategory::Custom);
-    heading.GetChildren() = GetTree(type, GetCustomSettingsFolder(), GetMasks(*files));
+    heading.GetChildren() = GetTree(type, place.folder, place.masks);
     AddUnlessEmpty(std::move(heading), trees);
     return true;
 }

@@ -224,3 +224,19 @@ TEST(QtServices, FileDialogsOfferFiltersAndRememberTheChoice)
     });
     EXPECT_FALSE(GetFileDialogService().Choose({.extension = u"flt", .memoryKey = u"Filter"}, path));
 }
+
+TEST(QtServices, TheFileManagerHasATrash)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("mine.flt"));
+    QFile(path).open(QIODevice::WriteOnly);
+    // A trash of the test's own instead of the user's.
+    QStandardPaths::setTestModeEnabled(false);
+    qputenv("XDG_DATA_HOME", folder.path().toUtf8());
+    EXPECT_TRUE(GetFileManager().MoveToTrash(FromQString(path)));
+    EXPECT_FALSE(GetFileManager().MoveToTrash(FromQString(path)));
+    qunsetenv("XDG_DATA_HOME");
+    QStandardPaths::setTestModeEnabled(true);
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("Trash/files/mine.flt"))));
+}

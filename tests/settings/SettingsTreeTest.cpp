@@ -128,3 +128,23 @@ TEST_F(SettingsFactory, NamesThatAreNoTextAreLeftOutWithAWarning)
     EXPECT_EQ(m_warnings.GetCount(), 3);
 }
 #endif
+
+TEST_F(SettingsFactory, RecentSetsFollowTheirFiles)
+{
+    for (const char* const name : {"a.flt", "b.flt", "c.flt"})
+        m_factory.OnFileMoved(Filter, Path(name), {});
+    m_factory.OnFileMoved(Filter, Path("a.flt"), Path("b.flt"));
+    EXPECT_EQ(Recent(Filter), u"") << "what is in no list enters none";
+    for (const char* const name : {"c.flt", "b.flt", "a.flt"}) {
+        m_folder.Write(name, "");
+        m_factory.LoadSettings(Filter, Path(name), true);
+    }
+    m_factory.OnFileMoved(Filter, Path("b.flt"), Path("B.flt"));
+    EXPECT_EQ(Recent(Filter), u"Recent{a.flt 200,B.flt 203,c.flt 202}");
+    m_factory.OnFileMoved(Filter, Path("a.flt"), Path("c.flt"));
+    EXPECT_EQ(Recent(Filter), u"Recent{c.flt 202,B.flt 203}");
+    m_factory.OnFileMoved(Filter, Path("c.flt"), Path("c.flt"));
+    m_factory.OnFileMoved(Filter, Path("B.flt"), {});
+    EXPECT_EQ(Recent(Filter), u"Recent{c.flt 202}");
+    EXPECT_EQ(m_factory.GetFileID(Filter, Path("c.flt")), 202);
+}

@@ -1,0 +1,76 @@
+#include "dialogs/settings/SettingsDifference.h"
+
+#include "common/NumberText.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+using EKind = SSettingsDifference::EKind;
+
+bool MeansTheSame(const CStr& left, const CStr& right)
+{
+    double leftNumber = 0;
+    double rightNumber = 0;
+    if (left == right)
+        return true;
+    if (!ParseDouble(left, leftNumber) || !ParseDouble(right, rightNumber))
+        return false;
+    return leftNumber == rightNumber || (std::isnan(leftNumber) && std::isnan(rightNumber));
+}
+
+// Of the key in the current sections.
+EKind Compare(const CInifile& left, const CInifile& right, const CStr& key)
+{
+    if (!right.HasKey(key))
+        return EKind::OnlyLeft;
+    if (!left.HasKey(key))
+        return EKind::OnlyRight;
+    if (left.ReadText(key) == right.ReadText(key))
+        return EKind::Same;
+    return std::ranges::equal(left.ReadTexts(key), right.ReadTexts(key), MeansTheSame) ? EKind::Same
+                                                                                       : EKind::Different;
+}
+
+template<class TRange>
+bool Has(const TRange& range, const CStr& text)
+{
+    return std::ranges::find(range, text) != range.end();
+}
+
+// What is in the first, then what only the second has.
+std::vector<CStr> Unite(std::vector<CStr> first, const std::vector<CStr>& second)
+{
+    for (const CStr& text : second)
+        if (!Has(first, text))
+            first.push_back(text);
+    return first;
+}
+
+} // namespace
+
+std::vector<SSettingsDifference> CompareSettings(CInifile left, CInifile right)
+{
+    std::vector<SSettingsDifference> keys;
+    for (const CStr& section : Unite(left.GetSections(), right.GetSections())) {
+        left.SelectSection(section);
+        right.SelectSection(section);
+        for (const CStr& key : Unite(left.GetKeys(), right.GetKeys()))
+            keys.push_back(
+                {section, key, left.ReadText(key), right.ReadText(key), Compare(left, right, key)});
+    }
+    return keys;
+}
+
+std::size_t CountDifferences(const std::vector<SSettingsDifference>& keys)
+{
+    return keys.size() -
+           static_cast<std::size_t>(std::ranges::count(keys, EKind::Same, &SSettingsDifference::kind));
+}
+
+} // namespace CommonUI
