@@ -1,6 +1,6 @@
 #include "settings/factory/detail/FileMask.h"
 
-#include "settings/factory/detail/SmallLetter.h"
+#include "common/SmallLetter.h"
 
 namespace CommonUI
 {

@@ -1,6 +1,6 @@
 #include "settings/factory/detail/NameOrder.h"
 
-#include "settings/factory/detail/SmallLetter.h"
+#include "common/SmallLetter.h"
 
 #include <algorithm>
 
