@@ -22,6 +22,14 @@ bool HasAny(const CAnalysisPreferencesData& data, std::initializer_list<EOption>
     return std::ranges::any_of(options, [&](EOption option) { return HasSelectionOption(data, option); });
 }
 
+// What is in no groups is called as its tab.
+std::vector<SParameterGroup> Named(std::vector<SParameterGroup> groups, ETab tab)
+{
+    if (groups.size() == 1)
+        groups[0].name = GetSelectionTabName(tab);
+    return groups;
+}
+
 // What of the outputs is no curve.
 std::vector<SParameterGroup> WithoutCurves(const CRoughnessAnalysisPreferencesData& data)
 {
@@ -102,9 +110,9 @@ std::vector<SParameterGroup> GetSelectionGroups(ETab tab, const CAnalysisPrefere
     case ETab::Curves:
         return roughness ? roughness->GetCurveGroups() : std::vector<SParameterGroup>();
     case ETab::Statistics:
-        return data.GetStatisticGroups();
+        return Named(data.GetStatisticGroups(), tab);
     case ETab::Outputs:
-        return roughness ? WithoutCurves(*roughness) : data.GetOutputGroups();
+        return roughness ? WithoutCurves(*roughness) : Named(data.GetOutputGroups(), tab);
     default:
         return {};
     }

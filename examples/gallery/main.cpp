@@ -2,6 +2,7 @@
 // of all pages.
 
 #include "examples/gallery/GalleryWindow.h"
+#include "examples/gallery/Pages.h"
 #include "examples/gallery/Shots.h"
 #include "platform/HelpService.h"
 #include "qt/services/QtServices.h"
@@ -48,6 +49,7 @@ int main(int argc, char** argv)
         qCritical("usage: gallery [--shots FOLDER]");
         return 2;
     }
+    Gallery::KeepSelections();
     Gallery::CGalleryWindow window;
     CHelpInLog help(window);
     const CommonUI::CServiceScope<CommonUI::CHelpService> helpScope(help);
