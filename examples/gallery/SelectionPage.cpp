@@ -26,7 +26,7 @@ namespace
 
 using namespace CommonUI;
 
-constexpr const char16_t* c_section = u"Analysis"; // where surface_report looks, too
+constexpr const char16_t* c_section = u"SurfaceReport"; // its --preferences takes the file
 constexpr const char16_t* c_grainSection = u"GrainThreshold";
 
 bool s_keeps = false;

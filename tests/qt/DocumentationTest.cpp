@@ -20,8 +20,8 @@ std::string Read(std::string path)
 
 TEST(Documentation, ShowsTheProgramsThatAreBuilt)
 {
-    for (const char* const program :
-         {"examples/number_dialog/main.cpp", "examples/progress_dialog/main.cpp"}) {
+    for (const char* const program : {"examples/number_dialog/main.cpp", "examples/progress_dialog/main.cpp",
+                                      "examples/selection_dialog/main.cpp"}) {
         std::string block = "```cpp\n";
         block += Read(program);
         block += "```\n";
