@@ -33,7 +33,7 @@ public:
         setFocusPolicy(Qt::StrongFocus);
         // Long names shall not make the dialog wider than what else is in it.
         setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        setMinimumContentsLength(16);
+        setMinimumContentsLength(34);
     }
 
 protected:
