@@ -4,6 +4,8 @@
 #include "model/RoughnessCatalogue.h"
 
 #include <algorithm>
+#include <iterator>
+#include <ranges>
 
 namespace CommonUI
 {
@@ -186,9 +188,9 @@ void CSelectionRows::Search(std::u16string_view text)
         row.shown = row.entry &&
                     std::ranges::all_of(words, [&row](const CStr& word) { return HasWord(row.text, word); });
     // Groups stand before what is in them.
-    for (auto row = m_rows.rbegin(); row != m_rows.rend(); ++row)
-        if (row->shown && row->parent >= 0)
-            m_rows[static_cast<std::size_t>(row->parent)].shown = true;
+    for (const SSelectionRow& row : std::views::reverse(m_rows))
+        if (row.shown && row.parent >= 0)
+            m_rows[static_cast<std::size_t>(row.parent)].shown = true;
 }
 
 } // namespace CommonUI

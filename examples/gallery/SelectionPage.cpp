@@ -49,13 +49,13 @@ public:
         if (m_ini.HasSection(c_grainSection))
             grains.Load(m_ini);
     }
-    void Save()
+    // False where the file cannot be written.
+    bool Save()
     {
         m_ini.SelectSection(c_section);
         manager.Save(m_ini);
         grains.Save(m_ini);
-        if (s_keeps)
-            m_ini.Save();
+        return !s_keeps || m_ini.Save();
     }
 
     CAnalysisPreferencesManager manager;
@@ -123,7 +123,8 @@ private:
         if (dialog.DoModal() != CBaseDialog::c_ok)
             return;
         m_kept.grains = *dialog.GetGrainSettings();
-        m_kept.Save();
+        if (!m_kept.Save())
+            m_log(QStringLiteral("Not kept: the folder for settings cannot be written"));
         ShowResults();
     }
     void OnChange(const SPreferencesChange& change)

@@ -71,11 +71,11 @@ constexpr SAccess Bar(EOption option, SRule rule)
         [](const CData& data) { return static_cast<double>(AsRoughness(data).GetBarChartConfig().*Member); },
         [](CData& data, double number) {
             SConfig config = AsRoughness(data).GetBarChartConfig();
-            using T = std::remove_reference_t<decltype(config.*Member)>;
-            if constexpr (std::is_enum_v<T>)
-                config.*Member = static_cast<T>(static_cast<int>(number));
+            using CMember = std::remove_reference_t<decltype(config.*Member)>;
+            if constexpr (std::is_enum_v<CMember>)
+                config.*Member = static_cast<CMember>(static_cast<int>(number));
             else
-                config.*Member = static_cast<T>(number);
+                config.*Member = static_cast<CMember>(number);
             AsRoughness(data).SetBarChartConfig(config);
         }};
 }

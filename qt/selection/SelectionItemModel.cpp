@@ -11,8 +11,8 @@
 namespace CommonUI
 {
 
-CSelectionItemModel::CSelectionItemModel(CSelectionDlg& dialog, std::size_t tab)
-    : m_dialog(&dialog)
+CSelectionItemModel::CSelectionItemModel(const CSelectionView& view, std::size_t tab)
+    : m_view(&view)
     , m_tab(tab)
 {
     Fill();
@@ -22,7 +22,7 @@ void CSelectionItemModel::Fill()
 {
     m_shown.assign(1, {});
     m_place.clear();
-    if (!m_dialog)
+    if (!GetDialog())
         return;
     const auto count = static_cast<int>(Rows().GetCount());
     m_place.assign(Rows().GetCount(), -1);
@@ -54,7 +54,7 @@ void CSelectionItemModel::Update()
 void CSelectionItemModel::Forget()
 {
     beginResetModel();
-    m_dialog = nullptr;
+    m_view = nullptr;
     Fill();
     endResetModel();
 }
@@ -74,16 +74,16 @@ QModelIndex CSelectionItemModel::IndexOf(int row, int column) const
 
 int CSelectionItemModel::ColumnOf(ESelectionColumn column) const
 {
-    if (!m_dialog)
+    if (!GetDialog())
         return -1;
-    const auto& columns = m_dialog->GetTabs()[m_tab].columns;
+    const auto& columns = GetDialog()->GetTabs()[m_tab].columns;
     const auto found = std::ranges::find(columns, column);
     return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
 }
 
 ESelectionColumn CSelectionItemModel::GetColumn(int column) const
 {
-    return m_dialog->GetTabs()[m_tab].columns.at(static_cast<std::size_t>(column));
+    return GetDialog()->GetTabs()[m_tab].columns.at(static_cast<std::size_t>(column));
 }
 
 QModelIndex CSelectionItemModel::index(int row, int column, const QModelIndex& parent) const
@@ -97,7 +97,7 @@ QModelIndex CSelectionItemModel::index(int row, int column, const QModelIndex& p
 
 QModelIndex CSelectionItemModel::parent(const QModelIndex& index) const
 {
-    return index.isValid() && m_dialog ? IndexOf(Rows().Get(RowOf(index)).parent) : QModelIndex();
+    return index.isValid() && GetDialog() ? IndexOf(Rows().Get(RowOf(index)).parent) : QModelIndex();
 }
 
 int CSelectionItemModel::rowCount(const QModelIndex& parent) const
@@ -107,12 +107,12 @@ int CSelectionItemModel::rowCount(const QModelIndex& parent) const
 
 int CSelectionItemModel::columnCount(const QModelIndex& /*parent*/) const
 {
-    return m_dialog ? static_cast<int>(m_dialog->GetTabs()[m_tab].columns.size()) : 0;
+    return GetDialog() ? static_cast<int>(GetDialog()->GetTabs()[m_tab].columns.size()) : 0;
 }
 
 QString CSelectionItemModel::GetText(int row, ESelectionColumn column) const
 {
-    const QString text = ToQString(m_dialog->GetText(m_tab, row, column));
+    const QString text = ToQString(GetDialog()->GetText(m_tab, row, column));
     if (column == ESelectionColumn::Name || !QGuiApplication::isRightToLeft() || text.isEmpty())
         return text;
     // Numbers and units are read from left to right in every language.
@@ -122,7 +122,7 @@ QString CSelectionItemModel::GetText(int row, ESelectionColumn column) const
 QVariant CSelectionItemModel::GetFont(int row) const
 {
     const bool isGroup = Rows().Get(row).IsGroup();
-    const bool isMarked = m_dialog->GetMark(m_tab, row) != ESelectionMark::None;
+    const bool isMarked = GetDialog()->GetMark(m_tab, row) != ESelectionMark::None;
     if (!isGroup && !isMarked)
         return {};
     QFont font;
@@ -147,7 +147,7 @@ QVariant CSelectionItemModel::GetCheck(int row) const
 
 QVariant CSelectionItemModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || !m_dialog)
+    if (!index.isValid() || !GetDialog())
         return {};
     const int row = RowOf(index);
     switch (role) {
@@ -157,7 +157,7 @@ QVariant CSelectionItemModel::data(const QModelIndex& index, int role) const
         return index.column() == 0 ? GetCheck(row) : QVariant();
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
-        return ToQString(m_dialog->GetToolTip(m_tab, row));
+        return ToQString(GetDialog()->GetToolTip(m_tab, row));
     case Qt::FontRole:
         return GetFont(row);
     default:
@@ -167,33 +167,33 @@ QVariant CSelectionItemModel::data(const QModelIndex& index, int role) const
 
 bool CSelectionItemModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (!index.isValid() || !m_dialog)
+    if (!index.isValid() || !GetDialog())
         return false;
     const int row = RowOf(index);
     if (role == Qt::CheckStateRole)
-        Guarded([&] { m_dialog->OnCheck(row, value.toInt() == Qt::Checked); });
+        Guarded([&] { GetDialog()->OnCheck(row, value.toInt() == Qt::Checked); });
     else if (role == Qt::EditRole)
-        Guarded([&] { m_dialog->OnUnit(row, static_cast<CUnit::EUnitFactor>(value.toInt())); });
+        Guarded([&] { GetDialog()->OnUnit(row, static_cast<CUnit::EUnitFactor>(value.toInt())); });
     return role == Qt::CheckStateRole || role == Qt::EditRole;
 }
 
 QVariant CSelectionItemModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (role != Qt::DisplayRole || orientation != Qt::Horizontal || !m_dialog || section >= columnCount())
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal || !GetDialog() || section >= columnCount())
         return {};
     return ToQString(GetSelectionColumnName(GetColumn(section)));
 }
 
 Qt::ItemFlags CSelectionItemModel::flags(const QModelIndex& index) const
 {
-    if (!index.isValid() || !m_dialog)
+    if (!index.isValid() || !GetDialog())
         return Qt::NoItemFlags;
     const int row = RowOf(index);
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     const ESelectionColumn column = GetColumn(index.column());
     if (column == ESelectionColumn::Name && Rows().GetCheck(row) != ESelectionCheck::None)
         flags |= Qt::ItemIsUserCheckable;
-    if (column == ESelectionColumn::Unit && !m_dialog->GetUnits(m_tab, row).empty())
+    if (column == ESelectionColumn::Unit && !GetDialog()->GetUnits(m_tab, row).empty())
         flags |= Qt::ItemIsEditable;
     return flags;
 }

@@ -123,8 +123,8 @@ private:
 
 } // namespace
 
-CSelectionTree::CSelectionTree(CSelectionDlg& dialog, std::size_t tab)
-    : m_model(dialog, tab)
+CSelectionTree::CSelectionTree(const CSelectionView& view, std::size_t tab)
+    : m_model(view, tab)
 {
     setModel(&m_model);
     setUniformRowHeights(true);
@@ -132,7 +132,7 @@ CSelectionTree::CSelectionTree(CSelectionDlg& dialog, std::size_t tab)
     setAllColumnsShowFocus(true);
     setTabKeyNavigation(false);
     setEditTriggers(SelectedClicked);
-    setAccessibleName(ToQString(GetSelectionTabName(dialog.GetTabs()[tab].kind)));
+    setAccessibleName(ToQString(GetSelectionTabName(view.GetControl()->GetTabs()[tab].kind)));
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
     header()->setSectionResizeMode(0, QHeaderView::Stretch);

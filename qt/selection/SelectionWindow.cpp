@@ -157,7 +157,7 @@ QWidget* CSelectionWindow::MakePage(std::size_t tab)
     auto* const widget = new QWidget;
     auto* const layout = new QVBoxLayout(widget);
     if (!dialog.GetTabs()[tab].columns.empty()) {
-        page.tree = new CSelectionTree(dialog, tab);
+        page.tree = new CSelectionTree(*this, tab);
         layout->addWidget(page.tree, 1);
     }
     if (!dialog.GetTabs()[tab].options.empty()) {

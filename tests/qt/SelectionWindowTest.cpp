@@ -258,6 +258,20 @@ TEST_F(SelectionWindow, LeadsToWhatIsWrong)
     EXPECT_EQ(count->accessibleDescription(), "It is from 1 to 1000.");
 }
 
+TEST_F(SelectionWindow, OutlivesItsDialog)
+{
+    CSelectionWindow window;
+    {
+        CSelectionDlg dialog(m_manager, EAnalysis::Roughness);
+        dialog.SetView(&window);
+        dialog.Create();
+        EXPECT_TRUE(window.isVisible());
+    }
+    EXPECT_FALSE(window.isVisible());
+    window.grab();
+    window.GetTree(0)->selectAll();
+}
+
 TEST_F(SelectionWindow, IsCancelledWithItsParentAndOpensHelp)
 {
     CMemoryHelpService help;

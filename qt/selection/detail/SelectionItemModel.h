@@ -13,8 +13,9 @@ namespace CommonUI
 class CSelectionItemModel final : public QAbstractItemModel
 {
 public:
-    /// @param dialog not owned; must outlive the model, or be taken away by Forget
-    CSelectionItemModel(CSelectionDlg& dialog, std::size_t tab);
+    /// @param view that of the dialog, which may go at any time; must outlive the model, or be taken away by
+    ///     Forget
+    CSelectionItemModel(const CSelectionView& view, std::size_t tab);
 
     /// Rows have come or gone, or are shown or hidden.
     void Reset();
@@ -30,7 +31,8 @@ public:
     int ColumnOf(ESelectionColumn column) const;
     /// The column of the dialog that a column of the tree shows.
     ESelectionColumn GetColumn(int column) const;
-    CSelectionDlg* GetDialog() const noexcept { return m_dialog; }
+    /// Null where it has gone.
+    CSelectionDlg* GetDialog() const noexcept { return m_view ? m_view->GetControl() : nullptr; }
     std::size_t GetTab() const noexcept { return m_tab; }
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -43,14 +45,14 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
-    const CSelectionRows& Rows() const { return m_dialog->GetTabs()[m_tab].rows; }
+    const CSelectionRows& Rows() const { return GetDialog()->GetTabs()[m_tab].rows; }
     const std::vector<int>& ShownIn(int group) const { return m_shown[static_cast<std::size_t>(group + 1)]; }
     void Fill();
     QString GetText(int row, ESelectionColumn column) const;
     QVariant GetFont(int row) const;
     QVariant GetCheck(int row) const;
 
-    CSelectionDlg* m_dialog;
+    const CSelectionView* m_view;
     std::size_t m_tab;
     std::vector<std::vector<int>> m_shown; // of each group the rows that are shown, those of the top first
     std::vector<int> m_place;              // of each row, among those of its group

@@ -13,7 +13,8 @@ namespace CommonUI
 class CSelectionTree final : public QTreeView
 {
 public:
-    CSelectionTree(CSelectionDlg& dialog, std::size_t tab);
+    /// @param view that has its dialog, with a tab of rows; as of CSelectionItemModel
+    CSelectionTree(const CSelectionView& view, std::size_t tab);
     ~CSelectionTree() override;
 
     CSelectionItemModel& GetModel() noexcept { return m_model; }
