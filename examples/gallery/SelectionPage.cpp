@@ -42,8 +42,10 @@ public:
         const std::filesystem::path folder = GetFolders().GetSettingsFolder() / "CommonUIGallery";
         std::filesystem::create_directories(folder, m_error);
         CStr file;
-        if (ToText(folder / "preferences.ini", file))
-            m_ini.Load(file);
+        ToText(folder / "preferences.ini", file);
+        m_ini.SetFileName(file);
+        if (std::filesystem::exists(folder / "preferences.ini", m_error))
+            m_ini.Load();
         m_ini.SelectSection(c_section);
         manager.Load(m_ini);
         if (m_ini.HasSection(c_grainSection))

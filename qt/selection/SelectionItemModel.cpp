@@ -44,11 +44,9 @@ void CSelectionItemModel::Reset()
 
 void CSelectionItemModel::Update()
 {
-    for (std::size_t group = 0; group < m_shown.size(); ++group) {
-        const std::vector<int>& shown = m_shown[group];
+    for (const std::vector<int>& shown : m_shown)
         if (!shown.empty())
             Q_EMIT dataChanged(IndexOf(shown.front()), IndexOf(shown.back(), columnCount() - 1));
-    }
 }
 
 void CSelectionItemModel::Forget()
@@ -112,7 +110,7 @@ int CSelectionItemModel::columnCount(const QModelIndex& /*parent*/) const
 
 QString CSelectionItemModel::GetText(int row, ESelectionColumn column) const
 {
-    const QString text = ToQString(GetDialog()->GetText(m_tab, row, column));
+    QString text = ToQString(GetDialog()->GetText(m_tab, row, column));
     if (column == ESelectionColumn::Name || !QGuiApplication::isRightToLeft() || text.isEmpty())
         return text;
     // Numbers and units are read from left to right in every language.

@@ -194,7 +194,7 @@ void CSelectionTree::SelectRows()
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
-void CSelectionTree::Reset()
+void CSelectionTree::ShowRows()
 {
     m_resetting = true;
     // A search shows what it finds, opened.

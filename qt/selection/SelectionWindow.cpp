@@ -231,7 +231,7 @@ void CSelectionWindow::ShowTabState()
 void CSelectionWindow::ResetRows(std::size_t tab)
 {
     if (tab < m_pages.size() && m_pages[tab].tree)
-        m_pages[tab].tree->Reset();
+        m_pages[tab].tree->ShowRows();
     // The dialog may have ended the search.
     if (GetControl() && tab == GetControl()->GetCurrentTab()) {
         const QString text = ToQString(GetControl()->GetTabs()[tab].rows.GetSearch());

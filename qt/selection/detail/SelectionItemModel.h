@@ -46,7 +46,10 @@ public:
 
 private:
     const CSelectionRows& Rows() const { return GetDialog()->GetTabs()[m_tab].rows; }
-    const std::vector<int>& ShownIn(int group) const { return m_shown[static_cast<std::size_t>(group + 1)]; }
+    const std::vector<int>& ShownIn(int group) const
+    {
+        return group < 0 ? m_shown.front() : m_shown[static_cast<std::size_t>(group) + 1];
+    }
     void Fill();
     QString GetText(int row, ESelectionColumn column) const;
     QVariant GetFont(int row) const;

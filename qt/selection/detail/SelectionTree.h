@@ -19,7 +19,7 @@ public:
 
     CSelectionItemModel& GetModel() noexcept { return m_model; }
     /// Rows have come or gone, or are shown or hidden: what was opened and selected stays so.
-    void Reset();
+    void ShowRows();
     void GoToRow(int row);
 
 protected:
