@@ -3,6 +3,8 @@
 #include "common/NumberText.h"
 #include "measurement/detail/AddFromTemplate.h"
 #include "measurement/Request.h"
+#include "model/selection/AnalysisSelection.h"
+#include "model/selection/TemplateInputs.h"
 
 #include <algorithm>
 #include <cmath>
@@ -113,93 +115,75 @@ CUnit::EUnitFactor UnitOf(const SChange& change, const CParameter& parameter)
     return unit.GetFactor();
 }
 
-bool IsPercentage(double number)
-{
-    return IsWithin(number, 0, 100);
-}
-
 // The values of a template's variables.
 std::vector<double> VariableValues(const SChange& change, const CParameter& parent)
 {
     std::vector<double> values = Numbers(change);
-    if (values.size() != parent.GetVariableCount())
+    const auto fault = CheckInputs(parent, values);
+    if (!fault)
+        return values;
+    if (fault->kind == EInputFault::Count)
         change.Fail(CStr::Format(u"it takes %d values", parent.GetVariableCount()));
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        const bool isShare = parent.GetVariable(i).GetDimension() == CParameter::EDimension::Percent;
-        if (isShare && !IsPercentage(values[i]))
-            change.Fail(u"\"" + change.arguments[i] + u"\" is no percentage, 0 to 100");
-    }
-    return values;
-}
-
-bool IsInstance(const CParameter& parameter, const CParameter& parent, const std::vector<double>& values)
-{
-    return parameter.GetParentValue() == parent.GetValue() &&
-           std::ranges::equal(parameter.GetVariables(), values, {}, &CParameter::GetVariableValue);
+    const CStr quoted = u"\"" + change.arguments[fault->index] + u"\"";
+    if (fault->kind == EInputFault::Order)
+        change.Fail(quoted + u" is not above \"" + change.arguments[fault->index - 1] + u"\"");
+    change.Fail(quoted + u" is no percentage, 0 to 100");
 }
 
 // Switches a template's parameters: one with the values on, or all of them off for good.
-void EditTemplate(CAnalysisPreferencesManager& manager, EAnalysis analysis, const CParameter& parent,
-                  const SChange& change)
+void EditTemplate(CAnalysisSelection& selection, const CParameter& parent, const SChange& change)
 {
-    CList list = manager.GetData(analysis).GetParameters();
-    if (!OnOff(change)) {
-        RefuseArguments(change);
-        std::erase_if(list, [&](const CParameter& p) { return p.GetParentValue() == parent.GetValue(); });
-        manager.SetDataParameters(analysis, list);
+    if (OnOff(change)) {
+        if (selection.AddInstance(parent.GetValue(), VariableValues(change, parent)) ==
+            CParameter::c_noParent)
+            change.Fail(u"no parameter can be made from it");
         return;
     }
-    const std::vector<double> values = VariableValues(change, parent);
-    const auto same =
-        std::ranges::find_if(list, [&](const CParameter& p) { return IsInstance(p, parent, values); });
-    if (same != list.end()) {
-        same->SetOn(true);
-    } else {
-        const auto copy = manager.GetData(analysis).Clone();
-        auto* roughness = dynamic_cast<CRoughnessAnalysisPreferencesData*>(copy.get());
-        const auto id = static_cast<ERoughnessParameters>(parent.GetValue());
-        if (!roughness || roughness->AddTemplateInstance(id, values) == CParameter::c_noParent)
-            change.Fail(u"no parameter can be made from it");
-        list = roughness->GetParameters();
-    }
-    manager.SetDataParameters(analysis, list);
+    RefuseArguments(change);
+    for (const CParameter& parameter : selection.GetList(ESelectionList::Parameters))
+        if (parameter.GetParentValue() == parent.GetValue())
+            selection.Remove(parameter.GetValue());
 }
 
-void EditEntry(CParameter& entry, const SChange& change)
+void EditEntry(CAnalysisSelection& selection, const CParameter& entry, const SChange& change)
 {
-    if (change.aspect == u"unit")
-        entry.SetUnitFactor(UnitOf(change, entry));
-    else if (change.aspect == u"format")
-        entry.SetFloatFormat(FormatOf(change, entry.GetFloatFormat()));
-    else
-        entry.SetOn(OnOff(change));
+    const int id = entry.GetValue();
+    if (change.aspect == u"unit") {
+        if (!selection.SetUnitFactor(id, UnitOf(change, entry)))
+            change.Fail(u"\"" + change.value + u"\" is not among the units of parameters");
+    } else if (change.aspect == u"format") {
+        if (!selection.SetFormat(id, FormatOf(change, entry.GetFloatFormat())))
+            change.Fail(u"the count of a format is 1 to 12");
+    } else {
+        selection.SetOn(ESelectionList::Parameters, id, OnOff(change));
+    }
 }
 
 // @return whether the analysis has a parameter of the key
 bool EditParameters(CAnalysisPreferencesManager& manager, EAnalysis analysis, const SChange& change)
 {
-    CList list = manager.GetData(analysis).GetParameters();
+    CAnalysisSelection selection(manager, analysis);
+    const CList list = selection.GetList(ESelectionList::Parameters);
     const auto found = std::ranges::find(list, change.subject, &CParameter::GetIniName);
     if (found == list.end())
         return false;
     if (change.aspect.IsEmpty() && found->IsTemplate()) {
-        EditTemplate(manager, analysis, CParameter(*found), change);
-        return true;
+        EditTemplate(selection, *found, change);
+    } else {
+        if (change.aspect.IsEmpty())
+            RefuseArguments(change);
+        for (const CParameter& parameter : list)
+            if (parameter.GetBaseValue() == found->GetBaseValue())
+                EditEntry(selection, parameter, change);
     }
-    if (change.aspect.IsEmpty())
-        RefuseArguments(change);
-    const int base = found->GetBaseValue();
-    for (CParameter& parameter : list) {
-        if (parameter.GetBaseValue() == base)
-            EditEntry(parameter, change);
-    }
-    manager.SetDataParameters(analysis, list);
+    selection.Commit();
     return true;
 }
 
 bool EditStatistics(CAnalysisPreferencesManager& manager, EAnalysis analysis, const SChange& change)
 {
-    CList list = manager.GetData(analysis).GetStatistics();
+    CAnalysisSelection selection(manager, analysis);
+    const CList list = selection.GetList(ESelectionList::Statistics);
     // The key of one statistic ends in a blank, which nobody types.
     const auto found = std::ranges::find_if(
         list, [&](const CParameter& p) { return p.GetIniName().TrimRight() == change.subject.TrimRight(); });
@@ -207,14 +191,14 @@ bool EditStatistics(CAnalysisPreferencesManager& manager, EAnalysis analysis, co
         return false;
     if (!change.aspect.IsEmpty())
         change.Fail(u"a statistic has no unit and no format");
-    found->SetOn(OnOff(change));
+    const bool on = OnOff(change);
+    selection.SetOn(ESelectionList::Statistics, found->GetValue(), on);
     const std::vector<double> values = Numbers(change);
-    const bool isFractile = found->IsOn() && *found == static_cast<int>(EStatistics::Fractile);
-    if (values.size() > (isFractile ? 1U : 0U) || (values.size() == 1 && !IsPercentage(values[0])))
+    const bool taken = values.empty() || (values.size() == 1 && on &&
+                                          selection.SetStatisticValue(found->GetValue(), values[0]));
+    if (!taken)
         change.Fail(u"only Fractile=on takes a value, 0 to 100");
-    if (values.size() == 1)
-        found->SetVariableValue(values[0]);
-    manager.SetDataStatistics(analysis, list);
+    selection.Commit();
     return true;
 }
 

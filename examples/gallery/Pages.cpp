@@ -12,6 +12,7 @@ constexpr SPage c_pages[] = {
     {"result-grid", "Result grid", MakeResultGridPage, StageResultGridPage},
     {"progress", "Progress", MakeProgressPage, StageProgressPage},
     {"number-format", "Number format", MakeNumberFormatPage, StageNumberFormatPage},
+    {"selection", "Parameter selection", MakeSelectionPage, StageSelectionPage},
     {"lists", "Lists", MakeListsPage, StageListsPage},
     {"controls", "Controls", MakeControlsPage, StageControlsPage},
     {"folders", "Folders", MakeFoldersPage, StageFoldersPage},

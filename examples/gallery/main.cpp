@@ -4,6 +4,7 @@
 #include "common/Language.h"
 #include "dialogs/help/HelpTopics.h"
 #include "examples/gallery/GalleryWindow.h"
+#include "examples/gallery/Pages.h"
 #include "examples/gallery/Palettes.h"
 #include "examples/gallery/Shots.h"
 #include "platform/HelpService.h"
@@ -56,6 +57,7 @@ bool UseLanguage(const QString& tag, QTranslator& qtTexts)
 
 int ShowWindow()
 {
+    Gallery::KeepSelections();
     Gallery::CGalleryWindow window;
     CHelpInLog help(window);
     const CommonUI::CServiceScope<CommonUI::CHelpService> helpScope(help);

@@ -56,8 +56,8 @@ TEST(Documentation, HasAChapterForEachTopicOfHelp)
 
 TEST(Documentation, ShowsTheProgramsThatAreBuilt)
 {
-    for (const char* const program :
-         {"examples/number_dialog/main.cpp", "examples/progress_dialog/main.cpp"}) {
+    for (const char* const program : {"examples/number_dialog/main.cpp", "examples/progress_dialog/main.cpp",
+                                      "examples/selection_dialog/main.cpp"}) {
         std::string block = "```cpp\n";
         block += Read(program);
         block += "```\n";

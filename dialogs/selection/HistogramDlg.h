@@ -1,0 +1,47 @@
+#pragma once
+
+#include "../../model/GrainAnalysisPreferencesData.h"
+#include "OptionsDlg.h"
+
+#include <array>
+
+namespace CommonUI
+{
+
+/// The dialog for the histograms of a quantity of grains: the classes and bounds of each.
+class COMMONUI_API CHistogramDlg : public COptionsDlg
+{
+public:
+    static constexpr unsigned int c_identifier = 11106;
+    static constexpr int c_histogram = 0; ///< which of the three is shown
+    static constexpr int c_lowerOn = 1;
+    static constexpr int c_lower = 2;
+    static constexpr int c_upperOn = 3;
+    static constexpr int c_upper = 4;
+    static constexpr int c_classes = 5;
+
+    /// @param quantity with its histograms; bounds are in its unit
+    /// @param units those of the surface
+    CHistogramDlg(const CParameter& quantity, const SBase3D<CUnit>& units);
+    ~CHistogramDlg() override;
+
+    CParameter::SHistogramSetup GetSetup(EGrainHistograms histogram) const
+    {
+        return m_quantity.GetHistogramSetup(static_cast<std::size_t>(histogram));
+    }
+
+protected:
+    void OnOption(int id, double number) override;
+    CStr GetFault() const override;
+    CStr GetRemark() const override { return {}; }
+
+private:
+    SDialogOption MakeBound(int id, int label, double bound, bool on) const;
+    void Fill();
+
+    CParameter m_quantity;
+    SBase3D<CUnit> m_units;
+    int m_shown = 0;
+};
+
+} // namespace CommonUI
