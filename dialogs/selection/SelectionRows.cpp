@@ -13,14 +13,6 @@ namespace CommonUI
 namespace
 {
 
-CStr ToSmallText(std::u16string_view text)
-{
-    CStr small;
-    char16_t* const units = small.SetLength(text.size());
-    std::ranges::transform(text, units, ToSmall);
-    return small;
-}
-
 enum class ELetter { Letter, Digit, Other };
 
 ELetter KindOf(char16_t unit)
@@ -72,7 +64,7 @@ void CSelectionRows::AddEntry(const CParameter& entry, int parent, const CStr& a
         return;
     const CStr text = entry.GetFriendlyString() + u" " + entry.GetShortFriendlyString() + u" " +
                       entry.GetIniName() + u" " + above;
-    Append({.name = entry.GetFriendlyString(), .parent = parent, .entry = entry, .text = ToSmallText(text)});
+    Append({.name = entry.GetFriendlyString(), .parent = parent, .entry = entry, .text = ToSmall(text)});
 }
 
 void CSelectionRows::Add(const SParameterGroup& group, int parent, const CStr& above)
@@ -182,7 +174,7 @@ std::size_t CSelectionRows::CountShown() const
 void CSelectionRows::Search(std::u16string_view text)
 {
     m_search = text;
-    std::vector<CStr> words = ToSmallText(text).Split(u" ");
+    std::vector<CStr> words = ToSmall(text).Split(u" ");
     std::erase_if(words, [](const CStr& word) { return word.IsEmpty(); });
     for (SSelectionRow& row : m_rows)
         row.shown = row.entry &&

@@ -17,13 +17,6 @@ namespace
 
 using EEvent = CCustomSettingsScan::EEvent;
 
-std::u16string MakeSmall(std::u16string_view text)
-{
-    std::u16string small(text);
-    std::ranges::transform(small, small.begin(), ToSmall);
-    return small;
-}
-
 CStr Join(const CStr& place, const CStr& name)
 {
     return place.IsEmpty() ? name : place + u" / " + name;
@@ -67,7 +60,7 @@ void CSettingsChooser::AddBuiltIn(const std::vector<CSettingsFactory::CTree>& tr
         AddBuiltIn(tree.GetChildren(), Join(place, text));
         if (!tree.IsLeaf())
             continue;
-        m_rows.push_back({{GetSettingsFactory().GetEntry(id), place}, MakeSmall(text + u"\n" + place)});
+        m_rows.push_back({{GetSettingsFactory().GetEntry(id), place}, ToSmall(text + u"\n" + place)});
     }
 }
 
@@ -76,12 +69,12 @@ std::vector<CSettingsChooser::SSearchedRow> CSettingsChooser::MakeRows(const SFo
     CStr place = GetSettingCategoryEnum().GetFriendlyString(static_cast<int>(ESettingCategory::Custom));
     for (const CStr& name : folder.names)
         place = Join(place, name);
-    const std::u16string words = MakeSmall(place);
+    const CStr words = ToSmall(place);
     std::vector<SSearchedRow> rows;
     rows.reserve(folder.files.size());
     for (const CStr& file : folder.files) {
         SSearchedRow& row = rows.emplace_back(SSearchedRow{{{file, m_menu.GetType()}, place}, {}});
-        row.words = MakeSmall(row.row.entry.m_Name) + u'\n' + words;
+        row.words = ToSmall(row.row.entry.m_Name + u"\n") + words;
     }
     return rows;
 }
@@ -118,14 +111,13 @@ void CSettingsChooser::Reset(FChange change)
 
 bool CSettingsChooser::IsShown(const SSearchedRow& row) const
 {
-    return std::ranges::all_of(
-        m_words, [&](const std::u16string& word) { return row.words.find(word) != row.words.npos; });
+    return std::ranges::all_of(m_words, [&](const CStr& word) { return row.words.Find(word) != CStr::npos; });
 }
 
 void CSettingsChooser::SetFilter(const CStr& text)
 {
     m_words.clear();
-    for (const CStr& word : CStr(MakeSmall(text)).Split(u" "))
+    for (const CStr& word : ToSmall(text).Split(u" "))
         if (!word.IsEmpty())
             m_words.emplace_back(word.View());
     Reset([this] { Filter(); });

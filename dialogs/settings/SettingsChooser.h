@@ -52,7 +52,7 @@ public:
 private:
     struct SSearchedRow {
         SRow row;
-        std::u16string words; // in small letters
+        CStr words; // in small letters
     };
 
     void OnScan(CCustomSettingsScan::EEvent event);
@@ -70,7 +70,7 @@ private:
     std::vector<SSearchedRow> m_rows;
     std::size_t m_customCount = 0; // of the rows, which come first
     std::vector<std::size_t> m_shown;
-    std::vector<std::u16string> m_words; // of the filter
+    std::vector<CStr> m_words; // of the filter
     CClosureConnection m_scanConnection;
     CMultiClosure1<void, const SChange&> m_changed;
     CMultiClosure0<void> m_stateChanged;

@@ -77,9 +77,11 @@ std::string MnemonicsOf(const std::string& text)
 
 // What may be the same in both languages: words that German has, too, names, units. Symbols of quantities
 // need no row.
-const std::string c_international =
-    " ActiveReport Animation Classic Demo FFT Filter Format Giga Global Hardware ID ISO Kilo Maximum Median"
-    " Mega Mil Milli Minimum Nano OK Radius Software VORN \u00c5ngstr\u00f6m mm \u03bbc \u03bbs ";
+const std::string c_international = " ActiveReport Animation Beige Classic Cyan Demo FFT Filter Format Giga "
+                                    "Global Gold Hardware ID ISO Indigo"
+                                    " Kilo Magenta Marker Maximum Median Mega Mil Milli Minimum Name Nano OK "
+                                    "Orange Plus Radius Software Start"
+                                    " Text VORN \u00c5ngstr\u00f6m mm \u03bbc \u03bbs ";
 
 bool IsInternational(const std::string& text)
 {
