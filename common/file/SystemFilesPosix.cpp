@@ -3,9 +3,11 @@
 #ifndef _WIN32
 
 #include <cerrno>
+#include <cstddef>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <new>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -146,8 +148,9 @@ private:
 
 CFileSystem& GetSystemFiles() noexcept
 {
-    // Never destroyed: destructors of static objects may still write files.
-    static CSystemFiles& files = *new CSystemFiles;
+    // Never destroyed, as destructors of static objects may still write files; and without memory of the heap.
+    alignas(CSystemFiles) static std::byte s_place[sizeof(CSystemFiles)];
+    static CSystemFiles& files = *new (s_place) CSystemFiles;
     return files;
 }
 

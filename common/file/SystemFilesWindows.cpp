@@ -3,7 +3,9 @@
 #ifdef _WIN32
 
 #include <algorithm>
+#include <cstddef>
 #include <memory>
+#include <new>
 #include <system_error>
 
 #define NOMINMAX
@@ -122,7 +124,9 @@ public:
 
 CFileSystem& GetSystemFiles() noexcept
 {
-    static CSystemFiles& files = *new CSystemFiles;
+    // Never destroyed, as destructors of static objects may still write files; and without memory of the heap.
+    alignas(CSystemFiles) static std::byte s_place[sizeof(CSystemFiles)];
+    static CSystemFiles& files = *new (s_place) CSystemFiles;
     return files;
 }
 

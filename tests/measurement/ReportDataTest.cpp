@@ -53,7 +53,7 @@ SResults AwkwardResults(const SInput& input)
 {
     constexpr double c_awkward[] = {0.1, -0.0, 5e-324, 1.7976931348623157e308, 1e23, 1.0 / 3, 4.35, 1e5};
     SResults results = ComputeResults(
-        input, MakeChoices(CAnalysisPreferencesManager(), {.keys = {u"Sq", u"Sdc(10,0.1)", u"4287Ra"}}));
+        input, MakeChoices(CAnalysisPreferencesManager(), {.keys = {u"Sq", u"Sdc(0.1,10)", u"4287Ra"}}));
     for (SColumn& column : results.columns) {
         for (std::size_t i = 0; i < column.values.size(); ++i)
             column.values[i] = c_awkward[i % std::size(c_awkward)];
@@ -91,7 +91,7 @@ TEST(ReportData, EachValueOfJsonIsTheSameNumber)
     EXPECT_FALSE(json["method"]["steps"][0].Has("cutoff"));
     EXPECT_EQ(json["method"]["steps"][1]["cutoff"].number, 25e-6);
     EXPECT_TRUE(IsSame(json["method"]["cutoff"].number, *results.origin.cutoff));
-    EXPECT_EQ(json["surface"][1]["key"].text, "Sdc(10,0.1)");
+    EXPECT_EQ(json["surface"][1]["key"].text, "Sdc(0.1,10)");
     for (std::size_t i = 0; i < 2; ++i) {
         EXPECT_TRUE(IsSame(json["surface"][i]["raw"].number, results.surface[i].values[0]));
         EXPECT_TRUE(IsSame(json["surface"][i]["value"].number, results.surface[i].values[1]));
@@ -130,7 +130,7 @@ TEST(ReportData, EachLineOfCsvIsAValueOrAReason)
         EXPECT_EQ(fields[2].empty(), std::isfinite(value)) << place;
         EXPECT_TRUE(fields[0].empty() || IsSame(std::strtod(fields[0].c_str(), nullptr), value)) << place;
     };
-    expectValue("raw||Sdc(10,0.1)|", results.surface[1].values[0]);
+    expectValue("raw||Sdc(0.1,10)|", results.surface[1].values[0]);
     expectValue("surface||Sq|", results.surface[0].values[1]);
     for (std::size_t i = 0; i < 20; ++i)
         expectValue("profile|" + std::to_string(i + 1) + "|4287Ra|", results.columns[0].values[i]);
@@ -150,7 +150,7 @@ TEST(ReportData, ExactTextsOfTheTablesAreThoseOfTheData)
         grid.GetGridCells(cells, grid.GetType(), true);
         return CGridBaseOutputCtrl::GenerateResultsText(cells).ToUtf8();
     };
-    EXPECT_TRUE(Has(textOf(tables.GetSurface()), "\r\nSdc(10,0.1)\t")) << textOf(tables.GetSurface());
+    EXPECT_TRUE(Has(textOf(tables.GetSurface()), "\r\nSdc(0.1,10)\t")) << textOf(tables.GetSurface());
     EXPECT_TRUE(Has(textOf(tables.GetRows()), "Profile\t4287Ra\r\nUnit\tm\r\n1\t0.1\r\n2\t\r\n3\t-INF\r\n"
                                               "4\t1.7976931348623157e+308\r\n"))
         << textOf(tables.GetRows());

@@ -53,7 +53,7 @@ TEST_F(Documents, TemplateLaysOutTheReport)
     EXPECT_TRUE(PageOutline().starts_with("ground_steel.sdf\nTable of grains\nRoughness parameters\n"))
         << PageOutline();
     EXPECT_TRUE(Has(Read("report.txt"), "\r\nParticle\tArea\r\n")) << Read("report.txt").substr(0, 900);
-    EXPECT_EQ(CountFiles(), 2);
+    EXPECT_EQ(CountFiles(), 4);
 }
 
 TEST_F(Documents, FormatIsThatOfTheTemplate)
