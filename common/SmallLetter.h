@@ -21,11 +21,11 @@ constexpr char16_t ToSmall(char16_t unit) noexcept
 /// The text in small letters: texts that differ in capitals alone become one. The length stays.
 inline CStr ToSmall(std::u16string_view text)
 {
-    CStr small;
-    char16_t* to = small.SetLength(text.size());
+    CStr lower;
+    char16_t* to = lower.SetLength(text.size());
     for (const char16_t unit : text)
         *to++ = ToSmall(unit);
-    return small;
+    return lower;
 }
 
 } // namespace CommonUI

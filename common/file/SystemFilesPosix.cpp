@@ -148,7 +148,7 @@ private:
 
 CFileSystem& GetSystemFiles() noexcept
 {
-    // Never destroyed, as destructors of static objects may still write files; and without memory of the heap.
+    // Never destroyed, as destructors of static objects may still write files; without memory of the heap.
     alignas(CSystemFiles) static std::byte s_place[sizeof(CSystemFiles)];
     static CSystemFiles& files = *new (s_place) CSystemFiles;
     return files;

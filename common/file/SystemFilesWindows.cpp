@@ -8,7 +8,9 @@
 #include <new>
 #include <system_error>
 
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
@@ -124,7 +126,7 @@ public:
 
 CFileSystem& GetSystemFiles() noexcept
 {
-    // Never destroyed, as destructors of static objects may still write files; and without memory of the heap.
+    // Never destroyed, as destructors of static objects may still write files; without memory of the heap.
     alignas(CSystemFiles) static std::byte s_place[sizeof(CSystemFiles)];
     static CSystemFiles& files = *new (s_place) CSystemFiles;
     return files;

@@ -73,7 +73,7 @@ void CColorPicker::Choose(const SPaint& paint)
     Change(paint);
 }
 
-void CColorPicker::ChooseColor(const SColor& color)
+void CColorPicker::PickColor(const SColor& color)
 {
     Choose({color, m_paint.opacity});
 }

@@ -44,7 +44,7 @@ public:
     /// The user has chosen a colour. One that is there already is only noted as recent.
     void Choose(const SPaint& paint);
     /// The user has chosen one of the colours offered, which keeps how much the present one covers.
-    void ChooseColor(const SColor& color);
+    void PickColor(const SColor& color);
     /// The user has moved a slider: nothing is noted as recent before Choose.
     void ChooseOpacity(int percent);
     /// The user has typed a colour. @return false, and nothing changes, when the text is none

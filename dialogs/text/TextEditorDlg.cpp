@@ -69,7 +69,7 @@ void CTextEditorDlg::OnFind(const CStr& what, const STextSearch& search)
         return;
     const STextRange selection = view->GetSelection();
     const auto found =
-        FindText(view->GetEditText(), what, search.isForward ? selection.end : selection.first, search);
+        FindInText(view->GetEditText(), what, search.isForward ? selection.end : selection.first, search);
     if (found) {
         view->Select({found->position, found->position + what.GetLength()});
         view->SetText(c_status, found->isWrapped ? GetString(c_editorWrapped) : CStr());

@@ -5,13 +5,13 @@
 namespace CommonUI
 {
 
-std::optional<STextMatch> FindText(std::u16string_view text, std::u16string_view what, std::size_t from,
-                                   const STextSearch& search)
+std::optional<STextMatch> FindInText(std::u16string_view text, std::u16string_view what, std::size_t from,
+                                     const STextSearch& search)
 {
     if (what.empty())
         return {};
     if (!search.matchesCase)
-        return FindText(ToSmall(text), ToSmall(what), from, {search.isForward, true});
+        return FindInText(ToSmall(text), ToSmall(what), from, {search.isForward, true});
     constexpr std::size_t c_none = std::u16string_view::npos;
     const std::size_t next = search.isForward ? text.find(what, from)
                              : from > 0       ? text.rfind(what, from - 1)

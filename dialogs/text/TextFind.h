@@ -26,7 +26,7 @@ struct STextSearch {
 /// Finds the next occurrence that begins at `from` or behind it, or, backward, the last one that begins
 /// before it; where there is none, the first from the other end.
 /// @return nothing where the text has none, and for an empty `what`
-COMMONUI_API std::optional<STextMatch> FindText(std::u16string_view text, std::u16string_view what,
-                                                std::size_t from, const STextSearch& search = {});
+COMMONUI_API std::optional<STextMatch> FindInText(std::u16string_view text, std::u16string_view what,
+                                                  std::size_t from, const STextSearch& search = {});
 
 } // namespace CommonUI

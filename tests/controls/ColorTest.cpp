@@ -110,7 +110,7 @@ TEST(ColorPicker, TellsWhatTheUserChooses)
     picker.AllowOpacity(true);
     picker.ChooseOpacity(50);
     EXPECT_EQ(counter.last, u"#11223380");
-    picker.ChooseColor({0, 0, 255});
+    picker.PickColor({0, 0, 255});
     EXPECT_EQ(counter.last, u"#0000ff80");
     picker.Choose(picker.GetPaint());
     EXPECT_EQ(counter.calls, 3) << "the same is no change";
@@ -142,7 +142,7 @@ TEST(MarkerPicker, JoinsShapeColorAndSize)
     CCounter counter;
     picker.SetCallback(counter, &CCounter::OnMarker);
     picker.ChooseShape(EMarkerShape::Diamond);
-    picker.GetColorPicker().ChooseColor({255, 0, 0});
+    picker.GetColorPicker().PickColor({255, 0, 0});
     picker.ChooseSize(1000);
     EXPECT_EQ(counter.last, u"Diamond, Red, 32 pt");
     picker.ChooseSize(33);

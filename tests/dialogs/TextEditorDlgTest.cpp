@@ -75,7 +75,7 @@ TEST(TextFind, GoesRoundInBothDirections)
         {u"ab AB ab\u00C4.", 0, {}, {}},
     };
     for (const auto& [what, from, search, found] : cases)
-        EXPECT_EQ(FindText(u"ab AB ab\u00C4", what, from, search), found) << CStr(what).ToUtf8() << from;
+        EXPECT_EQ(FindInText(u"ab AB ab\u00C4", what, from, search), found) << CStr(what).ToUtf8() << from;
 }
 
 TEST(TextEditorDlg, AsksBeforeChangesAreLostAndOnlyThen)
