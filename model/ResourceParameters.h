@@ -2,7 +2,7 @@
 
 #include "../common/Str.h"
 #include "../export/Export.h"
-#include "../platform/XmlDocument.h"
+#include "../platform/xml/XmlDocument.h"
 
 #include <memory>
 

@@ -3,7 +3,7 @@
 #include "dialogs/start_pane/FeedDate.h"
 #include "dialogs/start_pane/SafeHtml.h"
 #include "platform/network/WebAddress.h"
-#include "platform/XmlDocument.h"
+#include "platform/xml/XmlDocument.h"
 
 #include <algorithm>
 #include <cstdlib>

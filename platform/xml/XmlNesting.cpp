@@ -1,4 +1,4 @@
-#include "platform/detail/XmlNesting.h"
+#include "platform/xml/detail/XmlNesting.h"
 
 namespace CommonUI
 {

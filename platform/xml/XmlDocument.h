@@ -1,7 +1,7 @@
 #pragma once
 
-#include "../common/Str.h"
-#include "../export/Export.h"
+#include "../../common/Str.h"
+#include "../../export/Export.h"
 
 #include <cstddef>
 #include <memory>

@@ -1,9 +1,9 @@
-#include "platform/XmlDocument.h"
+#include "platform/xml/XmlDocument.h"
 
 #if defined(COMMONUI_WITH_PUGIXML)
 
 #include "common/Exceptions.h"
-#include "platform/detail/XmlNesting.h"
+#include "platform/xml/detail/XmlNesting.h"
 
 #include <pugixml.hpp>
 

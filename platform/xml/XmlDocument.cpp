@@ -1,6 +1,6 @@
-#include "platform/XmlDocument.h"
+#include "platform/xml/XmlDocument.h"
 
-#include "platform/detail/XmlNesting.h"
+#include "platform/xml/detail/XmlNesting.h"
 
 namespace CommonUI
 {
