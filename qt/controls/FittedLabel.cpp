@@ -22,8 +22,9 @@ void DrawText(QLabel& label, const QFont& font, const QString& text)
     QPainter painter(&label);
     painter.setFont(font);
     const auto alignment = QStyle::visualAlignment(label.layoutDirection(), label.alignment());
-    label.style()->drawItemText(&painter, label.contentsRect(), alignment | Qt::TextSingleLine,
-                                label.palette(), label.isEnabled(), text, label.foregroundRole());
+    const int flags = static_cast<int>(alignment.toInt()) | Qt::TextSingleLine;
+    label.style()->drawItemText(&painter, label.contentsRect(), flags, label.palette(), label.isEnabled(),
+                                text, label.foregroundRole());
 }
 
 } // namespace
@@ -58,6 +59,7 @@ QSize CFittedLabel::minimumSizeHint() const
 
 void CFittedLabel::paintEvent(QPaintEvent* event)
 {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): that of QLabel would draw its own text
     QFrame::paintEvent(event);
     DrawText(*this, font(), GetShownText());
 }
@@ -155,6 +157,7 @@ QSize CScalingLabel::minimumSizeHint() const
 
 void CScalingLabel::paintEvent(QPaintEvent* event)
 {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): that of QLabel would draw its own text
     QFrame::paintEvent(event);
     DrawText(*this, GetShownFont(), IsolateIn(*this, text()));
 }

@@ -62,7 +62,7 @@ void CFolderComboWidget::FillList()
         wasRecent = isRecent;
         const auto icon =
             choice.kind == SFolderChoice::EKind::Root ? QStyle::SP_DriveHDIcon : QStyle::SP_DirIcon;
-        const QString indent(2 * choice.depth, QLatin1Char(' '));
+        const QString indent(qsizetype(2) * choice.depth, QLatin1Char(' '));
         addItem(style()->standardIcon(icon), indent + ToQString(choice.path), ToQString(choice.path));
     }
     setEditText(text);

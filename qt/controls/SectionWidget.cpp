@@ -65,17 +65,17 @@ void CSectionHead::paintEvent(QPaintEvent*)
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawLine(rect().bottomLeft(), rect().bottomRight());
 
-    QStyleOption arrow(option);
+    QStyleOption arrow;
+    arrow.initFrom(this);
     arrow.rect = QStyle::visualRect(option.direction, inner,
                                     QRect(inner.left(), inner.top(), GetArrowWidth(), inner.height()));
     const auto closed = isLeft ? QStyle::PE_IndicatorArrowLeft : QStyle::PE_IndicatorArrowRight;
     painter.drawPrimitive(m_expanded ? QStyle::PE_IndicatorArrowDown : closed, arrow);
     const QRect place =
         QStyle::visualRect(option.direction, inner, inner.adjusted(GetArrowWidth() + margin, 0, 0, 0));
-    painter.drawItemText(place,
-                         QStyle::visualAlignment(option.direction, Qt::AlignLeft) | Qt::AlignVCenter |
-                             Qt::TextShowMnemonic,
-                         palette(), isEnabled(), text(), QPalette::WindowText);
+    const auto alignment = QStyle::visualAlignment(option.direction, Qt::AlignLeft | Qt::AlignVCenter);
+    painter.drawItemText(place, static_cast<int>(alignment.toInt()) | Qt::TextShowMnemonic, palette(),
+                         isEnabled(), text(), QPalette::WindowText);
     if (hasFocus()) {
         QStyleOptionFocusRect focus;
         focus.initFrom(this);
