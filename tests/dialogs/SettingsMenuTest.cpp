@@ -148,6 +148,7 @@ TEST_F(SettingsMenu, OpensAtOnceOnADriveThatDoesNotAnswer)
     EXPECT_EQ(wait(2), u"a{1.flt.} 2.flt. (Looking through the folder...)");
     EXPECT_EQ(Recent(Filter), u"") << "what was found is not used";
     menu.reset();
+    m_loop.Pump(); // what the second search has posted before
     drive.Answer(1);
     drive.WaitForEnds(2);
     EXPECT_EQ(m_loop.Pump(), 0U) << "nothing is posted to who is gone";
