@@ -54,8 +54,10 @@ std::vector<CStr> Unite(std::vector<CStr> first, const std::vector<CStr>& second
 
 } // namespace
 
-std::vector<SSettingsDifference> CompareSettings(CInifile left, CInifile right)
+std::vector<SSettingsDifference> CompareSettings(const CInifile& leftSet, const CInifile& rightSet)
 {
+    CInifile left = leftSet; // copies, as sections are selected in them
+    CInifile right = rightSet;
     std::vector<SSettingsDifference> keys;
     for (const CStr& section : Unite(left.GetSections(), right.GetSections())) {
         left.SelectSection(section);
