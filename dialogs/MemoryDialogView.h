@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../common/Str.h"
+#include "BaseDialog.h"
 
 #include <map>
 
@@ -41,6 +42,18 @@ public:
 protected:
     /// Whether the user can press a button of that number.
     bool CanPress(int button) const { return m_visible && this->GetControl() && IsEnabled(button); }
+    /// Presses CBaseDialog::c_ok or c_cancel. @return whether it is one of them and can be pressed
+    bool PressOkOrCancel(int button)
+    {
+        const bool isOk = button == CBaseDialog::c_ok;
+        if (!CanPress(button) || (!isOk && button != CBaseDialog::c_cancel))
+            return false;
+        if (isOk)
+            this->GetControl()->OnOK();
+        else
+            this->GetControl()->OnCancel();
+        return true;
+    }
 
 private:
     bool m_visible = false;

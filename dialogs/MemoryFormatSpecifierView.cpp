@@ -23,13 +23,7 @@ bool CMemoryFormatSpecifierView::Choose(std::size_t index)
 
 bool CMemoryFormatSpecifierView::Press(int button)
 {
-    if (!CanPress(button) || (button != CBaseDialog::c_ok && button != CBaseDialog::c_cancel))
-        return false;
-    if (button == CBaseDialog::c_ok)
-        GetControl()->OnOK();
-    else
-        GetControl()->OnCancel();
-    return true;
+    return PressOkOrCancel(button);
 }
 
 } // namespace CommonUI

@@ -138,8 +138,10 @@ private:
     {
         constexpr int c_flags = O_CREAT | O_CLOEXEC | O_NOFOLLOW;
         const int descriptor = ::open(path.c_str(), O_RDWR | c_flags, 0666);
-        if (descriptor >= 0 || errno != EACCES)
-            return descriptor >= 0 ? descriptor : (Throw(errno, "cannot lock"), -1);
+        if (descriptor >= 0)
+            return descriptor;
+        if (errno != EACCES)
+            Throw(errno, "cannot lock");
         return Ask("cannot lock", [&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW); });
     }
 };

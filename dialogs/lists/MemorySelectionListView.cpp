@@ -21,13 +21,7 @@ void CMemorySelectionListView::Choose(std::optional<std::size_t> row)
 
 bool CMemorySelectionListView::Press(int button)
 {
-    if (!CanPress(button) || (button != CBaseDialog::c_ok && button != CBaseDialog::c_cancel))
-        return false;
-    if (button == CBaseDialog::c_ok)
-        GetControl()->OnOK();
-    else
-        GetControl()->OnCancel();
-    return true;
+    return PressOkOrCancel(button);
 }
 
 } // namespace CommonUI

@@ -31,13 +31,7 @@ bool CMemoryOptionsView::Type(int id, const CStr& text)
 
 bool CMemoryOptionsView::Press(int button)
 {
-    if (!CanPress(button))
-        return false;
-    if (button == CBaseDialog::c_ok)
-        GetControl()->OnOK();
-    else
-        GetControl()->OnCancel();
-    return true;
+    return PressOkOrCancel(button);
 }
 
 } // namespace CommonUI
