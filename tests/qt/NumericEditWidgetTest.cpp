@@ -49,14 +49,15 @@ public:
             throw std::runtime_error("notification");
     }
 
+    // Goes after the dialog, whose fields still announce what was typed when the focus leaves them.
+    std::vector<float> m_changes;
+    bool m_deletes = false;
+    bool m_throws = false;
     CManualTimerService m_timers;
     CServiceScope<CTimerService> m_timersScope{m_timers};
     QDialog m_dialog;
     QPointer<CFloatEditWidget> m_cutoff = new CFloatEditWidget;
     CIntEditWidget* m_count = new CIntEditWidget;
-    std::vector<float> m_changes;
-    bool m_deletes = false;
-    bool m_throws = false;
 };
 
 class CAnnouncingField : public CQtEditField
