@@ -68,10 +68,8 @@ void RemoveOldTemporaries(const fs::path& target)
 // must not be.
 void CheckWritable(const fs::path& target)
 {
-    errno = 0;
     std::filebuf file;
-    if (!file.open(target, std::ios::out | std::ios::app | std::ios::binary))
-        ThrowStreamError("write-protected");
+    OpenStream(file, target, std::ios::out | std::ios::app, "write-protected");
 }
 
 // The status of a file that may be replaced.

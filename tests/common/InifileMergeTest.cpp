@@ -1,6 +1,7 @@
 #include "common/file/FileLock.h"
 #include "tests/common/FailingAllocation.h"
 #include "tests/common/InifileTesting.h"
+#include "tests/common/InterruptedCalls.h"
 #include "tests/common/RecordingFileSystem.h"
 #include "tests/TemporaryFolder.h"
 
@@ -178,6 +179,25 @@ TEST_F(InifileMerge, EachCallCanFail)
         if (!system.HasFailed())
             break;
     }
+}
+
+TEST_F(InifileMerge, SignalsDoNotMatter)
+{
+    CInifile ini = Part("a=1\n", "a=2\n", "a=1\nb=1\n");
+    const CDiagnosticsCapture diagnostics;
+    bool isSaved = false;
+    std::map<std::string, int> interrupted;
+    {
+        const CInterruptedCalls signals;
+        isSaved = ini.SaveMerged() && ini.Load();
+        interrupted = signals.GetCounts();
+    }
+    EXPECT_TRUE(isSaved);
+    EXPECT_EQ(Read(), "a=2\nb=1\n");
+    EXPECT_EQ(diagnostics.GetCount(), 0);
+    EXPECT_EQ(CountFiles(), 1u);
+    for (const auto& [call, count] : interrupted)
+        EXPECT_GT(count, 0) << call;
 }
 
 TEST_F(InifileMerge, WithoutMemoryNothingIsHalfDone)
