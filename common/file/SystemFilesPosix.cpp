@@ -113,6 +113,12 @@ public:
         Ask("cannot replace", [&] { return ::rename(from.c_str(), to.c_str()); });
         FlushFolder(folder);
     }
+    void Link(const fs::path& from, const fs::path& to) override
+    {
+        const fs::path folder = to.parent_path();
+        Ask("cannot link", [&] { return ::link(from.c_str(), to.c_str()); });
+        FlushFolder(folder);
+    }
     // The standard library's iterator ends the process where it gets no memory.
     void List(const fs::path& folder, const std::function<void(const fs::path&)>& visit) override
     {
@@ -140,6 +146,17 @@ public:
         if (Retry([&] { return ::ftruncate(descriptor, 0); }) == 0)
             Retry([&] { return ::write(descriptor, holder.data(), holder.size()); });
         return descriptor;
+    }
+    // Asking takes a share of the lock for a moment; who wants it meanwhile tries again.
+    bool IsLocked(const fs::path& path) override
+    {
+        const int descriptor = Open(path.c_str(), O_RDONLY | O_NOFOLLOW);
+        if (descriptor < 0)
+            return false;
+        const bool isLocked =
+            Retry([&] { return ::flock(descriptor, LOCK_SH | LOCK_NB); }) != 0 && errno == EWOULDBLOCK;
+        ::close(descriptor);
+        return isLocked;
     }
     void Unlock(CFile lock, const fs::path& path) noexcept override
     {

@@ -9,6 +9,7 @@
 #include "common/ini/detail/IniEncoding.h"
 #include "common/ini/detail/IniMerge.h"
 #include "common/ini/detail/IniValue.h"
+#include "common/ini/detail/WithinMemory.h"
 
 #include <algorithm>
 #include <atomic>
@@ -72,18 +73,6 @@ void WarnUnreadable(const CStr& section, std::u16string_view key, std::string_vi
     constexpr std::size_t c_mostShown = 80;
     Warn(u"Section \"" + section + u"\", key \"" + key + u"\": the value \"" +
          FromWtf8(stored.substr(0, c_mostShown)) + u"\" cannot be read; its default is used");
-}
-
-// Runs `work`, which returns whether it succeeded; when it ran out of memory, that is the reason why not.
-template<class FWork>
-bool WithinMemory(CStr& reason, FWork&& work)
-{
-    try {
-        return work();
-    } catch (const std::bad_alloc&) {
-        reason = u"not enough memory";
-        return false;
-    }
 }
 
 } // namespace
@@ -200,6 +189,32 @@ bool CInifile::LoadFile(const CStr& fileName, std::shared_ptr<const std::string>
     return WarnOfFile(u"Cannot load", fileName, reason);
 }
 
+// Takes the bytes for what the file holds.
+void CInifile::TakeStored(std::string bytes)
+{
+    auto stored = std::make_shared<const std::string>(bytes);
+    LoadBytes(std::move(bytes));
+    m_stored = std::move(stored);
+    m_unreadFile = {};
+}
+
+// Is empty, as where there is no file.
+void CInifile::Forget()
+{
+    if (m_document)
+        m_document->Clear();
+    m_parseSection = 0;
+    m_stored = nullptr;
+    m_unreadFile = {};
+}
+
+// Is empty, and does not replace the file, which could not be read.
+void CInifile::Refuse()
+{
+    Forget();
+    m_unreadFile = m_fileName;
+}
+
 void CInifile::LoadBytes(std::string bytes)
 {
     if (bytes.size() > CIniDocument::c_maximumSize)
@@ -257,14 +272,16 @@ bool CInifile::SaveCopy(const CStr& fileName) const
     return WithinMemory(reason, save) || WarnOfFile(c_cannotSave, fileName, reason);
 }
 
-bool CInifile::SaveMerged(const FIsOneValue& isOneValue)
+bool CInifile::SaveChecked(const FIsOneValue& isOneValue, const FCheck& check)
 {
     CStr reason;
-    const auto save = [&] { return CanSave(m_fileName, reason) && SaveBesideOthers(isOneValue, reason); };
+    const auto save = [&] {
+        return CanSave(m_fileName, reason) && SaveBesideOthers(isOneValue, check, reason);
+    };
     return WithinMemory(reason, save) || WarnOfFile(c_cannotSave, m_fileName, reason);
 }
 
-bool CInifile::SaveBesideOthers(const FIsOneValue& isOneValue, CStr& reason)
+bool CInifile::SaveBesideOthers(const FIsOneValue& isOneValue, const FCheck& check, CStr& reason)
 {
     const CFileLock lock(m_fileName);
     if (lock.IsTaken()) {
@@ -276,7 +293,8 @@ bool CInifile::SaveBesideOthers(const FIsOneValue& isOneValue, CStr& reason)
     std::string theirs;
     if (!FileExists(m_fileName))
         return SaveBytes(GetBytes(), reason);
-    if (!ReadFileBytes(m_fileName, theirs, CIniDocument::c_maximumSize, reason))
+    if (!ReadFileBytes(m_fileName, theirs, CIniDocument::c_maximumSize, reason) ||
+        (check && !check(theirs, reason)))
         return false;
     if (m_stored && theirs == *m_stored)
         return SaveBytes(GetBytes(), reason);

@@ -83,7 +83,7 @@ public:
     /// The lock of the file is held meanwhile (see CFileLock). Somebody who holds it too long makes this
     /// fail; where there are no locks the file is saved all the same, with a line in the diagnostics.
     /// @param isOneValue sections that are this document's as a whole if it has changed a key of them
-    bool SaveMerged(const FIsOneValue& isOneValue = {});
+    bool SaveMerged(const FIsOneValue& isOneValue = {}) { return SaveChecked(isOneValue, {}); }
 
     /// As Save, to another file; the file name of this object stays what it is.
     bool SaveCopy(const CStr& fileName) const;
@@ -140,7 +140,12 @@ public:
     void WriteDoubles(std::u16string_view key, const std::vector<double>& value);
 
 private:
+    friend class CIniStore;
     friend class CSectionScope;
+
+    // Called with what the file holds before a save replaces it, while the lock is held; what stands in
+    // `there` afterwards is taken for it. Returns false to refuse the save, with a reason.
+    using FCheck = std::function<bool(std::string& there, CStr& reason)>;
 
     template<class T>
     T Read(std::u16string_view key, const T& byDefault) const;
@@ -154,7 +159,11 @@ private:
     bool LoadFile(const CStr& fileName, std::shared_ptr<const std::string>* stored);
     bool CanSave(const CStr& fileName, CStr& reason) const;
     bool SaveBytes(std::string bytes, CStr& reason);
-    bool SaveBesideOthers(const FIsOneValue& isOneValue, CStr& reason);
+    void TakeStored(std::string bytes);
+    void Forget();
+    void Refuse();
+    bool SaveChecked(const FIsOneValue& isOneValue, const FCheck& check);
+    bool SaveBesideOthers(const FIsOneValue& isOneValue, const FCheck& check, CStr& reason);
     bool SaveWithTheirs(std::string theirs, const FIsOneValue& isOneValue, CStr& reason);
 
     std::unique_ptr<CIniDocument> m_document; // null for an empty one, so that moving needs no memory

@@ -139,6 +139,8 @@ TEST_F(InifileMerge, LocksOneAfterTheOther)
         EXPECT_EQ(GetLockHolder(Name()), CStr::Format(u"process %u", GetFileSystem().GetProcess()));
     }
     EXPECT_TRUE(GetLockHolder(Name()).IsEmpty());
+    m_folder.Write("~file.ini.lock", "process 1");
+    EXPECT_TRUE(GetLockHolder(Name()).IsEmpty()) << "a process that was killed";
     EXPECT_TRUE(CFileLock(Name()).IsHeld());
     EXPECT_EQ(CountFiles(), 0u);
     const CFileLock nowhere((m_folder.GetPath() / "none" / "file").u16string());

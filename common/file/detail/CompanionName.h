@@ -14,4 +14,7 @@ std::filesystem::path FollowLinks(std::filesystem::path path);
 /// @param endLength of what follows; both together are no longer than a name may be
 std::u8string GetCompanionStart(const std::filesystem::path& target, std::size_t endLength);
 
+/// Where the last whole version of a file is kept: "~name.backup" beside it.
+std::filesystem::path GetBackupPath(const std::filesystem::path& target);
+
 } // namespace CommonUI
