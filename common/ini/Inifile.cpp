@@ -85,6 +85,7 @@ CInifile::CInifile(const CInifile& other)
     , m_stored(other.m_stored)
     , m_unreadFile(other.m_unreadFile)
     , m_fileName(other.m_fileName)
+    , m_unknown(other.m_unknown)
     , m_section(other.m_section)
     , m_parseSection(other.m_parseSection)
 {
@@ -118,6 +119,7 @@ void CInifile::Swap(CInifile& other) noexcept
     m_stored.swap(other.m_stored);
     m_unreadFile.Swap(other.m_unreadFile);
     m_fileName.Swap(other.m_fileName);
+    m_unknown.swap(other.m_unknown);
     std::swap(m_section, other.m_section);
     std::swap(m_parseSection, other.m_parseSection);
 }
@@ -167,6 +169,7 @@ bool CInifile::LoadFile(const CStr& fileName, std::shared_ptr<const std::string>
         m_document->Clear();
     m_parseSection = 0;
     m_unreadFile = {};
+    m_unknown.clear();
     CStr reason;
     const bool loaded = WithinMemory(reason, [&] {
         std::string bytes;
@@ -206,6 +209,7 @@ void CInifile::Forget()
     m_parseSection = 0;
     m_stored = nullptr;
     m_unreadFile = {};
+    m_unknown.clear();
 }
 
 // Is empty, and does not replace the file, which could not be read.
@@ -223,6 +227,7 @@ void CInifile::LoadBytes(std::string bytes)
     m_section = document->GetSection(GetSection());
     m_parseSection = 0;
     SetDocument(std::move(document));
+    m_unknown.clear();
 }
 
 std::string CInifile::GetBytes() const
@@ -495,7 +500,25 @@ void CInifile::WriteSize(std::u16string_view key, const SSize& value)
 
 void CInifile::WriteText(std::u16string_view key, std::u16string_view value)
 {
-    Write(key, CStr(value));
+    if (m_unknown.empty() || !IsKeptUnknown(key, value))
+        Write(key, CStr(value));
+}
+
+void CInifile::KeepUnknown(std::u16string_view key, std::u16string_view instead)
+{
+    m_unknown[{GetSection(), CStr(key)}] = {ReadText(key), CStr(instead)};
+}
+
+// What was written, by this program or another one, is unknown no more.
+bool CInifile::IsKeptUnknown(std::u16string_view key, std::u16string_view value)
+{
+    const auto found = m_unknown.find({GetSection(), CStr(key)});
+    if (found == m_unknown.end())
+        return false;
+    if (HasKey(key) && found->second.instead == value && found->second.stored == ReadText(key))
+        return true;
+    m_unknown.erase(found);
+    return false;
 }
 
 void CInifile::WriteTexts(std::u16string_view key, const std::vector<CStr>& value)

@@ -7,9 +7,11 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace CommonUI
@@ -136,6 +138,10 @@ public:
     void WriteRect(std::u16string_view key, const SRect& value);
     void WriteSize(std::u16string_view key, const SSize& value);
     void WriteText(std::u16string_view key, std::u16string_view value);
+    /// Says of a key of the current section that the text it has means nothing to its reader, who takes
+    /// `instead`, as a name that only later versions know. Writing `instead` leaves the stored text what it
+    /// is, until another text is written or another content loaded.
+    void KeepUnknown(std::u16string_view key, std::u16string_view instead);
     void WriteTexts(std::u16string_view key, const std::vector<CStr>& value);
     void WriteDoubles(std::u16string_view key, const std::vector<double>& value);
 
@@ -159,6 +165,7 @@ private:
     bool LoadFile(const CStr& fileName, std::shared_ptr<const std::string>* stored);
     bool CanSave(const CStr& fileName, CStr& reason) const;
     bool SaveBytes(std::string bytes, CStr& reason);
+    bool IsKeptUnknown(std::u16string_view key, std::u16string_view value);
     void TakeStored(std::string bytes);
     void Forget();
     void Refuse();
@@ -172,8 +179,13 @@ private:
         m_stored;      // the file's bytes when it was last loaded or saved; null for none
     CStr m_unreadFile; // that was there but could not be read; empty for none
     CStr m_fileName;
-    unsigned m_section = 0;      // the number of the current section in the document
-    unsigned m_parseSection = 0; // the section that ParseLine adds to
+    struct SUnknown {
+        CStr stored;
+        CStr instead;
+    };
+    std::map<std::pair<CStr, CStr>, SUnknown> m_unknown; // by section and key
+    unsigned m_section = 0;                              // the number of the current section in the document
+    unsigned m_parseSection = 0;                         // the section that ParseLine adds to
 };
 
 } // namespace CommonUI
