@@ -1146,7 +1146,7 @@ constexpr SStringTableRow c_english[] = {
             u"is saved to it."},
     {11806, u"\"%s\" is damaged: %s. Its last whole version cannot take its place (%s); it stays as it is, "
             u"and nothing is saved to it."},
-    {11807, u"\"%s\" cannot be read: %s."},
+    {11807, u"\"%s\" cannot be loaded: %s."},
     {11808, u"\"%s\" is of version %d, newer than version %d of this program; what only newer programs know "
             u"in it stays as it is."},
     {11809, u"\"%s\" has been brought to the version of this program; what it was before is kept as \"%s\"."},

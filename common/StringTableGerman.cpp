@@ -1146,7 +1146,7 @@ constexpr SStringTableRow c_german[] = {
             u"nicht überschrieben."},
     {11806, u"„%s“ ist beschädigt: %s. Ihre letzte heile Fassung kann nicht an ihre Stelle treten (%s); die "
             u"Datei bleibt, wie sie ist, und wird nicht überschrieben."},
-    {11807, u"„%s“ kann nicht gelesen werden: %s."},
+    {11807, u"„%s“ kann nicht geladen werden: %s."},
     {11808, u"„%s“ hat Fassung %d, neuer als Fassung %d dieses Programms; was nur neuere Programme kennen, "
             u"bleibt darin, wie es ist."},
     {11809, u"„%s“ hat jetzt die Fassung dieses Programms; was sie vorher war, liegt in „%s“."},

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <utility>
 
 namespace CommonUI
@@ -199,9 +200,12 @@ bool CIniStore::Save(const CInifile::FIsOneValue& isOneValue)
         const CSectionScope scope(m_ini, c_versionSection);
         m_ini.WriteInt(c_versionKey, m_schema.version);
     }
+    m_account.hasOthers = false;
+    const std::uint64_t document = m_ini.m_documentNumber;
     if (!m_ini.SaveChecked(isOneValue,
                            [this](std::string& there, CStr& reason) { return Check(there, reason); }))
         return false;
+    m_account.hasOthers = m_ini.m_documentNumber != document;
     m_account.version = std::max(m_account.version, m_schema.version);
     return true;
 }

@@ -31,6 +31,9 @@ struct COMMONDLL_API SStoreAccount {
     /// Why what was loaded could not be kept beside the file, as in a folder that is read only. Nothing is
     /// wrong with the file; it is in no sentence.
     CStr noBackup{};
+    /// Whether the last save has brought what other programs have changed into the document, from which the
+    /// program then loads again what it holds besides.
+    bool hasOthers = false;
 
     /// What people should know, in sentences; none where all is well.
     std::vector<CStr> GetSentences() const;

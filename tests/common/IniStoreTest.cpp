@@ -145,7 +145,7 @@ TEST_F(IniStore, TellsInASentence)
     fs::create_directory(m_folder.GetPath() / "file.ini");
     EXPECT_FALSE(store.Load());
     EXPECT_EQ(store.GetAccount().found, EFound::Unreadable);
-    EXPECT_TRUE(store.GetAccount().GetSentences().front().Find(u"cannot be read: ") != CStr::npos);
+    EXPECT_TRUE(store.GetAccount().GetSentences().front().Find(u"cannot be loaded: ") != CStr::npos);
     EXPECT_FALSE(store.Save());
     fs::remove(m_folder.GetPath() / "file.ini");
     EXPECT_TRUE(store.Load()) << "no file is no fault";
@@ -159,6 +159,7 @@ TEST_F(IniStore, WhatIsDamagedLaterIsPutAsideByTheSave)
     ASSERT_TRUE(store.Load());
     store.GetInifile().WriteInt(u"k", 1);
     EXPECT_TRUE(store.Save());
+    EXPECT_FALSE(store.GetAccount().hasOthers);
     store.GetInifile().WriteInt(u"l", 2);
     m_folder.Write("file.ini", "k=1\nl");
     EXPECT_TRUE(store.Save());
@@ -224,6 +225,7 @@ TEST_F(IniStore, AnotherProgramBringsItToAVersionMeanwhile)
         store.GetInifile().WriteInt(u"a", 2);
         const bool isSaved = store.Save();
         EXPECT_EQ(isSaved, Read() != row.theirs);
+        EXPECT_EQ(store.GetAccount().hasOthers, isSaved);
         EXPECT_EQ(Read(), row.after);
     }
 }

@@ -1,5 +1,5 @@
-// Several processes save keys of their own to one file and are killed at random moments; nothing that a save has
-// promised may be lost, no lock may stay, and no rest.
+// Several processes save keys of their own to one file and are killed at random moments; nothing that a save
+// has promised may be lost, no lock may stay, and no rest.
 
 #include "common/Diagnostics.h"
 #include "common/file/FileLock.h"
