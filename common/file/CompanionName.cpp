@@ -27,6 +27,14 @@ fs::path FollowLinks(fs::path path)
     return path;
 }
 
+bool IsThere(const CStr& fileName)
+{
+    CStr ignored;
+    bool isThere = true;
+    TryFile(ignored, [&] { isThere = fs::exists(fs::symlink_status(FollowLinks(ToFilePath(fileName)))); });
+    return isThere;
+}
+
 std::u8string GetCompanionStart(const fs::path& target, std::size_t endLength)
 {
     const std::size_t longest = c_longestName - 2 - endLength;

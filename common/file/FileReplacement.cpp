@@ -130,9 +130,13 @@ struct CFileReplacement::SState {
             fs::remove(before, ignored);
     }
 
-    void Open()
+    void Open(const fs::path& readers)
     {
-        const fs::file_status status = CheckTarget(target);
+        fs::file_status status = CheckTarget(target);
+        if (!readers.empty()) {
+            status = fs::status(readers);
+            status.permissions(status.permissions() | fs::perms::owner_write);
+        }
         file = GetFileSystem().Create(temporary);
         hasTemporary = true;
         // Before the content arrives: nobody may read of it what the file itself would not show.
@@ -185,11 +189,11 @@ struct CFileReplacement::SState {
 CFileReplacement::CFileReplacement() noexcept = default;
 CFileReplacement::~CFileReplacement() = default;
 
-bool CFileReplacement::Open(const CStr& fileName, CStr& reason)
+bool CFileReplacement::Open(const CStr& fileName, CStr& reason, const CStr& readers)
 {
     return TryFile(reason, [&] {
         m_state = std::make_unique<SState>(ToFilePath(fileName));
-        m_state->Open();
+        m_state->Open(readers.IsEmpty() ? fs::path() : ToFilePath(readers));
     });
 }
 

@@ -3,6 +3,7 @@
 #include "common/file/detail/CompanionName.h"
 #include "common/file/detail/FileErrors.h"
 #include "common/file/FileBytes.h"
+#include "common/file/FileReplacement.h"
 #include "common/file/FileSystem.h"
 
 #include <string>
@@ -31,13 +32,14 @@ bool HasContent(const fs::path& path, std::string_view content)
 }
 
 // Where a file can have one name only.
-void WriteCopy(const fs::path& copy, std::string_view content)
+void WriteCopy(const fs::path& target, const fs::path& copy, std::string_view content)
 {
     CFileSystem& system = GetFileSystem();
     const CFileSystem::CFile file = system.Create(copy);
     CStr reason;
     bool isOpen = true;
     if (TryFile(reason, [&] {
+            fs::permissions(copy, fs::status(target).permissions());
             system.Write(file, content);
             system.Flush(file);
             isOpen = false;
@@ -59,7 +61,7 @@ void LinkOrCopy(const fs::path& target, const fs::path& kept, std::string_view c
     } catch (const std::system_error& error) {
         if (error.code() == std::errc::file_exists)
             throw;
-        WriteCopy(kept, content);
+        WriteCopy(target, kept, content);
     }
 }
 
@@ -85,6 +87,13 @@ CStr GetBackupName(const CStr& fileName)
     CStr reason, name;
     TryFile(reason, [&] { name = GetBackupPath(FollowLinks(ToFilePath(fileName))).u16string(); });
     return name;
+}
+
+bool KeepBackupFile(const CStr& fileName, std::string_view content, CStr& reason)
+{
+    CFileReplacement backup;
+    return backup.Open(GetBackupName(fileName), reason, fileName) && backup.Write(content, reason) &&
+           backup.Replace(reason);
 }
 
 bool KeepFile(const CStr& fileName, std::string_view content, const CStr& why, CStr& keptAs, CStr& reason)

@@ -12,6 +12,10 @@ namespace CommonUI
 /// link stands for what it leads to. Empty for what is the name of no file.
 COMMONDLL_API CStr GetBackupName(const CStr& fileName);
 
+/// Keeps the content of a file in its backup, for whoever may read the file. Returns false with a reason, and
+/// the backup as it was, when that fails.
+COMMONDLL_API bool KeepBackupFile(const CStr& fileName, std::string_view content, CStr& reason);
+
 /// Keeps what a file holds under another name in its folder: "name.why", or "name.why-2" and so on, the first
 /// that nothing has, or that has the same content already. The file itself stays. Returns false, with a
 /// reason and nothing left, when that fails.

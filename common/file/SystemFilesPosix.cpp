@@ -170,10 +170,11 @@ private:
     static int OpenLock(const fs::path& path)
     {
         int descriptor = Open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW);
-        if (descriptor < 0 && errno == EACCES)
+        const int error = errno;
+        if (descriptor < 0 && error == EACCES)
             descriptor = Open(path.c_str(), O_RDONLY | O_NOFOLLOW);
         if (descriptor < 0)
-            Throw(errno, "cannot lock");
+            Throw(error, "cannot lock");
         return descriptor;
     }
 };

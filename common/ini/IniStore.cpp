@@ -1,6 +1,7 @@
 #include "common/ini/IniStore.h"
 
 #include "common/Diagnostics.h"
+#include "common/file/detail/CompanionName.h"
 #include "common/file/FileBytes.h"
 #include "common/file/FileLock.h"
 #include "common/file/KeptFile.h"
@@ -111,7 +112,7 @@ bool CIniStore::LoadFile()
 {
     m_account.fileName = m_ini.GetFileName();
     m_account.programVersion = m_schema.version;
-    if (!FileExists(m_account.fileName))
+    if (!IsThere(m_account.fileName))
         return true;
     std::string bytes;
     std::optional<std::string> backup;
@@ -179,7 +180,7 @@ bool CIniStore::Repair(const std::string& damaged, const std::optional<std::stri
 void CIniStore::KeepBackup(const std::string& bytes, const std::optional<std::string>& backup)
 {
     if (backup != bytes)
-        ReplaceFileBytes(GetBackupName(m_account.fileName), bytes, m_account.noBackup);
+        KeepBackupFile(m_account.fileName, bytes, m_account.noBackup);
 }
 
 void CIniStore::Migrate()

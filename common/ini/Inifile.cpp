@@ -3,6 +3,7 @@
 #include "common/detail/Wtf8.h"
 #include "common/Diagnostics.h"
 #include "common/Exceptions.h"
+#include "common/file/detail/CompanionName.h"
 #include "common/file/FileBytes.h"
 #include "common/file/FileLock.h"
 #include "common/ini/detail/IniDocument.h"
@@ -237,7 +238,7 @@ std::string CInifile::GetBytes() const
 
 bool CInifile::IsUnread(const CStr& fileName) const
 {
-    return !m_unreadFile.IsEmpty() && fileName == m_unreadFile && FileExists(fileName);
+    return !m_unreadFile.IsEmpty() && fileName == m_unreadFile && IsThere(fileName);
 }
 
 bool CInifile::CanSave(const CStr& fileName, CStr& reason) const
@@ -296,7 +297,7 @@ bool CInifile::SaveBesideOthers(const FIsOneValue& isOneValue, const FCheck& che
     if (!lock.IsHeld())
         Warn(u"\"" + m_fileName + u"\" is saved without a lock: " + lock.GetReason());
     std::string theirs;
-    if (!FileExists(m_fileName))
+    if (!IsThere(m_fileName))
         return SaveBytes(GetBytes(), reason);
     if (!ReadFileBytes(m_fileName, theirs, CIniDocument::c_maximumSize, reason) ||
         (check && !check(theirs, reason)))

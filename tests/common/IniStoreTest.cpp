@@ -319,6 +319,41 @@ TEST_F(IniStore, WithoutMemoryNothingIsLost)
     }
 }
 
+TEST_F(IniStore, WhoMayNotReadTheFileMayNotReadWhatIsKept)
+{
+    const auto permissionsOf = [&](const std::string& name) {
+        return fs::status(m_folder.GetPath() / name).permissions();
+    };
+    const fs::perms mine = fs::perms::owner_read | fs::perms::owner_write;
+    for (const bool hasLinks : {true, false}) {
+        WriteAll({{"file.ini", "a=1\n"}});
+        fs::permissions(m_folder.GetPath() / "file.ini", mine);
+        CRecordingFileSystem system;
+        system.hasLinks = hasLinks;
+        const CFileSystemScope scope(system);
+        CIniStore store(Name());
+        EXPECT_TRUE(store.Load() && store.Save());
+        EXPECT_EQ(permissionsOf(c_backup), mine);
+        EXPECT_EQ(permissionsOf("file.ini.version-0"), mine);
+    }
+}
+
+TEST_F(IniStore, LinksLeadToTheFile)
+{
+    fs::create_directory(m_folder.GetPath() / "elsewhere");
+    fs::create_symlink("elsewhere/real.ini", m_folder.GetPath() / "file.ini");
+    CIniStore store(Name());
+    EXPECT_TRUE(store.Load()) << "there is nothing yet";
+    store.GetInifile().WriteInt(u"k", 1);
+    EXPECT_TRUE(store.Save() && store.Load());
+    EXPECT_EQ(Read("elsewhere/~real.ini.backup"), "k=1\n[FileFormat]\nVersion=1\n");
+    m_folder.Write("elsewhere/real.ini", "k");
+    EXPECT_TRUE(store.Load());
+    EXPECT_EQ(Read("elsewhere/real.ini"), "k=1\n[FileFormat]\nVersion=1\n");
+    EXPECT_TRUE(fs::is_symlink(m_folder.GetPath() / "file.ini"));
+    EXPECT_TRUE(store.GetAccount().keptAs.Find(u"elsewhere") != CStr::npos);
+}
+
 TEST_F(IniStore, OddNamesAndFullDisks)
 {
     const std::string name(255, 'n');
