@@ -88,6 +88,8 @@ TEST_F(IniStore, WhatIsDamagedIsPutAsideAndTheBackupTaken)
         {c_whole + "[D]\n", c_whole + "[D]\nd=1\n", u"", false},
         {c_whole + "[C]\nc=3", c_whole, u"", false},
         {"[A]\na=1\n[B]\n", unversioned, u"", false},
+        {"[A]\n[B]\nb=2", c_whole, u"", false},
+        {"a=1", "a=1\nb=2", u"", false},
         {"x=\xE4\n" + c_whole, c_whole, u"", false},
     };
     for (const auto& row : rows) {
@@ -293,7 +295,8 @@ TEST_F(IniStore, EachCallCanFail)
             EXPECT_EQ(Read(), isSaved    ? "k=1\n[A]\na=1\n[FileFormat]\nVersion=1\n"
                               : isLoaded ? "[A]\na=1\n"
                                          : "[A]\na=1\n[");
-            EXPECT_TRUE(!isLoaded || ReadAside() == "[A]\na=1\n[");
+            EXPECT_TRUE(ReadAside() == "[A]\na=1\n[" || (!isLoaded && ReadAside().empty()))
+                << "no part of it";
             EXPECT_EQ(Read(c_backup), "[A]\na=1\n");
             for (const auto& [name, content] : ReadAll())
                 EXPECT_TRUE(!name.ends_with(".tmp") && !name.ends_with(".lock")) << name;
