@@ -184,6 +184,7 @@ TEST_F(IniStore, VersionsGoUpAndNeverDown)
     } rows[] = {
         {"a=1\n", "a=1\nb=10\nk=1\n[FileFormat]\nVersion=3\n", "version-0", 1},
         {"b=2\n[FileFormat]\nVersion=1\n", "b=20\nk=1\n[FileFormat]\nVersion=3\n", "version-1", 1},
+        {"", "b=0\nk=1\n[FileFormat]\nVersion=3\n", "", 0},
         {"b=2\n[FileFormat]\nVersion=3\n", "b=2\nk=1\n[FileFormat]\nVersion=3\n", "", 0},
         {"b=2\n[FileFormat]\nVersion=4\nnew=5\n", "b=2\nk=1\n[FileFormat]\nVersion=4\nnew=5\n", "", 1},
         {"a=1\n[FileFormat]\nVersion=x\n", "a=1\nb=10\nk=1\n[FileFormat]\nVersion=3\n", "version-0", 1},
@@ -229,6 +230,8 @@ TEST_F(IniStore, AnotherProgramBringsItToAVersionMeanwhile)
         EXPECT_EQ(isSaved, Read() != row.theirs);
         EXPECT_EQ(store.GetAccount().hasOthers, isSaved);
         EXPECT_EQ(Read(), row.after);
+        m_folder.Write("file.ini", "a=1\n[FileFormat]\nVersion=9\n");
+        EXPECT_FALSE(store.Save() || store.GetAccount().hasOthers);
     }
 }
 

@@ -183,6 +183,17 @@ TEST_F(InifileMerge, EachCallCanFail)
     }
 }
 
+TEST_F(InifileMerge, WhatOthersWriteIsUnknownNoMore)
+{
+    CInifile ini = Part("a=x\n", "a=x\n", "a=y\n");
+    ini.KeepUnknown(u"a", u"instead");
+    ini.WriteText(u"a", u"instead");
+    EXPECT_TRUE(ini.SaveMerged());
+    EXPECT_EQ(Read(), "a=y\n");
+    ini.WriteText(u"a", u"instead");
+    EXPECT_EQ(ini.GetBytes(), "a=instead\n");
+}
+
 TEST_F(InifileMerge, SignalsDoNotMatter)
 {
     CInifile ini = Part("a=1\n", "a=2\n", "a=1\nb=1\n");
