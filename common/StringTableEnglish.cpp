@@ -1137,6 +1137,20 @@ constexpr SStringTableRow c_english[] = {
     {11540, u"the server answers with status %d"},
     {11541, u"the answer is no feed"},
     {11542, u"%s (%s)"},
+    {11801, u"it is no text"},
+    {11802, u"it is not in the encoding that its first bytes tell of"},
+    {11803, u"it is cut off in line %d"},
+    {11804,
+     u"\"%s\" is damaged: %s. Its last whole version has taken its place; the damaged file is now \"%s\"."},
+    {11805, u"\"%s\" is damaged: %s. There is no whole version of it to take; it stays as it is, and nothing "
+            u"is saved to it."},
+    {11806, u"\"%s\" is damaged: %s. Its last whole version cannot take its place (%s); it stays as it is, "
+            u"and nothing is saved to it."},
+    {11807, u"\"%s\" cannot be loaded: %s."},
+    {11808, u"\"%s\" is of version %d, newer than version %d of this program; what only newer programs know "
+            u"in it stays as it is."},
+    {11809, u"\"%s\" has been brought to the version of this program; what it was before is kept as \"%s\"."},
+    {11810, u"another program has brought the file to version %d meanwhile; it has to be loaded again"},
 };
 
 constexpr bool IsRising()

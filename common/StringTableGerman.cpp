@@ -1137,6 +1137,20 @@ constexpr SStringTableRow c_german[] = {
     {11540, u"der Server antwortet mit Status %d"},
     {11541, u"die Antwort ist kein Feed"},
     {11542, u"%s (%s)"},
+    {11801, u"sie ist kein Text"},
+    {11802, u"sie hat nicht die Kodierung, die ihre ersten Bytes angeben"},
+    {11803, u"sie bricht in Zeile %d ab"},
+    {11804, u"„%s“ ist beschädigt: %s. Ihre letzte heile Fassung ist an ihre Stelle getreten; die "
+            u"beschädigte Datei ist jetzt „%s“."},
+    {11805, u"„%s“ ist beschädigt: %s. Es gibt keine heile Fassung; die Datei bleibt, wie sie ist, und wird "
+            u"nicht überschrieben."},
+    {11806, u"„%s“ ist beschädigt: %s. Ihre letzte heile Fassung kann nicht an ihre Stelle treten (%s); die "
+            u"Datei bleibt, wie sie ist, und wird nicht überschrieben."},
+    {11807, u"„%s“ kann nicht geladen werden: %s."},
+    {11808, u"„%s“ hat Fassung %d, neuer als Fassung %d dieses Programms; was nur neuere Programme kennen, "
+            u"bleibt darin, wie es ist."},
+    {11809, u"„%s“ hat jetzt die Fassung dieses Programms; was sie vorher war, liegt in „%s“."},
+    {11810, u"ein anderes Programm hat die Datei inzwischen auf Fassung %d gebracht; sie ist neu zu laden"},
 };
 
 } // namespace

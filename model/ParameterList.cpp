@@ -86,9 +86,10 @@ void WriteFormat(const CParameter& parameter, CInifile& ini, const CStr& prefix)
     ini.WriteInt(prefix + c_size, format.count);
 }
 
-// The value whose name a key has; `byDefault` where the key is missing or the name unknown.
+// The value whose name a key has; `byDefault` where the key is missing or the name unknown, which then stays
+// until another value is written.
 template<class T>
-T ReadName(const CInifile& ini, const CStr& key, const CEnum<T>& names, T byDefault)
+T ReadName(CInifile& ini, const CStr& key, const CEnum<T>& names, T byDefault)
 {
     if (!ini.HasKey(key))
         return byDefault;
@@ -97,10 +98,11 @@ T ReadName(const CInifile& ini, const CStr& key, const CEnum<T>& names, T byDefa
     if (found != names.end())
         return static_cast<T>(found->GetValue());
     Warn(CStr::Format(u"%s: there is no \"%s\"", key, name));
+    ini.KeepUnknown(key, names.GetIniName(static_cast<int>(byDefault)));
     return byDefault;
 }
 
-void ReadFormat(CParameter& parameter, const CInifile& ini, const CStr& prefix)
+void ReadFormat(CParameter& parameter, CInifile& ini, const CStr& prefix)
 {
     CParameter::SFormatSpecifier format = parameter.GetFloatFormat();
     format.type = ReadName(ini, prefix + c_format, GetFormatSpecifierEnum(), format.type);
@@ -117,7 +119,7 @@ CStr FactorKey(const CParameter& parameter)
     return CUnit::GetUnitFactorEnum().GetIniName(static_cast<int>(parameter.GetUnitFactor()));
 }
 
-EUnitFactor ReadFactor(const CInifile& ini, const CStr& key, EUnitFactor byDefault)
+EUnitFactor ReadFactor(CInifile& ini, const CStr& key, EUnitFactor byDefault)
 {
     return ReadName(ini, key, CUnit::GetUnitFactorEnum(), byDefault);
 }
@@ -130,7 +132,7 @@ void SaveStatic(const CParameter& parameter, CInifile& ini)
     WriteFormat(parameter, ini, prefix);
 }
 
-void LoadStatic(CParameter& parameter, const CInifile& ini)
+void LoadStatic(CParameter& parameter, CInifile& ini)
 {
     const CStr prefix = parameter.GetIniName();
     parameter.SetOn(ini.ReadBool(prefix + u'_' + c_on, parameter.IsOn()));
@@ -203,7 +205,7 @@ const CParameter* FindParent(std::span<const CParameter> parameters, const CInif
     return &*parent;
 }
 
-CParameter LoadDynamic(int value, const CParameter& parent, const CInifile& ini, const CStr& prefix)
+CParameter LoadDynamic(int value, const CParameter& parent, CInifile& ini, const CStr& prefix)
 {
     CParameter parameter(value, parent);
     const std::vector<double> values = ini.ReadDoubles(prefix + u"VariableValues");

@@ -71,27 +71,33 @@ void ReadNumberOf(const CInifile& ini, const CStr& key, T& value)
         WarnOfPreference(CStr::Format(u"%s: there is no %d", key, number));
 }
 
+/// An unknown name stays in the file until another value is written than the one that is used instead.
 template<class T>
-void ReadNameOf(const CInifile& ini, const CStr& key, T& value)
+void ReadNameOf(CInifile& ini, const CStr& key, T& value)
 {
     if (!ini.HasKey(key))
         return;
     const CStr name = ini.ReadText(key);
     const auto found = NamesOf<T>().FindIniName(name);
-    if (found == NamesOf<T>().end())
-        WarnOfPreference(CStr::Format(u"%s: there is no \"%s\"", key, name));
-    else
+    if (found != NamesOf<T>().end()) {
         value = static_cast<T>(found->GetValue());
+        return;
+    }
+    WarnOfPreference(CStr::Format(u"%s: there is no \"%s\"", key, name));
+    ini.KeepUnknown(key, NamesOf<T>().GetIniName(static_cast<int>(value)));
 }
 
 template<class T>
-requires std::is_enum_v<T>
-void ReadPreference(const CInifile& ini, const CStr& key, T& value)
+requires(c_storedNumbers<T> != 0) void ReadPreference(const CInifile& ini, const CStr& key, T& value)
 {
-    if constexpr (c_storedNumbers<T> != 0)
-        ReadNumberOf(ini, key, value);
-    else
-        ReadNameOf(ini, key, value);
+    ReadNumberOf(ini, key, value);
+}
+
+template<class T>
+requires(std::is_enum_v<T>&& c_storedNumbers<T> == 0) void ReadPreference(CInifile& ini, const CStr& key,
+                                                                          T& value)
+{
+    ReadNameOf(ini, key, value);
 }
 
 inline void WritePreference(CInifile& ini, const CStr& key, bool value)
@@ -147,7 +153,7 @@ void InitPreferences(TObject& object, const TTable& table)
 /// Reads every value of the table whose key the current section has, `prefix` in front of it; a value that is
 /// missing or cannot be read stays.
 template<class TObject, class TTable>
-void LoadPreferences(TObject& object, const CInifile& ini, const TTable& table, const CStr& prefix = {})
+void LoadPreferences(TObject& object, CInifile& ini, const TTable& table, const CStr& prefix = {})
 {
     std::apply(
         [&](const auto&... rows) { (ReadPreference(ini, prefix + rows.key, object.*rows.member), ...); },

@@ -24,10 +24,8 @@ std::string ReadAll(const fs::path& path, std::size_t maximum)
         Refuse("cannot read", std::errc::is_a_directory);
     if (!fs::is_regular_file(status))
         Refuse("not a regular file", std::errc::invalid_argument);
-    errno = 0;
     std::filebuf file;
-    if (!file.open(path, std::ios::in | std::ios::binary))
-        ThrowStreamError("cannot open file");
+    OpenStream(file, path, std::ios::in, "cannot open file");
     const auto size = static_cast<std::streamoff>(file.pubseekoff(0, std::ios::end));
     if (size < 0)
         ThrowStreamError("cannot read file");

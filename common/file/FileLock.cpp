@@ -33,7 +33,7 @@ CStr DescribeHolder(const CStr& fileName)
 
 CFileLock::CFileLock(const CStr& fileName, std::chrono::milliseconds patience)
 {
-    constexpr std::chrono::milliseconds c_longestWait{16};
+    constexpr std::chrono::milliseconds c_longestWait{4};
     TryFile(m_reason, [&] {
         m_path = GetLockPath(fileName);
         CFileSystem& system = GetFileSystem();
@@ -63,8 +63,11 @@ CStr GetLockHolder(const CStr& fileName)
     constexpr std::size_t c_longest = 100;
     CStr reason;
     std::string holder;
-    TryFile(reason,
-            [&] { ReadFileBytes(CStr(GetLockPath(fileName).u16string()), holder, c_longest, reason); });
+    TryFile(reason, [&] {
+        const std::filesystem::path path = GetLockPath(fileName);
+        if (GetFileSystem().IsLocked(path))
+            ReadFileBytes(CStr(path.u16string()), holder, c_longest, reason);
+    });
     return CStr::FromUtf8(holder);
 }
 

@@ -68,10 +68,8 @@ void RemoveOldTemporaries(const fs::path& target)
 // must not be.
 void CheckWritable(const fs::path& target)
 {
-    errno = 0;
     std::filebuf file;
-    if (!file.open(target, std::ios::out | std::ios::app | std::ios::binary))
-        ThrowStreamError("write-protected");
+    OpenStream(file, target, std::ios::out | std::ios::app, "write-protected");
 }
 
 // The status of a file that may be replaced.
@@ -132,9 +130,13 @@ struct CFileReplacement::SState {
             fs::remove(before, ignored);
     }
 
-    void Open()
+    void Open(const fs::path& readers)
     {
-        const fs::file_status status = CheckTarget(target);
+        fs::file_status status = CheckTarget(target);
+        if (!readers.empty()) {
+            status = fs::status(readers);
+            status.permissions(status.permissions() | fs::perms::owner_write);
+        }
         file = GetFileSystem().Create(temporary);
         hasTemporary = true;
         // Before the content arrives: nobody may read of it what the file itself would not show.
@@ -187,11 +189,11 @@ struct CFileReplacement::SState {
 CFileReplacement::CFileReplacement() noexcept = default;
 CFileReplacement::~CFileReplacement() = default;
 
-bool CFileReplacement::Open(const CStr& fileName, CStr& reason)
+bool CFileReplacement::Open(const CStr& fileName, CStr& reason, const CStr& readers)
 {
     return TryFile(reason, [&] {
         m_state = std::make_unique<SState>(ToFilePath(fileName));
-        m_state->Open();
+        m_state->Open(readers.IsEmpty() ? fs::path() : ToFilePath(readers));
     });
 }
 

@@ -22,7 +22,9 @@ public:
     CFileReplacement& operator=(const CFileReplacement&) = delete;
 
     /// To be called first, and once.
-    bool Open(const CStr& fileName, CStr& reason);
+    /// @param readers a file whose permissions the content gets, and the one to write it; empty for those of
+    ///     the file that is replaced
+    bool Open(const CStr& fileName, CStr& reason, const CStr& readers = {});
     bool Write(std::string_view bytes, CStr& reason);
     /// Puts the content in its place.
     bool Replace(CStr& reason);

@@ -1,5 +1,6 @@
 #include "common/file/FileSystem.h"
 
+#include "common/file/detail/FileErrors.h"
 #include "common/file/detail/SystemFiles.h"
 
 #include <atomic>
@@ -15,6 +16,16 @@ std::atomic<CFileSystem*> s_inPlace{nullptr}; // null for the system itself
 } // namespace
 
 CFileSystem::~CFileSystem() = default;
+
+void CFileSystem::Link(const std::filesystem::path&, const std::filesystem::path&)
+{
+    Refuse("cannot link", std::errc::operation_not_supported);
+}
+
+bool CFileSystem::IsLocked(const std::filesystem::path& path)
+{
+    return std::filesystem::exists(path);
+}
 
 CFileSystem& GetFileSystem() noexcept
 {

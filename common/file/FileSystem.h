@@ -33,6 +33,9 @@ public:
     /// Gives a file the name of another one, which goes in the same moment, and flushes the change.
     virtual void Replace(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
 
+    /// Gives a file a second name, which nothing has yet, and flushes it. Not every system can.
+    virtual void Link(const std::filesystem::path& from, const std::filesystem::path& to);
+
     /// Calls `visit` with the name of each entry of a folder.
     virtual void List(const std::filesystem::path& folder,
                       const std::function<void(const std::filesystem::path&)>& visit) = 0;
@@ -41,6 +44,8 @@ public:
     /// @param holder what it says to those who look who holds the lock
     /// @return nothing while somebody else holds the lock
     virtual std::optional<CFile> TryLock(const std::filesystem::path& path, std::string_view holder) = 0;
+    /// Whether somebody holds the lock. Its file may be there without: that of a process that was killed.
+    virtual bool IsLocked(const std::filesystem::path& path);
     virtual void Unlock(CFile lock, const std::filesystem::path& path) noexcept = 0;
 
     /// A number that no other process of this machine has now.

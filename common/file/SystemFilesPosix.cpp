@@ -26,17 +26,30 @@ namespace fs = std::filesystem;
     throw std::system_error(error, std::generic_category(), what);
 }
 
-// Calls until no signal comes between. Returns what the call has returned, if that is no failure.
+// Calls until no signal comes between.
 template<class FCall>
-auto Ask(const char* what, const FCall& call)
+auto Retry(const FCall& call)
 {
     for (;;) {
         const auto result = call();
-        if (result >= 0)
+        if (result >= 0 || errno != EINTR)
             return result;
-        if (errno != EINTR)
-            Throw(errno, what);
     }
+}
+
+// Returns what the call has returned, if that is no failure.
+template<class FCall>
+auto Ask(const char* what, const FCall& call)
+{
+    const auto result = Retry(call);
+    if (result < 0)
+        Throw(errno, what);
+    return result;
+}
+
+int Open(const char* path, int flags)
+{
+    return Retry([&] { return ::open(path, flags | O_CLOEXEC, 0666); });
 }
 
 int ToDescriptor(CFileSystem::CFile file)
@@ -47,10 +60,10 @@ int ToDescriptor(CFileSystem::CFile file)
 // Names are on the disk when their folder is. What cannot be flushed is as safe as its file system makes it.
 void FlushFolder(const fs::path& folder)
 {
-    const int descriptor = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int descriptor = Open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
     if (descriptor < 0)
         return;
-    ::fsync(descriptor);
+    Retry([&] { return ::fsync(descriptor); });
     ::close(descriptor);
 }
 
@@ -70,8 +83,10 @@ class CSystemFiles : public CFileSystem
 public:
     CFile Create(const fs::path& path) override
     {
-        return Ask("cannot create temporary file",
-                   [&] { return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666); });
+        const int descriptor = Open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL);
+        if (descriptor < 0)
+            Throw(errno, "cannot create temporary file");
+        return descriptor;
     }
     void Write(CFile file, std::string_view bytes) override
     {
@@ -83,9 +98,10 @@ public:
     void Flush(CFile file) override
     {
         // A pipe or the like has nothing to flush.
-        if (::fsync(ToDescriptor(file)) != 0 && errno != EINVAL && errno != ENOTSUP)
+        if (Retry([&] { return ::fsync(ToDescriptor(file)); }) != 0 && errno != EINVAL && errno != ENOTSUP)
             Throw(errno, "cannot write temporary file");
     }
+    // After a signal the file is closed, too: closed once more it could be another one.
     void Close(CFile file) override
     {
         if (::close(ToDescriptor(file)) != 0 && errno != EINTR)
@@ -94,25 +110,31 @@ public:
     void Replace(const fs::path& from, const fs::path& to) override
     {
         const fs::path folder = to.parent_path(); // before, as it needs memory
-        fs::rename(from, to);
+        Ask("cannot replace", [&] { return ::rename(from.c_str(), to.c_str()); });
+        FlushFolder(folder);
+    }
+    void Link(const fs::path& from, const fs::path& to) override
+    {
+        const fs::path folder = to.parent_path();
+        Ask("cannot link", [&] { return ::link(from.c_str(), to.c_str()); });
         FlushFolder(folder);
     }
     // The standard library's iterator ends the process where it gets no memory.
     void List(const fs::path& folder, const std::function<void(const fs::path&)>& visit) override
     {
-        const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folder.c_str()), &::closedir);
-        if (!entries)
-            Throw(errno, "cannot read folder");
+        DIR* opened = nullptr;
+        Ask("cannot read folder", [&] { return (opened = ::opendir(folder.c_str())) ? 0 : -1; });
+        const std::unique_ptr<DIR, int (*)(DIR*)> entries(opened, &::closedir);
         while (const dirent* const entry = ::readdir(entries.get()))
             visit(entry->d_name);
     }
     std::optional<CFile> TryLock(const fs::path& path, std::string_view holder) override
     {
         const int descriptor = OpenLock(path);
-        if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+        if (Retry([&] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) != 0) {
             const int error = errno;
             ::close(descriptor);
-            if (error == EWOULDBLOCK || error == EINTR)
+            if (error == EWOULDBLOCK)
                 return std::nullopt;
             Throw(error, "cannot lock");
         }
@@ -121,9 +143,20 @@ public:
             return std::nullopt;
         }
         // The lock holds whether or not others can read who has it.
-        if (::ftruncate(descriptor, 0) == 0) [[maybe_unused]]
-            const auto written = ::write(descriptor, holder.data(), holder.size());
+        if (Retry([&] { return ::ftruncate(descriptor, 0); }) == 0)
+            Retry([&] { return ::write(descriptor, holder.data(), holder.size()); });
         return descriptor;
+    }
+    // Asking takes a share of the lock for a moment; who wants it meanwhile tries again.
+    bool IsLocked(const fs::path& path) override
+    {
+        const int descriptor = Open(path.c_str(), O_RDONLY | O_NOFOLLOW);
+        if (descriptor < 0)
+            return false;
+        const bool isLocked =
+            Retry([&] { return ::flock(descriptor, LOCK_SH | LOCK_NB); }) != 0 && errno == EWOULDBLOCK;
+        ::close(descriptor);
+        return isLocked;
     }
     void Unlock(CFile lock, const fs::path& path) noexcept override
     {
@@ -136,13 +169,13 @@ private:
     // Somebody else's file may be one that this process can read only, which is enough.
     static int OpenLock(const fs::path& path)
     {
-        constexpr int c_flags = O_CREAT | O_CLOEXEC | O_NOFOLLOW;
-        const int descriptor = ::open(path.c_str(), O_RDWR | c_flags, 0666);
-        if (descriptor >= 0)
-            return descriptor;
-        if (errno != EACCES)
-            Throw(errno, "cannot lock");
-        return Ask("cannot lock", [&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW); });
+        int descriptor = Open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW);
+        const int error = errno;
+        if (descriptor < 0 && error == EACCES)
+            descriptor = Open(path.c_str(), O_RDONLY | O_NOFOLLOW);
+        if (descriptor < 0)
+            Throw(error, "cannot lock");
+        return descriptor;
     }
 };
 

@@ -92,6 +92,11 @@ public:
             wait = std::min(2 * wait, c_longestWait);
         }
     }
+    void Link(const fs::path& from, const fs::path& to) override
+    {
+        if (!CreateHardLinkW(to.c_str(), from.c_str(), nullptr))
+            Throw(GetLastError(), "cannot link");
+    }
     void List(const fs::path& folder, const std::function<void(const fs::path&)>& visit) override
     {
         WIN32_FIND_DATAW entry;

@@ -3,12 +3,14 @@
 #include "common/detail/Wtf8.h"
 #include "common/Diagnostics.h"
 #include "common/Exceptions.h"
+#include "common/file/detail/CompanionName.h"
 #include "common/file/FileBytes.h"
 #include "common/file/FileLock.h"
 #include "common/ini/detail/IniDocument.h"
 #include "common/ini/detail/IniEncoding.h"
 #include "common/ini/detail/IniMerge.h"
 #include "common/ini/detail/IniValue.h"
+#include "common/ini/detail/WithinMemory.h"
 
 #include <algorithm>
 #include <atomic>
@@ -74,18 +76,6 @@ void WarnUnreadable(const CStr& section, std::u16string_view key, std::string_vi
          FromWtf8(stored.substr(0, c_mostShown)) + u"\" cannot be read; its default is used");
 }
 
-// Runs `work`, which returns whether it succeeded; when it ran out of memory, that is the reason why not.
-template<class FWork>
-bool WithinMemory(CStr& reason, FWork&& work)
-{
-    try {
-        return work();
-    } catch (const std::bad_alloc&) {
-        reason = u"not enough memory";
-        return false;
-    }
-}
-
 } // namespace
 
 CInifile::CInifile() = default;
@@ -96,6 +86,7 @@ CInifile::CInifile(const CInifile& other)
     , m_stored(other.m_stored)
     , m_unreadFile(other.m_unreadFile)
     , m_fileName(other.m_fileName)
+    , m_unknown(other.m_unknown)
     , m_section(other.m_section)
     , m_parseSection(other.m_parseSection)
 {
@@ -129,6 +120,7 @@ void CInifile::Swap(CInifile& other) noexcept
     m_stored.swap(other.m_stored);
     m_unreadFile.Swap(other.m_unreadFile);
     m_fileName.Swap(other.m_fileName);
+    m_unknown.swap(other.m_unknown);
     std::swap(m_section, other.m_section);
     std::swap(m_parseSection, other.m_parseSection);
 }
@@ -178,6 +170,7 @@ bool CInifile::LoadFile(const CStr& fileName, std::shared_ptr<const std::string>
         m_document->Clear();
     m_parseSection = 0;
     m_unreadFile = {};
+    m_unknown.clear();
     CStr reason;
     const bool loaded = WithinMemory(reason, [&] {
         std::string bytes;
@@ -200,6 +193,33 @@ bool CInifile::LoadFile(const CStr& fileName, std::shared_ptr<const std::string>
     return WarnOfFile(u"Cannot load", fileName, reason);
 }
 
+// Takes the bytes for what the file holds.
+void CInifile::TakeStored(std::string bytes)
+{
+    auto stored = std::make_shared<const std::string>(bytes);
+    LoadBytes(std::move(bytes));
+    m_stored = std::move(stored);
+    m_unreadFile = {};
+}
+
+// Is empty, as where there is no file.
+void CInifile::Forget()
+{
+    if (m_document)
+        m_document->Clear();
+    m_parseSection = 0;
+    m_stored = nullptr;
+    m_unreadFile = {};
+    m_unknown.clear();
+}
+
+// Is empty, and does not replace the file, which could not be read.
+void CInifile::Refuse()
+{
+    Forget();
+    m_unreadFile = m_fileName;
+}
+
 void CInifile::LoadBytes(std::string bytes)
 {
     if (bytes.size() > CIniDocument::c_maximumSize)
@@ -208,6 +228,7 @@ void CInifile::LoadBytes(std::string bytes)
     m_section = document->GetSection(GetSection());
     m_parseSection = 0;
     SetDocument(std::move(document));
+    m_unknown.clear();
 }
 
 std::string CInifile::GetBytes() const
@@ -217,7 +238,7 @@ std::string CInifile::GetBytes() const
 
 bool CInifile::IsUnread(const CStr& fileName) const
 {
-    return !m_unreadFile.IsEmpty() && fileName == m_unreadFile && FileExists(fileName);
+    return !m_unreadFile.IsEmpty() && fileName == m_unreadFile && IsThere(fileName);
 }
 
 bool CInifile::CanSave(const CStr& fileName, CStr& reason) const
@@ -257,14 +278,16 @@ bool CInifile::SaveCopy(const CStr& fileName) const
     return WithinMemory(reason, save) || WarnOfFile(c_cannotSave, fileName, reason);
 }
 
-bool CInifile::SaveMerged(const FIsOneValue& isOneValue)
+bool CInifile::SaveChecked(const FIsOneValue& isOneValue, const FCheck& check)
 {
     CStr reason;
-    const auto save = [&] { return CanSave(m_fileName, reason) && SaveBesideOthers(isOneValue, reason); };
+    const auto save = [&] {
+        return CanSave(m_fileName, reason) && SaveBesideOthers(isOneValue, check, reason);
+    };
     return WithinMemory(reason, save) || WarnOfFile(c_cannotSave, m_fileName, reason);
 }
 
-bool CInifile::SaveBesideOthers(const FIsOneValue& isOneValue, CStr& reason)
+bool CInifile::SaveBesideOthers(const FIsOneValue& isOneValue, const FCheck& check, CStr& reason)
 {
     const CFileLock lock(m_fileName);
     if (lock.IsTaken()) {
@@ -274,9 +297,10 @@ bool CInifile::SaveBesideOthers(const FIsOneValue& isOneValue, CStr& reason)
     if (!lock.IsHeld())
         Warn(u"\"" + m_fileName + u"\" is saved without a lock: " + lock.GetReason());
     std::string theirs;
-    if (!FileExists(m_fileName))
+    if (!IsThere(m_fileName))
         return SaveBytes(GetBytes(), reason);
-    if (!ReadFileBytes(m_fileName, theirs, CIniDocument::c_maximumSize, reason))
+    if (!ReadFileBytes(m_fileName, theirs, CIniDocument::c_maximumSize, reason) ||
+        (check && !check(theirs, reason)))
         return false;
     if (m_stored && theirs == *m_stored)
         return SaveBytes(GetBytes(), reason);
@@ -477,7 +501,25 @@ void CInifile::WriteSize(std::u16string_view key, const SSize& value)
 
 void CInifile::WriteText(std::u16string_view key, std::u16string_view value)
 {
-    Write(key, CStr(value));
+    if (m_unknown.empty() || !IsKeptUnknown(key, value))
+        Write(key, CStr(value));
+}
+
+void CInifile::KeepUnknown(std::u16string_view key, std::u16string_view instead)
+{
+    m_unknown[{GetSection(), CStr(key)}] = {ReadText(key), CStr(instead)};
+}
+
+// What was written, by this program or another one, is unknown no more.
+bool CInifile::IsKeptUnknown(std::u16string_view key, std::u16string_view value)
+{
+    const auto found = m_unknown.find({GetSection(), CStr(key)});
+    if (found == m_unknown.end())
+        return false;
+    if (HasKey(key) && found->second.instead == value && found->second.stored == ReadText(key))
+        return true;
+    m_unknown.erase(found);
+    return false;
 }
 
 void CInifile::WriteTexts(std::u16string_view key, const std::vector<CStr>& value)

@@ -7,9 +7,11 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace CommonUI
@@ -83,7 +85,7 @@ public:
     /// The lock of the file is held meanwhile (see CFileLock). Somebody who holds it too long makes this
     /// fail; where there are no locks the file is saved all the same, with a line in the diagnostics.
     /// @param isOneValue sections that are this document's as a whole if it has changed a key of them
-    bool SaveMerged(const FIsOneValue& isOneValue = {});
+    bool SaveMerged(const FIsOneValue& isOneValue = {}) { return SaveChecked(isOneValue, {}); }
 
     /// As Save, to another file; the file name of this object stays what it is.
     bool SaveCopy(const CStr& fileName) const;
@@ -136,11 +138,20 @@ public:
     void WriteRect(std::u16string_view key, const SRect& value);
     void WriteSize(std::u16string_view key, const SSize& value);
     void WriteText(std::u16string_view key, std::u16string_view value);
+    /// Says of a key of the current section that the text it has means nothing to its reader, who takes
+    /// `instead`, as a name that only later versions know. Writing `instead` leaves the stored text what it
+    /// is, until another text is written or another content loaded.
+    void KeepUnknown(std::u16string_view key, std::u16string_view instead);
     void WriteTexts(std::u16string_view key, const std::vector<CStr>& value);
     void WriteDoubles(std::u16string_view key, const std::vector<double>& value);
 
 private:
+    friend class CIniStore;
     friend class CSectionScope;
+
+    // Called with what the file holds before a save replaces it, while the lock is held; what stands in
+    // `there` afterwards is taken for it. Returns false to refuse the save, with a reason.
+    using FCheck = std::function<bool(std::string& there, CStr& reason)>;
 
     template<class T>
     T Read(std::u16string_view key, const T& byDefault) const;
@@ -154,7 +165,12 @@ private:
     bool LoadFile(const CStr& fileName, std::shared_ptr<const std::string>* stored);
     bool CanSave(const CStr& fileName, CStr& reason) const;
     bool SaveBytes(std::string bytes, CStr& reason);
-    bool SaveBesideOthers(const FIsOneValue& isOneValue, CStr& reason);
+    bool IsKeptUnknown(std::u16string_view key, std::u16string_view value);
+    void TakeStored(std::string bytes);
+    void Forget();
+    void Refuse();
+    bool SaveChecked(const FIsOneValue& isOneValue, const FCheck& check);
+    bool SaveBesideOthers(const FIsOneValue& isOneValue, const FCheck& check, CStr& reason);
     bool SaveWithTheirs(std::string theirs, const FIsOneValue& isOneValue, CStr& reason);
 
     std::unique_ptr<CIniDocument> m_document; // null for an empty one, so that moving needs no memory
@@ -163,8 +179,13 @@ private:
         m_stored;      // the file's bytes when it was last loaded or saved; null for none
     CStr m_unreadFile; // that was there but could not be read; empty for none
     CStr m_fileName;
-    unsigned m_section = 0;      // the number of the current section in the document
-    unsigned m_parseSection = 0; // the section that ParseLine adds to
+    struct SUnknown {
+        CStr stored;
+        CStr instead;
+    };
+    std::map<std::pair<CStr, CStr>, SUnknown> m_unknown; // by section and key
+    unsigned m_section = 0;                              // the number of the current section in the document
+    unsigned m_parseSection = 0;                         // the section that ParseLine adds to
 };
 
 } // namespace CommonUI

@@ -1,7 +1,8 @@
-#include "common/ini/Inifile.h"
+#include "common/ini/IniStore.h"
 #include "common/PathText.h"
 #include "examples/gallery/Pages.h"
 #include "examples/gallery/SelectionResults.h"
+#include "model/ParameterList.h"
 #include "platform/Folders.h"
 #include "qt/grid/ResultGridWidget.h"
 #include "qt/QtText.h"
@@ -35,7 +36,7 @@ bool s_keeps = false;
 class CKept
 {
 public:
-    CKept()
+    explicit CKept(const FLog& log)
     {
         if (!s_keeps)
             return;
@@ -43,28 +44,41 @@ public:
         std::filesystem::create_directories(folder, m_error);
         CStr file;
         ToText(folder / "preferences.ini", file);
-        m_ini.SetFileName(file);
-        if (std::filesystem::exists(folder / "preferences.ini", m_error))
-            m_ini.Load();
-        m_ini.SelectSection(c_section);
-        manager.Load(m_ini);
-        if (m_ini.HasSection(c_grainSection))
-            grains.Load(m_ini);
+        m_store.GetInifile().SetFileName(file);
+        m_store.Load();
+        for (const CStr& sentence : m_store.GetAccount().GetSentences())
+            log(ToQString(sentence));
+        LoadAll();
     }
     // False where the file cannot be written.
     bool Save()
     {
-        m_ini.SelectSection(c_section);
-        manager.Save(m_ini);
-        grains.Save(m_ini);
-        return !s_keeps || m_ini.Save();
+        CInifile& ini = m_store.GetInifile();
+        ini.SelectSection(c_section);
+        manager.Save(ini);
+        grains.Save(ini);
+        if (!s_keeps)
+            return true;
+        const bool isSaved = m_store.Save(IsDynamicParametersSection);
+        if (m_store.GetAccount().hasOthers)
+            LoadAll();
+        return isSaved;
     }
 
     CAnalysisPreferencesManager manager;
     SGrainThresholdSettings grains{.threshold = Analysis::EGrainThreshold::Otsu};
 
 private:
-    CInifile m_ini;
+    void LoadAll()
+    {
+        CInifile& ini = m_store.GetInifile();
+        ini.SelectSection(c_section);
+        manager.Load(ini);
+        if (ini.HasSection(c_grainSection))
+            grains.Load(ini);
+    }
+
+    CIniStore m_store;
     std::error_code m_error;
 };
 
@@ -157,7 +171,7 @@ private:
     }
 
     FLog m_log;
-    CKept m_kept;
+    CKept m_kept{m_log};
     CClosureConnection m_connection;
     QComboBox* m_analysis;
     CResultGridWidget* m_results;

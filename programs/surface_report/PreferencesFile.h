@@ -2,8 +2,12 @@
 
 #include "programs/surface_report/Options.h"
 
+#include "common/ini/IniStore.h"
 #include "model/AnalysisPreferencesManager.h"
 #include "settings/factory/SettingsFactory.h"
+
+#include <cstddef>
+#include <ostream>
 
 namespace SurfaceReport
 {
@@ -27,11 +31,14 @@ public:
     /// holds besides stays as it is.
     /// @throws std::runtime_error when the file cannot be written
     void Save();
+    /// Prints what was found, taken and kept of the file and has not been told yet.
+    void Tell(std::ostream& err);
 
 private:
     CommonUI::CAnalysisPreferencesManager m_manager;
     CommonUI::CSettingsFactory m_factory;
-    CommonUI::CInifile m_ini;
+    CommonUI::CIniStore m_store;
+    std::size_t m_toldCount = 0;
     bool m_needsSaving = false;
     bool m_usesSettings = false;
 };

@@ -257,13 +257,16 @@ int Run(const SOptions& options, std::ostream& out, std::ostream& err)
         return MergeRuns(options, out, err);
     const CSettingsFolderScope folder(options);
     CPreferencesFile preferences(options);
+    preferences.Tell(err);
+    int status = 0;
     if (options.listSettings)
         Print(ListSettings(preferences.GetFactory(), *options.listSettings), out);
     else if (options.isMany)
-        return MakeTable(options, preferences, out, err);
+        status = MakeTable(options, preferences, out, err);
     else
         MakeReport(options, preferences, out, err);
-    return 0;
+    preferences.Tell(err);
+    return status;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "common/file/FileLock.h"
 #include "tests/common/FailingAllocation.h"
 #include "tests/common/InifileTesting.h"
+#include "tests/common/InterruptedCalls.h"
 #include "tests/common/RecordingFileSystem.h"
 #include "tests/TemporaryFolder.h"
 
@@ -138,6 +139,8 @@ TEST_F(InifileMerge, LocksOneAfterTheOther)
         EXPECT_EQ(GetLockHolder(Name()), CStr::Format(u"process %u", GetFileSystem().GetProcess()));
     }
     EXPECT_TRUE(GetLockHolder(Name()).IsEmpty());
+    m_folder.Write("~file.ini.lock", "process 1");
+    EXPECT_TRUE(GetLockHolder(Name()).IsEmpty()) << "a process that was killed";
     EXPECT_TRUE(CFileLock(Name()).IsHeld());
     EXPECT_EQ(CountFiles(), 0u);
     const CFileLock nowhere((m_folder.GetPath() / "none" / "file").u16string());
@@ -178,6 +181,36 @@ TEST_F(InifileMerge, EachCallCanFail)
         if (!system.HasFailed())
             break;
     }
+}
+
+TEST_F(InifileMerge, WhatOthersWriteIsUnknownNoMore)
+{
+    CInifile ini = Part("a=x\n", "a=x\n", "a=y\n");
+    ini.KeepUnknown(u"a", u"instead");
+    ini.WriteText(u"a", u"instead");
+    EXPECT_TRUE(ini.SaveMerged());
+    EXPECT_EQ(Read(), "a=y\n");
+    ini.WriteText(u"a", u"instead");
+    EXPECT_EQ(ini.GetBytes(), "a=instead\n");
+}
+
+TEST_F(InifileMerge, SignalsDoNotMatter)
+{
+    CInifile ini = Part("a=1\n", "a=2\n", "a=1\nb=1\n");
+    const CDiagnosticsCapture diagnostics;
+    bool isSaved = false;
+    std::map<std::string, int> interrupted;
+    {
+        const CInterruptedCalls signals;
+        isSaved = ini.SaveMerged() && ini.Load();
+        interrupted = signals.GetCounts();
+    }
+    EXPECT_TRUE(isSaved);
+    EXPECT_EQ(Read(), "a=2\nb=1\n");
+    EXPECT_EQ(diagnostics.GetCount(), 0);
+    EXPECT_EQ(CountFiles(), 1u);
+    for (const auto& [call, count] : interrupted)
+        EXPECT_GT(count, 0) << call;
 }
 
 TEST_F(InifileMerge, WithoutMemoryNothingIsHalfDone)

@@ -25,6 +25,7 @@ public:
     /// nothing.
     const std::map<std::filesystem::path, std::string>& GetReplaced() const { return m_replaced; }
     bool hasLocks = true;
+    bool hasLinks = true;
 
     CFile Create(const std::filesystem::path& path) override
     {
@@ -59,6 +60,13 @@ public:
         m_system.Replace(from, to);
         m_replaced[to] = m_flushed[from];
     }
+    void Link(const std::filesystem::path& from, const std::filesystem::path& to) override
+    {
+        if (!hasLinks)
+            throw std::system_error(EPERM, std::generic_category(), "cannot link");
+        Count();
+        m_system.Link(from, to);
+    }
     void List(const std::filesystem::path& folder,
               const std::function<void(const std::filesystem::path&)>& visit) override
     {
@@ -71,6 +79,7 @@ public:
         Count();
         return m_system.TryLock(path, holder);
     }
+    bool IsLocked(const std::filesystem::path& path) override { return m_system.IsLocked(path); }
     void Unlock(CFile lock, const std::filesystem::path& path) noexcept override
     {
         m_system.Unlock(lock, path);

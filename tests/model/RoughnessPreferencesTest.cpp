@@ -100,6 +100,46 @@ TEST(RoughnessPreferences, SettingParametersRestoresTheOrderOfTheCatalogue)
     EXPECT_TRUE(data.GetParameter(145).IsOn());
 }
 
+TEST(RoughnessPreferences, UnknownNamesStayUntilTheirSettingIsChanged)
+{
+    const CDiagnosticsCapture warnings;
+    const std::string stored = "FormRemoval=Spline\nBarChart_Parameter=Sfuture\nSa_P_Factor=Zepto\n"
+                               "Sa_P_FloatFormat=Roman\nMUFU_FilterType=RGR0";
+    CInifile ini = PreferencesIni("[A]\nWriteToFile=1\n" + stored + "\n");
+    CData data(EAnalysis::Roughness);
+    data.Load(ini);
+    const CInifile fresh = ini;
+    const auto saved = [&](const std::string& line) {
+        data.Save(ini);
+        return ini.GetBytes().find(line + "\n") != std::string::npos;
+    };
+    EXPECT_TRUE(saved(stored));
+    EXPECT_TRUE(saved(stored)) << "once more";
+    data.SetMUFUFilterType(EMUFUFilterType::None);
+    EXPECT_TRUE(saved("Sa_P_FloatFormat=Roman\nMUFU_FilterType=None")) << "of another setting";
+
+    const ERoughnessFormRemoval before = data.GetFormRemoval();
+    data.SetFormRemoval(ERoughnessFormRemoval::Mean);
+    CParameter sa = data.GetParameter(static_cast<int>(ERough::Sa));
+    const CUnit::EUnitFactor factor = sa.GetUnitFactor();
+    sa.SetUnitFactor(CUnit::EUnitFactor::Milli);
+    data.SetParameter(static_cast<int>(ERough::Sa), sa);
+    EXPECT_TRUE(
+        saved("FormRemoval=Mean\nBarChart_Parameter=Sfuture\nSa_P_Factor=Milli\nSa_P_FloatFormat=Roman"));
+    data.SetFormRemoval(before);
+    sa.SetUnitFactor(factor);
+    data.SetParameter(static_cast<int>(ERough::Sa), sa);
+    EXPECT_TRUE(!saved("FormRemoval=Spline") && !saved("Sa_P_Factor=Zepto")) << "what is gone is gone";
+
+    // What another content says is no business of what was read before.
+    ini.LoadBytes(fresh.GetBytes());
+    EXPECT_FALSE(saved("FormRemoval=Spline"));
+    CInifile copy = fresh;
+    data.SetFormRemoval(before);
+    data.Save(copy);
+    EXPECT_NE(copy.GetBytes().find("FormRemoval=Spline\n"), std::string::npos) << "a copy knows as much";
+}
+
 TEST(RoughnessPreferences, OwnChoicesAreStored)
 {
     CData saved(EAnalysis::Roughness);

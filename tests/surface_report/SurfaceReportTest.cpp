@@ -224,6 +224,33 @@ TEST_F(ReportProgram, ChoicesAreKept)
     EXPECT_EQ(m_temporary.Read(file), saved) << "nothing is kept of a run that failed";
 }
 
+TEST_F(ReportProgram, PreferencesHealAndSaySo)
+{
+    const std::string keep = "--level plane --preferences $folder/choices.ini ";
+    const auto isToldInALine = [&](const std::string& text) {
+        return Has(m_err.str(), "surface_report: \"" + (m_folder / "choices.ini").string() + "\" " + text) &&
+               std::ranges::count(m_err.str(), '\n') == 1;
+    };
+    m_temporary.Write("choices.ini", "[SurfaceReport_RoughnessAnalysis]\nWriteToFile=0\nFuture=1\n"
+                                     "FormRemoval=Spline\n");
+    Report(keep + "--set Sa=off");
+    EXPECT_TRUE(isToldInALine("has been brought to the version of this program; ")) << m_err.str();
+    EXPECT_TRUE(fs::exists(m_folder / "choices.ini.version-0"));
+    const std::string saved = m_temporary.Read("choices.ini");
+    EXPECT_TRUE(Has(saved, "Future=1\nFormRemoval=Spline\n") && Has(saved, "[FileFormat]\nVersion=1\n"));
+    const std::string changed = Report(keep);
+    EXPECT_FALSE(Has(changed, "Sa, "));
+    EXPECT_EQ(m_err.str(), "");
+
+    m_temporary.Write("choices.ini", saved.substr(0, saved.size() / 2));
+    EXPECT_EQ(Report(keep), changed);
+    EXPECT_TRUE(isToldInALine("is damaged: it is cut off in line ")) << m_err.str();
+    EXPECT_EQ(m_temporary.Read("choices.ini"), saved);
+    m_temporary.Write("choices.ini", saved + "[");
+    Report(keep + "--set Sq=off --parameters Nope");
+    EXPECT_TRUE(Has(m_err.str(), "is damaged: ")) << "though the run has failed";
+}
+
 TEST_F(ReportProgram, GrainsAndPoresAreReportedOneToARow)
 {
     m_temporary.Write("islands.txt", "# Width: 4 um\n# Height: 3 um\n# Value units: nm\n"

@@ -6,6 +6,8 @@
 #include <cerrno>
 #include <exception>
 #include <filesystem>
+#include <fstream>
+#include <ios>
 #include <system_error>
 
 namespace CommonUI
@@ -21,6 +23,18 @@ namespace CommonUI
 {
     const std::error_code left(errno, std::generic_category());
     throw std::system_error(left ? left : std::make_error_code(std::errc::io_error), what);
+}
+
+/// Opens a file, however often a signal comes between.
+inline void OpenStream(std::filebuf& file, const std::filesystem::path& path, std::ios::openmode mode,
+                       const char* failure)
+{
+    do {
+        errno = 0;
+        if (file.open(path, mode | std::ios::binary))
+            return;
+    } while (errno == EINTR);
+    ThrowStreamError(failure);
 }
 
 inline std::filesystem::path ToFilePath(const CStr& fileName)
