@@ -28,8 +28,7 @@ struct SComputed {
 
     bool Has(const CParameter& parameter) const
     {
-        return !IsSuppliedByPlugIn(parameter) &&
-               Analysis::IsAmong(AnalysisKey(parameter), parameter.HasParent() ? templates : keys);
+        return Analysis::IsAmong(AnalysisKey(parameter), parameter.HasParent() ? templates : keys);
     }
 };
 
