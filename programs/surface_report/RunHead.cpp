@@ -50,8 +50,8 @@ std::string DescribeShown(const CParameter& parameter)
 {
     const CParameter::SFormatSpecifier format = parameter.GetFloatFormat();
     const CStr unit = CUnit::GetUnitFactorEnum().GetIniName(static_cast<int>(parameter.GetUnitFactor()));
-    const std::string shown = unit.ToUtf8() + " " + std::to_string(static_cast<int>(format.type)) + " " +
-                              std::to_string(format.count);
+    std::string shown = unit.ToUtf8() + " " + std::to_string(static_cast<int>(format.type)) + " " +
+                        std::to_string(format.count);
     if (!IsSuppliedByPlugIn(parameter))
         return shown;
     return shown + std::string(c_plugIn) + std::to_string(static_cast<int>(parameter.GetDimension())) + " " +
