@@ -2,7 +2,9 @@
 
 #include "analysis/areal/ArealParameters.h"
 #include "analysis/areal/TemplateParameters.h"
+#include "analysis/grain/GrainMeasures.h"
 #include "analysis/profile/ProfileParameters.h"
+#include "model/MeasureParameters.h"
 #include "model/RoughnessAnalysisPreferencesData.h"
 #include "model/RoughnessCatalogue.h"
 
@@ -63,6 +65,15 @@ TEST(Choices, EveryRowOfTheCatalogueIsComputedOrATemplateOrAPlugIns)
             EXPECT_EQ(RefusalOf({.keys = {row.GetIniName()}}), "") << key;
         }
     }
+}
+
+TEST(Choices, EveryQuantityOfGrainsIsComputed)
+{
+    std::string missing;
+    for (const auto& row : GetMeasureParametersEnum())
+        if (!Analysis::IsAmong(row.GetIniName().ToUtf8(), Analysis::GetGrainKeys()))
+            missing += row.GetIniName().ToUtf8() + ' ';
+    EXPECT_EQ(missing, "None ");
 }
 
 TEST(Choices, TemplatesWithValuesAreParametersOfTheirOwn)
