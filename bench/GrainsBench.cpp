@@ -1,4 +1,5 @@
 #include "analysis/grain/GrainMeasures.h"
+#include "bench/SurfaceBench.h"
 
 #include <benchmark/benchmark.h>
 
@@ -16,19 +17,6 @@ using namespace CommonUI::Analysis;
 
 namespace
 {
-
-using FMake = SSurface (*)(std::size_t size);
-
-template<class FHeight>
-SSurface MakeSurface(std::size_t size, const FHeight& getHeight)
-{
-    SSurface surface{.points = size, .lines = size, .dx = 1e-6, .dy = 1e-6};
-    surface.heights.reserve(size * size);
-    for (std::size_t y = 0; y < size; ++y)
-        for (std::size_t x = 0; x < size; ++x)
-            surface.heights.push_back(getHeight(x, y));
-    return surface;
-}
 
 SSurface MakeNoise(std::size_t size)
 {
@@ -79,22 +67,14 @@ SSurface MakeSpiral(std::size_t size)
 constexpr std::string_view c_fewKeys[] = {"AreaExHoles", "Perimeter", "MaxFeret", "NearestNeighbourDist"};
 constexpr std::string_view c_skeletonKeys[] = {"TotalFiberLength"};
 
-// Time is that of all threads together, as others may use the machine at the same time.
-void ReportPoints(benchmark::State& state, const SSurface& surface, std::size_t grains)
-{
-    const auto points = static_cast<double>(surface.heights.size());
-    state.counters["grains"] = static_cast<double>(grains);
-    state.counters["s/point"] = benchmark::Counter(points, benchmark::Counter::kIsIterationInvariantRate |
-                                                               benchmark::Counter::kInvert);
-}
-
 void Find(benchmark::State& state, FMake make)
 {
     const SSurface surface = make(static_cast<std::size_t>(state.range(0)));
     std::size_t count = 0;
     for (auto _ : state)
         count = FindGrains(surface, 0, EGrainKind::Particle).count;
-    ReportPoints(state, surface, count);
+    ReportPoints(state, surface);
+    state.counters["grains"] = static_cast<double>(count);
 }
 
 // A bare loop over the points, to compare with.
@@ -108,7 +88,8 @@ void Threshold(benchmark::State& state, FMake make)
             above += z >= 0;
         benchmark::DoNotOptimize(above);
     }
-    ReportPoints(state, surface, above);
+    ReportPoints(state, surface);
+    state.counters["above"] = static_cast<double>(above);
 }
 
 void Measure(benchmark::State& state, FMake make, std::span<const std::string_view> keys)
@@ -117,30 +98,26 @@ void Measure(benchmark::State& state, FMake make, std::span<const std::string_vi
     std::size_t count = 0;
     for (auto _ : state)
         count = MeasureGrains(surface, 0, EGrainKind::Particle, keys).count;
-    ReportPoints(state, surface, count);
+    ReportPoints(state, surface);
+    state.counters["grains"] = static_cast<double>(count);
 }
 
 const bool s_registered = [] {
     static const std::vector<std::string_view> allKeys = GetGrainKeys();
     const std::pair<const char*, FMake> patterns[] = {
         {"smooth", MakeSmooth}, {"noise", MakeNoise}, {"checks", MakeChecks}, {"spiral", MakeSpiral}};
-    const auto add = [](const std::string& name, auto... arguments) {
-        benchmark::RegisterBenchmark(name.c_str(), arguments...)
-            ->RangeMultiplier(2)
-            ->Range(1024, 4096)
-            ->Unit(benchmark::kMillisecond)
-            ->MeasureProcessCPUTime();
-    };
-    add("Threshold/noise", Threshold, MakeNoise);
+    AddSurfaceBench("Threshold/noise", Threshold, MakeNoise);
     for (const auto& [name, make] : patterns) {
-        add(std::string("Find/") + name, Find, make);
-        add(std::string("Measure 4 columns/") + name, Measure, make,
-            std::span<const std::string_view>(c_fewKeys));
-        add(std::string("Measure skeletons/") + name, Measure, make,
-            std::span<const std::string_view>(c_skeletonKeys));
+        AddSurfaceBench(std::string("Find/") + name, Find, make);
+        AddSurfaceBench(std::string("Measure 4 columns/") + name, Measure, make,
+                        std::span<const std::string_view>(c_fewKeys));
+        AddSurfaceBench(std::string("Measure skeletons/") + name, Measure, make,
+                        std::span<const std::string_view>(c_skeletonKeys));
     }
-    add("Measure all columns/smooth", Measure, MakeSmooth, std::span<const std::string_view>(allKeys));
-    add("Measure all columns/noise", Measure, MakeNoise, std::span<const std::string_view>(allKeys));
+    AddSurfaceBench("Measure all columns/smooth", Measure, MakeSmooth,
+                    std::span<const std::string_view>(allKeys));
+    AddSurfaceBench("Measure all columns/noise", Measure, MakeNoise,
+                    std::span<const std::string_view>(allKeys));
     return true;
 }();
 

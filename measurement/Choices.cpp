@@ -84,15 +84,16 @@ private:
     SNames m_names{};
 };
 
-// The parameters of a list that are asked for and computed.
-// @param all whether it is all of them unless keys say which
+// The parameters of a list that are asked for and computed, or supplied by plug-ins.
+// @param all whether it is all that are computed unless keys say which
 CList Choose(const CList& list, const SComputed& computed, const SRequest& request, const SNames& names,
              bool all)
 {
     CList chosen;
     for (CParameter parameter : list) {
-        const bool isAsked = names.IsEmpty() ? all || parameter.IsOn() : names.Has(parameter);
-        if (!isAsked || !computed.Has(parameter))
+        const bool isComputed = computed.Has(parameter);
+        const bool isAsked = names.IsEmpty() ? (all && isComputed) || parameter.IsOn() : names.Has(parameter);
+        if (!isAsked || !(isComputed || IsSuppliedByPlugIn(parameter)))
             continue;
         parameter.SetOn(true);
         if (request.unit)
@@ -100,14 +101,6 @@ CList Choose(const CList& list, const SComputed& computed, const SRequest& reque
         chosen.push_back(std::move(parameter));
     }
     return chosen;
-}
-
-// The parameters of a list that are switched on and that plug-ins supply.
-void AddFromPlugIns(const CList& list, CList& found)
-{
-    for (const CParameter& parameter : list)
-        if (parameter.IsOn() && IsSuppliedByPlugIn(parameter))
-            found.push_back(parameter);
 }
 
 // How a template is asked for: with the defaults of its variables.
@@ -129,8 +122,6 @@ CStr ExampleOf(const CStr& key, std::span<const SRoughnessVariable> variables)
         throw ERequest(u"", u"there is no parameter " + quoted);
     if (found != roughness.end()) {
         const auto id = static_cast<ERoughnessParameters>(found->GetValue());
-        if (IsSuppliedByPlugIn(MakeRoughnessParameter(id)))
-            throw ERequest(u"", quoted + u" is supplied by plug-ins and not computed here");
         if (const auto variables = GetRoughnessVariables(id); !variables.empty())
             throw ERequest(u"", quoted + u" is a template: it takes values, such as \"" +
                                     ExampleOf(key, variables) + u"\"");
@@ -185,24 +176,17 @@ SChoices ChooseRoughness(const CExtended& extended, const SRequest& request)
     const bool allOfProfiles = !IsChosen(EAnalysis::RoughnessProfile, request);
     const auto& surface = extended.GetManager().GetData(EAnalysis::Roughness);
     const auto& profiles = extended.GetManager().GetData(EAnalysis::RoughnessProfile);
-    SChoices choices{.surface = Choose(surface.GetParameters(),
-                                       {.keys = KeysOf(Analysis::GetArealQuantities()),
-                                        .templates = KeysOf(Analysis::GetTemplates())},
-                                       request, extended.GetNames(), allOfSurface),
-                     .rows = Choose(profiles.GetParameters(),
-                                    {.keys = KeysOf(Analysis::GetProfileQuantities()),
-                                     .templates = KeysOf(Analysis::GetLineTemplates())},
-                                    request, extended.GetNames(), allOfProfiles),
-                     .statistics = profiles.GetStatistics(),
-                     .automaticUnits = allOfSurface && !request.unit,
-                     .automaticRowUnits = allOfProfiles && !request.unit};
-    if (extended.GetNames().IsEmpty()) {
-        if (!allOfSurface)
-            AddFromPlugIns(surface.GetParameters(), choices.fromPlugIns);
-        if (!allOfProfiles)
-            AddFromPlugIns(profiles.GetParameters(), choices.fromPlugIns);
-    }
-    return choices;
+    return {.surface = Choose(surface.GetParameters(),
+                              {.keys = KeysOf(Analysis::GetArealQuantities()),
+                               .templates = KeysOf(Analysis::GetTemplates())},
+                              request, extended.GetNames(), allOfSurface),
+            .rows = Choose(profiles.GetParameters(),
+                           {.keys = KeysOf(Analysis::GetProfileQuantities()),
+                            .templates = KeysOf(Analysis::GetLineTemplates())},
+                           request, extended.GetNames(), allOfProfiles),
+            .statistics = profiles.GetStatistics(),
+            .automaticUnits = allOfSurface && !request.unit,
+            .automaticRowUnits = allOfProfiles && !request.unit};
 }
 
 } // namespace

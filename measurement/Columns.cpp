@@ -58,7 +58,7 @@ CStr SColumn::GetKey() const
 CStr GetKey(const CParameter& parameter)
 {
     CStr key = parameter.GetIniName();
-    if (!parameter.HasParent())
+    if (!parameter.HasParent() || parameter.GetVariableCount() == 0)
         return key;
     CStr variables;
     for (const CParameter& variable : parameter.GetVariables())

@@ -25,6 +25,8 @@ struct COMMONUIMEASUREMENT_API SColumn {
     std::vector<Analysis::SValue> statistics{}; ///< of the values; the keys are those of GetStatisticsEnum
     /// Of the surface's values that are not defined. Those of rows are found by SResults::GetState.
     std::vector<SIndexedState> exceptions{};
+    /// What all values of the rows stand for where nobody has computed them, or that has failed.
+    SValueState absent{};
 
     /// The unit as shown; empty for dimensionless parameters.
     CStr GetUnitText() const;

@@ -1,5 +1,7 @@
 #include "measurement/Footnotes.h"
 
+#include "measurement/Markup.h"
+
 #include <algorithm>
 
 namespace CommonUI::Measurement
@@ -28,6 +30,17 @@ std::vector<CStr> CFootnotes::GetLines() const
         lines.push_back(CStr::Format(u"%d %s: %s", lines.size() + 1, symbols, note.reason));
     }
     return lines;
+}
+
+std::string CFootnotes::GetHtml() const
+{
+    std::string html;
+    for (const CStr& line : GetLines()) {
+        const std::size_t number = line.Find(u' ');
+        html += "<br>\n<sup>" + line.Left(number).ToUtf8() + "</sup>" +
+                EscapeMarkup(line.Mid(number, line.GetLength() - number)).ToUtf8();
+    }
+    return html.empty() ? html : "\n<small>" + html + "\n</small>\n";
 }
 
 } // namespace CommonUI::Measurement

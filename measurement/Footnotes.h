@@ -4,6 +4,7 @@
 #include "../export/Export.h"
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 namespace CommonUI::Measurement
@@ -21,6 +22,8 @@ public:
 
     /// A line each: "1 Sal, Str: the surface is flat".
     std::vector<CStr> GetLines() const;
+    /// The same as a piece of HTML, UTF-8, for the place behind the table; empty without notes.
+    std::string GetHtml() const;
 
 private:
     struct SNote {

@@ -3,6 +3,9 @@
 #include "analysis/areal/TemplateParameters.h"
 #include "analysis/profile/UndefinedProfile.h"
 #include "measurement/detail/Keys.h"
+#include "model/RoughnessCatalogue.h"
+
+#include <algorithm>
 
 namespace CommonUI::Measurement
 {
@@ -38,8 +41,10 @@ CProfileRows::CProfileRows(const Analysis::SSurface& surface, std::vector<CParam
                            const Analysis::SProfileMethod& method)
     : m_surface(surface)
     , m_parameters(std::move(parameters))
+    , m_isLeftOut(m_parameters.size())
     , m_method(method)
 {
+    std::transform(m_parameters.begin(), m_parameters.end(), m_isLeftOut.begin(), IsSuppliedByPlugIn);
 }
 
 std::size_t CProfileRows::CountColumnsAtOnce() const
@@ -49,15 +54,22 @@ std::size_t CProfileRows::CountColumnsAtOnce() const
 
 CPartValues CProfileRows::ComputeLines(const Analysis::SSurface& lines, const SPart& part) const
 {
-    const auto parameters =
-        std::span(m_parameters).subspan(part.firstColumn, part.lastColumn - part.firstColumn);
-    auto table = Analysis::ComputeProfiles(lines, CKeys(parameters).Get(), m_method);
+    std::vector<CParameter> wanted;
+    for (std::size_t i = part.firstColumn; i < part.lastColumn; ++i)
+        if (!m_isLeftOut[i])
+            wanted.push_back(m_parameters[i]);
+    auto table = Analysis::ComputeProfiles(lines, CKeys(wanted).Get(), m_method);
     CPartValues values;
-    for (const CParameter& parameter : parameters) {
+    for (std::size_t i = part.firstColumn; i < part.lastColumn; ++i) {
+        const CParameter& parameter = m_parameters[i];
         const std::string key = AnalysisKey(parameter);
-        values.push_back(parameter.HasParent() ? Analysis::ComputeLineTemplates(
-                                                     lines, key, VariableValues(parameter), m_method.cutoff)
-                                               : TakeValues(table, key));
+        if (m_isLeftOut[i])
+            values.emplace_back(lines.lines, Analysis::c_undefined);
+        else if (parameter.HasParent())
+            values.push_back(
+                Analysis::ComputeLineTemplates(lines, key, VariableValues(parameter), m_method.cutoff));
+        else
+            values.push_back(TakeValues(table, key));
     }
     return values;
 }

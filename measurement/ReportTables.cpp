@@ -1,6 +1,7 @@
 #include "measurement/ReportTables.h"
 
 #include "common/ControlCharacters.h"
+#include "measurement/Markup.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
 #include "output/results/ProfileText.h"
@@ -111,25 +112,7 @@ CStr StatisticName(const CParameter& statistic)
     return CStr::Format(u"%s %G %%", statistic.GetFriendlyString(), statistic.GetVariableValue());
 }
 
-CStr EscapeMarkup(const CStr& text)
-{
-    return text.Replace(u"&", u"&amp;").Replace(u"<", u"&lt;").Replace(u">", u"&gt;");
-}
-
-// A list below a table; nothing without notes.
-std::string NotesHtml(const CFootnotes& notes)
-{
-    std::string html;
-    for (const CStr& line : notes.GetLines()) {
-        const std::size_t number = line.Find(u' ');
-        html += "<br>\n<sup>" + line.Left(number).ToUtf8() + "</sup>" +
-                EscapeMarkup(line.Mid(number, line.GetLength() - number)).ToUtf8();
-    }
-    return html.empty() ? html : "\n<small>" + html + "\n</small>\n";
-}
-
-// The rows of a summary with texts that may stand in HTML: what comes from a file may hold markup
-// characters.
+// The rows of a summary with texts that may stand in HTML.
 CGrid EscapedSummary(const CGrid& grid)
 {
     CGrid escaped(grid.GetType());
@@ -434,7 +417,7 @@ void CReportTables::WriteHtml(const FWriteText& write) const
     for (const std::string& picture : m_pictures)
         write(picture);
     write(tables.substr(endOfSummary));
-    write(NotesHtml(m_surfaceNotes));
+    write(m_surfaceNotes.GetHtml());
     if (!m_results.columns.empty()) {
         if (!tables.empty())
             write("\n<br>\n");
@@ -442,7 +425,7 @@ void CReportTables::WriteHtml(const FWriteText& write) const
             WriteTurnedHtmlRows(write);
         else
             WriteHtmlRows(write);
-        write(NotesHtml(m_rowNotes));
+        write(m_rowNotes.GetHtml());
     }
     write("\n</html>\n");
 }

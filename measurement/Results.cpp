@@ -10,11 +10,13 @@
 #include "analysis/profile/SplitProfile.h"
 #include "analysis/profile/UndefinedProfile.h"
 #include "common/Version.h"
+#include "measurement/detail/ComputeApart.h"
 #include "measurement/detail/DescribeLength.h"
 #include "measurement/detail/Keys.h"
 #include "measurement/detail/ProfileRows.h"
 #include "measurement/GrainLimit.h"
 #include "model/Enumerations.h"
+#include "model/RoughnessCatalogue.h"
 #include "output/results/NumberFormat.h"
 
 #include <algorithm>
@@ -30,7 +32,6 @@ using Analysis::EGrainKind;
 using Analysis::ELevelling;
 using Analysis::SSurface;
 using Analysis::SValue;
-using Analysis::SValues;
 
 namespace
 {
@@ -105,77 +106,118 @@ SValueState NotApplicable(std::string_view reason)
     return {EValueState::NotApplicable, CStr::FromUtf8(reason)};
 }
 
-// The parameters of a surface, or those of its only line where it is a profile.
-std::vector<SValue> ComputeValues(const SSurface& surface, std::span<const std::string_view> keys,
-                                  const SMethod& method)
+// What the values of a parameter stand for that is not computed here; Value of one that is.
+SValueState StateOf(const CParameter& parameter)
 {
-    if (!surface.IsProfile())
-        return Analysis::ComputeAreal(surface, keys);
-    if (std::ranges::all_of(surface.heights, [](double height) { return std::isnan(height); }))
-        throw Analysis::ENoPoints();
-    std::vector<SValue> values;
-    for (const SValues& column : Analysis::ComputeProfiles(surface, keys, method.OfProfiles())) {
-        const double value = column.values.front();
-        values.push_back({column.key, value,
-                          std::isnan(value) ? Analysis::ExplainProfile(column.key, surface.heights,
-                                                                       surface.dx, method.OfProfiles())
-                                            : ""});
-    }
-    return values;
+    if (IsSuppliedByPlugIn(parameter))
+        return {EValueState::NotComputed, u"not computed, as plug-ins supply it"};
+    return {};
 }
 
-double ComputeTemplateValue(const SSurface& surface, const CParameter& parameter, const SMethod& method)
+// A value, or what is to be said of it.
+struct SState {
+    double value = Analysis::c_undefined;
+    SValueState state{};
+};
+
+SState MakeState(double value, std::string_view reason)
 {
-    const std::string key = AnalysisKey(parameter);
-    const std::vector<double> variables = VariableValues(parameter);
-    return surface.IsProfile()
-               ? Analysis::ComputeLineTemplates(surface, key, variables, method.cutoff).front()
-               : Analysis::ComputeTemplate(surface, key, variables);
+    return {value, std::isnan(value) ? NotApplicable(reason) : SValueState()};
+}
+
+// Some parameters of a surface.
+void ComputeAreal(const SSurface& surface, std::span<const CParameter> parameters, std::span<SState> results)
+{
+    const CKeys keys(parameters);
+    const std::vector<SValue> values = Analysis::ComputeAreal(surface, keys.Get());
+    for (std::size_t i = 0; i < parameters.size(); ++i) {
+        const std::string key = AnalysisKey(parameters[i]);
+        if (parameters[i].HasParent()) {
+            const std::vector<double> variables = VariableValues(parameters[i]);
+            results[i] = MakeState(Analysis::ComputeTemplate(surface, key, variables),
+                                   Analysis::ExplainTemplate(key, variables));
+        } else if (const auto found = std::ranges::find(values, key, &SValue::key); found != values.end()) {
+            results[i] = MakeState(found->value, found->reason);
+        }
+    }
+}
+
+// Likewise of the only line of a surface.
+void ComputeLine(const CProfileRows& rows, std::size_t first, std::size_t last, std::span<SState> results)
+{
+    const CPartValues values = rows.Compute({first, last, 0, 1});
+    for (std::size_t i = first; i < last; ++i) {
+        const double value = values[i - first].front();
+        results[i - first] = MakeState(value, std::isnan(value) ? rows.Explain(i, 0) : "");
+    }
+}
+
+// The parameters of a surface, or those of its only line where it is a profile.
+std::vector<SState> ComputeValues(const SSurface& surface, const std::vector<CParameter>& parameters,
+                                  const SMethod& method)
+{
+    const bool isProfile = surface.IsProfile();
+    if (isProfile && std::ranges::all_of(surface.heights, [](double height) { return std::isnan(height); }))
+        throw Analysis::ENoPoints();
+    const CProfileRows rows(surface, parameters, method.OfProfiles());
+    std::vector<SState> results(parameters.size());
+    const auto failures = ComputeApart(parameters.size(), [&](std::size_t first, std::size_t last) {
+        const auto part = std::span(results).subspan(first, last - first);
+        if (isProfile)
+            ComputeLine(rows, first, last, part);
+        else
+            ComputeAreal(surface, std::span(parameters).subspan(first, last - first), part);
+    });
+    for (const auto& [index, state] : failures)
+        results[index] = {.state = state};
+    for (std::size_t i = 0; i < results.size(); ++i)
+        if (const SValueState state = StateOf(parameters[i]); state.state != EValueState::Value)
+            results[i] = {.state = state};
+    return results;
 }
 
 // Of the raw surface, if there is one, and of the processed one.
 std::vector<SColumn> SurfaceColumns(const SInput& input, const SChoices& choices)
 {
-    std::vector<const SSurface*> surfaces{&input.surface};
+    const bool isProfile = input.surface.IsProfile();
+    const std::vector<CParameter>& parameters = isProfile ? choices.rows : choices.surface;
+    std::vector<std::vector<SState>> computed;
     if (input.raw)
-        surfaces.insert(surfaces.begin(), &*input.raw);
-    const std::vector<CParameter>& parameters = input.surface.IsProfile() ? choices.rows : choices.surface;
-    const CKeys keys(parameters);
-    std::vector<SValues> table;
-    std::vector<std::vector<SValue>> computed;
-    for (const SSurface* surface : surfaces) {
-        const auto& values = computed.emplace_back(ComputeValues(*surface, keys.Get(), choices.method));
-        table.resize(values.size());
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            table[i].key = values[i].key;
-            table[i].values.push_back(values[i].value);
-        }
-    }
-    const auto valuesOf = [&](const CParameter& parameter) {
-        if (!parameter.HasParent())
-            return TakeValues(table, AnalysisKey(parameter));
+        computed.push_back(ComputeValues(*input.raw, parameters, choices.method));
+    computed.push_back(ComputeValues(input.surface, parameters, choices.method));
+    std::vector<SColumn> columns;
+    for (std::size_t i = 0; i < parameters.size(); ++i) {
         std::vector<double> values;
-        values.reserve(surfaces.size());
-        for (const SSurface* surface : surfaces)
-            values.push_back(ComputeTemplateValue(*surface, parameter, choices.method));
-        return values;
-    };
-    std::vector<SColumn> columns = MakeColumns(
-        parameters, valuesOf, input.surface.IsProfile() ? choices.automaticRowUnits : choices.automaticUnits);
-    for (SColumn& column : columns) {
-        const std::string key = AnalysisKey(column.parameter);
-        if (column.parameter.HasParent()) {
-            const auto reason = Analysis::ExplainTemplate(key, VariableValues(column.parameter));
-            for (std::size_t i = 0; i < surfaces.size() && !reason.empty(); ++i)
-                column.exceptions.push_back({i, NotApplicable(reason)});
+        std::vector<SIndexedState> exceptions;
+        for (std::size_t surface = 0; surface < computed.size(); ++surface) {
+            const auto& [value, state] = computed[surface][i];
+            values.push_back(value);
+            if (state.state != EValueState::Value)
+                exceptions.push_back({surface, state});
         }
-        for (std::size_t i = 0; i < computed.size(); ++i) {
-            const auto found = std::ranges::find(computed[i], key, &SValue::key);
-            if (found != computed[i].end() && std::isnan(column.values[i]))
-                column.exceptions.push_back({i, NotApplicable(found->reason)});
-        }
+        SColumn& column =
+            columns.emplace_back(MakeColumn(parameters[i], std::move(values),
+                                            isProfile ? choices.automaticRowUnits : choices.automaticUnits));
+        column.exceptions = std::move(exceptions);
     }
     return columns;
+}
+
+// The values of some columns of all rows. Those that fail have none, and are not computed again.
+CPartValues ComputeRows(CProfileRows& rows, std::size_t first, std::size_t last, std::size_t count,
+                        std::vector<SValueState>& absent)
+{
+    CPartValues values(last - first);
+    const auto failures = ComputeApart(last - first, [&](std::size_t begin, std::size_t end) {
+        std::ranges::move(rows.Compute({first + begin, first + end, 0, count}),
+                          values.begin() + static_cast<std::ptrdiff_t>(begin));
+    });
+    for (const auto& [index, state] : failures) {
+        values[index].assign(count, Analysis::c_undefined);
+        rows.LeaveOut(first + index);
+        absent[first + index] = state;
+    }
+    return values;
 }
 
 // Statistics of the profiles' parameters, and their values if these may be kept.
@@ -186,25 +228,29 @@ void AddProfiles(const SSurface& surface, const SChoices& choices, SResults& res
     results.statistics = choices.statistics;
     if (surface.lines == 0 || choices.rows.empty())
         return;
-    const CProfileRows rows(surface, choices.rows, choices.method.OfProfiles());
+    CProfileRows rows(surface, choices.rows, choices.method.OfProfiles());
     const std::size_t count = choices.rows.size();
+    std::vector<SValueState> absent(count);
+    std::ranges::transform(choices.rows, absent.begin(), StateOf);
     results.columnsAtOnce = std::min(rows.CountColumnsAtOnce(), count);
-    if (results.columnsAtOnce < count)
-        results.computePart = [rows](const SPart& part) { return rows.Compute(part); };
-    results.explain = [rows](std::size_t column, std::size_t row) { return rows.Explain(column, row); };
+    const bool isKept = results.columnsAtOnce == count;
     const double share = FractileShare(results.statistics);
     for (std::size_t first = 0; first < count; first += results.columnsAtOnce) {
         const std::size_t last = std::min(count, first + results.columnsAtOnce);
-        CPartValues values = rows.Compute({first, last, 0, results.rowCount});
+        CPartValues values = ComputeRows(rows, first, last, results.rowCount, absent);
         for (std::size_t i = first; i < last; ++i) {
             SColumn column =
                 MakeColumn(choices.rows[i], std::exchange(values[i - first], {}), choices.automaticRowUnits);
+            column.absent = absent[i];
             column.statistics = Analysis::ComputeStatistics(column.values, share);
-            if (results.computePart)
+            if (!isKept)
                 column.values = std::vector<double>(); // gives its memory back
             results.columns.push_back(std::move(column));
         }
     }
+    if (!isKept)
+        results.computePart = [rows](const SPart& part) { return rows.Compute(part); };
+    results.explain = [rows](std::size_t column, std::size_t row) { return rows.Explain(column, row); };
 }
 
 // A cut-off that nobody has asked for is not refused: where it is not usable, its parameters have no values.
@@ -240,8 +286,7 @@ CStr ReferenceLineText(const Analysis::SValleyMethod& method, double cutoff)
 void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& results)
 {
     const double cutoff = method.cutoff.value_or(Analysis::DefaultCutoff(surface.points, surface.dx));
-    const Analysis::CProfileSplitter splitter(surface.points, surface.dx, cutoff);
-    const CStr width = DescribeLength(splitter.GetLeastWidth() * surface.dx);
+    const CStr width = DescribeLength(Analysis::LeastWidth(surface.points, surface.dx, cutoff) * surface.dx);
     results.summary.emplace_back(u"Cut-off", DescribeLength(cutoff));
     results.origin.cutoff = cutoff;
     if (HasStandard(results.columns, EAnalysisStandards::ISO12085)) {
@@ -257,14 +302,6 @@ void DescribeProfiles(const SSurface& surface, const SMethod& method, SResults& 
         u"Profile elements", u"peaks and valleys beyond 5 % of the height to either side of the mean line, "
                              u"at least " +
                                  width + u" wide (1 % of the cut-off)");
-}
-
-CStr NamesOf(const std::vector<CParameter>& parameters)
-{
-    CStr names;
-    for (const CParameter& parameter : parameters)
-        names += (names.IsEmpty() ? CStr() : CStr(u", ")) + parameter.GetShortFriendlyString();
-    return names;
 }
 
 // What filters there are have in common.
@@ -287,12 +324,52 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
         return results;
     }
     AddProfiles(input.surface, choices, results);
-    if (!choices.fromPlugIns.empty())
-        results.summary.emplace_back(u"Not computed",
-                                     NamesOf(choices.fromPlugIns) + u": supplied by a plug-in");
     if (!results.columns.empty())
         DescribeProfiles(input.surface, choices.method, results);
     return results;
+}
+
+// The grains of a surface with the columns that can be computed; the others are empty.
+struct SMeasured {
+    Analysis::SGrains grains{};
+    CPartValues values{}; // of each parameter
+    std::vector<SIndexedState> failures{};
+};
+
+SMeasured MeasureGrains(const SSurface& surface, const SFoundGrains& found,
+                        const std::vector<CParameter>& parameters)
+{
+    SMeasured measured{.values = CPartValues(parameters.size())};
+    const auto measure = [&](std::size_t first, std::size_t last) {
+        const CKeys keys(std::span<const CParameter>(parameters).subspan(first, last - first));
+        measured.grains =
+            Analysis::MeasureGrains(surface, found.limit.threshold, found.limit.kind, keys.Get(), found.map);
+        for (std::size_t i = first; i < last; ++i)
+            measured.values[i] = TakeValues(measured.grains.columns, AnalysisKey(parameters[i]));
+    };
+    measured.failures = ComputeApart(parameters.size(), measure);
+    if (!parameters.empty() && measured.failures.size() == parameters.size())
+        measure(0, 0); // what has failed is what all have in common, or there are the weights
+    return measured;
+}
+
+// The columns of the grains; none without grains.
+std::vector<SColumn> GrainColumns(SMeasured measured, const SChoices& choices)
+{
+    std::vector<SColumn> columns;
+    if (measured.grains.count == 0)
+        return columns;
+    for (const auto& [index, state] : measured.failures)
+        measured.values[index].assign(measured.grains.count, Analysis::c_undefined);
+    for (std::size_t i = 0; i < choices.rows.size(); ++i)
+        columns.push_back(
+            MakeColumn(choices.rows[i], std::move(measured.values[i]), choices.automaticRowUnits));
+    for (auto& [index, state] : measured.failures)
+        columns[index].absent = std::move(state);
+    for (SColumn& column : columns)
+        column.statistics = Analysis::ComputeGrainStatistics(measured.grains, {.values = column.values},
+                                                             FractileShare(choices.statistics));
+    return columns;
 }
 
 SResults GrainResults(const SInput& input, const SChoices& choices, const SGrainLimit& limit)
@@ -303,11 +380,8 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
         SFoundGrains{limit, Analysis::FindGrains(surface, limit.threshold, limit.kind)});
     const std::size_t all = found->map.count;
     SelectGrains(found->map, limit.selection, surface.dx * surface.dy);
-    Analysis::SGrains grains =
-        Analysis::MeasureGrains(surface, limit.threshold, limit.kind, CKeys(choices.rows).Get(), found->map);
-    const auto valuesOf = [&grains](const CParameter& parameter) {
-        return TakeValues(grains.columns, AnalysisKey(parameter));
-    };
+    SMeasured measured = MeasureGrains(surface, *found, choices.rows);
+    const std::size_t count = measured.grains.count;
     SResults results = Describe(input);
     const auto& items = GetMeasureSummaryItemsEnum();
     const auto label = [&items](EMeasureSummaryItems item) {
@@ -316,15 +390,16 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
     const CParameter::SFormatSpecifier format;
     results.summary.emplace_back(label(EMeasureSummaryItems::GrainSettings), DescribeLimit(limit));
     if (!limit.selection.IsAll())
-        results.summary.emplace_back(u"Left out", DescribeLeftOut(all - grains.count, limit.selection));
-    results.summary.emplace_back(label(EMeasureSummaryItems::SegmentCount),
-                                 CStr::Format(u"%d", grains.count));
+        results.summary.emplace_back(u"Left out", DescribeLeftOut(all - count, limit.selection));
+    results.summary.emplace_back(label(EMeasureSummaryItems::SegmentCount), CStr::Format(u"%d", count));
     results.summary.emplace_back(label(EMeasureSummaryItems::Coverage),
-                                 FormatParameterValue(grains.coverage, format) + u" %");
+                                 FormatParameterValue(measured.grains.coverage, format) + u" %");
     results.origin.threshold = limit.threshold;
     results.grains = std::move(found);
     results.rowName = pores ? u"Pore" : u"Particle";
-    results.columns = MakeColumns(choices.rows, valuesOf, choices.automaticRowUnits);
+    results.rowCount = count;
+    results.statistics = choices.statistics;
+    results.columns = GrainColumns(std::move(measured), choices);
     results.columnsAtOnce = results.columns.size();
     std::vector<std::string> shown(results.columns.size());
     std::ranges::transform(results.columns, shown.begin(),
@@ -332,11 +407,6 @@ SResults GrainResults(const SInput& input, const SChoices& choices, const SGrain
     results.explain = [shown, kind = limit.kind](std::size_t column, std::size_t) {
         return Analysis::ExplainGrain(shown[column], kind);
     };
-    results.rowCount = grains.count;
-    results.statistics = choices.statistics;
-    for (SColumn& column : results.columns)
-        column.statistics = Analysis::ComputeGrainStatistics(grains, {.values = column.values},
-                                                             FractileShare(results.statistics));
     return results;
 }
 
@@ -358,7 +428,20 @@ SValueState SResults::GetState(std::size_t column, std::size_t row, double value
 {
     if (!std::isnan(value))
         return {};
+    if (columns[column].absent.state != EValueState::Value)
+        return columns[column].absent;
     return NotApplicable(explain ? explain(column, row) : std::string_view());
+}
+
+std::size_t SResults::CountFailures() const
+{
+    const auto isFailure = [](const SValueState& state) { return state.state == EValueState::Failed; };
+    const auto hasFailed = [&](const SColumn& column) {
+        return isFailure(column.absent) ||
+               std::ranges::any_of(column.exceptions, isFailure, &SIndexedState::state);
+    };
+    return static_cast<std::size_t>(std::ranges::count_if(surface, hasFailed) +
+                                    std::ranges::count_if(columns, hasFailed));
 }
 
 CPartValues SResults::GetValues(const SPart& part) const

@@ -50,6 +50,8 @@ struct SResults {
 
     /// What a value of a row stands for. @param value of that column and row
     COMMONUIMEASUREMENT_API SValueState GetState(std::size_t column, std::size_t row, double value) const;
+    /// Of how many parameters the computation has failed.
+    COMMONUIMEASUREMENT_API std::size_t CountFailures() const;
     /// The values of a part of the rows, kept or not.
     COMMONUIMEASUREMENT_API CPartValues GetValues(const SPart& part) const;
 };

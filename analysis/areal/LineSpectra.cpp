@@ -2,10 +2,10 @@
 
 #include "analysis/numeric/detail/Parallel.h"
 #include "analysis/numeric/detail/Summation.h"
+#include "analysis/numeric/HannWindow.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace CommonUI::Analysis
 {
@@ -22,15 +22,9 @@ constexpr double c_tapered = 0.8;
 // @param size of the transform
 std::vector<double> MakeTaper(std::size_t count, std::size_t size, CLineSpectra::ETaper taper)
 {
-    std::vector<double> weights(count, 1.0);
     if (taper == CLineSpectra::ETaper::None)
-        return weights;
-    const double width = std::min(static_cast<double>(count), c_tapered * static_cast<double>(size));
-    for (std::size_t i = 0; i < count; ++i) {
-        const double share = (static_cast<double>(i) + 0.5 - static_cast<double>(count) / 2) / width + 0.5;
-        weights[i] = share > 0 && share < 1 ? std::pow(std::sin(std::numbers::pi * share), 2) : 0;
-    }
-    return weights;
+        return std::vector<double>(count, 1.0);
+    return MakeHannWindow(count, std::min(static_cast<double>(count), c_tapered * static_cast<double>(size)));
 }
 
 double ComputeWeightedMean(const SSurface& surface, CLineSpectra::ETaper taper)

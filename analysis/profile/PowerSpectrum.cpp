@@ -1,10 +1,10 @@
 #include "analysis/profile/PowerSpectrum.h"
 
 #include "analysis/numeric/FourierTransform.h"
+#include "analysis/numeric/HannWindow.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <span>
 
 namespace CommonUI::Analysis
@@ -27,13 +27,10 @@ public:
         : m_transform(points)
         , m_values(m_transform.GetSize())
         , m_power(m_transform.GetSize() / 2 + 1)
+        , m_weights(MakeHannWindow(points, static_cast<double>(points)))
     {
-        m_weights.reserve(points);
-        for (std::size_t i = 0; i < points; ++i) {
-            const double share = (static_cast<double>(i) + 0.5) / static_cast<double>(points);
-            m_weights.push_back(std::pow(std::sin(std::numbers::pi * share), 2));
-            m_squares += m_weights.back() * m_weights.back();
-        }
+        for (const double weight : m_weights)
+            m_squares += weight * weight;
     }
 
     void Add(std::span<const double> line)
@@ -80,7 +77,7 @@ private:
     CFourierTransform m_transform;
     std::vector<CComplex> m_values;
     std::vector<double> m_power;
-    std::vector<double> m_weights{};
+    std::vector<double> m_weights;
     double m_squares = 0; // of the weights
     std::size_t m_lines = 0;
 };

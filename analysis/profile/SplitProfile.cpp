@@ -13,6 +13,12 @@ namespace
 constexpr double c_leastWidthShare = 0.01; // of the cut-off
 constexpr double c_rounding = 1e-9;        // a cut-off of exactly n points may have come out a trifle longer
 
+// @param cutoff in point spacings
+bool IsUsable(std::size_t points, double cutoff)
+{
+    return cutoff > 2 * (1 + c_rounding) && cutoff <= static_cast<double>(points) * (1 + c_rounding);
+}
+
 } // namespace
 
 double DefaultCutoff(std::size_t points, double dx)
@@ -20,15 +26,19 @@ double DefaultCutoff(std::size_t points, double dx)
     return static_cast<double>(points) * dx / 5;
 }
 
+double LeastWidth(std::size_t points, double dx, double cutoff)
+{
+    return IsUsable(points, cutoff / dx) ? c_leastWidthShare * (cutoff / dx)
+                                         : c_leastWidthShare * DefaultCutoff(points, dx) / dx;
+}
+
 CProfileSplitter::CProfileSplitter(std::size_t points, double dx, double cutoff)
     : m_dx(dx)
-    , m_leastWidth(c_leastWidthShare * DefaultCutoff(points, dx) / dx)
+    , m_leastWidth(LeastWidth(points, dx, cutoff))
     , m_cutoff(cutoff / dx)
 {
-    if (m_cutoff > 2 * (1 + c_rounding) && m_cutoff <= static_cast<double>(points) * (1 + c_rounding)) {
+    if (IsUsable(points, m_cutoff))
         m_filter.emplace(points, m_cutoff);
-        m_leastWidth = c_leastWidthShare * m_cutoff;
-    }
 }
 
 std::vector<double> CProfileSplitter::RemoveForm(std::span<const double> heights)

@@ -22,6 +22,14 @@ struct SProfiles {
 /// @param dx spacing of the points in m
 COMMONUIANALYSIS_API double DefaultCutoff(std::size_t points, double dx);
 
+/// What the peaks and valleys of profile elements are at least wide, in point spacings: 1 % of the cut-off,
+/// of the default one where there is none that is usable. It holds for roughness, waviness, primary and
+/// unfiltered profiles alike, so that a long profile does not lose its narrow elements.
+/// @param points of the profile
+/// @param dx spacing of the points in m
+/// @param cutoff in m, see CProfileSplitter
+COMMONUIANALYSIS_API double LeastWidth(std::size_t points, double dx, double cutoff);
+
 /// Splits profiles of the same length. No λs or λf filter is applied.
 ///
 /// No part of the profile is given up for the run-in of the filter, whose weights at the ends are those of
@@ -53,9 +61,7 @@ public:
     std::vector<std::span<const double>> GetSamplingLengths(std::span<const double> profile) const;
 
     double GetSpacing() const { return m_dx; }
-    /// What the peaks and valleys of profile elements are at least wide, in point spacings: 1 % of the
-    /// cut-off, of the default one where there is none that is usable. It holds for roughness, waviness,
-    /// primary and unfiltered profiles alike, so that a long profile does not lose its narrow elements.
+    /// See LeastWidth.
     double GetLeastWidth() const { return m_leastWidth; }
     /// In point spacings; none where it is not usable.
     std::optional<double> GetCutoff() const { return m_filter ? std::optional(m_cutoff) : std::nullopt; }

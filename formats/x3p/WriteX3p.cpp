@@ -3,6 +3,7 @@
 #if defined(COMMONUI_WITH_X3P)
 
 #include "formats/detail/BinaryHeights.h"
+#include "formats/detail/Dates.h"
 #include "formats/x3p/detail/Archive.h"
 #include "formats/x3p/detail/Digest.h"
 
@@ -121,6 +122,19 @@ std::string LinkText(const char* path, const char* entry, const char* checksum, 
            sum + ">\n";
 }
 
+// The date that the surface has from its file, with seconds, without which it is none for XML; nothing where
+// it has none.
+std::string DateText(const Analysis::SSurface& surface)
+{
+    constexpr std::size_t c_minutes = 16; // how long a date is without seconds
+    std::string date = DateOfXml(surface.date);
+    if (date.empty())
+        return {};
+    if (date.size() == c_minutes || date[c_minutes] != ':')
+        date.insert(c_minutes, ":00");
+    return "  <Record2><Date>" + date + "</Date></Record2>\n";
+}
+
 std::string DocumentOf(const Analysis::SSurface& surface, const std::string& data, const std::string& mask)
 {
     std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
@@ -129,7 +143,7 @@ std::string DocumentOf(const Analysis::SSurface& surface, const std::string& dat
     text += surface.lines == 1 ? "PRF" : "SUR";
     text += "</FeatureType>\n    <Axes>\n";
     text += AxisText("CX", 'I', surface.dx) + AxisText("CY", 'I', surface.dy) + AxisText("CZ", 'A', 1);
-    text += "    </Axes>\n  </Record1>\n  <Record3>\n    <MatrixDimension><SizeX>";
+    text += "    </Axes>\n  </Record1>\n" + DateText(surface) + "  <Record3>\n    <MatrixDimension><SizeX>";
     text += std::to_string(surface.points) + "</SizeX><SizeY>" + std::to_string(surface.lines);
     text += "</SizeY><SizeZ>1</SizeZ></MatrixDimension>\n    <DataLink>\n";
     text += LinkText("PointDataLink", c_dataEntry, "MD5ChecksumPointData", data);

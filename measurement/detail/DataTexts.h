@@ -43,7 +43,8 @@ inline std::string ReasonOfRow(const SResults& results, std::size_t column, std:
 {
     if (!std::isnan(value))
         return WhyNoValue(value);
-    if (results.rowCount > CReportTables::c_mostRows)
+    const bool isAbsent = results.columns[column].absent.state != EValueState::Value;
+    if (results.rowCount > CReportTables::c_mostRows && !isAbsent)
         return std::string(c_notLookedUp);
     return OrNoReason(results.GetState(column, row, value).reason.ToUtf8());
 }

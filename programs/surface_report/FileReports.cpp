@@ -24,7 +24,11 @@ bool TellOfFailures(const std::vector<SFileRow>& rows, std::size_t fileCount, st
     const auto failed = std::ranges::count_if(rows, [](const SFileRow& row) { return row.values.empty(); });
     if (failed != 0)
         err << "surface_report: " << failed << " of " << fileCount << " files failed; report.txt says why\n";
-    return failed != 0;
+    const auto incomplete = std::ranges::count_if(rows, &SFileRow::HasFailedValue);
+    if (incomplete != 0)
+        err << "surface_report: values of " << incomplete << " of " << fileCount
+            << " files could not be computed; report.html says why\n";
+    return failed != 0 || incomplete != 0;
 }
 
 } // namespace SurfaceReport

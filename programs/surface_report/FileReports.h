@@ -13,7 +13,7 @@ namespace SurfaceReport
 void AddTable(const std::filesystem::path& folder, const CFileTable& table, const SReportForms& forms,
               COutputFiles& files);
 
-/// Says how many files of a table failed. @return whether some have
+/// Says how many files of a table failed, as a whole or in some values. @return whether some have
 bool TellOfFailures(const std::vector<SFileRow>& rows, std::size_t fileCount, std::ostream& err);
 
 } // namespace SurfaceReport

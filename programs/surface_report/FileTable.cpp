@@ -4,6 +4,7 @@
 #include "analysis/surface/Value.h"
 #include "common/ControlCharacters.h"
 #include "measurement/Columns.h"
+#include "measurement/Markup.h"
 #include "model/Enumerations.h"
 #include "output/results/NumberFormat.h"
 #include "output/results/ProfileText.h"
@@ -54,11 +55,6 @@ CStr StatisticText(const SColumn& column, const CParameter& statistic, double va
     return column.GetText(value);
 }
 
-CStr Escaped(const CStr& text)
-{
-    return text.Replace(u"&", u"&amp;").Replace(u"<", u"&lt;").Replace(u">", u"&gt;");
-}
-
 // The rows with texts that may stand in HTML.
 CGrid EscapedRows(const CGrid& grid)
 {
@@ -67,8 +63,8 @@ CGrid EscapedRows(const CGrid& grid)
     for (const CGrid::SColumn& column : grid.GetColumns())
         escaped.AddColumn(column);
     for (CGrid::SRow row : grid.GetRows()) {
-        row.name = Escaped(row.name);
-        std::ranges::transform(row.cells, row.cells.begin(), Escaped);
+        row.name = Measurement::EscapeMarkup(row.name);
+        std::ranges::transform(row.cells, row.cells.begin(), Measurement::EscapeMarkup);
         escaped.AddRow(std::move(row));
     }
     return escaped;
@@ -114,7 +110,15 @@ void CFileTable::FillRows()
             row.cells.push_back(m_files[i].values.empty() ? CStr() : column.GetText(column.values[i]));
         row.cells.emplace_back(ReplaceControls(m_files[i].remark, u' '));
         m_rows.AddRow(std::move(row));
+        NoteReasons(m_files[i]);
     }
+}
+
+void CFileTable::NoteReasons(const SFileRow& row)
+{
+    for (const auto& [index, reason] : row.reasons)
+        if (index < m_columns.size())
+            m_notes.Add(m_columns[index].parameter.GetShortFriendlyString(), CStr::FromUtf8(reason));
 }
 
 void CFileTable::FillStatistics()
@@ -125,13 +129,32 @@ void CFileTable::FillStatistics()
     for (const CParameter& statistic : m_shownStatistics) {
         const std::string key = statistic.GetIniName().ToUtf8();
         CGrid::SRow row{.name = statistic.GetFriendlyString(), .cells = {}};
-        for (const SColumn& column : m_columns) {
+        for (std::size_t index = 0; index < m_columns.size(); ++index) {
+            const SColumn& column = m_columns[index];
             const auto found = std::ranges::find(column.statistics, key, &Analysis::SValue::key);
             row.cells.push_back(
                 found == column.statistics.end() ? CStr() : StatisticText(column, statistic, found->value));
+            if (found != column.statistics.end() && !found->reason.empty())
+                NoteStatistic(index, row.name, found->reason);
         }
         m_statistics.AddRow(std::move(row));
     }
+}
+
+// A column without any value has no statistics for the reason of its first row.
+void CFileTable::NoteStatistic(std::size_t column, const CStr& name, std::string_view reason)
+{
+    CStr symbol = name;
+    CStr text = CStr::FromUtf8(reason);
+    if (m_columns[column].statistics.front().value == 0) {
+        symbol = m_columns[column].parameter.GetShortFriendlyString();
+        const auto first = std::ranges::find_if(
+            m_files, [column](const SFileRow& row) { return row.reasons.contains(column); });
+        if (first != m_files.end())
+            text = CStr::FromUtf8(first->reasons.at(column));
+    }
+    m_notes.Add(symbol, text);
+    m_statisticsNotes.Add(symbol, text);
 }
 
 std::string CFileTable::GetText(const SNumberProfile& profile) const
@@ -152,7 +175,10 @@ std::string CFileTable::GetTerminalText() const
     CGrid::TransposeCells(cells);
     CGrid::CCells summary;
     m_summary.GetGridCells(summary, SCell::Summary);
-    return (AlignedText(summary) + u"\n" + AlignedText(cells)).ToUtf8();
+    CStr text = AlignedText(summary) + u"\n" + AlignedText(cells);
+    for (const CStr& line : m_statisticsNotes.GetLines())
+        text += line + u'\n';
+    return text.ToUtf8();
 }
 
 std::string CFileTable::GetHtml() const
@@ -160,7 +186,8 @@ std::string CFileTable::GetHtml() const
     const CGrid summary = EscapedRows(m_summary);
     const CGrid rows = EscapedRows(m_rows);
     return "<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report</title>\n" +
-           CGrid::GenerateHTMLTables(&summary, &rows, &m_statistics, false).ToUtf8() + "\n</html>\n";
+           CGrid::GenerateHTMLTables(&summary, &rows, &m_statistics, false).ToUtf8() + m_notes.GetHtml() +
+           "\n</html>\n";
 }
 
 } // namespace SurfaceReport

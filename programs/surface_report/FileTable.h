@@ -2,13 +2,17 @@
 
 #include "measurement/Choices.h"
 #include "measurement/Columns.h"
+#include "measurement/Footnotes.h"
+#include "measurement/ValueFailure.h"
 #include "measurement/WriteText.h"
 #include "output/results/GridBaseOutputCtrl.h"
 #include "programs/surface_report/RunHead.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace SurfaceReport
@@ -24,6 +28,13 @@ struct SFileRow {
     std::string date{};      ///< that the file states; empty where it states none
     /// Why values are not defined, by their index.
     std::map<std::size_t, std::string> reasons{};
+
+    /// Whether the computation of one of its values has failed.
+    bool HasFailedValue() const
+    {
+        return std::ranges::any_of(
+            reasons, [](const auto& row) { return CommonUI::Measurement::IsFailure(row.second); });
+    }
 };
 
 /// The table of many files: a row for each, with the parameters of the surfaces as columns, and statistics.
@@ -37,9 +48,9 @@ public:
 
     /// Tab-separated, or as the profile separates it, UTF-8 with a byte order mark.
     std::string GetText(const CommonUI::SNumberProfile& profile = {}) const;
-    /// A page of HTML, UTF-8.
+    /// A page of HTML, UTF-8, which says below the table why cells are empty.
     std::string GetHtml() const;
-    /// The statistics of each parameter as aligned columns for a terminal, UTF-8.
+    /// The statistics of each parameter as aligned columns for a terminal, with why some are empty, UTF-8.
     std::string GetTerminalText() const;
     /// A line for each value, and JSON, both for other programs, see measurement/data/ReportData.h.
     void WriteCsv(const CommonUI::Measurement::FWriteText& write) const;
@@ -48,6 +59,8 @@ public:
 private:
     void FillRows();
     void FillStatistics();
+    void NoteReasons(const SFileRow& row);
+    void NoteStatistic(std::size_t column, const CommonUI::CStr& name, std::string_view reason);
 
     const std::vector<SFileRow>& m_files;
     const std::vector<SRunFact>& m_facts;
@@ -56,6 +69,8 @@ private:
     CommonUI::CGridBaseOutputCtrl m_summary;
     CommonUI::CGridBaseOutputCtrl m_rows;
     CommonUI::CGridBaseOutputCtrl m_statistics;
+    CommonUI::Measurement::CFootnotes m_notes{};           // why cells of rows and statistics are empty
+    CommonUI::Measurement::CFootnotes m_statisticsNotes{}; // why those of statistics are
 };
 
 } // namespace SurfaceReport

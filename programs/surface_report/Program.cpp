@@ -165,11 +165,13 @@ SPlan MakePlan(const SOptions& options, CommonUI::CSettingsFactory& factory)
 }
 
 // The analysis that is in force at the end of a batch sequence; its reports become files.
+// @param failures those of the reports are added
 Measurement::SChoices RunSteps(const SPlan& plan, const SOptions& options,
                                const CPreferencesFile& preferences, Measurement::SInput& input,
-                               COutputFiles& files, std::ostream& err)
+                               COutputFiles& files, std::size_t& failures, std::ostream& err)
 {
     const auto report = [&](Measurement::SBatchReport made) {
+        failures += made.results.CountFailures();
         const fs::path path = options.output / ("report-" + NameStepReport(made.step, made.name));
         AddStepReport(path, std::move(made), options, files);
     };
@@ -199,7 +201,8 @@ void AddReport(const SPlan& plan, const SOptions& options, const CPreferencesFil
 }
 
 // What was asked for is looked into before the file is read.
-void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
+// @return the exit status
+int MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
 {
     const SPlan plan = MakePlan(options, preferences.GetFactory());
     Measurement::SChoices choices =
@@ -217,14 +220,20 @@ void MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ost
         input.sha256 = CommonUI::Formats::ComputeSha256(options.input);
         CMadeFolder folder(options.output);
         COutputFiles files;
+        std::size_t failures = 0;
         if (plan.batch)
-            choices = RunSteps(plan, options, preferences, input, files, err);
+            choices = RunSteps(plan, options, preferences, input, files, failures, err);
         Measurement::CReportTables report(
             ForOption("--cutoff", [&] { return ComputeResults(input, choices); }), options.transpose);
         AddReport(plan, options, preferences, input, choices, report, files);
         WriteAll(input.surface, options, preferences, files);
         folder.Keep();
         Print(TerminalText(report), out);
+        failures += report.GetResults().CountFailures();
+        if (failures != 0)
+            err << "surface_report: " << failures
+                << " parameters could not be computed; the notes below the tables say why\n";
+        return failures == 0 ? 0 : 1;
     } catch (const CommonUI::Analysis::ENoPoints& error) {
         throw std::runtime_error(options.input.string() + ": " + error.what());
     }
@@ -264,7 +273,7 @@ int Run(const SOptions& options, std::ostream& out, std::ostream& err)
     else if (options.isMany)
         status = MakeTable(options, preferences, out, err);
     else
-        MakeReport(options, preferences, out, err);
+        status = MakeReport(options, preferences, out, err);
     preferences.Tell(err);
     return status;
 }

@@ -5,12 +5,16 @@
 #include "measurement/Columns.h"
 #include "measurement/Origin.h"
 #include "model/AnalysisPreferencesManager.h"
+#include "model/Enumerations.h"
+#include "model/RoughnessCatalogue.h"
 #include "programs/surface_report/RunState.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 #include <variant>
 
 namespace SurfaceReport
@@ -26,6 +30,7 @@ namespace
 
 constexpr const char* c_automatic = "automatic units";
 constexpr const char* c_chosen = "chosen units";
+constexpr std::string_view c_plugIn = " plug-in ";
 
 // A settings set as it was named, and the content of one that is a file.
 std::string DescribeSet(const char* option, const CStr& spec)
@@ -45,8 +50,12 @@ std::string DescribeShown(const CParameter& parameter)
 {
     const CParameter::SFormatSpecifier format = parameter.GetFloatFormat();
     const CStr unit = CUnit::GetUnitFactorEnum().GetIniName(static_cast<int>(parameter.GetUnitFactor()));
-    return unit.ToUtf8() + " " + std::to_string(static_cast<int>(format.type)) + " " +
-           std::to_string(format.count);
+    std::string shown = unit.ToUtf8() + " " + std::to_string(static_cast<int>(format.type)) + " " +
+                        std::to_string(format.count);
+    if (!IsSuppliedByPlugIn(parameter))
+        return shown;
+    return shown + std::string(c_plugIn) + std::to_string(static_cast<int>(parameter.GetDimension())) + " " +
+           parameter.GetShortFriendlyString().ToUtf8();
 }
 
 // "Mean 0": the key and the value that belongs to it.
@@ -84,6 +93,25 @@ std::vector<SRunFact> FactsOf(const SPlan& plan, const Measurement::SChoices& ch
 [[noreturn]] void FailOn(const std::string& text)
 {
     throw std::runtime_error("\"" + text + "\" is nothing that a run writes");
+}
+
+// Whether what is said of a column is of a parameter that plug-ins supply, which no catalogue has: its
+// dimension and its symbol stand behind the rest.
+std::optional<CParameter> ReadPlugIn(const std::string& key, const std::string& shown)
+{
+    const std::size_t begin = shown.find(c_plugIn);
+    if (begin == shown.npos)
+        return std::nullopt;
+    std::istringstream stream(shown.substr(begin + c_plugIn.size()));
+    int dimension = 0;
+    std::string symbol;
+    if (!std::getline(stream >> dimension >> std::ws, symbol) ||
+        std::clamp(dimension, 0, static_cast<int>(CParameter::EDimension::Percent)) != dimension)
+        FailOn(shown);
+    const CStr name = CStr::FromUtf8(symbol);
+    constexpr int c_standard = static_cast<int>(CommonUI::EAnalysisStandards::RoughnessPlugIns);
+    return CParameter(0, CStr::FromUtf8(key), name, name, c_standard, true,
+                      static_cast<CParameter::EDimension>(dimension));
 }
 
 void TakeShown(const std::string& text, CParameter& parameter)
@@ -138,16 +166,27 @@ SRunHead MakeRunHead(const SOptions& options, const SPlan& plan, const Measureme
 
 Measurement::SChoices ChoicesOf(const SRunHead& head)
 {
+    if (head.shown.size() < head.columns.size() + 1)
+        FailOn("columns");
     Measurement::SRequest request;
-    request.keys.reserve(head.columns.size());
-    for (const std::string& key : head.columns)
-        request.keys.push_back(CStr::FromUtf8(key));
+    std::vector<std::pair<std::size_t, CParameter>> plugIns;
+    for (std::size_t i = 0; i < head.columns.size(); ++i) {
+        if (auto plugIn = ReadPlugIn(head.columns[i], head.shown[i + 1]))
+            plugIns.emplace_back(i, std::move(*plugIn));
+        else
+            request.keys.push_back(CStr::FromUtf8(head.columns[i]));
+    }
     Measurement::SChoices choices = MakeChoices(CommonUI::CAnalysisPreferencesManager(), request);
     choices.rows.clear();
-    if (head.columns.empty())
+    if (request.keys.empty())
         choices.surface.clear();
+    for (auto& [index, plugIn] : plugIns) {
+        const auto at =
+            choices.surface.begin() + static_cast<std::ptrdiff_t>(std::min(index, choices.surface.size()));
+        choices.surface.insert(at, std::move(plugIn));
+    }
     const std::size_t count = choices.surface.size();
-    if (count != head.columns.size() || head.shown.size() < count + 1)
+    if (count != head.columns.size())
         FailOn("columns");
     choices.automaticUnits = head.shown.front() == c_automatic;
     for (std::size_t i = 0; i < count; ++i) {

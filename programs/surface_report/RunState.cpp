@@ -243,7 +243,7 @@ void CRunState::Load()
             return;
         for (SStoredRun::SEntry& entry : run.entries) {
             entry.place.reset();
-            if (!entry.row.values.empty())
+            if (!entry.row.values.empty() && !entry.row.HasFailedValue())
                 m_entries[entry.row.name.ToUtf8()] = std::move(entry);
         }
     } catch (const std::runtime_error&) {

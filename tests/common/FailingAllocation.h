@@ -63,6 +63,16 @@ private:
     bool m_hasFailed = false;
 };
 
+/// While it lives, no allocation of its thread gets more than so many bytes.
+class CAllocationLimit
+{
+public:
+    explicit CAllocationLimit(std::size_t bytes);
+    ~CAllocationLimit();
+    CAllocationLimit(const CAllocationLimit&) = delete;
+    CAllocationLimit& operator=(const CAllocationLimit&) = delete;
+};
+
 /// How many bytes its thread has allocated since it was made, whether they were given back or not.
 class CAllocatedBytes
 {

@@ -116,6 +116,24 @@ TEST_F(SurfaceWriter, DateOfTheFileIsKept)
     }
 }
 
+TEST_F(SurfaceWriter, DateOfTheFileIsKeptByX3p)
+{
+    if (!HasX3p())
+        GTEST_SKIP();
+    const std::pair<const char*, const char*> cases[] = {
+        {"2024-05-31T14:30", "2024-05-31T14:30:00"},
+        {"2024-05-31T14:30+02:00", "2024-05-31T14:30:00+02:00"},
+        {"2024-05-31T14:30:05.5Z", "2024-05-31T14:30:05.5Z"},
+        {"31.05.2024 <", ""},
+        {"", ""},
+    };
+    for (const auto& [stated, date] : cases) {
+        SSurface surface{.points = 2, .lines = 1, .dx = 1e-6, .dy = 1e-6, .heights = {0, 1e-9}};
+        surface.date = stated;
+        EXPECT_EQ(Read(WriteSurface(surface, EFormat::X3p, {})).date, date) << stated;
+    }
+}
+
 TEST_F(SurfaceWriter, RefusesWhatAFormatDoesNotHold)
 {
     SSurface wide{.points = 65536, .lines = 1, .dx = 1, .dy = 1};

@@ -2,9 +2,13 @@
 
 #include "analysis/areal/ArealParameters.h"
 #include "analysis/areal/TemplateParameters.h"
+#include "analysis/grain/GrainMeasures.h"
 #include "analysis/profile/ProfileParameters.h"
+#include "model/MeasureParameters.h"
 #include "model/RoughnessAnalysisPreferencesData.h"
 #include "model/RoughnessCatalogue.h"
+
+#include "tests/TestData.h"
 
 #include <gtest/gtest.h>
 
@@ -63,6 +67,15 @@ TEST(Choices, EveryRowOfTheCatalogueIsComputedOrATemplateOrAPlugIns)
     }
 }
 
+TEST(Choices, EveryQuantityOfGrainsIsComputed)
+{
+    std::string missing;
+    for (const auto& row : GetMeasureParametersEnum())
+        if (!Analysis::IsAmong(row.GetIniName().ToUtf8(), Analysis::GetGrainKeys()))
+            missing += row.GetIniName().ToUtf8() + ' ';
+    EXPECT_EQ(missing, "None ");
+}
+
 TEST(Choices, TemplatesWithValuesAreParametersOfTheirOwn)
 {
     CAnalysisPreferencesManager manager;
@@ -86,7 +99,6 @@ TEST(Choices, WhatCannotBeChosenIsRefusedWithAReason)
         {u"Sa(1)", "Sa(1): it takes no values"},
         {u"Count(1)", "Count(1): it takes no values"},
         {u"Fractile(90)", "Fractile(90): there is no parameter \"Fractile\""},
-        {u"PlugIn", "\"PlugIn\" is supplied by plug-ins and not computed here"},
     };
     for (const auto& [key, reason] : rows)
         EXPECT_EQ(RefusalOf({.keys = {key}}), reason);
@@ -95,18 +107,20 @@ TEST(Choices, WhatCannotBeChosenIsRefusedWithAReason)
         "\"Smc\" is a template: it takes values, such as \"Smc(10)\"");
 }
 
-TEST(Choices, WhatPlugInsSupplyIsToldApart)
+TEST(Choices, WhatPlugInsSupplyIsChosenWhereSomebodyAsks)
 {
     CAnalysisPreferencesManager manager;
     const auto data = manager.GetData(EAnalysis::Roughness).Clone();
-    CParameter theirs(500, u"Theirs", u"Theirs, Supplied", u"Theirs",
+    // Called as one that is computed, which it is not.
+    CParameter theirs(500, u"Sa", u"Theirs, Supplied", u"Theirs",
                       static_cast<int>(EAnalysisStandards::RoughnessPlugIns), true);
     data->AddParameter(0, theirs);
     manager.SetData(EAnalysis::Roughness, *data);
-    const SChoices choices = MakeChoices(manager, {.usesPreferences = true});
-    EXPECT_EQ(TextsOf(choices.fromPlugIns), "Theirs ");
-    EXPECT_EQ(TextsOf(choices.surface).find("Theirs"), std::string::npos);
-    EXPECT_FALSE(choices.surface.empty());
+    EXPECT_TRUE(TextsOf(MakeChoices(manager, {.usesPreferences = true}).surface).ends_with(" Theirs "));
+    EXPECT_EQ(TextsOf(MakeChoices(manager, {.keys = {u"Sa", u"Sq"}}).surface), "Sa Sq Theirs ");
+    const SChoices byKey = MakeChoices({}, {.keys = {u"PlugIn"}});
+    EXPECT_EQ(TextsOf(byKey.surface) + TextsOf(byKey.rows), "Plug-in Parameters Plug-in Parameters ");
+    EXPECT_FALSE(Has(TextsOf(MakeChoices({}, {}).surface), "Plug-in"));
 }
 
 TEST(Choices, ValleysAreThoseOfThePreferences)

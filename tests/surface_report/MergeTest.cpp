@@ -86,6 +86,44 @@ TEST_F(Merge, PartsGiveWhatOneRunGives)
     EXPECT_EQ(Of("whole", "report.txt"), whole);
 }
 
+TEST_F(Merge, WhatPlugInsSupplyAndWhatIsNotDefinedIsExplained)
+{
+    m_temporary.Write("choices.ini",
+                      "[SurfaceReport_RoughnessAnalysis_DynamicParameters]\nNumDynamicParameters=1\n"
+                      "Dyn1_ParentParam=PlugIn\nDyn1_NumVariables=0\nDyn1_P_On=1\nDyn1_P_Dimension=1\n"
+                      "Dyn1_IniName=Theirs\nDyn1_FriendlyName=Theirs\nDyn1_ShortFriendlyName=Their <S>\n");
+    const std::string options = "--preferences $folder/choices.ini --parameters Theirs,Ssk,Sz";
+    for (const char* list : {"all", "first", "second"})
+        RunOn(list, options);
+    EXPECT_TRUE(Has(Of("all", "report.html"),
+                    "</sup> Their &lt;S&gt;: not computed, as plug-ins supply it<br>\n<sup>2</sup> Ssk: the "
+                    "surface is flat"))
+        << Of("all", "report.html");
+    EXPECT_TRUE(Has(m_out.str(), " Their <S>: not computed, as plug-ins supply it\n")) << m_out.str();
+    EXPECT_EQ(Run("--merge $folder/out/first $folder/out/second --out $folder/out/whole"), 1);
+    for (const char* name : {"report.txt", "report.html", "report.csv", "report.json", "report.state"})
+        EXPECT_EQ(Of("whole", name), Of("all", name)) << name;
+}
+
+// No table shows how a value fails; its state does.
+TEST_F(Merge, ValuesThatFailedMakeTheRunFailAndAreTriedAgain)
+{
+    ASSERT_EQ(RunOn("second", "--parameters Sz,Ssk"), 0) << m_err.str();
+    const fs::path state = m_folder / "out" / "second" / "report.state";
+    const std::string good = m_temporary.Read(state);
+    std::vector<std::string> lines = SplitText(good, '\n');
+    lines.back() += "\t0\tfailed: there is not enough memory";
+    std::string bad;
+    for (const std::string& line : lines)
+        bad += line + '\n';
+    m_temporary.Write("out/second/report.state", bad);
+    EXPECT_EQ(Run("--merge $folder/out/second --out $folder/out/whole"), 1);
+    EXPECT_EQ(m_err.str(),
+              "surface_report: values of 1 of 2 files could not be computed; report.html says why\n");
+    EXPECT_EQ(RunOn("second", "--parameters Sz,Ssk --resume"), 0) << m_err.str();
+    EXPECT_EQ(m_temporary.Read(state), good);
+}
+
 TEST_F(Merge, DataOfTheTableHaveReasonsAndDigests)
 {
     EXPECT_EQ(RunOn("all", "--parameters Sz,Ssk"), 1);
