@@ -3,6 +3,7 @@
 #include "dialogs/FormatSpecifierDlg.h"
 #include "dialogs/lists/SelectionListDlg.h"
 #include "dialogs/ProgressLayout.h"
+#include "dialogs/results/ResultDialog.h"
 #include "dialogs/text/TextEditorDlg.h"
 
 namespace CommonUI
@@ -15,6 +16,7 @@ std::span<const SHelpTopic> GetHelpTopics()
         {CFormatSpecifierDlg::c_identifier, u"qt.md", u"the-format-of-a-parameter"},
         {CSelectionListDlg::c_identifier, u"dialogs.md", u"lists-to-choose-from"},
         {CTextEditorDlg::c_identifier, u"dialogs.md", u"texts-to-edit"},
+        {CResultDialog::c_identifier, u"result-dialog.md", u""},
     };
     return c_topics;
 }
