@@ -3,6 +3,7 @@
 #include "dialogs/FormatSpecifierDlg.h"
 #include "dialogs/lists/SelectionListDlg.h"
 #include "dialogs/ProgressLayout.h"
+#include "dialogs/results/ResultDialog.h"
 #include "dialogs/selection/HistogramDlg.h"
 #include "dialogs/selection/InputsDlg.h"
 #include "dialogs/selection/SelectionDlg.h"
@@ -45,6 +46,7 @@ std::span<const SHelpTopic> GetHelpTopics()
         {HelpTopic::c_manage, u"settings-menu.md", u"files"},
         {HelpTopic::c_compare, u"settings-menu.md", u"two-sets-compared"},
         {HelpTopic::c_import, u"settings-menu.md", u"importing-a-set"},
+        {CResultDialog::c_identifier, u"result-dialog.md", u""},
     };
     return c_topics;
 }

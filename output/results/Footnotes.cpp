@@ -1,8 +1,8 @@
-#include "measurement/Footnotes.h"
+#include "output/results/Footnotes.h"
 
 #include <algorithm>
 
-namespace CommonUI::Measurement
+namespace CommonUI
 {
 
 CStr CFootnotes::Add(const CStr& symbol, const CStr& reason)
@@ -30,4 +30,4 @@ std::vector<CStr> CFootnotes::GetLines() const
     return lines;
 }
 
-} // namespace CommonUI::Measurement
+} // namespace CommonUI

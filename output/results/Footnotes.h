@@ -1,17 +1,17 @@
 #pragma once
 
-#include "../common/Str.h"
-#include "../export/Export.h"
+#include "../../common/Str.h"
+#include "../../export/Export.h"
 
 #include <cstddef>
 #include <vector>
 
-namespace CommonUI::Measurement
+namespace CommonUI
 {
 
 /// What is said below a table about its empty cells: each reason once, with the symbols that it holds for, in
 /// the order in which they appear.
-class COMMONUIMEASUREMENT_API CFootnotes
+class COMMONUI_API CFootnotes
 {
 public:
     /// @param symbol of the parameter, or the name of the statistic, that has no value
@@ -31,4 +31,4 @@ private:
     std::vector<SNote> m_notes{};
 };
 
-} // namespace CommonUI::Measurement
+} // namespace CommonUI
