@@ -207,6 +207,10 @@ void CResultPanelWidget::Attach(CResultPanel& panel)
     m_shown = panel.ShareTables();
     for (const EResultTable table : c_tables)
         MakeTable(table);
+    // Tab leads from the buttons to them, and then to what is around the panel.
+    QWidget* before = m_buttons.back();
+    for (const STable& table : m_tables)
+        setTabOrder(std::exchange(before, table.grid), table.grid);
     ShareScrolling();
     panel.SetView(this);
 }

@@ -9,6 +9,7 @@
 #include "qt/dialogs/QtProgressDialog.h"
 #include "qt/framework/SelectionListWindow.h"
 #include "qt/framework/TextEditorWindow.h"
+#include "qt/results/ResultWindow.h"
 #include "qt/selection/OptionsWindow.h"
 #include "qt/selection/QtSelectionDlg.h"
 #include "qt/services/QtMessageBoxService.h"
@@ -48,6 +49,7 @@ void CAllDialogs::ForEach(const FLook& look)
     ShowFrameworkDialogs(look);
     ShowProgress(look);
     ShowSettings(look);
+    ShowResults(look);
     ShowMessageBox(look);
 }
 
@@ -144,6 +146,23 @@ void CAllDialogs::ShowSettings(const FLook& look)
     EXPECT_TRUE(import.Prepare(Path("stick/x.cpz")));
     CSettingsImportWindow window(import, ESettingType::ZCalibration);
     Look("import", window, HelpTopic::c_import, look);
+}
+
+void CAllDialogs::ShowResults(const FLook& look)
+{
+    const CParameter sa = CAnalysisPreferencesData(EAnalysis::Roughness).GetParameters()[0];
+    SResultSet results{.name = u"Dialogs", .title = u"Sample"};
+    results.summary = {{u"File", u"sample.sdf"}};
+    results.rowHeader = u"Profile";
+    results.rowNames = {u"1", u"2"};
+    results.quantities = {
+        {.key = u"Sa", .parameter = sa, .header = u"Sa", .values = {1e-6, -2e-6}, .statistics = {-5e-7}}};
+    results.statistics = {{.key = u"Mean", .name = u"Mean"}};
+    CResultLayoutManager layouts;
+    CQtResultDialog dialog(nullptr, layouts);
+    dialog.SetResults(std::make_shared<const SResultSet>(results));
+    dialog.Create();
+    Look("results", *dialog.GetWindow(), CResultDialog::c_identifier, look);
 }
 
 void CAllDialogs::ShowMessageBox(const FLook& look)

@@ -29,6 +29,7 @@ private:
     void ShowFrameworkDialogs(const FLook& look);
     void ShowProgress(const FLook& look);
     void ShowSettings(const FLook& look);
+    void ShowResults(const FLook& look);
     void ShowMessageBox(const FLook& look);
     void Look(const std::string& name, QDialog& window, unsigned int topic, const FLook& look);
 
