@@ -201,6 +201,7 @@ void COptionForm::ShowFault(SLine& line)
 std::vector<QWidget*> COptionForm::GetFields() const
 {
     std::vector<QWidget*> fields;
+    fields.reserve(m_lines.size());
     for (const SLine& line : m_lines)
         fields.push_back(line.field);
     return fields;

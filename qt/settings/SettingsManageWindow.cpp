@@ -101,7 +101,7 @@ std::optional<QString> CSettingsManageWindow::AskName(const CStr& name)
     dialog->setLabelText(GetText(c_newName));
     dialog->setTextValue(ToQString(name));
     const bool isGiven = dialog->exec() == QDialog::Accepted && dialog;
-    const auto given = isGiven ? std::optional(dialog->textValue()) : std::nullopt;
+    auto given = isGiven ? std::optional(dialog->textValue()) : std::nullopt;
     delete dialog;
     return given;
 }

@@ -2,6 +2,7 @@
 
 #include "dialogs/help/HelpTopics.h"
 #include "dialogs/messages/RememberedMessageBox.h"
+#include "dialogs/placement/PlacementManager.h"
 #include "dialogs/selection/HistogramDlg.h"
 #include "dialogs/selection/InputsDlg.h"
 #include "platform/ManualTimerService.h"
@@ -30,7 +31,10 @@ CAllDialogs::CAllDialogs()
     WriteCustom("x.cpz", "[Z]\nFactor=-1\n");
 }
 
-CAllDialogs::~CAllDialogs() = default;
+CAllDialogs::~CAllDialogs()
+{
+    GetPlacementManager().Clear(); // sizes of windows that a test has made smaller
+}
 
 void CAllDialogs::Look(const std::string& name, QDialog& window, unsigned int topic, const FLook& look)
 {
