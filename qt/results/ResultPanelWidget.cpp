@@ -8,7 +8,7 @@
 #include "qt/results/detail/ResultTable.h"
 #include "qt/results/ResultPrinter.h"
 
-#include <QActionGroup>
+#include <QApplication>
 #include <QBoxLayout>
 #include <QEvent>
 #include <QLabel>
@@ -47,6 +47,16 @@ QMenu& AddSubMenu(QMenu& menu, EResultText text)
 {
     return *menu.addMenu(ToQString(GetResultText(text)));
 }
+
+// Shows while it lives that the program is at work.
+class CBusyPointer
+{
+public:
+    CBusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~CBusyPointer() { QApplication::restoreOverrideCursor(); }
+    CBusyPointer(const CBusyPointer&) = delete;
+    CBusyPointer& operator=(const CBusyPointer&) = delete;
+};
 
 constexpr int c_heightCount = static_cast<int>(CResultTables::c_count);
 
@@ -343,6 +353,7 @@ void CResultPanelWidget::Print(const SResultPages& pages)
 
 std::string CResultPanelWidget::MakePdf(const SResultPages& pages)
 {
+    const CBusyPointer busy;
     return CommonUI::MakePdf(pages);
 }
 

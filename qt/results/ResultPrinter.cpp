@@ -30,6 +30,16 @@ constexpr std::size_t c_linesAround = 5;
 // Narrow paper still gets some lines and columns.
 constexpr std::size_t c_leastLines = 10;
 
+constexpr double c_lineSpacing = 1.15;
+
+QFont MakeFont(QFont::Weight weight)
+{
+    QFont font;
+    font.setPointSize(c_pointSize);
+    font.setWeight(weight);
+    return font;
+}
+
 // What is as long as the longest text so far is measured: digits are all of one width.
 class CWidest
 {
@@ -81,15 +91,14 @@ QStringList WrapLines(const QString& text, const QFontMetricsF& metrics, double 
 
 CResultPrinter::CResultPrinter(const SResultPages& pages, QPaintDevice& device, const QSizeF& size)
     : m_pages(pages)
-    , m_device(device)
     , m_size(size)
+    , m_font(MakeFont(QFont::Normal))
+    , m_bold(MakeFont(QFont::Bold))
+    , m_metrics(m_font, &device)
+    , m_boldMetrics(m_bold, &device)
+    , m_lineHeight(m_metrics.height() * c_lineSpacing)
+    , m_gap(m_metrics.averageCharWidth() * 2)
 {
-    m_font.setPointSize(c_pointSize);
-    m_bold = m_font;
-    m_bold.setBold(true);
-    const QFontMetricsF metrics(m_font, &device);
-    m_lineHeight = metrics.height() * 1.15;
-    m_gap = metrics.averageCharWidth() * 2;
     const auto& rows = pages.results->GetRows();
     while (m_frozenRows < rows.size() && rows[m_frozenRows].subHeader)
         ++m_frozenRows;
@@ -103,12 +112,10 @@ CResultPrinter::~CResultPrinter() = default;
 
 void CResultPrinter::MeasureColumns()
 {
-    const QFontMetricsF metrics(m_font, &m_device);
-    const QFontMetricsF bold(m_bold, &m_device);
     const CGrid& results = *m_pages.results;
     for (std::size_t column = 0; column < results.GetWidth(); ++column) {
-        CWidest header(bold);
-        CWidest cells(metrics);
+        CWidest header(m_boldMetrics);
+        CWidest cells(m_metrics);
         for (const CStr& line : HeaderLines(results, column))
             header.Add(line);
         for (const CGrid* const table : {m_pages.results, m_pages.statistics})
@@ -119,7 +126,7 @@ void CResultPrinter::MeasureColumns()
         if (column > 0 && !results.GetColumns()[column - 1].group.IsEmpty())
             m_groupLines = 1;
     }
-    CWidest labels(metrics);
+    CWidest labels(m_metrics);
     for (const CGrid::SRow& row : m_pages.summary->GetRows())
         labels.Add(row.name);
     m_summaryWidth = std::min(labels.width, m_size.width() / 2);
@@ -149,9 +156,8 @@ double CResultPrinter::GetWidth(const SBlock& block) const
 
 void CResultPrinter::MakeNotes()
 {
-    const QFontMetricsF metrics(m_font, &m_device);
     for (const CStr& note : m_pages.notes)
-        for (const QString& line : WrapLines(ToQString(note), metrics, m_size.width()))
+        for (const QString& line : WrapLines(ToQString(note), m_metrics, m_size.width()))
             m_notes.push_back(line);
 }
 
@@ -236,13 +242,17 @@ void CResultPrinter::PrintPage(QPainter& painter, std::size_t page) const
 void CResultPrinter::Write(QPainter& painter, const QString& text, const QRectF& place,
                            Qt::Alignment alignment) const
 {
-    const QFontMetricsF metrics(painter.font(), &m_device);
-    const bool fits = metrics.horizontalAdvance(text) <= place.width() + 1;
+    if (text.isEmpty())
+        return;
+    const QFontMetricsF& metrics = painter.font().bold() ? m_boldMetrics : m_metrics;
+    double width = metrics.horizontalAdvance(text);
+    const bool fits = width <= place.width() + 1;
     const QString shown = fits ? text : metrics.elidedText(text, Qt::ElideRight, place.width());
-    painter.drawText(place,
-                     static_cast<int>(alignment | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine |
-                         Qt::TextDontClip,
-                     shown);
+    width = std::min(width, place.width());
+    const double room = alignment == Qt::AlignLeft    ? 0
+                        : alignment == Qt::AlignRight ? place.width() - width
+                                                      : (place.width() - width) / 2;
+    painter.drawText(QPointF(place.left() + room, place.top() + metrics.ascent()), shown);
 }
 
 void CResultPrinter::PrintHeaders(QPainter& painter, const SBlock& block, double top) const

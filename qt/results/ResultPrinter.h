@@ -4,6 +4,7 @@
 #include "../../export/Export.h"
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QRectF>
 
 #include <cstddef>
@@ -85,10 +86,11 @@ private:
     double GetWidth(const SBlock& block) const;
 
     const SResultPages& m_pages;
-    QPaintDevice& m_device;
     QSizeF m_size;
     QFont m_font;
     QFont m_bold;
+    QFontMetricsF m_metrics; // at the resolution of the device
+    QFontMetricsF m_boldMetrics;
     double m_lineHeight;
     double m_gap;                 // between columns
     std::size_t m_frozenRows = 0; // of the results, below the headers of each page
