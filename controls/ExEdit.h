@@ -69,8 +69,7 @@ public:
 class COMMONUI_API CExEdit : public CWnd, public CViewedControl<CEditView>
 {
 public:
-    /// @param wantsEnter whether Enter and Escape finish the input and stay in the field; otherwise they go
-    ///     on to the dialog
+    /// @param wantsEnter see SetWantsEnter
     /// @param validate see SetValidate
     CExEdit(bool wantsEnter, bool validate);
     virtual ~CExEdit();
@@ -79,6 +78,8 @@ public:
     void SetView(CEditView* view);
     /// Whether Enter, Escape and the loss of the focus call Validate.
     void SetValidate(bool validate) noexcept { m_validate = validate; }
+    /// Whether Enter and Escape finish the input and stay in the field; otherwise they go on to the dialog.
+    void SetWantsEnter(bool wants) noexcept { m_wantsEnter = wants; }
     /// Whether the user cannot change anything, but select and copy the text. Enter and Escape go on to the
     /// dialog then. What has been typed and not been taken is lost; the program may change all there is.
     virtual void SetReadOnly(bool readOnly);

@@ -42,6 +42,7 @@ CFormatSpecifierDlg::CFormatSpecifierDlg(const CParameter& parameter)
         if (value != EFormatSpecifier::FormatInteger)
             m_items.push_back({format.GetFriendlyString(), value});
     }
+    m_count.SetWantsEnter(false); // they are the dialog's
     m_count.SetChangeNotification(*this, &CFormatSpecifierDlg::OnSizeEditChanged);
 }
 

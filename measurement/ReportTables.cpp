@@ -1,8 +1,8 @@
 #include "measurement/ReportTables.h"
 
 #include "common/ControlCharacters.h"
-#include "measurement/Markup.h"
 #include "model/Enumerations.h"
+#include "output/results/Markup.h"
 #include "output/results/NumberFormat.h"
 #include "output/results/ProfileText.h"
 #include "output/results/ResultsHtml.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "../export/Export.h"
+#include "../output/results/Footnotes.h"
 #include "../output/results/GridBaseOutputCtrl.h"
-#include "Footnotes.h"
 #include "Results.h"
 #include "WriteText.h"
 

@@ -1,5 +1,6 @@
 #include "controls/lists/ExtendedList.h"
 
+#include "controls/lists/SearchWords.h"
 #include "controls/lists/TextOrder.h"
 
 #include <algorithm>
@@ -30,15 +31,8 @@ CStr JoinFolded(const SExtendedRow& row)
 {
     CStr joined;
     for (const SExtendedCell& cell : row.cells)
-        joined += FoldCase(cell.text) + u'\n';
+        joined += ToSmall(cell.text.View()) + u'\n';
     return joined;
-}
-
-std::vector<CStr> GetWords(const CStr& filter)
-{
-    std::vector<CStr> words = FoldCase(filter).Split(u" ");
-    std::erase_if(words, [](const CStr& word) { return word.IsEmpty(); });
-    return words;
 }
 
 } // namespace
@@ -112,13 +106,12 @@ void CExtendedList::SetFilter(const CStr& text)
 
 void CExtendedList::Find()
 {
-    const std::vector<CStr> words = GetWords(m_filter);
-    if (!words.empty() && m_searched.empty())
+    const CSearchWords words(m_filter);
+    if (!words.IsEmpty() && m_searched.empty())
         std::ranges::transform(m_rows, std::back_inserter(m_searched), JoinFolded);
     m_found.clear();
-    std::ranges::copy_if(m_sorted, std::back_inserter(m_found), [&](std::size_t row) {
-        return std::ranges::all_of(words, [&](const CStr& word) { return m_searched[row].Contains(word); });
-    });
+    std::ranges::copy_if(m_sorted, std::back_inserter(m_found),
+                         [&](std::size_t row) { return words.IsEmpty() || words.AreIn(m_searched[row]); });
     BuildLines();
 }
 

@@ -1,5 +1,7 @@
 #include "controls/lists/TextOrder.h"
 
+#include "common/SmallLetter.h"
+
 #include <algorithm>
 
 namespace CommonUI
@@ -11,35 +13,6 @@ namespace
 constexpr bool IsDigit(char16_t unit) noexcept
 {
     return unit >= u'0' && unit <= u'9';
-}
-
-constexpr bool IsIn(char16_t unit, char16_t first, char16_t last) noexcept
-{
-    return unit >= first && unit <= last;
-}
-
-// In the extended Latin and Cyrillic rows capital and small letters take turns.
-constexpr char16_t FoldPair(char16_t unit) noexcept
-{
-    const bool oddIsCapital = IsIn(unit, 0x139, 0x148) || IsIn(unit, 0x179, 0x17E);
-    return (unit % 2 != 0) == oddIsCapital ? static_cast<char16_t>(unit + 1) : unit;
-}
-
-constexpr char16_t FoldUnit(char16_t unit) noexcept
-{
-    if (unit < 0x80)
-        return IsIn(unit, u'A', u'Z') ? static_cast<char16_t>(unit + 32) : unit;
-    if ((IsIn(unit, 0xC0, 0xDE) && unit != 0xD7) || (IsIn(unit, 0x391, 0x3AB) && unit != 0x3A2) ||
-        IsIn(unit, 0x410, 0x42F))
-        return static_cast<char16_t>(unit + 32);
-    if (IsIn(unit, 0x400, 0x40F))
-        return static_cast<char16_t>(unit + 80);
-    if (unit == 0x178)
-        return 0xFF;
-    const bool isPaired =
-        (IsIn(unit, 0x100, 0x177) && unit != 0x130 && unit != 0x131 && unit != 0x138 && unit != 0x149) ||
-        IsIn(unit, 0x179, 0x17E) || IsIn(unit, 0x460, 0x481) || IsIn(unit, 0x48A, 0x4BF);
-    return isPaired ? FoldPair(unit) : unit;
 }
 
 // Takes a run of digits from the front of a text. @return the digits without leading zeros
@@ -67,7 +40,7 @@ std::strong_ordering CompareFolded(std::u16string_view one, std::u16string_view 
         if (IsDigit(one.front()) && IsDigit(other.front())) {
             order = CompareNumbers(TakeNumber(one), TakeNumber(other));
         } else {
-            order = FoldUnit(one.front()) <=> FoldUnit(other.front());
+            order = ToSmall(one.front()) <=> ToSmall(other.front());
             one.remove_prefix(1);
             other.remove_prefix(1);
         }
@@ -79,17 +52,10 @@ std::strong_ordering CompareFolded(std::u16string_view one, std::u16string_view 
 
 } // namespace
 
-CStr FoldCase(std::u16string_view text)
-{
-    CStr folded;
-    char16_t* const units = folded.SetLength(text.size());
-    std::ranges::transform(text, units, FoldUnit);
-    return folded;
-}
-
 bool IsSameFolded(std::u16string_view one, std::u16string_view other)
 {
-    return std::ranges::equal(one, other, {}, FoldUnit, FoldUnit);
+    constexpr auto c_toSmall = [](char16_t unit) { return ToSmall(unit); };
+    return std::ranges::equal(one, other, {}, c_toSmall, c_toSmall);
 }
 
 std::strong_ordering CompareNatural(std::u16string_view one, std::u16string_view other)

@@ -12,9 +12,6 @@
 namespace CommonUI
 {
 
-/// The text in small letters: those of Latin, Greek and Cyrillic that have a small form in the basic plane.
-COMMONUI_API CStr FoldCase(std::u16string_view text);
-
 /// Whether two texts differ at most in the case of letters.
 COMMONUI_API bool IsSameFolded(std::u16string_view one, std::u16string_view other);
 

@@ -15,6 +15,17 @@ struct SHelpTopic {
     std::u16string_view chapter; ///< the heading in small letters with hyphens; empty for the whole page
 };
 
+/// The topics of windows without a CBaseDialog.
+namespace HelpTopic
+{
+
+constexpr unsigned int c_chooser = 11241; ///< the list of all settings of a type
+constexpr unsigned int c_manage = 11246;  ///< the user's own settings
+constexpr unsigned int c_compare = 11253; ///< two settings side by side
+constexpr unsigned int c_import = 11260;
+
+} // namespace HelpTopic
+
 /// The topics of the library's own dialogs, by their numbers.
 COMMONUI_API std::span<const SHelpTopic> GetHelpTopics();
 

@@ -24,8 +24,6 @@ public:
     const std::vector<std::size_t>& GetFound() const noexcept { return m_found; }
 
 private:
-    bool Has(std::size_t entry, const std::vector<CStr>& words) const;
-
     std::vector<CStr> m_entries; // in small letters
     std::vector<std::size_t> m_found;
     CStr m_text;

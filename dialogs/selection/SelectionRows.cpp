@@ -1,6 +1,6 @@
 #include "dialogs/selection/SelectionRows.h"
 
-#include "common/SmallLetter.h"
+#include "controls/lists/SearchWords.h"
 #include "model/RoughnessCatalogue.h"
 
 #include <algorithm>
@@ -174,11 +174,9 @@ std::size_t CSelectionRows::CountShown() const
 void CSelectionRows::Search(std::u16string_view text)
 {
     m_search = text;
-    std::vector<CStr> words = ToSmall(text).Split(u" ");
-    std::erase_if(words, [](const CStr& word) { return word.IsEmpty(); });
+    const CSearchWords words(text);
     for (SSelectionRow& row : m_rows)
-        row.shown = row.entry &&
-                    std::ranges::all_of(words, [&row](const CStr& word) { return HasWord(row.text, word); });
+        row.shown = row.entry && words.AreIn(row.text, HasWord);
     // Groups stand before what is in them.
     for (const SSelectionRow& row : std::views::reverse(m_rows))
         if (row.shown && row.parent >= 0)

@@ -111,15 +111,12 @@ void CSettingsChooser::Reset(FChange change)
 
 bool CSettingsChooser::IsShown(const SSearchedRow& row) const
 {
-    return std::ranges::all_of(m_words, [&](const CStr& word) { return row.words.Find(word) != CStr::npos; });
+    return m_words.AreIn(row.words);
 }
 
 void CSettingsChooser::SetFilter(const CStr& text)
 {
-    m_words.clear();
-    for (const CStr& word : ToSmall(text).Split(u" "))
-        if (!word.IsEmpty())
-            m_words.emplace_back(word.View());
+    m_words = CSearchWords(text);
     Reset([this] { Filter(); });
     m_stateChanged.Invoke();
 }

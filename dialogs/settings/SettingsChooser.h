@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../../controls/lists/SearchWords.h"
 #include "SettingsMenu.h"
 
 #include <string>
@@ -70,7 +71,7 @@ private:
     std::vector<SSearchedRow> m_rows;
     std::size_t m_customCount = 0; // of the rows, which come first
     std::vector<std::size_t> m_shown;
-    std::vector<CStr> m_words; // of the filter
+    CSearchWords m_words; // of the filter
     CClosureConnection m_scanConnection;
     CMultiClosure1<void, const SChange&> m_changed;
     CMultiClosure0<void> m_stateChanged;

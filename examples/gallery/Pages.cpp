@@ -13,6 +13,7 @@ constexpr SPage c_pages[] = {
     {"progress", "Progress", MakeProgressPage, StageProgressPage},
     {"number-format", "Number format", MakeNumberFormatPage, StageNumberFormatPage},
     {"selection", "Parameter selection", MakeSelectionPage, StageSelectionPage},
+    {"result-dialog", "Result dialog", MakeResultDialogPage, StageResultDialogPage},
     {"lists", "Lists", MakeListsPage, StageListsPage},
     {"controls", "Controls", MakeControlsPage, StageControlsPage},
     {"folders", "Folders", MakeFoldersPage, StageFoldersPage},

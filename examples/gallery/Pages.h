@@ -36,9 +36,8 @@ QWidget* MakeResultGridPage(const FLog& log);
 void StageResultGridPage(QWidget& page);
 QWidget* MakeSelectionPage(const FLog& log);
 void StageSelectionPage(QWidget& page);
-/// Has the pages that are made from then on keep what the user chooses in the user's folder for settings;
-/// otherwise they begin with the defaults and keep nothing.
-void KeepSelections();
+QWidget* MakeResultDialogPage(const FLog& log);
+void StageResultDialogPage(QWidget& page);
 QWidget* MakeListsPage(const FLog& log);
 void StageListsPage(QWidget& page);
 QWidget* MakeControlsPage(const FLog& log);

@@ -1,9 +1,6 @@
-#include "common/ini/IniStore.h"
-#include "common/PathText.h"
 #include "examples/gallery/Pages.h"
+#include "examples/gallery/Preferences.h"
 #include "examples/gallery/SelectionResults.h"
-#include "model/ParameterList.h"
-#include "platform/Folders.h"
 #include "qt/grid/ResultGridWidget.h"
 #include "qt/QtText.h"
 #include "qt/selection/QtSelectionDlg.h"
@@ -16,7 +13,6 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-#include <filesystem>
 #include <memory>
 
 namespace Gallery
@@ -26,61 +22,6 @@ namespace
 {
 
 using namespace CommonUI;
-
-constexpr const char16_t* c_section = u"SurfaceReport"; // its --preferences takes the file
-constexpr const char16_t* c_grainSection = u"GrainThreshold";
-
-bool s_keeps = false;
-
-// What the page keeps from one start to the next: the preferences of all analyses, and the grains.
-class CKept
-{
-public:
-    explicit CKept(const FLog& log)
-    {
-        if (!s_keeps)
-            return;
-        const std::filesystem::path folder = GetFolders().GetSettingsFolder() / "CommonUIGallery";
-        std::filesystem::create_directories(folder, m_error);
-        CStr file;
-        ToText(folder / "preferences.ini", file);
-        m_store.GetInifile().SetFileName(file);
-        m_store.Load();
-        for (const CStr& sentence : m_store.GetAccount().GetSentences())
-            log(ToQString(sentence));
-        LoadAll();
-    }
-    // False where the file cannot be written.
-    bool Save()
-    {
-        CInifile& ini = m_store.GetInifile();
-        ini.SelectSection(c_section);
-        manager.Save(ini);
-        grains.Save(ini);
-        if (!s_keeps)
-            return true;
-        const bool isSaved = m_store.Save(IsDynamicParametersSection);
-        if (m_store.GetAccount().hasOthers)
-            LoadAll();
-        return isSaved;
-    }
-
-    CAnalysisPreferencesManager manager;
-    SGrainThresholdSettings grains{.threshold = Analysis::EGrainThreshold::Otsu};
-
-private:
-    void LoadAll()
-    {
-        CInifile& ini = m_store.GetInifile();
-        ini.SelectSection(c_section);
-        manager.Load(ini);
-        if (ini.HasSection(c_grainSection))
-            grains.Load(ini);
-    }
-
-    CIniStore m_store;
-    std::error_code m_error;
-};
 
 class CSelectionPage : public QWidget
 {
@@ -112,14 +53,14 @@ public:
         layout->addWidget(m_statistics);
         connect(choose, &QPushButton::clicked, this, [this] { Choose(); });
         connect(m_analysis, &QComboBox::activated, this, [this] { ShowResults(); });
-        m_kept.manager.GetChangeList().Subscribe(*this, &CSelectionPage::OnChange, m_connection);
+        m_preferences.manager.GetChangeList().Subscribe(*this, &CSelectionPage::OnChange, m_connection);
         ShowResults();
     }
 
     // Opens the dialog for the picture.
     void Open()
     {
-        m_dialog = std::make_unique<CQtSelectionDlg>(m_kept.manager, EAnalysis::Roughness, this);
+        m_dialog = std::make_unique<CQtSelectionDlg>(m_preferences.manager, EAnalysis::Roughness, this);
         m_dialog->Create();
         CSelectionWindow& window = *m_dialog->GetWindow();
         // Some of the results stay in sight.
@@ -134,13 +75,13 @@ private:
     EAnalysis GetAnalysis() const { return EAnalysis{m_analysis->currentIndex()}; }
     void Choose()
     {
-        CQtSelectionDlg dialog(m_kept.manager, GetAnalysis(), this);
-        dialog.SetGrainSettings(m_kept.grains);
+        CQtSelectionDlg dialog(m_preferences.manager, GetAnalysis(), this);
+        dialog.SetGrainSettings(m_preferences.grains);
         if (dialog.DoModal() != CBaseDialog::c_ok)
             return;
-        m_kept.grains = *dialog.GetGrainSettings();
-        if (!m_kept.Save())
-            m_log(QStringLiteral("Not kept: the folder for settings cannot be written"));
+        m_preferences.grains = *dialog.GetGrainSettings();
+        if (!m_preferences.Save())
+            m_log(QStringLiteral("Not kept: the file of preferences cannot be written"));
         ShowResults();
     }
     void OnChange(const SPreferencesChange& change)
@@ -154,10 +95,11 @@ private:
     }
     void ShowResults()
     {
-        FillSelectionResults(m_kept.manager, GetAnalysis(), m_kept.grains, m_results->GetTable());
+        FillSelectionResults(m_preferences.manager, GetAnalysis(), m_preferences.grains,
+                             m_results->GetTable());
         m_results->Update();
         m_results->GetPane().FitColumns();
-        const CAnalysisPreferencesData& chosen = m_kept.manager.GetData(GetAnalysis());
+        const CAnalysisPreferencesData& chosen = m_preferences.manager.GetData(GetAnalysis());
         m_statistics->setText(QStringLiteral("Statistics: %1\nOutputs: %2")
                                   .arg(NamesOf(chosen.GetStatistics()), NamesOf(chosen.GetOutputs())));
     }
@@ -171,7 +113,7 @@ private:
     }
 
     FLog m_log;
-    CKept m_kept{m_log};
+    CPreferences& m_preferences = GetPreferences();
     CClosureConnection m_connection;
     QComboBox* m_analysis;
     CResultGridWidget* m_results;
@@ -180,11 +122,6 @@ private:
 };
 
 } // namespace
-
-void KeepSelections()
-{
-    s_keeps = true;
-}
 
 QWidget* MakeSelectionPage(const FLog& log)
 {

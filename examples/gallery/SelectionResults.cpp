@@ -5,9 +5,11 @@
 #include "measurement/GrainLimit.h"
 #include "measurement/ReportTables.h"
 #include "measurement/Results.h"
+#include "measurement/ResultSets.h"
 #include "output/results/NumberFormat.h"
 
 #include <cmath>
+#include <utility>
 
 namespace Gallery
 {
@@ -45,8 +47,10 @@ bool IsPlane(const CAnalysisPreferencesData& data)
     return data.GetPreprocessingOption() != ERoughnessPreprocessingOptions::None;
 }
 
-void FillComputed(const CAnalysisPreferencesManager& manager, EAnalysis analysis,
-                  const SGrainThresholdSettings& grains, CGrid& table)
+// Calls use(results) while the surface that these refer to is there.
+template<class FUse>
+auto Compute(const CAnalysisPreferencesManager& manager, EAnalysis analysis,
+             const SGrainThresholdSettings& grains, FUse use)
 {
     Measurement::SRequest request{.usesPreferences = true};
     if (IsPlane(manager.GetData(analysis)))
@@ -57,8 +61,16 @@ void FillComputed(const CAnalysisPreferencesManager& manager, EAnalysis analysis
     const Measurement::SInput input = Measurement::Process(MakeSurface(), choices.method.levelling, {});
     if (choices.method.MeasuresGrains())
         choices.method.grains = Measurement::FindGrainLimit(choices.method, input.surface);
-    const Measurement::CReportTables tables(Measurement::ComputeResults(input, choices), false);
-    CopyTable(analysis == EAnalysis::Roughness ? tables.GetSurface() : tables.GetRows(), table);
+    return use(Measurement::ComputeResults(input, choices));
+}
+
+void FillComputed(const CAnalysisPreferencesManager& manager, EAnalysis analysis,
+                  const SGrainThresholdSettings& grains, CGrid& table)
+{
+    Compute(manager, analysis, grains, [&](Measurement::SResults results) {
+        const Measurement::CReportTables tables(std::move(results), false);
+        CopyTable(analysis == EAnalysis::Roughness ? tables.GetSurface() : tables.GetRows(), table);
+    });
 }
 
 void FillMadeUp(const CAnalysisPreferencesData& data, CGrid& table)
@@ -83,10 +95,27 @@ void FillSelectionResults(const CAnalysisPreferencesManager& manager, EAnalysis 
                           const SGrainThresholdSettings& grains, CGrid& table)
 {
     table.Clear();
-    if (IsRoughness(analysis) || analysis == EAnalysis::Measure)
+    if (IsComputed(analysis))
         FillComputed(manager, analysis, grains, table);
     else
         FillMadeUp(manager.GetData(analysis), table);
+}
+
+bool IsComputed(EAnalysis analysis)
+{
+    return IsRoughness(analysis) || analysis == EAnalysis::Measure;
+}
+
+SResultSet MakeSelectionResults(const CAnalysisPreferencesManager& manager, EAnalysis analysis,
+                                const SGrainThresholdSettings& grains)
+{
+    return Compute(manager, analysis, grains, [&](const Measurement::SResults& results) {
+        const CStr name = CAnalysisPreferencesData::GetININame(analysis);
+        SResultSet set = analysis == EAnalysis::Roughness ? Measurement::MakeSurfaceSet(results, name)
+                                                          : Measurement::MakeRowSet(results, name);
+        set.title = CAnalysisPreferencesData::GetFriendlyName(analysis) + u" of a made-up surface";
+        return set;
+    });
 }
 
 } // namespace Gallery

@@ -2,6 +2,7 @@
 
 #include "model/AnalysisPreferencesManager.h"
 #include "output/results/GridBaseOutputCtrl.h"
+#include "output/results/ResultSet.h"
 #include "settings/readers/GrainThresholdSettings.h"
 
 namespace Gallery
@@ -13,5 +14,12 @@ namespace Gallery
 void FillSelectionResults(const CommonUI::CAnalysisPreferencesManager& manager, CommonUI::EAnalysis analysis,
                           const CommonUI::SGrainThresholdSettings& grains,
                           CommonUI::CGridBaseOutputCtrl& table);
+
+/// Whether the library computes an analysis.
+bool IsComputed(CommonUI::EAnalysis analysis);
+/// The same values of an analysis that is computed, for a result dialog.
+CommonUI::SResultSet MakeSelectionResults(const CommonUI::CAnalysisPreferencesManager& manager,
+                                          CommonUI::EAnalysis analysis,
+                                          const CommonUI::SGrainThresholdSettings& grains);
 
 } // namespace Gallery

@@ -1,11 +1,13 @@
-// The controls of the library, alive. gallery [--language TAG] [--shots FOLDER]: a window, or pictures of all
-// pages. What the pages themselves say is English.
+// The controls of the library, alive. gallery [--language TAG] [--preferences FILE] [--shots FOLDER]: a
+// window, or pictures of all pages, for which no preferences are kept. What the pages themselves say is
+// English.
 
 #include "common/Language.h"
+#include "common/PathText.h"
 #include "dialogs/help/HelpTopics.h"
 #include "examples/gallery/GalleryWindow.h"
-#include "examples/gallery/Pages.h"
 #include "examples/gallery/Palettes.h"
+#include "examples/gallery/Preferences.h"
 #include "examples/gallery/Shots.h"
 #include "platform/HelpService.h"
 #include "qt/controls/InterfaceStyle.h"
@@ -55,9 +57,14 @@ bool UseLanguage(const QString& tag, QTranslator& qtTexts)
     return true;
 }
 
-int ShowWindow()
+int ShowWindow(const QString& file)
 {
-    Gallery::KeepSelections();
+    Gallery::CPreferences preferences(file.isEmpty() ? Gallery::CPreferences::GetUsualFile()
+                                                     : CommonUI::ToPath(CommonUI::FromQString(file)));
+    if (!preferences.IsLoaded()) {
+        qCritical("gallery: %s cannot be read", qPrintable(file));
+        return 2;
+    }
     Gallery::CGalleryWindow window;
     CHelpInLog help(window);
     const CommonUI::CServiceScope<CommonUI::CHelpService> helpScope(help);
@@ -77,10 +84,14 @@ int main(int argc, char** argv)
                                       QStringLiteral("tag"), QStringLiteral("en"));
     const QCommandLineOption shots(QStringLiteral("shots"), QStringLiteral("pictures instead of a window"),
                                    QStringLiteral("folder"));
+    const QCommandLineOption kept(QStringLiteral("preferences"),
+                                  QStringLiteral("what is kept in place of "
+                                                 "the usual file"),
+                                  QStringLiteral("file"));
     const QCommandLineOption atThisScale(QString::fromLatin1(Gallery::c_atThisScale));
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOptions({language, shots, atThisScale});
+    parser.addOptions({language, kept, shots, atThisScale});
     parser.process(application);
 
     QTranslator qtTexts;
@@ -93,7 +104,8 @@ int main(int argc, char** argv)
     const CommonUI::CInterfaceStyle style(colors);
     Gallery::UseColors(colors);
     if (!parser.isSet(shots))
-        return ShowWindow();
+        return ShowWindow(parser.value(kept));
+    Gallery::CPreferences unkept{{}};
     const bool written = parser.isSet(atThisScale) ? Gallery::WriteShots(parser.value(shots))
                                                    : Gallery::WriteShotsAtAllScales();
     return written ? 0 : 1;

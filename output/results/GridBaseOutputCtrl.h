@@ -162,6 +162,7 @@ public:
     void Select(const SSelection& selection);
     void SelectAll();
     void ClearSelection();
+    bool HasSelection() const noexcept { return m_hasSelection; }
     /// Appends the selected cells to `cells`, below the headers of their columns where that is asked for. A
     /// header of several lines becomes one line.
     void GetSelectedCells(CCells& cells, bool headers, bool exact = false) const;

@@ -4,8 +4,8 @@
 #include "analysis/surface/Value.h"
 #include "common/ControlCharacters.h"
 #include "measurement/Columns.h"
-#include "measurement/Markup.h"
 #include "model/Enumerations.h"
+#include "output/results/Markup.h"
 #include "output/results/NumberFormat.h"
 #include "output/results/ProfileText.h"
 #include "programs/surface_report/AlignedText.h"
@@ -63,8 +63,8 @@ CGrid EscapedRows(const CGrid& grid)
     for (const CGrid::SColumn& column : grid.GetColumns())
         escaped.AddColumn(column);
     for (CGrid::SRow row : grid.GetRows()) {
-        row.name = Measurement::EscapeMarkup(row.name);
-        std::ranges::transform(row.cells, row.cells.begin(), Measurement::EscapeMarkup);
+        row.name = EscapeMarkup(row.name);
+        std::ranges::transform(row.cells, row.cells.begin(), EscapeMarkup);
         escaped.AddRow(std::move(row));
     }
     return escaped;

@@ -2,9 +2,9 @@
 
 #include "measurement/Choices.h"
 #include "measurement/Columns.h"
-#include "measurement/Footnotes.h"
 #include "measurement/ValueFailure.h"
 #include "measurement/WriteText.h"
+#include "output/results/Footnotes.h"
 #include "output/results/GridBaseOutputCtrl.h"
 #include "programs/surface_report/RunHead.h"
 
@@ -69,8 +69,8 @@ private:
     CommonUI::CGridBaseOutputCtrl m_summary;
     CommonUI::CGridBaseOutputCtrl m_rows;
     CommonUI::CGridBaseOutputCtrl m_statistics;
-    CommonUI::Measurement::CFootnotes m_notes{};           // why cells of rows and statistics are empty
-    CommonUI::Measurement::CFootnotes m_statisticsNotes{}; // why those of statistics are
+    CommonUI::CFootnotes m_notes{};           // why cells of rows and statistics are empty
+    CommonUI::CFootnotes m_statisticsNotes{}; // why those of statistics are
 };
 
 } // namespace SurfaceReport

@@ -40,7 +40,7 @@ CommonUI::CStr StatisticsText(const CGrid& rows, const CGrid& statistics)
     return AlignedText(cells);
 }
 
-CommonUI::CStr WithNotes(const CommonUI::CStr& table, const CommonUI::Measurement::CFootnotes& notes)
+CommonUI::CStr WithNotes(const CommonUI::CStr& table, const CommonUI::CFootnotes& notes)
 {
     CommonUI::CStr text = table;
     for (const CommonUI::CStr& line : notes.GetLines())

@@ -4,8 +4,10 @@
 #include "qt/controls/detail/EdgeStyle.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QStyleFactory>
 #include <QToolTip>
+#include <QWidget>
 
 #include <utility>
 
@@ -90,12 +92,16 @@ void CInterfaceStyle::ShowEdges(bool show)
 {
     if (show == !m_style.isEmpty())
         return;
+    // Boxes of buttons make theirs anew for another style, and drop the focus.
+    const QPointer<QWidget> focus = QApplication::focusWidget();
     if (show) {
         m_style = QApplication::style()->name();
         QApplication::setStyle(new CEdgeStyle(m_style));
     } else {
         QApplication::setStyle(QStyleFactory::create(std::exchange(m_style, {})));
     }
+    if (focus)
+        focus->setFocus(Qt::OtherFocusReason);
 }
 
 void CInterfaceStyle::Apply()

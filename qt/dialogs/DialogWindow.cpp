@@ -2,14 +2,13 @@
 
 #include "qt/detail/EventGuard.h"
 #include "qt/detail/ParentWindow.h"
+#include "qt/detail/WindowHelp.h"
 #include "qt/framework/WindowPlacer.h"
 #include "qt/QtText.h"
 
 #include <QApplication>
 #include <QLabel>
-#include <QShortcut>
 #include <QShowEvent>
-#include <QWhatsThis>
 #include <QWindow>
 
 #include <utility>
@@ -18,13 +17,14 @@ namespace CommonUI
 {
 
 CDialogWindow::CDialogWindow(QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                          Qt::WindowCloseButtonHint | Qt::WindowContextHelpButtonHint)
+    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint)
 {
     // Closing a dialog is no reason to end the program.
     setAttribute(Qt::WA_QuitOnClose, false);
-    auto* const help = new QShortcut(QKeySequence(Qt::Key_F1), this);
-    connect(help, &QShortcut::activated, this, [this] { AskHelp(); });
+    AddHelp(*this, [this] {
+        if (const CBaseDialog* const dialog = GetDialog())
+            dialog->OnHelpInfo();
+    });
 }
 
 CDialogWindow::~CDialogWindow()
@@ -58,23 +58,13 @@ void CDialogWindow::reject()
         QDialog::reject();
 }
 
-void CDialogWindow::AskHelp()
-{
-    if (const CBaseDialog* const dialog = GetDialog())
-        Guarded([dialog] { dialog->OnHelpInfo(); });
-}
-
 bool CDialogWindow::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked) {
         m_blocked = event->type() == QEvent::WindowBlocked;
         ShowPointer();
     }
-    if (event->type() != QEvent::EnterWhatsThisMode)
-        return QDialog::event(event);
-    QWhatsThis::leaveWhatsThisMode();
-    AskHelp();
-    return true;
+    return QDialog::event(event);
 }
 
 void CDialogWindow::showEvent(QShowEvent* event)

@@ -65,7 +65,6 @@ private:
 
     void LieOver(QWidget* below);
     void ShowPointer();
-    void AskHelp();
     QString AddMnemonic(SControl& control, const QString& text) const;
 
     QPointer<QWidget> m_below;

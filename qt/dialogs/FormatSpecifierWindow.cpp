@@ -1,5 +1,6 @@
 #include "qt/dialogs/FormatSpecifierWindow.h"
 
+#include "qt/controls/detail/Isolate.h"
 #include "qt/detail/EventGuard.h"
 #include "qt/edits/NumericEditWidget.h"
 #include "qt/QtText.h"
@@ -9,6 +10,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QWheelEvent>
 
 namespace CommonUI
@@ -44,7 +46,8 @@ CFormatSpecifierWindow::CFormatSpecifierWindow(QWidget* parent)
 {
     LayOut();
     RememberPlacement(u"FormatSpecifier");
-    connect(m_list, &QComboBox::activated, this, [this] {
+    // Not only "activated": an item that is found by its letters is just the current one.
+    connect(m_list, &QComboBox::currentIndexChanged, this, [this] {
         if (CDlg* const dialog = GetControl())
             Guarded([dialog] { dialog->OnCbnSelchangeFormatCombo(); });
     });
@@ -91,8 +94,17 @@ void CFormatSpecifierWindow::Attach(CFormatSpecifierDlg& dialog)
     m_count->Attach(dialog.GetCountEdit());
 }
 
+void CFormatSpecifierWindow::SetText(int control, const CStr& text)
+{
+    if (control == CDlg::c_largeExample || control == CDlg::c_smallExample)
+        CDialogViewWindow::SetText(control, FromQString(ShowNumber(ToQString(text))));
+    else
+        CDialogViewWindow::SetText(control, text);
+}
+
 void CFormatSpecifierWindow::SetItems(const std::vector<SFormatItem>& items)
 {
+    const QSignalBlocker blocker(m_list);
     m_list->clear();
     for (const SFormatItem& item : items)
         m_list->addItem(ToQString(item.text), static_cast<int>(item.value));
@@ -101,6 +113,7 @@ void CFormatSpecifierWindow::SetItems(const std::vector<SFormatItem>& items)
 
 void CFormatSpecifierWindow::SelectItem(std::optional<std::size_t> index)
 {
+    const QSignalBlocker blocker(m_list);
     m_list->setCurrentIndex(index ? static_cast<int>(*index) : -1);
 }
 

@@ -24,6 +24,7 @@ public:
     /// Shows a dialog, which is not open, with its edit field. It is not owned; either may go first.
     void Attach(CFormatSpecifierDlg& dialog);
 
+    void SetText(int control, const CStr& text) override;
     void SetItems(const std::vector<SFormatItem>& items) override;
     void SelectItem(std::optional<std::size_t> index) override;
     std::optional<std::size_t> GetSelectedItem() const override;

@@ -103,6 +103,7 @@ void CSelectionListWindow::LayOut()
     m_filter->setClearButtonEnabled(true);
     m_filter->installEventFilter(this);
     m_list->setModel(m_model);
+    m_list->viewport()->installEventFilter(this);
     m_list->setUniformItemSizes(true); // a long list is not measured row by row
     m_list->setTextElideMode(Qt::ElideMiddle);
     m_list->setMinimumHeight(8 * fontMetrics().lineSpacing());
@@ -219,6 +220,10 @@ bool CSelectionListWindow::eventFilter(QObject* watched, QEvent* event)
         if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown)
             return QApplication::sendEvent(m_list, event);
     }
+    // What is current stays in view in a smaller window, also in one that opens as small as it was.
+    if (watched == m_list->viewport() && event->type() == QEvent::Resize)
+        QMetaObject::invokeMethod(
+            m_list, [this] { m_list->scrollTo(m_list->currentIndex()); }, Qt::QueuedConnection);
     return CDialogViewWindow::eventFilter(watched, event);
 }
 

@@ -26,6 +26,7 @@ CTextEditorWindow::CTextEditorWindow(QWidget* parent)
     , m_editor(new QPlainTextEdit)
     , m_find(new QLineEdit)
     , m_matchCase(new QCheckBox)
+    , m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
     LayOut();
     AddKeys();
@@ -46,17 +47,16 @@ void CTextEditorWindow::LayOut()
     layout->addLayout(MakeFindRow());
     auto* const status = new QLabel;
     status->setTextFormat(Qt::PlainText);
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    m_ok = buttons->button(QDialogButtonBox::Ok);
+    m_ok = m_buttons->button(QDialogButtonBox::Ok);
     AddControl(CDlg::c_status, *status);
     AddControl(CDlg::c_ok, *m_ok);
-    AddControl(CDlg::c_cancel, *buttons->button(QDialogButtonBox::Cancel));
+    AddControl(CDlg::c_cancel, *m_buttons->button(QDialogButtonBox::Cancel));
     auto* const end = new QHBoxLayout;
     end->addWidget(status, 1);
-    end->addWidget(buttons);
+    end->addWidget(m_buttons);
     layout->addLayout(end);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     resize(80 * m_editor->fontMetrics().averageCharWidth(), 30 * m_editor->fontMetrics().lineSpacing());
 }
 
@@ -164,7 +164,17 @@ void CTextEditorWindow::SetReadOnly(bool readOnly)
     // Reading is scrolling: the cursor keys move it, too.
     if (readOnly)
         m_editor->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    m_ok->setVisible(!readOnly);
+    // Not only hidden: the box would show it again, with another style.
+    if (readOnly) {
+        m_buttons->removeButton(m_ok);
+        m_ok->setParent(this);
+        m_ok->hide();
+        // Tab would lead to the button that has gone.
+        m_buttons->setFocusProxy(m_buttons->button(QDialogButtonBox::Cancel));
+    } else {
+        m_buttons->addButton(m_ok, QDialogButtonBox::AcceptRole);
+        m_ok->show();
+    }
 }
 
 STextRange CTextEditorWindow::GetSelection() const

@@ -4,6 +4,7 @@
 #include "../dialogs/DialogWindow.h"
 
 class QCheckBox;
+class QDialogButtonBox;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
@@ -50,6 +51,7 @@ private:
     QPlainTextEdit* m_editor;
     QLineEdit* m_find;
     QCheckBox* m_matchCase;
+    QDialogButtonBox* m_buttons;
     QPushButton* m_ok = nullptr;
 };
 

@@ -123,8 +123,8 @@ QPoint CResultGridWidget::GetMenuPlace() const
 {
     const QRect focus = ToQRect(m_pane.GetCellRect(m_pane.GetSelection().GetFocus()));
     const QRect shown = viewport()->rect();
-    return m_pane.GetSelection().IsEmpty() || !shown.contains(focus.bottomLeft()) ? shown.center() / 2
-                                                                                  : focus.bottomLeft();
+    const bool isOut = m_pane.GetSelection().IsEmpty() || !shown.contains(focus.bottomLeft());
+    return viewport()->mapToGlobal(isOut ? shown.center() / 2 : focus.bottomLeft());
 }
 
 void CResultGridWidget::contextMenuEvent(QContextMenuEvent* event)
@@ -147,7 +147,7 @@ void CResultGridWidget::contextMenuEvent(QContextMenuEvent* event)
     }
     menu->addAction(&GetFitColumnsAction());
     const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
-    menu->popup(byMouse ? event->globalPos() : viewport()->mapToGlobal(GetMenuPlace()));
+    menu->popup(byMouse ? event->globalPos() : GetMenuPlace());
 }
 
 } // namespace CommonUI

@@ -46,15 +46,14 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     /// Shows why a cell is empty.
     bool viewportEvent(QEvent* event) override;
+    /// Where on the screen a menu opens that was not asked for with the mouse.
+    QPoint GetMenuPlace() const;
 
 private:
     CResultGridWidget(std::unique_ptr<CGridBaseOutputCtrl> owned, QWidget* parent);
     void AddCommand(ECommand command, int textId);
     void Run(ECommand command);
     void CopyWhole(bool transpose) const;
-    // Where the menu opens that was not asked for with the mouse.
-    QPoint GetMenuPlace() const;
-
     std::unique_ptr<CGridBaseOutputCtrl> m_owned;
     CGridBaseOutputCtrl& m_table;
     CResultGridPane m_pane;

@@ -63,7 +63,6 @@ COptionForm::COptionForm(FChoice choice, FText text)
 {
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    m_layout->setRowWrapPolicy(QFormLayout::WrapLongRows);
 }
 
 bool COptionForm::IsSameForm(const std::vector<SDialogOption>& options) const
@@ -197,6 +196,15 @@ void COptionForm::ShowFault(SLine& line)
     line.field->setAccessibleDescription(isFaulty ? fault : ToQString(line.option.remark));
     if (isFaulty)
         line.field->setToolTip(fault);
+}
+
+std::vector<QWidget*> COptionForm::GetFields() const
+{
+    std::vector<QWidget*> fields;
+    fields.reserve(m_lines.size());
+    for (const SLine& line : m_lines)
+        fields.push_back(line.field);
+    return fields;
 }
 
 void COptionForm::FocusOption(int id)

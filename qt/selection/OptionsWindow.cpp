@@ -51,6 +51,8 @@ COptionsWindow::~COptionsWindow()
 void COptionsWindow::ShowOptions(const std::vector<SDialogOption>& options)
 {
     m_form->Show(options, CMnemonics({}));
+    if (!focusWidget() && !options.empty())
+        m_form->FocusOption(options.front().id);
 }
 
 void COptionsWindow::FocusOption(int id)

@@ -1,10 +1,10 @@
 #include "qt/selection/detail/SelectionItemModel.h"
 
+#include "qt/controls/detail/Isolate.h"
 #include "qt/detail/EventGuard.h"
 #include "qt/QtText.h"
 
 #include <QFont>
-#include <QGuiApplication>
 
 #include <algorithm>
 
@@ -110,11 +110,8 @@ int CSelectionItemModel::columnCount(const QModelIndex& /*parent*/) const
 
 QString CSelectionItemModel::GetText(int row, ESelectionColumn column) const
 {
-    QString text = ToQString(GetDialog()->GetText(m_tab, row, column));
-    if (column == ESelectionColumn::Name || !QGuiApplication::isRightToLeft() || text.isEmpty())
-        return text;
-    // Numbers and units are read from left to right in every language.
-    return QChar(0x2066) + text + QChar(0x2069);
+    const QString text = ToQString(GetDialog()->GetText(m_tab, row, column));
+    return column == ESelectionColumn::Name ? text : ShowNumber(text);
 }
 
 QVariant CSelectionItemModel::GetFont(int row) const

@@ -20,7 +20,9 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace CommonUI
 {
@@ -42,6 +44,8 @@ CSelectionWindow::CSelectionWindow(QWidget* parent)
     , m_search(new QLineEdit)
     , m_remark(new QLabel)
 {
+    // All tabs are seen, however small the window is.
+    m_tabs->setUsesScrollButtons(false);
     LayOut();
     connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
         if (GetControl() && !m_making)
@@ -54,6 +58,14 @@ CSelectionWindow::CSelectionWindow(QWidget* parent)
         m_search->setFocus(Qt::ShortcutFocusReason);
         m_search->selectAll();
     });
+    // Before a list takes the key for a letter.
+    for (const bool next : {true, false}) {
+        auto* const go = new QShortcut(next ? QKeySequence::NextChild : QKeySequence::PreviousChild, this);
+        connect(go, &QShortcut::activated, this, [this, next] {
+            if (const int count = m_tabs->count(); count > 0)
+                m_tabs->setCurrentIndex((m_tabs->currentIndex() + (next ? 1 : count - 1)) % count);
+        });
+    }
 }
 
 CSelectionWindow::~CSelectionWindow()
@@ -112,6 +124,10 @@ void CSelectionWindow::LayOut()
     layout->addLayout(middle, 1);
     layout->addLayout(texts);
     layout->addWidget(buttons);
+    for (const auto& [command, button] : m_commands)
+        m_lastStops.push_back(button);
+    for (const auto button : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel, QDialogButtonBox::Help})
+        m_lastStops.push_back(buttons->button(button));
     setSizeGripEnabled(true);
 }
 
@@ -195,8 +211,23 @@ void CSelectionWindow::MakeTabs()
     m_making = false;
     for (std::size_t tab = 0; tab < m_pages.size(); ++tab)
         UpdateOptions(tab);
+    OrderTabStops();
     ShowTabState();
     m_search->setFocus(Qt::OtherFocusReason);
+}
+
+// Tab leads to the buttons last: rows and fields are made after them.
+void CSelectionWindow::OrderTabStops()
+{
+    QWidget* before = m_tabs->tabBar();
+    const auto add = [&before](QWidget* stop) { setTabOrder(std::exchange(before, stop), stop); };
+    for (const SPage& page : m_pages) {
+        if (page.tree)
+            add(page.tree);
+        if (page.form)
+            std::ranges::for_each(page.form->GetFields(), add);
+    }
+    std::ranges::for_each(m_lastStops, add);
 }
 
 void CSelectionWindow::OnTabChanged(int tab)
@@ -254,6 +285,7 @@ void CSelectionWindow::UpdateOptions(std::size_t tab)
     for (const CDlg::STab& shown : GetControl()->GetTabs())
         letters.Mark(ToQString(GetSelectionTabName(shown.kind)));
     m_pages[tab].form->Show(GetControl()->GetTabs()[tab].options, letters);
+    OrderTabStops();
 }
 
 void CSelectionWindow::GoToRow(std::size_t tab, int row)
@@ -311,16 +343,6 @@ QSize CSelectionWindow::sizeHint() const
     const int tabs = m_tabs->tabBar()->sizeHint().width() + beside + fontMetrics().averageCharWidth();
     const QSize rows(120 * fontMetrics().averageCharWidth(), 36 * fontMetrics().height());
     return least.expandedTo(rows).expandedTo({tabs, 0});
-}
-
-void CSelectionWindow::keyPressEvent(QKeyEvent* event)
-{
-    const bool next = event->matches(QKeySequence::NextChild);
-    const int count = m_tabs->count();
-    if ((next || event->matches(QKeySequence::PreviousChild)) && count > 0)
-        m_tabs->setCurrentIndex((m_tabs->currentIndex() + (next ? 1 : count - 1)) % count);
-    else
-        CDialogViewWindow::keyPressEvent(event);
 }
 
 // From the search field the arrow down leads to what was found.

@@ -50,7 +50,6 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -64,6 +63,7 @@ private:
     void AddCommand(QWidget& column, int command);
     QWidget* MakePage(std::size_t tab);
     void ForgetPages();
+    void OrderTabStops();
     void OnTabChanged(int tab);
     void ShowTabState();
 
@@ -72,6 +72,7 @@ private:
     QLineEdit* m_search;
     QLabel* m_remark;
     std::map<int, QPushButton*> m_commands;
+    std::vector<QWidget*> m_lastStops; // in the order of Tab
     std::vector<SPage> m_pages;
     bool m_making = false; // the tabs, whose changes are not the user's
 };

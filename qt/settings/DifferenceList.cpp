@@ -1,5 +1,6 @@
 #include "qt/settings/detail/DifferenceList.h"
 
+#include "qt/controls/detail/Isolate.h"
 #include "qt/settings/detail/SettingsTexts.h"
 
 #include <QHeaderView>
@@ -24,8 +25,8 @@ QString GetSign(EKind kind)
 
 QTreeWidgetItem* MakeRow(const SSettingsDifference& key)
 {
-    auto* const row = new QTreeWidgetItem(
-        {ToQString(key.key), ToQString(key.left), GetSign(key.kind), ToQString(key.right)});
+    auto* const row = new QTreeWidgetItem({ToQString(key.key), ShowNumber(ToQString(key.left)),
+                                           GetSign(key.kind), ShowNumber(ToQString(key.right))});
     const QString words = GetText(c_same + static_cast<int>(key.kind));
     row->setToolTip(Sign, words);
     row->setData(Sign, Qt::AccessibleTextRole, words);

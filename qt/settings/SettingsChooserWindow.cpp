@@ -1,7 +1,9 @@
 #include "qt/settings/SettingsChooserWindow.h"
 
+#include "dialogs/help/HelpTopics.h"
 #include "dialogs/settings/SettingsChooser.h"
 #include "qt/detail/EventGuard.h"
+#include "qt/detail/WindowHelp.h"
 #include "qt/settings/detail/SettingsList.h"
 #include "qt/settings/detail/SettingsTexts.h"
 
@@ -24,6 +26,7 @@ CSettingsChooserWindow::CSettingsChooserWindow(CSettingsMenu& menu, QWidget* par
     , m_list(new CSettingsList(*m_chooser, *m_search))
     , m_state(new QLabel)
 {
+    AddHelp(*this, HelpTopic::c_chooser);
     setWindowTitle(MakeTitle(c_chooserTitle, menu.GetType()));
     LayOut();
     m_list->SetOnSelection([this] { ShowState(); });

@@ -1,6 +1,8 @@
 #include "qt/settings/SettingsDifferenceWindow.h"
 
+#include "dialogs/help/HelpTopics.h"
 #include "qt/detail/EventGuard.h"
+#include "qt/detail/WindowHelp.h"
 #include "qt/settings/detail/DifferenceList.h"
 #include "qt/settings/detail/SettingsTexts.h"
 #include "qt/settings/SettingsButton.h"
@@ -35,6 +37,7 @@ CSettingsDifferenceWindow::CSettingsDifferenceWindow(ESettingType type, QWidget*
     , m_onlyDifferences(new QCheckBox(GetText(c_onlyDifferences)))
     , m_state(new QLabel)
 {
+    AddHelp(*this, HelpTopic::c_compare);
     setWindowTitle(MakeTitle(c_compareTitle, type));
     m_onlyDifferences->setChecked(true);
     connect(m_onlyDifferences, &QCheckBox::toggled, m_list, &CDifferenceList::ShowOnlyDifferences);

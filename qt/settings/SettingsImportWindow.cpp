@@ -1,6 +1,8 @@
 #include "qt/settings/SettingsImportWindow.h"
 
+#include "dialogs/help/HelpTopics.h"
 #include "qt/detail/EventGuard.h"
+#include "qt/detail/WindowHelp.h"
 #include "qt/settings/detail/DifferenceList.h"
 #include "qt/settings/detail/SettingsTexts.h"
 
@@ -18,6 +20,7 @@ CSettingsImportWindow::CSettingsImportWindow(CSettingsImport& import, ESettingTy
     , m_import(import)
     , m_use(new QCheckBox(GetText(c_useAtOnce)))
 {
+    AddHelp(*this, HelpTopic::c_import);
     setWindowTitle(MakeTitle(c_importTitle, type));
     m_use->setChecked(true);
     auto* const text = new QLabel(ToQString(import.Describe()));

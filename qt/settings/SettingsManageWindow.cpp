@@ -1,8 +1,10 @@
 #include "qt/settings/SettingsManageWindow.h"
 
+#include "dialogs/help/HelpTopics.h"
 #include "dialogs/settings/SettingsChooser.h"
 #include "dialogs/settings/SettingsFiles.h"
 #include "qt/detail/EventGuard.h"
+#include "qt/detail/WindowHelp.h"
 #include "qt/settings/detail/SettingsList.h"
 #include "qt/settings/detail/SettingsTexts.h"
 
@@ -11,6 +13,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -29,6 +32,7 @@ CSettingsManageWindow::CSettingsManageWindow(CSettingsMenu& menu, QWidget* paren
     , m_trash(AddButton(c_trash, &CSettingsManageWindow::MoveToTrash))
     , m_openFolder(AddButton(c_openFolder, &CSettingsManageWindow::OpenFolder))
 {
+    AddHelp(*this, HelpTopic::c_manage);
     setWindowTitle(MakeTitle(c_manageTitle, menu.GetType()));
     connect(new QShortcut(Qt::Key_F2, this), &QShortcut::activated, m_rename, &QPushButton::click);
     connect(new QShortcut(QKeySequence::Delete, m_list, nullptr, nullptr, Qt::WidgetShortcut),
@@ -74,6 +78,9 @@ void CSettingsManageWindow::LayOut()
     layout->addLayout(side, 1, 2);
     layout->addWidget(m_state, 2, 0, 1, 2);
     layout->addWidget(buttons, 3, 0, 1, 3);
+    setTabOrder(m_list, m_rename);
+    setTabOrder(m_rename, m_trash);
+    setTabOrder(m_trash, m_openFolder);
 }
 
 void CSettingsManageWindow::ShowState()
@@ -84,13 +91,26 @@ void CSettingsManageWindow::ShowState()
     m_trash->setEnabled(isSelected);
 }
 
+// What the user wants the set to be called.
+std::optional<QString> CSettingsManageWindow::AskName(const CStr& name)
+{
+    // The window may go meanwhile, and takes it along.
+    const QPointer<QInputDialog> dialog = new QInputDialog(this);
+    AddHelp(*dialog, HelpTopic::c_manage);
+    dialog->setWindowTitle(GetText(c_renameTitle));
+    dialog->setLabelText(GetText(c_newName));
+    dialog->setTextValue(ToQString(name));
+    const bool isGiven = dialog->exec() == QDialog::Accepted && dialog;
+    auto given = isGiven ? std::optional(dialog->textValue()) : std::nullopt;
+    delete dialog;
+    return given;
+}
+
 void CSettingsManageWindow::Rename()
 {
     auto entry = m_list->GetSelected();
-    bool isGiven = false;
-    const QString name = QInputDialog::getText(this, GetText(c_renameTitle), GetText(c_newName),
-                                               QLineEdit::Normal, ToQString(entry->m_Name), &isGiven);
-    if (isGiven && m_menu.Rename(*entry, FromQString(name)))
+    const auto name = entry ? AskName(entry->m_Name) : std::nullopt;
+    if (name && m_menu.Rename(*entry, FromQString(*name)))
         m_list->Select(*entry);
 }
 

@@ -6,6 +6,7 @@
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 
 class QLabel;
 class QLineEdit;
@@ -31,6 +32,7 @@ private:
     QPushButton* AddButton(int text, void (CSettingsManageWindow::*act)());
     void LayOut();
     void ShowState();
+    std::optional<QString> AskName(const CStr& name);
     void Rename();
     void MoveToTrash();
     void OpenFolder();

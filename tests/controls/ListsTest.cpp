@@ -1,3 +1,4 @@
+#include "common/SmallLetter.h"
 #include "controls/lists/ExtendedList.h"
 #include "controls/lists/ItemList.h"
 #include "controls/lists/TextOrder.h"
@@ -182,7 +183,7 @@ TEST(TextOrder, IsThatOfPeople)
             EXPECT_EQ(CompareNatural(rising[i], rising[j]) < 0, isLess) << i << ' ' << j;
         }
     }
-    EXPECT_EQ(FoldCase(u"\u00C4 \u00D7 \u0178 \u0141 \u03A9 \u0416 \u040B"),
+    EXPECT_EQ(ToSmall(u"\u00C4 \u00D7 \u0178 \u0141 \u03A9 \u0416 \u040B"),
               u"\u00E4 \u00D7 \u00FF \u0142 \u03C9 \u0436 \u045B");
 }
 

@@ -56,11 +56,15 @@ TEST(Documentation, HasAChapterForEachTopicOfHelp)
 
 TEST(Documentation, ShowsTheProgramsThatAreBuilt)
 {
-    for (const char* const program : {"examples/number_dialog/main.cpp", "examples/progress_dialog/main.cpp",
-                                      "examples/selection_dialog/main.cpp"}) {
-        std::string block = "```cpp\n";
-        block += Read(program);
+    const std::string page = Read("docs/qt.md");
+    const auto shows = [&page](const std::string& language, const std::string& file) {
+        std::string block = "```" + language + "\n";
+        block += Read("examples/" + file);
         block += "```\n";
-        EXPECT_NE(Read("docs/qt.md").find(block), std::string::npos) << program;
-    }
+        EXPECT_NE(page.find(block), std::string::npos) << file;
+    };
+    for (const char* const program : {"measurement", "number_dialog", "progress_dialog", "selection_dialog"})
+        shows("cpp", std::string(program) + "/main.cpp");
+    for (const char* const program : {"measurement", "number_dialog"})
+        shows("cmake", std::string(program) + "/CMakeLists.txt");
 }

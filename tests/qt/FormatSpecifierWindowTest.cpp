@@ -55,8 +55,10 @@ TEST_F(FormatSpecifierWindow, TakesWhatIsSelectedAndTypedWithOkOnly)
     const std::pair<FAct, bool> ends[] = {
         {[&] { Button(EButton::Ok).click(); }, true},
         {[] { Type("Alt+F Return"); }, true},
+        {[] { Type("Return"); }, true},
         {[&] { Button(EButton::Cancel).click(); }, false},
         {[] { Type("Alt+F Esc"); }, false},
+        {[] { Type("Esc"); }, false},
         {[&] { Window().close(); }, false},
     };
     for (const auto& [end, taken] : ends) {

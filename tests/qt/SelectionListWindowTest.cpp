@@ -31,8 +31,12 @@ TEST(SelectionListWindow, IsUsedByKeyboard)
     Activate(window);
     QListView& list = window.GetList();
     EXPECT_TRUE(window.GetFilterField().hasFocus());
-    EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(list.currentIndex())))
-        << "row 150 is in view";
+    const auto isInView = [&] {
+        return list.viewport()->rect().contains(list.visualRect(list.currentIndex()));
+    };
+    EXPECT_TRUE(isInView()) << "row 150";
+    window.resize(window.minimumSizeHint());
+    EXPECT_TRUE(QTest::qWaitFor(isInView)) << "in a small window, too";
     EXPECT_EQ(Speak(Reader(list)), "Parameters:");
     Type("1 9");
     EXPECT_EQ(list.model()->rowCount(), 12);

@@ -25,18 +25,6 @@ void ActivateOver(QWidget& window)
     EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
 }
 
-// The lines of the first text that are not where they are in the other.
-std::string Differences(const QString& one, const QString& other)
-{
-    const QStringList lines = one.split(u'\n');
-    const QStringList others = other.split(u'\n');
-    std::string different;
-    for (qsizetype i = 0; i < std::max(lines.size(), others.size()); ++i)
-        if (lines.value(i) != others.value(i))
-            different += lines.value(i).toStdString() + " for " + others.value(i).toStdString() + "; ";
-    return different;
-}
-
 // The dialog of an analysis over a window of the application, open.
 class SelectionWindow : public testing::Test
 {
@@ -58,97 +46,12 @@ public:
                                                  Qt::MatchStartsWith | Qt::MatchRecursive);
         return found.isEmpty() ? QModelIndex() : found[0].siblingAtColumn(column);
     }
-    // What a reader sees of all tabs: rows with their check boxes, and the fields.
-    QString Read()
-    {
-        QString text;
-        for (int tab = 0; tab < Window().GetTabWidget().count(); ++tab) {
-            Window().GetTabWidget().setCurrentIndex(tab);
-            if (Window().GetTree(static_cast<std::size_t>(tab)))
-                ReadRows({}, text);
-            for (QWidget* const field : Window().GetTabWidget().currentWidget()->findChildren<QWidget*>())
-                if (qobject_cast<QLineEdit*>(field) || qobject_cast<QComboBox*>(field) ||
-                    qobject_cast<QCheckBox*>(field))
-                    text += field->property("text").toString() + field->property("currentText").toString() +
-                            field->property("checked").toString() + u'\n';
-        }
-        return text;
-    }
-    // Changes everything that can be changed in the current tab, as the views do for the user.
-    void ChangeAll()
-    {
-        QWidget& page = *Window().GetTabWidget().currentWidget();
-        if (Window().GetTree(m_dialog->GetCurrentTab()))
-            ChangeRows({});
-        for (const auto* const box : page.findChildren<QCheckBox*>())
-            const_cast<QCheckBox*>(box)->click();
-        for (auto* const list : page.findChildren<QComboBox*>())
-            list->setCurrentIndex((list->currentIndex() + 1) % list->count());
-        for (auto* const edit : page.findChildren<QLineEdit*>())
-            if (edit->isEnabled() && !qobject_cast<QComboBox*>(edit->parent())) {
-                edit->setFocus();
-                edit->selectAll();
-                QTest::keyClicks(edit, edit->text() == "7" ? "8" : "7");
-            }
-    }
-
     CAnalysisPreferencesManager m_manager;
     std::unique_ptr<QWidget> m_parent = std::make_unique<QWidget>();
     std::unique_ptr<CQtSelectionDlg> m_dialog;
-
-private:
-    void ReadRows(const QModelIndex& parent, QString& text)
-    {
-        for (int row = 0; row < Tree().model()->rowCount(parent); ++row) {
-            const QModelIndex index = Tree().model()->index(row, 0, parent);
-            text += index.data(Qt::CheckStateRole).toString();
-            for (int column = 0; column < Tree().model()->columnCount(); ++column)
-                text += u'|' + index.siblingAtColumn(column).data().toString();
-            text += u'\n';
-            ReadRows(index, text);
-        }
-    }
-    void ChangeRows(const QModelIndex& parent)
-    {
-        QAbstractItemModel& model = *Tree().model();
-        for (int row = 0; row < model.rowCount(parent); ++row) {
-            const QModelIndex index = model.index(row, 0, parent);
-            const int unit = static_cast<int>(CUnit::EUnitFactor::Milli);
-            if (model.rowCount(index) > 0)
-                ChangeRows(index);
-            else if (index.flags() & Qt::ItemIsUserCheckable)
-                model.setData(index, index.data(Qt::CheckStateRole).toInt() ? Qt::Unchecked : Qt::Checked,
-                              Qt::CheckStateRole);
-            if (index.siblingAtColumn(1).flags() & Qt::ItemIsEditable)
-                model.setData(index.siblingAtColumn(1), unit, Qt::EditRole);
-        }
-    }
 };
 
 } // namespace
-
-// A walk through the windows of all analyses: what is stored is what was shown.
-TEST_F(SelectionWindow, StoresWhatItShowsForEveryAnalysis)
-{
-    for (int analysis = 0; analysis <= static_cast<int>(EAnalysis::Measure); ++analysis) {
-        Open(EAnalysis{analysis});
-        const QString before = Read();
-        for (int tab = 0; tab < Window().GetTabWidget().count(); ++tab) {
-            Window().GetTabWidget().setCurrentIndex(tab);
-            ChangeAll();
-        }
-        const QString changed = Read();
-        EXPECT_NE(changed, before) << analysis;
-        Window().accept();
-        ASSERT_FALSE(m_dialog->IsOpen()) << analysis << Remark().text().toStdString();
-        const SGrainThresholdSettings grains = *m_dialog->GetGrainSettings();
-        Open(EAnalysis{analysis});
-        m_dialog->EndDialog(CBaseDialog::c_cancel);
-        m_dialog->SetGrainSettings(grains);
-        m_dialog->Create();
-        EXPECT_EQ(Differences(Read(), changed), "") << analysis;
-    }
-}
 
 TEST_F(SelectionWindow, IsUsedByKeyboardAlone)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QGuiApplication>
 #include <QString>
 #include <QWidget>
 
@@ -11,6 +12,13 @@ namespace CommonUI
 inline QString IsolateLeftToRight(const QString& text)
 {
     return QChar(0x2066) + text + QChar(0x2069);
+}
+
+/// A number, with its unit perhaps, for a list or a label of its own: the application runs from left to right
+/// for the most part, and needs no help with it then.
+inline QString ShowNumber(const QString& text)
+{
+    return text.isEmpty() || QGuiApplication::isLeftToRight() ? text : IsolateLeftToRight(text);
 }
 
 /// Lets a text run as its first letter does, also in a window that runs from right to left.

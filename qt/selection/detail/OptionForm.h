@@ -27,6 +27,8 @@ public:
     /// Shows options: new fields for others than before, otherwise what the fields hold.
     /// @param mnemonics of the rest of the window
     void Show(const std::vector<SDialogOption>& options, const CMnemonics& mnemonics);
+    /// From the top down.
+    std::vector<QWidget*> GetFields() const;
     /// Gives the field of an option the focus.
     void FocusOption(int id);
 

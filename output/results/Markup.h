@@ -1,8 +1,8 @@
 #pragma once
 
-#include "../common/Str.h"
+#include "../../common/Str.h"
 
-namespace CommonUI::Measurement
+namespace CommonUI
 {
 
 /// A text that may stand in HTML: what comes from a file may hold characters of markup.
@@ -11,4 +11,4 @@ inline CStr EscapeMarkup(const CStr& text)
     return text.Replace(u"&", u"&amp;").Replace(u"<", u"&lt;").Replace(u">", u"&gt;");
 }
 
-} // namespace CommonUI::Measurement
+} // namespace CommonUI

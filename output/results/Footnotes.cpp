@@ -1,10 +1,10 @@
-#include "measurement/Footnotes.h"
+#include "output/results/Footnotes.h"
 
-#include "measurement/Markup.h"
+#include "output/results/Markup.h"
 
 #include <algorithm>
 
-namespace CommonUI::Measurement
+namespace CommonUI
 {
 
 CStr CFootnotes::Add(const CStr& symbol, const CStr& reason)
@@ -43,4 +43,4 @@ std::string CFootnotes::GetHtml() const
     return html.empty() ? html : "\n<small>" + html + "\n</small>\n";
 }
 
-} // namespace CommonUI::Measurement
+} // namespace CommonUI

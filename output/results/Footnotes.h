@@ -1,18 +1,18 @@
 #pragma once
 
-#include "../common/Str.h"
-#include "../export/Export.h"
+#include "../../common/Str.h"
+#include "../../export/Export.h"
 
 #include <cstddef>
 #include <string>
 #include <vector>
 
-namespace CommonUI::Measurement
+namespace CommonUI
 {
 
 /// What is said below a table about its empty cells: each reason once, with the symbols that it holds for, in
 /// the order in which they appear.
-class COMMONUIMEASUREMENT_API CFootnotes
+class COMMONUI_API CFootnotes
 {
 public:
     /// @param symbol of the parameter, or the name of the statistic, that has no value
@@ -34,4 +34,4 @@ private:
     std::vector<SNote> m_notes{};
 };
 
-} // namespace CommonUI::Measurement
+} // namespace CommonUI

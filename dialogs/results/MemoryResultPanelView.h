@@ -1,0 +1,55 @@
+#pragma once
+
+#include "../MemoryDialogView.h"
+#include "../MemoryFormatSpecifierView.h"
+#include "ResultDialog.h"
+
+#include <functional>
+#include <string>
+
+namespace CommonUI
+{
+
+/// What shows a result panel, without a display.
+class COMMONUI_API CMemoryResultPanelView : public CResultPanelView
+{
+public:
+    ~CMemoryResultPanelView() override;
+
+    void UpdateTables() override { ++m_tableUpdates; }
+    void UpdateState() override { ++m_stateUpdates; }
+    int Run(CFormatSpecifierDlg& dialog) override;
+    /// Keeps the text of what is printed.
+    void Print(const SResultPages& pages) override { m_printed = Draw(pages); }
+    /// A document whose text is that of what is printed.
+    std::string MakePdf(const SResultPages& pages) override;
+
+    /// What the user does with the format dialog, which is cancelled when that returns and has left it open.
+    std::function<void(CFormatSpecifierDlg&, CMemoryFormatSpecifierView&)> onFormat{};
+
+    /// What the panel shows: the cells of the tables with bars between them, a line for each row, and the
+    /// notes.
+    CStr Draw() const;
+    const CStr& GetPrinted() const noexcept { return m_printed; }
+    int GetTableUpdateCount() const noexcept { return m_tableUpdates; }
+    int GetStateUpdateCount() const noexcept { return m_stateUpdates; }
+
+private:
+    static CStr Draw(const SResultPages& pages);
+
+    CStr m_printed;
+    int m_tableUpdates = 0;
+    int m_stateUpdates = 0;
+};
+
+/// The window of a result dialog, without a display.
+class COMMONUI_API CMemoryResultDialogView : public CMemoryDialogView<CResultDialogView>
+{
+public:
+    ~CMemoryResultDialogView() override;
+
+    /// Closes the dialog as its button does.
+    bool Press(int button) { return PressOkOrCancel(button); }
+};
+
+} // namespace CommonUI

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "../../common/Str.h"
+#include "../../common/Unit.h"
+#include "../../export/Export.h"
+#include "../../model/Parameter.h"
+#include "../../output/results/NumberProfile.h"
+#include "../../settings/preferences/BaseViewManager.h"
+
+#include <array>
+#include <map>
+#include <optional>
+#include <string_view>
+
+namespace CommonUI
+{
+
+/// What the user has chosen in place of something that the analysis gives, and in place of what: when the
+/// analysis gives something else, that is newer and counts.
+template<class TValue>
+struct SReplacedChoice {
+    TValue chosen{};
+    TValue replaced{};
+
+    bool operator==(const SReplacedChoice& other) const = default;
+};
+
+/// What the user has chosen about a quantity, or about another column of a table, which has a width alone.
+struct SColumnLayout {
+    std::optional<SReplacedChoice<CUnit::EUnitFactor>> unit{};
+    std::optional<SReplacedChoice<CParameter::SFormatSpecifier>> format{};
+    bool isHidden = false;
+    int width = 0; ///< in hundredths of the height of a line; 0 where the column is as wide as it needs to be
+
+    bool operator==(const SColumnLayout& other) const = default;
+};
+
+/// How the user wants to see results.
+struct SResultLayout {
+    std::optional<bool> isTransposed{}; ///< nothing where the results say it
+    bool showsNotes = true;             ///< whether the reasons of empty cells stand below the tables
+    char16_t separator = u'\t';         ///< of cells for spreadsheets: a tab, a comma or a semicolon
+    char16_t decimal = u'.';            ///< likewise in front of decimals: a point or a comma
+    /// Of summary, results and statistics, in hundredths of the height of a line; 0 where they share the room
+    /// by themselves.
+    std::array<int, 3> heights{};
+    /// By the keys of the quantities; other columns have keys that are none of a quantity.
+    std::map<CStr, SColumnLayout> columns{};
+
+    SNumberProfile GetProfile(ENumberProfile kind) const;
+    bool operator==(const SResultLayout& other) const = default;
+};
+
+/// The layouts of results by the names of their sets, from one start of the application to the next. The
+/// section and its values are described in docs/result-dialog.md. User-interface thread only.
+class COMMONUI_API CResultLayoutManager : public CBaseViewManager
+{
+public:
+    /// The section that Load and Save use.
+    static constexpr std::u16string_view c_section = u"ResultDialog";
+
+    /// The layout of results of that name, made when it is first asked for. It stays where it is in memory,
+    /// also when layouts are loaded or cleared.
+    SResultLayout& Get(const CStr& name) { return m_layouts[name]; }
+    /// Gives all results the layout that they have by default.
+    void Clear();
+
+    /// Replaces what is remembered by what the section holds. What is no layout is left out, with a line in
+    /// the diagnostics. @return true always
+    bool Load(CInifile& ini) override;
+    /// Writes the section anew. @return true always
+    bool Save(CInifile& ini) override;
+
+private:
+    std::map<CStr, SResultLayout> m_layouts;
+};
+
+/// The one manager of the process, made on the first call and never destroyed.
+COMMONUI_API CResultLayoutManager& GetResultLayoutManager();
+
+} // namespace CommonUI

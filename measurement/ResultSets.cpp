@@ -1,0 +1,139 @@
+#include "measurement/ResultSets.h"
+
+#include "common/ControlCharacters.h"
+#include "measurement/ReportTables.h"
+#include "model/Enumerations.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace CommonUI::Measurement
+{
+
+namespace
+{
+
+CStr OneLine(const CStr& text)
+{
+    return ReplaceControls(text, u' ');
+}
+
+// Where the values come from, on one line.
+CStr DescribeOrigin(const SOrigin& origin)
+{
+    CStr text = OneLine(CStr::FromUtf8(origin.fileName));
+    const auto add = [&text](const CStr& further) { text += (text.IsEmpty() ? CStr() : u", ") + further; };
+    if (!origin.date.empty())
+        add(OneLine(CStr::FromUtf8(origin.date)));
+    if (origin.points > 0)
+        add(CStr::Format(u"%zu \u00D7 %zu points", origin.points, origin.lines));
+    add(DescribeLevelling(origin.levelling));
+    for (const CStr& step : origin.steps)
+        add(OneLine(step));
+    return text;
+}
+
+SResultSet MakeSet(const SResults& results, const CStr& name)
+{
+    SResultSet set{.name = name,
+                   .title = OneLine(results.title),
+                   .provenance = DescribeOrigin(results.origin),
+                   .quantities = {}};
+    for (const auto& [label, text] : results.summary)
+        set.summary.emplace_back(label, OneLine(text));
+    return set;
+}
+
+// The standard stands with the symbol: an unfiltered Ra is not that of ISO 4287.
+SResultQuantity MakeQuantity(const SColumn& column, bool isSurface)
+{
+    const CParameter& parameter = column.parameter;
+    const bool hasStandard = parameter.GetStandard() != static_cast<int>(EAnalysisStandards::None);
+    const CStr standard = GetAnalysisStandardsEnum().GetFriendlyString(parameter.GetStandard());
+    SResultQuantity quantity{.key = column.GetKey(), .parameter = parameter};
+    if (isSurface)
+        quantity.header = parameter.GetFriendlyString();
+    else
+        quantity.header = parameter.GetShortFriendlyString() + (hasStandard ? u"\r\n" + standard : CStr());
+    return quantity;
+}
+
+SResultStatistic::EUnit GetUnit(EStatistics statistic)
+{
+    using EUnit = SResultStatistic::EUnit;
+    if (statistic == EStatistics::Count)
+        return EUnit::Count;
+    return statistic == EStatistics::SdPercent ? EUnit::Percent : EUnit::Quantity;
+}
+
+CStr GetName(const CParameter& statistic)
+{
+    if (statistic != static_cast<int>(EStatistics::Fractile))
+        return statistic.GetFriendlyString();
+    return CStr::Format(u"%s %G %%", statistic.GetFriendlyString(), statistic.GetVariableValue());
+}
+
+void AddStatistic(const SColumn& column, const CParameter& statistic, std::size_t index,
+                  SResultQuantity& quantity)
+{
+    const std::string key = statistic.GetIniName().ToUtf8();
+    const auto found = std::ranges::find(column.statistics, key, &Analysis::SValue::key);
+    const bool isThere = found != column.statistics.end();
+    quantity.statistics.push_back(isThere ? found->value : std::numeric_limits<double>::quiet_NaN());
+    if (isThere && std::isnan(found->value))
+        quantity.statisticStates.push_back(
+            {index, {EValueState::NotApplicable, CStr::FromUtf8(found->reason)}});
+}
+
+} // namespace
+
+SResultSet MakeSurfaceSet(const SResults& results, const CStr& name)
+{
+    SResultSet set = MakeSet(results, name);
+    set.isTransposed = true;
+    set.rowHeader = results.isProfile ? u"Profile parameter" : u"Surface parameter";
+    const bool hasTwo = !results.surface.empty() && results.surface.front().values.size() > 1;
+    set.rowNames = hasTwo ? std::vector<CStr>{u"Raw", u"Processed"} : std::vector<CStr>{u"Value"};
+    for (const SColumn& column : results.surface) {
+        SResultQuantity quantity = MakeQuantity(column, true);
+        quantity.values = column.values;
+        for (const auto& [index, state] : column.exceptions)
+            quantity.states.push_back({index, state});
+        set.quantities.push_back(std::move(quantity));
+    }
+    return set;
+}
+
+SResultSet MakeRowSet(const SResults& results, const CStr& name)
+{
+    SResultSet set = MakeSet(results, name);
+    set.rowHeader = results.rowName;
+    for (std::size_t row = 0; row < results.rowCount; ++row)
+        set.rowNames.push_back(CStr::Format(u"%zu", row + 1));
+    for (const CParameter& statistic : results.statistics)
+        if (statistic.IsOn())
+            set.statistics.push_back({GetStatisticKey(statistic), GetName(statistic),
+                                      GetUnit(static_cast<EStatistics>(statistic.GetValue()))});
+    CPartValues values = results.GetValues({0, results.columns.size(), 0, results.rowCount});
+    for (std::size_t index = 0; index < results.columns.size(); ++index) {
+        const SColumn& column = results.columns[index];
+        SResultQuantity quantity = MakeQuantity(column, false);
+        for (std::size_t row = 0; row < values[index].size() && results.rowCount <= CReportTables::c_mostRows;
+             ++row) {
+            SValueState state = results.GetState(index, row, values[index][row]);
+            if (state.state != EValueState::Value)
+                quantity.states.push_back({row, std::move(state)});
+        }
+        quantity.values = std::move(values[index]);
+        std::size_t shown = 0;
+        for (const CParameter& statistic : results.statistics)
+            if (statistic.IsOn())
+                AddStatistic(column, statistic, shown++, quantity);
+        set.quantities.push_back(std::move(quantity));
+    }
+    return set;
+}
+
+} // namespace CommonUI::Measurement
