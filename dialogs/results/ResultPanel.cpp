@@ -343,7 +343,7 @@ std::string CResultPanel::MakeFile(EResultFile kind) const
     return GetView() ? GetView()->MakePdf(GetPages()) : std::string();
 }
 
-bool CResultPanel::Save(EResultFile kind)
+bool CResultPanel::Save(EResultFile kind) const
 {
     const SFileKind& file = c_files[static_cast<std::size_t>(kind)];
     CStr path;

@@ -92,7 +92,7 @@ public:
     /// Asks for a file and writes it. A file that is there stays whole until the new one is, and where it
     /// cannot be written a message says why.
     /// @return false when nothing was written
-    bool Save(EResultFile kind);
+    bool Save(EResultFile kind) const;
     /// What Save writes.
     std::string MakeFile(EResultFile kind) const;
     void Print();

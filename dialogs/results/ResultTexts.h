@@ -18,26 +18,26 @@ enum class EResultText : int {
     Transpose = 11608,
     Columns = 11609,
     Notes = 11610,
-    Unit = 11611,
-    Format = 11612,
-    Hide = 11613,
-    Show = 11614,
-    ShowAll = 11615,
-    AsShown = 11616, ///< the other two profiles follow
-    Everything = 11619,
-    Separator = 11620,  ///< then tab, comma, semicolon
-    Decimal = 11624,    ///< then point, comma
-    File = 11627,       ///< of the first kind of files; the others follow
-    NotWritten = 11632, ///< with the file's name and the reason
-    Page = 11633,       ///< with the page and how many there are
-    UnitName = 11634,
-    StatisticsName = 11635,
-    Close = 11636,
-    SelectAll = 11637,
-    FitColumns = 11638,
-    Spreadsheet = 11639,
-    Reasons = 11640,
-    TooManyRows = 11641, ///< with how many may be transposed
+    Unit = 11612,
+    Format = 11613,
+    Hide = 11614,
+    Show = 11615,
+    ShowAll = 11617,
+    AsShown = 11621, ///< the other two profiles follow
+    Everything = 11624,
+    Spreadsheet = 11625,
+    Separator = 11627,
+    Decimal = 11628,
+    Tab = 11630,        ///< comma and semicolon follow
+    Point = 11634,      ///< the comma follows
+    File = 11637,       ///< of the first kind of files; the others follow
+    NotWritten = 11643, ///< with the file's name and the reason
+    Page = 11644,       ///< with the page and how many there are
+    UnitName = 11645,
+    StatisticsName = 11646,
+    Close = 11647,
+    Reasons = 11648,
+    TooManyRows = 11649, ///< with how many may be transposed
 };
 
 /// @param following how many texts behind that one, where it is the first of several

@@ -404,12 +404,12 @@ void CResultPanelWidget::AddSigns(QMenu& menu)
     int text = 0;
     QMenu& separators = AddSubMenu(menu, EResultText::Separator);
     for (const char16_t sign : c_separators)
-        AddChoice(separators, ToQString(GetResultText(EResultText::Separator, ++text)),
-                  layout.separator == sign, [sign](CResultPanel& panel) { panel.SetSeparator(sign); });
+        AddChoice(separators, ToQString(GetResultText(EResultText::Tab, text++)), layout.separator == sign,
+                  [sign](CResultPanel& panel) { panel.SetSeparator(sign); });
     text = 0;
     QMenu& decimals = AddSubMenu(menu, EResultText::Decimal);
     for (const char16_t sign : c_decimals)
-        AddChoice(decimals, ToQString(GetResultText(EResultText::Decimal, ++text)), layout.decimal == sign,
+        AddChoice(decimals, ToQString(GetResultText(EResultText::Point, text++)), layout.decimal == sign,
                   [sign](CResultPanel& panel) { panel.SetDecimal(sign); });
 }
 
