@@ -1,4 +1,4 @@
-#include "programs/surface_view/StackDepths.h"
+#include "view/StackDepths.h"
 
 #include "common/Str.h"
 #include "gl/GLUtils.h"

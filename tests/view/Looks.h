@@ -1,6 +1,6 @@
 #pragma once
 
-#include "programs/surface_view/View.h"
+#include "view/View.h"
 
 namespace SurfaceView
 {

@@ -1,13 +1,15 @@
-#include "programs/surface_view/Drawing.h"
+#include "view/Drawing.h"
 
 #include "gl/GLStack.h"
 #include "gl/GLUtils.h"
 #include "gl/OpenGLError.h"
-#include "programs/surface_view/ColorTexture.h"
-#include "programs/surface_view/DrawingSteps.h"
+#include "view/ColorTexture.h"
+#include "view/detail/DrawingSteps.h"
+#include "view/MeshBuffers.h"
 
 #include <GL/gl.h>
 
+#include <optional>
 #include <stdexcept>
 
 namespace SurfaceView
@@ -38,12 +40,12 @@ void DrawRamp(const SRect& place, const CColorTexture& texture)
     glEnd();
 }
 
-void DrawStrokes(const SLayout& layout)
+void DrawStrokes(const SLayout& layout, SColor color)
 {
     CGLStack stack;
     Require(stack.PushAttrib(GL_CURRENT_BIT | GL_LINE_BIT));
     glLineWidth(static_cast<float>(layout.lineWidth));
-    SetColor(c_frame);
+    SetColor(color);
     glBegin(GL_LINE_LOOP);
     glVertex2i(layout.legend.left, layout.legend.top);
     glVertex2i(layout.legend.right, layout.legend.top);
@@ -58,20 +60,24 @@ void DrawStrokes(const SLayout& layout)
     glEnd();
 }
 
-void DrawLabels(const std::vector<SLabel>& labels, const CFont& font)
+// @return how many bytes of pictures were sent
+std::size_t DrawLabels(const std::vector<SLabel>& labels, const CFont& font, SColor color)
 {
+    std::size_t bytes = 0;
     CGLStack stack;
     Require(stack.PushAttrib(GL_CURRENT_BIT | GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT));
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     for (const SLabel& label : labels) {
-        const SPixels pixels = font.Draw(label.text, label.height, c_text);
+        const SPixels pixels = font.Draw(label.text, label.height, color);
+        bytes += pixels.bytes.size();
         Require(CommonUI::PixelPos2d(label.place.left, label.place.top));
         glDrawPixels(pixels.size.cx, pixels.size.cy, GL_RGBA, GL_UNSIGNED_BYTE, pixels.bytes.data());
     }
     // Mesa 22 forgets to give back what changed while attributes of other groups were pushed, as PixelPos2d
     // does with the raster position, unless something of its group changes afterwards.
-    SetColor(c_text);
+    SetColor(color);
+    return bytes;
 }
 
 } // namespace
@@ -87,23 +93,33 @@ void SetColor(SColor color)
     glColor3ub(color.red, color.green, color.blue);
 }
 
-void Draw(const SScene& scene, SSize size, const CFont& font)
+SFrameWork Draw(const SScene& scene, SSize size, const CFont& font, const SKept& kept)
 {
     CGLStack stack;
     Require(stack.PushAttrib(GL_COLOR_BUFFER_BIT | GL_VIEWPORT_BIT));
     glViewport(0, 0, size.cx, size.cy);
-    glClearColor(1, 1, 1, 1);
+    constexpr float c_most = 255;
+    const SColor ground = scene.surroundings.ground;
+    glClearColor(ground.red / c_most, ground.green / c_most, ground.blue / c_most, 1);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    const CColorTexture texture(scene.colors);
-    DrawBlock(scene, texture);
+    std::optional<CColorTexture> ownTexture;
+    std::optional<CMeshBuffers> ownMesh;
+    const CColorTexture& texture = kept.texture ? *kept.texture : ownTexture.emplace(scene.colors);
+    const CMeshBuffers& mesh = kept.mesh ? *kept.mesh : ownMesh.emplace(scene.mesh, false);
+    SFrameWork work{.vertices = mesh.GetMesh().vertices.size(),
+                    .triangles = mesh.GetMesh().triangles.size(),
+                    .bytesSent = (ownTexture ? scene.colors.size() * sizeof(SColor) : 0) +
+                                 (mesh.IsKept() ? 0 : mesh.GetByteCount())};
+    DrawBlock(scene, mesh, texture);
     {
         CGLStack pixels;
         Require(pixels.PushWindowCoord(true));
         DrawRamp(scene.layout.legend, texture);
-        DrawStrokes(scene.layout);
+        DrawStrokes(scene.layout, scene.surroundings.frame);
     }
-    DrawLabels(scene.layout.labels, font);
+    work.bytesSent += DrawLabels(scene.layout.labels, font, scene.surroundings.text);
     Require(!CommonUI::OpenGLErrorMsg(u"Draw the picture", u"Draw", u"Drawing", __LINE__));
+    return work;
 }
 
 SPixels ReadPixels(SSize size)

@@ -5,7 +5,6 @@
 #include "common/Str.h"
 
 #include <cstdint>
-#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -22,23 +21,16 @@ struct SPixels {
 class CFont
 {
 public:
-    /// Loads the font that the program was built for.
-    /// @throws std::runtime_error when it is not there
-    CFont();
-    ~CFont();
+    CFont() = default;
+    virtual ~CFont() = default;
     CFont(const CFont&) = delete;
     CFont& operator=(const CFont&) = delete;
 
     /// The size of a line's picture.
     /// @param height of the font, pixels
-    CommonUI::SSize Measure(std::u16string_view text, int height) const;
+    virtual CommonUI::SSize Measure(std::u16string_view text, int height) const = 0;
     /// A line's picture: the colour everywhere, alpha where the glyphs are.
-    SPixels Draw(std::u16string_view text, int height, CommonUI::SColor color) const;
-
-private:
-    struct SFace;
-
-    std::unique_ptr<SFace> m_face;
+    virtual SPixels Draw(std::u16string_view text, int height, CommonUI::SColor color) const = 0;
 };
 
 } // namespace SurfaceView

@@ -1,4 +1,4 @@
-#include "programs/surface_view/Mesh.h"
+#include "view/Mesh.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "programs/surface_view/ColorTexture.h"
+#include "view/ColorTexture.h"
 
 #include "gl/GLStack.h"
 

@@ -1,4 +1,4 @@
-#include "programs/surface_view/Font.h"
+#include "programs/surface_view/FreeTypeFont.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@ using namespace SurfaceView;
 
 TEST(Font, TextHasTheSizeThatWasMeasured)
 {
-    const CFont font;
+    const CFreeTypeFont font;
     const SPixels pixels = font.Draw(u"−1.5 µm \xD83D\xDE00", 20, {1, 2, 3});
     EXPECT_EQ(pixels.size, font.Measure(u"−1.5 µm \xD83D\xDE00", 20));
     EXPECT_EQ(pixels.bytes.size(), static_cast<std::size_t>(pixels.size.cx * pixels.size.cy * 4));

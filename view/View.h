@@ -2,7 +2,7 @@
 
 #include "common/Base3D.h"
 #include "common/Rect.h"
-#include "programs/surface_view/Mesh.h"
+#include "view/Mesh.h"
 
 #include <array>
 
@@ -43,6 +43,10 @@ struct SDirection {
 /// The view in which the whole block just fits into the viewport, in its middle.
 SView FitView(const SBox& box, const SDirection& direction, bool orthographic,
               const CommonUI::SRect& viewport);
+
+/// Moves what is seen over the window.
+/// @param shares of the shorter side of the viewport, y upwards
+void Pan(SView& view, const SPixel& shares);
 
 /// The view from the distance at which the block fits whichever way it is turned, so that it keeps its size
 /// while it turns; its middle is that of the viewport.

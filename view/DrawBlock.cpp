@@ -1,7 +1,8 @@
 #include "gl/GLStack.h"
 #include "gl/GLUtils.h"
-#include "programs/surface_view/ColorTexture.h"
-#include "programs/surface_view/DrawingSteps.h"
+#include "view/ColorTexture.h"
+#include "view/detail/DrawingSteps.h"
+#include "view/MeshBuffers.h"
 
 #include <GL/gl.h>
 
@@ -12,16 +13,10 @@ namespace SurfaceView
 {
 
 using CommonUI::CGLStack;
-using CommonUI::SColor;
 using CommonUI::SRect;
 
 namespace
 {
-
-constexpr SColor c_wall{244, 245, 247};
-constexpr SColor c_grid{208, 212, 217};
-constexpr SColor c_cutAlongX{150, 156, 164};
-constexpr SColor c_cutAlongY{124, 130, 139};
 
 void AddPoint(const SPoint& point)
 {
@@ -50,17 +45,18 @@ void PushView(CGLStack& stack, const SView& view)
 class CWalls
 {
 public:
-    CWalls(const SBox& box, const SPoint& eye, const std::array<SAxis, 3>& axes)
-        : m_box(box)
-        , m_axes(axes)
-        , m_x(eye.x < 0 ? box.x : -box.x)
-        , m_y(eye.y < 0 ? box.y : -box.y)
+    explicit CWalls(const SScene& scene)
+        : m_box(scene.box)
+        , m_axes(scene.layout.axes)
+        , m_colors(scene.surroundings)
+        , m_x(scene.eye.x < 0 ? m_box.x : -m_box.x)
+        , m_y(scene.eye.y < 0 ? m_box.y : -m_box.y)
     {
     }
 
     void Fill() const
     {
-        SetColor(c_wall);
+        SetColor(m_colors.wall);
         glBegin(GL_QUADS);
         AddOutlines();
         glEnd();
@@ -68,7 +64,7 @@ public:
 
     void Rule() const
     {
-        SetColor(c_grid);
+        SetColor(m_colors.grid);
         glBegin(GL_LINES);
         for (const STick& tick : m_axes[0].ticks) {
             const double x = (2 * tick.value / m_box.width - 1) * m_box.x;
@@ -90,7 +86,7 @@ public:
 
     void Frame() const
     {
-        SetColor(c_frame);
+        SetColor(m_colors.frame);
         glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
         glBegin(GL_QUADS);
         AddOutlines();
@@ -124,6 +120,7 @@ private:
 
     const SBox& m_box;
     const std::array<SAxis, 3>& m_axes;
+    const SSceneColors& m_colors;
     double m_x; // where the wall across x stands
     double m_y;
 };
@@ -135,22 +132,23 @@ void DrawWalls(const SScene& scene)
     Require(stack.PushDepthMask(false));
     Require(stack.PushAttrib(GL_CURRENT_BIT | GL_LINE_BIT | GL_POLYGON_BIT));
     glLineWidth(static_cast<float>(scene.layout.lineWidth));
-    const CWalls walls(scene.box, scene.eye, scene.layout.axes);
+    const CWalls walls(scene);
     walls.Fill();
     walls.Rule();
     walls.Frame();
 }
 
-// Light from above the eye's left shoulder, fixed to the eye.
-void SetupLight()
+// Light that is fixed to the eye.
+void SetupLight(const SPoint& light)
 {
-    constexpr std::array<float, 4> c_direction{-0.5F, 0.6F, 0.9F, 0};
+    const std::array<float, 4> direction{static_cast<float>(light.x), static_cast<float>(light.y),
+                                         static_cast<float>(light.z), 0};
     constexpr std::array<float, 4> c_ambient{0.35F, 0.35F, 0.35F, 1};
     constexpr std::array<float, 4> c_diffuse{0.75F, 0.75F, 0.75F, 1};
     constexpr std::array<float, 4> c_shine{0.18F, 0.18F, 0.18F, 1};
     constexpr std::array<float, 4> c_white{1, 1, 1, 1};
     constexpr std::array<float, 4> c_none{0, 0, 0, 1};
-    glLightfv(GL_LIGHT0, GL_POSITION, c_direction.data());
+    glLightfv(GL_LIGHT0, GL_POSITION, direction.data());
     glLightfv(GL_LIGHT0, GL_AMBIENT, c_ambient.data());
     glLightfv(GL_LIGHT0, GL_DIFFUSE, c_diffuse.data());
     glLightfv(GL_LIGHT0, GL_SPECULAR, c_shine.data());
@@ -164,7 +162,14 @@ void SetupLight()
     glEnable(GL_LIGHT0);
 }
 
-void DrawSurface(const SMesh& mesh, const CColorTexture& texture)
+// Stretches a mesh to the height of the block, until the stack is popped.
+void PushHeight(CGLStack& stack, const SScene& scene, const SMesh& mesh)
+{
+    Require(stack.PushMatrix());
+    glScaled(1, 1, scene.box.z / mesh.z);
+}
+
+void DrawSurface(const SScene& scene, const CMeshBuffers& mesh, const CColorTexture& texture)
 {
     CGLStack stack;
     Require(stack.PushAttrib(GL_ENABLE_BIT | GL_LIGHTING_BIT | GL_TEXTURE_BIT | GL_CURRENT_BIT));
@@ -172,31 +177,28 @@ void DrawSurface(const SMesh& mesh, const CColorTexture& texture)
         CGLStack eyeStack;
         Require(eyeStack.PushMatrix());
         glLoadIdentity();
-        SetupLight();
+        SetupLight(scene.light);
     }
     texture.Bind();
-    glBegin(GL_TRIANGLES);
-    for (const auto& triangle : mesh.triangles) {
-        for (const std::uint32_t index : triangle) {
-            const SVertex& vertex = mesh.vertices[index];
-            glTexCoord1f(vertex.share);
-            glNormal3fv(vertex.normal.data());
-            glVertex3fv(vertex.position.data());
-        }
-    }
-    glEnd();
+    PushHeight(stack, scene, mesh.GetMesh());
+    glEnable(GL_NORMALIZE);
+    mesh.DrawTriangles();
 }
 
 // The cut faces below the rim of the surface, down to the floor.
-void DrawCut(const SMesh& mesh, float floor)
+void DrawCut(const SScene& scene, const SMesh& mesh)
 {
     CGLStack stack;
     Require(stack.PushAttrib(GL_CURRENT_BIT));
+    PushHeight(stack, scene, mesh);
+    const auto floor = static_cast<float>(-mesh.z);
+    const SSceneColors& colors = scene.surroundings;
     glBegin(GL_QUADS);
     for (const auto& [first, second] : mesh.rim) {
         const auto& from = mesh.vertices[first].position;
         const auto& to = mesh.vertices[second].position;
-        SetColor(std::abs(to[0] - from[0]) > std::abs(to[1] - from[1]) ? c_cutAlongX : c_cutAlongY);
+        const bool isAlongX = std::abs(to[0] - from[0]) > std::abs(to[1] - from[1]);
+        SetColor(isAlongX ? colors.cutAlongX : colors.cutAlongY);
         glVertex3fv(from.data());
         glVertex3fv(to.data());
         glVertex3f(to[0], to[1], floor);
@@ -206,11 +208,12 @@ void DrawCut(const SMesh& mesh, float floor)
 }
 
 // The face on which the block stands, seen from below.
-void DrawBottom(const SBox& box)
+void DrawBottom(const SScene& scene)
 {
     CGLStack stack;
     Require(stack.PushAttrib(GL_CURRENT_BIT));
-    SetColor(c_cutAlongX);
+    SetColor(scene.surroundings.cutAlongX);
+    const SBox& box = scene.box;
     glBegin(GL_QUADS);
     for (const SPoint& corner : {SPoint{-box.x, -box.y, -box.z},
                                  {box.x, -box.y, -box.z},
@@ -222,17 +225,17 @@ void DrawBottom(const SBox& box)
 
 } // namespace
 
-void DrawBlock(const SScene& scene, const CColorTexture& texture)
+void DrawBlock(const SScene& scene, const CMeshBuffers& mesh, const CColorTexture& texture)
 {
     CGLStack stack;
     PushView(stack, scene.layout.view);
     DrawWalls(scene);
     Require(stack.PushAttrib(GL_ENABLE_BIT | GL_DEPTH_BUFFER_BIT));
     glEnable(GL_DEPTH_TEST);
-    DrawSurface(scene.mesh, texture);
-    DrawCut(scene.mesh, static_cast<float>(-scene.box.z));
+    DrawSurface(scene, mesh, texture);
+    DrawCut(scene, mesh.GetMesh());
     if (scene.eye.z < 0)
-        DrawBottom(scene.box);
+        DrawBottom(scene);
 }
 
 } // namespace SurfaceView

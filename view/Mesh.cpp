@@ -1,6 +1,6 @@
-#include "programs/surface_view/Mesh.h"
+#include "view/Mesh.h"
 
-#include "programs/surface_view/Axis.h"
+#include "view/Axis.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,6 +43,7 @@ public:
         , m_stepX(2 * box.x / static_cast<double>(surface.points - 1))
         , m_stepY(2 * box.y / static_cast<double>(surface.lines - 1))
     {
+        m_mesh.z = box.z;
     }
 
     SMesh Make()

@@ -1,4 +1,4 @@
-#include "programs/surface_view/Font.h"
+#include "programs/surface_view/FreeTypeFont.h"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
@@ -11,7 +11,7 @@ namespace SurfaceView
 
 using CommonUI::SSize;
 
-struct CFont::SFace {
+struct CFreeTypeFont::SFace {
     FT_Library library = nullptr;
     FT_Face face = nullptr;
 
@@ -69,7 +69,7 @@ void CopyGlyph(const FT_GlyphSlotRec_& glyph, int x, int baseline, SPixels& pixe
 
 } // namespace
 
-CFont::CFont()
+CFreeTypeFont::CFreeTypeFont()
     : m_face(std::make_unique<SFace>())
 {
     if (FT_Init_FreeType(&m_face->library) != 0 ||
@@ -77,9 +77,9 @@ CFont::CFont()
         throw std::runtime_error("the font " SURFACE_VIEW_FONT " cannot be read");
 }
 
-CFont::~CFont() = default;
+CFreeTypeFont::~CFreeTypeFont() = default;
 
-SSize CFont::Measure(std::u16string_view text, int height) const
+SSize CFreeTypeFont::Measure(std::u16string_view text, int height) const
 {
     const int width =
         m_face->ForEachGlyph(text, height, FT_LOAD_DEFAULT, [](const FT_GlyphSlotRec_&, int) {});
@@ -87,7 +87,7 @@ SSize CFont::Measure(std::u16string_view text, int height) const
     return {.cx = width, .cy = SFace::Pixels(metrics.ascender - metrics.descender)};
 }
 
-SPixels CFont::Draw(std::u16string_view text, int height, CommonUI::SColor color) const
+SPixels CFreeTypeFont::Draw(std::u16string_view text, int height, CommonUI::SColor color) const
 {
     SPixels pixels{.size = Measure(text, height)};
     const auto count = static_cast<std::size_t>(pixels.size.cx) * static_cast<std::size_t>(pixels.size.cy);

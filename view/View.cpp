@@ -1,4 +1,4 @@
-#include "programs/surface_view/View.h"
+#include "view/View.h"
 
 #include "gl/GLUtils.h"
 
@@ -154,6 +154,14 @@ SView FitView(const SBox& box, const SDirection& direction, bool orthographic,
     view.modelView[12] = Center(corners, &SPoint::x, distance, orthographic);
     view.modelView[13] = Center(corners, &SPoint::y, distance, orthographic);
     return view;
+}
+
+void Pan(SView& view, const SPixel& shares)
+{
+    const double distance = view.orthographic ? view.farPlane : -view.modelView[14];
+    const double side = 2 * std::tan(view.fieldOfView / 2 * c_radian) * distance;
+    view.modelView[12] += shares.x * side;
+    view.modelView[13] += shares.y * side;
 }
 
 SView CenterView(const SBox& box, const SDirection& direction, bool orthographic,

@@ -1,4 +1,4 @@
-#include "programs/surface_view/Layout.h"
+#include "view/Layout.h"
 
 #include <algorithm>
 #include <cmath>
@@ -117,25 +117,27 @@ std::optional<SSeenEdge> SeeAtOutline(const SEdge& edge, const SBox& box, const 
 class CLayoutMaker
 {
 public:
-    CLayoutMaker(const SBox& box, const SDirection& direction, SSize size, int scale, const CFont& font)
+    CLayoutMaker(const SBox& box, const SDirection& direction, SSize size, int scale, const CFont& font,
+                 int fontHeight)
         : m_box(box)
         , m_direction(direction)
         , m_size(size)
         , m_font(font)
-        , m_unit(std::clamp(std::min(size.cx / 58, size.cy / 42), 9 * scale, 40 * scale))
+        , m_unit(fontHeight > 0 ? fontHeight
+                                : std::clamp(std::min(size.cx / 58, size.cy / 42), 9 * scale, 40 * scale))
     {
         m_layout.lineWidth = scale;
     }
 
-    SLayout Make(bool orthographic, const SPictureText& text, std::optional<double> zoom)
+    SLayout Make(bool orthographic, const SPictureText& text, const std::optional<SFraming>& framing)
     {
         m_free = {
             .left = m_unit, .top = m_unit, .right = m_size.cx - m_unit, .bottom = m_size.cy - m_unit / 2};
         PlaceTitle(text.title, m_unit * 5 / 4);
         PlaceTitle(text.subtitle, m_unit);
         PlaceLegend();
-        if (zoom) {
-            MakeCentered(orthographic, *zoom);
+        if (framing) {
+            MakeCentered(orthographic, *framing);
             return std::move(m_layout);
         }
         const auto [labels, strokes] = std::pair(m_layout.labels.size(), m_layout.strokes.size());
@@ -154,7 +156,7 @@ public:
 
 private:
     // The same room for the block in every picture, with a margin for labels.
-    void MakeCentered(bool orthographic, double zoom)
+    void MakeCentered(bool orthographic, const SFraming& framing)
     {
         const int margin = 2 * m_unit;
         SRect room{.left = m_free.left + margin,
@@ -163,7 +165,8 @@ private:
                    .bottom = m_free.bottom - margin};
         room.right = std::max(room.right, room.left + m_unit);
         room.bottom = std::max(room.bottom, room.top + m_unit);
-        m_layout.view = CenterView(m_box, m_direction, orthographic, room, zoom);
+        m_layout.view = CenterView(m_box, m_direction, orthographic, room, framing.zoom);
+        Pan(m_layout.view, framing.pan);
         const std::size_t first = m_layout.labels.size();
         PlaceAxes();
         const auto leavesRoom = [this](const SLabel& label) { return !IsWithin(label.place, m_free); };
@@ -181,6 +184,8 @@ private:
     // A line of text at the top of what is still free, cut where it is too long.
     void PlaceTitle(const CStr& text, int height)
     {
+        if (text.IsEmpty())
+            return;
         const auto fits = [&](const CStr& line) {
             return m_font.Measure(line, height).cx <= m_free.right - m_free.left;
         };
@@ -345,9 +350,10 @@ private:
 } // namespace
 
 SLayout MakeLayout(const SBox& box, const SDirection& direction, bool orthographic, const SPictureText& text,
-                   SSize size, int scale, const CFont& font, std::optional<double> zoom)
+                   SSize size, int scale, const CFont& font, const std::optional<SFraming>& framing)
 {
-    return CLayoutMaker(box, direction, size, scale, font).Make(orthographic, text, zoom);
+    return CLayoutMaker(box, direction, size, scale, font, framing ? framing->fontHeight : 0)
+        .Make(orthographic, text, framing);
 }
 
 } // namespace SurfaceView

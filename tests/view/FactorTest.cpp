@@ -1,4 +1,4 @@
-#include "programs/surface_view/Axis.h"
+#include "view/Axis.h"
 
 #include <gtest/gtest.h>
 

@@ -44,6 +44,7 @@ struct SVertex {
 
 /// A surface as triangles; where points are missing it has holes.
 struct SMesh {
+    double z = 1; ///< half of the height of the block that it was made for; Draw stretches it to another one
     std::vector<SVertex> vertices{}; ///< line after line, those of missing points unused
     std::vector<std::array<std::uint32_t, 3>> triangles{}; ///< anticlockwise from above
     std::vector<std::array<std::uint32_t, 2>> rim{};       ///< pairs of vertices along the four sides

@@ -1,8 +1,8 @@
-#include "programs/surface_view/View.h"
+#include "view/View.h"
 
 #include "gl/GLUtils.h"
 #include "programs/offscreen/OffscreenContext.h"
-#include "tests/surface_view/Looks.h"
+#include "tests/view/Looks.h"
 
 #include <GL/gl.h>
 #include <gtest/gtest.h>

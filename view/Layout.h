@@ -1,8 +1,8 @@
 #pragma once
 
-#include "programs/surface_view/Axis.h"
-#include "programs/surface_view/Font.h"
-#include "programs/surface_view/View.h"
+#include "view/Axis.h"
+#include "view/Font.h"
+#include "view/View.h"
 
 #include <array>
 #include <optional>
@@ -40,13 +40,22 @@ struct SPictureText {
     CommonUI::CStr subtitle{};
 };
 
+/// How a picture that is one of many shows the block.
+struct SFraming {
+    double zoom = 1;    ///< see CenterView
+    SPixel pan{};       ///< see Pan
+    int fontHeight = 0; ///< in pixels of the window; 0 for one that suits its size
+};
+
 /// Title, block with labelled axes, and colour legend, without one over the other: of two marks' texts that
 /// would overlap the second is left out, and the block takes the room that is left.
 /// @param size of the window in pixels
 /// @param scale how many pixels of the window make one of the picture
-/// @param zoom of CenterView, where the picture is one of many from all sides; what leaves the room for the
-///     block is then cut off. Without it the view is that of FitView.
+/// @param text lines that are empty take no room
+/// @param framing where the picture is one of many from all sides; what leaves the room for the block is then
+///     cut off. Without it the view is that of FitView.
 SLayout MakeLayout(const SBox& box, const SDirection& direction, bool orthographic, const SPictureText& text,
-                   CommonUI::SSize size, int scale, const CFont& font, std::optional<double> zoom = {});
+                   CommonUI::SSize size, int scale, const CFont& font,
+                   const std::optional<SFraming>& framing = {});
 
 } // namespace SurfaceView
