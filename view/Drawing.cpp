@@ -68,6 +68,7 @@ std::size_t DrawLabels(const std::vector<SLabel>& labels, const CFont& font, SCo
     Require(stack.PushAttrib(GL_CURRENT_BIT | GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT));
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE); // the picture itself lets nothing shine through
     for (const SLabel& label : labels) {
         const SPixels pixels = font.Draw(label.text, label.height, color);
         bytes += pixels.bytes.size();
