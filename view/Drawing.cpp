@@ -99,9 +99,9 @@ SFrameWork Draw(const SScene& scene, SSize size, const CFont& font, const SKept&
     CGLStack stack;
     Require(stack.PushAttrib(GL_COLOR_BUFFER_BIT | GL_VIEWPORT_BIT));
     glViewport(0, 0, size.cx, size.cy);
-    constexpr float c_most = 255;
+    const auto share = [](std::uint8_t part) { return static_cast<float>(part) / 255; };
     const SColor ground = scene.surroundings.ground;
-    glClearColor(ground.red / c_most, ground.green / c_most, ground.blue / c_most, 1);
+    glClearColor(share(ground.red), share(ground.green), share(ground.blue), 1);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     std::optional<CColorTexture> ownTexture;
     std::optional<CMeshBuffers> ownMesh;

@@ -126,9 +126,10 @@ std::vector<std::uint32_t> DrawMap(const SSurface& surface, const SMapColors& co
         for (const STaken& column : columns) {
             const double mean = MeanOf(surface, column, line);
             const double share = (mean - colors.heights.GetLower()) / colors.heights.GetLength();
-            pixels.push_back(std::isnan(mean)
-                                 ? missing
-                                 : table[static_cast<std::size_t>(std::clamp(share, 0.0, 1.0) * most + 0.5)]);
+            pixels.push_back(
+                std::isnan(mean)
+                    ? missing
+                    : table[static_cast<std::size_t>(std::lround(std::clamp(share, 0.0, 1.0) * most))]);
         }
     }
     return pixels;

@@ -14,9 +14,9 @@ namespace
 {
 
 #ifdef _WIN32
-#define SURFACE_VIEW_CALL __stdcall
+#define COMMONUI_GL_CALL __stdcall
 #else
-#define SURFACE_VIEW_CALL
+#define COMMONUI_GL_CALL
 #endif
 
 constexpr GLenum c_vertexBuffer = 0x8892; // GL_ARRAY_BUFFER
@@ -25,10 +25,10 @@ constexpr GLenum c_drawnOften = 0x88E4;   // GL_STATIC_DRAW
 
 // The functions of OpenGL 1.5 for buffers; null where the driver has none.
 struct SFunctions {
-    void(SURFACE_VIEW_CALL* genBuffers)(GLsizei, GLuint*) = nullptr;
-    void(SURFACE_VIEW_CALL* deleteBuffers)(GLsizei, const GLuint*) = nullptr;
-    void(SURFACE_VIEW_CALL* bindBuffer)(GLenum, GLuint) = nullptr;
-    void(SURFACE_VIEW_CALL* bufferData)(GLenum, std::ptrdiff_t, const void*, GLenum) = nullptr;
+    void(COMMONUI_GL_CALL* genBuffers)(GLsizei, GLuint*) = nullptr;
+    void(COMMONUI_GL_CALL* deleteBuffers)(GLsizei, const GLuint*) = nullptr;
+    void(COMMONUI_GL_CALL* bindBuffer)(GLenum, GLuint) = nullptr;
+    void(COMMONUI_GL_CALL* bufferData)(GLenum, std::ptrdiff_t, const void*, GLenum) = nullptr;
 
     SFunctions()
     {

@@ -176,9 +176,10 @@ void CMapWidget::DrawPicture(QPainter& painter)
             m_surface->GetSurface(),
             {.table = m_table, .missing = m_colors.missing, .heights = *m_surface->heights}, m_place, scale);
         const QSize size = shown.size() * scale;
-        m_picture = QImage(reinterpret_cast<const uchar*>(pixels.data()), size.width(), size.height(),
-                           static_cast<int>(sizeof(std::uint32_t)) * size.width(), QImage::Format_ARGB32)
-                        .copy();
+        m_picture =
+            QImage(reinterpret_cast<const uchar*>(pixels.data()), size.width(), size.height(),
+                   static_cast<qsizetype>(sizeof(std::uint32_t)) * size.width(), QImage::Format_ARGB32)
+                .copy();
     }
     painter.fillRect(shown, QBrush(palette().color(QPalette::PlaceholderText), Qt::BDiagPattern));
     painter.drawImage(shown, m_picture);

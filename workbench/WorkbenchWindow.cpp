@@ -28,6 +28,7 @@
 #include <QToolBar>
 
 #include <exception>
+#include <functional>
 
 namespace Workbench
 {
@@ -52,6 +53,25 @@ void Tell(const CStr& text)
 STab TabOf(const CStr& path)
 {
     return {.key = path, .title = GetFileName(path)};
+}
+
+using FCommand = std::function<void()>;
+
+QAction* AddAction(QMenu& menu, EText text, const QKeySequence& keys, const FCommand& command)
+{
+    QAction* const action = menu.addAction(QText(text));
+    action->setShortcut(keys);
+    QObject::connect(action, &QAction::triggered, action, command);
+    return action;
+}
+
+QAction* AddSwitch(QMenu& menu, EText text, bool isOn, const FCommand& command)
+{
+    QAction* const action = menu.addAction(QText(text));
+    action->setCheckable(true);
+    action->setChecked(isOn);
+    QObject::connect(action, &QAction::toggled, action, command);
+    return action;
 }
 
 CStr ReferenceOf(const SSettingsEntry& entry)
@@ -102,34 +122,15 @@ CWorkbenchWindow::~CWorkbenchWindow()
     delete m_center; // goes before the tabs that it shows
 }
 
-QAction* CWorkbenchWindow::AddAction(QMenu& menu, EText text, const QKeySequence& keys,
-                                     void (CWorkbenchWindow::*act)())
-{
-    QAction* const action = menu.addAction(QText(text));
-    action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, act);
-    return action;
-}
-
-QAction* CWorkbenchWindow::AddSwitch(QMenu& menu, EText text, bool isOn, void (CWorkbenchWindow::*act)())
-{
-    QAction* const action = menu.addAction(QText(text));
-    action->setCheckable(true);
-    action->setChecked(isOn);
-    connect(action, &QAction::toggled, this, act);
-    return action;
-}
-
 void CWorkbenchWindow::MakeFileMenu()
 {
     QMenu& menu = *menuBar()->addMenu(QText(EText::FileMenu));
-    m_open = AddAction(menu, EText::Open, QKeySequence::Open, &CWorkbenchWindow::ChooseFile);
+    m_open = AddAction(menu, EText::Open, QKeySequence::Open, [this] { ChooseFile(); });
     m_open->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
     m_recent = menu.addMenu(QText(EText::OpenRecent));
     connect(m_recent, &QMenu::aboutToShow, this, &CWorkbenchWindow::FillRecent);
     menu.addSeparator();
-    m_close =
-        AddAction(menu, EText::CloseTab, QKeySequence(Qt::CTRL | Qt::Key_W), &CWorkbenchWindow::ClosePage);
+    m_close = AddAction(menu, EText::CloseTab, QKeySequence(Qt::CTRL | Qt::Key_W), [this] { ClosePage(); });
     QAction* const quit = menu.addAction(QText(EText::Quit));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit->setMenuRole(QAction::QuitRole);
@@ -139,15 +140,15 @@ void CWorkbenchWindow::MakeFileMenu()
 void CWorkbenchWindow::MakeViewMenu()
 {
     QMenu& menu = *menuBar()->addMenu(QText(EText::ViewMenu));
-    m_showMap = AddSwitch(menu, EText::ShowMap, m_store.showsMap, &CWorkbenchWindow::OnViews);
+    m_showMap = AddSwitch(menu, EText::ShowMap, m_store.showsMap, [this] { OnViews(*m_showBlock); });
     m_showMap->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_1));
-    m_showBlock = AddSwitch(menu, EText::ShowBlock, m_store.showsBlock, &CWorkbenchWindow::OnViews);
+    m_showBlock = AddSwitch(menu, EText::ShowBlock, m_store.showsBlock, [this] { OnViews(*m_showMap); });
     m_showBlock->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_2));
-    m_parallel = AddSwitch(menu, EText::Parallel, m_store.look.isParallel, &CWorkbenchWindow::OnProjection);
+    m_parallel = AddSwitch(menu, EText::Parallel, m_store.look.isParallel, [this] { OnProjection(); });
     menu.addSeparator();
-    m_fit = AddAction(menu, EText::Fit, QKeySequence(Qt::CTRL | Qt::Key_0), &CWorkbenchWindow::Fit);
-    AddAction(menu, EText::ZoomIn, QKeySequence::ZoomIn, &CWorkbenchWindow::ZoomIn);
-    AddAction(menu, EText::ZoomOut, QKeySequence::ZoomOut, &CWorkbenchWindow::ZoomOut);
+    m_fit = AddAction(menu, EText::Fit, QKeySequence(Qt::CTRL | Qt::Key_0), [this] { Fit(); });
+    AddAction(menu, EText::ZoomIn, QKeySequence::ZoomIn, [this] { Zoom(c_zoomStep); });
+    AddAction(menu, EText::ZoomOut, QKeySequence::ZoomOut, [this] { Zoom(1 / c_zoomStep); });
     menu.addSeparator();
     menu.addAction(m_results->toggleViewAction());
     menu.addAction(m_view->toggleViewAction());
@@ -171,10 +172,11 @@ void CWorkbenchWindow::MakeOtherMenus()
 {
     QMenu& analyze = *menuBar()->addMenu(QText(EText::AnalyzeMenu));
     m_parameters = AddAction(analyze, EText::Parameters, QKeySequence(Qt::CTRL | Qt::Key_R),
-                             &CWorkbenchWindow::ChooseParameters);
+                             [this] { ChooseParameters(); });
     QMenu& help = *menuBar()->addMenu(QText(EText::HelpMenu));
-    AddAction(help, EText::HelpContents, QKeySequence::HelpContents, &CWorkbenchWindow::ShowHelp);
-    AddAction(help, EText::About, {}, &CWorkbenchWindow::ShowAbout)->setMenuRole(QAction::AboutRole);
+    AddAction(help, EText::HelpContents, QKeySequence::HelpContents,
+              [] { GetHelpService().Open(c_helpTopic); });
+    AddAction(help, EText::About, {}, [this] { ShowAbout(); })->setMenuRole(QAction::AboutRole);
 }
 
 void CWorkbenchWindow::MakeToolBar()
@@ -324,29 +326,23 @@ void CWorkbenchWindow::OnCurrentTab()
         m_view->SetLook(page->GetBlock()->GetLook(), page->GetSurface().box->exaggeration);
 }
 
-void CWorkbenchWindow::ZoomIn()
+void CWorkbenchWindow::Zoom(double factor) const
 {
     if (CSurfacePage* const page = GetPage())
-        page->Zoom(c_zoomStep);
+        page->Zoom(factor);
 }
 
-void CWorkbenchWindow::ZoomOut()
-{
-    if (CSurfacePage* const page = GetPage())
-        page->Zoom(1 / c_zoomStep);
-}
-
-void CWorkbenchWindow::Fit()
+void CWorkbenchWindow::Fit() const
 {
     if (CSurfacePage* const page = GetPage())
         page->Fit();
 }
 
 // The last view that is switched off brings the other one back.
-void CWorkbenchWindow::OnViews()
+void CWorkbenchWindow::OnViews(QAction& other)
 {
     if (!m_showMap->isChecked() && !m_showBlock->isChecked())
-        (sender() == m_showMap ? m_showBlock : m_showMap)->setChecked(true);
+        other.setChecked(true);
     m_store.showsMap = m_showMap->isChecked();
     m_store.showsBlock = m_showBlock->isChecked();
     for (CSurfacePage* const page : GetPages())
@@ -425,11 +421,6 @@ void CWorkbenchWindow::RestoreScale()
 void CWorkbenchWindow::ChooseParameters()
 {
     m_results->Choose();
-}
-
-void CWorkbenchWindow::ShowHelp()
-{
-    GetHelpService().Open(c_helpTopic);
 }
 
 QString CWorkbenchWindow::GetAboutText() const

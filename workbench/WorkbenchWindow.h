@@ -59,17 +59,15 @@ private:
     void MakeOtherMenus();
     void MakeToolBar();
     void MakePanes();
-    QAction* AddAction(QMenu& menu, EText text, const QKeySequence& keys, void (CWorkbenchWindow::*act)());
-    QAction* AddSwitch(QMenu& menu, EText text, bool isOn, void (CWorkbenchWindow::*act)());
     void ChooseFile();
     void FillRecent();
     bool OpenFile(const CommonUI::CStr& path);
     void ClosePage();
     void OnCurrentTab();
-    void ZoomIn();
-    void ZoomOut();
-    void Fit();
-    void OnViews();
+    void Zoom(double factor) const;
+    void Fit() const;
+    /// @param other of both views, which comes back when none is left
+    void OnViews(QAction& other);
     void OnProjection();
     void OnLook(const SBlockLook& look);
     void ShareLook();
@@ -77,7 +75,6 @@ private:
     void OnScale(CommonUI::CSettings& settings);
     void RestoreScale();
     void ChooseParameters();
-    void ShowHelp();
     void ShowAbout();
     void Save();
     std::vector<CSurfacePage*> GetPages() const;
