@@ -66,7 +66,8 @@ Analysis::SSurface MakeLargeSurface()
     surface.heights.reserve(c_side * c_side);
     for (std::size_t i = 0; i < c_side * c_side; ++i) {
         const auto x = static_cast<double>(i % c_side);
-        const auto y = static_cast<double>(i / c_side);
+        const std::size_t line = i / c_side;
+        const auto y = static_cast<double>(line);
         surface.heights.push_back(1e-6 * std::sin(x / 150) * std::cos(y / 230) +
                                   2e-7 * std::sin(x / 11 + std::sin(y / 40)));
     }
