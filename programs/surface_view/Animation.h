@@ -1,8 +1,8 @@
 #pragma once
 
 #include "programs/surface_view/Picture.h"
-#include "programs/surface_view/View.h"
 #include "settings/readers/AnimationSettings.h"
+#include "view/View.h"
 
 #include <filesystem>
 #include <functional>

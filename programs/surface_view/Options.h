@@ -3,7 +3,7 @@
 #include "analysis/form/Levelling.h"
 #include "common/Rect.h"
 #include "programs/command_line/SurfaceOptions.h"
-#include "programs/surface_view/View.h"
+#include "view/View.h"
 
 #include <optional>
 #include <span>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/Rect.h"
-#include "programs/surface_view/Font.h"
+#include "view/Font.h"
 
 #include <cstdint>
 #include <filesystem>

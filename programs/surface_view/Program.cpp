@@ -7,10 +7,11 @@
 #include "programs/command_line/ProgressLine.h"
 #include "programs/surface_view/Animation.h"
 #include "programs/surface_view/ColorTable.h"
-#include "programs/surface_view/Drawing.h"
+#include "programs/surface_view/FreeTypeFont.h"
 #include "programs/surface_view/Options.h"
 #include "programs/surface_view/Picture.h"
-#include "programs/surface_view/StackDepths.h"
+#include "view/Drawing.h"
+#include "view/StackDepths.h"
 
 #include <iostream>
 #include <memory>
@@ -74,12 +75,12 @@ public:
         m_before = ReadStackDepths();
     }
 
-    // @param zoom where the picture is one of an animation
-    SPicture Paint(const SDirection& direction, std::optional<double> zoom = {})
+    // @param framing where the picture is one of an animation
+    SPicture Paint(const SDirection& direction, const std::optional<SFraming>& framing = {})
     {
         m_scene.eye = direction.ToEye();
         m_scene.layout =
-            MakeLayout(m_scene.box, direction, m_isOrthographic, m_text, m_size, m_scale, m_font, zoom);
+            MakeLayout(m_scene.box, direction, m_isOrthographic, m_text, m_size, m_scale, m_font, framing);
         Draw(m_scene, m_size, m_font);
         CheckRestored(m_before, ReadStackDepths());
         return ScaleDown(ReadPixels(m_size), m_scale);
@@ -91,7 +92,7 @@ private:
     bool m_isOrthographic;
     int m_scale;
     SSize m_size;
-    CFont m_font{};
+    CFreeTypeFont m_font{};
     SScene m_scene{};
     SPictureText m_text{};
     std::unique_ptr<Offscreen::CContext> m_context{};
@@ -105,7 +106,9 @@ void Animate(const SOptions& options, std::ostream& out, std::ostream& err, cons
     CommandLine::CProgressLine line("drawing", &err == &std::cerr && CommonUI::IsErrorStreamTerminal(), err);
     const int frames = WriteAnimation(
         animation, options.output,
-        [&](const SDirection& direction, double zoom) { return painter.Paint(direction, zoom); },
+        [&](const SDirection& direction, double zoom) {
+            return painter.Paint(direction, SFraming{.zoom = zoom});
+        },
         [&](double fraction) { line.Show(fraction); });
     out << "State restored: " << Describe(painter.GetStackDepths()) << "\n"
         << "Frames written: " << frames << ", " << CommandLine::ToTerminal(options.output.string()) << "\n";

@@ -1,6 +1,7 @@
-#include "programs/surface_view/Layout.h"
+#include "view/Layout.h"
 
-#include "tests/surface_view/Looks.h"
+#include "programs/surface_view/FreeTypeFont.h"
+#include "tests/view/Looks.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,7 @@ using namespace SurfaceView;
 
 TEST(Layout, NothingOverlapsAndAllIsInThePicture)
 {
-    const CFont font;
+    const CFreeTypeFont font;
     const SPictureText text{.title = u"a surface with a name that is longer than a small picture is wide.sdf",
                             .subtitle = u"64 µm × 48 µm, heights × 6.4"};
     for (const CommonUI::SSize size : {CommonUI::SSize{2700, 1800}, {900, 600}, {900, 1800}, {300, 300}}) {
@@ -37,7 +38,7 @@ TEST(Layout, NothingOverlapsAndAllIsInThePicture)
 
 TEST(Layout, EveryAxisThatIsSeenHasMarksAndAName)
 {
-    const CFont font;
+    const CFreeTypeFont font;
     for (const SLook& look : {c_looks[0], c_looks[1], c_looks[3], c_looks[8]}) {
         const SLayout layout = MakeLayout(c_box, look.direction, look.orthographic, {}, {900, 600}, 1, font);
         for (const SAxis& axis : layout.axes)
@@ -49,7 +50,7 @@ TEST(Layout, EveryAxisThatIsSeenHasMarksAndAName)
 
 TEST(Layout, TitleOfAnyLengthIsCutToTheWidthOfThePicture)
 {
-    const CFont font;
+    const CFreeTypeFont font;
     for (const std::size_t length : {200, 500'000}) { // the second takes minutes when cut letter by letter
         const SPictureText text{.title = CommonUI::CStr(length, u'i')};
         const SLabel title = MakeLayout(c_box, {30, 35}, false, text, {300, 300}, 1, font).labels[0];

@@ -1,10 +1,11 @@
 #include "programs/surface_view/Program.h"
 
 #include "programs/surface_view/ColorTable.h"
-#include "programs/surface_view/Drawing.h"
-#include "programs/surface_view/StackDepths.h"
+#include "programs/surface_view/FreeTypeFont.h"
 #include "tests/DiagnosticsCapture.h"
 #include "tests/ProgramTesting.h"
+#include "view/Drawing.h"
+#include "view/StackDepths.h"
 
 #include <GL/gl.h>
 #include <gtest/gtest.h>
@@ -168,7 +169,7 @@ TEST_F(ViewProgram, WallsHaveTheLinesOfTheAxes)
     std::string reason;
     const auto context = Offscreen::CContext::Make(size.cx, size.cy, reason);
     ASSERT_TRUE(context) << reason;
-    const CFont font;
+    const CFreeTypeFont font;
     SScene scene = MakeScene(font, size);
     const auto countGrid = [&] {
         Draw(scene, size, font);
@@ -192,7 +193,7 @@ TEST_F(ViewProgram, DrawingLeavesTheStateAsItWas)
     std::string reason;
     const auto context = Offscreen::CContext::Make(size.cx, size.cy, reason);
     ASSERT_TRUE(context) << reason;
-    const CFont font;
+    const CFreeTypeFont font;
     const SScene scene = MakeScene(font, size);
     glViewport(3, 4, 50, 60);
     glMatrixMode(GL_PROJECTION);

@@ -1,0 +1,90 @@
+#include "tests/workbench/WorkbenchTesting.h"
+
+#include "common/Version.h"
+#include "settings/SetReference.h"
+
+namespace Workbench
+{
+
+using WorkbenchWindow = CWorkbenchTest;
+
+TEST_F(WorkbenchWindow, EverythingChosenIsThereAtTheNextStart)
+{
+    OpenSample();
+    m_dialogs.Prepare(CStr::FromUtf8(Write("deep/a.sdf", c_small)));
+    FindAction(EText::Open)->trigger();
+    m_window->resize(1000, 700);
+    m_window->GetViewPane().hide();
+    m_window->GetColorScales().GetMenu().Choose(
+        {EBuiltInSetting::CSQuickLaunchGlow, ESettingType::ColorScale});
+    FindAction(EText::Parallel)->setChecked(true);
+    FindAction(EText::ShowMap)->setChecked(false);
+    FindAction(EText::DarkColors)->trigger();
+
+    Start();
+    EXPECT_EQ(m_window->size(), QSize(1000, 700));
+    EXPECT_FALSE(m_window->GetViewPane().isVisible());
+    EXPECT_TRUE(m_window->GetResults().isVisible());
+    EXPECT_EQ(m_window->GetStore().colorScale, MakeReference(EBuiltInSetting::CSQuickLaunchGlow));
+    EXPECT_EQ(m_window->GetColorScales().GetMenu().GetText(), CStr(u"Glow"));
+    EXPECT_EQ(m_colors.GetScheme(), EColorScheme::Dark);
+    EXPECT_EQ(m_window->GetStore().files.GetAll().size(), 2u);
+    EXPECT_EQ(ToPath(m_dialogs.GetMemory().Find(u"Surfaces")->folder), m_folder.GetPath() / "deep/");
+    CSurfacePage& page = OpenSample();
+    EXPECT_TRUE(page.GetBlock()->GetLook().isParallel);
+    EXPECT_FALSE(page.GetMap().isVisible());
+    EXPECT_EQ(TakeBoxes().size(), 0u);
+}
+
+TEST_F(WorkbenchWindow, WhatCannotBeKeptIsSaid)
+{
+    // A folder in the place of the file.
+    Start();
+    const auto file = m_folder.GetPath() / "settings/CommonUIWorkbench/preferences.ini";
+    std::filesystem::remove(file);
+    std::filesystem::create_directories(file / "x");
+    m_window->close();
+    const auto said = TakeBoxes();
+    ASSERT_EQ(said.size(), 1u);
+    EXPECT_NE(said[0].find("preferences.ini"), std::string::npos) << said[0];
+}
+
+TEST_F(WorkbenchWindow, EverythingHasANameAndAKey)
+{
+    OpenSample();
+    for (QWidget* const widget : m_window->findChildren<QWidget*>()) {
+        const bool isReached = widget->isVisible() && widget->focusPolicy() & Qt::TabFocus;
+        if (isReached && !qobject_cast<QTabBar*>(widget) && !qobject_cast<QScrollArea*>(widget)) {
+            EXPECT_FALSE(Reader(*widget).text(QAccessible::Name).isEmpty())
+                << widget->metaObject()->className() << " in " << widget->parent()->metaObject()->className();
+        }
+    }
+    for (const QAction* const menu : m_window->menuBar()->actions()) {
+        EXPECT_TRUE(menu->text().contains('&'));
+        for (const QAction* const action : menu->menu()->actions()) {
+            const bool hasOwnName = action == m_window->GetResults().toggleViewAction() ||
+                                    action == m_window->GetViewPane().toggleViewAction();
+            EXPECT_TRUE(action->isSeparator() || hasOwnName || action->text().contains('&'))
+                << qPrintable(action->text());
+        }
+    }
+}
+
+TEST_F(WorkbenchWindow, HelpAndVersionsAreThere)
+{
+    QTest::keySequence(m_window.get(), QKeySequence::HelpContents);
+    EXPECT_EQ(m_help.GetOpened(), std::vector<unsigned>{CWorkbenchWindow::c_helpTopic});
+    CBlockWidget& block = *OpenSample().GetBlock();
+    block.repaint();
+    const QString text = m_window->GetAboutText();
+    for (const QString& part :
+         {ToQString(GetVersion()), QString::fromLatin1(qVersion()), QStringLiteral("Mesa")})
+        EXPECT_TRUE(text.contains(part)) << qPrintable(text);
+    WhenShown<QMessageBox>([&](QMessageBox& box) {
+        EXPECT_EQ(box.informativeText(), text);
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    FindAction(EText::About)->trigger();
+}
+
+} // namespace Workbench

@@ -1,0 +1,43 @@
+#include "view/ViewedSurface.h"
+
+#include "analysis/areal/HeightParameters.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace SurfaceView
+{
+
+using CommonUI::CRange;
+using CommonUI::Analysis::SSurface;
+
+namespace
+{
+
+// Colours and marks need heights of some length.
+CRange<double> WithLength(double lowest, double highest)
+{
+    const double least = std::max(1e-12, 1e-9 * std::abs(lowest));
+    return highest - lowest >= least ? CRange(lowest, highest) : CRange(lowest - least, highest + least);
+}
+
+} // namespace
+
+std::shared_ptr<const SViewedSurface> MakeViewedSurface(const std::filesystem::path& path, SSurface surface)
+{
+    auto viewed = std::make_shared<SViewedSurface>();
+    viewed->path = path;
+    const CommonUI::Analysis::SRange range = CommonUI::Analysis::FindRange(surface.heights);
+    if (range.count > 0)
+        viewed->heights = WithLength(range.lowest, range.highest);
+    if (range.count > 0 && surface.points >= 2 && surface.lines >= 2) {
+        viewed->box = MakeBox(surface, 0);
+        viewed->levels = MakeDetailLevels(surface, *viewed->box);
+    }
+    viewed->input = std::make_shared<CommonUI::Measurement::SInput>(
+        CommonUI::Measurement::SInput{.surface = std::move(surface)});
+    return viewed;
+}
+
+} // namespace SurfaceView

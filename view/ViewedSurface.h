@@ -1,0 +1,32 @@
+#pragma once
+
+#include "measurement/ApplySteps.h"
+#include "view/DetailLevels.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace SurfaceView
+{
+
+/// A surface with what its views and its analysis need, made once and never changed.
+struct SViewedSurface {
+    std::filesystem::path path{};
+    /// Shared with who computes results of it, which may take longer than somebody looks at it.
+    std::shared_ptr<const CommonUI::Measurement::SInput> input{};
+    /// From the lowest to the highest point, m, and around those of a flat surface; empty where all points
+    /// are missing.
+    std::optional<CommonUI::CRange<double>> heights{};
+    std::optional<SBox> box{}; ///< empty where there is nothing to see in three dimensions
+    std::vector<SMesh> levels{};
+
+    const CommonUI::Analysis::SSurface& GetSurface() const { return input->surface; }
+};
+
+/// Takes some time for a large surface; any thread may call.
+std::shared_ptr<const SViewedSurface> MakeViewedSurface(const std::filesystem::path& path,
+                                                        CommonUI::Analysis::SSurface surface);
+
+} // namespace SurfaceView

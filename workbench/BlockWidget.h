@@ -1,0 +1,118 @@
+#pragma once
+
+#include "settings/preferences/PreferencesData.h"
+#include "view/DetailLevels.h"
+#include "view/Drawing.h"
+#include "view/ViewedSurface.h"
+#include "workbench/LabelFont.h"
+
+#include <QElapsedTimer>
+#include <QOpenGLWidget>
+#include <QTimer>
+
+#include <optional>
+#include <vector>
+
+namespace SurfaceView
+{
+class CColorTexture;
+class CMeshBuffers;
+} // namespace SurfaceView
+
+namespace Workbench
+{
+
+/// How the block of a surface is shown, for all views alike.
+struct SBlockLook {
+    double exaggeration = 0; ///< how many times heights are drawn higher than lengths; 0 for what suits
+    /// From where the light comes, seen from the eye: degrees clockwise from the top of the view, and from
+    /// the plane of the view to the eye.
+    double lightAround = 320;
+    double lightAbove = 49;
+    bool isParallel = false; ///< instead of in perspective
+
+    friend bool operator==(const SBlockLook&, const SBlockLook&) = default;
+};
+
+/// What a picture has cost, and how long it took, in seconds.
+struct SFrame {
+    SurfaceView::SFrameWork work{};
+    double seconds = 0;
+    bool isMoving = false; ///< at the level of detail for that
+};
+
+/// A surface as a block in three dimensions, drawn by OpenGL. Dragging and the arrow keys turn it, with the
+/// right button or Shift they move it, with Ctrl they move the light; the wheel and + and - zoom, Home and a
+/// double click show all of it. While it moves, the level of detail is the finest that is drawn in time.
+class CBlockWidget : public QOpenGLWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CBlockWidget(std::shared_ptr<const SurfaceView::SViewedSurface> surface);
+    ~CBlockWidget() override;
+
+    /// @param mode whether a software driver will do
+    /// @param target the time in seconds that a picture should take while the block moves
+    void SetDriver(CommonUI::E3DAccelerationMode mode, double target);
+    void SetColors(std::vector<CommonUI::SColor> table);
+    void SetLook(const SBlockLook& look);
+    const SBlockLook& GetLook() const noexcept { return m_look; }
+    void Zoom(double factor);
+    void Fit();
+    const SurfaceView::SDirection& GetDirection() const noexcept { return m_direction; }
+    const SurfaceView::SFraming& GetFraming() const noexcept { return m_framing; }
+    /// Turns the block, as dragging does.
+    void Turn(double around, double above);
+    /// The last picture that was drawn.
+    const SFrame& GetFrame() const noexcept { return m_frame; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The view cannot be drawn, and says why in a sentence. It stays as it is.
+    void Failed(const QString& reason);
+    void LookChanged();
+
+protected:
+    void initializeGL() override;
+    void paintGL() override;
+    void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void DropBuffers();
+    QString FindFault() const;
+    void Fail(const QString& reason);
+    void Move();
+    void MovePan(double right, double down);
+    void MoveLight(double around, double above);
+    void DrawFrame();
+    void UpdateSurroundings();
+
+    std::shared_ptr<const SurfaceView::SViewedSurface> m_surface;
+    SurfaceView::SScene m_scene;
+    SurfaceView::CDetailChoice m_choice;
+    SurfaceView::SDirection m_direction{30, 35};
+    SurfaceView::SFraming m_framing;
+    SBlockLook m_look;
+    CommonUI::E3DAccelerationMode m_mode = CommonUI::E3DAccelerationMode::Automatic;
+    CLabelFont m_font;
+    std::vector<std::unique_ptr<SurfaceView::CMeshBuffers>> m_buffers; // of the levels that were drawn
+    std::unique_ptr<SurfaceView::CColorTexture> m_texture;
+    bool m_hasFailed = false;
+    bool m_isMoving = false;
+    QTimer m_rest; // ticks when nothing has moved for a while
+    QPoint m_dragged;
+    SFrame m_frame;
+};
+
+/// The direction to the light, as seen from the eye.
+SurfaceView::SPoint ToLight(const SBlockLook& look);
+
+} // namespace Workbench

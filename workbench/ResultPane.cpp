@@ -1,0 +1,127 @@
+#include "workbench/ResultPane.h"
+
+#include "measurement/Choices.h"
+#include "qt/selection/QtSelectionDlg.h"
+#include "workbench/Texts.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <exception>
+
+namespace Workbench
+{
+
+using namespace CommonUI;
+using Measurement::CBackgroundResults;
+
+namespace
+{
+
+// As wide as a name with its value and unit.
+class CContent : public QWidget
+{
+public:
+    QSize sizeHint() const override
+    {
+        return {70 * fontMetrics().averageCharWidth(), QWidget::sizeHint().height()};
+    }
+};
+
+CStr SizeOf(const Analysis::SSurface& surface)
+{
+    return CStr::Format(Text(EText::Size), CStr::FromUtf8(surface.fileName), static_cast<int>(surface.points),
+                        static_cast<int>(surface.lines));
+}
+
+} // namespace
+
+CResultPane::CResultPane()
+    : CDockPane(u"Workbench.Results", Text(EText::Results))
+    , m_state(new QLabel)
+    , m_grid(new CResultGridWidget(CGridBaseOutputCtrl::SCellInfo::Results))
+    , m_choose(new QPushButton(QText(EText::Parameters)))
+    , m_results([this](const CBackgroundResults::SAnswer& answer) { Show(answer); })
+{
+    auto* const content = new CContent;
+    auto* const layout = new QVBoxLayout(content);
+    layout->addWidget(m_state);
+    layout->addWidget(m_grid, 1);
+    layout->addWidget(m_choose, 0, Qt::AlignLeft);
+    setWidget(content);
+    m_state->setWordWrap(true);
+    m_state->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_grid->setAccessibleName(QText(EText::Results));
+    connect(m_choose, &QPushButton::clicked, this, &CResultPane::Choose);
+    GetAnalysisPreferencesManager().GetChangeList().Subscribe(*this, &CResultPane::OnPreferences,
+                                                              m_connection);
+    SetSurface(nullptr);
+}
+
+CResultPane::~CResultPane() = default;
+
+QString CResultPane::GetState() const
+{
+    return m_state->text();
+}
+
+EAnalysis CResultPane::GetAnalysis() const
+{
+    return m_input && m_input->surface.IsProfile() ? EAnalysis::RoughnessProfile : EAnalysis::Roughness;
+}
+
+void CResultPane::SetSurface(std::shared_ptr<const Measurement::SInput> input)
+{
+    m_input = std::move(input);
+    m_grid->GetTable().Clear();
+    m_grid->Update();
+    Compute();
+}
+
+void CResultPane::Choose()
+{
+    CQtSelectionDlg dialog(GetAnalysisPreferencesManager(), GetAnalysis(), this);
+    dialog.DoModal();
+    Q_EMIT Chosen(); // whatever was chosen there, or elsewhere meanwhile
+}
+
+void CResultPane::OnPreferences(const SPreferencesChange& change)
+{
+    if (change.analysis == GetAnalysis() && change.kind == EPreferencesChange::Parameters)
+        Compute();
+}
+
+// What is shown stays until there is something else to show.
+void CResultPane::Compute()
+{
+    if (!m_input) {
+        m_results.Cancel();
+        m_state->setText(QText(EText::NoSurface));
+        return;
+    }
+    m_state->setText(ToQString(SizeOf(m_input->surface)) + QLatin1Char('\n') + QText(EText::Computing));
+    try {
+        m_results.Request(
+            m_input, Measurement::MakeChoices(GetAnalysisPreferencesManager(), {.usesPreferences = true}));
+    } catch (const std::exception& error) {
+        m_results.Cancel();
+        Show({.error = CStr::FromUtf8(error.what()), .input = m_input});
+    }
+}
+
+void CResultPane::Show(const CBackgroundResults::SAnswer& answer)
+{
+    QString state = ToQString(SizeOf(answer.input->surface));
+    if (!answer.error.IsEmpty())
+        state += QLatin1Char('\n') + ToQString(CStr::Format(Text(EText::NoResults), answer.error));
+    m_state->setText(state);
+    if (answer.tables)
+        m_grid->GetTable() = answer.tables->GetSurface();
+    else
+        m_grid->GetTable().Clear();
+    m_grid->Update();
+    m_grid->GetPane().FitColumns();
+}
+
+} // namespace Workbench

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "common/ini/Inifile.h"
+#include "controls/color/InterfaceColors.h"
+#include "controls/lists/RecentList.h"
+#include "workbench/BlockWidget.h"
+
+namespace Workbench
+{
+
+/// What the workbench keeps from one start to the next, in one file: preferences of analyses, general ones,
+/// placement of windows, folders of file dialogs and recent sets, which the library owns, and choices of its
+/// own. Two workbenches with one file keep each other's changes.
+class CStore
+{
+public:
+    static constexpr std::size_t c_mostFiles = 10;
+
+    /// Reads the file, preferences.ini in a folder for the workbench below that of GetFolders for settings.
+    CStore();
+    /// @param reason receives a sentence when it cannot be written
+    bool Save(CommonUI::CStr& reason);
+
+    CommonUI::CRecentList<CommonUI::CStr> files{c_mostFiles}; ///< the surfaces that were opened last
+    CommonUI::CStr colorScale{};                              ///< a reference of settings/SetReference.h
+    SBlockLook look{};                                        ///< its exaggeration is that of each surface
+    CommonUI::EInterfaceScheme colors = CommonUI::EInterfaceScheme::System;
+    bool showsMap = true;
+    bool showsBlock = true;
+
+private:
+    CommonUI::CInifile m_ini;
+};
+
+} // namespace Workbench

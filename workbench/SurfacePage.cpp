@@ -1,0 +1,106 @@
+#include "workbench/SurfacePage.h"
+
+#include "workbench/Texts.h"
+
+#include <QLabel>
+#include <QStackedWidget>
+
+namespace Workbench
+{
+
+namespace
+{
+
+constexpr std::size_t c_colorCount = 1024;
+
+} // namespace
+
+CSurfacePage::CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> surface)
+    : QSplitter(Qt::Horizontal)
+    , m_surface(std::move(surface))
+    , m_map(new CMapWidget(m_surface))
+    , m_blockPlace(new QStackedWidget)
+    , m_fault(new QLabel)
+{
+    m_fault->setWordWrap(true);
+    m_fault->setAlignment(Qt::AlignCenter);
+    m_fault->setMargin(2 * fontMetrics().height());
+    m_fault->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_blockPlace->addWidget(m_fault);
+    setChildrenCollapsible(false);
+    addWidget(m_map);
+    addWidget(m_blockPlace);
+    setSizes({1000, 1000});
+    connect(m_map, &CMapWidget::PointRead, this, &CSurfacePage::PointRead);
+    if (!m_surface->box) {
+        ShowFault(QText(m_surface->heights ? EText::NeedsLines : EText::NothingToShow));
+        return;
+    }
+    m_block = new CBlockWidget(m_surface);
+    m_blockPlace->addWidget(m_block);
+    m_blockPlace->setCurrentWidget(m_block);
+    connect(m_block, &CBlockWidget::Failed, this, &CSurfacePage::ShowFault);
+    connect(m_block, &CBlockWidget::LookChanged, this, &CSurfacePage::LookChanged);
+}
+
+CSurfacePage::~CSurfacePage() = default;
+
+void CSurfacePage::SetDriver(CommonUI::E3DAccelerationMode mode, double target)
+{
+    if (m_block)
+        m_block->SetDriver(mode, target);
+}
+
+void CSurfacePage::SetColors(const CommonUI::SColorScale& colors)
+{
+    m_map->SetColors(colors);
+    if (m_block)
+        m_block->SetColors(colors.MakeTable(c_colorCount));
+}
+
+void CSurfacePage::SetLook(const SBlockLook& look)
+{
+    if (m_block && m_block->GetLook() != look)
+        m_block->SetLook(look);
+}
+
+void CSurfacePage::ShowViews(bool map, bool block)
+{
+    m_map->setVisible(map || !block);
+    m_blockPlace->setVisible(block);
+}
+
+bool CSurfacePage::IsBlockMeant() const
+{
+    return m_block && m_blockPlace->isVisible() && (m_block->hasFocus() || !m_map->isVisible());
+}
+
+void CSurfacePage::Zoom(double factor)
+{
+    if (IsBlockMeant())
+        m_block->Zoom(factor);
+    else
+        m_map->Zoom(factor);
+}
+
+void CSurfacePage::Fit()
+{
+    if (IsBlockMeant())
+        m_block->Fit();
+    else
+        m_map->Fit();
+}
+
+QString CSurfacePage::GetBlockText() const
+{
+    return m_fault->text();
+}
+
+void CSurfacePage::ShowFault(const QString& reason)
+{
+    m_fault->setText(reason);
+    m_blockPlace->setCurrentWidget(m_fault);
+    delete m_block;
+}
+
+} // namespace Workbench

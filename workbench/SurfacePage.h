@@ -1,0 +1,57 @@
+#pragma once
+
+#include "settings/readers/ColorScale.h"
+#include "workbench/BlockWidget.h"
+#include "workbench/MapWidget.h"
+
+#include <QPointer>
+#include <QSplitter>
+
+class QLabel;
+class QStackedWidget;
+
+namespace Workbench
+{
+
+/// A surface in its tab: the map and the block side by side. Where the block cannot be drawn, a sentence says
+/// why in its place.
+class CSurfacePage : public QSplitter
+{
+    Q_OBJECT
+
+public:
+    explicit CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> surface);
+    ~CSurfacePage() override;
+
+    const SurfaceView::SViewedSurface& GetSurface() const noexcept { return *m_surface; }
+    void SetDriver(CommonUI::E3DAccelerationMode mode, double target);
+    void SetColors(const CommonUI::SColorScale& colors);
+    void SetLook(const SBlockLook& look);
+    /// One of both is always shown.
+    void ShowViews(bool map, bool block);
+    /// The view that the user works in: the map unless the block has the focus or is shown alone.
+    void Zoom(double factor);
+    void Fit();
+
+    CMapWidget& GetMap() noexcept { return *m_map; }
+    /// Null where it cannot be drawn.
+    CBlockWidget* GetBlock() noexcept { return m_block; }
+    /// What is said in place of the block.
+    QString GetBlockText() const;
+
+Q_SIGNALS:
+    void PointRead(const QString& text);
+    void LookChanged();
+
+private:
+    void ShowFault(const QString& reason);
+    bool IsBlockMeant() const;
+
+    std::shared_ptr<const SurfaceView::SViewedSurface> m_surface;
+    CMapWidget* m_map;
+    QStackedWidget* m_blockPlace;
+    QLabel* m_fault;
+    QPointer<CBlockWidget> m_block;
+};
+
+} // namespace Workbench

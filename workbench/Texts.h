@@ -1,0 +1,82 @@
+#pragma once
+
+#include "common/StringTable.h"
+#include "qt/QtText.h"
+
+namespace Workbench
+{
+
+/// The texts of the workbench in the string table.
+enum class EText {
+    FileMenu = 11701,
+    ViewMenu,
+    AnalyzeMenu,
+    HelpMenu,
+
+    Open = 11706,
+    OpenRecent,
+    ClearRecent,
+    CloseTab,
+    Quit,
+
+    ShowMap = 11712,
+    ShowBlock,
+    Fit,
+    ZoomIn,
+    ZoomOut,
+    Parallel,
+    Colors,
+    NextTab,
+
+    SystemColors = 11721,
+    LightColors,
+    DarkColors,
+
+    Parameters = 11725,
+
+    HelpContents = 11727,
+    About,
+
+    Exaggeration = 11731,
+    LightAround,
+    LightAbove,
+    ColorScale,
+
+    Results = 11741,
+    ViewPane,
+    Tools,
+    Map,
+    Block,
+    Reading,
+    ReadingFile,
+    NoSurface,
+    NoRecent,
+    Computing,
+    NoResults,
+    NothingToShow,
+    NoOpenGL,
+    OldOpenGL,
+    OnlySoftware,
+    DrawingFailed,
+    NeedsLines,
+    NotKept,
+    NoScale,
+    AboutText,
+    NoDriver,
+
+    Size = 11763,
+    ProgramName,
+    Surfaces,
+};
+
+inline CommonUI::CStr Text(EText text)
+{
+    return CommonUI::GetString(static_cast<int>(text));
+}
+
+inline QString QText(EText text)
+{
+    return CommonUI::ToQString(Text(text));
+}
+
+} // namespace Workbench

@@ -1,0 +1,488 @@
+#include "workbench/WorkbenchWindow.h"
+
+#include "common/PathText.h"
+#include "common/Version.h"
+#include "formats/SurfaceReader.h"
+#include "measurement/NamedSet.h"
+#include "platform/FileDialogService.h"
+#include "platform/HelpService.h"
+#include "platform/MessageBoxService.h"
+#include "qt/framework/WindowPlacer.h"
+#include "settings/preferences/PreferencesManager.h"
+#include "settings/SetReference.h"
+#include "workbench/OpenSurface.h"
+#include "workbench/Texts.h"
+
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QStyle>
+#include <QToolBar>
+
+#include <exception>
+#include <functional>
+
+namespace Workbench
+{
+
+using namespace CommonUI;
+
+namespace
+{
+
+constexpr const char16_t* c_memoryKey = u"Surfaces";
+constexpr const char16_t* c_filter =
+    u"Surfaces (*.sdf;*.x3p;*.txt;*.asc;*.csv)|*.sdf;*.x3p;*.txt;*.asc;*.csv|"
+    u"All files (*.*)|*.*||";
+constexpr double c_zoomStep = 1.25;
+
+void Tell(const CStr& text)
+{
+    GetMessageBoxService().Show({.text = text, .style = MessageBoxStyle::c_ok | MessageBoxStyle::c_warning});
+}
+
+// Several files of a drop or a list of recent ones may have one name; their folders tell them apart.
+STab TabOf(const CStr& path)
+{
+    return {.key = path, .title = GetFileName(path)};
+}
+
+using FCommand = std::function<void()>;
+
+QAction* AddAction(QMenu& menu, EText text, const QKeySequence& keys, const FCommand& command)
+{
+    QAction* const action = menu.addAction(QText(text));
+    action->setShortcut(keys);
+    QObject::connect(action, &QAction::triggered, action, command);
+    return action;
+}
+
+QAction* AddSwitch(QMenu& menu, EText text, bool isOn, const FCommand& command)
+{
+    QAction* const action = menu.addAction(QText(text));
+    action->setCheckable(true);
+    action->setChecked(isOn);
+    QObject::connect(action, &QAction::toggled, action, command);
+    return action;
+}
+
+CStr ReferenceOf(const SSettingsEntry& entry)
+{
+    return entry.m_IsFile ? CStr(c_filePrefix) + entry.m_File : MakeReference(entry.m_BuiltIn);
+}
+
+} // namespace
+
+CWorkbenchWindow::CWorkbenchWindow(CInterfaceColors& colors)
+    : m_read([](const auto& path, const Formats::FProgress& progress) {
+        return Formats::ReadSurface(path, progress);
+    })
+    , m_interfaceColors(colors)
+    , m_tabWindow(new CTabWindow(m_tabs))
+    , m_center(new QStackedWidget)
+    , m_hint(new QLabel(QText(EText::NoSurface)))
+    , m_point(new QLabel)
+{
+    // The system's window is made for OpenGL from the start: otherwise it would be made anew, and lose the
+    // keyboard, with the first surface.
+    (new QOpenGLWidget(this))->hide();
+    setWindowTitle(QText(EText::ProgramName));
+    setAcceptDrops(true);
+    m_tabWindow->setAccessibleName(QText(EText::Surfaces));
+    m_hint->setAlignment(Qt::AlignCenter);
+    m_hint->setWordWrap(true);
+    m_center->addWidget(m_hint);
+    m_center->addWidget(m_tabWindow);
+    setCentralWidget(m_center);
+    statusBar()->addWidget(m_point, 1);
+    m_interfaceColors.SetChoice(m_store.colors);
+    resize(100 * fontMetrics().height(), 60 * fontMetrics().height());
+    MakePanes();
+    MakeFileMenu();
+    MakeViewMenu();
+    MakeOtherMenus();
+    MakeToolBar();
+    new CWindowPlacer(*this, u"Workbench"); // owned by the window
+    m_tabs.GetCurrentChanged().Subscribe(*this, &CWorkbenchWindow::OnCurrentTab, m_currentConnection);
+    m_tabs.GetTabsChanged().Subscribe(*this, &CWorkbenchWindow::OnCurrentTab, m_tabsConnection);
+    RestoreScale();
+    OnCurrentTab();
+}
+
+CWorkbenchWindow::~CWorkbenchWindow()
+{
+    delete m_center; // goes before the tabs that it shows
+}
+
+void CWorkbenchWindow::MakeFileMenu()
+{
+    QMenu& menu = *menuBar()->addMenu(QText(EText::FileMenu));
+    m_open = AddAction(menu, EText::Open, QKeySequence::Open, [this] { ChooseFile(); });
+    m_open->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
+    m_recent = menu.addMenu(QText(EText::OpenRecent));
+    connect(m_recent, &QMenu::aboutToShow, this, &CWorkbenchWindow::FillRecent);
+    menu.addSeparator();
+    m_close = AddAction(menu, EText::CloseTab, QKeySequence(Qt::CTRL | Qt::Key_W), [this] { ClosePage(); });
+    QAction* const quit = menu.addAction(QText(EText::Quit));
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    quit->setMenuRole(QAction::QuitRole);
+    connect(quit, &QAction::triggered, this, &QWidget::close);
+}
+
+void CWorkbenchWindow::MakeViewMenu()
+{
+    QMenu& menu = *menuBar()->addMenu(QText(EText::ViewMenu));
+    m_showMap = AddSwitch(menu, EText::ShowMap, m_store.showsMap, [this] { OnViews(*m_showBlock); });
+    m_showMap->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_1));
+    m_showBlock = AddSwitch(menu, EText::ShowBlock, m_store.showsBlock, [this] { OnViews(*m_showMap); });
+    m_showBlock->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_2));
+    m_parallel = AddSwitch(menu, EText::Parallel, m_store.look.isParallel, [this] { OnProjection(); });
+    menu.addSeparator();
+    m_fit = AddAction(menu, EText::Fit, QKeySequence(Qt::CTRL | Qt::Key_0), [this] { Fit(); });
+    AddAction(menu, EText::ZoomIn, QKeySequence::ZoomIn, [this] { Zoom(c_zoomStep); });
+    AddAction(menu, EText::ZoomOut, QKeySequence::ZoomOut, [this] { Zoom(1 / c_zoomStep); });
+    menu.addSeparator();
+    menu.addAction(m_results->toggleViewAction());
+    menu.addAction(m_view->toggleViewAction());
+    menu.addSeparator();
+    QMenu& colors = *menu.addMenu(QText(EText::Colors));
+    auto* const group = new QActionGroup(&colors);
+    for (const auto& [text, scheme] : {std::pair(EText::SystemColors, EInterfaceScheme::System),
+                                       {EText::LightColors, EInterfaceScheme::Light},
+                                       {EText::DarkColors, EInterfaceScheme::Dark}}) {
+        QAction* const action = group->addAction(colors.addAction(QText(text)));
+        action->setCheckable(true);
+        action->setChecked(m_store.colors == scheme);
+        connect(action, &QAction::triggered, this, [this, chosen = scheme] {
+            m_store.colors = chosen;
+            m_interfaceColors.SetChoice(chosen);
+        });
+    }
+}
+
+void CWorkbenchWindow::MakeOtherMenus()
+{
+    QMenu& analyze = *menuBar()->addMenu(QText(EText::AnalyzeMenu));
+    m_parameters = AddAction(analyze, EText::Parameters, QKeySequence(Qt::CTRL | Qt::Key_R),
+                             [this] { ChooseParameters(); });
+    QMenu& help = *menuBar()->addMenu(QText(EText::HelpMenu));
+    AddAction(help, EText::HelpContents, QKeySequence::HelpContents,
+              [] { GetHelpService().Open(c_helpTopic); });
+    AddAction(help, EText::About, {}, [this] { ShowAbout(); })->setMenuRole(QAction::AboutRole);
+}
+
+void CWorkbenchWindow::MakeToolBar()
+{
+    QToolBar& bar = *addToolBar(QText(EText::Tools));
+    bar.setObjectName(QStringLiteral("Workbench.Tools"));
+    bar.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar.addAction(m_open);
+    bar.addSeparator();
+    bar.addAction(m_showMap);
+    bar.addAction(m_showBlock);
+    bar.addAction(m_fit);
+    bar.addSeparator();
+    bar.addAction(m_parameters);
+    bar.addSeparator();
+    auto* const label = new QLabel(QText(EText::ColorScale));
+    label->setMargin(fontMetrics().height() / 3);
+    bar.addWidget(label);
+    m_scales = new CSettingsButton(ESettingType::ColorScale);
+    m_scales->setAccessibleName(QText(EText::ColorScale).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
+    label->setBuddy(m_scales);
+    bar.addWidget(m_scales);
+    m_scales->GetMenu().GetChosen().Subscribe(*this, &CWorkbenchWindow::OnScale, m_scaleConnection);
+}
+
+void CWorkbenchWindow::MakePanes()
+{
+    m_results = new CResultPane;
+    m_view = new CViewPane;
+    for (CDockPane* const pane : {static_cast<CDockPane*>(m_results), static_cast<CDockPane*>(m_view)})
+        pane->AddTo(*this, Qt::RightDockWidgetArea);
+    connect(m_results, &CResultPane::Chosen, this, &CWorkbenchWindow::Save);
+    connect(m_view, &CViewPane::LookChanged, this, &CWorkbenchWindow::OnLook);
+}
+
+std::vector<CSurfacePage*> CWorkbenchWindow::GetPages() const
+{
+    std::vector<CSurfacePage*> pages;
+    for (const STab& tab : m_tabs.GetTabs())
+        if (auto* const page = qobject_cast<CSurfacePage*>(m_tabWindow->GetPage(tab.key)))
+            pages.push_back(page);
+    return pages;
+}
+
+CSurfacePage* CWorkbenchWindow::GetPage() const
+{
+    const auto current = m_tabs.GetCurrent();
+    return current ? qobject_cast<CSurfacePage*>(m_tabWindow->GetPage(m_tabs.GetTabs()[*current].key))
+                   : nullptr;
+}
+
+void CWorkbenchWindow::ChooseFile()
+{
+    CStr path;
+    if (GetFileDialogService().Choose({.filter = c_filter, .memoryKey = c_memoryKey}, path))
+        OpenFiles({path});
+}
+
+// The files are not looked for: a drive that does not answer would keep the menu waiting.
+void CWorkbenchWindow::FillRecent()
+{
+    m_recent->clear();
+    m_recent->setToolTipsVisible(true);
+    int number = 0;
+    for (const CStr& path : m_store.files.GetAll()) {
+        const QString name = ToQString(GetFileName(path)).replace(QLatin1Char('&'), QLatin1String("&&"));
+        QAction* const action = m_recent->addAction(QStringLiteral("&%1 %2").arg(++number % 10).arg(name));
+        action->setToolTip(ToQString(path));
+        connect(action, &QAction::triggered, this, [this, path] { OpenFiles({path}); });
+    }
+    if (number == 0) {
+        m_recent->addAction(QText(EText::NoRecent))->setEnabled(false);
+        return;
+    }
+    m_recent->addSeparator();
+    connect(m_recent->addAction(QText(EText::ClearRecent)), &QAction::triggered, this,
+            [this] { m_store.files.Set({}); });
+}
+
+void CWorkbenchWindow::OpenFiles(const std::vector<CStr>& paths)
+{
+    for (const CStr& path : paths)
+        if (!OpenFile(path))
+            return;
+}
+
+// @return false when the user wants no more files
+bool CWorkbenchWindow::OpenFile(const CStr& path)
+{
+    if (const auto open = m_tabs.Find(path)) {
+        m_tabs.SetCurrent(*open);
+        return true;
+    }
+    try {
+        auto surface = OpenSurface(this, ToPath(path), m_read);
+        if (!surface)
+            return false;
+        AddPage(std::move(surface));
+        m_store.files.Add(path);
+    } catch (const std::exception& error) {
+        Tell(CStr::FromUtf8(error.what()));
+    }
+    return true;
+}
+
+CSurfacePage& CWorkbenchWindow::AddPage(std::shared_ptr<const SurfaceView::SViewedSurface> surface)
+{
+    CStr path;
+    ToText(surface->path, path);
+    auto* const page = new CSurfacePage(std::move(surface));
+    const CPreferencesData& preferences = GetPreferencesManager().GetData();
+    page->SetDriver(preferences.Get3DAccelerationMode(), preferences.Get3DPreviewTargetTime());
+    page->SetColors(m_scale);
+    page->SetLook(m_store.look);
+    page->ShowViews(m_store.showsMap, m_store.showsBlock);
+    connect(page, &CSurfacePage::PointRead, m_point, &QLabel::setText);
+    connect(page, &CSurfacePage::LookChanged, this, &CWorkbenchWindow::ShareLook);
+    m_tabWindow->AddPage(TabOf(path), *page);
+    m_tabs.SetCurrent(*m_tabs.Find(path));
+    return *page;
+}
+
+void CWorkbenchWindow::ClosePage()
+{
+    if (const auto current = m_tabs.GetCurrent())
+        m_tabs.Close(*current);
+}
+
+void CWorkbenchWindow::OnCurrentTab()
+{
+    CSurfacePage* const page = GetPage();
+    m_center->setCurrentWidget(page ? static_cast<QWidget*>(m_tabWindow) : m_hint);
+    for (QAction* const action : {m_close, m_fit})
+        action->setEnabled(page);
+    m_point->clear();
+    const auto input = page ? page->GetSurface().input : nullptr;
+    if (input == m_shown)
+        return;
+    m_shown = input;
+    m_results->SetSurface(input);
+    m_view->setEnabled(page && page->GetBlock());
+    const QString name =
+        page ? ToQString(CStr::FromUtf8(page->GetSurface().GetSurface().fileName)) : QString();
+    setWindowTitle(page ? name + QStringLiteral(" – ") + QText(EText::ProgramName)
+                        : QText(EText::ProgramName));
+    if (page && page->GetBlock())
+        m_view->SetLook(page->GetBlock()->GetLook(), page->GetSurface().box->exaggeration);
+}
+
+void CWorkbenchWindow::Zoom(double factor) const
+{
+    if (CSurfacePage* const page = GetPage())
+        page->Zoom(factor);
+}
+
+void CWorkbenchWindow::Fit() const
+{
+    if (CSurfacePage* const page = GetPage())
+        page->Fit();
+}
+
+// The last view that is switched off brings the other one back.
+void CWorkbenchWindow::OnViews(QAction& other)
+{
+    if (!m_showMap->isChecked() && !m_showBlock->isChecked())
+        other.setChecked(true);
+    m_store.showsMap = m_showMap->isChecked();
+    m_store.showsBlock = m_showBlock->isChecked();
+    for (CSurfacePage* const page : GetPages())
+        page->ShowViews(m_store.showsMap, m_store.showsBlock);
+}
+
+void CWorkbenchWindow::OnProjection()
+{
+    m_store.look.isParallel = m_parallel->isChecked();
+    ShareLookOf(m_store.look);
+}
+
+// Light and projection are those of all surfaces, the exaggeration is that of one.
+void CWorkbenchWindow::ShareLookOf(const SBlockLook& look)
+{
+    m_store.look = look;
+    m_store.look.exaggeration = 0;
+    for (CSurfacePage* const page : GetPages()) {
+        if (!page->GetBlock())
+            continue;
+        SBlockLook own = m_store.look;
+        own.exaggeration = page->GetBlock()->GetLook().exaggeration;
+        page->SetLook(own);
+    }
+}
+
+void CWorkbenchWindow::OnLook(const SBlockLook& look)
+{
+    SBlockLook shown = look;
+    shown.isParallel = m_store.look.isParallel;
+    if (CSurfacePage* const page = GetPage())
+        page->SetLook(shown);
+    ShareLookOf(shown);
+}
+
+// The user has moved the light in a view.
+void CWorkbenchWindow::ShareLook()
+{
+    CSurfacePage* const page = GetPage();
+    if (!page || !page->GetBlock())
+        return;
+    ShareLookOf(page->GetBlock()->GetLook());
+    m_view->SetLook(page->GetBlock()->GetLook(), page->GetSurface().box->exaggeration);
+}
+
+void CWorkbenchWindow::OnScale(CSettings& settings)
+{
+    SColorScale scale;
+    if (!scale.Load(settings)) {
+        Tell(CStr::Format(Text(EText::NoScale), settings.GetEntryInfo().m_Name));
+        return;
+    }
+    m_scale = scale;
+    m_store.colorScale = ReferenceOf(settings.GetEntryInfo());
+    for (CSurfacePage* const page : GetPages())
+        page->SetColors(scale);
+}
+
+void CWorkbenchWindow::RestoreScale()
+{
+    for (const CStr& reference :
+         {m_store.colorScale, MakeReference(EBuiltInSetting::CSQuickLaunchDefault3D)}) {
+        try {
+            auto set =
+                Measurement::LoadReferredSet(GetSettingsFactory(), ESettingType::ColorScale, reference);
+            if (!m_scale.Load(set.settings))
+                continue;
+            m_scales->GetMenu().SetCurrent(set.settings.GetEntryInfo());
+            return;
+        } catch (const Measurement::ERequest&) {
+            continue; // a file that is gone
+        }
+    }
+}
+
+void CWorkbenchWindow::ChooseParameters()
+{
+    m_results->Choose();
+}
+
+QString CWorkbenchWindow::GetAboutText() const
+{
+    QString driver = QText(EText::NoDriver);
+    CSurfacePage* const page = GetPage();
+    if (page && page->GetBlock() && page->GetBlock()->isValid()) {
+        page->GetBlock()->makeCurrent();
+        const auto text = [](GLenum name) {
+            const auto* const bytes = QOpenGLContext::currentContext()->functions()->glGetString(name);
+            return QString::fromUtf8(reinterpret_cast<const char*>(bytes));
+        };
+        driver = text(GL_VERSION) + QStringLiteral(", ") + text(GL_RENDERER);
+        page->GetBlock()->doneCurrent();
+    }
+    return ToQString(CStr::Format(Text(EText::AboutText), GetVersion(),
+                                  FromQString(QString::fromLatin1(qVersion())), FromQString(driver)));
+}
+
+void CWorkbenchWindow::ShowAbout()
+{
+    QMessageBox box(this);
+    box.setWindowTitle(QText(EText::About).remove(QLatin1Char('&')));
+    box.setTextFormat(Qt::PlainText);
+    box.setIconPixmap(windowIcon().pixmap(4 * fontMetrics().height()));
+    box.setText(QText(EText::ProgramName));
+    box.setInformativeText(GetAboutText());
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    box.exec();
+}
+
+void CWorkbenchWindow::Save()
+{
+    CStr reason;
+    if (!m_store.Save(reason))
+        Tell(CStr::Format(Text(EText::NotKept), reason));
+}
+
+void CWorkbenchWindow::closeEvent(QCloseEvent* event)
+{
+    hide(); // by which window and panes remember where they are
+    Save();
+    QMainWindow::closeEvent(event);
+}
+
+void CWorkbenchWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (std::ranges::any_of(urls, &QUrl::isLocalFile))
+        event->acceptProposedAction();
+}
+
+void CWorkbenchWindow::dropEvent(QDropEvent* event)
+{
+    std::vector<CStr> paths;
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            paths.push_back(FromQString(url.toLocalFile()));
+    event->acceptProposedAction();
+    // Whoever drags waits for the end of the drop.
+    QMetaObject::invokeMethod(
+        this, [this, paths] { OpenFiles(paths); }, Qt::QueuedConnection);
+}
+
+} // namespace Workbench

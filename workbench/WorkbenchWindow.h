@@ -1,0 +1,108 @@
+#pragma once
+
+#include "controls/tabs/Tabs.h"
+#include "formats/SurfaceReading.h"
+#include "qt/controls/TabWindow.h"
+#include "qt/settings/SettingsButton.h"
+#include "workbench/ResultPane.h"
+#include "workbench/Store.h"
+#include "workbench/SurfacePage.h"
+#include "workbench/Texts.h"
+#include "workbench/ViewPane.h"
+
+#include <QMainWindow>
+
+class QLabel;
+class QMenu;
+class QStackedWidget;
+
+namespace Workbench
+{
+
+/// The main window: a tab for each surface, panes with results and how surfaces are shown, and the commands.
+class CWorkbenchWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// What help opens for the workbench as a whole.
+    static constexpr unsigned int c_helpTopic = 22000;
+
+    explicit CWorkbenchWindow(CommonUI::CInterfaceColors& colors);
+    ~CWorkbenchWindow() override;
+
+    /// Opens surfaces one after the other, the last one in front. What cannot be opened is said in a box.
+    void OpenFiles(const std::vector<CommonUI::CStr>& paths);
+    /// Sets what reads files, in place of ReadSurface.
+    void SetReader(CommonUI::Formats::CSurfaceReading::FRead read) { m_read = std::move(read); }
+    /// Shows a surface in a tab of its own.
+    CSurfacePage& AddPage(std::shared_ptr<const SurfaceView::SViewedSurface> surface);
+
+    /// Null without a tab.
+    CSurfacePage* GetPage() const;
+    CommonUI::CTabs& GetTabs() noexcept { return m_tabs; }
+    CResultPane& GetResults() noexcept { return *m_results; }
+    CViewPane& GetViewPane() noexcept { return *m_view; }
+    CommonUI::CSettingsButton& GetColorScales() noexcept { return *m_scales; }
+    CStore& GetStore() noexcept { return m_store; }
+    /// What support asks for: versions of the library, of Qt and of the driver.
+    QString GetAboutText() const;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void MakeFileMenu();
+    void MakeViewMenu();
+    void MakeOtherMenus();
+    void MakeToolBar();
+    void MakePanes();
+    void ChooseFile();
+    void FillRecent();
+    bool OpenFile(const CommonUI::CStr& path);
+    void ClosePage();
+    void OnCurrentTab();
+    void Zoom(double factor) const;
+    void Fit() const;
+    /// @param other of both views, which comes back when none is left
+    void OnViews(QAction& other);
+    void OnProjection();
+    void OnLook(const SBlockLook& look);
+    void ShareLook();
+    void ShareLookOf(const SBlockLook& look);
+    void OnScale(CommonUI::CSettings& settings);
+    void RestoreScale();
+    void ChooseParameters();
+    void ShowAbout();
+    void Save();
+    std::vector<CSurfacePage*> GetPages() const;
+
+    CommonUI::Formats::CSurfaceReading::FRead m_read;
+    CStore m_store;
+    CommonUI::CInterfaceColors& m_interfaceColors;
+    CommonUI::SColorScale m_scale{};
+    std::shared_ptr<const CommonUI::Measurement::SInput> m_shown; // what the panes show
+    CommonUI::CTabs m_tabs;
+    CommonUI::CTabWindow* m_tabWindow;
+    QStackedWidget* m_center;
+    QLabel* m_hint;
+    QLabel* m_point; // what is read out
+    CResultPane* m_results = nullptr;
+    CViewPane* m_view = nullptr;
+    CommonUI::CSettingsButton* m_scales = nullptr;
+    QMenu* m_recent = nullptr;
+    QAction* m_open = nullptr;
+    QAction* m_fit = nullptr;
+    QAction* m_close = nullptr;
+    QAction* m_showMap = nullptr;
+    QAction* m_showBlock = nullptr;
+    QAction* m_parallel = nullptr;
+    QAction* m_parameters = nullptr;
+    CommonUI::CClosureConnection m_currentConnection;
+    CommonUI::CClosureConnection m_tabsConnection;
+    CommonUI::CClosureConnection m_scaleConnection;
+};
+
+} // namespace Workbench
