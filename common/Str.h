@@ -27,7 +27,7 @@ class COMMONDLL_API CStr
 {
 public:
     /// What the searching functions return when nothing was found.
-    static constexpr std::size_t npos = std::u16string_view::npos;
+    COMMONUI_CONSTANT std::size_t npos = std::u16string_view::npos;
 
     CStr() noexcept { m_short.tag = 0; }
     CStr(const char16_t* text)
@@ -159,8 +159,8 @@ public:
 private:
     struct SBuffer;
 
-    static constexpr std::size_t c_shortCapacity = 15;
-    static constexpr char16_t c_sharedTag = 0xFFFF;
+    COMMONUI_CONSTANT std::size_t c_shortCapacity = 15;
+    COMMONUI_CONSTANT char16_t c_sharedTag = 0xFFFF;
 
     bool IsShared() const noexcept { return m_short.tag == c_sharedTag; }
     SBuffer* Buffer() const noexcept;

@@ -14,7 +14,7 @@ class COMMONUI_API CWheelSteps
 {
 public:
     /// What a wheel sends for a notch.
-    static constexpr int c_notch = 120;
+    COMMONUI_CONSTANT int c_notch = 120;
 
     /// @param delta positive away from the user
     /// @return the steps to make, 0 included; empty when the turn is not the field's

@@ -18,8 +18,8 @@ namespace CommonUI
 class COMMONUI_API CBaseDialog : public CWnd
 {
 public:
-    static constexpr int c_ok = 1;     ///< the OK button, and the result when it was pressed
-    static constexpr int c_cancel = 2; ///< the Cancel button, and the result when it was pressed
+    COMMONUI_CONSTANT int c_ok = 1;     ///< the OK button, and the result when it was pressed
+    COMMONUI_CONSTANT int c_cancel = 2; ///< the Cancel button, and the result when it was pressed
 
     /// @param identifier the number of the dialog and of its help topic
     /// @param parent the window that the dialog belongs to, or null; kept for the view, never called

@@ -15,14 +15,14 @@ namespace CommonUI
 class COMMONUI_API CFormatSpecifierDlg : public CBaseDialog, public CViewedControl<CFormatSpecifierView>
 {
 public:
-    static constexpr unsigned int c_identifier = 7804;
-    static constexpr int c_format = 8158;         ///< the list
-    static constexpr int c_count = 8159;          ///< the edit field
-    static constexpr int c_exampleCaption = 8160; ///< the text above the examples
-    static constexpr int c_largeExample = 8161;   ///< the text with pi in the format
-    static constexpr int c_smallExample = 8162;   ///< the text with a millionth of pi
-    static constexpr int c_leastCount = 1;
-    static constexpr int c_greatestCount = 12;
+    COMMONUI_CONSTANT unsigned int c_identifier = 7804;
+    COMMONUI_CONSTANT int c_format = 8158;         ///< the list
+    COMMONUI_CONSTANT int c_count = 8159;          ///< the edit field
+    COMMONUI_CONSTANT int c_exampleCaption = 8160; ///< the text above the examples
+    COMMONUI_CONSTANT int c_largeExample = 8161;   ///< the text with pi in the format
+    COMMONUI_CONSTANT int c_smallExample = 8162;   ///< the text with a millionth of pi
+    COMMONUI_CONSTANT int c_leastCount = 1;
+    COMMONUI_CONSTANT int c_greatestCount = 12;
 
     /// @param parameter is copied
     explicit CFormatSpecifierDlg(const CParameter& parameter);

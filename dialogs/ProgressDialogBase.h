@@ -16,12 +16,12 @@ class COMMONUI_API CProgressDialogBase : public CBaseDialog, public CViewedContr
 {
 public:
     /// Ticking once, hides the dialog; for a caller that wants it out of the way by SetTimer.
-    static constexpr unsigned int c_hideTimer = 120;
+    COMMONUI_CONSTANT unsigned int c_hideTimer = 120;
     /// Ticking once, shows the dialog; it starts when the dialog opens.
-    static constexpr unsigned int c_showTimer = 121;
-    static constexpr unsigned int c_showDelay = 2000; ///< in milliseconds
+    COMMONUI_CONSTANT unsigned int c_showTimer = 121;
+    COMMONUI_CONSTANT unsigned int c_showDelay = 2000; ///< in milliseconds
     /// What a thread finds in its queue when the user has cancelled: see TakeThreadMessage.
-    static constexpr unsigned int c_cancelMessage = 0x40E;
+    COMMONUI_CONSTANT unsigned int c_cancelMessage = 0x40E;
 
     /// @param parent see CBaseDialog
     /// @param caption if empty, the dialog is called "Progress"

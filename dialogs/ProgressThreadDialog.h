@@ -21,11 +21,11 @@ class COMMONUI_API CProgressThreadDialog : public CProgressDialogBase
 public:
     /// What a worker tells its dialog, in numbers that toolkits with numbered messages leave to their
     /// windows: a step, a text, its end. Here one message without a number has the dialog look what there is.
-    static constexpr unsigned int c_stepMessage = 0x40B;
-    static constexpr unsigned int c_newTextMessage = 0x40C;
-    static constexpr unsigned int c_closeMessage = 0x40D;
+    COMMONUI_CONSTANT unsigned int c_stepMessage = 0x40B;
+    COMMONUI_CONSTANT unsigned int c_newTextMessage = 0x40C;
+    COMMONUI_CONSTANT unsigned int c_closeMessage = 0x40D;
     /// How many steps at most are made between two other messages of the loop.
-    static constexpr unsigned int c_stepsPerMessage = 64;
+    COMMONUI_CONSTANT unsigned int c_stepsPerMessage = 64;
 
     CProgressThreadDialog(CWnd* parent, const CStr& caption, const CStr& text);
     ~CProgressThreadDialog() override;

@@ -5,6 +5,10 @@
 /// COMMONUIQT_API, COMMONUIANALYSIS_API, COMMONUIFORMATS_API, COMMONUIMEASUREMENT_API. The build of a library
 /// defines its name with _BUILD behind it, such as COMMONUIDLL_BUILD; a static build defines COMMONUI_STATIC
 /// for the libraries and their users.
+///
+/// A constant of an exported class is a COMMONUI_CONSTANT: `COMMONUI_CONSTANT int c_ok = 1;`. GCC for Windows
+/// leaves a `static constexpr` out of the DLL where the library itself only takes its value, and a user who
+/// takes its address, as a reference does, would not link.
 
 #if defined(COMMONUI_STATIC)
 #define COMMONUI_EXPORT
@@ -15,6 +19,12 @@
 #else
 #define COMMONUI_EXPORT __attribute__((visibility("default")))
 #define COMMONUI_IMPORT COMMONUI_EXPORT
+#endif
+
+#if defined(_WIN32) && defined(__GNUC__)
+#define COMMONUI_CONSTANT [[gnu::used]] static constexpr
+#else
+#define COMMONUI_CONSTANT static constexpr
 #endif
 
 #if defined(COMMONDLL_BUILD)

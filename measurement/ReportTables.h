@@ -22,7 +22,7 @@ class COMMONUIMEASUREMENT_API CReportTables
 public:
     /// The most rows that a page of HTML has; more would be too many for those who show it. Beyond them the
     /// page has their statistics and says that they are in the text.
-    static constexpr std::size_t c_mostRows = 10'000;
+    COMMONUI_CONSTANT std::size_t c_mostRows = 10'000;
 
     /// Control characters in the texts become blanks.
     /// @param transpose parameters as columns of the surface's table and as rows of the others

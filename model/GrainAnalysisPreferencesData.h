@@ -26,7 +26,7 @@ class COMMONUI_API CGrainAnalysisPreferencesData : public CAnalysisPreferencesDa
 {
 public:
     /// What a stored histogram may have for classes.
-    static constexpr int c_mostClasses = 10000;
+    COMMONUI_CONSTANT int c_mostClasses = 10000;
 
     /// Preferences with the defaults of EAnalysis::Measure.
     CGrainAnalysisPreferencesData();

@@ -72,11 +72,11 @@ public:
         bool operator==(const SHistogramSetup& other) const = default;
     };
 
-    static constexpr std::size_t c_histogramCount = 3;
+    COMMONUI_CONSTANT std::size_t c_histogramCount = 3;
     /// What a value without a parent has in the parent's place.
-    static constexpr int c_noParent = -1;
+    COMMONUI_CONSTANT int c_noParent = -1;
     /// A bound that does not exist: a NaN, to be recognised by IsLimit only.
-    static constexpr double c_NoLimit = std::bit_cast<double>(std::uint64_t{0x7FF7FFFFFFFFFFF0});
+    COMMONUI_CONSTANT double c_NoLimit = std::bit_cast<double>(std::uint64_t{0x7FF7FFFFFFFFFFF0});
     /// Whether a bound exists.
     static constexpr bool IsLimit(double limit) noexcept { return limit == limit; }
 

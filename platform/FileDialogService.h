@@ -48,7 +48,7 @@ public:
         friend bool operator==(const SPlace&, const SPlace&) = default;
     };
 
-    static constexpr std::u16string_view c_section = u"FileDialogs";
+    COMMONUI_CONSTANT std::u16string_view c_section = u"FileDialogs";
 
     /// Null when nothing is remembered under the key.
     const SPlace* Find(const CStr& key) const;

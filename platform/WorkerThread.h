@@ -15,7 +15,7 @@ class CThreadQueue;
 class COMMONUI_API CWorkerThread
 {
 public:
-    static constexpr int c_timeCritical = 15;
+    COMMONUI_CONSTANT int c_timeCritical = 15;
     /// Runs on the thread and must not throw. What it returns is the thread's exit code.
     using FEntry = std::function<unsigned long()>;
 

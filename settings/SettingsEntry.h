@@ -10,7 +10,7 @@ namespace CommonUI
 /// What identifies a settings set and says where it comes from.
 struct COMMONUI_API SSettingsEntry {
     /// The identifier of an entry that has none.
-    static constexpr std::int32_t s_InvalidID = -1;
+    COMMONUI_CONSTANT std::int32_t s_InvalidID = -1;
 
     SSettingsEntry() = default;
     /// A set in a file, still without an identifier. The name is the last part of the path, with its

@@ -1,9 +1,11 @@
 #pragma once
 
+#if !defined(_WIN32)
+
 #include <csignal>
 #include <sys/resource.h>
 
-/// No file can grow beyond a number of bytes while it lives, as on a full disk.
+/// No file can grow beyond a number of bytes while it lives, as on a full disk. Windows has no such limit.
 class CFullDisk
 {
 public:
@@ -25,3 +27,5 @@ public:
 private:
     rlimit m_before{};
 };
+
+#endif

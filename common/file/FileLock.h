@@ -20,7 +20,7 @@ class COMMONDLL_API CFileLock
 {
 public:
     /// How long somebody else may hold the lock before it is given up.
-    static constexpr std::chrono::milliseconds c_patience{10'000};
+    COMMONUI_CONSTANT std::chrono::milliseconds c_patience{10'000};
 
     /// Waits until the lock is free.
     /// @param fileName of the file, which need not be there; a symbolic link stands for what it leads to

@@ -14,7 +14,7 @@ namespace CommonUI
 class COMMONUI_API CRecentColors : public CRecentList<SPaint>
 {
 public:
-    static constexpr std::size_t c_limit = 8;
+    COMMONUI_CONSTANT std::size_t c_limit = 8;
 
     CRecentColors();
 

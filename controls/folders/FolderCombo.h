@@ -27,7 +27,7 @@ struct SFolderChoice {
 class COMMONUI_API CFolderCombo : public CWnd
 {
 public:
-    static constexpr std::size_t c_recentLimit = 10;
+    COMMONUI_CONSTANT std::size_t c_recentLimit = 10;
     using CRecent = CRecentList<CStr>;
 
     explicit CFolderCombo(std::shared_ptr<const CFolderSource> source = GetSystemFolders());

@@ -17,7 +17,7 @@ class CListingInbox;
 class COMMONUI_API CFolderLister
 {
 public:
-    static constexpr int c_threadsPerDrive = 4;
+    COMMONUI_CONSTANT int c_threadsPerDrive = 4;
 
     using TRequest = std::uint64_t; ///< never 0
     using FListed = std::function<void(const SFolderListing&)>;

@@ -79,7 +79,7 @@ class COMMONUI_API CFolderTree : public CWnd, public CViewedControl<CFolderTreeV
 {
 public:
     /// Milliseconds until a drive that does not answer counts as slow.
-    static constexpr unsigned int c_slowTime = 500;
+    COMMONUI_CONSTANT unsigned int c_slowTime = 500;
 
     explicit CFolderTree(std::shared_ptr<const CFolderSource> source = GetSystemFolders());
     ~CFolderTree();

@@ -16,12 +16,12 @@ namespace CommonUI
 class COMMONUI_API CSelectionListDlg : public CBaseDialog, public CViewedControl<CSelectionListView>
 {
 public:
-    static constexpr unsigned int c_identifier = 7820;
-    static constexpr int c_filter = 8201; ///< the field for the filter
-    static constexpr int c_list = 8202;   ///< the list; its label is the prompt
-    static constexpr int c_count = 8203;  ///< the text that tells how many are shown and chosen
-    static constexpr int c_all = 8204;    ///< the button that chooses all entries shown
-    static constexpr int c_none = 8205;   ///< the button that chooses none of those shown
+    COMMONUI_CONSTANT unsigned int c_identifier = 7820;
+    COMMONUI_CONSTANT int c_filter = 8201; ///< the field for the filter
+    COMMONUI_CONSTANT int c_list = 8202;   ///< the list; its label is the prompt
+    COMMONUI_CONSTANT int c_count = 8203;  ///< the text that tells how many are shown and chosen
+    COMMONUI_CONSTANT int c_all = 8204;    ///< the button that chooses all entries shown
+    COMMONUI_CONSTANT int c_none = 8205;   ///< the button that chooses none of those shown
 
     enum class EMode { Single, Several };
 

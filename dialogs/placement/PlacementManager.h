@@ -18,9 +18,9 @@ class COMMONUI_API CPlacementManager : public CBaseViewManager
 {
 public:
     /// The section that Load and Save use.
-    static constexpr std::u16string_view c_section = u"WindowPlacement";
+    COMMONUI_CONSTANT std::u16string_view c_section = u"WindowPlacement";
     /// Of more set-ups the ones not used for longest are forgotten.
-    static constexpr std::size_t c_greatestSetUpCount = 8;
+    COMMONUI_CONSTANT std::size_t c_greatestSetUpCount = 8;
 
     /// The placement of a window in a set-up, or, where there is none, in the set-up used last that has one.
     /// Its numbers may be any: FitToScreens makes them usable.

@@ -12,13 +12,13 @@ namespace CommonUI
 class COMMONUI_API CHistogramDlg : public COptionsDlg
 {
 public:
-    static constexpr unsigned int c_identifier = 11106;
-    static constexpr int c_histogram = 0; ///< which of the three is shown
-    static constexpr int c_lowerOn = 1;
-    static constexpr int c_lower = 2;
-    static constexpr int c_upperOn = 3;
-    static constexpr int c_upper = 4;
-    static constexpr int c_classes = 5;
+    COMMONUI_CONSTANT unsigned int c_identifier = 11106;
+    COMMONUI_CONSTANT int c_histogram = 0; ///< which of the three is shown
+    COMMONUI_CONSTANT int c_lowerOn = 1;
+    COMMONUI_CONSTANT int c_lower = 2;
+    COMMONUI_CONSTANT int c_upperOn = 3;
+    COMMONUI_CONSTANT int c_upper = 4;
+    COMMONUI_CONSTANT int c_classes = 5;
 
     /// @param quantity with its histograms; bounds are in its unit
     /// @param units those of the surface

@@ -14,9 +14,9 @@ namespace CommonUI
 class COMMONUI_API CInputsDlg : public COptionsDlg
 {
 public:
-    static constexpr unsigned int c_identifier = 11101;
-    static constexpr int c_template = 0;   ///< the list of templates; there is none where one is changed
-    static constexpr int c_firstInput = 1; ///< the field of the first variable
+    COMMONUI_CONSTANT unsigned int c_identifier = 11101;
+    COMMONUI_CONSTANT int c_template = 0;   ///< the list of templates; there is none where one is changed
+    COMMONUI_CONSTANT int c_firstInput = 1; ///< the field of the first variable
 
     /// For a new parameter.
     /// @param list of the analysis; its templates are offered, and values that another parameter of it has
@@ -55,7 +55,7 @@ private:
 class COMMONUI_API CPercentileDlg : public COptionsDlg
 {
 public:
-    static constexpr unsigned int c_identifier = 11105;
+    COMMONUI_CONSTANT unsigned int c_identifier = 11105;
 
     explicit CPercentileDlg(double percent);
     ~CPercentileDlg() override;

@@ -11,7 +11,7 @@ namespace CommonUI
 class COMMONUI_API COptionsDlg : public CBaseDialog, public CViewedControl<COptionsView>
 {
 public:
-    static constexpr int c_remark = 11104; ///< the line of text below the form
+    COMMONUI_CONSTANT int c_remark = 11104; ///< the line of text below the form
 
     ~COptionsDlg() override;
 

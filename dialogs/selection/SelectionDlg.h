@@ -19,16 +19,17 @@ namespace CommonUI
 class COMMONUI_API CSelectionDlg : public CBaseDialog, public CViewedControl<CSelectionView>
 {
 public:
-    static constexpr int c_help = 3; ///< the Help button
-    static constexpr int c_search = 11012;
-    static constexpr int c_add = 11013;
-    static constexpr int c_change = 11014;
-    static constexpr int c_remove = 11015;
-    static constexpr int c_format = 11016;
-    static constexpr int c_defaults = 11017;
-    static constexpr int c_stored = 11018;
-    static constexpr int c_count = 11036;  ///< a line of text: how many are chosen
-    static constexpr int c_remark = 11038; ///< a line of text: what is wrong, or what another window has done
+    COMMONUI_CONSTANT int c_help = 3; ///< the Help button
+    COMMONUI_CONSTANT int c_search = 11012;
+    COMMONUI_CONSTANT int c_add = 11013;
+    COMMONUI_CONSTANT int c_change = 11014;
+    COMMONUI_CONSTANT int c_remove = 11015;
+    COMMONUI_CONSTANT int c_format = 11016;
+    COMMONUI_CONSTANT int c_defaults = 11017;
+    COMMONUI_CONSTANT int c_stored = 11018;
+    COMMONUI_CONSTANT int c_count = 11036; ///< a line of text: how many are chosen
+    COMMONUI_CONSTANT int c_remark =
+        11038; ///< a line of text: what is wrong, or what another window has done
 
     /// One page of the dialog.
     struct STab {

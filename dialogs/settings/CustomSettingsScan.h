@@ -36,7 +36,7 @@ public:
         Ended,       ///< the search has ended, behind the other events
     };
     /// How many colours there are of a colour scale.
-    static constexpr std::size_t c_colorCount = 64;
+    COMMONUI_CONSTANT std::size_t c_colorCount = 64;
 
     explicit CCustomSettingsScan(ESettingType type);
     /// @param find looks in place of FindFilesBelow

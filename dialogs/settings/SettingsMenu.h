@@ -49,7 +49,7 @@ class COMMONUI_API CSettingsMenu : public CWnd
 {
 public:
     /// How many sets of one folder a menu has at most; the others are in the chooser.
-    static constexpr std::size_t c_mostOfFolder = 40;
+    COMMONUI_CONSTANT std::size_t c_mostOfFolder = 40;
     using CColors = CCustomSettingsScan::CColors;
 
     /// @param withCommands false for a menu that picks a set and nothing more: it has no commands but the

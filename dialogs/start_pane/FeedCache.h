@@ -29,7 +29,7 @@ struct SCachedFeed {
 class COMMONUI_API CFeedCache
 {
 public:
-    static constexpr std::size_t c_defaultSize = std::size_t{8} << 20;
+    COMMONUI_CONSTANT std::size_t c_defaultSize = std::size_t{8} << 20;
 
     /// @param folder comes into being with the first feed; files in it that are no feeds are left alone
     /// @param largestSize of all feeds together, in bytes; those written the longest ago have to go

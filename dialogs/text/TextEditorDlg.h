@@ -13,13 +13,13 @@ namespace CommonUI
 class COMMONUI_API CTextEditorDlg : public CBaseDialog, public CViewedControl<CTextEditorView>
 {
 public:
-    static constexpr unsigned int c_identifier = 7821;
-    static constexpr int c_text = 8211;      ///< the field with the text
-    static constexpr int c_find = 8212;      ///< the field for what to find
-    static constexpr int c_next = 8213;      ///< the button that finds forward
-    static constexpr int c_previous = 8214;  ///< the button that finds backward
-    static constexpr int c_matchCase = 8215; ///< the check box
-    static constexpr int c_status = 8216;    ///< the text that tells what was found
+    COMMONUI_CONSTANT unsigned int c_identifier = 7821;
+    COMMONUI_CONSTANT int c_text = 8211;      ///< the field with the text
+    COMMONUI_CONSTANT int c_find = 8212;      ///< the field for what to find
+    COMMONUI_CONSTANT int c_next = 8213;      ///< the button that finds forward
+    COMMONUI_CONSTANT int c_previous = 8214;  ///< the button that finds backward
+    COMMONUI_CONSTANT int c_matchCase = 8215; ///< the check box
+    COMMONUI_CONSTANT int c_status = 8216;    ///< the text that tells what was found
 
     enum class EMode { Edit, ReadOnly };
 

@@ -156,9 +156,9 @@ public:
     bool HasFocus() const noexcept { return m_focus; }
 
     /// What lies between the edge of a cell and its contents, in pixels.
-    static constexpr int c_margin = 2;
+    COMMONUI_CONSTANT int c_margin = 2;
     /// How many rows FitColumn looks at.
-    static constexpr std::size_t c_fittedRows = 100;
+    COMMONUI_CONSTANT std::size_t c_fittedRows = 100;
 
 protected:
     CGridPane();

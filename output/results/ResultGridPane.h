@@ -66,9 +66,9 @@ public:
     bool OnKey(const SGridKey& key) override;
 
     /// How many sub-headers stay with the headers. Rows of them beyond that are scrolled.
-    static constexpr std::size_t c_frozenRows = 4;
+    COMMONUI_CONSTANT std::size_t c_frozenRows = 4;
     /// By how much a level indents, in pixels.
-    static constexpr int c_indent = 20;
+    COMMONUI_CONSTANT int c_indent = 20;
 
 protected:
     void OnSelectionChanged() override;

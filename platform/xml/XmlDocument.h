@@ -17,8 +17,8 @@ namespace CommonUI
 class COMMONUI_API CXmlDocument
 {
 public:
-    static constexpr std::size_t c_largestSize = std::size_t{4} << 20; ///< in bytes
-    static constexpr std::size_t c_deepestNesting = 200;               ///< of elements
+    COMMONUI_CONSTANT std::size_t c_largestSize = std::size_t{4} << 20; ///< in bytes
+    COMMONUI_CONSTANT std::size_t c_deepestNesting = 200;               ///< of elements
 
     CXmlDocument() = default;
     CXmlDocument(const CXmlDocument&) = delete;

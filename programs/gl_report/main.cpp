@@ -1,8 +1,10 @@
+#include "programs/command_line/Arguments.h"
 #include "programs/gl_report/Program.h"
 
 #include <iostream>
 
 int main(int argc, char** argv)
 {
-    return GlReport::RunProgram({argv + 1, static_cast<std::size_t>(argc - 1)}, std::cout, std::cerr);
+    const CommandLine::CArguments arguments(argc, argv);
+    return GlReport::RunProgram(arguments, std::cout, std::cerr);
 }

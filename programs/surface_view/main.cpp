@@ -1,8 +1,10 @@
+#include "programs/command_line/Arguments.h"
 #include "programs/surface_view/Program.h"
 
 #include <iostream>
 
 int main(int argc, char** argv)
 {
-    return SurfaceView::RunProgram({argv + 1, static_cast<std::size_t>(argc - 1)}, std::cout, std::cerr);
+    const CommandLine::CArguments arguments(argc, argv);
+    return SurfaceView::RunProgram(arguments, std::cout, std::cerr);
 }

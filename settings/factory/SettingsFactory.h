@@ -31,11 +31,11 @@ class COMMONUI_API CSettingsFactory
 {
 public:
     /// The section of the factory's own state.
-    static constexpr std::u16string_view c_StorageSection = u"SettingsFactory";
+    COMMONUI_CONSTANT std::u16string_view c_StorageSection = u"SettingsFactory";
     /// How many sets a recent list has at most.
-    static constexpr unsigned s_MaxRecentCount = 4;
+    COMMONUI_CONSTANT unsigned s_MaxRecentCount = 4;
     /// A file of settings may have so many bytes; a larger one is none.
-    static constexpr std::size_t c_maximumFileSize = std::size_t{64} << 20;
+    COMMONUI_CONSTANT std::size_t c_maximumFileSize = std::size_t{64} << 20;
 
     /// A node of a menu: its text and the identifier of the set, s_InvalidID for a folder or heading.
     using CTree = CSimpleTree<std::pair<CStr, int>>;
@@ -201,7 +201,7 @@ private:
     // Where in m_dynamicItems an item stands.
     std::map<ESettingType, std::unordered_map<SItemKey, unsigned, SItemHash>> m_indices;
     // Built-in sets have the numbers below.
-    static constexpr unsigned c_firstFileID = 200;
+    COMMONUI_CONSTANT unsigned c_firstFileID = 200;
     static_assert(!IsBuiltInSetting(c_firstFileID));
     unsigned m_nextID = c_firstFileID;
     std::map<CStr, SKeptScale> m_colorScales;

@@ -33,7 +33,7 @@ class COMMONUI_API CPreferencesData : public CBaseData
 {
 public:
     /// The section that Load and Save use.
-    static constexpr std::u16string_view c_section = u"Preferences";
+    COMMONUI_CONSTANT std::u16string_view c_section = u"Preferences";
 
     /// What separates the integer part of a number from its fraction in texts for people.
     enum class EDecimalSeparator : int { Period = 0, Comma = 1 };

@@ -29,7 +29,7 @@ struct SAnimationKeyFrame {
 /// A camera flight around a surface. The stored form is described in docs/animation-settings.md.
 struct COMMONUI_API SAnimationSettings {
     /// The most key frames that a stored animation may have.
-    static constexpr std::size_t c_mostKeyFrames = 256;
+    COMMONUI_CONSTANT std::size_t c_mostKeyFrames = 256;
 
     double duration = 10;     ///< in s, 0.1 to 3600
     int framesPerSecond = 25; ///< 1 to 120

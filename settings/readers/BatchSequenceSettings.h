@@ -39,7 +39,7 @@ struct SBatchStep {
 /// docs/batch-sequence.md.
 struct COMMONUI_API SBatchSequenceSettings {
     /// The most steps that a stored sequence may have.
-    static constexpr std::size_t c_mostSteps = 256;
+    COMMONUI_CONSTANT std::size_t c_mostSteps = 256;
 
     std::vector<SBatchStep> steps{};
 

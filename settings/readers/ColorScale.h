@@ -32,7 +32,7 @@ struct SColorStop {
 /// The colours in which an image shows its values. The stored form is described in docs/color-scale.md.
 struct COMMONUI_API SColorScale {
     /// The most stops that a stored scale may have.
-    static constexpr std::size_t c_mostStops = 256;
+    COMMONUI_CONSTANT std::size_t c_mostStops = 256;
 
     EColorInterpolation interpolation = EColorInterpolation::Smooth;
     /// In ascending order of their positions; of two at one position the first counts below it and the second

@@ -59,7 +59,7 @@ COMMONUI_API const CEnum<EReportBlock>& GetReportBlockEnum();
 /// library reads.
 struct COMMONUI_API SReportTemplateSettings {
     /// The most blocks that a stored template may have.
-    static constexpr std::size_t c_mostBlocks = 64;
+    COMMONUI_CONSTANT std::size_t c_mostBlocks = 64;
 
     EReportFormat format = EReportFormat::HTML;
     EReportOrientation orientation = EReportOrientation::Portrait;

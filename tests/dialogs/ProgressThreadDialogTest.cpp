@@ -10,7 +10,7 @@
 #include <atomic>
 #include <barrier>
 #include <functional>
-#include <latch>
+#include <future>
 #include <memory>
 #include <stdexcept>
 #include <thread>
@@ -209,14 +209,14 @@ TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
     for (const auto& [what, end, result] : cases) {
         MakeDialog();
         isWorkCanceled = false;
-        std::latch reported(1);
+        std::promise<void> reported;
         work = [&] {
             Report(3, u"Working");
-            reported.count_down();
+            reported.set_value();
             ReportUntilCanceled();
         };
         onStep = [&, &act = end] {
-            reported.wait();
+            reported.get_future().wait();
             EXPECT_TRUE(dialog && dialog->IsOpen()) << "a step after the end";
             act();
         };
