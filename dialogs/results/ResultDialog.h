@@ -24,7 +24,7 @@ public:
 class COMMONUI_API CResultDialog : public CBaseDialog, public CViewedControl<CResultDialogView>
 {
 public:
-    static constexpr unsigned int c_identifier = 11601;
+    COMMONUI_CONSTANT unsigned int c_identifier = 11601;
 
     /// @param layouts must outlive the dialog
     explicit CResultDialog(CResultLayoutManager& layouts = GetResultLayoutManager());

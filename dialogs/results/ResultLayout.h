@@ -57,7 +57,7 @@ class COMMONUI_API CResultLayoutManager : public CBaseViewManager
 {
 public:
     /// The section that Load and Save use.
-    static constexpr std::u16string_view c_section = u"ResultDialog";
+    COMMONUI_CONSTANT std::u16string_view c_section = u"ResultDialog";
 
     /// The layout of results of that name, made when it is first asked for. It stays where it is in memory,
     /// also when layouts are loaded or cleared.

@@ -24,9 +24,9 @@ enum class EResultTable { Summary, Results, Statistics };
 class COMMONUI_API CResultTables
 {
 public:
-    static constexpr std::size_t c_count = 3;
+    COMMONUI_CONSTANT std::size_t c_count = 3;
     /// Sets of more rows are not transposed: a table of so many columns nobody can read, and few programs.
-    static constexpr std::size_t c_mostTransposedRows = 1000;
+    COMMONUI_CONSTANT std::size_t c_mostTransposedRows = 1000;
 
     CResultTables();
 
