@@ -1,6 +1,7 @@
 #include "workbench/ResultPane.h"
 
 #include "measurement/Choices.h"
+#include "measurement/ResultSets.h"
 #include "qt/selection/QtSelectionDlg.h"
 #include "workbench/Texts.h"
 
@@ -18,6 +19,8 @@ using Measurement::CBackgroundResults;
 
 namespace
 {
+
+constexpr const char16_t* c_setName = u"WorkbenchSurface"; // under which the layout is kept
 
 // As wide as a name with its value and unit.
 class CContent : public QWidget
@@ -40,19 +43,19 @@ CStr SizeOf(const Analysis::SSurface& surface)
 CResultPane::CResultPane()
     : CDockPane(u"Workbench.Results", Text(EText::Results))
     , m_state(new QLabel)
-    , m_grid(new CResultGridWidget(CGridBaseOutputCtrl::SCellInfo::Results))
+    , m_tables(new CResultPanelWidget)
     , m_choose(new QPushButton(QText(EText::Parameters)))
     , m_results([this](const CBackgroundResults::SAnswer& answer) { Show(answer); })
 {
     auto* const content = new CContent;
     auto* const layout = new QVBoxLayout(content);
     layout->addWidget(m_state);
-    layout->addWidget(m_grid, 1);
     layout->addWidget(m_choose, 0, Qt::AlignLeft);
+    layout->addWidget(m_tables, 1);
     setWidget(content);
     m_state->setWordWrap(true);
     m_state->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_grid->setAccessibleName(QText(EText::Results));
+    m_tables->Attach(m_panel);
     connect(m_choose, &QPushButton::clicked, this, &CResultPane::Choose);
     GetAnalysisPreferencesManager().GetChangeList().Subscribe(*this, &CResultPane::OnPreferences,
                                                               m_connection);
@@ -74,8 +77,7 @@ EAnalysis CResultPane::GetAnalysis() const
 void CResultPane::SetSurface(std::shared_ptr<const Measurement::SInput> input)
 {
     m_input = std::move(input);
-    m_grid->GetTable().Clear();
-    m_grid->Update();
+    ShowSet({.name = c_setName});
     Compute();
 }
 
@@ -116,12 +118,14 @@ void CResultPane::Show(const CBackgroundResults::SAnswer& answer)
     if (!answer.error.IsEmpty())
         state += QLatin1Char('\n') + ToQString(CStr::Format(Text(EText::NoResults), answer.error));
     m_state->setText(state);
-    if (answer.tables)
-        m_grid->GetTable() = answer.tables->GetSurface();
-    else
-        m_grid->GetTable().Clear();
-    m_grid->Update();
-    m_grid->GetPane().FitColumns();
+    ShowSet(answer.tables ? Measurement::MakeSurfaceSet(answer.tables->GetResults(), c_setName)
+                          : SResultSet{.name = c_setName});
+}
+
+void CResultPane::ShowSet(SResultSet set)
+{
+    set.summary.clear(); // the pane is narrow, and the report has it
+    m_panel.SetResults(std::make_shared<const SResultSet>(std::move(set)));
 }
 
 } // namespace Workbench

@@ -2,6 +2,7 @@
 
 #include "common/PathText.h"
 #include "dialogs/placement/PlacementManager.h"
+#include "dialogs/results/ResultLayout.h"
 #include "measurement/FailureReason.h"
 #include "model/AnalysisPreferencesManager.h"
 #include "model/ParameterList.h"
@@ -38,49 +39,61 @@ CStore::CStore()
     const std::filesystem::path folder = GetFolders().GetSettingsFolder() / "CommonUIWorkbench";
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    m_ini.SetFileName((folder / "preferences.ini").u16string());
-    if (std::filesystem::exists(folder / "preferences.ini", error))
-        m_ini.Load();
-    m_ini.SelectSection(c_analyses);
-    GetAnalysisPreferencesManager().Load(m_ini);
-    GetPreferencesManager().Load(m_ini);
-    GetPlacementManager().Load(m_ini);
-    GetFileDialogService().GetMemory().Load(m_ini);
-    GetSettingsFactory().Load(m_ini);
+    m_store.GetInifile().SetFileName((folder / "preferences.ini").u16string());
+    m_store.Load();
+    CInifile& ini = m_store.GetInifile();
+    TakeShared();
+    ini.SelectSection(c_section);
+    colorScale = ini.ReadText(u"ColorScale", c_defaultScale);
+    look.lightAround = WithinOr(ini.ReadDouble(u"LightAround", look.lightAround), 0, 360, look.lightAround);
+    look.lightAbove = WithinOr(ini.ReadDouble(u"LightAbove", look.lightAbove), 0, 90, look.lightAbove);
+    look.isParallel = ini.ReadBool(u"Parallel", look.isParallel);
+    colors = static_cast<EInterfaceScheme>(GetInterfaceSchemeEnum().GetValue(ini.ReadText(u"Colors")));
+    showsMap = ini.ReadBool(u"ShowMap", true);
+    showsBlock = ini.ReadBool(u"ShowBlock", true);
+}
 
-    m_ini.SelectSection(c_section);
-    files.Set(m_ini.ReadTexts(u"RecentFiles"));
-    colorScale = m_ini.ReadText(u"ColorScale", c_defaultScale);
-    look.lightAround = WithinOr(m_ini.ReadDouble(u"LightAround", look.lightAround), 0, 360, look.lightAround);
-    look.lightAbove = WithinOr(m_ini.ReadDouble(u"LightAbove", look.lightAbove), 0, 90, look.lightAbove);
-    look.isParallel = m_ini.ReadBool(u"Parallel", look.isParallel);
-    colors = static_cast<EInterfaceScheme>(GetInterfaceSchemeEnum().GetValue(m_ini.ReadText(u"Colors")));
-    showsMap = m_ini.ReadBool(u"ShowMap", true);
-    showsBlock = m_ini.ReadBool(u"ShowBlock", true);
+// What both workbenches go on with that use the file.
+void CStore::TakeShared()
+{
+    CInifile& ini = m_store.GetInifile();
+    ini.SelectSection(c_analyses);
+    GetAnalysisPreferencesManager().Load(ini);
+    GetPreferencesManager().Load(ini);
+    GetPlacementManager().Load(ini);
+    GetResultLayoutManager().Load(ini);
+    GetFileDialogService().GetMemory().Load(ini);
+    GetSettingsFactory().Load(ini);
+    ini.SelectSection(c_section);
+    files.Set(ini.ReadTexts(u"RecentFiles"));
 }
 
 bool CStore::Save(CStr& reason)
 {
     const Measurement::CFailureReason failure;
-    m_ini.SelectSection(c_analyses);
-    GetAnalysisPreferencesManager().Save(m_ini);
-    GetPreferencesManager().Save(m_ini);
-    GetPlacementManager().Save(m_ini);
-    GetFileDialogService().GetMemory().Save(m_ini);
-    GetSettingsFactory().Save(m_ini);
+    CInifile& ini = m_store.GetInifile();
+    ini.SelectSection(c_analyses);
+    GetAnalysisPreferencesManager().Save(ini);
+    GetPreferencesManager().Save(ini);
+    GetPlacementManager().Save(ini);
+    GetResultLayoutManager().Save(ini);
+    GetFileDialogService().GetMemory().Save(ini);
+    GetSettingsFactory().Save(ini);
 
-    m_ini.SelectSection(c_section);
-    m_ini.WriteTexts(u"RecentFiles", files.GetAll());
-    m_ini.WriteText(u"ColorScale", colorScale);
-    m_ini.WriteDouble(u"LightAround", look.lightAround);
-    m_ini.WriteDouble(u"LightAbove", look.lightAbove);
-    m_ini.WriteBool(u"Parallel", look.isParallel);
-    m_ini.WriteText(u"Colors", GetInterfaceSchemeEnum().GetIniName(static_cast<int>(colors)));
-    m_ini.WriteBool(u"ShowMap", showsMap);
-    m_ini.WriteBool(u"ShowBlock", showsBlock);
-    const bool isSaved = m_ini.SaveMerged(IsDynamicParametersSection);
+    ini.SelectSection(c_section);
+    ini.WriteTexts(u"RecentFiles", files.GetAll());
+    ini.WriteText(u"ColorScale", colorScale);
+    ini.WriteDouble(u"LightAround", look.lightAround);
+    ini.WriteDouble(u"LightAbove", look.lightAbove);
+    ini.WriteBool(u"Parallel", look.isParallel);
+    ini.WriteText(u"Colors", GetInterfaceSchemeEnum().GetIniName(static_cast<int>(colors)));
+    ini.WriteBool(u"ShowMap", showsMap);
+    ini.WriteBool(u"ShowBlock", showsBlock);
+    const bool isSaved = m_store.Save(IsDynamicParametersSection);
     if (!isSaved)
         reason = failure.GetText();
+    else if (GetAccount().hasOthers)
+        TakeShared(); // or the next save would undo what another workbench has saved
     return isSaved;
 }
 

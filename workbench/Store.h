@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/ini/Inifile.h"
+#include "common/ini/IniStore.h"
 #include "controls/color/InterfaceColors.h"
 #include "controls/lists/RecentList.h"
 #include "workbench/BlockWidget.h"
@@ -9,8 +9,8 @@ namespace Workbench
 {
 
 /// What the workbench keeps from one start to the next, in one file: preferences of analyses, general ones,
-/// placement of windows, folders of file dialogs and recent sets, which the library owns, and choices of its
-/// own. Two workbenches with one file keep each other's changes.
+/// placement of windows, layouts of results, folders of file dialogs and recent sets, which the library owns,
+/// and choices of its own. Two workbenches with one file keep each other's changes.
 class CStore
 {
 public:
@@ -28,8 +28,13 @@ public:
     bool showsMap = true;
     bool showsBlock = true;
 
+    /// What was found in the file when it was loaded.
+    const CommonUI::SStoreAccount& GetAccount() const noexcept { return m_store.GetAccount(); }
+
 private:
-    CommonUI::CInifile m_ini;
+    void TakeShared();
+
+    CommonUI::CIniStore m_store;
 };
 
 } // namespace Workbench

@@ -115,6 +115,7 @@ CWorkbenchWindow::CWorkbenchWindow(CInterfaceColors& colors)
     m_tabs.GetTabsChanged().Subscribe(*this, &CWorkbenchWindow::OnCurrentTab, m_tabsConnection);
     RestoreScale();
     OnCurrentTab();
+    TellOfStore();
 }
 
 CWorkbenchWindow::~CWorkbenchWindow()
@@ -450,6 +451,16 @@ void CWorkbenchWindow::ShowAbout()
     box.setInformativeText(GetAboutText());
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.exec();
+}
+
+// When the window is there.
+void CWorkbenchWindow::TellOfStore()
+{
+    CStr text;
+    for (const CStr& sentence : m_store.GetAccount().GetSentences())
+        text += (text.IsEmpty() ? CStr() : u"\n\n") + sentence;
+    if (!text.IsEmpty())
+        QMetaObject::invokeMethod(this, [text] { Tell(text); }, Qt::QueuedConnection);
 }
 
 void CWorkbenchWindow::Save()

@@ -76,6 +76,7 @@ private:
     void RestoreScale();
     void ChooseParameters();
     void ShowAbout();
+    void TellOfStore();
     void Save();
     std::vector<CSurfacePage*> GetPages() const;
 

@@ -8,13 +8,14 @@ namespace Workbench
 class Results : public CWorkbenchTest
 {
 protected:
-    // The names of the rows, each up to its comma.
+    const SResultSet& GetSet() { return m_window->GetResults().GetPanel().GetResults(); }
+    // The names of the parameters, each up to its comma.
     std::vector<std::string> GetRows()
     {
         WaitForResults();
         std::vector<std::string> names;
-        for (const auto& row : m_window->GetResults().GetGrid().GetTable().GetRows()) {
-            const std::string name = row.name.ToUtf8();
+        for (const SResultQuantity& quantity : GetSet().quantities) {
+            const std::string name = quantity.header.ToUtf8();
             names.push_back(name.substr(0, name.find(',')));
         }
         return names;
@@ -40,10 +41,10 @@ TEST_F(Results, TableFollowsSurfaceAndPreferences)
     EXPECT_TRUE(std::ranges::count(changed, "Sku"));
 
     // Another surface has other values of the same parameters, and without one there are none.
-    const CStr sample = m_window->GetResults().GetGrid().GetTable().GetRows()[0].cells[0];
+    const double sample = GetSet().quantities[0].values[0];
     Open(Write("small.sdf", c_small));
     EXPECT_EQ(GetRows(), changed);
-    EXPECT_NE(m_window->GetResults().GetGrid().GetTable().GetRows()[0].cells[0].ToUtf8(), sample.ToUtf8());
+    EXPECT_NE(GetSet().quantities[0].values[0], sample);
     for (int i = 0; i < 2; ++i)
         FindAction(EText::CloseTab)->trigger();
     EXPECT_TRUE(GetRows().empty());

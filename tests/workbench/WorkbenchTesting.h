@@ -2,6 +2,7 @@
 
 #include "common/PathText.h"
 #include "dialogs/placement/PlacementManager.h"
+#include "dialogs/results/ResultLayout.h"
 #include "model/AnalysisPreferencesManager.h"
 #include "platform/memory/FixedFolders.h"
 #include "platform/memory/MemoryFileDialogService.h"
@@ -42,6 +43,7 @@ protected:
         CInifile none;
         GetAnalysisPreferencesManager().Load(none);
         GetPlacementManager().Clear();
+        GetResultLayoutManager().Load(none);
         GetPreferencesManager().GetData().Init();
         CloseSettingsFactory();
         m_dialogs.GetMemory().Clear();

@@ -49,6 +49,23 @@ TEST_F(WorkbenchWindow, WhatCannotBeKeptIsSaid)
     EXPECT_NE(said[0].find("preferences.ini"), std::string::npos) << said[0];
 }
 
+TEST_F(WorkbenchWindow, DamagedPreferencesHealAndAreToldOf)
+{
+    m_window->GetResults().GetPanel().SetDecimal(u',');
+    Start(); // loads what was saved, which is kept then
+    EXPECT_EQ(m_window->GetResults().GetPanel().GetLayout().decimal, u',');
+    EXPECT_EQ(TakeBoxes().size(), 0u);
+    m_window->close();
+    m_window.reset();
+    m_folder.Write("settings/CommonUIWorkbench/preferences.ini", std::string("\0\1\2", 3));
+    Start();
+    QTest::qWait(0);
+    EXPECT_EQ(m_window->GetResults().GetPanel().GetLayout().decimal, u',');
+    const auto said = TakeBoxes();
+    ASSERT_EQ(said.size(), 1u);
+    EXPECT_NE(said[0].find(".damaged-"), std::string::npos) << said[0];
+}
+
 TEST_F(WorkbenchWindow, EverythingHasANameAndAKey)
 {
     OpenSample();
