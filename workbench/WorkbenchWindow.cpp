@@ -460,7 +460,8 @@ void CWorkbenchWindow::TellOfStore()
     for (const CStr& sentence : m_store.GetAccount().GetSentences())
         text += (text.IsEmpty() ? CStr() : u"\n\n") + sentence;
     if (!text.IsEmpty())
-        QMetaObject::invokeMethod(this, [text] { Tell(text); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [text] { Tell(text); }, Qt::QueuedConnection);
 }
 
 void CWorkbenchWindow::Save()

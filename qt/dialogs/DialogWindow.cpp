@@ -78,6 +78,11 @@ void CDialogWindow::showEvent(QShowEvent* event)
 
 void CDialogWindow::LieOver(QWidget* below)
 {
+    // Made small and made larger at once, the system may answer with the small size last.
+    if (!internalWinId() && !testAttribute(Qt::WA_Resized)) {
+        adjustSize();
+        setAttribute(Qt::WA_Resized, false); // nobody has chosen the size
+    }
     winId();
     QWindow* const window = below ? below->windowHandle() : nullptr;
     // A message box may have come up over the dialog while that was hidden.

@@ -210,13 +210,14 @@ TEST_F(ProgressThreadDialog, WorkThatRunsIsCanceledAndWaitedFor)
         MakeDialog();
         isWorkCanceled = false;
         std::promise<void> reported;
+        const auto hasReported = reported.get_future().share();
         work = [&] {
             Report(3, u"Working");
             reported.set_value();
             ReportUntilCanceled();
         };
         onStep = [&, &act = end] {
-            reported.get_future().wait();
+            hasReported.wait();
             EXPECT_TRUE(dialog && dialog->IsOpen()) << "a step after the end";
             act();
         };

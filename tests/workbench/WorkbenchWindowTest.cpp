@@ -92,7 +92,7 @@ TEST_F(WorkbenchWindow, HelpAndVersionsAreThere)
     QTest::keySequence(m_window.get(), QKeySequence::HelpContents);
     EXPECT_EQ(m_help.GetOpened(), std::vector<unsigned>{CWorkbenchWindow::c_helpTopic});
     CBlockWidget& block = *OpenSample().GetBlock();
-    block.repaint();
+    block.grabFramebuffer(); // is a frame at once
     const QString text = m_window->GetAboutText();
     for (const QString& part :
          {ToQString(GetVersion()), QString::fromLatin1(qVersion()), QStringLiteral("Mesa")})
