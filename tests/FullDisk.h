@@ -1,11 +1,9 @@
 #pragma once
 
-#if !defined(_WIN32)
-
 #include <csignal>
 #include <sys/resource.h>
 
-/// No file can grow beyond a number of bytes while it lives, as on a full disk. Windows has no such limit.
+/// No file can grow beyond a number of bytes while it lives, as on a full disk.
 class CFullDisk
 {
 public:
@@ -27,5 +25,3 @@ public:
 private:
     rlimit m_before{};
 };
-
-#endif

@@ -360,7 +360,7 @@ TEST_F(IniStore, LinksLeadToTheFile)
     EXPECT_TRUE(store.GetAccount().keptAs.Find(u"elsewhere") != CStr::npos);
 }
 
-TEST_F(IniStore, OddNamesAndFullDisks)
+TEST_F(IniStore, LongNamesHaveBackupsOfTheirOwn)
 {
     const std::string name(255, 'n');
     const std::string other = std::string(254, 'n') + "o";
@@ -377,9 +377,10 @@ TEST_F(IniStore, OddNamesAndFullDisks)
     EXPECT_TRUE(store.Load());
     EXPECT_EQ(Read(name), c_whole);
     EXPECT_EQ(ReadAll().size(), 5u);
-    for (const auto& [file, content] : ReadAll())
-        fs::remove(m_folder.GetPath() / file);
+}
 
+TEST_F(IniStore, FullDiskKeepsFileAndBackup)
+{
     WriteAll({{"file.ini", c_whole}, {c_backup, "[B]\n"}});
     {
         const CFullDisk disk(4);

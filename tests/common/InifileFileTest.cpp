@@ -80,7 +80,6 @@ TEST_F(InifileFile, WhatCannotBeSavedIsToldAndLeavesNothing)
     EXPECT_TRUE(m_folder.Read("file") == "k=1" && m_folder.Read("protected") == "k=1" && CountFiles() == 3);
 }
 
-#if !defined(_WIN32)
 TEST_F(InifileFile, FullDiskKeepsTheOldFile)
 {
     m_folder.Write("a.ini", "k=1");
@@ -99,7 +98,6 @@ TEST_F(InifileFile, FullDiskKeepsTheOldFile)
         EXPECT_EQ(CountFiles(), 1u);
     }
 }
-#endif
 
 TEST_F(InifileFile, LinksAndPermissionsStay)
 {
