@@ -21,6 +21,7 @@
 #include <algorithm>
 #include <atomic>
 #include <csignal>
+#include <exception>
 #include <iostream>
 #include <mutex>
 #include <optional>
@@ -39,7 +40,8 @@ namespace
 std::atomic<bool> s_isInterrupted = false;
 static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler sets it");
 
-// An interruption from the keyboard ends nothing but is remembered, as long as the object lives.
+// The first interruption from the keyboard ends nothing but is remembered, as long as the object lives; the
+// second ends the program.
 class CInterruptions
 {
 public:
@@ -53,7 +55,11 @@ public:
     CInterruptions& operator=(const CInterruptions&) = delete;
 
 private:
-    static void Handle(int) { s_isInterrupted = true; }
+    static void Handle(int)
+    {
+        s_isInterrupted = true;
+        std::signal(SIGINT, SIG_DFL);
+    }
 
     void (*m_previous)(int);
 };
@@ -92,8 +98,10 @@ public:
         const std::size_t processors = std::max(1u, std::thread::hardware_concurrency());
         std::vector<std::jthread> workers;
         for (std::size_t i = 0; i < std::min(processors, m_files.size()); ++i)
-            workers.emplace_back([this] { WorkOnFiles(); });
+            workers.emplace_back([this] { WorkUntilError(); });
         workers.clear();
+        if (m_error)
+            std::rethrow_exception(m_error);
         m_state.Save();
     }
     std::size_t CountFiles() const { return m_files.size(); }
@@ -109,6 +117,17 @@ public:
     }
 
 private:
+    // What goes wrong besides the files stops the other threads, too.
+    void WorkUntilError()
+    {
+        try {
+            WorkOnFiles();
+        } catch (...) {
+            m_next = m_files.size();
+            const std::scoped_lock lock(m_mutex);
+            m_error = std::current_exception();
+        }
+    }
     void WorkOnFiles()
     {
         const CommonUI::Analysis::CSingleThread single;
@@ -240,7 +259,7 @@ private:
         files.Replace();
         files.Keep();
     }
-    // What a crash costs is no more than a few seconds.
+    // What a crash costs is no more than a few seconds. One that fails is tried again; the last one tells.
     void SaveNowAndThen()
     {
         constexpr std::chrono::seconds c_often(5);
@@ -248,7 +267,11 @@ private:
         if (now - m_saved < c_often)
             return;
         m_saved = now;
-        m_state.Save();
+        try {
+            m_state.Save();
+        } catch (const std::runtime_error&) {
+            return;
+        }
     }
 
     const SOptions& m_options;
@@ -263,6 +286,7 @@ private:
     std::vector<std::optional<SFileRow>> m_rows;
     std::size_t m_done = 0;
     std::size_t m_failed = 0;
+    std::exception_ptr m_error{}; // not of a file
     CRunState m_state;
     std::chrono::steady_clock::time_point m_saved = std::chrono::steady_clock::now();
     CFileProgress m_progress;

@@ -178,6 +178,11 @@ private:
 
 SFingerprint TakeFingerprint(const fs::path& path)
 {
+    // A pipe would be waited for.
+    std::error_code unknown;
+    const fs::file_status status = fs::status(path, unknown);
+    if (fs::exists(status) && !fs::is_regular_file(status))
+        throw std::runtime_error(path.string() + ": it is no regular file");
     std::ifstream file(path, std::ios::binary);
     std::array<char, 1 << 16> piece{};
     CHash hash;

@@ -22,7 +22,7 @@ struct SFingerprint {
     bool operator==(const SFingerprint&) const = default;
 };
 
-/// @throws std::runtime_error for a file that cannot be read
+/// @throws std::runtime_error for a file that cannot be read, and for what is no regular file
 SFingerprint TakeFingerprint(const std::filesystem::path& path);
 
 /// What a run on many files has come to so far.

@@ -1,7 +1,11 @@
 #include "tests/surface_report/SurfaceReportFixture.h"
 
+#include <chrono>
 #include <csignal>
+#include <functional>
 #include <streambuf>
+#include <thread>
+#include <utility>
 
 namespace
 {
@@ -23,20 +27,35 @@ protected:
     }
 };
 
-// Raises an interruption as soon as something is written.
-class CInterrupting : public std::streambuf
+// Does something as soon as something is written.
+class COnWriting : public std::streambuf
 {
+public:
+    explicit COnWriting(std::function<void()> action)
+        : m_action(std::move(action))
+    {
+    }
+
 protected:
     int overflow(int c) override
     {
-        std::raise(SIGINT);
+        ActOnce();
         return c;
     }
     std::streamsize xsputn(const char*, std::streamsize count) override
     {
-        std::raise(SIGINT);
+        ActOnce();
         return count;
     }
+
+private:
+    void ActOnce()
+    {
+        if (m_action)
+            std::exchange(m_action, {})();
+    }
+
+    std::function<void()> m_action;
 };
 
 } // namespace
@@ -104,7 +123,10 @@ TEST_F(ManyFiles, InterruptedRunLeavesWhatIsFinishedAndGoesOn)
     const std::string folder = (m_folder / "data").string();
     const std::string out = Out().string();
     const std::vector<const char*> arguments = {folder.c_str(), "--out", out.c_str(), "--parameters", "Sz"};
-    CInterrupting buffer;
+    COnWriting buffer([] {
+        std::raise(SIGINT);
+        EXPECT_EQ(std::signal(SIGINT, SIG_DFL), SIG_DFL) << "the second interruption ends the program";
+    });
     std::ostream err(&buffer);
     EXPECT_EQ(SurfaceReport::RunProgram(arguments, m_out, err), 1);
     const std::string partial = Table();
@@ -147,4 +169,28 @@ TEST_F(ManyFiles, ResumedRunWritesReportsThatAreMissing)
     EXPECT_EQ(Read("data/a.txt.html"), report);
     EXPECT_EQ(Read("data/b.txt.html"), "kept");
     EXPECT_EQ(std::distance(fs::directory_iterator(Out() / "data"), fs::directory_iterator()), 8);
+}
+
+TEST_F(ManyFiles, StateThatCannotBeWrittenIsToldAtTheEnd)
+{
+    for (int i = 0; i < 50; ++i)
+        WriteSurface("data/" + std::to_string(i) + ".txt", i + 1);
+    fs::create_directories(Out() / "report.state" / "in the way");
+    const std::string folder = (m_folder / "data").string();
+    const std::string out = Out().string();
+    const std::vector<const char*> arguments = {folder.c_str(), "--out", out.c_str(), "--parameters", "Sz"};
+    // As long as it takes until the state is saved besides the end.
+    COnWriting buffer([] { std::this_thread::sleep_for(std::chrono::milliseconds(5100)); });
+    std::ostream err(&buffer);
+    EXPECT_EQ(SurfaceReport::RunProgram(arguments, m_out, err), 1);
+}
+
+TEST_F(ManyFiles, WhatIsNoRegularFileIsNotOpened)
+{
+    WriteSurface("a.txt", 10);
+    if (!fs::is_character_file("/dev/null"))
+        GTEST_SKIP() << "there is no device";
+    EXPECT_EQ(Run("/dev/null $folder/a.txt --out $out --parameters Sz"), 1);
+    EXPECT_TRUE(Has(Table(), "\r\n/dev/null\t\tit is no regular file\r\n")) << Table();
+    EXPECT_TRUE(HasRow("a.txt", "10\t"));
 }
