@@ -91,7 +91,7 @@ TEST_F(ManyFiles, ListNamesFilesFoldersAndPatterns)
 {
     WriteSurface("data/a.txt", 10);
     WriteSurface("more/b.txt", 20);
-    m_temporary.Write("list", (m_folder / "data" / "a.txt").string() + "\r\n\r\n" +
+    m_temporary.Write("list", "\xEF\xBB\xBF" + (m_folder / "data" / "a.txt").string() + "\r\n\r\n" +
                                   (m_folder / "more").string() + "\n" +
                                   (m_folder / "data" / "*.txt").string());
     ASSERT_EQ(Run("@$folder/list --out $out --parameters Sz --settings PlaneCorr[Id(8)]"), 0) << m_err.str();
@@ -193,4 +193,31 @@ TEST_F(ManyFiles, WhatIsNoRegularFileIsNotOpened)
     EXPECT_EQ(Run("/dev/null $folder/a.txt --out $out --parameters Sz"), 1);
     EXPECT_TRUE(Has(Table(), "\r\n/dev/null\t\tit is no regular file\r\n")) << Table();
     EXPECT_TRUE(HasRow("a.txt", "10\t"));
+}
+
+TEST_F(ManyFiles, ReportsOfFilesLeaveThoseOfTheTable)
+{
+    WriteSurface("report", 10);
+    WriteSurface("report.sheet", 20);
+    ASSERT_EQ(Run("$folder/report $folder/report.sheet --each --pictures no --csv-separator semicolon "
+                  "--out $out --parameters Sz"),
+              0)
+        << m_err.str();
+    for (const char* name : {"report-2.html", "report-2.sheet.csv", "report.sheet-2.csv"})
+        EXPECT_TRUE(fs::exists(Out() / name)) << name;
+    EXPECT_TRUE(HasRow("report", "10\t"));
+}
+
+TEST_F(ManyFiles, LinkThatLeadsToItselfIsARow)
+{
+    WriteSurface("data/a.txt", 10);
+    std::error_code error;
+    fs::create_symlink("loop.sdf", m_folder / "data" / "loop.sdf", error);
+    if (error)
+        GTEST_SKIP() << "no links can be made";
+    EXPECT_EQ(Run("$folder/data --out $out --parameters Sz"), 1);
+    EXPECT_TRUE(HasRow("data/a.txt", "10\t")) << m_err.str();
+    EXPECT_TRUE(HasRow("data/loop.sdf", "\tthe file cannot be read"));
+    EXPECT_EQ(Run("$folder/data/loop.sdf $folder/data/a.txt --out $out --parameters Sz"), 1);
+    EXPECT_TRUE(HasRow("data/loop.sdf", "\tthe file cannot be read")) << m_err.str();
 }
