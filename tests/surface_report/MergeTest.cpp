@@ -91,7 +91,7 @@ TEST_F(Merge, WhatPlugInsSupplyAndWhatIsNotDefinedIsExplained)
     m_temporary.Write("choices.ini",
                       "[SurfaceReport_RoughnessAnalysis_DynamicParameters]\nNumDynamicParameters=1\n"
                       "Dyn1_ParentParam=PlugIn\nDyn1_NumVariables=0\nDyn1_P_On=1\nDyn1_P_Dimension=1\n"
-                      "Dyn1_IniName=Theirs\nDyn1_FriendlyName=Theirs\nDyn1_ShortFriendlyName=Their <S>\n");
+                      "Dyn1_IniName=Theirs\nDyn1_FriendlyName=Their<b>s\nDyn1_ShortFriendlyName=Their <S>\n");
     const std::string options = "--preferences $folder/choices.ini --parameters Theirs,Ssk,Sz";
     for (const char* list : {"all", "first", "second"})
         RunOn(list, options);
@@ -103,6 +103,17 @@ TEST_F(Merge, WhatPlugInsSupplyAndWhatIsNotDefinedIsExplained)
     EXPECT_EQ(Run("--merge $folder/out/first $folder/out/second --out $folder/out/whole"), 1);
     for (const char* name : {"report.txt", "report.html", "report.csv", "report.json", "report.state"})
         EXPECT_EQ(Of("whole", name), Of("all", name)) << name;
+    // What the file of preferences says is text in every table of a page.
+    EXPECT_FALSE(Has(Of("whole", "report.html"), "<S>")) << Of("whole", "report.html");
+    for (const char* layout : {"", " --transpose"}) {
+        ASSERT_EQ(Run("$folder/data/4.txt --out $folder/one --preferences $folder/choices.ini" +
+                      std::string(layout)),
+                  0)
+            << m_err.str();
+        const std::string page = m_temporary.Read(m_folder / "one" / "report.html");
+        EXPECT_TRUE(Has(page, "Their") && !Has(page, "Their<") && !Has(page, "Their <")) << page;
+    }
+    EXPECT_TRUE(Has(m_temporary.Read(m_folder / "one" / "report.txt"), "Their<b>s"));
 }
 
 // No table shows how a value fails; its state does.
