@@ -164,6 +164,29 @@ SRunHead MakeRunHead(const SOptions& options, const SPlan& plan, const Measureme
     return head;
 }
 
+std::string DescribeMaking(const SOptions& options, const Measurement::SChoices& choices)
+{
+    const Measurement::SMethod& method = choices.method;
+    std::ostringstream text;
+    text << std::hexfloat << method.cutoff.value_or(0);
+    if (method.motifLimits)
+        text << " motifs " << method.motifLimits->roughness << ' ' << method.motifLimits->waviness;
+    text << " valleys " << static_cast<int>(method.valleys.line) << ' ' << method.valleys.closingRatio << ' '
+         << choices.automaticUnits << choices.automaticRowUnits << options.hasPictures
+         << options.forms.hasData;
+    if (const auto& sheet = options.forms.spreadsheet)
+        text << " sheet " << static_cast<int>(sheet->separator) << static_cast<int>(sheet->decimal);
+    for (const auto* parameters : {&choices.surface, &choices.rows}) {
+        for (const CParameter& parameter : *parameters)
+            text << '\n' << Measurement::GetKey(parameter).ToUtf8() << ' ' << DescribeShown(parameter);
+    }
+    for (const CParameter& statistic : choices.statistics) {
+        if (statistic.IsOn())
+            text << '\n' << DescribeStatistic(statistic);
+    }
+    return std::to_string(HashOf(text.str()));
+}
+
 Measurement::SChoices ChoicesOf(const SRunHead& head)
 {
     if (head.shown.size() < head.columns.size() + 1)

@@ -221,3 +221,52 @@ TEST_F(ManyFiles, LinkThatLeadsToItselfIsARow)
     EXPECT_EQ(Run("$folder/data/loop.sdf $folder/data/a.txt --out $out --parameters Sz"), 1);
     EXPECT_TRUE(HasRow("data/loop.sdf", "\tthe file cannot be read")) << m_err.str();
 }
+
+TEST_F(ManyFiles, ResumedRunReplacesTheReportsOfItsFiles)
+{
+    for (const char* name : {"d0/s.txt", "d1/s.txt", "d2/s.txt"})
+        WriteSurface(name, 10 + name[1] - '0');
+    const std::string options = " --each --pictures no --out $out --parameters Sz,Ra --cutoff ";
+    ASSERT_EQ(Run("$folder/d1/s.txt $folder/d2/s.txt" + options + "3um"), 0) << m_err.str();
+    const auto countFiles = [this] {
+        return std::distance(fs::directory_iterator(Out()), fs::directory_iterator());
+    };
+    const std::string first = Read("s.txt.txt");
+    const std::string second = Read("s.txt-2.txt");
+    const std::string line = "$folder/d0/s.txt $folder/d1/s.txt $folder/d2/s.txt --resume" + options;
+    ASSERT_EQ(Run(line + "3um"), 0) << m_err.str();
+    EXPECT_TRUE(Has(Read("s.txt-3.txt"), "Sz, Maximum Height\t10\t"));
+    EXPECT_TRUE(Read("s.txt.txt") == first && Read("s.txt-2.txt") == second);
+    const auto count = countFiles();
+
+    // A run that ended before it saved a row.
+    std::string state;
+    for (const std::string& text : SplitText(Read("report.state"), '\n'))
+        state += text.starts_with("row\t") ? "" : text + '\n';
+    m_temporary.Write(Out() / "report.state", state);
+    ASSERT_EQ(Run(line + "3um"), 0) << m_err.str();
+    EXPECT_EQ(countFiles(), count);
+
+    ASSERT_EQ(Run(line + "2.5um"), 0) << m_err.str();
+    EXPECT_EQ(countFiles(), count);
+    EXPECT_NE(Read("s.txt.txt"), first) << "of another cut-off";
+}
+
+TEST_F(ManyFiles, NamesThatAreNoUtf8AreTwoRows)
+{
+    try {
+        WriteSurface("data/x\xFF.txt", 10);
+        WriteSurface("data/x\xFE.txt", 20);
+    } catch (const std::exception&) {
+        GTEST_SKIP() << "no such names";
+    }
+    m_temporary.Write("list", (m_folder / "data/x\xFF.txt").string() + "\n" + (m_folder / "data").string());
+    ASSERT_EQ(Run("@$folder/list --out $out --parameters Sz"), 0) << m_err.str();
+    const std::string table = Table();
+    EXPECT_LT(table.find("\t10\t"), table.find("\t20\t")) << table;
+    for (const char* again :
+         {"@$folder/list --resume --parameters Sz --out $out", "--merge $out --out $folder/whole"})
+        EXPECT_EQ(Run(again), 0) << m_err.str();
+    EXPECT_EQ(Table(), table);
+    EXPECT_EQ(m_temporary.Read(m_folder / "whole" / "report.txt"), table);
+}
