@@ -135,6 +135,21 @@ TEST_F(Merge, ValuesThatFailedMakeTheRunFailAndAreTriedAgain)
     EXPECT_EQ(m_temporary.Read(state), good);
 }
 
+TEST_F(Merge, SetsBehindStepsAreThoseOfAllParts)
+{
+    m_temporary.Write(
+        "my.batch",
+        Fill("[Batch]\nStep1=Apply\nStep1_Type=ImageRoughness\nStep1_Settings=FILE:$folder/my.irs\n"));
+    const std::string options = "--batch Batch[File($folder/my.batch)]";
+    for (const char* part : {"first", "second"}) {
+        m_temporary.Write("my.irs", "[Analysis_RoughnessAnalysis]\n; " + std::string(part) + "\n");
+        RunOn(part, options);
+        ASSERT_TRUE(Has(Of(part, "report.state"), "\nkey\tset ")) << m_err.str();
+    }
+    EXPECT_EQ(Run("--merge $folder/out/first $folder/out/second --out $folder/out/whole"), 1);
+    EXPECT_TRUE(Has(m_err.str(), ": it was computed with version ")) << m_err.str();
+}
+
 TEST_F(Merge, DataOfTheTableHaveReasonsAndDigests)
 {
     EXPECT_EQ(RunOn("all", "--parameters Sz,Ssk"), 1);
