@@ -37,6 +37,7 @@ struct SBatchWork {
     std::variant<SBatchUseless, SStep, SGrainSearch, SRoughnessSet, SReportTemplate, SBatchProfiles,
                  SBatchVoids>
         work;
+    CStr file{}; ///< the path of the set; empty where it is built in or there is none
 };
 
 /// A batch sequence with all that its steps need.

@@ -87,8 +87,11 @@ SBatch LoadBatch(CSettingsFactory& factory, const CStr& userSpec)
     SNamedSet set = LoadNamedSet(factory, userSpec, {Batch}, u"only a batch sequence (Batch) can be run");
     const auto sequence = ReadNamedSet<SBatchSequenceSettings>(set, userSpec);
     SBatch batch;
-    for (const SBatchStep& step : sequence.steps)
+    for (const SBatchStep& step : sequence.steps) {
         batch.steps.push_back(LoadWork(factory, step));
+        if (step.operation == EBatchOperation::Apply)
+            batch.steps.back().file = CStr(GetReferredPath(step.settings));
+    }
     return batch;
 }
 

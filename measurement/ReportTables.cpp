@@ -112,10 +112,16 @@ CStr StatisticName(const CParameter& statistic)
     return CStr::Format(u"%s %G %%", statistic.GetFriendlyString(), statistic.GetVariableValue());
 }
 
-// The rows of a summary with texts that may stand in HTML.
-CGrid EscapedSummary(const CGrid& grid)
+// The table with texts that may stand in HTML.
+CGrid Escaped(const CGrid& grid)
 {
     CGrid escaped(grid.GetType());
+    escaped.SetNameHeader(EscapeMarkup(grid.GetNameHeader()));
+    for (CGrid::SColumn column : grid.GetColumns()) {
+        column.header = EscapeMarkup(column.header);
+        column.group = EscapeMarkup(column.group);
+        escaped.AddColumn(column);
+    }
     for (CGrid::SRow row : grid.GetRows()) {
         row.name = EscapeMarkup(row.name);
         std::ranges::transform(row.cells, row.cells.begin(), EscapeMarkup);
@@ -367,8 +373,8 @@ void CReportTables::WriteHtmlRows(const FWriteText& write) const
     CGrid head(SCell::Results);
     FillHead(head, m_results);
     CGrid::CCells cells;
-    head.GetGridHeaders(cells, SCell::Results);
-    head.GetGridCells(cells, SCell::Results);
+    Escaped(head).GetGridHeaders(cells, SCell::Results);
+    Escaped(head).GetGridCells(cells, SCell::Results);
     write(html.MakePart(cells).ToUtf8());
     ForEachBlock(rows.size() - 1, c_blockRows, [&](std::size_t first, std::size_t last) {
         CGrid part = PartOf(m_rows);
@@ -376,7 +382,7 @@ void CReportTables::WriteHtmlRows(const FWriteText& write) const
             part.AddRow(rows[i + 1]); // behind that of the units
         write(html.MakePart(CellsOf(part)).ToUtf8());
     });
-    write(html.MakePart(CellsOf(m_statistics)).ToUtf8());
+    write(html.MakePart(CellsOf(Escaped(m_statistics))).ToUtf8());
 }
 
 // The same with rows as columns, parameter after parameter.
@@ -393,8 +399,8 @@ void CReportTables::WriteTurnedHtmlRows(const FWriteText& write) const
                 part.AddRow({.name = row.name, .cells = {row.cells[index]}, .subHeader = row.subHeader});
         }
         CGrid::CCells cells;
-        part.GetGridHeaders(cells, SCell::Results);
-        part.GetGridCells(cells, SCell::Results);
+        Escaped(part).GetGridHeaders(cells, SCell::Results);
+        Escaped(part).GetGridCells(cells, SCell::Results);
         CGrid::TransposeCells(cells);
         if (index != 0)
             cells.erase(cells.begin()); // the names of the rows
@@ -404,14 +410,15 @@ void CReportTables::WriteTurnedHtmlRows(const FWriteText& write) const
 
 void CReportTables::WriteHtml(const FWriteText& write) const
 {
-    CGrid summary = EscapedSummary(m_summary);
+    CGrid summary = Escaped(m_summary);
+    const CGrid surface = Escaped(m_surface);
     if (HasTooManyRows())
         summary.AddRow(
             {.name = m_results.rowName + u"s",
              .cells = {CStr::Format(u"%d, too many for a page: they are in the text file beside it",
                                     m_results.rowCount)}});
     write("<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report: " + m_title + "</title>\n");
-    const std::string tables = CGrid::GenerateHTMLTables(&summary, &m_surface, nullptr, m_transpose).ToUtf8();
+    const std::string tables = CGrid::GenerateHTMLTables(&summary, &surface, nullptr, m_transpose).ToUtf8();
     const std::size_t endOfSummary = FindEndOfTable(tables);
     write(tables.substr(0, endOfSummary));
     for (const std::string& picture : m_pictures)

@@ -55,13 +55,16 @@ CStr StatisticText(const SColumn& column, const CParameter& statistic, double va
     return column.GetText(value);
 }
 
-// The rows with texts that may stand in HTML.
-CGrid EscapedRows(const CGrid& grid)
+// The table with texts that may stand in HTML.
+CGrid Escaped(const CGrid& grid)
 {
     CGrid escaped(grid.GetType());
-    escaped.SetNameHeader(grid.GetNameHeader());
-    for (const CGrid::SColumn& column : grid.GetColumns())
+    escaped.SetNameHeader(EscapeMarkup(grid.GetNameHeader()));
+    for (CGrid::SColumn column : grid.GetColumns()) {
+        column.header = EscapeMarkup(column.header);
+        column.group = EscapeMarkup(column.group);
         escaped.AddColumn(column);
+    }
     for (CGrid::SRow row : grid.GetRows()) {
         row.name = EscapeMarkup(row.name);
         std::ranges::transform(row.cells, row.cells.begin(), EscapeMarkup);
@@ -183,10 +186,11 @@ std::string CFileTable::GetTerminalText() const
 
 std::string CFileTable::GetHtml() const
 {
-    const CGrid summary = EscapedRows(m_summary);
-    const CGrid rows = EscapedRows(m_rows);
+    const CGrid summary = Escaped(m_summary);
+    const CGrid rows = Escaped(m_rows);
+    const CGrid statistics = Escaped(m_statistics);
     return "<!DOCTYPE html>\n<html lang=\"en\">\n<title>Surface report</title>\n" +
-           CGrid::GenerateHTMLTables(&summary, &rows, &m_statistics, false).ToUtf8() + m_notes.GetHtml() +
+           CGrid::GenerateHTMLTables(&summary, &rows, &statistics, false).ToUtf8() + m_notes.GetHtml() +
            "\n</html>\n";
 }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <set>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -27,7 +28,23 @@ bool IsList(const fs::path& input)
 
 bool IsPattern(const fs::path& input)
 {
-    return input.filename().string().find_first_of("*?") != std::string::npos && !fs::exists(input);
+    std::error_code error;
+    return input.filename().string().find_first_of("*?") != std::string::npos && !fs::exists(input, error);
+}
+
+// The path without links and dots, as far as it can be looked at.
+fs::path Canonical(const fs::path& path)
+{
+    std::error_code error;
+    fs::path canonical = fs::weakly_canonical(path, error);
+    return error ? path.lexically_normal() : canonical;
+}
+
+// A file, or what cannot be looked at, such as a link that leads nowhere.
+bool IsFileOrUnknown(const fs::directory_entry& entry)
+{
+    std::error_code error;
+    return entry.is_regular_file(error) || error;
 }
 
 // Whether a name fits a pattern, in which * stands for any characters and ? for one.
@@ -68,7 +85,7 @@ class CFinder
 {
 public:
     explicit CFinder(const fs::path& output)
-        : m_output(fs::weakly_canonical(output))
+        : m_output(Canonical(output))
     {
     }
 
@@ -84,9 +101,10 @@ public:
 private:
     void AddEntry(const fs::path& input)
     {
+        std::error_code error;
         if (IsPattern(input))
             AddMatching(input);
-        else if (fs::is_directory(input))
+        else if (fs::is_directory(input, error))
             AddFolder(input);
         else
             AddFile(input, input.filename());
@@ -97,9 +115,13 @@ private:
         CStr reason;
         if (!CommonUI::ReadFileBytes(fs::path(list).u16string(), bytes, bytes.max_size(), reason))
             throw EUsage("@" + list + ": " + reason.ToUtf8());
-        for (const CStr& line : CStr::FromUtf8(bytes).Replace(u"\r\n", u"\n").Split(u"\n")) {
-            if (!line.IsEmpty())
-                AddEntry(std::u16string(line.View()));
+        constexpr std::string_view c_byteOrderMark = "\xEF\xBB\xBF";
+        std::istringstream lines(bytes.substr(bytes.starts_with(c_byteOrderMark) ? 3 : 0));
+        for (std::string line; std::getline(lines, line);) {
+            if (line.ends_with('\r'))
+                line.pop_back();
+            if (!line.empty()) // not by way of UTF-16, in which names that are no UTF-8 get lost
+                AddEntry(std::u8string(line.begin(), line.end()));
         }
     }
     void AddMatching(const fs::path& pattern)
@@ -108,7 +130,7 @@ private:
         std::vector<fs::path> found;
         std::error_code error;
         for (const auto& entry : fs::directory_iterator(folder, error)) {
-            if (entry.is_regular_file(error) &&
+            if (IsFileOrUnknown(entry) &&
                 Fits(entry.path().filename().u16string(), pattern.filename().u16string()))
                 found.push_back(pattern.parent_path() / entry.path().filename());
         }
@@ -120,24 +142,25 @@ private:
     }
     void AddFolder(const fs::path& folder)
     {
-        if (fs::weakly_canonical(folder) == m_output)
+        if (Canonical(folder) == m_output)
             throw EUsage("\"" + folder.string() + "\" is the folder for the reports, and an input, too");
         std::vector<fs::path> found;
         const auto options = fs::directory_options::skip_permission_denied;
+        std::error_code error;
         for (fs::recursive_directory_iterator entry(folder, options), end; entry != end; ++entry) {
-            if (entry->is_directory() && fs::weakly_canonical(entry->path()) == m_output)
+            if (entry->is_directory(error) && Canonical(entry->path()) == m_output)
                 entry.disable_recursion_pending();
-            else if (entry->is_regular_file() && IsSurfaceName(entry->path()))
+            else if (IsFileOrUnknown(*entry) && IsSurfaceName(entry->path()))
                 found.push_back(entry->path());
         }
         std::ranges::sort(found);
-        const fs::path name = fs::weakly_canonical(folder).filename();
+        const fs::path name = Canonical(folder).filename();
         for (const fs::path& file : found)
             AddFile(file, name / file.lexically_relative(folder));
     }
     void AddFile(const fs::path& file, const fs::path& report)
     {
-        if (!m_known.insert(fs::weakly_canonical(file)).second)
+        if (!m_known.insert(Canonical(file)).second)
             return;
         fs::path name = report;
         for (int number = 2; !m_reports.insert(name).second; ++number)
@@ -147,7 +170,7 @@ private:
 
     fs::path m_output;
     std::set<fs::path> m_known{};
-    std::set<fs::path> m_reports{};
+    std::set<fs::path> m_reports{"report", "report.sheet"}; // those of the table come first
     std::vector<SInputFile> m_files{};
 };
 

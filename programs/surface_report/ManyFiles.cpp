@@ -21,9 +21,11 @@
 #include <algorithm>
 #include <atomic>
 #include <csignal>
+#include <exception>
 #include <iostream>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <thread>
 
 namespace SurfaceReport
@@ -39,7 +41,8 @@ namespace
 std::atomic<bool> s_isInterrupted = false;
 static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler sets it");
 
-// An interruption from the keyboard ends nothing but is remembered, as long as the object lives.
+// The first interruption from the keyboard ends nothing but is remembered, as long as the object lives; the
+// second ends the program.
 class CInterruptions
 {
 public:
@@ -53,7 +56,11 @@ public:
     CInterruptions& operator=(const CInterruptions&) = delete;
 
 private:
-    static void Handle(int) { s_isInterrupted = true; }
+    static void Handle(int)
+    {
+        s_isInterrupted = true;
+        std::signal(SIGINT, SIG_DFL);
+    }
 
     void (*m_previous)(int);
 };
@@ -85,6 +92,8 @@ public:
             m_choices.rows.clear();
         if (m_options.resumes)
             m_state.Load();
+        if (m_options.each)
+            PlaceReports();
     }
 
     void Work()
@@ -92,8 +101,10 @@ public:
         const std::size_t processors = std::max(1u, std::thread::hardware_concurrency());
         std::vector<std::jthread> workers;
         for (std::size_t i = 0; i < std::min(processors, m_files.size()); ++i)
-            workers.emplace_back([this] { WorkOnFiles(); });
+            workers.emplace_back([this] { WorkUntilError(); });
         workers.clear();
+        if (m_error)
+            std::rethrow_exception(m_error);
         m_state.Save();
     }
     std::size_t CountFiles() const { return m_files.size(); }
@@ -109,6 +120,17 @@ public:
     }
 
 private:
+    // What goes wrong besides the files stops the other threads, too.
+    void WorkUntilError()
+    {
+        try {
+            WorkOnFiles();
+        } catch (...) {
+            m_next = m_files.size();
+            const std::scoped_lock lock(m_mutex);
+            m_error = std::current_exception();
+        }
+    }
     void WorkOnFiles()
     {
         const CommonUI::Analysis::CSingleThread single;
@@ -125,7 +147,7 @@ private:
                 row.remark = RemarkOf(error, m_files[index].path.string() + ": ");
             }
             const std::scoped_lock lock(m_mutex);
-            m_state.Add(index, fingerprint, row);
+            m_state.Add(index, KeyOf(m_files[index].path), fingerprint, row);
             SaveNowAndThen();
             m_failed += row.values.empty() ? 1 : 0;
             m_rows[index] = std::move(row);
@@ -135,23 +157,22 @@ private:
     void WorkOn(const SInputFile& file, SFingerprint& fingerprint, SFileRow& row)
     {
         fingerprint = TakeFingerprint(file.path);
-        if (TakeOver(fingerprint, row) && (!m_options.each || HasReport(file)))
+        if (TakeOver(file, fingerprint, row) && (!m_options.each || HasReport(file)))
             return;
         row.sha256 = CommonUI::Formats::ComputeSha256(file.path);
         Analyse(file, row);
     }
     // @return whether the row was finished before
-    bool TakeOver(const SFingerprint& fingerprint, SFileRow& row)
+    bool TakeOver(const SInputFile& file, const SFingerprint& fingerprint, SFileRow& row)
     {
         const std::scoped_lock lock(m_mutex);
-        const SFileRow* const known = m_state.Find(row.name.ToUtf8(), fingerprint);
+        const SFileRow* const known = m_state.Find(KeyOf(file.path), fingerprint);
         if (known)
             row = *known;
         return known;
     }
     void Analyse(const SInputFile& file, SFileRow& row)
     {
-        const bool isTakenOver = !row.values.empty();
         auto surface = CommonUI::Formats::ReadSurface(file.path);
         if (surface.IsProfile())
             throw std::runtime_error("it is a profile, and the table has parameters of surfaces");
@@ -172,7 +193,7 @@ private:
         files.Replace();
         files.Keep();
         if (m_options.each)
-            WriteReport(file, input, std::move(results), isTakenOver);
+            WriteReport(file, input, std::move(results));
     }
     // The steps of the batch sequence, whose reports lie beside each other and become files with the row.
     void RunSteps(const SInputFile& file, Measurement::SInput& input, COutputFiles& files, SFileRow& row)
@@ -220,27 +241,63 @@ private:
         return isThere(".odt") || std::ranges::any_of(m_extensions, isThere);
     }
     // Whether all of its files are there.
-    bool HasReport(const SInputFile& file) const
+    bool IsWhole(const fs::path& report) const
     {
         return std::ranges::all_of(m_extensions, [&](const std::string& extension) {
-            return fs::exists((m_options.output / file.report) += extension);
+            return fs::exists((m_options.output / report) += extension);
         });
     }
-    // Beside the reports that are there, or in place of what is left of one.
-    void WriteReport(const SInputFile& file, const Measurement::SInput& input, Measurement::SResults results,
-                     bool replaces)
+    // Likewise, and whether they are made as this run makes them.
+    bool HasReport(const SInputFile& file)
+    {
+        const std::scoped_lock lock(m_mutex);
+        const SStoredReport& report = m_state.GetReports().at(KeyOf(file.path));
+        return report.making == m_making && IsWhole(report.place);
+    }
+    // Each report where it was, and the others beside what is there. The state knows the places before there
+    // is anything, so that what a run leaves is always replaced by the next.
+    void PlaceReports()
+    {
+        auto& reports = m_state.GetReports();
+        std::set<fs::path> taken;
+        for (const auto& [file, report] : reports)
+            taken.insert(report.place);
+        for (const SInputFile& file : m_files) {
+            const std::string key = KeyOf(file.path);
+            if (reports.contains(key))
+                continue;
+            // States of earlier versions have no places, which were those of the inputs.
+            const bool wasThere = m_state.Knows(key) && !taken.contains(file.report);
+            fs::path place = file.report;
+            for (int number = 2; !wasThere && (taken.contains(place) || HasAny(m_options.output / place));
+                 ++number)
+                (place = file.report) += "-" + std::to_string(number);
+            taken.insert(place);
+            reports[key] = {place, wasThere ? m_making : ""};
+        }
+        m_state.Save();
+    }
+    void WriteReport(const SInputFile& file, const Measurement::SInput& input, Measurement::SResults results)
     {
         Measurement::CReportTables tables(std::move(results), false);
         if (m_options.hasPictures)
             tables.SetPictures(MakePictures(input, m_choices.method, tables.GetResults()));
         const std::scoped_lock lock(m_writing);
-        const fs::path wanted = m_options.output / file.report;
+        const fs::path path = m_options.output / PlaceOf(file);
+        fs::create_directories(path.parent_path());
         COutputFiles files;
-        files.AddReport(replaces ? wanted : MakePlace(wanted), tables, m_options.forms);
+        files.AddReport(path, tables, m_options.forms);
         files.Replace();
         files.Keep();
+        const std::scoped_lock stateLock(m_mutex);
+        m_state.GetReports().at(KeyOf(file.path)).making = m_making;
     }
-    // What a crash costs is no more than a few seconds.
+    fs::path PlaceOf(const SInputFile& file)
+    {
+        const std::scoped_lock lock(m_mutex);
+        return m_state.GetReports().at(KeyOf(file.path)).place;
+    }
+    // What a crash costs is no more than a few seconds. One that fails is tried again; the last one tells.
     void SaveNowAndThen()
     {
         constexpr std::chrono::seconds c_often(5);
@@ -248,13 +305,18 @@ private:
         if (now - m_saved < c_often)
             return;
         m_saved = now;
-        m_state.Save();
+        try {
+            m_state.Save();
+        } catch (const std::runtime_error&) {
+            return;
+        }
     }
 
     const SOptions& m_options;
     const SPlan& m_plan;
     const CommonUI::CAnalysisPreferencesManager& m_manager;
     Measurement::SChoices m_choices;
+    const std::string m_making = DescribeMaking(m_options, m_choices);
     std::vector<std::string> m_extensions = m_options.forms.GetExtensions(); // of a report
     std::vector<SInputFile> m_files;
     std::atomic<std::size_t> m_next = 0;
@@ -263,6 +325,7 @@ private:
     std::vector<std::optional<SFileRow>> m_rows;
     std::size_t m_done = 0;
     std::size_t m_failed = 0;
+    std::exception_ptr m_error{}; // not of a file
     CRunState m_state;
     std::chrono::steady_clock::time_point m_saved = std::chrono::steady_clock::now();
     CFileProgress m_progress;

@@ -80,7 +80,7 @@ public:
 private:
     void AddEntry(SStoredRun::SEntry entry, const fs::path& folder, const std::string& option)
     {
-        const auto [place, isNew] = m_folders.emplace(entry.row.name.ToUtf8(), folder);
+        const auto [place, isNew] = m_folders.emplace(entry.file, folder);
         if (!isNew)
             throw EUsage(option + " has the file \"" + place->first + "\", and " + Quoted(place->second) +
                          " has it, too");

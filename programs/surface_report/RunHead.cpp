@@ -32,6 +32,11 @@ constexpr const char* c_automatic = "automatic units";
 constexpr const char* c_chosen = "chosen units";
 constexpr std::string_view c_plugIn = " plug-in ";
 
+std::string HashFile(const CStr& path)
+{
+    return std::to_string(TakeFingerprint(std::filesystem::path(std::u16string(path.View()))).hash);
+}
+
 // A settings set as it was named, and the content of one that is a file.
 std::string DescribeSet(const char* option, const CStr& spec)
 {
@@ -39,10 +44,18 @@ std::string DescribeSet(const char* option, const CStr& spec)
     const std::size_t begin = spec.Find(u"[File(");
     if (begin != CStr::npos) {
         const CStr path = spec.Mid(begin + 6, spec.GetLength() - begin - 8);
-        text +=
-            " " + std::to_string(TakeFingerprint(std::filesystem::path(std::u16string(path.View()))).hash);
+        text += " " + HashFile(path);
     }
     return text;
+}
+
+// The contents of the files behind the steps of a batch sequence.
+void DescribeSteps(const Measurement::SBatch& batch, std::vector<std::string>& key)
+{
+    for (const Measurement::SBatchWork& step : batch.steps) {
+        if (!step.file.IsEmpty() && !std::holds_alternative<Measurement::SBatchUseless>(step.work))
+            key.push_back("set " + step.name.ToUtf8() + " " + HashFile(step.file));
+    }
 }
 
 // "Nano 1 5": the unit factor, the kind of number format and its count.
@@ -153,6 +166,8 @@ SRunHead MakeRunHead(const SOptions& options, const SPlan& plan, const Measureme
         head.key.push_back(DescribeSet("settings", spec));
     if (!options.batch.IsEmpty())
         head.key.push_back(DescribeSet("batch", options.batch));
+    if (plan.batch)
+        DescribeSteps(*plan.batch, head.key);
     for (const CParameter& parameter : choices.surface) {
         head.columns.push_back(Measurement::GetKey(parameter).ToUtf8());
         head.shown.push_back(DescribeShown(parameter));
@@ -162,6 +177,29 @@ SRunHead MakeRunHead(const SOptions& options, const SPlan& plan, const Measureme
             head.shown.push_back(DescribeStatistic(statistic));
     }
     return head;
+}
+
+std::string DescribeMaking(const SOptions& options, const Measurement::SChoices& choices)
+{
+    const Measurement::SMethod& method = choices.method;
+    std::ostringstream text;
+    text << std::hexfloat << method.cutoff.value_or(0);
+    if (method.motifLimits)
+        text << " motifs " << method.motifLimits->roughness << ' ' << method.motifLimits->waviness;
+    text << " valleys " << static_cast<int>(method.valleys.line) << ' ' << method.valleys.closingRatio << ' '
+         << choices.automaticUnits << choices.automaticRowUnits << options.hasPictures
+         << options.forms.hasData;
+    if (const auto& sheet = options.forms.spreadsheet)
+        text << " sheet " << static_cast<int>(sheet->separator) << static_cast<int>(sheet->decimal);
+    for (const auto* parameters : {&choices.surface, &choices.rows}) {
+        for (const CParameter& parameter : *parameters)
+            text << '\n' << Measurement::GetKey(parameter).ToUtf8() << ' ' << DescribeShown(parameter);
+    }
+    for (const CParameter& statistic : choices.statistics) {
+        if (statistic.IsOn())
+            text << '\n' << DescribeStatistic(statistic);
+    }
+    return std::to_string(HashOf(text.str()));
 }
 
 Measurement::SChoices ChoicesOf(const SRunHead& head)

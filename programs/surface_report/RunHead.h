@@ -32,6 +32,10 @@ struct SRunHead {
 SRunHead MakeRunHead(const SOptions& options, const SPlan& plan,
                      const CommonUI::Measurement::SChoices& choices);
 
+/// What the report of a file depends on besides what the values of the table do, as a short text: equal for
+/// equal reports.
+std::string DescribeMaking(const SOptions& options, const CommonUI::Measurement::SChoices& choices);
+
 /// The parameters and statistics from which the head of a run was made, for its table.
 /// @throws std::runtime_error where the texts are not those of MakeRunHead
 CommonUI::Measurement::SChoices ChoicesOf(const SRunHead& head);

@@ -21,6 +21,7 @@ namespace
 
 constexpr std::string_view c_title = "surface_report state 2";
 constexpr std::string_view c_row = "row";
+constexpr std::string_view c_report = "report";
 constexpr std::string_view c_noPlace = "-";
 
 // Texts have no tab and no line end in the file.
@@ -115,7 +116,7 @@ std::vector<std::string> FieldsOf(const SStoredRun::SEntry& entry)
                                     entry.place ? std::to_string(*entry.place) : std::string(c_noPlace),
                                     std::to_string(entry.fingerprint.size),
                                     std::to_string(entry.fingerprint.hash),
-                                    row.name.ToUtf8(),
+                                    entry.file,
                                     row.sha256,
                                     row.date,
                                     row.remark.ToUtf8(),
@@ -132,12 +133,21 @@ SStoredRun::SEntry EntryOf(const std::vector<std::string>& fields)
                                      .values = SplitValues(fields[8]),
                                      .remark = CStr::FromUtf8(fields[7]),
                                      .sha256 = fields[5],
-                                     .date = fields[6]}};
+                                     .date = fields[6]},
+                             .file = fields[4]};
     if (fields[1] != c_noPlace)
         entry.place = static_cast<std::size_t>(ReadNumber(fields[1]));
     for (std::size_t i = c_rowFields; i + 1 < fields.size(); i += 2)
         entry.row.reasons[static_cast<std::size_t>(ReadNumber(fields[i]))] = fields[i + 1];
     return entry;
+}
+
+// What lies elsewhere than in the folder of reports is none of them.
+void TakeReport(const std::vector<std::string>& fields, SStoredRun& run)
+{
+    const fs::path place = std::u8string(fields[2].begin(), fields[2].end());
+    if (place.is_relative() && std::ranges::find(place, "..") == place.end())
+        run.reports[fields[1]] = {place, fields[3]};
 }
 
 void TakeLine(std::string_view line, SStoredRun& run)
@@ -146,6 +156,8 @@ void TakeLine(std::string_view line, SStoredRun& run)
     const std::string& kind = fields.front();
     if (kind == c_row)
         run.entries.push_back(EntryOf(fields));
+    else if (kind == c_report && fields.size() == 4)
+        TakeReport(fields, run);
     else if (kind == "files")
         run.fileCount = static_cast<std::size_t>(ReadNumber(fields[1]));
     else if (kind == "key")
@@ -176,8 +188,26 @@ private:
 
 } // namespace
 
+std::uint64_t HashOf(std::string_view text)
+{
+    CHash hash;
+    hash.Add(text.data(), text.size());
+    return hash.Get();
+}
+
+std::string KeyOf(const fs::path& file)
+{
+    const std::u8string bytes = file.u8string();
+    return {bytes.begin(), bytes.end()};
+}
+
 SFingerprint TakeFingerprint(const fs::path& path)
 {
+    // A pipe would be waited for.
+    std::error_code unknown;
+    const fs::file_status status = fs::status(path, unknown);
+    if (fs::exists(status) && !fs::is_regular_file(status))
+        throw std::runtime_error(path.string() + ": it is no regular file");
     std::ifstream file(path, std::ios::binary);
     std::array<char, 1 << 16> piece{};
     CHash hash;
@@ -225,6 +255,8 @@ std::string WriteRun(const SStoredRun& run)
         text += JoinLine({"fact", fact.key, fact.label, fact.text});
     for (const SStoredRun::SEntry& entry : run.entries)
         text += JoinLine(FieldsOf(entry));
+    for (const auto& [file, report] : run.reports)
+        text += JoinLine({std::string(c_report), file, KeyOf(report.place), report.making});
     return text;
 }
 
@@ -244,28 +276,30 @@ void CRunState::Load()
         for (SStoredRun::SEntry& entry : run.entries) {
             entry.place.reset();
             if (!entry.row.values.empty() && !entry.row.HasFailedValue())
-                m_entries[entry.row.name.ToUtf8()] = std::move(entry);
+                m_entries[entry.file] = std::move(entry);
         }
+        m_reports = std::move(run.reports);
     } catch (const std::runtime_error&) {
         return; // nothing that can be gone on from
     }
 }
 
-const SFileRow* CRunState::Find(const std::string& path, const SFingerprint& fingerprint) const
+const SFileRow* CRunState::Find(const std::string& file, const SFingerprint& fingerprint) const
 {
-    const auto found = m_entries.find(path);
+    const auto found = m_entries.find(file);
     return found != m_entries.end() && found->second.fingerprint == fingerprint ? &found->second.row
                                                                                 : nullptr;
 }
 
-void CRunState::Add(std::size_t place, const SFingerprint& fingerprint, const SFileRow& row)
+void CRunState::Add(std::size_t place, const std::string& file, const SFingerprint& fingerprint,
+                    const SFileRow& row)
 {
-    m_entries[row.name.ToUtf8()] = {place, fingerprint, row};
+    m_entries[file] = {place, fingerprint, row, file};
 }
 
 void CRunState::Save() const
 {
-    SStoredRun run{.head = m_head, .fileCount = m_fileCount};
+    SStoredRun run{.head = m_head, .fileCount = m_fileCount, .reports = m_reports};
     run.entries.reserve(m_entries.size());
     for (const auto& [path, entry] : m_entries)
         run.entries.push_back(entry);

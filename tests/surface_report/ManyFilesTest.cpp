@@ -1,7 +1,11 @@
 #include "tests/surface_report/SurfaceReportFixture.h"
 
+#include <chrono>
 #include <csignal>
+#include <functional>
 #include <streambuf>
+#include <thread>
+#include <utility>
 
 namespace
 {
@@ -23,20 +27,35 @@ protected:
     }
 };
 
-// Raises an interruption as soon as something is written.
-class CInterrupting : public std::streambuf
+// Does something as soon as something is written.
+class COnWriting : public std::streambuf
 {
+public:
+    explicit COnWriting(std::function<void()> action)
+        : m_action(std::move(action))
+    {
+    }
+
 protected:
     int overflow(int c) override
     {
-        std::raise(SIGINT);
+        ActOnce();
         return c;
     }
     std::streamsize xsputn(const char*, std::streamsize count) override
     {
-        std::raise(SIGINT);
+        ActOnce();
         return count;
     }
+
+private:
+    void ActOnce()
+    {
+        if (m_action)
+            std::exchange(m_action, {})();
+    }
+
+    std::function<void()> m_action;
 };
 
 } // namespace
@@ -72,7 +91,7 @@ TEST_F(ManyFiles, ListNamesFilesFoldersAndPatterns)
 {
     WriteSurface("data/a.txt", 10);
     WriteSurface("more/b.txt", 20);
-    m_temporary.Write("list", (m_folder / "data" / "a.txt").string() + "\r\n\r\n" +
+    m_temporary.Write("list", "\xEF\xBB\xBF" + (m_folder / "data" / "a.txt").string() + "\r\n\r\n" +
                                   (m_folder / "more").string() + "\n" +
                                   (m_folder / "data" / "*.txt").string());
     ASSERT_EQ(Run("@$folder/list --out $out --parameters Sz --settings PlaneCorr[Id(8)]"), 0) << m_err.str();
@@ -104,7 +123,10 @@ TEST_F(ManyFiles, InterruptedRunLeavesWhatIsFinishedAndGoesOn)
     const std::string folder = (m_folder / "data").string();
     const std::string out = Out().string();
     const std::vector<const char*> arguments = {folder.c_str(), "--out", out.c_str(), "--parameters", "Sz"};
-    CInterrupting buffer;
+    COnWriting buffer([] {
+        std::raise(SIGINT);
+        EXPECT_EQ(std::signal(SIGINT, SIG_DFL), SIG_DFL) << "the second interruption ends the program";
+    });
     std::ostream err(&buffer);
     EXPECT_EQ(SurfaceReport::RunProgram(arguments, m_out, err), 1);
     const std::string partial = Table();
@@ -147,4 +169,104 @@ TEST_F(ManyFiles, ResumedRunWritesReportsThatAreMissing)
     EXPECT_EQ(Read("data/a.txt.html"), report);
     EXPECT_EQ(Read("data/b.txt.html"), "kept");
     EXPECT_EQ(std::distance(fs::directory_iterator(Out() / "data"), fs::directory_iterator()), 8);
+}
+
+TEST_F(ManyFiles, StateThatCannotBeWrittenIsToldAtTheEnd)
+{
+    for (int i = 0; i < 50; ++i)
+        WriteSurface("data/" + std::to_string(i) + ".txt", i + 1);
+    fs::create_directories(Out() / "report.state" / "in the way");
+    const std::string folder = (m_folder / "data").string();
+    const std::string out = Out().string();
+    const std::vector<const char*> arguments = {folder.c_str(), "--out", out.c_str(), "--parameters", "Sz"};
+    // As long as it takes until the state is saved besides the end.
+    COnWriting buffer([] { std::this_thread::sleep_for(std::chrono::milliseconds(5100)); });
+    std::ostream err(&buffer);
+    EXPECT_EQ(SurfaceReport::RunProgram(arguments, m_out, err), 1);
+}
+
+TEST_F(ManyFiles, WhatIsNoRegularFileIsNotOpened)
+{
+    WriteSurface("a.txt", 10);
+    if (!fs::is_character_file("/dev/null"))
+        GTEST_SKIP() << "there is no device";
+    EXPECT_EQ(Run("/dev/null $folder/a.txt --out $out --parameters Sz"), 1);
+    EXPECT_TRUE(Has(Table(), "\r\n/dev/null\t\tit is no regular file\r\n")) << Table();
+    EXPECT_TRUE(HasRow("a.txt", "10\t"));
+}
+
+TEST_F(ManyFiles, ReportsOfFilesLeaveThoseOfTheTable)
+{
+    WriteSurface("report", 10);
+    WriteSurface("report.sheet", 20);
+    ASSERT_EQ(Run("$folder/report $folder/report.sheet --each --pictures no --csv-separator semicolon "
+                  "--out $out --parameters Sz"),
+              0)
+        << m_err.str();
+    for (const char* name : {"report-2.html", "report-2.sheet.csv", "report.sheet-2.csv"})
+        EXPECT_TRUE(fs::exists(Out() / name)) << name;
+    EXPECT_TRUE(HasRow("report", "10\t"));
+}
+
+TEST_F(ManyFiles, LinkThatLeadsToItselfIsARow)
+{
+    WriteSurface("data/a.txt", 10);
+    std::error_code error;
+    fs::create_symlink("loop.sdf", m_folder / "data" / "loop.sdf", error);
+    if (error)
+        GTEST_SKIP() << "no links can be made";
+    EXPECT_EQ(Run("$folder/data --out $out --parameters Sz"), 1);
+    EXPECT_TRUE(HasRow("data/a.txt", "10\t")) << m_err.str();
+    EXPECT_TRUE(HasRow("data/loop.sdf", "\tthe file cannot be read"));
+    EXPECT_EQ(Run("$folder/data/loop.sdf $folder/data/a.txt --out $out --parameters Sz"), 1);
+    EXPECT_TRUE(HasRow("data/loop.sdf", "\tthe file cannot be read")) << m_err.str();
+}
+
+TEST_F(ManyFiles, ResumedRunReplacesTheReportsOfItsFiles)
+{
+    for (const char* name : {"d0/s.txt", "d1/s.txt", "d2/s.txt"})
+        WriteSurface(name, 10 + name[1] - '0');
+    const std::string options = " --each --pictures no --out $out --parameters Sz,Ra --cutoff ";
+    ASSERT_EQ(Run("$folder/d1/s.txt $folder/d2/s.txt" + options + "3um"), 0) << m_err.str();
+    const auto countFiles = [this] {
+        return std::distance(fs::directory_iterator(Out()), fs::directory_iterator());
+    };
+    const std::string first = Read("s.txt.txt");
+    const std::string second = Read("s.txt-2.txt");
+    const std::string line = "$folder/d0/s.txt $folder/d1/s.txt $folder/d2/s.txt --resume" + options;
+    ASSERT_EQ(Run(line + "3um"), 0) << m_err.str();
+    EXPECT_TRUE(Has(Read("s.txt-3.txt"), "Sz, Maximum Height\t10\t"));
+    EXPECT_TRUE(Read("s.txt.txt") == first && Read("s.txt-2.txt") == second);
+    const auto count = countFiles();
+
+    // A run that ended before it saved a row.
+    std::string state;
+    for (const std::string& text : SplitText(Read("report.state"), '\n'))
+        state += text.starts_with("row\t") ? "" : text + '\n';
+    m_temporary.Write(Out() / "report.state", state);
+    ASSERT_EQ(Run(line + "3um"), 0) << m_err.str();
+    EXPECT_EQ(countFiles(), count);
+
+    ASSERT_EQ(Run(line + "2.5um"), 0) << m_err.str();
+    EXPECT_EQ(countFiles(), count);
+    EXPECT_NE(Read("s.txt.txt"), first) << "of another cut-off";
+}
+
+TEST_F(ManyFiles, NamesThatAreNoUtf8AreTwoRows)
+{
+    try {
+        WriteSurface("data/x\xFF.txt", 10);
+        WriteSurface("data/x\xFE.txt", 20);
+    } catch (const std::exception&) {
+        GTEST_SKIP() << "no such names";
+    }
+    m_temporary.Write("list", (m_folder / "data/x\xFF.txt").string() + "\n" + (m_folder / "data").string());
+    ASSERT_EQ(Run("@$folder/list --out $out --parameters Sz"), 0) << m_err.str();
+    const std::string table = Table();
+    EXPECT_LT(table.find("\t10\t"), table.find("\t20\t")) << table;
+    for (const char* again :
+         {"@$folder/list --resume --parameters Sz --out $out", "--merge $out --out $folder/whole"})
+        EXPECT_EQ(Run(again), 0) << m_err.str();
+    EXPECT_EQ(Table(), table);
+    EXPECT_EQ(m_temporary.Read(m_folder / "whole" / "report.txt"), table);
 }

@@ -91,7 +91,7 @@ TEST_F(Merge, WhatPlugInsSupplyAndWhatIsNotDefinedIsExplained)
     m_temporary.Write("choices.ini",
                       "[SurfaceReport_RoughnessAnalysis_DynamicParameters]\nNumDynamicParameters=1\n"
                       "Dyn1_ParentParam=PlugIn\nDyn1_NumVariables=0\nDyn1_P_On=1\nDyn1_P_Dimension=1\n"
-                      "Dyn1_IniName=Theirs\nDyn1_FriendlyName=Theirs\nDyn1_ShortFriendlyName=Their <S>\n");
+                      "Dyn1_IniName=Theirs\nDyn1_FriendlyName=Their<b>s\nDyn1_ShortFriendlyName=Their <S>\n");
     const std::string options = "--preferences $folder/choices.ini --parameters Theirs,Ssk,Sz";
     for (const char* list : {"all", "first", "second"})
         RunOn(list, options);
@@ -103,6 +103,17 @@ TEST_F(Merge, WhatPlugInsSupplyAndWhatIsNotDefinedIsExplained)
     EXPECT_EQ(Run("--merge $folder/out/first $folder/out/second --out $folder/out/whole"), 1);
     for (const char* name : {"report.txt", "report.html", "report.csv", "report.json", "report.state"})
         EXPECT_EQ(Of("whole", name), Of("all", name)) << name;
+    // What the file of preferences says is text in every table of a page.
+    EXPECT_FALSE(Has(Of("whole", "report.html"), "<S>")) << Of("whole", "report.html");
+    for (const char* layout : {"", " --transpose"}) {
+        ASSERT_EQ(Run("$folder/data/4.txt --out $folder/one --preferences $folder/choices.ini" +
+                      std::string(layout)),
+                  0)
+            << m_err.str();
+        const std::string page = m_temporary.Read(m_folder / "one" / "report.html");
+        EXPECT_TRUE(Has(page, "Their") && !Has(page, "Their<") && !Has(page, "Their <")) << page;
+    }
+    EXPECT_TRUE(Has(m_temporary.Read(m_folder / "one" / "report.txt"), "Their<b>s"));
 }
 
 // No table shows how a value fails; its state does.
@@ -122,6 +133,21 @@ TEST_F(Merge, ValuesThatFailedMakeTheRunFailAndAreTriedAgain)
               "surface_report: values of 1 of 2 files could not be computed; report.html says why\n");
     EXPECT_EQ(RunOn("second", "--parameters Sz,Ssk --resume"), 0) << m_err.str();
     EXPECT_EQ(m_temporary.Read(state), good);
+}
+
+TEST_F(Merge, SetsBehindStepsAreThoseOfAllParts)
+{
+    m_temporary.Write(
+        "my.batch",
+        Fill("[Batch]\nStep1=Apply\nStep1_Type=ImageRoughness\nStep1_Settings=FILE:$folder/my.irs\n"));
+    const std::string options = "--batch Batch[File($folder/my.batch)]";
+    for (const char* part : {"first", "second"}) {
+        m_temporary.Write("my.irs", "[Analysis_RoughnessAnalysis]\n; " + std::string(part) + "\n");
+        RunOn(part, options);
+        ASSERT_TRUE(Has(Of(part, "report.state"), "\nkey\tset ")) << m_err.str();
+    }
+    EXPECT_EQ(Run("--merge $folder/out/first $folder/out/second --out $folder/out/whole"), 1);
+    EXPECT_TRUE(Has(m_err.str(), ": it was computed with version ")) << m_err.str();
 }
 
 TEST_F(Merge, DataOfTheTableHaveReasonsAndDigests)
