@@ -201,6 +201,8 @@ bool CIniStore::Save(const CInifile::FIsOneValue& isOneValue)
         const CSectionScope scope(m_ini, c_versionSection);
         m_ini.WriteInt(c_versionKey, m_schema.version);
     }
+    // So that a file that is cut off lacks it.
+    m_ini.GetDocument().MoveToEnd(m_ini.GetDocument().GetSection(c_versionSection));
     m_account.hasOthers = false;
     const std::uint64_t document = m_ini.m_documentNumber;
     if (!m_ini.SaveChecked(isOneValue,
