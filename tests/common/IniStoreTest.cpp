@@ -9,7 +9,9 @@
 #include "tests/TemporaryFolder.h"
 
 #include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 
 using namespace CommonUI;
 namespace fs = std::filesystem;
@@ -172,6 +174,46 @@ TEST_F(IniStore, WhatIsDamagedLaterIsPutAsideByTheSave)
     EXPECT_EQ(Read(), "k=1\nl=2\n" + c_whole) << "the first save is not lost with the backup's age";
     EXPECT_EQ(ReadAside(), "k=1\nl");
     EXPECT_EQ(store.GetAccount().found, EFound::Damaged);
+}
+
+TEST_F(IniStore, WhatIsDamagedLaterLosesNothingThatOthersHaveSaved)
+{
+    WriteAll({{"file.ini", c_whole}});
+    CIniStore store(Name());
+    CIniStore other(Name());
+    ASSERT_TRUE(store.Load() && other.Load());
+    other.GetInifile().WriteInt(u"k", 1);
+    ASSERT_TRUE(other.Save() && other.Load());
+    m_folder.Write("file.ini", "k=1\nl");
+    store.GetInifile().WriteInt(u"l", 2);
+    EXPECT_TRUE(store.Save());
+    EXPECT_EQ(Read(), "k=1\nl=2\n" + c_whole);
+}
+
+TEST_F(IniStore, NothingOlderTakesTheBackupsPlace)
+{
+    struct CSlowLoad : CRecordingFileSystem {
+        std::function<void()> meanwhile;
+        std::optional<CFile> TryLock(const fs::path& path, std::string_view holder) override
+        {
+            meanwhile();
+            return CRecordingFileSystem::TryLock(path, holder);
+        }
+    } system;
+    const CFileSystemScope scope(system);
+    for (const bool isTaken : {false, true}) {
+        WriteAll({{"file.ini", "k=1\n"}, {c_backup, "k=0\n"}});
+        system.meanwhile = [] {};
+        const auto lock = isTaken ? std::make_unique<CFileLock>(Name()) : nullptr;
+        system.meanwhile = [&] {
+            m_folder.Write("file.ini", "k=2\n");
+            m_folder.Write(c_backup, "k=2\n");
+        };
+        CIniStore store(Name());
+        EXPECT_TRUE(store.Load() && store.GetAccount().GetSentences().empty());
+        EXPECT_EQ(store.GetInifile().ReadInt(u"k", 0), 1);
+        EXPECT_EQ(Read(c_backup), "k=2\n");
+    }
 }
 
 TEST_F(IniStore, VersionsGoUpAndNeverDown)
