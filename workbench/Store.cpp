@@ -32,6 +32,17 @@ double WithinOr(double value, double lowest, double highest, double otherwise)
     return value >= lowest && value <= highest ? value : otherwise;
 }
 
+// A name that only later versions know stays until the user chooses another one.
+EInterfaceScheme ReadColors(CInifile& ini)
+{
+    constexpr std::u16string_view c_key = u"Colors";
+    const auto& names = GetInterfaceSchemeEnum();
+    const auto scheme = static_cast<EInterfaceScheme>(names.GetValue(ini.ReadText(c_key)));
+    if (ini.HasKey(c_key))
+        ini.KeepUnknown(c_key, names.GetIniName(static_cast<int>(scheme)));
+    return scheme;
+}
+
 } // namespace
 
 CStore::CStore()
@@ -48,7 +59,7 @@ CStore::CStore()
     look.lightAround = WithinOr(ini.ReadDouble(u"LightAround", look.lightAround), 0, 360, look.lightAround);
     look.lightAbove = WithinOr(ini.ReadDouble(u"LightAbove", look.lightAbove), 0, 90, look.lightAbove);
     look.isParallel = ini.ReadBool(u"Parallel", look.isParallel);
-    colors = static_cast<EInterfaceScheme>(GetInterfaceSchemeEnum().GetValue(ini.ReadText(u"Colors")));
+    colors = ReadColors(ini);
     showsMap = ini.ReadBool(u"ShowMap", true);
     showsBlock = ini.ReadBool(u"ShowBlock", true);
 }

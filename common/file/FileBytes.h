@@ -24,7 +24,8 @@ COMMONDLL_API bool FileExists(const CStr& fileName);
 /// the temporary removed, when that fails; what is no regular file, or not to be written, is not replaced.
 ///
 /// The temporary's name holds the file's: "~name.0123456789abcdef.tmp". What a process that was killed has
-/// left of a file goes with the next success, if it is older than a minute.
+/// left of a file goes with a later success, if it is older than a minute; a process looks for it once a
+/// minute.
 COMMONDLL_API bool ReplaceFileBytes(const CStr& fileName, std::string_view bytes, CStr& reason);
 
 } // namespace CommonUI

@@ -8,10 +8,13 @@
 #include <chrono>
 #include <fstream>
 #include <ios>
+#include <map>
+#include <mutex>
 #include <optional>
 #include <random>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace CommonUI
 {
@@ -38,12 +41,60 @@ fs::path MakeTemporaryPath(const fs::path& target)
     return target.parent_path() / name.append(c_temporaryEnd.begin(), c_temporaryEnd.end());
 }
 
-bool IsTemporaryOf(const std::u8string& start, const fs::path& path)
+bool IsTemporary(std::u8string_view name)
 {
-    const std::u8string name = path.filename().u8string();
-    const std::u8string_view end = std::u8string_view(name).substr(std::min(start.size(), name.size()));
-    return name.starts_with(start) && end.size() == c_temporaryDigits + c_temporaryEnd.size() &&
-           end.ends_with(u8".tmp") && end.find_first_not_of(u8"0123456789abcdef") == c_temporaryDigits;
+    constexpr std::size_t c_length = c_temporaryDigits + c_temporaryEnd.size();
+    const std::u8string_view end = name.substr(name.size() - std::min(c_length, name.size()));
+    return name.starts_with(u8'~') && end.ends_with(u8".tmp") &&
+           end.find_first_not_of(u8"0123456789abcdef") == c_temporaryDigits;
+}
+
+// The temporaries in folders, looked for once in a while, as a folder may be large and each of its files be
+// written.
+class CTemporaries
+{
+public:
+    // Those whose names have nothing but digits and the end behind `start`.
+    std::vector<fs::path> Find(const fs::path& folder, const std::u8string& start)
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto now = std::chrono::steady_clock::now();
+        if (now - m_since > std::chrono::minutes(1))
+            m_names.clear();
+        if (m_names.empty())
+            m_since = now;
+        auto listed = m_names.find(folder);
+        if (listed == m_names.end())
+            listed = m_names.emplace(folder, List(folder)).first;
+        std::vector<fs::path> found;
+        for (const std::u8string& name : listed->second)
+            if (name.starts_with(start) &&
+                name.size() == start.size() + c_temporaryDigits + c_temporaryEnd.size())
+                found.push_back(folder / name);
+        return found;
+    }
+
+private:
+    static std::vector<std::u8string> List(const fs::path& folder)
+    {
+        std::vector<std::u8string> names;
+        GetFileSystem().List(folder, [&](const fs::path& name) {
+            if (std::u8string text = name.filename().u8string(); IsTemporary(text))
+                names.push_back(std::move(text));
+        });
+        return names;
+    }
+
+    std::mutex m_mutex{};
+    std::chrono::steady_clock::time_point m_since{};
+    std::map<fs::path, std::vector<std::u8string>> m_names{};
+};
+
+CTemporaries& GetTemporaries()
+{
+    // Never destroyed, as destructors of static objects may still write files.
+    static auto& temporaries = *new CTemporaries;
+    return temporaries;
 }
 
 // Removes what killed processes have left. Not being able to is no fault of the new content.
@@ -51,14 +102,11 @@ void RemoveOldTemporaries(const fs::path& target)
 {
     constexpr std::chrono::minutes c_leastAge(1);
     try {
-        const std::u8string start = GetTemporaryStart(target);
         const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-        GetFileSystem().List(folder, [&](const fs::path& name) {
-            const fs::path entry = folder / name;
-            if (IsTemporaryOf(start, name) && fs::is_regular_file(fs::symlink_status(entry)) &&
+        for (const fs::path& entry : GetTemporaries().Find(folder, GetTemporaryStart(target)))
+            if (fs::is_regular_file(fs::symlink_status(entry)) &&
                 fs::file_time_type::clock::now() - fs::last_write_time(entry) > c_leastAge)
                 fs::remove(entry);
-        });
     } catch (const std::exception&) {
         return;
     }

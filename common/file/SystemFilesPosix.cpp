@@ -131,6 +131,8 @@ public:
     std::optional<CFile> TryLock(const fs::path& path, std::string_view holder) override
     {
         const int descriptor = OpenLock(path);
+        if (descriptor < 0)
+            return std::nullopt;
         if (Retry([&] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) != 0) {
             const int error = errno;
             ::close(descriptor);
@@ -166,14 +168,16 @@ public:
     std::uint64_t GetProcess() const noexcept override { return static_cast<std::uint64_t>(::getpid()); }
 
 private:
-    // Somebody else's file may be one that this process can read only, which is enough.
+    // Somebody else's file may be one that this process can read only, which is enough. Negative where it has
+    // gone by then.
     static int OpenLock(const fs::path& path)
     {
         int descriptor = Open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW);
         const int error = errno;
         if (descriptor < 0 && error == EACCES)
             descriptor = Open(path.c_str(), O_RDONLY | O_NOFOLLOW);
-        if (descriptor < 0)
+        const bool hasGone = error == EACCES && errno == ENOENT;
+        if (descriptor < 0 && !hasGone)
             Throw(error, "cannot lock");
         return descriptor;
     }

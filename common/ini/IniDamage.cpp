@@ -53,9 +53,23 @@ std::vector<SName> ListNames(CIniDocument& document)
     return names;
 }
 
+// Whether the last line, which has no line end, is a key with a part of its earlier value.
+bool HasPartOfValue(const std::string& bytes, const std::string& earlier)
+{
+    CIniDocument file(bytes);
+    CIniDocument before(earlier);
+    const std::vector<SName> names = ListNames(file);
+    if (names.empty() || ParseIniLine(LastLineOf(DecodeIni(bytes).text)).kind != EIniLine::Key)
+        return false;
+    const auto& [section, key] = names.back();
+    const auto value = file.GetValue(file.GetSection(section), key);
+    const auto whole = before.GetValue(before.GetSection(section), key);
+    return value && whole && value != whole && whole->starts_with(*value);
+}
+
 // Whether the end of the earlier version is gone, and nothing in front of it. Where the last line is whole,
-// only if the version, which stores set there, went with something else: who takes a section out by hand, or
-// puts an old file back, shall not be told that it is damaged.
+// only if the version, with which stores end, went with something else, or from behind something new: who
+// takes a section out by hand, or puts an old file back, shall not be told that it is damaged.
 bool LacksEnd(const std::string& bytes, const std::string& earlier, bool isInLine)
 {
     CIniDocument file(bytes);
@@ -70,7 +84,10 @@ bool LacksEnd(const std::string& bytes, const std::string& earlier, bool isInLin
         return false;
     const bool hasVersion = std::ranges::any_of(
         gone, [](const SName& name) { return name.section == c_versionSection && name.key == c_versionKey; });
-    return isInLine || (hasVersion && gone.size() > 1);
+    const auto isNew = [&](const SName& name) {
+        return !before.GetValue(before.GetSection(name.section), name.key);
+    };
+    return isInLine || (hasVersion && (gone.size() > 1 || std::ranges::any_of(ListNames(file), isNew)));
 }
 
 } // namespace
@@ -100,7 +117,8 @@ std::optional<SIniDamage> FindIniDamage(const std::string& bytes, const std::str
     const bool isInLine = !HasLineEnd(text) && HasLineEnd(DecodeIni(earlier).text);
     const bool isPart =
         earlier.starts_with(bytes) && earlier.find_first_not_of(c_lineEnds, bytes.size()) != earlier.npos;
-    if ((isPart && (isInLine || text.empty())) || LacksEnd(bytes, earlier, isInLine))
+    if ((isPart && (isInLine || text.empty())) || LacksEnd(bytes, earlier, isInLine) ||
+        (isInLine && HasPartOfValue(bytes, earlier)))
         return SIniDamage{EIniDamage::CutOff, CountLines(text)};
     return std::nullopt;
 }

@@ -468,6 +468,33 @@ void CIniDocument::EraseKey(std::uint32_t line)
                            [this](std::uint32_t gone) { return m_lines[gone].kind == EKind::Removed; });
 }
 
+void CIniDocument::MoveToEnd(std::uint32_t section)
+{
+    std::uint32_t lastHeader = c_none;
+    for (std::uint32_t line = m_firstLine; line != c_none; line = m_lines[line].next)
+        if (m_lines[line].kind == EKind::Header)
+            lastHeader = line;
+    if (section == 0 || !Exists(section) || m_sections[section].lastHeader == lastHeader)
+        return;
+    EnsureLineEnd(m_lastLine);
+    std::string others, moved, filler;
+    bool isWithin = false;
+    for (std::uint32_t line = m_firstLine; line != c_none; line = m_lines[line].next) {
+        const SRecord& record = m_lines[line];
+        if (record.kind == EKind::Filler) {
+            filler += TextOf(record);
+            continue;
+        }
+        // What stands in front of a header is about that.
+        if (record.kind == EKind::Header) {
+            others += std::exchange(filler, {});
+            isWithin = record.section == section;
+        }
+        (isWithin ? moved : others).append(std::exchange(filler, {})).append(TextOf(record));
+    }
+    Parse(others + filler + moved);
+}
+
 std::uint32_t CIniDocument::AddLine(std::string_view line, std::uint32_t section)
 {
     CLineEnds lineEnds(line);

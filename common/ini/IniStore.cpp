@@ -86,6 +86,7 @@ bool CIniStore::Load()
 {
     m_ini.Forget();
     m_account = {};
+    m_backup.reset();
     const bool loaded = WithinMemory(m_account.reason, [this] { return LoadFile(); });
     if (!loaded) {
         if (m_account.found != EFound::Damaged)
@@ -121,17 +122,16 @@ bool CIniStore::LoadFile()
     if (FindDamage(bytes, backup))
         return LoadRepaired();
     m_ini.TakeStored(bytes);
-    KeepBackup(bytes, backup);
+    m_backup = backup == bytes || KeepBackup(bytes) ? bytes : std::move(backup);
     Migrate();
     return true;
 }
 
+// The backup first, so that it is no newer than the file.
 bool CIniStore::Read(std::string& bytes, std::optional<std::string>& backup)
 {
-    if (!ReadFileBytes(m_account.fileName, bytes, CIniDocument::c_maximumSize, m_account.reason))
-        return false;
     backup = ReadBackup(m_account.fileName);
-    return true;
+    return ReadFileBytes(m_account.fileName, bytes, CIniDocument::c_maximumSize, m_account.reason);
 }
 
 bool CIniStore::FindDamage(const std::string& bytes, const std::optional<std::string>& backup)
@@ -160,6 +160,7 @@ bool CIniStore::LoadRepaired()
         bytes = *backup;
     }
     m_ini.TakeStored(std::move(bytes));
+    m_backup = std::move(backup);
     Migrate();
     return true;
 }
@@ -177,10 +178,16 @@ bool CIniStore::Repair(const std::string& damaged, const std::optional<std::stri
     return true;
 }
 
-void CIniStore::KeepBackup(const std::string& bytes, const std::optional<std::string>& backup)
+// Another program may have saved meanwhile, and kept what it loaded then: nothing older takes its place. Who
+// has the lock saves, and a later load keeps that.
+bool CIniStore::KeepBackup(const std::string& bytes)
 {
-    if (backup != bytes)
-        KeepBackupFile(m_account.fileName, bytes, m_account.noBackup);
+    constexpr std::chrono::milliseconds c_patience{100};
+    const CFileLock lock(m_account.fileName, c_patience);
+    std::string now;
+    CStr ignored;
+    return !lock.IsTaken() && ReadFileBytes(m_account.fileName, now, CIniDocument::c_maximumSize, ignored) &&
+           now == bytes && KeepBackupFile(m_account.fileName, bytes, m_account.noBackup);
 }
 
 void CIniStore::Migrate()
@@ -201,20 +208,26 @@ bool CIniStore::Save(const CInifile::FIsOneValue& isOneValue)
         const CSectionScope scope(m_ini, c_versionSection);
         m_ini.WriteInt(c_versionKey, m_schema.version);
     }
+    // So that a file that is cut off lacks it.
+    m_ini.GetDocument().MoveToEnd(m_ini.GetDocument().GetSection(c_versionSection));
     m_account.hasOthers = false;
     const std::uint64_t document = m_ini.m_documentNumber;
-    if (!m_ini.SaveChecked(isOneValue,
-                           [this](std::string& there, CStr& reason) { return Check(there, reason); }))
+    std::optional<std::string> backup = m_backup;
+    if (!m_ini.SaveChecked(isOneValue, [&](std::string& there, CStr& reason) {
+            backup = ReadBackup(m_account.fileName);
+            return Check(there, backup, reason);
+        }))
         return false;
+    m_backup = std::move(backup);
     m_account.hasOthers = m_ini.m_documentNumber != document;
     m_account.version = std::max(m_account.version, m_schema.version);
     return true;
 }
 
-bool CIniStore::Check(std::string& there, CStr& reason)
+bool CIniStore::Check(std::string& there, const std::optional<std::string>& backup, CStr& reason)
 {
     const bool isAsLoaded = m_ini.m_stored && there == *m_ini.m_stored;
-    if (!isAsLoaded && !CheckWhole(there, reason))
+    if (!isAsLoaded && !CheckWhole(there, backup, reason))
         return false;
     const int version = VersionOf(there);
     if (version > std::max(m_account.version, m_schema.version)) {
@@ -225,17 +238,17 @@ bool CIniStore::Check(std::string& there, CStr& reason)
 }
 
 // What somebody has damaged since it was loaded is put aside; what it was then is a whole version, too, and
-// no older than the one that is kept.
-bool CIniStore::CheckWhole(std::string& there, CStr& reason)
+// no older than the backup, unless that has become another one: somebody has saved and loaded since.
+bool CIniStore::CheckWhole(std::string& there, const std::optional<std::string>& backup, CStr& reason)
 {
-    const std::optional<std::string> backup = ReadBackup(m_account.fileName);
-    const auto damage = backup ? FindIniDamage(there, *backup) : FindIniDamage(there);
+    const bool hasNewerBackup = backup && backup != m_backup;
+    const std::optional<std::string> whole = m_ini.m_stored && !hasNewerBackup ? *m_ini.m_stored : backup;
+    const auto damage = whole ? FindIniDamage(there, *whole) : FindIniDamage(there);
     if (!damage)
         return true;
     m_account.found = EFound::Damaged;
     m_account.reason = reason = Describe(*damage);
     m_account.keptAs = m_account.noRepair = {};
-    const std::optional<std::string> whole = m_ini.m_stored ? *m_ini.m_stored : backup;
     if (!Repair(there, whole))
         return false;
     ReportAccount();

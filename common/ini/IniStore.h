@@ -59,15 +59,16 @@ private:
     bool Read(std::string& bytes, std::optional<std::string>& backup);
     bool FindDamage(const std::string& bytes, const std::optional<std::string>& backup);
     bool Repair(const std::string& damaged, const std::optional<std::string>& backup);
-    void KeepBackup(const std::string& bytes, const std::optional<std::string>& backup);
+    bool KeepBackup(const std::string& bytes);
     void Migrate();
-    bool Check(std::string& there, CStr& reason);
-    bool CheckWhole(std::string& there, CStr& reason);
+    bool Check(std::string& there, const std::optional<std::string>& backup, CStr& reason);
+    bool CheckWhole(std::string& there, const std::optional<std::string>& backup, CStr& reason);
     bool KeepEarlier(const std::string& there, int version, CStr& reason);
 
     SStoreSchema m_schema;
     CInifile m_ini{};
     SStoreAccount m_account{};
+    std::optional<std::string> m_backup{}; // what it was at the last load or save, and no newer than that
 };
 
 } // namespace CommonUI

@@ -6,6 +6,7 @@
 #include "common/file/detail/CompanionName.h"
 #include "common/file/FileBytes.h"
 #include "common/file/FileLock.h"
+#include "common/ini/detail/IniDamage.h"
 #include "common/ini/detail/IniDocument.h"
 #include "common/ini/detail/IniEncoding.h"
 #include "common/ini/detail/IniMerge.h"
@@ -319,6 +320,8 @@ bool CInifile::SaveWithTheirs(std::string theirs, const FIsOneValue& isOneValue,
     const CStr section = GetSection();
     auto merged = std::make_unique<CIniDocument>(merge.TakeMerged());
     const unsigned number = merged->GetSection(section);
+    // New sections come behind all others, but a store ends with its version.
+    merged->MoveToEnd(merged->GetSection(c_versionSection));
     if (!SaveBytes(merged->ToBytes(), reason))
         return false;
     SetDocument(std::move(merged));

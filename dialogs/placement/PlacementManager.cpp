@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 #include <ranges>
 
 namespace CommonUI
@@ -69,6 +70,28 @@ std::vector<CStr> ToTexts(const SWindowPlacement& placement)
     return texts;
 }
 
+// The words behind a placement that mean nothing here, as those of a later version.
+std::vector<CStr> UnknownWordsOf(std::vector<CStr> texts)
+{
+    texts.erase(texts.begin(), texts.begin() + c_numberCount);
+    std::erase_if(texts, [](const CStr& text) { return text == c_maximized || text == c_hidden; });
+    return texts;
+}
+
+// Removes all placements from the section, not what is none. Returns what is to stay of each, by its key.
+std::map<CStr, std::vector<CStr>> RemovePlacements(CInifile& ini)
+{
+    std::map<CStr, std::vector<CStr>> unknown;
+    for (const CStr& key : ini.GetKeys()) {
+        std::vector<CStr> texts = ini.ReadTexts(key);
+        if (key == c_setUpsKey || !ParsePlacement(texts))
+            continue;
+        unknown[key] = UnknownWordsOf(std::move(texts));
+        ini.RemoveKey(key);
+    }
+    return unknown;
+}
+
 } // namespace
 
 std::optional<SWindowPlacement> CPlacementManager::Find(const CStr& window, const CStr& setUp) const
@@ -129,15 +152,19 @@ bool CPlacementManager::Load(CInifile& ini)
 bool CPlacementManager::Save(CInifile& ini)
 {
     const CSectionScope scope(ini, c_section);
-    ini.ClearSection();
+    std::map<CStr, std::vector<CStr>> unknown = RemovePlacements(ini);
     std::vector<CStr> names;
     names.reserve(m_setUps.size());
     for (const SSetUp& setUp : m_setUps)
         names.push_back(setUp.name);
     ini.WriteTexts(c_setUpsKey, names);
     for (const SSetUp& setUp : m_setUps)
-        for (const auto& [window, placement] : setUp.windows)
-            ini.WriteTexts(GetKey(window, setUp.name), ToTexts(placement));
+        for (const auto& [window, placement] : setUp.windows) {
+            const CStr key = GetKey(window, setUp.name);
+            std::vector<CStr> texts = ToTexts(placement);
+            texts.insert(texts.end(), unknown[key].begin(), unknown[key].end());
+            ini.WriteTexts(key, texts);
+        }
     return true;
 }
 

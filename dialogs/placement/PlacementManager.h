@@ -35,7 +35,7 @@ public:
     /// Replaces what is remembered by what the section holds. A placement that is none is left out, with a
     /// line in the diagnostics. @return true always
     bool Load(CInifile& ini) override;
-    /// Writes the section anew. @return true always
+    /// Replaces the section's placements; what is none stays, also words behind them. @return true always
     bool Save(CInifile& ini) override;
 
 private:

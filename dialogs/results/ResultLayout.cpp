@@ -4,6 +4,7 @@
 #include "common/ini/SectionScope.h"
 #include "common/NumberText.h"
 
+#include <map>
 #include <vector>
 
 namespace CommonUI
@@ -151,6 +152,44 @@ CWords ToWords(const SColumnLayout& column)
     return words;
 }
 
+// The name of the results that a key is of.
+CStr NameOf(const CStr& key)
+{
+    return key.Left(key.Find(u' '));
+}
+
+bool TakeWord(const CStr& key, const CStr& word, SResultLayout& layout)
+{
+    const std::size_t blank = key.Find(u' ');
+    if (blank >= key.GetLength())
+        return TakeTableWord(word, layout);
+    return TakeColumnWord(word, layout.columns[key.Mid(blank + 1, key.GetLength())]);
+}
+
+// Removes all layouts from the section. Returns the words that are none, as those of a later version, by
+// their keys.
+std::map<CStr, CWords> RemoveLayouts(CInifile& ini)
+{
+    std::map<CStr, CWords> unknown;
+    for (const CStr& key : ini.GetKeys()) {
+        CWords words = ini.ReadTexts(key);
+        SResultLayout ignored;
+        const std::size_t removed =
+            std::erase_if(words, [&](const CStr& word) { return TakeWord(key, word, ignored); });
+        if (removed > 0)
+            ini.RemoveKey(key);
+        if (!words.empty())
+            unknown[key] = std::move(words);
+    }
+    return unknown;
+}
+
+// Behind what is unknown: of two words for the same thing the last counts.
+void AddWords(std::map<CStr, CWords>& all, const CStr& key, const CWords& words)
+{
+    all[key].insert(all[key].end(), words.begin(), words.end());
+}
+
 } // namespace
 
 SNumberProfile SResultLayout::GetProfile(ENumberProfile kind) const
@@ -171,12 +210,9 @@ bool CResultLayoutManager::Load(CInifile& ini)
     Clear();
     const CSectionScope scope(ini, c_section);
     for (const CStr& key : ini.GetKeys()) {
-        const std::size_t blank = key.Find(u' ');
-        SResultLayout& layout = m_layouts[key.Left(blank)];
+        SResultLayout& layout = m_layouts[NameOf(key)];
         for (const CStr& word : ini.ReadTexts(key)) {
-            const bool isTable = blank >= key.GetLength();
-            if (isTable ? TakeTableWord(word, layout)
-                        : TakeColumnWord(word, layout.columns[key.Mid(blank + 1, key.GetLength())]))
+            if (TakeWord(key, word, layout))
                 continue;
             GetDiagnostics().Write(u"ResultDialog", EDiagnosticLevel::Warning,
                                    CStr::Format(u"\"%s\" of \"%s\" is no layout.", word, key));
@@ -188,15 +224,17 @@ bool CResultLayoutManager::Load(CInifile& ini)
 bool CResultLayoutManager::Save(CInifile& ini)
 {
     const CSectionScope scope(ini, c_section);
-    ini.ClearSection();
+    std::map<CStr, CWords> words = RemoveLayouts(ini);
     for (const auto& [name, layout] : m_layouts) {
         if (name.IsEmpty())
             continue; // of a panel that has no results yet
-        ini.WriteTexts(name, ToWords(layout));
+        AddWords(words, name, ToWords(layout));
         for (const auto& [key, column] : layout.columns)
             if (column != SColumnLayout())
-                ini.WriteTexts(name + u" " + key, ToWords(column));
+                AddWords(words, name + u" " + key, ToWords(column));
     }
+    for (const auto& [key, all] : words)
+        ini.WriteTexts(key, all);
     return true;
 }
 

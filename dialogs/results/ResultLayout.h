@@ -68,7 +68,7 @@ public:
     /// Replaces what is remembered by what the section holds. What is no layout is left out, with a line in
     /// the diagnostics. @return true always
     bool Load(CInifile& ini) override;
-    /// Writes the section anew. @return true always
+    /// Replaces the section's layouts; words that are none stay. @return true always
     bool Save(CInifile& ini) override;
 
 private:

@@ -9,7 +9,9 @@
 #include "tests/TemporaryFolder.h"
 
 #include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 
 using namespace CommonUI;
 namespace fs = std::filesystem;
@@ -80,6 +82,10 @@ TEST_F(IniStore, WhatIsDamagedIsPutAsideAndTheBackupTaken)
         {"[A]\na=1\n[B]\nb=2\n[FileFormat]\nVersion=", c_whole, u"it is cut off in line 6", false},
         {"", c_whole, u"it is cut off in line 0", false},
         {"[A]\na=1\n[B]\nb=2\nc=3", c_whole, u"it is cut off in line 5", false},
+        // Something was saved behind the backup's age, and a part of it lost.
+        {"[A]\na=1\n[B]\nb=2\n[C]\nc=3\n", c_whole, u"it is cut off in line 6", false},
+        {"[A]\n[B]\nb=3\n[FileFormat]\nVersion=", c_whole, u"it is cut off in line 5", false},
+        {"[B]\nb=3\n[A]\na=", "[B]\nb=2\n[A]\na=12\n", u"it is cut off in line 4", false},
         // What people and other programs do.
         {unversioned, c_whole, u"", false},
         {"[A]\n[B]\nb=2\n", c_whole, u"", false},
@@ -170,6 +176,46 @@ TEST_F(IniStore, WhatIsDamagedLaterIsPutAsideByTheSave)
     EXPECT_EQ(store.GetAccount().found, EFound::Damaged);
 }
 
+TEST_F(IniStore, WhatIsDamagedLaterLosesNothingThatOthersHaveSaved)
+{
+    WriteAll({{"file.ini", c_whole}});
+    CIniStore store(Name());
+    CIniStore other(Name());
+    ASSERT_TRUE(store.Load() && other.Load());
+    other.GetInifile().WriteInt(u"k", 1);
+    ASSERT_TRUE(other.Save() && other.Load());
+    m_folder.Write("file.ini", "k=1\nl");
+    store.GetInifile().WriteInt(u"l", 2);
+    EXPECT_TRUE(store.Save());
+    EXPECT_EQ(Read(), "k=1\nl=2\n" + c_whole);
+}
+
+TEST_F(IniStore, NothingOlderTakesTheBackupsPlace)
+{
+    struct CSlowLoad : CRecordingFileSystem {
+        std::function<void()> meanwhile;
+        std::optional<CFile> TryLock(const fs::path& path, std::string_view holder) override
+        {
+            meanwhile();
+            return CRecordingFileSystem::TryLock(path, holder);
+        }
+    } system;
+    const CFileSystemScope scope(system);
+    for (const bool isTaken : {false, true}) {
+        WriteAll({{"file.ini", "k=1\n"}, {c_backup, "k=0\n"}});
+        system.meanwhile = [] {};
+        const auto lock = isTaken ? std::make_unique<CFileLock>(Name()) : nullptr;
+        system.meanwhile = [&] {
+            m_folder.Write("file.ini", "k=2\n");
+            m_folder.Write(c_backup, "k=2\n");
+        };
+        CIniStore store(Name());
+        EXPECT_TRUE(store.Load() && store.GetAccount().GetSentences().empty());
+        EXPECT_EQ(store.GetInifile().ReadInt(u"k", 0), 1);
+        EXPECT_EQ(Read(c_backup), "k=2\n");
+    }
+}
+
 TEST_F(IniStore, VersionsGoUpAndNeverDown)
 {
     SStoreSchema schema{.version = 3, .steps = {}};
@@ -206,6 +252,30 @@ TEST_F(IniStore, VersionsGoUpAndNeverDown)
         EXPECT_EQ(store.GetAccount().GetSentences().size(), static_cast<std::size_t>(row.sentences));
         EXPECT_TRUE(store.Load());
         EXPECT_EQ(store.GetInifile().GetBytes(), row.after) << "nothing is done twice";
+    }
+}
+
+// Or else who cuts off what stands behind it would not be noticed.
+TEST_F(IniStore, TheVersionIsTheLastThing)
+{
+    const std::string version = "[FileFormat]\n# which\nVersion=1\n";
+    for (const bool isMerged : {false, true}) {
+        WriteAll({{"file.ini", "a=1\n" + version + "# of B\n[B]\nb=2"}});
+        CIniStore store(Name());
+        ASSERT_TRUE(store.Load());
+        store.GetInifile().SelectSection(u"C");
+        store.GetInifile().WriteInt(u"c", 3);
+        if (isMerged)
+            m_folder.Write("file.ini", "a=2\n" + version + "# of B\n[B]\nb=2\n");
+        EXPECT_TRUE(store.Save());
+        const std::string whole =
+            std::string(isMerged ? "a=2" : "a=1") + "\n# of B\n[B]\nb=2\n[C]\nc=3\n" + version;
+        EXPECT_EQ(Read(), whole);
+        store.GetInifile().WriteInt(u"d", 4);
+        EXPECT_TRUE(store.Save() && store.Load() && store.GetInifile().ReadInt(u"d", 0) == 4);
+        m_folder.Write("file.ini", Read().substr(0, Read().find("d=4")));
+        EXPECT_TRUE(store.Load());
+        EXPECT_EQ(store.GetAccount().found, EFound::Damaged);
     }
 }
 

@@ -1,12 +1,15 @@
 #include "common/ini/SectionScope.h"
 #include "tests/common/FailingAllocation.h"
 #include "tests/common/InifileTesting.h"
+#include "tests/common/RecordingFileSystem.h"
 #include "tests/FullDisk.h"
 #include "tests/TemporaryFolder.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <string>
+#include <vector>
 
 using namespace CommonUI;
 namespace fs = std::filesystem;
@@ -191,22 +194,36 @@ TEST_F(InifileFile, RestsOfKilledSavesGo)
     const std::string longest(232, 'x');
     std::string longName = longest;
     longName += "\u00E4yy";
-    const std::pair<std::string, std::string> rows[] = {{"a.ini", "a.ini"}, {longName, longest}};
-    for (const auto& [name, part] : rows) {
-        const auto rest = [&part](const char* digits) { return "~" + part + "." + digits + ".tmp"; };
-        const std::string old = rest("0123456789abcdef");
-        const std::string young = rest("0123456789abcdee");
-        const std::string others[] = {"~b" + old.substr(2), rest("0123456789abcde"),
-                                      rest("0123456789abcdeX")};
-        const auto age = fs::file_time_type::clock::now() - std::chrono::hours(1);
-        for (const std::string& file : {old, others[0], others[1], others[2]}) {
+    const struct SRow {
+        std::string name;
+        std::string part;
+
+        std::string Rest(const char* digits) const { return "~" + part + "." + digits + ".tmp"; }
+        std::string Old() const { return Rest("0123456789abcdef"); }
+        std::string Young() const { return Rest("0123456789abcdee"); }
+        std::vector<std::string> Others() const
+        {
+            return {"~b" + Old().substr(2), Rest("0123456789abcde"), Rest("0123456789abcdeX")};
+        }
+    } rows[] = {{"a.ini", "a.ini"}, {longName, longest}};
+    const auto age = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    for (const SRow& row : rows) {
+        m_folder.Write(row.Old(), "x");
+        fs::last_write_time(PathOf(row.Old()), age);
+        for (const std::string& file : row.Others()) {
             m_folder.Write(file, "x");
             fs::last_write_time(PathOf(file), age);
         }
-        m_folder.Write(young, "x");
-        EXPECT_TRUE(IniOf("k=1").SaveCopy(NameOf(name)));
-        EXPECT_FALSE(fs::exists(PathOf(old))) << name;
-        for (const std::string& file : {young, others[0], others[1], others[2]})
+        m_folder.Write(row.Young(), "x");
+    }
+    CRecordingFileSystem system;
+    const CFileSystemScope scope(system);
+    for (const SRow& row : rows) {
+        EXPECT_TRUE(IniOf("k=1").SaveCopy(NameOf(row.name)));
+        EXPECT_FALSE(fs::exists(PathOf(row.Old()))) << row.name;
+        EXPECT_TRUE(fs::exists(PathOf(row.Young()))) << row.name;
+        for (const std::string& file : row.Others())
             EXPECT_TRUE(fs::exists(PathOf(file))) << file;
     }
+    EXPECT_EQ(system.lists, 1) << "folders may be large";
 }

@@ -5,6 +5,7 @@
 #include "tests/common/RecordingFileSystem.h"
 #include "tests/TemporaryFolder.h"
 
+#include <cerrno>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <thread>
@@ -142,6 +143,8 @@ TEST_F(InifileMerge, LocksOneAfterTheOther)
     m_folder.Write("~file.ini.lock", "process 1");
     EXPECT_TRUE(GetLockHolder(Name()).IsEmpty()) << "a process that was killed";
     EXPECT_TRUE(CFileLock(Name()).IsHeld());
+    FailToOpen({EACCES, ENOENT});
+    EXPECT_TRUE(CFileLock(Name()).IsHeld()) << "somebody else's, which went meanwhile";
     EXPECT_EQ(CountFiles(), 0u);
     const CFileLock nowhere((m_folder.GetPath() / "none" / "file").u16string());
     EXPECT_FALSE(nowhere.IsHeld() || nowhere.IsTaken());

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdio>
+#include <deque>
 #include <dlfcn.h>
 #include <sys/types.h>
 
@@ -18,6 +19,7 @@ constexpr std::array c_names{"open", "write", "fsync", "close", "rename", "flock
 
 bool s_isOn = false;
 std::array<int, CallCount> s_calls{};
+std::deque<int> s_openErrors;
 
 bool IsInterrupted(ECall call)
 {
@@ -62,6 +64,11 @@ FILE* InterruptedOpenStream(const char* path, const char* mode) __asm__("fopen64
 
 int InterruptedOpen(const char* path, int flags, mode_t mode)
 {
+    if (!s_openErrors.empty()) {
+        errno = s_openErrors.front();
+        s_openErrors.pop_front();
+        return -1;
+    }
     return CallOrInterrupt<Open>(-1, path, flags, mode);
 }
 
@@ -117,4 +124,9 @@ std::map<std::string, int> CInterruptedCalls::GetCounts() const
     for (std::size_t call = 0; call < c_names.size(); ++call)
         counts[c_names[call]] = (s_calls[call] + 1) / 2;
     return counts;
+}
+
+void FailToOpen(std::initializer_list<int> errors)
+{
+    s_openErrors = errors;
 }

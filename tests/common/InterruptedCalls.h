@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <map>
 #include <string>
 
@@ -16,3 +17,6 @@ public:
     /// How often which call was interrupted.
     std::map<std::string, int> GetCounts() const;
 };
+
+/// Makes the next calls that open files fail, each with the next of the errors.
+void FailToOpen(std::initializer_list<int> errors);

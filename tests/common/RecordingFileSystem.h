@@ -26,6 +26,7 @@ public:
     const std::map<std::filesystem::path, std::string>& GetReplaced() const { return m_replaced; }
     bool hasLocks = true;
     bool hasLinks = true;
+    int lists = 0; // how often a folder was listed
 
     CFile Create(const std::filesystem::path& path) override
     {
@@ -70,6 +71,7 @@ public:
     void List(const std::filesystem::path& folder,
               const std::function<void(const std::filesystem::path&)>& visit) override
     {
+        ++lists;
         m_system.List(folder, visit);
     }
     std::optional<CFile> TryLock(const std::filesystem::path& path, std::string_view holder) override

@@ -1,7 +1,9 @@
+#include "common/ini/SectionScope.h"
 #include "dialogs/results/MemoryResultPanelView.h"
 #include "platform/memory/MemoryClipboard.h"
 #include "platform/memory/MemoryFileDialogService.h"
 #include "platform/memory/MemoryMessageBoxService.h"
+#include "tests/DiagnosticsCapture.h"
 #include "tests/FullDisk.h"
 #include "tests/Script.h"
 #include "tests/TemporaryFolder.h"
@@ -241,6 +243,29 @@ TEST(ResultPanel, FilesHoldWhatIsShown)
     EXPECT_EQ(folder.Read("results"), before) << "stays whole";
     ASSERT_EQ(boxes.GetShown().size(), 1U);
     EXPECT_EQ(boxes.GetShown()[0].text.Find(path + u" cannot be written: "), 0U);
+}
+
+TEST(ResultLayout, WordsOfLaterVersionsStay)
+{
+    CInifile ini;
+    ini.LoadBytes("[ResultDialog]\nA=Folded,Transposed,Tab,DecimalPoint\nA Ra=Unit 1 over 999,Hidden\n"
+                  "A Rq=Colored red\nA Rz=Hidden\nB=Folded\n");
+    CResultLayoutManager layouts;
+    const CDiagnosticsCapture capture;
+    layouts.Load(ini);
+    layouts.Get(u"A").isTransposed = false;
+    layouts.Get(u"A").columns[u"Ra"].width = 5;
+    layouts.Get(u"A").columns[u"Rz"].isHidden = false;
+    for (int save = 0; save < 2; ++save) {
+        layouts.Save(ini);
+        const CSectionScope scope(ini, CResultLayoutManager::c_section);
+        using CTexts = std::vector<CStr>;
+        EXPECT_EQ(ini.ReadTexts(u"A"), (CTexts{u"Folded", u"NotTransposed", u"Tab", u"DecimalPoint"}));
+        EXPECT_EQ(ini.ReadTexts(u"A Ra"), (CTexts{u"Unit 1 over 999", u"Hidden", u"Width 5"}));
+        EXPECT_EQ(ini.ReadTexts(u"A Rq"), (CTexts{u"Colored red"}));
+        EXPECT_EQ(ini.ReadTexts(u"B"), (CTexts{u"Folded", u"Tab", u"DecimalPoint"}));
+        EXPECT_FALSE(ini.HasKey(u"A Rz"));
+    }
 }
 
 TEST(ResultDialog, StaysOpenBesideOthers)

@@ -120,4 +120,10 @@ TEST(PlacementManager, WhatIsNoPlacementIsLeftOutAndTold)
         EXPECT_EQ(manager.Find(window, u"1x1+0+0"), std::nullopt) << CStr(window).ToUtf8();
     const SWindowPlacement strange{{1, 2}, {3, 4}, true, false, EDock::None, -9};
     EXPECT_EQ(manager.Find(u"Strange", u"1x1+0+0"), strange);
+    EXPECT_TRUE(manager.Save(ini));
+    const std::string saved = ini.GetBytes();
+    for (const std::string line : {"\nWord on 1x1+0+0=1,2,x,4,0,0\n", "\nShort on 1x1+0+0=1,2,3,4,5\n",
+                                   "\nStrange on 1x1+0+0=1,2,3,4,0,-9,Maximized,Minimized\n"})
+        EXPECT_NE(saved.find(line), saved.npos) << saved;
+    EXPECT_EQ(saved.find("Elsewhere"), saved.npos) << "of a set-up that is forgotten";
 }

@@ -36,6 +36,17 @@ TEST_F(WorkbenchWindow, EverythingChosenIsThereAtTheNextStart)
     EXPECT_EQ(TakeBoxes().size(), 0u);
 }
 
+TEST_F(WorkbenchWindow, ColorsOfLaterVersionsStay)
+{
+    const char* const file = "settings/CommonUIWorkbench/preferences.ini";
+    m_window->close();
+    m_window.reset();
+    m_folder.Write(file, "[Workbench]\nColors=Sepia\n");
+    Start();
+    m_window->close();
+    EXPECT_NE(m_folder.Read(file).find("\nColors=Sepia\n"), std::string::npos);
+}
+
 TEST_F(WorkbenchWindow, WhatCannotBeKeptIsSaid)
 {
     // A folder in the place of the file.

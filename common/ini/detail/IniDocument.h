@@ -50,6 +50,9 @@ public:
     /// The names of the keys of a section in the order of the file, each once.
     std::vector<CStr> GetKeys(std::uint32_t section) const;
     void ClearSection(std::uint32_t section);
+    /// Puts the lines of a section, from each header to the last line that is no filler, behind all others,
+    /// unless the last header of the file is one of it. The unnamed section stays where it is.
+    void MoveToEnd(std::uint32_t section);
 
     /// The stored value without the blanks around it; nothing when there is no such key. It is valid until
     /// the next change. A key is found by its name, else by what its name could be as well: the blanks in
