@@ -211,8 +211,17 @@ void CResultPanel::Hide(std::span<const std::size_t> quantities, bool hide)
 {
     if (hide && !CanHide(quantities))
         return;
+    auto& columns = Layout().columns;
+    const auto setHidden = [&](std::size_t index, bool isHidden) {
+        const CStr& key = m_results->quantities[index].key;
+        if (isHidden || columns.contains(key))
+            columns[key].isHidden = isHidden;
+    };
+    // What is shown although the layout hides all of it stays, but for these.
+    for (const std::size_t index : m_tables->GetShown())
+        setHidden(index, false);
     for (const std::size_t index : quantities)
-        Layout().columns[m_results->quantities[index].key].isHidden = hide;
+        setHidden(index, hide);
     Update();
 }
 
