@@ -299,6 +299,27 @@ TEST(ResultPrinter, EachPageHasItsHeaders)
     EXPECT_EQ(all.count(QStringLiteral("Mean")), blocks);
 }
 
+TEST(ResultPrinter, NothingIsCutOff)
+{
+    auto set = *MakeResults(2, 1);
+    const CStr word = CStr(u"measured_with_").Replace(u"_", u"_________________________________________");
+    set.provenance = word + word + word + word;
+    set.summary = {{u"iiiiiii", word + u" " + word + word + word}, {u"WWWWWW", u"x"}};
+    set.rowNames = {u"iiiiiii", u"WWWWWW"};
+    set.quantities[0].header = u"iiiiiiii\r\nWWWWWWW";
+    CResultPanel panel;
+    panel.SetResults(std::make_shared<SResultSet>(set));
+    const SResultPages pages = panel.GetPages();
+    CTextDevice device;
+    const CResultPrinter printer(pages, device, {800, 800});
+    QPainter painter(&device);
+    printer.PrintPage(painter, 0);
+    painter.end();
+    const QString all = device.texts().join(QString());
+    EXPECT_FALSE(all.contains(QChar(0x2026))) << all.toStdString();
+    EXPECT_TRUE(all.contains(ToQString(set.provenance)));
+}
+
 TEST(ResultPrinter, PdfHasAllPages)
 {
     CResultPanel panel;
