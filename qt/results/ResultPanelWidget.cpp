@@ -291,15 +291,27 @@ void CResultPanelWidget::ShowWidths()
     }
 }
 
+// A fitted column has room for the texts of both tables, also of later results.
 void CResultPanelWidget::OnWidth(EResultTable table, std::size_t column, int width)
 {
     if (table == EResultTable::Summary || !GetControl())
         return;
+    CResultGridPane& pane = Grid(table).GetPane();
+    pane.FitColumn(column);
+    const bool isFitted = pane.GetColumnWidth(column) == width;
     const int height = fontMetrics().height();
-    GetControl()->OnWidth(table, column, (width * c_hundredths + height / 2) / height);
-    for (const EResultTable other : {EResultTable::Results, EResultTable::Statistics})
-        if (other != table && column < Grid(other).GetPane().GetColumnCount())
-            Grid(other).GetPane().SetColumnWidth(column, width);
+    GetControl()->OnWidth(table, column, isFitted ? 0 : (width * c_hundredths + height / 2) / height);
+    int shared = width;
+    for (const EResultTable other : {EResultTable::Results, EResultTable::Statistics}) {
+        CResultGridPane& beside = Grid(other).GetPane();
+        if (!isFitted || other == table || column >= beside.GetColumnCount())
+            continue;
+        beside.FitColumn(column);
+        shared = std::max(shared, beside.GetColumnWidth(column));
+    }
+    for (const EResultTable each : {EResultTable::Results, EResultTable::Statistics})
+        if (column < Grid(each).GetPane().GetColumnCount())
+            Grid(each).GetPane().SetColumnWidth(column, shared);
 }
 
 // Unless the user wants it otherwise, the results have the room that the others leave.

@@ -206,6 +206,16 @@ TEST(ResultPanelWidget, WidthsAreKeptAndShared)
     EXPECT_GT(shown.layouts.Get(u"Test").columns[u"R0"].width, 0);
     shown.dialog.SetResults(MakeResults(9));
     EXPECT_NEAR(shown.Results().GetPane().GetColumnWidth(1), width, 1);
+    auto wide = *MakeResults(2);
+    wide.quantities[0].statistics = {-123456.7e-6};
+    shown.dialog.SetResults(std::make_shared<SResultSet>(wide));
+    shown.Results().GetFitColumnsAction().trigger();
+    CGridPane& statistics = shown.Statistics().GetPane();
+    const int fitted = statistics.GetColumnWidth(1);
+    EXPECT_EQ(shown.Results().GetPane().GetColumnWidth(1), fitted);
+    EXPECT_EQ(shown.layouts.Get(u"Test").columns[u"R0"].width, 0) << "nothing is kept";
+    statistics.FitColumn(1);
+    EXPECT_LE(statistics.GetColumnWidth(1), fitted) << "the statistics are not cut off";
 }
 
 TEST(ResultPanelWidget, WhatIsSelectedIsDragged)
