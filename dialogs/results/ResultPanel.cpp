@@ -13,6 +13,7 @@
 #include "platform/MessageBoxService.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace CommonUI
 {
@@ -132,6 +133,8 @@ std::vector<std::size_t> CResultPanel::GetQuantities(EResultTable table, SGridCe
     const auto take = [&](std::size_t at, std::size_t first, std::size_t last) {
         const bool isInside = at >= first && at <= last;
         std::vector<std::size_t> quantities;
+        if (at == std::numeric_limits<std::size_t>::max())
+            return quantities; // headers and the empty area are in no row
         for (std::size_t i = isInside ? first : at; i <= (isInside ? last : at); ++i)
             if (const auto found =
                     m_tables->FindQuantity(table, {isTransposed ? i : 0, isTransposed ? 0 : i}))

@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSplitter>
@@ -234,9 +235,12 @@ void CResultPanelWidget::ShareScrolling()
     statistics.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(bars[0], &QScrollBar::valueChanged, bars[1], &QScrollBar::setValue);
     connect(bars[1], &QScrollBar::valueChanged, bars[0], &QScrollBar::setValue);
-    const QScrollBar* const rows = Grid(EResultTable::Results).verticalScrollBar();
-    const QScrollBar* const further = statistics.verticalScrollBar();
+    // One of them may go, with its table, before the other.
+    const QPointer<QScrollBar> rows = Grid(EResultTable::Results).verticalScrollBar();
+    const QPointer<QScrollBar> further = statistics.verticalScrollBar();
     const auto fit = [this, rows, further] {
+        if (!rows || !further)
+            return;
         const bool isNeeded = rows->maximum() > rows->minimum() && further->maximum() == further->minimum();
         m_beside->setFixedWidth(isNeeded ? rows->sizeHint().width() : 0);
     };
@@ -263,6 +267,9 @@ void CResultPanelWidget::changeEvent(QEvent* event)
 
 void CResultPanelWidget::UpdateTables()
 {
+    // An open menu is about what was shown before.
+    for (QMenu* const menu : findChildren<QMenu*>())
+        menu->close();
     for (const EResultTable table : c_tables) {
         CResultTable& grid = Grid(table);
         grid.GetPane().Update();

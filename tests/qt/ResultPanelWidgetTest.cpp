@@ -157,10 +157,42 @@ TEST(ResultPanelWidget, MenusChangeWhatIsShown)
     for (QAction* const unit : menu->actions().first()->menu()->actions())
         if (unit->text() == QStringLiteral("\u00B5m"))
             unit->trigger();
-    CloseMenu();
+    EXPECT_FALSE(QApplication::activePopupWidget()) << "is about what was shown before";
     EXPECT_EQ(shown.Cell(2, 1), "2.4691");
     EXPECT_EQ(shown.Cell(2, 2), "2469.1") << "of that quantity alone";
     EXPECT_EQ(shown.Statistics().GetPane().GetCell({0, 1}).text, u"7.4074");
+}
+
+TEST(ResultPanelWidget, OtherResultsCloseMenus)
+{
+    SShownDialog shown;
+    for (const bool isTransposed : {false, true}) {
+        shown.dialog.GetPanel().Transpose(isTransposed);
+        const QSize size = shown.Results().viewport()->size();
+        for (const QPoint place :
+             {shown.Center(2, 1), QPoint(60, 5), QPoint(size.width() - 2, size.height() - 2)}) {
+            Send(*shown.Results().viewport(),
+                 QContextMenuEvent(QContextMenuEvent::Mouse, place,
+                                   shown.Results().viewport()->mapToGlobal(place)));
+            EXPECT_TRUE(QApplication::activePopupWidget()) << isTransposed << ' ' << place.y();
+            shown.dialog.SetResults(MakeResults(6, 1));
+            EXPECT_FALSE(QApplication::activePopupWidget()) << isTransposed << ' ' << place.y();
+        }
+    }
+}
+
+TEST(ResultPanelWidget, ShowsAnotherPanelInPlace)
+{
+    CResultPanel panels[2];
+    CResultPanelWidget widget;
+    for (CResultPanel& panel : panels) {
+        panel.SetResults(MakeResults(100));
+        widget.Attach(panel);
+        Activate(widget);
+        widget.resize(400, 500);
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(widget.GetTable(EResultTable::Results)->GetPane().GetCell({2, 1}).text, u"2469.1");
 }
 
 TEST(ResultPanelWidget, EverythingByKeys)
