@@ -75,16 +75,37 @@ CStr GetName(const CParameter& statistic)
     return CStr::Format(u"%s %G %%", statistic.GetFriendlyString(), statistic.GetVariableValue());
 }
 
-void AddStatistic(const SColumn& column, const CParameter& statistic, std::size_t index,
+auto Find(const SColumn& column, const CParameter& statistic)
+{
+    return std::ranges::find(column.statistics, statistic.GetIniName().ToUtf8(), &Analysis::SValue::key);
+}
+
+// Some statistics are not those of every kind of rows.
+std::vector<CParameter> GetComputed(const SResults& results)
+{
+    std::vector<CParameter> computed;
+    for (const CParameter& statistic : results.statistics)
+        if (statistic.IsOn() && std::ranges::any_of(results.columns, [&](const SColumn& column) {
+                return Find(column, statistic) != column.statistics.end();
+            }))
+            computed.push_back(statistic);
+    return computed;
+}
+
+// A column without any value has no statistics for the reason of its first row.
+void AddStatistic(const SResults& results, std::size_t column, const CParameter& statistic,
                   SResultQuantity& quantity)
 {
-    const std::string key = statistic.GetIniName().ToUtf8();
-    const auto found = std::ranges::find(column.statistics, key, &Analysis::SValue::key);
-    const bool isThere = found != column.statistics.end();
+    const auto& all = results.columns[column].statistics;
+    const auto found = Find(results.columns[column], statistic);
+    const bool isThere = found != all.end();
+    const std::size_t index = quantity.statistics.size();
     quantity.statistics.push_back(isThere ? found->value : std::numeric_limits<double>::quiet_NaN());
     if (isThere && std::isnan(found->value))
         quantity.statisticStates.push_back(
-            {index, {EValueState::NotApplicable, CStr::FromUtf8(found->reason)}});
+            {index, all.front().value > 0
+                        ? SValueState{EValueState::NotApplicable, CStr::FromUtf8(found->reason)}
+                        : results.GetState(column, 0, found->value)});
 }
 
 } // namespace
@@ -112,10 +133,10 @@ SResultSet MakeRowSet(const SResults& results, const CStr& name)
     set.rowHeader = results.rowName;
     for (std::size_t row = 0; row < results.rowCount; ++row)
         set.rowNames.push_back(CStr::Format(u"%zu", row + 1));
-    for (const CParameter& statistic : results.statistics)
-        if (statistic.IsOn())
-            set.statistics.push_back({GetStatisticKey(statistic), GetName(statistic),
-                                      GetUnit(static_cast<EStatistics>(statistic.GetValue()))});
+    const std::vector<CParameter> statistics = GetComputed(results);
+    for (const CParameter& statistic : statistics)
+        set.statistics.push_back({GetStatisticKey(statistic), GetName(statistic),
+                                  GetUnit(static_cast<EStatistics>(statistic.GetValue()))});
     CPartValues values = results.GetValues({0, results.columns.size(), 0, results.rowCount});
     for (std::size_t index = 0; index < results.columns.size(); ++index) {
         const SColumn& column = results.columns[index];
@@ -127,10 +148,8 @@ SResultSet MakeRowSet(const SResults& results, const CStr& name)
                 quantity.states.push_back({row, std::move(state)});
         }
         quantity.values = std::move(values[index]);
-        std::size_t shown = 0;
-        for (const CParameter& statistic : results.statistics)
-            if (statistic.IsOn())
-                AddStatistic(column, statistic, shown++, quantity);
+        for (const CParameter& statistic : statistics)
+            AddStatistic(results, index, statistic, quantity);
         set.quantities.push_back(std::move(quantity));
     }
     return set;

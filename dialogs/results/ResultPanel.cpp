@@ -13,6 +13,7 @@
 #include "platform/MessageBoxService.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace CommonUI
 {
@@ -132,6 +133,8 @@ std::vector<std::size_t> CResultPanel::GetQuantities(EResultTable table, SGridCe
     const auto take = [&](std::size_t at, std::size_t first, std::size_t last) {
         const bool isInside = at >= first && at <= last;
         std::vector<std::size_t> quantities;
+        if (at == std::numeric_limits<std::size_t>::max())
+            return quantities; // headers and the empty area are in no row
         for (std::size_t i = isInside ? first : at; i <= (isInside ? last : at); ++i)
             if (const auto found =
                     m_tables->FindQuantity(table, {isTransposed ? i : 0, isTransposed ? 0 : i}))
@@ -211,8 +214,17 @@ void CResultPanel::Hide(std::span<const std::size_t> quantities, bool hide)
 {
     if (hide && !CanHide(quantities))
         return;
+    auto& columns = Layout().columns;
+    const auto setHidden = [&](std::size_t index, bool isHidden) {
+        const CStr& key = m_results->quantities[index].key;
+        if (isHidden || columns.contains(key))
+            columns[key].isHidden = isHidden;
+    };
+    // What is shown although the layout hides all of it stays, but for these.
+    for (const std::size_t index : m_tables->GetShown())
+        setHidden(index, false);
     for (const std::size_t index : quantities)
-        Layout().columns[m_results->quantities[index].key].isHidden = hide;
+        setHidden(index, hide);
     Update();
 }
 

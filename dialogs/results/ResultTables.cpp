@@ -3,6 +3,7 @@
 #include "dialogs/results/ResultTexts.h"
 #include "output/results/NumberFormat.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -87,10 +88,15 @@ void CResultTables::Make(const SResultSet& set, const SResultLayout& layout)
     m_notes = {};
     m_isTransposed =
         layout.isTransposed.value_or(set.isTransposed) && set.rowNames.size() <= c_mostTransposedRows;
+    const auto isHidden = [&](const SResultQuantity& quantity) {
+        const auto found = layout.columns.find(quantity.key);
+        return found != layout.columns.end() && found->second.isHidden;
+    };
+    // Other quantities may have been there when these were hidden.
+    const bool areAllHidden = std::ranges::all_of(set.quantities, isHidden);
     for (std::size_t i = 0; i < set.quantities.size(); ++i) {
         const SResultQuantity& quantity = set.quantities[i];
-        const auto found = layout.columns.find(quantity.key);
-        if (found != layout.columns.end() && found->second.isHidden)
+        if (!areAllHidden && isHidden(quantity))
             continue;
         m_shown.push_back(i);
         m_parameters.push_back(GetShownParameter(quantity, layout));

@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSplitter>
@@ -234,9 +235,12 @@ void CResultPanelWidget::ShareScrolling()
     statistics.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(bars[0], &QScrollBar::valueChanged, bars[1], &QScrollBar::setValue);
     connect(bars[1], &QScrollBar::valueChanged, bars[0], &QScrollBar::setValue);
-    const QScrollBar* const rows = Grid(EResultTable::Results).verticalScrollBar();
-    const QScrollBar* const further = statistics.verticalScrollBar();
+    // One of them may go, with its table, before the other.
+    const QPointer<QScrollBar> rows = Grid(EResultTable::Results).verticalScrollBar();
+    const QPointer<QScrollBar> further = statistics.verticalScrollBar();
     const auto fit = [this, rows, further] {
+        if (!rows || !further)
+            return;
         const bool isNeeded = rows->maximum() > rows->minimum() && further->maximum() == further->minimum();
         m_beside->setFixedWidth(isNeeded ? rows->sizeHint().width() : 0);
     };
@@ -263,6 +267,9 @@ void CResultPanelWidget::changeEvent(QEvent* event)
 
 void CResultPanelWidget::UpdateTables()
 {
+    // An open menu is about what was shown before.
+    for (QMenu* const menu : findChildren<QMenu*>())
+        menu->close();
     for (const EResultTable table : c_tables) {
         CResultTable& grid = Grid(table);
         grid.GetPane().Update();
@@ -291,15 +298,27 @@ void CResultPanelWidget::ShowWidths()
     }
 }
 
+// A fitted column has room for the texts of both tables, also of later results.
 void CResultPanelWidget::OnWidth(EResultTable table, std::size_t column, int width)
 {
     if (table == EResultTable::Summary || !GetControl())
         return;
+    CResultGridPane& pane = Grid(table).GetPane();
+    pane.FitColumn(column);
+    const bool isFitted = pane.GetColumnWidth(column) == width;
     const int height = fontMetrics().height();
-    GetControl()->OnWidth(table, column, (width * c_hundredths + height / 2) / height);
-    for (const EResultTable other : {EResultTable::Results, EResultTable::Statistics})
-        if (other != table && column < Grid(other).GetPane().GetColumnCount())
-            Grid(other).GetPane().SetColumnWidth(column, width);
+    GetControl()->OnWidth(table, column, isFitted ? 0 : (width * c_hundredths + height / 2) / height);
+    int shared = width;
+    for (const EResultTable other : {EResultTable::Results, EResultTable::Statistics}) {
+        CResultGridPane& beside = Grid(other).GetPane();
+        if (!isFitted || other == table || column >= beside.GetColumnCount())
+            continue;
+        beside.FitColumn(column);
+        shared = std::max(shared, beside.GetColumnWidth(column));
+    }
+    for (const EResultTable each : {EResultTable::Results, EResultTable::Statistics})
+        if (column < Grid(each).GetPane().GetColumnCount())
+            Grid(each).GetPane().SetColumnWidth(column, shared);
 }
 
 // Unless the user wants it otherwise, the results have the room that the others leave.

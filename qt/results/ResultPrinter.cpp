@@ -14,6 +14,7 @@
 #include <QPrinter>
 
 #include <algorithm>
+#include <utility>
 
 namespace CommonUI
 {
@@ -25,8 +26,8 @@ using CGrid = CGridBaseOutputCtrl;
 
 constexpr int c_pointSize = 9;
 constexpr double c_margin = 15; // mm
-// Title, provenance and an empty line above; an empty line and the page's number below.
-constexpr std::size_t c_linesAround = 5;
+// Beside those of the provenance: title and an empty line above; an empty line and the page's number below.
+constexpr std::size_t c_linesAround = 4;
 // Narrow paper still gets some lines and columns.
 constexpr std::size_t c_leastLines = 10;
 
@@ -40,7 +41,7 @@ QFont MakeFont(QFont::Weight weight)
     return font;
 }
 
-// What is as long as the longest text so far is measured: digits are all of one width.
+// Of values, whose digits are all of one width, only those as long as the longest so far are measured.
 class CWidest
 {
 public:
@@ -48,13 +49,14 @@ public:
         : m_metrics(metrics)
     {
     }
-    void Add(const CStr& text)
+    void AddValue(const CStr& text)
     {
         if (text.GetLength() < m_length)
             return;
         m_length = text.GetLength();
-        width = std::max(width, m_metrics.horizontalAdvance(ToQString(text)));
+        Add(text);
     }
+    void Add(const CStr& text) { width = std::max(width, m_metrics.horizontalAdvance(ToQString(text))); }
 
     double width = 0;
 
@@ -74,15 +76,32 @@ Qt::Alignment AlignmentOf(std::size_t column)
     return column == 0 ? Qt::AlignLeft : Qt::AlignRight;
 }
 
+// How many characters at the beginning have room, at least one.
+qsizetype CountFitting(const QString& word, const QFontMetricsF& metrics, double width)
+{
+    qsizetype count = 1;
+    while (count + 1 < word.size() && metrics.horizontalAdvance(word.left(count + 1)) <= width)
+        ++count;
+    const bool splitsPair = count > 1 && word[count].isLowSurrogate();
+    return splitsPair ? count - 1 : count;
+}
+
 QStringList WrapLines(const QString& text, const QFontMetricsF& metrics, double width)
 {
     QStringList lines;
-    for (const QString& word : text.split(u' ')) {
+    for (QString word : text.split(u' ')) {
         const QString longer = lines.isEmpty() ? word : lines.constLast() + u' ' + word;
         if (!lines.isEmpty() && metrics.horizontalAdvance(longer) <= width)
             lines.back() = longer;
         else
             lines += word;
+        // A word that is wider than the page goes on in the next line.
+        for (word = lines.constLast(); word.size() > 1 && metrics.horizontalAdvance(word) > width;
+             word = lines.constLast()) {
+            const qsizetype fitting = CountFitting(word, metrics, width);
+            lines.back() = word.left(fitting);
+            lines += word.mid(fitting);
+        }
     }
     return lines;
 }
@@ -104,7 +123,7 @@ CResultPrinter::CResultPrinter(const SResultPages& pages, QPaintDevice& device, 
         ++m_frozenRows;
     MeasureColumns();
     MakeBlocks();
-    MakeNotes();
+    WrapTexts();
     MakeSheets();
 }
 
@@ -120,7 +139,10 @@ void CResultPrinter::MeasureColumns()
             header.Add(line);
         for (const CGrid* const table : {m_pages.results, m_pages.statistics})
             for (const CGrid::SRow& row : table->GetRows())
-                cells.Add(table->GetCellText(row, column));
+                if (column == 0 || row.subHeader)
+                    cells.Add(table->GetCellText(row, column));
+                else
+                    cells.AddValue(table->GetCellText(row, column));
         m_widths.push_back(std::min(std::max(header.width, cells.width), m_size.width() / 2));
         m_headerLines = std::max(m_headerLines, HeaderLines(results, column).size());
         if (column > 0 && !results.GetColumns()[column - 1].group.IsEmpty())
@@ -154,8 +176,16 @@ double CResultPrinter::GetWidth(const SBlock& block) const
     return width;
 }
 
-void CResultPrinter::MakeNotes()
+void CResultPrinter::WrapTexts()
 {
+    for (const QString& line : WrapLines(ToQString(m_pages.provenance), m_metrics, m_size.width()))
+        m_provenance.push_back(line);
+    for (const CGrid::SRow& row : m_pages.summary->GetRows()) {
+        QString label = ToQString(row.name);
+        const QString text = row.cells.empty() ? QString() : ToQString(row.cells[0]);
+        for (const QString& line : WrapLines(text, m_metrics, m_size.width() - m_summaryWidth - m_gap))
+            m_summary.push_back({std::exchange(label, QString()), line});
+    }
     for (const CStr& note : m_pages.notes)
         for (const QString& line : WrapLines(ToQString(note), m_metrics, m_size.width()))
             m_notes.push_back(line);
@@ -178,16 +208,17 @@ std::size_t CResultPrinter::CountHeaderLines() const
 
 void CResultPrinter::MakeSheets()
 {
+    const std::size_t around = c_linesAround + m_provenance.size();
     const auto onPage = static_cast<std::size_t>(m_size.height() / m_lineHeight);
-    const std::size_t room = std::max(onPage, c_linesAround + c_leastLines) - c_linesAround;
+    const std::size_t room = std::max(onPage, around + c_leastLines) - around;
     const auto add = [&](const SLine& line) {
         if (m_sheets.empty() || m_sheets.back().lines.size() >= room)
             m_sheets.emplace_back();
         m_sheets.back().lines.push_back(line);
     };
     const std::size_t headers = CountHeaderLines();
-    for (std::size_t row = 0; row < m_pages.summary->GetRows().size(); ++row)
-        add({ELine::Summary, row});
+    for (std::size_t line = 0; line < m_summary.size(); ++line)
+        add({ELine::Summary, line});
     const std::vector<SLine> lines = GetTableLines();
     for (std::size_t block = 0; block < m_blocks.size() && !lines.empty(); ++block) {
         // The first table stands below the summary, every other one on a page of its own.
@@ -226,11 +257,15 @@ void CResultPrinter::PrintPage(QPainter& painter, std::size_t page) const
     painter.setFont(m_bold);
     Write(painter, ToQString(m_pages.title), {0, 0, width, m_lineHeight}, Qt::AlignLeft);
     painter.setFont(m_font);
-    Write(painter, ToQString(m_pages.provenance), {0, m_lineHeight, width, m_lineHeight}, Qt::AlignLeft);
+    double top = m_lineHeight;
+    for (const QString& line : m_provenance) {
+        Write(painter, line, {0, top, width, m_lineHeight}, Qt::AlignLeft);
+        top += m_lineHeight;
+    }
+    top += m_lineHeight;
     const CStr number = CStr::Format(GetResultText(EResultText::Page), page + 1, m_sheets.size());
     Write(painter, ToQString(number), {0, m_size.height() - m_lineHeight, width, m_lineHeight},
           Qt::AlignRight);
-    const double top = 3 * m_lineHeight;
     const SBlock& block = m_blocks[sheet.block];
     if (sheet.hasTable)
         PrintHeaders(painter, block, top + static_cast<double>(sheet.tableLine) * m_lineHeight);
@@ -297,7 +332,7 @@ void CResultPrinter::PrintLine(QPainter& painter, const SLine& line, const SBloc
     case ELine::Empty:
         return;
     case ELine::Summary:
-        PrintSummary(painter, line.index, top);
+        PrintSummary(painter, m_summary[line.index], top);
         return;
     case ELine::Note:
         Write(painter, m_notes[line.index], {0, top, m_size.width(), m_lineHeight}, Qt::AlignLeft);
@@ -322,14 +357,11 @@ void CResultPrinter::PrintRow(QPainter& painter, const CGrid& table, std::size_t
     });
 }
 
-void CResultPrinter::PrintSummary(QPainter& painter, std::size_t row, double top) const
+void CResultPrinter::PrintSummary(QPainter& painter, const SSummaryLine& line, double top) const
 {
-    const CGrid::SRow& shown = m_pages.summary->GetRows()[row];
-    Write(painter, ToQString(shown.name), {0, top, m_summaryWidth, m_lineHeight}, Qt::AlignLeft);
+    Write(painter, line.label, {0, top, m_summaryWidth, m_lineHeight}, Qt::AlignLeft);
     const double left = m_summaryWidth + m_gap;
-    if (!shown.cells.empty())
-        Write(painter, ToQString(shown.cells[0]), {left, top, m_size.width() - left, m_lineHeight},
-              Qt::AlignLeft);
+    Write(painter, line.text, {left, top, m_size.width() - left, m_lineHeight}, Qt::AlignLeft);
 }
 
 void CResultPrinter::PrintRule(QPainter& painter, double top, double width) const

@@ -50,6 +50,10 @@ private:
         std::size_t first = 0;
         std::size_t last = 0; // not included
     };
+    struct SSummaryLine {
+        QString label; // empty where the text of the line before goes on
+        QString text;
+    };
     struct SSheet {
         std::size_t block = 0;
         bool hasTable = false;
@@ -59,7 +63,7 @@ private:
 
     void MeasureColumns();
     void MakeBlocks();
-    void MakeNotes();
+    void WrapTexts();
     void MakeSheets();
     std::vector<SLine> GetTableLines() const;
     std::size_t CountHeaderLines() const;
@@ -67,7 +71,7 @@ private:
     void PrintLine(QPainter& painter, const SLine& line, const SBlock& block, double top) const;
     void PrintRow(QPainter& painter, const CGridBaseOutputCtrl& table, std::size_t row, const SBlock& block,
                   double top) const;
-    void PrintSummary(QPainter& painter, std::size_t row, double top) const;
+    void PrintSummary(QPainter& painter, const SSummaryLine& line, double top) const;
     void PrintRule(QPainter& painter, double top, double width) const;
     void PrintGroup(QPainter& painter, const SBlock& block, std::size_t column, double left,
                     double top) const;
@@ -99,7 +103,10 @@ private:
     std::vector<double> m_widths{}; // of the columns, that of the names first
     double m_summaryWidth = 0;      // of the labels
     std::vector<SBlock> m_blocks{};
-    std::vector<QString> m_notes{}; // lines that fit
+    // Lines that fit.
+    std::vector<QString> m_provenance{};
+    std::vector<SSummaryLine> m_summary{};
+    std::vector<QString> m_notes{};
     std::vector<SSheet> m_sheets{};
 };
 

@@ -144,6 +144,16 @@ private:
         m_panel.SetResults(results);
     }
 
+    // The dialog of the preferences has other quantities chosen.
+    void Choose(CCommand c)
+    {
+        auto results = MakeResults();
+        const auto all = std::exchange(results->quantities, {});
+        for (const std::size_t number : Numbers(c))
+            results->quantities.push_back(all[number]);
+        m_panel.SetResults(results);
+    }
+
     const std::map<std::string, std::function<void(CCommand)>> m_verbs = {
         {"unit",
          [this](CCommand c) {
@@ -171,6 +181,7 @@ private:
         {"copy", [this](CCommand c) { Copy(c); }},
         {"menu", [this](CCommand c) { Menu(c); }},
         {"restart", [this](CCommand) { Restart(); }},
+        {"choose", [this](CCommand c) { Choose(c); }},
         {"analysis", [this](CCommand) { Analysis(); }},
         {"print",
          [this](CCommand) {

@@ -1,6 +1,10 @@
 #include "measurement/Results.h"
+#include "measurement/ResultSets.h"
 
 #include "tests/analysis/TestSurfaces.h"
+
+#include <algorithm>
+#include <cmath>
 
 using namespace CommonUI;
 using namespace CommonUI::Measurement;
@@ -42,4 +46,26 @@ TEST(Results, HaveWhatWasChosenAndNoMore)
     EXPECT_EQ(ComputeResults(input, inMicrometres).surface.at(0).GetText(5e-8), u"0.05");
     EXPECT_THROW(MakeChoices(manager, {.method = std::get<0>(rows[1]).method, .keys = {u"Sa"}}), ERequest);
     EXPECT_GT(MakeChoices(manager, {}).surface.size(), 30u);
+}
+
+// Of grains not every statistic is computed.
+TEST(Results, EachStatisticOfASetHasAValueOrAReason)
+{
+    const SInput input{.surface = MakeSurface(30, 20, [](double x, double y) {
+                           return x > 10 && x < 20 && y > 5 && y < 15 ? 5e-8 : 1e-9;
+                       })};
+    SChoices choices = MakeChoices(
+        CAnalysisPreferencesManager(),
+        {.method = {.grains = SGrainLimit{4e-8, EGrainKind::Particle}}, .keys = {u"AreaExHoles"}});
+    for (CParameter& statistic : choices.statistics)
+        statistic.SetOn(true);
+    const SResultSet set = MakeRowSet(ComputeResults(input, choices), u"Grains");
+    EXPECT_FALSE(set.statistics.empty());
+    ASSERT_EQ(set.quantities.size(), 1U);
+    const SResultQuantity& quantity = set.quantities[0];
+    for (std::size_t i = 0; i < set.statistics.size(); ++i)
+        EXPECT_NE(std::isnan(quantity.statistics[i]),
+                  std::ranges::none_of(quantity.statisticStates,
+                                       [&](const SResultState& state) { return state.index == i; }))
+            << set.statistics[i].key.ToUtf8();
 }

@@ -157,10 +157,42 @@ TEST(ResultPanelWidget, MenusChangeWhatIsShown)
     for (QAction* const unit : menu->actions().first()->menu()->actions())
         if (unit->text() == QStringLiteral("\u00B5m"))
             unit->trigger();
-    CloseMenu();
+    EXPECT_FALSE(QApplication::activePopupWidget()) << "is about what was shown before";
     EXPECT_EQ(shown.Cell(2, 1), "2.4691");
     EXPECT_EQ(shown.Cell(2, 2), "2469.1") << "of that quantity alone";
     EXPECT_EQ(shown.Statistics().GetPane().GetCell({0, 1}).text, u"7.4074");
+}
+
+TEST(ResultPanelWidget, OtherResultsCloseMenus)
+{
+    SShownDialog shown;
+    for (const bool isTransposed : {false, true}) {
+        shown.dialog.GetPanel().Transpose(isTransposed);
+        const QSize size = shown.Results().viewport()->size();
+        for (const QPoint place :
+             {shown.Center(2, 1), QPoint(60, 5), QPoint(size.width() - 2, size.height() - 2)}) {
+            Send(*shown.Results().viewport(),
+                 QContextMenuEvent(QContextMenuEvent::Mouse, place,
+                                   shown.Results().viewport()->mapToGlobal(place)));
+            EXPECT_TRUE(QApplication::activePopupWidget()) << isTransposed << ' ' << place.y();
+            shown.dialog.SetResults(MakeResults(6, 1));
+            EXPECT_FALSE(QApplication::activePopupWidget()) << isTransposed << ' ' << place.y();
+        }
+    }
+}
+
+TEST(ResultPanelWidget, ShowsAnotherPanelInPlace)
+{
+    CResultPanel panels[2];
+    CResultPanelWidget widget;
+    for (CResultPanel& panel : panels) {
+        panel.SetResults(MakeResults(100));
+        widget.Attach(panel);
+        Activate(widget);
+        widget.resize(400, 500);
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(widget.GetTable(EResultTable::Results)->GetPane().GetCell({2, 1}).text, u"2469.1");
 }
 
 TEST(ResultPanelWidget, EverythingByKeys)
@@ -206,6 +238,16 @@ TEST(ResultPanelWidget, WidthsAreKeptAndShared)
     EXPECT_GT(shown.layouts.Get(u"Test").columns[u"R0"].width, 0);
     shown.dialog.SetResults(MakeResults(9));
     EXPECT_NEAR(shown.Results().GetPane().GetColumnWidth(1), width, 1);
+    auto wide = *MakeResults(2);
+    wide.quantities[0].statistics = {-123456.7e-6};
+    shown.dialog.SetResults(std::make_shared<SResultSet>(wide));
+    shown.Results().GetFitColumnsAction().trigger();
+    CGridPane& statistics = shown.Statistics().GetPane();
+    const int fitted = statistics.GetColumnWidth(1);
+    EXPECT_EQ(shown.Results().GetPane().GetColumnWidth(1), fitted);
+    EXPECT_EQ(shown.layouts.Get(u"Test").columns[u"R0"].width, 0) << "nothing is kept";
+    statistics.FitColumn(1);
+    EXPECT_LE(statistics.GetColumnWidth(1), fitted) << "the statistics are not cut off";
 }
 
 TEST(ResultPanelWidget, WhatIsSelectedIsDragged)
@@ -297,6 +339,27 @@ TEST(ResultPrinter, EachPageHasItsHeaders)
     EXPECT_EQ(all.count(QStringLiteral("246.91")), 0);
     EXPECT_EQ(all.count(QStringLiteral("2469.1")), 30);
     EXPECT_EQ(all.count(QStringLiteral("Mean")), blocks);
+}
+
+TEST(ResultPrinter, NothingIsCutOff)
+{
+    auto set = *MakeResults(2, 1);
+    const CStr word = CStr(u"measured_with_").Replace(u"_", u"_________________________________________");
+    set.provenance = word + word + word + word;
+    set.summary = {{u"iiiiiii", word + u" " + word + word + word}, {u"WWWWWW", u"x"}};
+    set.rowNames = {u"iiiiiii", u"WWWWWW"};
+    set.quantities[0].header = u"iiiiiiii\r\nWWWWWWW";
+    CResultPanel panel;
+    panel.SetResults(std::make_shared<SResultSet>(set));
+    const SResultPages pages = panel.GetPages();
+    CTextDevice device;
+    const CResultPrinter printer(pages, device, {800, 800});
+    QPainter painter(&device);
+    printer.PrintPage(painter, 0);
+    painter.end();
+    const QString all = device.texts().join(QString());
+    EXPECT_FALSE(all.contains(QChar(0x2026))) << all.toStdString();
+    EXPECT_TRUE(all.contains(ToQString(set.provenance)));
 }
 
 TEST(ResultPrinter, PdfHasAllPages)
