@@ -1176,6 +1176,8 @@ constexpr SStringTableRow c_english[] = {
     {11647, u"Close"},
     {11648, u"Cells without a value"},
     {11649, u"More than %d rows are not transposed."},
+    {11650, u"The results could not be printed."},
+    {11651, u"its pages could not be drawn"},
     {11701, u"&File"},
     {11702, u"&View"},
     {11703, u"Anal&yze"},

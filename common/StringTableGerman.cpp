@@ -1176,6 +1176,8 @@ constexpr SStringTableRow c_german[] = {
     {11647, u"Schließen"},
     {11648, u"Zellen ohne Wert"},
     {11649, u"Mehr als %d Zeilen werden nicht transponiert."},
+    {11650, u"Die Ergebnisse konnten nicht gedruckt werden."},
+    {11651, u"ihre Seiten konnten nicht gezeichnet werden"},
     {11701, u"&Datei"},
     {11702, u"&Ansicht"},
     {11703, u"Aus&wertung"},

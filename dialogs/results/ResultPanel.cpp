@@ -366,7 +366,7 @@ bool CResultPanel::Save(EResultFile kind) const
                                        path))
         return false;
     const std::string bytes = MakeFile(kind);
-    CStr reason;
+    CStr reason = GetResultText(EResultText::NotDrawn);
     if (!bytes.empty() && ReplaceFileBytes(path, bytes, reason))
         return true;
     GetMessageBoxService().Show({CStr::Format(GetResultText(EResultText::NotWritten), path, reason),

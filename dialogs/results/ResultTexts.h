@@ -38,6 +38,8 @@ enum class EResultText : int {
     Close = 11647,
     Reasons = 11648,
     TooManyRows = 11649, ///< with how many may be transposed
+    NotPrinted = 11650,
+    NotDrawn = 11651, ///< why there is no file
 };
 
 /// @param following how many texts behind that one, where it is the first of several

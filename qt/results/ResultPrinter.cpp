@@ -1,6 +1,7 @@
 #include "qt/results/ResultPrinter.h"
 
 #include "dialogs/results/ResultTexts.h"
+#include "platform/MessageBoxService.h"
 #include "qt/QtText.h"
 
 #include <QBuffer>
@@ -410,8 +411,9 @@ void AskAndPrint(const SResultPages& pages, QWidget& parent)
     // Its parent may be destroyed meanwhile, and destroys it then.
     const QPointer<QPrintDialog> dialog(new QPrintDialog(&printer, &parent));
     const bool isAccepted = dialog->exec() == QDialog::Accepted;
-    if (dialog && isAccepted)
-        PrintResults(pages, printer);
+    if (dialog && isAccepted && !PrintResults(pages, printer))
+        GetMessageBoxService().Show({.text = GetResultText(EResultText::NotPrinted),
+                                     .style = MessageBoxStyle::c_ok | MessageBoxStyle::c_error});
     delete dialog;
 }
 

@@ -254,6 +254,10 @@ TEST(ResultPanel, FilesHoldWhatIsShown)
     EXPECT_EQ(folder.Read("results"), before) << "stays whole";
     ASSERT_EQ(boxes.GetShown().size(), 1U);
     EXPECT_EQ(boxes.GetShown()[0].text.Find(path + u" cannot be written: "), 0U);
+    panel.SetView(nullptr); // who draws the pages
+    files.Prepare(path);
+    EXPECT_FALSE(panel.Save(EResultFile::Pdf));
+    EXPECT_EQ(boxes.GetShown().back().text, path + u" cannot be written: its pages could not be drawn");
 }
 
 TEST(ResultLayout, WordsOfLaterVersionsStay)

@@ -157,9 +157,10 @@ TEST_F(Settings, RoughnessSetsChooseForThisRunAlone)
     EXPECT_TRUE(Has(profiles, "Percentile 95 %") && !Has(profiles, "\tRa\r\n")) << profiles;
     EXPECT_TRUE(Has(profiles, "Sdr")) << "of the surface the preferences count";
 
-    std::string after = m_temporary.Read(m_preferences);
-    after.erase(std::min(after.find("\n[SettingsFactory]"), after.size()));
-    EXPECT_EQ(after, before.substr(0, before.size() - 1)) << "but for the recent sets";
+    // But for the recent sets, and the version at the end.
+    const std::string after = m_temporary.Read(m_preferences);
+    EXPECT_TRUE(after.substr(0, after.find("\n[SettingsFactory]")) ==
+                before.substr(0, before.find("\n[FileFormat]")));
     EXPECT_EQ(Recent(u"ImageRoughness").size(), 1u);
     EXPECT_TRUE(Has(Report("--settings ImageRoughness[Id(73)] --grains 5nm"), "says nothing of grains"));
     m_temporary.Write("other.irs", "[Analysis_RoughnessProfileAnalysis]\n");
