@@ -49,8 +49,10 @@ QString GetSpoken(QWidget& widget)
 
 bool IsWithin(const QWidget& widget, const QWidget& window)
 {
+    if (&widget == &window)
+        return true;
     const QWidget& parent = *widget.parentWidget();
-    return &widget == &window || qobject_cast<const QAbstractScrollArea*>(&parent) ||
+    return qobject_cast<const QAbstractScrollArea*>(&parent) ||
            (parent.rect().contains(widget.geometry()) && IsWithin(parent, window));
 }
 
