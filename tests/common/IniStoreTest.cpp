@@ -433,7 +433,8 @@ TEST_F(IniStore, LinksLeadToTheFile)
 TEST_F(IniStore, LongNamesHaveBackupsOfTheirOwn)
 {
     const std::string name(255, 'n');
-    const std::string other = std::string(254, 'n') + "o";
+    std::string other = name;
+    other.back() = 'o';
     m_folder.Write(name, c_whole);
     m_folder.Write(other, "[O]\no=1\n");
     const auto nameOf = [&](const std::string& file) {
