@@ -23,17 +23,17 @@ public:
 
     bool IsEmpty() const noexcept { return m_words.empty(); }
     /// Whether a text in small letters has all of them somewhere; any has none.
-    bool AreIn(std::u16string_view small) const
+    bool AreIn(std::u16string_view searched) const
     {
-        return AreIn(small, [](std::u16string_view text, std::u16string_view word) {
+        return AreIn(searched, [](std::u16string_view text, std::u16string_view word) {
             return text.find(word) != text.npos;
         });
     }
     /// @param has whether a text in small letters has a word
     template<class FHas>
-    bool AreIn(std::u16string_view small, FHas has) const
+    bool AreIn(std::u16string_view searched, FHas has) const
     {
-        return std::ranges::all_of(m_words, [&](const CStr& word) { return has(small, word.View()); });
+        return std::ranges::all_of(m_words, [&](const CStr& word) { return has(searched, word.View()); });
     }
 
 private:
