@@ -3,6 +3,7 @@
 #include "FormatSpecifierDlg.h"
 #include "MemoryDialogView.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -13,7 +14,15 @@ namespace CommonUI
 class COMMONUI_API CMemoryFormatSpecifierView : public CMemoryDialogView<CFormatSpecifierView>
 {
 public:
+    /// What the user does while the dialog is open.
+    using FUse = std::function<void(CFormatSpecifierDlg&, CMemoryFormatSpecifierView&)>;
+
     ~CMemoryFormatSpecifierView() override;
+
+    /// Runs a dialog in such a window.
+    /// @param use may be empty
+    /// @return OK if that was pressed in it, otherwise Cancel
+    static int Run(CFormatSpecifierDlg& dialog, const FUse& use);
 
     void SetItems(const std::vector<SFormatItem>& items) override;
     void SelectItem(std::optional<std::size_t> index) override { m_selected = index; }

@@ -1,7 +1,5 @@
 #include "dialogs/results/MemoryResultPanelView.h"
 
-#include "controls/MemoryEditView.h"
-
 namespace CommonUI
 {
 
@@ -30,16 +28,7 @@ CMemoryResultDialogView::~CMemoryResultDialogView() = default;
 
 int CMemoryResultPanelView::Run(CFormatSpecifierDlg& dialog)
 {
-    CMemoryFormatSpecifierView window;
-    CMemoryEditView count;
-    dialog.SetView(&window);
-    dialog.GetCountEdit().SetView(&count);
-    dialog.Create();
-    if (onFormat)
-        onFormat(dialog, window);
-    const int result = dialog.IsOpen() ? CBaseDialog::c_cancel : CBaseDialog::c_ok;
-    dialog.EndDialog(CBaseDialog::c_cancel);
-    return result;
+    return CMemoryFormatSpecifierView::Run(dialog, onFormat);
 }
 
 std::string CMemoryResultPanelView::MakePdf(const SResultPages& pages)

@@ -25,7 +25,7 @@ public:
     std::string MakePdf(const SResultPages& pages) override;
 
     /// What the user does with the format dialog, which is cancelled when that returns and has left it open.
-    std::function<void(CFormatSpecifierDlg&, CMemoryFormatSpecifierView&)> onFormat{};
+    CMemoryFormatSpecifierView::FUse onFormat{};
 
     /// What the panel shows: the cells of the tables with bars between them, a line for each row, and the
     /// notes.

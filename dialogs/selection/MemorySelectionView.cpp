@@ -1,7 +1,5 @@
 #include "dialogs/selection/MemorySelectionView.h"
 
-#include "controls/MemoryEditView.h"
-
 #include <algorithm>
 
 namespace CommonUI
@@ -23,16 +21,7 @@ void CMemorySelectionView::GoToOption(std::size_t tab, int option)
 
 int CMemorySelectionView::Run(CFormatSpecifierDlg& dialog)
 {
-    CMemoryFormatSpecifierView window;
-    CMemoryEditView count;
-    dialog.SetView(&window);
-    dialog.GetCountEdit().SetView(&count);
-    dialog.Create();
-    if (onFormat)
-        onFormat(dialog, window);
-    const int result = dialog.IsOpen() ? CBaseDialog::c_cancel : CBaseDialog::c_ok;
-    dialog.EndDialog(CBaseDialog::c_cancel);
-    return result;
+    return CMemoryFormatSpecifierView::Run(dialog, onFormat);
 }
 
 int CMemorySelectionView::Run(COptionsDlg& dialog)

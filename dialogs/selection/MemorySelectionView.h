@@ -28,7 +28,7 @@ public:
 
     /// What the user does with a dialog over the window; the dialog is cancelled when that returns and has
     /// left it open.
-    std::function<void(CFormatSpecifierDlg&, CMemoryFormatSpecifierView&)> onFormat{};
+    CMemoryFormatSpecifierView::FUse onFormat{};
     std::function<void(CMemoryOptionsView&)> onOptions{};
 
     /// A tab as text: a line for each row that is shown, with two blanks for each group around it, the check

@@ -119,7 +119,7 @@ TEST_F(SurfaceWriter, DateOfTheFileIsKept)
 TEST_F(SurfaceWriter, DateOfTheFileIsKeptByX3p)
 {
     if (!HasX3p())
-        GTEST_SKIP();
+        GTEST_SKIP() << "built without X3P";
     const std::pair<const char*, const char*> cases[] = {
         {"2024-05-31T14:30", "2024-05-31T14:30:00"},
         {"2024-05-31T14:30+02:00", "2024-05-31T14:30:00+02:00"},
