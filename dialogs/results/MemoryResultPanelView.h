@@ -4,7 +4,6 @@
 #include "../MemoryFormatSpecifierView.h"
 #include "ResultDialog.h"
 
-#include <functional>
 #include <string>
 
 namespace CommonUI
