@@ -1,6 +1,7 @@
 #include "analysis/grain/GrainMeasures.h"
 
 #include "analysis/grain/detail/GrainRecord.h"
+#include "analysis/grain/detail/NeighbourGrid.h"
 #include "analysis/grain/detail/Skeletons.h"
 #include "analysis/numeric/detail/Parallel.h"
 #include "analysis/numeric/Statistics.h"
@@ -30,7 +31,7 @@ std::vector<const SGrainMeasure*> SelectMeasures(std::span<const std::string_vie
 // The points of all grains, grain after grain.
 struct SGrainPoints {
     std::vector<std::uint32_t> points;
-    std::vector<std::size_t> begins; // where those of a grain begin, and an end behind the last
+    std::vector<std::uint32_t> begins; // where those of a grain begin, and an end behind the last
 
     explicit SGrainPoints(const SGrainMap& map)
         : begins(map.count + std::size_t{2})
@@ -52,23 +53,52 @@ struct SGrainPoints {
     }
 };
 
-std::vector<SPosition> FindCentres(const SSurface& surface, const SGrainPoints& points, std::size_t count)
+// The centroid of the cells of some points.
+SPosition FindCentre(const SSurface& surface, std::span<const std::uint32_t> points)
 {
-    std::vector<SPosition> centres;
-    centres.reserve(count);
-    for (std::size_t grain = 0; grain < count; ++grain) {
-        const auto own = points.Get(grain);
-        std::uint64_t columns = 0;
-        std::uint64_t lines = 0;
-        for (const std::uint32_t i : own) {
-            columns += i % surface.points;
-            lines += i / surface.points;
-        }
-        const auto n = static_cast<double>(own.size());
-        centres.push_back({(static_cast<double>(columns) / n + 0.5) * surface.dx,
-                           (static_cast<double>(lines) / n + 0.5) * surface.dy});
+    std::uint64_t columns = 0;
+    std::uint64_t lines = 0;
+    for (const std::uint32_t i : points) {
+        columns += i % surface.points;
+        lines += i / surface.points;
     }
+    const auto n = static_cast<double>(points.size());
+    return {(static_cast<double>(columns) / n + 0.5) * surface.dx,
+            (static_cast<double>(lines) / n + 0.5) * surface.dy};
+}
+
+std::vector<SPosition> FindCentres(const SSurface& surface, const SGrainMap& map)
+{
+    const SGrainPoints points(map);
+    std::vector<SPosition> centres(map.count);
+    ComputeInShares(centres.size(), [&](std::size_t first, std::size_t last) {
+        for (; first < last; ++first)
+            centres[first] = FindCentre(surface, points.Get(first));
+    });
     return centres;
+}
+
+// Fills the columns about neighbours.
+void MeasureNeighbours(const SSurface& surface, const SGrainMap& map, std::vector<SValues>& columns)
+{
+    std::vector<std::pair<SValues*, double (*)(const SNeighbour&)>> wanted;
+    for (SValues& column : columns)
+        for (const SNeighbourMeasure& measure : GetNeighbourMeasures())
+            if (measure.key == column.key)
+                wanted.emplace_back(&column, measure.get);
+    for (const auto& [column, get] : wanted)
+        column->values.assign(map.count, c_undefined);
+    if (wanted.empty() || map.count < 2)
+        return;
+    const std::vector<SPosition> centres = FindCentres(surface, map);
+    const CNeighbourGrid grid(centres);
+    ComputeInShares(centres.size(), [&](std::size_t first, std::size_t last) {
+        for (; first < last; ++first) {
+            const SNeighbour neighbour = grid.FindNearest(first);
+            for (const auto& [column, get] : wanted)
+                column->values[first] = get(neighbour);
+        }
+    });
 }
 
 // Measures one grain after the other, from several threads.
@@ -76,15 +106,12 @@ class CMeasurer
 {
 public:
     CMeasurer(const SSurface& surface, double threshold, EGrainKind kind, const SGrainMap& map,
-              const SGrainPoints& points, std::vector<double> skeletons)
+              const SGrainPoints& points)
         : m_surface(surface)
         , m_threshold(threshold)
         , m_isPore(kind == EGrainKind::Pore)
         , m_map(map)
         , m_points(points)
-        , m_centres(FindCentres(surface, points, map.count))
-        , m_neighbours(FindNeighbours(m_centres))
-        , m_skeletons(std::move(skeletons))
     {
     }
 
@@ -99,14 +126,10 @@ public:
                      .dy = m_surface.dy,
                      .area = static_cast<double>(points.size()) * m_surface.dx * m_surface.dy,
                      .width = m_surface.points,
-                     .centre = m_centres[index]};
+                     .centre = FindCentre(m_surface, points)};
         grain.heights = MeasureHeights(m_surface, points, m_threshold);
         grain.outline = TraceOutline(m_surface, m_map, points.front());
         grain.hull = MeasureHull(ComputeHull(points, m_surface.points), m_surface.dx, m_surface.dy);
-        if (!m_neighbours.empty())
-            grain.neighbour = m_neighbours[index];
-        if (!m_skeletons.empty())
-            grain.skeleton = m_skeletons[index];
         return grain;
     }
 
@@ -116,9 +139,6 @@ private:
     bool m_isPore;
     const SGrainMap& m_map;
     const SGrainPoints& m_points;
-    std::vector<SPosition> m_centres;
-    std::vector<SNeighbour> m_neighbours;
-    std::vector<double> m_skeletons; // empty if they are not asked for
 };
 
 // Calls work(first, end) for shares of the grains that hold about as many points each, at the same time.
@@ -171,15 +191,21 @@ SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind
 SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind,
                       std::span<const std::string_view> keys, const SGrainMap& map)
 {
-    const SGrainPoints points(map);
-    const CMeasurer measurer(surface, threshold, kind, map, points,
-                             IsAmong(c_skeletonKey, keys) ? MeasureSkeletons(map, surface.dx, surface.dy)
-                                                          : std::vector<double>());
     const std::vector<const SGrainMeasure*> measures = SelectMeasures(keys);
-
-    SGrains grains{.count = map.count, .coverage = GetCoverage(surface, points.points.size())};
+    SGrains grains{.count = map.count};
     for (const SGrainMeasure* measure : measures)
-        grains.columns.push_back({measure->key, std::vector<double>(map.count)});
+        grains.columns.push_back({.key = measure->key});
+    // One pass after the other: of millions of tiny grains, what a pass needs is as large as the heights.
+    for (SValues& column : grains.columns)
+        if (column.key == c_skeletonKey)
+            column.values = MeasureSkeletons(map, surface.dx, surface.dy);
+    MeasureNeighbours(surface, map, grains.columns);
+
+    const SGrainPoints points(map);
+    const CMeasurer measurer(surface, threshold, kind, map, points);
+    grains.coverage = GetCoverage(surface, points.points.size());
+    for (SValues& column : grains.columns)
+        column.values.resize(map.count);
     grains.areas.resize(map.count);
     grains.volumes.resize(map.count);
     ShareOut(points, map.count, [&](std::size_t first, std::size_t end) {
@@ -192,7 +218,8 @@ SGrains MeasureGrains(const SSurface& surface, double threshold, EGrainKind kind
                 block.push_back(measurer.Measure(i));
             const auto at = static_cast<std::ptrdiff_t>(first);
             for (std::size_t c = 0; c < measures.size(); ++c)
-                std::ranges::transform(block, grains.columns[c].values.begin() + at, measures[c]->get);
+                if (measures[c]->get != nullptr) // the others have passes of their own
+                    std::ranges::transform(block, grains.columns[c].values.begin() + at, measures[c]->get);
             std::ranges::transform(block, grains.areas.begin() + at, &SGrain::area);
             std::ranges::transform(block, grains.volumes.begin() + at,
                                    [](const SGrain& g) { return g.heights.volume; });

@@ -25,7 +25,7 @@ constexpr SGrainMeasure c_measures[] = {
     {"MaxFeret", [](const SGrain& g) { return g.hull.maxFeret; }},
     {"FiberWidth", [](const SGrain& g) { return g.outline.area / g.GetFiberLength(); }},
     {"FiberLength", [](const SGrain& g) { return g.GetFiberLength(); }},
-    {c_skeletonKey, [](const SGrain& g) { return g.skeleton; }},
+    {c_skeletonKey, nullptr},
     {"AreaExHoles", [](const SGrain& g) { return g.area; }},
     {"CGAreaX", [](const SGrain& g) { return g.centre.x; }},
     {"CGAreaY", [](const SGrain& g) { return g.centre.y; }},
@@ -81,12 +81,16 @@ constexpr SGrainMeasure c_measures[] = {
     {"BoundRectMinY", [](const SGrain& g) { return g.hull.minY; }},
     {"BoundRectMaxX", [](const SGrain& g) { return g.hull.maxX; }},
     {"BoundRectMaxY", [](const SGrain& g) { return g.hull.maxY; }},
-    {"NearestNeighbourID",
-     [](const SGrain& g) { return g.neighbour ? static_cast<double>(g.neighbour->index + 1) : c_undefined; }},
-    {"NearestNeighbourDist",
-     [](const SGrain& g) { return g.neighbour ? g.neighbour->distance : c_undefined; }},
-    {"NearestNeighbourAngle", [](const SGrain& g) { return g.neighbour ? g.neighbour->angle : c_undefined; }},
+    {"NearestNeighbourID", nullptr},
+    {"NearestNeighbourDist", nullptr},
+    {"NearestNeighbourAngle", nullptr},
     {"ID", [](const SGrain& g) { return static_cast<double>(g.id); }},
+};
+
+constexpr SNeighbourMeasure c_neighbourMeasures[] = {
+    {"NearestNeighbourID", [](const SNeighbour& n) { return static_cast<double>(n.index + 1); }},
+    {"NearestNeighbourDist", [](const SNeighbour& n) { return n.distance; }},
+    {"NearestNeighbourAngle", [](const SNeighbour& n) { return n.angle; }},
 };
 
 } // namespace
@@ -125,6 +129,11 @@ double SGrain::GetAngle() const
 std::span<const SGrainMeasure> GetGrainMeasures()
 {
     return c_measures;
+}
+
+std::span<const SNeighbourMeasure> GetNeighbourMeasures()
+{
+    return c_neighbourMeasures;
 }
 
 } // namespace CommonUI::Analysis

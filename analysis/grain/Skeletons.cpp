@@ -124,32 +124,32 @@ TRing CSkeletons::GetLinks(std::size_t cell) const
 
 void CSkeletons::Thin()
 {
-    // A cell has to be looked at in both halves of a round after each change beside it.
-    std::vector<std::size_t> active;
+    // A cell has to be looked at in both halves of a round after each change beside it. One by itself stays.
+    std::vector<std::uint32_t> active;
     for (std::size_t i = 0; i < m_isThere.size(); ++i)
-        if (m_isThere[i] != 0 && GetRing(i) != 0xff)
-            active.push_back(i);
+        if (const TRing ring = m_isThere[i] != 0 ? GetRing(i) : TRing{0}; ring != 0 && ring != 0xff)
+            active.push_back(static_cast<std::uint32_t>(i));
     std::vector<std::uint8_t> lastLooked(m_isThere.size());
-    std::vector<std::size_t> before; // what was active in the half before
+    std::vector<std::uint32_t> before; // what was active in the half before
     for (bool isFirstHalf = true; !active.empty(); isFirstHalf = !isFirstHalf) {
-        std::vector<std::size_t> removed;
+        std::vector<std::uint32_t> removed;
         for (const auto* cells : {&before, &active})
-            for (const std::size_t i : *cells)
+            for (const std::uint32_t i : *cells)
                 if (m_isThere[i] != 0 && IsRemovable(GetRing(i), isFirstHalf))
                     removed.push_back(i);
-        for (const std::size_t i : removed)
+        for (const std::uint32_t i : removed)
             m_isThere[i] = 0;
         before.swap(active);
         active.clear();
-        for (const std::size_t i : removed) {
+        for (const std::uint32_t i : removed) {
             const TRing ring = GetRing(i);
             for (int k = 0; k < 8; ++k)
                 if (Has(ring, k) && lastLooked[Step(i, k)] == 0) {
                     lastLooked[Step(i, k)] = 1;
-                    active.push_back(Step(i, k));
+                    active.push_back(static_cast<std::uint32_t>(Step(i, k)));
                 }
         }
-        for (const std::size_t i : active)
+        for (const std::uint32_t i : active)
             lastLooked[i] = 0;
     }
 }

@@ -6,7 +6,6 @@
 #include "analysis/grain/Neighbours.h"
 
 #include <cstddef>
-#include <optional>
 #include <span>
 #include <string_view>
 
@@ -27,8 +26,6 @@ struct SGrain {
     SGrainHeights heights{};
     SGrainOutline outline{};
     SGrainHull hull{};
-    std::optional<SNeighbour> neighbour{}; ///< none of the only grain
-    double skeleton = c_undefined;         ///< total length of the skeleton
 
     /// Position of a point of the map.
     double GetX(std::size_t point) const { return GetMiddle(point % width) * dx; }
@@ -52,16 +49,24 @@ private:
     static double GetMiddle(std::size_t cell) { return static_cast<double>(cell) + 0.5; }
 };
 
-/// What takes a pass over the map of its own.
+/// The quantity that takes a pass over the map of its own.
 inline constexpr std::string_view c_skeletonKey = "TotalFiberLength";
 
 /// A quantity of grains by its key.
 struct SGrainMeasure {
     std::string_view key;
-    double (*get)(const SGrain&);
+    double (*get)(const SGrain&); ///< null for that of the skeleton and those of neighbours
 };
 
 /// All quantities, in the order in which they are listed.
 std::span<const SGrainMeasure> GetGrainMeasures();
+
+/// A quantity of a grain's neighbour.
+struct SNeighbourMeasure {
+    std::string_view key;
+    double (*get)(const SNeighbour&);
+};
+
+std::span<const SNeighbourMeasure> GetNeighbourMeasures();
 
 } // namespace CommonUI::Analysis
