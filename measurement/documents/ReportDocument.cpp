@@ -5,9 +5,7 @@
 #include "measurement/charts/HeightCharts.h"
 #include "measurement/charts/ValueCharts.h"
 #include "measurement/detail/DescribeLength.h"
-#include "measurement/documents/detail/TableColumns.h"
-#include "measurement/documents/HtmlDocument.h"
-#include "measurement/documents/OdtDocument.h"
+#include "measurement/documents/detail/DocumentBlocks.h"
 
 #include <algorithm>
 #include <utility>
@@ -36,11 +34,6 @@ bool IsOneOf(EReportBlock block, std::initializer_list<EReportBlock> blocks)
     return std::ranges::find(blocks, block) != blocks.end();
 }
 
-CStr NameOf(EReportBlock block)
-{
-    return GetReportBlockEnum().GetFriendlyString(static_cast<int>(block));
-}
-
 // A noun that stands at the beginning of a line as it stands in a sentence.
 CStr InSentence(const CStr& noun)
 {
@@ -50,16 +43,25 @@ CStr InSentence(const CStr& noun)
     return text;
 }
 
-CStr EmptyBlockText(const CStr& names, const CStr& reason)
+// The picture of a block without grains.
+SPicture DrawBlock(EReportBlock block, const SSurface& surface, const SMethod& method,
+                   std::optional<double> threshold)
 {
-    return names + u": not shown, as " + reason;
-}
-
-CStr TitleOf(const SReportTemplateSettings& layout, const SSurface& surface)
-{
-    if (!layout.title.IsEmpty())
-        return layout.title;
-    return surface.fileName.empty() ? u"Surface report" : CStr::FromUtf8(surface.fileName);
+    switch (block) {
+    case Image:
+        return PictureSurface(surface);
+    case View3D:
+        return PicturePerspective(surface);
+    case CrossSection:
+        return PictureCrossSection(surface);
+    case Profile:
+        return PictureProfile(surface, method.cutoff);
+    case AbbottCurve:
+        return {u"Material ratio curve",
+                DrawMaterialRatio(CMaterialRatio(surface.heights), !surface.IsProfile())};
+    default:
+        return {u"Heights", DrawHistogram(CMaterialRatio(surface.heights), threshold)};
+    }
 }
 
 // What both analyses say stands there once.
@@ -73,21 +75,20 @@ void AddSummary(const CGrid& summary, std::vector<std::pair<CStr, CStr>>& rows)
 }
 
 // Elements in the order of a template's blocks.
-class CReportDocument
+class CReportDocument : CDocumentBlocks
 {
 public:
     CReportDocument(const SReportTemplateSettings& layout, const SDocumentSource& source,
                     CDocumentWriter& document)
-        : m_layout(layout)
+        : CDocumentBlocks(layout, source.hasPictures, document)
         , m_source(source)
         , m_surface(source.input.surface)
-        , m_document(document)
     {
     }
 
     void Make()
     {
-        for (const EReportBlock block : m_layout.blocks) {
+        for (const EReportBlock block : GetLayout().blocks) {
             const CStr reason = ExplainEmptyBlock(block, m_surface, m_source.method);
             if (reason.IsEmpty())
                 AddBlock(block);
@@ -98,42 +99,11 @@ public:
     }
 
 private:
-    void Add(const CDocumentElement& element)
-    {
-        FlushPictures();
-        m_document.Add(element);
-        m_isAtTop = false;
-    }
-    void AddSentence(EReportBlock block, const CStr& reason)
-    {
-        Add(SParagraph{EmptyBlockText(NameOf(block), reason) + u"."});
-    }
-    // Pictures that follow each other stand side by side.
-    void AddPicture(const SPicture& picture)
-    {
-        if (m_source.hasPictures)
-            m_pictures.pictures.push_back(picture);
-    }
-    void AddChart(EReportBlock block, const CStr& caption, std::string svg, const CStr& reason)
-    {
-        if (!m_source.hasPictures)
-            return;
-        if (svg.empty())
-            AddSentence(block, reason);
-        else
-            AddPicture({caption, std::move(svg)});
-    }
-    void FlushPictures()
-    {
-        if (!m_pictures.pictures.empty())
-            m_document.Add(std::exchange(m_pictures, {}));
-    }
-
     void AddBlock(EReportBlock block)
     {
         switch (block) {
         case Title:
-            return Add(SHeading{TitleOf(m_layout, m_surface), true});
+            return Add(SHeading{TitleOf(GetLayout(), CStr::FromUtf8(m_surface.fileName)), true});
         case Information:
             return AddInformation();
         case Comment:
@@ -151,32 +121,18 @@ private:
         case RoughnessChart:
             return AddRoughnessChart();
         default:
-            return AddPicture(m_source.hasPictures ? PictureOf(block) : SPicture());
+            return AddPicture(HasPictures() ? PictureOf(block) : SPicture());
         }
     }
     SPicture PictureOf(EReportBlock block) const
     {
-        switch (block) {
-        case Image:
-            return PictureSurface(m_surface);
-        case View3D:
-            return PicturePerspective(m_surface);
-        case CrossSection:
-            return PictureCrossSection(m_surface);
-        case Profile:
-            return PictureProfile(m_surface, m_source.method.cutoff);
-        case GrainImage:
+        if (block == GrainImage)
             return PictureGrains(m_surface, *m_source.grains->GetResults().grains);
-        case AbbottCurve:
-            return {u"Material ratio curve",
-                    DrawMaterialRatio(CMaterialRatio(m_surface.heights), !m_surface.IsProfile())};
-        default:
-            return {u"Heights", DrawHistogram(CMaterialRatio(m_surface.heights), GetThreshold())};
-        }
+        return DrawBlock(block, m_surface, m_source.method, GetThreshold());
     }
     std::optional<double> GetThreshold() const
     {
-        return m_source.grains && IsAboutGrains(m_layout)
+        return m_source.grains && IsAboutGrains(GetLayout())
                    ? std::optional(m_source.grains->GetResults().grains->limit.threshold)
                    : std::nullopt;
     }
@@ -201,24 +157,6 @@ private:
         Add(facts);
     }
 
-    // How many of a line the page has room for, in the font of tables.
-    double GetCharacters() const
-    {
-        constexpr double c_each = 1.88; // mm
-        const double width = m_layout.orientation == EReportOrientation::Landscape ? 297 : 210;
-        return std::max(20.0, (width - 2 * m_layout.margin) / c_each);
-    }
-    // A table of more rows than a page has starts on a new one.
-    void AddTable(const CStr& heading, const CGrid::CCells& cells, const std::vector<CStr>& notes)
-    {
-        constexpr std::size_t c_longTable = 32;
-        if (cells.size() > c_longTable && !m_isAtTop)
-            Add(SPageBreak());
-        Add(SHeading{heading});
-        std::vector<CGrid::CCells> parts = SplitColumns(cells, GetCharacters());
-        for (std::size_t i = 0; i < parts.size(); ++i)
-            Add(SDocumentTable{std::move(parts[i]), i + 1 == parts.size() ? notes : std::vector<CStr>()});
-    }
     void AddParameters()
     {
         const CReportTables& tables = *m_source.roughness;
@@ -243,9 +181,7 @@ private:
         rows.GetGridHeaders(cells, SCell::Results);
         rows.GetGridCells(cells, SCell::Results);
         AddTable(NameOf(block), cells, tables.GetRowNotes().GetLines());
-        if (shown < count)
-            Add(SParagraph{CStr::Format(u"The first %u of %u; all are in the text file beside this report.",
-                                        shown, count)});
+        AddShownRows(shown, count);
     }
     static CStr WhyNoRows(const CReportTables& tables)
     {
@@ -298,30 +234,9 @@ private:
                  column.parameter.GetShortFriendlyString() + u" has no two values");
     }
 
-    const SReportTemplateSettings& m_layout;
     const SDocumentSource& m_source;
     const SSurface& m_surface;
-    CDocumentWriter& m_document;
-    SPictures m_pictures{};
-    bool m_isAtTop = true; // of the document
 };
-
-SDocumentPage PageOf(const SReportTemplateSettings& layout, const SSurface& surface)
-{
-    return {.title = TitleOf(layout, surface),
-            .isLandscape = layout.orientation == EReportOrientation::Landscape,
-            .margin = layout.margin,
-            .columns = layout.columns};
-}
-
-template<class TDocument>
-void WriteDocument(const SReportTemplateSettings& layout, const SDocumentSource& source,
-                   const FWriteText& write)
-{
-    TDocument document(PageOf(layout, source.input.surface), write);
-    MakeReportDocument(layout, source, document);
-    document.Finish();
-}
 
 } // namespace
 
@@ -402,6 +317,23 @@ bool ShowsAnything(const SReportTemplateSettings& layout, const SSurface& surfac
     });
 }
 
+bool IsPictureOfOne(EReportBlock block)
+{
+    return IsOneOf(block, c_pictures) && block != GrainImage;
+}
+
+std::vector<SPicture> DrawBlocks(const SReportTemplateSettings& layout, const SSurface& surface,
+                                 const SMethod& method)
+{
+    std::vector<SPicture> pictures;
+    for (const EReportBlock block : layout.blocks) {
+        pictures.push_back(IsPictureOfOne(block) && ExplainEmptyBlock(block, surface, method).IsEmpty()
+                               ? DrawBlock(block, surface, method, std::nullopt)
+                               : SPicture());
+    }
+    return pictures;
+}
+
 void MakeReportDocument(const SReportTemplateSettings& layout, const SDocumentSource& source,
                         CDocumentWriter& document)
 {
@@ -410,9 +342,8 @@ void MakeReportDocument(const SReportTemplateSettings& layout, const SDocumentSo
 
 SDocumentFile GetDocumentFile(const SReportTemplateSettings& layout, const SDocumentSource& source)
 {
-    if (layout.format == EReportFormat::Doc && HasOdt())
-        return {".odt", [&](const FWriteText& write) { WriteDocument<COdtDocument>(layout, source, write); }};
-    return {".html", [&](const FWriteText& write) { WriteDocument<CHtmlDocument>(layout, source, write); }};
+    return MakeDocumentFile(layout, TitleOf(layout, CStr::FromUtf8(source.input.surface.fileName)),
+                            [&](CDocumentWriter& document) { MakeReportDocument(layout, source, document); });
 }
 
 } // namespace CommonUI::Measurement

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <vector>
 
 namespace CommonUI::Measurement
 {
@@ -44,6 +45,13 @@ COMMONUIMEASUREMENT_API CStr ExplainEmptyBlocks(const SReportTemplateSettings& l
 /// Whether a block of the template, other than those that every measurement has, shows something.
 COMMONUIMEASUREMENT_API bool ShowsAnything(const SReportTemplateSettings& layout,
                                            const Analysis::SSurface& surface, const SMethod& method);
+
+/// Whether a block is a picture of one measurement, without its grains.
+COMMONUIMEASUREMENT_API bool IsPictureOfOne(EReportBlock block);
+/// The pictures of a template's blocks, one for each block, of which those that are none, or show nothing of
+/// this measurement, are empty.
+COMMONUIMEASUREMENT_API std::vector<SPicture>
+DrawBlocks(const SReportTemplateSettings& layout, const Analysis::SSurface& surface, const SMethod& method);
 
 /// The most rows of a table in a document. A text program takes long for more; the others are in the text
 /// file beside it.

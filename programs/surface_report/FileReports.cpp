@@ -5,18 +5,24 @@
 namespace SurfaceReport
 {
 
-void AddTable(const std::filesystem::path& folder, const CFileTable& table, const SReportForms& forms,
-              COutputFiles& files)
+void AddTable(const std::filesystem::path& path, const CFileTable& table, const SReportForms& forms,
+              COutputFiles& files, const CommonUI::Measurement::SDocumentFile& document)
 {
-    files.Add(folder / "report.html", [&](const auto& write) { write(table.GetHtml()); });
-    files.Add(folder / "report.txt", [&](const auto& write) { write(table.GetText()); });
+    using FWrite = COutputFiles::FWrite;
+    const auto add = [&](const char* extension, const std::function<void(const FWrite&)>& make) {
+        std::filesystem::path file = path;
+        files.Add(file += extension, make);
+    };
+    add(
+        document.extension,
+        document.write ? document.write : [&](const FWrite& write) { write(table.GetHtml()); });
+    add(".txt", [&](const FWrite& write) { write(table.GetText()); });
     if (forms.hasData) {
-        files.Add(folder / "report.csv", [&](const auto& write) { table.WriteCsv(write); });
-        files.Add(folder / "report.json", [&](const auto& write) { table.WriteJson(write); });
+        add(".csv", [&](const FWrite& write) { table.WriteCsv(write); });
+        add(".json", [&](const FWrite& write) { table.WriteJson(write); });
     }
     if (forms.spreadsheet)
-        files.Add(folder / "report.sheet.csv",
-                  [&](const auto& write) { write(table.GetText(*forms.spreadsheet)); });
+        add(".sheet.csv", [&](const FWrite& write) { write(table.GetText(*forms.spreadsheet)); });
 }
 
 bool TellOfFailures(const std::vector<SFileRow>& rows, std::size_t fileCount, std::ostream& err)

@@ -184,6 +184,32 @@ std::string CFileTable::GetTerminalText() const
     return text.ToUtf8();
 }
 
+Measurement::SCollectionSource
+CFileTable::GetSource(const std::vector<Measurement::SPicturedMeasurement>& measurements,
+                      bool hasPictures) const
+{
+    Measurement::SCollectionSource source{.measurements = measurements,
+                                          .summary = m_summary,
+                                          .rows = CGrid(SCell::Results),
+                                          .statistics = m_statistics,
+                                          .columns = m_columns,
+                                          .notes = m_notes.GetLines(),
+                                          .hasPictures = hasPictures};
+    // A remark is too long for a cell on a page.
+    source.rows.SetNameHeader(m_rows.GetNameHeader());
+    for (std::size_t i = 0; i < m_columns.size(); ++i)
+        source.rows.AddColumn(m_rows.GetColumns()[i]);
+    for (CGrid::SRow row : m_rows.GetRows()) {
+        if (row.cells.size() > m_columns.size()) {
+            if (const CStr remark = row.cells.back(); !remark.IsEmpty())
+                source.notes.push_back(row.name + u": " + remark);
+            row.cells.pop_back();
+        }
+        source.rows.AddRow(std::move(row));
+    }
+    return source;
+}
+
 std::string CFileTable::GetHtml() const
 {
     const CGrid summary = Escaped(m_summary);

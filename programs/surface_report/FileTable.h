@@ -2,6 +2,7 @@
 
 #include "measurement/Choices.h"
 #include "measurement/Columns.h"
+#include "measurement/documents/CollectionDocument.h"
 #include "measurement/ValueFailure.h"
 #include "measurement/WriteText.h"
 #include "output/results/Footnotes.h"
@@ -52,6 +53,10 @@ public:
     std::string GetHtml() const;
     /// The statistics of each parameter as aligned columns for a terminal, with why some are empty, UTF-8.
     std::string GetTerminalText() const;
+    /// The table for a document of a template; it refers to this object and the pictures.
+    CommonUI::Measurement::SCollectionSource
+    GetSource(const std::vector<CommonUI::Measurement::SPicturedMeasurement>& measurements,
+              bool hasPictures) const;
     /// A line for each value, and JSON, both for other programs, see measurement/data/ReportData.h.
     void WriteCsv(const CommonUI::Measurement::FWriteText& write) const;
     void WriteJson(const CommonUI::Measurement::FWriteText& write) const;

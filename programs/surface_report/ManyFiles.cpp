@@ -9,6 +9,7 @@
 #include "measurement/Results.h"
 #include "platform/Terminal.h"
 #include "programs/command_line/CommandLine.h"
+#include "programs/surface_report/CollectedReport.h"
 #include "programs/surface_report/DocumentReport.h"
 #include "programs/surface_report/FileProgress.h"
 #include "programs/surface_report/FileReports.h"
@@ -83,6 +84,7 @@ public:
         , m_choices(choices)
         , m_files(FindInputs(options.inputs, options.output))
         , m_rows(m_files.size())
+        , m_collected(MakeCollectedReports(options, plan, choices, manager, m_files.size()))
         , m_state(options.output / "report.state", MakeRunHead(options, plan, choices), m_files.size())
         , m_progress(m_files.size(), &err == &std::cerr && CommonUI::IsErrorStreamTerminal(), err)
     {
@@ -119,6 +121,15 @@ public:
         return rows;
     }
 
+    // The reports of templates on all of them.
+    void WriteCollected(const std::vector<SRunFact>& facts, COutputFiles& files) const
+    {
+        for (const auto& [step, report] : m_collected) {
+            if (step == 0 || report.HasAny()) // a step shows nothing of some files
+                report.Write(m_rows, facts, m_options, files);
+        }
+    }
+
 private:
     // What goes wrong besides the files stops the other threads, too.
     void WorkUntilError()
@@ -141,7 +152,7 @@ private:
             SFileRow row{.name = CStr::FromUtf8(m_files[index].path.string())};
             SFingerprint fingerprint;
             try {
-                WorkOn(m_files[index], fingerprint, row);
+                WorkOn(index, fingerprint, row);
             } catch (const std::exception& error) {
                 row.values.clear();
                 row.remark = RemarkOf(error, m_files[index].path.string() + ": ");
@@ -154,13 +165,14 @@ private:
             m_progress.Show(++m_done, m_failed);
         }
     }
-    void WorkOn(const SInputFile& file, SFingerprint& fingerprint, SFileRow& row)
+    void WorkOn(std::size_t index, SFingerprint& fingerprint, SFileRow& row)
     {
+        const SInputFile& file = m_files[index];
         fingerprint = TakeFingerprint(file.path);
         if (TakeOver(file, fingerprint, row) && (!m_options.each || HasReport(file)))
             return;
         row.sha256 = CommonUI::Formats::ComputeSha256(file.path);
-        Analyse(file, row);
+        Analyse(index, row);
     }
     // @return whether the row was finished before
     bool TakeOver(const SInputFile& file, const SFingerprint& fingerprint, SFileRow& row)
@@ -171,8 +183,9 @@ private:
             row = *known;
         return known;
     }
-    void Analyse(const SInputFile& file, SFileRow& row)
+    void Analyse(std::size_t index, SFileRow& row)
     {
+        const SInputFile& file = m_files[index];
         auto surface = CommonUI::Formats::ReadSurface(file.path);
         if (surface.IsProfile())
             throw std::runtime_error("it is a profile, and the table has parameters of surfaces");
@@ -185,20 +198,28 @@ private:
             input.notes.emplace_back(u"Settings", set.name);
         COutputFiles files;
         if (m_plan.batch)
-            RunSteps(file, input, files, row);
+            RunSteps(index, input, files, row);
         if (!m_options.each)
             input.raw.reset();
         Measurement::SResults results = ComputeResults(input, m_choices);
-        TakeValues(results.surface, row);
+        TakeValues(results.surface, m_choices, row);
+        Collect(0, index, row, input);
         files.Replace();
         files.Keep();
         if (m_options.each)
             WriteReport(file, input, std::move(results));
     }
     // The steps of the batch sequence, whose reports lie beside each other and become files with the row.
-    void RunSteps(const SInputFile& file, Measurement::SInput& input, COutputFiles& files, SFileRow& row)
+    void RunSteps(std::size_t index, Measurement::SInput& input, COutputFiles& files, SFileRow& row)
     {
+        const SInputFile& file = m_files[index];
         const auto report = [&](Measurement::SBatchReport made) {
+            if (const auto found = m_collected.find(made.step); found != m_collected.end()) {
+                SFileRow collected{.name = row.name, .sha256 = row.sha256, .date = row.date};
+                const Measurement::SResults& results = made.roughness ? *made.roughness : made.results;
+                TakeValues(results.surface, found->second.GetChoices(), collected);
+                return Collect(made.step, index, collected, made.input);
+            }
             const fs::path wanted = (m_options.output / file.report) +=
                 "-" + NameStepReport(made.step, made.name);
             const std::scoped_lock lock(m_writing);
@@ -207,6 +228,12 @@ private:
         const auto outcome = RunBatch(*m_plan.batch, input, m_plan.request, m_manager, report);
         for (const CStr& remark : outcome.remarks)
             row.remark += (row.remark.IsEmpty() ? CStr() : CStr(u"; ")) + remark;
+    }
+    // For the report on all files that a step makes, or the run itself, if there is one.
+    void Collect(std::size_t step, std::size_t index, const SFileRow& row, const Measurement::SInput& input)
+    {
+        if (const auto found = m_collected.find(step); found != m_collected.end())
+            found->second.Add(index, row, input.surface, m_options.hasPictures);
     }
     // A path in a folder that is there, at which no report is.
     fs::path MakePlace(const fs::path& wanted) const
@@ -218,12 +245,13 @@ private:
         return path;
     }
     // Of the surface as it is analysed, for each parameter that is chosen.
-    void TakeValues(const std::vector<Measurement::SColumn>& columns, SFileRow& row) const
+    static void TakeValues(const std::vector<Measurement::SColumn>& columns,
+                           const Measurement::SChoices& choices, SFileRow& row)
     {
-        row.values.assign(m_choices.surface.size(), CommonUI::Analysis::c_undefined);
+        row.values.assign(choices.surface.size(), CommonUI::Analysis::c_undefined);
         row.reasons.clear();
         for (std::size_t i = 0, next = 0; i < row.values.size() && next < columns.size(); ++i) {
-            if (columns[next].parameter.GetValue() != m_choices.surface[i].GetValue())
+            if (columns[next].parameter.GetValue() != choices.surface[i].GetValue())
                 continue;
             const Measurement::SColumn& column = columns[next++];
             row.values[i] = column.values.back();
@@ -323,6 +351,7 @@ private:
     std::mutex m_writing{};
     std::mutex m_mutex{}; // of what follows
     std::vector<std::optional<SFileRow>> m_rows;
+    std::map<std::size_t, CCollectedReport> m_collected; // each file has its own place in them
     std::size_t m_done = 0;
     std::size_t m_failed = 0;
     std::exception_ptr m_error{}; // not of a file
@@ -338,19 +367,17 @@ int ReportOnMany(const SOptions& options, const SPlan& plan, const Measurement::
 {
     CMadeFolder folder(options.output);
     const CInterruptions interruptions;
-    std::vector<SFileRow> rows;
-    std::size_t files = 0;
-    {
-        CRun run(options, plan, choices, preferences.GetManager(), err);
-        run.Work();
-        folder.Keep();
-        rows = run.GetRows();
-        files = run.CountFiles();
-    }
+    CRun run(options, plan, choices, preferences.GetManager(), err);
+    run.Work();
+    folder.Keep();
+    const std::vector<SFileRow> rows = run.GetRows();
+    const std::size_t files = run.CountFiles();
     const SRunHead head = MakeRunHead(options, plan, choices);
     const CFileTable table(rows, choices, head.facts);
     COutputFiles output;
-    AddTable(options.output, table, options.forms, output);
+    run.WriteCollected(head.facts, output);
+    if (!plan.sets.report)
+        AddTable(options.output / "report", table, options.forms, output);
     output.Replace();
     preferences.Save();
     output.Keep();

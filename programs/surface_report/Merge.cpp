@@ -113,7 +113,7 @@ int MergeRuns(const SOptions& options, std::ostream& out, std::ostream& err)
     CMadeFolder folder(options.output);
     const CFileTable table(rows, ChoicesOf(run.head), run.head.facts);
     COutputFiles files;
-    AddTable(options.output, table, options.forms, files);
+    AddTable(options.output / "report", table, options.forms, files);
     files.Add(options.output / "report.state", [&](const auto& write) { write(WriteRun(run)); });
     files.Replace();
     files.Keep();

@@ -7,6 +7,7 @@
 #include "measurement/Batch.h"
 #include "measurement/charts/Pictures.h"
 #include "measurement/Choices.h"
+#include "measurement/documents/CollectionDocument.h"
 #include "measurement/documents/OdtDocument.h"
 #include "measurement/documents/ReportDocument.h"
 #include "measurement/GrainLimit.h"
@@ -146,8 +147,10 @@ void AddNotes(const Measurement::SSets& sets, const Measurement::SMethod& method
 void CheckTemplate(const Measurement::SReportTemplate& set, const SOptions& options)
 {
     const std::string option = "--settings: " + set.name.ToUtf8() + ": ";
-    if (options.isMany)
-        throw CommandLine::EUsage(option + "a report template is for one file, and the input is many");
+    if (options.isMany && !Measurement::IsAboutSeveral(set.layout))
+        throw CommandLine::EUsage(option + "the report template is about one file, and the input is many");
+    if (options.resumes)
+        throw CommandLine::EUsage(option + "--resume is not for a report template, which shows all files");
     if (set.layout.format == CommonUI::EReportFormat::Doc && !Measurement::HasOdt())
         throw CommandLine::EUsage(option + CommonUI::CStr(Measurement::c_noOdt).ToUtf8());
 }
@@ -257,6 +260,11 @@ int MakeTable(const SOptions& options, CPreferencesFile& preferences, std::ostre
     const SPlan plan = MakePlan(options, preferences.GetFactory());
     const Measurement::SChoices choices = ForOption(
         "--parameters", [&] { return MakeChoices(preferences.GetManager(), RequestOfTable(plan)); });
+    if (choices.surface.empty())
+        throw CommandLine::EUsage(
+            options.request.keys.empty()
+                ? "no parameter of surfaces is on, and these are what the table of many files has"
+                : "--parameters: none of these is one of surfaces, which the table of many files has");
     return ReportOnMany(options, plan, choices, preferences, out, err);
 }
 

@@ -2,6 +2,8 @@
 #include "tests/FullDisk.h"
 #include "tests/surface_report/SurfaceReportFixture.h"
 
+#include <tuple>
+
 using namespace CommonUI;
 using Measurement::HasOdt;
 
@@ -12,20 +14,22 @@ namespace
 class Documents : public ReportProgram
 {
 protected:
-    int RunTemplate(const std::string& content, const std::string& options = "")
+    int RunTemplate(const std::string& content, const std::string& options = "",
+                    const std::string& inputs = "$sample")
     {
         m_temporary.Write("my.template", "[ReportTemplate]\n" + content);
-        return Run("$sample --out $out --settings ActiveReport[File($folder/my.template)] " + options);
+        return Run((inputs + " --out $out --settings ActiveReport[File($folder/my.template)] ") + options);
     }
     // The headings, captions and sentences of the page.
-    std::string PageOutline() const
+    std::string PageOutline(const char* name = "report.html") const
     {
-        const std::string page = Read("report.html");
+        const std::string page = Read(name);
         std::string outline;
         for (const std::string element : {"h1", "h2", "figcaption", "p"}) {
             for (std::size_t at = 0; (at = page.find("<" + element + ">", at)) != page.npos; ++at) {
                 const std::size_t begin = at + element.size() + 2;
-                outline += page.substr(begin, page.find("</", begin) - begin) + "\n";
+                if (page.compare(begin, 7, "<small>") != 0) // notes
+                    outline += page.substr(begin, page.find("</", begin) - begin) + "\n";
             }
         }
         return outline;
@@ -102,4 +106,56 @@ TEST_F(Documents, SequenceWritesGrainsBesideRoughness)
     const std::string page = Read("report-02-my-template.html");
     EXPECT_TRUE(Has(page, "<h2>Statistics of grains (") && Has(page, "<h2>Roughness parameters</h2>"))
         << page.substr(0, 3000);
+}
+
+// One document of all files, in which rows, statistics and chart are over them; the others are as without it.
+TEST_F(Documents, TemplateOfSeveralMeasurementsIsOneDocumentOfManyFiles)
+{
+    for (const int height : {10, 20, 60})
+        m_temporary.Write("data/" + std::to_string(height) + ".txt",
+                          "# Width: 3 um\n# Height: 2 um\n# Value units: nm\n0 0 0\n0 " +
+                              std::to_string(height) + " 0\n");
+    m_temporary.Write("data/junk.txt", "nothing");
+    const std::string blocks = "Blocks=Title,Image,RoughnessParameters,RoughnessStatistics,RoughnessChart,"
+                               "GrainTable\n";
+    const std::string options = "--parameters Sz,Smean ";
+    const auto caption = [this](const char* name) {
+        return (m_folder / "data" / name).string() + ": Surface\n";
+    };
+    EXPECT_EQ(RunTemplate("Scope=Batch\nTitle=All\n" + blocks, options, "$folder/data"), 1);
+    const std::string shown = "All\nRoughness parameters\nRoughness statistics (4 measurements)\n";
+    const std::string chart = "Sz, Maximum Height, over the measurements\n";
+    const std::string grains = "Table of grains: not shown, as the document is about several measurements.\n";
+    EXPECT_EQ(PageOutline(),
+              shown + caption("10.txt") + caption("20.txt") + caption("60.txt") + chart + grains);
+    const std::string page = Read("report.html");
+    EXPECT_TRUE(Has(page, "data/junk.txt: not a surface: ")) << "why a row is empty stands below the table";
+    EXPECT_TRUE(Has(page, ">30<")) << "the mean";
+    EXPECT_TRUE(Has(Read("report.txt"), "\r\nMean\t30\t"));
+    EXPECT_EQ(CountFiles(), 5);
+
+    EXPECT_EQ(RunTemplate("Scope=Collection\n" + blocks, options + "--pictures no", "$folder/data"), 1);
+    EXPECT_EQ(PageOutline(),
+              "Surface report\nRoughness parameters\nRoughness statistics (4 measurements)\n" + grains);
+    for (const auto& [scope, option, message] :
+         {std::tuple("Single", "", "the report template is about one file, and the input is many"),
+          std::tuple("Batch", "--resume", "--resume is not for a report template")}) {
+        EXPECT_EQ(RunTemplate("Scope=" + std::string(scope) + "\n" + blocks, option, "$folder/data"), 1);
+        EXPECT_TRUE(Has(m_err.str(), message)) << m_err.str();
+    }
+
+    // In a sequence it shows the files as they are at its step, with the parameters in force there.
+    m_temporary.Write("my.batch",
+                      Fill("[Batch]\nStep1=Apply\nStep1_Type=PlaneCorr\n"
+                           "Step1_Settings=BUILT-IN:PlaneCorrQuickLaunchImageLeveling\n"
+                           "Step2=Apply\nStep2_Type=ActiveReport\nStep2_Settings=FILE:$folder/my.template\n"
+                           "Step3=Apply\nStep3_Type=ImageRoughness\n"
+                           "Step3_Settings=BUILT-IN:bisRoughnessImageVORNClassic\n"
+                           "Step4=Apply\nStep4_Type=PlaneCorr\n"
+                           "Step4_Settings=BUILT-IN:PlaneCorrQuickLaunchZeroBackgroundOffset\n"));
+    EXPECT_EQ(Run("$folder/data --out $out --data no --batch Batch[File($folder/my.batch)]"), 1);
+    EXPECT_TRUE(Has(PageOutline("report-02-my-template.html"), shown.substr(4) + caption("10.txt")));
+    const std::string step = Read("report-02-my-template.txt");
+    EXPECT_TRUE(Has(step, "\tSal\t") && !Has(Read("report.txt"), "\tSal\t")) << step;
+    EXPECT_FALSE(fs::exists(Out() / "data")) << "no file has one of its own";
 }
