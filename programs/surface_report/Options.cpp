@@ -216,6 +216,14 @@ CommandLine::CParser MakeParser(SOptions& options)
     return parser;
 }
 
+// How profiles are analysed.
+constexpr std::string_view c_ofProfiles[] = {"--cutoff", "--motif-limits"};
+
+bool IsGiven(std::string_view option, std::span<const std::string_view> given)
+{
+    return std::ranges::find(given, option) != given.end();
+}
+
 // The first option that is not among those; empty for none.
 std::string FindOther(std::span<const std::string_view> given,
                       std::initializer_list<std::string_view> allowed)
@@ -244,12 +252,28 @@ void CheckMergeOptions(std::span<const std::string_view> given)
         throw EUsage("--merge puts together what is there: \"" + other + "\" has no effect beside it");
 }
 
+// What would have no effect on grains; a template or a sequence may have blocks of roughness besides.
+void CheckGrainOptions(const SOptions& options, std::span<const std::string_view> given)
+{
+    if (!IsGiven("--grains", given) && !IsGiven("--pores", given))
+        return;
+    for (const std::string_view option : c_ofProfiles) {
+        if (IsGiven(option, given) && options.batch.IsEmpty() && options.settings.empty())
+            throw EUsage(std::string(option) + " is for profiles, and grains are measured instead");
+    }
+}
+
 // What would have no effect on a table of many files.
 void CheckManyOptions(const SOptions& options, std::span<const std::string_view> given)
 {
-    for (const std::string_view option : {"--grains", "--pores", "--save", "--transpose"}) {
-        if (std::ranges::find(given, option) != given.end())
+    for (const std::string_view option : {"--grains", "--pores", "--save", "--transpose", "--spacing"}) {
+        if (IsGiven(option, given))
             throw EUsage(std::string(option) + " is for one file, and the input is many");
+    }
+    for (const std::string_view option : c_ofProfiles) {
+        if (IsGiven(option, given) && !options.each && options.batch.IsEmpty() && options.settings.empty())
+            throw EUsage(std::string(option) +
+                         " is for the reports that --each writes: the table has no profiles");
     }
     if (!options.batch.IsEmpty() && (options.each || options.resumes))
         throw EUsage(
@@ -282,6 +306,7 @@ SOptions ParseOptions(std::span<const char* const> arguments)
         throw EUsage("--set changes preferences, but no --preferences are given");
     if (!options.batch.IsEmpty() && !options.request.keys.empty())
         throw EUsage("--parameters is not for --batch, whose sets and the preferences say what is computed");
+    CheckGrainOptions(options, given);
     if (options.isMany)
         CheckManyOptions(options, given);
     else if (options.each || options.resumes)
