@@ -4,6 +4,7 @@
 #include "tests/analysis/TestProfiles.h"
 
 #include <cmath>
+#include <string>
 
 using namespace CommonUI::Analysis;
 
@@ -27,6 +28,44 @@ TEST(Iso4287, SeparatesRoughnessFromWaviness)
     expect("4287Wa", 6e-6 / c_pi, 0.1);
     expect("4287WSm", 5000e-6, 0.1);
     EXPECT_GT(Get(values, "4287Pt"), 7e-6);
+}
+
+// cos(t) + cos(2t) / 4 reaches from -3/4 to 5/4, with moments of 17/32, 3/16 and 963/2048.
+TEST(Iso4287, ShapeWithHighPeaks)
+{
+    struct SRow {
+        const char* prefix;
+        double period; // in points; of 50000 with a cut-off of 500
+        double tolerance;
+    };
+    const double square = 17.0 / 32;
+    for (const SRow& row :
+         {SRow{"", 2500, 1e-3}, {"4287R", 50, 0.01}, {"4287W", 10000, 0.015}, {"4287P", 2500, 0.01}}) {
+        const auto profile = MakeProfile(50000, [&](double x) {
+            return 1e-6 *
+                   (Wave(x + row.period / 4, row.period) + Wave(x + row.period / 8, row.period / 2) / 4);
+        });
+        const auto values = ComputeProfile(profile, c_dx, {.cutoff = 500e-6});
+        const std::string prefix = *row.prefix == 0 ? "R" : row.prefix;
+        const auto expect = [&](const std::string& suffix, double value) {
+            EXPECT_NEAR(Get(values, prefix + suffix), value, row.tolerance * value) << prefix << suffix;
+        };
+        expect("p", 1.25e-6);
+        expect("v", 0.75e-6);
+        expect("z", 2e-6);
+        expect("t", 2e-6);
+        expect("q", 1e-6 * std::sqrt(square));
+        expect("sk", 3.0 / 16 / std::pow(square, 1.5));
+        expect("ku", 963.0 / 2048 / (square * square));
+        expect("Sm", row.period * c_dx);
+        expect("dq", 2 * c_pi / row.period * std::sqrt(5.0 / 8));
+        if (prefix == "R") {
+            expect("max", 1.25e-6);
+            EXPECT_NEAR(Get(values, "Rmin"), -0.75e-6, 1e-9);
+        } else {
+            expect("c", 2e-6);
+        }
+    }
 }
 
 TEST(Iso4287, RoughnessIsTheMeanOfTheSamplingLengths)
