@@ -27,9 +27,10 @@ double InterpolateFractile(const std::vector<double>& rising, double share)
 
 std::vector<double> SortRising(std::span<const double> values)
 {
-    std::vector<double> rising;
-    std::copy_if(values.begin(), values.end(), std::back_inserter(rising),
-                 [](double v) { return !std::isnan(v); });
+    const auto isThere = [](double v) { return !std::isnan(v); };
+    std::vector<double> rising; // of just the room it takes: there may be millions
+    rising.reserve(static_cast<std::size_t>(std::ranges::count_if(values, isThere)));
+    std::ranges::copy_if(values, std::back_inserter(rising), isThere);
     std::sort(rising.begin(), rising.end());
     return rising;
 }

@@ -326,6 +326,7 @@ std::vector<SPicture> DrawBlocks(const SReportTemplateSettings& layout, const SS
                                  const SMethod& method)
 {
     std::vector<SPicture> pictures;
+    pictures.reserve(layout.blocks.size());
     for (const EReportBlock block : layout.blocks) {
         pictures.push_back(IsPictureOfOne(block) && ExplainEmptyBlock(block, surface, method).IsEmpty()
                                ? DrawBlock(block, surface, method, std::nullopt)
