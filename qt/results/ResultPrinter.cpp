@@ -107,6 +107,16 @@ QStringList WrapLines(const QString& text, const QFontMetricsF& metrics, double 
     return lines;
 }
 
+void Print(const std::optional<SResultPages>& pages, QPrinter& printer)
+{
+    if (!pages)
+        return;
+    printer.setDocName(ToQString(pages->title)); // results may have come while the user chose
+    if (!PrintResults(*pages, printer))
+        GetMessageBoxService().Show({.text = GetResultText(EResultText::NotPrinted),
+                                     .style = MessageBoxStyle::c_ok | MessageBoxStyle::c_error});
+}
+
 } // namespace
 
 CResultPrinter::CResultPrinter(const SResultPages& pages, QPaintDevice& device, const QSizeF& size)
@@ -386,16 +396,6 @@ bool PrintResults(const SResultPages& pages, QPagedPaintDevice& device)
         printer.PrintPage(painter, i);
     }
     return painter.end();
-}
-
-static void Print(const std::optional<SResultPages>& pages, QPrinter& printer)
-{
-    if (!pages)
-        return;
-    printer.setDocName(ToQString(pages->title)); // results may have come while the user chose
-    if (!PrintResults(*pages, printer))
-        GetMessageBoxService().Show({.text = GetResultText(EResultText::NotPrinted),
-                                     .style = MessageBoxStyle::c_ok | MessageBoxStyle::c_error});
 }
 
 std::string MakePdf(const SResultPages& pages)
