@@ -28,7 +28,7 @@ endif()
 # The pages that help opens, with their pictures.
 install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR})
 # The programs that they show, each in a folder to begin with, and a surface.
-foreach(example IN ITEMS data measurement number_dialog progress_dialog selection_dialog)
+foreach(example IN ITEMS data format_dialog grid_dialog languages measurement number_dialog progress_dialog selection_dialog)
     install(DIRECTORY examples/${example} DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 endforeach()
 configure_package_config_file(cmake/CommonUIConfig.cmake.in ${PROJECT_BINARY_DIR}/CommonUIConfig.cmake

@@ -1,6 +1,7 @@
 #include "measurement/ResultSets.h"
 
 #include "common/ControlCharacters.h"
+#include "measurement/detail/Translate.h"
 #include "measurement/ReportTables.h"
 #include "model/Enumerations.h"
 
@@ -28,11 +29,18 @@ CStr DescribeOrigin(const SOrigin& origin)
     if (!origin.date.empty())
         add(OneLine(CStr::FromUtf8(origin.date)));
     if (origin.points > 0)
-        add(CStr::Format(u"%zu \u00D7 %zu points", origin.points, origin.lines));
-    add(DescribeLevelling(origin.levelling));
+        add(Translate(CStr::Format(u"%zu \u00D7 %zu points", origin.points, origin.lines)));
+    if (origin.levelling != Analysis::ELevelling::None)
+        add(Translate(DescribeLevelling(origin.levelling)));
     for (const CStr& step : origin.steps)
         add(OneLine(step));
     return text;
+}
+
+// Whether what stands beside a label comes from the user's files, and stays as it is.
+bool IsOfFile(const CStr& label)
+{
+    return label == u"File" || label == u"Channel" || label == u"Date" || label.Left(5) == u"Step ";
 }
 
 SResultSet MakeSet(const SResults& results, const CStr& name)
@@ -42,8 +50,16 @@ SResultSet MakeSet(const SResults& results, const CStr& name)
                    .provenance = DescribeOrigin(results.origin),
                    .quantities = {}};
     for (const auto& [label, text] : results.summary)
-        set.summary.emplace_back(label, OneLine(text));
+        if (!text.IsEmpty()) // a surface that was computed has no file
+            set.summary.emplace_back(Translate(label),
+                                     IsOfFile(label) ? OneLine(text) : Translate(OneLine(text)));
     return set;
+}
+
+void SetRowHeader(const CStr& english, SResultSet& set)
+{
+    set.rowHeader = Translate(english);
+    set.exactRowHeader = english;
 }
 
 // The standard stands with the symbol: an unfiltered Ra is not that of ISO 4287.
@@ -114,9 +130,11 @@ SResultSet MakeSurfaceSet(const SResults& results, const CStr& name)
 {
     SResultSet set = MakeSet(results, name);
     set.isTransposed = true;
-    set.rowHeader = results.isProfile ? u"Profile parameter" : u"Surface parameter";
+    SetRowHeader(results.isProfile ? u"Profile parameter" : u"Surface parameter", set);
     const bool hasTwo = !results.surface.empty() && results.surface.front().values.size() > 1;
-    set.rowNames = hasTwo ? std::vector<CStr>{u"Raw", u"Processed"} : std::vector<CStr>{u"Value"};
+    set.exactRowNames = hasTwo ? std::vector<CStr>{u"Raw", u"Processed"} : std::vector<CStr>{u"Value"};
+    for (const CStr& row : set.exactRowNames)
+        set.rowNames.push_back(Translate(row));
     for (const SColumn& column : results.surface) {
         SResultQuantity quantity = MakeQuantity(column, true);
         quantity.values = column.values;
@@ -130,7 +148,7 @@ SResultSet MakeSurfaceSet(const SResults& results, const CStr& name)
 SResultSet MakeRowSet(const SResults& results, const CStr& name)
 {
     SResultSet set = MakeSet(results, name);
-    set.rowHeader = results.rowName;
+    SetRowHeader(results.rowName, set);
     for (std::size_t row = 0; row < results.rowCount; ++row)
         set.rowNames.push_back(CStr::Format(u"%zu", row + 1));
     const std::vector<CParameter> statistics = GetComputed(results);

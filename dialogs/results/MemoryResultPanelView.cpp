@@ -31,6 +31,13 @@ int CMemoryResultPanelView::Run(CFormatSpecifierDlg& dialog)
     return CMemoryFormatSpecifierView::Run(dialog, onFormat);
 }
 
+void CMemoryResultPanelView::Print()
+{
+    const bool isChosen = !onPrint || onPrint();
+    if (isChosen && GetControl())
+        m_printed = Draw(GetControl()->GetPages());
+}
+
 std::string CMemoryResultPanelView::MakePdf(const SResultPages& pages)
 {
     return "%PDF-\n" + Draw(pages).ToUtf8();

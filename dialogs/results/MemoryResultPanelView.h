@@ -4,6 +4,7 @@
 #include "../MemoryFormatSpecifierView.h"
 #include "ResultDialog.h"
 
+#include <functional>
 #include <string>
 
 namespace CommonUI
@@ -17,14 +18,18 @@ public:
 
     void UpdateTables() override { ++m_tableUpdates; }
     void UpdateState() override { ++m_stateUpdates; }
+    void UpdateSizes() override { ++m_sizeUpdates; }
     int Run(CFormatSpecifierDlg& dialog) override;
     /// Keeps the text of what is printed.
-    void Print(const SResultPages& pages) override { m_printed = Draw(pages); }
+    void Print() override;
     /// A document whose text is that of what is printed.
     std::string MakePdf(const SResultPages& pages) override;
 
     /// What the user does with the format dialog, which is cancelled when that returns and has left it open.
     CMemoryFormatSpecifierView::FUse onFormat{};
+    /// What the user does in front of the choice of a printer; false cancels it. Without it a printer is
+    /// chosen.
+    std::function<bool()> onPrint{};
 
     /// What the panel shows: the cells of the tables with bars between them, a line for each row, and the
     /// notes.
@@ -32,6 +37,7 @@ public:
     const CStr& GetPrinted() const noexcept { return m_printed; }
     int GetTableUpdateCount() const noexcept { return m_tableUpdates; }
     int GetStateUpdateCount() const noexcept { return m_stateUpdates; }
+    int GetSizeUpdateCount() const noexcept { return m_sizeUpdates; }
 
 private:
     static CStr Draw(const SResultPages& pages);
@@ -39,6 +45,7 @@ private:
     CStr m_printed;
     int m_tableUpdates = 0;
     int m_stateUpdates = 0;
+    int m_sizeUpdates = 0;
 };
 
 /// The window of a result dialog, without a display.

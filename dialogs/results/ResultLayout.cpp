@@ -203,11 +203,20 @@ void CResultLayoutManager::Clear()
 {
     for (auto& [name, layout] : m_layouts)
         layout = {};
+    AnnounceAll();
+}
+
+// Who hears of it may ask for layouts that are not there yet, which makes them.
+void CResultLayoutManager::AnnounceAll()
+{
+    for (const auto& [name, layout] : m_layouts)
+        m_changes.Invoke({.name = name});
 }
 
 bool CResultLayoutManager::Load(CInifile& ini)
 {
-    Clear();
+    for (auto& [name, layout] : m_layouts)
+        layout = {};
     const CSectionScope scope(ini, c_section);
     for (const CStr& key : ini.GetKeys()) {
         SResultLayout& layout = m_layouts[NameOf(key)];
@@ -218,6 +227,7 @@ bool CResultLayoutManager::Load(CInifile& ini)
                                    CStr::Format(u"\"%s\" of \"%s\" is no layout.", word, key));
         }
     }
+    AnnounceAll();
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "../../common/Str.h"
 #include "../../common/Unit.h"
+#include "../../controls/MultiClosure.h"
 #include "../../export/Export.h"
 #include "../../model/Parameter.h"
 #include "../../output/results/NumberProfile.h"
@@ -51,6 +52,21 @@ struct SResultLayout {
     bool operator==(const SResultLayout& other) const = default;
 };
 
+class CResultPanel;
+
+/// A layout that has been changed.
+struct SResultLayoutChange {
+    enum class EPart {
+        Tables, ///< anything, such as units and hidden quantities
+        State,  ///< whether notes are shown, and what spreadsheets get
+        Sizes   ///< widths and heights
+    };
+
+    CStr name{}; ///< of the results
+    EPart part = EPart::Tables;
+    const CResultPanel* origin = nullptr; ///< the panel whose user has changed it; null for none
+};
+
 /// The layouts of results by the names of their sets, from one start of the application to the next. The
 /// section and its values are described in docs/result-dialog.md. User-interface thread only.
 class COMMONUI_API CResultLayoutManager : public CBaseViewManager
@@ -65,6 +81,11 @@ public:
     /// Gives all results the layout that they have by default.
     void Clear();
 
+    using CChangeList = CMultiClosure1<void, const SResultLayoutChange&>;
+    /// Called after a panel has changed a layout, and for each layout when layouts are loaded or cleared. Who
+    /// changes what Get gives calls it.
+    CChangeList& GetChangeList() noexcept { return m_changes; }
+
     /// Replaces what is remembered by what the section holds. What is no layout is left out, with a line in
     /// the diagnostics. @return true always
     bool Load(CInifile& ini) override;
@@ -72,7 +93,10 @@ public:
     bool Save(CInifile& ini) override;
 
 private:
+    void AnnounceAll();
+
     std::map<CStr, SResultLayout> m_layouts;
+    CChangeList m_changes;
 };
 
 /// The one manager of the process, made on the first call and never destroyed.

@@ -90,6 +90,7 @@ CResultPanel::CResultPanel(CResultLayoutManager& layouts)
     , m_results(std::make_shared<SResultSet>())
     , m_tables(std::make_shared<CResultTables>())
 {
+    m_layouts->GetChangeList().Subscribe(*this, &CResultPanel::OnLayout, m_connection);
 }
 
 CResultPanel::~CResultPanel() = default;
@@ -119,6 +120,35 @@ void CResultPanel::UpdateState() const
 {
     if (GetView())
         GetView()->UpdateState();
+}
+
+void CResultPanel::Announce(const CStr& name, EPart part)
+{
+    m_layouts->GetChangeList().Invoke({.name = name, .part = part, .origin = this});
+}
+
+void CResultPanel::OnLayout(const SResultLayoutChange& change)
+{
+    if (change.origin == this || change.name != m_results->name)
+        return;
+    if (change.part == EPart::Tables)
+        Update();
+    else if (change.part == EPart::State)
+        UpdateState();
+    else if (GetView())
+        GetView()->UpdateSizes();
+}
+
+void CResultPanel::OnLayoutChanged()
+{
+    Update();
+    Announce(EPart::Tables);
+}
+
+void CResultPanel::OnSignsChanged()
+{
+    UpdateState();
+    Announce(EPart::State);
 }
 
 std::vector<CStr> CResultPanel::GetNotes() const
@@ -187,7 +217,7 @@ void CResultPanel::SetUnitFactor(std::span<const std::size_t> quantities, CUnit:
         const SResultQuantity& quantity = m_results->quantities[index];
         Layout().columns[quantity.key].unit = MakeChoice(factor, quantity.parameter.GetUnitFactor());
     }
-    Update();
+    OnLayoutChanged();
 }
 
 void CResultPanel::ChangeFormat(std::span<const std::size_t> quantities)
@@ -208,6 +238,7 @@ void CResultPanel::ChangeFormat(std::span<const std::size_t> quantities)
             MakeChoice(format, quantity.parameter.GetFloatFormat());
     }
     Update();
+    Announce(results->name, EPart::Tables);
 }
 
 void CResultPanel::Hide(std::span<const std::size_t> quantities, bool hide)
@@ -225,7 +256,7 @@ void CResultPanel::Hide(std::span<const std::size_t> quantities, bool hide)
         setHidden(index, false);
     for (const std::size_t index : quantities)
         setHidden(index, hide);
-    Update();
+    OnLayoutChanged();
 }
 
 std::vector<std::size_t> CResultPanel::GetAll() const
@@ -246,32 +277,42 @@ void CResultPanel::Transpose(bool transpose)
     if (!CanTranspose() || transpose == m_tables->IsTransposed())
         return;
     Layout().isTransposed = transpose;
-    Update();
+    OnLayoutChanged();
 }
 
 void CResultPanel::ShowNotes(bool show)
 {
     Layout().showsNotes = show;
-    UpdateState();
+    OnSignsChanged();
 }
 
 void CResultPanel::SetSeparator(char16_t separator)
 {
     Layout().separator = separator;
-    UpdateState();
+    OnSignsChanged();
 }
 
 void CResultPanel::SetDecimal(char16_t decimal)
 {
     Layout().decimal = decimal;
-    UpdateState();
+    OnSignsChanged();
 }
 
 void CResultPanel::OnWidth(EResultTable table, std::size_t column, int width)
 {
     const CStr key = m_tables->GetColumnKey(table, column);
-    if (!key.IsEmpty())
-        Layout().columns[key].width = width;
+    if (key.IsEmpty())
+        return;
+    Layout().columns[key].width = width;
+    Announce(EPart::Sizes);
+}
+
+void CResultPanel::OnHeights(const std::array<std::optional<int>, CResultTables::c_count>& heights)
+{
+    auto& kept = Layout().heights;
+    for (std::size_t i = 0; i < heights.size(); ++i)
+        kept[i] = heights[i].value_or(kept[i]);
+    Announce(EPart::Sizes);
 }
 
 int CResultPanel::GetWidth(EResultTable table, std::size_t column) const
@@ -387,7 +428,7 @@ SResultPages CResultPanel::GetPages() const
 void CResultPanel::Print()
 {
     if (GetView())
-        GetView()->Print(GetPages());
+        GetView()->Print();
 }
 
 } // namespace CommonUI

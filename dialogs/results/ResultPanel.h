@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -80,8 +81,8 @@ public:
     /// The user has given a column another width.
     /// @param width in hundredths of the height of a line
     void OnWidth(EResultTable table, std::size_t column, int width);
-    /// The user has given the tables other heights: see SResultLayout.
-    void OnHeights(const std::array<int, 3>& heights) { Layout().heights = heights; }
+    /// The user has given the tables other heights: see SResultLayout. One that is not shown keeps its own.
+    void OnHeights(const std::array<std::optional<int>, CResultTables::c_count>& heights);
     /// The width that the user has given a column; 0 for none.
     int GetWidth(EResultTable table, std::size_t column) const;
 
@@ -95,18 +96,28 @@ public:
     bool Save(EResultFile kind) const;
     /// What Save writes.
     std::string MakeFile(EResultFile kind) const;
+    /// What is printed is what is shown when the user has chosen a printer.
     void Print();
     SResultPages GetPages() const;
 
 private:
     SResultLayout& Layout() { return m_layouts->Get(m_results->name); }
+    using EPart = SResultLayoutChange::EPart;
+
     void Update();
     void UpdateState() const;
+    // Tells the other panels that show the same layout.
+    void Announce(const CStr& name, EPart part);
+    void Announce(EPart part) { Announce(m_results->name, part); }
+    void OnLayout(const SResultLayoutChange& change);
+    void OnLayoutChanged();
+    void OnSignsChanged();
     std::vector<std::size_t> GetAll() const;
     CStr MakeText(const SNumberProfile& profile, bool summary) const;
     CStr MakeHtml() const;
 
     CResultLayoutManager* m_layouts;
+    CClosureConnection m_connection;
     std::shared_ptr<const SResultSet> m_results;
     std::shared_ptr<CResultTables> m_tables;
     EResultTable m_current = EResultTable::Results;

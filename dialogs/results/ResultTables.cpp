@@ -19,6 +19,9 @@ using SCellInfo = CGrid::SCellInfo;
 using EUnit = SResultStatistic::EUnit;
 
 constexpr double c_none = std::numeric_limits<double>::quiet_NaN();
+// For machines, in every language.
+constexpr const char16_t* c_exactUnit = u"Unit";
+constexpr const char16_t* c_exactStatistics = u"Statistic";
 // Of columns that are no quantities.
 constexpr const char16_t* c_namesKey = u"|";
 
@@ -126,7 +129,7 @@ void CResultTables::FillColumns(const SResultSet& set)
 {
     CGrid& results = Get(EResultTable::Results);
     CGrid& statistics = Get(EResultTable::Statistics);
-    results.SetNameHeader(set.rowHeader);
+    results.SetNameHeader(set.rowHeader, set.exactRowHeader);
     statistics.SetNameHeader(GetResultText(EResultText::StatisticsName));
     for (const std::size_t shown : m_shown) {
         const SResultQuantity& quantity = set.quantities[shown];
@@ -141,6 +144,7 @@ void CResultTables::FillColumns(const SResultSet& set)
 void CResultTables::FillUnits(const SResultSet& set)
 {
     CGrid::SRow units{.name = GetResultText(EResultText::UnitName), .cells = {}, .subHeader = true};
+    units.exactTexts = {{0, c_exactUnit}};
     for (const CParameter& parameter : m_parameters) {
         units.cells.push_back(parameter.GetScaledUnitStr(set.units));
         units.exactTexts.push_back({units.cells.size(), BaseUnitOf(parameter, set.units)});
@@ -153,6 +157,8 @@ void CResultTables::FillRows(const SResultSet& set)
     std::vector<CGrid::SRow> rows(set.rowNames.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
         rows[i].name = set.rowNames[i];
+        if (!set.exactRowNames.empty())
+            rows[i].exactTexts = {{0, set.exactRowNames[i]}};
         rows[i].cells.reserve(m_shown.size());
         rows[i].values.reserve(m_shown.size());
     }
@@ -201,14 +207,17 @@ void CResultTables::FillTransposedColumns(const SResultSet& set)
 {
     CGrid& results = Get(EResultTable::Results);
     m_columnKeys = {NumberedKey(0)};
-    results.SetNameHeader(set.rowHeader);
+    results.SetNameHeader(set.rowHeader, set.exactRowHeader);
     const auto add = [&](const CStr& header, const CStr& group, const CStr& exactHeader) {
         m_columnKeys.push_back(NumberedKey(m_columnKeys.size()));
-        results.AddColumn({.header = header, .group = group, .exactHeader = exactHeader});
+        results.AddColumn({.header = header,
+                           .group = group,
+                           .exactHeader = exactHeader,
+                           .exactGroup = group.IsEmpty() ? CStr() : CStr(c_exactStatistics)});
     };
-    add(GetResultText(EResultText::UnitName), {}, {});
-    for (const CStr& name : set.rowNames)
-        add(name, {}, {});
+    add(GetResultText(EResultText::UnitName), {}, c_exactUnit);
+    for (std::size_t i = 0; i < set.rowNames.size(); ++i)
+        add(set.rowNames[i], {}, set.exactRowNames.empty() ? CStr() : set.exactRowNames[i]);
     for (const SResultStatistic& statistic : set.statistics)
         add(statistic.name, GetResultText(EResultText::StatisticsName), statistic.key);
 }

@@ -40,6 +40,8 @@ enum class EResultText : int {
     TooManyRows = 11649, ///< with how many may be transposed
     NotPrinted = 11650,
     NotDrawn = 11651, ///< why there is no file
+    Taller = 11832,
+    Shorter = 11833,
 };
 
 /// @param following how many texts behind that one, where it is the first of several

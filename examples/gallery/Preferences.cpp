@@ -5,6 +5,7 @@
 #include "dialogs/results/ResultLayout.h"
 #include "model/ParameterList.h"
 #include "platform/Folders.h"
+#include "qt/QtText.h"
 
 namespace Gallery
 {
@@ -57,6 +58,15 @@ CPreferences::~CPreferences()
 std::filesystem::path CPreferences::GetUsualFile()
 {
     return GetFolders().GetSettingsFolder() / "CommonUIGallery" / "preferences.ini";
+}
+
+void CPreferences::Tell(const FLog& log) const
+{
+    if (m_file.empty())
+        return;
+    log(QStringLiteral("Preferences: %1").arg(ToQString(m_store.GetInifile().GetFileName())));
+    for (const CStr& sentence : m_store.GetAccount().GetSentences())
+        log(ToQString(sentence));
 }
 
 bool CPreferences::Save()

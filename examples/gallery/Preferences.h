@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/ini/IniStore.h"
+#include "examples/gallery/Log.h"
 #include "model/AnalysisPreferencesManager.h"
 #include "settings/readers/GrainThresholdSettings.h"
 
@@ -22,12 +23,12 @@ public:
     CPreferences(const CPreferences&) = delete;
     CPreferences& operator=(const CPreferences&) = delete;
 
-    /// In the user's folder for settings.
+    /// CommonUIGallery/preferences.ini in the user's folder for settings.
     static std::filesystem::path GetUsualFile();
     /// False where the file is there and cannot be read. It is not replaced then.
     bool IsLoaded() const noexcept { return m_isLoaded; }
-    /// What was found in the file, for whoever starts the gallery.
-    const CommonUI::SStoreAccount& GetAccount() const noexcept { return m_store.GetAccount(); }
+    /// Says which file it is, and what people should know of what was found in it.
+    void Tell(const FLog& log) const;
     /// @return false where the file cannot be written
     bool Save();
 

@@ -62,12 +62,13 @@ int ShowWindow(const QString& file)
     Gallery::CPreferences preferences(file.isEmpty() ? Gallery::CPreferences::GetUsualFile()
                                                      : CommonUI::ToPath(CommonUI::FromQString(file)));
     if (!preferences.IsLoaded()) {
-        qCritical("gallery: %s cannot be read", qPrintable(file));
+        preferences.Tell([](const QString& line) { qCritical("gallery: %s", qPrintable(line)); });
         return 2;
     }
     Gallery::CGalleryWindow window;
     CHelpInLog help(window);
     const CommonUI::CServiceScope<CommonUI::CHelpService> helpScope(help);
+    preferences.Tell([&window](const QString& line) { window.Write(line); });
     window.show();
     return QApplication::exec();
 }
@@ -84,10 +85,11 @@ int main(int argc, char** argv)
                                       QStringLiteral("tag"), QStringLiteral("en"));
     const QCommandLineOption shots(QStringLiteral("shots"), QStringLiteral("pictures instead of a window"),
                                    QStringLiteral("folder"));
-    const QCommandLineOption kept(QStringLiteral("preferences"),
-                                  QStringLiteral("what is kept in place of "
-                                                 "the usual file"),
-                                  QStringLiteral("file"));
+    const QCommandLineOption kept(
+        QStringLiteral("preferences"),
+        QStringLiteral("what is kept, in place of "
+                       "CommonUIGallery/preferences.ini in the folder for settings"),
+        QStringLiteral("file"));
     const QCommandLineOption atThisScale(QString::fromLatin1(Gallery::c_atThisScale));
     QCommandLineParser parser;
     parser.addHelpOption();

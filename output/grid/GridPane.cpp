@@ -107,6 +107,18 @@ void CGridPane::OnFitColumns()
             called->Invoke(column, width);
 }
 
+void CGridPane::OnWiden(int steps)
+{
+    const SGridCell focus = m_selection.GetFocus();
+    if (focus.column >= GetColumnCount())
+        return;
+    const int before = GetColumnWidth(focus.column);
+    const int step = std::max(m_lineHeight / 2, 1);
+    SetColumnWidth(focus.column, std::max(before + steps * step, std::min(before, step)));
+    EnsureVisible(focus);
+    AnnounceWidth(focus.column, before);
+}
+
 void CGridPane::AnnounceWidth(std::size_t column, int before)
 {
     const auto closure = m_widthSlot.Share<void, std::size_t, int>();

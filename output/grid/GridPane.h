@@ -99,6 +99,10 @@ public:
     /// gone afterwards.
     void OnFitColumns();
 
+    /// The user wants the column that keys go to wider by steps of half the height of a line, or narrower
+    /// where their number is negative: its width is told. The grid may be gone afterwards.
+    void OnWiden(int steps);
+
     SExtent GetExtent() const noexcept;
     int GetScrollLeft() const noexcept { return m_left; }
     long long GetScrollTop() const noexcept { return m_top; }

@@ -54,6 +54,7 @@ void CGridBaseOutputCtrl::AddRow(SRow row)
 void CGridBaseOutputCtrl::Clear()
 {
     m_nameHeader.Clear();
+    m_exactNameHeader.Clear();
     m_columns.clear();
     m_rows.clear();
     m_longestRow = 0;
@@ -95,7 +96,7 @@ void CGridBaseOutputCtrl::AddResultsToGrid(const SEndResultCollection* collectio
 }
 
 // The names of the groups, each over its columns; columns without a group have an empty cell of their own.
-CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::GroupRow() const
+CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::GroupRow(bool exact) const
 {
     CRow row{MakeCell(CStr(), SCellInfo::ColumnHeader | SCellInfo::RowHeader)};
     const SColumn* previous = nullptr;
@@ -105,7 +106,8 @@ CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::GroupRow() const
         else if (previous && previous->group == column.group)
             ++row.back().columnSpan;
         else
-            row.push_back(MakeCell(column.group, SCellInfo::ColumnHeader | SCellInfo::MergedHeader));
+            row.push_back(MakeCell(exact && !column.exactGroup.IsEmpty() ? column.exactGroup : column.group,
+                                   SCellInfo::ColumnHeader | SCellInfo::MergedHeader));
         previous = &column;
     }
     return row;
@@ -114,7 +116,9 @@ CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::GroupRow() const
 CGridBaseOutputCtrl::CRow CGridBaseOutputCtrl::HeaderRow(bool exact) const
 {
     // Above the row names stands a header of both a column and the rows, which keeps its place when turned.
-    CRow row{MakeCell(m_nameHeader, SCellInfo::ColumnHeader | SCellInfo::RowHeader)};
+    const bool hasExactName = exact && !m_exactNameHeader.IsEmpty();
+    CRow row{MakeCell(hasExactName ? m_exactNameHeader : m_nameHeader,
+                      SCellInfo::ColumnHeader | SCellInfo::RowHeader)};
     for (const SColumn& column : m_columns) {
         const bool isExact = exact && !column.exactHeader.IsEmpty();
         row.push_back(MakeCell(isExact ? column.exactHeader : column.header, SCellInfo::ColumnHeader));
@@ -146,7 +150,7 @@ void CGridBaseOutputCtrl::GetGridHeaders(CCells& cells, int type, bool exact) co
         return;
     const auto hasGroup = [](const SColumn& column) { return !column.group.IsEmpty(); };
     if (std::ranges::any_of(m_columns, hasGroup))
-        cells.push_back(GroupRow());
+        cells.push_back(GroupRow(exact));
     cells.push_back(HeaderRow(exact));
 }
 

@@ -64,6 +64,7 @@ public:
         CGridFormats formats{};
         /// The header in the profile for machines, such as a key; empty where it is the one shown.
         CStr exactHeader{};
+        CStr exactGroup{}; ///< likewise of the group
     };
 
     /// The text of a cell in the profile for machines.
@@ -113,7 +114,12 @@ public:
     SCellInfo::ECellType GetType() const noexcept { return m_type; }
 
     /// The header above the row names.
-    void SetNameHeader(const CStr& header) { m_nameHeader = header; }
+    /// @param exactHeader in the profile for machines; empty where it is the one shown
+    void SetNameHeader(const CStr& header, const CStr& exactHeader = {})
+    {
+        m_nameHeader = header;
+        m_exactNameHeader = exactHeader;
+    }
     const CStr& GetNameHeader() const noexcept { return m_nameHeader; }
     void AddColumn(const SColumn& column) { m_columns.push_back(column); }
     /// The columns of cells, that of the names not counted.
@@ -198,12 +204,13 @@ public:
 
 private:
     bool Delivers(int type) const noexcept { return (type & m_type) != 0; }
-    CRow GroupRow() const;
+    CRow GroupRow(bool exact) const;
     CRow HeaderRow(bool exact) const;
     CRow BodyRow(const SRow& row, bool exact) const;
 
     SCellInfo::ECellType m_type;
     CStr m_nameHeader;
+    CStr m_exactNameHeader;
     std::vector<SColumn> m_columns;
     std::deque<SRow> m_rows;      // grows at both ends at the same cost
     std::size_t m_longestRow = 0; // the cells of the longest row so far

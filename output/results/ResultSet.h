@@ -55,6 +55,9 @@ struct SResultSet {
     std::vector<std::pair<CStr, CStr>> summary{};
     CStr rowHeader{}; ///< what the rows are, such as profiles
     std::vector<CStr> rowNames{};
+    /// Both for machines, in every language the same; empty where they are those shown.
+    CStr exactRowHeader{};
+    std::vector<CStr> exactRowNames{};
     std::vector<SResultQuantity> quantities{};
     std::vector<SResultStatistic> statistics{};
     /// Whether quantities are rows unless the user wants them as columns.

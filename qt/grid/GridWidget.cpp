@@ -24,27 +24,39 @@ namespace
 {
 
 constexpr int c_fitColumns = 10307;
+constexpr int c_wider = 11830;
+constexpr int c_narrower = 11831;
 
 } // namespace
 
 CGridWidget::CGridWidget(QWidget* parent)
     : QAbstractScrollArea(parent)
-    , m_fitColumns(new QAction(ToQString(GetString(c_fitColumns)), this))
 {
     InstallGridAccessible();
     setFocusPolicy(Qt::StrongFocus);
     // Columns run from left to right in every language; so do the scroll bar and the texts in them.
     setLayoutDirection(Qt::LeftToRight);
     viewport()->setMouseTracking(true);
-    m_fitColumns->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Plus));
-    m_fitColumns->setShortcutContext(Qt::WidgetShortcut);
-    connect(m_fitColumns, &QAction::triggered, this, [this] {
-        Guarded([this] {
+    AddColumnAction(c_fitColumns, Qt::CTRL | Qt::Key_Plus, [](CGridPane& grid) { grid.OnFitColumns(); });
+    // Numbers are wider to the right in every language.
+    AddColumnAction(c_wider, Qt::ALT | Qt::SHIFT | Qt::Key_Right, [](CGridPane& grid) { grid.OnWiden(1); });
+    AddColumnAction(c_narrower, Qt::ALT | Qt::SHIFT | Qt::Key_Left,
+                    [](CGridPane& grid) { grid.OnWiden(-1); });
+}
+
+void CGridWidget::AddColumnAction(int textId, QKeyCombination key, void (*act)(CGridPane&))
+{
+    auto* const action = new QAction(ToQString(GetString(textId)), this);
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    connect(action, &QAction::triggered, this, [this, act] {
+        Guarded([this, act] {
             if (GetControl())
-                GetControl()->OnFitColumns();
+                act(*GetControl());
         });
     });
-    addAction(m_fitColumns);
+    addAction(action);
+    m_columnActions.append(action);
 }
 
 CGridWidget::~CGridWidget()

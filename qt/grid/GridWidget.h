@@ -6,6 +6,8 @@
 
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
+#include <QKeyCombination>
+#include <QList>
 #include <QPointer>
 
 class QAction;
@@ -20,9 +22,9 @@ enum class EGridEditEnd;
 /// items opens its editors here. CGridCtrlWidget and CResultGridWidget own the grid that they show.
 ///
 /// Rows are as high as a line in the font of the widget; columns grow and shrink when that changes. Ctrl++
-/// fits all columns, as a double click on the edge of a header fits one. Screen readers find a table, by the
-/// name of the widget or the label whose buddy it is. Callbacks of the grid may destroy the grid and the
-/// widget.
+/// fits all columns, as a double click on the edge of a header fits one; Alt+Shift+Right and Alt+Shift+Left
+/// make the column that keys go to wider and narrower. Screen readers find a table, by the name of the widget
+/// or the label whose buddy it is. Callbacks of the grid may destroy the grid and the widget.
 class COMMONUIQT_API CGridWidget : public QAbstractScrollArea, public CGridView
 {
     Q_OBJECT
@@ -36,7 +38,9 @@ public:
     /// The pictures of buttons, by their numbers.
     void SetImages(CQtGridPainter::FImages images);
     /// Makes all columns as wide as they need to be; one of the actions of the widget.
-    QAction& GetFitColumnsAction() noexcept { return *m_fitColumns; }
+    QAction& GetFitColumnsAction() noexcept { return *m_columnActions.front(); }
+    /// That one, and those that make a column wider and narrower.
+    const QList<QAction*>& GetColumnActions() const noexcept { return m_columnActions; }
 
     /// Takes over what is in the editor, if one is open. @return whether the widget is still there
     bool CommitEditor();
@@ -69,6 +73,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void AddColumnAction(int textId, QKeyCombination key, void (*act)(CGridPane&));
     int GetLineHeight() const;
     void UpdateFont();
     // Tells the grid whether keys go to it or its editor.
@@ -85,7 +90,7 @@ private:
     void UpdateSpokenText(bool moved);
 
     CQtGridPainter::FImages m_images;
-    QAction* m_fitColumns;
+    QList<QAction*> m_columnActions{};
     QPointer<CGridEditor> m_editor;
     int m_lineHeight = 0;
     long long m_rowsScale = 1; // the pixels of a unit of the vertical scroll bar

@@ -61,6 +61,8 @@ CQtGridPainter::CQtGridPainter(QPainter& painter, const QWidget& widget, const F
     , m_widget(widget)
     , m_images(images)
 {
+    // Numbers are the same in every language; painters begin with the application's direction.
+    m_painter.setLayoutDirection(Qt::LeftToRight);
     m_option.initFrom(&widget);
     m_option.state &= ~(QStyle::State_HasFocus | QStyle::State_MouseOver);
     m_line = Blend(0.16);

@@ -145,7 +145,7 @@ void CResultGridWidget::contextMenuEvent(QContextMenuEvent* event)
             menu->addSeparator();
         menu->addAction(action);
     }
-    menu->addAction(&GetFitColumnsAction());
+    menu->addActions(GetColumnActions());
     const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
     menu->popup(byMouse ? event->globalPos() : GetMenuPlace());
 }

@@ -59,8 +59,6 @@ public:
     CBusyPointer& operator=(const CBusyPointer&) = delete;
 };
 
-constexpr int c_heightCount = static_cast<int>(CResultTables::c_count);
-
 } // namespace
 
 // Hears of the widths of one table.
@@ -94,13 +92,7 @@ CResultPanelWidget::CResultPanelWidget(QWidget* parent)
     m_notes->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_notes->setAccessibleName(ToQString(GetResultText(EResultText::Reasons)));
     m_parts->setChildrenCollapsible(false);
-    connect(m_parts, &QSplitter::splitterMoved, this, [this] {
-        const int height = fontMetrics().height();
-        const QList<int> sizes = m_parts->sizes();
-        if (GetControl() && sizes.size() == c_heightCount)
-            GetControl()->OnHeights({sizes[0] * c_hundredths / height, sizes[1] * c_hundredths / height,
-                                     sizes[2] * c_hundredths / height});
-    });
+    connect(m_parts, &QSplitter::splitterMoved, this, [this] { Guarded([this] { TellHeights(); }); });
     m_layout->addWidget(m_parts, 1);
     m_layout->addWidget(m_notes);
     m_notes->hide();
@@ -191,6 +183,8 @@ void CResultPanelWidget::MakeTable(EResultTable table)
     made.grid->installEventFilter(this);
     made.label = new QLabel(ToQString(GetResultText(c_labels[index])));
     made.label->setBuddy(made.grid);
+    AddHeightAction(table, EResultText::Taller, Qt::Key_Down, 1);
+    AddHeightAction(table, EResultText::Shorter, Qt::Key_Up, -1);
     made.part = new QWidget;
     auto* const part = new QVBoxLayout(made.part);
     part->setContentsMargins(0, 0, 0, 0);
@@ -206,6 +200,18 @@ void CResultPanelWidget::MakeTable(EResultTable table)
     part->addLayout(line);
     m_parts->addWidget(made.part);
     m_parts->setStretchFactor(m_parts->count() - 1, table == EResultTable::Results ? 1 : 0);
+}
+
+void CResultPanelWidget::AddHeightAction(EResultTable table, EResultText text, Qt::Key key, int lines)
+{
+    STable& made = m_tables[static_cast<std::size_t>(table)];
+    auto* const action = new QAction(ToQString(GetResultText(text)), made.grid);
+    action->setShortcut(Qt::ALT | Qt::SHIFT | key);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    connect(action, &QAction::triggered, this,
+            [this, table, lines] { Guarded([&] { Heighten(table, lines); }); });
+    made.grid->addAction(action);
+    made.heightActions.append(action);
 }
 
 void CResultPanelWidget::Attach(CResultPanel& panel)
@@ -339,6 +345,58 @@ void CResultPanelWidget::FitHeights()
     m_parts->setSizes(heights);
 }
 
+void CResultPanelWidget::UpdateSizes()
+{
+    if (std::exchange(m_hasOtherSizes, true))
+        return;
+    QMetaObject::invokeMethod(
+        this, [this] { Guarded([this] { FitSizes(); }); }, Qt::QueuedConnection);
+}
+
+void CResultPanelWidget::FitSizes()
+{
+    m_hasOtherSizes = false;
+    if (!GetControl())
+        return;
+    for (const EResultTable table : c_tables)
+        Grid(table).GetPane().FitColumns();
+    ShowWidths();
+    FitHeights();
+}
+
+void CResultPanelWidget::TellHeights()
+{
+    const QList<int> sizes = m_parts->sizes();
+    if (!GetControl() || sizes.size() != static_cast<qsizetype>(CResultTables::c_count))
+        return;
+    std::array<std::optional<int>, CResultTables::c_count> heights;
+    for (std::size_t i = 0; i < heights.size(); ++i)
+        if (!m_tables[i].part->isHidden())
+            heights[i] = sizes[static_cast<qsizetype>(i)] * c_hundredths / fontMetrics().height();
+    GetControl()->OnHeights(heights);
+}
+
+void CResultPanelWidget::Heighten(EResultTable table, int lines)
+{
+    std::vector<int> shown;
+    for (int i = 0; i < m_parts->count(); ++i)
+        if (!m_parts->widget(i)->isHidden())
+            shown.push_back(i);
+    const auto own = std::ranges::find(shown, static_cast<int>(table));
+    if (own == shown.end() || shown.size() == 1)
+        return;
+    const int beside = own + 1 == shown.end() ? *(own - 1) : *(own + 1);
+    QList<int> sizes = m_parts->sizes();
+    const auto roomOf = [&](int part) {
+        return std::max(sizes[part] - m_parts->widget(part)->minimumSizeHint().height(), 0);
+    };
+    const int by = std::clamp(lines * fontMetrics().height(), -roomOf(*own), roomOf(beside));
+    sizes[*own] += by;
+    sizes[beside] -= by;
+    m_parts->setSizes(sizes);
+    TellHeights();
+}
+
 void CResultPanelWidget::UpdateState()
 {
     CResultPanel& panel = *GetControl();
@@ -365,9 +423,12 @@ int CResultPanelWidget::Run(CFormatSpecifierDlg& dialog)
     return result;
 }
 
-void CResultPanelWidget::Print(const SResultPages& pages)
+void CResultPanelWidget::Print()
 {
-    AskAndPrint(pages, *this);
+    const auto getPages = [this]() -> std::optional<SResultPages> {
+        return GetControl() ? std::optional(GetControl()->GetPages()) : std::nullopt;
+    };
+    AskAndPrint(GetControl()->GetResults().title, getPages, *this);
 }
 
 std::string CResultPanelWidget::MakePdf(const SResultPages& pages)
@@ -479,7 +540,8 @@ void CResultPanelWidget::FillTableMenu(QMenu& menu, EResultTable table, SGridCel
     FillSaveMenu(AddSubMenu(menu, EResultText::Save));
     menu.addSeparator();
     menu.addAction(&Grid(table).GetAction(CResultGridWidget::ECommand::SelectAll));
-    menu.addAction(&Grid(table).GetFitColumnsAction());
+    menu.addActions(Grid(table).GetColumnActions());
+    menu.addActions(m_tables[static_cast<std::size_t>(table)].heightActions);
 }
 
 void CResultPanelWidget::AddUnits(QMenu& menu, const std::vector<std::size_t>& quantities)

@@ -28,7 +28,8 @@ class CResultTable;
 /// result dialog, or as a pane of any window.
 ///
 /// The context menu of a table, by the mouse, the menu key or Shift+F10, is about the quantity below it:
-/// unit, number format, hiding. What is selected is dragged into other programs, a single cell with Control.
+/// unit, number format, hiding. Alt+Shift+Down and Alt+Shift+Up move the edges between the tables. What is
+/// selected is dragged into other programs, a single cell with Control.
 class COMMONUIQT_API CResultPanelWidget : public QWidget, public CResultPanelView
 {
     Q_OBJECT
@@ -45,8 +46,10 @@ public:
 
     void UpdateTables() override;
     void UpdateState() override;
+    /// At the next turn of the event loop, once for many changes.
+    void UpdateSizes() override;
     int Run(CFormatSpecifierDlg& dialog) override;
-    void Print(const SResultPages& pages) override;
+    void Print() override;
     std::string MakePdf(const SResultPages& pages) override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -61,6 +64,7 @@ private:
         QLabel* label = nullptr;
         CResultTable* grid = nullptr;
         std::shared_ptr<CWidths> widths{};
+        QList<QAction*> heightActions{}; // of the grid
     };
 
     void MakeButtons();
@@ -68,6 +72,7 @@ private:
     void AddMenu(EResultText text, void (CResultPanelWidget::*fill)(QMenu&));
     void MakeTable(EResultTable table);
     CResultTable& Grid(EResultTable table) const;
+    void AddHeightAction(EResultTable table, EResultText text, Qt::Key key, int lines);
 
     QAction* AddAction(QMenu& menu, EResultText text, std::function<void(CResultPanel&)> act,
                        int following = 0);
@@ -85,6 +90,10 @@ private:
     void ShowWidths();
     void OnWidth(EResultTable table, std::size_t column, int width);
     void FitHeights();
+    void FitSizes();
+    // Moves the edge below a table, or that above the last one.
+    void Heighten(EResultTable table, int lines);
+    void TellHeights();
     void ShareScrolling();
 
     std::shared_ptr<CResultTables> m_shown; // what the grids show may outlive the panel
@@ -96,6 +105,7 @@ private:
     std::array<STable, CResultTables::c_count> m_tables{};
     QWidget* m_beside = nullptr; // the statistics, as wide as the bar that scrolls the results
     QLabel* m_notes;
+    bool m_hasOtherSizes = false; // which are not shown yet
 };
 
 } // namespace CommonUI

@@ -107,6 +107,16 @@ QStringList WrapLines(const QString& text, const QFontMetricsF& metrics, double 
     return lines;
 }
 
+void Print(const std::optional<SResultPages>& pages, QPrinter& printer)
+{
+    if (!pages)
+        return;
+    printer.setDocName(ToQString(pages->title)); // results may have come while the user chose
+    if (!PrintResults(*pages, printer))
+        GetMessageBoxService().Show({.text = GetResultText(EResultText::NotPrinted),
+                                     .style = MessageBoxStyle::c_ok | MessageBoxStyle::c_error});
+}
+
 } // namespace
 
 CResultPrinter::CResultPrinter(const SResultPages& pages, QPaintDevice& device, const QSizeF& size)
@@ -254,6 +264,7 @@ void CResultPrinter::PrintPage(QPainter& painter, std::size_t page) const
 {
     const SSheet& sheet = m_sheets.at(page);
     const double width = m_size.width();
+    painter.setLayoutDirection(Qt::LeftToRight);
     painter.setPen(Qt::black);
     painter.setFont(m_bold);
     Write(painter, ToQString(m_pages.title), {0, 0, width, m_lineHeight}, Qt::AlignLeft);
@@ -403,17 +414,17 @@ std::string MakePdf(const SResultPages& pages)
     return buffer.data().toStdString();
 }
 
-void AskAndPrint(const SResultPages& pages, QWidget& parent)
+void AskAndPrint(const CStr& title, const std::function<std::optional<SResultPages>()>& getPages,
+                 QWidget& parent)
 {
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(ToQString(pages.title));
+    printer.setDocName(ToQString(title));
     printer.setPageMargins(QMarginsF(c_margin, c_margin, c_margin, c_margin), QPageLayout::Millimeter);
     // Its parent may be destroyed meanwhile, and destroys it then.
     const QPointer<QPrintDialog> dialog(new QPrintDialog(&printer, &parent));
     const bool isAccepted = dialog->exec() == QDialog::Accepted;
-    if (dialog && isAccepted && !PrintResults(pages, printer))
-        GetMessageBoxService().Show({.text = GetResultText(EResultText::NotPrinted),
-                                     .style = MessageBoxStyle::c_ok | MessageBoxStyle::c_error});
+    if (dialog && isAccepted)
+        Print(getPages(), printer);
     delete dialog;
 }
 

@@ -8,6 +8,8 @@
 #include <QRectF>
 
 #include <cstddef>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -114,7 +116,11 @@ private:
 COMMONUIQT_API bool PrintResults(const SResultPages& pages, QPagedPaintDevice& device);
 /// The pages as a document for the paper of the user's country; empty where it cannot be made.
 COMMONUIQT_API std::string MakePdf(const SResultPages& pages);
-/// Has the user choose a printer and prints.
-COMMONUIQT_API void AskAndPrint(const SResultPages& pages, QWidget& parent);
+/// Has the user choose a printer, then asks for the pages and prints them. Nothing is asked for when the user
+/// cancels, or the parent is gone.
+/// @param title that the document has while the user chooses
+/// @param getPages gives nothing where there is nothing to print any more
+COMMONUIQT_API void
+AskAndPrint(const CStr& title, const std::function<std::optional<SResultPages>()>& getPages, QWidget& parent);
 
 } // namespace CommonUI

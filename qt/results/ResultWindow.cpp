@@ -45,7 +45,7 @@ void CResultWindow::Attach(CResultDialog& dialog)
 
 QSize CResultWindow::sizeHint() const
 {
-    const QSize usual(100 * fontMetrics().averageCharWidth(), 32 * fontMetrics().height());
+    const QSize usual(100 * fontMetrics().averageCharWidth(), 40 * fontMetrics().height());
     return CDialogViewWindow::sizeHint().expandedTo(usual);
 }
 

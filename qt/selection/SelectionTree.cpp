@@ -1,5 +1,6 @@
 #include "qt/selection/detail/SelectionTree.h"
 
+#include "qt/controls/detail/Isolate.h"
 #include "qt/detail/EventGuard.h"
 #include "qt/QtText.h"
 
@@ -46,6 +47,15 @@ public:
         painter->setPen(frame);
         painter->drawRect(QRectF(box).adjusted(0.5, 0.5, -1.5, -1.5));
         painter->restore();
+    }
+
+protected:
+    // A name that ends in "20 %" does so in a window that runs from right to left as well.
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (option->widget)
+            option->text = IsolateIn(*option->widget, option->text);
     }
 };
 

@@ -80,7 +80,7 @@ std::string MnemonicsOf(const std::string& text)
 const std::string c_international = " ActiveReport Animation Beige Classic Cyan Demo FFT Filter Format Giga "
                                     "Global Gold Hardware ID ISO Indigo"
                                     " Kilo Magenta Marker Maximum Median Mega Mil Milli Minimum Name Nano OK "
-                                    "Orange Plus Radius Software Start"
+                                    "Orange Plus Pore Radius Software Start"
                                     " Text VORN \u00c5ngstr\u00f6m mm \u03bbc \u03bbs ";
 
 bool IsInternational(const std::string& text)

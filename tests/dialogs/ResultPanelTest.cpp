@@ -129,6 +129,38 @@ private:
         m_said += CStr::Format(u", %zu units", m_panel.GetUnits(quantities).size());
         m_said += m_panel.CanHide(quantities) ? u", can hide" : u"";
     }
+    // The user closes the dialog of the printers in some way.
+    void Print(CCommand c)
+    {
+        m_view.onPrint = [&c, this] {
+            m_panel.Hide(std::vector<std::size_t>{0}, true); // meanwhile
+            return c.IsYes();
+        };
+        m_panel.Print();
+        m_said = m_view.GetPrinted().IsEmpty() ? CStr(u"nothing") : m_view.GetPrinted();
+    }
+    // What a second panel with the same results, which is none of the user's, shows then.
+    void Other()
+    {
+        m_other.SetView(&m_otherView);
+        m_other.SetResults(MakeResults());
+    }
+    void TellOther()
+    {
+        m_said = CStr::Format(u"%d notes, %d sizes / ", m_other.GetNotes().size(),
+                              m_otherView.GetSizeUpdateCount());
+        m_said += m_otherView.Draw();
+    }
+    void Heights(CCommand c)
+    {
+        std::array<std::optional<int>, CResultTables::c_count> heights;
+        for (std::size_t i = 0; i < heights.size(); ++i)
+            if (c.words[i] != "-")
+                heights[i] = c.Get(i);
+        m_panel.OnHeights(heights);
+        for (const int height : m_panel.GetLayout().heights)
+            m_said += CStr::Format(u"%d ", height);
+    }
     void Restart()
     {
         CInifile ini;
@@ -183,16 +215,17 @@ private:
         {"restart", [this](CCommand) { Restart(); }},
         {"choose", [this](CCommand c) { Choose(c); }},
         {"analysis", [this](CCommand) { Analysis(); }},
-        {"print",
-         [this](CCommand) {
-             m_panel.Print();
-             m_said = m_view.GetPrinted().Left(20);
-         }},
+        {"print", [this](CCommand c) { Print(c); }},
+        {"other", [this](CCommand) { Other(); }},
+        {"told", [this](CCommand) { TellOther(); }},
+        {"heights", [this](CCommand c) { Heights(c); }},
     };
     CResultLayoutManager m_layouts;
     CMemoryClipboard m_clipboard;
     CMemoryResultPanelView m_view;
     CResultPanel m_panel{m_layouts};
+    CMemoryResultPanelView m_otherView;
+    CResultPanel m_other{m_layouts};
     CStr m_said;
 };
 

@@ -55,6 +55,22 @@ private:
 
 } // namespace
 
+TEST(Gallery, TellsWhatItHasFound)
+{
+    const CTemporaryFolder folder;
+    const std::filesystem::path file = folder.GetPath() / "gallery.ini";
+    for (const bool isDamaged : {false, false, true, false}) {
+        if (isDamaged)
+            std::filesystem::resize_file(file, std::filesystem::file_size(file) / 2);
+        QStringList told;
+        const Gallery::CPreferences preferences(file);
+        preferences.Tell([&told](const QString& line) { told += line; });
+        EXPECT_EQ(told.size(), isDamaged ? 2 : 1) << told.join(u'\n').toStdString();
+        EXPECT_TRUE(told.front().contains(QStringLiteral("gallery.ini"))) << told.front().toStdString();
+        EXPECT_EQ(told.back().contains(QStringLiteral("is damaged")), isDamaged);
+    }
+}
+
 TEST(Gallery, WhatIsChosenIsFoundAfterAStart)
 {
     const CTemporaryFolder folder;

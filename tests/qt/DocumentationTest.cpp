@@ -63,8 +63,16 @@ TEST(Documentation, ShowsTheProgramsThatAreBuilt)
         block += "```\n";
         EXPECT_NE(page.find(block), std::string::npos) << file;
     };
-    for (const char* const program : {"measurement", "number_dialog", "progress_dialog", "selection_dialog"})
+    int programs = 0;
+    for (const char* const program : {"measurement", "number_dialog", "progress_dialog", "format_dialog",
+                                      "selection_dialog", "grid_dialog", "languages"}) {
         shows("cpp", std::string(program) + "/main.cpp");
+        ++programs;
+    }
     for (const char* const program : {"measurement", "number_dialog"})
         shows("cmake", std::string(program) + "/CMakeLists.txt");
+    const std::string begin = "```cpp\n";
+    for (std::size_t at = page.find(begin); at != page.npos; at = page.find(begin, at + 1))
+        --programs;
+    EXPECT_EQ(programs, 0) << "nothing that is no program";
 }

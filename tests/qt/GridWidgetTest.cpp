@@ -232,6 +232,7 @@ TEST_F(GridWidget, CallbacksMayDestroyTheWidget)
              test.m_shown.Drag({99, 5}, {120, 5});
          }},
         {false, [](auto& test) { test.m_shown.grid->GetFitColumnsAction().trigger(); }},
+        {false, [](auto& test) { test.m_shown.grid->GetColumnActions().back()->trigger(); }},
         {true, [](auto&) { Type("Return"); }},
         {true, [](auto& test) { test.m_shown.window.setFocus(); }},
         {true, [](auto& test) { test.m_shown.grid->setFocus(); }},

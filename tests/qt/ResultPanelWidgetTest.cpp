@@ -8,9 +8,12 @@
 #include "qt/results/ResultPrinter.h"
 #include "qt/results/ResultWindow.h"
 #include "tests/qt/WidgetTesting.h"
+#include "tests/TemporaryFolder.h"
 
 #include <QAccessible>
 #include <QPaintEngine>
+#include <QPrintDialog>
+#include <QPrinter>
 
 #include <chrono>
 
@@ -50,6 +53,11 @@ std::shared_ptr<const SResultSet> MakeResults(std::size_t rows, int quantities =
 // A dialog on the screen, whose results have the focus.
 struct SShownDialog {
     explicit SShownDialog(std::size_t rows = 6)
+        : SShownDialog(rows, own)
+    {
+    }
+    SShownDialog(std::size_t rows, CResultLayoutManager& kept)
+        : layouts(kept)
     {
         dialog.SetResults(MakeResults(rows));
         dialog.Create();
@@ -69,7 +77,8 @@ struct SShownDialog {
         return Results().GetPane().GetCell({row, column}).text.ToUtf8();
     }
 
-    CResultLayoutManager layouts;
+    CResultLayoutManager own;
+    CResultLayoutManager& layouts;
     CQtResultDialog dialog{nullptr, layouts};
 };
 
@@ -248,6 +257,107 @@ TEST(ResultPanelWidget, WidthsAreKeptAndShared)
     EXPECT_EQ(shown.layouts.Get(u"Test").columns[u"R0"].width, 0) << "nothing is kept";
     statistics.FitColumn(1);
     EXPECT_LE(statistics.GetColumnWidth(1), fitted) << "the statistics are not cut off";
+}
+
+TEST(ResultPanelWidget, KeysMoveEdges)
+{
+    SShownDialog other;
+    SShownDialog shown(6, other.layouts);
+    shown.dialog.GetWindow()->resize(700, 800);
+    QCoreApplication::processEvents();
+    const auto widthOf = [](CResultGridWidget& table) { return table.GetPane().GetColumnWidth(1); };
+    const int width = widthOf(shown.Results());
+    Type("Down Right Alt+Shift+Right Alt+Shift+Right");
+    const int wider = widthOf(shown.Results());
+    EXPECT_GT(wider, width);
+    EXPECT_EQ(widthOf(shown.Statistics()), wider);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return std::abs(widthOf(other.Results()) - wider) <= 1; }))
+        << "follows";
+    Type("Alt+Shift+Left");
+    EXPECT_LT(widthOf(shown.Results()), wider);
+    for (int i = 0; i < 99; ++i)
+        Type("Alt+Shift+Left");
+    EXPECT_GT(widthOf(shown.Results()), 4) << "stays to be seen";
+
+    CResultGridWidget& summary = *shown.Panel().GetTable(EResultTable::Summary);
+    const int before = summary.height();
+    const int below = shown.Results().height();
+    summary.setFocus();
+    Type("Alt+Shift+Down Alt+Shift+Down");
+    const int lines = 2 * shown.Panel().fontMetrics().height();
+    EXPECT_EQ(summary.height(), before + lines);
+    EXPECT_EQ(shown.Results().height(), below - lines);
+    shown.Statistics().setFocus(); // the last one, which has its edge above
+    const int last = shown.Statistics().height();
+    Type("Alt+Shift+Down");
+    EXPECT_GT(shown.Statistics().height(), last);
+    EXPECT_EQ(summary.height(), before + lines);
+    shown.dialog.GetPanel().Transpose(true); // without statistics
+    summary.setFocus();
+    Type("Alt+Shift+Up");
+    for (const int height : shown.layouts.Get(u"Test").heights)
+        EXPECT_GT(height, 0) << "also that of the table that is not shown";
+}
+
+// Where everything else begins at the right, numbers and their signs stay where they are.
+TEST(ResultPanelWidget, NumbersRunFromLeftToRight)
+{
+    auto set = *MakeResults(3);
+    set.quantities[0].values[1] = -1.5e-6;
+    CResultPanel panel;
+    panel.SetResults(std::make_shared<SResultSet>(set));
+    std::vector<QImage> pictures;
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QApplication::setLayoutDirection(direction);
+        CResultPanelWidget widget;
+        widget.Attach(panel);
+        for (const EResultTable table : {EResultTable::Summary, EResultTable::Results}) {
+            QWidget& view = *widget.GetTable(table)->viewport();
+            view.resize(300, 150);
+            pictures.push_back(view.grab().toImage());
+        }
+        QImage page(400, 400, QImage::Format_RGB32);
+        page.fill(Qt::white);
+        QPainter painter(&page);
+        const SResultPages pages = panel.GetPages();
+        CResultPrinter(pages, page, page.size()).PrintPage(painter, 0);
+        painter.end();
+        pictures.push_back(page);
+    }
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    for (std::size_t i = 0; i < pictures.size() / 2; ++i)
+        EXPECT_TRUE(pictures[i] == pictures[i + pictures.size() / 2]) << i;
+}
+
+TEST(ResultPanelWidget, PrintsWhatIsThereWhenThePrinterIsChosen)
+{
+    const CTemporaryFolder folder;
+    const auto path = [&folder](const char* name) {
+        return QString::fromStdString((folder.GetPath() / name).string());
+    };
+    for (const bool isAccepted : {false, true}) {
+        SShownDialog shown;
+        QString title;
+        WhenShown<QPrintDialog>([&](QPrintDialog& dialog) {
+            title = dialog.printer()->docName();
+            dialog.printer()->setOutputFileName(path(isAccepted ? "printed.pdf" : "cancelled.pdf"));
+            auto others = *MakeResults(9);
+            others.title = u"Others";
+            shown.dialog.SetResults(std::make_shared<SResultSet>(others));
+            dialog.done(isAccepted ? QDialog::Accepted : QDialog::Rejected);
+        });
+        QTest::mouseClick(&shown.Panel().GetButton(2), Qt::LeftButton);
+        EXPECT_EQ(title.toStdString(), "Title");
+    }
+    const auto utf16 = [](std::string text) {
+        std::string units;
+        for (const char letter : text)
+            units += std::string(1, '\0') + letter;
+        return units;
+    };
+    EXPECT_FALSE(std::filesystem::exists(folder.GetPath() / "cancelled.pdf"));
+    const std::string printed = folder.Read("printed.pdf");
+    EXPECT_NE(printed.find(utf16("Others")), printed.npos);
 }
 
 TEST(ResultPanelWidget, WhatIsSelectedIsDragged)

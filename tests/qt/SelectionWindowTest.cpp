@@ -187,3 +187,23 @@ TEST_F(SelectionWindow, IsCancelledWithItsParentAndOpensHelp)
     EXPECT_EQ(m_dialog->GetWindow(), nullptr);
     EXPECT_FALSE(m_dialog->IsOpen());
 }
+
+// "Abfall auf 20 %" has its sign at its end where everything else runs from right to left.
+TEST_F(SelectionWindow, NamesRunAsTheyBegin)
+{
+    struct SDelegate : QStyledItemDelegate {
+        using QStyledItemDelegate::initStyleOption;
+    };
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QApplication::setLayoutDirection(direction);
+        Open(EAnalysis::Roughness);
+        QStyleOptionViewItem option;
+        option.widget = &Tree();
+        const auto& delegate = dynamic_cast<const QStyledItemDelegate&>(*Tree().itemDelegate());
+        (delegate.*&SDelegate::initStyleOption)(&option, Find("Scl20"));
+        const bool isIsolated = option.text.front() == QChar(0x2068) && option.text.back() == QChar(0x2069);
+        EXPECT_EQ(isIsolated, direction == Qt::RightToLeft) << option.text.toStdString();
+        m_dialog.reset();
+    }
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
