@@ -149,6 +149,8 @@ int main(int argc, char** argv)
     }
     QTimer::singleShot(0, &window, [&] {
         window.OpenFiles(files);
+        if (!parser.isSet(shot))
+            window.OfferSessions();
         if (parser.isSet(shot))
             WriteShot(window, parser.value(shot));
     });
