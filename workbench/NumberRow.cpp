@@ -61,6 +61,7 @@ CNumberRow::CNumberRow(QWidget& parent, const SStepNumber& number, FEdited edite
         m_integer = number.step == 2 ? std::make_unique<COddEdit>() : std::make_unique<CommonUI::CIntEdit>();
         m_integer->Setup(static_cast<int>(number.value), static_cast<int>(number.lowest),
                          static_cast<int>(number.highest), static_cast<int>(number.step));
+        m_integer->ShowSpinButton(0, true);
         m_integer->SetChangeNotification(*this, &CNumberRow::OnInteger);
         m_field->Attach(*m_integer);
     } else {
@@ -69,6 +70,7 @@ CNumberRow::CNumberRow(QWidget& parent, const SStepNumber& number, FEdited edite
         m_real->Setup(static_cast<float>(number.value / GetUnit()),
                       static_cast<float>(number.lowest / GetUnit()),
                       static_cast<float>(number.highest / GetUnit()), StepOf(number.value / GetUnit()));
+        m_real->ShowSpinButton(0, true);
         m_real->SetChangeNotification(*this, &CNumberRow::OnReal);
         m_field->Attach(*m_real);
     }

@@ -4,6 +4,7 @@
 #include "measurement/Request.h"
 #include "platform/FileDialogService.h"
 #include "platform/MessageBoxService.h"
+#include "qt/controls/BoxDelegate.h"
 #include "workbench/Texts.h"
 
 #include <QFormLayout>
@@ -98,6 +99,7 @@ CProcessingPane::CProcessingPane()
     area->setWidget(content);
     setWidget(area);
     m_list->setAccessibleName(QText(EText::Steps));
+    m_list->setItemDelegate(new CBoxDelegate(m_list));
     m_list->setWordWrap(true);
     m_list->setMinimumHeight(5 * fontMetrics().height());
     m_list->installEventFilter(this);
@@ -158,6 +160,7 @@ CSettingsButton* CProcessingPane::AddSets(QFormLayout& form, const QString& text
     auto* const label = new QLabel(text);
     label->setBuddy(button);
     button->setAccessibleName(WithoutMark(text));
+    button->setText(QStringLiteral("+"));
     form.addRow(label, button);
     return button;
 }
@@ -186,8 +189,10 @@ void CProcessingPane::OnSet(CSettings& settings)
     QMetaObject::invokeMethod(
         this,
         [this, set = settings]() mutable {
-            for (CSettingsButton* const button : {m_corrections, m_filters, m_sequences})
+            for (CSettingsButton* const button : {m_corrections, m_filters, m_sequences}) {
                 button->GetMenu().SetCurrent({});
+                button->setText(QStringLiteral("+"));
+            }
             if (!m_page)
                 return;
             const bool isSequence = set.GetEntryInfo().m_Type == ESettingType::Batch;
