@@ -71,8 +71,12 @@ void CSurfacePage::Show(const std::shared_ptr<const SurfaceView::SViewedSurface>
         m_block->SetSurface(surface);
     else if (m_block)
         ShowFault(QText(surface->heights ? EText::NeedsLines : EText::NothingToShow));
-    if (isPreview)
+    if (isPreview) { // whose time counts until it is seen
+        m_map->repaint();
+        if (m_block)
+            m_block->repaint();
         return;
+    }
     m_surface = surface;
     Q_EMIT SurfaceChanged();
 }

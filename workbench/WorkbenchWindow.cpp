@@ -558,6 +558,13 @@ void CWorkbenchWindow::OfferSessions()
     }
 }
 
+void CWorkbenchWindow::EndSession()
+{
+    if (m_journal)
+        m_journal->Close();
+    m_journal.reset();
+}
+
 void CWorkbenchWindow::ShowNotice()
 {
     CSurfacePage* const page = GetPage();
@@ -616,9 +623,7 @@ void CWorkbenchWindow::closeEvent(QCloseEvent* event)
 {
     hide(); // by which window and panes remember where they are
     Save();
-    if (m_journal)
-        m_journal->Close();
-    m_journal.reset();
+    EndSession();
     QMainWindow::closeEvent(event);
 }
 

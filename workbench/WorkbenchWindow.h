@@ -46,6 +46,8 @@ public:
 
     /// Asks whether to open what workbenches had open that were not closed properly.
     void OfferSessions();
+    /// From now on nothing is kept for the case of a crash.
+    void EndSession();
 
     /// Null without a tab.
     CSurfacePage* GetPage() const;

@@ -2,6 +2,7 @@
 
 #include "analysis/surface/Decimate.h"
 #include "measurement/detail/LatestWorker.h"
+#include "measurement/process/PreviewSize.h"
 #include "platform/MessageLoop.h"
 
 #include <algorithm>
@@ -28,7 +29,7 @@ struct SRequested {
     std::size_t size = 0;
 };
 
-// A surface with fewer points, each made once.
+// A surface with fewer points, each made once: the largest preview from all points, the others from that.
 class CSmaller
 {
 public:
@@ -37,22 +38,30 @@ public:
         if (original != m_original)
             m_made.clear();
         m_original = original;
+        return size < CPreviewSize::c_largest ? Make(size, Make(CPreviewSize::c_largest, original))
+                                              : Make(size, original);
+    }
+
+private:
+    const std::shared_ptr<const SInput>& Make(std::size_t size, const std::shared_ptr<const SInput>& from)
+    {
         auto& made = m_made[size];
         if (!made) {
             auto input = std::make_shared<SInput>();
-            // From the next larger one, which has fewer points to look at.
-            const auto larger = m_made.upper_bound(size);
-            input->surface =
-                Analysis::Decimate((larger == m_made.end() ? original : larger->second)->surface, size);
+            input->surface = Analysis::Decimate(from->surface, size);
             made = std::move(input);
         }
         return made;
     }
 
-private:
     std::shared_ptr<const SInput> m_original;
     std::map<std::size_t, std::shared_ptr<const SInput>> m_made; // by points along a side
 };
+
+double SecondsSince(CClock::time_point begin)
+{
+    return std::chrono::duration<double>(CClock::now() - begin).count();
+}
 
 void MakeSmaller(SRequested& requested, CSmaller& smaller)
 {
@@ -100,11 +109,12 @@ struct CBackgroundSteps::SShared {
             if (!processed || !isWanted())
                 return;
             const FShow show = self->prepare(*processed);
-            const double seconds = std::chrono::duration<double>(CClock::now() - begin).count();
+            const double seconds = SecondsSince(begin);
             return Post(self, requested.number, [self, show, processed, seconds] {
+                const auto beginOfShow = CClock::now();
                 show();
                 if (self->owner)
-                    self->owner->m_answered(*processed, seconds);
+                    self->owner->m_answered(*processed, seconds + SecondsSince(beginOfShow));
             });
         } catch (const std::bad_alloc&) {
             reason = u"there is not enough memory";

@@ -22,8 +22,8 @@ public:
     /// Makes on the thread what shall be shown of a result, and answers what shows it, which is called on the
     /// user-interface thread. It outlives this object, so it refers to nothing that goes with it.
     using FPrepare = std::function<FShow(const SProcessed&)>;
-    /// @param seconds that the steps and the preparation took; those that it took once to have fewer points
-    ///     do not count
+    /// @param seconds that steps, preparation and what shows the result took; those that it took once to have
+    ///     fewer points do not count
     using FAnswered = std::function<void(const SProcessed&, double seconds)>;
     /// @param reason a clause
     using FFailed = std::function<void(const CStr& reason)>;
