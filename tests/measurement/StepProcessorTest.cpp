@@ -66,6 +66,12 @@ TEST(StepProcessor, DoesAgainOnlyWhatIsBehindAChange)
         steps[3].work = Mean(0, columns).work;
         run("the same one again", 3);
     }
+    steps[1].work = Mean(0, 5).work;
+    run("one in front", 6);
+    for (const int columns : {7, 9}) { // with more behind it than is kept
+        steps[1].work = Mean(0, columns).work;
+        run("the one in front again", 5);
+    }
     steps[5].isOn = false;
     EXPECT_EQ(run("off", 0).input->steps.size(), 5u);
     steps.clear();
