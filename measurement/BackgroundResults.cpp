@@ -1,13 +1,11 @@
 #include "measurement/BackgroundResults.h"
 
+#include "measurement/detail/LatestWorker.h"
 #include "measurement/Results.h"
 #include "platform/MessageLoop.h"
 
-#include <condition_variable>
 #include <exception>
-#include <mutex>
-#include <optional>
-#include <thread>
+#include <new>
 
 namespace CommonUI::Measurement
 {
@@ -37,67 +35,19 @@ CBackgroundResults::SAnswer Compute(const SRequested& request)
 
 } // namespace
 
-// The thread with the request that waits for it.
-class CBackgroundResults::CWorker
+class CBackgroundResults::CWorker : public CLatestWorker<SRequested>
 {
 public:
-    using FTell = std::function<void(unsigned, const SAnswer&)>; // on the worker
-
-    explicit CWorker(FTell tell)
-        : m_tell(std::move(tell))
-        , m_thread([this] { Run(); })
-    {
-    }
-    ~CWorker()
-    {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_isEnding = true;
-            m_waiting.reset();
-        }
-        m_changed.notify_one();
-        m_thread.join();
-    }
-    CWorker(const CWorker&) = delete;
-    CWorker& operator=(const CWorker&) = delete;
-
-    void Request(std::optional<SRequested> request)
-    {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_waiting = std::move(request);
-        }
-        m_changed.notify_one();
-    }
-
-private:
-    std::optional<SRequested> WaitForRequest()
-    {
-        std::unique_lock lock(m_mutex);
-        m_changed.wait(lock, [this] { return m_isEnding || m_waiting; });
-        return std::exchange(m_waiting, std::nullopt);
-    }
-    void Run()
-    {
-        while (const std::optional<SRequested> request = WaitForRequest())
-            m_tell(request->number, Compute(*request));
-    }
-
-    FTell m_tell;
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    std::optional<SRequested> m_waiting;
-    bool m_isEnding = false;
-    std::thread m_thread; // goes first
+    using CLatestWorker::CLatestWorker;
 };
 
 CBackgroundResults::CBackgroundResults(FAnswered answered)
     : m_answered(std::move(answered))
     , m_self(std::make_shared<CBackgroundResults*>(this))
 {
-    m_worker = std::make_unique<CWorker>(
-        [self = m_self, &loop = GetMessageLoop()](unsigned request, const SAnswer& answer) {
-            loop.Post([self, request, answer] {
+    m_worker =
+        std::make_unique<CWorker>([self = m_self, &loop = GetMessageLoop()](const SRequested& requested) {
+            loop.Post([self, request = requested.number, answer = Compute(requested)] {
                 if (*self)
                     (*self)->Tell(request, answer);
             });

@@ -26,7 +26,16 @@ CRange<double> WithLength(double lowest, double highest)
 
 std::shared_ptr<const SViewedSurface> MakeViewedSurface(const std::filesystem::path& path, SSurface surface)
 {
+    return MakeViewedSurface(path, std::make_shared<CommonUI::Measurement::SInput>(
+                                       CommonUI::Measurement::SInput{.surface = std::move(surface)}));
+}
+
+std::shared_ptr<const SViewedSurface>
+MakeViewedSurface(const std::filesystem::path& path,
+                  std::shared_ptr<const CommonUI::Measurement::SInput> input)
+{
     auto viewed = std::make_shared<SViewedSurface>();
+    const SSurface& surface = input->surface;
     viewed->path = path;
     const CommonUI::Analysis::SRange range = CommonUI::Analysis::FindRange(surface.heights);
     if (range.count > 0)
@@ -35,8 +44,7 @@ std::shared_ptr<const SViewedSurface> MakeViewedSurface(const std::filesystem::p
         viewed->box = MakeBox(surface, 0);
         viewed->levels = MakeDetailLevels(surface, *viewed->box);
     }
-    viewed->input = std::make_shared<CommonUI::Measurement::SInput>(
-        CommonUI::Measurement::SInput{.surface = std::move(surface)});
+    viewed->input = std::move(input);
     return viewed;
 }
 

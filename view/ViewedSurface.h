@@ -28,5 +28,9 @@ struct SViewedSurface {
 /// Takes some time for a large surface; any thread may call.
 std::shared_ptr<const SViewedSurface> MakeViewedSurface(const std::filesystem::path& path,
                                                         CommonUI::Analysis::SSurface surface);
+/// The same of a surface with what was done to it.
+std::shared_ptr<const SViewedSurface>
+MakeViewedSurface(const std::filesystem::path& path,
+                  std::shared_ptr<const CommonUI::Measurement::SInput> input);
 
 } // namespace SurfaceView

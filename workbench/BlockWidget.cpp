@@ -71,7 +71,7 @@ SPoint ToLight(const SBlockLook& look)
 
 CBlockWidget::CBlockWidget(std::shared_ptr<const SurfaceView::SViewedSurface> surface)
     : m_surface(std::move(surface))
-    , m_choice(std::max<std::size_t>(1, m_surface->levels.size()), 0.05)
+    , m_choice(std::max<std::size_t>(1, m_surface->levels.size()), m_target)
 {
     setAccessibleName(QText(EText::Block));
     setFocusPolicy(Qt::StrongFocus);
@@ -102,12 +102,24 @@ QSize CBlockWidget::sizeHint() const
 
 QSize CBlockWidget::minimumSizeHint() const
 {
-    return {15 * fontMetrics().height(), 12 * fontMetrics().height()};
+    return {12 * fontMetrics().height(), 12 * fontMetrics().height()};
+}
+
+void CBlockWidget::SetSurface(std::shared_ptr<const SurfaceView::SViewedSurface> surface)
+{
+    DropBuffers();
+    if (surface->levels.size() != m_buffers.size())
+        m_choice = SurfaceView::CDetailChoice(std::max<std::size_t>(1, surface->levels.size()), m_target);
+    m_surface = std::move(surface);
+    m_buffers.clear();
+    m_buffers.resize(m_surface->levels.size());
+    SetLook(m_look);
 }
 
 void CBlockWidget::SetDriver(E3DAccelerationMode mode, double target)
 {
     m_mode = mode;
+    m_target = target;
     m_choice.SetTarget(target);
 }
 

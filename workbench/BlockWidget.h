@@ -52,6 +52,8 @@ public:
     explicit CBlockWidget(std::shared_ptr<const SurfaceView::SViewedSurface> surface);
     ~CBlockWidget() override;
 
+    /// Shows another surface from the same direction.
+    void SetSurface(std::shared_ptr<const SurfaceView::SViewedSurface> surface);
     /// @param mode whether a software driver will do
     /// @param target the time in seconds that a picture should take while the block moves
     void SetDriver(CommonUI::E3DAccelerationMode mode, double target);
@@ -97,6 +99,7 @@ private:
 
     std::shared_ptr<const SurfaceView::SViewedSurface> m_surface;
     SurfaceView::SScene m_scene;
+    double m_target = 0.05; // s, of a picture while the block moves
     SurfaceView::CDetailChoice m_choice;
     SurfaceView::SDirection m_direction{30, 35};
     SurfaceView::SFraming m_framing;

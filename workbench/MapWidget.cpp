@@ -79,7 +79,21 @@ QSize CMapWidget::sizeHint() const
 
 QSize CMapWidget::minimumSizeHint() const
 {
-    return {15 * fontMetrics().height(), 12 * fontMetrics().height()};
+    return {12 * fontMetrics().height(), 12 * fontMetrics().height()};
+}
+
+void CMapWidget::SetSurface(std::shared_ptr<const SurfaceView::SViewedSurface> surface, bool isPreview)
+{
+    m_surface = std::move(surface);
+    const SurfaceView::CMapPlace whole(m_surface->GetSurface());
+    const auto isOther = [](double one, double other) {
+        return std::abs(one - other) > 1e-9 * std::abs(one);
+    };
+    const SMapPoint& upper = m_place.GetUpper();
+    if (!isPreview && (isOther(upper.x, whole.GetUpper().x) || isOther(upper.y, whole.GetUpper().y)))
+        m_place = whole;
+    LayOut();
+    update();
 }
 
 void CMapWidget::SetColors(const CommonUI::SColorScale& colors)

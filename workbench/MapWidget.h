@@ -23,6 +23,10 @@ public:
     explicit CMapWidget(std::shared_ptr<const SurfaceView::SViewedSurface> surface);
     ~CMapWidget() override;
 
+    /// Shows another surface at the same place. One of another size is shown as a whole, unless it stands for
+    /// the one before with fewer points.
+    void SetSurface(std::shared_ptr<const SurfaceView::SViewedSurface> surface, bool isPreview);
+    const SurfaceView::SViewedSurface& GetSurface() const noexcept { return *m_surface; }
     void SetColors(const CommonUI::SColorScale& colors);
     void Zoom(double factor);
     void Fit();

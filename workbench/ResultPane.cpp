@@ -32,10 +32,21 @@ public:
     }
 };
 
-CStr SizeOf(const Analysis::SSurface& surface)
+// A name stands for the file, which is the same before and after a step.
+bool IsSameFile(const Measurement::SInput* one, const Measurement::SInput* other)
 {
-    return CStr::Format(Text(EText::Size), CStr::FromUtf8(surface.fileName), static_cast<int>(surface.points),
-                        static_cast<int>(surface.lines));
+    return one && other && one->surface.fileName == other->surface.fileName;
+}
+
+// What the results are of: the surface, and what was done to it.
+CStr Describe(const Measurement::SInput& input)
+{
+    const Analysis::SSurface& surface = input.surface;
+    CStr text = CStr::Format(Text(EText::Size), CStr::FromUtf8(surface.fileName),
+                             static_cast<int>(surface.points), static_cast<int>(surface.lines));
+    for (std::size_t i = 0; i < input.steps.size(); ++i)
+        text += CStr::Format(u"\n%zu. %s", i + 1, input.steps[i]);
+    return text;
 }
 
 } // namespace
@@ -76,8 +87,10 @@ EAnalysis CResultPane::GetAnalysis() const
 
 void CResultPane::SetSurface(std::shared_ptr<const Measurement::SInput> input)
 {
+    const bool isOther = !IsSameFile(input.get(), m_input.get());
     m_input = std::move(input);
-    ShowSet({.name = c_setName});
+    if (isOther)
+        ShowSet({.name = c_setName});
     Compute();
 }
 
@@ -102,7 +115,7 @@ void CResultPane::Compute()
         m_state->setText(QText(EText::NoSurface));
         return;
     }
-    m_state->setText(ToQString(SizeOf(m_input->surface)) + QLatin1Char('\n') + QText(EText::Computing));
+    m_state->setText(ToQString(Describe(*m_input)) + QLatin1Char('\n') + QText(EText::Computing));
     try {
         m_results.Request(
             m_input, Measurement::MakeChoices(GetAnalysisPreferencesManager(), {.usesPreferences = true}));
@@ -114,7 +127,7 @@ void CResultPane::Compute()
 
 void CResultPane::Show(const CBackgroundResults::SAnswer& answer)
 {
-    QString state = ToQString(SizeOf(answer.input->surface));
+    QString state = ToQString(Describe(*answer.input));
     if (!answer.error.IsEmpty())
         state += QLatin1Char('\n') + ToQString(CStr::Format(Text(EText::NoResults), answer.error));
     m_state->setText(state);

@@ -46,11 +46,11 @@ EInterfaceScheme ReadColors(CInifile& ini)
 } // namespace
 
 CStore::CStore()
+    : m_folder(GetFolders().GetSettingsFolder() / "CommonUIWorkbench")
 {
-    const std::filesystem::path folder = GetFolders().GetSettingsFolder() / "CommonUIWorkbench";
     std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    m_store.GetInifile().SetFileName((folder / "preferences.ini").u16string());
+    std::filesystem::create_directories(m_folder, error);
+    m_store.GetInifile().SetFileName((m_folder / "preferences.ini").u16string());
     m_store.Load();
     CInifile& ini = m_store.GetInifile();
     TakeShared();

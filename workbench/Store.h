@@ -5,6 +5,8 @@
 #include "controls/lists/RecentList.h"
 #include "workbench/BlockWidget.h"
 
+#include <filesystem>
+
 namespace Workbench
 {
 
@@ -18,6 +20,8 @@ public:
 
     /// Reads the file, preferences.ini in a folder for the workbench below that of GetFolders for settings.
     CStore();
+    /// The folder of the file.
+    const std::filesystem::path& GetFolder() const noexcept { return m_folder; }
     /// @param reason receives a sentence when it cannot be written
     bool Save(CommonUI::CStr& reason);
 
@@ -34,6 +38,7 @@ public:
 private:
     void TakeShared();
 
+    std::filesystem::path m_folder;
     CommonUI::CIniStore m_store;
 };
 

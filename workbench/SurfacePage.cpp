@@ -8,6 +8,8 @@
 namespace Workbench
 {
 
+using CommonUI::Measurement::SProcessed;
+
 namespace
 {
 
@@ -21,6 +23,12 @@ CSurfacePage::CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> su
     , m_map(new CMapWidget(m_surface))
     , m_blockPlace(new QStackedWidget)
     , m_fault(new QLabel)
+    , m_file(m_surface->path)
+    , m_processing(m_surface->input,
+                   [this, path = m_surface->path](const SProcessed& processed, bool isPreview) {
+                       auto viewed = SurfaceView::MakeViewedSurface(path, processed.input);
+                       return [this, viewed, isPreview] { Show(viewed, isPreview); };
+                   })
 {
     m_fault->setWordWrap(true);
     m_fault->setAlignment(Qt::AlignCenter);
@@ -31,6 +39,10 @@ CSurfacePage::CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> su
     addWidget(m_map);
     addWidget(m_blockPlace);
     setSizes({1000, 1000});
+    connect(&m_file, &CFileWatch::Changed, this, [this] {
+        m_isFileChanged = true;
+        Q_EMIT FileChanged();
+    });
     connect(m_map, &CMapWidget::PointRead, this, &CSurfacePage::PointRead);
     if (!m_surface->box) {
         ShowFault(QText(m_surface->heights ? EText::NeedsLines : EText::NothingToShow));
@@ -47,8 +59,38 @@ CSurfacePage::~CSurfacePage() = default;
 
 void CSurfacePage::SetDriver(CommonUI::E3DAccelerationMode mode, double target)
 {
+    m_processing.SetTarget(target);
     if (m_block)
         m_block->SetDriver(mode, target);
+}
+
+void CSurfacePage::Show(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface, bool isPreview)
+{
+    m_map->SetSurface(surface, isPreview);
+    if (m_block && surface->box)
+        m_block->SetSurface(surface);
+    else if (m_block)
+        ShowFault(QText(surface->heights ? EText::NeedsLines : EText::NothingToShow));
+    if (isPreview) { // whose time counts until it is seen
+        m_map->repaint();
+        if (m_block)
+            m_block->repaint();
+        return;
+    }
+    m_surface = surface;
+    Q_EMIT SurfaceChanged();
+}
+
+void CSurfacePage::Reload(const SurfaceView::SViewedSurface& surface)
+{
+    AcceptFile();
+    m_processing.SetOriginal(surface.input);
+}
+
+void CSurfacePage::AcceptFile()
+{
+    m_isFileChanged = false;
+    m_file.Accept();
 }
 
 void CSurfacePage::SetColors(const CommonUI::SColorScale& colors)

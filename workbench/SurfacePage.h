@@ -1,7 +1,9 @@
 #pragma once
 
+#include "measurement/process/SurfaceProcessing.h"
 #include "settings/readers/ColorScale.h"
 #include "workbench/BlockWidget.h"
+#include "workbench/FileWatch.h"
 #include "workbench/MapWidget.h"
 
 #include <QPointer>
@@ -23,7 +25,15 @@ public:
     explicit CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> surface);
     ~CSurfacePage() override;
 
+    /// The surface with its steps done; another object after each SurfaceChanged.
     const SurfaceView::SViewedSurface& GetSurface() const noexcept { return *m_surface; }
+    CommonUI::Measurement::CSurfaceProcessing& GetProcessing() noexcept { return m_processing; }
+    /// The file was read again; the steps stay.
+    void Reload(const SurfaceView::SViewedSurface& surface);
+    /// Whether the file has changed since it was read.
+    bool IsFileChanged() const noexcept { return m_isFileChanged; }
+    /// What the file is now is known: nobody has to be told.
+    void AcceptFile();
     void SetDriver(CommonUI::E3DAccelerationMode mode, double target);
     void SetColors(const CommonUI::SColorScale& colors);
     void SetLook(const SBlockLook& look);
@@ -42,8 +52,12 @@ public:
 Q_SIGNALS:
     void PointRead(const QString& text);
     void LookChanged();
+    /// The steps are done anew, or the file was read again. Not for previews, which the views alone show.
+    void SurfaceChanged();
+    void FileChanged();
 
 private:
+    void Show(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface, bool isPreview);
     void ShowFault(const QString& reason);
     bool IsBlockMeant() const;
 
@@ -52,6 +66,9 @@ private:
     QStackedWidget* m_blockPlace;
     QLabel* m_fault;
     QPointer<CBlockWidget> m_block;
+    CFileWatch m_file;
+    bool m_isFileChanged = false;
+    CommonUI::Measurement::CSurfaceProcessing m_processing;
 };
 
 } // namespace Workbench

@@ -11,6 +11,7 @@
 #include "settings/preferences/PreferencesManager.h"
 #include "settings/SetReference.h"
 #include "workbench/OpenSurface.h"
+#include "workbench/SaveSurface.h"
 #include "workbench/Texts.h"
 
 #include <QActionGroup>
@@ -26,9 +27,11 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 #include <exception>
 #include <functional>
+#include <iterator>
 
 namespace Workbench
 {
@@ -101,12 +104,26 @@ CWorkbenchWindow::CWorkbenchWindow(CInterfaceColors& colors)
     m_hint->setWordWrap(true);
     m_center->addWidget(m_hint);
     m_center->addWidget(m_tabWindow);
-    setCentralWidget(m_center);
+    auto* const middle = new QWidget;
+    auto* const rows = new QVBoxLayout(middle);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    m_notice = new CNoticeBar(QText(EText::Reload), QText(EText::CloseTab).remove(QLatin1Char('&')));
+    connect(m_notice, &CNoticeBar::Accepted, this, &CWorkbenchWindow::ReloadPage);
+    connect(m_notice, &CNoticeBar::Dismissed, this, [this] {
+        GetPage()->AcceptFile();
+        ShowNotice();
+    });
+    rows->addWidget(m_notice);
+    rows->addWidget(m_center, 1);
+    setCentralWidget(middle);
+    m_journal.emplace(m_store.GetFolder());
     statusBar()->addWidget(m_point, 1);
     m_interfaceColors.SetChoice(m_store.colors);
     resize(100 * fontMetrics().height(), 60 * fontMetrics().height());
     MakePanes();
     MakeFileMenu();
+    MakeEditMenu();
     MakeViewMenu();
     MakeOtherMenus();
     MakeToolBar();
@@ -130,12 +147,21 @@ void CWorkbenchWindow::MakeFileMenu()
     m_open->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
     m_recent = menu.addMenu(QText(EText::OpenRecent));
     connect(m_recent, &QMenu::aboutToShow, this, &CWorkbenchWindow::FillRecent);
+    m_saveSurface = AddAction(menu, EText::SaveSurface, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+                              [this] { SaveSurfaceAs(); });
     menu.addSeparator();
     m_close = AddAction(menu, EText::CloseTab, QKeySequence(Qt::CTRL | Qt::Key_W), [this] { ClosePage(); });
     QAction* const quit = menu.addAction(QText(EText::Quit));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit->setMenuRole(QAction::QuitRole);
     connect(quit, &QAction::triggered, this, &QWidget::close);
+}
+
+void CWorkbenchWindow::MakeEditMenu()
+{
+    QMenu& menu = *menuBar()->addMenu(QText(EText::EditMenu));
+    menu.addAction(&m_processing->GetUndo());
+    menu.addAction(&m_processing->GetRedo());
 }
 
 void CWorkbenchWindow::MakeViewMenu()
@@ -151,6 +177,7 @@ void CWorkbenchWindow::MakeViewMenu()
     AddAction(menu, EText::ZoomIn, QKeySequence::ZoomIn, [this] { Zoom(c_zoomStep); });
     AddAction(menu, EText::ZoomOut, QKeySequence::ZoomOut, [this] { Zoom(1 / c_zoomStep); });
     menu.addSeparator();
+    menu.addAction(m_processing->toggleViewAction());
     menu.addAction(m_results->toggleViewAction());
     menu.addAction(m_view->toggleViewAction());
     menu.addSeparator();
@@ -207,6 +234,8 @@ void CWorkbenchWindow::MakePanes()
 {
     m_results = new CResultPane;
     m_view = new CViewPane;
+    m_processing = new CProcessingPane;
+    m_processing->AddTo(*this, Qt::LeftDockWidgetArea);
     for (CDockPane* const pane : {static_cast<CDockPane*>(m_results), static_cast<CDockPane*>(m_view)})
         pane->AddTo(*this, Qt::RightDockWidgetArea);
     connect(m_results, &CResultPane::Chosen, this, &CWorkbenchWindow::Save);
@@ -295,6 +324,11 @@ CSurfacePage& CWorkbenchWindow::AddPage(std::shared_ptr<const SurfaceView::SView
     page->ShowViews(m_store.showsMap, m_store.showsBlock);
     connect(page, &CSurfacePage::PointRead, m_point, &QLabel::setText);
     connect(page, &CSurfacePage::LookChanged, this, &CWorkbenchWindow::ShareLook);
+    connect(page, &CSurfacePage::SurfaceChanged, this, &CWorkbenchWindow::OnCurrentTab);
+    connect(page, &CSurfacePage::FileChanged, this, &CWorkbenchWindow::ShowNotice);
+    page->GetProcessing().GetApplied().Subscribe(*this, &CWorkbenchWindow::KeepSession,
+                                                 m_appliedConnections[page]);
+    connect(page, &QObject::destroyed, this, [this, page] { m_appliedConnections.erase(page); });
     m_tabWindow->AddPage(TabOf(path), *page);
     m_tabs.SetCurrent(*m_tabs.Find(path));
     return *page;
@@ -310,8 +344,11 @@ void CWorkbenchWindow::OnCurrentTab()
 {
     CSurfacePage* const page = GetPage();
     m_center->setCurrentWidget(page ? static_cast<QWidget*>(m_tabWindow) : m_hint);
-    for (QAction* const action : {m_close, m_fit})
+    for (QAction* const action : {m_close, m_fit, m_saveSurface})
         action->setEnabled(page);
+    m_processing->SetPage(page);
+    ShowNotice();
+    KeepSession();
     m_point->clear();
     const auto input = page ? page->GetSurface().input : nullptr;
     if (input == m_shown)
@@ -471,10 +508,122 @@ void CWorkbenchWindow::Save()
         Tell(CStr::Format(Text(EText::NotKept), reason));
 }
 
+// A session that cannot be kept is told of once.
+void CWorkbenchWindow::KeepSession()
+{
+    if (!m_journal)
+        return;
+    Measurement::CSession session;
+    for (CSurfacePage* const page : GetPages()) {
+        CStr path;
+        ToText(page->GetSurface().path, path);
+        session.push_back({path, page->GetProcessing().GetSteps()});
+    }
+    CStr reason;
+    const bool isKept = m_journal->Write(session, reason);
+    if (!isKept && m_isJournalGood)
+        statusBar()->showMessage(ToQString(CStr::Format(Text(EText::NoJournal), reason)));
+    m_isJournalGood = isKept;
+}
+
+// @return whether the surface is open with its steps
+bool CWorkbenchWindow::OpenAgain(const Measurement::SSessionSurface& surface)
+{
+    OpenFile(surface.path);
+    if (!m_tabs.Find(surface.path))
+        return false;
+    Measurement::CSurfaceProcessing& processing = GetPage()->GetProcessing();
+    if (processing.GetSteps().empty() && !surface.steps.empty())
+        processing.Take(surface.steps, Text(EText::Steps));
+    return true;
+}
+
+void CWorkbenchWindow::OfferSessions()
+{
+    for (Measurement::CDeadJournal& journal : Measurement::FindDeadJournals(m_store.GetFolder())) {
+        if (!journal.GetDamage().IsEmpty()) {
+            Tell(journal.GetDamage());
+            continue;
+        }
+        const Measurement::CSession& session = journal.GetSession();
+        const CStr question = CStr::Format(Text(EText::OfferSession), static_cast<int>(session.size()));
+        Measurement::CSession rest;
+        if (!session.empty() &&
+            GetMessageBoxService().Show(
+                {.text = question, .style = MessageBoxStyle::c_yesNo | MessageBoxStyle::c_question}) ==
+                EMessageBoxAnswer::Yes)
+            std::ranges::copy_if(session, std::back_inserter(rest),
+                                 [this](const auto& surface) { return !OpenAgain(surface); });
+        journal.Keep(rest);
+    }
+}
+
+void CWorkbenchWindow::EndSession()
+{
+    if (m_journal)
+        m_journal->Close();
+    m_journal.reset();
+}
+
+void CWorkbenchWindow::ShowNotice()
+{
+    CSurfacePage* const page = GetPage();
+    const bool isChanged = page && page->IsFileChanged();
+    m_notice->SetText(isChanged
+                          ? ToQString(CStr::Format(Text(EText::FileChanged),
+                                                   CStr::FromUtf8(page->GetSurface().GetSurface().fileName)))
+                          : QString());
+}
+
+void CWorkbenchWindow::ReloadPage()
+{
+    const QPointer<CSurfacePage> page = GetPage();
+    try {
+        const auto surface = OpenSurface(this, page->GetSurface().path, m_read);
+        if (surface && page)
+            page->Reload(*surface);
+    } catch (const std::exception& error) {
+        Tell(CStr::FromUtf8(error.what()));
+    }
+    ShowNotice();
+}
+
+bool CWorkbenchWindow::IsReplaceable(const CStr& path) const
+{
+    const auto isIt = [&](const CSurfacePage* page) {
+        std::error_code error;
+        return std::filesystem::equivalent(page->GetSurface().path, ToPath(path), error);
+    };
+    if (std::ranges::none_of(GetPages(), isIt))
+        return true;
+    const CStr question = CStr::Format(Text(EText::ReplaceOpen), CStr(GetFileName(path)));
+    return GetMessageBoxService().Show(
+               {.text = question, .style = MessageBoxStyle::c_yesNo | MessageBoxStyle::c_warning}) ==
+           EMessageBoxAnswer::Yes;
+}
+
+void CWorkbenchWindow::SaveSurfaceAs()
+{
+    CSurfacePage* const page = GetPage();
+    CStr path;
+    if (!page ||
+        !GetFileDialogService().Choose(
+            {.forOpen = false, .filter = GetSaveFilter(), .extension = u"sdf", .memoryKey = u"SavedSurfaces"},
+            path) ||
+        !IsReplaceable(path))
+        return;
+    try {
+        SaveSurface(this, page->GetSurface().input, path);
+    } catch (const std::exception& error) {
+        Tell(CStr::FromUtf8(error.what()));
+    }
+}
+
 void CWorkbenchWindow::closeEvent(QCloseEvent* event)
 {
     hide(); // by which window and panes remember where they are
     Save();
+    EndSession();
     QMainWindow::closeEvent(event);
 }
 

@@ -2,8 +2,11 @@
 
 #include "controls/tabs/Tabs.h"
 #include "formats/SurfaceReading.h"
+#include "measurement/process/SessionJournal.h"
 #include "qt/controls/TabWindow.h"
 #include "qt/settings/SettingsButton.h"
+#include "workbench/NoticeBar.h"
+#include "workbench/ProcessingPane.h"
 #include "workbench/ResultPane.h"
 #include "workbench/Store.h"
 #include "workbench/SurfacePage.h"
@@ -11,6 +14,9 @@
 #include "workbench/ViewPane.h"
 
 #include <QMainWindow>
+
+#include <map>
+#include <optional>
 
 class QLabel;
 class QMenu;
@@ -38,10 +44,17 @@ public:
     /// Shows a surface in a tab of its own.
     CSurfacePage& AddPage(std::shared_ptr<const SurfaceView::SViewedSurface> surface);
 
+    /// Asks whether to open what workbenches had open that were not closed properly.
+    void OfferSessions();
+    /// From now on nothing is kept for the case of a crash.
+    void EndSession();
+
     /// Null without a tab.
     CSurfacePage* GetPage() const;
     CommonUI::CTabs& GetTabs() noexcept { return m_tabs; }
     CResultPane& GetResults() noexcept { return *m_results; }
+    CProcessingPane& GetProcessing() noexcept { return *m_processing; }
+    CNoticeBar& GetNotice() noexcept { return *m_notice; }
     CViewPane& GetViewPane() noexcept { return *m_view; }
     CommonUI::CSettingsButton& GetColorScales() noexcept { return *m_scales; }
     CStore& GetStore() noexcept { return m_store; }
@@ -59,6 +72,13 @@ private:
     void MakeOtherMenus();
     void MakeToolBar();
     void MakePanes();
+    void MakeEditMenu();
+    void SaveSurfaceAs();
+    bool IsReplaceable(const CommonUI::CStr& path) const;
+    void ReloadPage();
+    void ShowNotice();
+    void KeepSession();
+    bool OpenAgain(const CommonUI::Measurement::SSessionSurface& surface);
     void ChooseFile();
     void FillRecent();
     bool OpenFile(const CommonUI::CStr& path);
@@ -84,6 +104,8 @@ private:
     CStore m_store;
     CommonUI::CInterfaceColors& m_interfaceColors;
     CommonUI::SColorScale m_scale{};
+    std::optional<CommonUI::Measurement::CSessionJournal> m_journal; // until the window closes
+    bool m_isJournalGood = true;
     std::shared_ptr<const CommonUI::Measurement::SInput> m_shown; // what the panes show
     CommonUI::CTabs m_tabs;
     CommonUI::CTabWindow* m_tabWindow;
@@ -91,16 +113,20 @@ private:
     QLabel* m_hint;
     QLabel* m_point; // what is read out
     CResultPane* m_results = nullptr;
+    CProcessingPane* m_processing = nullptr;
+    CNoticeBar* m_notice = nullptr;
     CViewPane* m_view = nullptr;
     CommonUI::CSettingsButton* m_scales = nullptr;
     QMenu* m_recent = nullptr;
     QAction* m_open = nullptr;
+    QAction* m_saveSurface = nullptr;
     QAction* m_fit = nullptr;
     QAction* m_close = nullptr;
     QAction* m_showMap = nullptr;
     QAction* m_showBlock = nullptr;
     QAction* m_parallel = nullptr;
     QAction* m_parameters = nullptr;
+    std::map<CSurfacePage*, CommonUI::CClosureConnection> m_appliedConnections;
     CommonUI::CClosureConnection m_currentConnection;
     CommonUI::CClosureConnection m_tabsConnection;
     CommonUI::CClosureConnection m_scaleConnection;

@@ -139,6 +139,8 @@ int main(int argc, char** argv)
     const CInterfaceStyle style(colors);
 
     Workbench::CWorkbenchWindow window(colors);
+    if (parser.isSet(measure) || parser.isSet(shot))
+        window.EndSession(); // nobody works with it
     window.show();
     std::vector<CStr> files;
     for (const QString& file : parser.positionalArguments())
@@ -149,6 +151,8 @@ int main(int argc, char** argv)
     }
     QTimer::singleShot(0, &window, [&] {
         window.OpenFiles(files);
+        if (!parser.isSet(shot))
+            window.OfferSessions();
         if (parser.isSet(shot))
             WriteShot(window, parser.value(shot));
     });

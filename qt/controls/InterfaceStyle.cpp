@@ -1,6 +1,6 @@
 #include "qt/controls/InterfaceStyle.h"
 
-#include "qt/controls/detail/BoxDelegate.h"
+#include "qt/controls/BoxDelegate.h"
 #include "qt/controls/detail/EdgeStyle.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "qt/controls/ItemListWidget.h"
 
-#include "qt/controls/detail/BoxDelegate.h"
+#include "qt/controls/BoxDelegate.h"
 #include "qt/controls/detail/ControlTexts.h"
 #include "qt/detail/EventGuard.h"
 

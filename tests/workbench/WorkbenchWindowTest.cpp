@@ -80,6 +80,8 @@ TEST_F(WorkbenchWindow, DamagedPreferencesHealAndAreToldOf)
 TEST_F(WorkbenchWindow, EverythingHasANameAndAKey)
 {
     OpenSample();
+    m_window->GetPage()->GetProcessing().Take(
+        {{.name = u"Mean", .work = SFilterSettings{.kind = EFilterKind::Mean}}}, u"steps");
     for (QWidget* const widget : m_window->findChildren<QWidget*>()) {
         const bool isReached = widget->isVisible() && widget->focusPolicy() & Qt::TabFocus;
         if (isReached && !qobject_cast<QTabBar*>(widget) && !qobject_cast<QScrollArea*>(widget)) {
@@ -91,6 +93,7 @@ TEST_F(WorkbenchWindow, EverythingHasANameAndAKey)
         EXPECT_TRUE(menu->text().contains('&'));
         for (const QAction* const action : menu->menu()->actions()) {
             const bool hasOwnName = action == m_window->GetResults().toggleViewAction() ||
+                                    action == m_window->GetProcessing().toggleViewAction() ||
                                     action == m_window->GetViewPane().toggleViewAction();
             EXPECT_TRUE(action->isSeparator() || hasOwnName || action->text().contains('&'))
                 << qPrintable(action->text());
