@@ -54,4 +54,10 @@ struct SLattice {
 /// of neighbours, not of rows.
 COMMONUIANALYSIS_API SLattice MeasureLattice(const SSurface& surface);
 
+/// How far a grating of two directions is from the straight one that MeasureLattice finds: lengths of the
+/// displacements, m, over as many as 32 squares along each axis. In each, which reaches to the middles of its
+/// neighbours and fades towards them, the phases of both waves are compared with those of the whole surface.
+/// @return without a point where there is no such grating
+COMMONUIANALYSIS_API SSurface ComputeDistortion(const SSurface& surface);
+
 } // namespace CommonUI::Analysis

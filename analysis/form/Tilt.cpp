@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <numbers>
 #include <utility>
 
@@ -75,7 +76,14 @@ STilt MeasureTilt(const SSurface& surface)
                                               : "the surface has less than three points"};
     SSurface level = surface;
     Level(level, ELevelling::Plane);
-    const auto [slopeX, slopeY] = FindSlopes(surface, level);
+    // What a slope makes over the whole surface is rounding noise, not a tilt, where it is as little.
+    const double noise =
+        16 * std::numeric_limits<double>::epsilon() * std::max(std::fabs(lowest), std::fabs(highest));
+    auto [slopeX, slopeY] = FindSlopes(surface, level);
+    if (std::fabs(slopeX) * static_cast<double>(surface.points) * surface.dx <= noise)
+        slopeX = 0;
+    if (std::fabs(slopeY) * static_cast<double>(surface.lines) * surface.dy <= noise)
+        slopeY = 0;
     STilt tilt{.x = std::atan(slopeX) * c_degrees,
                .total = std::atan(std::hypot(slopeX, slopeY)) * c_degrees,
                .slopeX = slopeX,

@@ -118,6 +118,25 @@ TEST(Gratings, Lattices)
               "a profile has no second direction");
 }
 
+TEST(Gratings, DistortionOfALattice)
+{
+    // Displaced to and fro along (0.6, 0.8) by four waves, which no lattice takes up.
+    for (const double amplitude : {0.0, 0.5}) {
+        const SSurface map = ComputeDistortion(MakeSurface(512, 300, [&](double x, double y) {
+            const double shift = amplitude * std::cos(2 * c_pi * (x - 256) / 128);
+            return std::sin((x - 0.6 * shift) * 2 * c_pi / 13.7) +
+                   std::cos((y - 0.8 * shift) * 2 * c_pi / 11.3);
+        }));
+        ASSERT_EQ(map.points, 17u);
+        // A square of two eighteenths has the mean under its window, of which this share is left.
+        const double width = 2 / 18.0 * 4;
+        const double share = std::sin(c_pi * width) / (c_pi * width) / (1 - width * width);
+        for (std::size_t y = 0; y < map.lines; ++y)
+            EXPECT_NEAR(map.heights[y * map.points + 8], share * amplitude * 1e-6, 0.01e-6) << y;
+    }
+    EXPECT_TRUE(ComputeDistortion(MakeGrating(256, 256, 12.34, 7, 0.35)).heights.empty());
+}
+
 TEST(Gratings, NoneInNoiseAndOnPlanes)
 {
     std::mt19937 random(3);
