@@ -98,7 +98,7 @@ private:
     void Break()
     {
         m_isBelow = false;
-        m_line.reset();
+        m_isLine = false;
     }
 
     void Advance(std::size_t point, double z, double next)
@@ -110,18 +110,19 @@ private:
         }
         if (m_isBelow && z <= 0 && next > 0) { // the last crossing before the level above is reached
             const double from = FindCrossing(point, z, next);
-            m_line = SMoments{};
-            m_line->Add(from, at + 1, 0, next);
+            m_line = {};
+            m_isLine = true;
+            m_line.Add(from, at + 1, 0, next);
             m_isHigh = false;
             m_ends = false;
-        } else if (m_line && !m_ends) {
+        } else if (m_isLine && !m_ends) {
             m_ends = m_isHigh && z > 0 && next <= 0;
-            m_line->Add(at, m_ends ? FindCrossing(point, z, next) : at + 1, z, m_ends ? 0 : next);
-        } else if (m_line && next > 0) { // it has only dipped
-            m_line->Add(at, at + 1, z, next);
+            m_line.Add(at, m_ends ? FindCrossing(point, z, next) : at + 1, z, m_ends ? 0 : next);
+        } else if (m_isLine && next > 0) { // it has only dipped
+            m_line.Add(at, at + 1, z, next);
             m_ends = false;
         }
-        if (m_line && next + m_levels.mean > m_levels.up) {
+        if (m_isLine && next + m_levels.mean > m_levels.up) {
             m_isHigh = true;
             m_isBelow = false;
         }
@@ -129,17 +130,18 @@ private:
 
     void End()
     {
-        if (m_line && m_isHigh && m_line->area > 0)
-            m_places.push_back(m_line->moment / m_line->area);
-        m_line.reset();
+        if (m_isLine && m_isHigh && m_line.area > 0)
+            m_places.push_back(m_line.moment / m_line.area);
+        m_isLine = false;
     }
 
     SLevels m_levels;
     std::vector<double> m_places{};
-    std::optional<SMoments> m_line{}; // that has begun
-    bool m_isBelow = false;           // whether a line may begin
-    bool m_isHigh = false;            // whether the line has reached the level above
-    bool m_ends = false;              // whether the line has fallen to the mean
+    SMoments m_line{};
+    bool m_isLine = false;  // whether a line has begun
+    bool m_isBelow = false; // whether a line may begin
+    bool m_isHigh = false;  // whether the line has reached the level above
+    bool m_ends = false;    // whether the line has fallen to the mean
 };
 
 // The single pitches of a section.

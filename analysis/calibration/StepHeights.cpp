@@ -2,7 +2,9 @@
 
 #include "analysis/calibration/detail/Sections.h"
 #include "analysis/form/PlaneCorrection.h"
+#include "analysis/form/Tilt.h"
 #include "analysis/numeric/detail/Parallel.h"
+#include "analysis/surface/Decimate.h"
 
 #include <algorithm>
 #include <array>
@@ -247,6 +249,24 @@ std::size_t CountEdges(const CEdges& edges)
     return count;
 }
 
+// A copy without the plane that its terraces share. Of a large surface fewer points tell the plane.
+SSurface RemoveTerracePlane(SSurface surface)
+{
+    constexpr std::size_t c_mostPoints = 512;
+    SSurface plane = Decimate(surface, c_mostPoints);
+    SSurface level = plane;
+    Correct(level, {ECorrectionScope::Global, ECorrectionMethod::StepWizard, 1});
+    for (std::size_t i = 0; i < plane.heights.size(); ++i)
+        plane.heights[i] -= level.heights[i];
+    const STilt tilt = MeasureTilt(plane);
+    if (!tilt.reason.empty())
+        return surface;
+    for (std::size_t i = 0; i < surface.heights.size(); ++i)
+        surface.heights[i] -= static_cast<double>(i % surface.points) * surface.dx * tilt.slopeX +
+                              static_cast<double>(i / surface.points) * surface.dy * tilt.slopeY;
+    return surface;
+}
+
 } // namespace
 
 std::vector<double> SSteps::GetHeights() const
@@ -259,8 +279,7 @@ std::vector<double> SSteps::GetHeights() const
 
 SSteps MeasureSteps(const SSurface& surface)
 {
-    SSurface level = surface; // to find the edges in
-    Correct(level, {ECorrectionScope::Global, ECorrectionMethod::StepWizard, 1});
+    const SSurface level = RemoveTerracePlane(surface); // to find the edges in
     const SLevels levels = FindLevels(level.heights);
     if (!levels.areApart)
         return {.reason = "the heights do not lie at two levels"};

@@ -192,7 +192,7 @@ void TakeTip(SOptions& options, const std::string& option, const std::string& te
     auto& further = FurtherOf(options).options;
     const auto& areas = CommonUI::GetTipEstimationAreaEnum();
     const std::string area = text.substr(0, comma);
-    const auto found = areas.FindIniName(CStr::FromUtf8(area));
+    const auto found = areas.FindIniName(u"tea" + CStr::FromUtf8(area)); // as preferences name it
     further.tipArea = CommonUI::ETipEstimationArea::Width;
     if (found != areas.end() && found->GetValue() != static_cast<int>(further.tipArea))
         further.tipArea = static_cast<CommonUI::ETipEstimationArea>(found->GetValue());

@@ -85,6 +85,13 @@ TEST(StepHeights, OfTiltedSurfaces)
             }
 }
 
+// Of a large surface the plane comes from fewer points.
+TEST(StepHeights, OfLargeSurfaces)
+{
+    const SSurface surface = MakeGrooves(1500, 40, {{400.5, 600.5, 50}, {900.5, 1100.5, 50}}, 0.8, 1);
+    ExpectAll(MeasureSteps(surface), 80, 50e-9);
+}
+
 // Rounded corners lie in the thirds that do not count; what is beyond W from the edges does not count either.
 TEST(StepHeights, TakesTheThirds)
 {
