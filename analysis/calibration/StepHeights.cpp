@@ -261,9 +261,10 @@ SSurface RemoveTerracePlane(SSurface surface)
     const STilt tilt = MeasureTilt(plane);
     if (!tilt.reason.empty())
         return surface;
-    for (std::size_t i = 0; i < surface.heights.size(); ++i)
-        surface.heights[i] -= static_cast<double>(i % surface.points) * surface.dx * tilt.slopeX +
-                              static_cast<double>(i / surface.points) * surface.dy * tilt.slopeY;
+    for (std::size_t y = 0; y < surface.lines; ++y)
+        for (std::size_t x = 0; x < surface.points; ++x)
+            surface.heights[y * surface.points + x] -= static_cast<double>(x) * surface.dx * tilt.slopeX +
+                                                       static_cast<double>(y) * surface.dy * tilt.slopeY;
     return surface;
 }
 

@@ -201,13 +201,15 @@ STip EstimateTip(const SSurface& image, const STipExtent& extent)
         return MeasureTip(ReconstructTip(image, std::max(*extent.width, least), extent.noise), c_infinite);
     }
     STip tip;
-    for (double width = 4 * least;; width *= 2) {
+    double width = 4 * least;
+    while (true) {
         STip wider = MeasureTip(ReconstructTip(image, std::min(width, most), extent.noise), extent.depth);
         const bool isDeepEnough = wider.height >= extent.depth;
         if (!(tip.height > wider.height))
             tip = std::move(wider);
         if (isDeepEnough || width >= most)
             return tip;
+        width *= 2;
     }
 }
 

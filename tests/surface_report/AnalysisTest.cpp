@@ -63,6 +63,18 @@ TEST_F(ReportProgram, DoesTheAnalysesOfThePreferences)
     }
 }
 
+TEST_F(ReportProgram, ShowsTheOutputsOfAnAnalysis)
+{
+    m_temporary.Write("a.txt", MakeMatrix(120, 40, [](int x, int y) { return std::sin(x / 3.0) + y; }));
+    for (const auto& [analysis, picture] : {std::pair("1DCalibration", "Pitch Chart"),
+                                            {"Linearity", "Deviation Curve"},
+                                            {"PlaneCorrection", "Corrected Image"}}) {
+        ASSERT_EQ(Run(std::string("$folder/a.txt --out $out --analysis ") + analysis), 0) << m_err.str();
+        EXPECT_TRUE(Has(Read("report.html"), std::string("<figcaption>") + picture)) << analysis;
+        EXPECT_FALSE(Has(Read("report.html"), "<figcaption>Power spectrum")) << analysis;
+    }
+}
+
 TEST_F(ReportProgram, RefusesWhatAnAnalysisDoesNotTake)
 {
     struct SRow {
