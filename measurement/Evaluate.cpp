@@ -362,14 +362,15 @@ void EvaluateTip(const SSurface& surface, const SFurtherOptions& options,
         return;
     if (const CParameter* const profile = Find(outputs, u"TipProfile")) {
         const auto line = tip.shape.GetLine(tip.shape.lines / 2);
+        const std::size_t middle = line.size() / 2;
         SOutputCurve curve{.key = profile->GetIniName(),
                            .name = profile->GetFriendlyString(),
                            .labelX = u"Position",
                            .labelY = u"Height",
                            .isLengthX = true};
         for (std::size_t i = 0; i < line.size(); ++i)
-            curve.points.emplace_back(
-                (static_cast<double>(i) - static_cast<double>(line.size() / 2)) * tip.shape.dx, line[i]);
+            curve.points.emplace_back((static_cast<double>(i) - static_cast<double>(middle)) * tip.shape.dx,
+                                      line[i]);
         evaluation.outputs.curves.push_back(std::move(curve));
     }
     if (const CParameter* const image = Find(outputs, u"TipImage"); image && !tip.shape.IsProfile())

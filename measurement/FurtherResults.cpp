@@ -80,9 +80,9 @@ void AddSections(SEvaluation& evaluation, const SChoices& choices, SResults& res
     results.statistics = choices.statistics;
     const double share = FractileShare(choices.statistics);
     for (const CParameter& parameter : choices.rows) {
-        std::vector<double> values;
-        for (const auto& section : evaluation.sections)
-            values.push_back(FindValue(section, parameter).value);
+        std::vector<double> values(evaluation.sections.size());
+        std::ranges::transform(evaluation.sections, values.begin(),
+                               [&](const auto& section) { return FindValue(section, parameter).value; });
         SColumn& column =
             results.columns.emplace_back(MakeColumn(parameter, std::move(values), choices.automaticRowUnits));
         column.statistics = Analysis::ComputeStatistics(column.values, share);

@@ -31,9 +31,9 @@ SSlopes FindSlopes(const SSurface& before, const SSurface& level)
         struct SPoint {
             double x, y, z;
         };
+        const std::size_t line = i / before.points;
         return SPoint{static_cast<double>(i % before.points) * before.dx,
-                      static_cast<double>(i / before.points) * before.dy,
-                      before.heights[i] - level.heights[i]};
+                      static_cast<double>(line) * before.dy, before.heights[i] - level.heights[i]};
     };
     const auto sumValid = [&](const auto& term) {
         return PairwiseSum(0, before.heights.size(), [&](std::size_t i) {

@@ -20,6 +20,7 @@ constexpr std::size_t c_mostSummits = 400;
 constexpr std::ptrdiff_t c_mostReach = 10; // points of the tip to each side
 constexpr int c_mostRounds = 20;
 constexpr double c_infinite = std::numeric_limits<double>::infinity();
+constexpr double c_none = -c_infinite;
 
 // The points of a tip along an axis: from -reach to reach, `step` points of the image apart.
 struct SAxis {
@@ -149,7 +150,7 @@ private:
                  std::vector<double>& lowered) const
     {
         const double top = GetHeight(summit.x, summit.y);
-        std::vector<double> most(m_heights.size(), -c_infinite);
+        std::vector<double> most(m_heights.size(), c_none);
         VisitTip([&](std::size_t d, std::ptrdiff_t dx, std::ptrdiff_t dy) {
             const double raised = bound[d] - top;
             if (GetHeight(summit.x + dx, summit.y + dy) + raised < -noise)

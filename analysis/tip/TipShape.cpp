@@ -39,13 +39,14 @@ struct STipPoint {
 template<class FVisit>
 void VisitPoints(const SSurface& shape, const FVisit& visit)
 {
-    for (std::size_t i = 0; i < shape.heights.size(); ++i) {
-        const double x =
-            (static_cast<double>(i % shape.points) - static_cast<double>(shape.points / 2)) * shape.dx;
-        const double y =
-            (static_cast<double>(i / shape.points) - static_cast<double>(shape.lines / 2)) * shape.dy;
-        visit(STipPoint{std::hypot(x, y), -shape.heights[i]});
-    }
+    const std::size_t middleX = shape.points / 2;
+    const std::size_t middleY = shape.lines / 2;
+    for (std::size_t line = 0; line < shape.lines; ++line)
+        for (std::size_t point = 0; point < shape.points; ++point) {
+            const double x = (static_cast<double>(point) - static_cast<double>(middleX)) * shape.dx;
+            const double y = (static_cast<double>(line) - static_cast<double>(middleY)) * shape.dy;
+            visit(STipPoint{std::hypot(x, y), -shape.heights[line * shape.points + point]});
+        }
 }
 
 // The sphere r² + (t - R)² = R² with the least squares of r² + t² - 2Rt.
