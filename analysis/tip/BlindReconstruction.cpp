@@ -157,7 +157,8 @@ private:
                 return;
             VisitTip([&](std::size_t e, std::ptrdiff_t ex, std::ptrdiff_t ey) {
                 const double z = GetHeight(summit.x + dx - ex, summit.y + dy - ey) + raised;
-                most[e] = std::isnan(z) ? c_infinite : std::max(most[e], z);
+                if (!(z <= most[e])) // NaN says nothing of the tip
+                    most[e] = std::isnan(z) ? std::numeric_limits<double>::max() : z;
             });
         });
         for (std::size_t e = 0; e < most.size(); ++e)
