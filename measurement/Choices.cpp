@@ -11,6 +11,7 @@
 #include "model/RoughnessCatalogue.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace CommonUI::Measurement
@@ -189,14 +190,44 @@ SChoices ChooseRoughness(const CExtended& extended, const SRequest& request)
             .automaticRowUnits = allOfProfiles && !request.unit};
 }
 
+// All that the analysis has is computed, of surfaces and of profiles.
+SChoices ChooseFurther(const CAnalysisPreferencesManager& manager, const CExtended& extended,
+                       const SRequest& request)
+{
+    const CAnalysisPreferencesData& data = manager.GetData(request.method.further->analysis);
+    const CList all = data.GetParameters();
+    std::vector<std::string> keys;
+    for (const CParameter& parameter : all)
+        keys.push_back(AnalysisKey(parameter));
+    const bool isChosen = request.usesPreferences;
+    const CList chosen =
+        Choose(all, {.keys = {keys.begin(), keys.end()}}, request, extended.GetNames(), !isChosen);
+    return {.surface = chosen,
+            .rows = chosen,
+            .statistics = data.GetStatistics(),
+            .outputs = data.GetOutputs(),
+            .automaticUnits = !isChosen && !request.unit,
+            .automaticRowUnits = !isChosen && !request.unit};
+}
+
+SChoices ChooseOf(const CAnalysisPreferencesManager& manager, const CExtended& extended,
+                  const SRequest& request)
+{
+    if (request.method.further)
+        return ChooseFurther(manager, extended, request);
+    return request.method.MeasuresGrains() ? ChooseGrains(extended, request)
+                                           : ChooseRoughness(extended, request);
+}
+
 } // namespace
 
 SChoices MakeChoices(const CAnalysisPreferencesManager& manager, const SRequest& request)
 {
     const CExtended extended(manager, request);
-    SChoices choices = request.method.MeasuresGrains() ? ChooseGrains(extended, request)
-                                                       : ChooseRoughness(extended, request);
+    SChoices choices = ChooseOf(manager, extended, request);
     choices.method = request.method;
+    if (auto& further = choices.method.further)
+        further->preprocessing = manager.GetData(further->analysis).GetPreprocessingOption();
     choices.method.valleys = ValleyMethodOf(extended.GetManager().GetData(EAnalysis::RoughnessProfile));
     CheckKeys(extended.GetNames(), choices);
     return choices;

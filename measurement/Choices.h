@@ -14,9 +14,10 @@ namespace CommonUI::Measurement
 /// in which they are shown. Those that plug-ins supply are shown without values.
 struct SChoices {
     SMethod method{};
-    std::vector<CParameter> surface{};    ///< of the surface; none where grains are measured
-    std::vector<CParameter> rows{};       ///< of its profiles or its grains
+    std::vector<CParameter> surface{}; ///< of the surface; none where grains are measured
+    std::vector<CParameter> rows{};    ///< of its profiles or its grains; those of a further analysis twice
     std::vector<CParameter> statistics{}; ///< of these, of which those count that are on
+    std::vector<CParameter> outputs{};    ///< of a further analysis, likewise
     bool automaticUnits = true;    ///< each parameter of the surface is shown in the unit that suits it
     bool automaticRowUnits = true; ///< likewise those of the rows
 };

@@ -18,7 +18,11 @@ using CList = std::vector<CParameter>;
 namespace
 {
 
-constexpr EAnalysis c_analyses[] = {EAnalysis::Roughness, EAnalysis::RoughnessProfile, EAnalysis::Measure};
+constexpr EAnalysis c_analyses[] = {EAnalysis::Roughness,        EAnalysis::RoughnessProfile,
+                                    EAnalysis::Measure,          EAnalysis::Calibration1D,
+                                    EAnalysis::CalibrationXY,    EAnalysis::CalibrationZ,
+                                    EAnalysis::CrossCorrelation, EAnalysis::Linearity,
+                                    EAnalysis::PlaneCorrection,  EAnalysis::Tip};
 
 // A change taken apart: `subject.aspect=value:arguments`.
 struct SChange {

@@ -15,7 +15,7 @@ namespace CommonUI::Measurement
 /// - `Sq.unit=um`, `Sq.format=Digits:4`, `Decimals:3` or `Integer`: how values are shown, those of parameters
 ///   made from a template as well
 ///
-/// It applies to every analysis that has the key: image roughness, profile roughness and grains. Where a key
+/// It applies to every analysis that has the key. Where a key
 /// is that of a parameter and of a statistic, `statistic.Count=off` means the statistic.
 /// @throws ERequest
 COMMONUIMEASUREMENT_API void EditPreferences(CAnalysisPreferencesManager& manager, const CStr& change);

@@ -9,6 +9,7 @@
 #include "../export/Export.h"
 #include "../model/RoughnessAnalysisPreferencesData.h"
 #include "../settings/readers/GrainThresholdSettings.h"
+#include "FurtherAnalysis.h"
 
 #include <optional>
 #include <vector>
@@ -39,6 +40,7 @@ struct SMethod {
     std::optional<SGrainSearch> grainSearch{};
     std::optional<Analysis::SMotifLimits> motifLimits{}; ///< those for the length of the profiles without it
     Analysis::SValleyMethod valleys{};                   ///< MakeChoices takes it from the preferences
+    std::optional<SFurtherAnalysis> further{};           ///< done instead of the roughness and of grains
 
     Analysis::SProfileMethod OfProfiles() const { return {cutoff, motifLimits, valleys}; }
     bool MeasuresGrains() const { return grains || grainSearch; }

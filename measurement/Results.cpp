@@ -12,6 +12,8 @@
 #include "common/Version.h"
 #include "measurement/detail/ComputeApart.h"
 #include "measurement/detail/DescribeLength.h"
+#include "measurement/detail/FractileShare.h"
+#include "measurement/detail/FurtherResults.h"
 #include "measurement/detail/Keys.h"
 #include "measurement/detail/ProfileRows.h"
 #include "measurement/GrainLimit.h"
@@ -91,14 +93,6 @@ SResults Describe(const SInput& input)
     for (const auto& [label, text] : input.notes)
         add(label, text);
     return results;
-}
-
-// The percentile that the statistics ask for, as a share.
-double FractileShare(const std::vector<CParameter>& statistics)
-{
-    const auto found =
-        std::ranges::find(statistics, static_cast<int>(EStatistics::Fractile), &CParameter::GetValue);
-    return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
 }
 
 SValueState NotApplicable(std::string_view reason)
@@ -329,6 +323,13 @@ SResults RoughnessResults(const SInput& input, const SChoices& choices)
     return results;
 }
 
+SResults OtherResults(const SInput& input, const SChoices& choices)
+{
+    SResults results = Describe(input);
+    AddFurther(input, choices, results);
+    return results;
+}
+
 // The grains of a surface with the columns that can be computed; the others are empty.
 struct SMeasured {
     Analysis::SGrains grains{};
@@ -458,6 +459,8 @@ CPartValues SResults::GetValues(const SPart& part) const
 
 SResults ComputeResults(const SInput& input, const SChoices& choices)
 {
+    if (choices.method.further)
+        return WithEnds(OtherResults(input, choices));
     return WithEnds(choices.method.MeasuresGrains()
                         ? GrainResults(input, choices, FindGrainLimit(choices.method, input.surface))
                         : RoughnessResults(input, choices));

@@ -43,7 +43,8 @@ struct SResults {
     FComputePart computePart{};
     /// How many columns of all rows may be computed at once without much room.
     std::size_t columnsAtOnce = 0;
-    std::shared_ptr<const SFoundGrains> grains{}; ///< null where the roughness was measured
+    std::shared_ptr<const SFoundGrains> grains{}; ///< null where no grains were measured
+    std::shared_ptr<const SOutputs> outputs{};    ///< of a further analysis; null for others
 
     /// Says why the value of a column is not defined in a row. It refers to the surface that was analysed.
     std::function<std::string_view(std::size_t column, std::size_t row)> explain{};
@@ -56,7 +57,8 @@ struct SResults {
     COMMONUIMEASUREMENT_API CPartValues GetValues(const SPart& part) const;
 };
 
-/// Analyses a surface: its roughness, beside that of the raw one, and that of its profiles, or its grains.
+/// Analyses a surface: its roughness, beside that of the raw one, and that of its profiles, or its grains; or
+/// it does a further analysis, with values of its own for each line or column where a profile has them, too.
 /// Nothing is computed that the choices do not show. Memory is a few times that of the heights, in whatever
 /// shape they lie.
 /// @param input must live as long as the results

@@ -2,8 +2,11 @@
 
 #include "analysis/areal/HeightParameters.h"
 #include "measurement/charts/HeightCharts.h"
+#include "measurement/charts/OutputCharts.h"
 #include "measurement/charts/Plot.h"
 #include "measurement/charts/ReportPictures.h"
+
+#include <utility>
 
 namespace CommonUI::Measurement
 {
@@ -20,6 +23,23 @@ std::string Figure(const SPicture& picture)
            "</figure>\n";
 }
 
+// The surface, and what its analysis has besides the table. A map has a scale of lengths.
+void AddOutputs(const SSurface& surface, const SOutputs& outputs, std::vector<std::string>& pictures)
+{
+    pictures.push_back(Figure(surface.IsProfile() ? PictureCrossSection(surface) : PictureSurface(surface)));
+    for (const SOutputImage& image : outputs.images) {
+        if (!image.isLength || image.surface.IsProfile())
+            continue;
+        SPicture picture = PictureSurface(image.surface);
+        if (!picture.svg.empty())
+            picture.caption = image.name;
+        pictures.push_back(Figure(picture));
+    }
+    for (const SOutputCurve& curve : outputs.curves)
+        if (std::string svg = DrawOutputCurve(curve); !svg.empty())
+            pictures.push_back(Figure({curve.name, std::move(svg)}));
+}
+
 } // namespace
 
 std::vector<std::string> MakePictures(const SInput& input, const SMethod& method, const SResults& results)
@@ -28,6 +48,8 @@ std::vector<std::string> MakePictures(const SInput& input, const SMethod& method
     std::vector<std::string> pictures{GetChartStyle() + "<div class=\"charts\">\n"};
     if (Analysis::FindRange(surface.heights).count == 0) {
         pictures.push_back(Figure({u"No pictures: the surface has no valid point"}));
+    } else if (results.outputs) {
+        AddOutputs(surface, *results.outputs, pictures);
     } else if (const SFoundGrains* const grains = results.grains.get()) {
         pictures.push_back(Figure(PictureGrains(surface, *grains)));
         pictures.push_back(

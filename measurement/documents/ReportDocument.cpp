@@ -268,6 +268,7 @@ SRequest RequestRoughness(SRequest request)
 {
     request.method.grains = {};
     request.method.grainSearch = {};
+    request.method.further = {};
     request.keys.clear();
     return request;
 }

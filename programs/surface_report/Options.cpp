@@ -1,6 +1,8 @@
 #include "programs/surface_report/Options.h"
 
 #include "common/NumberText.h"
+#include "model/AnalysisPreferencesData.h"
+#include "model/Enumerations.h"
 #include "programs/command_line/CommandLine.h"
 #include "programs/surface_report/Inputs.h"
 #include "programs/surface_report/SaveSurface.h"
@@ -8,14 +10,17 @@
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
+#include <utility>
 
 namespace SurfaceReport
 {
 
 using CommandLine::EUsage;
 using CommonUI::CStr;
+using CommonUI::EAnalysis;
 using CommonUI::Analysis::EGrainKind;
 namespace Analysis = CommonUI::Analysis;
+namespace Measurement = CommonUI::Measurement;
 
 const char* const c_usage = R"(Reports the roughness or the grains of a measured surface.
 
@@ -42,6 +47,16 @@ usage: surface_report INPUT --out DIR [OPTION...]
   --grains HEIGHT    measures the connected grains at or above a height, such as 50nm, instead
   --grains SPEC      measures the particles or pores that a threshold set says: 'PnP[Id(198)]'  'PnP[File(x.pnps)]'
   --pores HEIGHT     measures the connected pores below a height instead
+  --analysis NAME    does another analysis instead: 1DCalibration  XYCalibration  ZCalibration  CrossCorrelation
+                     Linearity  PlaneCorrection  TipAnalysis
+  --reference LENGTH[,LENGTH]
+                     the pitch, or those along x and y, or the step height that a calibration compares with
+  --pitch fourier|centroid
+                     how 1DCalibration finds the mean pitch; by the Fourier transform without it
+  --second FILE      the surface of which CrossCorrelation measures the shift, or the reference of Linearity
+  --tip LENGTH|DEPTH[,NOISE]
+                     TipAnalysis takes the tip this wide, or down to Depth10, Depth20, Depth50, Depth100 or Depth150
+                     nanometres below its apex; Depth50 without it. Heights up to NOISE are no bumps of the surface
   --transpose        parameters as columns of the surface's table and as rows of the profiles' table
   --pictures yes|no  whether report.html has pictures of the surface; yes without it
   --data yes|no      whether report.csv and report.json are written, with all digits, for other programs; yes without it
@@ -73,6 +88,16 @@ usage: surface_report INPUT --out DIR [OPTION...]
 
 namespace
 {
+
+// Of options that belong to an analysis while none is named.
+constexpr EAnalysis c_noAnalysis = EAnalysis::Measure;
+constexpr EAnalysis c_further[] = {EAnalysis::Calibration1D,
+                                   EAnalysis::CalibrationXY,
+                                   EAnalysis::CalibrationZ,
+                                   EAnalysis::CrossCorrelation,
+                                   EAnalysis::Linearity,
+                                   EAnalysis::PlaneCorrection,
+                                   EAnalysis::Tip};
 
 CommonUI::CUnit::EUnitFactor ParseUnit(const std::string& option, const std::string& text)
 {
@@ -136,6 +161,70 @@ void TakeGrains(SOptions& options, const std::string& option, const std::string&
         options.grainSet = CStr::FromUtf8(height);
 }
 
+Measurement::SFurtherAnalysis& FurtherOf(SOptions& options)
+{
+    auto& further = options.request.method.further;
+    if (!further)
+        further = Measurement::SFurtherAnalysis{.analysis = c_noAnalysis};
+    return *further;
+}
+
+double ParsePositive(const std::string& option, const std::string& text)
+{
+    const double length = ParseLength(option, text);
+    if (!(length > 0))
+        throw EUsage(option + ": \"" + text + "\" is not above 0");
+    return length;
+}
+
+void TakeReference(SOptions& options, const std::string& option, const std::string& text)
+{
+    const std::size_t comma = text.find(',');
+    auto& further = FurtherOf(options).options;
+    further.reference = ParsePositive(option, text.substr(0, comma));
+    if (comma != text.npos)
+        further.referenceY = ParsePositive(option, text.substr(comma + 1));
+}
+
+void TakeTip(SOptions& options, const std::string& option, const std::string& text)
+{
+    const std::size_t comma = text.find(',');
+    auto& further = FurtherOf(options).options;
+    const auto& areas = CommonUI::GetTipEstimationAreaEnum();
+    const std::string area = text.substr(0, comma);
+    const auto found = areas.FindIniName(u"tea" + CStr::FromUtf8(area)); // as preferences name it
+    further.tipArea = CommonUI::ETipEstimationArea::Width;
+    if (found != areas.end() && found->GetValue() != static_cast<int>(further.tipArea))
+        further.tipArea = static_cast<CommonUI::ETipEstimationArea>(found->GetValue());
+    else
+        further.tipWidth = ParsePositive(option, area);
+    if (comma != text.npos)
+        further.tipNoise = ParsePositive(option, text.substr(comma + 1));
+}
+
+void AddAnalysis(CommandLine::CParser& parser, SOptions& options)
+{
+    parser.Add("--analysis", [&options](auto& option, auto& text) {
+        std::vector<std::pair<std::string, EAnalysis>> names;
+        for (const EAnalysis analysis : c_further)
+            names.emplace_back(CommonUI::CAnalysisPreferencesData::GetININame(analysis).ToUtf8(), analysis);
+        const auto found = std::ranges::find(names, text, &std::pair<std::string, EAnalysis>::first);
+        if (found == names.end())
+            throw EUsage(option + ": \"" + text + "\" is no analysis such as ZCalibration");
+        FurtherOf(options).analysis = found->second;
+    });
+    parser.Add("--reference", [&options](auto& option, auto& text) { TakeReference(options, option, text); });
+    parser.Add("--tip", [&options](auto& option, auto& text) { TakeTip(options, option, text); });
+    parser.Add("--pitch", [&options](auto& option, auto& text) {
+        using enum Measurement::EPitchMethod;
+        FurtherOf(options).options.pitchMethod = CommandLine::ParseWord<Measurement::EPitchMethod>(
+            option, text, {{"fourier", Fourier}, {"centroid", Centroid}});
+    });
+    parser.Add("--second", [&options](auto& option, auto& file) {
+        options.second = CommandLine::ParsePath(option, file);
+    });
+}
+
 CommonUI::SNumberProfile& SpreadsheetOf(SOptions& options)
 {
     auto& profile = options.forms.spreadsheet;
@@ -186,6 +275,7 @@ CommandLine::CParser MakeParser(SOptions& options)
     parser.AddFlag("--merge", options.merges);
     parser.AddFlag("--transpose", options.transpose);
     AddForms(parser, options);
+    AddAnalysis(parser, options);
     parser.AddFlag("--binary", options.isBinary);
     parser.AddFlag("--replace-input", options.replacesInput);
     parser.Add("--save",
@@ -263,6 +353,34 @@ void CheckGrainOptions(const SOptions& options, std::span<const std::string_view
     }
 }
 
+// What an analysis takes beside itself, and what has no effect beside it.
+void CheckAnalysis(const SOptions& options, std::span<const std::string_view> given)
+{
+    const auto& further = options.request.method.further;
+    const EAnalysis analysis = further ? further->analysis : c_noAnalysis;
+    struct SRow {
+        std::string_view option;
+        std::initializer_list<EAnalysis> takenBy;
+    };
+    using enum EAnalysis;
+    const SRow rows[] = {{"--reference", {Calibration1D, CalibrationXY, CalibrationZ}},
+                         {"--pitch", {Calibration1D}},
+                         {"--second", {CrossCorrelation, Linearity}},
+                         {"--tip", {Tip}}};
+    for (const auto& [option, takenBy] : rows)
+        if (IsGiven(option, given) && std::ranges::find(takenBy, analysis) == takenBy.end())
+            throw EUsage(std::string(option) + " is not for this analysis");
+    if (further && further->options.referenceY && analysis != CalibrationXY)
+        throw EUsage("--reference: only XYCalibration has two");
+    if (!IsGiven("--analysis", given))
+        return;
+    if (analysis == CrossCorrelation && options.second.empty())
+        throw EUsage("--analysis: CrossCorrelation takes the surface to compare with by --second");
+    for (const std::string_view option : {"--grains", "--pores", "--cutoff", "--motif-limits", "--batch"})
+        if (IsGiven(option, given))
+            throw EUsage(std::string(option) + " has no effect beside --analysis");
+}
+
 // What would have no effect on a table of many files.
 void CheckManyOptions(const SOptions& options, std::span<const std::string_view> given)
 {
@@ -307,6 +425,7 @@ SOptions ParseOptions(std::span<const char* const> arguments)
     if (!options.batch.IsEmpty() && !options.request.keys.empty())
         throw EUsage("--parameters is not for --batch, whose sets and the preferences say what is computed");
     CheckGrainOptions(options, given);
+    CheckAnalysis(options, given);
     if (options.isMany)
         CheckManyOptions(options, given);
     else if (options.each || options.resumes)

@@ -33,6 +33,7 @@ struct SOptions : CommandLine::SSurfaceOptions {
     /// To list settings sets instead of analysing anything: the key of their type, empty for all types.
     std::optional<std::string> listSettings{};
     std::filesystem::path settingsFolder{}; ///< where custom settings lie; empty for the user's folder
+    std::filesystem::path second{};         ///< the surface that an analysis compares with; empty for none
     bool transpose = false;
     bool hasPictures = true; ///< whether the page has pictures
     SReportForms forms{};

@@ -32,6 +32,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <ostream>
 #include <variant>
@@ -124,6 +125,9 @@ Measurement::SRequest CompleteRequest(const SOptions& options, const Measurement
         request.method.grainSearch =
             LoadFor("--grains", [&] { return Measurement::LoadGrainSearch(factory, options.grainSet); });
     for (const Measurement::SRoughnessSet& set : sets.roughness) {
+        if (request.method.further)
+            throw CommandLine::EUsage("--settings " + set.userSpec.ToUtf8() +
+                                      ": it says nothing of the analysis that is done instead");
         if (request.method.MeasuresGrains())
             throw CommandLine::EUsage("--settings " + set.userSpec.ToUtf8() +
                                       ": it says nothing of grains, which are measured instead");
@@ -147,6 +151,8 @@ void AddNotes(const Measurement::SSets& sets, const Measurement::SMethod& method
 void CheckTemplate(const Measurement::SReportTemplate& set, const SOptions& options)
 {
     const std::string option = "--settings: " + set.name.ToUtf8() + ": ";
+    if (options.request.method.further)
+        throw CommandLine::EUsage(option + "a report template has no effect beside --analysis");
     if (options.isMany && !Measurement::IsAboutSeveral(set.layout))
         throw CommandLine::EUsage(option + "the report template is about one file, and the input is many");
     if (options.resumes)
@@ -203,6 +209,19 @@ void AddReport(const SPlan& plan, const SOptions& options, const CPreferencesFil
     AddDocument(path, layout, input, choices.method, report, std::move(roughness), options, files);
 }
 
+// The surface that an analysis compares with, after what is done to the input.
+void TakeSecond(const SOptions& options, const SPlan& plan, Measurement::SChoices& choices)
+{
+    if (options.second.empty())
+        return;
+    Measurement::SInput second = ForOption("--settings", [&] {
+        return Process(CommonUI::Formats::ReadSurface(options.second, {.spacing = options.spacing}),
+                       choices.method.levelling, plan.sets.steps);
+    });
+    choices.method.further->options.second =
+        std::make_shared<const CommonUI::Analysis::SSurface>(std::move(second.surface));
+}
+
 // What was asked for is looked into before the file is read.
 // @return the exit status
 int MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
@@ -214,6 +233,7 @@ int MakeReport(const SOptions& options, CPreferencesFile& preferences, std::ostr
     if (surface.IsProfile() && choices.rows.empty() && !options.request.keys.empty())
         throw CommandLine::EUsage(
             "--parameters: the file is a profile, and none of these is one of profiles");
+    TakeSecond(options, plan, choices);
     try {
         Measurement::SInput input = ForOption("--settings", [&] {
             return Process(std::move(surface), choices.method.levelling, plan.sets.steps,
@@ -258,9 +278,10 @@ Measurement::SRequest RequestOfTable(const SPlan& plan)
 int MakeTable(const SOptions& options, CPreferencesFile& preferences, std::ostream& out, std::ostream& err)
 {
     const SPlan plan = MakePlan(options, preferences.GetFactory());
-    const Measurement::SChoices choices = ForOption(
+    Measurement::SChoices choices = ForOption(
         "--parameters", [&] { return MakeChoices(preferences.GetManager(), RequestOfTable(plan)); });
-    if (choices.surface.empty())
+    TakeSecond(options, plan, choices);
+    if (choices.surface.empty() && !options.request.method.further)
         throw CommandLine::EUsage(
             options.request.keys.empty()
                 ? "no parameter of surfaces is on, and these are what the table of many files has"

@@ -83,6 +83,9 @@ std::vector<SRunFact> FactsOf(const SPlan& plan, const Measurement::SChoices& ch
     std::vector<SRunFact> facts{
         {"version", "CommonUI version", CommonUI::GetVersion().ToUtf8()},
         {"levelling", "Levelling", Measurement::DescribeLevelling(choices.method.levelling).ToUtf8()}};
+    if (const auto& further = choices.method.further)
+        facts.push_back({"analysis", "Analysis",
+                         CommonUI::CAnalysisPreferencesData::GetFriendlyName(further->analysis).ToUtf8()});
     bool hasEnds = false;
     int number = 0;
     const auto addStep = [&](const CStr& name, const Measurement::SStep* step) {
@@ -101,6 +104,40 @@ std::vector<SRunFact> FactsOf(const SPlan& plan, const Measurement::SChoices& ch
     if (hasEnds)
         facts.push_back({"ends", "Filter ends", CStr(Measurement::c_endTreatment).ToUtf8()});
     return facts;
+}
+
+// How the values are shown, and the analysis that is done instead of the roughness where there is one.
+std::string DescribeChoice(const Measurement::SChoices& choices)
+{
+    const std::string units(choices.automaticUnits ? c_automatic : c_chosen);
+    const auto& further = choices.method.further;
+    return further ? units + ", " + CommonUI::CAnalysisPreferencesData::GetININame(further->analysis).ToUtf8()
+                   : units;
+}
+
+std::optional<Measurement::SFurtherAnalysis> ReadAnalysis(const std::string& choice)
+{
+    const std::size_t comma = choice.find(", ");
+    for (int number = 0; number < 10 && comma != choice.npos; ++number) {
+        const CommonUI::EAnalysis analysis{number};
+        if (CommonUI::CAnalysisPreferencesData::GetININame(analysis).ToUtf8() == choice.substr(comma + 2))
+            return Measurement::SFurtherAnalysis{.analysis = analysis};
+    }
+    return {};
+}
+
+// What the values of an analysis depend on.
+std::string DescribeAnalysis(const Measurement::SFurtherAnalysis& further, const SOptions& options)
+{
+    const Measurement::SFurtherOptions& asked = further.options;
+    std::ostringstream text;
+    text << std::hexfloat << "analysis " << static_cast<int>(further.analysis) << ' '
+         << static_cast<int>(further.preprocessing) << ' ' << asked.reference.value_or(0) << ' '
+         << asked.referenceY.value_or(0) << ' ' << static_cast<int>(asked.pitchMethod) << ' '
+         << static_cast<int>(asked.tipArea) << ' ' << asked.tipWidth << ' ' << asked.tipNoise;
+    if (!options.second.empty())
+        text << ' ' << HashFile(options.second.u16string());
+    return text.str();
 }
 
 [[noreturn]] void FailOn(const std::string& text)
@@ -160,8 +197,10 @@ SRunHead MakeRunHead(const SOptions& options, const SPlan& plan, const Measureme
 {
     SRunHead head{.key = {"version " + CommonUI::GetVersion().ToUtf8(),
                           "levelling " + Measurement::DescribeLevelling(choices.method.levelling).ToUtf8()},
-                  .shown = {choices.automaticUnits ? c_automatic : c_chosen},
+                  .shown = {DescribeChoice(choices)},
                   .facts = FactsOf(plan, choices)};
+    if (const auto& further = choices.method.further)
+        head.key.push_back(DescribeAnalysis(*further, options));
     for (const CStr& spec : options.settings)
         head.key.push_back(DescribeSet("settings", spec));
     if (!options.batch.IsEmpty())
@@ -184,6 +223,8 @@ std::string DescribeMaking(const SOptions& options, const Measurement::SChoices&
     const Measurement::SMethod& method = choices.method;
     std::ostringstream text;
     text << std::hexfloat << method.cutoff.value_or(0);
+    if (method.further)
+        text << DescribeAnalysis(*method.further, options);
     if (method.motifLimits)
         text << " motifs " << method.motifLimits->roughness << ' ' << method.motifLimits->waviness;
     text << " valleys " << static_cast<int>(method.valleys.line) << ' ' << method.valleys.closingRatio << ' '
@@ -207,6 +248,7 @@ Measurement::SChoices ChoicesOf(const SRunHead& head)
     if (head.shown.size() < head.columns.size() + 1)
         FailOn("columns");
     Measurement::SRequest request;
+    request.method.further = ReadAnalysis(head.shown.front());
     std::vector<std::pair<std::size_t, CParameter>> plugIns;
     for (std::size_t i = 0; i < head.columns.size(); ++i) {
         if (auto plugIn = ReadPlugIn(head.columns[i], head.shown[i + 1]))
@@ -226,7 +268,7 @@ Measurement::SChoices ChoicesOf(const SRunHead& head)
     const std::size_t count = choices.surface.size();
     if (count != head.columns.size())
         FailOn("columns");
-    choices.automaticUnits = head.shown.front() == c_automatic;
+    choices.automaticUnits = head.shown.front().starts_with(c_automatic);
     for (std::size_t i = 0; i < count; ++i) {
         if (Measurement::GetKey(choices.surface[i]).ToUtf8() != head.columns[i])
             FailOn(head.columns[i]);
