@@ -1,5 +1,6 @@
 #include "workbench/SurfacePage.h"
 
+#include "workbench/see/MarkEditor.h"
 #include "workbench/Texts.h"
 
 #include <QLabel>
@@ -19,6 +20,7 @@ CSurfacePage::CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> su
     : QSplitter(Qt::Horizontal)
     , m_surface(std::move(surface))
     , m_map(new CMapWidget(m_surface))
+    , m_marks(new CMarkEditor(*m_map, m_surface))
     , m_blockPlace(new QStackedWidget)
     , m_fault(new QLabel)
 {
@@ -32,6 +34,8 @@ CSurfacePage::CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> su
     addWidget(m_blockPlace);
     setSizes({1000, 1000});
     connect(m_map, &CMapWidget::PointRead, this, &CSurfacePage::PointRead);
+    connect(m_marks, &CMarkEditor::Described, this, &CSurfacePage::PointRead);
+    connect(this, &CSurfacePage::SurfaceChanged, m_marks, [this] { m_marks->SetSurface(m_surface); });
     if (!m_surface->box) {
         ShowFault(QText(m_surface->heights ? EText::NeedsLines : EText::NothingToShow));
         return;

@@ -13,6 +13,8 @@ class QStackedWidget;
 namespace Workbench
 {
 
+class CMarkEditor;
+
 /// A surface in its tab: the map and the block side by side. Where the block cannot be drawn, a sentence says
 /// why in its place.
 class CSurfacePage : public QSplitter
@@ -24,6 +26,7 @@ public:
     ~CSurfacePage() override;
 
     const SurfaceView::SViewedSurface& GetSurface() const noexcept { return *m_surface; }
+    std::shared_ptr<const SurfaceView::SViewedSurface> ShareSurface() const noexcept { return m_surface; }
     void SetDriver(CommonUI::E3DAccelerationMode mode, double target);
     void SetColors(const CommonUI::SColorScale& colors);
     void SetLook(const SBlockLook& look);
@@ -36,12 +39,16 @@ public:
     CMapWidget& GetMap() noexcept { return *m_map; }
     /// Null where it cannot be drawn.
     CBlockWidget* GetBlock() noexcept { return m_block; }
+    /// The lines that are drawn over the map.
+    CMarkEditor& GetMarks() noexcept { return *m_marks; }
     /// What is said in place of the block.
     QString GetBlockText() const;
 
 Q_SIGNALS:
     void PointRead(const QString& text);
     void LookChanged();
+    /// GetSurface returns another one.
+    void SurfaceChanged();
 
 private:
     void ShowFault(const QString& reason);
@@ -49,6 +56,7 @@ private:
 
     std::shared_ptr<const SurfaceView::SViewedSurface> m_surface;
     CMapWidget* m_map;
+    CMarkEditor* m_marks;
     QStackedWidget* m_blockPlace;
     QLabel* m_fault;
     QPointer<CBlockWidget> m_block;

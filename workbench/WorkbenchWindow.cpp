@@ -153,6 +153,7 @@ void CWorkbenchWindow::MakeViewMenu()
     menu.addSeparator();
     menu.addAction(m_results->toggleViewAction());
     menu.addAction(m_view->toggleViewAction());
+    m_see->AddSwitches(menu);
     menu.addSeparator();
     QMenu& colors = *menu.addMenu(QText(EText::Colors));
     auto* const group = new QActionGroup(&colors);
@@ -171,6 +172,7 @@ void CWorkbenchWindow::MakeViewMenu()
 
 void CWorkbenchWindow::MakeOtherMenus()
 {
+    m_see->AddMenu();
     QMenu& analyze = *menuBar()->addMenu(QText(EText::AnalyzeMenu));
     m_parameters = AddAction(analyze, EText::Parameters, QKeySequence(Qt::CTRL | Qt::Key_R),
                              [this] { ChooseParameters(); });
@@ -200,6 +202,7 @@ void CWorkbenchWindow::MakeToolBar()
     m_scales->setAccessibleName(QText(EText::ColorScale).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
     label->setBuddy(m_scales);
     bar.addWidget(m_scales);
+    m_see->AddToolBar();
     m_scales->GetMenu().GetChosen().Subscribe(*this, &CWorkbenchWindow::OnScale, m_scaleConnection);
 }
 
@@ -210,6 +213,8 @@ void CWorkbenchWindow::MakePanes()
     for (CDockPane* const pane : {static_cast<CDockPane*>(m_results), static_cast<CDockPane*>(m_view)})
         pane->AddTo(*this, Qt::RightDockWidgetArea);
     connect(m_results, &CResultPane::Chosen, this, &CWorkbenchWindow::Save);
+    m_see = new CSeeTools(*this);
+    connect(m_see, &CSeeTools::Chosen, this, &CWorkbenchWindow::Save);
     connect(m_view, &CViewPane::LookChanged, this, &CWorkbenchWindow::OnLook);
 }
 
@@ -313,6 +318,7 @@ void CWorkbenchWindow::OnCurrentTab()
     for (QAction* const action : {m_close, m_fit})
         action->setEnabled(page);
     m_point->clear();
+    m_see->SetPage(page);
     const auto input = page ? page->GetSurface().input : nullptr;
     if (input == m_shown)
         return;

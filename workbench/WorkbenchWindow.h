@@ -5,6 +5,7 @@
 #include "qt/controls/TabWindow.h"
 #include "qt/settings/SettingsButton.h"
 #include "workbench/ResultPane.h"
+#include "workbench/see/SeeTools.h"
 #include "workbench/Store.h"
 #include "workbench/SurfacePage.h"
 #include "workbench/Texts.h"
@@ -43,6 +44,7 @@ public:
     CommonUI::CTabs& GetTabs() noexcept { return m_tabs; }
     CResultPane& GetResults() noexcept { return *m_results; }
     CViewPane& GetViewPane() noexcept { return *m_view; }
+    CSeeTools& GetSeeTools() noexcept { return *m_see; }
     CommonUI::CSettingsButton& GetColorScales() noexcept { return *m_scales; }
     CStore& GetStore() noexcept { return m_store; }
     /// What support asks for: versions of the library, of Qt and of the driver.
@@ -92,6 +94,7 @@ private:
     QLabel* m_point; // what is read out
     CResultPane* m_results = nullptr;
     CViewPane* m_view = nullptr;
+    CSeeTools* m_see = nullptr;
     CommonUI::CSettingsButton* m_scales = nullptr;
     QMenu* m_recent = nullptr;
     QAction* m_open = nullptr;
