@@ -1254,7 +1254,6 @@ constexpr SStringTableRow c_english[] = {
     {11916, u"Profiles"},
     {11917, u"Measured by Hand"},
     {11918, u"Curves"},
-    {11919, u"Grains"},
     {11920, u"&Copy"},
     {11921, u"Copy P&icture"},
     {11922, u"&Save\u2026"},
@@ -1269,6 +1268,11 @@ constexpr SStringTableRow c_english[] = {
     {11931, u"The heights of this surface do not allow this curve."},
     {11932, u"Nothing was saved: %s"},
     {11933, u"Choose the tool Distance or Angle and draw over the map."},
+    {11934, u"&Diagnostics\u2026"},
+    {11935, u"Copy &All"},
+    {11936, u"Settings: %s"},
+    {11937, u"Messages:"},
+    {11938, u"No messages."},
 };
 
 constexpr bool IsRising()

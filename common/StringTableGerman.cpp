@@ -1254,7 +1254,6 @@ constexpr SStringTableRow c_german[] = {
     {11916, u"Profile"},
     {11917, u"Von Hand gemessen"},
     {11918, u"Kurven"},
-    {11919, u"Körner"},
     {11920, u"&Kopieren"},
     {11921, u"&Bild kopieren"},
     {11922, u"&Speichern\u2026"},
@@ -1269,6 +1268,11 @@ constexpr SStringTableRow c_german[] = {
     {11931, u"Die Höhen dieser Oberfläche lassen diese Kurve nicht zu."},
     {11932, u"Nichts wurde gespeichert: %s"},
     {11933, u"Wählen Sie das Werkzeug Abstand oder Winkel und ziehen Sie über die Karte."},
+    {11934, u"&Diagnose\u2026"},
+    {11935, u"&Alles kopieren"},
+    {11936, u"Einstellungen: %s"},
+    {11937, u"Meldungen:"},
+    {11938, u"Keine Meldungen."},
 };
 
 } // namespace

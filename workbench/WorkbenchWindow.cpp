@@ -3,19 +3,25 @@
 #include "common/PathText.h"
 #include "common/Version.h"
 #include "formats/SurfaceReader.h"
+#include "gl/OpenGLWrapper.h"
 #include "measurement/NamedSet.h"
 #include "platform/FileDialogService.h"
+#include "platform/Folders.h"
 #include "platform/HelpService.h"
 #include "platform/MessageBoxService.h"
 #include "qt/framework/WindowPlacer.h"
 #include "settings/preferences/PreferencesManager.h"
 #include "settings/SetReference.h"
+#include "workbench/DiagnosticsDialog.h"
+#include "workbench/GLService.h"
 #include "workbench/OpenSurface.h"
+#include "workbench/see/SeeTexts.h"
 #include "workbench/Texts.h"
 
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -25,6 +31,7 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QStyle>
+#include <QSysInfo>
 #include <QToolBar>
 
 #include <exception>
@@ -179,6 +186,8 @@ void CWorkbenchWindow::MakeOtherMenus()
     QMenu& help = *menuBar()->addMenu(QText(EText::HelpMenu));
     AddAction(help, EText::HelpContents, QKeySequence::HelpContents,
               [] { GetHelpService().Open(c_helpTopic); });
+    connect(help.addAction(QText(ESeeText::Diagnostics)), &QAction::triggered, this,
+            &CWorkbenchWindow::ShowDiagnostics);
     AddAction(help, EText::About, {}, [this] { ShowAbout(); })->setMenuRole(QAction::AboutRole);
 }
 
@@ -457,6 +466,44 @@ void CWorkbenchWindow::ShowAbout()
     box.setInformativeText(GetAboutText());
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.exec();
+}
+
+QString CWorkbenchWindow::GetDiagnosticsText() const
+{
+    CStr folder;
+    ToText(GetFolders().GetSettingsFolder(), folder);
+    QStringList lines{GetAboutText(), ToQString(CStr::Format(Text(ESeeText::SettingsIn), folder)),
+                      QSysInfo::prettyProductName() + QStringLiteral(", ") +
+                          QSysInfo::currentCpuArchitecture() + QStringLiteral(", ") +
+                          QGuiApplication::platformName(),
+                      QString()};
+    const auto append = [&lines](const std::vector<CStr>& texts) {
+        for (const CStr& text : texts)
+            lines += ToQString(text).trimmed();
+        lines += QString();
+    };
+    CSurfacePage* const page = GetPage();
+    if (page && page->GetBlock() && page->GetBlock()->isValid()) {
+        page->GetBlock()->makeCurrent();
+        CGLService service;
+        const CServiceScope<CGLEntryPoints> scope(service);
+        append(TakeReport([] {
+            COpenGLWrapper::DiagnoseOutputOpenGLStrings(nullptr);
+            COpenGLWrapper::DiagnoseOutputPixelStore();
+            COpenGLWrapper::DiagnoseOutputStacks();
+            COpenGLWrapper::DiagnoseOutputError();
+        }));
+        page->GetBlock()->doneCurrent();
+    }
+    const std::vector<CStr> messages = m_journal.GetMessages();
+    lines += QText(messages.empty() ? ESeeText::NoMessages : ESeeText::Messages);
+    append(messages);
+    return lines.join(QLatin1Char('\n'));
+}
+
+void CWorkbenchWindow::ShowDiagnostics()
+{
+    CDiagnosticsDialog(GetDiagnosticsText(), this).exec();
 }
 
 // When the window is there.

@@ -4,6 +4,7 @@
 #include "formats/SurfaceReading.h"
 #include "qt/controls/TabWindow.h"
 #include "qt/settings/SettingsButton.h"
+#include "workbench/MessageJournal.h"
 #include "workbench/ResultPane.h"
 #include "workbench/see/SeeTools.h"
 #include "workbench/Store.h"
@@ -49,6 +50,8 @@ public:
     CStore& GetStore() noexcept { return m_store; }
     /// What support asks for: versions of the library, of Qt and of the driver.
     QString GetAboutText() const;
+    /// Likewise with all that there is: the reports of OpenGL, where settings are, and the messages.
+    QString GetDiagnosticsText() const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -78,10 +81,12 @@ private:
     void RestoreScale();
     void ChooseParameters();
     void ShowAbout();
+    void ShowDiagnostics();
     void TellOfStore();
     void Save();
     std::vector<CSurfacePage*> GetPages() const;
 
+    CMessageJournal m_journal; // from before the store is read
     CommonUI::Formats::CSurfaceReading::FRead m_read;
     CStore m_store;
     CommonUI::CInterfaceColors& m_interfaceColors;

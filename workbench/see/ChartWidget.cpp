@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ranges>
 
 namespace Workbench
 {
@@ -310,13 +311,13 @@ void CChartWidget::DrawNames(QPainter& painter) const
     if (m_chart.lines.size() < 2)
         return;
     int right = m_frame.right();
-    for (auto line = m_chart.lines.rbegin(); line != m_chart.lines.rend(); ++line) {
-        const QString name = ToQString(line->name);
+    for (const SChartLine& line : std::ranges::reverse_view(m_chart.lines)) {
+        const QString name = ToQString(line.name);
         const int width = fontMetrics().horizontalAdvance(name);
         right -= width;
         if (name.isEmpty() || right < m_frame.left() + m_frame.width() / 4)
             continue;
-        painter.setPen(GetLineColor(line->color, IsDark(palette())));
+        painter.setPen(GetLineColor(line.color, IsDark(palette())));
         painter.drawText(right, m_frame.top() - fontMetrics().descent() - 2, name);
         right -= fontMetrics().height();
     }

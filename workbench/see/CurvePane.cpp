@@ -129,8 +129,8 @@ void CCurvePane::Compute()
 
 const CCurvePane::SCurve& CCurvePane::GetCurve() const
 {
-    static const SCurve c_none;
-    return m_curves ? (*m_curves)[static_cast<std::size_t>(m_choice->currentIndex())] : c_none;
+    static const SCurve none;
+    return m_curves ? (*m_curves)[static_cast<std::size_t>(m_choice->currentIndex())] : none;
 }
 
 void CCurvePane::Show()

@@ -160,7 +160,7 @@ bool CMarkEditor::Handle(QEvent& event, const CMapPlace& place)
     }
 }
 
-void CMarkEditor::Take(const SChosen& chosen, const QPointF&)
+void CMarkEditor::Take(const SChosen& chosen)
 {
     m_chosen = chosen;
     m_isDragging = true;
@@ -180,9 +180,9 @@ bool CMarkEditor::Press(const QMouseEvent& event, const CMapPlace& place)
     const SPlace next = ToPlace(place, event.position() + QPointF(c_reach, c_reach));
     const auto hit = m_marks.Find(m_last, next.x - m_last.x, m_last.y - next.y);
     if (hit) {
-        Take(*hit, event.position());
+        Take(*hit);
     } else if (m_tool != EMapTool::Move) {
-        Take({m_marks.Add(GetKind(), m_last), 1}, event.position());
+        Take({m_marks.Add(GetKind(), m_last), 1});
         m_isNew = true;
     } else {
         m_chosen.reset();

@@ -5,7 +5,6 @@
 #include "workbench/see/MapOverlay.h"
 
 #include <QObject>
-#include <QPointF>
 
 #include <memory>
 #include <optional>
@@ -64,7 +63,7 @@ private:
     bool Drag(const QMouseEvent& event, const SurfaceView::CMapPlace& place);
     bool Release();
     bool HandleKey(const QKeyEvent& event, const SurfaceView::CMapPlace& place);
-    void Take(const SChosen& chosen, const QPointF& at);
+    void Take(const SChosen& chosen);
     void MoveTo(const CommonUI::Analysis::SPlace& to);
     void MoveByKeys(double right, double down, const SurfaceView::CMapPlace& place);
     void DrawByKeys(const SurfaceView::CMapPlace& place);

@@ -17,8 +17,8 @@ enum class ESeeText {
     Profiles,
     Marks,
     Curves,
-    Grains,
-    Copy,
+
+    Copy = 11920,
     CopyPicture,
     Save,
     ChosenProfile,
@@ -32,6 +32,11 @@ enum class ESeeText {
     NoCurve,
     NotSaved,
     NoMarks,
+    Diagnostics,
+    CopyAll,
+    SettingsIn,
+    Messages,
+    NoMessages,
 };
 
 inline CommonUI::CStr Text(ESeeText text)
