@@ -1257,7 +1257,7 @@ constexpr SStringTableRow c_english[] = {
     {11920, u"&Copy"},
     {11921, u"Copy P&icture"},
     {11922, u"&Save\u2026"},
-    {11923, u"Pro&file:"},
+    {11923, u"P&rofile:"},
     {11924, u"Choose the tool Profile and draw a line over the map."},
     {11925, u"C&urve:"},
     {11926, u"Histogram"},
