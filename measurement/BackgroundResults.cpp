@@ -1,11 +1,9 @@
 #include "measurement/BackgroundResults.h"
 
-#include "measurement/detail/LatestWorker.h"
 #include "measurement/Results.h"
-#include "platform/MessageLoop.h"
 
 #include <exception>
-#include <new>
+#include <utility>
 
 namespace CommonUI::Measurement
 {
@@ -13,18 +11,11 @@ namespace CommonUI::Measurement
 namespace
 {
 
-struct SRequested {
-    unsigned number = 0;
-    std::shared_ptr<const SInput> input{};
-    SChoices choices{};
-};
-
-CBackgroundResults::SAnswer Compute(const SRequested& request)
+CBackgroundResults::SAnswer Compute(const std::shared_ptr<const SInput>& input, const SChoices& choices)
 {
-    CBackgroundResults::SAnswer answer{.input = request.input};
+    CBackgroundResults::SAnswer answer{.input = input};
     try {
-        answer.tables =
-            std::make_shared<CReportTables>(ComputeResults(*request.input, request.choices), false);
+        answer.tables = std::make_shared<CReportTables>(ComputeResults(*input, choices), false);
     } catch (const std::bad_alloc&) {
         answer.error = u"there is not enough memory";
     } catch (const std::exception& error) {
@@ -35,51 +26,25 @@ CBackgroundResults::SAnswer Compute(const SRequested& request)
 
 } // namespace
 
-class CBackgroundResults::CWorker : public CLatestWorker<SRequested>
-{
-public:
-    using CLatestWorker::CLatestWorker;
-};
-
 CBackgroundResults::CBackgroundResults(FAnswered answered)
     : m_answered(std::move(answered))
-    , m_self(std::make_shared<CBackgroundResults*>(this))
 {
-    m_worker =
-        std::make_unique<CWorker>([self = m_self, &loop = GetMessageLoop()](const SRequested& requested) {
-            loop.Post([self, request = requested.number, answer = Compute(requested)] {
-                if (*self)
-                    (*self)->Tell(request, answer);
-            });
-        });
 }
 
-CBackgroundResults::~CBackgroundResults()
-{
-    *m_self = nullptr;
-}
+CBackgroundResults::~CBackgroundResults() = default;
 
 void CBackgroundResults::Request(std::shared_ptr<const SInput> input, SChoices choices)
 {
     if (!input->surface.IsProfile())
         choices.rows.clear();
-    m_isBusy = true;
-    m_worker->Request(SRequested{++m_last, std::move(input), std::move(choices)});
+    m_work.Request([this, input = std::move(input), choices = std::move(choices)](const auto&) {
+        return [this, answer = Compute(input, choices)] { m_answered(answer); };
+    });
 }
 
 void CBackgroundResults::Cancel()
 {
-    ++m_last;
-    m_isBusy = false;
-    m_worker->Request(std::nullopt);
-}
-
-void CBackgroundResults::Tell(unsigned request, const SAnswer& answer)
-{
-    if (request != m_last)
-        return;
-    m_isBusy = false;
-    m_answered(answer);
+    m_work.Cancel();
 }
 
 } // namespace CommonUI::Measurement

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../export/Export.h"
+#include "BackgroundWork.h"
 #include "ReportTables.h"
 
 #include <functional>
@@ -9,10 +10,7 @@
 namespace CommonUI::Measurement
 {
 
-/// Computes the results of surfaces on a thread of its own, one after the other. Of several requests the last
-/// one counts: one that waits is replaced, and the results of one that is computed are not told any more.
-///
-/// Used on the user-interface thread; results come in a message of the loop of the process.
+/// Computes the results of surfaces on a thread of its own, one after the other, as CBackgroundWork does.
 class COMMONUIMEASUREMENT_API CBackgroundResults
 {
 public:
@@ -25,7 +23,7 @@ public:
     using FAnswered = std::function<void(const SAnswer&)>;
 
     explicit CBackgroundResults(FAnswered answered);
-    /// Waits for what is computed, which nobody is told of.
+    /// Gives up what is computed, without waiting for it.
     ~CBackgroundResults();
     CBackgroundResults(const CBackgroundResults&) = delete;
     CBackgroundResults& operator=(const CBackgroundResults&) = delete;
@@ -35,18 +33,11 @@ public:
     /// Nobody wants an answer any more.
     void Cancel();
     /// Whether an answer is to come.
-    bool IsBusy() const noexcept { return m_isBusy; }
+    bool IsBusy() const noexcept { return m_work.IsBusy(); }
 
 private:
-    class CWorker;
-
-    void Tell(unsigned request, const SAnswer& answer);
-
     FAnswered m_answered;
-    unsigned m_last = 0; // request
-    bool m_isBusy = false;
-    std::shared_ptr<CBackgroundResults*> m_self; // null in messages that come after the end
-    std::unique_ptr<CWorker> m_worker;
+    CBackgroundWork m_work;
 };
 
 } // namespace CommonUI::Measurement

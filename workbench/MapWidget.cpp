@@ -115,6 +115,36 @@ void CMapWidget::Fit()
     Change();
 }
 
+void CMapWidget::Center(const SMapPoint& point)
+{
+    const SPixel at = m_place.ToPixel(point);
+    const QPointF middle = QRectF(m_room).center();
+    m_place.Pan(middle.x() - at.x, middle.y() - at.y);
+    Change();
+}
+
+void CMapWidget::AddOverlay(CMapOverlay& overlay)
+{
+    m_overlays.push_back(&overlay);
+    update();
+}
+
+// What was added last lies above the others.
+bool CMapWidget::IsHandled(QEvent& event)
+{
+    return std::any_of(m_overlays.rbegin(), m_overlays.rend(),
+                       [&](CMapOverlay* overlay) { return overlay->Handle(event, m_place); });
+}
+
+void CMapWidget::DrawOverlays(QPainter& painter) const
+{
+    painter.save();
+    painter.setClipRect(ToQRect(m_place.GetShown()));
+    for (CMapOverlay* const overlay : m_overlays)
+        overlay->Draw(painter, *this, m_place);
+    painter.restore();
+}
+
 void CMapWidget::Change()
 {
     m_picture = {};
@@ -173,6 +203,7 @@ void CMapWidget::paintEvent(QPaintEvent*)
     DrawPicture(painter);
     DrawAxes(painter);
     DrawLegend(painter);
+    DrawOverlays(painter);
     DrawCursor(painter);
     if (hasFocus()) {
         QStyleOptionFocusRect option;
@@ -293,12 +324,21 @@ void CMapWidget::MoveCursor(int right, int down)
 void CMapWidget::mousePressEvent(QMouseEvent* event)
 {
     m_dragged = event->position().toPoint();
+    m_isPanning = !IsHandled(*event);
+}
+
+void CMapWidget::mouseReleaseEvent(QMouseEvent* event)
+{
+    IsHandled(*event);
+    m_isPanning = false;
 }
 
 void CMapWidget::mouseMoveEvent(QMouseEvent* event)
 {
     const QPoint at = event->position().toPoint();
-    if (event->buttons() & Qt::LeftButton) {
+    if (IsHandled(*event))
+        return;
+    if (m_isPanning && event->buttons() & Qt::LeftButton) {
         const QPoint moved = at - m_dragged;
         m_dragged = at;
         m_place.Pan(moved.x(), moved.y());
@@ -309,9 +349,10 @@ void CMapWidget::mouseMoveEvent(QMouseEvent* event)
     Read(isOverMap ? std::optional(m_place.ToPoint({.x = at.x() + 0.5, .y = at.y() + 0.5})) : std::nullopt);
 }
 
-void CMapWidget::mouseDoubleClickEvent(QMouseEvent*)
+void CMapWidget::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    Fit();
+    if (!IsHandled(*event))
+        Fit();
 }
 
 void CMapWidget::leaveEvent(QEvent*)
@@ -327,6 +368,8 @@ void CMapWidget::wheelEvent(QWheelEvent* event)
 
 void CMapWidget::keyPressEvent(QKeyEvent* event)
 {
+    if (IsHandled(*event))
+        return;
     const QPoint arrows = event->key() == Qt::Key_Left    ? QPoint(-1, 0)
                           : event->key() == Qt::Key_Right ? QPoint(1, 0)
                           : event->key() == Qt::Key_Up    ? QPoint(0, -1)

@@ -3,11 +3,13 @@
 #include "settings/readers/ColorScale.h"
 #include "view/MapPlace.h"
 #include "view/ViewedSurface.h"
+#include "workbench/see/MapOverlay.h"
 
 #include <QImage>
 #include <QWidget>
 
 #include <optional>
+#include <vector>
 
 namespace Workbench
 {
@@ -31,6 +33,10 @@ public:
     void Zoom(double factor);
     void Fit();
     const SurfaceView::CMapPlace& GetPlace() const noexcept { return m_place; }
+    /// Moves a place of the surface to the middle.
+    void Center(const SurfaceView::SMapPoint& point);
+    /// What is drawn over the map, after those before. It is not owned, and stays as long as the map.
+    void AddOverlay(CMapOverlay& overlay);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -45,6 +51,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
@@ -60,6 +67,8 @@ private:
     void DrawAxes(QPainter& painter) const;
     void DrawLegend(QPainter& painter) const;
     void DrawCursor(QPainter& painter) const;
+    void DrawOverlays(QPainter& painter) const;
+    bool IsHandled(QEvent& event);
 
     std::shared_ptr<const SurfaceView::SViewedSurface> m_surface;
     SurfaceView::CMapPlace m_place;
@@ -69,7 +78,9 @@ private:
     QRect m_legend;   // the bar
     QImage m_picture; // of what is shown; null after a change
     QPoint m_dragged;
+    bool m_isPanning = false;
     std::optional<SurfaceView::SMapPoint> m_cursor; // that of the keyboard
+    std::vector<CMapOverlay*> m_overlays;
 };
 
 } // namespace Workbench

@@ -1,5 +1,6 @@
 #include "workbench/SurfacePage.h"
 
+#include "workbench/see/MarkEditor.h"
 #include "workbench/Texts.h"
 
 #include <QLabel>
@@ -21,6 +22,7 @@ CSurfacePage::CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> su
     : QSplitter(Qt::Horizontal)
     , m_surface(std::move(surface))
     , m_map(new CMapWidget(m_surface))
+    , m_marks(new CMarkEditor(*m_map, m_surface))
     , m_blockPlace(new QStackedWidget)
     , m_fault(new QLabel)
     , m_file(m_surface->path)
@@ -44,6 +46,8 @@ CSurfacePage::CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> su
         Q_EMIT FileChanged();
     });
     connect(m_map, &CMapWidget::PointRead, this, &CSurfacePage::PointRead);
+    connect(m_marks, &CMarkEditor::Described, this, &CSurfacePage::PointRead);
+    connect(this, &CSurfacePage::SurfaceChanged, m_marks, [this] { m_marks->SetSurface(m_surface); });
     if (!m_surface->box) {
         ShowFault(QText(m_surface->heights ? EText::NeedsLines : EText::NothingToShow));
         return;

@@ -15,6 +15,8 @@ class QStackedWidget;
 namespace Workbench
 {
 
+class CMarkEditor;
+
 /// A surface in its tab: the map and the block side by side. Where the block cannot be drawn, a sentence says
 /// why in its place.
 class CSurfacePage : public QSplitter
@@ -27,6 +29,7 @@ public:
 
     /// The surface with its steps done; another object after each SurfaceChanged.
     const SurfaceView::SViewedSurface& GetSurface() const noexcept { return *m_surface; }
+    std::shared_ptr<const SurfaceView::SViewedSurface> ShareSurface() const noexcept { return m_surface; }
     CommonUI::Measurement::CSurfaceProcessing& GetProcessing() noexcept { return m_processing; }
     /// The file was read again; the steps stay.
     void Reload(const SurfaceView::SViewedSurface& surface);
@@ -46,6 +49,8 @@ public:
     CMapWidget& GetMap() noexcept { return *m_map; }
     /// Null where it cannot be drawn.
     CBlockWidget* GetBlock() noexcept { return m_block; }
+    /// The lines that are drawn over the map.
+    CMarkEditor& GetMarks() noexcept { return *m_marks; }
     /// What is said in place of the block.
     QString GetBlockText() const;
 
@@ -63,6 +68,7 @@ private:
 
     std::shared_ptr<const SurfaceView::SViewedSurface> m_surface;
     CMapWidget* m_map;
+    CMarkEditor* m_marks;
     QStackedWidget* m_blockPlace;
     QLabel* m_fault;
     QPointer<CBlockWidget> m_block;

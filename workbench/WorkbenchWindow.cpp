@@ -3,20 +3,26 @@
 #include "common/PathText.h"
 #include "common/Version.h"
 #include "formats/SurfaceReader.h"
+#include "gl/OpenGLWrapper.h"
 #include "measurement/NamedSet.h"
 #include "platform/FileDialogService.h"
+#include "platform/Folders.h"
 #include "platform/HelpService.h"
 #include "platform/MessageBoxService.h"
 #include "qt/framework/WindowPlacer.h"
 #include "settings/preferences/PreferencesManager.h"
 #include "settings/SetReference.h"
+#include "workbench/DiagnosticsDialog.h"
+#include "workbench/GLService.h"
 #include "workbench/OpenSurface.h"
 #include "workbench/SaveSurface.h"
+#include "workbench/see/SeeTexts.h"
 #include "workbench/Texts.h"
 
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -26,6 +32,7 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QStyle>
+#include <QSysInfo>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -180,6 +187,7 @@ void CWorkbenchWindow::MakeViewMenu()
     menu.addAction(m_processing->toggleViewAction());
     menu.addAction(m_results->toggleViewAction());
     menu.addAction(m_view->toggleViewAction());
+    m_see->AddSwitches(menu);
     menu.addSeparator();
     QMenu& colors = *menu.addMenu(QText(EText::Colors));
     auto* const group = new QActionGroup(&colors);
@@ -198,12 +206,15 @@ void CWorkbenchWindow::MakeViewMenu()
 
 void CWorkbenchWindow::MakeOtherMenus()
 {
+    m_see->AddMenu();
     QMenu& analyze = *menuBar()->addMenu(QText(EText::AnalyzeMenu));
     m_parameters = AddAction(analyze, EText::Parameters, QKeySequence(Qt::CTRL | Qt::Key_R),
                              [this] { ChooseParameters(); });
     QMenu& help = *menuBar()->addMenu(QText(EText::HelpMenu));
     AddAction(help, EText::HelpContents, QKeySequence::HelpContents,
               [] { GetHelpService().Open(c_helpTopic); });
+    connect(help.addAction(QText(ESeeText::Diagnostics)), &QAction::triggered, this,
+            &CWorkbenchWindow::ShowDiagnostics);
     AddAction(help, EText::About, {}, [this] { ShowAbout(); })->setMenuRole(QAction::AboutRole);
 }
 
@@ -227,6 +238,7 @@ void CWorkbenchWindow::MakeToolBar()
     m_scales->setAccessibleName(QText(EText::ColorScale).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
     label->setBuddy(m_scales);
     bar.addWidget(m_scales);
+    m_see->AddToolBar();
     m_scales->GetMenu().GetChosen().Subscribe(*this, &CWorkbenchWindow::OnScale, m_scaleConnection);
 }
 
@@ -239,6 +251,8 @@ void CWorkbenchWindow::MakePanes()
     for (CDockPane* const pane : {static_cast<CDockPane*>(m_results), static_cast<CDockPane*>(m_view)})
         pane->AddTo(*this, Qt::RightDockWidgetArea);
     connect(m_results, &CResultPane::Chosen, this, &CWorkbenchWindow::Save);
+    m_see = new CSeeTools(*this);
+    connect(m_see, &CSeeTools::Chosen, this, &CWorkbenchWindow::Save);
     connect(m_view, &CViewPane::LookChanged, this, &CWorkbenchWindow::OnLook);
 }
 
@@ -350,6 +364,7 @@ void CWorkbenchWindow::OnCurrentTab()
     ShowNotice();
     KeepSession();
     m_point->clear();
+    m_see->SetPage(page);
     const auto input = page ? page->GetSurface().input : nullptr;
     if (input == m_shown)
         return;
@@ -488,6 +503,44 @@ void CWorkbenchWindow::ShowAbout()
     box.setInformativeText(GetAboutText());
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.exec();
+}
+
+QString CWorkbenchWindow::GetDiagnosticsText() const
+{
+    CStr folder;
+    ToText(GetFolders().GetSettingsFolder(), folder);
+    QStringList lines{GetAboutText(), ToQString(CStr::Format(Text(ESeeText::SettingsIn), folder)),
+                      QSysInfo::prettyProductName() + QStringLiteral(", ") +
+                          QSysInfo::currentCpuArchitecture() + QStringLiteral(", ") +
+                          QGuiApplication::platformName(),
+                      QString()};
+    const auto append = [&lines](const std::vector<CStr>& texts) {
+        for (const CStr& text : texts)
+            lines += ToQString(text).trimmed();
+        lines += QString();
+    };
+    CSurfacePage* const page = GetPage();
+    if (page && page->GetBlock() && page->GetBlock()->isValid()) {
+        page->GetBlock()->makeCurrent();
+        CGLService service;
+        const CServiceScope<CGLEntryPoints> scope(service);
+        append(TakeReport([] {
+            COpenGLWrapper::DiagnoseOutputOpenGLStrings(nullptr);
+            COpenGLWrapper::DiagnoseOutputPixelStore();
+            COpenGLWrapper::DiagnoseOutputStacks();
+            COpenGLWrapper::DiagnoseOutputError();
+        }));
+        page->GetBlock()->doneCurrent();
+    }
+    const std::vector<CStr> messages = m_journal.GetMessages();
+    lines += QText(messages.empty() ? ESeeText::NoMessages : ESeeText::Messages);
+    append(messages);
+    return lines.join(QLatin1Char('\n'));
+}
+
+void CWorkbenchWindow::ShowDiagnostics()
+{
+    CDiagnosticsDialog(GetDiagnosticsText(), this).exec();
 }
 
 // When the window is there.

@@ -5,9 +5,11 @@
 #include "measurement/process/SessionJournal.h"
 #include "qt/controls/TabWindow.h"
 #include "qt/settings/SettingsButton.h"
+#include "workbench/MessageJournal.h"
 #include "workbench/NoticeBar.h"
 #include "workbench/ProcessingPane.h"
 #include "workbench/ResultPane.h"
+#include "workbench/see/SeeTools.h"
 #include "workbench/Store.h"
 #include "workbench/SurfacePage.h"
 #include "workbench/Texts.h"
@@ -56,10 +58,13 @@ public:
     CProcessingPane& GetProcessing() noexcept { return *m_processing; }
     CNoticeBar& GetNotice() noexcept { return *m_notice; }
     CViewPane& GetViewPane() noexcept { return *m_view; }
+    CSeeTools& GetSeeTools() noexcept { return *m_see; }
     CommonUI::CSettingsButton& GetColorScales() noexcept { return *m_scales; }
     CStore& GetStore() noexcept { return m_store; }
     /// What support asks for: versions of the library, of Qt and of the driver.
     QString GetAboutText() const;
+    /// Likewise with all that there is: the reports of OpenGL, where settings are, and the messages.
+    QString GetDiagnosticsText() const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -96,10 +101,12 @@ private:
     void RestoreScale();
     void ChooseParameters();
     void ShowAbout();
+    void ShowDiagnostics();
     void TellOfStore();
     void Save();
     std::vector<CSurfacePage*> GetPages() const;
 
+    CMessageJournal m_journal; // from before the store is read
     CommonUI::Formats::CSurfaceReading::FRead m_read;
     CStore m_store;
     CommonUI::CInterfaceColors& m_interfaceColors;
@@ -116,6 +123,7 @@ private:
     CProcessingPane* m_processing = nullptr;
     CNoticeBar* m_notice = nullptr;
     CViewPane* m_view = nullptr;
+    CSeeTools* m_see = nullptr;
     CommonUI::CSettingsButton* m_scales = nullptr;
     QMenu* m_recent = nullptr;
     QAction* m_open = nullptr;

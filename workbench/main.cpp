@@ -5,6 +5,7 @@
 #include "common/Language.h"
 #include "dialogs/help/HelpTopics.h"
 #include "gl/OpenGLError.h"
+#include "measurement/BackgroundWork.h"
 #include "platform/Folders.h"
 #include "platform/memory/FixedFolders.h"
 #include "qt/controls/InterfaceStyle.h"
@@ -25,6 +26,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <memory>
 
 namespace
 {
@@ -138,6 +140,9 @@ int main(int argc, char** argv)
     CInterfaceColors colors;
     const CInterfaceStyle style(colors);
 
+    // The window closes without waiting for what it computes, which the process must not end under.
+    const std::unique_ptr<void, void (*)(void*)> atEnd(
+        &help, [](void*) { Measurement::CBackgroundWork::WaitForAll(); });
     Workbench::CWorkbenchWindow window(colors);
     if (parser.isSet(measure) || parser.isSet(shot))
         window.EndSession(); // nobody works with it

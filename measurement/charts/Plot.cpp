@@ -253,4 +253,12 @@ std::string GetChartStyle()
     return std::string(c_style);
 }
 
+std::string MakeSvgFile(std::string_view svg)
+{
+    const std::size_t begin = svg.find('>') + 1; // of what the element holds
+    std::string file = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+    file += svg.substr(0, begin);
+    return file + '\n' + GetChartStyle() + std::string(svg.substr(begin));
+}
+
 } // namespace CommonUI::Measurement

@@ -69,4 +69,7 @@ COMMONUIMEASUREMENT_API void DrawCurve(CSvg& svg, const SPlot& plot, const std::
 /// printed page, whose tables get those of a dark page, too.
 COMMONUIMEASUREMENT_API std::string GetChartStyle();
 
+/// A chart as a file of its own, with that style. @param svg the element of a chart
+COMMONUIMEASUREMENT_API std::string MakeSvgFile(std::string_view svg);
+
 } // namespace CommonUI::Measurement

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <future>
+
 using namespace CommonUI;
 using namespace CommonUI::Measurement;
 
@@ -52,4 +54,32 @@ TEST(BackgroundResults, TheLastRequestIsAnswered)
     }
     loop.Pump();
     EXPECT_EQ(answers.size(), 2u);
+}
+
+TEST(BackgroundWork, WhoeverGoesWaitsForNothing)
+{
+    CMemoryMessageLoop loop;
+    const CServiceScope<CMessageLoop> scope(loop);
+    std::promise<void> begun;
+    std::promise<void> end;
+    bool isShown = false;
+    bool isWantedAfterwards = true;
+    {
+        CBackgroundWork work;
+        work.Request([&](const CBackgroundWork::FIsWanted& isWanted) {
+            EXPECT_TRUE(isWanted());
+            begun.set_value();
+            end.get_future().wait();
+            isWantedAfterwards = isWanted();
+            return [&] { isShown = true; };
+        });
+        begun.get_future().wait();
+        work.Request([&](const auto&) { return [&] { isShown = true; }; });
+        EXPECT_TRUE(work.IsBusy());
+    }
+    end.set_value();
+    CBackgroundWork::WaitForAll();
+    loop.Pump();
+    EXPECT_FALSE(isShown);
+    EXPECT_FALSE(isWantedAfterwards);
 }

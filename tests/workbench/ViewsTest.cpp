@@ -10,22 +10,6 @@ namespace Workbench
 namespace
 {
 
-// Drags with a mouse button, in one step.
-void Drag(QWidget& widget, QPoint from, QPoint by, Qt::MouseButton button = Qt::LeftButton,
-          Qt::KeyboardModifiers keys = {})
-{
-    QTest::mousePress(&widget, button, keys, from);
-    QMouseEvent move(QEvent::MouseMove, from + by, widget.mapToGlobal(from + by), Qt::NoButton, button, keys);
-    QApplication::sendEvent(&widget, &move);
-    QTest::mouseRelease(&widget, button, keys, from + by);
-}
-
-void Hover(QWidget& widget, QPoint at)
-{
-    QMouseEvent move(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, Qt::NoButton, {});
-    QApplication::sendEvent(&widget, &move);
-}
-
 // How many pixels of two pictures of one size differ.
 int CountDifferent(const QImage& one, const QImage& other)
 {
@@ -49,7 +33,6 @@ protected:
         EXPECT_TRUE(GetMessageLoop().RunUntil([&] { return !block.GetFrame().isMoving; }));
         return block.grabFramebuffer();
     }
-    std::string GetRead() { return m_window->statusBar()->findChild<QLabel*>()->text().toStdString(); }
 };
 
 TEST_F(Views, MapReadsZoomsAndMoves)
@@ -61,11 +44,11 @@ TEST_F(Views, MapReadsZoomsAndMoves)
         return QPoint(qRound(pixel.x), qRound(pixel.y));
     };
     Hover(map, at(2e-6, 0));
-    EXPECT_EQ(GetRead(), "x = 2.000 µm, y = 0.000 µm, z = 200.0 nm");
+    EXPECT_EQ(GetStatus(), "x = 2.000 µm, y = 0.000 µm, z = 200.0 nm");
     Hover(map, at(2e-6, 1e-6));
-    EXPECT_EQ(GetRead(), "x = 2.000 µm, y = 1.000 µm, z = –");
+    EXPECT_EQ(GetStatus(), "x = 2.000 µm, y = 1.000 µm, z = –");
     Hover(map, {1, 1});
-    EXPECT_EQ(GetRead(), "");
+    EXPECT_EQ(GetStatus(), "");
 
     // Colours from black to white, the missing point hatched.
     SColorScale scale;
@@ -85,7 +68,7 @@ TEST_F(Views, MapReadsZoomsAndMoves)
     EXPECT_EQ(at(1e-6, 0.5e-6), before + QPoint(30, 0));
     map.setFocus();
     Type("Right");
-    EXPECT_NE(GetRead(), "");
+    EXPECT_NE(GetStatus(), "");
     Type("Shift+Left Home");
     EXPECT_EQ(map.GetPlace().GetZoom(), 1);
     EXPECT_EQ(at(0, 0), corner);

@@ -23,6 +23,22 @@ namespace Workbench
 
 using namespace CommonUI;
 
+/// Drags with a mouse button, in one step.
+inline void Drag(QWidget& widget, QPoint from, QPoint by, Qt::MouseButton button = Qt::LeftButton,
+                 Qt::KeyboardModifiers keys = {})
+{
+    QTest::mousePress(&widget, button, keys, from);
+    QMouseEvent move(QEvent::MouseMove, from + by, widget.mapToGlobal(from + by), Qt::NoButton, button, keys);
+    QApplication::sendEvent(&widget, &move);
+    QTest::mouseRelease(&widget, button, keys, from + by);
+}
+
+inline void Hover(QWidget& widget, QPoint at)
+{
+    QMouseEvent move(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, Qt::NoButton, {});
+    QApplication::sendEvent(&widget, &move);
+}
+
 /// A workbench whose settings lie in a folder of the test's own.
 class CWorkbenchTest : public testing::Test
 {
@@ -65,7 +81,8 @@ protected:
     {
         EXPECT_TRUE(GetMessageLoop().RunUntil([this] { return !m_window->GetResults().IsBusy(); }));
     }
-    QAction* FindAction(EText text)
+    template<class TText>
+    QAction* FindAction(TText text)
     {
         for (QAction* const action : m_window->findChildren<QAction*>())
             if (action->text() == QText(text))
@@ -73,6 +90,16 @@ protected:
         ADD_FAILURE() << qPrintable(QText(text));
         return nullptr;
     }
+    template<class TText>
+    static QPushButton* FindButton(QWidget& in, TText text)
+    {
+        for (QPushButton* const button : in.findChildren<QPushButton*>())
+            if (button->text() == QText(text) && !button->menu())
+                return button;
+        ADD_FAILURE() << qPrintable(QText(text));
+        return nullptr;
+    }
+    std::string GetStatus() { return m_window->statusBar()->findChild<QLabel*>()->text().toStdString(); }
     std::vector<std::string> TakeBoxes()
     {
         std::vector<std::string> texts;

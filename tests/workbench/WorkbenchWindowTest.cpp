@@ -1,7 +1,11 @@
 #include "tests/workbench/WorkbenchTesting.h"
 
 #include "common/Version.h"
+#include "platform/memory/MemoryClipboard.h"
 #include "settings/SetReference.h"
+#include "tests/DiagnosticsCapture.h"
+#include "workbench/DiagnosticsDialog.h"
+#include "workbench/see/SeeTexts.h"
 
 namespace Workbench
 {
@@ -92,9 +96,8 @@ TEST_F(WorkbenchWindow, EverythingHasANameAndAKey)
     for (const QAction* const menu : m_window->menuBar()->actions()) {
         EXPECT_TRUE(menu->text().contains('&'));
         for (const QAction* const action : menu->menu()->actions()) {
-            const bool hasOwnName = action == m_window->GetResults().toggleViewAction() ||
-                                    action == m_window->GetProcessing().toggleViewAction() ||
-                                    action == m_window->GetViewPane().toggleViewAction();
+            const auto* const pane = qobject_cast<QDockWidget*>(action->parent());
+            const bool hasOwnName = pane && action == pane->toggleViewAction();
             EXPECT_TRUE(action->isSeparator() || hasOwnName || action->text().contains('&'))
                 << qPrintable(action->text());
         }
@@ -116,6 +119,36 @@ TEST_F(WorkbenchWindow, HelpAndVersionsAreThere)
         QTest::keyClick(&box, Qt::Key_Escape);
     });
     FindAction(EText::About)->trigger();
+}
+
+TEST_F(WorkbenchWindow, DiagnosticsAreCopiedWhole)
+{
+    CMemoryClipboard clipboard;
+    const CServiceScope<CClipboard> scope(clipboard);
+    m_window.reset();
+    const CDiagnosticsCapture lines; // takes what the journal passes on
+    Start();
+    GetDiagnostics().Write(u"Test", EDiagnosticLevel::Warning, u"the <third> drive is gone");
+    EXPECT_EQ(lines.GetCount(), 1);
+    const auto copy = [&] {
+        WhenShown<CDiagnosticsDialog>([&](CDiagnosticsDialog& dialog) {
+            FindButton(dialog, ESeeText::CopyAll)->click();
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        FindAction(ESeeText::Diagnostics)->trigger();
+        return clipboard.GetText().ToUtf8();
+    };
+    const std::string without = copy();
+    EXPECT_EQ(without.find("model-view"), std::string::npos);
+    OpenSample().GetBlock()->grabFramebuffer(); // is a frame at once
+    const std::string text = copy();
+    for (const std::string& part :
+         {std::string("Mesa"), std::string("stack"), std::string("warning Test: the <third> drive is gone"),
+          m_folders.GetSettingsFolder().string()})
+        EXPECT_NE(text.find(part), std::string::npos) << part << " in\n" << text;
+    EXPECT_NE(clipboard.GetHtml().ToUtf8().find("&lt;third&gt;"), std::string::npos);
+    m_window->close();
+    m_window.reset(); // before what it passes messages on to
 }
 
 } // namespace Workbench
