@@ -124,7 +124,7 @@ CWorkbenchWindow::CWorkbenchWindow(CInterfaceColors& colors)
     rows->addWidget(m_notice);
     rows->addWidget(m_center, 1);
     setCentralWidget(middle);
-    m_journal.emplace(m_store.GetFolder());
+    m_session.emplace(m_store.GetFolder());
     statusBar()->addWidget(m_point, 1);
     m_interfaceColors.SetChoice(m_store.colors);
     resize(100 * fontMetrics().height(), 60 * fontMetrics().height());
@@ -532,7 +532,7 @@ QString CWorkbenchWindow::GetDiagnosticsText() const
         }));
         page->GetBlock()->doneCurrent();
     }
-    const std::vector<CStr> messages = m_journal.GetMessages();
+    const std::vector<CStr> messages = m_messages.GetMessages();
     lines += QText(messages.empty() ? ESeeText::NoMessages : ESeeText::Messages);
     append(messages);
     return lines.join(QLatin1Char('\n'));
@@ -564,7 +564,7 @@ void CWorkbenchWindow::Save()
 // A session that cannot be kept is told of once.
 void CWorkbenchWindow::KeepSession()
 {
-    if (!m_journal)
+    if (!m_session)
         return;
     Measurement::CSession session;
     for (CSurfacePage* const page : GetPages()) {
@@ -573,7 +573,7 @@ void CWorkbenchWindow::KeepSession()
         session.push_back({path, page->GetProcessing().GetSteps()});
     }
     CStr reason;
-    const bool isKept = m_journal->Write(session, reason);
+    const bool isKept = m_session->Write(session, reason);
     if (!isKept && m_isJournalGood)
         statusBar()->showMessage(ToQString(CStr::Format(Text(EText::NoJournal), reason)));
     m_isJournalGood = isKept;
@@ -613,9 +613,9 @@ void CWorkbenchWindow::OfferSessions()
 
 void CWorkbenchWindow::EndSession()
 {
-    if (m_journal)
-        m_journal->Close();
-    m_journal.reset();
+    if (m_session)
+        m_session->Close();
+    m_session.reset();
 }
 
 void CWorkbenchWindow::ShowNotice()

@@ -106,12 +106,12 @@ private:
     void Save();
     std::vector<CSurfacePage*> GetPages() const;
 
-    CMessageJournal m_journal; // from before the store is read
+    CMessageJournal m_messages; // from before the store is read
     CommonUI::Formats::CSurfaceReading::FRead m_read;
     CStore m_store;
     CommonUI::CInterfaceColors& m_interfaceColors;
     CommonUI::SColorScale m_scale{};
-    std::optional<CommonUI::Measurement::CSessionJournal> m_journal; // until the window closes
+    std::optional<CommonUI::Measurement::CSessionJournal> m_session; // until the window closes
     bool m_isJournalGood = true;
     std::shared_ptr<const CommonUI::Measurement::SInput> m_shown; // what the panes show
     CommonUI::CTabs m_tabs;
