@@ -1333,7 +1333,7 @@ constexpr SStringTableRow c_german[] = {
     {11912, u"&Profil"},
     {11913, u"Abs&tand"},
     {11914, u"&Winkel"},
-    {11915, u"Linie &löschen"},
+    {11915, u"Li&nie löschen"},
     {11916, u"Profile"},
     {11917, u"Von Hand gemessen"},
     {11918, u"Kurven"},
