@@ -85,6 +85,13 @@ void CSurfacePage::Show(const std::shared_ptr<const SurfaceView::SViewedSurface>
     Q_EMIT SurfaceChanged();
 }
 
+// Over each other where that leaves more room to both, which are about as high as wide.
+void CSurfacePage::resizeEvent(QResizeEvent* event)
+{
+    setOrientation(width() < height() ? Qt::Vertical : Qt::Horizontal);
+    QSplitter::resizeEvent(event);
+}
+
 void CSurfacePage::Reload(const SurfaceView::SViewedSurface& surface)
 {
     AcceptFile();

@@ -17,7 +17,7 @@ namespace Workbench
 
 class CMarkEditor;
 
-/// A surface in its tab: the map and the block side by side. Where the block cannot be drawn, a sentence says
+/// A surface in its tab: the map and the block, side by side where there is room. Where the block cannot be drawn, a sentence says
 /// why in its place.
 class CSurfacePage : public QSplitter
 {
@@ -60,6 +60,9 @@ Q_SIGNALS:
     /// The steps are done anew, or the file was read again. Not for previews, which the views alone show.
     void SurfaceChanged();
     void FileChanged();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void Show(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface, bool isPreview);

@@ -69,13 +69,14 @@ enum class EText {
     Surfaces,
 
     // Processing.
-    EditMenu = 11870,
+    EditMenu = 12001,
     Undo,
     Redo,
     UndoWhat,
     RedoWhat,
     Processing,
-    AddCorrection,
+
+    AddCorrection = 12011,
     AddFilter,
     AddSequence,
     Steps,
@@ -92,7 +93,8 @@ enum class EText {
     ChangeOn,
     ChangeOff,
     ChangeEdit,
-    NumberOrder,
+
+    NumberOrder = 12031,
     NumberColumns,
     NumberRows,
     NumberDeviation,
@@ -100,12 +102,14 @@ enum class EText {
     NumberWidth,
     NumberCutoff,
     NumberShare,
-    SaveSurface,
+
+    SaveSurface = 12041,
     Saving,
     NotSaved,
     ReplaceOpen,
     OfferSession,
-    FileChanged,
+
+    FileChanged = 12051,
     Reload,
     NoJournal,
     NotThisValue,
