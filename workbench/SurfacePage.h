@@ -17,8 +17,8 @@ namespace Workbench
 
 class CMarkEditor;
 
-/// A surface in its tab: the map and the block, side by side where there is room. Where the block cannot be drawn, a sentence says
-/// why in its place.
+/// A surface in its tab: the map and the block, side by side where there is room. Where the block cannot be
+/// drawn, a sentence says why in its place.
 class CSurfacePage : public QSplitter
 {
     Q_OBJECT

@@ -108,9 +108,9 @@ enum class EText {
     NotSaved,
     ReplaceOpen,
     OfferSession,
+    FileChanged,
 
-    FileChanged = 12051,
-    Reload,
+    Reload = 12051,
     NoJournal,
     NotThisValue,
 };
