@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <filesystem>
 #include <fstream>
+#include <regex>
 #include <sstream>
 
 namespace
@@ -75,4 +77,30 @@ TEST(Documentation, ShowsTheProgramsThatAreBuilt)
     for (std::size_t at = page.find(begin); at != page.npos; at = page.find(begin, at + 1))
         --programs;
     EXPECT_EQ(programs, 0) << "nothing that is no program";
+}
+
+TEST(Documentation, NamesEveryClassOfControlsDialogsAndWidgets)
+{
+    const std::string page = Read("docs/classes.md");
+    const std::regex classes(R"((?:^|\n)class (?:COMMONUI\w*_API )?(\w+)(?: final)?\s*(?::[^:;]|\n?\{))");
+    int count = 0;
+    for (const std::string layer : {"controls", "dialogs", "qt"}) {
+        for (const auto& entry :
+             std::filesystem::recursive_directory_iterator(COMMONUI_SOURCE_DIR "/" + layer)) {
+            const std::filesystem::path& path = entry.path();
+            if (path.extension() != ".h" || path.parent_path().filename() == "detail")
+                continue;
+            const std::string file = path.lexically_relative(COMMONUI_SOURCE_DIR).generic_string();
+            const std::string header = Read(file);
+            for (std::sregex_iterator found(header.begin(), header.end(), classes), end; found != end;
+                 ++found) {
+                const std::string row = "| `" + found->str(1) + "` | ";
+                const std::size_t place = page.find(row);
+                EXPECT_NE(place, page.npos) << found->str(1) << " of " << file;
+                EXPECT_NE(page.find("`" + file + "`"), page.npos) << file;
+                ++count;
+            }
+        }
+    }
+    EXPECT_GT(count, 100);
 }
