@@ -215,8 +215,9 @@ void TakeSecond(const SOptions& options, const SPlan& plan, Measurement::SChoice
     if (options.second.empty())
         return;
     Measurement::SInput second = ForOption("--settings", [&] {
-        return Process(CommonUI::Formats::ReadSurface(options.second, {.spacing = options.spacing}),
-                       choices.method.levelling, plan.sets.steps);
+        const CommonUI::Formats::SReadOptions reading{.progress = {}, .spacing = options.spacing};
+        return Process(CommonUI::Formats::ReadSurface(options.second, reading), choices.method.levelling,
+                       plan.sets.steps);
     });
     choices.method.further->options.second =
         std::make_shared<const CommonUI::Analysis::SSurface>(std::move(second.surface));
