@@ -118,12 +118,28 @@ void CBackgroundWork::Request(FWork work)
         m_shared->changed.notify_all();
         return;
     }
+    try {
+        Run([shared = m_shared] { SShared::Run(shared); });
+    } catch (...) {
+        m_shared->hasThread = false;
+        m_shared->isBusy = false;
+        throw;
+    }
+}
+
+void CBackgroundWork::Run(std::function<void()> work)
+{
     SThreads::Get().Add(1);
-    std::thread([shared = m_shared]() mutable {
-        SShared::Run(shared);
-        shared.reset();
+    try {
+        std::thread([work = std::move(work)]() mutable {
+            work();
+            work = nullptr; // with what it holds
+            SThreads::Get().Add(-1);
+        }).detach();
+    } catch (...) {
         SThreads::Get().Add(-1);
-    }).detach();
+        throw;
+    }
 }
 
 void CBackgroundWork::Cancel()

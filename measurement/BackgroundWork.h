@@ -33,6 +33,8 @@ public:
     /// Whether something is to be shown.
     bool IsBusy() const noexcept;
 
+    /// Runs what nobody waits for on a thread of its own. It holds all that it needs, and must not throw.
+    static void Run(std::function<void()> work);
     /// Waits for all threads; their owners have to be gone. To be called before the process ends, which takes
     /// away what they use.
     static void WaitForAll();

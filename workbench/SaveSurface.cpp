@@ -3,6 +3,7 @@
 #include "common/file/FileReplacement.h"
 #include "common/PathText.h"
 #include "formats/SurfaceWriter.h"
+#include "measurement/BackgroundWork.h"
 #include "measurement/Request.h"
 #include "qt/dialogs/QtProgressDialog.h"
 #include "workbench/Texts.h"
@@ -11,7 +12,6 @@
 
 #include <chrono>
 #include <future>
-#include <thread>
 
 namespace Workbench
 {
@@ -42,10 +42,10 @@ EFormat FormatOf(const CStr& path, const Analysis::SSurface& surface)
 std::future<std::string> MakeBytes(std::shared_ptr<const SInput> input, EFormat format)
 {
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    std::packaged_task<std::string()> task(
+    const auto task = std::make_shared<std::packaged_task<std::string()>>(
         [input = std::move(input), format, now] { return WriteSurface(input->surface, format, now); });
-    std::future<std::string> bytes = task.get_future();
-    std::thread(std::move(task)).detach();
+    std::future<std::string> bytes = task->get_future();
+    Measurement::CBackgroundWork::Run([task] { (*task)(); });
     return bytes;
 }
 

@@ -48,15 +48,7 @@ CSurfacePage::CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> su
     connect(m_map, &CMapWidget::PointRead, this, &CSurfacePage::PointRead);
     connect(m_marks, &CMarkEditor::Described, this, &CSurfacePage::PointRead);
     connect(this, &CSurfacePage::SurfaceChanged, m_marks, [this] { m_marks->SetSurface(m_surface); });
-    if (!m_surface->box) {
-        ShowFault(QText(m_surface->heights ? EText::NeedsLines : EText::NothingToShow));
-        return;
-    }
-    m_block = new CBlockWidget(m_surface);
-    m_blockPlace->addWidget(m_block);
-    m_blockPlace->setCurrentWidget(m_block);
-    connect(m_block, &CBlockWidget::Failed, this, &CSurfacePage::ShowFault);
-    connect(m_block, &CBlockWidget::LookChanged, this, &CSurfacePage::LookChanged);
+    ShowBlock(m_surface);
 }
 
 CSurfacePage::~CSurfacePage() = default;
@@ -64,17 +56,47 @@ CSurfacePage::~CSurfacePage() = default;
 void CSurfacePage::SetDriver(CommonUI::E3DAccelerationMode mode, double target)
 {
     m_processing.SetTarget(target);
+    m_mode = mode;
+    m_target = target;
     if (m_block)
         m_block->SetDriver(mode, target);
+}
+
+void CSurfacePage::MakeBlock(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface)
+{
+    m_block = new CBlockWidget(surface);
+    if (m_target > 0)
+        m_block->SetDriver(m_mode, m_target);
+    if (m_colors)
+        m_block->SetColors(m_colors->MakeTable(c_colorCount));
+    if (m_look)
+        m_block->SetLook(*m_look);
+    m_blockPlace->addWidget(m_block);
+    connect(m_block, &CBlockWidget::Failed, this, &CSurfacePage::ShowFault);
+    connect(m_block, &CBlockWidget::LookChanged, this, &CSurfacePage::LookChanged);
+}
+
+// A driver that has failed is not asked again.
+void CSurfacePage::ShowBlock(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface)
+{
+    if (m_hasFailed)
+        return;
+    if (!surface->box) {
+        m_fault->setText(QText(surface->heights ? EText::NeedsLines : EText::NothingToShow));
+        m_blockPlace->setCurrentWidget(m_fault);
+        return;
+    }
+    if (m_block)
+        m_block->SetSurface(surface);
+    else
+        MakeBlock(surface);
+    m_blockPlace->setCurrentWidget(m_block);
 }
 
 void CSurfacePage::Show(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface, bool isPreview)
 {
     m_map->SetSurface(surface, isPreview);
-    if (m_block && surface->box)
-        m_block->SetSurface(surface);
-    else if (m_block)
-        ShowFault(QText(surface->heights ? EText::NeedsLines : EText::NothingToShow));
+    ShowBlock(surface);
     if (isPreview) { // whose time counts until it is seen
         m_map->repaint();
         if (m_block)
@@ -107,12 +129,14 @@ void CSurfacePage::AcceptFile()
 void CSurfacePage::SetColors(const CommonUI::SColorScale& colors)
 {
     m_map->SetColors(colors);
+    m_colors = colors;
     if (m_block)
         m_block->SetColors(colors.MakeTable(c_colorCount));
 }
 
 void CSurfacePage::SetLook(const SBlockLook& look)
 {
+    m_look = look;
     if (m_block && m_block->GetLook() != look)
         m_block->SetLook(look);
 }
@@ -151,6 +175,7 @@ QString CSurfacePage::GetBlockText() const
 
 void CSurfacePage::ShowFault(const QString& reason)
 {
+    m_hasFailed = true;
     m_fault->setText(reason);
     m_blockPlace->setCurrentWidget(m_fault);
     delete m_block;

@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QSplitter>
 
+#include <optional>
+
 class QLabel;
 class QStackedWidget;
 
@@ -48,7 +50,7 @@ public:
 
     CMapWidget& GetMap() noexcept { return *m_map; }
     /// Null where it cannot be drawn.
-    CBlockWidget* GetBlock() noexcept { return m_block; }
+    CBlockWidget* GetBlock() noexcept { return m_surface->box ? m_block.data() : nullptr; }
     /// The lines that are drawn over the map.
     CMarkEditor& GetMarks() noexcept { return *m_marks; }
     /// What is said in place of the block.
@@ -66,6 +68,8 @@ protected:
 
 private:
     void Show(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface, bool isPreview);
+    void MakeBlock(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface);
+    void ShowBlock(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface);
     void ShowFault(const QString& reason);
     bool IsBlockMeant() const;
 
@@ -75,6 +79,11 @@ private:
     QStackedWidget* m_blockPlace;
     QLabel* m_fault;
     QPointer<CBlockWidget> m_block;
+    bool m_hasFailed = false; // the driver
+    CommonUI::E3DAccelerationMode m_mode{};
+    double m_target = 0;
+    std::optional<CommonUI::SColorScale> m_colors{};
+    std::optional<SBlockLook> m_look{};
     CFileWatch m_file;
     bool m_isFileChanged = false;
     CommonUI::Measurement::CSurfaceProcessing m_processing;

@@ -106,9 +106,11 @@ enum class EText {
     SaveSurface = 12041,
     Saving,
     NotSaved,
-    ReplaceOpen,
+    IsOpen,
     OfferSession,
     FileChanged,
+    StepsNotDone,
+    ForgetSession,
 
     Reload = 12051,
     NoJournal,

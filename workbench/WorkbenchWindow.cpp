@@ -65,6 +65,16 @@ STab TabOf(const CStr& path)
     return {.key = path, .title = GetFileName(path)};
 }
 
+CStr MakeAbsolute(const CStr& name)
+{
+    try {
+        CStr path;
+        return ToText(std::filesystem::absolute(ToPath(name)).lexically_normal(), path) ? path : name;
+    } catch (const std::exception&) {
+        return name; // which then cannot be opened
+    }
+}
+
 using FCommand = std::function<void()>;
 
 QAction* AddAction(QMenu& menu, EText text, const QKeySequence& keys, const FCommand& command)
@@ -308,8 +318,10 @@ void CWorkbenchWindow::OpenFiles(const std::vector<CStr>& paths)
 }
 
 // @return false when the user wants no more files
-bool CWorkbenchWindow::OpenFile(const CStr& path)
+bool CWorkbenchWindow::OpenFile(const CStr& name)
 {
+    // What is kept of it shall name the file also where the program is started in another folder.
+    const CStr path = MakeAbsolute(name);
     if (const auto open = m_tabs.Find(path)) {
         m_tabs.SetCurrent(*open);
         return true;
@@ -583,7 +595,7 @@ void CWorkbenchWindow::KeepSession()
 bool CWorkbenchWindow::OpenAgain(const Measurement::SSessionSurface& surface)
 {
     OpenFile(surface.path);
-    if (!m_tabs.Find(surface.path))
+    if (!m_tabs.Find(MakeAbsolute(surface.path)))
         return false;
     Measurement::CSurfaceProcessing& processing = GetPage()->GetProcessing();
     if (processing.GetSteps().empty() && !surface.steps.empty())
@@ -601,13 +613,19 @@ void CWorkbenchWindow::OfferSessions()
         const Measurement::CSession& session = journal.GetSession();
         const CStr question = CStr::Format(Text(EText::OfferSession), static_cast<int>(session.size()));
         Measurement::CSession rest;
-        if (!session.empty() &&
-            GetMessageBoxService().Show(
-                {.text = question, .style = MessageBoxStyle::c_yesNo | MessageBoxStyle::c_question}) ==
-                EMessageBoxAnswer::Yes)
+        bool isForgotten = session.empty();
+        const bool isOpened =
+            !session.empty() &&
+            GetMessageBoxService().ShowWithCheck(
+                {.text = question, .style = MessageBoxStyle::c_okCancel | MessageBoxStyle::c_question},
+                Text(EText::ForgetSession), isForgotten) == EMessageBoxAnswer::Ok;
+        if (isOpened)
             std::ranges::copy_if(session, std::back_inserter(rest),
                                  [this](const auto& surface) { return !OpenAgain(surface); });
-        journal.Keep(rest);
+        if (isForgotten)
+            journal.Remove();
+        else if (isOpened)
+            journal.Keep(rest);
     }
 }
 
@@ -641,18 +659,18 @@ void CWorkbenchWindow::ReloadPage()
     ShowNotice();
 }
 
-bool CWorkbenchWindow::IsReplaceable(const CStr& path) const
+// @return a clause why the surface of a page cannot be saved under a name; empty where it can
+CStr CWorkbenchWindow::FindReasonNotToSave(CSurfacePage& page, const CStr& path) const
 {
-    const auto isIt = [&](const CSurfacePage* page) {
+    if (page.GetProcessing().IsBusy())
+        return Text(EText::StepsNotDone);
+    if (!page.GetProcessing().GetFailure().IsEmpty())
+        return page.GetProcessing().GetFailure();
+    const auto isIt = [&](const CSurfacePage* open) {
         std::error_code error;
-        return std::filesystem::equivalent(page->GetSurface().path, ToPath(path), error);
+        return std::filesystem::equivalent(open->GetSurface().path, ToPath(path), error);
     };
-    if (std::ranges::none_of(GetPages(), isIt))
-        return true;
-    const CStr question = CStr::Format(Text(EText::ReplaceOpen), CStr(GetFileName(path)));
-    return GetMessageBoxService().Show(
-               {.text = question, .style = MessageBoxStyle::c_yesNo | MessageBoxStyle::c_warning}) ==
-           EMessageBoxAnswer::Yes;
+    return std::ranges::any_of(GetPages(), isIt) ? Text(EText::IsOpen) : CStr();
 }
 
 void CWorkbenchWindow::SaveSurfaceAs()
@@ -662,9 +680,12 @@ void CWorkbenchWindow::SaveSurfaceAs()
     if (!page ||
         !GetFileDialogService().Choose(
             {.forOpen = false, .filter = GetSaveFilter(), .extension = u"sdf", .memoryKey = u"SavedSurfaces"},
-            path) ||
-        !IsReplaceable(path))
+            path))
         return;
+    if (const CStr reason = FindReasonNotToSave(*page, path); !reason.IsEmpty()) {
+        Tell(CStr::Format(Text(EText::NotSaved), CStr(GetFileName(path)), reason));
+        return;
+    }
     try {
         SaveSurface(this, page->GetSurface().input, path);
     } catch (const std::exception& error) {

@@ -79,14 +79,14 @@ private:
     void MakePanes();
     void MakeEditMenu();
     void SaveSurfaceAs();
-    bool IsReplaceable(const CommonUI::CStr& path) const;
+    CommonUI::CStr FindReasonNotToSave(CSurfacePage& page, const CommonUI::CStr& path) const;
     void ReloadPage();
     void ShowNotice();
     void KeepSession();
     bool OpenAgain(const CommonUI::Measurement::SSessionSurface& surface);
     void ChooseFile();
     void FillRecent();
-    bool OpenFile(const CommonUI::CStr& path);
+    bool OpenFile(const CommonUI::CStr& name);
     void ClosePage();
     void OnCurrentTab();
     void Zoom(double factor) const;

@@ -225,7 +225,7 @@ std::vector<CDeadJournal> FindDeadJournals(const std::filesystem::path& folder)
     std::vector<CDeadJournal> journals;
     for (const CStr& path : paths) {
         auto lock = std::make_unique<CFileLock>(path, c_noPatience);
-        if (!lock->IsTaken() && FileExists(path))
+        if (lock->IsHeld() && FileExists(path)) // without locks it may be that of a living session
             journals.emplace_back(path, std::move(lock));
     }
     return journals;

@@ -83,7 +83,7 @@ void CDialogWindow::LieOver(QWidget* below)
         adjustSize();
         setAttribute(Qt::WA_Resized, false); // nobody has chosen the size
     }
-    winId();
+    create(); // winId would make system windows of all that stands beside the dialog in its parent, too
     QWindow* const window = below ? below->windowHandle() : nullptr;
     // A message box may have come up over the dialog while that was hidden.
     const bool isAbove = window && windowHandle()->isAncestorOf(window, QWindow::IncludeTransients);

@@ -165,7 +165,7 @@ TEST_F(Processing, IsSavedAsASequenceAndTakenIn)
     EXPECT_EQ(TakeBoxes(), CNames());
 }
 
-TEST_F(Processing, TheProcessedSurfaceIsSavedAndNeverOverItsFileUnasked)
+TEST_F(Processing, TheProcessedSurfaceIsSavedAndNeverOverItsFile)
 {
     const std::string path = Write("a.sdf", c_small);
     Open(path);
@@ -182,8 +182,16 @@ TEST_F(Processing, TheProcessedSurfaceIsSavedAndNeverOverItsFileUnasked)
         EXPECT_EQ(read.heights[1], processed[1]) << name;
     }
     EXPECT_EQ(TakeBoxes(), CNames());
-    save(path); // the box is answered by No
-    EXPECT_EQ(TakeBoxes().size(), 1u);
+    save(path);
+    EXPECT_EQ(TakeBoxes(),
+              (CNames{"a.sdf cannot be saved: it is open here, and would lose what was measured; "
+                      "choose another name."}));
+    GetSteps().Switch(GetSteps().GetSteps()[0].id, false);
+    ASSERT_TRUE(GetSteps().IsBusy());
+    save((m_folder.GetPath() / "early.sdf").string());
+    EXPECT_EQ(TakeBoxes(), (CNames{"early.sdf cannot be saved: its steps are still being done."}));
+    EXPECT_FALSE(std::filesystem::exists(m_folder.GetPath() / "early.sdf"));
+    Wait();
     EXPECT_EQ(m_folder.Read("a.sdf"), c_small);
     save((m_folder.GetPath() / "none" / "c.sdf").string());
     save((m_folder.GetPath() / "c.png").string());
@@ -229,10 +237,11 @@ TEST_F(Processing, WhatWasAppliedOutlivesACrash)
     AddLevelling();
     const std::string processed = GetHeights();
     m_window.reset(); // without a close
-    m_boxes.Prepare(EMessageBoxAnswer::Yes);
     Start();
+    m_window->OfferSessions(); // closed without an answer
+    m_boxes.Prepare(EMessageBoxAnswer::Ok);
     m_window->OfferSessions();
-    EXPECT_EQ(TakeBoxes().size(), 1u);
+    EXPECT_EQ(TakeBoxes().size(), 2u);
     Wait();
     EXPECT_EQ(GetTabTitles(), (CNames{"a.sdf"}));
     EXPECT_TRUE(GetHeights() == processed);
@@ -240,16 +249,45 @@ TEST_F(Processing, WhatWasAppliedOutlivesACrash)
     // What cannot be opened now is offered again; the one that is open has a journal of its own.
     m_window.reset();
     std::filesystem::rename(path, path + ".away");
-    m_boxes.Prepare(EMessageBoxAnswer::Yes);
+    m_boxes.Prepare(EMessageBoxAnswer::Ok);
     Start();
     m_window->OfferSessions();
     EXPECT_EQ(TakeBoxes().size(), 2u);
     EXPECT_EQ(GetTabTitles(), CNames());
     std::filesystem::rename(path + ".away", path);
-    m_boxes.Prepare(EMessageBoxAnswer::Yes);
+    m_boxes.Prepare(EMessageBoxAnswer::Ok);
     m_window->OfferSessions();
     Wait();
     EXPECT_EQ(GetRows(), (CNames{"Global Leveling"}));
+    EXPECT_EQ(TakeBoxes().size(), 1u);
+
+    m_window.reset();
+    Start();
+    m_boxes.SetChecking(true);
+    m_window->OfferSessions();
+    m_boxes.SetChecking(false);
+    m_window->OfferSessions();
+    EXPECT_EQ(TakeBoxes().size(), 1u) << "forgotten";
+}
+
+TEST_F(Processing, TheBlockComesBackWithASurfaceThatHasOne)
+{
+    const std::string path = Write("a.sdf", c_small);
+    Open(path);
+    ASSERT_TRUE(m_window->GetPage()->GetBlock());
+    const auto replace = [&](const std::string& content) {
+        std::filesystem::remove(path);
+        Write("a.sdf", content);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return m_window->GetNotice().isVisible(); }));
+        QTest::mouseClick(&m_window->GetNotice().GetCommand(), Qt::LeftButton);
+        Wait();
+    };
+    std::string missing = c_small;
+    missing.replace(missing.find("*\n") + 2, std::string::npos, "BAD BAD BAD\nBAD BAD BAD\n*\n");
+    replace(missing);
+    EXPECT_FALSE(m_window->GetPage()->GetBlock());
+    replace(std::string(c_small) + "\n");
+    EXPECT_TRUE(m_window->GetPage()->GetBlock());
 }
 
 } // namespace Workbench

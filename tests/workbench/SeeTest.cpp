@@ -223,6 +223,24 @@ TEST_F(See, ChartsZoomAndMove)
     }
 }
 
+TEST_F(See, TheWheelKeepsEveryRangeAndNewHeightsAreShown)
+{
+    CChartWidget chart;
+    chart.resize(300, 200);
+    const auto show = [&chart](double bottom, double top) {
+        Measurement::SChart shown;
+        shown.x.range = CRange<double>(0, 1);
+        shown.y.range = CRange<double>(bottom, top);
+        chart.SetChart(shown, true);
+    };
+    for (int i = 1; i < 200; ++i) {
+        show(-0.1 * i, 1e-7 * i * i); // many of these have no exact sum of the lower end and the length
+        Turn(chart, 120);
+        EXPECT_EQ(chart.GetSeenY().GetLower(), -0.1 * i);
+        EXPECT_NEAR(chart.GetSeenY().GetUpper(), 1e-7 * i * i, 1e-12);
+    }
+}
+
 TEST_F(See, CurvesFollowTheSurfaceAndAreSaved)
 {
     CCurvePane& pane = m_tools->GetCurves();

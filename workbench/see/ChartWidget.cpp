@@ -57,8 +57,10 @@ CRange<double> Zoomed(const SChartAxis& axis, CRange<double> seen, double share,
     const double most = Place(axis, axis.range.GetUpper());
     const double from = Place(axis, seen.GetLower());
     const double length = Place(axis, seen.GetUpper()) - from;
-    const double wanted = std::clamp(length / factor, (most - least) / c_greatestZoom, most - least);
-    const double first = std::clamp(from + share * (length - wanted), least, most - wanted);
+    const double wanted = std::max(length / factor, (most - least) / c_greatestZoom);
+    if (wanted >= most - least)
+        return axis.range;
+    const double first = std::clamp(from + share * (length - wanted), least, std::max(least, most - wanted));
     return {Value(axis, first), Value(axis, first + wanted)};
 }
 
@@ -108,15 +110,16 @@ QSize CChartWidget::minimumSizeHint() const
 void CChartWidget::SetChart(SChart chart, bool keepsView)
 {
     const bool stays = keepsView && chart.x.range == m_chart.x.range;
+    const bool showsAllHeights = m_seenY == m_chart.y.range;
     m_chart = std::move(chart);
     m_read = std::min(m_read, m_chart.lines.empty() ? 0 : m_chart.lines.size() - 1);
     for (auto& cursor : m_cursors)
         if (cursor && !m_chart.x.range.Contains(*cursor))
             cursor.reset();
-    if (!stays) {
+    if (!stays)
         m_seenX = m_chart.x.range;
+    if (!stays || showsAllHeights)
         m_seenY = m_chart.y.range;
-    }
     LayOut();
     setAccessibleDescription(ToQString(m_chart.title));
     Q_EMIT CursorsChanged();

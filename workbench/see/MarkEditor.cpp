@@ -89,6 +89,7 @@ void CMarkEditor::SetSurface(std::shared_ptr<const SurfaceView::SViewedSurface> 
 void CMarkEditor::SetTool(EMapTool tool)
 {
     m_tool = tool;
+    StopDragging();
 }
 
 EMark CMarkEditor::GetKind() const
@@ -108,6 +109,7 @@ void CMarkEditor::Choose(std::optional<std::size_t> mark)
     if (mark && m_chosen && m_chosen->mark == *mark)
         return;
     m_chosen = mark ? std::optional(SChosen{*mark, {}}) : std::nullopt;
+    StopDragging();
     Tell();
 }
 
@@ -117,8 +119,15 @@ void CMarkEditor::RemoveChosen()
         return;
     m_marks.Remove(m_chosen->mark);
     m_chosen.reset();
-    m_isDragging = false;
+    StopDragging();
     Tell();
+}
+
+// What has been drawn so far stays as it is.
+void CMarkEditor::StopDragging()
+{
+    m_isDragging = false;
+    m_isNew = false;
 }
 
 void CMarkEditor::SetSpots(std::vector<SPlace> spots)
@@ -172,8 +181,7 @@ bool CMarkEditor::Press(const QMouseEvent& event, const CMapPlace& place)
         return false;
     if (m_isDragging) { // the third place of an angle
         MoveTo(ToPlace(place, event.position()));
-        m_isDragging = false;
-        m_isNew = false;
+        StopDragging();
         return true;
     }
     m_last = ToPlace(place, event.position());
@@ -224,8 +232,7 @@ bool CMarkEditor::Release()
     } else if (m_isNew && isAngle && m_chosen->point == 1) {
         m_chosen->point = 2;
     } else if (!m_isNew || !isAngle) {
-        m_isDragging = false;
-        m_isNew = false;
+        StopDragging();
     }
     return true;
 }
@@ -242,8 +249,7 @@ bool CMarkEditor::HandleKey(const QKeyEvent& event, const CMapPlace& place)
     }
     if (!m_chosen || event.modifiers() & Qt::ShiftModifier)
         return false;
-    m_isDragging = false;
-    m_isNew = false;
+    StopDragging();
     const double step = event.modifiers() & Qt::ControlModifier ? 1 : c_keyStep;
     if (right != 0 || down != 0)
         MoveByKeys(step * right, step * down, place);
@@ -268,6 +274,7 @@ void CMarkEditor::MoveByKeys(double right, double down, const CMapPlace& place)
 // In the middle of what is shown, the place to be moved first chosen.
 void CMarkEditor::DrawByKeys(const CMapPlace& place)
 {
+    StopDragging();
     const CommonUI::SRect shown = place.GetShown();
     const QPointF middle((shown.left + shown.right) / 2.0, (shown.top + shown.bottom) / 2.0);
     const double side = std::min(shown.GetWidth(), shown.GetHeight()) / 4.0;

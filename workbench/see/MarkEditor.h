@@ -62,6 +62,7 @@ private:
     bool Press(const QMouseEvent& event, const SurfaceView::CMapPlace& place);
     bool Drag(const QMouseEvent& event, const SurfaceView::CMapPlace& place);
     bool Release();
+    void StopDragging();
     bool HandleKey(const QKeyEvent& event, const SurfaceView::CMapPlace& place);
     void Take(const SChosen& chosen);
     void MoveTo(const CommonUI::Analysis::SPlace& to);
