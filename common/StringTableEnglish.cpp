@@ -1335,6 +1335,7 @@ constexpr SStringTableRow c_english[] = {
     {11916, u"Profiles"},
     {11917, u"Measured by Hand"},
     {11918, u"Curves"},
+    {11919, u"&Analysis:"},
     {11920, u"&Copy"},
     {11921, u"Copy P&icture"},
     {11922, u"&Save\u2026"},
@@ -1354,6 +1355,15 @@ constexpr SStringTableRow c_english[] = {
     {11936, u"Settings: %s"},
     {11937, u"Messages:"},
     {11938, u"No messages."},
+    {11939, u"Second s&urface:"},
+    {11940, u"None"},
+    {11941, u"No&minal pitch:"},
+    {11942, u"No&minal pitch along x:"},
+    {11943, u"Nominal pitch alon&g y:"},
+    {11944, u"No&minal step height:"},
+    {11945, u"0: nothing to compare with"},
+    {11946, u"This analysis needs a surface, and this is a profile."},
+    {11947, u"Open another surface and choose it as the second one."},
 };
 
 constexpr bool IsRising()

@@ -1337,6 +1337,7 @@ constexpr SStringTableRow c_german[] = {
     {11916, u"Profile"},
     {11917, u"Von Hand gemessen"},
     {11918, u"Kurven"},
+    {11919, u"Anal&yse:"},
     {11920, u"&Kopieren"},
     {11921, u"&Bild kopieren"},
     {11922, u"&Speichern\u2026"},
@@ -1356,6 +1357,15 @@ constexpr SStringTableRow c_german[] = {
     {11936, u"Einstellungen: %s"},
     {11937, u"Meldungen:"},
     {11938, u"Keine Meldungen."},
+    {11939, u"Zwe&ite Oberfläche:"},
+    {11940, u"Keine"},
+    {11941, u"Ne&nnperiode:"},
+    {11942, u"Ne&nnperiode in x:"},
+    {11943, u"Nennperiode &in y:"},
+    {11944, u"Ne&nnstufenhöhe:"},
+    {11945, u"0: kein Vergleich"},
+    {11946, u"Diese Analyse braucht eine Oberfläche; dies ist ein Profil."},
+    {11947, u"Öffnen Sie eine weitere Oberfläche und wählen Sie sie als zweite."},
 };
 
 } // namespace

@@ -2,22 +2,54 @@
 
 #include "workbench/Texts.h"
 
+#include <QVBoxLayout>
+
+#include <utility>
+
 namespace Workbench
 {
 
 CResultPane::CResultPane()
     : CDockPane(u"Workbench.Results", Text(EText::Results))
-    , m_view(new CRoughnessView(u"WorkbenchSurface"))
+    , m_form(new CAnalysisForm)
+    , m_view(new CAnalysisView(u"WorkbenchSurface"))
 {
-    setWidget(m_view);
-    connect(m_view, &CRoughnessView::Chosen, this, &CResultPane::Chosen);
+    auto* const content = new QWidget;
+    auto* const layout = new QVBoxLayout(content);
+    layout->addWidget(m_form);
+    layout->addWidget(m_view, 1);
+    m_view->layout()->setContentsMargins(0, 0, 0, 0);
+    setWidget(content);
+    connect(m_view, &CAnalysisView::Chosen, this, &CResultPane::Chosen);
+    connect(m_form, &CAnalysisForm::Changed, this, [this] {
+        Analyze();
+        Q_EMIT ChoiceChanged(m_form->GetChoice());
+    });
 }
 
 CResultPane::~CResultPane() = default;
 
-void CResultPane::SetSurface(std::shared_ptr<const CommonUI::Measurement::SInput> input)
+void CResultPane::SetSurface(std::shared_ptr<const CommonUI::Measurement::SInput> input,
+                             std::vector<SOtherSurface> others)
 {
-    m_view->SetSurface(std::move(input));
+    m_form->SetSurfaces(input.get(), std::move(others));
+    if (m_form->GetSecond() != m_second)
+        Analyze();
+    if (input != m_view->GetSurface())
+        m_view->SetSurface(std::move(input));
+}
+
+void CResultPane::SetChoice(const SAnalysisChoice& choice)
+{
+    m_form->SetChoice(choice);
+    Analyze();
+}
+
+void CResultPane::Analyze()
+{
+    m_second = m_form->GetSecond();
+    const SAnalysisChoice& choice = m_form->GetChoice();
+    m_view->SetAnalysis(choice.analysis, MakeFurtherOptions(choice, m_second));
 }
 
 } // namespace Workbench

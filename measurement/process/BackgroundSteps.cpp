@@ -120,10 +120,9 @@ CBackgroundSteps::~CBackgroundSteps()
 
 void CBackgroundSteps::Request(std::shared_ptr<const SInput> original, CProcessSteps steps, std::size_t size)
 {
-    m_work.Request([shared = m_shared, requested = SRequested{std::move(original), std::move(steps), size}](
-                       const CBackgroundWork::FIsWanted& isWanted) {
-        return SShared::Do(shared, requested, isWanted);
-    });
+    m_work.Request(
+        [shared = m_shared, requested = SRequested{std::move(original), std::move(steps), size}](
+            const CBackgroundWork::FIsWanted& isWanted) { return SShared::Do(shared, requested, isWanted); });
 }
 
 } // namespace CommonUI::Measurement
