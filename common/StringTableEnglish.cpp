@@ -1364,6 +1364,13 @@ constexpr SStringTableRow c_english[] = {
     {11945, u"0: nothing to compare with"},
     {11946, u"This analysis needs a surface, and this is a profile."},
     {11947, u"Open another surface and choose it as the second one."},
+    {11948, u"Particles"},
+    {11949, u"Pores"},
+    {11970, u"Threshold &by:"},
+    {11971, u"&Kind of grains:"},
+    {11972, u"Threshol&d height:"},
+    {11973, u"Grains: %d"},
+    {11974, u"The threshold set “%s” cannot be used."},
 };
 
 constexpr bool IsRising()

@@ -1366,6 +1366,13 @@ constexpr SStringTableRow c_german[] = {
     {11945, u"0: kein Vergleich"},
     {11946, u"Diese Analyse braucht eine Oberfläche; dies ist ein Profil."},
     {11947, u"Öffnen Sie eine weitere Oberfläche und wählen Sie sie als zweite."},
+    {11948, u"Partikel"},
+    {11949, u"Poren"},
+    {11970, u"Schwelle nach Sa&tz:"},
+    {11971, u"Art der Kör&ner:"},
+    {11972, u"&Grenzhöhe:"},
+    {11973, u"Körner: %d"},
+    {11974, u"Der Schwellensatz „%s“ ist nicht zu gebrauchen."},
 };
 
 } // namespace

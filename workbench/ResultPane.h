@@ -1,8 +1,13 @@
 #pragma once
 
 #include "qt/framework/DockPane.h"
+#include "view/ViewedSurface.h"
 #include "workbench/analyze/AnalysisForm.h"
 #include "workbench/analyze/AnalysisView.h"
+#include "workbench/analyze/GrainForm.h"
+#include "workbench/analyze/GrainOverlay.h"
+
+#include <QPointer>
 
 namespace Workbench
 {
@@ -17,12 +22,15 @@ public:
     CResultPane();
     ~CResultPane() override;
 
-    /// @param input null for none
+    /// @param surface null for none
     /// @param others what else is open, for analyses of two surfaces
-    void SetSurface(std::shared_ptr<const CommonUI::Measurement::SInput> input,
-                    std::vector<SOtherSurface> others);
+    /// @param overlay of the surface's map; it may go first
+    void SetSurface(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface,
+                    std::vector<SOtherSurface> others, CGrainOverlay* overlay);
     void SetChoice(const SAnalysisChoice& choice);
     CAnalysisForm& GetForm() noexcept { return *m_form; }
+    CGrainForm& GetGrains() noexcept { return *m_grains; }
+    CommonUI::CResultGridWidget& GetTable() const;
     /// Opens the dialog in which the parameters are chosen.
     void Choose() { m_view->Choose(); }
     CommonUI::CResultPanel& GetPanel() noexcept { return m_view->GetPanel(); }
@@ -38,10 +46,17 @@ Q_SIGNALS:
 
 private:
     void Analyze();
+    void SetOverlay(CGrainOverlay* overlay);
+    void ShowGrains(const CommonUI::Measurement::CBackgroundResults::SAnswer& answer);
+    void OnRow();
+    void SelectRow(std::uint32_t grain);
 
     CAnalysisForm* m_form;
+    CGrainForm* m_grains;
     CAnalysisView* m_view;
     std::shared_ptr<const CommonUI::Analysis::SSurface> m_second;
+    QPointer<CGrainOverlay> m_overlay;
+    bool m_isShowing = false; // grains that nobody has picked in the table
 };
 
 } // namespace Workbench

@@ -83,6 +83,9 @@ CStore::CStore()
     analysis.analysis = ReadAnalysis(ini);
     for (const auto& [key, length] : c_lengths)
         analysis.*length = WithinOr(ini.ReadDouble(key, 0), 0, c_longest, 0);
+    analysis.grains.set = ini.ReadText(u"GrainSet", SGrainChoice().set);
+    analysis.grains.kind =
+        ini.ReadBool(u"Pores", false) ? Analysis::EGrainKind::Pore : Analysis::EGrainKind::Particle;
     showsMap = ini.ReadBool(u"ShowMap", true);
     showsBlock = ini.ReadBool(u"ShowBlock", true);
 }
@@ -124,6 +127,8 @@ bool CStore::Save(CStr& reason)
     ini.WriteText(u"Analysis", CAnalysisPreferencesData::GetININame(analysis.analysis));
     for (const auto& [key, length] : c_lengths)
         ini.WriteDouble(key, analysis.*length);
+    ini.WriteText(u"GrainSet", analysis.grains.set);
+    ini.WriteBool(u"Pores", analysis.grains.kind == Analysis::EGrainKind::Pore);
     ini.WriteBool(u"ShowMap", showsMap);
     ini.WriteBool(u"ShowBlock", showsBlock);
     const bool isSaved = m_store.Save(IsDynamicParametersSection);

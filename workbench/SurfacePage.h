@@ -15,6 +15,7 @@ class QStackedWidget;
 namespace Workbench
 {
 
+class CGrainOverlay;
 class CMarkEditor;
 
 /// A surface in its tab: the map and the block side by side. Where the block cannot be drawn, a sentence says
@@ -49,6 +50,7 @@ public:
     CMapWidget& GetMap() noexcept { return *m_map; }
     /// Null where it cannot be drawn.
     CBlockWidget* GetBlock() noexcept { return m_block; }
+    CGrainOverlay& GetGrains() noexcept { return *m_grains; }
     /// The lines that are drawn over the map.
     CMarkEditor& GetMarks() noexcept { return *m_marks; }
     /// What is said in place of the block.
@@ -68,6 +70,7 @@ private:
 
     std::shared_ptr<const SurfaceView::SViewedSurface> m_surface;
     CMapWidget* m_map;
+    CGrainOverlay* m_grains; // below the marks
     CMarkEditor* m_marks;
     QStackedWidget* m_blockPlace;
     QLabel* m_fault;

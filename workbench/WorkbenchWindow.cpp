@@ -369,7 +369,8 @@ void CWorkbenchWindow::OnCurrentTab()
     m_point->clear();
     m_see->SetPage(page);
     const auto input = page ? page->GetSurface().input : nullptr;
-    m_results->SetSurface(input, GetOthers(page));
+    m_results->SetSurface(page ? page->ShareSurface() : nullptr, GetOthers(page),
+                          page ? &page->GetGrains() : nullptr);
     if (input == m_shown)
         return;
     m_shown = input;

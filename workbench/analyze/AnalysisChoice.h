@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/grain/Grains.h"
 #include "common/Str.h"
 #include "measurement/FurtherAnalysis.h"
 
@@ -8,12 +9,22 @@
 namespace Workbench
 {
 
+/// How grains are found.
+struct SGrainChoice {
+    /// A reference of settings/SetReference.h to the set that finds the threshold.
+    CommonUI::CStr set = u"BUILT-IN:PnPQuickLaunchSimpleThresholdParticles";
+    CommonUI::Analysis::EGrainKind kind = CommonUI::Analysis::EGrainKind::Particle;
+
+    bool operator==(const SGrainChoice& other) const = default;
+};
+
 /// Which analysis is shown, and what it needs beyond its preferences. Lengths are in m, 0 for none.
 struct SAnalysisChoice {
     CommonUI::EAnalysis analysis = CommonUI::EAnalysis::Roughness;
     double pitch = 0;  ///< nominal pitch of a grating, of an areal one that along x
     double pitchY = 0; ///< nominal pitch of an areal grating along y
     double step = 0;   ///< nominal height of steps
+    SGrainChoice grains{};
 
     bool operator==(const SAnalysisChoice& other) const = default;
 };

@@ -21,11 +21,11 @@ using namespace CommonUI;
 namespace
 {
 
-constexpr EAnalysis c_analyses[] = {EAnalysis::Roughness,       EAnalysis::RoughnessProfile,
-                                    EAnalysis::PlaneCorrection, EAnalysis::Calibration1D,
-                                    EAnalysis::CalibrationXY,   EAnalysis::CalibrationZ,
-                                    EAnalysis::Linearity,       EAnalysis::Tip,
-                                    EAnalysis::CrossCorrelation};
+constexpr EAnalysis c_analyses[] = {EAnalysis::Roughness,     EAnalysis::RoughnessProfile,
+                                    EAnalysis::Measure,       EAnalysis::PlaneCorrection,
+                                    EAnalysis::Calibration1D, EAnalysis::CalibrationXY,
+                                    EAnalysis::CalibrationZ,  EAnalysis::Linearity,
+                                    EAnalysis::Tip,           EAnalysis::CrossCorrelation};
 constexpr double c_longest = 0.1; // m
 
 } // namespace

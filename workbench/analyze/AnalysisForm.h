@@ -35,6 +35,7 @@ public:
     /// @param input null for none
     void SetSurfaces(const CommonUI::Measurement::SInput* input, std::vector<SOtherSurface> others);
     void SetChoice(const SAnalysisChoice& choice);
+    void SetGrains(const SGrainChoice& grains) { m_choice.grains = grains; }
     const SAnalysisChoice& GetChoice() const noexcept { return m_choice; }
     /// Null where none is chosen.
     std::shared_ptr<const CommonUI::Analysis::SSurface> GetSecond() const;

@@ -2,6 +2,7 @@
 
 #include "qt/selection/QtSelectionDlg.h"
 #include "workbench/analyze/AnalysisChoice.h"
+#include "workbench/analyze/AnalyzeTexts.h"
 #include "workbench/Texts.h"
 
 #include <algorithm>
@@ -146,6 +147,9 @@ void CAnalysisView::ShowAnswer(const CAnswer& answer)
     const CStr reason = answer.set ? ReasonOf(*answer.set) : answer.error;
     if (!reason.IsEmpty())
         state += QLatin1Char('\n') + ToQString(CStr::Format(Text(EText::NoResults), reason));
+    if (answer.grains)
+        state += QLatin1Char('\n') + ToQString(CStr::Format(Text(EAnalyzeText::GrainCount),
+                                                            static_cast<int>(answer.grains->map.count)));
     SetState(state);
     SResultSet set = answer.set ? std::move(*answer.set) : SResultSet();
     set.name = GetSetName();

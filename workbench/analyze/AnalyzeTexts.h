@@ -18,6 +18,14 @@ enum class EAnalyzeText {
     NoReference,
     NeedsSurface,
     NeedsSecond,
+    Particles,
+    Pores,
+
+    GrainSet = 11970,
+    GrainKind,
+    Threshold,
+    GrainCount,
+    NoGrainSet,
 };
 
 inline CommonUI::CStr Text(EAnalyzeText text)
