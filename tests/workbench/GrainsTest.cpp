@@ -106,6 +106,14 @@ TEST_F(Grains, MapAndTableChooseEachOthers)
     const SRect shown = GetMap().GetPlace().GetShown();
     const QPoint middle((shown.left + shown.right) / 2, (shown.top + shown.bottom) / 2);
     EXPECT_LT((At(2, 1.5) - middle).manhattanLength(), 5);
+
+    GetPane().GetPanel().Transpose(true); // grains as columns
+    GetMap().Fit();
+    QTest::mouseClick(&GetMap(), Qt::LeftButton, {}, At(8, 3.5));
+    EXPECT_EQ(GetPane().GetTable().GetPane().GetSelection().GetFocus().column, 2u);
+    GetPane().GetTable().setFocus();
+    QTest::keyClick(&GetPane().GetTable(), Qt::Key_Left);
+    EXPECT_EQ(GetOverlay().GetChosen(), 1u);
 }
 
 TEST_F(Grains, ThresholdIsFoundOrEntered)
