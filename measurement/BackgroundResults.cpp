@@ -11,11 +11,14 @@ namespace CommonUI::Measurement
 namespace
 {
 
-CBackgroundResults::SAnswer Compute(const std::shared_ptr<const SInput>& input, const SChoices& choices)
+CBackgroundResults::SAnswer Compute(const std::shared_ptr<const SInput>& input, EAnalysis analysis,
+                                    const SChoices& choices)
 {
     CBackgroundResults::SAnswer answer{.input = input};
     try {
-        answer.tables = std::make_shared<CReportTables>(ComputeResults(*input, choices), false);
+        const SResults results = ComputeResults(*input, choices);
+        answer.set = std::make_shared<SResultSet>(MakeAnalysisSet(analysis, results));
+        answer.grains = results.grains;
     } catch (const std::bad_alloc&) {
         answer.error = u"there is not enough memory";
     } catch (const std::exception& error) {
@@ -33,12 +36,12 @@ CBackgroundResults::CBackgroundResults(FAnswered answered)
 
 CBackgroundResults::~CBackgroundResults() = default;
 
-void CBackgroundResults::Request(std::shared_ptr<const SInput> input, SChoices choices)
+void CBackgroundResults::Request(std::shared_ptr<const SInput> input, EAnalysis analysis, SChoices choices)
 {
-    if (!input->surface.IsProfile())
+    if (choices.method.further)
         choices.rows.clear();
-    m_work.Request([this, input = std::move(input), choices = std::move(choices)](const auto&) {
-        return [this, answer = Compute(input, choices)] { m_answered(answer); };
+    m_work.Request([this, input = std::move(input), analysis, choices = std::move(choices)](const auto&) {
+        return [this, answer = Compute(input, analysis, choices)] { m_answered(answer); };
     });
 }
 

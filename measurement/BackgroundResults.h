@@ -2,7 +2,7 @@
 
 #include "../export/Export.h"
 #include "BackgroundWork.h"
-#include "ReportTables.h"
+#include "ComputeAnalysis.h"
 
 #include <functional>
 #include <memory>
@@ -10,15 +10,16 @@
 namespace CommonUI::Measurement
 {
 
-/// Computes the results of surfaces on a thread of its own, one after the other, as CBackgroundWork does.
+/// Computes analyses of surfaces on a thread of its own, one after the other, as CBackgroundWork does.
 class COMMONUIMEASUREMENT_API CBackgroundResults
 {
 public:
     /// What has come of a request.
     struct SAnswer {
-        std::shared_ptr<const CReportTables> tables{}; ///< null where there are none
-        CStr error{};                                  ///< why, in one sentence
-        std::shared_ptr<const SInput> input{};         ///< to which the tables refer
+        std::shared_ptr<SResultSet> set{}; ///< the receiver's own; null where there are no results
+        CStr error{};                      ///< why, in one sentence
+        std::shared_ptr<const SInput> input{};
+        std::shared_ptr<const SFoundGrains> grains{}; ///< of EAnalysis::Measure
     };
     using FAnswered = std::function<void(const SAnswer&)>;
 
@@ -28,8 +29,9 @@ public:
     CBackgroundResults(const CBackgroundResults&) = delete;
     CBackgroundResults& operator=(const CBackgroundResults&) = delete;
 
-    /// Asks for the results of a surface, and not for those of its profiles unless it is one.
-    void Request(std::shared_ptr<const SInput> input, SChoices choices);
+    /// Asks for the results of an analysis, as ComputeAnalysis has them.
+    /// @param choices of ChooseAnalysis for the analysis
+    void Request(std::shared_ptr<const SInput> input, EAnalysis analysis, SChoices choices);
     /// Nobody wants an answer any more.
     void Cancel();
     /// Whether an answer is to come.

@@ -17,20 +17,19 @@ namespace
 constexpr double c_micrometre = 1e-6;
 constexpr double c_stepShare = 0.1; // of the value
 
-// The number of as many digits as a float has, which is what the user has typed.
-double ToDouble(float value)
-{
-    char text[32];
-    std::snprintf(text, sizeof text, "%.6e", static_cast<double>(value));
-    return std::atof(text);
-}
-
 float StepOf(double value)
 {
     return static_cast<float>(std::pow(10, std::floor(std::log10(std::max(value, 1e-9) * c_stepShare))));
 }
 
 } // namespace
+
+double ToDouble(float value)
+{
+    char text[32];
+    std::snprintf(text, sizeof text, "%.6e", static_cast<double>(value));
+    return std::atof(text);
+}
 
 COddEdit::~COddEdit() = default;
 

@@ -13,6 +13,9 @@
 namespace Workbench
 {
 
+/// The number of as many digits as a float has, which is what the user has typed.
+double ToDouble(float value);
+
 /// An edit for odd numbers: a step leads to the next one, and what is typed between two to one of them.
 class COddEdit : public CommonUI::CIntEdit
 {

@@ -1,13 +1,19 @@
 #pragma once
 
 #include "qt/framework/DockPane.h"
-#include "workbench/see/RoughnessView.h"
+#include "view/ViewedSurface.h"
+#include "workbench/analyze/AnalysisForm.h"
+#include "workbench/analyze/AnalysisView.h"
+#include "workbench/analyze/GrainForm.h"
+#include "workbench/analyze/GrainOverlay.h"
+
+#include <QPointer>
 
 namespace Workbench
 {
 
-/// The roughness parameters of a surface in a dock, with what a result dialog has for them: see
-/// CRoughnessView.
+/// The results of an analysis of a surface in a dock, in which the analysis is chosen, with what a result
+/// dialog has for them: see CAnalysisView.
 class CResultPane : public CommonUI::CDockPane
 {
     Q_OBJECT
@@ -16,8 +22,15 @@ public:
     CResultPane();
     ~CResultPane() override;
 
-    /// @param input null for none
-    void SetSurface(std::shared_ptr<const CommonUI::Measurement::SInput> input);
+    /// @param surface null for none
+    /// @param others what else is open, for analyses of two surfaces
+    /// @param overlay of the surface's map; it may go first
+    void SetSurface(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface,
+                    std::vector<SOtherSurface> others, CGrainOverlay* overlay);
+    void SetChoice(const SAnalysisChoice& choice);
+    CAnalysisForm& GetForm() noexcept { return *m_form; }
+    CGrainForm& GetGrains() noexcept { return *m_grains; }
+    CommonUI::CResultGridWidget& GetTable() const;
     /// Opens the dialog in which the parameters are chosen.
     void Choose() { m_view->Choose(); }
     CommonUI::CResultPanel& GetPanel() noexcept { return m_view->GetPanel(); }
@@ -28,9 +41,22 @@ public:
 Q_SIGNALS:
     /// The user has changed the preferences.
     void Chosen();
+    /// The user has chosen another analysis, or what it compares with.
+    void ChoiceChanged(const SAnalysisChoice& choice);
 
 private:
-    CRoughnessView* m_view;
+    void Analyze();
+    void SetOverlay(CGrainOverlay* overlay);
+    void ShowGrains(const CommonUI::Measurement::CBackgroundResults::SAnswer& answer);
+    void OnRow();
+    void SelectRow(std::uint32_t grain);
+
+    CAnalysisForm* m_form;
+    CGrainForm* m_grains;
+    CAnalysisView* m_view;
+    std::shared_ptr<const CommonUI::Analysis::SSurface> m_second;
+    QPointer<CGrainOverlay> m_overlay;
+    bool m_isShowing = false; // grains that nobody has picked in the table
 };
 
 } // namespace Workbench

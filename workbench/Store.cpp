@@ -43,6 +43,26 @@ EInterfaceScheme ReadColors(CInifile& ini)
     return scheme;
 }
 
+// Likewise.
+EAnalysis ReadAnalysis(CInifile& ini)
+{
+    constexpr std::u16string_view c_key = u"Analysis";
+    const CStr name = ini.ReadText(c_key);
+    for (int i = 0; i <= static_cast<int>(EAnalysis::Measure); ++i)
+        if (CAnalysisPreferencesData::GetININame(static_cast<EAnalysis>(i)) == name)
+            return static_cast<EAnalysis>(i);
+    if (ini.HasKey(c_key))
+        ini.KeepUnknown(c_key, CAnalysisPreferencesData::GetININame(EAnalysis::Roughness));
+    return EAnalysis::Roughness;
+}
+
+// Keys of the lengths that analyses compare with, m.
+constexpr std::pair<const char16_t*, double SAnalysisChoice::*> c_lengths[] = {
+    {u"NominalPitch", &SAnalysisChoice::pitch},
+    {u"NominalPitchY", &SAnalysisChoice::pitchY},
+    {u"NominalStep", &SAnalysisChoice::step}};
+constexpr double c_longest = 0.1;
+
 } // namespace
 
 CStore::CStore()
@@ -60,6 +80,12 @@ CStore::CStore()
     look.lightAbove = WithinOr(ini.ReadDouble(u"LightAbove", look.lightAbove), 0, 90, look.lightAbove);
     look.isParallel = ini.ReadBool(u"Parallel", look.isParallel);
     colors = ReadColors(ini);
+    analysis.analysis = ReadAnalysis(ini);
+    for (const auto& [key, length] : c_lengths)
+        analysis.*length = WithinOr(ini.ReadDouble(key, 0), 0, c_longest, 0);
+    analysis.grains.set = ini.ReadText(u"GrainSet", SGrainChoice().set);
+    analysis.grains.kind =
+        ini.ReadBool(u"Pores", false) ? Analysis::EGrainKind::Pore : Analysis::EGrainKind::Particle;
     showsMap = ini.ReadBool(u"ShowMap", true);
     showsBlock = ini.ReadBool(u"ShowBlock", true);
 }
@@ -98,6 +124,11 @@ bool CStore::Save(CStr& reason)
     ini.WriteDouble(u"LightAbove", look.lightAbove);
     ini.WriteBool(u"Parallel", look.isParallel);
     ini.WriteText(u"Colors", GetInterfaceSchemeEnum().GetIniName(static_cast<int>(colors)));
+    ini.WriteText(u"Analysis", CAnalysisPreferencesData::GetININame(analysis.analysis));
+    for (const auto& [key, length] : c_lengths)
+        ini.WriteDouble(key, analysis.*length);
+    ini.WriteText(u"GrainSet", analysis.grains.set);
+    ini.WriteBool(u"Pores", analysis.grains.kind == Analysis::EGrainKind::Pore);
     ini.WriteBool(u"ShowMap", showsMap);
     ini.WriteBool(u"ShowBlock", showsBlock);
     const bool isSaved = m_store.Save(IsDynamicParametersSection);

@@ -3,6 +3,7 @@
 #include "common/ini/IniStore.h"
 #include "controls/color/InterfaceColors.h"
 #include "controls/lists/RecentList.h"
+#include "workbench/analyze/AnalysisChoice.h"
 #include "workbench/BlockWidget.h"
 
 #include <filesystem>
@@ -29,6 +30,7 @@ public:
     CommonUI::CStr colorScale{};                              ///< a reference of settings/SetReference.h
     SBlockLook look{};                                        ///< its exaggeration is that of each surface
     CommonUI::EInterfaceScheme colors = CommonUI::EInterfaceScheme::System;
+    SAnalysisChoice analysis{};
     bool showsMap = true;
     bool showsBlock = true;
 

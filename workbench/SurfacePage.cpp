@@ -1,5 +1,6 @@
 #include "workbench/SurfacePage.h"
 
+#include "workbench/analyze/GrainOverlay.h"
 #include "workbench/see/MarkEditor.h"
 #include "workbench/Texts.h"
 
@@ -22,6 +23,7 @@ CSurfacePage::CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> su
     : QSplitter(Qt::Horizontal)
     , m_surface(std::move(surface))
     , m_map(new CMapWidget(m_surface))
+    , m_grains(new CGrainOverlay(*m_map))
     , m_marks(new CMarkEditor(*m_map, m_surface))
     , m_blockPlace(new QStackedWidget)
     , m_fault(new QLabel)

@@ -17,6 +17,7 @@ class QStackedWidget;
 namespace Workbench
 {
 
+class CGrainOverlay;
 class CMarkEditor;
 
 /// A surface in its tab: the map and the block, side by side where there is room. Where the block cannot be
@@ -51,6 +52,7 @@ public:
     CMapWidget& GetMap() noexcept { return *m_map; }
     /// Null where it cannot be drawn.
     CBlockWidget* GetBlock() noexcept { return m_surface->box ? m_block.data() : nullptr; }
+    CGrainOverlay& GetGrains() noexcept { return *m_grains; }
     /// The lines that are drawn over the map.
     CMarkEditor& GetMarks() noexcept { return *m_marks; }
     /// What is said in place of the block.
@@ -75,6 +77,7 @@ private:
 
     std::shared_ptr<const SurfaceView::SViewedSurface> m_surface;
     CMapWidget* m_map;
+    CGrainOverlay* m_grains; // below the marks
     CMarkEditor* m_marks;
     QStackedWidget* m_blockPlace;
     QLabel* m_fault;

@@ -260,7 +260,10 @@ void CWorkbenchWindow::MakePanes()
     m_processing->AddTo(*this, Qt::LeftDockWidgetArea);
     for (CDockPane* const pane : {static_cast<CDockPane*>(m_results), static_cast<CDockPane*>(m_view)})
         pane->AddTo(*this, Qt::RightDockWidgetArea);
+    m_results->SetChoice(m_store.analysis);
     connect(m_results, &CResultPane::Chosen, this, &CWorkbenchWindow::Save);
+    connect(m_results, &CResultPane::ChoiceChanged, this,
+            [this](const SAnalysisChoice& choice) { m_store.analysis = choice; });
     m_see = new CSeeTools(*this);
     connect(m_see, &CSeeTools::Chosen, this, &CWorkbenchWindow::Save);
     connect(m_view, &CViewPane::LookChanged, this, &CWorkbenchWindow::OnLook);
@@ -378,10 +381,11 @@ void CWorkbenchWindow::OnCurrentTab()
     m_point->clear();
     m_see->SetPage(page);
     const auto input = page ? page->GetSurface().input : nullptr;
+    m_results->SetSurface(page ? page->ShareSurface() : nullptr, GetOthers(page),
+                          page ? &page->GetGrains() : nullptr);
     if (input == m_shown)
         return;
     m_shown = input;
-    m_results->SetSurface(input);
     m_view->setEnabled(page && page->GetBlock());
     const QString name =
         page ? ToQString(CStr::FromUtf8(page->GetSurface().GetSurface().fileName)) : QString();
@@ -389,6 +393,20 @@ void CWorkbenchWindow::OnCurrentTab()
                         : QText(EText::ProgramName));
     if (page && page->GetBlock())
         m_view->SetLook(page->GetBlock()->GetLook(), page->GetSurface().box->exaggeration);
+}
+
+std::vector<SOtherSurface> CWorkbenchWindow::GetOthers(const CSurfacePage* page) const
+{
+    std::vector<SOtherSurface> others;
+    for (const CSurfacePage* const other : GetPages()) {
+        if (other == page)
+            continue;
+        const SurfaceView::SViewedSurface& surface = other->GetSurface();
+        CStr path;
+        ToText(surface.path, path);
+        others.push_back({path, CStr::FromUtf8(surface.GetSurface().fileName), surface.input});
+    }
+    return others;
 }
 
 void CWorkbenchWindow::Zoom(double factor) const

@@ -89,6 +89,8 @@ private:
     bool OpenFile(const CommonUI::CStr& name);
     void ClosePage();
     void OnCurrentTab();
+    /// What is open beside a page.
+    std::vector<SOtherSurface> GetOthers(const CSurfacePage* page) const;
     void Zoom(double factor) const;
     void Fit() const;
     /// @param other of both views, which comes back when none is left

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../../export/Export.h"
+#include "../BackgroundWork.h"
 #include "StepProcessor.h"
 
 #include <cstddef>
@@ -10,11 +11,8 @@
 namespace CommonUI::Measurement
 {
 
-/// Does the steps of a surface on a thread of its own. Of several requests the last one counts: what is
-/// computed for an earlier one ends with the step that it is at, and nobody hears of it.
-///
-/// Used on the user-interface thread; what has come of a request is told in a message of the loop of the
-/// process.
+/// Does the steps of a surface on a thread of its own, as CBackgroundWork does: of several requests the last
+/// one counts. What is computed for an earlier one ends with the step that it is at.
 class COMMONUIMEASUREMENT_API CBackgroundSteps
 {
 public:
@@ -39,21 +37,17 @@ public:
     ///     with steps that make it look the same. 0 for all points
     void Request(std::shared_ptr<const SInput> original, CProcessSteps steps, std::size_t size = 0);
     /// Nobody wants an answer any more.
-    void Cancel();
+    void Cancel() { m_work.Cancel(); }
     /// Whether an answer is to come.
-    bool IsBusy() const noexcept { return m_isBusy; }
+    bool IsBusy() const noexcept { return m_work.IsBusy(); }
 
 private:
     struct SShared;
-    class CWorker;
-
-    void Tell(unsigned request, const FShow& message);
 
     FAnswered m_answered;
     FFailed m_failed;
-    bool m_isBusy = false;
     std::shared_ptr<SShared> m_shared;
-    std::unique_ptr<CWorker> m_worker;
+    CBackgroundWork m_work;
 };
 
 } // namespace CommonUI::Measurement

@@ -29,28 +29,28 @@ TEST(BackgroundResults, TheLastRequestIsAnswered)
     const CServiceScope<CMessageLoop> scope(loop);
     const CAnalysisPreferencesManager manager;
     const SChoices choices = MakeChoices(manager, {.keys = {u"Sa"}});
+    constexpr auto c_analysis = EAnalysis::Roughness;
     std::vector<CBackgroundResults::SAnswer> answers;
     {
         CBackgroundResults results([&](const auto& answer) { answers.push_back(answer); });
         const auto wait = [&] { return loop.RunUntil([&] { return !results.IsBusy(); }); };
         for (int i = 0; i < 5; ++i)
-            results.Request(MakeInput(4, 1e-6 * i), choices);
+            results.Request(MakeInput(4, 1e-6 * i), c_analysis, choices);
         EXPECT_TRUE(results.IsBusy());
         EXPECT_TRUE(wait());
         ASSERT_EQ(answers.size(), 1u);
-        const auto& rows = answers[0].tables->GetSurface().GetRows();
-        ASSERT_EQ(rows.size(), 1u);
-        EXPECT_EQ(rows[0].cells[0].ToUtf8(), "2");
+        ASSERT_EQ(answers[0].set->quantities.size(), 1u);
+        EXPECT_NEAR(answers[0].set->quantities[0].values.at(0), 2e-6, 1e-12);
 
-        results.Request(MakeInput(4, Analysis::c_missing), choices);
+        results.Request(MakeInput(4, Analysis::c_missing), c_analysis, choices);
         EXPECT_TRUE(wait());
-        EXPECT_FALSE(answers.back().error.IsEmpty() && answers.back().tables->GetSurface().GetRows().empty());
+        EXPECT_TRUE(answers.back().set || !answers.back().error.IsEmpty());
 
         // What is given up, or asked for by somebody who goes, is not told.
-        results.Request(MakeInput(4, 1), choices);
+        results.Request(MakeInput(4, 1), c_analysis, choices);
         results.Cancel();
         EXPECT_FALSE(results.IsBusy());
-        results.Request(MakeInput(4, 1), choices);
+        results.Request(MakeInput(4, 1), c_analysis, choices);
     }
     loop.Pump();
     EXPECT_EQ(answers.size(), 2u);

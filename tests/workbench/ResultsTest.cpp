@@ -1,6 +1,8 @@
 #include "tests/workbench/WorkbenchTesting.h"
 
+#include "qt/edits/QtEditField.h"
 #include "qt/selection/QtSelectionDlg.h"
+#include "workbench/analyze/LengthField.h"
 
 namespace Workbench
 {
@@ -19,6 +21,27 @@ protected:
             names.push_back(name.substr(0, name.find(',')));
         }
         return names;
+    }
+    CAnalysisForm& GetForm() { return m_window->GetResults().GetForm(); }
+    void ChooseAnalysis(EAnalysis analysis)
+    {
+        QComboBox& list = GetForm().GetAnalyses();
+        list.setCurrentIndex(list.findData(static_cast<int>(analysis)));
+        WaitForResults();
+    }
+    // The values of the first quantity of a name.
+    std::vector<double> GetValues(const std::string& name)
+    {
+        WaitForResults();
+        for (const SResultQuantity& quantity : GetSet().quantities)
+            if (quantity.key.ToUtf8() == name)
+                return quantity.values;
+        return {};
+    }
+    bool IsSaid(const char* text)
+    {
+        WaitForResults();
+        return m_window->GetResults().GetState().contains(QString::fromUtf8(text));
     }
     static void Choose(ERoughnessParameters parameter, bool on)
     {
@@ -77,6 +100,85 @@ TEST_F(Results, DialogChangesWhatIsShownAndKept)
     Start();
     OpenSample();
     EXPECT_TRUE(std::ranges::count(GetRows(), "Sku"));
+}
+
+TEST_F(Results, EveryAnalysisHasResultsOrSaysWhyNot)
+{
+    OpenSample();
+    const QComboBox& list = GetForm().GetAnalyses();
+    for (int i = 0; i < list.count(); ++i) {
+        const auto analysis = static_cast<EAnalysis>(list.itemData(i).toInt());
+        ChooseAnalysis(analysis);
+        const bool needsOther = analysis == EAnalysis::CrossCorrelation;
+        EXPECT_EQ(GetSet().quantities.empty(), needsOther) << i;
+        EXPECT_EQ(IsSaid("choose it as the second one"), needsOther) << i;
+        EXPECT_TRUE(std::ranges::all_of(GetSet().quantities, [](const auto& quantity) {
+            return !std::isnan(quantity.values.at(0)) || !quantity.states.empty();
+        })) << i;
+    }
+    ChooseAnalysis(EAnalysis::RoughnessProfile);
+    EXPECT_EQ(GetSet().rowNames.size(), 96u);
+    ChooseAnalysis(EAnalysis::CalibrationZ); // ground steel has no steps
+    EXPECT_TRUE(IsSaid("Nothing can be computed: "));
+
+    ChooseAnalysis(EAnalysis::PlaneCorrection);
+    const std::size_t count = GetRows().size();
+    GetAnalysisPreferencesManager().SetDataParameterOn(EAnalysis::PlaneCorrection,
+                                                       GetSet().quantities[0].parameter.GetValue(), false);
+    EXPECT_EQ(GetRows().size(), count - 1);
+}
+
+TEST_F(Results, SecondSurfaceIsOneOfTheOpenOnes)
+{
+    Open(c_sample);
+    ChooseAnalysis(EAnalysis::CrossCorrelation);
+    EXPECT_EQ(GetForm().GetOthers().count(), 1);
+    m_folder.Write("same.sdf", m_folder.Read(c_sample));
+    Open((m_folder.GetPath() / "same.sdf").string());
+    ASSERT_EQ(GetForm().GetOthers().count(), 2);
+    EXPECT_TRUE(IsSaid("choose it as the second one"));
+    GetForm().GetOthers().setCurrentIndex(1);
+    ASSERT_EQ(GetValues("Coefficient").size(), 1u);
+    EXPECT_NEAR(GetValues("Coefficient")[0], 1, 1e-6);
+    // Plane correction takes no second surface, and linearity takes the same one.
+    ChooseAnalysis(EAnalysis::Linearity);
+    ASSERT_EQ(GetValues("Amplification").size(), 1u);
+    EXPECT_NEAR(GetValues("Amplification")[0], 1, 1e-6);
+    m_window->GetTabs().Close(0);
+    EXPECT_EQ(GetForm().GetOthers().count(), 1);
+    EXPECT_TRUE(std::isnan(GetValues("Amplification").at(0)));
+}
+
+TEST_F(Results, AnalysisAndItsReferenceStay)
+{
+    const auto profile = Write("profile.txt", "x [mm] z [um]\n0 1\n0.1 2\n0.2 1\n0.3 4\n0.4 1\n");
+    std::string grating =
+        "aISO-1.0\nNumPoints = 64\nNumProfiles = 64\nXscale = 1e-6\nYscale = 1e-6\nZscale = 1e-9\n*\n";
+    for (int i = 0; i < 64 * 64; ++i)
+        grating +=
+            std::to_string(std::lround(100 * (std::sin(i % 64 * 0.785398) + std::sin(i / 64 * 0.785398)))) +
+            "\n";
+    const auto surface = Write("grating.sdf", grating + "*\n");
+    Open(surface);
+    ChooseAnalysis(EAnalysis::CalibrationXY);
+    ASSERT_EQ(GetValues("PitchX").size(), 1u);
+    EXPECT_NEAR(GetValues("PitchX")[0], 8e-6, 1e-8);
+    CLengthField& pitch = GetForm().GetPitch();
+    ASSERT_TRUE(pitch.isVisible());
+    pitch.GetField().setFocus();
+    pitch.GetField().selectAll();
+    QTest::keyClicks(&pitch.GetField(), "10");
+    QTest::keyClick(&pitch.GetField(), Qt::Key_Return);
+    EXPECT_NEAR(GetValues("ScaleFactorX").at(0), 1.25, 0.01);
+
+    // A profile has no such results; they are back with the next surface.
+    Open(profile);
+    EXPECT_TRUE(IsSaid("this is a profile"));
+    EXPECT_TRUE(GetSet().quantities.empty());
+    Start();
+    Open(surface);
+    EXPECT_NEAR(GetValues("ScaleFactorX").at(0), 1.25, 0.01);
+    EXPECT_NEAR(GetForm().GetPitch().GetLength(), 10e-6, 1e-12);
 }
 
 } // namespace Workbench

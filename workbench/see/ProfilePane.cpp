@@ -73,7 +73,7 @@ CProfilePane::CProfilePane()
     , m_hint(new QLabel(QText(ESeeText::NoProfile)))
     , m_chart(new CChartWidget)
     , m_readOut(new QLabel)
-    , m_roughness(new CRoughnessView(u"WorkbenchProfile"))
+    , m_roughness(new CAnalysisView(u"WorkbenchProfile"))
 {
     auto* const upper = new QWidget;
     auto* const layout = new QVBoxLayout(upper);

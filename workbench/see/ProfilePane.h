@@ -2,8 +2,8 @@
 
 #include "measurement/marks/SurfaceMarks.h"
 #include "qt/framework/DockPane.h"
+#include "workbench/analyze/AnalysisView.h"
 #include "workbench/see/ChartWidget.h"
-#include "workbench/see/RoughnessView.h"
 
 #include <QPointer>
 
@@ -32,7 +32,7 @@ public:
     /// @param editor null for none; it may go first
     void SetEditor(CMarkEditor* editor);
     CChartWidget& GetChart() noexcept { return *m_chart; }
-    CRoughnessView& GetRoughness() noexcept { return *m_roughness; }
+    CAnalysisView& GetRoughness() noexcept { return *m_roughness; }
     QComboBox& GetProfiles() noexcept { return *m_profiles; }
     /// The profile that is chosen as a surface of one line; null without one.
     std::shared_ptr<const CommonUI::Measurement::SInput> GetChosen() const { return m_chosen; }
@@ -55,7 +55,7 @@ private:
     QLabel* m_hint;
     CChartWidget* m_chart;
     QLabel* m_readOut;
-    CRoughnessView* m_roughness;
+    CAnalysisView* m_roughness;
     std::vector<QPushButton*> m_buttons;
 };
 

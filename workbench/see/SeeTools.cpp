@@ -61,7 +61,7 @@ void CSeeTools::MakePanes()
             m_window.dockWidgetArea(pane) == m_window.dockWidgetArea(m_profiles))
             m_window.tabifyDockWidget(m_profiles, pane);
     }
-    connect(&m_profiles->GetRoughness(), &CRoughnessView::Chosen, this, &CSeeTools::Chosen);
+    connect(&m_profiles->GetRoughness(), &CAnalysisView::Chosen, this, &CSeeTools::Chosen);
 }
 
 std::vector<CommonUI::CDockPane*> CSeeTools::GetPanes() const
