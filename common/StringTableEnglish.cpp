@@ -1295,7 +1295,6 @@ constexpr SStringTableRow c_english[] = {
     {11916, u"Profiles"},
     {11917, u"Measured by Hand"},
     {11918, u"Curves"},
-    {11919, u"&Analysis:"},
     {11920, u"&Copy"},
     {11921, u"Copy P&icture"},
     {11922, u"&Save\u2026"},
@@ -1373,6 +1372,7 @@ constexpr SStringTableRow c_english[] = {
     {12089, u"Open another surface and choose it as the second one."},
     {12090, u"Particles"},
     {12091, u"Pores"},
+    {12101, u"&Analysis:"},
 };
 
 constexpr bool IsRising()

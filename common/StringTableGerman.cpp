@@ -1295,7 +1295,6 @@ constexpr SStringTableRow c_german[] = {
     {11916, u"Profile"},
     {11917, u"Von Hand gemessen"},
     {11918, u"Kurven"},
-    {11919, u"Anal&yse:"},
     {11920, u"&Kopieren"},
     {11921, u"&Bild kopieren"},
     {11922, u"&Speichern\u2026"},
@@ -1367,13 +1366,14 @@ constexpr SStringTableRow c_german[] = {
     {12082, u"Keine"},
     {12083, u"Ne&nnperiode:"},
     {12084, u"Ne&nnperiode in x:"},
-    {12085, u"Nennperiode &in y:"},
+    {12085, u"Nennperiode in &y:"},
     {12086, u"Ne&nnstufenhöhe:"},
     {12087, u"0: kein Vergleich"},
     {12088, u"Diese Analyse braucht eine Oberfläche; dies ist ein Profil."},
     {12089, u"Öffnen Sie eine weitere Oberfläche und wählen Sie sie als zweite."},
     {12090, u"Partikel"},
     {12091, u"Poren"},
+    {12101, u"Anal&yse:"},
 };
 
 } // namespace

@@ -8,7 +8,7 @@ namespace Workbench
 
 /// The texts of the choice of analyses.
 enum class EAnalyzeText {
-    Analysis = 11919,
+    Analysis = 12101,
     SecondSurface = 12081,
     NoSurface,
     Pitch,
