@@ -3,6 +3,7 @@
 #include "platform/ConsoleTimerService.h"
 #include "platform/memory/MemoryMessageLoop.h"
 #include "tests/analysis/TestSurfaces.h"
+#include "tests/common/FailingAllocation.h"
 
 #include <cmath>
 #include <future>
@@ -100,6 +101,23 @@ TEST(StepProcessor, WhatDoesNotFitIsLeftOutAndSaid)
     int asked = 0;
     EXPECT_FALSE(CStepProcessor().Run(original, steps, [&] { return ++asked < 2; }));
     EXPECT_EQ(asked, 2);
+}
+
+TEST(StepProcessor, TooLittleMemoryIsForgotten)
+{
+    const auto original = MakeInput(16);
+    const CProcessSteps steps{Mean(1, 3), Mean(2, 5)};
+    const auto expected = CStepProcessor().Run(original, steps, Always)->input->surface.heights;
+    int rounds = 0;
+    for (CEachAllocation each; each.Next(); ++rounds) {
+        CStepProcessor processor;
+        const bool isDone = each.Try([&] { processor.Run(original, steps, Always); });
+        EXPECT_EQ(isDone, !each.HasFailed()) << each.GetNumber();
+        const SProcessed result = *processor.Run(original, steps, Always);
+        EXPECT_EQ(result.refusals, std::vector<CStr>(2)) << each.GetNumber();
+        EXPECT_EQ(result.input->surface.heights, expected) << each.GetNumber();
+    }
+    EXPECT_GT(rounds, 5);
 }
 
 TEST(SurfaceProcessing, PreviewsComeAtOnceAndTheWholeSurfaceAtRest)
