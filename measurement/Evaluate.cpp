@@ -278,10 +278,9 @@ std::vector<std::pair<double, double>> GetDeviations(const SSurface& surface, co
     return curve.GetPoints();
 }
 
-void EvaluateLinearity(const SSurface& surface, const SFurtherOptions& options,
+void EvaluateLinearity(const SSurface& surface, const SSurface* reference,
                        const std::vector<CParameter>& outputs, SEvaluation& evaluation)
 {
-    const SSurface* const reference = options.second.get();
     const Analysis::SLinearity linearity =
         reference ? Analysis::MeasureLinearity(surface, *reference) : Analysis::MeasureLinearity(surface);
     const std::string_view flat = linearity.reason.empty() ? "the surface is flat" : linearity.reason;
@@ -398,6 +397,11 @@ CStr Preprocess(ERoughnessPreprocessingOptions option, SSurface& surface)
     return {};
 }
 
+bool ComparesSurfaces(EAnalysis analysis)
+{
+    return analysis == EAnalysis::CrossCorrelation || analysis == EAnalysis::Linearity;
+}
+
 } // namespace
 
 SEvaluation Evaluate(const SSurface& surface, const SFurtherAnalysis& further,
@@ -408,6 +412,11 @@ SEvaluation Evaluate(const SSurface& surface, const SFurtherAnalysis& further,
     SSurface processed = surface;
     if (const CStr done = Preprocess(further.preprocessing, processed); !done.IsEmpty())
         evaluation.notes.emplace_back(u"Preprocessing", done);
+    // What is compared has lost the same.
+    std::optional<SSurface> second;
+    if (options.second && ComparesSurfaces(further.analysis))
+        Preprocess(further.preprocessing, second.emplace(*options.second));
+    const SSurface* const other = second ? &*second : nullptr;
     switch (further.analysis) {
     case EAnalysis::Calibration1D:
         EvaluatePitch(processed, options, outputs, evaluation);
@@ -418,15 +427,11 @@ SEvaluation Evaluate(const SSurface& surface, const SFurtherAnalysis& further,
     case EAnalysis::CalibrationZ:
         EvaluateSteps(processed, options, outputs, evaluation);
         break;
-    case EAnalysis::CrossCorrelation: {
-        std::optional<SSurface> second;
-        if (options.second)
-            Preprocess(further.preprocessing, second.emplace(*options.second));
-        EvaluateShift(processed, second ? &*second : nullptr, outputs, evaluation);
+    case EAnalysis::CrossCorrelation:
+        EvaluateShift(processed, other, outputs, evaluation);
         break;
-    }
     case EAnalysis::Linearity:
-        EvaluateLinearity(processed, options, outputs, evaluation);
+        EvaluateLinearity(processed, other, outputs, evaluation);
         break;
     case EAnalysis::PlaneCorrection:
         EvaluateTilt(processed, outputs, evaluation);

@@ -27,7 +27,8 @@ struct SFurtherOptions {
     std::optional<double> reference{};
     std::optional<double> referenceY{}; ///< the pitch along y; that along x without it
     EPitchMethod pitchMethod = EPitchMethod::Fourier;
-    /// Of the cross correlation, the surface whose shift is measured; of the linearity, the reference.
+    /// Of the cross correlation, the surface whose shift is measured; of the linearity, the reference. It is
+    /// preprocessed as the first one.
     std::shared_ptr<const Analysis::SSurface> second{};
     ETipEstimationArea tipArea = ETipEstimationArea::Depth50;
     double tipWidth = 0; ///< m, above 0; for ETipEstimationArea::Width

@@ -55,10 +55,11 @@ COMMONUIANALYSIS_API std::string_view FindRefusal(const SSurface& first, const S
 
 /// Finds the shift and the rotation of the second surface against the first one.
 ///
-/// It starts from the shift by whole points with the greatest coefficient, at the vertex of the parabola
-/// through its neighbours in each direction, and goes on to the least squares of the first surface less the
-/// second one where it is shifted and rotated, with an offset and a factor of the heights (Gauss and
-/// Newton; cubic convolution between the points; both surfaces smoothed by 1, 4, 6, 4, 1 against noise).
+/// It starts from the shift by whole points with the greatest coefficient (of several, as of periodic
+/// surfaces, the shortest one), at the vertex of the parabola through its neighbours in each direction, and
+/// goes on to the least squares of the first surface less the second one, shifted and rotated, with
+/// an offset and a factor of the heights (Gauss and Newton; cubic convolution between the points; both
+/// surfaces smoothed by 1, 4, 6, 4, 1 against noise).
 /// So a rotation is found that leaves the peak where it is: some degrees, the fewer the finer the
 /// surfaces. Of large surfaces every second, third … point counts.
 COMMONUIANALYSIS_API SShift FindShift(const SSurface& first, const SSurface& second,

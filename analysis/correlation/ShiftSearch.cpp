@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <optional>
 #include <utility>
@@ -275,31 +276,48 @@ double FindVertex(double before, double at, double behind)
     return bend < 0 ? std::clamp((before - behind) / (2 * bend), -0.5, 0.5) : 0;
 }
 
-// The greatest of the coefficients, between whole points.
-std::optional<SPose> FindPeak(const CCrossCorrelation& correlation)
+// Calls `visit` with each shift by whole points and its coefficient.
+template<class FVisit>
+void VisitShifts(const CCrossCorrelation& correlation, const FVisit& visit)
 {
     const auto reachX = static_cast<std::ptrdiff_t>(correlation.GetReachX());
     const auto reachY = static_cast<std::ptrdiff_t>(correlation.GetReachY());
-    double greatest = -2;
-    std::ptrdiff_t peakX = 0;
-    std::ptrdiff_t peakY = 0;
     for (std::ptrdiff_t y = -reachY; y <= reachY; ++y)
         for (std::ptrdiff_t x = -reachX; x <= reachX; ++x)
-            if (const double value = correlation.GetValue(x, y); value > greatest) {
-                greatest = value;
-                peakX = x;
-                peakY = y;
-            }
+            visit(x, y, correlation.GetValue(x, y));
+}
+
+// The greatest of the coefficients, between whole points. Of those that differ by rounding only, as those of
+// a periodic surface and itself, the one of the shortest shift.
+std::optional<SPose> FindPeak(const CCrossCorrelation& correlation, double dx, double dy)
+{
+    constexpr double c_rounding = 1e-9;
+    double greatest = -2;
+    VisitShifts(correlation,
+                [&](std::ptrdiff_t, std::ptrdiff_t, double value) { greatest = std::fmax(greatest, value); });
     if (greatest < -1)
         return {};
+    double shortest = std::numeric_limits<double>::infinity();
+    std::ptrdiff_t peakX = 0;
+    std::ptrdiff_t peakY = 0;
+    VisitShifts(correlation, [&](std::ptrdiff_t x, std::ptrdiff_t y, double value) {
+        if (!(value >= greatest - c_rounding))
+            return;
+        const double length = std::hypot(static_cast<double>(x) * dx, static_cast<double>(y) * dy);
+        if (length >= shortest)
+            return;
+        shortest = length;
+        peakX = x;
+        peakY = y;
+    });
     SPose pose{static_cast<double>(peakX), static_cast<double>(peakY)};
     const auto getValue = [&](std::ptrdiff_t x, std::ptrdiff_t y) {
         return correlation.GetValue(peakX + x, peakY + y);
     };
-    if (std::abs(peakX) < reachX)
-        pose.x += FindVertex(getValue(-1, 0), greatest, getValue(1, 0));
-    if (std::abs(peakY) < reachY)
-        pose.y += FindVertex(getValue(0, -1), greatest, getValue(0, 1));
+    if (std::abs(peakX) < static_cast<std::ptrdiff_t>(correlation.GetReachX()))
+        pose.x += FindVertex(getValue(-1, 0), getValue(0, 0), getValue(1, 0));
+    if (std::abs(peakY) < static_cast<std::ptrdiff_t>(correlation.GetReachY()))
+        pose.y += FindVertex(getValue(0, -1), getValue(0, 0), getValue(0, 1));
     return pose;
 }
 
@@ -328,7 +346,7 @@ SPose Improve(const CPoseFit& fit, SPose pose)
 
 SShift FindShift(const SSurface& first, const SSurface& second, const CCrossCorrelation& correlation)
 {
-    const std::optional<SPose> peak = FindPeak(correlation);
+    const std::optional<SPose> peak = FindPeak(correlation, first.dx, first.dy);
     if (!peak)
         return {.reason = "a surface is flat"};
     const SSurface a = Centre(first);

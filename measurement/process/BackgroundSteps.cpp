@@ -58,15 +58,20 @@ double SecondsSince(CClock::time_point begin)
     return std::chrono::duration<double>(CClock::now() - begin).count();
 }
 
+double RatioOf(std::size_t side, std::size_t most)
+{
+    return static_cast<double>(std::max(side, most)) / static_cast<double>(most);
+}
+
 void MakeSmaller(SRequested& requested, CSmaller& smaller)
 {
     const Analysis::SSurface& surface = requested.original->surface;
-    const std::size_t side = std::max(surface.points, surface.lines);
-    if (requested.size == 0 || side <= requested.size)
+    if (requested.size == 0 || std::max(surface.points, surface.lines) <= requested.size)
         return;
+    const double x = RatioOf(surface.points, requested.size);
+    const SPointsPerPoint ratio{x, surface.IsProfile() ? x : RatioOf(surface.lines, requested.size)};
     for (SProcessStep& step : requested.steps)
-        step.work =
-            ScaleWork(std::move(step.work), static_cast<double>(side) / static_cast<double>(requested.size));
+        step.work = ScaleWork(std::move(step.work), ratio);
     requested.original = smaller.Get(requested.original, requested.size);
 }
 

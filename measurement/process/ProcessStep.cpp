@@ -200,6 +200,38 @@ int FewerOdd(int points, double factor)
     return 2 * static_cast<int>(std::lround((points - 1) / factor / 2)) + 1;
 }
 
+// How many equal weights spread as a Gaussian does.
+int BoxOf(double standardDeviation)
+{
+    const double points = std::sqrt(12 * standardDeviation * standardDeviation + 1);
+    return 2 * static_cast<int>(std::lround((points - 1) / 2)) + 1;
+}
+
+// The one standard deviation is that of the direction with more points; along the other one, the window gives
+// the width.
+void ScaleDeviation(SFilterSettings& filter, const SPointsPerPoint& ratio)
+{
+    if (filter.kind != EFilterKind::Gauss)
+        return;
+    const bool isCurve = filter.application == EFilterApplication::Curve;
+    const double least = isCurve ? ratio.x : std::min(ratio.x, ratio.y);
+    const double before = filter.standardDeviation;
+    filter.standardDeviation = std::max(c_smallest, before / least);
+    if (ratio.x > least)
+        filter.columns = std::min(filter.columns, BoxOf(before / ratio.x));
+    if (!isCurve && ratio.y > least)
+        filter.rows = std::min(filter.rows, BoxOf(before / ratio.y));
+}
+
+// In a window of a few points nothing stands out.
+void KeepSpread(SFilterSettings& filter)
+{
+    constexpr int c_least = 3;
+    filter.columns = std::max(filter.columns, c_least);
+    if (filter.application == EFilterApplication::Image)
+        filter.rows = std::max(filter.rows, c_least);
+}
+
 } // namespace
 
 CStr SProcessStep::GetTitle() const
@@ -266,15 +298,17 @@ bool SetNumber(CStepWork& work, EStepNumber number, double value)
     return ReadWork(WriteWork(changed), work);
 }
 
-CStepWork ScaleWork(CStepWork work, double pointsPerPoint)
+CStepWork ScaleWork(CStepWork work, const SPointsPerPoint& ratio)
 {
     auto* const filter = std::get_if<SFilterSettings>(&work);
-    if (!filter || filter->kind == EFilterKind::Convolution || pointsPerPoint <= 1)
+    if (!filter || filter->kind == EFilterKind::Convolution || (ratio.x <= 1 && ratio.y <= 1))
         return work;
-    filter->columns = FewerOdd(filter->columns, pointsPerPoint);
-    filter->rows = FewerOdd(filter->rows, pointsPerPoint);
-    filter->maximumWidth = Fewer(filter->maximumWidth, pointsPerPoint);
-    filter->standardDeviation = std::max(c_smallest, filter->standardDeviation / pointsPerPoint);
+    filter->columns = FewerOdd(filter->columns, ratio.x);
+    filter->rows = FewerOdd(filter->rows, ratio.y);
+    filter->maximumWidth = Fewer(filter->maximumWidth, ratio.y);
+    ScaleDeviation(*filter, ratio);
+    if (HasThreshold(*filter))
+        KeepSpread(*filter);
     return work;
 }
 

@@ -78,9 +78,15 @@ COMMONUIMEASUREMENT_API std::vector<SStepNumber> GetNumbers(const CStepWork& wor
 ///     together with its other ones
 COMMONUIMEASUREMENT_API bool SetNumber(CStepWork& work, EStepNumber number, double value);
 
-/// The work as it is to be done on a surface that has only one point for so many of the original, so that the
-/// result looks the same: what is counted in points has so many times fewer.
-COMMONUIMEASUREMENT_API CStepWork ScaleWork(CStepWork work, double pointsPerPoint);
+/// How many points of a surface one of a smaller surface stands for, at least 1.
+struct SPointsPerPoint {
+    double x = 1;
+    double y = 1; ///< in lines
+};
+
+/// The work as it is to be done on a smaller surface, so that the result looks the same: what is counted in
+/// points has so many times fewer, but a window with a threshold at least 3 in each direction.
+COMMONUIMEASUREMENT_API CStepWork ScaleWork(CStepWork work, const SPointsPerPoint& ratio);
 
 /// The text of an INI file with what the work is made of; empty for a work without a set.
 COMMONUIMEASUREMENT_API std::string WriteWork(const CStepWork& work);

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <span>
 #include <string>
 #include <system_error>
 
@@ -56,17 +57,45 @@ bool ReadStep(CInifile& ini, SProcessStep& step, const CStr& key)
     return ReadWork(ini.ReadText(key + u"_Set").ToUtf8(), step.work);
 }
 
+// Where the sources of the steps are, for each as many as a sequence can have.
+CStr SequenceKey(std::size_t first)
+{
+    const std::size_t index = first / SBatchSequenceSettings::c_mostSteps;
+    return index == 0 ? CStr(u"Sequence") : Numbered(u"Sequence", index);
+}
+
+void WriteSources(CInifile& ini, std::span<const SProcessStep> steps)
+{
+    for (std::size_t first = 0; first < steps.size(); first += SBatchSequenceSettings::c_mostSteps) {
+        CInifile sequence;
+        SBatchSequenceSettings stored;
+        for (const SProcessStep& step :
+             steps.subspan(first).first(std::min(SBatchSequenceSettings::c_mostSteps, steps.size() - first)))
+            stored.steps.push_back(step.source);
+        stored.Save(sequence);
+        ini.WriteText(SequenceKey(first), CStr::FromUtf8(sequence.GetBytes()));
+    }
+}
+
+bool ReadSources(CInifile& ini, std::size_t count, std::vector<SBatchStep>& sources)
+{
+    while (sources.size() < count) {
+        CInifile sequence;
+        SBatchSequenceSettings stored;
+        sequence.LoadBytes(ini.ReadText(SequenceKey(sources.size())).ToUtf8());
+        if (!stored.Load(sequence))
+            return false;
+        sources.insert(sources.end(), stored.steps.begin(), stored.steps.end());
+    }
+    return sources.size() == count;
+}
+
 // The section of the surface is the current one.
 void WriteSurface(CInifile& ini, const SSessionSurface& surface)
 {
-    CInifile sequence;
-    SBatchSequenceSettings stored;
-    for (const SProcessStep& step : surface.steps)
-        stored.steps.push_back(step.source);
-    stored.Save(sequence);
     ini.WriteText(u"Path", surface.path);
     ini.WriteInt(u"Steps", static_cast<int>(surface.steps.size()));
-    ini.WriteText(u"Sequence", CStr::FromUtf8(sequence.GetBytes()));
+    WriteSources(ini, surface.steps);
     for (std::size_t i = 0; i < surface.steps.size(); ++i)
         WriteStep(ini, surface.steps[i], Numbered(u"Step", i));
 }
@@ -75,15 +104,12 @@ bool ReadSurface(CInifile& ini, SSessionSurface& surface)
 {
     surface.path = ini.ReadText(u"Path");
     const int count = ini.ReadInt(u"Steps", -1);
-    CInifile sequence;
-    sequence.LoadBytes(ini.ReadText(u"Sequence").ToUtf8());
-    SBatchSequenceSettings stored;
-    if (surface.path.IsEmpty() || count < 0 || (count > 0 && !stored.Load(sequence)) ||
-        stored.steps.size() != static_cast<std::size_t>(count))
+    std::vector<SBatchStep> sources;
+    if (surface.path.IsEmpty() || count < 0 || !ReadSources(ini, static_cast<std::size_t>(count), sources))
         return false;
-    for (std::size_t i = 0; i < stored.steps.size(); ++i) {
+    for (std::size_t i = 0; i < sources.size(); ++i) {
         SProcessStep& step = surface.steps.emplace_back();
-        step.source = stored.steps[i];
+        step.source = sources[i];
         if (!ReadStep(ini, step, Numbered(u"Step", i)))
             return false;
     }
@@ -123,6 +149,17 @@ CStr ReadSession(const std::string& bytes, CSession& session)
     }
     session = std::move(read);
     return {};
+}
+
+// Gives a file that cannot be read a name that nothing has, as a copy would need its content.
+bool RenameAside(const CStr& path, CStr& keptAs)
+{
+    keptAs = path + u".damaged";
+    for (int number = 2; FileExists(keptAs); ++number)
+        keptAs = path + CStr::Format(u".damaged-%d", number);
+    std::error_code error;
+    std::filesystem::rename(ToPath(path), ToPath(keptAs), error);
+    return !error;
 }
 
 void RemoveFile(const CStr& path)
@@ -174,25 +211,25 @@ CDeadJournal::CDeadJournal(const CStr& path, std::unique_ptr<CFileLock> lock)
 {
     std::string bytes;
     CStr reason;
-    if (ReadFileBytes(path, bytes, c_mostBytes, reason))
+    const bool isRead = ReadFileBytes(path, bytes, c_mostBytes, reason);
+    if (isRead)
         reason = ReadSession(bytes, m_session);
     if (reason.IsEmpty())
         return;
     m_damage = CStr::Format(u"The journal \"%s\" cannot be read: %s", CStr(GetFileName(path)), reason);
-    PutAside(bytes);
+    CStr keptAs;
+    const bool isKept = isRead ? PutAside(bytes, keptAs) : RenameAside(m_path, keptAs);
+    m_damage += isKept ? CStr::Format(u"; it is kept as \"%s\".", CStr(GetFileName(keptAs))) : CStr(u".");
 }
 
 // Whoever knows more than this program may still make something of it.
-void CDeadJournal::PutAside(const std::string& bytes)
+bool CDeadJournal::PutAside(const std::string& bytes, CStr& keptAs) const
 {
-    CStr keptAs;
     CStr reason;
-    if (!KeepFile(m_path, bytes, u"damaged", keptAs, reason)) {
-        m_damage += u".";
-        return;
-    }
+    if (!KeepFile(m_path, bytes, u"damaged", keptAs, reason))
+        return false;
     RemoveFile(m_path);
-    m_damage += CStr::Format(u"; it is kept as \"%s\".", CStr(GetFileName(keptAs)));
+    return true;
 }
 
 void CDeadJournal::Remove()

@@ -65,7 +65,7 @@ public:
     void Keep(const CSession& rest);
 
 private:
-    void PutAside(const std::string& bytes);
+    bool PutAside(const std::string& bytes, CStr& keptAs) const;
 
     CStr m_path;
     std::unique_ptr<CFileLock> m_lock;

@@ -25,13 +25,14 @@ bool IsStartOf(const std::vector<CStepWork>& start, const std::vector<CStepWork>
     return start.size() <= works.size() && std::equal(start.begin(), start.end(), works.begin());
 }
 
-// Each answers why it cannot be done; empty if it was.
+// Each answers why it cannot be done; empty if it was. Too little memory is no answer, as there may be enough
+// the next time.
 CStr DoWork(const auto& settings, SSurface& surface)
 {
     try {
         Apply({.userSpec = {}, .name = {}, .settings = settings}, surface);
     } catch (const std::bad_alloc&) {
-        return u"there is not enough memory";
+        throw;
     } catch (const std::exception& error) {
         return CStr::FromUtf8(error.what());
     }

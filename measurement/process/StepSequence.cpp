@@ -7,9 +7,13 @@
 #include "settings/SetReference.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <iterator>
 #include <memory>
 #include <set>
 #include <string>
+#include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace CommonUI::Measurement
@@ -23,17 +27,28 @@ struct SFile {
     std::string bytes;
 };
 
-// The paths that the sequence in a file refers to; none where there is none.
-std::set<CStr> FindReferred(const CStr& path)
+// Beside the steps, a sequence has the paths of the sets that came into being with it.
+constexpr std::u16string_view c_ownSection = u"OwnSets";
+constexpr std::u16string_view c_ownPaths = u"Paths";
+
+using CPaths = std::set<CStr>;
+
+// Those of the sequence in a file; none where there is none.
+CPaths ReadOwnSets(const CStr& path)
 {
     const CFailureReason unsaid;
     CInifile ini;
-    SBatchSequenceSettings sequence;
-    std::set<CStr> paths;
-    if (ini.Load(path) && sequence.Load(ini))
-        for (const SBatchStep& step : sequence.steps)
-            paths.insert(CStr(GetReferredPath(step.settings)));
-    return paths;
+    if (!ini.Load(path))
+        return {};
+    ini.SelectSection(c_ownSection);
+    const std::vector<CStr> paths = ini.ReadTexts(c_ownPaths);
+    return {paths.begin(), paths.end()};
+}
+
+bool IsSameFile(const CStr& one, const CStr& other)
+{
+    std::error_code error;
+    return one == other || std::filesystem::equivalent(ToPath(one), ToPath(other), error);
 }
 
 CStr WithoutExtension(const CStr& path)
@@ -46,10 +61,13 @@ CStr WithoutExtension(const CStr& path)
 class CSequenceFiles
 {
 public:
-    explicit CSequenceFiles(const CStr& path)
+    CSequenceFiles(const CProcessSteps& steps, const CStr& path)
         : m_path(path)
-        , m_replaced(FindReferred(path))
+        , m_ownBefore(ReadOwnSets(path))
     {
+        for (const SProcessStep& step : steps) // also those that are off, which may be on next time
+            if (!step.isEdited)
+                m_needed.insert(CStr(GetReferredPath(step.source.settings)));
     }
 
     void Add(const SProcessStep& step)
@@ -65,6 +83,10 @@ public:
     {
         CInifile ini;
         m_sequence.Save(ini);
+        if (const std::vector<CStr> own = ListOwnSets(); !own.empty()) {
+            ini.SelectSection(c_ownSection);
+            ini.WriteTexts(c_ownPaths, own);
+        }
         m_files.push_back({m_path, ini.GetBytes()});
         return m_files;
     }
@@ -74,13 +96,27 @@ private:
     {
         const CStr base = WithoutExtension(m_path) + CStr::Format(u" step %zu", m_sequence.steps.size());
         CStr name = CSettingsFactory::AddExtension(type, base);
-        for (int other = 2; FileExists(name) && !m_replaced.contains(name); ++other)
+        for (int other = 2; !IsFree(name); ++other)
             name = CSettingsFactory::AddExtension(type, base + CStr::Format(u"-%d", other));
         return name;
     }
+    bool IsFree(const CStr& name) const
+    {
+        return std::ranges::none_of(m_needed, [&](const CStr& path) { return IsSameFile(path, name); }) &&
+               (m_ownBefore.contains(name) || !FileExists(name));
+    }
+    // The files to write, and those of before that steps still need.
+    std::vector<CStr> ListOwnSets() const
+    {
+        std::vector<CStr> own;
+        std::ranges::set_intersection(m_ownBefore, m_needed, std::back_inserter(own));
+        std::ranges::transform(m_files, std::back_inserter(own), &SFile::path);
+        return own;
+    }
 
     CStr m_path;
-    std::set<CStr> m_replaced;
+    CPaths m_ownBefore;
+    CPaths m_needed; // by steps that are not edited
     SBatchSequenceSettings m_sequence;
     std::vector<SFile> m_files;
 };
@@ -117,9 +153,13 @@ CProcessSteps LoadSequence(CSettingsFactory& factory, CInifile& sequence, const 
 
 void SaveSequence(const CProcessSteps& steps, const CStr& path)
 {
-    CSequenceFiles files(path);
-    if (std::ranges::none_of(steps, &SProcessStep::isOn))
+    const auto count = static_cast<std::size_t>(std::ranges::count_if(steps, &SProcessStep::isOn));
+    if (count == 0)
         throw ERequest(path, u"no step is on");
+    if (count > SBatchSequenceSettings::c_mostSteps)
+        throw ERequest(
+            path, CStr::Format(u"a sequence has at most %zu steps", SBatchSequenceSettings::c_mostSteps));
+    CSequenceFiles files(steps, path);
     for (const SProcessStep& step : steps)
         if (step.isOn)
             files.Add(step);

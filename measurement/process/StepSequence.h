@@ -14,10 +14,11 @@ COMMONUIMEASUREMENT_API CProcessSteps LoadSequence(CSettingsFactory& factory, CI
 
 /// Writes the steps that are on as a batch sequence, which has the same steps when it is read. An edited step
 /// gets a set of its own, a file beside that of the sequence with its name and the step's number. All files
-/// come into being together or none does; other files stay, but those that the sequence before had so are
-/// replaced.
+/// come into being together or none does; other files stay. Of those that the sequence got so before, which
+/// it says, one is replaced unless a step that is not edited refers to it.
 /// @param path of the file; one that is there is replaced
-/// @throws ERequest where no step is on, and where a file cannot be written, with the reason
+/// @throws ERequest where no step is on or more than a sequence may have, and where a file cannot be written,
+///     with the reason
 COMMONUIMEASUREMENT_API void SaveSequence(const CProcessSteps& steps, const CStr& path);
 
 } // namespace CommonUI::Measurement

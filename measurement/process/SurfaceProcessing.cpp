@@ -6,25 +6,13 @@
 namespace CommonUI::Measurement
 {
 
-namespace
-{
-
-// A preview that lacks a step shows something else than what is to come.
-CBackgroundSteps::FShow PreparePreview(const CSurfaceProcessing::FPrepare& prepare,
-                                       const SProcessed& processed)
-{
-    const bool isWhole = std::ranges::all_of(processed.refusals, &CStr::IsEmpty);
-    return isWhole ? prepare(processed, true) : CBackgroundSteps::FShow([] {});
-}
-
-} // namespace
-
 CSurfaceProcessing::CSurfaceProcessing(std::shared_ptr<const SInput> original, const FPrepare& prepare)
     : m_original(std::move(original))
     , m_whole([prepare](const SProcessed& processed) { return prepare(processed, false); },
               [this](const SProcessed& processed, double) { OnAnswer(processed); },
               [this](const CStr& reason) { OnFailure(reason); })
-    , m_preview([prepare](const SProcessed& processed) { return PreparePreview(prepare, processed); },
+    // Fewer points may refuse what all points do: better without that step than no preview.
+    , m_preview([prepare](const SProcessed& processed) { return prepare(processed, true); },
                 [this](const SProcessed&, double seconds) { OnPreview(seconds); },
                 [](const CStr&) {}) // the whole surface says it
 {

@@ -16,8 +16,8 @@ namespace CommonUI::Measurement
 {
 
 /// The processing of an open surface: its steps with their history, and what they make of it, computed in the
-/// background after each change. While a number is being edited, a preview of fewer points follows at once;
-/// the whole surface follows when the number has come to rest.
+/// background after each change. While a number is being edited, a preview of fewer points follows at once,
+/// without steps that cannot be done on so few; the whole surface follows when the number has come to rest.
 ///
 /// Used on the user-interface thread.
 class COMMONUIMEASUREMENT_API CSurfaceProcessing

@@ -89,6 +89,35 @@ TEST(CrossCorrelation, OfOtherSizesNoiseAndGaps)
     EXPECT_LT(CCrossCorrelation(first, turned).GetValue(0, 0), -0.9999);
 }
 
+TEST(CrossCorrelation, TheShortestOfEqualShifts)
+{
+    const auto waves = [](double x, double y) {
+        return std::sin(2 * c_pi * x / 20) * std::cos(c_pi * y / 10);
+    };
+    const auto grating = [](double x, double) { return std::sin(2 * c_pi * x / 20); };
+    struct SCase {
+        const char* what;
+        SSurface first;
+        SSurface second;
+        double x;
+    };
+    SSurface narrow = MakeSurface(200, 100, waves); // a period is shorter along x
+    narrow.dx /= 100;
+    const auto plane = MakeSurface(200, 100, [](double x, double y) { return 3e-9 * x - 2e-9 * y; });
+    for (const SCase& row : std::initializer_list<SCase>{
+             {"waves", MakeSurface(200, 100, waves), MakeSurface(200, 100, waves), 0},
+             {"narrow", narrow, narrow, 0},
+             {"shifted", MakeSurface(200, 100, grating),
+              MakeSurface(200, 100, [&](double x, double y) { return grating(x - 4, y); }), 4e-6},
+             {"profile", MakeSurface(200, 1, grating), MakeSurface(200, 1, grating), 0},
+             {"plane", plane, plane, 0}}) {
+        const SShift shift = FindShift(row.first, row.second);
+        EXPECT_NEAR(shift.x, row.x, 1e-9) << row.what;
+        EXPECT_NEAR(row.first.IsProfile() ? 0 : shift.y, 0, 1e-9) << row.what;
+        EXPECT_NEAR(shift.coefficient, 1, 1e-9) << row.what;
+    }
+}
+
 // Each coefficient is that of the overlap.
 TEST(CrossCorrelation, IsPearsonsCoefficient)
 {

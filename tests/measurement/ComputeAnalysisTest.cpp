@@ -142,6 +142,30 @@ TEST(ComputeAnalysis, FollowsThePreferences)
               2u);
 }
 
+TEST(ComputeAnalysis, WhatIsComparedIsPreprocessedAlike)
+{
+    using enum ERoughnessPreprocessingOptions;
+    const SSurface reference = MakeSurface(
+        64, 48, [](double x, double y) { return 2e-8 * x + 1e-8 * y + 1e-7 * std::sin(x / 3 + y / 5); });
+    SSurface response = reference;
+    for (double& height : response.heights)
+        height *= 1.02;
+    const SFurtherOptions options{.second = std::make_shared<const SSurface>(reference)};
+    for (const auto option : {None, Plane, Paraboloid, Lines}) {
+        SCOPED_TRACE(static_cast<int>(option));
+        CAnalysisPreferencesManager preferences;
+        preferences.SetDataPreprocessingNo(EAnalysis::Linearity, static_cast<int>(option));
+        const SResultSet set =
+            ComputeAnalysis(EAnalysis::Linearity, {.surface = response}, preferences, options);
+        for (const auto& [key, value] :
+             {std::pair{u"DeviationPercent", 0.0}, std::pair{u"Amplification", 1.02}}) {
+            const auto found = std::ranges::find(set.quantities, CStr(key), &SResultQuantity::key);
+            ASSERT_NE(found, set.quantities.end());
+            EXPECT_NEAR(found->values.at(0), value, 1e-9);
+        }
+    }
+}
+
 TEST(ComputeAnalysis, OutputsAndRows)
 {
     CAnalysisPreferencesManager preferences;

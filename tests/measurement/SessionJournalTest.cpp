@@ -145,3 +145,38 @@ TEST_F(SessionJournal, ADamagedOneIsSaidAndKeptAside)
     }
     EXPECT_EQ(CountDead(), 0u);
 }
+
+TEST_F(SessionJournal, OneThatCannotBeReadKeepsItsContent)
+{
+    constexpr std::uintmax_t c_tooLarge = (std::uintmax_t{64} << 20) + 1;
+    m_temporary.Write("session-1.journal", "[Journal]\n");
+    std::filesystem::resize_file(GetFolder() / "session-1.journal", c_tooLarge);
+    m_temporary.Write("session-1.journal.damaged", ""); // of an earlier day
+    {
+        const auto dead = FindDeadJournals(GetFolder());
+        ASSERT_EQ(dead.size(), 1u);
+        const std::string damage = dead[0].GetDamage().ToUtf8();
+        EXPECT_TRUE(damage.ends_with("; it is kept as \"session-1.journal.damaged-2\".")) << damage;
+    }
+    EXPECT_EQ(std::filesystem::file_size(GetFolder() / "session-1.journal.damaged-2"), c_tooLarge);
+    EXPECT_EQ(CountDead(), 0u);
+}
+
+TEST_F(SessionJournal, HasAnyNumberOfSteps)
+{
+    for (const std::size_t count : {256u, 257u, 600u}) {
+        CSession session = MakeSession(5);
+        const SProcessStep last = session[0].steps[0];
+        session[0].steps.resize(count - 1, session[0].steps[1]);
+        session[0].steps.push_back(last);
+        {
+            CSessionJournal journal(GetFolder());
+            EXPECT_TRUE(journal.Write(session, m_reason));
+        }
+        auto dead = FindDeadJournals(GetFolder());
+        ASSERT_EQ(dead.size(), 1u);
+        EXPECT_EQ(dead[0].GetDamage(), CStr());
+        EXPECT_TRUE(dead[0].GetSession() == session) << count;
+        dead[0].Remove();
+    }
+}

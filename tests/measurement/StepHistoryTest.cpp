@@ -216,3 +216,81 @@ TEST(StepSequence, IsReadAsItWasSaved)
         history.Switch(step.id, false);
     EXPECT_THROW(SaveSequence(history.GetSteps(), path), ERequest);
 }
+
+TEST(StepSequence, OverwritesNoSetThatIsNotItsOwn)
+{
+    const CTemporaryFolder folder;
+    const CStr path = (folder.GetPath() / "P.batch").u16string();
+    CSettingsFactory factory;
+    const auto read = [&] {
+        CInifile ini;
+        EXPECT_TRUE(ini.Load(path));
+        return LoadSequence(factory, ini, path);
+    };
+    const auto edit = [](SProcessStep& step, double columns) {
+        step.isEdited = SetNumber(step.work, EStepNumber::Columns, columns);
+    };
+    const auto columnsOf = [&](const CProcessSteps& steps) {
+        std::vector<int> columns;
+        for (const SProcessStep& step : steps)
+            columns.push_back(std::get<SFilterSettings>(step.work).columns);
+        return columns;
+    };
+    const SProcessStep mean = BuiltIn(EBuiltInSetting::Filter_Smoothing_Mean_3x3, ESettingType::Filter);
+    CProcessSteps steps{mean, mean};
+    edit(steps[0], 5);
+    edit(steps[1], 7);
+    SaveSequence(steps, path);
+
+    // The set of one step has the name that another one would get.
+    steps = read();
+    std::swap(steps[0], steps[1]);
+    edit(steps[1], 9);
+    steps.push_back(mean);
+    SaveSequence(steps, path);
+    EXPECT_EQ(columnsOf(read()), (std::vector{7, 9, 3}));
+    EXPECT_NE(folder.Read("P step 2-2.flt"), "");
+
+    // A step that is off still needs its own.
+    steps = read();
+    steps[0].isOn = false; // that of "P step 2.flt"
+    edit(steps[2], 11);
+    SaveSequence(steps, path);
+    steps[0].isOn = true;
+    edit(steps[1], 13);
+    SaveSequence(steps, path);
+    EXPECT_EQ(columnsOf(read()), (std::vector{7, 13, 11}));
+
+    // A set of the user's with such a name, also where a step has referred to it.
+    const std::string mine = WriteWork(mean.work);
+    const CStr minePath = (folder.GetPath() / "P step 4.flt").u16string();
+    folder.Write("P step 4.flt", mine);
+    SProcessStep own = mean;
+    own.source.settings = u"FILE:" + minePath;
+    steps = read();
+    steps.push_back(own);
+    SaveSequence(steps, path);
+    edit(steps[3], 15);
+    SaveSequence(steps, path);
+    EXPECT_EQ(folder.Read("P step 4.flt"), mine);
+    EXPECT_EQ(columnsOf(read()), (std::vector{7, 13, 11, 15}));
+
+    // A set of its own is replaced, also when other steps were saved meanwhile.
+    const auto countFiles = [&] {
+        return std::distance(std::filesystem::directory_iterator(folder.GetPath()), {});
+    };
+    const auto before = countFiles();
+    for (const std::size_t step : {std::size_t{3}, std::size_t{2}, std::size_t{3}}) {
+        steps = read();
+        edit(steps[step], 17);
+        SaveSequence(steps, path);
+        EXPECT_EQ(countFiles(), before) << step;
+    }
+
+    steps.assign(SBatchSequenceSettings::c_mostSteps, mean);
+    SaveSequence(steps, path);
+    EXPECT_EQ(read().size(), steps.size());
+    steps.push_back(mean); // one more could not be read
+    EXPECT_THROW(SaveSequence(steps, path), ERequest);
+    EXPECT_EQ(read().size(), steps.size() - 1);
+}

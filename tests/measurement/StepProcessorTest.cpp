@@ -3,6 +3,7 @@
 #include "platform/ConsoleTimerService.h"
 #include "platform/memory/MemoryMessageLoop.h"
 #include "tests/analysis/TestSurfaces.h"
+#include "tests/common/FailingAllocation.h"
 
 #include <cmath>
 #include <future>
@@ -102,6 +103,80 @@ TEST(StepProcessor, WhatDoesNotFitIsLeftOutAndSaid)
     EXPECT_EQ(asked, 2);
 }
 
+TEST(StepProcessor, TooLittleMemoryIsForgotten)
+{
+    const auto original = MakeInput(16);
+    const CProcessSteps steps{Mean(1, 3), Mean(2, 5)};
+    const auto expected = CStepProcessor().Run(original, steps, Always)->input->surface.heights;
+    int rounds = 0;
+    for (CEachAllocation each; each.Next(); ++rounds) {
+        CStepProcessor processor;
+        const bool isDone = each.Try([&] { processor.Run(original, steps, Always); });
+        EXPECT_EQ(isDone, !each.HasFailed()) << each.GetNumber();
+        const SProcessed result = *processor.Run(original, steps, Always);
+        EXPECT_EQ(result.refusals, std::vector<CStr>(2)) << each.GetNumber();
+        EXPECT_EQ(result.input->surface.heights, expected) << each.GetNumber();
+    }
+    EXPECT_GT(rounds, 5);
+}
+
+TEST(BackgroundSteps, WindowsShrinkWithEachDirection)
+{
+    using enum EFilterKind;
+    struct SCase {
+        const char* what;
+        SFilterSettings before;
+        SPointsPerPoint ratio;
+        int columns, rows;
+    };
+    for (const SCase& row : std::initializer_list<SCase>{
+             {"lines stay", {.kind = Mean, .rows = 15, .columns = 15}, {32, 1}, 1, 15},
+             {"points stay", {.kind = Mean, .rows = 15, .columns = 15}, {1, 4}, 15, 5},
+             {"all stay", {.kind = Mean, .rows = 15, .columns = 15}, {1, 1}, 15, 15},
+             {"spikes", {.kind = Spikes, .rows = 3, .columns = 3}, {16, 16}, 3, 3},
+             {"weak median",
+              {.kind = Median, .rows = 3, .columns = 15, .strength = EFilterStrength::Weak},
+              {2, 8},
+              9,
+              3},
+             {"full median", {.kind = Median, .rows = 3, .columns = 3}, {16, 16}, 1, 1},
+             {"of a line",
+              {.kind = Spikes, .application = EFilterApplication::Curve, .rows = 1, .columns = 5},
+              {8, 8},
+              3,
+              1},
+             {"streaks", {.kind = Streaks, .maximumWidth = 9}, {64, 1}, 1, 1},
+             {"Gauss", {.kind = Gauss, .rows = 25, .columns = 25, .standardDeviation = 4}, {4, 2}, 3, 13}}) {
+        const auto after = std::get<SFilterSettings>(ScaleWork(row.before, row.ratio));
+        EXPECT_EQ(after.columns, row.columns) << row.what;
+        EXPECT_EQ(after.rows, row.rows) << row.what;
+        EXPECT_EQ(after.maximumWidth, row.before.maximumWidth) << row.what;
+        EXPECT_EQ(after.standardDeviation, row.before.standardDeviation / 2) << row.what;
+    }
+}
+
+TEST(BackgroundSteps, PreviewsShowWhatIsToCome)
+{
+    CMemoryMessageLoop loop;
+    const CServiceScope<CMessageLoop> loopScope(loop);
+    const auto original = std::make_shared<SInput>();
+    original->surface = MakeSurface(1024, 60, [](double x, double y) { return x + 10 * std::sin(y); });
+    SProcessed shown;
+    const auto ignore = [](const CStr&) {};
+    CBackgroundSteps steps([&](const SProcessed& processed) { return [&, processed] { shown = processed; }; },
+                           [](const SProcessed&, double) {}, ignore);
+    const SFilterSettings mean{.kind = EFilterKind::Mean, .rows = 21, .columns = 15};
+    steps.Request(original, {{.id = 1, .name = u"Mean", .work = mean}}, 128);
+    EXPECT_TRUE(loop.RunUntil([&] { return shown.input != nullptr; }));
+    CStepProcessor whole;
+    const auto expected = whole.Run(original, {{.id = 1, .name = u"Mean", .work = mean}}, Always);
+    const auto& lines = shown.input->surface;
+    ASSERT_EQ(lines.points, 128u);
+    ASSERT_EQ(lines.lines, 60u);
+    for (std::size_t y = 0; y < 60; ++y) // the lines are as smooth as those of the whole surface
+        EXPECT_NEAR(lines.GetLine(y)[64], expected->input->surface.GetLine(y)[515], 1) << y;
+}
+
 TEST(SurfaceProcessing, PreviewsComeAtOnceAndTheWholeSurfaceAtRest)
 {
     CConsoleTimerService timers;
@@ -143,6 +218,20 @@ TEST(SurfaceProcessing, PreviewsComeAtOnceAndTheWholeSurfaceAtRest)
         EXPECT_TRUE(wait());
     }
     EXPECT_EQ(processing.GetPreviewSize().Get(), CPreviewSize::c_smallest);
+
+    // Steps that only the smaller surface refuses are left out of a preview.
+    const SFilterSettings narrow{.kind = EFilterKind::ArealGaussian, .cutoff = {.length = 2.5e-6}};
+    const unsigned narrowed = processing.Add({.name = u"Narrow", .work = narrow});
+    EXPECT_TRUE(wait());
+    EXPECT_TRUE(processing.GetRefusal(narrowed).IsEmpty());
+    shown.clear();
+    const auto hasPreview = [&] { return std::ranges::any_of(shown, &SShown::isPreview); };
+    for (int columns = 3; columns < 23 && !hasPreview();
+         columns += 2) { // if it was too late on a busy machine
+        processing.Edit(id, EStepNumber::Columns, columns);
+        EXPECT_TRUE(wait());
+    }
+    EXPECT_TRUE(hasPreview());
 
     const unsigned fine = processing.Add(TooFine(0));
     EXPECT_TRUE(wait());
