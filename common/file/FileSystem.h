@@ -44,8 +44,9 @@ public:
     /// @param holder what it says to those who look who holds the lock
     /// @return nothing while somebody else holds the lock
     virtual std::optional<CFile> TryLock(const std::filesystem::path& path, std::string_view holder) = 0;
-    /// Whether somebody holds the lock. Its file may be there without: that of a process that was killed.
-    virtual bool IsLocked(const std::filesystem::path& path);
+    /// What the holder of the lock says; nothing while nobody holds it. Its file may be there without: that
+    /// of a process that was killed.
+    virtual std::optional<std::string> FindHolder(const std::filesystem::path& path);
     virtual void Unlock(CFile lock, const std::filesystem::path& path) noexcept = 0;
 
     /// A number that no other process of this machine has now.

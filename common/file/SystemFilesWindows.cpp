@@ -3,6 +3,7 @@
 #ifdef _WIN32
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <new>
@@ -108,20 +109,48 @@ public:
             visit(entry.cFileName);
         } while (FindNextFileW(entries, &entry));
     }
+    // Access is denied to a file that is about to go, and then as long as that takes, and to one in a folder
+    // that nobody may write to.
     std::optional<CFile> TryLock(const fs::path& path, std::string_view holder) override
     {
-        const HANDLE handle =
-            CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
-                        FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-        if (handle == INVALID_HANDLE_VALUE) {
+        constexpr int c_mostTries = 3;
+        for (int tries = 1;; ++tries) {
+            const HANDLE handle =
+                CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
+                            FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+            if (handle != INVALID_HANDLE_VALUE) {
+                DWORD written = 0;
+                WriteFile(handle, holder.data(), static_cast<DWORD>(holder.size()), &written, nullptr);
+                return ToFile(handle);
+            }
             const DWORD error = GetLastError();
-            if (IsInUse(error) && fs::exists(path))
+            if (error == ERROR_SHARING_VIOLATION || (IsInUse(error) && fs::exists(path)))
                 return std::nullopt;
-            Throw(error, "cannot lock");
+            if (!IsInUse(error) || tries == c_mostTries)
+                Throw(error, "cannot lock");
+            Sleep(1);
         }
-        DWORD written = 0;
-        WriteFile(handle, holder.data(), static_cast<DWORD>(holder.size()), &written, nullptr);
-        return ToFile(handle);
+    }
+    // Nobody but the holder has the file open to write to.
+    std::optional<std::string> FindHolder(const fs::path& path) override
+    {
+        constexpr DWORD c_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+        const auto open = [&path](DWORD share) {
+            return CreateFileW(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr);
+        };
+        const HANDLE unheld = open(FILE_SHARE_READ);
+        if (unheld != INVALID_HANDLE_VALUE)
+            CloseHandle(unheld);
+        if (unheld != INVALID_HANDLE_VALUE || GetLastError() != ERROR_SHARING_VIOLATION)
+            return std::nullopt;
+        const HANDLE held = open(c_all);
+        if (held == INVALID_HANDLE_VALUE)
+            return std::nullopt;
+        std::array<char, c_longestHolder> text;
+        DWORD length = 0;
+        ReadFile(held, text.data(), static_cast<DWORD>(text.size()), &length, nullptr);
+        CloseHandle(held);
+        return std::string(text.data(), length);
     }
     void Unlock(CFile lock, const fs::path&) noexcept override { CloseHandle(ToHandle(lock)); }
     std::uint64_t GetProcess() const noexcept override { return GetCurrentProcessId(); }

@@ -211,7 +211,7 @@ TEST_F(X3p, ChecksumsAreThoseOfMd5)
 {
     const SSurface zero{.points = 1, .lines = 1, .dx = 1, .dy = 1, .heights = {0}};
     m_folder.Write("z.x3p", WriteSurface(zero, EFormat::X3p, {}));
-    zip_t* const zip = zip_open((GetPath() / "z.x3p").c_str(), ZIP_RDONLY, nullptr);
+    zip_t* const zip = zip_open((GetPath() / "z.x3p").string().c_str(), ZIP_RDONLY, nullptr);
     ASSERT_TRUE(zip);
     std::string xml(4096, '\0');
     zip_file_t* const entry = zip_fopen(zip, "main.xml", 0);
