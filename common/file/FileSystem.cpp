@@ -22,6 +22,11 @@ void CFileSystem::Link(const std::filesystem::path&, const std::filesystem::path
     Refuse("cannot link", std::errc::operation_not_supported);
 }
 
+std::filesystem::path CFileSystem::Resolve(const std::filesystem::path& path)
+{
+    return std::filesystem::canonical(path);
+}
+
 std::optional<std::string> CFileSystem::FindHolder(const std::filesystem::path& path)
 {
     if (!std::filesystem::exists(path))

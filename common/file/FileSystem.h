@@ -40,6 +40,9 @@ public:
     virtual void List(const std::filesystem::path& folder,
                       const std::function<void(const std::filesystem::path&)>& visit) = 0;
 
+    /// The path of what is there that is the same whatever way leads to it: in full, without links.
+    virtual std::filesystem::path Resolve(const std::filesystem::path& path);
+
     /// Locks by a file that comes into being for it, and goes with the lock, also when the process ends.
     /// @param holder what it says to those who look who holds the lock
     /// @return nothing while somebody else holds the lock

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <memory>
 #include <new>
+#include <string>
 #include <system_error>
 
 #ifndef NOMINMAX
@@ -22,6 +23,8 @@ namespace
 {
 
 namespace fs = std::filesystem;
+
+constexpr DWORD c_longestPath = 32768;
 
 [[noreturn]] void Throw(DWORD error, const char* what)
 {
@@ -108,6 +111,22 @@ public:
         do {
             visit(entry.cFileName);
         } while (FindNextFileW(entries, &entry));
+    }
+    // The standard library's own knows drives only.
+    fs::path Resolve(const fs::path& path) override
+    {
+        constexpr DWORD c_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+        const HANDLE handle =
+            CreateFileW(path.c_str(), 0, c_all, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+        if (handle == INVALID_HANDLE_VALUE)
+            Throw(GetLastError(), "cannot find");
+        const std::unique_ptr<void, decltype(&CloseHandle)> closing(handle, &CloseHandle);
+        std::wstring name(c_longestPath, L'\0');
+        const DWORD length = GetFinalPathNameByHandleW(handle, name.data(), c_longestPath, 0);
+        if (length == 0 || length >= c_longestPath)
+            Throw(GetLastError(), "cannot find");
+        name.resize(length);
+        return name;
     }
     // Access is denied to a file that is about to go, and then as long as that takes, and to one in a folder
     // that nobody may write to.

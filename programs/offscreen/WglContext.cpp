@@ -89,11 +89,15 @@ private:
     }
 };
 
+// Two buffers: where there is one only, what is drawn goes on to the window system, of which some end the
+// process for a picture with opacities.
 int ChooseFormat(const SExtensions& driver, HDC device)
 {
     constexpr std::array c_wanted{WGL_DRAW_TO_PBUFFER_ARB,
                                   1,
                                   WGL_SUPPORT_OPENGL_ARB,
+                                  1,
+                                  WGL_DOUBLE_BUFFER_ARB,
                                   1,
                                   WGL_RED_BITS_ARB,
                                   8,

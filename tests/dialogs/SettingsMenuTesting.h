@@ -45,12 +45,12 @@ protected:
                 names += leaf.GetValue().first + u"|";
         return names;
     }
-    /// The texts of the message boxes since the last call, with the test's folder as "~".
+    /// The texts of the message boxes since the last call, with the test's folder as "~" and one separator.
     std::vector<CStr> TakeBoxes()
     {
         std::vector<CStr> texts;
         for (; m_boxesSeen < m_boxes.GetShown().size(); ++m_boxesSeen)
-            texts.push_back(m_boxes.GetShown()[m_boxesSeen].text.Replace(Path(""), u"~/"));
+            texts.push_back(m_boxes.GetShown()[m_boxesSeen].text.Replace(Path(""), u"~/").Replace(u"\\", u"/"));
         return texts;
     }
     static void WaitFor(const CCustomSettingsScan& scan)

@@ -316,9 +316,11 @@ TEST_F(X3p, RefusesHostileArchives)
     for (const std::string& archive : {more, less})
         ExpectRefused(WithField<std::uint32_t>(archive, c_data, c_size, 12),
                       "a.sdf: bindata/data.bin: the archive is damaged there");
+#if !defined(_WIN32) // where a file has no holes unless it is asked for
     m_folder.Write("a.sdf", good);
     std::filesystem::resize_file(GetPath() / "a.sdf", std::uintmax_t{1} << 43);
     EXPECT_EQ(ReadBad(GetPath() / "a.sdf"), "a.sdf: archives beyond 4 GiB are not supported");
+#endif
 }
 
 // Whatever a byte becomes, and wherever the file ends: the surface is refused, or read as something that

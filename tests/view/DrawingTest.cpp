@@ -74,7 +74,11 @@ TEST(Drawing, WhatTheDriverKeepsGivesTheSamePictureAndIsNotSentAgain)
     const auto expected = PictureOf(scene, font, {}, sent);
 
     const CColorTexture texture(scene.colors);
-    const CMeshBuffers without(scene.mesh); // the library offers no functions for buffers yet
+    CommonUI::CTableGLEntryPoints none;
+    const CMeshBuffers without = [&] {
+        const CommonUI::CServiceScope<CommonUI::CGLEntryPoints> scope(none);
+        return CMeshBuffers(scene.mesh);
+    }();
     EXPECT_FALSE(without.IsKept());
     const CommonUI::CServiceScope<CommonUI::CGLEntryPoints> scope(functions);
     const CMeshBuffers mesh(scene.mesh);
