@@ -51,7 +51,8 @@ protected:
     {
         std::vector<CStr> texts;
         for (; m_boxesSeen < m_boxes.GetShown().size(); ++m_boxesSeen)
-            texts.push_back(m_boxes.GetShown()[m_boxesSeen].text.Replace(Path(""), u"~/").Replace(u"\\", u"/"));
+            texts.push_back(
+                m_boxes.GetShown()[m_boxesSeen].text.Replace(Path(""), u"~/").Replace(u"\\", u"/"));
         return texts;
     }
     static void WaitFor(const CCustomSettingsScan& scan)

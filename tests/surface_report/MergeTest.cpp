@@ -26,7 +26,8 @@ protected:
     {
         const std::string head = "# Width: 4 um\n# Height: 3 um\n# Value units: nm\n";
         m_temporary.Write("data/1.txt", head + "0 0 0 0\n0 7 0 2\n0 0 1 0\n");
-        m_temporary.Write(std::string("data/") + c_second, head + "0 0 0 0\n0 0 0 0\n0 0 0 0\n"); // has no skewness
+        m_temporary.Write(std::string("data/") + c_second,
+                          head + "0 0 0 0\n0 0 0 0\n0 0 0 0\n"); // has no skewness
         m_temporary.Write("data/3.txt", "nothing");
         m_temporary.Write("data/4.txt", head + "0 0 0 9\n0 5000 0 0\n0 1 0 3\n");
         m_temporary.Write("data/5.sdf",
