@@ -81,6 +81,9 @@ TEST_F(InifileFile, WhatCannotBeSavedIsToldAndLeavesNothing)
 #if !defined(_WIN32) // where the library makes no links
     fs::create_symlink("loop", PathOf("loop"));
     names.push_back(NameOf("loop"));
+#else
+    names.push_back(NameOf("x.ini:part"));
+    names.push_back(NameOf(std::string(300, 'x')));
 #endif
     const std::size_t count = CountFiles();
     for (const CStr& name : names) {
