@@ -10,4 +10,9 @@ if(Libzip_FOUND AND NOT TARGET Libzip::Libzip)
     set_target_properties(Libzip::Libzip PROPERTIES
         IMPORTED_LOCATION ${Libzip_LIBRARY}
         INTERFACE_INCLUDE_DIRECTORIES ${Libzip_INCLUDE_DIR})
+    # A static one leaves what it is made with to who links it.
+    if(WIN32 AND Libzip_LIBRARY MATCHES "\\.a$")
+        find_package(ZLIB REQUIRED)
+        set_property(TARGET Libzip::Libzip PROPERTY INTERFACE_LINK_LIBRARIES ZLIB::ZLIB)
+    endif()
 endif()

@@ -144,7 +144,7 @@ std::optional<SSignificantInteger> RoundSignificant(SBinary value, int count)
 
 char* PutPair(char* end, std::uint64_t pair)
 {
-    std::memcpy(end - 2, &c_digitPairs[2 * pair], 2);
+    std::memcpy(end - 2, &c_digitPairs[2 * static_cast<std::size_t>(pair)], 2);
     return end - 2;
 }
 

@@ -163,7 +163,7 @@ bool CGLStack::PushAttrib(unsigned int mask)
 {
     Append(EStackOperation::soAttrib);
     glPushAttrib(mask);
-    const GLenum code = glGetError();
+    const GLenum code = TakeError();
     if (code == GL_NO_ERROR) [[likely]]
         return true;
     m_records.pop_back();
@@ -175,7 +175,7 @@ bool CGLStack::PushMatrix()
 {
     Append(EStackOperation::soMatrix);
     glPushMatrix();
-    const GLenum code = glGetError();
+    const GLenum code = TakeError();
     if (code == GL_NO_ERROR) [[likely]]
         return true;
     m_records.pop_back();

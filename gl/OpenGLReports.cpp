@@ -42,7 +42,7 @@ int GetInteger(GLenum name)
 
 void COpenGLWrapper::DiagnoseOutputError()
 {
-    const GLenum code = glGetError();
+    const GLenum code = TakeError();
     if (code == GL_NO_ERROR)
         return;
     if (const char* text = GetErrorText(code))

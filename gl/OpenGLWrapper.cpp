@@ -1,7 +1,7 @@
 #include "gl/OpenGLWrapper.h"
 
 #include "common/Diagnostics.h"
-#include "gl/detail/OpenGL.h"
+#include "gl/detail/ErrorTest.h"
 
 #include <utility>
 
@@ -69,7 +69,7 @@ bool COpenGLWrapper::TestOpenGLError(const CStr& operation, const CStr& function
         return true;
     if (!OpenGLErrorMsg(operation, function, file, line))
         return false;
-    if (glGetError() != GL_NO_ERROR)
+    if (TakeError() != GL_NO_ERROR)
         m_fatalError = true;
     GetDiagnostics().Write({}, EDiagnosticLevel::Error,
                            CStr::Format(u"GLError: \"%s\" - Fatal: %d\n", operation, m_fatalError));

@@ -1,5 +1,7 @@
 #pragma once
 
+#if !defined(_WIN32)
+
 #include <csignal>
 #include <sys/resource.h>
 
@@ -25,3 +27,5 @@ public:
 private:
     rlimit m_before{};
 };
+
+#endif

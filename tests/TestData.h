@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -24,9 +25,20 @@ inline std::string ReadPage(const std::string& name)
     return ReadTestData("../../docs/" + name);
 }
 
+/// Texts with paths that are compared on every system: with one separator where there are two.
+inline std::string WithSlashes(std::string_view text)
+{
+    std::string result(text);
+#if defined(_WIN32)
+    std::replace(result.begin(), result.end(), '\\', '/');
+#endif
+    return result;
+}
+
+/// Whether a text has another one in it, however the system separates the parts of paths.
 inline bool Has(std::string_view text, std::string_view part)
 {
-    return text.find(part) != text.npos;
+    return WithSlashes(text).find(WithSlashes(part)) != text.npos;
 }
 
 /// The parts of a text that a character separates; what stands behind the last separator counts when there is

@@ -1,8 +1,7 @@
 #include "view/ColorTexture.h"
 
 #include "gl/GLStack.h"
-
-#include <GL/gl.h>
+#include "view/detail/OpenGL.h"
 
 namespace SurfaceView
 {

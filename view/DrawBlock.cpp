@@ -2,9 +2,8 @@
 #include "gl/GLUtils.h"
 #include "view/ColorTexture.h"
 #include "view/detail/DrawingSteps.h"
+#include "view/detail/OpenGL.h"
 #include "view/MeshBuffers.h"
-
-#include <GL/gl.h>
 
 #include <array>
 #include <cmath>

@@ -5,9 +5,8 @@
 #include "gl/OpenGLError.h"
 #include "view/ColorTexture.h"
 #include "view/detail/DrawingSteps.h"
+#include "view/detail/OpenGL.h"
 #include "view/MeshBuffers.h"
-
-#include <GL/gl.h>
 
 #include <optional>
 #include <stdexcept>

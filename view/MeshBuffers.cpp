@@ -2,8 +2,7 @@
 
 #include "platform/GLEntryPoints.h"
 #include "view/detail/DrawingSteps.h"
-
-#include <GL/gl.h>
+#include "view/detail/OpenGL.h"
 
 #include <cstddef>
 

@@ -2,8 +2,7 @@
 
 #include "common/Str.h"
 #include "gl/GLUtils.h"
-
-#include <GL/gl.h>
+#include "view/detail/OpenGL.h"
 
 #include <stdexcept>
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <fstream>
 #include <ios>
+#include <limits>
 
 namespace CommonUI
 {
@@ -29,11 +30,12 @@ std::string ReadAll(const fs::path& path, std::size_t maximum)
     const auto size = static_cast<std::streamoff>(file.pubseekoff(0, std::ios::end));
     if (size < 0)
         ThrowStreamError("cannot read file");
-    if (static_cast<std::uintmax_t>(size) > maximum)
+    constexpr std::streamoff c_mostAtOnce = std::numeric_limits<std::streamsize>::max();
+    if (static_cast<std::uintmax_t>(size) > maximum || size > c_mostAtOnce)
         Refuse("cannot read", std::errc::file_too_large);
     std::string bytes(static_cast<std::size_t>(size), '\0');
     file.pubseekpos(0);
-    if (file.sgetn(bytes.data(), size) != size)
+    if (file.sgetn(bytes.data(), static_cast<std::streamsize>(size)) != size)
         ThrowStreamError("cannot read file");
     return bytes;
 }

@@ -2,10 +2,10 @@
 
 #include "common/file/detail/CompanionName.h"
 #include "common/file/detail/FileErrors.h"
-#include "common/file/FileBytes.h"
 #include "common/file/FileSystem.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -60,15 +60,10 @@ CFileLock::~CFileLock()
 
 CStr GetLockHolder(const CStr& fileName)
 {
-    constexpr std::size_t c_longest = 100;
     CStr reason;
-    std::string holder;
-    TryFile(reason, [&] {
-        const std::filesystem::path path = GetLockPath(fileName);
-        if (GetFileSystem().IsLocked(path))
-            ReadFileBytes(CStr(path.u16string()), holder, c_longest, reason);
-    });
-    return CStr::FromUtf8(holder);
+    std::optional<std::string> holder;
+    TryFile(reason, [&] { holder = GetFileSystem().FindHolder(GetLockPath(fileName)); });
+    return CStr::FromUtf8(holder.value_or(std::string()));
 }
 
 } // namespace CommonUI

@@ -22,9 +22,16 @@ void CFileSystem::Link(const std::filesystem::path&, const std::filesystem::path
     Refuse("cannot link", std::errc::operation_not_supported);
 }
 
-bool CFileSystem::IsLocked(const std::filesystem::path& path)
+std::filesystem::path CFileSystem::Resolve(const std::filesystem::path& path)
 {
-    return std::filesystem::exists(path);
+    return std::filesystem::canonical(path);
+}
+
+std::optional<std::string> CFileSystem::FindHolder(const std::filesystem::path& path)
+{
+    if (!std::filesystem::exists(path))
+        return std::nullopt;
+    return std::string();
 }
 
 CFileSystem& GetFileSystem() noexcept

@@ -40,12 +40,16 @@ public:
     virtual void List(const std::filesystem::path& folder,
                       const std::function<void(const std::filesystem::path&)>& visit) = 0;
 
+    /// The path of what is there that is the same whatever way leads to it: in full, without links.
+    virtual std::filesystem::path Resolve(const std::filesystem::path& path);
+
     /// Locks by a file that comes into being for it, and goes with the lock, also when the process ends.
     /// @param holder what it says to those who look who holds the lock
     /// @return nothing while somebody else holds the lock
     virtual std::optional<CFile> TryLock(const std::filesystem::path& path, std::string_view holder) = 0;
-    /// Whether somebody holds the lock. Its file may be there without: that of a process that was killed.
-    virtual bool IsLocked(const std::filesystem::path& path);
+    /// What the holder of the lock says; nothing while nobody holds it. Its file may be there without: that
+    /// of a process that was killed.
+    virtual std::optional<std::string> FindHolder(const std::filesystem::path& path);
     virtual void Unlock(CFile lock, const std::filesystem::path& path) noexcept = 0;
 
     /// A number that no other process of this machine has now.

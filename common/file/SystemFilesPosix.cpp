@@ -2,6 +2,8 @@
 
 #ifndef _WIN32
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstddef>
 #include <dirent.h>
@@ -150,15 +152,19 @@ public:
         return descriptor;
     }
     // Asking takes a share of the lock for a moment; who wants it meanwhile tries again.
-    bool IsLocked(const fs::path& path) override
+    std::optional<std::string> FindHolder(const fs::path& path) override
     {
         const int descriptor = Open(path.c_str(), O_RDONLY | O_NOFOLLOW);
         if (descriptor < 0)
-            return false;
-        const bool isLocked =
-            Retry([&] { return ::flock(descriptor, LOCK_SH | LOCK_NB); }) != 0 && errno == EWOULDBLOCK;
+            return std::nullopt;
+        std::optional<std::string> holder;
+        if (Retry([&] { return ::flock(descriptor, LOCK_SH | LOCK_NB); }) != 0 && errno == EWOULDBLOCK) {
+            std::array<char, c_longestHolder> text;
+            const auto length = Retry([&] { return ::read(descriptor, text.data(), text.size()); });
+            holder.emplace(text.data(), static_cast<std::size_t>(std::max<std::ptrdiff_t>(length, 0)));
+        }
         ::close(descriptor);
-        return isLocked;
+        return holder;
     }
     void Unlock(CFile lock, const fs::path& path) noexcept override
     {

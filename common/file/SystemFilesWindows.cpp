@@ -3,9 +3,11 @@
 #ifdef _WIN32
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <new>
+#include <string>
 #include <system_error>
 
 #ifndef NOMINMAX
@@ -21,6 +23,8 @@ namespace
 {
 
 namespace fs = std::filesystem;
+
+constexpr DWORD c_longestPath = 32768;
 
 [[noreturn]] void Throw(DWORD error, const char* what)
 {
@@ -108,20 +112,64 @@ public:
             visit(entry.cFileName);
         } while (FindNextFileW(entries, &entry));
     }
+    // The standard library's own knows drives only.
+    fs::path Resolve(const fs::path& path) override
+    {
+        constexpr DWORD c_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+        const HANDLE handle =
+            CreateFileW(path.c_str(), 0, c_all, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+        if (handle == INVALID_HANDLE_VALUE)
+            Throw(GetLastError(), "cannot find");
+        const std::unique_ptr<void, decltype(&CloseHandle)> closing(handle, &CloseHandle);
+        std::wstring name(c_longestPath, L'\0');
+        const DWORD length = GetFinalPathNameByHandleW(handle, name.data(), c_longestPath, 0);
+        if (length == 0 || length >= c_longestPath)
+            Throw(GetLastError(), "cannot find");
+        name.resize(length);
+        return name;
+    }
+    // Access is denied to a file that is about to go, and then as long as that takes, and to one in a folder
+    // that nobody may write to.
     std::optional<CFile> TryLock(const fs::path& path, std::string_view holder) override
     {
-        const HANDLE handle =
-            CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
-                        FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-        if (handle == INVALID_HANDLE_VALUE) {
+        constexpr int c_mostTries = 3;
+        for (int tries = 1;; ++tries) {
+            const HANDLE handle =
+                CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
+                            FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+            if (handle != INVALID_HANDLE_VALUE) {
+                DWORD written = 0;
+                WriteFile(handle, holder.data(), static_cast<DWORD>(holder.size()), &written, nullptr);
+                return ToFile(handle);
+            }
             const DWORD error = GetLastError();
-            if (IsInUse(error) && fs::exists(path))
+            if (error == ERROR_SHARING_VIOLATION || (IsInUse(error) && fs::exists(path)))
                 return std::nullopt;
-            Throw(error, "cannot lock");
+            if (!IsInUse(error) || tries == c_mostTries)
+                Throw(error, "cannot lock");
+            Sleep(1);
         }
-        DWORD written = 0;
-        WriteFile(handle, holder.data(), static_cast<DWORD>(holder.size()), &written, nullptr);
-        return ToFile(handle);
+    }
+    // Nobody but the holder has the file open to write to.
+    std::optional<std::string> FindHolder(const fs::path& path) override
+    {
+        constexpr DWORD c_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+        const auto open = [&path](DWORD share) {
+            return CreateFileW(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr);
+        };
+        const HANDLE unheld = open(FILE_SHARE_READ);
+        if (unheld != INVALID_HANDLE_VALUE)
+            CloseHandle(unheld);
+        if (unheld != INVALID_HANDLE_VALUE || GetLastError() != ERROR_SHARING_VIOLATION)
+            return std::nullopt;
+        const HANDLE held = open(c_all);
+        if (held == INVALID_HANDLE_VALUE)
+            return std::nullopt;
+        std::array<char, c_longestHolder> text;
+        DWORD length = 0;
+        ReadFile(held, text.data(), static_cast<DWORD>(text.size()), &length, nullptr);
+        CloseHandle(held);
+        return std::string(text.data(), length);
     }
     void Unlock(CFile lock, const fs::path&) noexcept override { CloseHandle(ToHandle(lock)); }
     std::uint64_t GetProcess() const noexcept override { return GetCurrentProcessId(); }

@@ -2,6 +2,7 @@
 
 #include "common/file/FileBytes.h"
 #include "common/PathText.h"
+#include "common/SmallLetter.h"
 #include "common/StringTable.h"
 #include "dialogs/settings/detail/SettingsMenuTexts.h"
 #include "platform/files/FileManager.h"
@@ -27,13 +28,29 @@ bool Fail(const CStr& text)
     return false;
 }
 
+// Names that stand for devices on Windows, whatever extension they have.
+bool IsDevice(std::u16string_view name)
+{
+    CStr stem = TrimView(name.substr(0, name.find(u'.')));
+    const bool hasNumber = stem.GetLength() == 4 && stem[3] >= u'1' && stem[3] <= u'9';
+    if (hasNumber)
+        stem = stem.Left(3);
+    constexpr std::u16string_view c_numbered[] = {u"com", u"lpt"};
+    constexpr std::u16string_view c_single[] = {u"con", u"prn", u"aux", u"nul"};
+    const auto isStem = [&stem](std::u16string_view device) {
+        return std::ranges::equal(stem.View(), device, {}, [](char16_t unit) { return ToSmall(unit); });
+    };
+    return hasNumber ? std::ranges::any_of(c_numbered, isStem) : std::ranges::any_of(c_single, isStem);
+}
+
 // Whether every system takes a name for that of a file in a folder.
 bool IsFileName(std::u16string_view name)
 {
     const bool isClean = std::ranges::none_of(name, [](char16_t unit) {
         return unit < u' ' || std::u16string_view(u"/\\:*?\"<>|").find(unit) != std::u16string_view::npos;
     });
-    return isClean && !TrimView(name).empty() && !name.starts_with(u'.') && !name.ends_with(u'.');
+    return isClean && !TrimView(name).empty() && !name.starts_with(u'.') && !name.ends_with(u'.') &&
+           !IsDevice(name);
 }
 
 // Another file than that of the path: a system that takes capitals for small letters finds the same one.

@@ -18,10 +18,20 @@ struct SGLStep {
 /// Reports an error that was read already.
 void ReportError(GLenum code, const SGLStep& step);
 
+/// The error that the driver keeps, which it then forgets; none where no context is current.
+inline GLenum TakeError()
+{
+#if defined(_WIN32) // where every call is an error then
+    if (!wglGetCurrentContext())
+        return GL_NO_ERROR;
+#endif
+    return glGetError();
+}
+
 /// OpenGLErrorMsg for the steps of the library itself: as long as nothing goes wrong no text is made.
 inline bool HasFailed(const SGLStep& step)
 {
-    const GLenum code = glGetError();
+    const GLenum code = TakeError();
     if (code == GL_NO_ERROR) [[likely]]
         return false;
     ReportError(code, step);

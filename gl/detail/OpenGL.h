@@ -2,6 +2,9 @@
 
 // OpenGL and GLU as the platform declares them.
 #if defined(_WIN32)
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
 #include <windows.h>
 #endif
 

@@ -38,6 +38,9 @@ T ParseWord(const std::string& option, const std::string& text,
     throw EUsage(option + ": \"" + text + "\" is none of " + known);
 }
 
+/// The path that an argument or a line of a file names, in UTF-8; elsewhere than on Windows in any bytes.
+std::filesystem::path ToPath(const std::string& text);
+
 /// The path that is given for an option, which has to be a text: some systems have names that are none.
 /// @throws EUsage
 std::filesystem::path ParsePath(const std::string& option, const std::string& text);

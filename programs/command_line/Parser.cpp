@@ -79,12 +79,12 @@ void CParser::TakeInput(const std::string& argument) const
     if ((!m_input && !m_inputs) || IsOption(argument))
         throw EUsage("there is no option \"" + argument + "\"");
     if (m_inputs) {
-        m_inputs->push_back(argument);
+        m_inputs->push_back(ToPath(argument));
         return;
     }
     if (!m_input->empty())
         throw EUsage("\"" + argument + "\" is one input too many");
-    *m_input = argument;
+    *m_input = ToPath(argument);
 }
 
 } // namespace CommandLine

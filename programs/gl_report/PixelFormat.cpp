@@ -1,5 +1,9 @@
 #include "programs/gl_report/PixelFormat.h"
 
+#if defined(_WIN32)
+#include <windows.h>
+#endif
+
 #include <cstdint>
 #include <initializer_list>
 
@@ -33,23 +37,27 @@ int AccumBits(const Offscreen::SPixelBits& bits)
 
 CommonUI::PIXELFORMATDESCRIPTOR MakePixelFormat(const Offscreen::SPixelBits& bits)
 {
-    return {.dwFlags = FlagsOf(bits),
-            .cColorBits = Byte(bits.red + bits.green + bits.blue),
-            .cRedBits = Byte(bits.red),
-            .cGreenBits = Byte(bits.green),
-            .cGreenShift = Byte(bits.red),
-            .cBlueBits = Byte(bits.blue),
-            .cBlueShift = Byte(bits.red + bits.green),
-            .cAlphaBits = Byte(bits.alpha),
-            .cAlphaShift = Byte(bits.red + bits.green + bits.blue),
-            .cAccumBits = Byte(AccumBits(bits)),
-            .cAccumRedBits = Byte(bits.accumRed),
-            .cAccumGreenBits = Byte(bits.accumGreen),
-            .cAccumBlueBits = Byte(bits.accumBlue),
-            .cAccumAlphaBits = Byte(bits.accumAlpha),
-            .cDepthBits = Byte(bits.depth),
-            .cStencilBits = Byte(bits.stencil),
-            .cAuxBuffers = Byte(bits.auxBuffers)};
+    CommonUI::PIXELFORMATDESCRIPTOR format{};
+    format.nSize = sizeof format;
+    format.nVersion = 1;
+    format.dwFlags = FlagsOf(bits);
+    format.cColorBits = Byte(bits.red + bits.green + bits.blue);
+    format.cRedBits = Byte(bits.red);
+    format.cGreenBits = Byte(bits.green);
+    format.cGreenShift = Byte(bits.red);
+    format.cBlueBits = Byte(bits.blue);
+    format.cBlueShift = Byte(bits.red + bits.green);
+    format.cAlphaBits = Byte(bits.alpha);
+    format.cAlphaShift = Byte(bits.red + bits.green + bits.blue);
+    format.cAccumBits = Byte(AccumBits(bits));
+    format.cAccumRedBits = Byte(bits.accumRed);
+    format.cAccumGreenBits = Byte(bits.accumGreen);
+    format.cAccumBlueBits = Byte(bits.accumBlue);
+    format.cAccumAlphaBits = Byte(bits.accumAlpha);
+    format.cDepthBits = Byte(bits.depth);
+    format.cStencilBits = Byte(bits.stencil);
+    format.cAuxBuffers = Byte(bits.auxBuffers);
+    return format;
 }
 
 SPixelAttributes MakePixelAttributes(const Offscreen::SPixelBits& bits)

@@ -5,6 +5,10 @@
 #include "gl/PixelFormatText.h"
 #include "programs/gl_report/PixelFormat.h"
 
+#if defined(_WIN32)
+#include <windows.h>
+#endif
+
 #include <utility>
 
 namespace GlReport

@@ -39,6 +39,10 @@ public:
     CContext(const CContext&) = delete;
     CContext& operator=(const CContext&) = delete;
 
+    /// A function of the driver, while the context lives.
+    /// @return null where there is none of this name
+    static void* FindFunction(const char* name);
+
     /// What the driver gave, which may be more than what was asked for.
     const SPixelBits& GetPixelBits() const { return m_bits; }
 

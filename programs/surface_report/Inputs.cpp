@@ -32,14 +32,6 @@ bool IsPattern(const fs::path& input)
     return input.filename().string().find_first_of("*?") != std::string::npos && !fs::exists(input, error);
 }
 
-// The path without links and dots, as far as it can be looked at.
-fs::path Canonical(const fs::path& path)
-{
-    std::error_code error;
-    fs::path canonical = fs::weakly_canonical(path, error);
-    return error ? path.lexically_normal() : canonical;
-}
-
 // A file, or what cannot be looked at, such as a link that leads nowhere.
 bool IsFileOrUnknown(const fs::directory_entry& entry)
 {
@@ -113,7 +105,7 @@ private:
     {
         std::string bytes;
         CStr reason;
-        if (!CommonUI::ReadFileBytes(fs::path(list).u16string(), bytes, bytes.max_size(), reason))
+        if (!CommonUI::ReadFileBytes(CommandLine::ToPath(list).u16string(), bytes, bytes.max_size(), reason))
             throw EUsage("@" + list + ": " + reason.ToUtf8());
         constexpr std::string_view c_byteOrderMark = "\xEF\xBB\xBF";
         std::istringstream lines(bytes.substr(bytes.starts_with(c_byteOrderMark) ? 3 : 0));
@@ -121,7 +113,7 @@ private:
             if (line.ends_with('\r'))
                 line.pop_back();
             if (!line.empty()) // not by way of UTF-16, in which names that are no UTF-8 get lost
-                AddEntry(std::u8string(line.begin(), line.end()));
+                AddEntry(CommandLine::ToPath(line));
         }
     }
     void AddMatching(const fs::path& pattern)
@@ -175,6 +167,13 @@ private:
 };
 
 } // namespace
+
+fs::path Canonical(const fs::path& path)
+{
+    std::error_code error;
+    fs::path canonical = fs::weakly_canonical(path, error);
+    return error ? path.lexically_normal() : canonical;
+}
 
 bool IsOneFile(const std::vector<fs::path>& inputs)
 {

@@ -3,6 +3,7 @@
 #include "programs/command_line/CommandLine.h"
 #include "programs/surface_report/FileReports.h"
 #include "programs/surface_report/FileTable.h"
+#include "programs/surface_report/Inputs.h"
 #include "programs/surface_report/RunState.h"
 
 #include <algorithm>
@@ -48,14 +49,14 @@ class CMerger
 public:
     // `output` is no input.
     explicit CMerger(const fs::path& output)
-        : m_output(fs::weakly_canonical(output))
+        : m_output(Canonical(output))
     {
     }
 
     void Add(const fs::path& folder)
     {
         const std::string option = "--merge: " + Quoted(folder);
-        if (fs::weakly_canonical(folder) == m_output)
+        if (Canonical(folder) == m_output)
             throw EUsage(option + " is the folder for the reports, and an input, too");
         SStoredRun run = ReadRun(folder / "report.state");
         std::erase_if(run.entries, [](const SStoredRun::SEntry& entry) { return !entry.place; });

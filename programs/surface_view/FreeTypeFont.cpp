@@ -1,10 +1,18 @@
 #include "programs/surface_view/FreeTypeFont.h"
 
+#if defined(_WIN32)
+#include <windows.h>
+#endif
+
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
+#include <string>
 
 namespace SurfaceView
 {
@@ -12,6 +20,7 @@ namespace SurfaceView
 using CommonUI::SSize;
 
 struct CFreeTypeFont::SFace {
+    std::string bytes{}; // of the file
     FT_Library library = nullptr;
     FT_Face face = nullptr;
 
@@ -48,6 +57,24 @@ struct CFreeTypeFont::SFace {
 namespace
 {
 
+// On Windows the font comes with the program and lies beside it.
+std::filesystem::path GetFontPath()
+{
+#if defined(_WIN32)
+    std::wstring program(std::size_t(1) << 15, L'\0'); // the longest path
+    program.resize(GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
+    return std::filesystem::path(program).parent_path() / SURFACE_VIEW_FONT;
+#else
+    return SURFACE_VIEW_FONT;
+#endif
+}
+
+std::string ReadFont()
+{
+    std::ifstream file(GetFontPath(), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 // Takes over the coverage of a glyph where it is more than what is there.
 void CopyGlyph(const FT_GlyphSlotRec_& glyph, int x, int baseline, SPixels& pixels)
 {
@@ -72,8 +99,10 @@ void CopyGlyph(const FT_GlyphSlotRec_& glyph, int x, int baseline, SPixels& pixe
 CFreeTypeFont::CFreeTypeFont()
     : m_face(std::make_unique<SFace>())
 {
+    m_face->bytes = ReadFont();
     if (FT_Init_FreeType(&m_face->library) != 0 ||
-        FT_New_Face(m_face->library, SURFACE_VIEW_FONT, 0, &m_face->face) != 0)
+        FT_New_Memory_Face(m_face->library, reinterpret_cast<const FT_Byte*>(m_face->bytes.data()),
+                           static_cast<FT_Long>(m_face->bytes.size()), 0, &m_face->face) != 0)
         throw std::runtime_error("the font " SURFACE_VIEW_FONT " cannot be read");
 }
 

@@ -1,5 +1,6 @@
 #include "settings/factory/FolderScan.h"
 
+#include "common/file/FileSystem.h"
 #include "common/PathText.h"
 #include "settings/factory/detail/FileMask.h"
 #include "settings/factory/detail/NameOrder.h"
@@ -54,7 +55,7 @@ public:
         SContent content;
         try {
             // Each folder once: links may lead in a circle.
-            if (!m_visited.insert(fs::canonical(ToPath(folder))).second)
+            if (!m_visited.insert(GetFileSystem().Resolve(ToPath(folder))).second)
                 return true;
             content = List(folder);
         } catch (const std::exception& error) {

@@ -70,19 +70,34 @@ TEST_F(InifileFile, WhatCannotBeSavedIsToldAndLeavesNothing)
     m_folder.Write("file", "k=1");
     m_folder.Write("protected", "k=1");
     fs::permissions(PathOf("protected"), fs::perms::owner_read);
+    std::vector<CStr> names{CStr(),
+                            NameOf("missing/x.ini"),
+                            NameOf("file/below"),
+                            CStr(m_folder.GetPath().u16string()),
+                            NameOf("protected"),
+                            CStr(u"/dev/null"),
+                            CStr(u"\xD800"),
+                            NameOf(std::string("file\0x", 6))};
+#if !defined(_WIN32) // where the library makes no links
     fs::create_symlink("loop", PathOf("loop"));
-    for (const CStr& name : {CStr(), NameOf("missing/x.ini"), NameOf("file/below"),
-                             CStr(m_folder.GetPath().u16string()), NameOf("protected"), NameOf("loop"),
-                             CStr(u"/dev/null"), CStr(u"\xD800"), NameOf(std::string("file\0x", 6))}) {
+    names.push_back(NameOf("loop"));
+#else
+    names.push_back(NameOf("x.ini:part"));
+    names.push_back(NameOf(std::string(300, 'x')));
+#endif
+    const std::size_t count = CountFiles();
+    for (const CStr& name : names) {
         CDiagnosticsCapture diagnostics;
         EXPECT_FALSE(IniOf("k=2").SaveCopy(name)) << name.ToUtf8();
         ASSERT_EQ(diagnostics.GetCount(), 1) << name.ToUtf8();
         const CStr line = diagnostics.Take()[0];
         EXPECT_TRUE(name.IsEmpty() || line.Find(name) == line.ReverseFind(name)) << line.ToUtf8();
     }
-    EXPECT_TRUE(m_folder.Read("file") == "k=1" && m_folder.Read("protected") == "k=1" && CountFiles() == 3);
+    EXPECT_TRUE(m_folder.Read("file") == "k=1" && m_folder.Read("protected") == "k=1" &&
+                CountFiles() == count);
 }
 
+#if !defined(_WIN32) // which has no limit for the size of files
 TEST_F(InifileFile, FullDiskKeepsTheOldFile)
 {
     m_folder.Write("a.ini", "k=1");
@@ -101,7 +116,9 @@ TEST_F(InifileFile, FullDiskKeepsTheOldFile)
         EXPECT_EQ(CountFiles(), 1u);
     }
 }
+#endif
 
+#if !defined(_WIN32) // whose files have no permissions of this kind
 TEST_F(InifileFile, LinksAndPermissionsStay)
 {
     m_folder.Write("data/real.ini", "k=1");
@@ -118,6 +135,7 @@ TEST_F(InifileFile, LinksAndPermissionsStay)
     EXPECT_TRUE(IniOf("k=3").SaveCopy(NameOf("dangling.ini")) && fs::is_symlink(PathOf("dangling.ini")));
     EXPECT_EQ(m_folder.Read("data/new.ini"), "k=3");
 }
+#endif
 
 TEST_F(InifileFile, WithoutMemoryNothingIsHalfDone)
 {

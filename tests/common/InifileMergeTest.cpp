@@ -143,8 +143,6 @@ TEST_F(InifileMerge, LocksOneAfterTheOther)
     m_folder.Write("~file.ini.lock", "process 1");
     EXPECT_TRUE(GetLockHolder(Name()).IsEmpty()) << "a process that was killed";
     EXPECT_TRUE(CFileLock(Name()).IsHeld());
-    FailToOpen({EACCES, ENOENT});
-    EXPECT_TRUE(CFileLock(Name()).IsHeld()) << "somebody else's, which went meanwhile";
     EXPECT_EQ(CountFiles(), 0u);
     const CFileLock nowhere((m_folder.GetPath() / "none" / "file").u16string());
     EXPECT_FALSE(nowhere.IsHeld() || nowhere.IsTaken());
@@ -197,6 +195,14 @@ TEST_F(InifileMerge, WhatOthersWriteIsUnknownNoMore)
     EXPECT_EQ(ini.GetBytes(), "a=instead\n");
 }
 
+#if !defined(_WIN32) // the calls of POSIX
+TEST_F(InifileMerge, LocksAfterSomebodyElsesWent)
+{
+    FailToOpen({EACCES, ENOENT});
+    EXPECT_TRUE(CFileLock(Name()).IsHeld());
+    EXPECT_EQ(CountFiles(), 0u);
+}
+
 TEST_F(InifileMerge, SignalsDoNotMatter)
 {
     CInifile ini = Part("a=1\n", "a=2\n", "a=1\nb=1\n");
@@ -215,6 +221,7 @@ TEST_F(InifileMerge, SignalsDoNotMatter)
     for (const auto& [call, count] : interrupted)
         EXPECT_GT(count, 0) << call;
 }
+#endif
 
 TEST_F(InifileMerge, WithoutMemoryNothingIsHalfDone)
 {

@@ -1,3 +1,5 @@
+#if !defined(_WIN32)
+
 #include "tests/common/InterruptedCalls.h"
 
 #include <array>
@@ -130,3 +132,5 @@ void FailToOpen(std::initializer_list<int> errors)
 {
     s_openErrors = errors;
 }
+
+#endif

@@ -62,6 +62,12 @@ private:
     std::mt19937_64 m_random{20240229};
 };
 
+// The C library's texts are exact there. Others differ in the last digits, and sign what has no sign.
+#if defined(__GLIBC__)
+#define COMMONUI_EXACT_PRINTF
+#endif
+
+#ifdef COMMONUI_EXACT_PRINTF
 std::string RandomFormat(CValues& random, std::string_view letters)
 {
     std::string format = "%";
@@ -88,6 +94,8 @@ long long Comparisons()
 {
     return std::getenv("COMMONUI_EXHAUSTIVE") ? 100'000'000 : 1'000'000;
 }
+
+#endif
 
 class NumberText : public CCommaLocaleTest
 {
@@ -128,6 +136,7 @@ protected:
 
 } // namespace
 
+#ifdef COMMONUI_EXACT_PRINTF
 TEST_F(NumberText, SpecialValuesInEveryFormat)
 {
     const double values[] = {0.0,     -0.0,     c_infinity, -c_infinity, c_nan,        -c_nan, 5e-324,
@@ -170,6 +179,7 @@ TEST_F(NumberText, RandomFormatsOfIntegers)
             Compare(format, parsed, static_cast<unsigned long long>(bits));
     }
 }
+#endif
 
 TEST_F(NumberText, ConversionOfTheOtherKind)
 {

@@ -81,7 +81,10 @@ public:
         Count();
         return m_system.TryLock(path, holder);
     }
-    bool IsLocked(const std::filesystem::path& path) override { return m_system.IsLocked(path); }
+    std::optional<std::string> FindHolder(const std::filesystem::path& path) override
+    {
+        return m_system.FindHolder(path);
+    }
     void Unlock(CFile lock, const std::filesystem::path& path) noexcept override
     {
         m_system.Unlock(lock, path);

@@ -8,7 +8,6 @@
 #include "tests/dialogs/DialogTesting.h"
 
 #include <atomic>
-#include <barrier>
 #include <functional>
 #include <future>
 #include <memory>
@@ -55,19 +54,21 @@ public:
     // The user interface is busy while the work does the first, waits for what that does and does the rest.
     void RunBusy(const FAct& first, const FAct& act, const FAct& rest)
     {
-        std::barrier both(2);
+        // Barriers and latches of some standard libraries lose calls to wake up.
+        std::promise<void> hasStarted;
+        std::promise<void> hasActed;
         unsigned long worker = 0;
         work = [&] {
             worker = GetThreadIdentifier();
             first();
-            both.arrive_and_wait();
-            both.arrive_and_wait();
+            hasStarted.set_value();
+            hasActed.get_future().wait();
             rest();
         };
         dialog->Create();
-        both.arrive_and_wait();
+        hasStarted.get_future().wait();
         act();
-        both.arrive_and_wait();
+        hasActed.set_value();
         while (PostToThread(worker, 0))
             std::this_thread::yield();
         EXPECT_TRUE(loop.RunUntil([&] { return !dialog->IsOpen(); }));

@@ -278,19 +278,21 @@ TEST(ResultPanel, FilesHoldWhatIsShown)
     }
     EXPECT_FALSE(panel.Save(EResultFile::Text)) << "cancelled";
 
-    const std::string before = folder.Read("results");
     CMemoryMessageBoxService boxes;
     const CServiceScope<CMessageBoxService> boxScope(boxes);
-    files.Prepare(path);
-    const CFullDisk disk(100);
-    EXPECT_FALSE(panel.Save(EResultFile::Html));
-    EXPECT_EQ(folder.Read("results"), before) << "stays whole";
-    ASSERT_EQ(boxes.GetShown().size(), 1U);
-    EXPECT_EQ(boxes.GetShown()[0].text.Find(path + u" cannot be written: "), 0U);
     panel.SetView(nullptr); // who draws the pages
     files.Prepare(path);
     EXPECT_FALSE(panel.Save(EResultFile::Pdf));
     EXPECT_EQ(boxes.GetShown().back().text, path + u" cannot be written: its pages could not be drawn");
+#if !defined(_WIN32) // which has no limit for the size of files
+    const std::string before = folder.Read("results");
+    files.Prepare(path);
+    const CFullDisk disk(100);
+    EXPECT_FALSE(panel.Save(EResultFile::Html));
+    EXPECT_EQ(folder.Read("results"), before) << "stays whole";
+    ASSERT_EQ(boxes.GetShown().size(), 2U);
+    EXPECT_EQ(boxes.GetShown()[1].text.Find(path + u" cannot be written: "), 0U);
+#endif
 }
 
 TEST(ResultLayout, WordsOfLaterVersionsStay)

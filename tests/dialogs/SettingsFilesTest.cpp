@@ -64,6 +64,8 @@ TEST_F(SettingsFiles, AreRenamedToWhatIsFree)
         {u" ", u"\" \" cannot be the name of a file."},
         {u"..", u"\"..\" cannot be the name of a file."},
         {u"a/b", u"\"a/b\" cannot be the name of a file."},
+        {u"Nul", u"\"Nul\" cannot be the name of a file."},
+        {u"com1 .x", u"\"com1 .x\" cannot be the name of a file."},
         {u"a\tb", u"\"a\tb\" cannot be the name of a file."},
         {u"taken", u"There is a file \"~/Custom Settings/taken.flt\" already. Please choose another name."},
     };

@@ -13,8 +13,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <condition_variable>
 #include <memory>
-#include <semaphore>
+#include <mutex>
 #include <vector>
 
 namespace CommonUI
@@ -45,12 +46,13 @@ protected:
                 names += leaf.GetValue().first + u"|";
         return names;
     }
-    /// The texts of the message boxes since the last call, with the test's folder as "~".
+    /// The texts of the message boxes since the last call, with the test's folder as "~" and one separator.
     std::vector<CStr> TakeBoxes()
     {
         std::vector<CStr> texts;
         for (; m_boxesSeen < m_boxes.GetShown().size(); ++m_boxesSeen)
-            texts.push_back(m_boxes.GetShown()[m_boxesSeen].text.Replace(Path(""), u"~/"));
+            texts.push_back(
+                m_boxes.GetShown()[m_boxesSeen].text.Replace(Path(""), u"~/").Replace(u"\\", u"/"));
         return texts;
     }
     static void WaitFor(const CCustomSettingsScan& scan)
@@ -93,26 +95,49 @@ public:
         return [state = m_state](const CSettingsFactory::SPlace& place, const FFolderFound& found) {
             ++state->searches;
             for (const std::vector<CStr>& names : {std::vector<CStr>{u"a"}, std::vector<CStr>{}}) {
-                state->answers.acquire();
+                state->answers.Acquire();
                 if (!found({names, {place.folder + (names.empty() ? u"2.flt" : u"1.flt")}}))
                     break;
             }
-            state->ended.release();
+            state->ended.Release();
         };
     }
-    void Answer(int count) { m_state->answers.release(count); }
+    void Answer(int count) { m_state->answers.Release(count); }
     /// Until so many searches have ended.
     void WaitForEnds(int count)
     {
         for (int i = 0; i < count; ++i)
-            m_state->ended.acquire();
+            m_state->ended.Acquire();
     }
     int GetSearches() const { return m_state->searches; }
 
 private:
+    // Those of some standard libraries lose calls to wake up.
+    class CSemaphore
+    {
+    public:
+        void Release(int count = 1)
+        {
+            const std::lock_guard lock(m_mutex);
+            m_count += count;
+            m_changed.notify_all();
+        }
+        void Acquire()
+        {
+            std::unique_lock lock(m_mutex);
+            m_changed.wait(lock, [this] { return m_count > 0; });
+            --m_count;
+        }
+
+    private:
+        std::mutex m_mutex;
+        std::condition_variable m_changed;
+        int m_count = 0;
+    };
+
     struct SState {
-        std::counting_semaphore<> answers{0};
-        std::counting_semaphore<> ended{0};
+        CSemaphore answers;
+        CSemaphore ended;
         std::atomic<int> searches = 0;
     };
     std::shared_ptr<SState> m_state = std::make_shared<SState>();

@@ -30,7 +30,7 @@ protected:
             CommonUI::Formats::ReadSurface(path, options);
         } catch (const CommonUI::Formats::EReadError& error) {
             const std::string message = error.what();
-            const std::string folder = GetPath().string() + '/';
+            const std::string folder = (GetPath() / "").string();
             return message.starts_with(folder) ? message.substr(folder.size()) : message;
         }
         return "no error";

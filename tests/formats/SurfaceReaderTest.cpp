@@ -104,6 +104,7 @@ TEST_F(SurfaceReader, RefusesBadFiles)
     EXPECT_EQ(ReadBad(GetPath() / "none.sdf"), "none.sdf: no such file");
     EXPECT_EQ(ReadBad(GetPath() / u8"a\n\u007F\u009Bé.sdf"), "a???é.sdf: no such file");
 
+#if !defined(_WIN32) // where a file has no holes unless it is asked for
     // A file with a hole, of more bytes than there is memory for, were it read before it is looked at.
     constexpr std::uintmax_t c_tooLarge = std::uintmax_t{1} << 43;
     m_folder.Write("a.sdf", "no surface");
@@ -114,6 +115,7 @@ TEST_F(SurfaceReader, RefusesBadFiles)
     m_folder.Write("a.sdf", c_sdf);
     std::filesystem::resize_file(GetPath() / "a.sdf", c_tooLarge);
     EXPECT_EQ(ReadBad(GetPath() / "a.sdf"), "a.sdf: there is not enough memory for the file");
+#endif
 #endif
     EXPECT_EQ(ReadBad(GetPath()), GetPath().string() + ": not a file");
 }

@@ -211,7 +211,7 @@ TEST_F(X3p, ChecksumsAreThoseOfMd5)
 {
     const SSurface zero{.points = 1, .lines = 1, .dx = 1, .dy = 1, .heights = {0}};
     m_folder.Write("z.x3p", WriteSurface(zero, EFormat::X3p, {}));
-    zip_t* const zip = zip_open((GetPath() / "z.x3p").c_str(), ZIP_RDONLY, nullptr);
+    zip_t* const zip = zip_open((GetPath() / "z.x3p").string().c_str(), ZIP_RDONLY, nullptr);
     ASSERT_TRUE(zip);
     std::string xml(4096, '\0');
     zip_file_t* const entry = zip_fopen(zip, "main.xml", 0);
@@ -316,9 +316,11 @@ TEST_F(X3p, RefusesHostileArchives)
     for (const std::string& archive : {more, less})
         ExpectRefused(WithField<std::uint32_t>(archive, c_data, c_size, 12),
                       "a.sdf: bindata/data.bin: the archive is damaged there");
+#if !defined(_WIN32) // where a file has no holes unless it is asked for
     m_folder.Write("a.sdf", good);
     std::filesystem::resize_file(GetPath() / "a.sdf", std::uintmax_t{1} << 43);
     EXPECT_EQ(ReadBad(GetPath() / "a.sdf"), "a.sdf: archives beyond 4 GiB are not supported");
+#endif
 }
 
 // Whatever a byte becomes, and wherever the file ends: the surface is refused, or read as something that

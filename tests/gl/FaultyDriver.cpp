@@ -1,3 +1,5 @@
+#if !defined(_WIN32)
+
 #include "tests/gl/FaultyDriver.h"
 
 #include <EGL/egl.h>
@@ -30,3 +32,5 @@ extern "C" GLenum glGetError()
         glEnable(GL_NONE);
     return driver();
 }
+
+#endif

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <GL/gl.h>
+#include "gl/detail/OpenGL.h"
 
 /// Stands between the library and the driver: glGetError of this program goes through it, so that a driver
 /// can be given faults that cannot be had otherwise.

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "common/Diagnostics.h"
+#include "gl/detail/OpenGL.h"
 #include "platform/memory/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "programs/offscreen/OffscreenContext.h"
 #include "tests/TestData.h"
 
-#include <GL/gl.h>
 #include <gtest/gtest.h>
 
 #include <array>

@@ -20,7 +20,10 @@ TEST(PixelFormatText, DescriptorsWithAllAndWithoutAnyFlags)
     const CStr full = PixelFormatDescriptorString(MakeFullDescriptor(), u"\n");
     EXPECT_EQ(full.ToUtf8() + "\n", ReadTestData("pixel-format-descriptor.txt"));
 
-    const CStr unknown = PixelFormatDescriptorString({.dwFlags = 0x2000, .iPixelType = 2}, u";");
+    PIXELFORMATDESCRIPTOR descriptor{};
+    descriptor.dwFlags = 0x2000;
+    descriptor.iPixelType = 2;
+    const CStr unknown = PixelFormatDescriptorString(descriptor, u";");
     EXPECT_TRUE(unknown.Contains(u";dwFlags          : ;iPixelType       : ;cColorBits"));
 }
 

@@ -64,13 +64,13 @@ TEST_F(ManyFiles, TableHasARowForEachAndStatistics)
 {
     WriteSurface("data/a.txt", 10);
     WriteSurface("data/below/a.txt", 30);
-    WriteSurface("other/c<b>.txt", 20);
+    WriteSurface("other/c&b.txt", 20);
     WriteSurface("other/d.dat", 90);
     m_temporary.Write("data/broken.txt", "nothing");
     m_temporary.Write("data/z.txt", "x [um] z [um]\n0 1\n1 2\n2 1\n");
-    EXPECT_EQ(Run("$folder/data $folder/oth* $folder/other/c?b>.t*t --out $out --parameters Sz,Sp"), 1)
+    EXPECT_EQ(Run("$folder/data $folder/oth* $folder/other/c?b.t*t --out $out --parameters Sz,Sp"), 1)
         << "a pattern that is a folder's matches no file";
-    EXPECT_EQ(Run("$folder/data $folder/other/c?b>.t*t --out $out --parameters Sz,Sp"), 1);
+    EXPECT_EQ(Run("$folder/data $folder/other/c?b.t*t --out $out --parameters Sz,Sp"), 1);
     EXPECT_TRUE(Has(m_err.str(), "surface_report: 2 of 5 files failed; report.txt says why\n"))
         << m_err.str();
     const std::string table = Table();
@@ -79,11 +79,11 @@ TEST_F(ManyFiles, TableHasARowForEachAndStatistics)
         << table;
     EXPECT_TRUE(HasRow("data/a.txt", "9.1667\t10\t")) << table;
     EXPECT_TRUE(HasRow("data/below/a.txt", "27.5\t30\t"));
-    EXPECT_TRUE(HasRow("other/c<b>.txt", "18.333\t20\t"));
+    EXPECT_TRUE(HasRow("other/c&b.txt", "18.333\t20\t"));
     EXPECT_TRUE(HasRow("data/z.txt", "\t\tit is a profile, and the table has parameters of surfaces"));
     EXPECT_TRUE(Has(table, "data/broken.txt\t\t\tnot a surface: ")) << table;
     EXPECT_TRUE(Has(table, "\r\nCount\t3\t3\r\n") && Has(table, "\r\nMean\t18.333\t20\r\n")) << table;
-    EXPECT_TRUE(Has(Read("report.html"), "other/c&lt;b&gt;.txt"));
+    EXPECT_TRUE(Has(Read("report.html"), "other/c&amp;b.txt"));
     EXPECT_FALSE(fs::exists(Out() / "data")) << "single reports are asked for by --each";
 }
 
@@ -147,7 +147,7 @@ TEST_F(ManyFiles, InterruptedRunLeavesWhatIsFinishedAndGoesOn)
     EXPECT_EQ(Table(), whole);
     // Taken over, not computed: a value that only the state has.
     state = Read("report.state");
-    const std::size_t end = state.find('\n', state.find("\t" + (m_folder / "data/7.txt").string()));
+    const std::size_t end = state.find('\n', WithSlashes(state).find("/7.txt\t"));
     const std::size_t value = state.rfind('\t', end) + 1;
     m_temporary.Write(Out() / "report.state", state.replace(value, end - value, "4472406533629990549"));
     ASSERT_EQ(Run("$folder/data --out $out --parameters Sz --resume"), 0);
@@ -185,16 +185,6 @@ TEST_F(ManyFiles, StateThatCannotBeWrittenIsToldAtTheEnd)
     EXPECT_EQ(SurfaceReport::RunProgram(arguments, m_out, err), 1);
 }
 
-TEST_F(ManyFiles, WhatIsNoRegularFileIsNotOpened)
-{
-    WriteSurface("a.txt", 10);
-    if (!fs::is_character_file("/dev/null"))
-        GTEST_SKIP() << "there is no device";
-    EXPECT_EQ(Run("/dev/null $folder/a.txt --out $out --parameters Sz"), 1);
-    EXPECT_TRUE(Has(Table(), "\r\n/dev/null\t\tit is no regular file\r\n")) << Table();
-    EXPECT_TRUE(HasRow("a.txt", "10\t"));
-}
-
 TEST_F(ManyFiles, ReportsOfFilesLeaveThoseOfTheTable)
 {
     WriteSurface("report", 10);
@@ -206,20 +196,6 @@ TEST_F(ManyFiles, ReportsOfFilesLeaveThoseOfTheTable)
     for (const char* name : {"report-2.html", "report-2.sheet.csv", "report.sheet-2.csv"})
         EXPECT_TRUE(fs::exists(Out() / name)) << name;
     EXPECT_TRUE(HasRow("report", "10\t"));
-}
-
-TEST_F(ManyFiles, LinkThatLeadsToItselfIsARow)
-{
-    WriteSurface("data/a.txt", 10);
-    std::error_code error;
-    fs::create_symlink("loop.sdf", m_folder / "data" / "loop.sdf", error);
-    if (error)
-        GTEST_SKIP() << "no links can be made";
-    EXPECT_EQ(Run("$folder/data --out $out --parameters Sz"), 1);
-    EXPECT_TRUE(HasRow("data/a.txt", "10\t")) << m_err.str();
-    EXPECT_TRUE(HasRow("data/loop.sdf", "\tthe file cannot be read"));
-    EXPECT_EQ(Run("$folder/data/loop.sdf $folder/data/a.txt --out $out --parameters Sz"), 1);
-    EXPECT_TRUE(HasRow("data/loop.sdf", "\tthe file cannot be read")) << m_err.str();
 }
 
 TEST_F(ManyFiles, ResumedRunReplacesTheReportsOfItsFiles)
@@ -252,14 +228,31 @@ TEST_F(ManyFiles, ResumedRunReplacesTheReportsOfItsFiles)
     EXPECT_NE(Read("s.txt.txt"), first) << "of another cut-off";
 }
 
+#if !defined(_WIN32) // which has no such devices, makes no links, and has names that are texts
+
+TEST_F(ManyFiles, WhatIsNoRegularFileIsNotOpened)
+{
+    WriteSurface("a.txt", 10);
+    EXPECT_EQ(Run("/dev/null $folder/a.txt --out $out --parameters Sz"), 1);
+    EXPECT_TRUE(Has(Table(), "\r\n/dev/null\t\tit is no regular file\r\n")) << Table();
+    EXPECT_TRUE(HasRow("a.txt", "10\t"));
+}
+
+TEST_F(ManyFiles, LinkThatLeadsToItselfIsARow)
+{
+    WriteSurface("data/a.txt", 10);
+    fs::create_symlink("loop.sdf", m_folder / "data" / "loop.sdf");
+    EXPECT_EQ(Run("$folder/data --out $out --parameters Sz"), 1);
+    EXPECT_TRUE(HasRow("data/a.txt", "10\t")) << m_err.str();
+    EXPECT_TRUE(HasRow("data/loop.sdf", "\tthe file cannot be read"));
+    EXPECT_EQ(Run("$folder/data/loop.sdf $folder/data/a.txt --out $out --parameters Sz"), 1);
+    EXPECT_TRUE(HasRow("data/loop.sdf", "\tthe file cannot be read")) << m_err.str();
+}
+
 TEST_F(ManyFiles, NamesThatAreNoUtf8AreTwoRows)
 {
-    try {
-        WriteSurface("data/x\xFF.txt", 10);
-        WriteSurface("data/x\xFE.txt", 20);
-    } catch (const std::exception&) {
-        GTEST_SKIP() << "no such names";
-    }
+    WriteSurface("data/x\xFF.txt", 10);
+    WriteSurface("data/x\xFE.txt", 20);
     m_temporary.Write("list", (m_folder / "data/x\xFF.txt").string() + "\n" + (m_folder / "data").string());
     ASSERT_EQ(Run("@$folder/list --out $out --parameters Sz"), 0) << m_err.str();
     const std::string table = Table();
@@ -270,3 +263,5 @@ TEST_F(ManyFiles, NamesThatAreNoUtf8AreTwoRows)
     EXPECT_EQ(Table(), table);
     EXPECT_EQ(m_temporary.Read(m_folder / "whole" / "report.txt"), table);
 }
+
+#endif

@@ -27,7 +27,7 @@ protected:
         m_temporary.Write(name, bytes);
         return m_folder / name;
     }
-    std::string BytesOf(const fs::path& file) const { return m_temporary.Read(file); }
+    std::string BytesOf(const fs::path& file) const { return m_temporary.Read(fs::absolute(file)); }
 };
 
 bool IsSame(double left, double right)
@@ -71,8 +71,10 @@ TEST_F(Save, InputIsReplacedWhereThatIsAsked)
     fs::copy_file(c_sample, input);
     EXPECT_EQ(Report(input, {"--save", input.string()}), 1);
     EXPECT_EQ(BytesOf(input), BytesOf(c_sample));
+#if !defined(_WIN32) // its standard library makes no links
     fs::create_symlink(input, m_folder / "link.sdf");
     EXPECT_EQ(Report(input, {"--save", (m_folder / "link.sdf").string()}), 1) << "the same file";
+#endif
     ASSERT_EQ(Report(input, {"--save", input.string(), "--replace-input", "--level", "mean"}), 0)
         << m_err.str();
     EXPECT_NE(BytesOf(input), BytesOf(c_sample));

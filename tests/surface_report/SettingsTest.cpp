@@ -78,7 +78,7 @@ TEST_F(Settings, UsesAreRememberedInThePreferencesFile)
     m_temporary.Write(file, "[Filter]\nKind=Mean\n");
     Report(keep);
     EXPECT_FALSE(Has(m_temporary.Read(m_preferences), "[SettingsFactory]"));
-    std::ofstream(m_preferences, std::ios::app) << "[Theirs]\nkey = kept\n";
+    std::ofstream(m_preferences, std::ios::app | std::ios::binary) << "[Theirs]\nkey = kept\n";
 
     Apply("Filter[Id(84)] --settings PlaneCorr[Id(4)] --settings Filter[File($folder/my.flt)]" + keep);
     const CTexts expected = {u"FILE:" + CommonUI::CStr(file.u16string()),

@@ -143,6 +143,7 @@ TEST_F(ReportProgram, WhatCannotBeDoneIsSaidInOneLineAndNothingIsWritten)
     }
 }
 
+#if !defined(_WIN32) // whose names are texts
 TEST_F(ReportProgram, PathsThatAreNoTextAreRefusedByName)
 {
     for (const std::string option : {"--out", "--preferences", "--settings-folder"}) {
@@ -153,6 +154,7 @@ TEST_F(ReportProgram, PathsThatAreNoTextAreRefusedByName)
         EXPECT_FALSE(fs::exists(m_folder / "made")) << "no folder is left behind";
     }
 }
+#endif
 
 TEST_F(ReportProgram, HelpIsGivenWhateverStandsBesideIt)
 {
@@ -166,8 +168,12 @@ TEST_F(ReportProgram, NothingOfAFileCommandsTheTerminal)
 {
     const std::string hostile = "\x1B[2J\x7F\xC2\x9B"
                                 "1m\xFF";
+#if defined(_WIN32) // where no name has control characters
+    const std::string goodName = "c.txt";
+#else
     const std::string goodName = "\x1B"
                                  "c\x7F.txt";
+#endif
     const std::string good = (m_folder / goodName).string();
     const std::string bad = (m_folder / "bad.txt").string();
     const std::string out = Out().string();
@@ -197,7 +203,7 @@ TEST_F(ReportProgram, ChoicesAreKept)
     const std::string before = Report(keep);
     EXPECT_TRUE(Has(before, "Sa, Arithmetical Mean Height\t209.35\tnm\r\n"));
     EXPECT_FALSE(Has(before, "Percentile"));
-    std::ofstream(file, std::ios::app) << "[Theirs]\nkey = kept\n";
+    std::ofstream(file, std::ios::app | std::ios::binary) << "[Theirs]\nkey = kept\n";
 
     const std::string changed =
         Report(keep + "--set Sa=off --set Sq.unit=um --set Sq.format=Digits:4 --set Fractile=on:90 "

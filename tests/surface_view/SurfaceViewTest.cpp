@@ -1,4 +1,5 @@
 #include "programs/surface_view/Program.h"
+#include "view/detail/OpenGL.h"
 
 #include "programs/surface_view/ColorTable.h"
 #include "programs/surface_view/FreeTypeFont.h"
@@ -7,7 +8,6 @@
 #include "view/Drawing.h"
 #include "view/StackDepths.h"
 
-#include <GL/gl.h>
 #include <gtest/gtest.h>
 #include <png.h>
 

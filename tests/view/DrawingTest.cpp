@@ -4,12 +4,11 @@
 #include "programs/offscreen/OffscreenContext.h"
 #include "tests/view/PlainFont.h"
 #include "view/ColorTexture.h"
+#include "view/detail/OpenGL.h"
 #include "view/DetailLevels.h"
 #include "view/MeshBuffers.h"
 #include "view/StackDepths.h"
 
-#define GL_GLEXT_PROTOTYPES
-#include <GL/gl.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -67,17 +66,19 @@ TEST(Drawing, WhatTheDriverKeepsGivesTheSamePictureAndIsNotSentAgain)
     if (!context)
         GTEST_SKIP() << reason;
     CommonUI::CTableGLEntryPoints functions;
-    functions.Set("glGenBuffers", glGenBuffers);
-    functions.Set("glDeleteBuffers", glDeleteBuffers);
-    functions.Set("glBindBuffer", glBindBuffer);
-    functions.Set("glBufferData", glBufferData);
+    for (const char* const name : {"glGenBuffers", "glDeleteBuffers", "glBindBuffer", "glBufferData"})
+        functions.Set(name, reinterpret_cast<void (*)()>(Offscreen::CContext::FindFunction(name)));
     const CPlainFont font;
     const SScene scene = MakeScene(font, 4);
     SFrameWork sent;
     const auto expected = PictureOf(scene, font, {}, sent);
 
     const CColorTexture texture(scene.colors);
-    const CMeshBuffers without(scene.mesh); // the library offers no functions for buffers yet
+    CommonUI::CTableGLEntryPoints none;
+    const CMeshBuffers without = [&] {
+        const CommonUI::CServiceScope<CommonUI::CGLEntryPoints> scope(none);
+        return CMeshBuffers(scene.mesh);
+    }();
     EXPECT_FALSE(without.IsKept());
     const CommonUI::CServiceScope<CommonUI::CGLEntryPoints> scope(functions);
     const CMeshBuffers mesh(scene.mesh);

@@ -3,8 +3,8 @@
 #include "gl/GLUtils.h"
 #include "programs/offscreen/OffscreenContext.h"
 #include "tests/view/Looks.h"
+#include "view/detail/OpenGL.h"
 
-#include <GL/gl.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -37,11 +37,11 @@ TEST(View, BlockThatTurnsFitsFromEverySide)
     double reach = 0; // of the corners from the middle, in half heights
     for (const SLook& look : c_looks) {
         const SView view = CenterView(c_box, look.direction, look.orthographic, viewport, 1);
-        const SView near = CenterView(c_box, look.direction, look.orthographic, viewport, 2);
+        const SView twice = CenterView(c_box, look.direction, look.orthographic, viewport, 2);
         for (const SPoint& corner : CornersOf(c_box)) {
             const SPixel pixel = view.Project(corner);
             reach = std::max(reach, std::hypot(pixel.x - 500, pixel.y - 250) / 200);
-            EXPECT_NEAR(near.Project(corner).y - 250, 2 * (pixel.y - 250), 1e-6);
+            EXPECT_NEAR(twice.Project(corner).y - 250, 2 * (pixel.y - 250), 1e-6);
         }
     }
     EXPECT_LT(reach, 1);

@@ -42,7 +42,13 @@ inline std::filesystem::path ToFilePath(const CStr& fileName)
     // To the system the name would end there: that of another file.
     if (fileName.Find(u'\0') != CStr::npos)
         Refuse("the name has a character U+0000", std::errc::invalid_argument);
-    return ToPath(fileName);
+    std::filesystem::path path = ToPath(fileName);
+#if defined(_WIN32)
+    // What stands behind it would be a part of a file, which nothing but this system knows.
+    if (path.filename().native().find(L':') != std::wstring::npos)
+        Refuse("the name has a colon", std::errc::invalid_argument);
+#endif
+    return path;
 }
 
 /// Runs `work` and returns whether it came to its end; else why not.

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
-
-struct evp_md_ctx_st;
 
 namespace CommonUI::Formats
 {
@@ -24,10 +24,13 @@ public:
     std::string Finish();
 
 private:
-    void Require(int success) const;
+    struct SState; // of the library that computes it
+
+    [[noreturn]] void Refuse() const;
+    static std::string ToHexadecimal(std::span<const unsigned char> digest);
 
     EDigest m_kind;
-    evp_md_ctx_st* m_context;
+    std::unique_ptr<SState> m_state;
 };
 
 /// The MD5 checksum of bytes that are at hand.

@@ -1,8 +1,10 @@
+#if !defined(_WIN32)
+
 #include "programs/offscreen/OffscreenContext.h"
+#include "programs/offscreen/PixelBits.h"
 
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
-#include <GL/gl.h>
 
 #include <array>
 #include <cstring>
@@ -122,30 +124,6 @@ EGLSurface CreateSurface(EGLDisplay display, EGLConfig config, EGLint width, EGL
     return eglCreatePbufferSurface(display, config, size.data());
 }
 
-int GetInteger(GLenum name)
-{
-    GLint value = 0;
-    glGetIntegerv(name, &value);
-    return value;
-}
-
-SPixelBits ReadPixelBits()
-{
-    return {.red = GetInteger(GL_RED_BITS),
-            .green = GetInteger(GL_GREEN_BITS),
-            .blue = GetInteger(GL_BLUE_BITS),
-            .alpha = GetInteger(GL_ALPHA_BITS),
-            .depth = GetInteger(GL_DEPTH_BITS),
-            .stencil = GetInteger(GL_STENCIL_BITS),
-            .accumRed = GetInteger(GL_ACCUM_RED_BITS),
-            .accumGreen = GetInteger(GL_ACCUM_GREEN_BITS),
-            .accumBlue = GetInteger(GL_ACCUM_BLUE_BITS),
-            .accumAlpha = GetInteger(GL_ACCUM_ALPHA_BITS),
-            .auxBuffers = GetInteger(GL_AUX_BUFFERS),
-            .doubleBuffered = GetInteger(GL_DOUBLEBUFFER) != 0,
-            .stereo = GetInteger(GL_STEREO) != 0};
-}
-
 } // namespace
 
 std::unique_ptr<CContext> CContext::Make(int width, int height, std::string& reason)
@@ -172,6 +150,11 @@ std::unique_ptr<CContext> CContext::Make(int width, int height, std::string& rea
     return std::unique_ptr<CContext>(new CContext(std::move(handles)));
 }
 
+void* CContext::FindFunction(const char* name)
+{
+    return reinterpret_cast<void*>(eglGetProcAddress(name));
+}
+
 CContext::CContext(std::unique_ptr<SHandles> handles)
     : m_handles(std::move(handles))
     , m_bits(ReadPixelBits())
@@ -181,3 +164,5 @@ CContext::CContext(std::unique_ptr<SHandles> handles)
 CContext::~CContext() = default;
 
 } // namespace Offscreen
+
+#endif
