@@ -54,13 +54,12 @@ TEST(SizerLayout, GrowsWithTextsAndFonts)
     form.window.show();
     const int width = form.window.width();
     form.ok->setText(QStringLiteral("Ein sehr viel längerer Text, der nicht abgeschnitten wird"));
-    QCoreApplication::processEvents();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form.window.width() > width; }))
+        << "no window is smaller than its controls need";
     EXPECT_GE(form.ok->width(), form.ok->minimumSizeHint().width());
-    EXPECT_GT(form.window.width(), width) << "no window is smaller than its controls need";
     QFont font = form.window.font();
     font.setPointSize(2 * font.pointSize());
     form.window.setFont(font);
-    QCoreApplication::processEvents();
-    EXPECT_GE(form.ok->width(), form.ok->minimumSizeHint().width());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form.ok->width() >= form.ok->minimumSizeHint().width(); }));
     EXPECT_GE(form.edit->height(), form.edit->minimumSizeHint().height());
 }
