@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <limits>
 
 namespace Workbench
 {
@@ -179,7 +180,8 @@ SChart CProfilePane::MakeChart(const std::vector<SMark>& profiles) const
                  .x = {.name = u"x", .range = {0, 1}, .isLength = true},
                  .y = {.name = u"z", .range = {0, 1}, .isLength = true}};
     double longest = 0;
-    CRange<double> heights{INFINITY, -INFINITY};
+    constexpr double c_none = std::numeric_limits<double>::infinity();
+    CRange<double> heights{c_none, -c_none};
     for (const SMark& mark : profiles) {
         const SLineProfile profile = ProfileOf(m_editor->GetSurface(), mark);
         SChartLine line{.name = NameOf(mark), .color = mark.number - 1};
