@@ -12,8 +12,8 @@ namespace CommonUI::Measurement
 class COMMONUIMEASUREMENT_API CPreviewSize
 {
 public:
-    static constexpr std::size_t c_smallest = 64;
-    static constexpr std::size_t c_largest = 1024;
+    COMMONUI_CONSTANT std::size_t c_smallest = 64;
+    COMMONUI_CONSTANT std::size_t c_largest = 1024;
 
     /// The time in seconds that a preview should take.
     void SetTarget(double seconds) noexcept { m_target = seconds; }

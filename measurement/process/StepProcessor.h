@@ -27,7 +27,7 @@ class COMMONUIMEASUREMENT_API CStepProcessor
 {
 public:
     /// How many results are kept, so that their memory is that of so many surfaces.
-    static constexpr std::size_t c_mostKept = 4;
+    COMMONUI_CONSTANT std::size_t c_mostKept = 4;
     using FIsWanted = std::function<bool()>;
 
     /// @param original as it was read

@@ -28,7 +28,7 @@ public:
     using FPrepare = std::function<CBackgroundSteps::FShow(const SProcessed&, bool isPreview)>;
 
     /// How long a number has to stay what it is before the whole surface is computed, in ms.
-    static constexpr unsigned c_restTime = 250;
+    COMMONUI_CONSTANT unsigned c_restTime = 250;
 
     CSurfaceProcessing(std::shared_ptr<const SInput> original, const FPrepare& prepare);
     ~CSurfaceProcessing();

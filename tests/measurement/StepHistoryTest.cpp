@@ -205,10 +205,12 @@ TEST(StepSequence, IsReadAsItWasSaved)
     const std::string set = folder.Read("mine step 1-2.flt");
     ASSERT_NE(set, "");
     history.Edit(mean, EStepNumber::Rows, 9);
+#if !defined(_WIN32) // which has no limit for the size of files
     {
         const CFullDisk disk(sequence.size() / 2);
         EXPECT_THROW(SaveSequence(history.GetSteps(), path), ERequest);
     }
+#endif
     EXPECT_EQ(folder.Read("mine.batch"), sequence);
     EXPECT_EQ(folder.Read("mine step 1-2.flt"), set);
     EXPECT_EQ(countFiles(), 4);

@@ -122,7 +122,7 @@ TEST_F(Documents, TemplateOfSeveralMeasurementsIsOneDocumentOfManyFiles)
                                "GrainTable\n";
     const std::string options = "--parameters Sz,Smean ";
     const auto caption = [this](const char* name) {
-        return (m_folder / "data" / name).string() + ": Surface\n";
+        return (fs::path(m_folder.string() + "/data") / name).string() + ": Surface\n";
     };
     EXPECT_EQ(RunTemplate("Scope=Batch\nTitle=All\n" + blocks, options, "$folder/data"), 1);
     const std::string shown = "All\nRoughness parameters\nRoughness statistics (4 measurements)\n";
