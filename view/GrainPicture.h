@@ -24,6 +24,21 @@ struct SGrainColors {
 std::vector<std::uint32_t> DrawGrains(const CommonUI::Analysis::SGrainMap& map, const SGrainColors& colors,
                                       std::uint32_t chosen, const CMapPlace& place, int scale);
 
+/// Some of the points of a surface.
+struct SGridPart {
+    std::size_t column = 0; ///< the first
+    std::size_t line = 0;
+    std::size_t points = 0; ///< of each line
+    std::size_t lines = 0;
+
+    friend bool operator==(const SGridPart&, const SGridPart&) = default;
+};
+
+/// The same of a part of the points, as a picture of a size: its first row is that of the first line.
+std::vector<std::uint32_t> DrawGrains(const CommonUI::Analysis::SGrainMap& map, const SGrainColors& colors,
+                                      std::uint32_t chosen, const SGridPart& part, std::size_t width,
+                                      std::size_t height);
+
 /// The grain at a point; 0 for none.
 std::uint32_t FindGrain(const CommonUI::Analysis::SGrainMap& map, const CMapPlace& place,
                         const SMapPoint& point);

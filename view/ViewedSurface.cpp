@@ -43,6 +43,7 @@ MakeViewedSurface(const std::filesystem::path& path,
     if (range.count > 0 && surface.points >= 2 && surface.lines >= 2) {
         viewed->box = MakeBox(surface, 0);
         viewed->levels = MakeDetailLevels(surface, *viewed->box);
+        viewed->tree = CHeightTree(surface);
     }
     viewed->input = std::move(input);
     return viewed;

@@ -2,6 +2,7 @@
 
 #include "measurement/ApplySteps.h"
 #include "view/DetailLevels.h"
+#include "view/HeightTree.h"
 
 #include <filesystem>
 #include <memory>
@@ -21,6 +22,7 @@ struct SViewedSurface {
     std::optional<CommonUI::CRange<double>> heights{};
     std::optional<SBox> box{}; ///< empty where there is nothing to see in three dimensions
     std::vector<SMesh> levels{};
+    CHeightTree tree{};
 
     const CommonUI::Analysis::SSurface& GetSurface() const { return input->surface; }
 };

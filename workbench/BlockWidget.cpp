@@ -3,8 +3,10 @@
 #include "platform/MessageBoxService.h"
 #include "qt/QtText.h"
 #include "view/ColorTexture.h"
+#include "view/GrainTexture.h"
 #include "view/MeshBuffers.h"
 #include "view/StackDepths.h"
+#include "workbench/analyze/GrainOverlay.h"
 #include "workbench/GLService.h"
 #include "workbench/Texts.h"
 
@@ -17,6 +19,7 @@
 #include <cmath>
 #include <numbers>
 #include <stdexcept>
+#include <utility>
 
 namespace Workbench
 {
@@ -34,7 +37,8 @@ constexpr double c_greatestZoom = 50;
 constexpr double c_keyStep = 5;   // degrees
 constexpr double c_keyPan = 0.05; // of the view
 constexpr double c_degreesPerPixel = 0.4;
-constexpr int c_restTime = 200; // ms
+constexpr int c_restTime = 200;    // ms
+constexpr double c_clickReach = 4; // pixels
 
 SColor ToColor(const QColor& color)
 {
@@ -134,6 +138,17 @@ void CBlockWidget::SetColors(std::vector<SColor> table)
     update();
 }
 
+void CBlockWidget::SetGrains(std::shared_ptr<const CommonUI::Measurement::SFoundGrains> grains,
+                             std::uint32_t chosen)
+{
+    if (grains == m_grains && chosen == m_chosenGrain)
+        return;
+    m_grains = std::move(grains);
+    m_chosenGrain = chosen;
+    m_grainSide = 0;
+    Move();
+}
+
 void CBlockWidget::SetLook(const SBlockLook& look)
 {
     m_look = look;
@@ -212,6 +227,8 @@ void CBlockWidget::DropBuffers()
     CGLService service;
     const CommonUI::CServiceScope<CommonUI::CGLEntryPoints> scope(service);
     m_texture.reset();
+    m_grainTexture.reset();
+    m_grainSide = 0;
     for (auto& buffer : m_buffers)
         buffer.reset();
     doneCurrent();
@@ -264,6 +281,23 @@ void CBlockWidget::paintGL()
     }
 }
 
+// The outlines are about as wide as in maps.
+void CBlockWidget::UpdateGrains()
+{
+    const CommonUI::SRect& viewport = m_scene.layout.view.viewport;
+    const double side = std::max(viewport.GetWidth(), viewport.GetHeight()) / devicePixelRatioF();
+    if (side == m_grainSide)
+        return;
+    m_grainSide = side;
+    m_grainTexture.reset();
+    if (!m_grains || m_grains->map.labels.empty())
+        return;
+    const CommonUI::Analysis::SGrainMap& map = m_grains->map;
+    m_grainTexture = std::make_unique<SurfaceView::CGrainTexture>(
+        map, GetGrainColors(palette()), m_chosenGrain,
+        SurfaceView::SGridPart{.points = map.points, .lines = map.lines}, static_cast<std::size_t>(side));
+}
+
 void CBlockWidget::DrawFrame()
 {
     QElapsedTimer timer;
@@ -282,9 +316,10 @@ void CBlockWidget::DrawFrame()
     m_scene.eye = m_direction.ToEye();
     m_scene.layout = SurfaceView::MakeLayout(m_scene.box, m_direction, m_look.isParallel, {}, size,
                                              std::max(1, qRound(ratio)), m_font, m_framing);
+    UpdateGrains();
     const SurfaceView::SStackDepths before = SurfaceView::ReadStackDepths();
-    const SurfaceView::SFrameWork work =
-        SurfaceView::Draw(m_scene, size, m_font, {m_buffers[level].get(), m_texture.get()});
+    const SurfaceView::SFrameWork work = SurfaceView::Draw(
+        m_scene, size, m_font, {m_buffers[level].get(), m_texture.get(), m_grainTexture.get()});
     SurfaceView::CheckRestored(before, SurfaceView::ReadStackDepths());
     // A driver may go on drawing after its functions have returned.
     context()->functions()->glFinish();
@@ -298,8 +333,10 @@ void CBlockWidget::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::FontChange)
         m_font.SetFont(font());
-    if (event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::PaletteChange) {
         UpdateSurroundings();
+        m_grainSide = 0;
+    }
     QOpenGLWidget::changeEvent(event);
     update();
 }
@@ -307,6 +344,30 @@ void CBlockWidget::changeEvent(QEvent* event)
 void CBlockWidget::mousePressEvent(QMouseEvent* event)
 {
     m_dragged = event->position().toPoint();
+    const bool mayClick = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+    m_pressed = mayClick ? std::optional(event->position()) : std::nullopt;
+}
+
+void CBlockWidget::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!m_pressed || event->button() != Qt::LeftButton)
+        return;
+    const QPointF at = *std::exchange(m_pressed, std::nullopt);
+    if ((event->position() - at).manhattanLength() <= c_clickReach)
+        Q_EMIT Clicked(FindPlace(event->position()));
+}
+
+std::optional<SurfaceView::SMapPoint> CBlockWidget::FindPlace(const QPointF& at) const
+{
+    const double ratio = devicePixelRatioF();
+    const SurfaceView::SPixel pixel{.x = at.x() * ratio, .y = (height() - at.y()) * ratio};
+    const SurfaceView::SBox& box = m_scene.box;
+    const auto hit =
+        m_surface->tree.FindHit(m_surface->GetSurface(), box, m_scene.layout.view.Unproject(pixel));
+    if (!hit || !hit->isOutside || m_scene.eye.z < 0) // from below the bottom is seen
+        return {};
+    return SurfaceView::SMapPoint{.x = (hit->place.x / box.x + 1) / 2 * box.width,
+                                  .y = (hit->place.y / box.y + 1) / 2 * box.depth};
 }
 
 void CBlockWidget::mouseMoveEvent(QMouseEvent* event)

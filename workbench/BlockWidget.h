@@ -1,8 +1,10 @@
 #pragma once
 
+#include "measurement/Results.h"
 #include "settings/preferences/PreferencesData.h"
 #include "view/DetailLevels.h"
 #include "view/Drawing.h"
+#include "view/MapPlace.h"
 #include "view/ViewedSurface.h"
 #include "workbench/LabelFont.h"
 
@@ -16,6 +18,7 @@
 namespace SurfaceView
 {
 class CColorTexture;
+class CGrainTexture;
 class CMeshBuffers;
 } // namespace SurfaceView
 
@@ -58,6 +61,10 @@ public:
     /// @param target the time in seconds that a picture should take while the block moves
     void SetDriver(CommonUI::E3DAccelerationMode mode, double target);
     void SetColors(std::vector<CommonUI::SColor> table);
+    /// Marks grains.
+    /// @param grains of all points of the surface, though the block may show fewer; null for none
+    /// @param chosen a grain, or 0
+    void SetGrains(std::shared_ptr<const CommonUI::Measurement::SFoundGrains> grains, std::uint32_t chosen);
     void SetLook(const SBlockLook& look);
     const SBlockLook& GetLook() const noexcept { return m_look; }
     void Zoom(double factor);
@@ -66,6 +73,8 @@ public:
     const SurfaceView::SFraming& GetFraming() const noexcept { return m_framing; }
     /// Turns the block, as dragging does.
     void Turn(double around, double above);
+    /// The place of the surface that is seen at a place of the widget.
+    std::optional<SurfaceView::SMapPoint> FindPlace(const QPointF& at) const;
     /// The last picture that was drawn.
     const SFrame& GetFrame() const noexcept { return m_frame; }
 
@@ -76,6 +85,8 @@ Q_SIGNALS:
     /// The view cannot be drawn, and says why in a sentence. It stays as it is.
     void Failed(const QString& reason);
     void LookChanged();
+    /// The user has clicked on a place of the surface, or on none.
+    void Clicked(const std::optional<SurfaceView::SMapPoint>& place);
 
 protected:
     void initializeGL() override;
@@ -83,6 +94,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -95,6 +107,7 @@ private:
     void MovePan(double right, double down);
     void MoveLight(double around, double above);
     void DrawFrame();
+    void UpdateGrains();
     void UpdateSurroundings();
 
     std::shared_ptr<const SurfaceView::SViewedSurface> m_surface;
@@ -108,10 +121,15 @@ private:
     CLabelFont m_font;
     std::vector<std::unique_ptr<SurfaceView::CMeshBuffers>> m_buffers; // of the levels that were drawn
     std::unique_ptr<SurfaceView::CColorTexture> m_texture;
+    std::shared_ptr<const CommonUI::Measurement::SFoundGrains> m_grains;
+    std::uint32_t m_chosenGrain = 0;
+    std::unique_ptr<SurfaceView::CGrainTexture> m_grainTexture;
+    double m_grainSide = 0; // the pixels that it was made for; 0 when there is to be another one
     bool m_hasFailed = false;
     bool m_isMoving = false;
     QTimer m_rest; // ticks when nothing has moved for a while
     QPoint m_dragged;
+    std::optional<QPointF> m_pressed; // where the button went down that may become a click
     SFrame m_frame;
 };
 
