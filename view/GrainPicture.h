@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/grain/Grains.h"
+#include "view/GridPart.h"
 #include "view/MapPlace.h"
 
 #include <cstdint>
@@ -23,16 +24,6 @@ struct SGrainColors {
 /// @param chosen a grain, or 0
 std::vector<std::uint32_t> DrawGrains(const CommonUI::Analysis::SGrainMap& map, const SGrainColors& colors,
                                       std::uint32_t chosen, const CMapPlace& place, int scale);
-
-/// Some of the points of a surface.
-struct SGridPart {
-    std::size_t column = 0; ///< the first
-    std::size_t line = 0;
-    std::size_t points = 0; ///< of each line
-    std::size_t lines = 0;
-
-    friend bool operator==(const SGridPart&, const SGridPart&) = default;
-};
 
 /// The same of a part of the points, as a picture of a size: its first row is that of the first line.
 std::vector<std::uint32_t> DrawGrains(const CommonUI::Analysis::SGrainMap& map, const SGrainColors& colors,

@@ -36,24 +36,17 @@ double Dot(const SPoint& a, const SPoint& b)
 class CPlaces
 {
 public:
-    CPlaces(const SSurface& surface, const SBox& box)
-        : m_surface(surface)
-        , m_box(box)
-        , m_stepX(2 * box.x / static_cast<double>(surface.points - 1))
-        , m_stepY(2 * box.y / static_cast<double>(surface.lines - 1))
+    CPlaces(std::size_t points, std::size_t lines, const SBox& box)
+        : m_box(box)
+        , m_stepX(2 * box.x / static_cast<double>(points - 1))
+        , m_stepY(2 * box.y / static_cast<double>(lines - 1))
     {
     }
     double X(std::size_t column) const { return static_cast<double>(column) * m_stepX - m_box.x; }
     double Y(std::size_t line) const { return static_cast<double>(line) * m_stepY - m_box.y; }
     double Z(double height) const { return m_box.PlaceHeight(height); }
-    // Not a number in z where the point is missing.
-    SPoint Get(std::size_t column, std::size_t line) const
-    {
-        return {X(column), Y(line), Z(m_surface.heights[line * m_surface.points + column])};
-    }
 
 private:
-    const SSurface& m_surface;
     const SBox& m_box;
     double m_stepX;
     double m_stepY;
@@ -125,16 +118,39 @@ private:
 };
 
 // The triangles of a mesh between four points.
-void MeetSquare(CTracer& tracer, const CPlaces& places, std::size_t column, std::size_t line)
+void MeetSquare(CTracer& tracer, const SSurface& surface, const CPlaces& places, std::size_t column,
+                std::size_t line)
 {
-    const std::array<SPoint, 4> corners{places.Get(column, line), places.Get(column + 1, line),
-                                        places.Get(column + 1, line + 1), places.Get(column, line + 1)};
+    const auto at = [&](std::size_t x, std::size_t y) {
+        return SPoint{places.X(x), places.Y(y), places.Z(surface.heights[y * surface.points + x])};
+    };
+    const std::array<SPoint, 4> corners{at(column, line), at(column + 1, line), at(column + 1, line + 1),
+                                        at(column, line + 1)};
     std::array<SPoint, 4> present{};
     const auto end = std::ranges::copy_if(corners, present.begin(), [](const SPoint& corner) {
                          return !std::isnan(corner.z);
                      }).out;
     for (auto last = present.begin() + 2; last < end; ++last)
         tracer.Meet(present[0], *(last - 1), *last);
+}
+
+// Whether a cuboid may be seen; the eye is outside.
+bool IsSeen(const SView& view, const SPoint& low, const SPoint& high)
+{
+    const CommonUI::SRect& viewport = view.viewport;
+    bool isRight = true;
+    bool isLeft = true;
+    bool isAbove = true;
+    bool isBelow = true;
+    for (unsigned int i = 0; i < 8; ++i) {
+        const SPixel pixel =
+            view.Project({i & 1 ? high.x : low.x, i & 2 ? high.y : low.y, i & 4 ? high.z : low.z});
+        isRight = isRight && pixel.x > viewport.right + 1;
+        isLeft = isLeft && pixel.x < viewport.left - 1;
+        isAbove = isAbove && pixel.y > viewport.bottom + 1;
+        isBelow = isBelow && pixel.y < viewport.top - 1;
+    }
+    return !isRight && !isLeft && !isAbove && !isBelow;
 }
 
 } // namespace
@@ -216,12 +232,47 @@ void CHeightTree::Descend(const SSquare& square, FIsMeant& isMeant, FVisit& visi
             Descend({.level = square.level - 1, .column = column, .line = line}, isMeant, visit);
 }
 
+SGridPart CHeightTree::FindSeen(const SBox& box, const SView& view) const
+{
+    if (m_levels.empty())
+        return {};
+    const CPlaces places(m_points, m_lines, box);
+    std::optional<SExtent> seen;
+    const auto isMeant = [&](const SExtent& square) {
+        if (seen && seen->left <= square.left && square.right <= seen->right && seen->first <= square.first &&
+            square.last <= seen->last)
+            return false; // nothing new
+        const bool isAtSide = square.left == 0 || square.right == m_points - 1 || square.first == 0 ||
+                              square.last == m_lines - 1;
+        const double lowest = isAtSide ? -box.z : places.Z(square.heights.lowest);
+        return IsSeen(view, {places.X(square.left), places.Y(square.first), lowest},
+                      {places.X(square.right), places.Y(square.last), places.Z(square.heights.highest)});
+    };
+    const auto add = [&](const SExtent& square) {
+        if (!seen) {
+            seen = square;
+            return;
+        }
+        seen->left = std::min(seen->left, square.left);
+        seen->right = std::max(seen->right, square.right);
+        seen->first = std::min(seen->first, square.first);
+        seen->last = std::max(seen->last, square.last);
+    };
+    Descend({.level = m_levels.size() - 1}, isMeant, add);
+    if (!seen)
+        return {};
+    return {.column = seen->left,
+            .line = seen->first,
+            .points = seen->right - seen->left + 1,
+            .lines = seen->last - seen->first + 1};
+}
+
 std::optional<CHeightTree::SHit> CHeightTree::FindHit(const SSurface& surface, const SBox& box,
                                                       const SRay& ray) const
 {
     if (m_levels.empty())
         return {};
-    const CPlaces places(surface, box);
+    const CPlaces places(m_points, m_lines, box);
     CTracer tracer(ray);
     const auto isMeant = [&](const SExtent& extent) {
         return tracer.Enters(
@@ -231,7 +282,7 @@ std::optional<CHeightTree::SHit> CHeightTree::FindHit(const SSurface& surface, c
     const auto meet = [&](const SExtent& extent) {
         for (std::size_t line = extent.first; line < extent.last; ++line)
             for (std::size_t column = extent.left; column < extent.right; ++column)
-                MeetSquare(tracer, places, column, line);
+                MeetSquare(tracer, surface, places, column, line);
     };
     Descend({.level = m_levels.size() - 1}, isMeant, meet);
     return tracer.GetHit();

@@ -18,6 +18,10 @@ public:
     CHeightTree() = default;
     explicit CHeightTree(const CommonUI::Analysis::SSurface& surface);
 
+    /// The smallest part with all of the surface that a view may show, and of the cut below its sides.
+    /// @param box in which it is drawn
+    SGridPart FindSeen(const SBox& box, const SView& view) const;
+
     /// Where a ray first meets the surface, on which side it may be.
     struct SHit {
         SPoint place{};         ///< in the block

@@ -23,6 +23,9 @@ struct SViewedSurface {
     std::optional<SBox> box{}; ///< empty where there is nothing to see in three dimensions
     std::vector<SMesh> levels{};
     CHeightTree tree{};
+    /// The same with half the points along a side, a quarter and so on, while these are more than
+    /// c_mostPoints.
+    std::vector<CommonUI::Analysis::SSurface> coarser{};
 
     const CommonUI::Analysis::SSurface& GetSurface() const { return input->surface; }
 };

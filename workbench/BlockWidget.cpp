@@ -2,6 +2,7 @@
 
 #include "platform/MessageBoxService.h"
 #include "qt/QtText.h"
+#include "view/CloseUp.h"
 #include "view/ColorTexture.h"
 #include "view/GrainTexture.h"
 #include "view/MeshBuffers.h"
@@ -39,6 +40,9 @@ constexpr double c_keyPan = 0.05; // of the view
 constexpr double c_degreesPerPixel = 0.4;
 constexpr int c_restTime = 200;    // ms
 constexpr double c_clickReach = 4; // pixels
+// How much more than what is seen is made ready, on each side, for the next pictures.
+constexpr double c_movingMargin = 0.5;
+constexpr double c_grainMargin = 0.3;
 
 SColor ToColor(const QColor& color)
 {
@@ -82,6 +86,8 @@ CBlockWidget::CBlockWidget(std::shared_ptr<const SurfaceView::SViewedSurface> su
     m_scene.box = *m_surface->box;
     m_scene.colors = {{0, 0, 0}, {255, 255, 255}};
     m_buffers.resize(m_surface->levels.size());
+    m_stillCloseUp = std::make_unique<SurfaceView::CCloseUp>(0);
+    m_movingCloseUp = std::make_unique<SurfaceView::CCloseUp>(c_movingMargin);
     m_rest.setSingleShot(true);
     m_rest.setInterval(c_restTime);
     connect(&m_rest, &QTimer::timeout, this, [this] {
@@ -231,6 +237,8 @@ void CBlockWidget::DropBuffers()
     m_grainSide = 0;
     for (auto& buffer : m_buffers)
         buffer.reset();
+    m_stillCloseUp->Drop();
+    m_movingCloseUp->Drop();
     doneCurrent();
 }
 
@@ -284,18 +292,46 @@ void CBlockWidget::paintGL()
 // The outlines are about as wide as in maps.
 void CBlockWidget::UpdateGrains()
 {
-    const CommonUI::SRect& viewport = m_scene.layout.view.viewport;
-    const double side = std::max(viewport.GetWidth(), viewport.GetHeight()) / devicePixelRatioF();
-    if (side == m_grainSide)
+    if (!m_grains || m_grains->map.labels.empty()) {
+        m_grainTexture.reset();
+        return;
+    }
+    const SurfaceView::SView& view = m_scene.layout.view;
+    const double side = std::max(view.viewport.GetWidth(), view.viewport.GetHeight()) / devicePixelRatioF();
+    const CommonUI::Analysis::SSurface& surface = m_surface->GetSurface();
+    const CommonUI::Analysis::SGrainMap& map = m_grains->map;
+    const SurfaceView::SGridPart all{.points = map.points, .lines = map.lines};
+    const SurfaceView::SGridPart shown = m_surface->tree.FindSeen(m_scene.box, view);
+    if (shown.IsEmpty())
+        return;
+    const SurfaceView::SGridPart seen =
+        MoveToGrid(shown, {.points = surface.points, .lines = surface.lines}, all);
+    if (side == m_grainSide && m_grainTexture && Serves(m_grainPart, seen, c_grainMargin, all))
         return;
     m_grainSide = side;
+    m_grainPart = Widen(seen, c_grainMargin, all);
     m_grainTexture.reset();
-    if (!m_grains || m_grains->map.labels.empty())
-        return;
-    const CommonUI::Analysis::SGrainMap& map = m_grains->map;
     m_grainTexture = std::make_unique<SurfaceView::CGrainTexture>(
-        map, GetGrainColors(palette()), m_chosenGrain,
-        SurfaceView::SGridPart{.points = map.points, .lines = map.lines}, static_cast<std::size_t>(side));
+        map, GetGrainColors(palette()), m_chosenGrain, m_grainPart,
+        static_cast<std::size_t>((1 + 2 * c_grainMargin) * side));
+}
+
+// That of all of the surface, or of what is seen of it where this has more points.
+const SurfaceView::CMeshBuffers& CBlockWidget::UpdateMesh(std::size_t level, QElapsedTimer& timer)
+{
+    SurfaceView::CCloseUp& closeUp = m_isMoving ? *m_movingCloseUp : *m_stillCloseUp;
+    const std::size_t most = SurfaceView::c_mostPoints >> (m_choice.GetFinest() - level);
+    const SurfaceView::CMeshBuffers* mesh =
+        closeUp.Update(*m_surface, m_scene.box, m_scene.layout.view, most);
+    m_frame.isCloseUp = mesh != nullptr;
+    bool isNew = closeUp.IsNew();
+    if (!mesh && !m_buffers[level]) {
+        m_buffers[level] = std::make_unique<SurfaceView::CMeshBuffers>(m_surface->levels[level]);
+        isNew = true;
+    }
+    if (isNew)
+        timer.restart(); // the picture after this one needs none of it
+    return mesh ? *mesh : *m_buffers[level];
 }
 
 void CBlockWidget::DrawFrame()
@@ -305,10 +341,6 @@ void CBlockWidget::DrawFrame()
     const std::size_t level = m_isMoving ? m_choice.GetMoving() : m_choice.GetFinest();
     if (!m_texture)
         m_texture = std::make_unique<SurfaceView::CColorTexture>(m_scene.colors);
-    if (!m_buffers[level]) {
-        m_buffers[level] = std::make_unique<SurfaceView::CMeshBuffers>(m_surface->levels[level]);
-        timer.restart(); // the picture after this one needs none of it
-    }
     const double ratio = devicePixelRatioF();
     const CommonUI::SSize size{.cx = static_cast<int>(width() * ratio),
                                .cy = static_cast<int>(height() * ratio)};
@@ -317,14 +349,16 @@ void CBlockWidget::DrawFrame()
     m_scene.layout = SurfaceView::MakeLayout(m_scene.box, m_direction, m_look.isParallel, {}, size,
                                              std::max(1, qRound(ratio)), m_font, m_framing);
     UpdateGrains();
+    const SurfaceView::CMeshBuffers& mesh = UpdateMesh(level, timer);
     const SurfaceView::SStackDepths before = SurfaceView::ReadStackDepths();
-    const SurfaceView::SFrameWork work = SurfaceView::Draw(
-        m_scene, size, m_font, {m_buffers[level].get(), m_texture.get(), m_grainTexture.get()});
+    const SurfaceView::SFrameWork work =
+        SurfaceView::Draw(m_scene, size, m_font, {&mesh, m_texture.get(), m_grainTexture.get()});
     SurfaceView::CheckRestored(before, SurfaceView::ReadStackDepths());
     // A driver may go on drawing after its functions have returned.
     context()->functions()->glFinish();
-    m_frame = {
-        .work = work, .seconds = static_cast<double>(timer.nsecsElapsed()) * 1e-9, .isMoving = m_isMoving};
+    m_frame.work = work;
+    m_frame.seconds = static_cast<double>(timer.nsecsElapsed()) * 1e-9;
+    m_frame.isMoving = m_isMoving;
     if (m_isMoving)
         m_choice.AddTime(m_frame.seconds);
 }

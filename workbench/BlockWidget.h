@@ -17,6 +17,7 @@
 
 namespace SurfaceView
 {
+class CCloseUp;
 class CColorTexture;
 class CGrainTexture;
 class CMeshBuffers;
@@ -41,7 +42,8 @@ struct SBlockLook {
 struct SFrame {
     SurfaceView::SFrameWork work{};
     double seconds = 0;
-    bool isMoving = false; ///< at the level of detail for that
+    bool isMoving = false;  ///< at the level of detail for that
+    bool isCloseUp = false; ///< of the part of the surface that is seen
 };
 
 /// A surface as a block in three dimensions, drawn by OpenGL. Dragging and the arrow keys turn it, with the
@@ -107,6 +109,7 @@ private:
     void MovePan(double right, double down);
     void MoveLight(double around, double above);
     void DrawFrame();
+    const SurfaceView::CMeshBuffers& UpdateMesh(std::size_t level, QElapsedTimer& timer);
     void UpdateGrains();
     void UpdateSurroundings();
 
@@ -120,11 +123,14 @@ private:
     CommonUI::E3DAccelerationMode m_mode = CommonUI::E3DAccelerationMode::Automatic;
     CLabelFont m_font;
     std::vector<std::unique_ptr<SurfaceView::CMeshBuffers>> m_buffers; // of the levels that were drawn
+    std::unique_ptr<SurfaceView::CCloseUp> m_stillCloseUp;
+    std::unique_ptr<SurfaceView::CCloseUp> m_movingCloseUp;
     std::unique_ptr<SurfaceView::CColorTexture> m_texture;
     std::shared_ptr<const CommonUI::Measurement::SFoundGrains> m_grains;
     std::uint32_t m_chosenGrain = 0;
     std::unique_ptr<SurfaceView::CGrainTexture> m_grainTexture;
     double m_grainSide = 0; // the pixels that it was made for; 0 when there is to be another one
+    SurfaceView::SGridPart m_grainPart{};
     bool m_hasFailed = false;
     bool m_isMoving = false;
     QTimer m_rest; // ticks when nothing has moved for a while
