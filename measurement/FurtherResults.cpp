@@ -3,7 +3,7 @@
 #include "analysis/numeric/Statistics.h"
 #include "measurement/detail/AnalysisKey.h"
 #include "measurement/detail/ComputeApart.h"
-#include "measurement/detail/FractileShare.h"
+#include "measurement/FractileShare.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,6 +3,7 @@
 #include "view/ColorTexture.h"
 #include "view/detail/DrawingSteps.h"
 #include "view/detail/OpenGL.h"
+#include "view/GrainTexture.h"
 #include "view/MeshBuffers.h"
 
 #include <array>
@@ -168,7 +169,8 @@ void PushHeight(CGLStack& stack, const SScene& scene, const SMesh& mesh)
     glScaled(1, 1, scene.box.z / mesh.z);
 }
 
-void DrawSurface(const SScene& scene, const CMeshBuffers& mesh, const CColorTexture& texture)
+void DrawSurface(const SScene& scene, const CMeshBuffers& mesh, const CColorTexture& texture,
+                 const CGrainTexture* grains)
 {
     CGLStack stack;
     Require(stack.PushAttrib(GL_ENABLE_BIT | GL_LIGHTING_BIT | GL_TEXTURE_BIT | GL_CURRENT_BIT));
@@ -179,6 +181,8 @@ void DrawSurface(const SScene& scene, const CMeshBuffers& mesh, const CColorText
         SetupLight(scene.light);
     }
     texture.Bind();
+    if (grains)
+        grains->Bind(scene.box);
     PushHeight(stack, scene, mesh.GetMesh());
     glEnable(GL_NORMALIZE);
     mesh.DrawTriangles();
@@ -224,14 +228,15 @@ void DrawBottom(const SScene& scene)
 
 } // namespace
 
-void DrawBlock(const SScene& scene, const CMeshBuffers& mesh, const CColorTexture& texture)
+void DrawBlock(const SScene& scene, const CMeshBuffers& mesh, const CColorTexture& texture,
+               const CGrainTexture* grains)
 {
     CGLStack stack;
     PushView(stack, scene.layout.view);
     DrawWalls(scene);
     Require(stack.PushAttrib(GL_ENABLE_BIT | GL_DEPTH_BUFFER_BIT));
     glEnable(GL_DEPTH_TEST);
-    DrawSurface(scene, mesh, texture);
+    DrawSurface(scene, mesh, texture, grains);
     DrawCut(scene, mesh.GetMesh());
     if (scene.eye.z < 0)
         DrawBottom(scene);

@@ -110,7 +110,7 @@ SFrameWork Draw(const SScene& scene, SSize size, const CFont& font, const SKept&
                     .triangles = mesh.GetMesh().triangles.size(),
                     .bytesSent = (ownTexture ? scene.colors.size() * sizeof(SColor) : 0) +
                                  (mesh.IsKept() ? 0 : mesh.GetByteCount())};
-    DrawBlock(scene, mesh, texture);
+    DrawBlock(scene, mesh, texture, kept.grains);
     {
         CGLStack pixels;
         Require(pixels.PushWindowCoord(true));

@@ -10,6 +10,7 @@ namespace SurfaceView
 {
 
 class CColorTexture;
+class CGrainTexture;
 class CMeshBuffers;
 
 /// The colours of what is drawn around the surface.
@@ -38,6 +39,7 @@ struct SScene {
 struct SKept {
     const CMeshBuffers* mesh = nullptr; ///< counts instead of that of the scene
     const CColorTexture* texture = nullptr;
+    const CGrainTexture* grains = nullptr; ///< marked on the surface; null for none
 };
 
 /// What a picture costs the driver.

@@ -54,21 +54,11 @@ struct SLabel {
 class CLabels
 {
 public:
-    CLabels(const SGrainMap& map, const CMapPlace& place, int scale)
+    CLabels(const SGrainMap& map, const std::vector<CTaken>& columns, const std::vector<CTaken>& lines)
         : m_map(map)
+        , m_width(columns.size())
+        , m_height(lines.size())
     {
-        const CommonUI::SRect shown = place.GetShown();
-        const SRaster raster(map, place);
-        const SMapPoint corner = place.ToPoint({.x = shown.left + 0.0, .y = shown.top + 0.0});
-        const SMapPoint next = place.ToPoint({.x = shown.left + 1.0, .y = shown.top + 1.0});
-        const auto columns =
-            TakeAlong((corner.x - raster.lower.x) / raster.dx, (next.x - corner.x) / raster.dx / scale,
-                      std::max(0, shown.GetWidth() * scale), map.points);
-        const auto lines =
-            TakeAlong((corner.y - raster.lower.y) / raster.dy, (next.y - corner.y) / raster.dy / scale,
-                      std::max(0, shown.GetHeight() * scale), map.lines);
-        m_width = columns.size();
-        m_height = lines.size();
         m_labels.reserve(m_width * m_height);
         for (const CTaken& line : lines)
             for (const CTaken& column : columns)
@@ -103,8 +93,8 @@ private:
     }
 
     const SGrainMap& m_map;
-    std::size_t m_width = 0;
-    std::size_t m_height = 0;
+    std::size_t m_width;
+    std::size_t m_height;
     std::vector<SLabel> m_labels;
 };
 
@@ -125,18 +115,44 @@ std::uint32_t ColorOf(const CLabels& labels, std::size_t x, std::size_t y, const
     return chosen > 0 && label.grain == chosen ? colors.chosen : 0;
 }
 
-} // namespace
-
-std::vector<std::uint32_t> DrawGrains(const SGrainMap& map, const SGrainColors& colors, std::uint32_t chosen,
-                                      const CMapPlace& place, int scale)
+std::vector<std::uint32_t> DrawLabels(const CLabels& labels, const SGrainColors& colors, std::uint32_t chosen)
 {
-    const CLabels labels(map, place, scale);
     std::vector<std::uint32_t> pixels;
     pixels.reserve(labels.GetWidth() * labels.GetHeight());
     for (std::size_t y = 0; y < labels.GetHeight(); ++y)
         for (std::size_t x = 0; x < labels.GetWidth(); ++x)
             pixels.push_back(ColorOf(labels, x, y, colors, chosen));
     return pixels;
+}
+
+} // namespace
+
+std::vector<std::uint32_t> DrawGrains(const SGrainMap& map, const SGrainColors& colors, std::uint32_t chosen,
+                                      const CMapPlace& place, int scale)
+{
+    const CommonUI::SRect shown = place.GetShown();
+    const SRaster raster(map, place);
+    const SMapPoint corner = place.ToPoint({.x = shown.left + 0.0, .y = shown.top + 0.0});
+    const SMapPoint next = place.ToPoint({.x = shown.left + 1.0, .y = shown.top + 1.0});
+    const auto columns =
+        TakeAlong((corner.x - raster.lower.x) / raster.dx, (next.x - corner.x) / raster.dx / scale,
+                  std::max(0, shown.GetWidth() * scale), map.points);
+    const auto lines =
+        TakeAlong((corner.y - raster.lower.y) / raster.dy, (next.y - corner.y) / raster.dy / scale,
+                  std::max(0, shown.GetHeight() * scale), map.lines);
+    return DrawLabels(CLabels(map, columns, lines), colors, chosen);
+}
+
+std::vector<std::uint32_t> DrawGrains(const SGrainMap& map, const SGrainColors& colors, std::uint32_t chosen,
+                                      const SGridPart& part, std::size_t width, std::size_t height)
+{
+    const auto take = [](std::size_t first, std::size_t count, std::size_t pixels, std::size_t points) {
+        return TakeAlong(static_cast<double>(first), static_cast<double>(count) / static_cast<double>(pixels),
+                         static_cast<int>(pixels), points);
+    };
+    const CLabels labels(map, take(part.column, part.points, width, map.points),
+                         take(part.line, part.lines, height, map.lines));
+    return DrawLabels(labels, colors, chosen);
 }
 
 std::uint32_t FindGrain(const SGrainMap& map, const CMapPlace& place, const SMapPoint& point)

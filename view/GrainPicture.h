@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/grain/Grains.h"
+#include "view/GridPart.h"
 #include "view/MapPlace.h"
 
 #include <cstdint>
@@ -23,6 +24,11 @@ struct SGrainColors {
 /// @param chosen a grain, or 0
 std::vector<std::uint32_t> DrawGrains(const CommonUI::Analysis::SGrainMap& map, const SGrainColors& colors,
                                       std::uint32_t chosen, const CMapPlace& place, int scale);
+
+/// The same of a part of the points, as a picture of a size: its first row is that of the first line.
+std::vector<std::uint32_t> DrawGrains(const CommonUI::Analysis::SGrainMap& map, const SGrainColors& colors,
+                                      std::uint32_t chosen, const SGridPart& part, std::size_t width,
+                                      std::size_t height);
 
 /// The grain at a point; 0 for none.
 std::uint32_t FindGrain(const CommonUI::Analysis::SGrainMap& map, const CMapPlace& place,

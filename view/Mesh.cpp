@@ -1,11 +1,13 @@
 #include "view/Mesh.h"
 
+#include "analysis/surface/Decimate.h"
 #include "view/Axis.h"
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
 namespace SurfaceView
 {
@@ -33,15 +35,49 @@ CommonUI::CRange<double> Widened(CommonUI::CRange<double> range, double length)
     return range.GetLength() >= least ? range : CommonUI::CRange(middle - length / 2, middle + length / 2);
 }
 
+// Where the points of a mesh lie along a side of the block.
+struct SSide {
+    double first = -1; // in coordinates of the block
+    double step = 0;
+    bool hasStart = true; // whether it begins where the block does
+    bool hasEnd = true;
+
+    // @param half of the block's length
+    static SSide Of(double half, std::size_t points)
+    {
+        return {.first = -half, .step = 2 * half / static_cast<double>(points - 1)};
+    }
+    // @param shown points of the mesh, over so many of the block's
+    SSide GetPart(std::size_t begin, std::size_t count, std::size_t all, std::size_t shown) const
+    {
+        return {.first = first + static_cast<double>(begin) * step,
+                .step = step * static_cast<double>(count - 1) / static_cast<double>(shown - 1),
+                .hasStart = begin == 0,
+                .hasEnd = begin + count == all};
+    }
+    double Get(std::size_t point) const { return first + static_cast<double>(point) * step; }
+};
+
+SSurface Cut(const SSurface& surface, const SGridPart& part)
+{
+    SSurface cut{.points = part.points, .lines = part.lines, .dx = surface.dx, .dy = surface.dy};
+    cut.heights.reserve(part.points * part.lines);
+    for (std::size_t line = part.line; line < part.line + part.lines; ++line) {
+        const auto taken = surface.GetLine(line).subspan(part.column, part.points);
+        cut.heights.insert(cut.heights.end(), taken.begin(), taken.end());
+    }
+    return cut;
+}
+
 // Makes the mesh of one surface.
 class CMeshMaker
 {
 public:
-    CMeshMaker(const SSurface& surface, const SBox& box)
+    CMeshMaker(const SSurface& surface, const SBox& box, const SSide& x, const SSide& y)
         : m_surface(surface)
         , m_box(box)
-        , m_stepX(2 * box.x / static_cast<double>(surface.points - 1))
-        , m_stepY(2 * box.y / static_cast<double>(surface.lines - 1))
+        , m_x(x)
+        , m_y(y)
     {
         m_mesh.z = box.z;
     }
@@ -89,15 +125,13 @@ private:
             return {};
         const double slopeX =
             Slope(column > 0 ? HeightAt(column - 1, line) : missing, height,
-                  column + 1 < m_surface.points ? HeightAt(column + 1, line) : missing, m_stepX);
+                  column + 1 < m_surface.points ? HeightAt(column + 1, line) : missing, m_x.step);
         const double slopeY =
             Slope(line > 0 ? HeightAt(column, line - 1) : missing, height,
-                  line + 1 < m_surface.lines ? HeightAt(column, line + 1) : missing, m_stepY);
+                  line + 1 < m_surface.lines ? HeightAt(column, line + 1) : missing, m_y.step);
         const double length = std::hypot(slopeX, slopeY, 1.0);
         const auto real = [](double value) { return static_cast<float>(value); };
-        return {.position = {real(static_cast<double>(column) * m_stepX - m_box.x),
-                             real(static_cast<double>(line) * m_stepY - m_box.y),
-                             real(m_box.PlaceHeight(height))},
+        return {.position = {real(m_x.Get(column)), real(m_y.Get(line)), real(m_box.PlaceHeight(height))},
                 .normal = {real(-slopeX / length), real(-slopeY / length), real(1 / length)},
                 .share = real(std::clamp(m_box.ShareOf(height), 0.0, 1.0))};
     }
@@ -117,12 +151,14 @@ private:
 
     void AddRim()
     {
-        for (const std::size_t line : {std::size_t{0}, m_surface.lines - 1}) {
-            for (std::size_t column = 0; column + 1 < m_surface.points; ++column)
+        for (const auto& [line, isThere] :
+             {std::pair(std::size_t{0}, m_y.hasStart), {m_surface.lines - 1, m_y.hasEnd}}) {
+            for (std::size_t column = 0; isThere && column + 1 < m_surface.points; ++column)
                 AddRimPiece(IndexOf(column, line), IndexOf(column + 1, line));
         }
-        for (const std::size_t column : {std::size_t{0}, m_surface.points - 1}) {
-            for (std::size_t line = 0; line + 1 < m_surface.lines; ++line)
+        for (const auto& [column, isThere] :
+             {std::pair(std::size_t{0}, m_x.hasStart), {m_surface.points - 1, m_x.hasEnd}}) {
+            for (std::size_t line = 0; isThere && line + 1 < m_surface.lines; ++line)
                 AddRimPiece(IndexOf(column, line), IndexOf(column, line + 1));
         }
     }
@@ -135,8 +171,8 @@ private:
 
     const SSurface& m_surface;
     const SBox& m_box;
-    double m_stepX; // in coordinates of the block
-    double m_stepY;
+    SSide m_x;
+    SSide m_y;
     SMesh m_mesh;
 };
 
@@ -167,7 +203,17 @@ SBox MakeBox(const SSurface& surface, double zScale)
 
 SMesh MakeMesh(const SSurface& surface, const SBox& box)
 {
-    return CMeshMaker(surface, box).Make();
+    return CMeshMaker(surface, box, SSide::Of(box.x, surface.points), SSide::Of(box.y, surface.lines)).Make();
+}
+
+SMesh MakeMesh(const SSurface& surface, const SBox& box, const SGridPart& part, std::size_t most)
+{
+    const SSurface shown = CommonUI::Analysis::Decimate(Cut(surface, part), most);
+    const SSide x =
+        SSide::Of(box.x, surface.points).GetPart(part.column, part.points, surface.points, shown.points);
+    const SSide y =
+        SSide::Of(box.y, surface.lines).GetPart(part.line, part.lines, surface.lines, shown.lines);
+    return CMeshMaker(shown, box, x, y).Make();
 }
 
 } // namespace SurfaceView

@@ -2,6 +2,7 @@
 
 #include "analysis/surface/Surface.h"
 #include "common/Range.h"
+#include "view/GridPart.h"
 
 #include <array>
 #include <cstddef>
@@ -51,5 +52,10 @@ struct SMesh {
 };
 
 SMesh MakeMesh(const CommonUI::Analysis::SSurface& surface, const SBox& box);
+/// The mesh of a part of a surface, of at least two lines of two points. Its rim is what it has of the four
+/// sides of the surface.
+/// @param most how many points along a side it may have, at least 2
+SMesh MakeMesh(const CommonUI::Analysis::SSurface& surface, const SBox& box, const SGridPart& part,
+               std::size_t most);
 
 } // namespace SurfaceView

@@ -138,6 +138,24 @@ SPixel SView::Project(const SPoint& point) const
             .y = viewport.top + (seen.y / (opening.y * distance) + 1) / 2 * height};
 }
 
+SRay SView::Unproject(const SPixel& pixel) const
+{
+    const SOpening opening = OpeningOf(fieldOfView, viewport);
+    const double x = (2 * (pixel.x - viewport.left) / viewport.GetWidth() - 1) * opening.x;
+    const double y = (2 * (pixel.y - viewport.top) / viewport.GetHeight() - 1) * opening.y;
+    // The matrix turns and moves: turned back, its rows are what its columns were.
+    const auto turnBack = [this](const SPoint& seen) {
+        const auto along = [&](std::size_t column) {
+            return modelView[column] * seen.x + modelView[column + 1] * seen.y +
+                   modelView[column + 2] * seen.z;
+        };
+        return SPoint{along(0), along(4), along(8)};
+    };
+    const SPoint eye = orthographic ? SPoint{x * farPlane, y * farPlane, 0} : SPoint{};
+    return {.origin = turnBack({eye.x - modelView[12], eye.y - modelView[13], eye.z - modelView[14]}),
+            .direction = turnBack(orthographic ? SPoint{0, 0, -1} : SPoint{x, y, -1})};
+}
+
 SView FitView(const SBox& box, const SDirection& direction, bool orthographic,
               const CommonUI::SRect& viewport)
 {

@@ -18,6 +18,12 @@ struct SPixel {
     double y = 0;
 };
 
+/// A half line in the block.
+struct SRay {
+    SPoint origin{};
+    SPoint direction{}; ///< of any length
+};
+
 /// How the block is looked at: what OpenGL is told, and where it will draw.
 struct SView {
     std::array<double, 16> modelView{}; ///< column by column
@@ -29,6 +35,8 @@ struct SView {
 
     /// The pixel on which a point falls.
     SPixel Project(const SPoint& point) const;
+    /// All points that fall on a pixel.
+    SRay Unproject(const SPixel& pixel) const;
 };
 
 /// From where the block is looked at.

@@ -1,6 +1,7 @@
 #include "view/ViewedSurface.h"
 
 #include "analysis/areal/HeightParameters.h"
+#include "analysis/surface/Decimate.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,6 +21,14 @@ CRange<double> WithLength(double lowest, double highest)
 {
     const double least = std::max(1e-12, 1e-9 * std::abs(lowest));
     return highest - lowest >= least ? CRange(lowest, highest) : CRange(lowest - least, highest + least);
+}
+
+std::vector<SSurface> MakeCoarser(const SSurface& surface)
+{
+    std::vector<SSurface> coarser;
+    for (std::size_t most = std::max(surface.points, surface.lines) / 2; most > c_mostPoints; most /= 2)
+        coarser.push_back(CommonUI::Analysis::Decimate(coarser.empty() ? surface : coarser.back(), most));
+    return coarser;
 }
 
 } // namespace
@@ -43,6 +52,8 @@ MakeViewedSurface(const std::filesystem::path& path,
     if (range.count > 0 && surface.points >= 2 && surface.lines >= 2) {
         viewed->box = MakeBox(surface, 0);
         viewed->levels = MakeDetailLevels(surface, *viewed->box);
+        viewed->tree = CHeightTree(surface);
+        viewed->coarser = MakeCoarser(surface);
     }
     viewed->input = std::move(input);
     return viewed;

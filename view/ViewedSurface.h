@@ -2,6 +2,7 @@
 
 #include "measurement/ApplySteps.h"
 #include "view/DetailLevels.h"
+#include "view/HeightTree.h"
 
 #include <filesystem>
 #include <memory>
@@ -21,6 +22,10 @@ struct SViewedSurface {
     std::optional<CommonUI::CRange<double>> heights{};
     std::optional<SBox> box{}; ///< empty where there is nothing to see in three dimensions
     std::vector<SMesh> levels{};
+    CHeightTree tree{};
+    /// The same with half the points along a side, a quarter and so on, while these are more than
+    /// c_mostPoints.
+    std::vector<CommonUI::Analysis::SSurface> coarser{};
 
     const CommonUI::Analysis::SSurface& GetSurface() const { return input->surface; }
 };

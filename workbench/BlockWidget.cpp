@@ -2,9 +2,12 @@
 
 #include "platform/MessageBoxService.h"
 #include "qt/QtText.h"
+#include "view/CloseUp.h"
 #include "view/ColorTexture.h"
+#include "view/GrainTexture.h"
 #include "view/MeshBuffers.h"
 #include "view/StackDepths.h"
+#include "workbench/analyze/GrainOverlay.h"
 #include "workbench/GLService.h"
 #include "workbench/Texts.h"
 
@@ -17,6 +20,7 @@
 #include <cmath>
 #include <numbers>
 #include <stdexcept>
+#include <utility>
 
 namespace Workbench
 {
@@ -34,7 +38,11 @@ constexpr double c_greatestZoom = 50;
 constexpr double c_keyStep = 5;   // degrees
 constexpr double c_keyPan = 0.05; // of the view
 constexpr double c_degreesPerPixel = 0.4;
-constexpr int c_restTime = 200; // ms
+constexpr int c_restTime = 200;    // ms
+constexpr double c_clickReach = 4; // pixels
+// How much more than what is seen is made ready, on each side, for the next pictures.
+constexpr double c_movingMargin = 0.5;
+constexpr double c_grainMargin = 0.3;
 
 SColor ToColor(const QColor& color)
 {
@@ -78,6 +86,8 @@ CBlockWidget::CBlockWidget(std::shared_ptr<const SurfaceView::SViewedSurface> su
     m_scene.box = *m_surface->box;
     m_scene.colors = {{0, 0, 0}, {255, 255, 255}};
     m_buffers.resize(m_surface->levels.size());
+    m_stillCloseUp = std::make_unique<SurfaceView::CCloseUp>(0);
+    m_movingCloseUp = std::make_unique<SurfaceView::CCloseUp>(c_movingMargin);
     m_rest.setSingleShot(true);
     m_rest.setInterval(c_restTime);
     connect(&m_rest, &QTimer::timeout, this, [this] {
@@ -132,6 +142,17 @@ void CBlockWidget::SetColors(std::vector<SColor> table)
         doneCurrent();
     }
     update();
+}
+
+void CBlockWidget::SetGrains(std::shared_ptr<const CommonUI::Measurement::SFoundGrains> grains,
+                             std::uint32_t chosen)
+{
+    if (grains == m_grains && chosen == m_chosenGrain)
+        return;
+    m_grains = std::move(grains);
+    m_chosenGrain = chosen;
+    m_grainSide = 0;
+    Move();
 }
 
 void CBlockWidget::SetLook(const SBlockLook& look)
@@ -212,8 +233,12 @@ void CBlockWidget::DropBuffers()
     CGLService service;
     const CommonUI::CServiceScope<CommonUI::CGLEntryPoints> scope(service);
     m_texture.reset();
+    m_grainTexture.reset();
+    m_grainSide = 0;
     for (auto& buffer : m_buffers)
         buffer.reset();
+    m_stillCloseUp->Drop();
+    m_movingCloseUp->Drop();
     doneCurrent();
 }
 
@@ -264,6 +289,51 @@ void CBlockWidget::paintGL()
     }
 }
 
+// The outlines are about as wide as in maps.
+void CBlockWidget::UpdateGrains()
+{
+    if (!m_grains || m_grains->map.labels.empty()) {
+        m_grainTexture.reset();
+        return;
+    }
+    const SurfaceView::SView& view = m_scene.layout.view;
+    const double side = std::max(view.viewport.GetWidth(), view.viewport.GetHeight()) / devicePixelRatioF();
+    const CommonUI::Analysis::SSurface& surface = m_surface->GetSurface();
+    const CommonUI::Analysis::SGrainMap& map = m_grains->map;
+    const SurfaceView::SGridPart all{.points = map.points, .lines = map.lines};
+    const SurfaceView::SGridPart shown = m_surface->tree.FindSeen(m_scene.box, view);
+    if (shown.IsEmpty())
+        return;
+    const SurfaceView::SGridPart seen =
+        MoveToGrid(shown, {.points = surface.points, .lines = surface.lines}, all);
+    if (side == m_grainSide && m_grainTexture && Serves(m_grainPart, seen, c_grainMargin, all))
+        return;
+    m_grainSide = side;
+    m_grainPart = Widen(seen, c_grainMargin, all);
+    m_grainTexture.reset();
+    m_grainTexture = std::make_unique<SurfaceView::CGrainTexture>(
+        map, GetGrainColors(palette()), m_chosenGrain, m_grainPart,
+        static_cast<std::size_t>((1 + 2 * c_grainMargin) * side));
+}
+
+// That of all of the surface, or of what is seen of it where this has more points.
+const SurfaceView::CMeshBuffers& CBlockWidget::UpdateMesh(std::size_t level, QElapsedTimer& timer)
+{
+    SurfaceView::CCloseUp& closeUp = m_isMoving ? *m_movingCloseUp : *m_stillCloseUp;
+    const std::size_t most = SurfaceView::c_mostPoints >> (m_choice.GetFinest() - level);
+    const SurfaceView::CMeshBuffers* mesh =
+        closeUp.Update(*m_surface, m_scene.box, m_scene.layout.view, most);
+    m_frame.isCloseUp = mesh != nullptr;
+    bool isNew = closeUp.IsNew();
+    if (!mesh && !m_buffers[level]) {
+        m_buffers[level] = std::make_unique<SurfaceView::CMeshBuffers>(m_surface->levels[level]);
+        isNew = true;
+    }
+    if (isNew)
+        timer.restart(); // the picture after this one needs none of it
+    return mesh ? *mesh : *m_buffers[level];
+}
+
 void CBlockWidget::DrawFrame()
 {
     QElapsedTimer timer;
@@ -271,10 +341,6 @@ void CBlockWidget::DrawFrame()
     const std::size_t level = m_isMoving ? m_choice.GetMoving() : m_choice.GetFinest();
     if (!m_texture)
         m_texture = std::make_unique<SurfaceView::CColorTexture>(m_scene.colors);
-    if (!m_buffers[level]) {
-        m_buffers[level] = std::make_unique<SurfaceView::CMeshBuffers>(m_surface->levels[level]);
-        timer.restart(); // the picture after this one needs none of it
-    }
     const double ratio = devicePixelRatioF();
     const CommonUI::SSize size{.cx = static_cast<int>(width() * ratio),
                                .cy = static_cast<int>(height() * ratio)};
@@ -282,14 +348,17 @@ void CBlockWidget::DrawFrame()
     m_scene.eye = m_direction.ToEye();
     m_scene.layout = SurfaceView::MakeLayout(m_scene.box, m_direction, m_look.isParallel, {}, size,
                                              std::max(1, qRound(ratio)), m_font, m_framing);
+    UpdateGrains();
+    const SurfaceView::CMeshBuffers& mesh = UpdateMesh(level, timer);
     const SurfaceView::SStackDepths before = SurfaceView::ReadStackDepths();
     const SurfaceView::SFrameWork work =
-        SurfaceView::Draw(m_scene, size, m_font, {m_buffers[level].get(), m_texture.get()});
+        SurfaceView::Draw(m_scene, size, m_font, {&mesh, m_texture.get(), m_grainTexture.get()});
     SurfaceView::CheckRestored(before, SurfaceView::ReadStackDepths());
     // A driver may go on drawing after its functions have returned.
     context()->functions()->glFinish();
-    m_frame = {
-        .work = work, .seconds = static_cast<double>(timer.nsecsElapsed()) * 1e-9, .isMoving = m_isMoving};
+    m_frame.work = work;
+    m_frame.seconds = static_cast<double>(timer.nsecsElapsed()) * 1e-9;
+    m_frame.isMoving = m_isMoving;
     if (m_isMoving)
         m_choice.AddTime(m_frame.seconds);
 }
@@ -298,8 +367,10 @@ void CBlockWidget::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::FontChange)
         m_font.SetFont(font());
-    if (event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::PaletteChange) {
         UpdateSurroundings();
+        m_grainSide = 0;
+    }
     QOpenGLWidget::changeEvent(event);
     update();
 }
@@ -307,6 +378,30 @@ void CBlockWidget::changeEvent(QEvent* event)
 void CBlockWidget::mousePressEvent(QMouseEvent* event)
 {
     m_dragged = event->position().toPoint();
+    const bool mayClick = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+    m_pressed = mayClick ? std::optional(event->position()) : std::nullopt;
+}
+
+void CBlockWidget::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!m_pressed || event->button() != Qt::LeftButton)
+        return;
+    const QPointF at = *std::exchange(m_pressed, std::nullopt);
+    if ((event->position() - at).manhattanLength() <= c_clickReach)
+        Q_EMIT Clicked(FindPlace(event->position()));
+}
+
+std::optional<SurfaceView::SMapPoint> CBlockWidget::FindPlace(const QPointF& at) const
+{
+    const double ratio = devicePixelRatioF();
+    const SurfaceView::SPixel pixel{.x = at.x() * ratio, .y = (height() - at.y()) * ratio};
+    const SurfaceView::SBox& box = m_scene.box;
+    const auto hit =
+        m_surface->tree.FindHit(m_surface->GetSurface(), box, m_scene.layout.view.Unproject(pixel));
+    if (!hit || !hit->isOutside || m_scene.eye.z < 0) // from below the bottom is seen
+        return {};
+    return SurfaceView::SMapPoint{.x = (hit->place.x / box.x + 1) / 2 * box.width,
+                                  .y = (hit->place.y / box.y + 1) / 2 * box.depth};
 }
 
 void CBlockWidget::mouseMoveEvent(QMouseEvent* event)

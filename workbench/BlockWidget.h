@@ -1,8 +1,10 @@
 #pragma once
 
+#include "measurement/Results.h"
 #include "settings/preferences/PreferencesData.h"
 #include "view/DetailLevels.h"
 #include "view/Drawing.h"
+#include "view/MapPlace.h"
 #include "view/ViewedSurface.h"
 #include "workbench/LabelFont.h"
 
@@ -15,7 +17,9 @@
 
 namespace SurfaceView
 {
+class CCloseUp;
 class CColorTexture;
+class CGrainTexture;
 class CMeshBuffers;
 } // namespace SurfaceView
 
@@ -38,7 +42,8 @@ struct SBlockLook {
 struct SFrame {
     SurfaceView::SFrameWork work{};
     double seconds = 0;
-    bool isMoving = false; ///< at the level of detail for that
+    bool isMoving = false;  ///< at the level of detail for that
+    bool isCloseUp = false; ///< of the part of the surface that is seen
 };
 
 /// A surface as a block in three dimensions, drawn by OpenGL. Dragging and the arrow keys turn it, with the
@@ -58,6 +63,10 @@ public:
     /// @param target the time in seconds that a picture should take while the block moves
     void SetDriver(CommonUI::E3DAccelerationMode mode, double target);
     void SetColors(std::vector<CommonUI::SColor> table);
+    /// Marks grains.
+    /// @param grains of all points of the surface, though the block may show fewer; null for none
+    /// @param chosen a grain, or 0
+    void SetGrains(std::shared_ptr<const CommonUI::Measurement::SFoundGrains> grains, std::uint32_t chosen);
     void SetLook(const SBlockLook& look);
     const SBlockLook& GetLook() const noexcept { return m_look; }
     void Zoom(double factor);
@@ -66,6 +75,8 @@ public:
     const SurfaceView::SFraming& GetFraming() const noexcept { return m_framing; }
     /// Turns the block, as dragging does.
     void Turn(double around, double above);
+    /// The place of the surface that is seen at a place of the widget.
+    std::optional<SurfaceView::SMapPoint> FindPlace(const QPointF& at) const;
     /// The last picture that was drawn.
     const SFrame& GetFrame() const noexcept { return m_frame; }
 
@@ -76,6 +87,8 @@ Q_SIGNALS:
     /// The view cannot be drawn, and says why in a sentence. It stays as it is.
     void Failed(const QString& reason);
     void LookChanged();
+    /// The user has clicked on a place of the surface, or on none.
+    void Clicked(const std::optional<SurfaceView::SMapPoint>& place);
 
 protected:
     void initializeGL() override;
@@ -83,6 +96,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -95,6 +109,8 @@ private:
     void MovePan(double right, double down);
     void MoveLight(double around, double above);
     void DrawFrame();
+    const SurfaceView::CMeshBuffers& UpdateMesh(std::size_t level, QElapsedTimer& timer);
+    void UpdateGrains();
     void UpdateSurroundings();
 
     std::shared_ptr<const SurfaceView::SViewedSurface> m_surface;
@@ -107,11 +123,19 @@ private:
     CommonUI::E3DAccelerationMode m_mode = CommonUI::E3DAccelerationMode::Automatic;
     CLabelFont m_font;
     std::vector<std::unique_ptr<SurfaceView::CMeshBuffers>> m_buffers; // of the levels that were drawn
+    std::unique_ptr<SurfaceView::CCloseUp> m_stillCloseUp;
+    std::unique_ptr<SurfaceView::CCloseUp> m_movingCloseUp;
     std::unique_ptr<SurfaceView::CColorTexture> m_texture;
+    std::shared_ptr<const CommonUI::Measurement::SFoundGrains> m_grains;
+    std::uint32_t m_chosenGrain = 0;
+    std::unique_ptr<SurfaceView::CGrainTexture> m_grainTexture;
+    double m_grainSide = 0; // the pixels that it was made for; 0 when there is to be another one
+    SurfaceView::SGridPart m_grainPart{};
     bool m_hasFailed = false;
     bool m_isMoving = false;
     QTimer m_rest; // ticks when nothing has moved for a while
     QPoint m_dragged;
+    std::optional<QPointF> m_pressed; // where the button went down that may become a click
     SFrame m_frame;
 };
 

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <ctime>
 
 namespace Workbench
@@ -25,7 +26,7 @@ void DrawNow(CBlockWidget& block)
 
 } // namespace
 
-SFrameRate MeasureFrameRate(CWorkbenchWindow& window, int frames)
+SFrameRate MeasureFrameRate(CWorkbenchWindow& window, int frames, double zoom)
 {
     CSurfacePage* const page = window.GetPage();
     if (!page || !page->GetBlock())
@@ -36,6 +37,8 @@ SFrameRate MeasureFrameRate(CWorkbenchWindow& window, int frames)
     CBlockWidget& block = *page->GetBlock();
     block.setFixedSize(c_size);
     window.show();
+    block.Fit();
+    block.Zoom(zoom);
     for (int i = 0; i < c_firstFrames; ++i) {
         block.Turn(1, 0);
         DrawNow(block);
@@ -43,9 +46,12 @@ SFrameRate MeasureFrameRate(CWorkbenchWindow& window, int frames)
     QElapsedTimer timer;
     timer.start();
     const std::clock_t clockBefore = std::clock();
+    qint64 longest = 0;
     for (int i = 0; i < frames; ++i) {
+        const qint64 before = timer.nsecsElapsed();
         block.Turn(360.0 / frames, 0);
         DrawNow(block);
+        longest = std::max(longest, timer.nsecsElapsed() - before);
     }
     const auto clocks = static_cast<double>(std::clock() - clockBefore);
     const double seconds = static_cast<double>(timer.nsecsElapsed()) * 1e-9;
@@ -53,24 +59,28 @@ SFrameRate MeasureFrameRate(CWorkbenchWindow& window, int frames)
     while (block.GetFrame().isMoving)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     return {.framesPerSecond = frames / seconds,
+            .longestSeconds = static_cast<double>(longest) * 1e-9,
             .processorSeconds = clocks / CLOCKS_PER_SEC / frames,
             .vertices = moving.work.vertices,
             .triangles = moving.work.triangles,
             .bytesSent = moving.work.bytesSent,
             .stillSeconds = block.GetFrame().seconds,
+            .stillVertices = block.GetFrame().work.vertices,
             .stillTriangles = block.GetFrame().work.triangles};
 }
 
 std::string Describe(const SFrameRate& rate)
 {
     using CommonUI::CStr;
-    return CStr::Format(u"%.1f frames a second at %d x %d, %.0f ms of the processor for each; %u vertices, "
-                        u"%u triangles, %u bytes sent; at rest %u "
-                        u"triangles in %.0f ms",
-                        rate.framesPerSecond, c_size.width(), c_size.height(), 1000 * rate.processorSeconds,
-                        static_cast<unsigned>(rate.vertices), static_cast<unsigned>(rate.triangles),
-                        static_cast<unsigned>(rate.bytesSent), static_cast<unsigned>(rate.stillTriangles),
-                        1000 * rate.stillSeconds)
+    const auto count = [](std::size_t number) { return static_cast<unsigned>(number); };
+    return CStr::Format(
+               u"%.1f frames a second at %d x %d, the slowest took %.0f ms; %.0f ms of the processor for "
+               u"each; %u vertices, %u triangles, %u bytes sent; at rest %u vertices, %u triangles in "
+               u"%.0f ms",
+               rate.framesPerSecond, c_size.width(), c_size.height(), 1000 * rate.longestSeconds,
+               1000 * rate.processorSeconds, count(rate.vertices), count(rate.triangles),
+               count(rate.bytesSent), count(rate.stillVertices), count(rate.stillTriangles),
+               1000 * rate.stillSeconds)
         .ToUtf8();
 }
 

@@ -50,6 +50,7 @@ CSurfacePage::CSurfacePage(std::shared_ptr<const SurfaceView::SViewedSurface> su
     connect(m_map, &CMapWidget::PointRead, this, &CSurfacePage::PointRead);
     connect(m_marks, &CMarkEditor::Described, this, &CSurfacePage::PointRead);
     connect(this, &CSurfacePage::SurfaceChanged, m_marks, [this] { m_marks->SetSurface(m_surface); });
+    connect(m_grains, &CGrainOverlay::Changed, this, &CSurfacePage::MarkGrains);
     ShowBlock(m_surface);
 }
 
@@ -76,6 +77,18 @@ void CSurfacePage::MakeBlock(const std::shared_ptr<const SurfaceView::SViewedSur
     m_blockPlace->addWidget(m_block);
     connect(m_block, &CBlockWidget::Failed, this, &CSurfacePage::ShowFault);
     connect(m_block, &CBlockWidget::LookChanged, this, &CSurfacePage::LookChanged);
+    // What is picked in the block the map brings to its middle.
+    connect(m_block, &CBlockWidget::Clicked, m_grains, [this](const auto& place) {
+        m_grains->Pick(place);
+        m_grains->ShowGrain(m_grains->GetChosen());
+    });
+    MarkGrains();
+}
+
+void CSurfacePage::MarkGrains()
+{
+    if (m_block)
+        m_block->SetGrains(m_grains->ShareGrains(), m_grains->GetChosen());
 }
 
 // A driver that has failed is not asked again.

@@ -73,6 +73,7 @@ private:
     void MakeBlock(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface);
     void ShowBlock(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface);
     void ShowFault(const QString& reason);
+    void MarkGrains();
     bool IsBlockMeant() const;
 
     std::shared_ptr<const SurfaceView::SViewedSurface> m_surface;

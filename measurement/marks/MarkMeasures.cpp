@@ -2,6 +2,7 @@
 
 #include "analysis/areal/HeightParameters.h"
 #include "common/NumberText.h"
+#include "common/StringTable.h"
 
 #include <algorithm>
 #include <array>
@@ -48,9 +49,28 @@ double AngleBetween(const CDirection& a, const CDirection& b)
     return c_degree * std::atan2(LengthOf(cross), a[0] * b[0] + a[1] * b[1] + a[2] * b[2]);
 }
 
-const char16_t* NameOf(EMark kind)
+// The texts in the string table.
+enum class EText {
+    Profile = 12111, // the marks, as EMark has them
+    Distance,
+    Angle,
+    LengthInPlane,
+    LengthInSpace,
+    Slope,
+    AngleInPlane,
+    AngleInSpace,
+};
+
+CStr Text(EText text)
 {
-    return kind == EMark::Profile ? u"Profile" : kind == EMark::Distance ? u"Distance" : u"Angle";
+    return GetString(static_cast<int>(text));
+}
+
+CStr NameOf(EMark kind)
+{
+    return Text(kind == EMark::Profile    ? EText::Profile
+                : kind == EMark::Distance ? EText::Distance
+                                          : EText::Angle);
 }
 
 } // namespace
@@ -127,12 +147,14 @@ std::vector<std::vector<CStr>> MakeMarkTable(const SSurface& surface, const std:
                                              const SLengthFormat& width, const SLengthFormat& height)
 {
     const CStr unit = u" / " + width.unit.GetText();
+    const CStr degrees = u" / °";
     std::vector<std::vector<CStr>> rows{{u"", u"dx" + unit, u"dy" + unit, u"dz / " + height.unit.GetText(),
-                                         u"Length in the plane" + unit, u"Length in space" + unit,
-                                         u"Slope / °", u"Angle in the plane / °", u"Angle in space / °"}};
+                                         Text(EText::LengthInPlane) + unit, Text(EText::LengthInSpace) + unit,
+                                         Text(EText::Slope) + degrees, Text(EText::AngleInPlane) + degrees,
+                                         Text(EText::AngleInSpace) + degrees}};
     for (const SMark& mark : marks) {
         std::vector<CStr> row(rows.front().size());
-        row[0] = CStr(NameOf(mark.kind)) + CStr::Format(u" %d", mark.number);
+        row[0] = NameOf(mark.kind) + CStr::Format(u" %d", mark.number);
         if (mark.kind == EMark::Angle) {
             const SAngle angle = MeasureAngle(surface, mark.points[0], mark.points[1], mark.points[2]);
             row[7] = DegreesText(angle.inPlane);

@@ -1,7 +1,6 @@
 #if !defined(_WIN32)
 
 #include "programs/offscreen/OffscreenContext.h"
-#include "programs/offscreen/PixelBits.h"
 
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
@@ -154,14 +153,6 @@ void* CContext::FindFunction(const char* name)
 {
     return reinterpret_cast<void*>(eglGetProcAddress(name));
 }
-
-CContext::CContext(std::unique_ptr<SHandles> handles)
-    : m_handles(std::move(handles))
-    , m_bits(ReadPixelBits())
-{
-}
-
-CContext::~CContext() = default;
 
 } // namespace Offscreen
 

@@ -49,9 +49,9 @@ public:
 private:
     struct SHandles;
 
-    explicit CContext(std::unique_ptr<SHandles> handles);
+    explicit CContext(std::shared_ptr<SHandles> handles);
 
-    std::unique_ptr<SHandles> m_handles;
+    std::shared_ptr<SHandles> m_handles; // of this object alone, which needs not know what they are
     SPixelBits m_bits;
 };
 

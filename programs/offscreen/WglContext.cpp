@@ -1,7 +1,6 @@
 #if defined(_WIN32)
 
 #include "programs/offscreen/OffscreenContext.h"
-#include "programs/offscreen/PixelBits.h"
 
 #include <windows.h>
 
@@ -189,14 +188,6 @@ void* CContext::FindFunction(const char* name)
 {
     return reinterpret_cast<void*>(wglGetProcAddress(name));
 }
-
-CContext::CContext(std::unique_ptr<SHandles> handles)
-    : m_handles(std::move(handles))
-    , m_bits(ReadPixelBits())
-{
-}
-
-CContext::~CContext() = default;
 
 } // namespace Offscreen
 

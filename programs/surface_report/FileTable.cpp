@@ -4,6 +4,7 @@
 #include "analysis/surface/Value.h"
 #include "common/ControlCharacters.h"
 #include "measurement/Columns.h"
+#include "measurement/FractileShare.h"
 #include "model/Enumerations.h"
 #include "output/results/Markup.h"
 #include "output/results/NumberFormat.h"
@@ -37,13 +38,6 @@ std::vector<SColumn> MakeColumns(const std::vector<SFileRow>& rows, const Measur
             Measurement::MakeColumn(choices.surface[i], std::move(values), choices.automaticUnits));
     }
     return columns;
-}
-
-double FractileShare(const std::vector<CParameter>& statistics)
-{
-    const auto found =
-        std::ranges::find(statistics, static_cast<int>(EStatistics::Fractile), &CParameter::GetValue);
-    return found == statistics.end() ? 0.5 : found->GetVariableValue() / 100;
 }
 
 CStr StatisticText(const SColumn& column, const CParameter& statistic, double value)
@@ -84,7 +78,7 @@ CFileTable::CFileTable(const std::vector<SFileRow>& rows, const Measurement::SCh
     , m_rows(SCell::Results)
     , m_statistics(SCell::Statistics)
 {
-    const double share = FractileShare(choices.statistics);
+    const double share = Measurement::FractileShare(choices.statistics);
     for (SColumn& column : m_columns)
         column.statistics = Analysis::ComputeStatistics(column.values, share);
     std::ranges::copy_if(choices.statistics, std::back_inserter(m_shownStatistics), &CParameter::IsOn);

@@ -6,6 +6,7 @@
 #include "view/ColorTexture.h"
 #include "view/detail/OpenGL.h"
 #include "view/DetailLevels.h"
+#include "view/GrainTexture.h"
 #include "view/MeshBuffers.h"
 #include "view/StackDepths.h"
 
@@ -96,6 +97,46 @@ TEST(Drawing, WhatTheDriverKeepsGivesTheSamePictureAndIsNotSentAgain)
     const auto high = PictureOf(higher, font, {}, other);
     EXPECT_LT(CountDifferent(PictureOf(higher, font, {&mesh, &texture}, work), high), 100);
     EXPECT_GT(CountDifferent(high, expected), 1000);
+}
+
+TEST(Drawing, GrainsLieOnTheSurfaceAndLeaveNothingBehind)
+{
+    std::string reason;
+    const auto context = Offscreen::CContext::Make(c_size.cx, c_size.cy, reason);
+    if (!context)
+        GTEST_SKIP() << reason;
+    CommonUI::CTableGLEntryPoints functions;
+    functions.Set("glActiveTexture",
+                  reinterpret_cast<void (*)()>(Offscreen::CContext::FindFunction("glActiveTexture")));
+    const CommonUI::CServiceScope<CommonUI::CGLEntryPoints> scope(functions);
+    const CPlainFont font;
+    const SScene scene = MakeScene(font, 4);
+    SFrameWork work;
+    const auto plain = PictureOf(scene, font, {}, work);
+    // One grain, of the columns from 10 to 19, whichever part is taken.
+    CommonUI::Analysis::SGrainMap map{.points = 40, .lines = 30, .count = 1};
+    for (std::size_t i = 0; i < 40 * 30; ++i)
+        map.labels.push_back(i % 40 >= 10 && i % 40 < 20);
+    const auto pictureOf = [&](const SGridPart& part) {
+        const CGrainTexture grains(map, {.inside = 0xFF0000FF, .outside = 0xFF0000FF, .chosen = 0xFF00FF00},
+                                   1, part, 512);
+        return PictureOf(scene, font, {.grains = &grains}, work);
+    };
+    const auto marked = pictureOf({.points = 40, .lines = 30});
+    const auto isGreen = [&](std::size_t column) {
+        const SBox& box = scene.box;
+        const double place = (static_cast<double>(column) / 39 * 2 - 1) * box.x;
+        const double height = box.PlaceHeight(1e-6 * std::sin(static_cast<double>(column) / 4));
+        const SPixel pixel = scene.layout.view.Project({place, 0, height});
+        const std::size_t at = 4 * (static_cast<std::size_t>(pixel.y) * static_cast<std::size_t>(c_size.cx) +
+                                    static_cast<std::size_t>(pixel.x));
+        return marked[at] < 60 && marked[at + 1] > 200 && marked[at + 2] < 60;
+    };
+    for (const std::size_t column : {0, 8, 11, 15, 18, 21, 39})
+        EXPECT_EQ(isGreen(column), column >= 10 && column < 20) << column;
+    EXPECT_LT(CountDifferent(pictureOf({.column = 5, .points = 20, .lines = 30}), marked), 1000);
+    EXPECT_EQ(CountDifferent(PictureOf(scene, font, {}, work), plain), 0);
+    EXPECT_GT(CountDifferent(marked, plain), 5000);
 }
 
 TEST(DetailLevels, GoFromCoarseToAllPointsThatAPictureShows)

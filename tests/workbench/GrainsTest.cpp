@@ -116,6 +116,66 @@ TEST_F(Grains, MapAndTableChooseEachOthers)
     EXPECT_EQ(GetOverlay().GetChosen(), 1u);
 }
 
+TEST_F(Grains, BlockShowsAndPicksThem)
+{
+    ASSERT_EQ(Count(), 2u);
+    CBlockWidget& block = *m_window->GetPage()->GetBlock();
+    const auto pictureOf = [&] {
+        QCoreApplication::processEvents();
+        return block.grabFramebuffer();
+    };
+    const auto countOf = [](const QImage& picture, auto isMeant) {
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                count += isMeant(picture.pixelColor(x, y));
+        return count;
+    };
+    const auto isBlack = [](const QColor& color) { return color.lightness() < 12; };
+    const QColor highlight = block.palette().color(QPalette::Highlight);
+    const auto isChosen = [&](const QColor& color) {
+        return color.hslHue() == -1
+                   ? false
+                   : std::abs(color.hslHue() - highlight.hslHue()) < 12 && color.saturation() > 80;
+    };
+    // A pixel at which the block shows a place of the surface, in µm.
+    const auto at = [&](double x, double y) {
+        for (int row = 0; row < block.height(); row += 2)
+            for (int column = 0; column < block.width(); column += 2)
+                if (const auto place = block.FindPlace(QPointF(column, row)))
+                    if (std::hypot(place->x - x * 1e-6, place->y - y * 1e-6) < 0.3e-6)
+                        return QPoint(column, row);
+        ADD_FAILURE() << x << ' ' << y << " is not seen";
+        return QPoint();
+    };
+    m_window->GetPage()->SetColors({});
+    const QImage unchosen = pictureOf();
+    EXPECT_GT(countOf(unchosen, isBlack), 100);
+    const int before = countOf(unchosen, isChosen);
+
+    QTest::mouseClick(&block, Qt::LeftButton, {}, at(8, 3.5));
+    EXPECT_EQ(GetOverlay().GetChosen(), 2u);
+    EXPECT_EQ(GetRow(), 2u);
+    EXPECT_GT(countOf(pictureOf(), isChosen), before + 500);
+    Drag(block, at(2, 1.5), {30, 0}); // turns
+    EXPECT_EQ(GetOverlay().GetChosen(), 2u);
+    QTest::mouseClick(&block, Qt::LeftButton, {}, {2, 2}); // beside the surface
+    EXPECT_EQ(GetOverlay().GetChosen(), 0u);
+    EXPECT_LT(countOf(pictureOf(), isChosen), before + 100);
+
+    GetPane().GetTable().setFocus();
+    QTest::keyClick(&GetPane().GetTable(), Qt::Key_Up);
+    EXPECT_EQ(GetOverlay().GetChosen(), 1u);
+    EXPECT_GT(countOf(pictureOf(), isChosen), before + 500);
+    block.Turn(0, -80); // from below its bottom is seen
+    pictureOf();
+    EXPECT_FALSE(block.FindPlace(block.rect().center()));
+    QComboBox& list = GetPane().GetForm().GetAnalyses();
+    list.setCurrentIndex(0);
+    Settle();
+    EXPECT_LT(countOf(pictureOf(), isChosen), before + 100);
+}
+
 TEST_F(Grains, ThresholdIsFoundOrEntered)
 {
     CGrainForm& form = GetPane().GetGrains();

@@ -151,6 +151,41 @@ TEST_F(Views, FramesGiveTheStateBackAndSendLittle)
     EXPECT_LT(frame.work.bytesSent, 28 * frame.work.vertices / 2);
 }
 
+TEST_F(Views, BlockHasAllPointsOfWhatIsSeen)
+{
+    // A narrow ridge on every eighth line of 1600: from far they are one plane.
+    Analysis::SSurface surface{.points = 1600, .lines = 1200, .dx = 1e-6, .dy = 1e-6};
+    for (std::size_t i = 0; i < 1600 * 1200; ++i)
+        surface.heights.push_back(i / 1600 % 8 == 0 ? 1e-6 : 0);
+    CBlockWidget& block = *m_window->AddPage(SurfaceView::MakeViewedSurface("ridges", surface)).GetBlock();
+    PictureOf(block);
+    EXPECT_FALSE(block.GetFrame().isCloseUp);
+    block.Zoom(30);
+    const QImage still = PictureOf(block);
+    EXPECT_TRUE(block.GetFrame().isCloseUp);
+    EXPECT_LT(block.GetFrame().work.vertices, 768u * 768); // of 1.9 million
+    const auto report = [&] {
+        CDiagnosticsCapture lines;
+        block.makeCurrent();
+        COpenGLWrapper::DiagnoseOutputStacks();
+        return lines.Take();
+    };
+    const auto before = report();
+    for (int i = 0; i < 10; ++i) {
+        block.Turn(3, 1);
+        block.grabFramebuffer();
+        EXPECT_TRUE(block.GetFrame().isCloseUp);
+        EXPECT_LE(block.GetFrame().work.vertices, 768u * 768);
+    }
+    EXPECT_EQ(report(), before);
+    block.doneCurrent();
+    block.Turn(-30, -10);
+    EXPECT_LT(CountDifferent(PictureOf(block), still), still.width() * still.height() / 50);
+    block.Fit();
+    PictureOf(block);
+    EXPECT_FALSE(block.GetFrame().isCloseUp);
+}
+
 TEST_F(Views, WhereTheBlockCannotBeDrawnASentenceSaysWhyAndTheMapWorks)
 {
     GetPreferencesManager().GetData().Set3DAccelerationMode(E3DAccelerationMode::Hardware);

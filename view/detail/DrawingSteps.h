@@ -14,6 +14,8 @@ void Require(bool succeeded);
 void SetColor(CommonUI::SColor color);
 
 /// Draws the block with its walls and the surface.
-void DrawBlock(const SScene& scene, const CMeshBuffers& mesh, const CColorTexture& texture);
+/// @param grains null for none
+void DrawBlock(const SScene& scene, const CMeshBuffers& mesh, const CColorTexture& texture,
+               const CGrainTexture* grains);
 
 } // namespace SurfaceView

@@ -1,10 +1,10 @@
 #include "workbench/analyze/GrainOverlay.h"
 
-#include "view/GrainPicture.h"
 #include "workbench/MapWidget.h"
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPalette>
 
 #include <cmath>
 #include <utility>
@@ -30,7 +30,9 @@ std::vector<double> DescribePlace(const CMapPlace& place, int scale)
         scale + 0.0};
 }
 
-SurfaceView::SGrainColors ColorsOf(const QPalette& palette)
+} // namespace
+
+SurfaceView::SGrainColors GetGrainColors(const QPalette& palette)
 {
     QColor chosen = palette.color(QPalette::Highlight);
     chosen.setAlpha(190);
@@ -39,8 +41,6 @@ SurfaceView::SGrainColors ColorsOf(const QPalette& palette)
             .dense = 0x60000000U,
             .chosen = chosen.rgba()};
 }
-
-} // namespace
 
 CGrainOverlay::CGrainOverlay(CMapWidget& map)
     : QObject(&map)
@@ -62,6 +62,7 @@ void CGrainOverlay::Choose(std::uint32_t grain)
     m_chosen = grain;
     m_picture = {};
     m_map.update();
+    Q_EMIT Changed();
 }
 
 void CGrainOverlay::ShowGrain(std::uint32_t grain)
@@ -71,6 +72,14 @@ void CGrainOverlay::ShowGrain(std::uint32_t grain)
         return;
     if (const auto middle = SurfaceView::FindMiddle(m_grains->map, m_map.GetPlace(), grain))
         m_map.Center(*middle);
+}
+
+void CGrainOverlay::Pick(const std::optional<SMapPoint>& place)
+{
+    if (!m_grains)
+        return;
+    Choose(place ? SurfaceView::FindGrain(m_grains->map, m_map.GetPlace(), *place) : 0);
+    Q_EMIT Picked(m_chosen);
 }
 
 void CGrainOverlay::Draw(QPainter& painter, const QWidget& map, const CMapPlace& place)
@@ -85,7 +94,7 @@ void CGrainOverlay::Draw(QPainter& painter, const QWidget& map, const CMapPlace&
         return;
     if (m_picture.isNull() || shown != m_drawn) {
         const std::vector<std::uint32_t> pixels =
-            SurfaceView::DrawGrains(m_grains->map, ColorsOf(map.palette()), m_chosen, place, scale);
+            SurfaceView::DrawGrains(m_grains->map, GetGrainColors(map.palette()), m_chosen, place, scale);
         m_picture =
             QImage(reinterpret_cast<const uchar*>(pixels.data()), size.width(), size.height(),
                    static_cast<qsizetype>(sizeof(std::uint32_t)) * size.width(), QImage::Format_ARGB32)
@@ -108,8 +117,7 @@ bool CGrainOverlay::Handle(QEvent& event, const CMapPlace& place)
         const QPointF moved = at - *std::exchange(m_pressed, std::nullopt);
         if (moved.manhattanLength() > c_clickReach)
             return false;
-        Choose(SurfaceView::FindGrain(m_grains->map, place, place.ToPoint({.x = at.x(), .y = at.y()})));
-        Q_EMIT Picked(m_chosen);
+        Pick(place.ToPoint({.x = at.x(), .y = at.y()}));
     }
     return false;
 }

@@ -2,17 +2,15 @@
 
 #include "measurement/charts/HeightCharts.h"
 #include "measurement/charts/SpectrumChart.h"
+#include "workbench/see/ChartCommands.h"
 #include "workbench/see/SaveAndCopy.h"
 #include "workbench/see/SeeTexts.h"
 #include "workbench/Texts.h"
 
 #include <QBuffer>
-#include <QClipboard>
 #include <QComboBox>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 
 #include <exception>
 #include <utility>
@@ -28,7 +26,6 @@ namespace
 {
 
 constexpr std::size_t c_mostFrequencies = 512;
-constexpr double c_fileScale = 2; // pixels of a picture for one of the screen
 
 // What cannot be computed stays empty: a sentence in the place of the chart says so.
 CCurvePane::CCurves ComputeCurves(const SSurface& surface)
@@ -55,7 +52,7 @@ CCurvePane::CCurvePane()
     , m_choice(new QComboBox)
     , m_state(new QLabel)
     , m_chart(new CChartWidget)
-    , m_readOut(new QLabel)
+    , m_commands(new CChartCommands(*m_chart))
 {
     auto* const content = new QWidget;
     auto* const layout = new QVBoxLayout(content);
@@ -71,26 +68,11 @@ CCurvePane::CCurvePane()
     layout->addLayout(row);
     layout->addWidget(m_state);
     layout->addWidget(m_chart, 1);
-    auto* const commands = new QHBoxLayout;
-    for (const auto text : {ESeeText::Copy, ESeeText::CopyPicture, ESeeText::Save}) {
-        m_buttons.push_back(new QPushButton(QText(text)));
-        commands->addWidget(m_buttons.back());
-    }
-    commands->addStretch(1);
-    commands->addWidget(m_readOut);
-    layout->addLayout(commands);
+    layout->addWidget(m_commands);
     setWidget(content);
     m_state->setWordWrap(true);
-    m_readOut->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_readOut->setMinimumHeight(3 * fontMetrics().lineSpacing()); // the chart keeps its size
     connect(m_choice, &QComboBox::currentIndexChanged, this, &CCurvePane::Show);
-    connect(m_chart, &CChartWidget::CursorsChanged, this,
-            [this] { m_readOut->setText(m_chart->GetReadOut()); });
-    connect(m_buttons[0], &QPushButton::clicked, this,
-            [this] { CopyTable(MakeChartText(GetCurve().chart)); });
-    connect(m_buttons[1], &QPushButton::clicked, this,
-            [this] { QGuiApplication::clipboard()->setPixmap(m_chart->MakePicture(c_fileScale)); });
-    connect(m_buttons[2], &QPushButton::clicked, this, &CCurvePane::Save);
+    connect(m_commands, &CChartCommands::SaveWanted, this, &CCurvePane::Save);
     Show();
 }
 
@@ -142,9 +124,7 @@ void CCurvePane::Show()
                                        : QText(ESeeText::NoCurve));
     m_state->setVisible(!isThere);
     m_chart->setVisible(isThere);
-    m_readOut->setVisible(isThere);
-    for (QPushButton* const button : m_buttons)
-        button->setEnabled(isThere);
+    m_commands->SetChartThere(isThere);
     m_chart->SetChart(curve.chart);
     m_chart->SetRead(isThere ? curve.chart.lines.size() - 1 : 0); // what explains the curve comes before
 }
@@ -162,7 +142,7 @@ void CCurvePane::Save() const
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    m_chart->MakePicture(c_fileScale).save(&buffer, "PNG");
+    m_chart->MakePicture(CChartCommands::c_pictureScale).save(&buffer, "PNG");
     SaveFile(path, std::string_view(bytes.data(), static_cast<std::size_t>(bytes.size())));
 }
 

@@ -11,10 +11,11 @@
 
 class QComboBox;
 class QLabel;
-class QPushButton;
 
 namespace Workbench
 {
+
+class CChartCommands;
 
 /// What the heights of a surface come to, in a dock: their histogram, the material ratio curve with its core,
 /// and the power spectrum. They are computed in the background while the dock is shown.
@@ -53,8 +54,7 @@ private:
     QComboBox* m_choice;
     QLabel* m_state;
     CChartWidget* m_chart;
-    QLabel* m_readOut;
-    std::vector<QPushButton*> m_buttons;
+    CChartCommands* m_commands;
     CommonUI::Measurement::CBackgroundWork m_work;
 };
 

@@ -1,16 +1,14 @@
 #include "workbench/see/ProfilePane.h"
 
 #include "formats/SurfaceWriter.h"
+#include "workbench/see/ChartCommands.h"
 #include "workbench/see/MarkEditor.h"
 #include "workbench/see/SaveAndCopy.h"
 #include "workbench/see/SeeTexts.h"
 
-#include <QClipboard>
 #include <QComboBox>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QSplitter>
 
@@ -73,7 +71,7 @@ CProfilePane::CProfilePane()
     , m_profiles(new QComboBox)
     , m_hint(new QLabel(QText(ESeeText::NoProfile)))
     , m_chart(new CChartWidget)
-    , m_readOut(new QLabel)
+    , m_commands(new CChartCommands(*m_chart))
     , m_roughness(new CAnalysisView(u"WorkbenchProfile"))
 {
     auto* const upper = new QWidget;
@@ -88,14 +86,7 @@ CProfilePane::CProfilePane()
     layout->addLayout(row);
     layout->addWidget(m_hint);
     layout->addWidget(m_chart, 1);
-    auto* const commands = new QHBoxLayout;
-    for (const auto text : {ESeeText::Copy, ESeeText::CopyPicture, ESeeText::Save}) {
-        m_buttons.push_back(new QPushButton(QText(text)));
-        commands->addWidget(m_buttons.back());
-    }
-    commands->addStretch(1);
-    commands->addWidget(m_readOut);
-    layout->addLayout(commands);
+    layout->addWidget(m_commands);
     m_parts->setChildrenCollapsible(false);
     m_parts->addWidget(upper);
     m_parts->addWidget(m_roughness);
@@ -108,15 +99,9 @@ CProfilePane::CProfilePane()
         m_parts->setOrientation(isWide ? Qt::Horizontal : Qt::Vertical);
     });
     m_hint->setWordWrap(true);
-    m_readOut->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_readOut->setMinimumHeight(3 * fontMetrics().lineSpacing()); // the chart keeps its size
     connect(m_profiles, &QComboBox::currentIndexChanged, this, &CProfilePane::OnProfile);
     connect(m_chart, &CChartWidget::CursorsChanged, this, &CProfilePane::OnCursors);
-    connect(m_buttons[0], &QPushButton::clicked, this,
-            [this] { CopyTable(MakeChartText(m_chart->GetChart())); });
-    connect(m_buttons[1], &QPushButton::clicked, this,
-            [this] { QGuiApplication::clipboard()->setPixmap(m_chart->MakePicture(2)); });
-    connect(m_buttons[2], &QPushButton::clicked, this, &CProfilePane::Save);
+    connect(m_commands, &CChartCommands::SaveWanted, this, &CProfilePane::Save);
     Fill();
 }
 
@@ -150,9 +135,7 @@ void CProfilePane::Fill()
     FillProfiles(profiles);
     m_hint->setVisible(profiles.empty());
     m_chart->setVisible(!profiles.empty());
-    m_readOut->setVisible(!profiles.empty());
-    for (QPushButton* const button : m_buttons)
-        button->setEnabled(!profiles.empty());
+    m_commands->SetChartThere(!profiles.empty());
     m_chart->SetChart(MakeChart(profiles), true);
     ShowChosen(false);
 }
@@ -234,7 +217,7 @@ void CProfilePane::ShowChosen(bool isOther)
 
 void CProfilePane::OnCursors()
 {
-    m_readOut->setText(m_chart->GetReadOut());
+    m_commands->ShowReadOut();
     if (!m_editor)
         return;
     std::vector<SPlace> spots;

@@ -11,12 +11,12 @@
 
 class QComboBox;
 class QLabel;
-class QPushButton;
 class QSplitter;
 
 namespace Workbench
 {
 
+class CChartCommands;
 class CMarkEditor;
 
 /// The profiles along the lines that are drawn over the map, in a dock: all of them in one chart with
@@ -54,9 +54,8 @@ private:
     QComboBox* m_profiles;
     QLabel* m_hint;
     CChartWidget* m_chart;
-    QLabel* m_readOut;
+    CChartCommands* m_commands;
     CAnalysisView* m_roughness;
-    std::vector<QPushButton*> m_buttons;
 };
 
 } // namespace Workbench

@@ -7,6 +7,22 @@
 namespace Workbench
 {
 
+namespace
+{
+
+// A window has several of these views, and keys of its own: Alt reaches none of their buttons.
+void DropMnemonics(const QWidget& view)
+{
+    const auto drop = [](auto& widget) { widget.setText(widget.text().remove(QLatin1Char('&'))); };
+    for (QAbstractButton* const button : view.findChildren<QAbstractButton*>())
+        drop(*button);
+    for (QLabel* const label : view.findChildren<QLabel*>())
+        if (label->buddy())
+            drop(*label);
+}
+
+} // namespace
+
 CResultView::CResultView(const QString& choose)
     : m_state(new QLabel)
     , m_tables(new CommonUI::CResultPanelWidget)
@@ -19,6 +35,7 @@ CResultView::CResultView(const QString& choose)
     m_state->setWordWrap(true);
     m_state->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_tables->Attach(m_panel);
+    DropMnemonics(*this);
     connect(button, &QPushButton::clicked, this, &CResultView::ChooseAsked);
 }
 

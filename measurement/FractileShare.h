@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/Enumerations.h"
-#include "model/Parameter.h"
+#include "../model/Enumerations.h"
+#include "../model/Parameter.h"
 
 #include <algorithm>
 #include <vector>
@@ -9,7 +9,7 @@
 namespace CommonUI::Measurement
 {
 
-/// The percentile that the statistics ask for, as a share.
+/// The percentile that statistics ask for, as a share of the values; the median where they ask for none.
 inline double FractileShare(const std::vector<CParameter>& statistics)
 {
     const auto found =
