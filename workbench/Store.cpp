@@ -86,6 +86,10 @@ CStore::CStore()
     analysis.grains.set = ini.ReadText(u"GrainSet", SGrainChoice().set);
     analysis.grains.kind =
         ini.ReadBool(u"Pores", false) ? Analysis::EGrainKind::Pore : Analysis::EGrainKind::Particle;
+    series.isOfFolder = ini.ReadBool(u"SeriesOfFolder", false);
+    series.folder = ini.ReadText(u"SeriesFolder");
+    series.steps = static_cast<ESeriesSteps>(
+        std::clamp(ini.ReadInt(u"SeriesSteps", static_cast<int>(series.steps)), 0, 2));
     showsMap = ini.ReadBool(u"ShowMap", true);
     showsBlock = ini.ReadBool(u"ShowBlock", true);
 }
@@ -129,6 +133,9 @@ bool CStore::Save(CStr& reason)
         ini.WriteDouble(key, analysis.*length);
     ini.WriteText(u"GrainSet", analysis.grains.set);
     ini.WriteBool(u"Pores", analysis.grains.kind == Analysis::EGrainKind::Pore);
+    ini.WriteBool(u"SeriesOfFolder", series.isOfFolder);
+    ini.WriteText(u"SeriesFolder", series.folder);
+    ini.WriteInt(u"SeriesSteps", static_cast<int>(series.steps));
     ini.WriteBool(u"ShowMap", showsMap);
     ini.WriteBool(u"ShowBlock", showsBlock);
     const bool isSaved = m_store.Save(IsDynamicParametersSection);

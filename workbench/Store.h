@@ -5,6 +5,7 @@
 #include "controls/lists/RecentList.h"
 #include "workbench/analyze/AnalysisChoice.h"
 #include "workbench/BlockWidget.h"
+#include "workbench/series/SeriesSource.h"
 
 #include <filesystem>
 
@@ -31,6 +32,7 @@ public:
     SBlockLook look{};                                        ///< its exaggeration is that of each surface
     CommonUI::EInterfaceScheme colors = CommonUI::EInterfaceScheme::System;
     SAnalysisChoice analysis{};
+    SSeriesChoice series{};
     bool showsMap = true;
     bool showsBlock = true;
 

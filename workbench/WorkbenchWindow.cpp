@@ -17,6 +17,9 @@
 #include "workbench/OpenSurface.h"
 #include "workbench/SaveSurface.h"
 #include "workbench/see/SeeTexts.h"
+#include "workbench/series/SeriesForm.h"
+#include "workbench/series/SeriesTexts.h"
+#include "workbench/series/SeriesWindow.h"
 #include "workbench/Texts.h"
 
 #include <QActionGroup>
@@ -154,6 +157,7 @@ CWorkbenchWindow::CWorkbenchWindow(CInterfaceColors& colors)
 
 CWorkbenchWindow::~CWorkbenchWindow()
 {
+    delete m_series; // asks the pages
     delete m_center; // goes before the tabs that it shows
 }
 
@@ -220,6 +224,9 @@ void CWorkbenchWindow::MakeOtherMenus()
     QMenu& analyze = *menuBar()->addMenu(QText(EText::AnalyzeMenu));
     m_parameters = AddAction(analyze, EText::Parameters, QKeySequence(Qt::CTRL | Qt::Key_R),
                              [this] { ChooseParameters(); });
+    QAction* const series = analyze.addAction(QText(ESeriesText::Command));
+    series->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R));
+    connect(series, &QAction::triggered, this, &CWorkbenchWindow::ShowSeries);
     QMenu& help = *menuBar()->addMenu(QText(EText::HelpMenu));
     AddAction(help, EText::HelpContents, QKeySequence::HelpContents,
               [] { GetHelpService().Open(c_helpTopic); });
@@ -383,6 +390,8 @@ void CWorkbenchWindow::OnCurrentTab()
     const auto input = page ? page->GetSurface().input : nullptr;
     m_results->SetSurface(page ? page->ShareSurface() : nullptr, GetOthers(page),
                           page ? &page->GetGrains() : nullptr);
+    if (m_series)
+        m_series->Update();
     if (input == m_shown)
         return;
     m_shown = input;
@@ -504,6 +513,40 @@ void CWorkbenchWindow::RestoreScale()
 void CWorkbenchWindow::ChooseParameters()
 {
     m_results->Choose();
+}
+
+SSeriesSource CWorkbenchWindow::GetSeriesSource() const
+{
+    SAnalysisRequest request = m_results->GetRequest();
+    request.method.grains.reset(); // a height that was entered is that of one surface
+    SSeriesSource source{.analysis = request.analysis,
+                         .options = std::move(request.options),
+                         .method = std::move(request.method),
+                         .read = m_read};
+    for (CSurfacePage* const page : GetPages()) {
+        CStr path;
+        ToText(page->GetSurface().path, path);
+        source.open.push_back({.name = CStr::FromUtf8(page->GetSurface().GetSurface().fileName),
+                               .path = path,
+                               .input = page->GetProcessing().GetOriginal(),
+                               .steps = page->GetProcessing().GetSteps()});
+    }
+    if (CSurfacePage* const page = GetPage())
+        source.steps = page->GetProcessing().GetSteps();
+    return source;
+}
+
+void CWorkbenchWindow::ShowSeries()
+{
+    if (!m_series) {
+        m_series = new CSeriesWindow([this] { return GetSeriesSource(); }, this);
+        m_series->GetForm().SetChoice(m_store.series);
+        connect(m_series, &CSeriesWindow::ChoiceChanged, this,
+                [this](const SSeriesChoice& choice) { m_store.series = choice; });
+    }
+    m_series->show();
+    m_series->raise();
+    m_series->activateWindow();
 }
 
 QString CWorkbenchWindow::GetAboutText() const

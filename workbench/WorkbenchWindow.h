@@ -27,6 +27,8 @@ class QStackedWidget;
 namespace Workbench
 {
 
+class CSeriesWindow;
+
 /// The main window: a tab for each surface, panes with results and how surfaces are shown, and the commands.
 class CWorkbenchWindow : public QMainWindow
 {
@@ -57,6 +59,8 @@ public:
     CResultPane& GetResults() noexcept { return *m_results; }
     CProcessingPane& GetProcessing() noexcept { return *m_processing; }
     CNoticeBar& GetNotice() noexcept { return *m_notice; }
+    /// Null before the command was given.
+    CSeriesWindow* GetSeries() noexcept { return m_series; }
     CViewPane& GetViewPane() noexcept { return *m_view; }
     CSeeTools& GetSeeTools() noexcept { return *m_see; }
     CommonUI::CSettingsButton& GetColorScales() noexcept { return *m_scales; }
@@ -102,6 +106,8 @@ private:
     void OnScale(CommonUI::CSettings& settings);
     void RestoreScale();
     void ChooseParameters();
+    void ShowSeries();
+    SSeriesSource GetSeriesSource() const;
     void ShowAbout();
     void ShowDiagnostics();
     void TellOfStore();
@@ -126,6 +132,7 @@ private:
     CNoticeBar* m_notice = nullptr;
     CViewPane* m_view = nullptr;
     CSeeTools* m_see = nullptr;
+    CSeriesWindow* m_series = nullptr;
     CommonUI::CSettingsButton* m_scales = nullptr;
     QMenu* m_recent = nullptr;
     QAction* m_open = nullptr;
