@@ -1392,6 +1392,21 @@ constexpr SStringTableRow c_english[] = {
     {12179, u"Failed"},
     {12180, u"Mean over the grains, or the profiles, of each surface"},
     {12181, u"the surface has no results, see the summary"},
+    {12183, u"Save &Report\u2026"},
+    {12185, u"&Template:"},
+    {12186, u"T&itle:"},
+    {12187, u"&Blocks:"},
+    {12188, u"&Pictures"},
+    {12189, u"&Open afterwards"},
+    {12190, u"&Save\u2026"},
+    {12191, u"Save as Te&mplate\u2026"},
+    {12193, u"The report template “%s” cannot be used."},
+    {12195, u"Mean pitch &by:"},
+    {12196, u"Fourier transform"},
+    {12197, u"Centers of gravity"},
+    {12198, u"Tip &down to:"},
+    {12199, u"Tip &width:"},
+    {12200, u"Nois&e below:"},
 };
 
 constexpr bool IsRising()

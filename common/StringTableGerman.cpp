@@ -1393,6 +1393,21 @@ constexpr SStringTableRow c_german[] = {
     {12179, u"Fehlgeschlagen"},
     {12180, u"Mittel über die Körner oder die Profile jeder Oberfläche"},
     {12181, u"die Oberfläche hat keine Ergebnisse, siehe Übersicht"},
+    {12183, u"Be&richt speichern\u2026"},
+    {12185, u"&Vorlage:"},
+    {12186, u"&Titel:"},
+    {12187, u"&Blöcke:"},
+    {12188, u"B&ilder"},
+    {12189, u"Danach ö&ffnen"},
+    {12190, u"&Speichern\u2026"},
+    {12191, u"&Als Vorlage speichern\u2026"},
+    {12193, u"Die Berichtsvorlage „%s“ ist nicht zu gebrauchen."},
+    {12195, u"&Mittlere Periode nach:"},
+    {12196, u"Fouriertransformation"},
+    {12197, u"Schwerpunkten"},
+    {12198, u"Spit&ze bis:"},
+    {12199, u"&Breite der Spitze:"},
+    {12200, u"Ra&uschen unter:"},
 };
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "controls/lists/RecentList.h"
 #include "workbench/analyze/AnalysisChoice.h"
 #include "workbench/BlockWidget.h"
+#include "workbench/report/ReportChoice.h"
 #include "workbench/series/SeriesSource.h"
 
 #include <filesystem>
@@ -33,6 +34,7 @@ public:
     CommonUI::EInterfaceScheme colors = CommonUI::EInterfaceScheme::System;
     SAnalysisChoice analysis{};
     SSeriesChoice series{};
+    SReportChoice report{};
     bool showsMap = true;
     bool showsBlock = true;
 

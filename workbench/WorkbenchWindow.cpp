@@ -4,6 +4,7 @@
 #include "common/Version.h"
 #include "formats/SurfaceReader.h"
 #include "gl/OpenGLWrapper.h"
+#include "measurement/documents/TemplateDocument.h"
 #include "measurement/NamedSet.h"
 #include "platform/FileDialogService.h"
 #include "platform/Folders.h"
@@ -15,6 +16,8 @@
 #include "workbench/DiagnosticsDialog.h"
 #include "workbench/GLService.h"
 #include "workbench/OpenSurface.h"
+#include "workbench/report/ReportDialog.h"
+#include "workbench/report/ReportTexts.h"
 #include "workbench/SaveSurface.h"
 #include "workbench/see/SeeTexts.h"
 #include "workbench/series/SeriesForm.h"
@@ -24,6 +27,7 @@
 
 #include <QActionGroup>
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QLabel>
@@ -170,6 +174,9 @@ void CWorkbenchWindow::MakeFileMenu()
     connect(m_recent, &QMenu::aboutToShow, this, &CWorkbenchWindow::FillRecent);
     m_saveSurface = AddAction(menu, EText::SaveSurface, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
                               [this] { SaveSurfaceAs(); });
+    m_saveReport = menu.addAction(QText(EReportText::Command));
+    m_saveReport->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
+    connect(m_saveReport, &QAction::triggered, this, &CWorkbenchWindow::ShowReport);
     menu.addSeparator();
     m_close = AddAction(menu, EText::CloseTab, QKeySequence(Qt::CTRL | Qt::Key_W), [this] { ClosePage(); });
     QAction* const quit = menu.addAction(QText(EText::Quit));
@@ -380,7 +387,7 @@ void CWorkbenchWindow::OnCurrentTab()
 {
     CSurfacePage* const page = GetPage();
     m_center->setCurrentWidget(page ? static_cast<QWidget*>(m_tabWindow) : m_hint);
-    for (QAction* const action : {m_close, m_fit, m_saveSurface})
+    for (QAction* const action : {m_close, m_fit, m_saveSurface, m_saveReport})
         action->setEnabled(page);
     m_processing->SetPage(page);
     ShowNotice();
@@ -752,6 +759,53 @@ void CWorkbenchWindow::SaveSurfaceAs()
     } catch (const std::exception& error) {
         Tell(CStr::FromUtf8(error.what()));
     }
+}
+
+void CWorkbenchWindow::ShowReport()
+{
+    const auto save = [this](const SReportTemplateSettings& layout, const SReportChoice& choice) {
+        return SaveReport(layout, choice.hasPictures, choice.opens);
+    };
+    CReportDialog dialog(m_store.report, save, this);
+    dialog.exec();
+    m_store.report = dialog.GetChoice();
+}
+
+// @return whether it is saved
+bool CWorkbenchWindow::SaveReport(const SReportTemplateSettings& layout, bool hasPictures, bool opens)
+{
+    CSurfacePage* const page = GetPage();
+    if (!page)
+        return false;
+    const CStr extension = CStr::FromUtf8(Measurement::GetDocumentExtension(layout));
+    const CStr mask = u"*" + extension;
+    CStr path;
+    if (!GetFileDialogService().Choose(
+            {.forOpen = false,
+             .filter = mask.Mid(2, mask.GetLength()) + u" (" + mask + u")|" + mask + u"||",
+             .extension = extension.Mid(1, extension.GetLength()),
+             .memoryKey = u"Reports"},
+            path))
+        return false;
+    if (const CStr reason = FindReasonNotToSave(*page, path); !reason.IsEmpty()) {
+        Tell(CStr::Format(Text(EText::NotSaved), CStr(GetFileName(path)), reason));
+        return false;
+    }
+    try {
+        const auto choices = Measurement::ChooseForTemplate(
+            layout, {.method = m_results->GetGrains().GetMethod(), .usesPreferences = true},
+            GetAnalysisPreferencesManager());
+        if (!SaveInBackground(this, path, [=, input = page->GetSurface().input] {
+                return MakeTemplateDocument(layout, *input, choices, hasPictures);
+            }))
+            return false;
+    } catch (const std::exception& error) {
+        Tell(CStr::FromUtf8(error.what()));
+        return false;
+    }
+    if (opens)
+        QDesktopServices::openUrl(QUrl::fromLocalFile(ToQString(path)));
+    return true;
 }
 
 void CWorkbenchWindow::closeEvent(QCloseEvent* event)

@@ -5,6 +5,7 @@
 #include "measurement/process/SessionJournal.h"
 #include "qt/controls/TabWindow.h"
 #include "qt/settings/SettingsButton.h"
+#include "settings/readers/ReportTemplateSettings.h"
 #include "workbench/MessageJournal.h"
 #include "workbench/NoticeBar.h"
 #include "workbench/ProcessingPane.h"
@@ -83,6 +84,8 @@ private:
     void MakePanes();
     void MakeEditMenu();
     void SaveSurfaceAs();
+    void ShowReport();
+    bool SaveReport(const CommonUI::SReportTemplateSettings& layout, bool hasPictures, bool opens);
     CommonUI::CStr FindReasonNotToSave(CSurfacePage& page, const CommonUI::CStr& path) const;
     void ReloadPage();
     void ShowNotice();
@@ -137,6 +140,7 @@ private:
     QMenu* m_recent = nullptr;
     QAction* m_open = nullptr;
     QAction* m_saveSurface = nullptr;
+    QAction* m_saveReport = nullptr;
     QAction* m_fit = nullptr;
     QAction* m_close = nullptr;
     QAction* m_showMap = nullptr;

@@ -2,6 +2,7 @@
 
 #include "formats/SurfaceReader.h"
 #include "measurement/BackgroundWork.h"
+#include "model/RoughnessCatalogue.h"
 #include "qt/controls/FolderComboWidget.h"
 #include "qt/grid/ResultGridWidget.h"
 #include "workbench/series/SeriesForm.h"
@@ -21,6 +22,11 @@ namespace Workbench
 class Series : public CWorkbenchTest
 {
 protected:
+    Series()
+    {
+        const auto sa = GetRoughnessParametersEnum().FindIniName(u"Sa");
+        GetAnalysisPreferencesManager().SetDataParameterOn(EAnalysis::Roughness, sa->GetValue(), true);
+    }
     CSeriesWindow& Show()
     {
         QTest::keyClick(m_window.get(), Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier);
