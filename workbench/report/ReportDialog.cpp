@@ -85,7 +85,10 @@ CReportDialog::CReportDialog(const SReportChoice& choice, FSave save, QWidget* p
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     m_save = buttons->addButton(QText(EReportText::Save), QDialogButtonBox::ActionRole);
     m_saveTemplate = buttons->addButton(QText(EReportText::SaveTemplate), QDialogButtonBox::ActionRole);
+    m_saveTemplate->setAutoDefault(false);
+    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
     m_save->setDefault(true);
+    m_templates->setFocus();
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(form, 1);
     layout->addWidget(buttons);
