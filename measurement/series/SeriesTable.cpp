@@ -46,9 +46,10 @@ std::optional<SColumn> MakeCounts(const std::vector<SSeriesRow>& rows, const SCh
         return {};
     CParameter parameter = *count;
     parameter.SetFloatFormat({CParameter::EFormatSpecifier::FormatInteger, 0});
-    std::vector<double> values;
-    for (const SSeriesRow& row : rows)
-        values.push_back(row.HasFailed() ? Analysis::c_undefined : static_cast<double>(row.rowCount));
+    std::vector<double> values(rows.size());
+    std::ranges::transform(rows, values.begin(), [](const SSeriesRow& row) {
+        return row.HasFailed() ? Analysis::c_undefined : static_cast<double>(row.rowCount);
+    });
     return MakeStatisticsColumn(parameter, std::move(values), share);
 }
 
@@ -73,9 +74,10 @@ SShown MakeShown(const std::vector<SSeriesRow>& rows, const SSeriesRequest& requ
         const auto place = FindIndex(request.GetParameters(), parameter);
         if (!place)
             continue;
-        std::vector<double> values;
-        for (const SSeriesRow& row : rows)
-            values.push_back(row.HasFailed() ? Analysis::c_undefined : row.found.values[*place]);
+        std::vector<double> values(rows.size());
+        std::ranges::transform(rows, values.begin(), [place](const SSeriesRow& row) {
+            return row.HasFailed() ? Analysis::c_undefined : row.found.values[*place];
+        });
         made.columns.push_back(MakeStatisticsColumn(parameter, std::move(values), share));
         made.places.push_back(*place);
     }
@@ -127,7 +129,7 @@ SResultSet MakeSeriesSet(const std::vector<SSeriesRow>& rows, const SSeriesReque
     SResultSet set = MakeRowSet(results, name);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         set.rowNames[i] = ReplaceControls(rows[i].name, u' ');
-        set.exactRowNames.push_back(ReplaceControls(rows[i].path, u' '));
+        set.exactRowNames.emplace_back(ReplaceControls(rows[i].path, u' '));
     }
     MarkFailures(rows, set);
     return set;
