@@ -81,16 +81,25 @@ void CResultPane::SetChoice(const SAnalysisChoice& choice)
     Analyze();
 }
 
+SAnalysisRequest CResultPane::GetRequest() const
+{
+    const SAnalysisChoice& choice = m_form->GetChoice();
+    SAnalysisRequest request{.analysis = choice.analysis,
+                             .options = MakeFurtherOptions(choice, m_form->GetSecond())};
+    if (choice.analysis == CommonUI::EAnalysis::Measure)
+        request.method = m_grains->GetMethod();
+    return request;
+}
+
 void CResultPane::Analyze()
 {
     m_second = m_form->GetSecond();
-    const SAnalysisChoice& choice = m_form->GetChoice();
-    const bool isOfGrains = choice.analysis == CommonUI::EAnalysis::Measure;
+    const SAnalysisRequest request = GetRequest();
+    const bool isOfGrains = request.analysis == CommonUI::EAnalysis::Measure;
     m_grains->setVisible(isOfGrains);
     if (!isOfGrains && m_overlay)
         m_overlay->SetGrains(nullptr);
-    m_view->SetAnalysis(choice.analysis, MakeFurtherOptions(choice, m_second),
-                        isOfGrains ? m_grains->GetMethod() : CommonUI::Measurement::SMethod());
+    m_view->SetAnalysis(request.analysis, request.options, request.method);
 }
 
 void CResultPane::ShowGrains(const CommonUI::Measurement::CBackgroundResults::SAnswer& answer)

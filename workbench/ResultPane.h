@@ -12,6 +12,13 @@
 namespace Workbench
 {
 
+/// An analysis with what it needs beyond its preferences.
+struct SAnalysisRequest {
+    CommonUI::EAnalysis analysis = CommonUI::EAnalysis::Roughness;
+    CommonUI::Measurement::SFurtherOptions options{};
+    CommonUI::Measurement::SMethod method{}; ///< of EAnalysis::Measure
+};
+
 /// The results of an analysis of a surface in a dock, in which the analysis is chosen, with what a result
 /// dialog has for them: see CAnalysisView.
 class CResultPane : public CommonUI::CDockPane
@@ -28,6 +35,8 @@ public:
     void SetSurface(const std::shared_ptr<const SurfaceView::SViewedSurface>& surface,
                     std::vector<SOtherSurface> others, CGrainOverlay* overlay);
     void SetChoice(const SAnalysisChoice& choice);
+    /// What is analysed of the surface.
+    SAnalysisRequest GetRequest() const;
     CAnalysisForm& GetForm() noexcept { return *m_form; }
     CGrainForm& GetGrains() noexcept { return *m_grains; }
     CommonUI::CResultGridWidget& GetTable() const;

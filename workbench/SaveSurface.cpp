@@ -11,7 +11,9 @@
 #include <QFileInfo>
 
 #include <chrono>
+#include <exception>
 #include <future>
+#include <utility>
 
 namespace Workbench
 {
@@ -39,11 +41,9 @@ EFormat FormatOf(const CStr& path, const Analysis::SSurface& surface)
 }
 
 // The bytes are made on a thread that is left alone when the user cancels: it cannot be stopped.
-std::future<std::string> MakeBytes(std::shared_ptr<const SInput> input, EFormat format)
+std::future<std::string> MakeBytes(std::function<std::string()> make)
 {
-    const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    const auto task = std::make_shared<std::packaged_task<std::string()>>(
-        [input = std::move(input), format, now] { return WriteSurface(input->surface, format, now); });
+    const auto task = std::make_shared<std::packaged_task<std::string()>>(std::move(make));
     std::future<std::string> bytes = task->get_future();
     Measurement::CBackgroundWork::Run([task] { (*task)(); });
     return bytes;
@@ -52,9 +52,9 @@ std::future<std::string> MakeBytes(std::shared_ptr<const SInput> input, EFormat 
 class CSaving
 {
 public:
-    CSaving(QWidget* parent, const std::shared_ptr<const SInput>& input, const CStr& path)
+    CSaving(QWidget* parent, const CStr& path, std::function<std::string()> make)
         : m_path(path)
-        , m_bytes(MakeBytes(input, FormatOf(path, input->surface)))
+        , m_bytes(MakeBytes(std::move(make)))
         , m_dialog(parent, Caption(path), Caption(path))
     {
         m_dialog.SetWork(*this, &CSaving::Work);
@@ -83,7 +83,7 @@ private:
             m_isDone = Write(m_bytes.get());
         } catch (const std::bad_alloc&) {
             m_reason = u"there is not enough memory";
-        } catch (const Formats::EWriteError& error) {
+        } catch (const std::exception& error) {
             m_reason = CStr::FromUtf8(error.what());
         }
     }
@@ -115,7 +115,14 @@ const char16_t* GetSaveFilter()
 
 bool SaveSurface(QWidget* parent, const std::shared_ptr<const SInput>& input, const CStr& path)
 {
-    return CSaving(parent, input, path).Run();
+    const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+    const EFormat format = FormatOf(path, input->surface);
+    return SaveInBackground(parent, path, [=] { return WriteSurface(input->surface, format, now); });
+}
+
+bool SaveInBackground(QWidget* parent, const CStr& path, std::function<std::string()> make)
+{
+    return CSaving(parent, path, std::move(make)).Run();
 }
 
 } // namespace Workbench

@@ -2,7 +2,9 @@
 
 #include "measurement/ApplySteps.h"
 
+#include <functional>
 #include <memory>
+#include <string>
 
 class QWidget;
 
@@ -19,5 +21,9 @@ const char16_t* GetSaveFilter();
 /// @throws CommonUI::Measurement::ERequest with the file and the reason where it cannot be written
 bool SaveSurface(QWidget* parent, const std::shared_ptr<const CommonUI::Measurement::SInput>& input,
                  const CommonUI::CStr& path);
+
+/// Writes what is made on another thread, in the same way.
+/// @param make holds all that it needs: it may go on when the user has cancelled
+bool SaveInBackground(QWidget* parent, const CommonUI::CStr& path, std::function<std::string()> make);
 
 } // namespace Workbench

@@ -5,6 +5,7 @@
 #include "dialogs/results/ResultLayout.h"
 #include "measurement/FailureReason.h"
 #include "model/AnalysisPreferencesManager.h"
+#include "model/Enumerations.h"
 #include "model/ParameterList.h"
 #include "platform/FileDialogService.h"
 #include "platform/Folders.h"
@@ -56,11 +57,13 @@ EAnalysis ReadAnalysis(CInifile& ini)
     return EAnalysis::Roughness;
 }
 
-// Keys of the lengths that analyses compare with, m.
+// Keys of the lengths that analyses take, m.
 constexpr std::pair<const char16_t*, double SAnalysisChoice::*> c_lengths[] = {
     {u"NominalPitch", &SAnalysisChoice::pitch},
     {u"NominalPitchY", &SAnalysisChoice::pitchY},
-    {u"NominalStep", &SAnalysisChoice::step}};
+    {u"NominalStep", &SAnalysisChoice::step},
+    {u"TipWidth", &SAnalysisChoice::tipWidth},
+    {u"TipNoise", &SAnalysisChoice::tipNoise}};
 constexpr double c_longest = 0.1;
 
 } // namespace
@@ -82,10 +85,23 @@ CStore::CStore()
     colors = ReadColors(ini);
     analysis.analysis = ReadAnalysis(ini);
     for (const auto& [key, length] : c_lengths)
-        analysis.*length = WithinOr(ini.ReadDouble(key, 0), 0, c_longest, 0);
+        analysis.*length =
+            WithinOr(ini.ReadDouble(key, analysis.*length), 0, c_longest, SAnalysisChoice().*length);
+    analysis.pitchMethod = ini.ReadBool(u"PitchByCentroids", false) ? Measurement::EPitchMethod::Centroid
+                                                                    : Measurement::EPitchMethod::Fourier;
+    if (const auto area = GetTipEstimationAreaEnum().FindIniName(ini.ReadText(u"TipArea"));
+        area != GetTipEstimationAreaEnum().end())
+        analysis.tipArea = static_cast<ETipEstimationArea>(area->GetValue());
     analysis.grains.set = ini.ReadText(u"GrainSet", SGrainChoice().set);
     analysis.grains.kind =
         ini.ReadBool(u"Pores", false) ? Analysis::EGrainKind::Pore : Analysis::EGrainKind::Particle;
+    series.isOfFolder = ini.ReadBool(u"SeriesOfFolder", false);
+    series.folder = ini.ReadText(u"SeriesFolder");
+    series.steps = static_cast<ESeriesSteps>(
+        std::clamp(ini.ReadInt(u"SeriesSteps", static_cast<int>(series.steps)), 0, 2));
+    report.set = ini.ReadText(u"ReportTemplate", report.set);
+    report.hasPictures = ini.ReadBool(u"ReportPictures", report.hasPictures);
+    report.opens = ini.ReadBool(u"ReportOpens", report.opens);
     showsMap = ini.ReadBool(u"ShowMap", true);
     showsBlock = ini.ReadBool(u"ShowBlock", true);
 }
@@ -127,8 +143,16 @@ bool CStore::Save(CStr& reason)
     ini.WriteText(u"Analysis", CAnalysisPreferencesData::GetININame(analysis.analysis));
     for (const auto& [key, length] : c_lengths)
         ini.WriteDouble(key, analysis.*length);
+    ini.WriteBool(u"PitchByCentroids", analysis.pitchMethod == Measurement::EPitchMethod::Centroid);
+    ini.WriteText(u"TipArea", GetTipEstimationAreaEnum().GetIniName(static_cast<int>(analysis.tipArea)));
     ini.WriteText(u"GrainSet", analysis.grains.set);
     ini.WriteBool(u"Pores", analysis.grains.kind == Analysis::EGrainKind::Pore);
+    ini.WriteBool(u"SeriesOfFolder", series.isOfFolder);
+    ini.WriteText(u"SeriesFolder", series.folder);
+    ini.WriteInt(u"SeriesSteps", static_cast<int>(series.steps));
+    ini.WriteText(u"ReportTemplate", report.set);
+    ini.WriteBool(u"ReportPictures", report.hasPictures);
+    ini.WriteBool(u"ReportOpens", report.opens);
     ini.WriteBool(u"ShowMap", showsMap);
     ini.WriteBool(u"ShowBlock", showsBlock);
     const bool isSaved = m_store.Save(IsDynamicParametersSection);

@@ -5,6 +5,8 @@
 #include "controls/lists/RecentList.h"
 #include "workbench/analyze/AnalysisChoice.h"
 #include "workbench/BlockWidget.h"
+#include "workbench/report/ReportChoice.h"
+#include "workbench/series/SeriesSource.h"
 
 #include <filesystem>
 
@@ -31,6 +33,8 @@ public:
     SBlockLook look{};                                        ///< its exaggeration is that of each surface
     CommonUI::EInterfaceScheme colors = CommonUI::EInterfaceScheme::System;
     SAnalysisChoice analysis{};
+    SSeriesChoice series{};
+    SReportChoice report{};
     bool showsMap = true;
     bool showsBlock = true;
 

@@ -4,6 +4,7 @@
 #include "common/Version.h"
 #include "formats/SurfaceReader.h"
 #include "gl/OpenGLWrapper.h"
+#include "measurement/documents/TemplateDocument.h"
 #include "measurement/NamedSet.h"
 #include "platform/FileDialogService.h"
 #include "platform/Folders.h"
@@ -15,12 +16,18 @@
 #include "workbench/DiagnosticsDialog.h"
 #include "workbench/GLService.h"
 #include "workbench/OpenSurface.h"
+#include "workbench/report/ReportDialog.h"
+#include "workbench/report/ReportTexts.h"
 #include "workbench/SaveSurface.h"
 #include "workbench/see/SeeTexts.h"
+#include "workbench/series/SeriesForm.h"
+#include "workbench/series/SeriesTexts.h"
+#include "workbench/series/SeriesWindow.h"
 #include "workbench/Texts.h"
 
 #include <QActionGroup>
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QLabel>
@@ -154,6 +161,7 @@ CWorkbenchWindow::CWorkbenchWindow(CInterfaceColors& colors)
 
 CWorkbenchWindow::~CWorkbenchWindow()
 {
+    delete m_series; // asks the pages
     delete m_center; // goes before the tabs that it shows
 }
 
@@ -166,6 +174,9 @@ void CWorkbenchWindow::MakeFileMenu()
     connect(m_recent, &QMenu::aboutToShow, this, &CWorkbenchWindow::FillRecent);
     m_saveSurface = AddAction(menu, EText::SaveSurface, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
                               [this] { SaveSurfaceAs(); });
+    m_saveReport = menu.addAction(QText(EReportText::Command));
+    m_saveReport->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
+    connect(m_saveReport, &QAction::triggered, this, &CWorkbenchWindow::ShowReport);
     menu.addSeparator();
     m_close = AddAction(menu, EText::CloseTab, QKeySequence(Qt::CTRL | Qt::Key_W), [this] { ClosePage(); });
     QAction* const quit = menu.addAction(QText(EText::Quit));
@@ -220,6 +231,9 @@ void CWorkbenchWindow::MakeOtherMenus()
     QMenu& analyze = *menuBar()->addMenu(QText(EText::AnalyzeMenu));
     m_parameters = AddAction(analyze, EText::Parameters, QKeySequence(Qt::CTRL | Qt::Key_R),
                              [this] { ChooseParameters(); });
+    QAction* const series = analyze.addAction(QText(ESeriesText::Command));
+    series->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R));
+    connect(series, &QAction::triggered, this, &CWorkbenchWindow::ShowSeries);
     QMenu& help = *menuBar()->addMenu(QText(EText::HelpMenu));
     AddAction(help, EText::HelpContents, QKeySequence::HelpContents,
               [] { GetHelpService().Open(c_helpTopic); });
@@ -373,7 +387,7 @@ void CWorkbenchWindow::OnCurrentTab()
 {
     CSurfacePage* const page = GetPage();
     m_center->setCurrentWidget(page ? static_cast<QWidget*>(m_tabWindow) : m_hint);
-    for (QAction* const action : {m_close, m_fit, m_saveSurface})
+    for (QAction* const action : {m_close, m_fit, m_saveSurface, m_saveReport})
         action->setEnabled(page);
     m_processing->SetPage(page);
     ShowNotice();
@@ -383,6 +397,8 @@ void CWorkbenchWindow::OnCurrentTab()
     const auto input = page ? page->GetSurface().input : nullptr;
     m_results->SetSurface(page ? page->ShareSurface() : nullptr, GetOthers(page),
                           page ? &page->GetGrains() : nullptr);
+    if (m_series)
+        m_series->Update();
     if (input == m_shown)
         return;
     m_shown = input;
@@ -504,6 +520,40 @@ void CWorkbenchWindow::RestoreScale()
 void CWorkbenchWindow::ChooseParameters()
 {
     m_results->Choose();
+}
+
+SSeriesSource CWorkbenchWindow::GetSeriesSource() const
+{
+    SAnalysisRequest request = m_results->GetRequest();
+    request.method.grains.reset(); // a height that was entered is that of one surface
+    SSeriesSource source{.analysis = request.analysis,
+                         .options = std::move(request.options),
+                         .method = std::move(request.method),
+                         .read = m_read};
+    for (CSurfacePage* const page : GetPages()) {
+        CStr path;
+        ToText(page->GetSurface().path, path);
+        source.open.push_back({.name = CStr::FromUtf8(page->GetSurface().GetSurface().fileName),
+                               .path = path,
+                               .input = page->GetProcessing().GetOriginal(),
+                               .steps = page->GetProcessing().GetSteps()});
+    }
+    if (CSurfacePage* const page = GetPage())
+        source.steps = page->GetProcessing().GetSteps();
+    return source;
+}
+
+void CWorkbenchWindow::ShowSeries()
+{
+    if (!m_series) {
+        m_series = new CSeriesWindow([this] { return GetSeriesSource(); }, this);
+        m_series->GetForm().SetChoice(m_store.series);
+        connect(m_series, &CSeriesWindow::ChoiceChanged, this,
+                [this](const SSeriesChoice& choice) { m_store.series = choice; });
+    }
+    m_series->show();
+    m_series->raise();
+    m_series->activateWindow();
 }
 
 QString CWorkbenchWindow::GetAboutText() const
@@ -709,6 +759,53 @@ void CWorkbenchWindow::SaveSurfaceAs()
     } catch (const std::exception& error) {
         Tell(CStr::FromUtf8(error.what()));
     }
+}
+
+void CWorkbenchWindow::ShowReport()
+{
+    const auto save = [this](const SReportTemplateSettings& layout, const SReportChoice& choice) {
+        return SaveReport(layout, choice.hasPictures, choice.opens);
+    };
+    CReportDialog dialog(m_store.report, save, this);
+    dialog.exec();
+    m_store.report = dialog.GetChoice();
+}
+
+// @return whether it is saved
+bool CWorkbenchWindow::SaveReport(const SReportTemplateSettings& layout, bool hasPictures, bool opens)
+{
+    CSurfacePage* const page = GetPage();
+    if (!page)
+        return false;
+    const CStr extension = CStr::FromUtf8(Measurement::GetDocumentExtension(layout));
+    const CStr mask = u"*" + extension;
+    CStr path;
+    if (!GetFileDialogService().Choose(
+            {.forOpen = false,
+             .filter = mask.Mid(2, mask.GetLength()) + u" (" + mask + u")|" + mask + u"||",
+             .extension = extension.Mid(1, extension.GetLength()),
+             .memoryKey = u"Reports"},
+            path))
+        return false;
+    if (const CStr reason = FindReasonNotToSave(*page, path); !reason.IsEmpty()) {
+        Tell(CStr::Format(Text(EText::NotSaved), CStr(GetFileName(path)), reason));
+        return false;
+    }
+    try {
+        const auto choices = Measurement::ChooseForTemplate(
+            layout, {.method = m_results->GetGrains().GetMethod(), .usesPreferences = true},
+            GetAnalysisPreferencesManager());
+        if (!SaveInBackground(this, path, [=, input = page->GetSurface().input] {
+                return MakeTemplateDocument(layout, *input, choices, hasPictures);
+            }))
+            return false;
+    } catch (const std::exception& error) {
+        Tell(CStr::FromUtf8(error.what()));
+        return false;
+    }
+    if (opens)
+        QDesktopServices::openUrl(QUrl::fromLocalFile(ToQString(path)));
+    return true;
 }
 
 void CWorkbenchWindow::closeEvent(QCloseEvent* event)

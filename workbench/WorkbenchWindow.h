@@ -5,6 +5,7 @@
 #include "measurement/process/SessionJournal.h"
 #include "qt/controls/TabWindow.h"
 #include "qt/settings/SettingsButton.h"
+#include "settings/readers/ReportTemplateSettings.h"
 #include "workbench/MessageJournal.h"
 #include "workbench/NoticeBar.h"
 #include "workbench/ProcessingPane.h"
@@ -26,6 +27,8 @@ class QStackedWidget;
 
 namespace Workbench
 {
+
+class CSeriesWindow;
 
 /// The main window: a tab for each surface, panes with results and how surfaces are shown, and the commands.
 class CWorkbenchWindow : public QMainWindow
@@ -57,6 +60,8 @@ public:
     CResultPane& GetResults() noexcept { return *m_results; }
     CProcessingPane& GetProcessing() noexcept { return *m_processing; }
     CNoticeBar& GetNotice() noexcept { return *m_notice; }
+    /// Null before the command was given.
+    CSeriesWindow* GetSeries() noexcept { return m_series; }
     CViewPane& GetViewPane() noexcept { return *m_view; }
     CSeeTools& GetSeeTools() noexcept { return *m_see; }
     CommonUI::CSettingsButton& GetColorScales() noexcept { return *m_scales; }
@@ -79,6 +84,8 @@ private:
     void MakePanes();
     void MakeEditMenu();
     void SaveSurfaceAs();
+    void ShowReport();
+    bool SaveReport(const CommonUI::SReportTemplateSettings& layout, bool hasPictures, bool opens);
     CommonUI::CStr FindReasonNotToSave(CSurfacePage& page, const CommonUI::CStr& path) const;
     void ReloadPage();
     void ShowNotice();
@@ -102,6 +109,8 @@ private:
     void OnScale(CommonUI::CSettings& settings);
     void RestoreScale();
     void ChooseParameters();
+    void ShowSeries();
+    SSeriesSource GetSeriesSource() const;
     void ShowAbout();
     void ShowDiagnostics();
     void TellOfStore();
@@ -126,10 +135,12 @@ private:
     CNoticeBar* m_notice = nullptr;
     CViewPane* m_view = nullptr;
     CSeeTools* m_see = nullptr;
+    CSeriesWindow* m_series = nullptr;
     CommonUI::CSettingsButton* m_scales = nullptr;
     QMenu* m_recent = nullptr;
     QAction* m_open = nullptr;
     QAction* m_saveSurface = nullptr;
+    QAction* m_saveReport = nullptr;
     QAction* m_fit = nullptr;
     QAction* m_close = nullptr;
     QAction* m_showMap = nullptr;

@@ -240,6 +240,19 @@ private:
 
 } // namespace
 
+SDocumentSource MakeDocumentSource(const SInput& input, const SMethod& method, const CReportTables& tables,
+                                   const CReportTables* roughness, bool hasPictures)
+{
+    const bool hasGrains = method.MeasuresGrains();
+    return {.input = input,
+            .method = method,
+            .roughness = roughness   ? roughness
+                         : hasGrains ? nullptr
+                                     : &tables,
+            .grains = hasGrains ? &tables : nullptr,
+            .hasPictures = hasPictures};
+}
+
 bool HasAny(const SReportTemplateSettings& layout, std::initializer_list<EReportBlock> blocks)
 {
     return std::ranges::find_first_of(layout.blocks, blocks) != layout.blocks.end();

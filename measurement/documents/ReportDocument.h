@@ -23,6 +23,12 @@ struct SDocumentSource {
     bool hasPictures = true;                  ///< otherwise blocks that are pictures are left out
 };
 
+/// @param tables of the grains, where the method measures some, else of the roughness
+/// @param roughness beside those of grains; null without
+COMMONUIMEASUREMENT_API SDocumentSource MakeDocumentSource(const SInput& input, const SMethod& method,
+                                                           const CReportTables& tables,
+                                                           const CReportTables* roughness, bool hasPictures);
+
 /// Whether a template has one of some blocks.
 COMMONUIMEASUREMENT_API bool HasAny(const SReportTemplateSettings& layout,
                                     std::initializer_list<EReportBlock> blocks);

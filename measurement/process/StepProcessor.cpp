@@ -97,7 +97,7 @@ CStepProcessor::SKept CStepProcessor::FindStart(const std::vector<CStepWork>& wo
 // What is in front of the step that is being changed stays longest.
 void CStepProcessor::MakeRoom()
 {
-    while (m_kept.size() >= c_mostKept) {
+    while (m_kept.size() >= m_mostKept) {
         const auto oldest =
             std::ranges::find_if(m_kept, [this](const SKept& kept) { return kept.works != m_unchanged; });
         m_kept.erase(oldest);

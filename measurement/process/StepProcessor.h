@@ -30,6 +30,13 @@ public:
     COMMONUI_CONSTANT std::size_t c_mostKept = 4;
     using FIsWanted = std::function<bool()>;
 
+    CStepProcessor() = default;
+    /// @param mostKept how many results are kept instead, 1 at least: the last one is
+    explicit CStepProcessor(std::size_t mostKept)
+        : m_mostKept(mostKept)
+    {
+    }
+
     /// @param original as it was read
     /// @param isWanted asked before each step whether somebody still waits for the result
     /// @return nothing where nobody does
@@ -54,6 +61,7 @@ private:
     SProcessed Describe(const CProcessSteps& steps, const SKept& state);
     void MakeRoom();
 
+    std::size_t m_mostKept = c_mostKept;
     std::shared_ptr<const SInput> m_original;
     std::vector<SKept> m_kept;          // the one used last stands last
     std::vector<CStepWork> m_last;      // of the last run

@@ -18,14 +18,8 @@ void AddDocument(const fs::path& path, const CommonUI::SReportTemplateSettings& 
     std::optional<Measurement::CReportTables> beside;
     if (roughness)
         beside.emplace(std::move(*roughness), false);
-    const bool hasGrains = method.MeasuresGrains();
-    const Measurement::SDocumentSource source{.input = input,
-                                              .method = method,
-                                              .roughness = beside      ? &*beside
-                                                           : hasGrains ? nullptr
-                                                                       : &tables,
-                                              .grains = hasGrains ? &tables : nullptr,
-                                              .hasPictures = options.hasPictures};
+    const Measurement::SDocumentSource source =
+        MakeDocumentSource(input, method, tables, beside ? &*beside : nullptr, options.hasPictures);
     files.AddReport(path, tables, options.forms, GetDocumentFile(layout, source));
 }
 

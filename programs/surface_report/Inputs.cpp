@@ -2,10 +2,10 @@
 
 #include "common/file/FileBytes.h"
 #include "common/Str.h"
+#include "formats/SurfaceFiles.h"
 #include "programs/command_line/CommandLine.h"
 
 #include <algorithm>
-#include <array>
 #include <set>
 #include <sstream>
 #include <string>
@@ -61,16 +61,6 @@ bool Fits(std::u16string_view name, std::u16string_view pattern)
         }
     }
     return pattern.find_first_not_of(u'*', p) == pattern.npos;
-}
-
-bool IsSurfaceName(const fs::path& path)
-{
-    std::string extension = path.extension().string();
-    std::ranges::transform(extension, extension.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    constexpr std::array<std::string_view, 3> c_extensions = {".sdf", ".x3p", ".txt"};
-    return std::ranges::find(c_extensions, extension) != c_extensions.end();
 }
 
 class CFinder
@@ -136,16 +126,8 @@ private:
     {
         if (Canonical(folder) == m_output)
             throw EUsage("\"" + folder.string() + "\" is the folder for the reports, and an input, too");
-        std::vector<fs::path> found;
-        const auto options = fs::directory_options::skip_permission_denied;
-        std::error_code error;
-        for (fs::recursive_directory_iterator entry(folder, options), end; entry != end; ++entry) {
-            if (entry->is_directory(error) && Canonical(entry->path()) == m_output)
-                entry.disable_recursion_pending();
-            else if (IsFileOrUnknown(*entry) && IsSurfaceName(entry->path()))
-                found.push_back(entry->path());
-        }
-        std::ranges::sort(found);
+        const auto found = CommonUI::Formats::FindSurfaceFiles(
+            folder, [this](const fs::path& inside) { return Canonical(inside) == m_output; });
         const fs::path name = Canonical(folder).filename();
         for (const fs::path& file : found)
             AddFile(file, name / file.lexically_relative(folder));

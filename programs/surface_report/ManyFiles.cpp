@@ -7,6 +7,7 @@
 #include "measurement/charts/Pictures.h"
 #include "measurement/ReportTables.h"
 #include "measurement/Results.h"
+#include "measurement/series/SurfaceValues.h"
 #include "platform/Terminal.h"
 #include "programs/command_line/CommandLine.h"
 #include "programs/surface_report/CollectedReport.h"
@@ -28,6 +29,7 @@
 #include <optional>
 #include <set>
 #include <thread>
+#include <utility>
 
 namespace SurfaceReport
 {
@@ -248,18 +250,9 @@ private:
     static void TakeValues(const std::vector<Measurement::SColumn>& columns,
                            const Measurement::SChoices& choices, SFileRow& row)
     {
-        row.values.assign(choices.surface.size(), CommonUI::Analysis::c_undefined);
-        row.reasons.clear();
-        for (std::size_t i = 0, next = 0; i < row.values.size() && next < columns.size(); ++i) {
-            if (columns[next].parameter.GetValue() != choices.surface[i].GetValue())
-                continue;
-            const Measurement::SColumn& column = columns[next++];
-            row.values[i] = column.values.back();
-            for (const auto& [index, state] : column.exceptions) {
-                if (index + 1 == column.values.size() && !state.reason.IsEmpty())
-                    row.reasons[i] = state.reason.ToUtf8();
-            }
-        }
+        Measurement::SSurfaceValues found = TakeSurfaceValues(columns, choices.surface);
+        row.values = std::move(found.values);
+        row.reasons = std::move(found.reasons);
     }
     bool HasAny(const fs::path& report) const
     {

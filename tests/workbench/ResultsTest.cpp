@@ -149,6 +149,53 @@ TEST_F(Results, SecondSurfaceIsOneOfTheOpenOnes)
     EXPECT_TRUE(std::isnan(GetValues("Amplification").at(0)));
 }
 
+TEST_F(Results, TipAndMethodOfPitchAreChosenAndStay)
+{
+    Open(c_sample);
+    ChooseAnalysis(EAnalysis::Calibration1D);
+    const double byFourier = GetValues("Pitch").at(0);
+    QComboBox& methods = GetForm().GetPitchMethods();
+    ASSERT_TRUE(methods.isVisible());
+    methods.setFocus();
+    QTest::keyClick(&methods, Qt::Key_Down);
+    EXPECT_NE(GetValues("Pitch").at(0), byFourier);
+
+    ChooseAnalysis(EAnalysis::Tip);
+    EXPECT_FALSE(methods.isVisible());
+    QComboBox& areas = GetForm().GetTipAreas();
+    ASSERT_TRUE(areas.isVisible());
+    EXPECT_FALSE(GetForm().GetTipWidth().isVisible());
+    const auto all = [this] {
+        std::string values; // one that is not defined is equal to itself
+        WaitForResults();
+        for (const SResultQuantity& quantity : GetSet().quantities)
+            values += std::to_string(1e9 * quantity.values.at(0)) + " ";
+        return values;
+    };
+    const auto byDepth = all();
+    areas.setFocus();
+    QTest::keyClick(&areas, Qt::Key_Home);
+    ASSERT_TRUE(GetForm().GetTipWidth().isVisible());
+    const auto type = [](CLengthField& length, const char* text) {
+        length.GetField().setFocus();
+        length.GetField().selectAll();
+        QTest::keyClicks(&length.GetField(), text);
+        QTest::keyClick(&length.GetField(), Qt::Key_Return);
+    };
+    type(GetForm().GetTipWidth(), "6");
+    const auto byWidth = all();
+    EXPECT_NE(byWidth, byDepth);
+    type(GetForm().GetTipNoise(), "0.05");
+    const auto beyondNoise = all();
+    EXPECT_NE(beyondNoise, byWidth);
+
+    Start();
+    Open(c_sample);
+    EXPECT_EQ(all(), beyondNoise);
+    ChooseAnalysis(EAnalysis::Calibration1D);
+    EXPECT_EQ(GetForm().GetPitchMethods().currentIndex(), 1);
+}
+
 TEST_F(Results, AnalysisAndItsReferenceStay)
 {
     const auto profile = Write("profile.txt", "x [mm] z [um]\n0 1\n0.1 2\n0.2 1\n0.3 4\n0.4 1\n");

@@ -29,6 +29,7 @@ Measurement::SFurtherOptions MakeFurtherOptions(const SAnalysisChoice& choice,
         options.referenceY = ReferenceOf(choice.pitchY);
         [[fallthrough]];
     case EAnalysis::Calibration1D:
+        options.pitchMethod = choice.pitchMethod;
         options.reference = ReferenceOf(choice.pitch);
         break;
     case EAnalysis::CalibrationZ:
@@ -37,6 +38,11 @@ Measurement::SFurtherOptions MakeFurtherOptions(const SAnalysisChoice& choice,
     case EAnalysis::CrossCorrelation:
     case EAnalysis::Linearity:
         options.second = std::move(second);
+        break;
+    case EAnalysis::Tip:
+        options.tipArea = choice.tipArea;
+        options.tipWidth = choice.tipWidth;
+        options.tipNoise = choice.tipNoise;
         break;
     default:
         break;

@@ -18,12 +18,17 @@ struct SGrainChoice {
     bool operator==(const SGrainChoice& other) const = default;
 };
 
-/// Which analysis is shown, and what it needs beyond its preferences. Lengths are in m, 0 for none.
+/// Which analysis is shown, and what it needs beyond its preferences. Lengths are in m, nominal ones 0 for
+/// none.
 struct SAnalysisChoice {
     CommonUI::EAnalysis analysis = CommonUI::EAnalysis::Roughness;
     double pitch = 0;  ///< nominal pitch of a grating, of an areal one that along x
     double pitchY = 0; ///< nominal pitch of an areal grating along y
     double step = 0;   ///< nominal height of steps
+    CommonUI::Measurement::EPitchMethod pitchMethod = CommonUI::Measurement::EPitchMethod::Fourier;
+    CommonUI::ETipEstimationArea tipArea = CommonUI::ETipEstimationArea::Depth50;
+    double tipWidth = 1e-6; ///< above 0; for ETipEstimationArea::Width
+    double tipNoise = 0;    ///< heights that are no bumps of a surface
     SGrainChoice grains{};
 
     bool operator==(const SAnalysisChoice& other) const = default;

@@ -26,7 +26,8 @@ constexpr EAnalysis c_analyses[] = {EAnalysis::Roughness,     EAnalysis::Roughne
                                     EAnalysis::Calibration1D, EAnalysis::CalibrationXY,
                                     EAnalysis::CalibrationZ,  EAnalysis::Linearity,
                                     EAnalysis::Tip,           EAnalysis::CrossCorrelation};
-constexpr double c_longest = 0.1; // m
+constexpr double c_longest = 0.1;       // m
+constexpr double c_narrowestTip = 1e-9; // m
 
 } // namespace
 
@@ -37,13 +38,20 @@ CAnalysisForm::CAnalysisForm()
     m_form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     m_analyses = AddList(QText(EAnalyzeText::Analysis));
     m_seconds = AddList(QText(EAnalyzeText::SecondSurface));
-    m_pitch = AddLength(QText(EAnalyzeText::Pitch), &SAnalysisChoice::pitch);
-    m_pitchY = AddLength(QText(EAnalyzeText::PitchY), &SAnalysisChoice::pitchY);
-    m_step = AddLength(QText(EAnalyzeText::Step), &SAnalysisChoice::step);
+    m_pitch = AddReference(QText(EAnalyzeText::Pitch), &SAnalysisChoice::pitch);
+    m_pitchY = AddReference(QText(EAnalyzeText::PitchY), &SAnalysisChoice::pitchY);
+    m_step = AddReference(QText(EAnalyzeText::Step), &SAnalysisChoice::step);
+    m_pitchMethods = AddList(QText(EAnalyzeText::PitchMethod));
+    m_tipAreas = AddList(QText(EAnalyzeText::TipArea));
+    m_tipWidth = AddLength(QText(EAnalyzeText::TipWidth), &SAnalysisChoice::tipWidth, c_narrowestTip);
+    m_tipNoise = AddLength(QText(EAnalyzeText::TipNoise), &SAnalysisChoice::tipNoise);
     FillAnalyses();
     SetSurfaces(nullptr, {});
+    SetChoice({});
     connect(m_analyses, &QComboBox::currentIndexChanged, this, &CAnalysisForm::OnAnalysis);
     connect(m_seconds, &QComboBox::currentIndexChanged, this, &CAnalysisForm::OnSecond);
+    connect(m_pitchMethods, &QComboBox::currentIndexChanged, this, &CAnalysisForm::OnPitchMethod);
+    connect(m_tipAreas, &QComboBox::currentIndexChanged, this, &CAnalysisForm::OnTipArea);
 }
 
 CAnalysisForm::~CAnalysisForm() = default;
@@ -60,12 +68,18 @@ QComboBox* CAnalysisForm::AddList(const QString& label)
     return list;
 }
 
-CLengthField* CAnalysisForm::AddLength(const QString& label, double SAnalysisChoice::*length)
+CLengthField* CAnalysisForm::AddReference(const QString& label, double SAnalysisChoice::*length)
 {
-    auto* const field = new CLengthField;
-    field->SetUnit(CUnit::EUnitFactor::Micro, {0, c_longest}, 1e-7);
+    CLengthField* const field = AddLength(label, length);
     field->setToolTip(QText(EAnalyzeText::NoReference));
     field->setAccessibleDescription(field->toolTip());
+    return field;
+}
+
+CLengthField* CAnalysisForm::AddLength(const QString& label, double SAnalysisChoice::*length, double shortest)
+{
+    auto* const field = new CLengthField;
+    field->SetUnit(CUnit::EUnitFactor::Micro, {shortest, c_longest}, 1e-7);
     m_form->addRow(label, field);
     connect(field, &CLengthField::Edited, this, [this, length](double value) {
         m_choice.*length = value;
@@ -79,6 +93,25 @@ void CAnalysisForm::FillAnalyses()
     for (const EAnalysis analysis : c_analyses)
         m_analyses->addItem(ToQString(CAnalysisPreferencesData::GetFriendlyName(analysis)),
                             static_cast<int>(analysis));
+    m_pitchMethods->addItem(QText(EAnalyzeText::Fourier),
+                            static_cast<int>(Measurement::EPitchMethod::Fourier));
+    m_pitchMethods->addItem(QText(EAnalyzeText::Centroid),
+                            static_cast<int>(Measurement::EPitchMethod::Centroid));
+    for (const auto& area : GetTipEstimationAreaEnum())
+        m_tipAreas->addItem(ToQString(area.GetFriendlyString()), area.GetValue());
+}
+
+void CAnalysisForm::OnPitchMethod()
+{
+    m_choice.pitchMethod = static_cast<Measurement::EPitchMethod>(m_pitchMethods->currentData().toInt());
+    Q_EMIT Changed();
+}
+
+void CAnalysisForm::OnTipArea()
+{
+    m_choice.tipArea = static_cast<ETipEstimationArea>(m_tipAreas->currentData().toInt());
+    ShowFields();
+    Q_EMIT Changed();
 }
 
 // An analysis that does not apply stays chosen, so that it is there for the next surface.
@@ -105,8 +138,15 @@ void CAnalysisForm::SetSurfaces(const Measurement::SInput* input, std::vector<SO
 void CAnalysisForm::SetChoice(const SAnalysisChoice& choice)
 {
     m_choice = choice;
-    const QSignalBlocker blocker(m_analyses);
-    m_analyses->setCurrentIndex(m_analyses->findData(static_cast<int>(choice.analysis)));
+    const auto choose = [](QComboBox& list, auto value) {
+        const QSignalBlocker blocker(list);
+        list.setCurrentIndex(list.findData(static_cast<int>(value)));
+    };
+    choose(*m_analyses, choice.analysis);
+    choose(*m_pitchMethods, choice.pitchMethod);
+    choose(*m_tipAreas, choice.tipArea);
+    m_tipWidth->SetLength(choice.tipWidth);
+    m_tipNoise->SetLength(choice.tipNoise);
     m_pitch->SetLength(choice.pitch);
     m_pitchY->SetLength(choice.pitchY);
     m_step->SetLength(choice.step);
@@ -145,6 +185,11 @@ void CAnalysisForm::ShowFields()
     m_form->setRowVisible(m_pitch, isAreal || analysis == EAnalysis::Calibration1D);
     m_form->setRowVisible(m_pitchY, isAreal);
     m_form->setRowVisible(m_step, analysis == EAnalysis::CalibrationZ);
+    m_form->setRowVisible(m_pitchMethods, analysis == EAnalysis::Calibration1D);
+    const bool isTip = analysis == EAnalysis::Tip;
+    m_form->setRowVisible(m_tipAreas, isTip);
+    m_form->setRowVisible(m_tipWidth, isTip && m_choice.tipArea == ETipEstimationArea::Width);
+    m_form->setRowVisible(m_tipNoise, isTip);
     if (auto* const label = qobject_cast<QLabel*>(m_form->labelForField(m_pitch)))
         label->setText(QText(isAreal ? EAnalyzeText::PitchX : EAnalyzeText::Pitch));
 }

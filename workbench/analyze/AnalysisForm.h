@@ -44,6 +44,10 @@ public:
     CLengthField& GetPitch() noexcept { return *m_pitch; }
     CLengthField& GetPitchY() noexcept { return *m_pitchY; }
     CLengthField& GetStep() noexcept { return *m_step; }
+    QComboBox& GetPitchMethods() noexcept { return *m_pitchMethods; }
+    QComboBox& GetTipAreas() noexcept { return *m_tipAreas; }
+    CLengthField& GetTipWidth() noexcept { return *m_tipWidth; }
+    CLengthField& GetTipNoise() noexcept { return *m_tipNoise; }
 
 Q_SIGNALS:
     /// The user has chosen something else.
@@ -51,10 +55,13 @@ Q_SIGNALS:
 
 private:
     QComboBox* AddList(const QString& label);
-    CLengthField* AddLength(const QString& label, double SAnalysisChoice::*length);
+    CLengthField* AddLength(const QString& label, double SAnalysisChoice::*length, double shortest = 0);
+    CLengthField* AddReference(const QString& label, double SAnalysisChoice::*length);
     void FillAnalyses();
     void OnAnalysis();
     void OnSecond();
+    void OnPitchMethod();
+    void OnTipArea();
     void ShowFields();
 
     SAnalysisChoice m_choice;
@@ -66,6 +73,10 @@ private:
     CLengthField* m_pitch;
     CLengthField* m_pitchY;
     CLengthField* m_step;
+    QComboBox* m_pitchMethods;
+    QComboBox* m_tipAreas;
+    CLengthField* m_tipWidth;
+    CLengthField* m_tipNoise;
 };
 
 } // namespace Workbench

@@ -26,6 +26,13 @@ enum class EAnalyzeText {
     Threshold,
     GrainCount,
     NoGrainSet,
+
+    PitchMethod = 12195,
+    Fourier,
+    Centroid,
+    TipArea,
+    TipWidth,
+    TipNoise,
 };
 
 inline CommonUI::CStr Text(EAnalyzeText text)
