@@ -1,6 +1,6 @@
 // The workbench: commonui-workbench [--language TAG] [FILE...]. With --measure it turns the block of the
 // file, or of a made-up surface of 4096 x 4096 points, and says how many frames a second that gives. With
-// --shot it draws its window into a file.
+// --measure-start it says how long the start took. With --shot it draws its window into a file.
 
 #include "common/Language.h"
 #include "dialogs/help/HelpTopics.h"
@@ -14,6 +14,7 @@
 #include "qt/services/QtServices.h"
 #include "settings/preferences/PreferencesManager.h"
 #include "workbench/FrameRate.h"
+#include "workbench/ProcessFigures.h"
 #include "workbench/WorkbenchWindow.h"
 
 #include <QApplication>
@@ -27,6 +28,7 @@
 #include <cmath>
 #include <cstdio>
 #include <memory>
+#include <optional>
 
 namespace
 {
@@ -90,6 +92,28 @@ int Measure(Workbench::CWorkbenchWindow& window)
     return isMeasured ? 0 : 1;
 }
 
+bool IsPainted(Workbench::CWorkbenchWindow& window)
+{
+    Workbench::CSurfacePage* const page = window.GetPage();
+    return page && page->GetBlock() && page->GetBlock()->GetFrame().work.triangles > 0;
+}
+
+// Until the surface is painted, and until its results are there.
+void MeasureStart(Workbench::CWorkbenchWindow& window)
+{
+    auto* const timer = new QTimer(&window);
+    QObject::connect(timer, &QTimer::timeout, &window, [&window, painted = 0.0]() mutable {
+        if (painted == 0 && IsPainted(window))
+            painted = Workbench::GetSecondsSinceStart();
+        if (painted == 0 || window.GetResults().IsBusy())
+            return;
+        std::printf("%.2f s to the surface, %.2f s to its results, %d MB at the most\n", painted,
+                    Workbench::GetSecondsSinceStart(), Workbench::GetMemory("VmHWM"));
+        QCoreApplication::exit();
+    });
+    timer->start(1);
+}
+
 // The picture is that of the window when the results are there and nothing moves.
 void WriteShot(Workbench::CWorkbenchWindow& window, const QString& path)
 {
@@ -118,13 +142,15 @@ int main(int argc, char** argv)
     const QCommandLineOption language(QStringLiteral("language"), QStringLiteral("texts in en or de"),
                                       QStringLiteral("tag"));
     const QCommandLineOption measure(QStringLiteral("measure"), QStringLiteral("how many frames a second"));
+    const QCommandLineOption start(QStringLiteral("measure-start"),
+                                   QStringLiteral("how long the start takes"));
     const QCommandLineOption shot(QStringLiteral("shot"), QStringLiteral("a picture of the window"),
                                   QStringLiteral("file"));
     const QCommandLineOption settings(QStringLiteral("settings"),
                                       QStringLiteral("where preferences are kept"), QStringLiteral("folder"));
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOptions({language, measure, shot, settings});
+    parser.addOptions({language, measure, start, shot, settings});
     parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("surfaces to open"),
                                  QStringLiteral("[FILE...]"));
     parser.process(application);
@@ -148,7 +174,8 @@ int main(int argc, char** argv)
     const std::unique_ptr<void, void (*)(void*)> atEnd(
         &help, [](void*) { Measurement::CBackgroundWork::WaitForAll(); });
     Workbench::CWorkbenchWindow window(colors);
-    if (parser.isSet(measure) || parser.isSet(shot))
+    const bool isTried = parser.isSet(measure) || parser.isSet(start);
+    if (isTried || parser.isSet(shot))
         window.EndSession(); // nobody works with it
     window.show();
     std::vector<CStr> files;
@@ -160,7 +187,9 @@ int main(int argc, char** argv)
     }
     QTimer::singleShot(0, &window, [&] {
         window.OpenFiles(files);
-        if (!parser.isSet(shot))
+        if (parser.isSet(start))
+            MeasureStart(window);
+        else if (!parser.isSet(shot))
             window.OfferSessions();
         if (parser.isSet(shot))
             WriteShot(window, parser.value(shot));

@@ -173,8 +173,8 @@ std::size_t CSelectionRows::CountShown() const
 
 void CSelectionRows::Search(std::u16string_view text)
 {
-    m_search = text;
-    const CSearchWords words(text);
+    m_search = text; // which may be what it was
+    const CSearchWords words(m_search);
     for (SSelectionRow& row : m_rows)
         row.shown = row.entry && words.AreIn(row.text, HasWord);
     // Groups stand before what is in them.

@@ -74,6 +74,7 @@ protected:
 
 private:
     void AddColumnAction(int textId, QKeyCombination key, void (*act)(CGridPane&));
+    QAction* FindColumnAction(const QKeyEvent& event) const;
     int GetLineHeight() const;
     void UpdateFont();
     // Tells the grid whether keys go to it or its editor.

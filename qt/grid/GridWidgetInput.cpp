@@ -5,8 +5,11 @@
 #include "qt/grid/GridWidget.h"
 #include "qt/QtText.h"
 
+#include <QAction>
 #include <QKeyEvent>
 #include <QTimerEvent>
+
+#include <algorithm>
 
 namespace CommonUI
 {
@@ -50,12 +53,34 @@ bool CGridWidget::event(QEvent* event)
             event->accept();
             return true;
         }
+        // Nor are those of its own commands: the window may have them as well, and then neither would act.
+        if (FindColumnAction(static_cast<QKeyEvent&>(*event))) {
+            event->accept();
+            return true;
+        }
     }
     return QAbstractScrollArea::event(event);
 }
 
+// Where plus is typed with Shift, that is no modifier.
+QAction* CGridWidget::FindColumnAction(const QKeyEvent& event) const
+{
+    Qt::KeyboardModifiers ignored = Qt::KeypadModifier;
+    ignored.setFlag(Qt::ShiftModifier, event.key() == Qt::Key_Plus);
+    const auto isMeant = [&](const QAction* action) {
+        const QKeyCombination keys = action->shortcut()[0];
+        return event.key() == keys.key() && (event.modifiers() & ~ignored) == keys.keyboardModifiers();
+    };
+    const auto found = std::ranges::find_if(m_columnActions, isMeant);
+    return hasFocus() && found != m_columnActions.end() ? *found : nullptr;
+}
+
 void CGridWidget::keyPressEvent(QKeyEvent* event)
 {
+    if (QAction* const action = FindColumnAction(*event)) {
+        action->trigger();
+        return;
+    }
     const QPointer<CGridWidget> self(this);
     const auto key = ToGridKey(*event);
     const CStr text = FromQString(TypedText(*event));

@@ -31,6 +31,8 @@ const SSettingsEntry& CSettingsListModel::GetEntry(const QModelIndex& index) con
 
 QVariant CSettingsListModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid()) // as views ask for when the one to be copied is none
+        return {};
     const CSettingsChooser::SRow& row = m_chooser.GetRow(static_cast<std::size_t>(index.row()));
     if (role == Qt::DisplayRole)
         return ToQString(index.column() == Name ? row.entry.m_Name : row.place);

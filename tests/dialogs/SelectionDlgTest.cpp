@@ -202,6 +202,10 @@ TEST(SelectionDlg, FindsBySymbolNameAndStandard)
         EXPECT_EQ(stage.Count(), row.count) << CStr(row.text).ToUtf8() << "\n" << stage.view.Draw().ToUtf8();
         EXPECT_TRUE(!row.found || stage.view.Select(row.found)) << stage.view.Draw().ToUtf8();
     }
+    // The search stays when the parameters are others.
+    EXPECT_TRUE(stage.view.Search(u"mean width 4287 waviness"));
+    EXPECT_TRUE(stage.view.Press(CDlg::c_defaults));
+    EXPECT_NE(stage.Count().find(", 1 found"), std::string::npos) << stage.Count();
     // The check box of a group is for what is shown of it.
     stage.view.Search(u"4287 ra arith");
     EXPECT_TRUE(stage.view.Check(u"ISO 4287", false));

@@ -282,6 +282,9 @@ TEST_F(GridWidget, ColumnsFollowTheirEdgesAndTheFont)
     QTest::mouseDClick(&m_shown.View(), Qt::LeftButton, {}, {149, 5});
     const int fitted = Grid().GetColumnWidth(0);
     EXPECT_LT(fitted, 100);
+    QAction zoom; // of the window, with the same key
+    zoom.setShortcut(Qt::CTRL | Qt::Key_Plus);
+    m_shown.grid->window()->addAction(&zoom);
     Type("Ctrl++");
     EXPECT_EQ(m_changes, " width 0 width 0 width 1");
     Grid().SetColumnWidth(1, 600);
