@@ -1,5 +1,5 @@
 # Install rules and the CMake package, so that find_package(CommonUI) gives CommonUI::Common, CommonUI::CommonUI,
-# CommonUI::Analysis, CommonUI::Formats, CommonUI::Measurement and, where it is built, CommonUI::Qt.
+# CommonUI::Analysis, CommonUI::Formats, CommonUI::Measurement and, where they are built, CommonUI::Qt and CommonUI::Win.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/CommonUI)
@@ -24,6 +24,9 @@ commonui_install(CommonUITargets CommonDLL CommonUIDLL CommonUIAnalysis CommonUI
     CommonUIMeasurement)
 if(COMMONUI_WITH_QT)
     commonui_install(CommonUIQtTargets CommonUIQt)
+endif()
+if(WIN32)
+    commonui_install(CommonUIWinTargets CommonUIWin)
 endif()
 # The pages that help opens, with their pictures.
 install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR})
