@@ -5,7 +5,7 @@ namespace CommonUI
 
 HWND GetOwnerWindow()
 {
-    if (const HWND active = GetActiveWindow(); active && IsWindowVisible(active))
+    if (HWND__* const active = GetActiveWindow(); active && IsWindowVisible(active))
         return active;
     HWND found = nullptr;
     EnumThreadWindows(

@@ -36,8 +36,8 @@ RECT PlaceIn(HWND parent, HWND child)
 // How large a text gets in a width.
 SIZE Measure(HWND window, HFONT font, const std::wstring& text, int width)
 {
-    const HDC context = GetDC(window);
-    const HGDIOBJ before = SelectObject(context, font);
+    HDC__* const context = GetDC(window);
+    void* const before = SelectObject(context, font);
     RECT area{0, 0, width, 0};
     DrawTextW(context, text.c_str(), -1, &area, DT_CALCRECT | DT_WORDBREAK);
     SelectObject(context, before);
@@ -59,7 +59,7 @@ void Enlarge(HWND window, const SIZE& by)
 void MoveButtons(HWND window, int by)
 {
     for (const int number : {IDOK, IDCANCEL, IDYES, IDNO, IDHELP})
-        if (const HWND button = GetDlgItem(window, number)) {
+        if (HWND__* const button = GetDlgItem(window, number)) {
             const RECT place = PlaceIn(window, button);
             SetWindowPos(button, nullptr, place.left + by, place.top, 0, 0,
                          SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
@@ -110,7 +110,7 @@ void CShownBox::AddCheck()
     RECT client{};
     GetClientRect(m_window, &client);
     // The space that the box leaves below its buttons.
-    const HWND button =
+    HWND__* const button =
         GetDlgItem(m_window, static_cast<int>(CMessageBoxService::GetCautiousAnswer(m_box.style)));
     const int margin = button ? client.bottom - PlaceIn(m_window, button).bottom : 0;
     const auto font = reinterpret_cast<HFONT>(SendMessageW(m_window, WM_GETFONT, 0, 0));
@@ -151,7 +151,7 @@ LRESULT CALLBACK CShownBox::Handle(HWND window, UINT message, WPARAM wide, LPARA
 }
 
 // What the system does not know, or does not do everywhere.
-bool CShownBox::TakeCommand(WPARAM command)
+bool CShownBox::TakeCommand(WPARAM command) const
 {
     if (LOWORD(command) == IDHELP && (m_box.style & MessageBoxStyle::c_help))
         GuardedCall([topic = m_box.helpTopic] { GetHelpService().Open(topic); });

@@ -28,7 +28,7 @@ private:
 
     void Adopt(HWND window);
     void AddCheck();
-    bool TakeCommand(WPARAM command);
+    bool TakeCommand(WPARAM command) const;
     LRESULT PassOn(HWND window, UINT message, WPARAM wide, LPARAM longer) const;
 
     const SMessageBox& m_box;

@@ -20,7 +20,7 @@ std::filesystem::path CWinFolders::GetSettingsFolder() const
     wchar_t* found = nullptr;
     const bool isKnown =
         SUCCEEDED(SHGetKnownFolderPath(FOLDERID_RoamingAppData, KF_FLAG_DONT_VERIFY, nullptr, &found));
-    const std::filesystem::path folder = isKnown ? std::filesystem::path(found) : GetApplicationFolder();
+    std::filesystem::path folder = isKnown ? std::filesystem::path(found) : GetApplicationFolder();
     CoTaskMemFree(found); // also where it failed
     return folder;
 }

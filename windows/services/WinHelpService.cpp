@@ -22,7 +22,8 @@ std::wstring GetProgramFor(const std::wstring& extension)
     if (FAILED(AssocQueryStringW(ASSOCF_INIT_IGNOREUNKNOWN, ASSOCSTR_EXECUTABLE, extension.c_str(), L"open",
                                  program.data(), &size)))
         return {};
-    return program.c_str();
+    program.resize(program.find(L'\0'));
+    return program;
 }
 
 } // namespace
@@ -37,8 +38,9 @@ bool CWinHelpService::Show(const std::filesystem::path& page, const CStr& chapte
     DWORD size = c_longestAddress;
     if (error || FAILED(UrlCreateFromPathW(full.c_str(), address.data(), &size, 0)))
         return false;
+    address.resize(address.find(L'\0'));
     const CStr anchor = chapter.IsEmpty() ? CStr() : u"#" + chapter;
-    return OpenPage(full, FromWide(address.c_str()) + anchor);
+    return OpenPage(full, FromWide(address) + anchor);
 }
 
 bool CWinHelpService::OpenPage(const std::filesystem::path& page, const CStr& address)
