@@ -1,5 +1,5 @@
 # Install rules and the CMake package, so that find_package(CommonUI) gives CommonUI::Common, CommonUI::CommonUI,
-# CommonUI::Analysis, CommonUI::Formats, CommonUI::Measurement and, where it is built, CommonUI::Qt.
+# CommonUI::Analysis, CommonUI::Formats, CommonUI::Measurement and, where they are built, CommonUI::Qt and CommonUI::Win.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/CommonUI)
@@ -25,12 +25,18 @@ commonui_install(CommonUITargets CommonDLL CommonUIDLL CommonUIAnalysis CommonUI
 if(COMMONUI_WITH_QT)
     commonui_install(CommonUIQtTargets CommonUIQt)
 endif()
+if(WIN32)
+    commonui_install(CommonUIWinTargets CommonUIWin)
+endif()
 # The pages that help opens, with their pictures.
 install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR})
 # The programs that they show, each in a folder to begin with, and a surface.
 foreach(example IN ITEMS data format_dialog grid_dialog languages measurement number_dialog progress_dialog selection_dialog)
     install(DIRECTORY examples/${example} DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 endforeach()
+if(WIN32)
+    install(DIRECTORY examples/windows_services DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+endif()
 configure_package_config_file(cmake/CommonUIConfig.cmake.in ${PROJECT_BINARY_DIR}/CommonUIConfig.cmake
     INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/CommonUIConfigVersion.cmake COMPATIBILITY SameMinorVersion)

@@ -2,9 +2,9 @@
 
 /// @file
 /// What each library of the project exports is marked with a macro of its own: COMMONDLL_API, COMMONUI_API,
-/// COMMONUIQT_API, COMMONUIANALYSIS_API, COMMONUIFORMATS_API, COMMONUIMEASUREMENT_API. The build of a library
-/// defines its name with _BUILD behind it, such as COMMONUIDLL_BUILD; a static build defines COMMONUI_STATIC
-/// for the libraries and their users.
+/// COMMONUIQT_API, COMMONUIWIN_API, COMMONUIANALYSIS_API, COMMONUIFORMATS_API, COMMONUIMEASUREMENT_API. The
+/// build of a library defines its name with _BUILD behind it, such as COMMONUIDLL_BUILD; a static build
+/// defines COMMONUI_STATIC for the libraries and their users.
 ///
 /// A constant of an exported class is a COMMONUI_CONSTANT: `COMMONUI_CONSTANT int c_ok = 1;`. GCC for Windows
 /// leaves a `static constexpr` out of the DLL where the library itself only takes its value, and a user who
@@ -61,4 +61,10 @@
 #define COMMONUIQT_API COMMONUI_EXPORT
 #else
 #define COMMONUIQT_API COMMONUI_IMPORT
+#endif
+
+#if defined(COMMONUIWIN_BUILD)
+#define COMMONUIWIN_API COMMONUI_EXPORT
+#else
+#define COMMONUIWIN_API COMMONUI_IMPORT
 #endif

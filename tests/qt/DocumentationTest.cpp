@@ -59,20 +59,22 @@ TEST(Documentation, HasAChapterForEachTopicOfHelp)
 TEST(Documentation, ShowsTheProgramsThatAreBuilt)
 {
     const std::string page = Read("docs/qt.md");
-    const auto shows = [&page](const std::string& language, const std::string& file) {
+    const auto shows = [](const std::string& in, const std::string& language, const std::string& file) {
         std::string block = "```" + language + "\n";
         block += Read("examples/" + file);
         block += "```\n";
-        EXPECT_NE(page.find(block), std::string::npos) << file;
+        EXPECT_NE(in.find(block), std::string::npos) << file;
     };
     int programs = 0;
     for (const char* const program : {"measurement", "number_dialog", "progress_dialog", "format_dialog",
                                       "selection_dialog", "grid_dialog", "languages"}) {
-        shows("cpp", std::string(program) + "/main.cpp");
+        shows(page, "cpp", std::string(program) + "/main.cpp");
         ++programs;
     }
     for (const char* const program : {"measurement", "number_dialog"})
-        shows("cmake", std::string(program) + "/CMakeLists.txt");
+        shows(page, "cmake", std::string(program) + "/CMakeLists.txt");
+    for (const auto& [language, file] : {std::pair("cpp", "main.cpp"), std::pair("cmake", "CMakeLists.txt")})
+        shows(Read("docs/windows.md"), language, std::string("windows_services/") + file);
     const std::string begin = "```cpp\n";
     for (std::size_t at = page.find(begin); at != page.npos; at = page.find(begin, at + 1))
         --programs;
