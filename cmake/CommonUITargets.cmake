@@ -33,7 +33,7 @@ function(commonui_compile_settings target)
         target_compile_options(${target} PRIVATE
             -fsanitize=${COMMONUI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
         # The instrumented code makes GCC see uninitialised reads where there are none; the plain builds look for them.
-        target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
+        target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
         target_link_options(${target} PRIVATE -fsanitize=${COMMONUI_SANITIZE})
     endif()
 endfunction()

@@ -1,10 +1,13 @@
 #include "measurement/Request.h"
 
+#include "common/ControlCharacters.h"
+
 namespace CommonUI::Measurement
 {
 
+// What is wrong stands in one line, whatever the subject has in it.
 ERequest::ERequest(const CStr& subject, const CStr& reason)
-    : EInput(u"Request", 0, u"", subject.IsEmpty() ? reason : subject + u": " + reason)
+    : EInput(u"Request", 0, u"", ReplaceControls(subject.IsEmpty() ? reason : subject + u": " + reason, u'?'))
     , m_subject(subject)
 {
 }

@@ -3,13 +3,12 @@
 #include "formats/SurfaceWriter.h"
 #include "tests/common/FailingAllocation.h"
 #include "tests/formats/SurfaceFile.h"
+#include "tests/formats/ZipArchive.h"
 #include "tests/TestData.h"
 
 #include <cstdint>
 #include <cstring>
 #include <limits>
-#include <map>
-#include <zip.h>
 
 using namespace CommonUI::Formats;
 using CommonUI::CAllocatedBytes;
@@ -23,32 +22,11 @@ class X3p : public SurfaceFile
 {
 };
 
-using CEntries = std::map<std::string, std::string>;
-
 std::string Replaced(std::string text, const std::string& from, const std::string& to)
 {
     const std::size_t place = text.find(from);
     EXPECT_NE(place, text.npos) << from;
     return place == text.npos ? text : text.replace(place, from.size(), to);
-}
-
-// An archive of deflated entries.
-std::string Archive(const CEntries& entries)
-{
-    zip_source_t* const source = zip_source_buffer_create(nullptr, 0, 0, nullptr);
-    zip_t* const zip = zip_open_from_source(source, ZIP_TRUNCATE, nullptr);
-    zip_source_keep(source);
-    for (const auto& [name, bytes] : entries)
-        zip_file_add(zip, name.c_str(), zip_source_buffer(zip, bytes.data(), bytes.size(), 0), 0);
-    EXPECT_EQ(zip_close(zip), 0);
-    zip_stat_t status{};
-    zip_source_open(source);
-    zip_source_stat(source, &status);
-    std::string bytes(status.size, '\0');
-    zip_source_read(source, bytes.data(), bytes.size());
-    zip_source_close(source);
-    zip_source_free(source);
-    return bytes;
 }
 
 // Changes a field of an entry where the archive's directory describes it.
@@ -116,7 +94,7 @@ CEntries WithList(const std::string& axisZ, const std::string& list)
 
 TEST_F(X3p, ReadsIntegersWithMask)
 {
-    ExpectThreeByTwo(Read(Archive(c_entries)), {1.001e-6, 0.998e-6, c_missing, 1e-6, 1.005e-6, 1.006e-6});
+    ExpectThreeByTwo(Read(Zip(c_entries)), {1.001e-6, 0.998e-6, c_missing, 1e-6, 1.005e-6, 1.006e-6});
 }
 
 TEST_F(X3p, ReadsTheDate)
@@ -130,14 +108,14 @@ TEST_F(X3p, ReadsTheDate)
     };
     for (const auto& [stated, date] : cases) {
         const std::string record = "</Record1><Record2><Date>" + std::string(stated) + "</Date></Record2>";
-        EXPECT_EQ(Read(Archive(WithXml("</Record1>", record))).date, date) << stated;
+        EXPECT_EQ(Read(Zip(WithXml("</Record1>", record))).date, date) << stated;
     }
 }
 
 TEST_F(X3p, ReadsAllTypes)
 {
     const auto read = [&](const std::string& axisZ, const std::string& data) {
-        return Read(Archive(With(WithXml(c_axisZ, axisZ + "<Offset/></CZ>"), c_data, data)));
+        return Read(Zip(With(WithXml(c_axisZ, axisZ + "<Offset/></CZ>"), c_data, data)));
     };
     const std::vector<double> heights = {1e-9, -2e-9, c_missing, 0, 5e-9, 6e-9};
     ExpectHeights(read("<DataType>L</DataType><Increment>1e-9</Increment>",
@@ -156,16 +134,16 @@ TEST_F(X3p, ReadsPointsThatStandInTheDescription)
 {
     const std::vector<double> heights = {1e-9, -2e-9, c_missing, 0, c_missing, 6e-9};
     const std::string axis = "<DataType>D</DataType>";
-    ExpectHeights(Read(Archive(WithList(axis, "<Datum>1e-9</Datum><Datum> -2e-9 </Datum><Datum/>"
-                                              "<Datum>0</Datum><Datum>NaN</Datum><Datum>6e-9</Datum>"))),
+    ExpectHeights(Read(Zip(WithList(axis, "<Datum>1e-9</Datum><Datum> -2e-9 </Datum><Datum/>"
+                                          "<Datum>0</Datum><Datum>NaN</Datum><Datum>6e-9</Datum>"))),
                   heights);
     const std::string xyz = "<Datum>0;0;1e-9</Datum><Datum>1e-6;0;-2e-9</Datum><Datum></Datum>"
                             "<Datum>0;2e-6;0</Datum><Datum>1e-6;2e-6;</Datum><Datum>2e-6;2e-6;6e-9</Datum>";
-    ExpectHeights(Read(Archive(WithList(axis, xyz))), heights);
+    ExpectHeights(Read(Zip(WithList(axis, xyz))), heights);
     CEntries entries = WithList(axis, Replaced(xyz, "<Datum></Datum>", "<Datum>2e-6;0;NaN</Datum>"));
     entries["main.xml"] =
         Replaced(entries["main.xml"], c_axisX, "<CX><AxisType>A</AxisType><DataType>D</DataType>");
-    const SSurface surface = Read(Archive(entries));
+    const SSurface surface = Read(Zip(entries));
     EXPECT_EQ(surface.dx, 1e-6);
     ExpectHeights(surface, heights);
 }
@@ -179,7 +157,7 @@ TEST_F(X3p, ReadsAbsolutePositionsThatAreEven)
         std::string data;
         for (int i = 0; i < 6; ++i)
             data += Numbers<float>({i == 5 ? third : static_cast<float>(i % 3)}) + Numbers<std::int32_t>({i});
-        return Archive(With(With(c_entries, "main.xml", xml), c_data, data));
+        return Zip(With(With(c_entries, "main.xml", xml), c_data, data));
     };
     const SSurface surface = Read(archive(2));
     EXPECT_EQ(surface.dx, 1);
@@ -193,7 +171,7 @@ TEST_F(X3p, ReadsProfiles)
     const std::string size = "<SizeX>3</SizeX><SizeY>2</SizeY>";
     std::string xml = Replaced(Replaced(c_xml, "SUR", "PRF"), size, "<SizeX>6</SizeX><SizeY>1</SizeY>");
     const auto expectProfile = [&](const std::string& text) {
-        const SSurface profile = Read(Archive(With(c_entries, "main.xml", text)));
+        const SSurface profile = Read(Zip(With(c_entries, "main.xml", text)));
         EXPECT_EQ(profile.lines, 1u);
         EXPECT_EQ(profile.points, 6u);
         EXPECT_EQ(profile.dy, profile.dx);
@@ -204,7 +182,7 @@ TEST_F(X3p, ReadsProfiles)
     const std::size_t start = xml.find("<MatrixDimension>");
     xml.replace(start, xml.find("<DataLink>") - start, "<ListDimension>6</ListDimension>");
     expectProfile(xml);
-    ExpectRefused(Archive(WithXml("SUR", "PRF")), "a.sdf: main.xml: SizeY: a profile has one line, not 2");
+    ExpectRefused(Zip(WithXml("SUR", "PRF")), "a.sdf: main.xml: SizeY: a profile has one line, not 2");
 }
 
 TEST_F(X3p, ChecksumsAreThoseOfMd5)
@@ -225,15 +203,15 @@ TEST_F(X3p, WrongChecksumsAreRefused)
 {
     const std::string sum = "<MD5ChecksumPointData>";
     const auto withSum = [&](const std::string& digits) {
-        return Archive(WithXml(c_link, c_link + sum + digits + "</MD5ChecksumPointData>"));
+        return Zip(WithXml(c_link, c_link + sum + digits + "</MD5ChecksumPointData>"));
     };
     ExpectRefused(withSum("7dea362b3fac8e00956a4952a3d4f474"),
                   "a.sdf: bindata/data.bin: its MD5 checksum is not the one in main.xml");
-    ExpectRefused(Archive(With(c_entries, "md5checksum.hex", "d41d8cd98f00b204e9800998ecf8427e *main.xml\n")),
+    ExpectRefused(Zip(With(c_entries, "md5checksum.hex", "d41d8cd98f00b204e9800998ecf8427e *main.xml\n")),
                   "a.sdf: main.xml: its MD5 checksum is not the one in 'md5checksum.hex'");
-    ExpectRefused(Archive(With(c_entries, "md5checksum.hex", "")), "a.sdf: main.xml: its MD5 checksum");
-    ExpectRefused(Archive(WithXml("</Record3>", "</Record3><Record4><ChecksumFile>md5checksum.hex"
-                                                "</ChecksumFile></Record4>")),
+    ExpectRefused(Zip(With(c_entries, "md5checksum.hex", "")), "a.sdf: main.xml: its MD5 checksum");
+    ExpectRefused(Zip(WithXml("</Record3>", "</Record3><Record4><ChecksumFile>md5checksum.hex"
+                                            "</ChecksumFile></Record4>")),
                   "a.sdf: the archive has no entry 'md5checksum.hex'");
 }
 
@@ -242,38 +220,37 @@ TEST_F(X3p, RefusesBadDescriptions)
 {
     for (const std::string& row : ReadTestLines("refused-x3p-descriptions.txt")) {
         const std::vector<std::string> cells = SplitText(row, '|');
-        ExpectRefused(Archive(WithXml(cells[0], cells[1])), "a.sdf: main.xml: " + cells[2]);
+        ExpectRefused(Zip(WithXml(cells[0], cells[1])), "a.sdf: main.xml: " + cells[2]);
     }
     const std::string axis = "<DataType>D</DataType>";
-    ExpectRefused(Archive(WithList(axis, "<Datum>1</Datum>")),
-                  "a.sdf: main.xml: DataList: 6 points promised, 1");
+    ExpectRefused(Zip(WithList(axis, "<Datum>1</Datum>")), "a.sdf: main.xml: DataList: 6 points promised, 1");
     for (const char* datum : {"x", "1;2;3;4", "0;0;inf"}) {
         std::string list = std::string("<Datum>") + datum + "</Datum>";
         list += "<Datum/><Datum/><Datum/><Datum/><Datum/>";
-        ExpectRefused(Archive(WithList(axis, list)), "a.sdf: main.xml: DataList: numbers such as");
+        ExpectRefused(Zip(WithList(axis, list)), "a.sdf: main.xml: DataList: numbers such as");
     }
     // Nesting takes no stack.
     std::string deep;
     for (int i = 0; i < 1'000'000; ++i)
         deep += "<a>";
-    ExpectRefused(Archive(With(c_entries, "main.xml", deep)), "a.sdf: main.xml: no XML: ");
+    ExpectRefused(Zip(With(c_entries, "main.xml", deep)), "a.sdf: main.xml: no XML: ");
 }
 
 // Archives that lie, climb or grow, each of which has to be refused before much memory is taken.
 TEST_F(X3p, RefusesHostileArchives)
 {
-    const std::string good = Archive(c_entries);
+    const std::string good = Zip(c_entries);
     CEntries many = c_entries;
     for (int i = 0; i < 1000; ++i)
         many[std::to_string(i)] = "";
-    std::string twice = Archive(With(c_entries, "bindata/dat2.bin", "twice"));
+    std::string twice = Zip(With(c_entries, "bindata/dat2.bin", "twice"));
     for (std::size_t place = twice.find("dat2"); place != twice.npos; place = twice.find("dat2"))
         twice[place + 3] = 'a';
-    const std::string huge = Archive(WithXml("<SizeX>3</SizeX>", "<SizeX>2000000000</SizeX>"));
+    const std::string huge = Zip(WithXml("<SizeX>3</SizeX>", "<SizeX>2000000000</SizeX>"));
     const std::uint32_t hugeSize = 4'000'000'000;
     const std::string claims = WithField<std::uint32_t>(
-        Archive(With(WithXml("<SizeX>3</SizeX><SizeY>2</SizeY>", "<SizeX>2000000000</SizeX><SizeY>1</SizeY>"),
-                     c_data, std::string(100'000, '\1'))),
+        Zip(With(WithXml("<SizeX>3</SizeX><SizeY>2</SizeY>", "<SizeX>2000000000</SizeX><SizeY>1</SizeY>"),
+                 c_data, std::string(100'000, '\1'))),
         c_data, c_size, hugeSize);
     const std::string end = good.substr(good.rfind("PK\5\6"));
     const std::string large =
@@ -282,15 +259,15 @@ TEST_F(X3p, RefusesHostileArchives)
         {"PK\3\4", "a.sdf: the archive is damaged, or cut off"},
         {good.substr(0, good.size() - 1), "a.sdf: the archive is damaged, or cut off"},
         {large, "a.sdf: archives of the form for more than 4 GiB or 65535 entries"},
-        {Archive(many), "a.sdf: the archive has 1003 entries; more than 1000 are refused"},
+        {Zip(many), "a.sdf: the archive has 1003 entries; more than 1000 are refused"},
         {twice, "a.sdf: the archive has two entries 'bindata/data.bin'"},
-        {Archive(With(c_entries, "/x\x1B", "")), "a.sdf: the archive has an entry '/x?', which leads out"},
-        {Archive({{"a", ""}}), "a.sdf: the archive has no entry 'main.xml'"},
-        {Archive({{"main.xml", c_xml}}), "a.sdf: the archive has no entry 'bindata/data.bin'"},
-        {Archive(With(c_entries, "main.xml", std::string(17 << 20, ' '))),
+        {Zip(With(c_entries, "/x\x1B", "")), "a.sdf: the archive has an entry '/x?', which leads out"},
+        {Zip({{"a", ""}}), "a.sdf: the archive has no entry 'main.xml'"},
+        {Zip({{"main.xml", c_xml}}), "a.sdf: the archive has no entry 'bindata/data.bin'"},
+        {Zip(With(c_entries, "main.xml", std::string(17 << 20, ' '))),
          "a.sdf: main.xml: more than 16777216 bytes are refused"},
-        {Archive(With(c_entries, c_data, "123")), "a.sdf: bindata/data.bin: 12 bytes expected, not 3"},
-        {Archive(With(c_entries, "bindata/valid.bin", "12")),
+        {Zip(With(c_entries, c_data, "123")), "a.sdf: bindata/data.bin: 12 bytes expected, not 3"},
+        {Zip(With(c_entries, "bindata/valid.bin", "12")),
          "a.sdf: bindata/valid.bin: 1 bytes expected, not 2"},
         {huge, "a.sdf: bindata/data.bin: 8000000000 bytes expected, not 12"},
         {claims, "a.sdf: bindata/data.bin: refused, as it grows to more than a hundred times its size"},
@@ -308,11 +285,11 @@ TEST_F(X3p, RefusesHostileArchives)
         EXPECT_LT(allocated.Get(), bytes.size() * 4 + (32 << 20)) << expected;
     }
     for (const std::string name : {"../x", "a/..", "a\\..\\x"})
-        ExpectRefused(Archive(With(c_entries, name, "")),
+        ExpectRefused(Zip(With(c_entries, name, "")),
                       "a.sdf: the archive has an entry '" + name + "', which leads out");
     // Sizes that agree with the description and not with what is packed.
-    const std::string more = Archive(With(c_entries, c_data, std::string(14, '\0')));
-    const std::string less = Archive(With(c_entries, c_data, std::string(10, '\0')));
+    const std::string more = Zip(With(c_entries, c_data, std::string(14, '\0')));
+    const std::string less = Zip(With(c_entries, c_data, std::string(10, '\0')));
     for (const std::string& archive : {more, less})
         ExpectRefused(WithField<std::uint32_t>(archive, c_data, c_size, 12),
                       "a.sdf: bindata/data.bin: the archive is damaged there");
