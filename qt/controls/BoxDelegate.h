@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QListView>
 #include <QStyledItemDelegate>
 
 namespace CommonUI
@@ -14,6 +15,16 @@ public:
 
     /// The colour of a window of which a style makes an edge.
     static QColor MakeGroundOfEdge(const QColor& edge) { return edge.lighter(c_shade); }
+
+    // A list that wraps words asks for the height of an item in one width to place it and in another one to
+    // draw it.
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyleOptionViewItem placed = option;
+        if (const auto* const list = qobject_cast<const QListView*>(option.widget); list && list->wordWrap())
+            placed.rect.setSize(list->viewport()->size());
+        return QStyledItemDelegate::sizeHint(placed, index);
+    }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
