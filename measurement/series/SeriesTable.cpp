@@ -4,7 +4,7 @@
 #include "common/ControlCharacters.h"
 #include "common/PathText.h"
 #include "measurement/Columns.h"
-#include "measurement/detail/FractileShare.h"
+#include "measurement/FractileShare.h"
 #include "measurement/ResultSets.h"
 
 #include <algorithm>

@@ -68,9 +68,9 @@ protected:
     QPoint At(double x, double y)
     {
         const auto& surface = GetPage().GetSurface().GetSurface();
-        const SurfaceView::SPixel pixel = GetPage().GetMap().GetPlace().ToPixel(
-            {.x = x * surface.dx * static_cast<double>(surface.points),
-             .y = y * surface.dy * static_cast<double>(surface.lines)});
+        const SurfaceView::SPixel pixel =
+            GetPage().GetMap().GetPlace().ToPixel({.x = x * surface.dx * static_cast<double>(surface.points),
+                                                   .y = y * surface.dy * static_cast<double>(surface.lines)});
         return {qRound(pixel.x), qRound(pixel.y)};
     }
 
@@ -110,11 +110,11 @@ TEST_F(Tour, LeadsFromAFileToASpreadsheet)
     QTest::qWait(0);
     ASSERT_EQ(chart.GetChart().lines.size(), 1u);
     for (const double share : {0.3, 0.6})
-        QTest::mouseClick(&chart, Qt::LeftButton, {},
-                          chart.ToPoint(share * chart.GetChart().x.range.GetUpper(),
-                                        chart.GetChart().y.range.GetUpper())
-                                  .toPoint() +
-                              QPoint(0, 10));
+        QTest::mouseClick(
+            &chart, Qt::LeftButton, {},
+            chart.ToPoint(share * chart.GetChart().x.range.GetUpper(), chart.GetChart().y.range.GetUpper())
+                    .toPoint() +
+                QPoint(0, 10));
     EXPECT_TRUE(GetMessageLoop().RunUntil([&] { return !tools.GetProfiles().GetRoughness().IsBusy(); }));
     Show("5-profile");
 
@@ -122,7 +122,8 @@ TEST_F(Tour, LeadsFromAFileToASpreadsheet)
     tools.GetCurves().raise();
     tools.GetCurves().GetChoice().setCurrentIndex(1);
     QTest::qWait(0);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !tools.GetCurves().GetChart().GetChart().lines.empty(); }, 20'000));
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return !tools.GetCurves().GetChart().GetChart().lines.empty(); }, 20'000));
     Show("6-curves");
     tools.GetCurves().hide();
     tools.GetProfiles().hide();
