@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <iterator>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,8 +26,10 @@ protected:
     {
         std::vector<std::string> inputs;
         const auto folder = std::filesystem::path(COMMONUI_FUZZ_CORPUS) / GetParam().name;
-        for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-            std::ifstream file(entry.path(), std::ios::binary);
+        // In an order that is the same everywhere, so that inputs are made of the same ones.
+        const std::set<std::filesystem::path> paths(std::filesystem::directory_iterator(folder), {});
+        for (const std::filesystem::path& path : paths) {
+            std::ifstream file(path, std::ios::binary);
             inputs.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
         }
         return inputs;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ostream>
 #include <span>
 #include <stdexcept>
 #include <string_view>
@@ -21,6 +22,8 @@ struct STarget {
     void (*run)(std::string_view bytes);
     /// How many inputs the tests try: those of slow ones are fewer.
     int tries = 2000;
+
+    friend std::ostream& operator<<(std::ostream& out, const STarget& target) { return out << target.name; }
 };
 
 /// All of them, in the order of their names.

@@ -70,8 +70,7 @@ class Monkey : public CWorkbenchTest
 {
 protected:
     static constexpr int c_checkEvery = 40;
-    static constexpr int c_settled = 2000;   // events after which the memory has been taken that is needed
-    static constexpr int c_mostMemory = 400; // MB beyond that
+    static constexpr int c_mostMemory = 300; // MB beyond what the first half of the events has taken
     static constexpr int c_longest = 60'000; // ms that work may take
 
     Monkey()
@@ -404,7 +403,7 @@ private:
     void CheckMemory()
     {
         const int memory = ReadMemory();
-        if (m_event - m_first <= c_settled)
+        if (m_event - m_first <= (m_end - m_first) / 2)
             m_memory = std::max(m_memory, memory);
         else
             EXPECT_LT(memory, m_memory + c_mostMemory);

@@ -205,6 +205,7 @@ TEST_F(Series, SurfacesMayGoMeanwhile)
 {
     OpenSample();
     AddMean();
+    WaitForResults();
     CSeriesWindow& series = Show();
     QTest::mouseClick(&series.GetCompute(), Qt::LeftButton);
     const double sa = ValuesOf(m_window->GetResults().GetPanel().GetResults(), u"Sa").at(0);
