@@ -13,8 +13,8 @@
 namespace Workbench
 {
 
-/// A measurement from file to spreadsheet, as docs/tour.md tells of it. With COMMONUI_TOUR it leaves its pictures in that
-/// folder, see scripts/tour.
+/// A measurement from file to spreadsheet, as docs/tour.md tells of it. With COMMONUI_TOUR it leaves its
+/// pictures in that folder, see scripts/tour.
 class Tour : public CWorkbenchTest
 {
 protected:
