@@ -1,6 +1,7 @@
 #include "windows/services/WinClipboard.h"
 
 #include "tests/windows/ClipboardTesting.h"
+#include "tests/windows/ReplacedCall.h"
 
 #include <future>
 #include <thread>
@@ -57,6 +58,27 @@ TEST(WinClipboard, WaitsForWhoHoldsItAndGivesUpWithoutLoss)
     const CHolder forAMoment(std::chrono::milliseconds(60));
     EXPECT_TRUE(clipboard.Put(u"<p>third</p>", u"third"));
     EXPECT_EQ(ReadClipboardText(), u"third");
+}
+
+TEST(WinClipboard, IsLeftWithoutHalfOfTheContent)
+{
+    using FSet = HANDLE(WINAPI*)(UINT, HANDLE);
+    using FLock = LPVOID(WINAPI*)(HGLOBAL);
+    CWinClipboard clipboard;
+    ASSERT_TRUE(clipboard.Put(u"<p>first</p>", u"first"));
+    {
+        const CReplacedCall<FLock> failing("GlobalLock", [](HGLOBAL) -> LPVOID { return nullptr; });
+        EXPECT_FALSE(clipboard.Put(u"<p>second</p>", u"second"));
+    }
+    EXPECT_EQ(ReadClipboardText(), u"first");
+    EXPECT_EQ(ReadClipboardHtml(), u"<p>first</p>");
+    {
+        const CReplacedCall<FSet> failing("SetClipboardData", [](UINT format, HANDLE data) -> HANDLE {
+            return format == CF_UNICODETEXT ? nullptr : SetClipboardData(format, data);
+        });
+        EXPECT_FALSE(clipboard.Put(u"<p>third</p>", u"third"));
+    }
+    EXPECT_EQ(CountClipboardFormats(), 0);
 }
 
 TEST(WinClipboard, LinesEndAsWindowsHasThem)

@@ -2,6 +2,7 @@
 
 #include "tests/contract/LoopContract.h"
 #include "tests/DiagnosticsCapture.h"
+#include "tests/windows/ReplacedCall.h"
 #include "tests/windows/WindowTesting.h"
 #include "windows/services/WinTimerService.h"
 
@@ -48,6 +49,18 @@ public:
 private:
     HWND m_window;
 };
+
+// RunUntil, for three seconds at most.
+bool RunFor(CWinMessageLoop& loop, const CMessageLoop::FCondition& isDone)
+{
+    bool late = false;
+    static bool* s_late = nullptr;
+    s_late = &late;
+    const UINT_PTR timer = SetTimer(nullptr, 0, 3000, [](HWND, UINT, UINT_PTR, DWORD) { *s_late = true; });
+    loop.RunUntil([&] { return late || isDone(); });
+    KillTimer(nullptr, timer);
+    return !late;
+}
 
 } // namespace
 
@@ -114,6 +127,56 @@ TEST(WinMessageLoop, AnExceptionThatNobodyWaitsForIsInTheDiagnostics)
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
         DispatchMessageW(&message);
     EXPECT_EQ(lines.Take(), std::vector<CStr>{u"Windows: an exception left a callback: lost"});
+}
+
+TEST(WinMessageLoop, GoesOnWhereTheSystemTakesNoPostedMessages)
+{
+    using FPost = BOOL(WINAPI*)(HWND, UINT, WPARAM, LPARAM);
+    CWinMessageLoop loop;
+    int handled = 0;
+    const auto post = [&] { loop.Post([&] { ++handled; }); };
+    const CKeyWindow window;
+    CKeyWindow::Press('A');
+    post();
+    for (MSG message; PeekMessageW(&message, nullptr, 0xC000, 0xFFFF, PM_REMOVE);)
+        DispatchMessageW(&message); // which sets a timer, as a key waits
+    EXPECT_EQ(handled, 0);
+    {
+        const CReplacedCall<FPost> full("PostMessageW",
+                                        [](HWND, UINT, WPARAM, LPARAM) -> BOOL { return FALSE; });
+        loop.Pump();
+        for (int wanted = 2; wanted < 4; ++wanted) {
+            post();
+            EXPECT_TRUE(RunFor(loop, [&] { return handled == wanted; })) << handled;
+        }
+        std::thread(post).join();
+        EXPECT_TRUE(RunFor(loop, [&] { return handled == 4; })) << handled;
+    }
+    post();
+    EXPECT_TRUE(RunFor(loop, [&] { return handled == 5; })) << handled;
+}
+
+TEST(WinMessageLoop, SaysThatTheSystemGivesNoMessages)
+{
+    using FGet = BOOL(WINAPI*)(MSG*, HWND, UINT, UINT);
+    CWinMessageLoop loop;
+    const CReplacedCall<FGet> failing("GetMessageW", [](MSG*, HWND, UINT, UINT) -> BOOL { return -1; });
+    EXPECT_THROW(loop.RunUntil([] { return false; }), std::system_error);
+}
+
+TEST(WinMessageLoop, ATickThatEndsTheLoopLeavesItsMessages)
+{
+    static std::unique_ptr<CWinMessageLoop> s_loop;
+    static bool s_handled = false;
+    s_loop = std::make_unique<CWinMessageLoop>();
+    const UINT_PTR timer =
+        SetTimer(nullptr, 0, USER_TIMER_MINIMUM, [](HWND, UINT, UINT_PTR, DWORD) { s_loop.reset(); });
+    s_loop->Post([] { s_handled = true; });
+    Sleep(2 * USER_TIMER_MINIMUM); // the tick is due when the message comes
+    for (MSG message; s_loop && GetMessageW(&message, nullptr, 0, 0) > 0;)
+        DispatchMessageW(&message);
+    KillTimer(nullptr, timer);
+    EXPECT_FALSE(s_handled);
 }
 
 TEST(WinMessageLoop, AFilterTakesWhatIsItsOwn)

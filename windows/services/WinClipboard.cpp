@@ -12,7 +12,7 @@ namespace CommonUI
 namespace
 {
 
-// Memory that the clipboard can take over.
+// Memory that the clipboard can take over: filled, or not there.
 class CSharedMemory
 {
 public:
@@ -22,13 +22,11 @@ public:
         if (void* const bytes = m_memory ? GlobalLock(m_memory) : nullptr) {
             std::memcpy(bytes, data, size);
             GlobalUnlock(m_memory);
+        } else {
+            Free();
         }
     }
-    ~CSharedMemory()
-    {
-        if (m_memory)
-            GlobalFree(m_memory);
-    }
+    ~CSharedMemory() { Free(); }
     CSharedMemory(const CSharedMemory&) = delete;
     CSharedMemory& operator=(const CSharedMemory&) = delete;
 
@@ -42,6 +40,12 @@ public:
     }
 
 private:
+    void Free()
+    {
+        if (m_memory)
+            GlobalFree(std::exchange(m_memory, nullptr));
+    }
+
     HGLOBAL m_memory;
 };
 
@@ -82,7 +86,10 @@ bool CWinClipboard::Put(const CStr& html, const CStr& text)
     CSharedMemory textMemory(lines.c_str(), (lines.size() + 1) * sizeof(wchar_t));
     if (!htmlMemory.IsThere() || !textMemory.IsThere() || !OpenPatiently(m_owner->GetHandle()))
         return false;
-    const bool done = EmptyClipboard() && htmlMemory.Give(htmlFormat) && textMemory.Give(CF_UNICODETEXT);
+    const bool isEmpty = EmptyClipboard() != 0;
+    const bool done = isEmpty && htmlMemory.Give(htmlFormat) && textMemory.Give(CF_UNICODETEXT);
+    if (isEmpty && !done)
+        EmptyClipboard(); // rather nothing than one half
     CloseClipboard();
     return done;
 }

@@ -22,7 +22,9 @@ public:
     ~CWinClipboard() override;
 
     /// A character U+0000 ends the text for programs that paste it.
-    /// @return false, and the clipboard keeps what it has, also when there is no memory for the content
+    /// @return false, and the clipboard keeps what it has, also when there is no memory for the content. Only
+    /// where the system refuses content that is ready for it the clipboard is empty then; it never has one
+    /// form of the content without the other.
     bool Put(const CStr& html, const CStr& text) override;
 
 private:

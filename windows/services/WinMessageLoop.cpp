@@ -5,6 +5,7 @@
 
 #include <deque>
 #include <mutex>
+#include <system_error>
 #include <utility>
 
 namespace CommonUI
@@ -80,8 +81,9 @@ public:
     // From a timer, which Pump would handle, to a message, which it leaves.
     void KeepWakeUp()
     {
+        const std::lock_guard lock(m_mutex);
         if (KillTimer(GetHandle(), c_turn))
-            PostMessageW(GetHandle(), GetWakeUp(), 0, 0);
+            m_isAwaited = SendWakeUp();
     }
 
     std::size_t GetCount() const
@@ -94,7 +96,9 @@ public:
 protected:
     LRESULT OnMessage(UINT message, WPARAM wide, LPARAM longer) override
     {
-        if (message == GetWakeUp())
+        if (message == GetWakeUp() && wide == c_byTimer)
+            OnWakeUpByTimer();
+        else if (message == GetWakeUp())
             OnWakeUp();
         else if (message == WM_TIMER && wide == c_turn)
             OnTurn();
@@ -105,16 +109,35 @@ protected:
 
 private:
     static constexpr UINT_PTR c_turn = 1;
+    static constexpr WPARAM c_byTimer = 1;
 
     // Under the lock.
     void WakeUp()
     {
         if (!m_messages.empty() && !m_isAwaited)
-            m_isAwaited = PostMessageW(GetHandle(), GetWakeUp(), 0, 0) != 0;
+            m_isAwaited = SendWakeUp();
+    }
+    // Under the lock. A thread whose queue is full takes no posted message: a timer comes then, which only
+    // the thread of the window can set.
+    bool SendWakeUp()
+    {
+        if (PostMessageW(GetHandle(), GetWakeUp(), 0, 0))
+            return true;
+        if (GetWindowThreadProcessId(GetHandle(), nullptr) != GetCurrentThreadId())
+            return SendNotifyMessageW(GetHandle(), GetWakeUp(), c_byTimer, 0) != 0;
+        return SetTurn();
+    }
+    bool SetTurn() { return SetTimer(GetHandle(), c_turn, USER_TIMER_MINIMUM, nullptr) != 0; }
+    void OnWakeUpByTimer()
+    {
+        if (SetTurn())
+            return;
+        const std::lock_guard lock(m_mutex);
+        m_isAwaited = false; // the next message tries again
     }
     void OnWakeUp()
     {
-        if (!DoesInputWait() || SetTimer(GetHandle(), c_turn, USER_TIMER_MINIMUM, nullptr) == 0)
+        if (!DoesInputWait() || !SetTurn())
             HandleBehindTicks();
     }
     void OnTurn()
@@ -131,15 +154,18 @@ private:
             if (ticksWait) // of which one may run a loop that waits for a message
                 WakeUp();
         }
+        const std::weak_ptr<void> life = m_life;
         if (ticksWait)
             MakeTicks();
-        HandleOne();
+        if (!life.expired()) // a tick may end the application, and the loop with it
+            HandleOne();
     }
 
     mutable std::mutex m_mutex; // of the messages and whether a wake-up is on its way
     std::deque<FMessage> m_messages;
     bool m_isAwaited = false;
     std::size_t m_handled = 0;
+    std::shared_ptr<void> m_life = std::make_shared<char>();
 };
 
 CWinMessageLoop::CWinMessageLoop()
@@ -159,7 +185,11 @@ bool CWinMessageLoop::RunUntil(const FCondition& isDone)
     CCallGuard guard;
     while (!isDone()) {
         MSG message;
-        if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
+        const int got = GetMessageW(&message, nullptr, 0, 0);
+        if (got < 0) // and there is no message
+            throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
+                                    "a message of Windows");
+        if (got == 0) {
             PassOn(message);
             return false;
         }

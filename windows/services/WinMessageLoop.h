@@ -12,7 +12,8 @@ namespace CommonUI
 
 /// The messages of the library, handled by whatever loop of Windows runs on the thread that makes the object:
 /// the application's own, that of RunUntil, or one of the system's, as of a message box, a menu, or a window
-/// that is moved. Messages that wait when the object goes are not handled.
+/// that is moved. Messages that wait when the object goes are not handled. A message or a tick may end the
+/// object unless it runs in its own RunUntil or Pump.
 ///
 /// Windows hands out what is posted before keys, the mouse, painting and timers. A message of the library
 /// lets those go first that wait by then.
@@ -32,6 +33,7 @@ public:
     ~CWinMessageLoop() override;
 
     void Post(FMessage message) override;
+    /// Throws std::system_error where the system fails to give messages.
     /// @return false if WM_QUIT ended the loop; the loops around it get that message, too
     bool RunUntil(const FCondition& isDone) override;
     /// What Windows has waiting is handled for a twentieth of a second at most: ticks that take longer than
