@@ -1409,12 +1409,14 @@ constexpr SStringTableRow c_english[] = {
     {12190, u"&Save\u2026"},
     {12191, u"Save as Te&mplate\u2026"},
     {12193, u"The report template “%s” cannot be used."},
-    {12195, u"Mean pitch &by:"},
+    {12195, u"Mean pitch by:"},
     {12196, u"Fourier transform"},
     {12197, u"Centers of gravity"},
-    {12198, u"Tip &down to:"},
-    {12199, u"Tip &width:"},
-    {12200, u"Nois&e below:"},
+    {12198, u"Tip down to:"},
+    {12199, u"Tip width:"},
+    {12200, u"Noise below:"},
+    {12221, u"there is not enough memory"},
+    {12222, u"there are none"},
 };
 
 constexpr bool IsRising()

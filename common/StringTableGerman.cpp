@@ -1410,12 +1410,14 @@ constexpr SStringTableRow c_german[] = {
     {12190, u"&Speichern\u2026"},
     {12191, u"&Als Vorlage speichern\u2026"},
     {12193, u"Die Berichtsvorlage „%s“ ist nicht zu gebrauchen."},
-    {12195, u"&Mittlere Periode nach:"},
+    {12195, u"Mittlere Periode nach:"},
     {12196, u"Fouriertransformation"},
     {12197, u"Schwerpunkten"},
-    {12198, u"Spit&ze bis:"},
-    {12199, u"&Breite der Spitze:"},
-    {12200, u"Ra&uschen unter:"},
+    {12198, u"Spitze bis:"},
+    {12199, u"Breite der Spitze:"},
+    {12200, u"Rauschen unter:"},
+    {12221, u"der Speicher reicht nicht"},
+    {12222, u"es gibt keine"},
 };
 
 } // namespace

@@ -83,8 +83,8 @@ bool CFileDialogService::Choose(const SFileDialog& dialog, CStr& path)
 {
     SFileDialog shown = dialog;
     if (const CFileDialogMemory::SPlace* place = m_memory.Find(dialog.memoryKey)) {
-        shown.folder = place->folder;
-        if (shown.file.IsEmpty())
+        shown.folder = dialog.isFolder ? place->folder + place->file : place->folder;
+        if (shown.file.IsEmpty() && !dialog.isFolder)
             shown.file = place->file;
     }
     CStr chosen;

@@ -11,7 +11,7 @@
 namespace CommonUI
 {
 
-/// What a dialog for choosing a file offers.
+/// What a dialog for choosing a file or a folder offers.
 struct SFileDialog {
     bool forOpen = true; ///< an existing file to be read; else a file to be written, old or new
     /// Pairs of a text and its masks, as "Filter files (*.flt)|*.flt|All files (*.*)|*.*||"; several masks
@@ -21,6 +21,9 @@ struct SFileDialog {
     CStr memoryKey{}; ///< what the last folder and file are remembered under; empty remembers nothing
     CStr folder{};    ///< where the dialog starts; the remembered folder comes before it
     CStr file{};      ///< the name or path proposed; the remembered file only when this is empty
+    /// An existing folder is chosen, and nothing in it is changed by the dialog; filter, extension and file
+    /// do not count.
+    bool isFolder = false;
 
     friend bool operator==(const SFileDialog&, const SFileDialog&) = default;
 };
@@ -65,7 +68,8 @@ private:
     std::map<CStr, SPlace> m_places;
 };
 
-/// What an application lends the library to let its user choose a file. Used on the user-interface thread.
+/// What an application lends the library to let its user choose a file or a folder. Used on the
+/// user-interface thread.
 class COMMONUI_API CFileDialogService
 {
 public:
@@ -76,7 +80,8 @@ public:
 
     /// Shows the dialog over the application's main window, if it has one, where its memory says, and
     /// remembers the choice.
-    /// @param path receives the path chosen; left alone when the user cancels
+    /// @param path receives the path chosen, a folder without a separator at its end; left alone when the
+    ///     user cancels
     /// @return false when the user cancels
     bool Choose(const SFileDialog& dialog, CStr& path);
 

@@ -35,7 +35,7 @@ const SSurface& ChooseSource(const SViewedSurface& surface, const SGridPart& par
 {
     const SSurface* source = &surface.GetSurface();
     const SGridPart all = AllOf(*source);
-    for (const SSurface& coarser : surface.coarser) {
+    for (const SSurface& coarser : surface.coarser.Get(*source)) {
         const SGridPart there = MoveToGrid(part, all, AllOf(coarser));
         if (there.points < std::min(part.points, most) || there.lines < std::min(part.lines, most))
             break;

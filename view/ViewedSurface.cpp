@@ -33,6 +33,12 @@ std::vector<SSurface> MakeCoarser(const SSurface& surface)
 
 } // namespace
 
+const std::vector<SSurface>& CCoarserSurfaces::Get(const SSurface& surface) const
+{
+    std::call_once(m_once, [&] { m_surfaces = MakeCoarser(surface); });
+    return m_surfaces;
+}
+
 std::shared_ptr<const SViewedSurface> MakeViewedSurface(const std::filesystem::path& path, SSurface surface)
 {
     return MakeViewedSurface(path, std::make_shared<CommonUI::Measurement::SInput>(
@@ -53,7 +59,6 @@ MakeViewedSurface(const std::filesystem::path& path,
         viewed->box = MakeBox(surface, 0);
         viewed->levels = MakeDetailLevels(surface, *viewed->box);
         viewed->tree = CHeightTree(surface);
-        viewed->coarser = MakeCoarser(surface);
     }
     viewed->input = std::move(input);
     return viewed;

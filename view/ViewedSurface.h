@@ -6,11 +6,26 @@
 
 #include <filesystem>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <vector>
 
 namespace SurfaceView
 {
+
+/// A surface with half the points along a side, a quarter and so on, while these are more than c_mostPoints:
+/// a third more memory, which nobody needs before something is looked at closely.
+class CCoarserSurfaces
+{
+public:
+    /// They are made by the first call, which takes some time for a large surface; any thread may call.
+    /// @param surface the same one each time
+    const std::vector<CommonUI::Analysis::SSurface>& Get(const CommonUI::Analysis::SSurface& surface) const;
+
+private:
+    mutable std::once_flag m_once;
+    mutable std::vector<CommonUI::Analysis::SSurface> m_surfaces;
+};
 
 /// A surface with what its views and its analysis need, made once and never changed.
 struct SViewedSurface {
@@ -23,9 +38,7 @@ struct SViewedSurface {
     std::optional<SBox> box{}; ///< empty where there is nothing to see in three dimensions
     std::vector<SMesh> levels{};
     CHeightTree tree{};
-    /// The same with half the points along a side, a quarter and so on, while these are more than
-    /// c_mostPoints.
-    std::vector<CommonUI::Analysis::SSurface> coarser{};
+    CCoarserSurfaces coarser{};
 
     const CommonUI::Analysis::SSurface& GetSurface() const { return input->surface; }
 };

@@ -77,6 +77,12 @@ SPoint ToLight(const SBlockLook& look)
     return {std::sin(around) * flat, std::cos(around) * flat, std::sin(look.lightAbove * c_radian)};
 }
 
+bool CBlockWidget::IsPossible()
+{
+    static const bool isPossible = QOpenGLContext().create();
+    return isPossible;
+}
+
 CBlockWidget::CBlockWidget(std::shared_ptr<const SurfaceView::SViewedSurface> surface)
     : m_surface(std::move(surface))
     , m_choice(std::max<std::size_t>(1, m_surface->levels.size()), m_target)
@@ -380,15 +386,16 @@ void CBlockWidget::mousePressEvent(QMouseEvent* event)
     m_dragged = event->position().toPoint();
     const bool mayClick = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
     m_pressed = mayClick ? std::optional(event->position()) : std::nullopt;
+    m_hasClicked = false;
 }
 
 void CBlockWidget::mouseReleaseEvent(QMouseEvent* event)
 {
     if (!m_pressed || event->button() != Qt::LeftButton)
         return;
-    const QPointF at = *std::exchange(m_pressed, std::nullopt);
-    if ((event->position() - at).manhattanLength() <= c_clickReach)
-        Q_EMIT Clicked(FindPlace(event->position()));
+    m_pressed.reset();
+    m_hasClicked = true;
+    Q_EMIT Clicked(FindPlace(event->position()));
 }
 
 std::optional<SurfaceView::SMapPoint> CBlockWidget::FindPlace(const QPointF& at) const
@@ -406,6 +413,8 @@ std::optional<SurfaceView::SMapPoint> CBlockWidget::FindPlace(const QPointF& at)
 
 void CBlockWidget::mouseMoveEvent(QMouseEvent* event)
 {
+    if (m_pressed && (event->position() - *m_pressed).manhattanLength() > c_clickReach)
+        m_pressed.reset(); // wherever it ends
     const QPoint moved = event->position().toPoint() - m_dragged;
     m_dragged = event->position().toPoint();
     const bool isOther = event->buttons() & (Qt::RightButton | Qt::MiddleButton);
@@ -421,6 +430,8 @@ void CBlockWidget::mouseMoveEvent(QMouseEvent* event)
 
 void CBlockWidget::mouseDoubleClickEvent(QMouseEvent*)
 {
+    if (std::exchange(m_hasClicked, false))
+        Q_EMIT ClickTakenBack();
     Fit();
 }
 

@@ -54,6 +54,10 @@ class CBlockWidget : public QOpenGLWidget
     Q_OBJECT
 
 public:
+    /// Whether the platform of the windows has OpenGL at all. Where it has none, a widget for it would take
+    /// the process with it as soon as its window is painted.
+    static bool IsPossible();
+
     explicit CBlockWidget(std::shared_ptr<const SurfaceView::SViewedSurface> surface);
     ~CBlockWidget() override;
 
@@ -89,6 +93,8 @@ Q_SIGNALS:
     void LookChanged();
     /// The user has clicked on a place of the surface, or on none.
     void Clicked(const std::optional<SurfaceView::SMapPoint>& place);
+    /// The last click was the first one of a double click, which means something else.
+    void ClickTakenBack();
 
 protected:
     void initializeGL() override;
@@ -136,6 +142,7 @@ private:
     QTimer m_rest; // ticks when nothing has moved for a while
     QPoint m_dragged;
     std::optional<QPointF> m_pressed; // where the button went down that may become a click
+    bool m_hasClicked = false;        // with the last press
     SFrame m_frame;
 };
 

@@ -82,6 +82,7 @@ void CSurfacePage::MakeBlock(const std::shared_ptr<const SurfaceView::SViewedSur
         m_grains->Pick(place);
         m_grains->ShowGrain(m_grains->GetChosen());
     });
+    connect(m_block, &CBlockWidget::ClickTakenBack, m_grains, &CGrainOverlay::TakeBack);
     MarkGrains();
 }
 
@@ -101,6 +102,8 @@ void CSurfacePage::ShowBlock(const std::shared_ptr<const SurfaceView::SViewedSur
         m_blockPlace->setCurrentWidget(m_fault);
         return;
     }
+    if (!CBlockWidget::IsPossible())
+        return ShowFault(QText(EText::NoOpenGL));
     if (m_block)
         m_block->SetSurface(surface);
     else

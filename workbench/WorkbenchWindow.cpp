@@ -7,6 +7,7 @@
 #include "measurement/documents/TemplateDocument.h"
 #include "measurement/NamedSet.h"
 #include "platform/FileDialogService.h"
+#include "platform/files/FileManager.h"
 #include "platform/Folders.h"
 #include "platform/HelpService.h"
 #include "platform/MessageBoxService.h"
@@ -27,7 +28,6 @@
 
 #include <QActionGroup>
 #include <QCloseEvent>
-#include <QDesktopServices>
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QLabel>
@@ -120,7 +120,8 @@ CWorkbenchWindow::CWorkbenchWindow(CInterfaceColors& colors)
 {
     // The system's window is made for OpenGL from the start: otherwise it would be made anew, and lose the
     // keyboard, with the first surface.
-    (new QOpenGLWidget(this))->hide();
+    if (CBlockWidget::IsPossible())
+        (new QOpenGLWidget(this))->hide();
     setWindowTitle(QText(EText::ProgramName));
     setAcceptDrops(true);
     m_tabWindow->setAccessibleName(QText(EText::Surfaces));
@@ -734,6 +735,12 @@ CStr CWorkbenchWindow::FindReasonNotToSave(CSurfacePage& page, const CStr& path)
         return Text(EText::StepsNotDone);
     if (!page.GetProcessing().GetFailure().IsEmpty())
         return page.GetProcessing().GetFailure();
+    return FindReasonNotToWrite(path);
+}
+
+// Likewise of anything: the surfaces that are open are read from their files again.
+CStr CWorkbenchWindow::FindReasonNotToWrite(const CStr& path) const
+{
     const auto isIt = [&](const CSurfacePage* open) {
         std::error_code error;
         return std::filesystem::equivalent(open->GetSurface().path, ToPath(path), error);
@@ -766,7 +773,8 @@ void CWorkbenchWindow::ShowReport()
     const auto save = [this](const SReportTemplateSettings& layout, const SReportChoice& choice) {
         return SaveReport(layout, choice.hasPictures, choice.opens);
     };
-    CReportDialog dialog(m_store.report, save, this);
+    CReportDialog dialog(
+        m_store.report, save, [this](const CStr& path) { return FindReasonNotToWrite(path); }, this);
     dialog.exec();
     m_store.report = dialog.GetChoice();
 }
@@ -804,7 +812,7 @@ bool CWorkbenchWindow::SaveReport(const SReportTemplateSettings& layout, bool ha
         return false;
     }
     if (opens)
-        QDesktopServices::openUrl(QUrl::fromLocalFile(ToQString(path)));
+        GetFileManager().OpenFile(path);
     return true;
 }
 

@@ -87,6 +87,7 @@ private:
     void ShowReport();
     bool SaveReport(const CommonUI::SReportTemplateSettings& layout, bool hasPictures, bool opens);
     CommonUI::CStr FindReasonNotToSave(CSurfacePage& page, const CommonUI::CStr& path) const;
+    CommonUI::CStr FindReasonNotToWrite(const CommonUI::CStr& path) const;
     void ReloadPage();
     void ShowNotice();
     void KeepSession();

@@ -2,13 +2,17 @@
 
 #include "analysis/numeric/SingleThread.h"
 #include "common/PathText.h"
+#include "common/StringTable.h"
 #include "measurement/BackgroundWork.h"
 #include "measurement/process/StepProcessor.h"
 #include "measurement/Results.h"
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <exception>
+#include <mutex>
 #include <new>
 #include <optional>
 #include <thread>
@@ -22,6 +26,57 @@ namespace
 
 using CInput = std::shared_ptr<const SInput>;
 using FIsWanted = SSeriesRequest::FIsWanted;
+
+constexpr int c_noMemory = 12221;
+
+// How many surfaces all series of the process work on. What was given up goes on for a while, and shall not
+// get more and more by what is begun meanwhile. It stays until the end of the process.
+struct SPlaces {
+    std::mutex mutex{};
+    std::condition_variable changed{};
+    std::size_t taken = 0;
+
+    static SPlaces& Get()
+    {
+        static auto& places = *new SPlaces;
+        return places;
+    }
+    static std::size_t CountAll() noexcept { return std::max(1U, std::thread::hardware_concurrency()); }
+};
+
+// The place of one of these surfaces.
+class CPlace
+{
+public:
+    // Waits until one is free, or until nobody waits for the surface any more.
+    explicit CPlace(const FIsWanted& isWanted)
+    {
+        constexpr std::chrono::milliseconds c_waitTime{20};
+        SPlaces& places = SPlaces::Get();
+        std::unique_lock lock(places.mutex);
+        do
+            m_isTaken =
+                places.changed.wait_for(lock, c_waitTime, [&] { return places.taken < SPlaces::CountAll(); });
+        while (!m_isTaken && isWanted());
+        places.taken += m_isTaken ? 1 : 0;
+    }
+    ~CPlace()
+    {
+        if (!m_isTaken)
+            return;
+        SPlaces& places = SPlaces::Get();
+        const std::lock_guard lock(places.mutex);
+        --places.taken;
+        places.changed.notify_all();
+    }
+    CPlace(const CPlace&) = delete;
+    CPlace& operator=(const CPlace&) = delete;
+
+    bool IsTaken() const noexcept { return m_isTaken; }
+
+private:
+    bool m_isTaken = false;
+};
 
 // The surface with its steps done. @return null where nobody waits any more
 CInput DoSteps(CInput original, const CProcessSteps& steps, const FIsWanted& isWanted, CStr& remark)
@@ -55,6 +110,7 @@ void Analyse(const SSeriesRequest& request, SSeriesItem item, const FIsWanted& i
         return;
     if (const CStr refusal = request.refuse(input->surface); !refusal.IsEmpty()) {
         row.remark = refusal;
+        row.hasFailed = true;
         return;
     }
     const SResults results = ComputeResults(*input, request.choices);
@@ -71,8 +127,10 @@ SSeriesRow MakeRow(const SSeriesRequest& request, SSeriesItem item, const FIsWan
     try {
         Analyse(request, std::move(item), isWanted, row);
     } catch (const std::bad_alloc&) {
-        row.remark = u"there is not enough memory";
+        row.hasFailed = true;
+        row.remark = GetString(c_noMemory);
     } catch (const std::exception& error) {
+        row.hasFailed = true;
         row.remark = WithoutFolder(CStr::FromUtf8(error.what()), path);
     }
     return row;
@@ -112,6 +170,9 @@ struct CSeries::SRun {
         if (request.items.size() > 1)
             single.emplace();
         for (std::size_t i = next++; i < rows.size() && isWanted(); i = next++) {
+            const CPlace place(isWanted);
+            if (!place.IsTaken())
+                return;
             rows[i] = MakeRow(request, std::move(request.items[i]), isWanted);
             failed += rows[i].HasFailed() ? 1 : 0;
             ++done;
@@ -138,8 +199,7 @@ void CSeries::Start(SSeriesRequest request)
         request.choices.rows.clear();
     const auto run = std::make_shared<SRun>(std::move(request));
     m_run = run;
-    const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
-    run->working = std::clamp<std::size_t>(run->rows.size(), 1, processors);
+    run->working = std::clamp<std::size_t>(run->rows.size(), 1, SPlaces::CountAll());
     for (std::size_t i = 0; i < run->working; ++i) {
         run->workers.push_back(std::make_unique<CBackgroundWork>());
         run->workers.back()->Request([this, run](const auto& isWanted) {

@@ -31,8 +31,9 @@ struct SSeriesRow {
     std::size_t rowCount = 0; ///< of its profiles or grains
     /// Why it failed, in a sentence or clause, or which step was left out.
     CStr remark{};
+    bool hasFailed = false; ///< a surface of which nothing is asked for has no values, too
 
-    bool HasFailed() const noexcept { return found.values.empty(); }
+    bool HasFailed() const noexcept { return hasFailed; }
 };
 
 /// What a series is asked for. It holds all that the threads need: whatever is opened, changed or closed
@@ -55,7 +56,8 @@ struct COMMONUIMEASUREMENT_API SSeriesRequest {
 };
 
 /// Analyses many surfaces in the background, as many at a time as there are processors, each on one thread
-/// and kept no longer than that. A surface that fails is a row with the reason. Whoever goes waits for
+/// and kept no longer than that; those of several series, and what was given up, count together. A surface
+/// that fails is a row with the reason. Whoever goes waits for
 /// nothing, as with CBackgroundWork.
 ///
 /// Used on the user-interface thread.

@@ -1,6 +1,7 @@
 #include "measurement/series/SurfaceValues.h"
 
 #include "analysis/surface/Value.h"
+#include "common/StringTable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,6 +11,8 @@ namespace CommonUI::Measurement
 
 namespace
 {
+
+constexpr int c_noRows = 12222;
 
 // Calls `take` with each column and the index of its parameter.
 void ForEachColumn(const std::vector<SColumn>& columns, const std::vector<CParameter>& parameters,
@@ -46,8 +49,8 @@ SSurfaceValues TakeMeans(const SResults& results, const std::vector<CParameter>&
             found.values[i] = mean->value;
         if (!std::isnan(found.values[i]))
             return;
-        const CStr reason = results.rowCount > 0 ? results.GetState(column, 0, found.values[i]).reason
-                                                 : CStr(u"there are none");
+        const CStr reason =
+            results.rowCount > 0 ? results.GetState(column, 0, found.values[i]).reason : GetString(c_noRows);
         if (!reason.IsEmpty())
             found.reasons[i] = reason.ToUtf8();
     });

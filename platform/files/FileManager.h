@@ -21,6 +21,8 @@ public:
     virtual bool MoveToTrash(const CStr& path) = 0;
     /// Shows a folder to the user. @return false when nobody can
     virtual bool OpenFolder(const CStr& folder) = 0;
+    /// Opens a file with the program that the user has for such files. @return false when there is none
+    virtual bool OpenFile(const CStr& path) = 0;
 
     /// Which one the process uses: see CServiceScope.
     static CCurrentService<CFileManager> s_current;

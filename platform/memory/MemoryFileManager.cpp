@@ -35,4 +35,10 @@ bool CMemoryFileManager::OpenFolder(const CStr& folder)
     return true;
 }
 
+bool CMemoryFileManager::OpenFile(const CStr& path)
+{
+    m_opened.push_back(path);
+    return true;
+}
+
 } // namespace CommonUI

@@ -19,8 +19,9 @@ public:
     /// A file of that name that is in the trash already is kept; the new one gets a number.
     bool MoveToTrash(const CStr& path) override;
     bool OpenFolder(const CStr& folder) override;
+    bool OpenFile(const CStr& path) override;
 
-    /// The folders that were opened, the oldest first.
+    /// The folders and files that were opened, the oldest first.
     const std::vector<CStr>& GetOpened() const noexcept { return m_opened; }
 
 private:

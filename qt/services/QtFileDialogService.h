@@ -6,8 +6,8 @@
 namespace CommonUI
 {
 
-/// File dialogs of the desktop, or of Qt where it has none, over the window that the user works in. Saving
-/// over an existing file is asked about. Paths have the separators of the system.
+/// Dialogs of the desktop for files and folders, or of Qt where it has none, over the window that the user
+/// works in. Saving over an existing file is asked about. Paths have the separators of the system.
 class COMMONUIQT_API CQtFileDialogService : public CFileDialogService
 {
 public:

@@ -21,4 +21,9 @@ bool CQtFileManager::OpenFolder(const CStr& folder)
     return QDesktopServices::openUrl(QUrl::fromLocalFile(ToQString(folder)));
 }
 
+bool CQtFileManager::OpenFile(const CStr& path)
+{
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(ToQString(path)));
+}
+
 } // namespace CommonUI

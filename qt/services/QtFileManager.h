@@ -14,6 +14,7 @@ public:
 
     bool MoveToTrash(const CStr& path) override;
     bool OpenFolder(const CStr& folder) override;
+    bool OpenFile(const CStr& path) override;
 };
 
 } // namespace CommonUI

@@ -63,7 +63,21 @@ TYPED_TEST_P(FileDialogContract, RemembersTheChoiceOfEachKey)
     EXPECT_EQ(this->host.service.GetMemory().Find(u"FFT"), nullptr);
 }
 
+TYPED_TEST_P(FileDialogContract, GivesAFolder)
+{
+    this->folder.Write("in/old.flt", "x");
+    const SFileDialog choice{.folder = this->folder.GetPath().u16string(), .isFolder = true};
+    CStr path = u"untouched";
+    this->host.Expect({});
+    EXPECT_FALSE(this->host.service.Choose(choice, path));
+    EXPECT_EQ(path, u"untouched");
+    const CStr chosen = this->PathOf("in");
+    this->host.Expect(chosen);
+    EXPECT_TRUE(this->host.service.Choose(choice, path));
+    EXPECT_EQ(path, chosen);
+}
+
 REGISTER_TYPED_TEST_SUITE_P(FileDialogContract, GivesThePathThatIsChosenAndLeavesItWhenCancelled,
-                            RemembersTheChoiceOfEachKey);
+                            RemembersTheChoiceOfEachKey, GivesAFolder);
 
 } // namespace CommonUI

@@ -6,7 +6,9 @@
 #include "platform/memory/MemoryMessageLoop.h"
 #include "tests/analysis/TestSurfaces.h"
 
+#include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cmath>
 #include <new>
 #include <stdexcept>
@@ -87,6 +89,20 @@ TEST(Series, RowsStandInTheirOrderWhateverFails)
     }
 }
 
+TEST(Series, SurfacesOfWhichNothingIsAskedForHaveNotFailed)
+{
+    const CAnalysisPreferencesManager manager;
+    SSeriesRequest request = MakeRequest(manager, {u"100", u"broken", u"1"});
+    request.choices.surface.clear();
+    request.refuse = [](const Analysis::SSurface& surface) {
+        return std::ranges::max(surface.heights) > 2e-9 ? CStr(u"it is too high") : CStr();
+    };
+    const std::vector<SSeriesRow> rows = ComputeAll(request);
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_TRUE(rows[0].HasFailed() && rows[1].HasFailed() && !rows[2].HasFailed());
+    EXPECT_EQ(rows[0].remark, CStr(u"it is too high"));
+}
+
 TEST(Series, TableFollowsChoicesThatItHasValuesOf)
 {
     CAnalysisPreferencesManager manager;
@@ -130,4 +146,35 @@ TEST(Series, GivesUpWithoutWaiting)
     loop.RunUntil([&] { return true; });
     EXPECT_EQ(begun, ended);
     EXPECT_LE(begun, static_cast<int>(std::thread::hardware_concurrency()));
+}
+
+TEST(Series, WhatIsGivenUpTakesThePlaceOfWhatIsBegun)
+{
+    const CAnalysisPreferencesManager manager;
+    CMemoryMessageLoop loop;
+    const CServiceScope<CMessageLoop> scope(loop);
+    std::atomic<unsigned> reading = 0;
+    std::atomic<unsigned> most = 0;
+    std::atomic<bool> isOpen = false;
+    SSeriesRequest request = MakeRequest(manager, {u"1", u"2", u"3", u"4", u"5", u"6", u"7", u"8", u"9"});
+    request.read = [&](const CStr& path, const auto&) {
+        most = std::max<unsigned>(most, ++reading);
+        while (!isOpen)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        --reading;
+        return Read(path);
+    };
+    CSeries one([](const auto&) {});
+    CSeries other([](const auto&) {});
+    for (int round = 0; round < 4; ++round) {
+        one.Start(request);
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        one.Cancel();
+    }
+    other.Start(request);
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    isOpen = true;
+    EXPECT_TRUE(loop.RunUntil([&] { return !other.IsBusy(); }));
+    EXPECT_LE(most, std::max(1U, std::thread::hardware_concurrency()));
+    CBackgroundWork::WaitForAll();
 }

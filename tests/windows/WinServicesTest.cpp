@@ -159,4 +159,5 @@ TEST(WinServices, OnlyFoldersAreShown)
     CWinFileManager manager;
     EXPECT_FALSE(manager.OpenFolder((folder.GetPath() / "a.exe").u16string()));
     EXPECT_FALSE(manager.OpenFolder((folder.GetPath() / "none").u16string()));
+    EXPECT_FALSE(manager.OpenFile((folder.GetPath() / "none").u16string()));
 }

@@ -77,6 +77,14 @@ protected:
         QTest::keyClicks(&field, QString::fromUtf8(text));
         QTest::keyClick(&field, Qt::Key_Return);
     }
+    static void DoubleClick(QWidget& widget, QPoint at)
+    {
+        QTest::mouseClick(&widget, Qt::LeftButton, {}, at);
+        QMouseEvent second(QEvent::MouseButtonDblClick, at, widget.mapToGlobal(at), Qt::LeftButton,
+                           Qt::LeftButton, {});
+        QApplication::sendEvent(&widget, &second);
+        QTest::mouseRelease(&widget, Qt::LeftButton, {}, at);
+    }
     std::size_t GetRow() { return GetPane().GetTable().GetPane().GetSelection().GetFocus().row; }
 };
 
@@ -159,6 +167,21 @@ TEST_F(Grains, BlockShowsAndPicksThem)
     EXPECT_GT(countOf(pictureOf(), isChosen), before + 500);
     Drag(block, at(2, 1.5), {30, 0}); // turns
     EXPECT_EQ(GetOverlay().GetChosen(), 2u);
+    // What is turned there and back chooses nothing, and a double click shows all of it.
+    const QPoint other = at(2, 1.5);
+    QTest::mousePress(&block, Qt::LeftButton, {}, other);
+    for (const QPoint& place : {other + QPoint(30, 0), other}) {
+        QMouseEvent move(QEvent::MouseMove, place, block.mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
+                         {});
+        QApplication::sendEvent(&block, &move);
+    }
+    QTest::mouseRelease(&block, Qt::LeftButton, {}, other);
+    EXPECT_EQ(GetOverlay().GetChosen(), 2u);
+    DoubleClick(block, other);
+    EXPECT_EQ(GetOverlay().GetChosen(), 2u);
+    DoubleClick(GetMap(), At(2, 1.5));
+    EXPECT_EQ(GetOverlay().GetChosen(), 2u);
+    EXPECT_EQ(GetRow(), 2u);
     QTest::mouseClick(&block, Qt::LeftButton, {}, {2, 2}); // beside the surface
     EXPECT_EQ(GetOverlay().GetChosen(), 0u);
     EXPECT_LT(countOf(pictureOf(), isChosen), before + 100);

@@ -266,6 +266,10 @@ bool CMonkeyAnswers::Show(const SFileDialog& dialog, CStr& path)
     constexpr const char* c_endings[] = {".sdf", ".x3p", ".txt", ".svg", ".png", ".odt", ".pdf", ""};
     if (m_chance.OneIn(5))
         return false;
+    if (dialog.isFolder) {
+        path = CStr::FromUtf8(m_folder.string());
+        return true;
+    }
     if (dialog.forOpen || m_chance.OneIn(6)) {
         path = CStr::FromUtf8(m_files.Choose(m_chance));
         return true;

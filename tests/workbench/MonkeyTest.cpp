@@ -7,7 +7,6 @@
 #include "gl/OpenGLWrapper.h"
 #include "measurement/BackgroundWork.h"
 #include "platform/memory/MemoryClipboard.h"
-#include "platform/memory/MemoryFileManager.h"
 #include "tests/DiagnosticsCapture.h"
 #include "tests/workbench/WorkbenchTesting.h"
 
@@ -77,9 +76,11 @@ protected:
         : m_before(qInstallMessageHandler(KeepWarning))
     {
         QGuiApplication::setQuitOnLastWindowClosed(false);
+        std::filesystem::current_path(m_folder.GetPath()); // where dialogs of Qt would begin
     }
     ~Monkey() override
     {
+        std::filesystem::current_path(m_currentBefore);
         QGuiApplication::setLayoutDirection(Qt::LeftToRight);
         UseLanguage("en");
         qInstallMessageHandler(m_before);
@@ -177,9 +178,10 @@ private:
     QString Touch(CChance& chance)
     {
         QWidget* const root = CMonkeyHands::GetRoot(*m_window, chance);
-        if (root->inherits("QPrintDialog")) { // which would print into a file
+        // They would print into a file, or delete and move files.
+        if (root->inherits("QPrintDialog") || root->window()->inherits("QFileDialog")) {
             m_hands.Press(*root, Qt::Key_Escape);
-            return QStringLiteral("no print");
+            return QStringLiteral("no files");
         }
         const int kind = chance.Below(20);
         if (kind < 9)
@@ -413,15 +415,14 @@ private:
     const int m_first = ReadNumber("COMMONUI_MONKEY_FIRST", 0);
     const int m_end = m_first + ReadNumber("COMMONUI_MONKEY_EVENTS", 400);
     const bool m_talks = qEnvironmentVariableIsSet("COMMONUI_MONKEY_TALK");
+    const std::filesystem::path m_currentBefore = std::filesystem::current_path();
     QtMessageHandler m_before;
     CMonkeyFiles m_files{m_folder.GetPath()};
     CMonkeyAnswers m_answers{m_files, m_folder.GetPath()};
     CMemoryClipboard m_clipboard;
-    CMemoryFileManager m_manager{m_folder.GetPath()};
     CServiceScope<CMessageBoxService> m_answersScope{m_answers};
     CServiceScope<CFileDialogService> m_chooserScope{m_answers};
     CServiceScope<CClipboard> m_clipboardScope{m_clipboard};
-    CServiceScope<CFileManager> m_managerScope{m_manager};
     CMonkeyHands m_hands;
     QEventLoop m_loop;
     QElapsedTimer m_rest;

@@ -68,16 +68,28 @@ TEST_F(Report, IsMadeWholeByItsTemplateAndOpened)
     });
     EXPECT_GT(m_folder.Read(m_folder.GetPath() / grains).size(), 10'000u);
     EXPECT_EQ(TakeBoxes().size(), 0u);
+
+    EXPECT_TRUE(m_manager.GetOpened().empty());
+    m_dialogs.Prepare(path);
+    Show([&](CReportDialog& dialog) {
+        dialog.GetOpens().setChecked(true);
+        QTest::mouseClick(&dialog.GetSave(), Qt::LeftButton);
+    });
+    EXPECT_EQ(m_manager.GetOpened(), std::vector{path});
 }
 
 TEST_F(Report, OldFileStaysWhereNothingIsMade)
 {
     const std::string open = Write("same.html", c_small);
     Open(open);
-    m_dialogs.Prepare(CStr::FromUtf8(open));
-    Show([&](CReportDialog& dialog) { QTest::mouseClick(&dialog.GetSave(), Qt::LeftButton); });
-    EXPECT_EQ(m_folder.Read(open), c_small);
-    EXPECT_EQ(TakeBoxes().size(), 1u);
+    for (const bool isTemplate : {false, true}) {
+        m_dialogs.Prepare(CStr::FromUtf8(open));
+        Show([&](CReportDialog& dialog) {
+            QTest::mouseClick(isTemplate ? &dialog.GetSaveTemplate() : &dialog.GetSave(), Qt::LeftButton);
+        });
+        EXPECT_EQ(m_folder.Read(open), c_small);
+        EXPECT_EQ(TakeBoxes().size(), 1u);
+    }
 
     std::string missing = c_small;
     missing.replace(missing.find("0 100 200"), missing.find("BAD") - missing.find("0 100 200"),

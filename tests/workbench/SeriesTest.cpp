@@ -169,6 +169,30 @@ TEST_F(Series, FilesOfAFolderFailAlone)
     EXPECT_EQ(again.GetForm().GetSources().currentIndex(), 1);
 }
 
+TEST_F(Series, FoldersAreChosenAndSayWhatIsWrong)
+{
+    m_folder.Write("in/a.sdf", c_small);
+    m_folder.Write("in/of file.md", "");
+    CSeriesForm& form = ShowFolder(m_folder.GetPath() / "in").GetForm();
+    const auto browse = [&](const std::filesystem::path& chosen) {
+        m_dialogs.Prepare(CStr(chosen.u16string()));
+        form.GetBrowse().setFocus();
+        QTest::keyClick(&form.GetBrowse(), Qt::Key_Space);
+        EXPECT_TRUE(m_dialogs.GetShown().back().isFolder);
+        EXPECT_TRUE(GetMessageLoop().RunUntil([&] { return !form.IsLooking(); }));
+    };
+    browse(m_folder.GetPath() / "in");
+    EXPECT_EQ(m_dialogs.GetShown().back().folder, CStr((m_folder.GetPath() / "in").u16string()));
+    EXPECT_EQ(form.GetList().count(), 1);
+
+    // Since the last time it has gone, and a file is in its place.
+    const CStr file = (m_folder.GetPath() / "in" / "of file.md").u16string();
+    form.SetChoice({.isOfFolder = true, .folder = file});
+    EXPECT_TRUE(GetMessageLoop().RunUntil([&] { return !form.IsLooking(); }));
+    EXPECT_EQ(form.GetList().count(), 0);
+    EXPECT_TRUE(m_window->GetSeries()->GetState().contains("of file.md: "));
+}
+
 TEST_F(Series, CancelGivesUpAtOnce)
 {
     m_folder.Write("in/a.sdf", c_small);

@@ -6,6 +6,7 @@
 #include "model/AnalysisPreferencesManager.h"
 #include "platform/memory/FixedFolders.h"
 #include "platform/memory/MemoryFileDialogService.h"
+#include "platform/memory/MemoryFileManager.h"
 #include "platform/memory/MemoryHelpService.h"
 #include "platform/memory/MemoryMessageBoxService.h"
 #include "platform/MessageLoop.h"
@@ -126,10 +127,12 @@ protected:
     CMemoryMessageBoxService m_boxes;
     CMemoryFileDialogService m_dialogs;
     CMemoryHelpService m_help;
+    CMemoryFileManager m_manager{m_folder.GetPath()};
     CServiceScope<CFolders> m_foldersScope{m_folders};
     CServiceScope<CMessageBoxService> m_boxesScope{m_boxes};
     CServiceScope<CFileDialogService> m_dialogsScope{m_dialogs};
     CServiceScope<CHelpService> m_helpScope{m_help};
+    CServiceScope<CFileManager> m_managerScope{m_manager};
     CInterfaceColors m_colors;
     CInterfaceStyle m_style{m_colors};
     std::unique_ptr<CWorkbenchWindow> m_window;

@@ -41,12 +41,23 @@ void SetFolder(IFileDialog& window, const CStr& path)
         window.SetFolder(item.Get());
 }
 
+bool Opens(const SFileDialog& dialog)
+{
+    return dialog.forOpen || dialog.isFolder;
+}
+
 void Prepare(IFileDialog& window, const SFileDialog& dialog)
 {
     FILEOPENDIALOGOPTIONS options = 0;
     window.GetOptions(&options);
-    window.SetOptions(options | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | FOS_PATHMUSTEXIST |
-                      (dialog.forOpen ? FOS_FILEMUSTEXIST : FOS_OVERWRITEPROMPT));
+    options |= FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | FOS_PATHMUSTEXIST;
+    if (dialog.isFolder) {
+        window.SetOptions(options | FOS_PICKFOLDERS);
+        if (!dialog.folder.IsEmpty())
+            SetFolder(window, dialog.folder);
+        return;
+    }
+    window.SetOptions(options | (dialog.forOpen ? FOS_FILEMUSTEXIST : FOS_OVERWRITEPROMPT));
     SetFilters(window, dialog.filter);
     // Opening would find no file without an extension.
     if (!dialog.forOpen && !dialog.extension.IsEmpty())
@@ -79,7 +90,7 @@ bool CWinFileDialogService::Show(const SFileDialog& dialog, CStr& path)
 {
     const CComScope com;
     CComOwner<IFileDialog> window;
-    HRESULT result = CoCreateInstance(dialog.forOpen ? CLSID_FileOpenDialog : CLSID_FileSaveDialog, nullptr,
+    HRESULT result = CoCreateInstance(Opens(dialog) ? CLSID_FileOpenDialog : CLSID_FileSaveDialog, nullptr,
                                       CLSCTX_INPROC_SERVER, IID_IFileDialog, window.ReceiveAny());
     if (SUCCEEDED(result)) {
         Prepare(*window.Get(), dialog);

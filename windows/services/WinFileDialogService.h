@@ -6,8 +6,8 @@
 namespace CommonUI
 {
 
-/// The system's dialogs for opening and saving files, over the window that the user works in. Saving over an
-/// existing file is asked about. The current folder of the process stays what it is.
+/// The system's dialogs for opening and saving files and for choosing folders, over the window that the user
+/// works in. Saving over an existing file is asked about. The current folder of the process stays what it is.
 class COMMONUIWIN_API CWinFileDialogService : public CFileDialogService
 {
 public:

@@ -59,4 +59,10 @@ bool CWinFileManager::OpenFolder(const CStr& folder)
            OpenByShell(path, L"");
 }
 
+bool CWinFileManager::OpenFile(const CStr& path)
+{
+    const std::wstring name = ToWide(path);
+    return IsFile(name) && OpenByShell(name, L"");
+}
+
 } // namespace CommonUI

@@ -16,6 +16,7 @@ public:
     bool MoveToTrash(const CStr& path) override;
     /// Shows folders only: nothing else is opened, and no program started.
     bool OpenFolder(const CStr& folder) override;
+    bool OpenFile(const CStr& path) override;
 };
 
 } // namespace CommonUI

@@ -54,6 +54,7 @@ CGrainOverlay::~CGrainOverlay() = default;
 void CGrainOverlay::SetGrains(std::shared_ptr<const CommonUI::Measurement::SFoundGrains> grains)
 {
     m_grains = std::move(grains);
+    m_before.reset();
     Choose(0);
 }
 
@@ -78,7 +79,16 @@ void CGrainOverlay::Pick(const std::optional<SMapPoint>& place)
 {
     if (!m_grains)
         return;
+    m_before = m_chosen;
     Choose(place ? SurfaceView::FindGrain(m_grains->map, m_map.GetPlace(), *place) : 0);
+    Q_EMIT Picked(m_chosen);
+}
+
+void CGrainOverlay::TakeBack()
+{
+    if (!m_before)
+        return;
+    Choose(*std::exchange(m_before, std::nullopt));
     Q_EMIT Picked(m_chosen);
 }
 
@@ -109,15 +119,29 @@ bool CGrainOverlay::Handle(QEvent& event, const CMapPlace& place)
 {
     if (!m_grains)
         return false;
-    if (event.type() == QEvent::MouseButtonPress) {
+    switch (event.type()) {
+    case QEvent::MouseButtonPress: {
         const auto& press = static_cast<QMouseEvent&>(event);
         m_pressed = press.button() == Qt::LeftButton ? std::optional(press.position()) : std::nullopt;
-    } else if (event.type() == QEvent::MouseButtonRelease && m_pressed) {
-        const QPointF at = static_cast<QMouseEvent&>(event).position();
-        const QPointF moved = at - *std::exchange(m_pressed, std::nullopt);
-        if (moved.manhattanLength() > c_clickReach)
-            return false;
-        Pick(place.ToPoint({.x = at.x(), .y = at.y()}));
+        m_before.reset();
+        break;
+    }
+    case QEvent::MouseMove:
+        if (m_pressed &&
+            (static_cast<QMouseEvent&>(event).position() - *m_pressed).manhattanLength() > c_clickReach)
+            m_pressed.reset(); // wherever it ends
+        break;
+    case QEvent::MouseButtonRelease:
+        if (std::exchange(m_pressed, std::nullopt)) {
+            const QPointF at = static_cast<QMouseEvent&>(event).position();
+            Pick(place.ToPoint({.x = at.x(), .y = at.y()}));
+        }
+        break;
+    case QEvent::MouseButtonDblClick:
+        TakeBack();
+        break;
+    default:
+        break;
     }
     return false;
 }

@@ -44,6 +44,8 @@ public:
     void ShowGrain(std::uint32_t grain);
     /// The user has clicked on a place of the surface, in the map or elsewhere; nothing for beside it.
     void Pick(const std::optional<SurfaceView::SMapPoint>& place);
+    /// The last pick was none: what was chosen before it is so again.
+    void TakeBack();
     std::uint32_t GetChosen() const noexcept { return m_chosen; }
 
     void Draw(QPainter& painter, const QWidget& map, const SurfaceView::CMapPlace& place) override;
@@ -59,9 +61,10 @@ private:
     CMapWidget& m_map;
     std::shared_ptr<const CommonUI::Measurement::SFoundGrains> m_grains;
     std::uint32_t m_chosen = 0;
-    std::optional<QPointF> m_pressed; // where the button went down that may become a click
-    QImage m_picture;                 // null when there is to be another one
-    std::vector<double> m_drawn;      // what it shows
+    std::optional<std::uint32_t> m_before{}; // the last pick, as long as it can be taken back
+    std::optional<QPointF> m_pressed;        // where the button went down that may become a click
+    QImage m_picture;                        // null when there is to be another one
+    std::vector<double> m_drawn;             // what it shows
 };
 
 } // namespace Workbench

@@ -59,10 +59,11 @@ std::vector<EReportBlock> OrderBlocks(const SReportTemplateSettings& layout)
 
 } // namespace
 
-CReportDialog::CReportDialog(const SReportChoice& choice, FSave save, QWidget* parent)
+CReportDialog::CReportDialog(const SReportChoice& choice, FSave save, FRefuse refuse, QWidget* parent)
     : QDialog(parent)
     , m_choice(choice)
     , m_saveReport(std::move(save))
+    , m_refuse(std::move(refuse))
     , m_templates(new CSettingsButton(ESettingType::ActiveReport))
     , m_title(new QLineEdit)
     , m_blocks(new QListWidget)
@@ -176,6 +177,8 @@ void CReportDialog::SaveTemplate()
             {.forOpen = false, .filter = c_templateFilter, .extension = u"ini", .memoryKey = u"Templates"},
             path))
         return;
+    if (const CStr refusal = m_refuse(path); !refusal.IsEmpty())
+        return Tell(CStr::Format(Text(EText::NotSaved), CStr(GetFileName(path)), refusal));
     CInifile ini;
     GetLayout().Save(ini);
     const Measurement::CFailureReason reason;

@@ -28,7 +28,10 @@ public:
     using FSave =
         std::function<bool(const CommonUI::SReportTemplateSettings& layout, const SReportChoice& choice)>;
 
-    CReportDialog(const SReportChoice& choice, FSave save, QWidget* parent);
+    /// Why nothing may be saved under a name, in a clause; empty where it may.
+    using FRefuse = std::function<CommonUI::CStr(const CommonUI::CStr& path)>;
+
+    CReportDialog(const SReportChoice& choice, FSave save, FRefuse refuse, QWidget* parent);
     ~CReportDialog() override;
 
     const SReportChoice& GetChoice() const noexcept { return m_choice; }
@@ -52,6 +55,7 @@ private:
 
     SReportChoice m_choice;
     FSave m_saveReport;
+    FRefuse m_refuse;
     CommonUI::SReportTemplateSettings m_layout{}; // of the set
     CommonUI::CSettingsButton* m_templates;
     QLineEdit* m_title;

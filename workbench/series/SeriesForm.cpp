@@ -2,6 +2,7 @@
 
 #include "common/PathText.h"
 #include "formats/SurfaceFiles.h"
+#include "platform/FileDialogService.h"
 #include "qt/controls/FolderComboWidget.h"
 #include "workbench/analyze/AnalyzeTexts.h"
 #include "workbench/series/SeriesTexts.h"
@@ -9,7 +10,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -17,6 +17,7 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 namespace Workbench
@@ -44,7 +45,12 @@ QComboBox* AddList(QFormLayout& form, const QString& label)
     return list;
 }
 
-CItems FindItems(const CStr& folder)
+struct SFound {
+    CItems items{};
+    CStr failure{};
+};
+
+CItems FindFiles(const CStr& folder)
 {
     CItems items;
     const std::filesystem::path path = ToPath(folder);
@@ -55,6 +61,16 @@ CItems FindItems(const CStr& folder)
         items.push_back(std::move(item));
     }
     return items;
+}
+
+// In the background nothing may be thrown.
+SFound FindItems(const CStr& folder)
+{
+    try {
+        return {.items = FindFiles(folder)};
+    } catch (const std::exception& error) {
+        return {.failure = CStr::FromUtf8(error.what())};
+    }
 }
 
 } // namespace
@@ -71,12 +87,12 @@ CSeriesForm::CSeriesForm(FSeriesSource source)
     m_form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     m_sources = AddList(*m_form, QText(ESeriesText::Source));
     m_sources->addItems({QText(ESeriesText::OpenSurfaces), QText(ESeriesText::FolderFiles)});
-    auto* const browse = new QPushButton(QText(ESeriesText::Browse));
-    browse->setAutoDefault(false);
+    m_browse = new QPushButton(QText(ESeriesText::Browse));
+    m_browse->setAutoDefault(false);
     auto* const row = new QHBoxLayout(m_folderRow);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_folder, 1);
-    row->addWidget(browse);
+    row->addWidget(m_browse);
     m_folderRow->setFocusProxy(m_folder);
     m_form->addRow(QText(ESeriesText::Folder), m_folderRow);
     m_list->setAccessibleName(QText(EText::Surfaces));
@@ -90,7 +106,7 @@ CSeriesForm::CSeriesForm(FSeriesSource source)
     connect(m_steps, &QComboBox::currentIndexChanged, this, &CSeriesForm::OnSteps);
     connect(m_list, &QListWidget::itemChanged, this, &CSeriesForm::OnItem);
     connect(m_all, &QCheckBox::clicked, this, &CSeriesForm::OnAll);
-    connect(browse, &QPushButton::clicked, this, &CSeriesForm::Browse);
+    connect(m_browse, &QPushButton::clicked, this, &CSeriesForm::Browse);
     ShowSource();
 }
 
@@ -142,6 +158,7 @@ void CSeriesForm::ShowSource()
         Look();
     } else {
         m_looking.Cancel();
+        m_failure = {};
         FillList({});
         UpdateOpen();
     }
@@ -155,12 +172,16 @@ void CSeriesForm::UpdateOpen()
 
 void CSeriesForm::Look()
 {
+    m_failure = {};
     FillList({});
     m_looking.Cancel();
     if (m_choice.folder.IsEmpty())
         return;
     m_looking.Request([this, folder = m_choice.folder](const auto&) {
-        return [this, items = FindItems(folder)] { FillList(items); };
+        return [this, found = FindItems(folder)] {
+            m_failure = found.failure;
+            FillList(found.items);
+        };
     });
     Q_EMIT Changed();
 }
@@ -218,10 +239,9 @@ void CSeriesForm::OnAll()
 
 void CSeriesForm::Browse()
 {
-    const QString chosen = QFileDialog::getExistingDirectory(
-        this, WithoutMark(QText(ESeriesText::FolderFiles)), ToQString(m_choice.folder));
-    if (!chosen.isEmpty())
-        m_combo.OnUserEntered(FromQString(chosen));
+    CStr chosen;
+    if (GetFileDialogService().Choose({.folder = m_choice.folder, .isFolder = true}, chosen))
+        m_combo.OnUserEntered(chosen);
 }
 
 CItems CSeriesForm::GetItems() const

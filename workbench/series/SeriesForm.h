@@ -37,11 +37,14 @@ public:
     /// The surfaces that are chosen, with the steps that shall be done.
     std::vector<CommonUI::Measurement::SSeriesItem> GetItems() const;
     bool IsLooking() const noexcept { return m_looking.IsBusy(); }
+    /// Why the folder has no files, in a sentence; empty where it could be looked through.
+    const CommonUI::CStr& GetFailure() const noexcept { return m_failure; }
 
     QComboBox& GetSources() noexcept { return *m_sources; }
     QComboBox& GetSteps() noexcept { return *m_steps; }
     QListWidget& GetList() noexcept { return *m_list; }
     QCheckBox& GetAll() noexcept { return *m_all; }
+    QPushButton& GetBrowse() noexcept { return *m_browse; }
     CommonUI::CFolderComboWidget& GetFolder() noexcept { return *m_folder; }
 
 Q_SIGNALS:
@@ -66,10 +69,12 @@ private:
     QComboBox* m_sources;
     CommonUI::CFolderComboWidget* m_folder;
     QWidget* m_folderRow;
+    QPushButton* m_browse;
     QListWidget* m_list;
     QCheckBox* m_all;
     QComboBox* m_steps;
     std::vector<CommonUI::Measurement::SSeriesItem> m_items; // of the list
+    CommonUI::CStr m_failure;
     CommonUI::Measurement::CBackgroundWork m_looking;
 };
 

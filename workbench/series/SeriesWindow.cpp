@@ -137,9 +137,10 @@ void CSeriesWindow::Compute()
     SSeriesSource source = m_source();
     source.open.clear();
     try {
-        m_steps = HaveSameSteps(items) ? items.front().steps : Measurement::CProcessSteps();
         auto request = MakeSeriesRequest(source, {});
+        m_steps = HaveSameSteps(items) ? items.front().steps : Measurement::CProcessSteps();
         m_request = request;
+        m_failure = {};
         m_computed = std::move(source);
         m_rows.clear();
         m_progress->setRange(0, static_cast<int>(items.size()));
@@ -161,6 +162,7 @@ void CSeriesWindow::Cancel()
     m_timer->stop();
     m_panel.SetResults(std::make_shared<const SResultSet>());
     m_request.reset();
+    m_computed.options.second = nullptr;
     ShowState();
     m_compute->setFocus();
 }
@@ -189,7 +191,10 @@ void CSeriesWindow::ShowState()
         state = ToQString(CStr::Format(Text(ESeriesText::Done), static_cast<int>(m_rows.size()),
                                        static_cast<int>(std::ranges::count_if(
                                            m_rows, [](const auto& row) { return row.HasFailed(); }))));
-    if (!m_rows.empty() && !m_hasAll)
+    if (const CStr& failure = m_form->GetFailure().IsEmpty() ? m_failure : m_form->GetFailure();
+        !failure.IsEmpty())
+        state = ToQString(failure);
+    else if (!m_rows.empty() && !m_hasAll)
         state += QLatin1Char(' ') + QText(ESeriesText::ParametersAdded);
     m_state->setText(state);
 }
@@ -198,6 +203,9 @@ void CSeriesWindow::OnDone(std::vector<SSeriesRow> rows)
 {
     m_timer->stop();
     m_rows = std::move(rows);
+    m_request->refuse = nullptr;
+    m_request->choices.method.further.reset();
+    m_computed.options.second = nullptr; // a surface that is closed shall go
     ShowTable();
     ShowState();
     m_compute->setFocus();
@@ -213,6 +221,7 @@ void CSeriesWindow::OnPreferences(const SPreferencesChange& change)
 
 void CSeriesWindow::ShowTable()
 {
+    m_failure = {};
     try {
         const Measurement::SChoices shown = m_computed.Choose();
         m_hasAll = HasAllValues(*m_request, shown);
@@ -222,7 +231,7 @@ void CSeriesWindow::ShowTable()
         Summarize(set);
         m_panel.SetResults(std::make_shared<const SResultSet>(std::move(set)));
     } catch (const std::exception& error) {
-        m_state->setText(ToQString(CStr::FromUtf8(error.what())));
+        m_failure = CStr::FromUtf8(error.what());
     }
 }
 

@@ -74,6 +74,7 @@ private:
     std::vector<CommonUI::Measurement::SSeriesRow> m_rows{};
     SSeriesSource m_computed{};                     // the analysis of the rows
     CommonUI::Measurement::CProcessSteps m_steps{}; // done to all, where they are the same
+    CommonUI::CStr m_failure{};                     // why there is no table of the rows
     bool m_hasAll = true;                           // values of what the preferences choose now
     CommonUI::CClosureConnection m_connection;
     CommonUI::Measurement::CSeries m_series;
