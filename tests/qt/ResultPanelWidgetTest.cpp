@@ -265,6 +265,8 @@ TEST(ResultPanelWidget, KeysMoveEdges)
     SShownDialog shown(6, other.layouts);
     shown.dialog.GetWindow()->resize(700, 800);
     QCoreApplication::processEvents();
+    Activate(*shown.dialog.GetWindow()); // the first one may have got the keyboard late
+    shown.Results().setFocus();
     const auto widthOf = [](CResultGridWidget& table) { return table.GetPane().GetColumnWidth(1); };
     const int width = widthOf(shown.Results());
     Type("Down Right Alt+Shift+Right Alt+Shift+Right");
