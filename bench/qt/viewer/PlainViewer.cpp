@@ -18,22 +18,23 @@ namespace
 
 QImage MakePicture(const CommonUI::Analysis::SSurface& surface)
 {
-    const auto isThere = [](double height) { return std::isfinite(height); };
+    const auto isThere = [](double z) { return std::isfinite(z); };
     double lowest = HUGE_VAL;
     double highest = -HUGE_VAL;
-    for (const double height : surface.heights) {
-        if (!isThere(height))
+    for (const double z : surface.heights) {
+        if (!isThere(z))
             continue;
-        lowest = std::min(lowest, height);
-        highest = std::max(highest, height);
+        lowest = std::min(lowest, z);
+        highest = std::max(highest, z);
     }
+    const double height = highest > lowest ? highest - lowest : 1;
     QImage picture(static_cast<int>(surface.points), static_cast<int>(surface.lines),
                    QImage::Format_Grayscale8);
     for (std::size_t y = 0; y < surface.lines; ++y) {
         uchar* const line = picture.scanLine(static_cast<int>(y));
         for (std::size_t x = 0; x < surface.points; ++x) {
-            const double height = surface.heights[y * surface.points + x];
-            line[x] = isThere(height) ? static_cast<uchar>(255 * (height - lowest) / (highest - lowest)) : 0;
+            const double z = surface.heights[y * surface.points + x];
+            line[x] = isThere(z) ? static_cast<uchar>(255 * (z - lowest) / height) : 0;
         }
     }
     return picture;
