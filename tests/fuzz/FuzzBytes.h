@@ -1,11 +1,14 @@
 #pragma once
 
+#include "common/ini/Inifile.h"
 #include "common/Str.h"
 
-#include <algorithm>
+#include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace Fuzz
@@ -51,5 +54,19 @@ private:
 
     std::string_view m_rest;
 };
+
+/// The document of a file that has these bytes.
+inline CommonUI::CInifile IniOf(std::string_view bytes)
+{
+    CommonUI::CInifile ini;
+    ini.LoadBytes(std::string(bytes));
+    return ini;
+}
+
+/// Whether two numbers have the same bits, or both are none.
+inline bool IsSame(double a, double b)
+{
+    return std::isnan(a) ? std::isnan(b) : std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
 
 } // namespace Fuzz

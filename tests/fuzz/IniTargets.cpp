@@ -10,6 +10,7 @@
 #include <utility>
 
 using namespace CommonUI;
+using Fuzz::IniOf;
 
 namespace
 {
@@ -25,13 +26,6 @@ CValues ValuesOf(CInifile ini)
             values[{section, key}] = ini.ReadText(key, u"(missing)");
     }
     return values;
-}
-
-CInifile IniOf(std::string_view bytes)
-{
-    CInifile ini;
-    ini.LoadBytes(std::string(bytes));
-    return ini;
 }
 
 // Makes a document that has the values `from` one that has the values `to`.

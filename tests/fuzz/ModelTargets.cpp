@@ -2,22 +2,17 @@
 #include "measurement/Request.h"
 #include "model/AnalysisPreferencesManager.h"
 #include "model/ParameterList.h"
+#include "tests/fuzz/FuzzBytes.h"
 #include "tests/fuzz/Targets.h"
 
 #include <string>
 #include <vector>
 
 using namespace CommonUI;
+using Fuzz::IniOf;
 
 namespace
 {
-
-CInifile IniOf(std::string_view bytes)
-{
-    CInifile ini;
-    ini.LoadBytes(std::string(bytes));
-    return ini;
-}
 
 std::string Saved(const CAnalysisPreferencesManager& manager)
 {

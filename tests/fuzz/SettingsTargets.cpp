@@ -8,22 +8,17 @@
 #include "settings/readers/PlaneCorrectionSettings.h"
 #include "settings/readers/ReportTemplateSettings.h"
 #include "settings/readers/RoughnessSettings.h"
+#include "tests/fuzz/FuzzBytes.h"
 #include "tests/fuzz/Targets.h"
 
 #include <limits>
 #include <string>
 
 using namespace CommonUI;
+using Fuzz::IniOf;
 
 namespace
 {
-
-CInifile IniOf(std::string_view bytes)
-{
-    CInifile ini;
-    ini.LoadBytes(std::string(bytes));
-    return ini;
-}
 
 // What is accepted is saved so that it reads back the same, beside what else stands in the file.
 template<class T>

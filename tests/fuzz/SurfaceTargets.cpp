@@ -1,11 +1,10 @@
 #include "formats/SurfaceReader.h"
 #include "formats/SurfaceWriter.h"
+#include "tests/fuzz/FuzzBytes.h"
 #include "tests/fuzz/FuzzFile.h"
 #include "tests/fuzz/Targets.h"
 
-#include <bit>
 #include <cmath>
-#include <cstdint>
 #include <optional>
 #if defined(COMMONUI_WITH_X3P)
 #include "tests/formats/ZipArchive.h"
@@ -16,11 +15,6 @@ using CommonUI::Analysis::SSurface;
 
 namespace
 {
-
-bool IsSame(double a, double b)
-{
-    return std::isnan(a) ? std::isnan(b) : std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
-}
 
 void ExpectSound(const SSurface& surface)
 {
