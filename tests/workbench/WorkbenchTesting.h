@@ -78,8 +78,12 @@ protected:
         Open(c_sample);
         return *m_window->GetPage();
     }
+    // Results of the last steps: while those are applied, the results are still of the surface before.
     void WaitForResults()
     {
+        EXPECT_TRUE(GetMessageLoop().RunUntil(
+            [this] { return !m_window->GetPage() || !m_window->GetPage()->GetProcessing().IsBusy(); }));
+        QTest::qWait(0);
         EXPECT_TRUE(GetMessageLoop().RunUntil([this] { return !m_window->GetResults().IsBusy(); }));
     }
     template<class TText>
