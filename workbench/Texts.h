@@ -1,7 +1,6 @@
 #pragma once
 
-#include "common/StringTable.h"
-#include "qt/QtText.h"
+#include "workbench/TextOf.h"
 
 namespace Workbench
 {
@@ -116,15 +115,5 @@ enum class EText {
     NoJournal,
     NotThisValue,
 };
-
-inline CommonUI::CStr Text(EText text)
-{
-    return CommonUI::GetString(static_cast<int>(text));
-}
-
-inline QString QText(EText text)
-{
-    return CommonUI::ToQString(Text(text));
-}
 
 } // namespace Workbench

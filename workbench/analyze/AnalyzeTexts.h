@@ -1,7 +1,6 @@
 #pragma once
 
-#include "common/StringTable.h"
-#include "qt/QtText.h"
+#include "workbench/TextOf.h"
 
 namespace Workbench
 {
@@ -34,15 +33,5 @@ enum class EAnalyzeText {
     TipWidth,
     TipNoise,
 };
-
-inline CommonUI::CStr Text(EAnalyzeText text)
-{
-    return CommonUI::GetString(static_cast<int>(text));
-}
-
-inline QString QText(EAnalyzeText text)
-{
-    return CommonUI::ToQString(Text(text));
-}
 
 } // namespace Workbench

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "common/StringTable.h"
-#include "qt/QtText.h"
+#include "workbench/TextOf.h"
 
 namespace Workbench
 {
@@ -20,15 +19,5 @@ enum class EReportText {
 
     NoTemplate = 12193,
 };
-
-inline CommonUI::CStr Text(EReportText text)
-{
-    return CommonUI::GetString(static_cast<int>(text));
-}
-
-inline QString QText(EReportText text)
-{
-    return CommonUI::ToQString(Text(text));
-}
 
 } // namespace Workbench

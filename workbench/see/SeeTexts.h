@@ -1,7 +1,6 @@
 #pragma once
 
-#include "common/StringTable.h"
-#include "qt/QtText.h"
+#include "workbench/TextOf.h"
 
 namespace Workbench
 {
@@ -38,15 +37,5 @@ enum class ESeeText {
     Messages,
     NoMessages,
 };
-
-inline CommonUI::CStr Text(ESeeText text)
-{
-    return CommonUI::GetString(static_cast<int>(text));
-}
-
-inline QString QText(ESeeText text)
-{
-    return CommonUI::ToQString(Text(text));
-}
 
 } // namespace Workbench

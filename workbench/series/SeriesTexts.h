@@ -1,7 +1,6 @@
 #pragma once
 
-#include "common/StringTable.h"
-#include "qt/QtText.h"
+#include "workbench/TextOf.h"
 
 namespace Workbench
 {
@@ -30,15 +29,5 @@ enum class ESeriesText {
     Means,
     SeeSummary,
 };
-
-inline CommonUI::CStr Text(ESeriesText text)
-{
-    return CommonUI::GetString(static_cast<int>(text));
-}
-
-inline QString QText(ESeriesText text)
-{
-    return CommonUI::ToQString(Text(text));
-}
 
 } // namespace Workbench
