@@ -160,6 +160,7 @@ public:
         STag tag;
         CStr opening;
         CStr closing;
+        CStr between; // of two neighbours
     };
 
     const STexts& Get(const STag& tag)
@@ -169,7 +170,9 @@ public:
             return *found;
         if (m_texts.size() == c_most)
             m_texts.clear();
-        return m_texts.emplace_back(tag, tag.GetOpening(), tag.GetClosing());
+        const CStr opening = tag.GetOpening();
+        const CStr closing = tag.GetClosing();
+        return m_texts.emplace_back(tag, opening, closing, closing + opening);
     }
 
 private:
@@ -197,12 +200,16 @@ public:
         html += u"<TR>";
         const CTagTexts::STexts* texts = nullptr;
         for (const auto& cell : row) {
-            if (!texts || !HaveSameTag(*(&cell - 1), cell))
+            if (texts && HaveSameTag(*(&cell - 1), cell)) {
+                html += texts->between.View();
+            } else {
+                html += texts ? texts->closing.View() : std::u16string_view();
                 texts = &m_texts.Get(TagOf(cell, &cell == &row.back(), index));
-            html += texts->opening.View();
+                html += texts->opening.View();
+            }
             AppendText(html, cell.text);
-            html += texts->closing.View();
         }
+        html += texts ? texts->closing.View() : std::u16string_view();
         html += u"</TR>\n";
     }
 
@@ -227,6 +234,10 @@ private:
     template<class THtml>
     static void AppendText(THtml& html, std::u16string_view text)
     {
+        if (!HasReturn(text)) {
+            html += text;
+            return;
+        }
         bool first = true;
         ForEachPiece(text, [&](std::u16string_view piece) {
             if (!first)

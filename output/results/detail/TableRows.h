@@ -88,6 +88,12 @@ public:
         m_length += text.size();
         return *this;
     }
+    template<std::size_t Size>
+    CTextLength& operator+=(const char16_t (&/*literal*/)[Size]) noexcept
+    {
+        m_length += Size - 1;
+        return *this;
+    }
     CTextLength& operator+=(char16_t /*unit*/) noexcept
     {
         ++m_length;
