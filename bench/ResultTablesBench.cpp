@@ -1,6 +1,7 @@
-// The text and the HTML of a result table of 20 columns beside appending the same cells, separated in the
-// same way, to one string with the room reserved. The time for each cell should stay the same as the rows
-// grow.
+// The text and the HTML of a result table of 20 columns, of cells at hand and of the table itself, beside
+// appending the same cells, separated in the same way, to one string: to a new one with the room reserved,
+// and to one whose memory is warm, which is the limit. The time for each cell should stay the same as the
+// rows grow.
 #include "output/results/GridBaseOutputCtrl.h"
 #include "output/results/NumberFormat.h"
 
@@ -10,9 +11,11 @@
 #include <cstdio>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 using namespace CommonUI;
+using namespace std::string_view_literals;
 using CGrid = CGridBaseOutputCtrl;
 
 namespace
@@ -20,31 +23,36 @@ namespace
 
 constexpr std::size_t c_columns = 20;
 
-CGrid::CCells MakeTable(std::size_t rows)
+// Tables are built once and shared by the benchmarks.
+const CGrid& GridOf(const benchmark::State& state)
 {
-    CGrid grid(CGrid::SCellInfo::Results);
+    static std::map<std::int64_t, CGrid> grids;
+    const auto [found, isNew] = grids.try_emplace(state.range(0), CGrid::SCellInfo::Results);
+    CGrid& grid = found->second;
+    if (!isNew)
+        return grid;
     for (std::size_t column = 0; column < c_columns - 1; ++column)
         grid.AddColumn({CStr::Format(u"P%d", column), {}});
-    for (std::size_t row = 0; row < rows; ++row) {
+    for (std::int64_t row = 0; row < state.range(0); ++row) {
         CGrid::SRow cells{.name = CStr::Format(u"%d", row), .cells = {}};
         for (std::size_t column = 0; column < c_columns - 1; ++column)
             cells.cells.push_back(
-                FormatResultValue(static_cast<double>(row * 7 + column) * 0.137, 5, false).Trim());
+                FormatResultValue((static_cast<double>(row * 7) + static_cast<double>(column)) * 0.137, 5,
+                                  false)
+                    .Trim());
         grid.AddRow(std::move(cells));
     }
-    CGrid::CCells table;
-    grid.GetGridHeaders(table, CGrid::SCellInfo::Results);
-    grid.GetGridCells(table, CGrid::SCellInfo::Results);
-    return table;
+    return grid;
 }
 
-// Tables are built once and shared by the benchmarks.
-const CGrid::CCells& TableOf(benchmark::State& state)
+const CGrid::CCells& TableOf(const benchmark::State& state)
 {
     static std::map<std::int64_t, CGrid::CCells> tables;
-    auto& table = tables[state.range(0)];
-    if (table.empty())
-        table = MakeTable(static_cast<std::size_t>(state.range(0)));
+    CGrid::CCells& table = tables[state.range(0)];
+    if (table.empty()) {
+        GridOf(state).GetGridHeaders(table, CGrid::SCellInfo::Results);
+        GridOf(state).GetGridCells(table, CGrid::SCellInfo::Results);
+    }
     return table;
 }
 
@@ -68,24 +76,60 @@ void Text(benchmark::State& state)
     CountCells(state, length);
 }
 
-void TextByAppending(benchmark::State& state)
+void AppendText(std::u16string& text, const CGrid::CCells& table)
+{
+    for (const CGrid::CRow& row : table) {
+        for (const auto& cell : row) {
+            if (&cell != &row.front())
+                text += u'\t';
+            text += cell.text.View();
+        }
+        text += u"\r\n"sv;
+    }
+}
+
+void AppendHtml(std::u16string& html, const CGrid::CCells& table)
+{
+    for (const CGrid::CRow& row : table) {
+        html += u"<TR>"sv;
+        for (const auto& cell : row) {
+            html += u"<TD ROWSPAN=1 COLSPAN=1 style=\"text-align:right;\" ><nobr>"sv;
+            html += cell.text.View();
+            html += u"</nobr></TD>\n"sv;
+        }
+        html += u"</TR>\n"sv;
+    }
+}
+
+using FAppend = void (*)(std::u16string& text, const CGrid::CCells& table);
+
+template<FAppend Append>
+void ByAppending(benchmark::State& state)
 {
     const CGrid::CCells& table = TableOf(state);
-    const std::size_t room = CGrid::GenerateResultsText(table).GetLength();
+    std::u16string measured;
+    Append(measured, table);
     for (auto _ : state) {
         std::u16string text;
-        text.reserve(room);
-        for (const CGrid::CRow& row : table) {
-            for (const auto& cell : row) {
-                if (&cell != &row.front())
-                    text += u'\t';
-                text += cell.text.View();
-            }
-            text += u"\r\n";
-        }
+        text.reserve(measured.size());
+        Append(text, table);
         benchmark::DoNotOptimize(text.data());
     }
-    CountCells(state, room);
+    CountCells(state, measured.size());
+}
+
+template<FAppend Append>
+void ByAppendingToWarm(benchmark::State& state)
+{
+    const CGrid::CCells& table = TableOf(state);
+    std::u16string text;
+    Append(text, table);
+    for (auto _ : state) {
+        text.clear();
+        Append(text, table);
+        benchmark::DoNotOptimize(text.data());
+    }
+    CountCells(state, text.size());
 }
 
 void Html(benchmark::State& state)
@@ -100,25 +144,28 @@ void Html(benchmark::State& state)
     CountCells(state, length);
 }
 
-void HtmlByAppending(benchmark::State& state)
+void TextOfTable(benchmark::State& state)
 {
-    const CGrid::CCells& table = TableOf(state);
-    const std::size_t room = CGrid::GenerateResultsHTMLTable(table).GetLength();
+    const CGrid& grid = GridOf(state);
+    std::size_t length = 0;
     for (auto _ : state) {
-        std::u16string html;
-        html.reserve(room);
-        for (const CGrid::CRow& row : table) {
-            html += u"<TR>";
-            for (const auto& cell : row) {
-                html += u"<TD ROWSPAN=1 COLSPAN=1 style=\"text-align:right;\" ><nobr>";
-                html += cell.text.View();
-                html += u"</nobr></TD>\n";
-            }
-            html += u"</TR>\n";
-        }
+        const CStr text = CGrid::GenerateText(nullptr, &grid, nullptr, false);
+        length = text.GetLength();
+        benchmark::DoNotOptimize(text.data());
+    }
+    CountCells(state, length);
+}
+
+void HtmlOfTable(benchmark::State& state)
+{
+    const CGrid& grid = GridOf(state);
+    std::size_t length = 0;
+    for (auto _ : state) {
+        const CStr html = CGrid::GenerateHTMLTables(nullptr, &grid, nullptr, false);
+        length = html.GetLength();
         benchmark::DoNotOptimize(html.data());
     }
-    CountCells(state, room);
+    CountCells(state, length);
 }
 
 // Values of the size that results have, in all decades that the formatter tells apart.
@@ -156,7 +203,15 @@ void ResultValueBySnprintf(benchmark::State& state)
 
 BENCHMARK(ResultValue);
 BENCHMARK(ResultValueBySnprintf);
-BENCHMARK(Text)->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(TextByAppending)->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(Html)->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(HtmlByAppending)->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond);
+
+#define COMMONUI_BENCHMARK(...)                                                                              \
+    BENCHMARK(__VA_ARGS__)->RangeMultiplier(10)->Range(1000, 1000000)->Unit(benchmark::kMillisecond)
+
+COMMONUI_BENCHMARK(Text);
+COMMONUI_BENCHMARK(TextOfTable);
+COMMONUI_BENCHMARK(ByAppending<AppendText>);
+COMMONUI_BENCHMARK(ByAppendingToWarm<AppendText>);
+COMMONUI_BENCHMARK(Html);
+COMMONUI_BENCHMARK(HtmlOfTable);
+COMMONUI_BENCHMARK(ByAppending<AppendHtml>);
+COMMONUI_BENCHMARK(ByAppendingToWarm<AppendHtml>);

@@ -186,15 +186,6 @@ std::string CStr::ToUtf8() const
     return CommonUI::ToUtf8(View());
 }
 
-std::string ToUtf8(std::u16string_view text)
-{
-    std::string bytes = ToWtf8(text);
-    const std::string replacement = ToWtf8({&c_replacement, 1}); // as long as a surrogate
-    for (std::size_t at = 0; (at = FindSurrogate(bytes, at)) != bytes.npos;)
-        bytes.replace(at, replacement.size(), replacement);
-    return bytes;
-}
-
 CStr CStr::Mid(std::size_t first, std::size_t count) const
 {
     const std::size_t length = GetLength();

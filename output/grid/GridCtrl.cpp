@@ -15,13 +15,8 @@ CGridCtrl::~CGridCtrl()
 
 void CGridCtrl::AddColumn(const SColumn& column)
 {
-    std::vector<int> widths;
-    widths.reserve(m_columns.size() + 1);
-    for (std::size_t i = 0; i < m_columns.size(); ++i)
-        widths.push_back(GetColumnWidth(i));
-    widths.push_back(column.width);
     m_columns.push_back(column);
-    SetColumnWidths(widths, 0);
+    AddColumnWidth(column.width);
 }
 
 CGridRow& CGridCtrl::AddRow()

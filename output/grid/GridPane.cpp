@@ -72,6 +72,12 @@ void CGridPane::SetColumnWidths(const std::vector<int>& widths, std::size_t froz
     SetRowCount(m_rowCount);
 }
 
+void CGridPane::AddColumnWidth(int width)
+{
+    m_edges.push_back(m_edges.back() + std::max(width, 0));
+    SetRowCount(m_rowCount);
+}
+
 void CGridPane::SetColumnWidth(std::size_t column, int width)
 {
     const int wider = std::max(width, 0) - GetColumnWidth(column);

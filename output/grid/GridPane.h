@@ -169,6 +169,8 @@ protected:
 
     /// @param frozen how many columns at the left stay when the others are scrolled
     void SetColumnWidths(const std::vector<int>& widths, std::size_t frozen);
+    /// Appends a column at the same cost however many there are.
+    void AddColumnWidth(int width);
     void SetRowCount(std::size_t count);
     /// See GetFrozenRowCount.
     void SetFrozenRows(std::size_t count);

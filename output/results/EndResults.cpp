@@ -38,15 +38,18 @@ void SEndResultItem::AddValue(double value, int digits)
     m_values.push_back(FormatResultValue(value, digits, false));
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature that callers know
 CStr SEndResultItem::CreateTokenizableString(std::vector<int> blankColumns, int columnCount) const
 {
     if (m_values.empty())
         return {};
+    std::ranges::sort(blankColumns);
+    auto blank = blankColumns.begin();
     CStr line = m_name + u'\t';
     for (int column = 0; column < columnCount; ++column) {
         const auto index = static_cast<std::size_t>(column);
-        if (std::ranges::find(blankColumns, column) != blankColumns.end()) {
+        while (blank != blankColumns.end() && *blank < column)
+            ++blank;
+        if (blank != blankColumns.end() && *blank == column) {
             if (column != 0)
                 line += u" \t";
         } else if (index < m_values.size()) {

@@ -1,5 +1,6 @@
 #include "common/TextBuilder.h"
 #include "output/results/detail/ResultPieces.h"
+#include "output/results/detail/TableRows.h"
 #include "output/results/GridBaseOutputCtrl.h"
 #include "output/results/ProfileText.h"
 #include "output/results/ResultsHtml.h"
@@ -8,6 +9,7 @@
 #include <optional>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace CommonUI
 {
@@ -67,7 +69,8 @@ constexpr std::u16string_view c_style = u"<style>\n"
                                         u"}\n"
                                         u"</style>\n";
 
-bool StartsWith(const CRow& row, SCellInfo::EFlag flag)
+template<class TRow>
+bool StartsWith(const TRow& row, SCellInfo::EFlag flag)
 {
     return !row.empty() && row.front().Has(flag);
 }
@@ -78,24 +81,28 @@ struct SSections {
     // The last row of the block of sub-headers below the header rows.
     std::optional<std::size_t> lastSubHeader;
 
-    explicit SSections(const CCells& cells)
+    template<class TRows>
+    explicit SSections(TRows& rows)
     {
-        while (headerRows < cells.size() && StartsWith(cells[headerRows], SCellInfo::ColumnHeader))
+        const std::size_t count = rows.GetCount();
+        while (headerRows < count && StartsWith(rows.At(headerRows), SCellInfo::ColumnHeader))
             ++headerRows;
-        for (std::size_t row = headerRows; row < cells.size() && StartsWith(cells[row], SCellInfo::SubHeader);
+        for (std::size_t row = headerRows; row < count && StartsWith(rows.At(row), SCellInfo::SubHeader);
              ++row)
             lastSubHeader = row;
     }
 };
 
-std::u16string_view HeaderClass(const SCellInfo& cell, bool last)
+template<class TCell>
+std::u16string_view HeaderClass(const TCell& cell, bool last)
 {
     if (cell.Has(SCellInfo::MergedHeader))
         return last ? u"class=\"mergedlast\"" : u"class=\"merged\"";
     return last ? u"class=\"last\"" : u"";
 }
 
-std::u16string_view BodyClass(const SCellInfo& cell, std::size_t row, std::size_t rowCount,
+template<class TCell>
+std::u16string_view BodyClass(const TCell& cell, std::size_t row, std::size_t rowCount,
                               const SSections& sections)
 {
     if (row + 1 == rowCount)
@@ -107,12 +114,14 @@ std::u16string_view BodyClass(const SCellInfo& cell, std::size_t row, std::size_
     return {};
 }
 
-std::u16string_view HeaderStyle(const SCellInfo& cell)
+template<class TCell>
+std::u16string_view HeaderStyle(const TCell& cell)
 {
     return cell.Has(SCellInfo::RowHeader) ? u"style=\"text-align:left;\"" : u"style=\"text-align:center;\"";
 }
 
-std::u16string_view BodyStyle(const SCellInfo& cell)
+template<class TCell>
+std::u16string_view BodyStyle(const TCell& cell)
 {
     if (cell.columnSpan > 1)
         return u"style=\"text-align:center;\"";
@@ -137,12 +146,42 @@ struct STag {
 
     CStr GetOpening() const
     {
-        return CStr::Format(u"<%s ROWSPAN=%d COLSPAN=%d %s %s>", element, rowSpan, columnSpan, style,
+        return CStr::Format(u"<%s ROWSPAN=%d COLSPAN=%d %s %s><nobr>", element, rowSpan, columnSpan, style,
                             cssClass);
     }
+    CStr GetClosing() const { return u"</nobr></" + CStr(element) + u">\n"; }
 };
 
-// Writes rows of a table. Neighbouring cells mostly have the same tag, so that its text is kept.
+// The texts of the tags that were met: a table has a few of them in all rows.
+class CTagTexts
+{
+public:
+    struct STexts {
+        STag tag;
+        CStr opening;
+        CStr closing;
+        CStr between; // of two neighbours
+    };
+
+    const STexts& Get(const STag& tag)
+    {
+        const auto found = std::ranges::find(m_texts, tag, &STexts::tag);
+        if (found != m_texts.end())
+            return *found;
+        if (m_texts.size() == c_most)
+            m_texts.clear();
+        const CStr opening = tag.GetOpening();
+        const CStr closing = tag.GetClosing();
+        return m_texts.emplace_back(tag, opening, closing, closing + opening);
+    }
+
+private:
+    static constexpr std::size_t c_most = 32; // more are not found faster than formatted
+
+    std::vector<STexts> m_texts;
+};
+
+// Writes rows of a table. Neighbouring cells mostly have the same tag.
 class CRowWriter
 {
 public:
@@ -153,18 +192,38 @@ public:
     }
 
     // @param index of the row in the whole table
-    void Append(CTextBuilder& html, const CRow& row, std::size_t index)
+    template<class THtml, class TRow>
+    void Append(THtml& html, const TRow& row, std::size_t index)
     {
         if (index == m_sections.headerRows)
             html += u"</THEAD>\n<TBODY>\n";
         html += u"<TR>";
-        for (const SCellInfo& cell : row)
-            AppendCell(html, cell, TagOf(cell, &cell == &row.back(), index));
+        const CTagTexts::STexts* texts = nullptr;
+        for (const auto& cell : row) {
+            if (texts && HaveSameTag(*(&cell - 1), cell)) {
+                html += texts->between.View();
+            } else {
+                html += texts ? texts->closing.View() : std::u16string_view();
+                texts = &m_texts.Get(TagOf(cell, &cell == &row.back(), index));
+                html += texts->opening.View();
+            }
+            AppendText(html, cell.text);
+        }
+        html += texts ? texts->closing.View() : std::u16string_view();
         html += u"</TR>\n";
     }
 
 private:
-    STag TagOf(const SCellInfo& cell, bool last, std::size_t row) const
+    // Of neighbours in a row. The tag of a header depends on where it stands, too.
+    template<class TCell>
+    static bool HaveSameTag(const TCell& a, const TCell& b)
+    {
+        return a.flags == b.flags && a.columnSpan == b.columnSpan && a.rowSpan == b.rowSpan &&
+               !b.Has(SCellInfo::ColumnHeader);
+    }
+
+    template<class TCell>
+    STag TagOf(const TCell& cell, bool last, std::size_t row) const
     {
         if (cell.Has(SCellInfo::ColumnHeader))
             return {u"TH", HeaderStyle(cell), HeaderClass(cell, last), cell.rowSpan, cell.columnSpan};
@@ -172,29 +231,25 @@ private:
                 cell.columnSpan};
     }
 
-    void AppendCell(CTextBuilder& html, const SCellInfo& cell, const STag& tag)
+    template<class THtml>
+    static void AppendText(THtml& html, std::u16string_view text)
     {
-        if (!(tag == m_tag)) {
-            m_tag = tag;
-            m_opening = tag.GetOpening() + u"<nobr>";
-            m_closing = u"</nobr></" + CStr(tag.element) + u">\n";
+        if (!HasReturn(text)) {
+            html += text;
+            return;
         }
-        html += m_opening;
         bool first = true;
-        ForEachPiece(cell.text, [&](std::u16string_view piece) {
+        ForEachPiece(text, [&](std::u16string_view piece) {
             if (!first)
                 html += u"</nobr><br><nobr>";
             html += piece;
             first = false;
         });
-        html += m_closing;
     }
 
     std::size_t m_rowCount;
     SSections m_sections;
-    STag m_tag{};
-    CStr m_opening{};
-    CStr m_closing{};
+    CTagTexts m_texts{};
 };
 
 void AppendStart(CTextBuilder& html, bool omitColumnGroup, bool fullWidth)
@@ -223,40 +278,57 @@ std::u16string_view SelectionStyle(bool header, bool rowName)
 
 // @param hasHeader whether the first row is that of the headers
 // @param hasNames whether the first column is that of the row names
-CStr SelectionHtml(const CCells& cells, bool hasHeader, bool hasNames)
+template<class TRows>
+CStr SelectionHtml(TRows& rows, bool hasHeader, bool hasNames)
 {
+    constexpr std::u16string_view c_tableEnd = u"</table>";
     CTextBuilder html;
     html += c_metaLine;
     html += c_style;
     html += u"<table>";
-    for (const CRow& row : cells) {
-        html += u"<tr>";
-        for (const SCellInfo& cell : row) {
-            html += u"<td style=\"";
-            html += SelectionStyle(hasHeader && &row == &cells.front(), hasNames && &cell == &row.front());
-            html += u"\">";
-            html += cell.text;
-            html += u"</td>\n";
+    AppendLongRows(html, rows, c_tableEnd.size(), [=](auto& to, const auto& row, std::size_t index) {
+        to += u"<tr>";
+        for (const auto& cell : row) {
+            to += u"<td style=\"";
+            to += SelectionStyle(hasHeader && index == 0, hasNames && &cell == &row.front());
+            to += u"\">";
+            to += cell.text;
+            to += u"</td>\n";
         }
-        html += u"</tr>";
-    }
-    html += u"</table>";
+        to += u"</tr>";
+    });
+    html += c_tableEnd;
     return html.Take();
 }
 
-CStr SelectionText(const CCells& cells)
+template<class TRows>
+CStr SelectionText(TRows& rows)
 {
     CTextBuilder text;
-    for (const CRow& row : cells) {
-        if (&row != &cells.front())
-            text += u'\n';
-        for (const SCellInfo& cell : row) {
+    AppendRows(text, rows, [](auto& to, const auto& row, std::size_t index) {
+        if (index != 0)
+            to += u'\n';
+        for (const auto& cell : row) {
             if (&cell != &row.front())
-                text += u'\t';
-            text += cell.text;
+                to += u'\t';
+            to += cell.text;
         }
-    }
+    });
     return text.Take();
+}
+
+// The headers of the selected columns, each as one line. The grid has columns.
+CRow SelectedHeaders(const CGridBaseOutputCtrl& grid, const SGridRange& selection)
+{
+    CCells headers;
+    grid.GetGridHeaders(headers, grid.GetType());
+    const CRow& all = headers.back();
+    CRow row;
+    for (std::size_t i = selection.firstColumn; i < all.size() && i <= selection.lastColumn; ++i) {
+        row.push_back(all[i]);
+        row.back().text = all[i].text.Replace(c_lineEnd, u" ");
+    }
+    return row;
 }
 
 // Appends the table of a summary, or nothing when there are no cells.
@@ -277,18 +349,16 @@ void AppendSummary(CTextBuilder& html, const CCells& cells)
     html += u"</table>\n";
 }
 
-// Appends the table of results, or nothing when there are no cells.
-void AppendResults(CTextBuilder& html, const CCells& cells, bool omitColumnGroup, bool fullWidth)
+// Appends the table of results, or nothing when there are no rows.
+template<class TRows>
+void AppendResults(CTextBuilder& html, TRows& rows, bool omitColumnGroup, bool fullWidth)
 {
-    if (cells.empty())
+    if (rows.GetCount() == 0)
         return;
     AppendStart(html, omitColumnGroup, fullWidth);
-    CRowWriter writer(cells.size(), SSections(cells));
-    CRowRoom room(html, cells.size());
-    for (std::size_t row = 0; row < cells.size(); ++row) {
-        writer.Append(html, cells[row], row);
-        room.RowDone();
-    }
+    CRowWriter writer(rows.GetCount(), SSections(rows));
+    AppendLongRows(html, rows, c_end.size(),
+                   [&](auto& to, const auto& row, std::size_t index) { writer.Append(to, row, index); });
     html += c_end;
 }
 
@@ -310,12 +380,13 @@ CResultsHtml::~CResultsHtml() = default;
 CStr CResultsHtml::MakePart(const CCells& rows)
 {
     CTextBuilder html;
+    CCellRows views(rows);
     if (!m_state->writer) {
         AppendStart(html, false, false);
-        m_state->writer.emplace(m_state->rowCount, SSections(rows));
+        m_state->writer.emplace(m_state->rowCount, SSections(views));
     }
-    for (const CRow& row : rows)
-        m_state->writer->Append(html, row, m_state->done++);
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        m_state->writer->Append(html, views.At(row), m_state->done++);
     if (m_state->done == m_state->rowCount)
         html += c_end;
     return html.Take();
@@ -336,21 +407,24 @@ CStr CGridBaseOutputCtrl::GenerateSummaryHTMLTable(const CCells& cells)
 CStr CGridBaseOutputCtrl::GenerateResultsHTMLTable(const CCells& cells, bool omitColumnGroup, bool fullWidth)
 {
     CTextBuilder html;
-    AppendResults(html, cells, omitColumnGroup, fullWidth);
+    CCellRows rows(cells);
+    AppendResults(html, rows, omitColumnGroup, fullWidth);
     return html.Take();
 }
 
-CStr SReportCells::MakeHtml(bool omitColumnGroup) const
+CStr CReportRows::MakeHtml(bool omitColumnGroup)
 {
     if (HasNone())
         return {};
     CTextBuilder html;
     html += c_metaLine;
     html += c_style;
-    AppendSummary(html, summary);
-    if (HasBoth())
+    AppendSummary(html, m_summary);
+    if (!m_summary.empty() && HasResults())
         html += u"<br>\n";
-    AppendResults(html, results, omitColumnGroup, false);
+    AppendResults(html, m_rows, omitColumnGroup, false);
+    CCellRows cells(m_cells);
+    AppendResults(html, cells, omitColumnGroup, false);
     return html.Take();
 }
 
@@ -359,17 +433,25 @@ CStr CGridBaseOutputCtrl::GenerateHTMLTables(const CGridBaseOutputCtrl* summary,
                                              const CGridBaseOutputCtrl* statistics, bool transpose,
                                              bool omitColumnGroup)
 {
-    return SReportCells(summary, results, statistics, transpose).MakeHtml(omitColumnGroup);
+    return CReportRows(summary, results, statistics, transpose).MakeHtml(omitColumnGroup);
 }
 
 CGridBaseOutputCtrl::SCopiedTexts
 CGridBaseOutputCtrl::CopySelectionAsHTML(bool transpose, bool headers, const SNumberProfile& profile) const
 {
+    const bool isShown = profile.kind == ENumberProfile::Shown;
+    bool hasHeader = headers && !m_columns.empty();
+    bool hasNames = m_selection.firstColumn == 0;
+    if (isShown && !transpose && m_hasSelection) {
+        CGridRows rows;
+        if (hasHeader)
+            rows.GetHeaders().push_back(SelectedHeaders(*this, m_selection));
+        rows.Add(*this, m_selection);
+        return {SelectionHtml(rows, hasHeader, hasNames), SelectionText(rows)};
+    }
     CCells cells;
     GetSelectedCells(cells, headers, profile.kind == ENumberProfile::Machine);
     ConvertCells(cells, profile);
-    bool hasHeader = headers && !m_columns.empty();
-    bool hasNames = m_selection.firstColumn == 0;
     if (transpose) {
         // All rows of a selection are equally long, or a short one on top would pass for a row of groups.
         std::size_t width = 0;
@@ -382,9 +464,9 @@ CGridBaseOutputCtrl::CopySelectionAsHTML(bool transpose, bool headers, const SNu
     }
     if (cells.empty())
         return {};
-    const bool isShown = profile.kind == ENumberProfile::Shown;
-    return {SelectionHtml(cells, hasHeader, hasNames),
-            isShown ? SelectionText(cells) : GenerateProfileText(cells, profile)};
+    CCellRows rows(cells);
+    return {SelectionHtml(rows, hasHeader, hasNames),
+            isShown ? SelectionText(rows) : GenerateProfileText(cells, profile)};
 }
 
 } // namespace CommonUI

@@ -1,5 +1,6 @@
 #include "common/TextBuilder.h"
 #include "output/results/detail/ResultPieces.h"
+#include "output/results/detail/TableRows.h"
 #include "output/results/GridBaseOutputCtrl.h"
 #include "output/results/ProfileText.h"
 
@@ -18,8 +19,8 @@ using CCells = CGridBaseOutputCtrl::CCells;
 using SCellInfo = CGridBaseOutputCtrl::SCellInfo;
 
 // Writes one physical line of a row, whose texts `textOf` gives by the index of the cell.
-template<class FTextOf>
-void AppendLine(CTextBuilder& text, const CRow& row, FTextOf textOf)
+template<class TRow, class FTextOf>
+void AppendLine(CTextBuilder& text, const TRow& row, FTextOf textOf)
 {
     for (std::size_t i = 0; i < row.size(); ++i) {
         if (i != 0 && row[i].columnSpan >= 1)
@@ -30,7 +31,8 @@ void AppendLine(CTextBuilder& text, const CRow& row, FTextOf textOf)
     text += c_lineEnd;
 }
 
-void AppendWrappedRow(CTextBuilder& text, const CRow& row)
+template<class TRow>
+void AppendWrappedRow(CTextBuilder& text, const TRow& row)
 {
     std::vector<std::vector<std::u16string_view>> pieces(row.size());
     std::size_t lines = 1;
@@ -45,12 +47,13 @@ void AppendWrappedRow(CTextBuilder& text, const CRow& row)
     }
 }
 
-void AppendRow(CTextBuilder& text, const CRow& row)
+template<class TRow>
+void AppendRow(CTextBuilder& text, const TRow& row)
 {
-    if (std::ranges::any_of(row, [](const SCellInfo& cell) { return HasReturn(cell.text); }))
+    if (std::ranges::any_of(row, [](const auto& cell) { return HasReturn(cell.text); }))
         AppendWrappedRow(text, row);
     else
-        AppendLine(text, row, [&row](std::size_t i) { return row[i].text.View(); });
+        AppendLine(text, row, [&row](std::size_t i) -> std::u16string_view { return row[i].text; });
 }
 
 void AppendSummary(CTextBuilder& text, const CCells& cells)
@@ -67,53 +70,78 @@ void AppendSummary(CTextBuilder& text, const CCells& cells)
     }
 }
 
-void AppendResults(CTextBuilder& text, const CCells& cells)
+template<class TRows>
+void AppendResults(CTextBuilder& text, TRows& rows)
 {
-    CRowRoom room(text, cells.size());
-    for (const CRow& row : cells) {
-        AppendRow(text, row);
-        room.RowDone();
+    AppendRows(text, rows, [](CTextBuilder& to, const auto& row, std::size_t) { AppendRow(to, row); });
+}
+
+CCells CollectCells(const CGridBaseOutputCtrl* results, const CGridBaseOutputCtrl* statistics, bool exact)
+{
+    CCells cells;
+    if (results) {
+        results->GetGridHeaders(cells, SCellInfo::Results, exact);
+        results->GetGridCells(cells, SCellInfo::Results, exact);
+    }
+    if (statistics) {
+        if (!results)
+            statistics->GetGridHeaders(cells, SCellInfo::Statistics, exact);
+        statistics->GetGridCells(cells, SCellInfo::Statistics, exact);
+    }
+    return cells;
+}
+
+void CollectRows(CGridRows& rows, const CGridBaseOutputCtrl* results, const CGridBaseOutputCtrl* statistics)
+{
+    if (results) {
+        results->GetGridHeaders(rows.GetHeaders(), SCellInfo::Results);
+        if (results->GetType() == SCellInfo::Results)
+            rows.Add(*results);
+    }
+    if (statistics) {
+        if (!results)
+            statistics->GetGridHeaders(rows.GetHeaders(), SCellInfo::Statistics);
+        if (statistics->GetType() == SCellInfo::Statistics)
+            rows.Add(*statistics);
     }
 }
 
 } // namespace
 
-SReportCells::SReportCells(const CGridBaseOutputCtrl* summaryGrid, const CGridBaseOutputCtrl* resultsGrid,
-                           const CGridBaseOutputCtrl* statisticsGrid, bool transpose,
-                           const SNumberProfile& profile)
+CReportRows::CReportRows(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* results,
+                         const CGridBaseOutputCtrl* statistics, bool transpose, const SNumberProfile& profile)
 {
     const bool exact = profile.kind == ENumberProfile::Machine;
-    if (summaryGrid)
-        summaryGrid->GetGridCells(summary, SCellInfo::Summary, exact);
-    if (resultsGrid) {
-        resultsGrid->GetGridHeaders(results, SCellInfo::Results, exact);
-        resultsGrid->GetGridCells(results, SCellInfo::Results, exact);
+    if (summary)
+        summary->GetGridCells(m_summary, SCellInfo::Summary, exact);
+    ConvertTexts(m_summary, profile);
+    if (profile.kind == ENumberProfile::Shown && !transpose) {
+        CollectRows(m_rows, results, statistics);
+        return;
     }
-    if (statisticsGrid) {
-        if (!resultsGrid)
-            statisticsGrid->GetGridHeaders(results, SCellInfo::Statistics, exact);
-        statisticsGrid->GetGridCells(results, SCellInfo::Statistics, exact);
-    }
-    ConvertTexts(summary, profile);
-    ConvertCells(results, profile);
+    m_cells = CollectCells(results, statistics, exact);
+    ConvertCells(m_cells, profile);
     if (transpose)
-        CGridBaseOutputCtrl::TransposeCells(results);
+        CGridBaseOutputCtrl::TransposeCells(m_cells);
 }
 
-CStr SReportCells::MakeText(const SNumberProfile& profile) const
+CStr CReportRows::MakeText(const SNumberProfile& profile)
 {
-    const bool isShown = profile.kind == ENumberProfile::Shown;
     CTextBuilder text;
-    if (isShown)
-        AppendSummary(text, summary);
-    else
-        text += GenerateProfileText(summary, profile).View();
-    if (HasBoth())
+    const bool hasBoth = !m_summary.empty() && HasResults();
+    if (profile.kind != ENumberProfile::Shown) {
+        text += GenerateProfileText(m_summary, profile).View();
+        if (hasBoth)
+            text += c_lineEnd;
+        text += GenerateProfileText(m_cells, profile).View();
+        return text.Take();
+    }
+    AppendSummary(text, m_summary);
+    if (hasBoth)
         text += c_lineEnd;
-    if (isShown)
-        AppendResults(text, results);
-    else
-        text += GenerateProfileText(results, profile).View();
+    AppendResults(text, m_rows);
+    CCellRows cells(m_cells);
+    AppendResults(text, cells);
     return text.Take();
 }
 
@@ -127,14 +155,15 @@ CStr CGridBaseOutputCtrl::GenerateSummaryText(const CCells& cells)
 CStr CGridBaseOutputCtrl::GenerateResultsText(const CCells& cells)
 {
     CTextBuilder text;
-    AppendResults(text, cells);
+    CCellRows rows(cells);
+    AppendResults(text, rows);
     return text.Take();
 }
 
 CStr CGridBaseOutputCtrl::GenerateText(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* results,
                                        const CGridBaseOutputCtrl* statistics, bool transpose)
 {
-    return SReportCells(summary, results, statistics, transpose).MakeText();
+    return CReportRows(summary, results, statistics, transpose).MakeText();
 }
 
 } // namespace CommonUI

@@ -18,10 +18,10 @@ bool CopyGrids(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* re
                const CGridBaseOutputCtrl* statistics, bool transpose, const SNumberProfile& profile,
                CClipboard& clipboard)
 {
-    const SReportCells cells(summary, results, statistics, transpose, profile);
-    if (cells.HasNone())
+    CReportRows rows(summary, results, statistics, transpose, profile);
+    if (rows.HasNone())
         return false;
-    return clipboard.Put(cells.MakeHtml(false), cells.MakeText(profile));
+    return clipboard.Put(rows.MakeHtml(false), rows.MakeText(profile));
 }
 
 bool CopySelection(const CGridBaseOutputCtrl& grid, bool transpose, bool headers, CClipboard& clipboard)

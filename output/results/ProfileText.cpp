@@ -118,7 +118,7 @@ CStr GenerateProfileText(const CCells& cells, const SNumberProfile& profile)
 CStr GenerateProfileText(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* results,
                          const CGridBaseOutputCtrl* statistics, bool transpose, const SNumberProfile& profile)
 {
-    return SReportCells(summary, results, statistics, transpose, profile).MakeText(profile);
+    return CReportRows(summary, results, statistics, transpose, profile).MakeText(profile);
 }
 
 } // namespace CommonUI

@@ -86,14 +86,12 @@ void CResultGridPane::FitColumns()
     for (std::size_t column = 1; column < widths.size() && m_groupLines != 0; ++column) {
         if (GetGroup(column).IsEmpty())
             continue;
-        const SShownHeader group = GetGroupHeader(column);
-        if (group.lastColumn != column)
-            continue;
+        const std::size_t last = GetGroupHeader(column).lastColumn;
         int room = 0;
-        for (std::size_t member = group.firstColumn; member <= column; ++member)
-            room += widths[member];
-        const int needed = GetView()->GetTextWidth(GetGroup(column)) + 2 * c_padding;
-        widths[column] += std::max(needed - room, 0);
+        for (; column < last; ++column)
+            room += widths[column];
+        const int needed = GetView()->GetTextWidth(GetGroup(last)) + 2 * c_padding;
+        widths[last] += std::max(needed - room - widths[last], 0);
     }
     SetColumnWidths(widths, IsSummary() ? 0 : 1);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/TextBuilder.h"
+#include "output/results/detail/TableRows.h"
 #include "output/results/GridBaseOutputCtrl.h"
 
 #include <algorithm>
@@ -55,6 +56,16 @@ void ForEachPiece(std::u16string_view text, FVisit visit)
     }
 }
 
+/// Makes room where there is some; the text may do with less.
+inline void TryReserve(CTextBuilder& text, std::size_t length)
+{
+    try {
+        text.Reserve(length);
+    } catch (const std::bad_alloc&) {
+        return;
+    }
+}
+
 /// Makes room for a text of many rows, judging by those that have been written, but never for more than a few
 /// times what is there: the first rows may be much longer than the others.
 class CRowRoom
@@ -76,11 +87,7 @@ public:
         m_next *= c_step;
         const std::size_t written = m_text.GetLength() - m_start;
         const std::size_t rows = std::min(m_rowCount - m_done, m_next - m_done);
-        try {
-            m_text.Reserve(m_text.GetLength() + written / m_done * rows / 4 * 5);
-        } catch (const std::bad_alloc&) {
-            // The text may be shorter than it seems.
-        }
+        TryReserve(m_text, m_text.GetLength() + written / m_done * rows / 4 * 5);
     }
 
 private:
@@ -93,19 +100,56 @@ private:
     std::size_t m_next = 8; // when to judge again
 };
 
-/// The cells of a report: those of the summary, and those of the results with the statistics below them.
-struct SReportCells {
-    CGridBaseOutputCtrl::CCells summary;
-    CGridBaseOutputCtrl::CCells results;
+/// Appends all rows, with room judged by the rows so far.
+/// @param append takes what is appended to, a row and its index
+template<class TRows, class FAppend>
+void AppendRows(CTextBuilder& text, TRows& rows, FAppend append)
+{
+    const std::size_t count = rows.GetCount();
+    CRowRoom room(text, count);
+    for (std::size_t row = 0; row < count; ++row) {
+        append(text, rows.At(row), row);
+        room.RowDone();
+    }
+}
 
+/// The same for rows that are much longer than their texts: counting first what they need then costs less
+/// than room that is too small or too large.
+/// @param behind how much else is to come behind the rows
+template<class TRows, class FAppend>
+void AppendLongRows(CTextBuilder& text, TRows& rows, std::size_t behind, FAppend append)
+{
+    if (!rows.AreCheap()) {
+        AppendRows(text, rows, append);
+        return;
+    }
+    const std::size_t count = rows.GetCount();
+    CTextLength length;
+    for (std::size_t row = 0; row < count; ++row)
+        append(length, rows.At(row), row);
+    TryReserve(text, text.GetLength() + length.GetLength() + behind);
+    for (std::size_t row = 0; row < count; ++row)
+        append(text, rows.At(row), row);
+}
+
+/// The rows of a report: those of the summary, and those of the results with the statistics below them. The
+/// grids have to outlive it.
+class CReportRows
+{
+public:
     /// Collects from up to three grids, each of which may be null.
-    SReportCells(const CGridBaseOutputCtrl* summaryGrid, const CGridBaseOutputCtrl* resultsGrid,
-                 const CGridBaseOutputCtrl* statisticsGrid, bool transpose,
-                 const SNumberProfile& profile = {});
-    CStr MakeText(const SNumberProfile& profile = {}) const;
-    CStr MakeHtml(bool omitColumnGroup) const;
-    bool HasBoth() const { return !summary.empty() && !results.empty(); }
-    bool HasNone() const { return summary.empty() && results.empty(); }
+    CReportRows(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* results,
+                const CGridBaseOutputCtrl* statistics, bool transpose, const SNumberProfile& profile = {});
+    CStr MakeText(const SNumberProfile& profile = {});
+    CStr MakeHtml(bool omitColumnGroup);
+    bool HasNone() const { return m_summary.empty() && !HasResults(); }
+
+private:
+    bool HasResults() const { return !m_cells.empty() || m_rows.GetCount() != 0; }
+
+    CGridBaseOutputCtrl::CCells m_summary;
+    CGridRows m_rows;                    // empty where the grids' rows cannot be written as they stand
+    CGridBaseOutputCtrl::CCells m_cells; // then made of them
 };
 
 } // namespace CommonUI
