@@ -22,6 +22,7 @@ function(commonui_compile_settings target)
         target_compile_options(${target} PRIVATE
             -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
             -Wcast-qual -Wformat=2 -Wimplicit-fallthrough)
+        target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:Clang>:-Wold-style-cast>)
         # One rounding for each operation: results do not depend on whether the machine has a fused multiply-add.
         target_compile_options(${target} PRIVATE -ffp-contract=off)
         # A library calls its own functions directly: nobody may put others in their place, so they can be inlined.

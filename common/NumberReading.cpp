@@ -1,5 +1,7 @@
 #include "common/NumberText.h"
 
+#include "export/FromChars.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -57,7 +59,7 @@ bool ParseDouble(std::u16string_view text, double& value)
     const std::string number = NarrowNumber(text);
     const char* const end = number.data() + number.size();
     double found = 0;
-    const auto result = std::from_chars(number.data(), end, found);
+    const auto result = FromChars(number.data(), end, found);
     if (result.ptr != end || result.ec == std::errc::invalid_argument)
         return false;
     if (result.ec == std::errc::result_out_of_range)

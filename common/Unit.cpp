@@ -1,5 +1,7 @@
 #include "common/Unit.h"
 
+#include "export/FromChars.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -114,7 +116,7 @@ double RoundAsShown(double value, CUnit::SShownDigits shown)
             : std::to_chars(text.data(), end, value, std::chars_format::scientific,
                             std::clamp(shown.significant, 1, 17) - 1);
     double rounded = value;
-    std::from_chars(text.data(), written.ptr, rounded);
+    FromChars(text.data(), written.ptr, rounded);
     return rounded;
 }
 

@@ -1,5 +1,7 @@
 #include "controls/StepSize.h"
 
+#include "export/FromChars.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -25,8 +27,7 @@ SDecimal Split(double number)
     const char* const end =
         std::to_chars(std::begin(text), std::end(text), number, std::chars_format::scientific).ptr;
     SDecimal result;
-    const char* digits =
-        std::from_chars(std::begin(text), end, result.mantissa, std::chars_format::fixed).ptr;
+    const char* digits = FromChars(std::begin(text), end, result.mantissa, std::chars_format::fixed).ptr;
     digits += digits[1] == '+' ? 2 : 1; // behind the 'e'
     std::from_chars(digits, end, result.exponent);
     return result;

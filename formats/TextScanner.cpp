@@ -1,8 +1,9 @@
 #include "formats/detail/TextScanner.h"
 
+#include "export/FromChars.h"
+
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 
 namespace CommonUI::Formats
@@ -94,7 +95,7 @@ double CTextScanner::ReadHeight(double scale)
 {
     const char* const start = m_position;
     double value = 0;
-    const auto [end, error] = std::from_chars(start, m_end, value);
+    const auto [end, error] = FromChars(start, m_end, value);
     if (error == std::errc() && std::isfinite(value) && IsDelimiter(end))
         m_position = end;
     else
@@ -148,7 +149,7 @@ bool ParseNumber(std::string_view text, double& value)
     if (const auto comma = std::find(buffer.begin(), end, ','); comma != end && text.find('.') == text.npos)
         *comma = '.';
     const char* const last = buffer.data() + text.size();
-    const auto [stop, error] = std::from_chars(buffer.data(), last, value);
+    const auto [stop, error] = FromChars(buffer.data(), last, value);
     return error == std::errc() && stop == last && std::isfinite(value);
 }
 

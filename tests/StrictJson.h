@@ -1,5 +1,7 @@
 #pragma once
 
+#include "export/FromChars.h"
+
 #include <algorithm>
 #include <charconv>
 #include <concepts>
@@ -139,7 +141,7 @@ private:
                 magnitude[1] == 'e');
         SJson number{.kind = SJson::EKind::Number};
         const auto [end, error] =
-            std::from_chars(digits.data(), digits.data() + digits.size(), number.number);
+            CommonUI::FromChars(digits.data(), digits.data() + digits.size(), number.number);
         Require(error == std::errc() && end == digits.data() + digits.size());
         m_rest.remove_prefix(digits.size());
         return number;

@@ -2,6 +2,7 @@
 
 #include "common/detail/Wtf8.h"
 #include "common/ini/detail/IniQuotes.h"
+#include "export/FromChars.h"
 
 #include <algorithm>
 #include <array>
@@ -33,7 +34,7 @@ bool ParseNumber(std::string_view text, TNumber& value, TBases... bases)
 {
     text = WithoutPlus(text);
     const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value, bases...);
+    const auto [stop, error] = FromChars(text.data(), end, value, bases...);
     return error == std::errc() && stop == end;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/StepSize.h"
+#include "export/FromChars.h"
 
 #include <algorithm>
 #include <charconv>
@@ -18,7 +19,7 @@ inline double ToDouble(float value)
     double result = value;
     if (std::isfinite(value)) {
         const char* const end = std::to_chars(std::begin(text), std::end(text), value).ptr;
-        std::from_chars(std::begin(text), end, result);
+        FromChars(std::begin(text), end, result);
     }
     return result;
 }

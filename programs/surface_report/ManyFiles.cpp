@@ -24,6 +24,7 @@
 #include <atomic>
 #include <csignal>
 #include <exception>
+#include <future>
 #include <iostream>
 #include <mutex>
 #include <optional>
@@ -103,10 +104,10 @@ public:
     void Work()
     {
         const std::size_t processors = std::max(1u, std::thread::hardware_concurrency());
-        std::vector<std::jthread> workers;
+        std::vector<std::future<void>> workers;
         for (std::size_t i = 0; i < std::min(processors, m_files.size()); ++i)
-            workers.emplace_back([this] { WorkUntilError(); });
-        workers.clear();
+            workers.push_back(std::async(std::launch::async, [this] { WorkUntilError(); }));
+        workers.clear(); // waits for them
         if (m_error)
             std::rethrow_exception(m_error);
         m_state.Save();

@@ -92,7 +92,7 @@ TEST(ArealParameters, AreaAndGradientAreOfOneField)
 
 TEST(ArealParameters, StraightMaterialRatioCurve)
 {
-    for (const std::size_t points : {101, 104, 1003}) {
+    for (const std::size_t points : {101u, 104u, 1003u}) {
         const double range = static_cast<double>(points - 1) * 1e-6;
         // 37 has no factor in common with the numbers of points: every height occurs once, in no order
         const SSurface surface = MakeSurface(points, 1, [&](double x, double) {

@@ -96,9 +96,9 @@ TEST(StepHeights, OfLargeSurfaces)
 TEST(StepHeights, TakesTheThirds)
 {
     SSurface surface = MakeGrooves(200, 1, {{80.5, 110.5, 50}}, 0, 1);
-    for (const std::size_t at : {71, 80, 82, 89, 101, 110, 112, 120})
+    for (const std::size_t at : {71u, 80u, 82u, 89u, 101u, 110u, 112u, 120u})
         surface.heights[at] += 5e-9;
-    for (const std::size_t at : {5, 49, 142, 190})
+    for (const std::size_t at : {5u, 49u, 142u, 190u})
         surface.heights[at] += 5e-9;
     ExpectAll(MeasureSteps(surface), 1, 50e-9);
     surface.heights[95] += 5.5e-9; // one of the ten in the middle

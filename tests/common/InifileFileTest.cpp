@@ -102,7 +102,7 @@ TEST_F(InifileFile, FullDiskKeepsTheOldFile)
 {
     m_folder.Write("a.ini", "k=1");
     // Less and more than a stream holds back before it writes.
-    for (const std::size_t size : {200, 1000000}) {
+    for (const std::size_t size : {200u, 1000000u}) {
         CInifile ini;
         ini.SetFileName(NameOf("a.ini"));
         ini.WriteText(u"k", CStr(size, u'x'));

@@ -92,7 +92,7 @@ TEST_F(Timer, StaysStoppedWithoutAnIdentifierOfItsOwn)
 {
     timer->SetRunning(true);
     CWinTimer second(10);
-    for (const CTimerService::TIdentifier identifier : {0, 1}) {
+    for (const CTimerService::TIdentifier identifier : {0u, 1u}) {
         service.forced = identifier;
         EXPECT_FALSE(second.SetRunning(true) || second.IsRunning());
     }

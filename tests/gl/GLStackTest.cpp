@@ -185,8 +185,8 @@ TEST_F(GLStack, TraceOfANestedUnwind)
     }
     std::string trace = TakeLines();
     // The limits are the driver's own.
-    for (const GLenum limit :
-         {GL_MAX_ATTRIB_STACK_DEPTH, GL_MAX_MODELVIEW_STACK_DEPTH, GL_MAX_PROJECTION_STACK_DEPTH}) {
+    for (const GLenum limit : std::initializer_list<GLenum>{
+             GL_MAX_ATTRIB_STACK_DEPTH, GL_MAX_MODELVIEW_STACK_DEPTH, GL_MAX_PROJECTION_STACK_DEPTH}) {
         const std::string text = " (" + std::to_string(GetInteger(limit)) + ")";
         for (std::size_t at = 0; (at = trace.find(text, at)) != std::string::npos;)
             trace.replace(at, text.size(), " (limit)");

@@ -123,7 +123,7 @@ TEST(OdtDocument, PaperIsThatOfTheTemplate)
 
 TEST(OdtDocument, LongTableStartsOnANewPage)
 {
-    for (const std::size_t lines : {10, 50}) {
+    for (const std::size_t lines : {10u, 50u}) {
         const CMeasured measured(MakeWaves(40, lines), {}, {u"4287Ra"});
         auto entries = Unpack(DocumentOf(LayoutOf({EReportBlock::Title, EReportBlock::RoughnessParameters}),
                                          measured.GetSource()));

@@ -53,7 +53,7 @@ TEST(WithoutMemory, ParametersOfASurfaceFailWithoutTheOthers)
     EXPECT_EQ(results.surface[1].exceptions.size(), 2u) << "of the raw surface, too";
     EXPECT_EQ(results.CountFailures(), 2u);
     const SResults all = Compute(input, request, SIZE_MAX);
-    for (const std::size_t i : {0, 2, 4})
+    for (const std::size_t i : {0u, 2u, 4u})
         EXPECT_EQ(results.surface[i].values, all.surface[i].values) << i;
     const CReportTables tables(results, false);
     EXPECT_EQ(tables.GetSurfaceNotes().GetLines(), std::vector<CStr>{u"1 Sal, Spd: " + c_noMemory});
@@ -70,7 +70,7 @@ TEST(WithoutMemory, ColumnsOfProfilesFailWithoutTheOthers)
     EXPECT_EQ(FailuresOf(results.columns), "rMd ");
     EXPECT_EQ(results.CountFailures(), 1u);
     const SResults all = Compute(input, request, SIZE_MAX);
-    for (const std::size_t i : {0, 1, 3})
+    for (const std::size_t i : {0u, 1u, 3u})
         EXPECT_EQ(results.columns[i].values, all.columns[i].values) << i;
     const CReportTables tables(results, false);
     EXPECT_EQ(tables.GetStatisticsNotes().GetLines(), std::vector<CStr>{u"1 rMd MUFU: " + c_noMemory});

@@ -27,8 +27,12 @@ TEST(AnalysisPreferencesManager, ObjectsAreOfTheirClassesAndStayTheSame)
 {
     CManager& manager = GetAnalysisPreferencesManager();
     EXPECT_EQ(&manager, &GetAnalysisPreferencesManager());
-    for (int i = 0; i < c_analysisCount; ++i)
-        EXPECT_EQ(typeid(manager.GetData(EAnalysis{i})), typeid(*MakePreferences(EAnalysis{i}))) << i;
+    for (int i = 0; i < c_analysisCount; ++i) {
+        const CAnalysisPreferencesData& kept = manager.GetData(EAnalysis{i});
+        const auto made = MakePreferences(EAnalysis{i});
+        const auto& fresh = *made;
+        EXPECT_EQ(typeid(kept), typeid(fresh)) << i;
+    }
     const auto* data = &manager.GetData(Tip);
     EXPECT_TRUE(manager.SetData(Tip, CAnalysisPreferencesData(Tip)));
     EXPECT_EQ(data, &manager.GetData(Tip));

@@ -193,7 +193,7 @@ TEST(GridItems, ButtonsArePressedWhileTheyCall)
     harness.Press(90, 30);
     harness.Press(50, 50);
     EXPECT_EQ(harness.view.focusCount, 0) << "nothing happens without a callback";
-    for (const std::size_t row : {0, 1}) {
+    for (const std::size_t row : {0u, 1u}) {
         harness.grid->SelectCell({row, 0});
         EXPECT_FALSE(harness.Key(EGridKey::F2)) << "no editor";
     }

@@ -132,7 +132,7 @@ TEST(Drawing, GrainsLieOnTheSurfaceAndLeaveNothingBehind)
                                     static_cast<std::size_t>(pixel.x));
         return marked[at] < 60 && marked[at + 1] > 200 && marked[at + 2] < 60;
     };
-    for (const std::size_t column : {0, 8, 11, 15, 18, 21, 39})
+    for (const std::size_t column : {0u, 8u, 11u, 15u, 18u, 21u, 39u})
         EXPECT_EQ(isGreen(column), column >= 10 && column < 20) << column;
     EXPECT_LT(CountDifferent(pictureOf({.column = 5, .points = 20, .lines = 30}), marked), 1000);
     EXPECT_EQ(CountDifferent(PictureOf(scene, font, {}, work), plain), 0);
