@@ -1,5 +1,5 @@
-// Every operation of a table fails at each of its allocations in turn: at that one alone, and at that one and all
-// that come after. It has done its work then, or changed nothing, and no memory is lost.
+// Every operation of a table fails at each of its allocations in turn: at that one alone, and at that one and
+// all that come after. It has done its work then, or changed nothing, and no memory is lost.
 
 #include "common/Diagnostics.h"
 #include "common/file/FileBytes.h"

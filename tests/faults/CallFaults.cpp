@@ -1,5 +1,5 @@
-// Every system call of what reads and writes files fails once, by each error that it knows, and reads and writes end
-// early. The file is the old or the new one, whole; a failure has its reason, and nothing is left over.
+// Every system call of what reads and writes files fails once, by each error that it knows, and reads and
+// writes end early. The file is the old or the new one, whole; a failure has its reason, and nothing is left.
 
 #include "common/Diagnostics.h"
 #include "common/file/FileBytes.h"
@@ -116,8 +116,8 @@ ssize_t Transfer(int file, TBytes bytes, std::size_t count)
 
 #pragma GCC visibility push(default)
 
-// By their names in the object file, as the headers may make macros and inline functions of them. The libraries find
-// these functions before those of the system.
+// By their names in the object file, as the headers may make macros and inline functions of them. The
+// libraries find these functions before those of the system.
 int FaultyOpen(const char* path, int flags, mode_t mode) __asm__("open");
 ssize_t FaultyRead(int file, void* bytes, std::size_t count) __asm__("read");
 ssize_t FaultyWrite(int file, const void* bytes, std::size_t count) __asm__("write");
@@ -271,7 +271,7 @@ CFiles ReadFiles(const CTemporaryFolder& folder)
     return files;
 }
 
-// A backup or an earlier version may have been kept or not; what a file is called when it is being made may not stay.
+// A backup or an earlier version may have been kept or not; what is a file for a while only may not stay.
 bool IsKept(const std::string& name)
 {
     return name.ends_with(".backup") || name.find(".version-") != name.npos ||
