@@ -30,6 +30,14 @@ function(commonui_compile_settings target)
         # Where it optimises, GCC 12 sees texts overlap that are put together with +.
         target_compile_options(${target} PRIVATE $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-restrict>)
     endif()
+    # What is given away is hardened: writing behind an array or a stack frame ends the process, and where functions are
+    # found cannot be overwritten. scripts/check-hardening looks.
+    if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND NOT COMMONUI_SANITIZE)
+        set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+        target_compile_options(${target} PRIVATE
+            $<${optimised}:-fstack-protector-strong> $<${optimised}:-U_FORTIFY_SOURCE> $<${optimised}:-D_FORTIFY_SOURCE=3>)
+        target_link_options(${target} PRIVATE $<${optimised}:LINKER:-z,relro,-z,now>)
+    endif()
     if(COMMONUI_SANITIZE)
         target_compile_options(${target} PRIVATE
             -fsanitize=${COMMONUI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -7,6 +7,7 @@
 #include "common/file/FileSystem.h"
 
 #include <string>
+#include <utility>
 
 namespace CommonUI
 {
@@ -103,8 +104,9 @@ bool KeepFile(const CStr& fileName, std::string_view content, const CStr& why, C
         const fs::path target = FollowLinks(ToFilePath(fileName));
         for (int number = 1; number <= c_mostNames; ++number) {
             const fs::path kept = MakeKeptPath(target, why, number);
+            CStr name = kept.u16string(); // before, as it needs memory
             if (KeepUnder(target, kept, content)) {
-                keptAs = kept.u16string();
+                keptAs = std::move(name);
                 return;
             }
         }

@@ -137,6 +137,9 @@ public:
             return std::nullopt;
         if (Retry([&] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) != 0) {
             const int error = errno;
+            // Where there are no locks nobody holds one, and the file would stay for ever.
+            if (error != EWOULDBLOCK)
+                ::unlink(path.c_str());
             ::close(descriptor);
             if (error == EWOULDBLOCK)
                 return std::nullopt;

@@ -10,6 +10,9 @@ namespace
 
 // While it is positive, allocations count it down; the one that makes it 0 fails.
 thread_local int t_left = 0;
+thread_local bool t_goOn = false; // so that all after that one fail, too
+thread_local bool t_hasFailed = false;
+thread_local long t_living = 0;
 thread_local std::size_t t_bytes = 0;
 thread_local std::size_t t_most = SIZE_MAX; // at once
 
@@ -17,8 +20,20 @@ thread_local std::size_t t_most = SIZE_MAX; // at once
 void* Allocate(std::size_t size)
 {
     t_bytes += size;
-    const bool fails = (t_left > 0 && --t_left == 0) || size > t_most;
-    return fails ? nullptr : std::malloc(size);
+    if (t_left > 0 && --t_left == 0) {
+        t_hasFailed = true;
+        t_left = t_goOn ? 1 : 0;
+        return nullptr;
+    }
+    void* const memory = size > t_most ? nullptr : std::malloc(size);
+    t_living += memory != nullptr ? 1 : 0;
+    return memory;
+}
+
+void Free(void* memory) noexcept
+{
+    t_living -= memory != nullptr ? 1 : 0;
+    std::free(memory);
 }
 
 } // namespace
@@ -37,20 +52,22 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 
 void operator delete(void* memory) noexcept
 {
-    std::free(memory);
+    Free(memory);
 }
 
 void operator delete(void* memory, std::size_t) noexcept
 {
-    std::free(memory);
+    Free(memory);
 }
 
 namespace CommonUI
 {
 
-CFailingAllocation::CFailingAllocation(int number)
+CFailingAllocation::CFailingAllocation(int number, EFailing failing)
 {
     t_left = number;
+    t_goOn = failing == EFailing::Onwards;
+    t_hasFailed = false;
 }
 
 CFailingAllocation::~CFailingAllocation()
@@ -60,7 +77,7 @@ CFailingAllocation::~CFailingAllocation()
 
 bool CFailingAllocation::HasFailed() const
 {
-    return t_left == 0;
+    return t_hasFailed;
 }
 
 CAllocationLimit::CAllocationLimit(std::size_t bytes)
@@ -81,6 +98,11 @@ CAllocatedBytes::CAllocatedBytes()
 std::size_t CAllocatedBytes::Get() const
 {
     return t_bytes - m_before;
+}
+
+long CountLivingAllocations()
+{
+    return t_living;
 }
 
 } // namespace CommonUI

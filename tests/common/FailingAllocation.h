@@ -6,11 +6,16 @@
 namespace CommonUI
 {
 
+enum class EFailing {
+    Once,
+    Onwards ///< and all that come after
+};
+
 /// While it lives, one allocation of its thread fails: the one of that number, counted from 1.
 class CFailingAllocation
 {
 public:
-    explicit CFailingAllocation(int number);
+    explicit CFailingAllocation(int number, EFailing failing = EFailing::Once);
     ~CFailingAllocation();
     CFailingAllocation(const CFailingAllocation&) = delete;
     CFailingAllocation& operator=(const CFailingAllocation&) = delete;
@@ -84,5 +89,8 @@ public:
 private:
     std::size_t m_before;
 };
+
+/// How many allocations of its thread have not been given back, less those that it gave back for others.
+long CountLivingAllocations();
 
 } // namespace CommonUI

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <ios>
+#include <new>
 #include <system_error>
 
 namespace CommonUI
@@ -51,6 +52,18 @@ inline std::filesystem::path ToFilePath(const CStr& fileName)
     return path;
 }
 
+/// Why something was thrown, also where there is no memory for more.
+inline void TellReason(CStr& reason, const std::exception& thrown)
+{
+    try {
+        // what() of such an error has the path too, which the caller knows.
+        const auto* const error = dynamic_cast<const std::filesystem::filesystem_error*>(&thrown);
+        reason = CStr::FromUtf8(error ? error->code().message() : thrown.what());
+    } catch (const std::bad_alloc&) {
+        reason = u"out of memory"; // which has room in the object
+    }
+}
+
 /// Runs `work` and returns whether it came to its end; else why not.
 template<class FWork>
 bool TryFile(CStr& reason, FWork&& work)
@@ -58,11 +71,8 @@ bool TryFile(CStr& reason, FWork&& work)
     try {
         work();
         return true;
-    } catch (const std::filesystem::filesystem_error& error) {
-        // what() has the path too, which the caller knows.
-        reason = CStr::FromUtf8(error.code().message());
     } catch (const std::exception& error) {
-        reason = CStr::FromUtf8(error.what());
+        TellReason(reason, error);
     }
     return false;
 }
