@@ -4,6 +4,7 @@
 #include "WinFileDialogService.h"
 #include "WinFileManager.h"
 #include "WinFolders.h"
+#include "WinHttpService.h"
 #include "WinMessageBoxService.h"
 #include "WinMessageLoop.h"
 #include "WinScreenService.h"
@@ -47,6 +48,7 @@ private:
     CWinSystemColors m_systemColors;
     CWinFileManager m_fileManager;
     CWinThreadService m_threads;
+    CWinHttpService m_http;
     CServiceScope<CTimerService> m_timersScope{m_timers};
     CServiceScope<CMessageLoop> m_loopScope{m_loop};
     CServiceScope<CMessageBoxService> m_messageBoxesScope{m_messageBoxes};
@@ -57,6 +59,7 @@ private:
     CServiceScope<CSystemColors> m_systemColorsScope{m_systemColors};
     CServiceScope<CFileManager> m_fileManagerScope{m_fileManager};
     CServiceScope<CThreadService> m_threadsScope{m_threads};
+    CServiceScope<CHttpService> m_httpScope{m_http};
 };
 
 } // namespace CommonUI
