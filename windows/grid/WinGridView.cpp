@@ -65,6 +65,18 @@ long long FindPosition(const SCROLLINFO& info, WORD request, long long line)
     }
 }
 
+// A line around everything, as themes draw it around fields.
+void DrawEdge(HWND window)
+{
+    const SRect place = GetScreenRect(window);
+    RECT edge{0, 0, place.GetWidth(), place.GetHeight()};
+    HDC__* const context = GetWindowDC(window);
+    FrameRect(context, &edge, GetSysColorBrush(COLOR_BTNSHADOW));
+    InflateRect(&edge, -1, -1);
+    FrameRect(context, &edge, GetSysColorBrush(COLOR_WINDOW));
+    ReleaseDC(window, context);
+}
+
 int GetWheelLines(bool sideways)
 {
     UINT lines = 3;
@@ -406,6 +418,10 @@ LRESULT CWinGridView::OnMessage(UINT message, WPARAM wide, LPARAM longer)
         return 0;
     case WM_ERASEBKGND:
         return TRUE;
+    case WM_NCPAINT:
+        DefWindowProcW(window, message, wide, longer);
+        DrawEdge(window);
+        return 0;
     case WM_GETDLGCODE: // Tab, Enter and Escape are the dialog's
         return DLGC_WANTARROWS | DLGC_WANTCHARS;
     case WM_SETFONT:
