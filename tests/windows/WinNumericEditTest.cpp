@@ -186,7 +186,10 @@ TEST_F(WinNumericEdit, AnExceptionReachesTheLoop)
     throws = true;
     PostMessageW(field, WM_CHAR, L'2', 1);
     PostMessageW(field, WM_KEYDOWN, VK_RETURN, 1);
-    EXPECT_THROW(GetMessageLoop().RunUntil([] { return false; }), std::runtime_error);
+    bool ended = false;
+    GetMessageLoop().Post([&] { ended = true; });
+    EXPECT_THROW(GetMessageLoop().RunUntil([&] { return ended; }), std::runtime_error);
+    GetMessageLoop().Pump();
     CDiagnosticsCapture lines;
     SendMessageW(field, EM_SETSEL, 0, -1);
     dialog.Type(L"4");

@@ -207,7 +207,10 @@ TEST_F(WinResultGrid, ACallbackMayDestroyItOrThrow)
                                          &WinResultGrid_ACallbackMayDestroyItOrThrow_Test::OnSelection);
     throws = true;
     PostMessageW(window, WM_KEYDOWN, VK_DOWN, 1);
-    EXPECT_THROW(GetMessageLoop().RunUntil([] { return false; }), std::runtime_error);
+    bool ended = false;
+    GetMessageLoop().Post([&] { ended = true; });
+    EXPECT_THROW(GetMessageLoop().RunUntil([&] { return ended; }), std::runtime_error);
+    GetMessageLoop().Pump();
     throws = false;
     destroys = true;
     SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, At(1, 1));
