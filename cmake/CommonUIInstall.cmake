@@ -100,7 +100,7 @@ foreach(example IN ITEMS data format_dialog grid_dialog languages measurement nu
     install(DIRECTORY examples/${example} DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT Doc)
 endforeach()
 if(WIN32)
-    install(DIRECTORY examples/windows_services DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT Doc)
+    install(DIRECTORY examples/windows_dialog examples/windows_services DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT Doc)
 endif()
 configure_package_config_file(cmake/CommonUIConfig.cmake.in ${PROJECT_BINARY_DIR}/CommonUIConfig.cmake
     INSTALL_DESTINATION ${package_dir})

@@ -24,6 +24,16 @@ bool CopyGrids(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* re
     return clipboard.Put(rows.MakeHtml(false), rows.MakeText(profile));
 }
 
+bool CopyGrid(const CGridBaseOutputCtrl& grid, bool transpose, CClipboard& clipboard)
+{
+    using SCellInfo = CGridBaseOutputCtrl::SCellInfo;
+    const auto ofType = [&grid](SCellInfo::ECellType type) {
+        return grid.GetType() == type ? &grid : nullptr;
+    };
+    return CopyGrids(ofType(SCellInfo::Summary), ofType(SCellInfo::Results), ofType(SCellInfo::Statistics),
+                     transpose, clipboard);
+}
+
 bool CopySelection(const CGridBaseOutputCtrl& grid, bool transpose, bool headers, CClipboard& clipboard)
 {
     return CopySelection(grid, transpose, headers, SNumberProfile(), clipboard);

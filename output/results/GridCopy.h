@@ -18,6 +18,10 @@ COMMONUI_API bool CopyGrids(const CGridBaseOutputCtrl* summary, const CGridBaseO
                             const CGridBaseOutputCtrl* statistics, bool transpose,
                             const SNumberProfile& profile, CClipboard& clipboard = GetClipboard());
 
+/// As CopyGrids with one grid, of whichever type, as reports have it.
+COMMONUI_API bool CopyGrid(const CGridBaseOutputCtrl& grid, bool transpose,
+                           CClipboard& clipboard = GetClipboard());
+
 /// Puts the text and the HTML of a grid's selected cells on the clipboard together.
 /// @param headers whether the headers of their columns go with them
 /// @param profile how the numbers are written

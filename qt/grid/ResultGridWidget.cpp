@@ -112,11 +112,7 @@ void CResultGridWidget::Run(ECommand command)
 
 void CResultGridWidget::CopyWhole(bool transpose) const
 {
-    const auto ofType = [this](SCellInfo::ECellType type) {
-        return m_table.GetType() == type ? &m_table : nullptr;
-    };
-    CopyGrids(ofType(SCellInfo::Summary), ofType(SCellInfo::Results), ofType(SCellInfo::Statistics),
-              transpose);
+    CopyGrid(m_table, transpose);
 }
 
 QPoint CResultGridWidget::GetMenuPlace() const

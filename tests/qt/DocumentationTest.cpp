@@ -74,7 +74,9 @@ TEST(Documentation, ShowsTheProgramsThatAreBuilt)
     for (const char* const program : {"measurement", "number_dialog"})
         shows(page, "cmake", std::string(program) + "/CMakeLists.txt");
     for (const auto& [language, file] : {std::pair("cpp", "main.cpp"), std::pair("cmake", "CMakeLists.txt")})
-        shows(Read("docs/windows.md"), language, std::string("windows_services/") + file);
+        for (const char* const program : {"windows_services/", "windows_dialog/"})
+            shows(Read("docs/windows.md"), language, std::string(program) + file);
+    shows(Read("docs/windows.md"), "", "windows_dialog/windows_dialog.rc");
     const std::string begin = "```cpp\n";
     for (std::size_t at = page.find(begin); at != page.npos; at = page.find(begin, at + 1))
         --programs;

@@ -1,0 +1,184 @@
+#include "windows/detail/ControlWindow.h"
+
+#include "windows/detail/MessageWindow.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <system_error>
+
+namespace CommonUI
+{
+
+namespace
+{
+
+// Systems before Windows 10 have one resolution for all monitors.
+UINT GetDpi(HWND window)
+{
+    using FGet = UINT(WINAPI*)(HWND);
+    static const auto get = reinterpret_cast<FGet>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+    if (const UINT dpi = get ? get(window) : 0; dpi != 0)
+        return dpi;
+    HDC__* const screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    return static_cast<UINT>(dpi);
+}
+
+} // namespace
+
+CControlWindow::CControlWindow(HWND parent, int identifier, const SRect& place, DWORD style,
+                               DWORD extendedStyle)
+    : m_window(CreateWindowExW(
+          extendedStyle, GetClass(), L"", style, place.left, place.top, place.GetWidth(), place.GetHeight(),
+          parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(identifier)), GetModule(), nullptr))
+{
+    if (!m_window)
+        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), "a control");
+    SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+CControlWindow::~CControlWindow()
+{
+    if (!m_window)
+        return;
+    SetWindowLongPtrW(m_window, GWLP_USERDATA, 0);
+    DestroyWindow(m_window);
+}
+
+LRESULT CControlWindow::OnMessage(UINT message, WPARAM wide, LPARAM longer)
+{
+    return DefWindowProcW(m_window, message, wide, longer);
+}
+
+LRESULT CALLBACK CControlWindow::Handle(HWND window, UINT message, WPARAM wide, LPARAM longer)
+{
+    auto* const self = reinterpret_cast<CControlWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (self && message == WM_NCDESTROY) {
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        self->m_window = nullptr;
+    } else if (self) {
+        return self->OnMessage(message, wide, longer);
+    }
+    return DefWindowProcW(window, message, wide, longer);
+}
+
+const wchar_t* CControlWindow::GetClass()
+{
+    static constexpr const wchar_t* c_name = L"CommonUIControl";
+    // Goes with the library, which may be loaded again to another place.
+    static const struct SRegistration {
+        SRegistration()
+        {
+            WNDCLASSW description{};
+            description.style = CS_DBLCLKS;
+            description.lpfnWndProc = Handle;
+            description.hInstance = GetModule();
+            description.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512)); // the arrow
+            description.lpszClassName = c_name;
+            RegisterClassW(&description);
+        }
+        ~SRegistration() { UnregisterClassW(c_name, GetModule()); }
+    } registration;
+    return c_name;
+}
+
+CSubclass::CSubclass(HWND window)
+    : m_window(window)
+{
+    if (!window || !SetWindowSubclass(window, Handle, reinterpret_cast<UINT_PTR>(this),
+                                      reinterpret_cast<DWORD_PTR>(this)))
+        throw std::system_error(ERROR_INVALID_WINDOW_HANDLE, std::system_category(),
+                                "the window of a control");
+}
+
+CSubclass::~CSubclass()
+{
+    if (m_window)
+        RemoveWindowSubclass(m_window, Handle, reinterpret_cast<UINT_PTR>(this));
+}
+
+LRESULT CSubclass::OnMessage(UINT message, WPARAM wide, LPARAM longer)
+{
+    return PassOn(message, wide, longer);
+}
+
+LRESULT CSubclass::PassOn(UINT message, WPARAM wide, LPARAM longer) const
+{
+    return DefSubclassProc(m_window, message, wide, longer);
+}
+
+LRESULT CALLBACK CSubclass::Handle(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR identifier,
+                                   DWORD_PTR object)
+{
+    auto* const self = reinterpret_cast<CSubclass*>(object);
+    if (message != WM_NCDESTROY)
+        return self->OnMessage(message, wide, longer);
+    self->m_window = nullptr;
+    RemoveWindowSubclass(window, Handle, identifier);
+    return DefSubclassProc(window, message, wide, longer);
+}
+
+CBufferedPaint::CBufferedPaint(HWND window)
+    : m_window(window)
+{
+    HDC__* const screen = BeginPaint(window, &m_paint);
+    const RECT& clip = m_paint.rcPaint;
+    m_memory = CreateCompatibleDC(screen);
+    m_bitmap = CreateCompatibleBitmap(screen, std::max<int>(clip.right - clip.left, 1),
+                                      std::max<int>(clip.bottom - clip.top, 1));
+    m_before = SelectObject(m_memory, m_bitmap);
+    SetViewportOrgEx(m_memory, -clip.left, -clip.top, nullptr);
+    SetBkMode(m_memory, TRANSPARENT);
+}
+
+CBufferedPaint::~CBufferedPaint()
+{
+    const RECT& clip = m_paint.rcPaint;
+    BitBlt(m_paint.hdc, clip.left, clip.top, clip.right - clip.left, clip.bottom - clip.top, m_memory,
+           clip.left, clip.top, SRCCOPY);
+    SelectObject(m_memory, m_before);
+    DeleteObject(m_bitmap);
+    DeleteDC(m_memory);
+    EndPaint(m_window, &m_paint);
+}
+
+SRect GetScreenRect(HWND window)
+{
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+int ScaleFor(HWND window, int pixels)
+{
+    return MulDiv(pixels, static_cast<int>(GetDpi(window)), USER_DEFAULT_SCREEN_DPI);
+}
+
+void AwaitPointerLeft(HWND window)
+{
+    TRACKMOUSEEVENT track{};
+    track.cbSize = sizeof track;
+    track.dwFlags = TME_LEAVE;
+    track.hwndTrack = window;
+    TrackMouseEvent(&track);
+}
+
+SPoint PointOf(LPARAM longer) noexcept
+{
+    return {static_cast<short>(LOWORD(longer)), static_cast<short>(HIWORD(longer))};
+}
+
+bool IsHeld(int key) noexcept
+{
+    return GetKeyState(key) < 0;
+}
+
+COLORREF ToColorRef(unsigned int red, unsigned int green, unsigned int blue) noexcept
+{
+    return red | (green << 8U) | (blue << 16U);
+}
+
+} // namespace CommonUI

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "windows/detail/Api.h"
+
+#include "common/Rect.h"
+
+#include <memory>
+
+namespace CommonUI
+{
+
+/// A window of the library that is seen: a control in a window of the application, or what pops up over one.
+/// The window may go before the object, with its parent.
+class CControlWindow
+{
+public:
+    /// Throws std::system_error where the system has no window left.
+    CControlWindow(HWND parent, int identifier, const SRect& place, DWORD style, DWORD extendedStyle = 0);
+    virtual ~CControlWindow();
+    CControlWindow(const CControlWindow&) = delete;
+    CControlWindow& operator=(const CControlWindow&) = delete;
+
+    /// Null when the system has destroyed it.
+    HWND GetHandle() const noexcept { return m_window; }
+
+protected:
+    /// Must not throw: see GuardedCall. A callback may destroy the object.
+    virtual LRESULT OnMessage(UINT message, WPARAM wide, LPARAM longer);
+
+private:
+    static LRESULT CALLBACK Handle(HWND window, UINT message, WPARAM wide, LPARAM longer);
+    static const wchar_t* GetClass();
+
+    HWND m_window;
+};
+
+/// Hears the messages of somebody else's window before it does itself.
+class CSubclass
+{
+public:
+    explicit CSubclass(HWND window);
+    virtual ~CSubclass();
+    CSubclass(const CSubclass&) = delete;
+    CSubclass& operator=(const CSubclass&) = delete;
+
+    /// Null when the system has destroyed it.
+    HWND GetHandle() const noexcept { return m_window; }
+
+protected:
+    /// Must not throw: see GuardedCall. A callback may destroy the object.
+    virtual LRESULT OnMessage(UINT message, WPARAM wide, LPARAM longer);
+    LRESULT PassOn(UINT message, WPARAM wide, LPARAM longer) const;
+    /// Expires with the object.
+    std::weak_ptr<void> GetLife() const { return m_life; }
+
+private:
+    static LRESULT CALLBACK Handle(HWND window, UINT message, WPARAM wide, LPARAM longer, UINT_PTR identifier,
+                                   DWORD_PTR object);
+
+    HWND m_window;
+    std::shared_ptr<void> m_life = std::make_shared<char>();
+};
+
+/// Draws into memory first and then onto the window, so that nothing flickers.
+class CBufferedPaint
+{
+public:
+    explicit CBufferedPaint(HWND window);
+    ~CBufferedPaint();
+    CBufferedPaint(const CBufferedPaint&) = delete;
+    CBufferedPaint& operator=(const CBufferedPaint&) = delete;
+
+    /// In pixels of the window.
+    HDC GetContext() const noexcept { return m_memory; }
+    const RECT& GetClip() const noexcept { return m_paint.rcPaint; }
+
+private:
+    HWND m_window;
+    PAINTSTRUCT m_paint{};
+    HDC m_memory;
+    HBITMAP m_bitmap;
+    HGDIOBJ m_before;
+};
+
+/// Where a window is, in pixels of the screen.
+SRect GetScreenRect(HWND window);
+/// Pixels of the monitor that the window is on, for those of a monitor with 96 in an inch.
+int ScaleFor(HWND window, int pixels);
+/// Has a message come when the pointer leaves the window.
+void AwaitPointerLeft(HWND window);
+SPoint PointOf(LPARAM longer) noexcept;
+bool IsHeld(int key) noexcept;
+COLORREF ToColorRef(unsigned int red, unsigned int green, unsigned int blue) noexcept;
+
+} // namespace CommonUI

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "output/grid/GridPane.h"
+#include "windows/detail/ControlWindow.h"
+
+#include <functional>
+#include <memory>
+
+namespace CommonUI
+{
+
+/// Shows a grid whose cells are not edited: draws what is visible, scrolls, and forwards mouse and keys.
+class CWinGridView final : public CControlWindow, public CGridView
+{
+public:
+    CWinGridView(HWND parent, int identifier, const SRect& place);
+    ~CWinGridView() override;
+
+    /// Shows a grid in place of the one before. It is not owned; either may go first.
+    void Attach(CGridPane& grid);
+    /// Calls `open` with the place on the screen where a context menu is asked for.
+    void SetMenu(std::function<void(SPoint)> open) { m_menu = std::move(open); }
+
+    void Invalidate(const SRect& rect) override;
+    void UpdateScrollBars() override;
+    void TakeFocus() override { SetFocus(GetHandle()); }
+    void OpenEditor(const SGridEdit&) override {} // no cell of a table of results asks for one
+    void MoveEditor(const SRect&) override {}
+    void CloseEditor() override {}
+    int GetTextWidth(std::u16string_view text) const override;
+
+protected:
+    LRESULT OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
+
+private:
+    SSize GetSize() const;
+    void SetBar(int bar, long long range, int page, long long position) const;
+    bool TakeMessage(UINT message, WPARAM wide, LPARAM longer);
+    bool TakeKey(WPARAM key);
+    bool TakeColumnKey(WPARAM key);
+    bool TakeMouse(UINT message, LPARAM longer);
+    void TakeWheel(int delta, bool sideways);
+    void Release(SPoint point, bool isCaptured);
+    void Scroll(int bar, WPARAM wide);
+    void SendMouse(unsigned int message, SPoint point);
+    void OpenMenu(LPARAM place);
+    bool ShowCursor() const;
+    void SetFont(HFONT font);
+    void UpdateLineHeight();
+    void Paint();
+
+    std::function<void(SPoint)> m_menu;
+    HFONT m_font = nullptr; // the application's
+    int m_lineHeight = 0;
+    long long m_rowsScale = 1; // the pixels of a unit of the vertical scroll bar
+    int m_wheelRest = 0;
+    bool m_pressed = false; // the left button, which was pressed here
+    SPoint m_pointer;       // where it was last while the button was held
+    std::shared_ptr<void> m_life = std::make_shared<char>();
+};
+
+} // namespace CommonUI
