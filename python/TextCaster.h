@@ -16,8 +16,8 @@ class type_caster<CommonUI::CStr>
 public:
     PYBIND11_TYPE_CASTER(CommonUI::CStr, const_name("str"));
 
-    // The names are those that pybind11 calls.
-    bool load(handle source, bool convert) // NOLINT(readability-identifier-naming)
+    // NOLINTBEGIN(readability-identifier-naming): the names are those that pybind11 calls.
+    bool load(handle source, bool convert)
     {
         make_caster<std::string> bytes;
         if (!isinstance<str>(source) || !bytes.load(source, convert))
@@ -26,12 +26,11 @@ public:
         return true;
     }
 
-    static handle cast(const CommonUI::CStr& text,
-                       return_value_policy policy, // NOLINT(readability-identifier-naming)
-                       handle parent)
+    static handle cast(const CommonUI::CStr& text, return_value_policy policy, handle parent)
     {
         return make_caster<std::string>::cast(text.ToUtf8(), policy, parent);
     }
+    // NOLINTEND(readability-identifier-naming)
 };
 
 } // namespace pybind11::detail
