@@ -1,6 +1,6 @@
 # Install rules and the CMake package, so that find_package(CommonUI) gives CommonUI::Common, CommonUI::CommonUI,
 # CommonUI::Analysis, CommonUI::Formats, CommonUI::Measurement and, where they are built, CommonUI::Qt and CommonUI::Win.
-# Each file belongs to the component of the package it goes to: Runtime, Dev, Tools, Workbench or Doc; what needs Qt is in
+# Each file belongs to the component of the package it goes to: Runtime, Dev, Tools, Workbench, Python or Doc; what needs Qt is in
 # RuntimeQt and DevQt.
 include(CMakePackageConfigHelpers)
 
@@ -96,7 +96,8 @@ endif()
 # The pages that help opens, with their pictures.
 install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Doc)
 # The programs that they show, each in a folder to begin with, and a surface.
-foreach(example IN ITEMS data format_dialog grid_dialog languages measurement number_dialog progress_dialog selection_dialog)
+foreach(example IN ITEMS data format_dialog grid_dialog languages measurement number_dialog progress_dialog python
+    selection_dialog)
     install(DIRECTORY examples/${example} DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT Doc)
 endforeach()
 if(WIN32)

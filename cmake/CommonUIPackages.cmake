@@ -108,6 +108,22 @@ three dimensions, corrects and filters them step by step, measures profiles,
 curves and grains, and computes their parameters.")
 endif()
 
+if(COMMONUI_WITH_PYTHON)
+    # A module that is compiled is for one version of Python.
+    math(EXPR next "${Python3_VERSION_MINOR} + 1")
+    commonui_package(Python python3-commonui SECTION python
+        DEPENDS "libcommonui${soversion} (= ${full_version}), python3 (>= 3.${Python3_VERSION_MINOR}), python3 (<< 3.${next}), python3-numpy"
+        RECOMMENDS "python3-pandas"
+        SUMMARY "roughness and grains of measured surfaces (Python 3)"
+        TEXT "${about}
+.
+This package holds the module for Python: surfaces as arrays of numpy, plane
+corrections and filters, parameters of surfaces, profiles and grains, and
+tables of results.")
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+        ${PROJECT_SOURCE_DIR}/packaging/python/postinst ${PROJECT_SOURCE_DIR}/packaging/python/prerm)
+endif()
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME commonui)
 set(CPACK_PACKAGE_VENDOR CommonUI)

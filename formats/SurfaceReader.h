@@ -27,7 +27,7 @@ using FProgress = std::function<void(double fraction)>;
 
 /// What a file is read with.
 struct SReadOptions {
-    FProgress progress{};
+    FProgress progress{}; ///< receives the share that is done
     /// The spacing in m of a profile whose file has heights alone. Refused for files that have their own.
     std::optional<double> spacing{};
 };
@@ -57,6 +57,7 @@ struct SReadOptions {
 ///     is not enough memory
 COMMONUIFORMATS_API Analysis::SSurface ReadSurface(const std::filesystem::path& path,
                                                    const SReadOptions& options);
+/// Likewise, with nothing but the progress asked for.
 COMMONUIFORMATS_API Analysis::SSurface ReadSurface(const std::filesystem::path& path,
                                                    const FProgress& progress = {});
 

@@ -23,7 +23,7 @@ public:
     /// Begins to read.
     /// @throws std::system_error when the system has no thread left
     explicit CSurfaceReading(const std::filesystem::path& path);
-    CSurfaceReading(const std::filesystem::path& path, FRead read);
+    CSurfaceReading(const std::filesystem::path& path, FRead read); ///< has the file read by a function
     /// Gives the reading up, without waiting.
     ~CSurfaceReading();
     CSurfaceReading(const CSurfaceReading&) = delete;

@@ -76,8 +76,8 @@ public:
     /// "_DynamicParameters", and clears the modified flag. Always true: what can fail is saving the file.
     bool Save(CInifile& ini) override;
     /// Reads a section of the layout in which all analyses shared their keys; see docs/preferences-file.md.
-    /// The keys may stand in the current section, or, if that is named "<name>_<GetININame>" and has none of
-    /// them, in the section <name>. What is not found keeps its value.
+    /// The keys may stand in the current section, or, if that is named "name_GetININame" and has none of
+    /// them, in the section of the name. What is not found keeps its value.
     /// @return whether there was any such key
     virtual bool LoadOld(CInifile& ini);
     /// One group with what the getter answers for every parameter; it must know all their numbers.

@@ -11,9 +11,9 @@ namespace CommonUI::Analysis
 
 /// How many heights there are and between which they lie.
 struct SRange {
-    std::size_t count = 0; ///< of the valid heights
-    double lowest = c_undefined;
-    double highest = c_undefined;
+    std::size_t count = 0;        ///< of the valid heights
+    double lowest = c_undefined;  ///< m; NaN without a valid height
+    double highest = c_undefined; ///< m; likewise
 };
 
 /// @param heights in any order, missing points NaN
@@ -22,14 +22,14 @@ COMMONUIANALYSIS_API SRange FindRange(std::span<const double> heights);
 /// The height parameters that areal and profile families share, about a mean plane or line. All NaN if there
 /// is no valid height; skewness and kurtosis are NaN if all heights are on the mean line.
 struct SHeightParameters : SRange {
-    double mean = c_undefined;
-    double average = c_undefined; ///< arithmetic mean of |z|
-    double rms = c_undefined;
-    double skewness = c_undefined;
-    double kurtosis = c_undefined;
+    double mean = c_undefined;     ///< arithmetic mean of z, m
+    double average = c_undefined;  ///< arithmetic mean of |z|
+    double rms = c_undefined;      ///< root mean square of z about the mean, m
+    double skewness = c_undefined; ///< mean of z³ divided by the cube of the root mean square
+    double kurtosis = c_undefined; ///< mean of z⁴ divided by its fourth power
 
-    double GetPeak() const { return highest - mean; }
-    double GetPit() const { return mean - lowest; }
+    double GetPeak() const { return highest - mean; } ///< how far the highest point lies above the mean, m
+    double GetPit() const { return mean - lowest; }   ///< how far the lowest point lies below it, m
 };
 
 /// About the mean of the valid heights, which is 0 where it would only be rounding noise.

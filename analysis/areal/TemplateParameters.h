@@ -49,8 +49,9 @@ COMMONUIANALYSIS_API std::vector<double> ComputeLineTemplates(const SSurface& su
 /// outside 0 to 100 %"; empty where the inputs are not at fault. @return a string literal
 COMMONUIANALYSIS_API std::string_view ExplainTemplate(std::string_view key, std::span<const double> values);
 
-/// The keys that ComputeTemplate knows, and those of ComputeLineTemplates.
+/// The keys that ComputeTemplate knows.
 COMMONUIANALYSIS_API std::vector<SQuantity> GetTemplates();
+/// Those that ComputeLineTemplates knows.
 COMMONUIANALYSIS_API std::vector<SQuantity> GetLineTemplates();
 
 } // namespace CommonUI::Analysis

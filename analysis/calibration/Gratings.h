@@ -46,7 +46,7 @@ struct SLattice {
     /// The angle from the rows of x to those of y less 90°, degrees.
     double orthogonality = c_undefined;
     double rotation = c_undefined; ///< from x to its rows, degrees, above -90 and up to 90
-    std::string_view reason{};
+    std::string_view reason{};     ///< why pitches are not defined; empty where they are
 };
 
 /// Measures a grating of two directions by its two strongest waves that cross at 30° to 150° (ISO 11952).

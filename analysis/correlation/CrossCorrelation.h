@@ -40,7 +40,8 @@ public:
     /// The coefficients for the shifts along x from -reach to reach, for those along y from -reach to
     /// reach, at the spacing of the surfaces; NaN where a surface is flat.
     SSurface MakeMap() const;
-    double GetValue(std::ptrdiff_t x, std::ptrdiff_t y) const;
+    double GetValue(std::ptrdiff_t x,
+                    std::ptrdiff_t y) const; ///< the coefficient of a shift, in points and lines
 
 private:
     std::size_t m_reachX;

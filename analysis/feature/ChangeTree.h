@@ -18,7 +18,7 @@ struct SMeeting {
     std::uint32_t point = 0; ///< index of the saddle
     /// Numbers of the two hills or dales on both sides of the saddle.
     std::uint32_t first = 0;
-    std::uint32_t second = 0;
+    std::uint32_t second = 0; ///< of the other one
     /// Number of the hill whose peak ends here: of those that can be reached from the saddle without going
     /// below it, on the side whose highest one is lower, the highest. Likewise for dales and their pits.
     std::uint32_t ending = 0;

@@ -14,10 +14,10 @@ namespace CommonUI::Analysis
 
 /// A hill or a dale.
 struct SFeature {
-    SExtremum extremum{};
+    SExtremum extremum{};        ///< its peak or pit
     double height = c_undefined; ///< of the peak or pit, as measured
     double saddle = c_undefined; ///< as of SPruned
-    std::size_t points = 0;
+    std::size_t points = 0;      ///< how many points belong to it
     /// Whether no point of it is at the border of the surface or beside a missing point.
     bool isClosed = false;
     double area = 0; ///< that of the points' cells, dx by dy: m²
@@ -28,7 +28,7 @@ struct SFeature {
 
 /// The hills or the dales of a surface, measured.
 struct SFeatures {
-    SFeatureMap map{};
+    SFeatureMap map{};                ///< which of them each point belongs to
     std::vector<SFeature> features{}; ///< that of number 1 first
 };
 

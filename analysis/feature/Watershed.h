@@ -23,14 +23,14 @@ struct SExtremum {
 
 /// Which hill, or which dale, each point of a surface belongs to.
 struct SFeatureMap {
-    EFeature kind = EFeature::Hill;
-    std::size_t points = 0; ///< of each line, as those of the surface
-    std::size_t lines = 0;
+    EFeature kind = EFeature::Hill; ///< whether these are hills or dales
+    std::size_t points = 0;         ///< of each line, as those of the surface
+    std::size_t lines = 0;          ///< as those of the surface
     /// Line after line, the number of the hill or dale, from 1, or 0 for a missing point.
     std::vector<std::uint32_t> labels{};
     std::vector<SExtremum> extrema{}; ///< of each hill or dale, that of number 1 first
 
-    std::size_t GetCount() const { return extrema.size(); }
+    std::size_t GetCount() const { return extrema.size(); } ///< of the hills or dales
 };
 
 /// Divides a surface into its hills or its dales, however small; CChangeTree tells which of them matter.

@@ -21,7 +21,7 @@ namespace CommonUI::Analysis
 class COMMONUIANALYSIS_API CGaussianFilter
 {
 public:
-    using CComplex = CFourierTransform::CComplex;
+    using CComplex = CFourierTransform::CComplex; ///< a number of the transform
 
     /// @param points of each profile to filter
     /// @param cutoff in point spacings, greater than 0 and at most the number of points

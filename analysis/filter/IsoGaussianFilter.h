@@ -6,6 +6,7 @@
 namespace CommonUI::Analysis
 {
 
+/// In which directions a filter takes means.
 enum class EGaussianExtent {
     Profile, ///< each line for itself: ISO 11562, ISO 16610-21
     Areal    ///< along and across the lines: ISO 16610-61
@@ -25,14 +26,15 @@ enum class EPass {
 /// is filtered in its only direction. What CGaussianFilter tells of ends and missing points holds for borders
 /// and missing points in both directions.
 struct SIsoGaussianFilter {
-    EGaussianExtent extent = EGaussianExtent::Areal;
-    EPass pass = EPass::High;
-    double cutoff = 0; ///< in m; 0 where the share gives it
+    EGaussianExtent extent = EGaussianExtent::Areal; ///< along the lines alone, or over the plane
+    EPass pass = EPass::High;                        ///< which waves are kept
+    double cutoff = 0;                               ///< in m; 0 where the share gives it
     /// The cut-off as a share of the evaluation length, points * dx of each line; of the areal filter the
     /// shorter of the surface's sides.
     double share = 0;
 };
 
+/// What is to be said of a cut-off on a surface.
 enum class ECutoff {
     Usable,
     TooShort, ///< not greater than twice the spacing of the points

@@ -13,15 +13,15 @@ namespace CommonUI::Analysis
 /// smooths each line for itself, by the moving average of as many points as there are columns.
 struct SMeanFilter {
     std::size_t columns = 3; ///< of the window, odd
-    std::size_t rows = 3;
+    std::size_t rows = 3;    ///< of the window, odd
 };
 
 /// Smoothing with weights exp(-(i² + j²) / (2 sd²)) for a distance of i points and j lines. Weights beyond a
 /// border or at missing points go to the others.
 struct SGaussianSmoothing {
     std::size_t columns = 7; ///< of the window, odd
-    std::size_t rows = 7;
-    double sd = 1; ///< standard deviation in points and lines, greater than 0
+    std::size_t rows = 7;    ///< of the window, odd
+    double sd = 1;           ///< standard deviation in points and lines, greater than 0
 };
 
 /// Filter with the weights of a window around each point, as they stand: the first is that of the upper left
@@ -33,14 +33,16 @@ struct SGaussianSmoothing {
 ///   middle; the result is Σwz divided by the sum of all weights, or Σwz itself if that is 0 (less than 1e-9
 ///   of the sum of their absolute values).
 struct SKernel {
-    std::size_t columns = 1; ///< odd
-    std::size_t rows = 1;
+    std::size_t columns = 1;             ///< odd
+    std::size_t rows = 1;                ///< odd
     std::vector<double> weights{1, 1.0}; ///< row after row, columns * rows, not all of them 0
 };
 
-/// Missing points stay missing and have no weight. All run in several threads.
+/// The surface behind the filter. Missing points stay missing and have no weight; several threads work.
 COMMONUIANALYSIS_API SSurface FilterMean(const SSurface& surface, const SMeanFilter& filter);
+/// Likewise.
 COMMONUIANALYSIS_API SSurface SmoothGaussian(const SSurface& surface, const SGaussianSmoothing& smoothing);
+/// Likewise.
 COMMONUIANALYSIS_API SSurface ApplyKernel(const SSurface& surface, const SKernel& kernel);
 
 } // namespace CommonUI::Analysis

@@ -15,7 +15,7 @@ namespace CommonUI::Analysis
 /// median against noise, or to remove spikes.
 struct SMedianFilter {
     std::size_t columns = 3; ///< of the window, odd
-    std::size_t rows = 3;
+    std::size_t rows = 3;    ///< of the window, odd
     /// A point is replaced if it is further from the median than this many times the spread of the heights in
     /// the window, CRankWindow::GetSpread; 0 replaces every point. A window of less than 5 points has no
     /// spread that an outlier does not change, so there the threshold has to be 0.
@@ -33,6 +33,7 @@ struct SLineSpikeFilter {
     double threshold = 3;
 };
 
+/// The surface without the spikes of its lines.
 COMMONUIANALYSIS_API SSurface RemoveLineSpikes(const SSurface& surface, const SLineSpikeFilter& filter);
 
 /// The median where the window is whole; at borders and beside missing points the heights themselves, so that

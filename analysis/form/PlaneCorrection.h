@@ -15,6 +15,7 @@ enum class ECorrectionScope {
     Profile   ///< a profile; each line of a surface counts as one
 };
 
+/// How a form is found and taken away.
 enum class ECorrectionMethod {
     Offset,        ///< moves the mean height to 0
     Polynomial,    ///< removes the least-squares polynomial of the order, and with it the mean height
@@ -28,8 +29,8 @@ enum class ECorrectionMethod {
 /// A global polynomial of order n has all terms x^i y^j with i + j <= n: a plane for 1 (levelling), the full
 /// quadratic surface for 2 (bow removal). A linewise one has the terms x^i with i <= n.
 struct SPlaneCorrection {
-    ECorrectionScope scope = ECorrectionScope::Global;
-    ECorrectionMethod method = ECorrectionMethod::Polynomial;
+    ECorrectionScope scope = ECorrectionScope::Global;        ///< to what a form is fitted
+    ECorrectionMethod method = ECorrectionMethod::Polynomial; ///< which form
     /// 1 to 9 for a polynomial, 1 or 2 for the step wizard; what is beyond counts as the nearest of these.
     /// Other methods do not look at it.
     std::size_t order = 1;

@@ -14,7 +14,7 @@ namespace CommonUI::Analysis
 
 /// The grains of a surface, measured.
 struct SGrains {
-    std::size_t count = 0;
+    std::size_t count = 0; ///< of the grains
     /// Area of the grains in percent of that of all valid points; NaN without one.
     double coverage = c_undefined;
     std::vector<SValues> columns{}; ///< for each quantity a value of each grain, the grain of ID 1 first

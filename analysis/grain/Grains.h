@@ -29,8 +29,8 @@ public:
 
 /// Which grain each point of a surface belongs to.
 struct SGrainMap {
-    std::size_t points = 0; ///< of each line, as those of the surface
-    std::size_t lines = 0;
+    std::size_t points = 0;  ///< of each line, as those of the surface
+    std::size_t lines = 0;   ///< as those of the surface
     std::uint32_t count = 0; ///< of the grains
     /// Line after line, the number of the grain, from 1 to count, or 0 for a point of none. Grains are
     /// numbered by their first points in this order.

@@ -12,14 +12,14 @@ namespace CommonUI::Analysis
 
 /// A position on a surface, in m.
 struct SPosition {
-    double x = 0;
-    double y = 0;
+    double x = 0; ///< along the lines
+    double y = 0; ///< across the lines
 };
 
 /// The nearest of a position's neighbours.
 struct SNeighbour {
-    std::size_t index = 0; ///< of equally near ones the first
-    double distance = c_undefined;
+    std::size_t index = 0;         ///< of equally near ones the first
+    double distance = c_undefined; ///< m; NaN without a neighbour
     /// Direction to it, degrees from the x to the y axis, -180 to 180; NaN at no distance.
     double angle = c_undefined;
 };

@@ -15,12 +15,12 @@ namespace CommonUI::Analysis
 class COMMONUIANALYSIS_API CFourierTransform
 {
 public:
-    using CComplex = std::complex<double>;
+    using CComplex = std::complex<double>; ///< a number of the transform
 
     /// @param leastSize the size is the next power of two, at least 1
     explicit CFourierTransform(std::size_t leastSize);
 
-    std::size_t GetSize() const { return m_order.size(); }
+    std::size_t GetSize() const { return m_order.size(); } ///< of how many numbers the transform is
 
     /// V[k] = Σ v[j] exp(-2πi jk/size)
     /// @param values as many as the size

@@ -10,8 +10,8 @@ namespace CommonUI::Analysis
 
 /// A place on a surface, in m from its first point.
 struct SPlace {
-    double x = 0;
-    double y = 0;
+    double x = 0; ///< along the lines
+    double y = 0; ///< across the lines
 
     friend bool operator==(const SPlace&, const SPlace&) = default;
 };
@@ -26,7 +26,10 @@ struct SLineProfile {
     double spacing = 0;            ///< of its points, m; 0 for a single one
     std::vector<double> heights{}; ///< the first and the last at the ends of the line; gaps are NaN
 
-    double GetLength() const { return spacing * static_cast<double>(heights.size() - 1); }
+    double GetLength() const
+    {
+        return spacing * static_cast<double>(heights.size() - 1);
+    } ///< between the first and the last point, m
 };
 
 /// Takes the heights along a line, about as far apart as the points of the surface: along x just dx, along y

@@ -21,7 +21,7 @@ struct SProfileMethod {
     /// than the profile or NaN, what needs the profile filter is NaN.
     std::optional<double> cutoff{};
     std::optional<SMotifLimits> motifLimits{}; ///< by default DefaultMotifLimits
-    SValleyMethod valleys{};
+    SValleyMethod valleys{};                   ///< how they are found
 };
 
 /// Parameters of one profile.

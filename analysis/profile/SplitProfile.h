@@ -60,7 +60,7 @@ public:
     /// middle. Without a usable cut-off it is the whole profile.
     std::vector<std::span<const double>> GetSamplingLengths(std::span<const double> profile) const;
 
-    double GetSpacing() const { return m_dx; }
+    double GetSpacing() const { return m_dx; } ///< of the points, m
     /// See LeastWidth.
     double GetLeastWidth() const { return m_leastWidth; }
     /// In point spacings; none where it is not usable.

@@ -20,7 +20,7 @@ enum class EReferenceLine {
 
 /// How valleys that may hold a lubricant are found.
 struct SValleyMethod {
-    EReferenceLine line = EReferenceLine::Regression2;
+    EReferenceLine line = EReferenceLine::Regression2; ///< below which they lie
     /// The cut-off divided by the length of the horizontal line with which the profile is closed before the
     /// first regression; above 0.
     double closingRatio = 2;

@@ -25,8 +25,8 @@ enum class ENeed {
 
 /// A row of the tables of what is computed.
 struct SQuantity {
-    std::string_view key; ///< such as "Sa"; refers to a string literal
-    ENeed need = ENeed::Heights;
+    std::string_view key;        ///< such as "Sa"; refers to a string literal
+    ENeed need = ENeed::Heights; ///< of what it is computed
 
     /// Whether it depends on the cut-off of the profile filter.
     bool IsFiltered() const noexcept

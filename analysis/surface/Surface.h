@@ -18,9 +18,9 @@ inline constexpr double c_missing = std::numeric_limits<double>::quiet_NaN();
 /// A measured surface: heights over a regular grid. All lengths are in metres.
 struct SSurface {
     std::size_t points = 0; ///< points of each line, along x
-    std::size_t lines = 0;
-    double dx = 0; ///< spacing of the points of a line
-    double dy = 0; ///< spacing of the lines
+    std::size_t lines = 0;  ///< lines of points, along y
+    double dx = 0;          ///< spacing of the points of a line
+    double dy = 0;          ///< spacing of the lines
     /// Line after line, points * lines heights. A missing point is NaN; a height is never infinite.
     /// Parameters hold for heights up to 1e100 m that are equal or differ by 1e-100 m and more.
     std::vector<double> heights{};
@@ -34,7 +34,7 @@ struct SSurface {
     /// Whether it is one line alone, of which the parameters of profiles are meant.
     bool IsProfile() const { return lines == 1; }
 
-    std::span<const double> GetLine(std::size_t line) const
+    std::span<const double> GetLine(std::size_t line) const ///< the heights of a line, from 0
     {
         return std::span(heights).subspan(line * points, points);
     }
