@@ -118,8 +118,8 @@ inline std::from_chars_result ReadDouble(const char* first, const char* last, do
 #endif
 
 /// std::from_chars, also for `double` on the standard library of clang 16, which has it for integers only:
-/// there in the formats "general" and "fixed". The base of an integer, or the format, may follow the value. Any
-/// thread.
+/// there in the formats "general" and "fixed". The base of an integer, or the format, may follow the value.
+/// Any thread.
 template<class T, class... TForms>
 std::from_chars_result FromChars(const char* first, const char* last, T& value, TForms... forms)
 {
