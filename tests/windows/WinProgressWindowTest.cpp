@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 using namespace CommonUI;
 
@@ -36,9 +37,12 @@ protected:
     {
         sawVisible = IsWindowVisible(window) != FALSE;
         if (!sawVisible) {
-            dialog.SetTimer(CProgressDialogBase::c_showTimer, 1); // in place of its delay
+            // In place of its delay, and once: a timer that is set anew begins anew.
+            if (!std::exchange(isHurried, true))
+                dialog.SetTimer(CProgressDialogBase::c_showTimer, 1);
             return GetMessageLoop().Post([this] { OnShown(); });
         }
+        isHurried = false;
         sawParentEnabled = IsWindowEnabled(parent.Get()) != FALSE;
         position = static_cast<int>(SendMessageW(GetPart(ProgressTemplate::c_bar), PBM_GETPOS, 0, 0));
         SendMessageW(cancelBy == WM_KEYDOWN ? GetPart(ProgressTemplate::c_cancel) : window, cancelBy,
@@ -55,6 +59,7 @@ protected:
     HWND window = dialog.GetWindow().GetWindow();
     UINT cancelBy = WM_CLOSE;
     bool fails = false;
+    bool isHurried = false;
     bool sawVisible = false;
     bool sawParentEnabled = true;
     bool sawCancelEnabled = true;
