@@ -49,7 +49,8 @@ public:
     /// Whether a number that is read as zero is one.
     bool IsZero() const
     {
-        return m_text.substr(0, m_text.find_first_of("eE")).find_first_of("123456789") >= m_place;
+        const std::string_view number = m_text.substr(0, m_place); // much more may follow
+        return number.substr(0, number.find_first_of("eE")).find_first_of("123456789") == number.npos;
     }
     bool IsDecimal() const noexcept { return m_isDecimal; }
 

@@ -132,13 +132,14 @@ public:
     }
     std::optional<CFile> TryLock(const fs::path& path, std::string_view holder) override
     {
-        const int descriptor = OpenLock(path);
+        bool isOurs = false;
+        const int descriptor = OpenLock(path, isOurs);
         if (descriptor < 0)
             return std::nullopt;
         if (Retry([&] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) != 0) {
             const int error = errno;
-            // Where there are no locks nobody holds one, and the file would stay for ever.
-            if (error != EWOULDBLOCK)
+            // It would stay for ever where there are no locks. Somebody else's may be held.
+            if (isOurs && error != EWOULDBLOCK)
                 ::unlink(path.c_str());
             ::close(descriptor);
             if (error == EWOULDBLOCK)
@@ -179,9 +180,14 @@ public:
 private:
     // Somebody else's file may be one that this process can read only, which is enough. Negative where it has
     // gone by then.
-    static int OpenLock(const fs::path& path)
+    // @param isOurs receives whether this call has made it
+    static int OpenLock(const fs::path& path, bool& isOurs)
     {
-        int descriptor = Open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW);
+        constexpr int c_flags = O_RDWR | O_CREAT | O_NOFOLLOW;
+        int descriptor = Open(path.c_str(), c_flags | O_EXCL);
+        isOurs = descriptor >= 0;
+        if (!isOurs && errno == EEXIST)
+            descriptor = Open(path.c_str(), c_flags);
         const int error = errno;
         if (descriptor < 0 && error == EACCES)
             descriptor = Open(path.c_str(), O_RDONLY | O_NOFOLLOW);
