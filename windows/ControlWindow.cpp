@@ -1,7 +1,5 @@
 #include "windows/detail/ControlWindow.h"
 
-#include "windows/detail/MessageWindow.h"
-
 #include <commctrl.h>
 
 #include <algorithm>
@@ -36,7 +34,7 @@ CControlWindow::CControlWindow(HWND parent, int identifier, const SRect& place, 
           parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(identifier)), GetModule(), nullptr))
 {
     if (!m_window)
-        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), "a control");
+        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), "a window");
     SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
@@ -143,6 +141,14 @@ CBufferedPaint::~CBufferedPaint()
     DeleteObject(m_bitmap);
     DeleteDC(m_memory);
     EndPaint(m_window, &m_paint);
+}
+
+HINSTANCE GetModule() noexcept
+{
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<const wchar_t*>(&GetModule), &module);
+    return module;
 }
 
 SRect GetScreenRect(HWND window)

@@ -2,7 +2,7 @@
 
 #include "platform/HelpService.h"
 #include "windows/detail/CallGuard.h"
-#include "windows/detail/MessageWindow.h"
+#include "windows/detail/ControlWindow.h"
 #include "windows/detail/WinText.h"
 
 #include <algorithm>

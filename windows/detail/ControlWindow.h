@@ -9,8 +9,8 @@
 namespace CommonUI
 {
 
-/// A window of the library that is seen: a control in a window of the application, or what pops up over one.
-/// The window may go before the object, with its parent.
+/// A window of the library: a control in a window of the application, what pops up over one, or one for
+/// messages. The window may go before the object, with its parent.
 class CControlWindow
 {
 public:
@@ -82,6 +82,8 @@ private:
     HGDIOBJ m_before;
 };
 
+/// The library or program that this code is in.
+HINSTANCE GetModule() noexcept;
 /// Where a window is, in pixels of the screen.
 SRect GetScreenRect(HWND window);
 /// Pixels of the monitor that the window is on, for those of a monitor with 96 in an inch.

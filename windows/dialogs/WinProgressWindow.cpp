@@ -2,7 +2,6 @@
 
 #include "windows/detail/CallGuard.h"
 #include "windows/detail/ControlWindow.h"
-#include "windows/detail/MessageWindow.h"
 #include "windows/detail/OwnerWindow.h"
 #include "windows/detail/WinText.h"
 

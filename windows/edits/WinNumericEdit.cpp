@@ -1,6 +1,6 @@
 #include "windows/edits/WinNumericEdit.h"
 
-#include "windows/detail/MessageWindow.h"
+#include "windows/detail/ControlWindow.h"
 #include "windows/edits/detail/WinEditField.h"
 #include "windows/edits/detail/WinSpinButton.h"
 #include "windows/edits/detail/WinStepSizePopup.h"

@@ -1,7 +1,7 @@
 #include "windows/edits/detail/WinSpinButton.h"
 
 #include "windows/detail/CallGuard.h"
-#include "windows/detail/MessageWindow.h"
+#include "windows/detail/ControlWindow.h"
 
 #include <commctrl.h>
 
