@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TestFolders.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 #include "analysis/areal/HeightParameters.h"
 #include "analysis/form/Levelling.h"
 #include "formats/SurfaceReader.h"
+#include "TestFolders.h"
 #include "tests/analysis/TestSurfaces.h"
 
 #include <cmath>

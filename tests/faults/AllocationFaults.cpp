@@ -19,6 +19,7 @@
 #include "settings/readers/PlaneCorrectionSettings.h"
 #include "settings/readers/ReportTemplateSettings.h"
 #include "settings/readers/RoughnessSettings.h"
+#include "TestFolders.h"
 #include "tests/common/FailingAllocation.h"
 #include "tests/faults/Faults.h"
 #include "tests/fuzz/FuzzBytes.h"

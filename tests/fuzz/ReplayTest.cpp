@@ -1,4 +1,5 @@
 #include "common/Diagnostics.h"
+#include "TestFolders.h"
 #include "tests/fuzz/Targets.h"
 
 #include <filesystem>

@@ -1,6 +1,7 @@
 #include "programs/make_sample/SampleSurface.h"
 
 #include "formats/SurfaceReader.h"
+#include "TestFolders.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #include "dialogs/help/HelpTopics.h"
 
 #include "common/Str.h"
+#include "TestFolders.h"
 
 #include <gtest/gtest.h>
 

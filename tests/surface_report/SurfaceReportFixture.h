@@ -2,6 +2,7 @@
 
 #include "common/ini/Inifile.h"
 #include "programs/surface_report/Program.h"
+#include "TestFolders.h"
 #include "tests/ProgramTesting.h"
 #include "tests/TestData.h"
 

@@ -3,6 +3,7 @@
 
 #include "programs/surface_view/ColorTable.h"
 #include "programs/surface_view/FreeTypeFont.h"
+#include "TestFolders.h"
 #include "tests/DiagnosticsCapture.h"
 #include "tests/ProgramTesting.h"
 #include "view/Drawing.h"

@@ -13,6 +13,7 @@
 #include "qt/controls/InterfaceStyle.h"
 #include "settings/factory/SettingsFactory.h"
 #include "settings/preferences/PreferencesManager.h"
+#include "TestFolders.h"
 #include "tests/qt/WidgetTesting.h"
 #include "tests/TemporaryFolder.h"
 #include "workbench/WorkbenchWindow.h"
