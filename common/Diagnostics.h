@@ -23,9 +23,9 @@ enum class EDiagnosticLevel {
 /// One line of the diagnostics channel as the sink receives it.
 struct SDiagnosticLine {
     std::u16string_view category; ///< such as u"3DStack" or u"Inifile", or empty; valid during the call only
-    EDiagnosticLevel level;
-    int indentation;          ///< how many scopes are open in the writing thread
-    std::u16string_view text; ///< valid during the call only
+    EDiagnosticLevel level;       ///< decides whether the line is passed on
+    int indentation;              ///< how many scopes are open in the writing thread
+    std::u16string_view text;     ///< valid during the call only
 };
 
 /// The trace channel of the library: lines under a category, at a level, indented by scope.
@@ -37,6 +37,7 @@ struct SDiagnosticLine {
 class COMMONDLL_API CDiagnostics
 {
 public:
+    /// Takes a line; called by the thread that writes it.
     using FSink = std::function<void(const SDiagnosticLine&)>;
 
     CDiagnostics();
@@ -55,6 +56,7 @@ public:
     /// Means nothing for the empty category.
     void SetEnabled(std::u16string_view category, bool enabled);
 
+    /// Passes a line on, unless its level is below Warning and its category is not enabled.
     void Write(std::u16string_view category, EDiagnosticLevel level, std::u16string_view text);
 
     /// Sets where lines go and returns the sink before it; an empty function restores the standard error

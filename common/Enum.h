@@ -15,12 +15,12 @@ namespace CommonUI
 /// from the string table by `textId`, or is `literal` where `textId` is 0; `shortTextId` 0 means no short
 /// text.
 struct SEnumRow {
-    int value;
-    std::u16string_view iniName;
-    int textId;
-    std::u16string_view literal = {};
-    int shortTextId = 0;
-    int standard = 0;
+    int value;                        ///< the enumerator's number
+    std::u16string_view iniName;      ///< the key under which files store it; never to be changed
+    int textId;                       ///< of the display text in the string table; 0 for `literal`
+    std::u16string_view literal = {}; ///< the display text where `textId` is 0, the same in all languages
+    int shortTextId = 0;              ///< of the short text in the string table; 0 for none
+    int standard = 0;                 ///< the number of the standard it belongs to; 0 for none
 };
 
 /// A named enumeration for the enumeration type `T`: its values in the order of selection lists, and what the
@@ -30,6 +30,7 @@ template<class T>
 class CEnum
 {
 public:
+    /// A value with its key and texts.
     using CValue = CEnumValue<int>;
 
     /// The three texts are what the look-ups by number answer for an unknown number.
@@ -56,8 +57,11 @@ public:
     /// Appends a copy and returns the stored element, which stays where it is until the next Add.
     CValue& Add(const CValue& value) { return m_values.emplace_back(value); }
 
+    /// The values in the order of selection lists. Add ends what iterators refer to.
     auto begin() const noexcept { return m_values.begin(); }
+    /// Behind the last value; what Find and FindIniName return for an unknown one.
     auto end() const noexcept { return m_values.end(); }
+    /// How many values there are, those of equal numbers or keys included.
     std::size_t GetCount() const noexcept { return m_values.size(); }
 
     /// The first value of that number, or end().
@@ -77,11 +81,13 @@ public:
         return found == end() ? unknown : static_cast<T>(found->GetValue());
     }
 
+    /// The key of the first value of that number, or the fallback's key for an unknown number.
     CStr GetIniName(int number) const
     {
         const auto found = Find(number);
         return found == end() ? m_fallbackIniName : found->GetIniName();
     }
+    /// The display text of the first value of that number, or the fallback's text for an unknown number.
     CStr GetFriendlyString(int number) const
     {
         const auto found = Find(number);

@@ -33,24 +33,33 @@ public:
         m_value = value;
     }
 
+    /// The enumerator's number, by which values are compared.
     T GetValue() const noexcept { return m_value; }
+    /// The same as GetValue.
     operator T() const noexcept { return m_value; }
     /// Compares the number only.
     bool operator==(T value) const noexcept { return m_value == value; }
     bool operator==(const CEnumValue& other) const noexcept { return m_value == other.m_value; }
 
+    /// The key under which files store the value.
     CStr GetIniName() const { return m_iniName; }
+    /// The display text, in the language that was chosen when the enumeration was built.
     CStr GetFriendlyString() const { return m_friendlyString; }
     /// The short display text, or the display text where there is no short one.
     CStr GetShortFriendlyString() const
     {
         return m_shortFriendlyString.IsEmpty() ? m_friendlyString : m_shortFriendlyString;
     }
+    /// The EAnalysisStandards number; 0 where the enumeration knows no standards.
     int GetStandard() const noexcept { return m_standard; }
 
+    /// Changes what files store: for a value before it is used.
     void SetIniName(const CStr& iniName) { m_iniName = iniName; }
+    /// Changes the display text of this object only.
     void SetFriendlyString(const CStr& text) { m_friendlyString = text; }
+    /// Changes the short display text of this object only; with an empty one the display text serves.
     void SetShortFriendlyString(const CStr& text) { m_shortFriendlyString = text; }
+    /// See GetStandard.
     void SetStandard(int standard) noexcept { m_standard = standard; }
 
 private:

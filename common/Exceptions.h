@@ -21,9 +21,13 @@ public:
     EBase(const EBase&) = default;
     EBase& operator=(const EBase&) = default;
 
+    /// The source file that threw, without folder and extension.
     const CStr& GetFile() const noexcept { return m_file; }
+    /// The line in that file; 0 when it means nothing.
     int GetLine() const noexcept { return m_line; }
+    /// The function that threw, with its class.
     const CStr& GetFunction() const noexcept { return m_function; }
+    /// What went wrong, without the place.
     const CStr& GetMessageText() const noexcept { return m_message; }
     /// The message as UTF-8.
     const char* what() const noexcept override { return m_what.c_str(); }

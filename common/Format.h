@@ -17,6 +17,7 @@ class CStr;
 class CFormatArg
 {
 public:
+    /// What an argument can be.
     enum class EKind {
         None,
         Int,
@@ -30,6 +31,7 @@ public:
         : m_int(0)
     {
     }
+    /// An integer, a character or a bool by its value.
     template<std::integral T>
     constexpr CFormatArg(T value) noexcept
         : m_kind(std::is_signed_v<T> ? EKind::Int : EKind::Unsigned)
@@ -41,36 +43,43 @@ public:
         else
             m_unsigned = value;
     }
+    /// An enumerator by its number.
     template<class T>
     requires std::is_enum_v<T>
     constexpr CFormatArg(T value) noexcept
         : CFormatArg(static_cast<std::underlying_type_t<T>>(value))
     {
     }
+    /// A real number.
     constexpr CFormatArg(double value) noexcept
         : m_kind(EKind::Real)
         , m_bytes(sizeof(double))
         , m_real(value)
     {
     }
+    /// A text of UTF-16.
     constexpr CFormatArg(std::u16string_view value) noexcept
         : m_kind(EKind::Text)
         , m_text(value)
     {
     }
+    /// A text of UTF-16 that ends with a zero; null is shown as "(null)".
     constexpr CFormatArg(const char16_t* value) noexcept
         : CFormatArg(value ? std::u16string_view(value) : std::u16string_view(u"(null)"))
     {
     }
+    /// A text of UTF-8.
     constexpr CFormatArg(std::string_view value) noexcept
         : m_kind(EKind::Utf8)
         , m_utf8(value)
     {
     }
+    /// A text of UTF-8 that ends with a zero; null is shown as "(null)".
     constexpr CFormatArg(const char* value) noexcept
         : CFormatArg(value ? std::string_view(value) : std::string_view("(null)"))
     {
     }
+    /// A text object such as a CStr.
     template<class T>
     requires(std::is_class_v<T>&& std::convertible_to<const T&, std::u16string_view>) constexpr CFormatArg(
         const T& value) noexcept
@@ -78,16 +87,22 @@ public:
     {
     }
 
+    /// Which of the five functions at the end has the argument; None where there is none.
     EKind GetKind() const noexcept { return m_kind; }
     /// Whether the argument was a character (`char` or `char16_t`), which "%s" shows as itself.
     bool IsCharacter() const noexcept { return m_character; }
     /// The size of the argument's type in bytes: "%u" and "%x" of a negative number show it modulo 2^(8 *
     /// bytes).
     std::size_t GetBytes() const noexcept { return m_bytes; }
+    /// Of an Int.
     long long GetInt() const noexcept { return m_int; }
+    /// Of an Unsigned.
     unsigned long long GetUnsigned() const noexcept { return m_unsigned; }
+    /// Of a Real.
     double GetReal() const noexcept { return m_real; }
+    /// Of a Text.
     std::u16string_view GetText() const noexcept { return m_text; }
+    /// Of a Utf8, as it was given.
     std::string_view GetUtf8() const noexcept { return m_utf8; }
 
 private:

@@ -13,7 +13,7 @@ namespace CommonUI
 struct SLanguage {
     std::string_view tag;     ///< its code of ISO 639-1, such as "de"
     std::u16string_view name; ///< in the language itself, for a list that the user chooses from
-    std::span<const SStringTableRow> (*getTexts)();
+    std::span<const SStringTableRow> (*getTexts)(); ///< all of its rows in rising order of ids
 };
 
 /// The built-in languages, English first.

@@ -49,6 +49,7 @@ COMMONDLL_API bool ParseNumberFormat(std::u16string_view text, SNumberFormat& fo
 class CNumberText
 {
 public:
+    /// The text of a real number.
     CNumberText(double value, const SNumberFormat& format) { SetReal(value, format); }
     /// A negative `value` under u, x, X or o counts modulo 2^64.
     template<std::integral T>

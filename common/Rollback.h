@@ -12,6 +12,7 @@ template<class T>
 class CRollback
 {
 public:
+    /// @param object not owned; copied now, and put back at the end unless the change is committed
     explicit CRollback(T& object)
         : m_object(object)
         , m_before(object)
@@ -26,6 +27,7 @@ public:
             m_object = std::move(m_before);
     }
 
+    /// The change stays; nothing is put back.
     void Commit() noexcept { m_done = true; }
 
 private:

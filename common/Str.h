@@ -30,11 +30,14 @@ public:
     COMMONUI_CONSTANT std::size_t npos = std::u16string_view::npos;
 
     CStr() noexcept { m_short.tag = 0; }
+    /// The units up to the first zero. @param text not null
     CStr(const char16_t* text)
         : CStr(std::u16string_view(text))
     {
     }
+    /// A copy of the units, zeros included.
     CStr(std::u16string_view text);
+    /// A copy of the units, zeros included.
     CStr(const std::u16string& text)
         : CStr(std::u16string_view(text))
     {
@@ -65,13 +68,19 @@ public:
     /// The text as UTF-8. A surrogate without its partner becomes U+FFFD.
     std::string ToUtf8() const;
 
+    /// In code units.
     std::size_t GetLength() const noexcept { return IsShared() ? m_long.length : m_short.tag; }
+    /// Whether there is no code unit.
     bool IsEmpty() const noexcept { return GetLength() == 0; }
     /// The code units; nothing stands behind the last one.
     const char16_t* data() const noexcept { return IsShared() ? m_long.units : m_short.units; }
+    /// Valid until the text changes or goes.
     std::u16string_view View() const noexcept { return {data(), GetLength()}; }
+    /// As View.
     operator std::u16string_view() const noexcept { return View(); }
+    /// The first code unit; valid until the text changes or goes.
     const char16_t* begin() const noexcept { return data(); }
+    /// Behind the last code unit.
     const char16_t* end() const noexcept { return data() + GetLength(); }
     /// The code unit at `index`, which must be below the length.
     char16_t operator[](std::size_t index) const noexcept { return data()[index]; }
@@ -79,6 +88,7 @@ public:
     /// Appends in place when no other text shares the buffer: a text is built in time proportional to its
     /// length.
     CStr& operator+=(std::u16string_view text);
+    /// Appends a code unit, at the cost of appending a text of one.
     CStr& operator+=(char16_t unit) { return *this += std::u16string_view(&unit, 1); }
     /// Appends 7-bit ASCII characters.
     CStr& AppendAscii(std::string_view text);
@@ -88,6 +98,7 @@ public:
     /// text.
     /// @return the units for the caller to write; those beyond the old text are undefined until written
     char16_t* SetLength(std::size_t length);
+    /// Makes the text empty and gives up its room.
     void Clear() noexcept { *this = CStr(); }
 
     /// The position of the first occurrence at or after `from`, or `npos`.
@@ -95,23 +106,30 @@ public:
     {
         return View().find(text, from);
     }
+    /// The position of the first occurrence of a code unit at or after `from`, or `npos`.
     std::size_t Find(char16_t unit, std::size_t from = 0) const noexcept { return View().find(unit, from); }
     /// The position of the last occurrence, or `npos`.
     std::size_t ReverseFind(std::u16string_view text) const noexcept { return View().rfind(text); }
+    /// The position of the last occurrence of a code unit, or `npos`.
     std::size_t ReverseFind(char16_t unit) const noexcept { return View().rfind(unit); }
     /// The position of the first code unit at or after `from` that is one of `units`, or `npos`.
     std::size_t FindOneOf(std::u16string_view units, std::size_t from = 0) const noexcept
     {
         return View().find_first_of(units, from);
     }
+    /// Whether the text occurs somewhere; an empty one does.
     bool Contains(std::u16string_view text) const noexcept { return Find(text) != npos; }
+    /// Whether the text is at the beginning; an empty one is.
     bool StartsWith(std::u16string_view text) const noexcept { return View().starts_with(text); }
+    /// Whether the text is at the end; an empty one is.
     bool EndsWith(std::u16string_view text) const noexcept { return View().ends_with(text); }
 
     /// The part from `first`, `count` code units long or shorter where the text ends; empty when it starts
     /// beyond.
     CStr Mid(std::size_t first, std::size_t count = npos) const;
+    /// The first `count` code units, or all when there are no more.
     CStr Left(std::size_t count) const { return Mid(0, count); }
+    /// The last `count` code units, or all when there are no more.
     CStr Right(std::size_t count) const;
     /// The text with every occurrence of `from` replaced; unchanged when `from` is empty.
     CStr Replace(std::u16string_view from, std::u16string_view to) const;
@@ -121,7 +139,9 @@ public:
     /// The text without white space (blank, tab, line feed, vertical tab, form feed, carriage return) at its
     /// ends.
     CStr Trim() const;
+    /// The text without white space at its beginning.
     CStr TrimLeft() const;
+    /// The text without white space at its end.
     CStr TrimRight() const;
 
     /// A text by printf's rules in the "C" locale: see FormatText for the conversions and for what becomes of
@@ -133,6 +153,7 @@ public:
         return FormatText(format, list, sizeof...(args));
     }
 
+    /// Exchanges two texts without copying characters.
     void Swap(CStr& other) noexcept;
 
     template<class T>
@@ -145,10 +166,13 @@ public:
     {
         return a.View() <=> std::u16string_view(b);
     }
+    /// Both texts, one behind the other.
     template<class T>
     requires std::convertible_to<const T&, std::u16string_view>
     friend CStr operator+(CStr a, const T& b) { return std::move(a += std::u16string_view(b)); }
+    /// The text with a code unit behind it.
     friend CStr operator+(CStr a, char16_t b) { return std::move(a += b); }
+    /// Both texts, one behind the other.
     template<class T>
     requires(std::convertible_to<const T&, std::u16string_view> && !std::same_as<T, CStr>) friend CStr
     operator+(const T& a, const CStr& b)

@@ -11,8 +11,8 @@ namespace CommonUI
 
 /// One display text with the number under which the code asks for it.
 struct SStringTableRow {
-    int id;
-    std::u16string_view text;
+    int id;                   ///< unique in its table; never used for another text
+    std::u16string_view text; ///< must live as long as the row
 };
 
 /// The display text of an id, in the language that is installed; empty when no table has the id. The first

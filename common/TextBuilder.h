@@ -22,6 +22,7 @@ public:
 
     /// Makes room for a text of `length` code units in all.
     void Reserve(std::size_t length);
+    /// In code units, so far.
     std::size_t GetLength() const noexcept { return m_length; }
 
     /// Appends a code unit and a text behind it.
@@ -33,6 +34,7 @@ public:
         Copy(m_units + m_length + 1, text.data(), text.size());
         m_length += text.size() + 1;
     }
+    /// Appends a text.
     CTextBuilder& operator+=(std::u16string_view text)
     {
         if (m_capacity - m_length < text.size())
@@ -51,6 +53,7 @@ public:
         m_length += Size - 1;
         return *this;
     }
+    /// Appends a code unit.
     CTextBuilder& operator+=(char16_t unit)
     {
         if (m_capacity == m_length)

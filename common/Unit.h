@@ -52,9 +52,11 @@ public:
     /// @return false, and `unit` is left alone, when the text names no length
     static bool ParseLength(const CStr& text, CUnit& unit);
 
+    /// What its values are multiples of; Unity for the empty unit.
     EUnitFactor GetFactor() const noexcept { return m_factor; }
     /// The symbol without prefix.
     const CStr& GetSymbol() const noexcept { return m_symbol; }
+    /// Whether there is no symbol: the unit of a number without one.
     bool IsEmpty() const noexcept { return m_symbol.IsEmpty(); }
     /// Whether both measure the same kind of quantity, whatever their factors.
     bool IsSameKind(const CUnit& other) const noexcept { return m_symbol == other.m_symbol; }
@@ -64,6 +66,7 @@ public:
 
     /// What one unit of the factor is in units of factor 1: 1e-9 for Nano, 0.0254 for Inch, 1 for Undefined.
     static double GetFactorValue(EUnitFactor factor) noexcept;
+    /// GetFactorValue of the unit's own factor.
     double GetFactorValue() const noexcept { return GetFactorValue(m_factor); }
 
     /// Whether the factor is one by a power of a thousand, which units of any kind take as a prefix; the
@@ -84,6 +87,7 @@ public:
     /// @param power how often the unit enters the value: 1 length, 2 area, 3 volume
     /// @return this unit's own factor when the value is zero, infinite or no number, or the power is below 1
     EUnitFactor SuitableFactor(double value, int power, SShownDigits shown) const;
+    /// The same for the digits that SShownDigits has from the start.
     EUnitFactor SuitableFactor(double value, int power) const
     {
         return SuitableFactor(value, power, SShownDigits());

@@ -8,8 +8,11 @@
 /// newer library has been installed since the program was compiled.
 
 // The build takes the version from these three lines.
+/// From 1.0 on it rises when something has gone or changed.
 #define COMMONUI_VERSION_MAJOR 0
+/// Before 1.0 it rises when something has gone or changed, from then on when there are additions.
 #define COMMONUI_VERSION_MINOR 1
+/// Rises when nothing has gone or changed; additions are possible.
 #define COMMONUI_VERSION_PATCH 0
 
 /// A version as a number that compares as versions do: 0.1.0 is 100, 1.2.3 is 10203. Each part is below 100.

@@ -29,6 +29,7 @@ public:
     CFileLock(const CFileLock&) = delete;
     CFileLock& operator=(const CFileLock&) = delete;
 
+    /// Whether nobody else can have the lock until this object goes.
     bool IsHeld() const noexcept { return m_lock.has_value(); }
     /// Whether somebody else held the lock all the time. Where neither is so the file system has no locks, or
     /// refuses them.

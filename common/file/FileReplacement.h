@@ -25,6 +25,7 @@ public:
     /// @param readers a file whose permissions the content gets, and the one to write it; empty for those of
     ///     the file that is replaced
     bool Open(const CStr& fileName, CStr& reason, const CStr& readers = {});
+    /// Writes all of the bytes behind what has been written. @param reason of a failure; else left alone
     bool Write(std::string_view bytes, CStr& reason);
     /// Puts the content in its place.
     bool Replace(CStr& reason);

@@ -50,6 +50,7 @@ public:
     /// What the holder of the lock says; nothing while nobody holds it. Its file may be there without: that
     /// of a process that was killed.
     virtual std::optional<std::string> FindHolder(const std::filesystem::path& path);
+    /// Gives back a lock of TryLock, and removes its file.
     virtual void Unlock(CFile lock, const std::filesystem::path& path) noexcept = 0;
 
     /// A number that no other process of this machine has now.

@@ -35,10 +35,13 @@ struct SStoreSchema {
 class COMMONDLL_API CIniStore
 {
 public:
+    /// Nothing is read before Load.
+    /// @param fileName need not be there; empty for a document without a file
     explicit CIniStore(const CStr& fileName = {}, SStoreSchema schema = {});
 
     /// The document, which the program reads and changes.
     CInifile& GetInifile() noexcept { return m_ini; }
+    /// The document, to be read.
     const CInifile& GetInifile() const noexcept { return m_ini; }
 
     /// Loads the file, repairs it before where it has to be and can be, and brings the document to the

@@ -51,6 +51,7 @@ public:
 
     /// The file that Load and Save use; it need not exist.
     void SetFileName(const CStr& fileName) { m_fileName = fileName; }
+    /// The file that Load and Save use; empty where there is none.
     const CStr& GetFileName() const noexcept { return m_fileName; }
 
     /// Replaces the content by that of the file. The current section stays selected. Returns false, with the
@@ -102,6 +103,7 @@ public:
     /// Makes a section the current one, which the functions below use. It comes into being when a key is
     /// written to it.
     void SelectSection(std::u16string_view name);
+    /// The name of the current section, which need not exist; empty for the unnamed one.
     CStr GetSection() const;
     /// Removes all keys of the current section. Its header and comments stay.
     void ClearSection();
@@ -110,6 +112,7 @@ public:
     /// The names of all sections, each once, in the order of the file.
     std::vector<CStr> GetSections() const;
 
+    /// Whether the current section has the key, whatever its value.
     bool HasKey(std::u16string_view key) const;
     /// Removes the key that reading finds under the name, with its duplicates.
     void RemoveKey(std::u16string_view key);
@@ -118,31 +121,48 @@ public:
 
     /// 1, true, yes and on are true; 0, false, no and off are false; in any case of letters.
     bool ReadBool(std::u16string_view key, bool byDefault) const;
+    /// A decimal number of 32 bits, with a sign or without.
     int ReadInt(std::u16string_view key, int byDefault) const;
+    /// A decimal number of 32 bits that is not negative.
     unsigned ReadUnsigned(std::u16string_view key, unsigned byDefault) const;
+    /// A number with a decimal point whatever the locale; "inf" and "nan" are numbers.
     double ReadDouble(std::u16string_view key, double byDefault) const;
+    /// Red, green and blue from 0 to 255, with commas between.
     SColor ReadColor(std::u16string_view key, const SColor& byDefault) const;
+    /// Left, top, right and bottom, with commas between; in no order that is checked.
     SRect ReadRect(std::u16string_view key, const SRect& byDefault) const;
+    /// Width and height, with a comma between.
     SSize ReadSize(std::u16string_view key, const SSize& byDefault) const;
+    /// Every value is a text. Quotes around all of it are left out.
     CStr ReadText(std::u16string_view key, std::u16string_view byDefault = {}) const;
+    /// Texts with commas between. An empty value is an empty list.
     std::vector<CStr> ReadTexts(std::u16string_view key, const std::vector<CStr>& byDefault = {}) const;
+    /// Numbers with commas between, each as for ReadDouble. An empty value is an empty list.
     std::vector<double> ReadDoubles(std::u16string_view key, const std::vector<double>& byDefault = {}) const;
 
     /// Written as 1 or 0.
     void WriteBool(std::u16string_view key, bool value);
+    /// Written as a decimal number.
     void WriteInt(std::u16string_view key, int value);
+    /// Written as a decimal number.
     void WriteUnsigned(std::u16string_view key, unsigned value);
     /// Written with as few digits as read back to the same bits, infinities and NaN included.
     void WriteDouble(std::u16string_view key, double value);
+    /// Written as "red,green,blue".
     void WriteColor(std::u16string_view key, const SColor& value);
+    /// Written as "left,top,right,bottom".
     void WriteRect(std::u16string_view key, const SRect& value);
+    /// Written as "width,height".
     void WriteSize(std::u16string_view key, const SSize& value);
+    /// Written in quotes where it would not read back without them.
     void WriteText(std::u16string_view key, std::u16string_view value);
     /// Says of a key of the current section that the text it has means nothing to its reader, who takes
     /// `instead`, as a name that only later versions know. Writing `instead` leaves the stored text what it
     /// is, until another text is written or another content loaded.
     void KeepUnknown(std::u16string_view key, std::u16string_view instead);
+    /// Written with commas between, each in quotes where it would not read back without them.
     void WriteTexts(std::u16string_view key, const std::vector<CStr>& value);
+    /// Written with commas between, each as by WriteDouble.
     void WriteDoubles(std::u16string_view key, const std::vector<double>& value);
 
 private:

@@ -13,6 +13,7 @@ namespace CommonUI
 class COMMONDLL_API CSectionScope
 {
 public:
+    /// @param ini not owned; it must outlive the scope
     CSectionScope(CInifile& ini, const CStr& section);
     ~CSectionScope();
     CSectionScope(const CSectionScope&) = delete;

@@ -11,6 +11,7 @@ namespace CommonUI
 /// What a store has found where its file should be, what it has taken instead and what it has kept, for the
 /// application to show.
 struct COMMONDLL_API SStoreAccount {
+    /// What was there.
     enum class EFound {
         Nothing,   ///< there is no file
         Whole,     ///< the file has been loaded
@@ -18,9 +19,9 @@ struct COMMONDLL_API SStoreAccount {
         Unreadable ///< the file cannot be read
     };
 
-    CStr fileName{};
-    EFound found = EFound::Nothing;
-    CStr reason{}; ///< why it cannot be read, or what is damaged
+    CStr fileName{};                ///< the file of the store
+    EFound found = EFound::Nothing; ///< at the last load
+    CStr reason{};                  ///< why it cannot be read, or what is damaged
     /// Where the damaged file is now, and its last whole version in its place. Empty where the damaged file
     /// stays what it is, nothing is loaded and nothing can be saved.
     CStr keptAs{};
