@@ -44,6 +44,7 @@ COMMONUI_API std::vector<SFileFilter> ParseFileFilters(const CStr& filter);
 class COMMONUI_API CFileDialogMemory
 {
 public:
+    /// What was chosen last.
     struct SPlace {
         CStr folder; ///< with the separator at its end
         CStr file;   ///< its name alone
@@ -51,11 +52,14 @@ public:
         friend bool operator==(const SPlace&, const SPlace&) = default;
     };
 
+    /// The section that Load and Save use.
     COMMONUI_CONSTANT std::u16string_view c_section = u"FileDialogs";
 
     /// Null when nothing is remembered under the key.
     const SPlace* Find(const CStr& key) const;
+    /// @param path in full; of a folder without a separator at its end
     void Remember(const CStr& key, const CStr& path);
+    /// Forgets all places.
     void Clear() noexcept { m_places.clear(); }
 
     /// Replaces what is remembered by what the section c_section holds: the full path under each key.
@@ -85,6 +89,7 @@ public:
     /// @return false when the user cancels
     bool Choose(const SFileDialog& dialog, CStr& path);
 
+    /// What dialogs remember, for the program to load and save.
     CFileDialogMemory& GetMemory() noexcept { return m_memory; }
 
     /// Which one the process uses: see CServiceScope.

@@ -17,10 +17,13 @@ constexpr unsigned int c_error = 0x10;    ///< the icon for errors
 constexpr unsigned int c_question = 0x20; ///< the icon for questions
 constexpr unsigned int c_warning = 0x30;  ///< the icon for warnings
 constexpr unsigned int c_help = 0x4000;   ///< a Help button beside the others
+/// The bits of a style that say which buttons there are.
 constexpr unsigned int c_buttonMask = 0xF;
+/// The bits of a style that say which icon there is.
 constexpr unsigned int c_iconMask = 0xF0;
 } // namespace MessageBoxStyle
 
+/// The button that was pressed, or what counts as that.
 enum class EMessageBoxAnswer : int {
     Ok = 1,
     Cancel = 2,
@@ -30,8 +33,8 @@ enum class EMessageBoxAnswer : int {
 
 /// What a message box shows.
 struct SMessageBox {
-    CStr text{};
-    unsigned int style = MessageBoxStyle::c_ok;
+    CStr text{};                                ///< what is said or asked
+    unsigned int style = MessageBoxStyle::c_ok; ///< bits of MessageBoxStyle
     /// The topic that the Help button opens, as a number of the application's help system; 0 without one.
     unsigned int helpTopic = 0;
 

@@ -17,7 +17,9 @@ namespace CommonUI
 class COMMONUI_API CMessageLoop
 {
 public:
+    /// Work to be done on the user-interface thread.
     using FMessage = std::function<void()>;
+    /// Whether what is waited for has come.
     using FCondition = std::function<bool()>;
 
     CMessageLoop() = default;

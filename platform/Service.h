@@ -17,6 +17,7 @@ public:
     /// Gives the library's own service, which lives until the process ends.
     using FDefault = TService& (*)();
 
+    /// @param getDefault gives the library's own service
     explicit constexpr CCurrentService(FDefault getDefault) noexcept
         : m_getDefault(getDefault)
     {
@@ -24,6 +25,7 @@ public:
     CCurrentService(const CCurrentService&) = delete;
     CCurrentService& operator=(const CCurrentService&) = delete;
 
+    /// The service that is used now; it may be another one with the next call.
     TService& Get() const { return m_service ? *m_service : m_getDefault(); }
 
 private:
@@ -45,6 +47,7 @@ template<class TService>
 class CServiceScope
 {
 public:
+    /// @param service not owned; it must outlive the scope
     explicit CServiceScope(TService& service) noexcept
         : m_before(std::exchange(TService::s_current.m_service, &service))
     {

@@ -19,18 +19,18 @@ enum class EColorScheme {
 
 /// The colours of a high-contrast scheme, which the user has chosen as they are.
 struct SHighContrastColors {
-    SColor ground{0, 0, 0};
-    SColor text{255, 255, 255};
+    SColor ground{0, 0, 0};         ///< behind texts
+    SColor text{255, 255, 255};     ///< and of all marks
     SColor selection{26, 235, 255}; ///< the ground of what is selected
-    SColor selectedText{0, 0, 0};
-    SColor link{255, 255, 0};
+    SColor selectedText{0, 0, 0};   ///< on `selection`
+    SColor link{255, 255, 0};       ///< of texts that lead elsewhere
 
     friend bool operator==(const SHighContrastColors&, const SHighContrastColors&) = default;
 };
 
 /// What the desktop is set to.
 struct SSystemColors {
-    EColorScheme scheme = EColorScheme::Light;
+    EColorScheme scheme = EColorScheme::Light; ///< what programs are to look like
     std::optional<SColor> accent{};     ///< the colour that the user likes; empty where the system tells none
     SHighContrastColors highContrast{}; ///< what the scheme has, if it is that one
 
@@ -41,6 +41,7 @@ struct SSystemColors {
 class COMMONUI_API CSystemColors
 {
 public:
+    /// Hears that the desktop is set to something else; asks Get what it is.
     using FListener = std::function<void()>;
 
     CSystemColors() = default;
@@ -48,6 +49,7 @@ public:
     CSystemColors(const CSystemColors&) = delete;
     CSystemColors& operator=(const CSystemColors&) = delete;
 
+    /// What the desktop is set to now.
     virtual SSystemColors Get() const = 0;
     /// Who is called after the user has set the desktop to something else, in place of the one before; an
     /// empty function for nobody.
@@ -57,6 +59,7 @@ public:
     static CCurrentService<CSystemColors> s_current;
 
 protected:
+    /// For who overrides: calls the listener, if there is one, after Get has got another answer.
     void TellChanged() const;
 
 private:

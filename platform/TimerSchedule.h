@@ -18,11 +18,13 @@ class COMMONUI_API CTimerSchedule
 public:
     /// Time since whenever the service's clock began.
     using TTime = std::chrono::nanoseconds;
+    /// The number of a timer; never 0.
     using TIdentifier = CTimerService::TIdentifier;
 
     /// @param interval in milliseconds; 0 counts as 1
     /// @return never 0, and never that of an earlier timer until the numbers run out
     TIdentifier Create(TTime now, unsigned int interval, CTimerService::FProcedure procedure);
+    /// Ends a timer. @return false for one that is not there
     bool Kill(TIdentifier identifier);
 
     /// When the next tick is due; empty without timers.

@@ -15,6 +15,7 @@ class CThreadQueue;
 class COMMONUI_API CWorkerThread
 {
 public:
+    /// The priority of work that must not be kept waiting by anything else.
     COMMONUI_CONSTANT int c_timeCritical = 15;
     /// Runs on the thread and must not throw. What it returns is the thread's exit code.
     using FEntry = std::function<unsigned long()>;

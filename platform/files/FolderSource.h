@@ -12,16 +12,16 @@ namespace CommonUI
 
 /// A folder in another one.
 struct SFolder {
-    CStr name{};
-    bool hidden = false;
+    CStr name{};         ///< alone, without the path
+    bool hidden = false; ///< not to be shown unless the user wants it
 
     friend bool operator==(const SFolder&, const SFolder&) = default;
 };
 
 /// What a drive says of a folder: the folders in it, in any order, or why they cannot be told.
 struct SFolderListing {
-    std::vector<SFolder> folders{};
-    CStr error{}; ///< one sentence for the user; empty when the folder was read
+    std::vector<SFolder> folders{}; ///< in any order; empty where there is an error
+    CStr error{};                   ///< one sentence for the user; empty when the folder was read
 };
 
 /// What lists folders: the drives of the system, or what stands for them. Threads of the library ask it,

@@ -9,6 +9,7 @@ namespace CommonUI
 class COMMONUI_API CFixedFolders : public CFolders
 {
 public:
+    /// Names the folders as they are; neither has to be there.
     CFixedFolders(std::filesystem::path application, std::filesystem::path settings);
 
     std::filesystem::path GetApplicationFolder() const override;

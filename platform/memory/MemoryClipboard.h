@@ -11,7 +11,9 @@ class COMMONUI_API CMemoryClipboard : public CClipboard
 public:
     bool Put(const CStr& html, const CStr& text) override;
 
+    /// The HTML that was put last; empty at first.
     const CStr& GetHtml() const noexcept { return m_html; }
+    /// The text that was put last; empty at first.
     const CStr& GetText() const noexcept { return m_text; }
 
 private:

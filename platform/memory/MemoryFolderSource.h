@@ -28,6 +28,7 @@ public:
     void SetError(const CStr& path, const CStr& error);
     /// From now on List of a folder does not return before Release.
     void Hang(const CStr& path);
+    /// Lets the calls of List go on that wait for a folder, and those to come.
     void Release(const CStr& path);
     /// Waits until so many calls of List have begun in all.
     void WaitForCalls(std::size_t count) const;

@@ -13,6 +13,7 @@ namespace CommonUI
 class COMMONUI_API CMemoryXmlDocument : public CXmlDocument
 {
 public:
+    /// Sets the answer of QueryText to an expression and a value; all others are empty.
     void SetText(std::u16string_view expression, std::u16string_view value, const CStr& text);
     CStr QueryText(std::u16string_view expression, std::u16string_view value) const override;
 

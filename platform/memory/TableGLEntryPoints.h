@@ -23,6 +23,7 @@ public:
     {
         m_procedures.insert_or_assign(std::string(name), reinterpret_cast<FProcedure>(function));
     }
+    /// Takes a function away; nothing happens where there is none of the name.
     void Remove(std::string_view name);
 
 private:

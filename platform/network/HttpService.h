@@ -18,19 +18,19 @@ namespace CommonUI
 
 /// A header of HTTP; names are compared without regard to case.
 struct SHttpHeader {
-    std::string name;
-    std::string value;
+    std::string name;  ///< such as "Content-Type"
+    std::string value; ///< what stands behind the colon
 
     friend bool operator==(const SHttpHeader&, const SHttpHeader&) = default;
 };
 
 /// What is fetched, and what that may cost.
 struct SHttpRequest {
-    CStr address{}; ///< see IsWebAddress
-    std::vector<SHttpHeader> headers{};
+    CStr address{};                                 ///< see IsWebAddress
+    std::vector<SHttpHeader> headers{};             ///< sent besides those of the service itself
     std::size_t largestSize = std::size_t{1} << 20; ///< of the content, in bytes
     std::chrono::milliseconds longestTime{30'000};  ///< from the call to the whole answer
-    int mostRedirects = 5;
+    int mostRedirects = 5;                          ///< how often the server may lead elsewhere
 };
 
 /// How a request ended.
@@ -49,11 +49,11 @@ enum class EHttpOutcome {
 
 /// What came of a request.
 struct COMMONUI_API SHttpAnswer {
-    EHttpOutcome outcome = EHttpOutcome::Answered;
-    int status = 0; ///< of HTTP, such as 200; 0 where there is no answer
-    std::vector<SHttpHeader> headers{};
-    std::string body{}; ///< empty where the answer is not whole
-    CStr address{};     ///< where the answer is from, behind all redirects
+    EHttpOutcome outcome = EHttpOutcome::Answered; ///< decides which of the others count
+    int status = 0;                                ///< of HTTP, such as 200; 0 where there is no answer
+    std::vector<SHttpHeader> headers{};            ///< of this answer, not of redirects before it
+    std::string body{};                            ///< empty where the answer is not whole
+    CStr address{};                                ///< where the answer is from, behind all redirects
     CStr detail{}; ///< the reason as the system words it; for Untrusted what is wrong with the certificate
 
     /// The value of the first header of a name; empty where there is none.
@@ -65,7 +65,9 @@ struct COMMONUI_API SHttpAnswer {
 class COMMONUI_API CHttpService
 {
 public:
+    /// The number of a request; never 0.
     using TIdentifier = std::uint64_t;
+    /// Hears how a request has ended.
     using FAnswer = std::function<void(const SHttpAnswer&)>;
     /// @param received bytes of the content that have come so far
     /// @param expected how many the server announces; 0 where it does not
@@ -96,6 +98,7 @@ protected:
     /// Any thread may call these two. What was stopped or has ended is left alone. A class that calls them
     /// from other threads ends these before it is destroyed.
     void Report(TIdentifier identifier, std::size_t received, std::size_t expected);
+    /// The request has ended: calls its `answer` by a message.
     void Finish(TIdentifier identifier, SHttpAnswer answer);
 
 private:

@@ -39,6 +39,7 @@ public:
 protected:
     /// Load, once size and nesting are known to be harmless.
     virtual bool Parse(std::string_view bytes, std::u16string_view root, CStr& reason) = 0;
+    /// Makes the content empty.
     virtual void Clear() = 0;
 };
 
