@@ -22,6 +22,7 @@ template<class TResult, class... TArgs>
 class CClosureBase
 {
 public:
+    /// Calls what is bound; what it throws reaches the caller.
     virtual TResult Invoke(TArgs... args) = 0;
     virtual ~CClosureBase() = default;
     CClosureBase(const CClosureBase&) = delete;
@@ -31,10 +32,13 @@ protected:
     CClosureBase() = default;
 };
 
+/// A callable without arguments.
 template<class TResult>
 using CClosureBase0 = CClosureBase<TResult>;
+/// A callable with one argument.
 template<class TResult, class TArg>
 using CClosureBase1 = CClosureBase<TResult, TArg>;
+/// A callable with two arguments.
 template<class TResult, class TArg1, class TArg2>
 using CClosureBase2 = CClosureBase<TResult, TArg1, TArg2>;
 
@@ -43,8 +47,10 @@ template<class TObject, class TResult, class... TArgs>
 class CMethodClosure : public CClosureBase<TResult, TArgs...>
 {
 public:
+    /// A member function that can be bound.
     using FMethod = TResult (TObject::*)(TArgs...);
 
+    /// @param object not owned
     CMethodClosure(TObject& object, FMethod method) noexcept
         : m_object(&object)
         , m_method(method)
@@ -57,10 +63,13 @@ private:
     FMethod m_method;
 };
 
+/// A bound member function without arguments.
 template<class TResult, class TObject>
 using CMethodClosure0 = CMethodClosure<TObject, TResult>;
+/// A bound member function with one argument.
 template<class TResult, class TArg, class TObject>
 using CMethodClosure1 = CMethodClosure<TObject, TResult, TArg>;
+/// A bound member function with two arguments.
 template<class TResult, class TArg1, class TArg2, class TObject>
 using CMethodClosure2 = CMethodClosure<TObject, TResult, TArg1, TArg2>;
 
@@ -97,6 +106,7 @@ public:
     void Reset() noexcept;
     /// Tells the record that it is no longer connected, but keeps the closure, which may be in execution.
     void Disconnect() noexcept;
+    /// Whether a subscriber waits to hear that the closure is gone; without a record nobody does.
     bool IsConnected() const noexcept { return m_connection != nullptr; }
 
     /// The closure, or null. TResult and TArgs must be those of the closure that was set.

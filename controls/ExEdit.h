@@ -12,6 +12,7 @@ namespace CommonUI
 
 class CExEdit;
 
+/// The keys that edits tell apart; a toolkit translates its own to them.
 enum class EKey {
     Character, ///< a key that writes SKey::character
     Tab,
@@ -30,19 +31,19 @@ enum class EKey {
 
 /// A key that is pressed, or repeats itself, with the modifier keys that are held.
 struct SKey {
-    EKey key = EKey::Other;
-    char16_t character = 0;
-    bool shift = false;
-    bool control = false;
-    bool alt = false;
+    EKey key = EKey::Other; ///< which one
+    char16_t character = 0; ///< what the key writes; only for EKey::Character
+    bool shift = false;     ///< held down
+    bool control = false;   ///< held down
+    bool alt = false;       ///< held down
 };
 
 /// The number in a field, for a screen reader.
 struct SEditNumber {
-    double value = 0;
+    double value = 0;   ///< in the unit of the field
     double minimum = 0; ///< also of a range that is read reversed the lesser bound
-    double maximum = 0;
-    double step = 0;
+    double maximum = 0; ///< the other bound
+    double step = 0;    ///< what an arrow key with Ctrl adds
 };
 
 /// The edit field on the screen, or what stands for it. It offers every key and wheel movement to its control
@@ -52,11 +53,13 @@ class COMMONUI_API CEditView : public CControlView<CExEdit>
 public:
     ~CEditView() override;
 
+    /// What stands in the field now, be it typed or set.
     virtual CStr GetText() const = 0;
     /// Replaces the text, without telling the control.
     virtual void SetText(const CStr& text) = 0;
     /// Selects the text and scrolls the caret into view.
     virtual void SelectAll() = 0;
+    /// Whether keys go to the field.
     virtual bool HasFocus() const = 0;
     /// Whether the user may select and copy the text, but not change it.
     virtual void SetReadOnly(bool readOnly) = 0;
@@ -83,6 +86,7 @@ public:
     /// Whether the user cannot change anything, but select and copy the text. Enter and Escape go on to the
     /// dialog then. What has been typed and not been taken is lost; the program may change all there is.
     virtual void SetReadOnly(bool readOnly);
+    /// Whether the user cannot change anything; false at first.
     bool IsReadOnly() const noexcept { return m_readOnly; }
     /// Whether the user has typed something that Validate has not seen yet.
     bool IsModified() const noexcept { return m_modified; }
@@ -94,6 +98,7 @@ public:
     {
         m_keyFilter.Set(MakeClosure(object, method));
     }
+    /// Keys are no longer offered to anybody first.
     void ResetKeyFilter() noexcept { m_keyFilter.Reset(); }
 
     /// A key was pressed. @return whether it is dealt with; otherwise the view treats it as it would without
@@ -104,6 +109,7 @@ public:
     virtual bool OnMouseWheel(int delta, bool control);
     /// The user has changed the text.
     void OnTextEdited() noexcept { m_modified = !m_readOnly; }
+    /// Calls Validate if that is asked for; the field may be gone afterwards.
     void OnFocusLost();
     /// The view asks whether the field gets all keys, also those by which a dialog is closed.
     /// @param byDefault whether it does without control, as a field of several lines
@@ -119,6 +125,7 @@ protected:
     virtual bool HandleKey(const SKey& key);
     /// The field has got a view that still has to show its value.
     virtual void OnViewSet();
+    /// What has been typed is dealt with: IsModified is false until the user types again.
     void ClearModified() noexcept { m_modified = false; }
 
 private:

@@ -14,6 +14,7 @@ public:
     CFloatEdit();
     ~CFloatEdit() override;
 
+    /// The format that was set last, "%f" at first.
     const CStr& GetFormatString() const noexcept { return m_format; }
     /// Sets how the value is shown: one conversion of printf for real numbers (f, e, g or their capitals),
     /// and what text may follow it, such as u"%.2f mm", with "%%" for a percent sign. Text before the number,

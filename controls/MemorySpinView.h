@@ -15,9 +15,9 @@ public:
     void SetVisible(bool visible) override { shown = visible; }
     void ShowHint(const CStr& text) override { hint = text; }
 
-    SRect rect{};
-    bool shown = false;
-    CStr hint{}; ///< the last one
+    SRect rect{};       ///< where the test puts the button, in pixels of the screen
+    bool shown = false; ///< as the control wants it
+    CStr hint{};        ///< the last one
 };
 
 } // namespace CommonUI

@@ -15,11 +15,11 @@ public:
     void Hide() override { shown = false; }
     void SetToolTip(const CStr& text) override { toolTip = text; }
 
-    bool shown = false;
-    SRect rect{};
-    SRect upperButton{};
-    SRect lowerButton{};
-    CStr toolTip{};
+    bool shown = false;  ///< as the control wants it
+    SRect rect{};        ///< where it was placed last, in pixels of the screen
+    SRect upperButton{}; ///< in pixels of the pop-up
+    SRect lowerButton{}; ///< in pixels of the pop-up
+    CStr toolTip{};      ///< the one set last
 };
 
 } // namespace CommonUI

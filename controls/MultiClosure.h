@@ -34,9 +34,9 @@ class CMultiClosureBase;
 
 /// One subscription: a slot in the chain of its list.
 struct SClosureEntry {
-    CCallbackSlot slot;
-    SClosureEntry* previous = nullptr;
-    SClosureEntry* next = nullptr;
+    CCallbackSlot slot;                ///< what is called, and who waits to hear of its end
+    SClosureEntry* previous = nullptr; ///< null for the first one
+    SClosureEntry* next = nullptr;     ///< null for the last one
 };
 
 /// The subscriber's side of a subscription, a member of the subscribing object. It serves a list of any
@@ -49,6 +49,7 @@ public:
     CClosureConnection(const CClosureConnection&) = delete;
     CClosureConnection& operator=(const CClosureConnection&) = delete;
 
+    /// Whether it stands for a subscription: the list is there, and has not dropped it.
     bool IsConnected() const noexcept { return m_list != nullptr; }
     /// Unsubscribes; harmless when not connected.
     void Disconnect() noexcept;
@@ -79,6 +80,7 @@ protected:
     class COMMONUI_API CCall
     {
     public:
+        /// Calls those who are subscribed now. @param list not owned; it may go during the call
         explicit CCall(const CMultiClosureBase& list) noexcept
             : m_list(&list)
             , m_outer(list.m_calls)
@@ -186,10 +188,13 @@ private:
     }
 };
 
+/// An event without arguments.
 template<class TResult>
 using CMultiClosure0 = CMultiClosure<TResult>;
+/// An event with one argument.
 template<class TResult, class TArg>
 using CMultiClosure1 = CMultiClosure<TResult, TArg>;
+/// An event with two arguments.
 template<class TResult, class TArg1, class TArg2>
 using CMultiClosure2 = CMultiClosure<TResult, TArg1, TArg2>;
 

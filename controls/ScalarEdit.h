@@ -31,9 +31,11 @@ public:
     CScalarEdit(const T& value, const T& minimum, const T& maximum, const T& step);
     ~CScalarEdit() override;
 
+    /// What was accepted last; what is being typed is not in it yet.
     T GetValue() const noexcept { return m_value; }
     /// Not-a-number is ignored, with a warning in the diagnostics.
     void SetValue(const T& value);
+    /// The range as it was set, reversed or not.
     void GetRange(T& minimum, T& maximum) const;
     /// Sets the range and, by SetIncrement, a step for it. A value beyond the range is set to its bound. An
     /// infinite bound means the greatest number of the type; not-a-number leaves all as it is, with a
@@ -55,25 +57,32 @@ public:
     /// limit counts from the power of ten of the value; the value 0 counts as 1. At first -5 and 5, both
     /// relative.
     int GetIncrementExponentMin() const noexcept { return m_step.lowest.exponent; }
+    /// The upper limit; see GetIncrementExponentMin.
     int GetIncrementExponentMax() const noexcept { return m_step.highest.exponent; }
+    /// See GetIncrementExponentMin. The step itself stays.
     void SetIncrementExponentMin(int exponent, bool relative) noexcept
     {
         m_step.lowest = {exponent, relative};
     }
+    /// See GetIncrementExponentMin. The step itself stays.
     void SetIncrementExponentMax(int exponent, bool relative) noexcept
     {
         m_step.highest = {exponent, relative};
     }
+    /// Whether the lower limit counts from the power of ten of the value.
     bool IsIncrementExponentMinRelative() const noexcept { return m_step.lowest.relative; }
+    /// Whether the upper limit counts from the power of ten of the value.
     bool IsIncrementExponentMaxRelative() const noexcept { return m_step.highest.relative; }
 
     /// @param identifier the number of the button in the dialog
     void ShowSpinButton(unsigned int identifier, bool show) { m_spin.Show(identifier, show); }
     /// Whether arrow keys and wheel step the value, as they do at first. The spin button always does.
     void EnableStepping(bool enable) noexcept { m_stepping = enable; }
+    /// Whether arrow keys and wheel step the value; true at first.
     bool IsSteppingEnabled() const noexcept { return m_stepping; }
     /// How typed text is read, at first as far as it goes.
     void SetScanning(EScanning scanning) noexcept { m_scanning = scanning; }
+    /// How typed text is read.
     EScanning GetScanning() const noexcept { return m_scanning; }
     /// Whether the callback that asks is called for something the user has typed or stepped.
     bool ValidatingUserInput() const noexcept { return m_validatingUserInput; }
@@ -84,6 +93,7 @@ public:
     {
         m_validator.Set(MakeClosure(object, method));
     }
+    /// Whatever the user enters is accepted from now on.
     void ResetValidator() noexcept { m_validator.Reset(); }
     /// The member function that is called with each new value. The object is not owned.
     template<class TObject>
@@ -91,9 +101,12 @@ public:
     {
         m_notification.Set(MakeClosure(object, method));
     }
+    /// Nobody hears of changes from now on.
     void ResetChangeNotification() noexcept { m_notification.Reset(); }
 
+    /// The button, part of the edit, for the program to give it a view.
     CUpDown& GetSpinButton() noexcept { return m_spin; }
+    /// The pop-up of the button, part of the edit, for the program to give it a view.
     CStepSizeCtrl& GetStepSizeCtrl() noexcept { return m_stepSize; }
 
     void SetReadOnly(bool readOnly) override;
@@ -106,6 +119,7 @@ public:
     /// Reads the text of the window. @return false, with `value` unchanged, if it is no number, or for
     /// EScanning::Prefix, does not start with one
     virtual bool WindowTextToValue(T& value) const = 0;
+    /// The text that the field shows for a value.
     virtual CStr ValueToText(const T& value) const = 0;
     /// Takes what was typed and steps from there: from a value between two multiples of the step to a
     /// multiple, from a multiple to another one. 0 steps move a value between two multiples to one of them,

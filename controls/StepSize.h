@@ -11,13 +11,13 @@ class COMMONUI_API CStepSize
 public:
     /// What is kept of a number of a type: the powers of ten that it can stand for.
     struct SExponents {
-        int lowest = 0;
-        int highest = 0;
+        int lowest = 0;  ///< of the smallest step
+        int highest = 0; ///< of the largest step
     };
     /// A bound of the exponent: absolute, or counted from the power of ten of the value that is stepped.
     struct SLimit {
-        int exponent = 0;
-        bool relative = true;
+        int exponent = 0;     ///< a power of ten
+        bool relative = true; ///< whether it counts from the power of ten of the value
     };
 
     /// A step of 1. @param possible the exponents that the type of the value can hold; the step never leaves
@@ -39,9 +39,12 @@ public:
     double GetStep() const noexcept;
     /// In [1, 10).
     double GetMantissa() const noexcept { return m_mantissa; }
+    /// The power of ten; 0 at first.
     int GetExponent() const noexcept { return m_exponent; }
 
+    /// How small Change may make the step.
     SLimit lowest{-5, true};
+    /// How large Change may make the step.
     SLimit highest{5, true};
 
 private:

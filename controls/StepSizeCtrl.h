@@ -32,6 +32,7 @@ public:
     /// @param screen where, in pixels of the screen
     /// @param upper, lower where the buttons lie in the pop-up
     virtual void Place(const SRect& screen, const SRect& upper, const SRect& lower) = 0;
+    /// Takes the pop-up from the screen.
     virtual void Hide() = 0;
     /// The text that explains the buttons.
     virtual void SetToolTip(const CStr& text) = 0;
@@ -41,18 +42,23 @@ public:
 class COMMONUI_API CStepSizeBtn : public CWnd
 {
 public:
+    /// What a button does to the step.
     enum class EType {
         Larger = 0, ///< the upper half
         Smaller = 1 ///< the lower half
     };
 
+    /// @param owner not owned; it must outlive the button
     CStepSizeBtn(CStepSizeCtrl& owner, EType type);
     virtual ~CStepSizeBtn();
 
+    /// Which half this is.
     EType GetType() const noexcept { return m_type; }
     /// The user has pressed the button, which may be gone afterwards.
     void OnClicked();
+    /// Keeps the pop-up from sliding back.
     void OnPointerEntered();
+    /// The pop-up slides back after a while, unless the pointer enters it elsewhere.
     void OnPointerLeft();
 
 private:
@@ -91,6 +97,7 @@ public:
 
     /// From 0 when hidden to c_MaxSlideStep when fully out.
     int GetSlideStep() const noexcept { return m_step; }
+    /// One of the two buttons, for the view to tell what the user does.
     CStepSizeBtn& GetButton(CStepSizeBtn::EType type) { return m_buttons[static_cast<std::size_t>(type)]; }
 
 private:

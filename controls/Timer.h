@@ -15,6 +15,7 @@ public:
     CBaseTimer(const CBaseTimer&) = delete;
     CBaseTimer& operator=(const CBaseTimer&) = delete;
 
+    /// Whether ticks come; false at first.
     virtual bool IsRunning() const { return m_running; }
     /// Starts or stops the timer; nothing changes when it is in that state already.
     /// @return whether that was possible
@@ -40,6 +41,7 @@ public:
 protected:
     /// A stopped timer without callback.
     explicit CBaseTimer(unsigned int milliseconds);
+    /// Only for timers whose SetRunning has succeeded: changes what IsRunning returns, and nothing else.
     void StoreRunning(bool running) noexcept { m_running = running; }
     /// Calls the callback, if there is one. The timer may be gone afterwards.
     void Tick();

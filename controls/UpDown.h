@@ -20,6 +20,7 @@ public:
 
     /// Where the button lies, in pixels of the screen.
     virtual SRect GetScreenRect() const = 0;
+    /// Shows the button or takes it from the screen.
     virtual void SetVisible(bool visible) = 0;
     /// Shows whether the user can press the button. A view that cannot does nothing.
     virtual void SetEnabled(bool enabled);
@@ -49,16 +50,22 @@ public:
     /// Shows or hides the button, which is hidden at first. @param identifier the number of the button in its
     /// dialog
     void Show(unsigned int identifier, bool visible);
+    /// Whether the program wants it shown; there need be no view.
     bool IsVisible() const noexcept { return m_visible; }
     /// Whether the view lets the user press the button, as at first, and the pointer calls up the pop-up.
     void Enable(bool enable);
+    /// Whether the user can press the button.
     bool IsEnabled() const noexcept { return m_enabled; }
+    /// The number that Show was called with last; 0 before.
     unsigned int GetIdentifier() const noexcept { return m_identifier; }
+    /// Shows a text beside the button for a moment; does nothing without a view.
     void ShowHint(const CStr& text);
 
     /// The user has pressed an arrow. @param delta in steps, positive upwards
     void OnDeltaPos(int delta);
+    /// Calls up the pop-up, if there is one and the button is enabled.
     void OnPointerEntered();
+    /// The pop-up slides back after a while, unless the pointer enters it.
     void OnPointerLeft();
 
 private:

@@ -28,6 +28,7 @@ public:
     class COMMONUI_API CWatch
     {
     public:
+        /// @param window the control of which it tells
         explicit CWatch(const CWnd& window) noexcept
             : m_window(&window)
             , m_outer(window.m_watches)

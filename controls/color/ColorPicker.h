@@ -14,12 +14,14 @@ namespace CommonUI
 class COMMONUI_API CRecentColors : public CRecentList<SPaint>
 {
 public:
+    /// How many colours are kept.
     COMMONUI_CONSTANT std::size_t c_limit = 8;
 
     CRecentColors();
 
     /// @param key that of a list of texts in the current section; what is no colour is left out
     void Load(const CInifile& file, std::u16string_view key);
+    /// Writes the colours as a list of texts, the latest first, to the current section.
     void Save(CInifile& file, std::u16string_view key) const;
 };
 
@@ -32,13 +34,16 @@ public:
     explicit CColorPicker(CRecentColors* recent = nullptr);
     ~CColorPicker();
 
+    /// The colour, be it chosen or set.
     const SPaint& GetPaint() const noexcept { return m_paint; }
     /// Sets the colour for the program: the callback is not called, and it does not count as recent. Without
     /// opacity it covers its ground.
     void SetPaint(const SPaint& paint);
     /// Whether the user can choose how much the colour covers; at first not.
     void AllowOpacity(bool allow);
+    /// Whether the user can choose how much the colour covers.
     bool IsOpacityAllowed() const noexcept { return m_opacityAllowed; }
+    /// The colours chosen last: those of the list given, or of the picker's own.
     const CRecentColors& GetRecent() const noexcept { return *m_recent; }
 
     /// The user has chosen a colour. One that is there already is only noted as recent.

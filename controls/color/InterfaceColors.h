@@ -34,6 +34,7 @@ enum class EInterfaceColor {
     Warning,
     Success
 };
+/// How many colours there are; their numbers begin at 0.
 constexpr std::size_t c_interfaceColorCount = static_cast<std::size_t>(EInterfaceColor::Success) + 1;
 
 /// What the user has chosen: as the desktop, or one of the schemes.
@@ -42,14 +43,16 @@ enum class EInterfaceScheme { System = 0, Light = 1, Dark = 2, HighContrast = 3 
 /// System.
 COMMONUI_API const CEnum<EInterfaceScheme>& GetInterfaceSchemeEnum();
 
+/// A colour for each EInterfaceColor, by its number.
 using CInterfaceColorTable = std::array<SColor, c_interfaceColorCount>;
 
 /// A text or mark, a ground on which it is shown, and the contrast that the two have in every scheme.
 struct SInterfaceContrast {
-    EInterfaceColor mark;
-    EInterfaceColor ground;
-    double contrast;
+    EInterfaceColor mark;   ///< of the text or line
+    EInterfaceColor ground; ///< of what is behind it
+    double contrast;        ///< the least, as WCAG 2 defines it, from 1 to 21
 };
+/// Every pair that a scheme has to keep apart.
 COMMONUI_API std::span<const SInterfaceContrast> GetInterfaceContrasts();
 
 /// The colours of a scheme. Those of texts, links, frames and messages are computed so that they have the
@@ -71,13 +74,16 @@ public:
     CInterfaceColors(const CInterfaceColors&) = delete;
     CInterfaceColors& operator=(const CInterfaceColors&) = delete;
 
+    /// What the user has chosen; at first System.
     EInterfaceScheme GetChoice() const noexcept { return m_choice; }
+    /// Changes the colours at once, and tells it where any has become another one.
     void SetChoice(EInterfaceScheme choice);
     /// A colour of the application's own for selections, links and frames; empty for that of the desktop.
     void SetAccent(const std::optional<SColor>& accent);
 
     /// The scheme that is shown.
     EColorScheme GetScheme() const noexcept { return m_scheme; }
+    /// A colour of the scheme that is shown.
     const SColor& Get(EInterfaceColor role) const { return m_table[static_cast<std::size_t>(role)]; }
     /// Called after colours have changed.
     CMultiClosure0<void>& GetChanged() noexcept { return m_changed; }

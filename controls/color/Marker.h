@@ -29,11 +29,13 @@ COMMONUI_API const CEnum<EMarkerShape>& GetMarkerShapeEnum();
 
 /// A marker as the user chose it.
 struct SMarker {
+    /// The smallest `size`, in points.
     static constexpr int c_leastSize = 3;
+    /// The greatest `size`, in points.
     static constexpr int c_greatestSize = 32;
 
-    EMarkerShape shape = EMarkerShape::Circle;
-    SPaint paint{};
+    EMarkerShape shape = EMarkerShape::Circle; ///< None draws nothing
+    SPaint paint{};                            ///< of the outline, and of the area where that is filled
     int size = 8; ///< the edge of the square that it fills, in points, from c_leastSize to c_greatestSize
     bool filled = true; ///< shapes of mere strokes take no notice
 
@@ -42,14 +44,14 @@ struct SMarker {
 
 /// A point of a marker; the square that the marker fills is from -1 to 1 in both directions, y downwards.
 struct SMarkerPoint {
-    double x = 0;
-    double y = 0;
+    double x = 0; ///< to the right
+    double y = 0; ///< downwards
 };
 
 /// A part of a marker's outline.
 struct SMarkerPath {
-    std::vector<SMarkerPoint> points{};
-    bool closed = false;
+    std::vector<SMarkerPoint> points{}; ///< joined by straight strokes, in this order
+    bool closed = false;                ///< whether a stroke leads from the last point to the first
 };
 
 /// The outline of a shape, circles as polygons; empty for None.

@@ -15,14 +15,18 @@ public:
     explicit CMarkerPicker(CRecentColors* recent = nullptr);
     ~CMarkerPicker();
 
+    /// The marker, be it chosen or set.
     const SMarker& GetMarker() const noexcept { return m_marker; }
     /// Sets the marker for the program: the callback is not called. The size is clamped.
     void SetMarker(const SMarker& marker);
+    /// The part of the picker that chooses the colour; the picker has set its callback.
     CColorPicker& GetColorPicker() noexcept { return m_colors; }
 
+    /// The user has chosen a shape.
     void ChooseShape(EMarkerShape shape);
     /// Clamped to the sizes of SMarker.
     void ChooseSize(int size);
+    /// The user has chosen whether the shape is filled; kept for shapes that cannot be.
     void ChooseFilled(bool filled);
 
     /// Sets the member function that is called when the user has changed the marker. The object is not owned;

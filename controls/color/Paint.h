@@ -11,7 +11,7 @@ namespace CommonUI
 
 /// A colour that lets its ground show through, or does not.
 struct SPaint {
-    SColor color{};
+    SColor color{};             ///< of what covers
     std::uint8_t opacity = 255; ///< from 0, which is not seen, to 255, which covers its ground
 
     friend bool operator==(const SPaint&, const SPaint&) = default;

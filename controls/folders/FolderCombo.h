@@ -12,9 +12,11 @@ namespace CommonUI
 
 /// A line of the list of a folder combo.
 struct SFolderChoice {
+    /// Why a folder is in the list.
     enum class EKind { Recent, Parent, Root };
 
-    CStr path{};
+    CStr path{}; ///< in full
+    /// Recent ones come first, then the way down to the folder that is set, then the other roots.
     EKind kind = EKind::Recent;
     int depth = 0; ///< how many folders are above it; 0 for recent ones and roots
 
@@ -27,12 +29,16 @@ struct SFolderChoice {
 class COMMONUI_API CFolderCombo : public CWnd
 {
 public:
+    /// How many recent folders are kept.
     COMMONUI_CONSTANT std::size_t c_recentLimit = 10;
+    /// Full paths, the latest first.
     using CRecent = CRecentList<CStr>;
 
+    /// @param source whose folders are offered; not null
     explicit CFolderCombo(std::shared_ptr<const CFolderSource> source = GetSystemFolders());
     ~CFolderCombo();
 
+    /// The folder that was set last, or that the drive has confirmed; empty at first.
     const CStr& GetPath() const noexcept { return m_path; }
     /// Sets the folder for the program, without asking the drive. The callback is not called.
     void SetPath(const CStr& path);

@@ -17,17 +17,21 @@ class CListingInbox;
 class COMMONUI_API CFolderLister
 {
 public:
+    /// How many threads wait for one drive at the same time.
     COMMONUI_CONSTANT int c_threadsPerDrive = 4;
 
     using TRequest = std::uint64_t; ///< never 0
+    /// Receives an answer on the thread of the message loop.
     using FListed = std::function<void(const SFolderListing&)>;
 
+    /// @param source whose folders are listed; not null
     explicit CFolderLister(std::shared_ptr<const CFolderSource> source);
     /// Gives up all that is on its way, without waiting for it.
     ~CFolderLister();
     CFolderLister(const CFolderLister&) = delete;
     CFolderLister& operator=(const CFolderLister&) = delete;
 
+    /// What is asked.
     const CFolderSource& GetSource() const noexcept { return *m_source; }
 
     /// Asks for the folders in a folder and returns at once. The answer comes in a later message of the loop

@@ -19,6 +19,7 @@ class CFolderTree;
 class COMMONUI_API CFolderNode
 {
 public:
+    /// What is known of what is in the folder.
     enum class EState {
         Unread,  ///< nobody knows yet what is in it
         Reading, ///< the drive has been asked
@@ -27,16 +28,23 @@ public:
         Failed ///< it cannot be read: see GetError
     };
 
+    /// As it is shown: of a root its path; empty for the node above the roots.
     const CStr& GetName() const noexcept { return m_name; }
+    /// In full; empty for the node above the roots.
     const CStr& GetPath() const noexcept { return m_path; }
     /// Null for the node above the roots only.
     const CFolderNode* GetParent() const noexcept { return m_parent; }
+    /// How many folders in it are known; hidden ones count only while they are shown.
     std::size_t GetChildCount() const noexcept { return m_children.size(); }
+    /// @param index below the count; in the order of people
     const CFolderNode& GetChild(std::size_t index) const { return *m_children[index]; }
+    /// Its index in GetChild of its parent. Not for the node above the roots.
     std::size_t GetIndexInParent() const;
+    /// Changes when the folder is expanded or refreshed, and when its drive answers.
     EState GetState() const noexcept { return m_state; }
     /// One sentence for the user.
     const CStr& GetError() const noexcept { return m_error; }
+    /// Whether the user sees what is in it, or would if the folders above it were expanded.
     bool IsExpanded() const noexcept { return m_expanded; }
     /// Whether there is, or may be, something to expand.
     bool CanExpand() const noexcept { return m_state != EState::Read || !m_children.empty(); }
@@ -81,6 +89,7 @@ public:
     /// Milliseconds until a drive that does not answer counts as slow.
     COMMONUI_CONSTANT unsigned int c_slowTime = 500;
 
+    /// @param source whose folders are shown; not null
     explicit CFolderTree(std::shared_ptr<const CFolderSource> source = GetSystemFolders());
     ~CFolderTree();
 
@@ -98,6 +107,7 @@ public:
     void Refresh(const CFolderNode& node);
     /// At first hidden folders are not shown.
     void ShowHidden(bool show);
+    /// Whether hidden folders are shown.
     bool AreHiddenShown() const noexcept { return m_hiddenShown; }
 
     /// The user has selected a folder. Null for none.

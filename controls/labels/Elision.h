@@ -30,8 +30,8 @@ COMMONUI_API CStr ElideText(std::u16string_view text, double room, EElision elis
 /// What a label of a value says: "Root Mean Square Height: 35.2 nm".
 struct COMMONUI_API SValueText {
     CStr caption{}; ///< may be empty
-    CStr number{};
-    CStr unit{}; ///< may be empty
+    CStr number{};  ///< with its decimals, as it is shown
+    CStr unit{};    ///< may be empty
 
     /// All of it, with a colon behind the caption and a no-break space before the unit.
     CStr GetText() const;

@@ -13,9 +13,9 @@ using FMeasureFont = std::function<SSize(double)>;
 
 /// The sizes that a font may have.
 struct SFontRange {
-    double least = 6;
-    double greatest = 96;
-    double step = 0.5; ///< more than 0; sizes are whole steps above the least
+    double least = 6;     ///< in the unit of the measure
+    double greatest = 96; ///< in the unit of the measure
+    double step = 0.5;    ///< more than 0; sizes are whole steps above the least
 };
 
 /// The largest font in which a text has room; the least one where none does. It asks for about ten sizes.

@@ -13,9 +13,9 @@ namespace CommonUI
 
 /// An item of a list that the user puts in order.
 struct SListItem {
-    CStr key{};  ///< by which the program knows it; unique in the list
-    CStr text{}; ///< that is shown
-    bool checked = false;
+    CStr key{};           ///< by which the program knows it; unique in the list
+    CStr text{};          ///< that is shown
+    bool checked = false; ///< its box
 
     friend bool operator==(const SListItem&, const SListItem&) = default;
 };
@@ -29,6 +29,7 @@ struct SListItem {
 class COMMONUI_API CItemList
 {
 public:
+    /// Indices of items.
     using CIndices = std::vector<std::size_t>;
 
     CItemList();
@@ -38,6 +39,7 @@ public:
 
     /// Replaces all items; items selected before are so again when their keys are there.
     void SetItems(std::vector<SListItem> items);
+    /// In the order that the user has made.
     const std::vector<SListItem>& GetItems() const noexcept { return m_items; }
     /// Adds items behind the current one, or at the end, and selects them. Those whose keys are there already
     /// are left out.
@@ -46,7 +48,9 @@ public:
     /// Indices beyond the list are left out.
     /// @param current that of the keyboard; empty for none
     void Select(std::span<const std::size_t> indices, std::optional<std::size_t> current);
+    /// The selected items; empty for none.
     const CIndices& GetSelection() const noexcept { return m_selection; }
+    /// The item that the keyboard goes to, selected or not; empty for none.
     std::optional<std::size_t> GetCurrent() const noexcept { return m_current; }
 
     /// Whether some selected item has an item that is not selected above or below it.
@@ -58,6 +62,7 @@ public:
     /// items for the end
     /// @return whether any has moved
     bool MoveTo(std::size_t before);
+    /// Whether anything is selected.
     bool CanRemove() const noexcept { return !m_selection.empty(); }
     /// Removes what is selected and selects what has come into its place.
     void Remove();

@@ -12,6 +12,7 @@ template<class T>
 class CRecentList
 {
 public:
+    /// @param limit how many values are kept
     explicit CRecentList(std::size_t limit) noexcept
         : m_limit(limit)
     {
@@ -25,6 +26,7 @@ public:
         m_values.insert(m_values.begin(), std::move(copy));
         m_values.resize(std::min(m_values.size(), m_limit));
     }
+    /// Takes a value out of the list, if it is there.
     void Remove(const T& value) { std::erase(m_values, T(value)); }
     /// Replaces the values by others, which stand in their order, the latest first.
     void Set(std::vector<T> values)
@@ -33,6 +35,7 @@ public:
         for (auto value = values.rbegin(); value != values.rend(); ++value)
             Add(*value);
     }
+    /// The latest first.
     const std::vector<T>& GetAll() const noexcept { return m_values; }
 
 private:

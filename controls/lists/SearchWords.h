@@ -21,6 +21,7 @@ public:
         std::erase_if(m_words, [](const CStr& word) { return word.IsEmpty(); });
     }
 
+    /// Whether there are none, so that every text has all of them.
     bool IsEmpty() const noexcept { return m_words.empty(); }
     /// Whether a text in small letters has all of them somewhere; any has none.
     bool AreIn(std::u16string_view searched) const

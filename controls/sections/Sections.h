@@ -23,7 +23,9 @@ public:
     void Add(const CStr& name, bool expanded);
     /// A section that is not known is closed.
     bool IsExpanded(const CStr& name) const;
+    /// Opens or closes a section, and tells it. Nothing happens when it is so already, or is not known.
     void SetExpanded(const CStr& name, bool expanded);
+    /// Opens a closed section, and closes an open one.
     void Toggle(const CStr& name) { SetExpanded(name, !IsExpanded(name)); }
     /// Opens or closes all sections that have been added.
     void SetAllExpanded(bool expanded);

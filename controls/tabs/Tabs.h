@@ -13,9 +13,9 @@ namespace CommonUI
 
 /// A tab of a tab window.
 struct STab {
-    CStr key{};   ///< by which the program knows it; unique in the window
-    CStr title{}; ///< that is shown
-    bool closable = true;
+    CStr key{};           ///< by which the program knows it; unique in the window
+    CStr title{};         ///< that is shown
+    bool closable = true; ///< whether the user can close it
 
     friend bool operator==(const STab&, const STab&) = default;
 };
@@ -28,11 +28,14 @@ public:
     CTabs();
     ~CTabs();
 
+    /// From left to right.
     const std::vector<STab>& GetTabs() const noexcept { return m_tabs; }
+    /// The index of the tab of a key; empty where there is none.
     std::optional<std::size_t> Find(std::u16string_view key) const;
     /// Adds a tab at the end and brings it to the front if it is the first one. One whose key is there
     /// already takes that one's place in the order, with its new title.
     void Add(const STab& tab);
+    /// Renames a tab. A key that is not there changes nothing.
     void SetTitle(std::u16string_view key, const CStr& title);
 
     /// The index of the tab in front; empty when there are no tabs.
