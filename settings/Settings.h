@@ -27,6 +27,7 @@ public:
     CSettings& operator=(CSettings&& other) noexcept = default;
     ~CSettings() override;
 
+    /// Where the set comes from, as it was given; the content may have been changed since.
     SSettingsEntry GetEntryInfo() const { return m_entry; }
     /// Replaces the entry. The content and the file name stay: saving through the factory goes by the entry.
     void SetEntryInfo(SSettingsEntry entry);

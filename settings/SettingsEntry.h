@@ -24,12 +24,12 @@ struct COMMONUI_API SSettingsEntry {
     /// Compares the identifier.
     bool operator==(int id) const noexcept { return m_ID == id; }
 
-    std::int32_t m_ID = s_InvalidID; ///< within the factory that gave it; never stored
-    CStr m_Name;                     ///< shown to the user
-    bool m_IsFile = false;           ///< whether the set lives in a file
-    ESettingType m_Type = ESettingType::Unknown;
-    CStr m_File;                 ///< full path; empty for a built-in set
-    EBuiltInSetting m_BuiltIn{}; ///< means nothing when the set lives in a file
+    std::int32_t m_ID = s_InvalidID;             ///< within the factory that gave it; never stored
+    CStr m_Name;                                 ///< shown to the user
+    bool m_IsFile = false;                       ///< whether the set lives in a file
+    ESettingType m_Type = ESettingType::Unknown; ///< the kind of tool that the set is for
+    CStr m_File;                                 ///< full path; empty for a built-in set
+    EBuiltInSetting m_BuiltIn{};                 ///< means nothing when the set lives in a file
 };
 
 } // namespace CommonUI

@@ -229,9 +229,9 @@ constexpr bool IsBuiltInSetting(int number) noexcept
 
 /// Sets that belong together in a menu: all numbers from the first to the last, for one kind of tool.
 struct SBuiltInSettingGroup {
-    ESettingType type = ESettingType::Unknown;
-    int first = 0;
-    int last = 0;
+    ESettingType type = ESettingType::Unknown; ///< of all sets of the group
+    int first = 0;                             ///< number of an EBuiltInSetting
+    int last = 0;                              ///< likewise; it belongs to the group
     /// The heading's text in the string table; 0 where the sets of a type stand without one.
     int headingId = 0;
 };

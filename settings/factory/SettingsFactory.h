@@ -42,14 +42,16 @@ public:
 
     /// What a user specification names.
     struct SParseInfo {
+        /// The `kind` of a file.
         static constexpr std::int32_t c_file = 1;
+        /// The `kind` of a set by its identifier.
         static constexpr std::int32_t c_identifier = 2;
 
-        std::int32_t kind = 0; ///< c_file or c_identifier; 0 when the selector is neither
-        CStr typeText{};       ///< what stands before the bracket
-        ESettingType type = ESettingType::Unknown;
-        std::vector<SSettingsEntry> entries{}; ///< none when nothing has the identifier
-        CStr error{};                          ///< what to tell the user when the user specification is wrong
+        std::int32_t kind = 0;                     ///< c_file or c_identifier; 0 when the selector is neither
+        CStr typeText{};                           ///< what stands before the bracket
+        ESettingType type = ESettingType::Unknown; ///< that the text names; Unknown where it names none
+        std::vector<SSettingsEntry> entries{};     ///< none when nothing has the identifier
+        CStr error{}; ///< what to tell the user when the user specification is wrong
     };
 
     /// Where a type's files lie, and which they are.
@@ -139,8 +141,11 @@ protected:
     /// Each appends the heading of one category with its sets, or nothing when there are none. The result is
     /// false when the category does not have sets of the type; there are no examples of any.
     bool AddRecentItems(ESettingType type, std::vector<CTree>& trees) const;
+    /// See AddRecentItems. Searches the user's folder.
     bool AddCustomItems(ESettingType type, std::vector<CTree>& trees);
+    /// See AddRecentItems. The sets are those of the catalogue.
     static bool AddQuickLaunchItems(ESettingType type, std::vector<CTree>& trees);
+    /// See AddRecentItems. Appends nothing.
     static bool AddExampleItems(ESettingType type, std::vector<CTree>& trees);
 
     /// Makes an entry the most recent one of its type.
@@ -152,6 +157,7 @@ protected:
     bool NewDynamicItem(SSettingsEntry& entry, bool addToRecent);
     /// Makes a set from the catalogue.
     CSettings GenerateSettings(EBuiltInSetting setting, bool addToRecent);
+    /// An identifier that this factory has not given yet.
     unsigned GetNewID() noexcept { return m_nextID++; }
 
     /// What the file dialogs offer for a type. Report templates can be opened, but not saved.

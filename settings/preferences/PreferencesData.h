@@ -66,13 +66,16 @@ public:
 
     /// From the start Automatic.
     E3DAccelerationMode Get3DAccelerationMode() const noexcept { return m_accelerationMode; }
+    /// Sets the modified flag, also where nothing changes.
     void Set3DAccelerationMode(E3DAccelerationMode mode) noexcept;
     /// The time in seconds that one preview frame of a three-dimensional view should take, from the start
     /// 0.05. Finite, but in no range: who draws decides what is sensible.
     double Get3DPreviewTargetTime() const noexcept { return m_previewTargetTime; }
+    /// Sets the modified flag, also where nothing changes. @param seconds finite
     void Set3DPreviewTargetTime(double seconds) noexcept;
     /// From the start Period.
     EDecimalSeparator GetDecimalSeparator() const noexcept { return m_decimalSeparator; }
+    /// Sets the modified flag, also where nothing changes.
     void SetDecimalSeparator(EDecimalSeparator separator) noexcept;
 
     /// The answer to a question that the user asked not to be shown again.

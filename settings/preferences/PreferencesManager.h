@@ -14,6 +14,7 @@ class COMMONUI_API CPreferencesManager : public CBaseViewManager
 public:
     /// The preferences, at the same place as long as the manager lives.
     CPreferencesData& GetData() noexcept { return m_data; }
+    /// The preferences, to be read.
     const CPreferencesData& GetData() const noexcept { return m_data; }
 
     bool Load(CInifile& ini) override;

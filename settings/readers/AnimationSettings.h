@@ -20,8 +20,8 @@ struct SAnimationView {
 
 /// A view that the camera passes.
 struct SAnimationKeyFrame {
-    double position = 0; ///< in the animation, 0 at its beginning to 1 at its end
-    SAnimationView view{};
+    double position = 0;   ///< in the animation, 0 at its beginning to 1 at its end
+    SAnimationView view{}; ///< where the camera is then
 
     friend bool operator==(const SAnimationKeyFrame&, const SAnimationKeyFrame&) = default;
 };

@@ -23,7 +23,7 @@ COMMONUI_API const CEnum<EBatchOperation>& GetBatchOperationEnum();
 
 /// A step of a batch sequence. What the operation does not need keeps its default.
 struct SBatchStep {
-    EBatchOperation operation = EBatchOperation::Apply;
+    EBatchOperation operation = EBatchOperation::Apply; ///< decides which of the others count
     /// Of the set that is applied: any but Unknown and Batch. Sequences do not run each other, so none can
     /// come back to itself.
     ESettingType type = ESettingType::Unknown;
@@ -41,7 +41,7 @@ struct COMMONUI_API SBatchSequenceSettings {
     /// The most steps that a stored sequence may have.
     COMMONUI_CONSTANT std::size_t c_mostSteps = 256;
 
-    std::vector<SBatchStep> steps{};
+    std::vector<SBatchStep> steps{}; ///< in the order in which they are done
 
     /// Reads the section "Batch" of a set, which replaces this sequence. No file that a step names is opened.
     /// @return false, with the reason in the diagnostics and this sequence unchanged, for an unusable set

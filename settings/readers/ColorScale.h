@@ -24,7 +24,7 @@ COMMONUI_API const CEnum<EColorInterpolation>& GetColorInterpolationEnum();
 /// A colour and where it stands in its scale.
 struct SColorStop {
     double position = 0; ///< 0 for the lowest values that are shown, 1 for the highest
-    SColor color{};
+    SColor color{};      ///< of values at the position
 
     friend bool operator==(const SColorStop&, const SColorStop&) = default;
 };
@@ -34,7 +34,7 @@ struct COMMONUI_API SColorScale {
     /// The most stops that a stored scale may have.
     COMMONUI_CONSTANT std::size_t c_mostStops = 256;
 
-    EColorInterpolation interpolation = EColorInterpolation::Smooth;
+    EColorInterpolation interpolation = EColorInterpolation::Smooth; ///< of values between two stops
     /// In ascending order of their positions; of two at one position the first counts below it and the second
     /// from it on, which makes a sharp edge. Beyond the first and the last stop their colours go on.
     std::vector<SColorStop> stops = {{0, {0, 0, 0}}, {1, {255, 255, 255}}};

@@ -64,21 +64,26 @@ enum class ECutoffRule : int {
 
 /// The enumerations, in the order of selection lists.
 COMMONUI_API const CEnum<EFilterKind>& GetFilterKindEnum();
+/// How kernels lie, with the names under which that is stored.
 COMMONUI_API const CEnum<EFilterApplication>& GetFilterApplicationEnum();
+/// Which points a median replaces, with the names under which that is stored.
 COMMONUI_API const CEnum<EFilterStrength>& GetFilterStrengthEnum();
+/// To which side something stands out, with the names under which that is stored.
 COMMONUI_API const CEnum<EFilterPolarity>& GetFilterPolarityEnum();
+/// Which waves a filter keeps, with the names under which that is stored.
 COMMONUI_API const CEnum<Analysis::EPass>& GetFilterPassEnum();
 /// The names for the cut-off of the areal filter, or of the profile filter for every other kind.
 COMMONUI_API const CEnum<ENestingIndex>& GetNestingIndexEnum(EFilterKind kind);
+/// Where cut-offs come from, with the names under which that is stored.
 COMMONUI_API const CEnum<ECutoffRule>& GetCutoffRuleEnum();
 
 /// The cut-off of a Gaussian filter: the wavelength of which it lets half the amplitude pass.
 struct COMMONUI_API SFilterCutoff {
-    ENestingIndex nestingIndex = ENestingIndex::LambdaC;
-    Analysis::EPass pass = Analysis::EPass::High;
-    ECutoffRule rule = ECutoffRule::Length;
-    double length = 0;   ///< in metres, above 0; 0 under another rule
-    double fraction = 0; ///< above 0, at most 1; 0 under another rule
+    ENestingIndex nestingIndex = ENestingIndex::LambdaC; ///< what the cut-off is called; computes nothing
+    Analysis::EPass pass = Analysis::EPass::High;        ///< which waves are kept
+    ECutoffRule rule = ECutoffRule::Length;              ///< where the length comes from
+    double length = 0;                                   ///< in metres, above 0; 0 under another rule
+    double fraction = 0;                                 ///< above 0, at most 1; 0 under another rule
 
     bool operator==(const SFilterCutoff& other) const = default;
 
@@ -91,13 +96,13 @@ struct COMMONUI_API SFilterCutoff {
 /// What a set of the type Filter holds. Which members a kind uses is told beside them; the others keep their
 /// defaults. The stored form is described in docs/filter-settings.md.
 struct COMMONUI_API SFilterSettings {
-    EFilterKind kind = EFilterKind::Median;
+    EFilterKind kind = EFilterKind::Median; ///< decides which of the others count
 
     /// The kernel of Median, Mean, Gauss, Convolution and Spikes, in points: odd numbers from 1 to 255.
     /// A kernel over an image has at least 5 points if there is a threshold.
     EFilterApplication application = EFilterApplication::Image;
-    int rows = 1;
-    int columns = 1;
+    int rows = 1;    ///< points of the kernel from top to bottom
+    int columns = 1; ///< points of the kernel from left to right
 
     EFilterStrength strength = EFilterStrength::Full; ///< of Median
     /// Of a weak Median, of Spikes and of Streaks: how far a point has to stand out, above 0, at most 1000.

@@ -11,6 +11,7 @@ namespace CommonUI
 
 /// The kinds of grains and of thresholds, with the names under which they are stored.
 COMMONUI_API const CEnum<Analysis::EGrainKind>& GetGrainKindEnum();
+/// See GetGrainKindEnum.
 COMMONUI_API const CEnum<Analysis::EGrainThreshold>& GetGrainThresholdEnum();
 
 /// What the particle and pore analysis looks for. The stored form, and how a threshold is found in a surface,
@@ -18,8 +19,9 @@ COMMONUI_API const CEnum<Analysis::EGrainThreshold>& GetGrainThresholdEnum();
 /// here are those of reading; the thresholds that users are offered are in
 /// catalogue/BuiltInGrainThresholds.cpp.
 struct COMMONUI_API SGrainThresholdSettings {
+    /// Whether grains stand above the threshold or lie below it.
     Analysis::EGrainKind kind = Analysis::EGrainKind::Particle;
-    Analysis::EGrainThreshold threshold = Analysis::EGrainThreshold::Relative;
+    Analysis::EGrainThreshold threshold = Analysis::EGrainThreshold::Relative; ///< what `value` means
     /// Absolute: in m. Relative and Percentile: 0 to 100 percent. Otsu: means nothing.
     double value = 50;
     double minimumArea = 0;        ///< in m²; smaller grains are left out

@@ -12,12 +12,14 @@ class CInifile;
 /// The scopes and methods of corrections, in the order of selection lists. For an unknown key the values are
 /// Global and Polynomial.
 COMMONUI_API const CEnum<Analysis::ECorrectionScope>& GetPlaneCorrectionScopeEnum();
+/// See GetPlaneCorrectionScopeEnum.
 COMMONUI_API const CEnum<Analysis::ECorrectionMethod>& GetPlaneCorrectionMethodEnum();
 
 /// What a set of the type PlaneCorr holds. The stored form is described in docs/plane-correction-settings.md.
 struct COMMONUI_API SPlaneCorrectionSettings {
+    /// To what a form is fitted at a time.
     Analysis::ECorrectionScope scope = Analysis::ECorrectionScope::Global;
-    Analysis::ECorrectionMethod method = Analysis::ECorrectionMethod::Polynomial;
+    Analysis::ECorrectionMethod method = Analysis::ECorrectionMethod::Polynomial; ///< what is taken off
     /// Of the polynomial: 1 to 9, or 1 to 2 of the step wizard's. The other methods have none and leave it 1.
     int order = 1;
 

@@ -14,6 +14,7 @@ namespace CommonUI
 /// The kind of document that a report becomes.
 enum class EReportFormat { Doc = 0, HTML = 1 };
 
+/// How the pages lie.
 enum class EReportOrientation { Portrait = 0, Landscape = 1 };
 
 /// What one document of the report is about.
@@ -50,8 +51,11 @@ enum class EReportBlock {
 
 /// The kinds, with the names under which they are stored.
 COMMONUI_API const CEnum<EReportFormat>& GetReportFormatEnum();
+/// The orientations, with the names under which they are stored.
 COMMONUI_API const CEnum<EReportOrientation>& GetReportOrientationEnum();
+/// What documents are about, with the names under which that is stored.
 COMMONUI_API const CEnum<EReportScope>& GetReportScopeEnum();
+/// The blocks, with the names under which they are stored.
 COMMONUI_API const CEnum<EReportBlock>& GetReportBlockEnum();
 
 /// Which blocks a report has and how they are laid out. The stored form is described in
@@ -61,9 +65,9 @@ struct COMMONUI_API SReportTemplateSettings {
     /// The most blocks that a stored template may have.
     COMMONUI_CONSTANT std::size_t c_mostBlocks = 64;
 
-    EReportFormat format = EReportFormat::HTML;
-    EReportOrientation orientation = EReportOrientation::Portrait;
-    EReportScope scope = EReportScope::Single;
+    EReportFormat format = EReportFormat::HTML;                    ///< of the document
+    EReportOrientation orientation = EReportOrientation::Portrait; ///< of its pages
+    EReportScope scope = EReportScope::Single;                     ///< one document for what
     int columns = 1;    ///< in which pictures stand side by side, 1 to 4; tables take the whole width
     double margin = 20; ///< of the page, in mm, 0 to 100
     CStr title{};       ///< of the title block; empty for the name of the measurement
