@@ -31,6 +31,7 @@ class COMMONUI_API CGLStack
 public:
     /// One record. It has virtual functions for the sake of its type information only.
     struct SStackOperation {
+        /// @param kind whose derived record this is
         constexpr explicit SStackOperation(EStackOperation kind) noexcept
             : operation(kind)
         {
@@ -39,13 +40,16 @@ public:
         SStackOperation(const SStackOperation&) = delete;
         SStackOperation& operator=(const SStackOperation&) = delete;
 
+        /// What was changed, and so what a pop puts back.
         const EStackOperation operation;
     };
 
     /// Deletes a record, unless it is the one that all stacks share for its kind.
     struct COMMONUI_API SDelete {
+        /// Does nothing for a record that all stacks share.
         void operator()(const SStackOperation* record) const noexcept;
     };
+    /// A record that its stack owns, or that all stacks share.
     using TRecord = std::unique_ptr<const SStackOperation, SDelete>;
 
     CGLStack() noexcept = default;

@@ -32,9 +32,11 @@ COMMONUI_API void SetupProjectionMatrix(bool orthographic, double fieldOfView, d
 /// @param w divides x and y
 /// @return false when OpenGL complained; the error is reported as OpenGLErrorMsg does
 COMMONUI_API bool PixelPos4d(double x, double y, double z, double w);
+/// As PixelPos4d, for numbers of single precision.
 COMMONUI_API bool PixelPos4f(float x, float y, float z, float w);
 /// The same in front of everything, with z = 0 and w = 1.
 COMMONUI_API bool PixelPos2d(double x, double y);
+/// As PixelPos2d, for numbers of single precision.
 COMMONUI_API bool PixelPos2f(float x, float y);
 
 /// Transforms a point by an affine matrix.

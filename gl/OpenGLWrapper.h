@@ -35,6 +35,7 @@ public:
     /// Null unless CheckExtensions has found the extension. Owned by the wrapper; the next CheckExtensions
     /// may delete it.
     CWGL_ARB_pixel_format* GetWGL_ARB_pixel_format() const noexcept { return m_pixelFormat.get(); }
+    /// As GetWGL_ARB_pixel_format, for off-screen buffers.
     CWGL_ARB_pbuffer* GetWGL_ARB_pbuffer() const noexcept { return m_pbuffer.get(); }
 
     /// OpenGLErrorMsg for contexts that may break. When another error is pending right after one was

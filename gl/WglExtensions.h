@@ -32,6 +32,7 @@ public:
     /// Whether OpenGL or the window system lists an extension. A longer name that contains it counts.
     bool IsSupported(HDC hdc, const char* name) const;
 
+    /// The names of the extensions of a device context; see GetExtensions. Null when it is missing.
     const char*(COMMONUI_WGL_CALL* wglGetExtensionsStringARB)(HDC hdc) = nullptr;
 };
 
@@ -43,10 +44,13 @@ public:
     /// @return whether all of them are there
     bool Load(HDC hdc);
 
+    /// Reads attributes of a pixel format as integers. @return 0 on failure. Null when it is missing.
     int(COMMONUI_WGL_CALL* wglGetPixelFormatAttribivARB)(HDC hdc, int format, int layer, unsigned int count,
                                                          const int* attributes, int* values) = nullptr;
+    /// The same as real numbers.
     int(COMMONUI_WGL_CALL* wglGetPixelFormatAttribfvARB)(HDC hdc, int format, int layer, unsigned int count,
                                                          const int* attributes, float* values) = nullptr;
+    /// Finds pixel formats by attributes, the best first. @return 0 on failure. Null when it is missing.
     int(COMMONUI_WGL_CALL* wglChoosePixelFormatARB)(HDC hdc, const int* integerAttributes,
                                                     const float* realAttributes, unsigned int capacity,
                                                     int* formats, unsigned int* count) = nullptr;
@@ -60,11 +64,16 @@ public:
     /// @return whether all of them are there
     bool Load(HDC hdc);
 
+    /// Makes an off-screen buffer. @return null on failure. Null when it is missing.
     HPBUFFERARB(COMMONUI_WGL_CALL* wglCreatePbufferARB)
     (HDC hdc, int format, int width, int height, const int* attributes) = nullptr;
+    /// The device context of a buffer, to be given back. @return null on failure. Null when it is missing.
     HDC(COMMONUI_WGL_CALL* wglGetPbufferDCARB)(HPBUFFERARB buffer) = nullptr;
+    /// Gives back the device context of a buffer. @return 0 on failure. Null when it is missing.
     int(COMMONUI_WGL_CALL* wglReleasePbufferDCARB)(HPBUFFERARB buffer, HDC hdc) = nullptr;
+    /// Destroys a buffer. @return 0 on failure. Null when it is missing.
     int(COMMONUI_WGL_CALL* wglDestroyPbufferARB)(HPBUFFERARB buffer) = nullptr;
+    /// Reads an attribute of a buffer. @return 0 on failure. Null when it is missing.
     int(COMMONUI_WGL_CALL* wglQueryPbufferARB)(HPBUFFERARB buffer, int attribute, int* value) = nullptr;
 };
 
