@@ -16,7 +16,9 @@ public:
     CGridButtonItem(const char16_t* text, unsigned int id, unsigned int imageId);
     ~CGridButtonItem() override;
 
+    /// The number by which callbacks tell buttons apart: the item's id.
     unsigned int GetCommandId() const noexcept { return static_cast<unsigned int>(GetId()); }
+    /// The application's number of the picture; SGridButton::c_noImage for none.
     unsigned int GetImageId() const noexcept { return m_imageId; }
 
     /// Sets the member function that a click calls. The object is not owned; the function may remove the item

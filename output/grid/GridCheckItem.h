@@ -14,6 +14,7 @@ public:
     CGridCheckItem(int state, unsigned long data);
     ~CGridCheckItem() override;
 
+    /// Whether the check box is hidden in a row that has no rows below it.
     bool IsAutoHide() const noexcept { return m_autoHide; }
     /// An item that hides has its check box only in rows with rows below them.
     void SetAutoHide(bool autoHide);

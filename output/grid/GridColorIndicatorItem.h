@@ -21,8 +21,11 @@ public:
 
     /// Both are black from the start.
     SColor GetOutlineColor() const noexcept { return m_outline; }
+    /// The inside of the square.
     SColor GetFillColor() const noexcept { return m_fill; }
+    /// The line around the square, one pixel wide. Draws the item anew.
     void SetOutlineColor(SColor color);
+    /// The inside of the square. Draws the item anew.
     void SetFillColor(SColor color);
 
     /// The colour in a cell: a square at the left, as high as the cell without its margins.

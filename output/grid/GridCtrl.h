@@ -18,33 +18,41 @@ namespace CommonUI
 class COMMONUI_API CGridCtrl : public CGridPane
 {
 public:
+    /// A column to be added.
     struct SColumn {
-        CStr header{};
+        CStr header{};   ///< one line, which a screen reader says, too; empty for none
         int width = 100; ///< in pixels; the user may change it
     };
 
     CGridCtrl();
     ~CGridCtrl() override;
 
+    /// Appends a column. Items that rows already have at its place are shown from now on.
     void AddColumn(const SColumn& column);
     /// Appends a row. The grid owns it until it is removed.
     CGridRow& AddRow();
     /// Destroys a row of this grid and those below it.
     void RemoveRow(CGridRow& row);
+    /// Destroys all rows; the columns stay. An open editor is closed without taking over its text.
     void RemoveAllRows();
+    /// The rows at the top; each has those below it.
     const std::vector<std::unique_ptr<CGridRow>>& GetRows() const noexcept { return m_rows; }
     /// The rows that are shown, from top to bottom: those at the top and those below expanded ones.
     const std::vector<CGridRow*>& GetShownRows() const noexcept { return m_shown; }
     /// The item of a shown cell; null where there is none.
     std::shared_ptr<CGridItem> GetItem(SGridCell cell) const;
+    /// The item of the cell that keys go to; null where there is none.
     std::shared_ptr<CGridItem> GetFocusItem() const { return GetItem(GetSelection().GetFocus()); }
 
     /// Whether the user can change nothing. Buttons of their own, which run a command, still do.
     bool IsReadOnly() const noexcept { return m_readOnly; }
+    /// Making it read-only closes an open editor without taking over its text.
     void SetReadOnly(bool readOnly);
+    /// Whether the item is in a shown cell that is selected.
     bool IsSelected(const CGridItem& item) const;
     /// Where an item lies in the view, which is what it draws in; empty when its row is not shown.
     SRect GetItemRect(const CGridItem& item) const;
+    /// Asks the view to draw an item soon; does nothing for one that is not shown.
     void RedrawItem(const CGridItem& item) const;
 
     /// Sets the member function that is called after the user has changed an item, with the item and its id.
@@ -60,6 +68,7 @@ public:
     /// Opens the editor of the item that has the focus. @return false when it has none, or cannot be changed
     /// @param typed what goes into the editor in place of the value
     bool BeginEdit(const CStr& typed = {});
+    /// Whether an editor is open.
     bool IsEditing() const noexcept { return m_editing; }
 
     void SetView(CGridView* view) override;

@@ -10,6 +10,7 @@ namespace CommonUI
 class COMMONUI_API CGridDblSpinItem : public CGridItem
 {
 public:
+    /// An R8 without arrows.
     explicit CGridDblSpinItem(double value);
     ~CGridDblSpinItem() override;
 

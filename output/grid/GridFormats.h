@@ -18,6 +18,7 @@ public:
     /// @param format for one argument: the number of an R8 (5), the text of a String (8); see FormatText for
     ///     what becomes of a conversion that does not fit
     void Set(int type, const CStr& format);
+    /// Whether no type has a format, so that every text stands as it is.
     bool IsEmpty() const noexcept { return m_formats.empty(); }
 
     /// `text` where the value's type has no format; otherwise the format applied to the number of an R8 or

@@ -25,6 +25,7 @@ class CGridRow;
 class COMMONUI_API CGridItem : public std::enable_shared_from_this<CGridItem>
 {
 public:
+    /// What an item may do and shows; each is set and asked for alone.
     enum EFlag : unsigned int {
         ReadOnly = 0x01,   ///< the user cannot change the value
         HasButton = 0x02,  ///< a button at the right opens a set-up
@@ -40,34 +41,47 @@ public:
     CGridItem(const CGridItem&) = delete;
     CGridItem& operator=(const CGridItem&) = delete;
 
+    /// What is shown and edited; what is being typed into an editor is not in it yet.
     const CGridValue& GetValue() const noexcept { return m_value; }
     /// Replaces the value, whatever its type, without telling the grid's listener.
     void SetValue(const CGridValue& value, bool redraw = true);
+    /// Whatever the application keeps with the item; 0 unless given. The library makes no use of it.
     unsigned long GetData() const noexcept { return m_data; }
+    /// Changes what GetData returns, and nothing else.
     void SetData(unsigned long data) noexcept { m_data = data; }
     /// The number by which listeners tell items apart; 0 from the start.
     int GetId() const noexcept { return m_id; }
+    /// The grid does not care whether an id is unique.
     void SetId(int id) noexcept { m_id = id; }
+    /// What a text must be that is typed into the cell; given at construction.
     const SGridEditRules& GetEditRules() const noexcept { return m_rules; }
     /// What a list offers; used with HasOptions.
     const std::vector<CStr>& GetOptions() const noexcept { return m_options; }
+    /// Offered while the flag HasOptions is set. The value stays as it is.
     void SetOptions(const std::vector<CStr>& options) { m_options = options; }
     /// The range of the arrows; used with HasSpin.
     int GetMinimum() const noexcept { return m_minimum; }
+    /// The other end of that range; both are 0 until a derived item sets them.
     int GetMaximum() const noexcept { return m_maximum; }
 
+    /// Whether the item has the flag itself; ReadOnly is not set by the grid being read-only.
     bool HasFlag(EFlag flag) const noexcept { return (m_flags & flag) != 0; }
+    /// Sets or clears a flag and asks for the item to be drawn.
     void SetFlag(EFlag flag, bool set = true);
+    /// Whether the item is neither greyed nor deaf to clicks: it has no flag Disabled.
     bool IsEnabled() const noexcept { return !HasFlag(Disabled); }
     /// Whether the user has changed the item since the flag was last cleared.
     bool IsChanged() const noexcept { return m_changed; }
+    /// Marks the item as changed, or as unchanged once its value has been taken over. Draws nothing.
     void SetChanged(bool changed = true) noexcept { m_changed = changed; }
+    /// Whether the item is drawn pressed, as it is while its closure runs.
     bool IsButtonPressed() const noexcept { return m_pressed; }
     /// Whether the user can change the item: it is in a grid, and neither is read-only or disabled.
     bool CanChange() const noexcept;
 
     /// The row and the grid that the item is in; null when it is in none.
     CGridRow* GetRow() const noexcept { return m_row; }
+    /// The grid of that row; null when the item is in none.
     CGridCtrl* GetGrid() const noexcept;
     /// Asks for the item to be drawn, if it is in a grid.
     void Redraw() const;
@@ -99,9 +113,11 @@ public:
 
     /// Where the text lies, and the button at the right; empty without one.
     virtual SRect GetTextRect(const SRect& rect) const;
+    /// A square at the right end of the cell, two for arrows; empty when no flag gives the item a button.
     SRect GetButtonRect(const SRect& rect) const;
 
 protected:
+    /// Fills the rectangle as that of a selected cell where the item is one, else as that of a plain one.
     void DrawBackground(CGridPainter& painter, const SRect& rect) const;
     /// The text and the button at the right.
     void DrawContents(CGridPainter& painter, const SRect& rect) const;
@@ -109,6 +125,7 @@ protected:
     EGridColor GetColor() const;
     /// Tells the grid's listener that the user has changed the item, marks it as changed and redraws it.
     void ReportChange();
+    /// Sets the range of the arrows; a reversed one is exchanged. The value stays as it is.
     void SetRange(int minimum, int maximum) noexcept;
     /// Shows the item pressed and calls the closure with it, then shows it released. The closure may throw,
     /// and remove the item.
@@ -124,6 +141,7 @@ protected:
         if (takeFocus)
             pressed.TakeFocus();
     }
+    /// Whether the item's cell is shown and belongs to the selection of the grid.
     bool IsSelected() const;
 
 private:

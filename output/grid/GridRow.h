@@ -15,11 +15,13 @@ namespace CommonUI
 class COMMONUI_API CGridRow
 {
 public:
+    /// Rows are made by CGridCtrl::AddRow and AddSubRow. @param parent null for a row at the top
     CGridRow(CGridCtrl& grid, CGridRow* parent);
     ~CGridRow();
     CGridRow(const CGridRow&) = delete;
     CGridRow& operator=(const CGridRow&) = delete;
 
+    /// The grid that owns the row; never null.
     CGridCtrl* GetGrid() const noexcept { return &m_grid; }
     /// The row that this one is below; null for one at the top.
     CGridRow* GetParent() const noexcept { return m_parent; }
@@ -29,6 +31,7 @@ public:
     /// Puts an item into the next column, or into that column in place of the one there. An item that is in
     /// another place leaves it.
     void Add(const std::shared_ptr<CGridItem>& item) { Set(m_items.size(), item); }
+    /// Columns between the last item and this one stay empty; a null item empties the column.
     void Set(std::size_t column, const std::shared_ptr<CGridItem>& item);
     /// Makes an item for the next column.
     template<class TItem, class... TArgs>
@@ -45,9 +48,13 @@ public:
 
     /// Appends a row below this one. The grid owns it until it is removed.
     CGridRow& AddSubRow();
+    /// Whether there are rows below this one, be they shown or not.
     bool HasSubRows() const noexcept { return !m_subRows.empty(); }
+    /// The rows below this one, from top to bottom, without those below them.
     const std::vector<std::unique_ptr<CGridRow>>& GetSubRows() const noexcept { return m_subRows; }
+    /// Whether the rows below this one are shown where this one is; true from the start.
     bool IsExpanded() const noexcept { return m_expanded; }
+    /// Shows or hides the rows below this one. A focus among those that are hidden moves up to this row.
     void SetExpanded(bool expanded);
 
 private:

@@ -9,19 +9,20 @@ namespace CommonUI
 
 /// The place of a cell, counted from the first row below the headers and the first column.
 struct SGridCell {
-    std::size_t row = 0;
-    std::size_t column = 0;
+    std::size_t row = 0;    ///< from the top
+    std::size_t column = 0; ///< from the left
 
     friend bool operator==(const SGridCell&, const SGridCell&) = default;
 };
 
 /// A rectangle of cells, both ends included.
 struct SGridRange {
-    std::size_t firstRow;
-    std::size_t lastRow;
-    std::size_t firstColumn;
-    std::size_t lastColumn;
+    std::size_t firstRow;    ///< the one at the top
+    std::size_t lastRow;     ///< the one at the bottom
+    std::size_t firstColumn; ///< the leftmost
+    std::size_t lastColumn;  ///< the rightmost
 
+    /// Whether a cell lies within, ends included.
     bool Contains(SGridCell cell) const noexcept
     {
         return cell.row >= firstRow && cell.row <= lastRow && cell.column >= firstColumn &&
@@ -35,13 +36,14 @@ enum class EGridKey { Left, Right, Up, Down, Home, End, PageUp, PageDown, Space,
 
 /// The keys that are held down with a key or a mouse button.
 struct SGridModifiers {
-    bool shift = false;
-    bool control = false;
+    bool shift = false;   ///< extends the selection
+    bool control = false; ///< goes to the ends of the table
 };
 
+/// A key that has been pressed.
 struct SGridKey {
-    EGridKey key = EGridKey::Enter;
-    SGridModifiers modifiers{};
+    EGridKey key = EGridKey::Enter; ///< the key itself
+    SGridModifiers modifiers{};     ///< what is held down with it
 };
 
 /// What is selected in a table of any size, and the cell that keys go to. Takes the same time for every size.
@@ -56,25 +58,31 @@ public:
     /// Rows are selected as a whole, whatever selects.
     void SetWholeRows(bool whole) noexcept { m_wholeRows = whole; }
 
+    /// Whether nothing is selected. There may be a focus all the same.
     bool IsEmpty() const noexcept { return m_kind == EKind::None; }
     /// The cell that keys go to; the first one where nothing has been selected yet.
     SGridCell GetFocus() const noexcept { return m_focus; }
     /// What is selected. Means nothing when IsEmpty.
     SGridRange GetRange() const noexcept;
+    /// Whether a cell is selected.
     bool Contains(SGridCell cell) const noexcept { return !IsEmpty() && GetRange().Contains(cell); }
     /// Whether any cell of a row, or of a column, is selected.
     bool HasRow(std::size_t row) const noexcept { return Contains({row, GetRange().firstColumn}); }
+    /// See HasRow.
     bool HasColumn(std::size_t column) const noexcept { return Contains({GetRange().firstRow, column}); }
 
     /// Each of them moves the focus to the place, cut to the table, and selects from there; with `extend` the
     /// anchor stays where it was.
     void SelectCell(SGridCell cell, bool extend = false) noexcept;
+    /// The focus goes to the row's first cell.
     void SelectRow(std::size_t row, bool extend = false) noexcept;
+    /// The focus goes to the column's first cell.
     void SelectColumn(std::size_t column, bool extend = false) noexcept;
     /// Moves the focus and leaves the anchor: whole rows and columns stay whole.
     void ExtendTo(SGridCell cell) noexcept;
     /// Leaves the focus where it is.
     void SelectAll() noexcept;
+    /// Selects nothing; the focus stays where it is.
     void Clear() noexcept { m_kind = EKind::None; }
 
     /// Arrows, Page Up and Page Down; Home and End within the row, and with Control to the ends of the table,

@@ -15,14 +15,19 @@ public:
     explicit CGridSetupItem(bool showCheckbox);
     ~CGridSetupItem() override;
 
+    /// Shows the check box or hides it, from keys, too. The state stays as it is.
     void ShowCheckbox(bool show);
     /// 0 unchecked, 1 checked, 2 indeterminate.
     int GetState() const noexcept { return m_state; }
     /// @param state every other number but 0 and 2 counts as 1
     void SetState(int state, bool redraw);
+    /// False for an indeterminate item, too.
     bool IsChecked() const noexcept { return m_state == 1; }
+    /// Whether the state is 2: neither checked nor unchecked.
     bool IsIndeterminate() const noexcept { return m_state == 2; }
+    /// SetState with 1 or 0.
     void SetChecked(bool checked, bool redraw) { SetState(checked ? 1 : 0, redraw); }
+    /// SetState with 2, a state that the user cannot bring about.
     void SetIndeterminate(bool redraw) { SetState(2, redraw); }
 
     /// Sets the member function that the button calls. The object is not owned; the function may remove the

@@ -23,10 +23,14 @@ public:
                       const SBase3D<CUnit>& units);
     ~CGridUnitListItem() override;
 
+    /// What the values are, which decides about the units that are offered.
     CParameter::EDimension GetDimension() const noexcept { return m_dimension; }
+    /// The one that was chosen last, by the user or by the program; it need not be among those offered.
     CUnit::EUnitFactor GetUnitFactor() const noexcept { return m_factor; }
+    /// Shows another unit, which need not be among those that are offered. The grid's listener is not told.
     void SetUnitFactor(CUnit::EUnitFactor factor, bool redraw = true);
 
+    /// Whether the unit is hidden in a row that has no rows below it.
     bool IsAutoHide() const noexcept { return m_autoHide; }
     /// An item that hides shows its unit only in rows with rows below them.
     void SetAutoHide(bool autoHide);

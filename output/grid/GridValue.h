@@ -29,28 +29,34 @@ class COMMONUI_API CGridValue
 {
 public:
     CGridValue() = default;
+    /// An R8.
     CGridValue(double value)
         : m_type(EGridValueType::R8)
         , m_real(value)
     {
     }
+    /// An Int.
     CGridValue(int value)
         : CGridValue(EGridValueType::Int, value)
     {
     }
+    /// A UInt.
     CGridValue(unsigned int value)
         : CGridValue(EGridValueType::UInt, value)
     {
     }
+    /// A Bool: all bits set for true.
     CGridValue(bool value)
         : CGridValue(EGridValueType::Bool, value ? -1 : 0)
     {
     }
+    /// A String.
     CGridValue(const CStr& value)
         : m_type(EGridValueType::String)
         , m_text(value)
     {
     }
+    /// A String. @param value not null
     CGridValue(const char16_t* value)
         : CGridValue(CStr(value))
     {
@@ -59,7 +65,9 @@ public:
     /// they make of its text, which is nothing for Empty.
     CGridValue(EGridValueType type, long long number);
 
+    /// Decides how the value is read and shown; ReadText keeps it.
     EGridValueType GetType() const noexcept { return m_type; }
+    /// Whether the value is a whole number, as a Bool is, too.
     bool IsInteger() const noexcept
     {
         return m_type != EGridValueType::Empty && m_type != EGridValueType::R8 &&

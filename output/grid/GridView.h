@@ -29,25 +29,27 @@ struct COMMONUI_API SGridEditRules {
     CStr initialText{};     ///< what the editor of a cell without a text starts with
     CStr validCharacters{}; ///< the characters that may occur; empty for all
 
+    /// Whether a text has valid characters only, and one for each place of the mask.
     bool Accepts(std::u16string_view text) const;
 };
 
 /// What an item asks its in-place editor to be.
 struct SGridEdit {
+    /// The kinds of editors.
     enum class EKind {
         Text,
         Spin, ///< a text with two arrows; see StepGridEdit
         List  ///< one of `options`
     };
 
-    EKind kind = EKind::Text;
-    SRect rect{}; ///< in pixels of the view
-    CStr text{};  ///< what it starts with
+    EKind kind = EKind::Text; ///< what the user gets
+    SRect rect{};             ///< in pixels of the view
+    CStr text{};              ///< what it starts with
     CStr typed{}; ///< what was typed to open it, which goes in place of the text; empty if something else did
-    std::vector<CStr> options{};
-    int minimum = 0; ///< the range of the arrows
-    int maximum = 0;
-    SGridEditRules rules{};
+    std::vector<CStr> options{}; ///< what a List offers, in this order
+    int minimum = 0;             ///< the range of the arrows
+    int maximum = 0;             ///< the other end of that range
+    SGridEditRules rules{}; ///< the item refuses a text that breaks them; the editor may keep to them already
 };
 
 /// The text of a spin editor after its arrows have been pressed: the number moved by whole steps and kept
@@ -65,6 +67,7 @@ public:
     virtual void Invalidate(const SRect& rect) = 0;
     /// The extent of the grid or its scroll position has changed, so that scroll bars must follow.
     virtual void UpdateScrollBars() = 0;
+    /// Moves the keyboard's focus to the view.
     virtual void TakeFocus() = 0;
     /// Opens an editor over the cell. It ends by the grid's EndEdit or CancelEdit, both of which close it.
     virtual void OpenEditor(const SGridEdit& edit) = 0;

@@ -23,8 +23,8 @@ public:
     void OnSelectionChanged() override { ++selectionCount; }
     int GetTextWidth(std::u16string_view text) const override { return 8 * static_cast<int>(text.size()); }
 
-    std::vector<SRect> invalidated{};
-    int scrollUpdates = 0;
+    std::vector<SRect> invalidated{};  ///< what was to be drawn, the oldest first, until the test clears it
+    int scrollUpdates = 0;             ///< how often the scroll bars had to follow
     int focusCount = 0;                ///< how often the focus was taken
     int selectionCount = 0;            ///< how often the selection has changed
     std::optional<SGridEdit> editor{}; ///< while one is open

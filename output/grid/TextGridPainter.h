@@ -24,9 +24,11 @@ public:
     /// Text is black, disabled text grey, selected text white.
     SColor GetStyleColor(EGridColor color) const override;
 
+    /// What has been drawn since the beginning or since Clear, in the order of the calls.
     const std::vector<CStr>& GetLines() const noexcept { return m_lines; }
     /// All lines, each with a line feed.
     CStr GetLog() const;
+    /// Forgets the lines; the text colour stays.
     void Clear() noexcept { m_lines.clear(); }
 
 private:

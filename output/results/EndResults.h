@@ -26,7 +26,9 @@ public:
     /// Appends a text as it stands.
     void AddText(const CStr& text) { m_values.push_back(text); }
 
+    /// How many cells the row has, blank ones included.
     unsigned int GetCount() const noexcept { return static_cast<unsigned int>(m_values.size()); }
+    /// What the row stands for, as it is shown.
     const CStr& GetName() const noexcept { return m_name; }
     /// The values in column order; an empty text is a blank cell.
     const std::vector<CStr>& GetValues() const noexcept { return m_values; }
@@ -56,6 +58,7 @@ public:
 
     /// The rows, to be read and edited in place.
     std::vector<SEndResultItem>& GetResultsVector() { return m_results.Get(); }
+    /// The rows, to be read. Not at the same time as another thread: see the class.
     const std::vector<SEndResultItem>& GetResultsVector() const { return m_results.Get(); }
 
 private:

@@ -43,12 +43,14 @@ public:
         std::int32_t columnSpan = 1;
         std::int32_t rowSpan = 1; ///< rows that the cell covers
         std::int32_t indent = 0;  ///< indentation level of a summary line
-        std::uint32_t flags = 0;
+        std::uint32_t flags = 0;  ///< bits of EFlag
 
+        /// Whether a flag is set.
         bool Has(EFlag flag) const noexcept { return (flags & flag) != 0; }
         bool operator==(const SCellInfo& other) const = default;
     };
 
+    /// A row from left to right.
     using CRow = std::vector<SCellInfo>;
     /// The rows from top to bottom, which may have different lengths.
     using CCells = std::vector<CRow>;
@@ -58,8 +60,8 @@ public:
     /// cell however many columns it spans, so that the names of later groups do not stand over their columns;
     /// HTML shows them right.
     struct SColumn {
-        CStr header;
-        CStr group;
+        CStr header; ///< lines are separated by "\r\n"
+        CStr group;  ///< empty for a column that belongs to no group
         /// How the column's cells are shown and copied. Empty cells and sub-headers stand as they are.
         CGridFormats formats{};
         /// The header in the profile for machines, such as a key; empty where it is the one shown.
@@ -70,22 +72,22 @@ public:
     /// The text of a cell in the profile for machines.
     struct SExactText {
         std::size_t column; ///< 0 for the row's name, 1 for the first cell
-        CStr text;
+        CStr text;          ///< in place of the one that is shown
     };
 
     /// The state of a cell that has no value.
     struct SCellState {
         std::size_t column; ///< 1 for the first cell
-        SValueState state;
+        SValueState state;  ///< with the reason, for a tool tip
     };
 
     /// A row of the table: its name and the texts of its cells, column by column.
     struct SRow {
-        CStr name;
-        std::vector<CStr> cells;
-        int indent = 0;         ///< of the name and the cells; for summary lines
-        bool subHeader = false; ///< belongs to the column headers, such as a row of units
-        unsigned long data = 0; ///< whatever the application keeps with the row
+        CStr name;               ///< in the column of the names
+        std::vector<CStr> cells; ///< from left to right; an empty one is an empty cell
+        int indent = 0;          ///< of the name and the cells; for summary lines
+        bool subHeader = false;  ///< belongs to the column headers, such as a row of units
+        unsigned long data = 0;  ///< whatever the application keeps with the row
         /// Why cells are empty: an entry for each that has something to say, none for values. Texts do not
         /// show it.
         std::vector<SCellState> states{};
@@ -101,8 +103,8 @@ public:
 
     /// What a copy command puts on the clipboard: both forms together.
     struct SCopiedTexts {
-        CStr html;
-        CStr text;
+        CStr html; ///< one or more tables with their style sheet
+        CStr text; ///< a line for each row
     };
 
     /// An empty table that delivers cells of that type.
@@ -111,6 +113,7 @@ public:
     {
     }
 
+    /// What the table is for; one of the bits that GetGridCells asks for.
     SCellInfo::ECellType GetType() const noexcept { return m_type; }
 
     /// The header above the row names.
@@ -120,10 +123,13 @@ public:
         m_nameHeader = header;
         m_exactNameHeader = exactHeader;
     }
+    /// The header above the row names as it is shown; empty from the start.
     const CStr& GetNameHeader() const noexcept { return m_nameHeader; }
+    /// Appends a column at the right. Rows that have no cell for it show an empty one.
     void AddColumn(const SColumn& column) { m_columns.push_back(column); }
     /// The columns of cells, that of the names not counted.
     int GetColumnCount() const noexcept { return static_cast<int>(m_columns.size()); }
+    /// The columns from left to right, that of the names left out.
     const std::vector<SColumn>& GetColumns() const noexcept { return m_columns; }
 
     /// Appends a row. In the table it has as many cells as there are columns, empty ones where it has fewer;
@@ -166,8 +172,11 @@ public:
 
     /// Selects a rectangle of cells, cut to what the table has. Rows are selected by their position.
     void Select(const SSelection& selection);
+    /// Selects all cells with the row names; nothing in a table without rows.
     void SelectAll();
+    /// Nothing is selected from now on.
     void ClearSelection();
+    /// Whether any cell is selected.
     bool HasSelection() const noexcept { return m_hasSelection; }
     /// Appends the selected cells to `cells`, below the headers of their columns where that is asked for. A
     /// header of several lines becomes one line.
@@ -178,6 +187,7 @@ public:
 
     /// Summary cells as text: a line for each row, ": " behind the last cell but one.
     static CStr GenerateSummaryText(const CCells& cells);
+    /// Summary cells as an HTML table.
     static CStr GenerateSummaryHTMLTable(const CCells& cells);
     /// Cells with their headers as tab-separated text. Cells of several lines stand in as many physical
     /// lines.

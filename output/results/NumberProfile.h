@@ -12,7 +12,7 @@ enum class ENumberProfile {
 
 /// How the numbers of a table are written and its cells are separated.
 struct SNumberProfile {
-    ENumberProfile kind = ENumberProfile::Shown;
+    ENumberProfile kind = ENumberProfile::Shown; ///< decides what is written; the rest says how
     char16_t separator = u'\t'; ///< between the cells of a line: a tab, a comma or a semicolon
     /// The sign in front of decimals that a spreadsheet program expects; the others have a point.
     char16_t decimal = u'.';

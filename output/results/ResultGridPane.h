@@ -22,21 +22,21 @@ public:
     /// A cell as it is shown.
     struct SShownCell {
         CStr text{}; ///< one line: where a text has several, they are joined by blanks
-        EGridAlign align = EGridAlign::Right;
-        int indent = 0;          ///< in levels
-        std::uint32_t flags = 0; ///< of CGridBaseOutputCtrl::SCellInfo::EFlag
-        bool selected = false;
-        bool marked = false; ///< the name of a row of which something is selected
+        EGridAlign align = EGridAlign::Right; ///< of the text in the cell
+        int indent = 0;                       ///< in levels
+        std::uint32_t flags = 0;              ///< of CGridBaseOutputCtrl::SCellInfo::EFlag
+        bool selected = false;                ///< drawn as selected
+        bool marked = false;                  ///< the name of a row of which something is selected
     };
 
     /// A header as it is shown, over one column or, the name of a group, over several.
     struct SShownHeader {
-        std::vector<CStr> lines{};
-        std::size_t firstColumn = 0;
-        std::size_t lastColumn = 0;
-        int firstLine = 0; ///< the line of the headers that it begins at
-        int lineCount = 1; ///< that it has room for; its own lines stand at the bottom
-        std::uint32_t flags = 0;
+        std::vector<CStr> lines{};            ///< from top to bottom
+        std::size_t firstColumn = 0;          ///< the leftmost it stands over
+        std::size_t lastColumn = 0;           ///< the rightmost it stands over
+        int firstLine = 0;                    ///< the line of the headers that it begins at
+        int lineCount = 1;                    ///< that it has room for; its own lines stand at the bottom
+        std::uint32_t flags = 0;              ///< of CGridBaseOutputCtrl::SCellInfo::EFlag
         EGridAlign align = EGridAlign::Right; ///< as the cells below it
         bool marked = false;                  ///< of a column of which something is selected
     };
@@ -51,6 +51,7 @@ public:
     /// Groups get the room for their names, too.
     void FitColumns() override;
 
+    /// What is shown in a cell; an empty text outside of the table.
     SShownCell GetCell(SGridCell cell) const;
     /// The headers over the columns from `first` to `last`; groups that reach beyond are given whole.
     std::vector<SShownHeader> GetHeaders(std::size_t first, std::size_t last) const;

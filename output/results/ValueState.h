@@ -15,7 +15,7 @@ enum class EValueState {
 
 /// What a result stands for, and why there is no value.
 struct SValueState {
-    EValueState state = EValueState::Value;
+    EValueState state = EValueState::Value; ///< whether there is a value
     /// A clause without a full stop, such as "the profile has no whole element"; empty where nothing is to be
     /// said.
     CStr reason{};
