@@ -2,9 +2,11 @@
 
 #include "../../export/Export.h"
 #include "GridItem.h"
+#include "GridRowList.h"
 
 #include <cstddef>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -46,19 +48,32 @@ public:
     /// Appends a row below this one. The grid owns it until it is removed.
     CGridRow& AddSubRow();
     bool HasSubRows() const noexcept { return !m_subRows.empty(); }
-    const std::vector<std::unique_ptr<CGridRow>>& GetSubRows() const noexcept { return m_subRows; }
+    const CGridRowList<std::unique_ptr<CGridRow>>& GetSubRows() const noexcept { return m_subRows; }
     bool IsExpanded() const noexcept { return m_expanded; }
     void SetExpanded(bool expanded);
 
 private:
     friend class CGridCtrl;
+    template<class TRow>
+    friend class CGridRowList;
+
+    // The part of the list of that type that the row is in, or null.
+    template<class TRow, class TSelf>
+    static auto& PartOf(TSelf& row) noexcept
+    {
+        if constexpr (std::is_pointer_v<TRow>)
+            return row.m_shownPart;
+        else
+            return row.m_ownPart;
+    }
 
     CGridCtrl& m_grid;
     CGridRow* m_parent;
     std::vector<std::shared_ptr<CGridItem>> m_items;
-    std::vector<std::unique_ptr<CGridRow>> m_subRows;
+    CGridRowList<std::unique_ptr<CGridRow>> m_subRows;
     bool m_expanded = true;
-    std::size_t m_place = 0; // among the rows that are shown; means nothing for others
+    Detail::SGridRowPart* m_ownPart = nullptr;   // among the rows at the top, or below the same row
+    Detail::SGridRowPart* m_shownPart = nullptr; // among the rows that are shown
 };
 
 } // namespace CommonUI
