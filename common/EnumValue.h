@@ -2,6 +2,8 @@
 
 #include "Str.h"
 
+#include <string_view>
+
 namespace CommonUI
 {
 
@@ -40,6 +42,7 @@ public:
     bool operator==(const CEnumValue& other) const noexcept { return m_value == other.m_value; }
 
     CStr GetIniName() const { return m_iniName; }
+    bool HasIniName(std::u16string_view iniName) const noexcept { return m_iniName == iniName; }
     CStr GetFriendlyString() const { return m_friendlyString; }
     /// The short display text, or the display text where there is no short one.
     CStr GetShortFriendlyString() const
