@@ -18,8 +18,7 @@ namespace Detail
 
 // What a row knows of the part of a list that it is in.
 struct SGridRowPart {
-    std::size_t number = 0; // of the part
-    std::size_t start = 0;  // the place of its first row
+    std::size_t number = 0;
 };
 
 } // namespace Detail
@@ -80,7 +79,7 @@ public:
     const TRow& operator[](std::size_t place) const
     {
         const SPart& part = PartAt(place);
-        return part.rows[place - part.start];
+        return part.rows[place - m_starts[part.number]];
     }
     const TRow& front() const { return m_parts.front()->rows.front(); }
     const TRow& back() const { return m_parts.back()->rows.back(); }
@@ -104,14 +103,17 @@ private:
     // The part of the row at the place; the last one for the place behind all rows.
     SPart& PartAt(std::size_t place) const
     {
-        const auto startOf = [](const std::unique_ptr<SPart>& part) { return part->start; };
-        return **std::prev(std::ranges::upper_bound(m_parts, place, {}, startOf));
+        const auto behind = std::ranges::upper_bound(m_starts, place);
+        return *m_parts[static_cast<std::size_t>(behind - m_starts.begin()) - 1];
     }
+    void Cut(std::size_t place, std::size_t count);
     void Split(SPart& part);
+    void MakeRoom();
     void AddPart(std::size_t number, std::unique_ptr<SPart> part);
     void CountFrom(std::size_t number);
 
     std::vector<std::unique_ptr<SPart>> m_parts; // none is empty
+    std::vector<std::size_t> m_starts;           // of each part the place of its first row
     std::size_t m_size = 0;
 };
 
