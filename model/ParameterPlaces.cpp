@@ -57,7 +57,8 @@ std::uint32_t& CParameterPlaces::Slot(const std::vector<CParameter>& list, int n
 {
     constexpr std::uint32_t c_stretch = 0x9E3779B1;
     const std::size_t mask = m_places.size() - 1;
-    std::size_t at = (static_cast<std::uint32_t>(number) * c_stretch) & mask;
+    const std::uint32_t hash = static_cast<std::uint32_t>(number) * c_stretch;
+    std::size_t at = hash & mask;
     while (m_places[at] != 0 && list[m_places[at] - 1].GetValue() != number)
         at = (at + 1) & mask;
     return m_places[at];

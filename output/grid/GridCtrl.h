@@ -89,7 +89,7 @@ private:
     // A row has come below another one.
     void SubRowAdded(CGridRow& row);
     void ExpansionChanged(CGridRow& row);
-    bool IsShown(const CGridRow& row) const noexcept { return row.m_shownPart; }
+    static bool IsShown(const CGridRow& row) noexcept { return row.m_shownPart; }
     // Whether any row has rows below it.
     bool HasTree() const noexcept { return m_trees != 0; }
     bool CanEdit(SGridCell cell) const;
