@@ -5,10 +5,12 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <random>
+#include <regex>
 #include <string>
 
 using namespace CommonUI;
@@ -178,6 +180,34 @@ void SaveFactory(benchmark::State& state)
         benchmark::DoNotOptimize(factories[i++ % 2].Save(ini));
 }
 
+// A built-in set named by its key, as in a command line.
+void ParseUserSpec(benchmark::State& state)
+{
+    const CSettingsFactory factory;
+    const auto& settings = GetBuiltInSettingEnum();
+    const auto filter = std::ranges::find(settings, ESettingType::Filter, [](const auto& setting) {
+        return GetSettingType(EBuiltInSetting{setting.GetValue()});
+    });
+    const CStr spec = u"Filter[Id(" + filter->GetIniName() + u")]";
+    for (auto _ : state) {
+        CSettingsFactory::SParseInfo info;
+        benchmark::DoNotOptimize(factory.ParseUserSpec(spec, info));
+    }
+}
+
+// The same text taken apart, without a look into the catalogue.
+void ParseUserSpecByRegex(benchmark::State& state)
+{
+    const std::regex form(R"((\w+)\[(Id|File)\((.*)\)\])");
+    const std::string spec = "Filter[Id(FilterQuickLaunchMedian3x3)]";
+    for (auto _ : state) {
+        std::smatch parts;
+        benchmark::DoNotOptimize(std::regex_match(spec, parts, form));
+    }
+}
+
+BENCHMARK(ParseUserSpec);
+BENCHMARK(ParseUserSpecByRegex);
 BENCHMARK(FirstAccessToCatalogue)->Iterations(1)->Unit(benchmark::kMicrosecond);
 BENCHMARK(AllBuiltInTexts)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BareWalk)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);

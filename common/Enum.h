@@ -67,10 +67,9 @@ public:
     /// The first value of that number, or end().
     auto Find(int number) const noexcept { return std::find(begin(), end(), number); }
     /// The first value of that key, compared exactly, or end().
-    auto FindIniName(std::u16string_view iniName) const
+    auto FindIniName(std::u16string_view iniName) const noexcept
     {
-        return std::find_if(begin(), end(),
-                            [&](const CValue& value) { return value.GetIniName() == iniName; });
+        return std::find_if(begin(), end(), [&](const CValue& value) { return value.HasIniName(iniName); });
     }
     /// The number of the key, or the fallback's number for an unknown key.
     T GetValue(std::u16string_view iniName) const { return GetValue(iniName, m_fallback); }

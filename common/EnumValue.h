@@ -2,6 +2,8 @@
 
 #include "Str.h"
 
+#include <string_view>
+
 namespace CommonUI
 {
 
@@ -43,6 +45,8 @@ public:
 
     /// The key under which files store the value.
     CStr GetIniName() const { return m_iniName; }
+    /// Whether files store the value under this key.
+    bool HasIniName(std::u16string_view iniName) const noexcept { return m_iniName == iniName; }
     /// The display text, in the language that was chosen when the enumeration was built.
     CStr GetFriendlyString() const { return m_friendlyString; }
     /// The short display text, or the display text where there is no short one.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdint>
 #include <cstring>
 #include <new>
 #include <stdexcept>
@@ -147,6 +148,32 @@ CStr& CStr::operator+=(std::u16string_view text)
         CopyUnits(SetLength(length + text.size()) + length, text.data(), text.size());
     }
     return *this;
+}
+
+CStr& CStr::AppendToLong(char16_t unit)
+{
+    const std::size_t length = GetLength();
+    SetLength(length + 1)[length] = unit;
+    return *this;
+}
+
+// Four units at a time as far as they are the same.
+std::strong_ordering CStr::Compare(std::u16string_view a, std::u16string_view b) noexcept
+{
+    const auto loadFour = [](const char16_t* at) {
+        std::uint64_t units;
+        std::memcpy(&units, at, sizeof units);
+        return units;
+    };
+    const std::size_t both = std::min(a.size(), b.size());
+    std::size_t i = 0;
+    while (i + 4 <= both && loadFour(a.data() + i) == loadFour(b.data() + i))
+        i += 4;
+    for (; i < both; ++i) {
+        if (a[i] != b[i])
+            return a[i] <=> b[i];
+    }
+    return a.size() <=> b.size();
 }
 
 CStr& CStr::AppendAscii(std::string_view text)

@@ -88,8 +88,14 @@ public:
     /// Appends in place when no other text shares the buffer: a text is built in time proportional to its
     /// length.
     CStr& operator+=(std::u16string_view text);
-    /// Appends a code unit, at the cost of appending a text of one.
-    CStr& operator+=(char16_t unit) { return *this += std::u16string_view(&unit, 1); }
+    /// Appends a code unit, in place as above.
+    CStr& operator+=(char16_t unit)
+    {
+        if (m_short.tag >= c_shortCapacity)
+            return AppendToLong(unit);
+        m_short.units[m_short.tag++] = unit;
+        return *this;
+    }
     /// Appends 7-bit ASCII characters.
     CStr& AppendAscii(std::string_view text);
     /// Makes room for a text of `length` code units, so that appending up to it allocates nothing more.
@@ -158,13 +164,18 @@ public:
 
     template<class T>
     requires std::convertible_to<const T&, std::u16string_view>
-    friend bool operator==(const CStr& a, const T& b) noexcept { return a.View() == std::u16string_view(b); }
+    friend bool operator==(const CStr& a, const T& b) noexcept
+    {
+        const std::u16string_view other = b;
+        return a.GetLength() == other.size() &&
+               (other.empty() || std::memcmp(a.data(), other.data(), other.size() * sizeof(char16_t)) == 0);
+    }
     /// Ordering by code units, exact and independent of any locale.
     template<class T>
     requires std::convertible_to<const T&, std::u16string_view>
     friend std::strong_ordering operator<=>(const CStr& a, const T& b) noexcept
     {
-        return a.View() <=> std::u16string_view(b);
+        return Compare(a.View(), std::u16string_view(b));
     }
     /// Both texts, one behind the other.
     template<class T>
@@ -188,6 +199,8 @@ private:
 
     bool IsShared() const noexcept { return m_short.tag == c_sharedTag; }
     SBuffer* Buffer() const noexcept;
+    CStr& AppendToLong(char16_t unit);
+    static std::strong_ordering Compare(std::u16string_view a, std::u16string_view b) noexcept;
     void CopyBytes(const CStr& other) noexcept
     {
         std::memcpy(static_cast<void*>(this), static_cast<const void*>(&other), sizeof *this);

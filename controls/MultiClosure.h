@@ -32,8 +32,13 @@ namespace CommonUI
 
 class CMultiClosureBase;
 
-/// One subscription: a slot in the chain of its list.
+/// One subscription: a slot in the chain of its list. What the slot calls lies behind it in the same memory.
 struct SClosureEntry {
+    SClosureEntry() = default;
+    virtual ~SClosureEntry() = default;
+    SClosureEntry(const SClosureEntry&) = delete;
+    SClosureEntry& operator=(const SClosureEntry&) = delete;
+
     CCallbackSlot slot;                ///< what is called, and who waits to hear of its end
     SClosureEntry* previous = nullptr; ///< null for the first one
     SClosureEntry* next = nullptr;     ///< null for the last one
@@ -156,8 +161,9 @@ public:
     void Subscribe(std::type_identity_t<TObject>& object, TResult (TObject::*method)(TArgs...),
                    CClosureConnection& connection)
     {
-        auto entry = std::make_unique<SClosureEntry>();
-        entry->slot.Set(MakeClosure(object, method), &connection);
+        using CClosure = CClosureBase<TResult, TArgs...>;
+        auto entry = std::make_unique<SEntry<TObject>>(object, method);
+        entry->slot.Set(std::shared_ptr<CClosure>(std::shared_ptr<void>(), &entry->closure), &connection);
         Append(std::move(entry), connection);
     }
 
@@ -176,6 +182,16 @@ public:
     }
 
 private:
+    template<class TObject>
+    struct SEntry : SClosureEntry {
+        SEntry(TObject& object, TResult (TObject::*method)(TArgs...))
+            : closure(object, method)
+        {
+        }
+
+        CMethodClosure<TObject, TResult, TArgs...> closure;
+    };
+
     // May outlive the list, so it touches nothing of it after the first subscriber.
     template<class FVisit>
     void ForEachClosure(FVisit visit) const

@@ -9,6 +9,7 @@
 #include "model/RoughnessCatalogue.h"
 
 #include <algorithm>
+#include <limits>
 #include <string_view>
 
 namespace CommonUI
@@ -64,11 +65,16 @@ bool SetAllIn(std::vector<CParameter>& list, const std::vector<CParameter>& entr
     return all;
 }
 
+void SetOn(CParameter& entry, bool on)
+{
+    entry.SetOn(on && !entry.IsTemplate());
+}
+
 bool SetOnIn(std::vector<CParameter>& list, int id, bool on)
 {
     CParameter* const found = FindIn(list, id);
     if (found)
-        found->SetOn(on && !found->IsTemplate());
+        SetOn(*found, on);
     return found;
 }
 
@@ -106,6 +112,7 @@ void CAnalysisPreferencesData::Init()
     InitPreferences(*this, SStored::BeforeLists(defaults));
     InitPreferences(*this, SStored::BehindLists(defaults));
     m_parameters = MakeDefaultParameters(m_analysis);
+    m_places.Forget();
     m_statistics = MakeDefaultStatistics(m_analysis);
     m_outputs = MakeDefaultOutputs(m_analysis);
     rollback.Commit();
@@ -176,7 +183,8 @@ std::vector<SParameterGroup> CAnalysisPreferencesData::GetOutputGroups() const
 
 int CAnalysisPreferencesData::FindParameterMaxValue() const
 {
-    return CFreeNumbers(m_parameters, 0).Take();
+    const int largest = m_places.GetLargest(m_parameters);
+    return largest < std::numeric_limits<int>::max() ? largest + 1 : CFreeNumbers(m_parameters, 0).Take();
 }
 
 int CAnalysisPreferencesData::AddParameter(int /*parent*/, const CParameter& parameter)
@@ -189,9 +197,15 @@ int CAnalysisPreferencesData::AddParameter(int /*parent*/, const CParameter& par
     return added.GetValue();
 }
 
+const CParameter* CAnalysisPreferencesData::FindParameter(int id) const noexcept
+{
+    const std::size_t place = m_places.Find(m_parameters, id);
+    return place == m_parameters.size() ? nullptr : &m_parameters[place];
+}
+
 CParameter CAnalysisPreferencesData::GetParameter(int id) const
 {
-    const CParameter* const found = FindIn(m_parameters, id);
+    const CParameter* const found = FindParameter(id);
     if (!found)
         ThrowIllegal(__LINE__, u"GetParameter", u"Illegal Parameter ID: %d", id);
     return *found;
@@ -215,7 +229,7 @@ CParameter CAnalysisPreferencesData::GetOutput(int id) const
 
 bool CAnalysisPreferencesData::IsParameterOn(int id) const
 {
-    const CParameter* const found = FindIn(m_parameters, id);
+    const CParameter* const found = FindParameter(id);
     return found && found->IsOn();
 }
 
@@ -243,8 +257,14 @@ bool CAnalysisPreferencesData::Changed(bool changed) noexcept
 
 bool CAnalysisPreferencesData::SetParameter(int id, const CParameter& parameter)
 {
-    if (!SetIn(m_parameters, id, parameter))
+    const std::size_t place = m_places.Find(m_parameters, id);
+    if (place == m_parameters.size()) {
         m_parameters.push_back(parameter);
+    } else {
+        m_parameters[place] = CParameter(parameter);
+        if (parameter.GetValue() != id)
+            m_places.Forget();
+    }
     return Changed(true);
 }
 
@@ -260,7 +280,11 @@ bool CAnalysisPreferencesData::SetOutput(int id, const CParameter& output)
 
 bool CAnalysisPreferencesData::SetParameterOn(int id, bool on)
 {
-    return Changed(SetOnIn(m_parameters, id, on));
+    const std::size_t place = m_places.Find(m_parameters, id);
+    if (place == m_parameters.size())
+        return false;
+    SetOn(m_parameters[place], on);
+    return Changed(true);
 }
 
 bool CAnalysisPreferencesData::SetStatsOn(int id, bool on)
@@ -276,6 +300,7 @@ bool CAnalysisPreferencesData::SetOutputOn(int id, bool on)
 bool CAnalysisPreferencesData::SetParameters(const std::vector<CParameter>& parameters)
 {
     m_parameters = std::vector<CParameter>(parameters);
+    m_places.Forget();
     return Changed(true);
 }
 

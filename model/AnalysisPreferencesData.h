@@ -7,6 +7,7 @@
 #include "BaseData.h"
 #include "Enumerations.h"
 #include "Parameter.h"
+#include "ParameterPlaces.h"
 
 #include <map>
 #include <memory>
@@ -178,8 +179,13 @@ public:
     static void LoadOutput(std::vector<CParameter>& outputs, const CInifile& ini);
 
 protected:
-    /// For derived classes, which set the modified flag themselves.
-    std::vector<CParameter>& EditParameters() noexcept { return m_parameters; }
+    /// For derived classes, which set the modified flag themselves. Numbers are changed only before the next
+    /// call of another function.
+    std::vector<CParameter>& EditParameters() noexcept
+    {
+        m_places.Forget();
+        return m_parameters;
+    }
     const std::vector<CParameter>& ViewParameters() const noexcept { return m_parameters; }
     const std::vector<CParameter>& ViewStatistics() const noexcept { return m_statistics; }
     const std::vector<CParameter>& ViewOutputs() const noexcept { return m_outputs; }
@@ -189,6 +195,8 @@ private:
 
     // Sets the modified flag when there was a change, and answers whether there was.
     bool Changed(bool changed) noexcept;
+    // The first parameter of that number, or null.
+    const CParameter* FindParameter(int id) const noexcept;
 
     EAnalysis m_analysis;
     bool m_writeToFile = false;
@@ -196,6 +204,7 @@ private:
     CUnit m_unit;
     ERoughnessPreprocessingOptions m_preprocessing = ERoughnessPreprocessingOptions::None;
     std::vector<CParameter> m_parameters;
+    mutable Detail::CParameterPlaces m_places; // of m_parameters
     std::vector<CParameter> m_statistics;
     std::vector<CParameter> m_outputs;
     SAllowed m_allowed;

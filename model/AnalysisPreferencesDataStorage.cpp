@@ -73,6 +73,7 @@ bool CAnalysisPreferencesData::Load(CInifile& ini)
     }
     const SAnalysisDefaults& defaults = *FindAnalysisDefaults(m_analysis);
     LoadPreferences(*this, ini, SStored::BeforeLists(defaults));
+    m_places.Forget();
     LoadParameters(m_parameters, ini, m_analysis);
     LoadStatistics(m_statistics, ini);
     LoadOutput(m_outputs, ini);

@@ -13,6 +13,7 @@
 #include <future>
 #include <iterator>
 #include <optional>
+#include <utility>
 
 namespace CommonUI::Analysis
 {
@@ -29,6 +30,7 @@ struct SStages {
     std::optional<CMaterialRatio> curve{};
     SCore core{};
     std::vector<SValue> values{}; // that are read off by key
+    std::vector<std::pair<std::string_view, double>> ofCurve{};
 
     double Fall(double first, double second) const
     {
@@ -95,6 +97,15 @@ constexpr SRow c_rows[] = {
     {{"Count"}, [](auto& s) { return static_cast<double>(s.heights.count); }},
 };
 
+// Reads off the curve what is read off it, and lets go of it: it takes as much memory as the surface.
+void ReadCurve(const std::vector<const SRow*>& rows, SStages& stages)
+{
+    for (const SRow* row : rows)
+        if (row->need == MaterialRatio)
+            stages.ofCurve.emplace_back(row->key, row->get(stages));
+    stages.curve.reset();
+}
+
 SStages ComputeStages(const SSurface& surface, const std::vector<const SRow*>& rows)
 {
     const auto isNeeded = [&rows](ENeed need) {
@@ -111,6 +122,12 @@ SStages ComputeStages(const SSurface& surface, const std::vector<const SRow*>& r
     stages.heights = ComputeHeightParameters(surface.heights);
     if (stages.heights.count == 0)
         throw ENoPoints();
+    if (isNeeded(Slopes))
+        stages.hybrid = ComputeHybridParameters(surface);
+    if (sorted.valid()) {
+        sorted.get();
+        ReadCurve(rows, stages);
+    }
     if (isNeeded(Autocorrelation)) {
         const CAutocorrelation autocorrelation(surface, stages.heights.mean);
         stages.to20 = autocorrelation.ComputeDecay(0.20);
@@ -120,11 +137,15 @@ SStages ComputeStages(const SSurface& surface, const std::vector<const SRow*>& r
         stages.values = ComputeSpectralParameters(surface);
     if (isNeeded(Features))
         std::ranges::copy(ComputeFeatureParameters(surface), std::back_inserter(stages.values));
-    if (isNeeded(Slopes))
-        stages.hybrid = ComputeHybridParameters(surface);
-    if (sorted.valid())
-        sorted.get();
     return stages;
+}
+
+double GetValue(const SRow& row, const SStages& stages)
+{
+    return row.need == MaterialRatio
+               ? std::ranges::find(stages.ofCurve, row.key, [](const auto& value) { return value.first; })
+                     ->second
+               : row.get(stages);
 }
 
 // How far the autocorrelation of a quantity has to fall, and whether it has to in all directions.
@@ -164,7 +185,7 @@ std::vector<SValue> Compute(const SSurface& surface, const std::vector<const SRo
     values.reserve(rows.size());
     for (const SRow* row : rows) {
         if (row->get) {
-            const double value = row->get(stages);
+            const double value = GetValue(*row, stages);
             values.push_back({row->key, value, std::isnan(value) ? FindReason(*row, surface, stages) : ""});
         } else {
             values.push_back(*std::ranges::find(stages.values, row->key, &SValue::key));

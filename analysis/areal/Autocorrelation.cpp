@@ -113,6 +113,7 @@ CAutocorrelation::CAutocorrelation(const SSurface& surface, double mean)
         return;
     CLineSpectra spectra(surface, mean, surface.points + m_reachX, CLineSpectra::ETaper::None);
     CorrelateColumns(spectra, m_reachY + 1);
+    spectra.KeepLines(m_reachY + 1);
 
     const std::size_t width = 2 * m_reachX + 1;
     m_values.resize(width * (m_reachY + 1));

@@ -51,8 +51,10 @@ CComplex TurnLeft(CComplex value)
 CLineSpectra::CLineSpectra(const SSurface& surface, double mean, std::size_t leastSize, ETaper taper)
     : m_lines(surface.lines)
     , m_transform(leastSize)
-    , m_values(surface.lines * GetWidth())
+    , m_blocks((surface.lines + c_blockLines - 1) / c_blockLines)
 {
+    for (std::size_t i = 0; i < m_blocks.size(); ++i)
+        m_blocks[i].resize(std::min(c_blockLines, m_lines - i * c_blockLines) * GetWidth());
     const auto alongX = MakeTaper(surface.points, GetSize(), taper);
     const auto alongY = MakeTaper(surface.lines, CFourierTransform(surface.lines).GetSize(), taper);
     const auto getHeight = [&](std::size_t line, std::size_t i) {
@@ -79,7 +81,7 @@ CLineSpectra::CLineSpectra(const SSurface& surface, ETaper taper)
 // The transform of a real sequence is its own mirror image, conjugate, which parts the two lines.
 void CLineSpectra::SetLines(std::size_t first, std::span<const CComplex> transformed)
 {
-    CComplex* const values = &m_values[first * GetWidth()];
+    CComplex* const values = At(first);
     const bool hasSecond = first + 1 < m_lines;
     for (std::size_t k = 0; k < GetWidth(); ++k) {
         const CComplex mirrored = std::conj(transformed[(GetSize() - k) % GetSize()]);
@@ -92,21 +94,29 @@ void CLineSpectra::SetLines(std::size_t first, std::span<const CComplex> transfo
 void CLineSpectra::GetColumn(std::size_t frequency, std::span<CComplex> column) const
 {
     for (std::size_t line = 0; line < m_lines; ++line)
-        column[line] = m_values[line * GetWidth() + frequency];
+        column[line] = At(line)[frequency];
     std::fill(column.begin() + static_cast<std::ptrdiff_t>(m_lines), column.end(), CComplex());
 }
 
 void CLineSpectra::SetColumn(std::size_t frequency, std::span<const CComplex> column)
 {
     for (std::size_t line = 0; line < column.size(); ++line)
-        m_values[line * GetWidth() + frequency] = column[line];
+        At(line)[frequency] = column[line];
+}
+
+void CLineSpectra::KeepLines(std::size_t count)
+{
+    m_lines = std::min(m_lines, count);
+    m_blocks.resize((m_lines + c_blockLines - 1) / c_blockLines);
 }
 
 void CLineSpectra::TransformBack(std::size_t first, std::size_t second, std::span<CComplex> values) const
 {
+    const CComplex* const firstLine = At(first);
+    const CComplex* const secondLine = second < m_lines ? At(second) : nullptr;
     for (std::size_t k = 0; k < GetWidth(); ++k) {
-        const CComplex a = m_values[first * GetWidth() + k];
-        const CComplex b = second < m_lines ? m_values[second * GetWidth() + k] : CComplex();
+        const CComplex a = firstLine[k];
+        const CComplex b = secondLine ? secondLine[k] : CComplex();
         values[(GetSize() - k) % GetSize()] = std::conj(a) + TurnLeft(std::conj(b));
         values[k] = a + TurnLeft(b);
     }

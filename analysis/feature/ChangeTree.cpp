@@ -32,6 +32,7 @@ public:
     CPasses(const CLandscape& landscape, const SFeatureMap& map)
         : m_heads(map.GetCount() + 1, c_none)
     {
+        m_passes.reserve(c_passesPerDale * map.GetCount()); // as growing takes the memory of both sizes
         for (std::size_t i = 0; i < map.labels.size(); ++i) {
             const std::uint32_t own = map.labels[i];
             landscape.ForEachNeighbour(i, [&](std::size_t q, double) {
@@ -53,6 +54,9 @@ public:
     }
 
 private:
+    // A dale usually has six neighbours, each of which it shares a pass with; seldom are some stored twice.
+    static constexpr std::size_t c_passesPerDale = 4;
+
     // The points come in their order, so of equal passes the first stays.
     void Add(double height, std::uint32_t point, std::uint32_t first, std::uint32_t second)
     {
@@ -76,22 +80,22 @@ private:
     std::vector<std::uint32_t> m_heads; // the latest pass of each dale
 };
 
-// Numbers from 1 in the order of the first points.
+// Numbers from 1 in the order of the first points, in place of the old ones.
 // @param sets of the old numbers
 // @param stays whose extremum is that of the set
 void Renumber(CDisjointSets& sets, const std::vector<std::uint32_t>& stays,
-              const std::vector<double>& saddles, const SFeatureMap& map, SPruned& pruned)
+              const std::vector<double>& saddles, SPruned& pruned)
 {
-    std::vector<std::uint32_t> numbers(map.GetCount() + 1);
-    pruned.map.labels.reserve(map.labels.size());
-    for (const std::uint32_t label : map.labels) {
+    const std::vector<SExtremum> extrema = std::exchange(pruned.map.extrema, {});
+    std::vector<std::uint32_t> numbers(extrema.size() + 1);
+    for (std::uint32_t& label : pruned.map.labels) {
         const std::uint32_t root = sets.Find(label);
         if (label != 0 && numbers[root] == 0) {
-            pruned.map.extrema.push_back(map.extrema[stays[root] - 1]);
+            pruned.map.extrema.push_back(extrema[stays[root] - 1]);
             pruned.saddles.push_back(saddles[root]);
             numbers[root] = static_cast<std::uint32_t>(pruned.map.GetCount());
         }
-        pruned.map.labels.push_back(numbers[root]);
+        label = numbers[root];
     }
 }
 
@@ -110,6 +114,7 @@ std::vector<SMeeting> ComputeChangeTree(const SSurface& surface, const SFeatureM
         pits[i + 1] = landscape.GetHeight(map.extrema[i].point);
 
     std::vector<SMeeting> tree;
+    tree.reserve(map.GetCount());
     for (const SPass& pass : CPasses(landscape, map).TakeSorted()) {
         const std::uint32_t lake = lakes.Find(pass.first);
         const std::uint32_t otherLake = lakes.Find(pass.second);
@@ -130,7 +135,7 @@ std::vector<SMeeting> ComputeChangeTree(const SSurface& surface, const SFeatureM
     return tree;
 }
 
-SPruned PruneFeatures(const SFeatureMap& map, const std::vector<SMeeting>& tree, double leastExtent)
+SPruned PruneFeatures(SFeatureMap map, const std::vector<SMeeting>& tree, double leastExtent)
 {
     CDisjointSets sets(map.GetCount() + 1);
     std::vector<double> saddles(map.GetCount() + 1, c_undefined);
@@ -152,8 +157,8 @@ SPruned PruneFeatures(const SFeatureMap& map, const std::vector<SMeeting>& tree,
             if (std::isnan(saddles[side]))
                 saddles[side] = meeting.height;
     }
-    SPruned pruned{.map = {.kind = map.kind, .points = map.points, .lines = map.lines}};
-    Renumber(sets, stays, saddles, map, pruned);
+    SPruned pruned{.map = std::move(map)};
+    Renumber(sets, stays, saddles, pruned);
     return pruned;
 }
 

@@ -46,9 +46,9 @@ struct SPruned {
 /// Wolf pruning (ISO 25178-2): as long as a peak is less high above its saddle than it has to be, the one
 /// that is the least becomes part of the hill on the other side of the saddle; so do pits. It is the same to
 /// go through the saddles once in the order of the tree.
-/// @param map that the tree is of
+/// @param map that the tree is of; moved in, its memory serves the map that is left
 /// @param leastExtent of what stays; one of just this height stays
-COMMONUIANALYSIS_API SPruned PruneFeatures(const SFeatureMap& map, const std::vector<SMeeting>& tree,
+COMMONUIANALYSIS_API SPruned PruneFeatures(SFeatureMap map, const std::vector<SMeeting>& tree,
                                            double leastExtent);
 
 } // namespace CommonUI::Analysis

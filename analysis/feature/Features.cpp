@@ -3,6 +3,7 @@
 #include "analysis/feature/detail/Landscape.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace CommonUI::Analysis
 {
@@ -52,8 +53,9 @@ void MeasurePoints(const SSurface& surface, SFeatures& found)
 SFeatures FindFeatures(const SSurface& surface, EFeature kind, double leastExtent)
 {
     SFeatures found;
-    const SFeatureMap all = FindWatersheds(surface, kind);
-    SPruned pruned = PruneFeatures(all, ComputeChangeTree(surface, all), leastExtent);
+    SFeatureMap all = FindWatersheds(surface, kind);
+    const std::vector<SMeeting> tree = ComputeChangeTree(surface, all);
+    SPruned pruned = PruneFeatures(std::move(all), tree, leastExtent);
     found.map = std::move(pruned.map);
     for (std::size_t i = 0; i < found.map.GetCount(); ++i) {
         const SExtremum extremum = found.map.extrema[i];

@@ -1,10 +1,37 @@
 #include "output/grid/GridCtrl.h"
 
+#include "output/grid/detail/GridRowListParts.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace CommonUI
 {
+
+namespace
+{
+
+// More rows than this share of those shown are put into the list all together.
+constexpr std::size_t c_many = 64;
+
+// Visits the row and those below it that are shown when it is.
+template<class FVisit>
+void ForEachShown(CGridRow& row, FVisit&& visit)
+{
+    visit(row);
+    if (row.IsExpanded())
+        for (const auto& subRow : row.GetSubRows())
+            ForEachShown(*subRow, visit);
+}
+
+std::size_t CountShown(CGridRow& row)
+{
+    std::size_t count = 0;
+    ForEachShown(row, [&count](const CGridRow&) { ++count; });
+    return count;
+}
+
+} // namespace
 
 CGridCtrl::CGridCtrl() = default;
 
@@ -21,9 +48,9 @@ void CGridCtrl::AddColumn(const SColumn& column)
 
 CGridRow& CGridCtrl::AddRow()
 {
-    CGridRow& row = *m_rows.emplace_back(std::make_unique<CGridRow>(*this, nullptr));
-    row.m_place = m_shown.size();
-    m_shown.push_back(&row);
+    m_rows.Append(std::make_unique<CGridRow>(*this, nullptr));
+    CGridRow& row = *m_rows.back();
+    m_shown.Append(&row);
     SetRowCount(m_shown.size());
     return row;
 }
@@ -31,75 +58,85 @@ CGridRow& CGridCtrl::AddRow()
 void CGridCtrl::RemoveRow(CGridRow& row)
 {
     auto& rows = row.m_parent ? row.m_parent->m_subRows : m_rows;
-    const auto found = std::ranges::find(rows, &row, &std::unique_ptr<CGridRow>::get);
-    const std::unique_ptr<CGridRow> removed = std::move(*found);
-    rows.erase(found);
-    RowsChanged();
+    std::unique_ptr<CGridRow> removed;
+    ChangeShown([&] {
+        if (IsShown(row))
+            m_shown.Erase(m_shown.PlaceOf(row), CountShown(row));
+        removed = rows.Take(rows.PlaceOf(row));
+        const CGridRow* const parent = row.m_parent;
+        if (parent ? !parent->m_parent && !parent->HasSubRows() : row.HasSubRows())
+            --m_trees;
+    });
 }
 
 void CGridCtrl::RemoveAllRows()
 {
     const auto removed = std::exchange(m_rows, {});
-    RowsChanged();
+    ChangeShown([this] {
+        m_shown.Clear();
+        m_trees = 0;
+    });
 }
 
-void CGridCtrl::RowsChanged()
+template<class FChange>
+void CGridCtrl::ChangeShown(FChange&& change)
 {
     const SGridCell focus = GetSelection().GetFocus();
     const CGridRow* row = focus.row < m_shown.size() ? m_shown[focus.row] : nullptr;
-    m_shown.clear();
-    m_hasTree = false;
-    ShowRows(m_rows);
+    change();
     SetRowCount(m_shown.size());
     // The focus stays with its row, or goes to the one above that now hides it.
-    auto place = std::ranges::find(m_shown, row);
-    while (row && place == m_shown.end()) {
+    while (row && !IsShown(*row))
         row = row->m_parent;
-        place = std::ranges::find(m_shown, row);
-    }
-    const auto moved = static_cast<std::size_t>(place - m_shown.begin());
-    if (row && moved != focus.row)
-        EditSelection().SelectCell({moved, focus.column});
+    if (row && m_shown.PlaceOf(*row) != focus.row)
+        EditSelection().SelectCell({m_shown.PlaceOf(*row), focus.column});
     ItemsChanged();
 }
 
-void CGridCtrl::ShowRows(const std::vector<std::unique_ptr<CGridRow>>& rows)
+void CGridCtrl::ExpansionChanged(CGridRow& row)
 {
-    for (const auto& row : rows) {
-        row->m_place = m_shown.size();
-        m_shown.push_back(row.get());
-        m_hasTree = m_hasTree || row->HasSubRows();
-        if (row->IsExpanded())
-            ShowRows(row->GetSubRows());
-    }
+    ChangeShown([&] {
+        if (!IsShown(row))
+            return;
+        const std::size_t below = m_shown.PlaceOf(row) + 1;
+        std::size_t count = 0;
+        for (const auto& subRow : row.GetSubRows())
+            count += CountShown(*subRow);
+        if (!row.IsExpanded())
+            m_shown.Erase(below, count);
+        else if (count > m_shown.size() / c_many)
+            ShowAll();
+        else
+            ForEachShown(row, [&, place = below](CGridRow& shown) mutable {
+                if (&shown != &row)
+                    m_shown.Insert(place++, &shown);
+            });
+    });
 }
 
-bool CGridCtrl::IsShown(const CGridRow& row) const noexcept
+void CGridCtrl::ShowAll()
 {
-    return row.m_place < m_shown.size() && m_shown[row.m_place] == &row;
+    m_shown.Clear();
+    for (const auto& row : m_rows)
+        ForEachShown(*row, [this](CGridRow& shown) { m_shown.Append(&shown); });
 }
 
 // Keeps the other rows in their places, so that a tree can be built row by row.
 void CGridCtrl::SubRowAdded(CGridRow& row)
 {
     const CGridRow& parent = *row.m_parent;
-    m_hasTree = true;
-    if (parent.IsExpanded() && IsShown(parent)) {
+    if (!parent.m_parent && parent.m_subRows.size() == 1)
+        ++m_trees;
+    ChangeShown([&] {
+        if (!parent.IsExpanded() || !IsShown(parent))
+            return;
         const CGridRow* last = &parent;
         if (const std::size_t count = parent.m_subRows.size(); count > 1)
             last = parent.m_subRows[count - 2].get();
         while (last != &parent && last->IsExpanded() && last->HasSubRows())
             last = last->m_subRows.back().get();
-        const std::size_t first = last->m_place + 1;
-        m_shown.insert(m_shown.begin() + static_cast<std::ptrdiff_t>(first), &row);
-        for (std::size_t place = first; place < m_shown.size(); ++place)
-            m_shown[place]->m_place = place;
-        SetRowCount(m_shown.size());
-        const SGridCell focus = GetSelection().GetFocus();
-        if (!GetSelection().IsEmpty() && focus.row >= first)
-            EditSelection().SelectCell({focus.row + 1, focus.column});
-    }
-    ItemsChanged();
+        m_shown.Insert(m_shown.PlaceOf(*last) + 1, &row);
+    });
 }
 
 void CGridCtrl::ItemsChanged()
@@ -158,7 +195,7 @@ int CGridCtrl::GetFittingWidth(std::size_t column) const
         const SRect place{0, 0, c_wide, GetRowHeight()};
         int needed =
             GetView()->GetTextWidth(item->FormatItem()) + c_wide - item->GetTextRect(place).GetWidth();
-        if (m_hasTree && column == 0)
+        if (HasTree() && column == 0)
             needed += GetExpanderRect({row, 0}, {}).right;
         width = std::max(width, needed);
     }
@@ -181,7 +218,7 @@ void CGridCtrl::SetReadOnly(bool readOnly)
 bool CGridCtrl::IsSelected(const CGridItem& item) const
 {
     const CGridRow* const row = item.GetRow();
-    return row && IsShown(*row) && GetSelection().Contains({row->m_place, row->GetColumnOf(item)});
+    return row && IsShown(*row) && GetSelection().Contains({m_shown.PlaceOf(*row), row->GetColumnOf(item)});
 }
 
 SRect CGridCtrl::GetItemRect(const CGridItem& item) const
@@ -190,7 +227,7 @@ SRect CGridCtrl::GetItemRect(const CGridItem& item) const
     if (!row || !IsShown(*row))
         return {};
     const std::size_t column = row->GetColumnOf(item);
-    return column < GetColumnCount() ? GetContentRect({row->m_place, column}) : SRect{};
+    return column < GetColumnCount() ? GetContentRect({m_shown.PlaceOf(*row), column}) : SRect{};
 }
 
 SRect CGridCtrl::GetExpanderRect(SGridCell cell, const SRect& rect) const
@@ -202,7 +239,7 @@ SRect CGridCtrl::GetExpanderRect(SGridCell cell, const SRect& rect) const
 SRect CGridCtrl::GetContentRect(SGridCell cell) const
 {
     SRect rect = GetCellRect(cell);
-    if (m_hasTree && cell.column == 0)
+    if (HasTree() && cell.column == 0)
         rect.left = std::min(GetExpanderRect(cell, rect).right, rect.right);
     return rect;
 }

@@ -36,9 +36,9 @@ public:
     /// Destroys all rows; the columns stay. An open editor is closed without taking over its text.
     void RemoveAllRows();
     /// The rows at the top; each has those below it.
-    const std::vector<std::unique_ptr<CGridRow>>& GetRows() const noexcept { return m_rows; }
+    const CGridRowList<std::unique_ptr<CGridRow>>& GetRows() const noexcept { return m_rows; }
     /// The rows that are shown, from top to bottom: those at the top and those below expanded ones.
-    const std::vector<CGridRow*>& GetShownRows() const noexcept { return m_shown; }
+    const CGridRowList<CGridRow*>& GetShownRows() const noexcept { return m_shown; }
     /// The item of a shown cell; null where there is none.
     std::shared_ptr<CGridItem> GetItem(SGridCell cell) const;
     /// The item of the cell that keys go to; null where there is none.
@@ -92,17 +92,22 @@ protected:
 private:
     friend class CGridRow;
 
-    // Rows have come or gone, or are shown or hidden.
-    void RowsChanged();
+    // Changes which rows are shown.
+    template<class FChange>
+    void ChangeShown(FChange&& change);
     // A row has come below another one.
     void SubRowAdded(CGridRow& row);
-    bool IsShown(const CGridRow& row) const noexcept;
+    void ExpansionChanged(CGridRow& row);
+    static bool IsShown(const CGridRow& row) noexcept { return row.m_shownPart; }
+    // Whether any row has rows below it.
+    bool HasTree() const noexcept { return m_trees != 0; }
     bool CanEdit(SGridCell cell) const;
     // An item has come or gone: an editor whose item is no longer in the grid is closed.
     void ItemsChanged();
-    void ShowRows(const std::vector<std::unique_ptr<CGridRow>>& rows);
+    void ShowAll();
+    void ShowBelow(const CGridRow& row);
     // Headers begin where the contents of rows at the top do.
-    int GetHeaderIndent(std::size_t column) const { return m_hasTree && column == 0 ? GetRowHeight() : 0; }
+    int GetHeaderIndent(std::size_t column) const { return HasTree() && column == 0 ? GetRowHeight() : 0; }
     SRect GetExpanderRect(SGridCell cell, const SRect& rect) const;
     SRect GetContentRect(SGridCell cell) const;
     bool ClickExpander(SGridCell cell, SPoint point);
@@ -111,9 +116,9 @@ private:
     bool Expand(const SGridKey& key);
 
     std::vector<SColumn> m_columns;
-    std::vector<std::unique_ptr<CGridRow>> m_rows;
-    std::vector<CGridRow*> m_shown;
-    bool m_hasTree = false; // whether any row has rows below it
+    CGridRowList<std::unique_ptr<CGridRow>> m_rows;
+    CGridRowList<CGridRow*> m_shown;
+    std::size_t m_trees = 0; // how many rows at the top have rows below them
     bool m_readOnly = false;
     CCallbackSlot m_changeSlot;
     std::weak_ptr<CGridItem> m_edited;

@@ -1,5 +1,6 @@
 #include "output/grid/GridRow.h"
 
+#include "output/grid/detail/GridRowListParts.h"
 #include "output/grid/GridCtrl.h"
 
 #include <algorithm>
@@ -56,7 +57,8 @@ std::size_t CGridRow::GetColumnOf(const CGridItem& item) const noexcept
 
 CGridRow& CGridRow::AddSubRow()
 {
-    CGridRow& row = *m_subRows.emplace_back(std::make_unique<CGridRow>(m_grid, this));
+    m_subRows.Append(std::make_unique<CGridRow>(m_grid, this));
+    CGridRow& row = *m_subRows.back();
     m_grid.SubRowAdded(row);
     return row;
 }
@@ -66,7 +68,7 @@ void CGridRow::SetExpanded(bool expanded)
     if (m_expanded == expanded)
         return;
     m_expanded = expanded;
-    m_grid.RowsChanged();
+    m_grid.ExpansionChanged(*this);
 }
 
 } // namespace CommonUI

@@ -2,9 +2,11 @@
 
 #include "../../export/Export.h"
 #include "GridItem.h"
+#include "GridRowList.h"
 
 #include <cstddef>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -51,7 +53,7 @@ public:
     /// Whether there are rows below this one, be they shown or not.
     bool HasSubRows() const noexcept { return !m_subRows.empty(); }
     /// The rows below this one, from top to bottom, without those below them.
-    const std::vector<std::unique_ptr<CGridRow>>& GetSubRows() const noexcept { return m_subRows; }
+    const CGridRowList<std::unique_ptr<CGridRow>>& GetSubRows() const noexcept { return m_subRows; }
     /// Whether the rows below this one are shown where this one is; true from the start.
     bool IsExpanded() const noexcept { return m_expanded; }
     /// Shows or hides the rows below this one. A focus among those that are hidden moves up to this row.
@@ -59,13 +61,26 @@ public:
 
 private:
     friend class CGridCtrl;
+    template<class TRow>
+    friend class CGridRowList;
+
+    // The part of the list of that type that the row is in, or null.
+    template<class TRow, class TSelf>
+    static auto& PartOf(TSelf& row) noexcept
+    {
+        if constexpr (std::is_pointer_v<TRow>)
+            return row.m_shownPart;
+        else
+            return row.m_ownPart;
+    }
 
     CGridCtrl& m_grid;
     CGridRow* m_parent;
     std::vector<std::shared_ptr<CGridItem>> m_items;
-    std::vector<std::unique_ptr<CGridRow>> m_subRows;
+    CGridRowList<std::unique_ptr<CGridRow>> m_subRows;
     bool m_expanded = true;
-    std::size_t m_place = 0; // among the rows that are shown; means nothing for others
+    Detail::SGridRowPart* m_ownPart = nullptr;   // among the rows at the top, or below the same row
+    Detail::SGridRowPart* m_shownPart = nullptr; // among the rows that are shown
 };
 
 } // namespace CommonUI

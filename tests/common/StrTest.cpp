@@ -197,6 +197,28 @@ TEST(Str, OrdersByCodeUnits)
     EXPECT_TRUE(std::unordered_set<CStr>({CStr(20, u'x')}).contains(CStr(20, u'x')));
 }
 
+TEST(Str, UnitsAreAppendedAndComparedAtEveryPlace)
+{
+    CStr text;
+    std::u16string expected;
+    for (char16_t unit = u'\u0100'; unit < u'\u0130'; ++unit) {
+        const CStr before = text;
+        text += unit;
+        expected += unit;
+        ASSERT_EQ(text, expected);
+        ASSERT_EQ(before, std::u16string_view(expected).substr(0, expected.size() - 1)) << "shared before";
+        ASSERT_LT(before, text);
+        for (std::size_t at = 0; at < expected.size(); ++at) {
+            // The greater unit has the lower byte that is less.
+            std::u16string other = expected;
+            other[at] = u'\u0200';
+            ASSERT_LT(text, other) << at;
+            ASSERT_GT(CStr(other), text) << at;
+            ASSERT_FALSE(text == other) << at;
+        }
+    }
+}
+
 TEST(Str, Concatenates)
 {
     const CStr a(u"a");

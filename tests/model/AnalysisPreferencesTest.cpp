@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
+#include <random>
 
 using namespace CommonUI;
 using CData = CAnalysisPreferencesData;
@@ -131,6 +133,44 @@ TEST(AnalysisPreferences, ParametersAreReplacedAppendedAndNumbered)
     EXPECT_EQ(data.FindParameterMaxValue(), 1);
     data.SetParameters({CParameter(2147483647, other), CParameter(1, other)});
     EXPECT_EQ(data.FindParameterMaxValue(), 2);
+}
+
+TEST(AnalysisPreferences, ManyParametersAreFoundByTheirFirstNumber)
+{
+    CAnalysisPreferencesData data(EAnalysis::Roughness);
+    const CParameter any = data.GetParameters().front();
+    std::mt19937 random(3);
+    const auto expectFound = [&data] {
+        const std::vector<CParameter> list = data.GetParameters();
+        for (int number = -2; number < 700; ++number) {
+            const auto first = std::ranges::find(list, number, &CParameter::GetValue);
+            ASSERT_EQ(data.IsParameterOn(number), first != list.end() && first->IsOn()) << number;
+            if (first != list.end()) {
+                ASSERT_TRUE(CParameter::IsSame(data.GetParameter(number), *first)) << number;
+            }
+        }
+        const auto largest = std::ranges::max(data.GetParameterIDs());
+        EXPECT_EQ(data.FindParameterMaxValue(), std::max(largest, 0) + 1);
+    };
+    for (int step = 0; step < 40; ++step) {
+        for (int i = 0; i < 12; ++i)
+            data.AddParameter(0, any);
+        // One takes the place of another, and there may be two of a number.
+        for (int i = 0; i < 3; ++i) {
+            CParameter other(static_cast<int>(random() % 600), any);
+            other.SetOn(random() % 2 != 0);
+            data.SetParameter(static_cast<int>(random() % 600), other);
+            data.SetParameterOn(static_cast<int>(random() % 600), random() % 2 != 0);
+        }
+        expectFound();
+        if (step % 10 == 9) {
+            std::vector<CParameter> list = data.GetParameters();
+            std::ranges::shuffle(list, random);
+            list.resize(list.size() / 2, any);
+            data.SetParameters(list);
+            expectFound();
+        }
+    }
 }
 
 TEST(AnalysisPreferences, GroupsListWhatTheGetterAnswers)

@@ -7,7 +7,9 @@
 #include "tests/output/GridHarness.h"
 #include "tests/TestData.h"
 
+#include <algorithm>
 #include <functional>
+#include <random>
 
 using namespace CommonUI;
 
@@ -30,6 +32,32 @@ std::string ShownNames(const CGridHarness& harness)
     for (const CGridRow* row : harness.grid->GetShownRows())
         names += row->GetItem(0)->FormatItem().ToUtf8() + " ";
     return names;
+}
+
+void AddShown(const CGridRowList<std::unique_ptr<CGridRow>>& rows, std::vector<const CGridRow*>& shown)
+{
+    for (const auto& row : rows) {
+        shown.push_back(row.get());
+        if (row->IsExpanded())
+            AddShown(row->GetSubRows(), shown);
+    }
+}
+
+// That the rows shown are those of the tree, and lie where they are shown.
+void ExpectShown(const CGridCtrl& grid)
+{
+    std::vector<const CGridRow*> shown;
+    AddShown(grid.GetRows(), shown);
+    ASSERT_TRUE(std::ranges::equal(grid.GetShownRows(), shown));
+    for (std::size_t place = 0; place < shown.size(); ++place)
+        ASSERT_EQ(grid.GetShownRows()[place], shown[place]);
+}
+
+bool IsWithin(const CGridRow* row, const CGridRow& above)
+{
+    while (row && row != &above)
+        row = row->GetParent();
+    return row;
 }
 
 } // namespace
@@ -95,6 +123,50 @@ TEST(GridCtrl, RowsBelowRowsAreShownAndHidden)
     EXPECT_EQ(harness.grid->GetSelection().GetFocus(), SGridCell{}) << "cut to the rows that are left";
     EXPECT_EQ(kept->GetGrid(), nullptr);
     kept->SetValue(u"still usable");
+}
+
+TEST(GridCtrl, RowsComeAndGoAnywhereAmongMany)
+{
+    CGridCtrl grid;
+    grid.AddColumn({u"Name", 10});
+    std::mt19937 random(5);
+    const auto below = [&random](std::size_t count) { return random() % count; };
+    const auto any = [&]() -> CGridRow& { return *grid.GetShownRows()[below(grid.GetShownRows().size())]; };
+    for (int i = 0; i < 3000; ++i)
+        grid.AddRow();
+    for (int i = 0; i < 1500; ++i)
+        grid.GetRows()[1500]->AddSubRow();
+    for (int step = 0; step < 3000; ++step) {
+        const std::size_t focus = below(grid.GetShownRows().size());
+        grid.SelectCell({focus, 0});
+        CGridRow* const focused = grid.GetShownRows()[focus];
+        switch (CGridRow& row = any(); below(4)) {
+        case 0:
+            row.AddSubRow();
+            break;
+        case 1:
+            row.SetExpanded(!row.IsExpanded());
+            break;
+        case 2:
+            grid.AddRow();
+            break;
+        default:
+            // A row that keeps the focus elsewhere.
+            if (!IsWithin(focused, row))
+                grid.RemoveRow(row);
+        }
+        const CGridRow* kept = focused;
+        for (const CGridRow* above = focused->GetParent(); above; above = above->GetParent())
+            kept = above->IsExpanded() ? kept : above;
+        ASSERT_EQ(grid.GetShownRows()[grid.GetSelection().GetFocus().row], kept) << "step " << step;
+        if (step % 100 == 0)
+            ExpectShown(grid);
+    }
+    ExpectShown(grid);
+    while (!grid.GetRows().empty())
+        grid.RemoveRow(*grid.GetRows().front());
+    EXPECT_TRUE(grid.GetShownRows().empty());
+    EXPECT_EQ(grid.GetExtent().height, grid.GetHeaderHeight());
 }
 
 TEST(GridCtrl, EditorsOpenAndEnd)

@@ -39,17 +39,30 @@ public:
     void GetColumn(std::size_t frequency, std::span<CComplex> column) const;
     /// Replaces the first lines' values at one frequency.
     void SetColumn(std::size_t frequency, std::span<const CComplex> column);
+    /// Lets go of the lines behind so many, which nobody asks for any more.
+    void KeepLines(std::size_t count);
     /// Transforms two lines back, into the real and the imaginary parts; multiplied by the size.
     /// @param second beyond the last line it counts as 0
     /// @param values as many as the size
     void TransformBack(std::size_t first, std::size_t second, std::span<CComplex> values) const;
 
 private:
+    static constexpr std::size_t c_blockLines = 64; // even, as lines are set in pairs
+
     void SetLines(std::size_t first, std::span<const CComplex> transformed);
+    // The values of a line.
+    CComplex* At(std::size_t line)
+    {
+        return &m_blocks[line / c_blockLines][line % c_blockLines * GetWidth()];
+    }
+    const CComplex* At(std::size_t line) const
+    {
+        return &m_blocks[line / c_blockLines][line % c_blockLines * GetWidth()];
+    }
 
     std::size_t m_lines;
     CFourierTransform m_transform;
-    std::vector<CComplex> m_values; // line after line
+    std::vector<std::vector<CComplex>> m_blocks; // some lines each, line after line
 };
 
 } // namespace CommonUI::Analysis

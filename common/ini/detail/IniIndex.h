@@ -67,12 +67,12 @@ public:
             const SEntry& entry = m_entries[at];
             if (entry.number == c_none)
                 return c_none;
-            if (entry.hash == hash && entry.number != c_erased && matches(entry.number))
+            if (entry.hash == hash && matches(entry.number))
                 return entry.number;
         }
     }
 
-    /// Adds a number below c_none - 1.
+    /// Adds a number below c_none.
     void Insert(std::uint32_t hash, std::uint32_t number)
     {
         if (2 * (m_used + 1) > m_entries.size())
@@ -80,12 +80,27 @@ public:
         Place({hash, number});
     }
 
+    /// What follows in the cluster closes the gap, so that however often numbers come and go, nothing is left
+    /// to walk over.
     void Erase(std::uint32_t hash, std::uint32_t number)
     {
-        for (std::size_t at = hash & m_mask; m_entries[at].number != c_none; at = (at + 1) & m_mask) {
-            if (m_entries[at].number == number)
-                m_entries[at].number = c_erased;
+        if (m_entries.empty())
+            return;
+        std::size_t gap = hash & m_mask;
+        while (m_entries[gap].number != number) {
+            if (m_entries[gap].number == c_none)
+                return;
+            gap = (gap + 1) & m_mask;
         }
+        for (std::size_t at = (gap + 1) & m_mask; m_entries[at].number != c_none; at = (at + 1) & m_mask) {
+            // One whose search begins behind the gap stays.
+            if (((at - m_entries[at].hash) & m_mask) < ((at - gap) & m_mask))
+                continue;
+            m_entries[gap] = m_entries[at];
+            gap = at;
+        }
+        m_entries[gap].number = c_none;
+        --m_used;
     }
 
     void Clear()
@@ -99,7 +114,6 @@ private:
         std::uint32_t hash = 0;
         std::uint32_t number = c_none;
     };
-    static constexpr std::uint32_t c_erased = c_none - 1;
 
     void Place(SEntry entry)
     {
@@ -112,25 +126,22 @@ private:
 
     void Rebuild()
     {
-        std::size_t live = 1;
-        for (const SEntry& entry : m_entries)
-            live += entry.number < c_erased ? 1 : 0;
         std::size_t size = 16;
-        while (size < 3 * live)
+        while (size < 3 * (m_used + 1))
             size *= 2;
         std::vector<SEntry> old(size);
         old.swap(m_entries);
         m_mask = size - 1;
         m_used = 0;
         for (const SEntry& entry : old) {
-            if (entry.number < c_erased)
+            if (entry.number != c_none)
                 Place(entry);
         }
     }
 
     std::vector<SEntry> m_entries; // a power of two of them, at least half of them free
     std::size_t m_mask = 0;
-    std::size_t m_used = 0; // erased ones included
+    std::size_t m_used = 0;
 };
 
 } // namespace CommonUI
