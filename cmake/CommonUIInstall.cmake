@@ -96,8 +96,8 @@ endif()
 # The pages that help opens, with their pictures.
 install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Doc)
 # The programs that they show, each in a folder to begin with, and a surface.
-foreach(example IN ITEMS data format_dialog grid_dialog languages measurement number_dialog progress_dialog python
-    selection_dialog)
+foreach(example IN ITEMS data format_dialog gl_state grid_dialog ini_store languages measurement number_dialog progress_dialog
+    python roughness_report selection_dialog settings_sets surface_files)
     install(DIRECTORY examples/${example} DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT Doc)
 endforeach()
 if(WIN32)

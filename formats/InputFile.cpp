@@ -54,7 +54,7 @@ void CInputFile::Fail(const std::string& message) const
 std::string PathToUtf8(const std::filesystem::path& path)
 {
     const std::u8string text = path.u8string();
-    return std::string(text.begin(), text.end());
+    return ToUtf8({reinterpret_cast<const char*>(text.data()), text.size()});
 }
 
 } // namespace CommonUI::Formats

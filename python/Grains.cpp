@@ -20,6 +20,8 @@ namespace Analysis = CommonUI::Analysis;
 namespace
 {
 
+// All without Python's lock work on a copy of the surface, which other threads of the script may change.
+
 Analysis::EGrainKind KindOf(bool isPores)
 {
     return isPores ? Analysis::EGrainKind::Pore : Analysis::EGrainKind::Particle;
@@ -36,7 +38,7 @@ Analysis::SGrainMap Find(const Analysis::SSurface& surface, double threshold, bo
 py::array_t<std::uint32_t> FindLabels(SScriptSurface& script, double threshold, bool isPores,
                                       double minimumArea, std::size_t minimumPoints, bool includesEdge)
 {
-    const Analysis::SSurface& surface = Checked(script);
+    const Analysis::SSurface surface = Checked(script);
     Analysis::SGrainMap map;
     {
         const py::gil_scoped_release unlocked;
@@ -62,7 +64,7 @@ py::dict Measure(SScriptSurface& script, double threshold,
                  std::size_t minimumPoints, bool includesEdge)
 {
     const std::vector<std::string_view> wanted = CheckKeys(keys);
-    const Analysis::SSurface& surface = Checked(script);
+    const Analysis::SSurface surface = Checked(script);
     Analysis::SGrains grains;
     {
         const py::gil_scoped_release unlocked;
@@ -85,7 +87,7 @@ double Threshold(SScriptSurface& script, const std::string& rule, double value)
         rules, std::string_view(rule), &std::pair<std::string_view, Analysis::EGrainThreshold>::first);
     if (found == std::end(rules))
         throw std::invalid_argument("rule: relative, percentile, otsu expected, not \"" + rule + "\"");
-    const Analysis::SSurface& surface = Checked(script);
+    const Analysis::SSurface surface = Checked(script);
     const py::gil_scoped_release unlocked;
     return FindThreshold(surface, found->second, value);
 }

@@ -1,5 +1,6 @@
 #include "python/Preferences.h"
 
+#include "common/PathText.h"
 #include "measurement/Columns.h"
 #include "measurement/EditPreferences.h"
 #include "measurement/FailureReason.h"
@@ -107,7 +108,10 @@ CScriptPreferences::CScriptPreferences(const std::optional<std::filesystem::path
     if (!path)
         return;
     CommonUI::CInifile& ini = m_store.GetInifile();
-    ini.SetFileName(path->u16string());
+    CStr fileName;
+    if (!CommonUI::ToText(*path, fileName))
+        throw Measurement::ERequest(fileName, u"preferences need a name of characters, not of any bytes");
+    ini.SetFileName(fileName);
     const bool exists = std::filesystem::exists(*path);
     if (const Measurement::CFailureReason reason; !m_store.Load())
         throw Measurement::ERequest({}, reason.GetText());

@@ -1,7 +1,9 @@
 #include "python/Surface.h"
 
+#include "common/ControlCharacters.h"
 #include "common/file/FileBytes.h"
 #include "common/NumberText.h"
+#include "common/PathText.h"
 #include "formats/FileDigest.h"
 #include "formats/SurfaceReader.h"
 #include "formats/SurfaceWriter.h"
@@ -17,6 +19,7 @@
 #include <chrono>
 #include <cmath>
 #include <filesystem>
+#include <limits>
 #include <optional>
 #include <stdexcept>
 
@@ -37,6 +40,20 @@ constexpr double c_leastSpacing = 1e-18;
 constexpr double c_largestSpacing = 1e9;
 
 using CHeights = py::array_t<double, py::array::c_style | py::array::forcecast>;
+
+// What a script gives as an array. Masked points are missing ones, and nothing of a height is dropped.
+CHeights HeightsOf(const py::object& given)
+{
+    const auto numpy = py::module_::import("numpy");
+    const py::object masked = numpy.attr("ma");
+    const bool isMasked = py::isinstance(given, masked.attr("MaskedArray"));
+    const py::object array = isMasked ? given : numpy.attr("asarray")(given);
+    if (numpy.attr("iscomplexobj")(array).cast<bool>())
+        throw std::invalid_argument("heights: real numbers expected, not complex ones");
+    if (!isMasked)
+        return array;
+    return masked.attr("filled")(array.attr("astype")("float64"), std::numeric_limits<double>::quiet_NaN());
+}
 
 std::string TextOf(double number)
 {
@@ -74,9 +91,10 @@ SScriptSurface MakeOfShape(std::pair<std::size_t, std::size_t> shape, double dx,
     return made;
 }
 
-SScriptSurface MakeOfHeights(const CHeights& heights, double dx, std::optional<double> dy,
+SScriptSurface MakeOfHeights(const py::object& given, double dx, std::optional<double> dy,
                              std::string channel)
 {
+    const CHeights heights = HeightsOf(given);
     if (heights.ndim() != 1 && heights.ndim() != 2)
         throw std::invalid_argument("heights: an array of lines and points expected, not of " +
                                     std::to_string(heights.ndim()) + " dimensions");
@@ -118,6 +136,14 @@ SScriptSurface Read(const fs::path& path, const std::optional<CLength>& spacing,
     return {Formats::ReadSurface(path, options), Formats::ComputeSha256(path)};
 }
 
+// A path in a message, on one line and nothing but characters.
+std::string NameOf(const fs::path& path)
+{
+    CStr text;
+    CommonUI::ToText(path, text);
+    return CStr(CommonUI::ReplaceControls(text, u'?')).ToUtf8();
+}
+
 Formats::EFormat FormatOf(const fs::path& path, bool isProfile, bool isBinary)
 {
     std::string suffix = path.extension().string();
@@ -131,23 +157,23 @@ Formats::EFormat FormatOf(const fs::path& path, bool isProfile, bool isBinary)
         return Formats::EFormat::X3p;
     if (suffix == ".txt")
         return isProfile ? Formats::EFormat::Profile : Formats::EFormat::Matrix;
-    throw Formats::EWriteError(path.string() + ": the name ends in none of .sdf, .x3p, .txt");
+    throw Formats::EWriteError(NameOf(path) + ": the name ends in none of .sdf, .x3p, .txt");
 }
 
 void Write(SScriptSurface& surface, const fs::path& path, bool isBinary)
 {
-    const SSurface& checked = Checked(surface);
+    const SSurface checked = Checked(surface); // of which other threads may change the original meanwhile
     const Formats::EFormat format = FormatOf(path, checked.IsProfile(), isBinary);
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     const py::gil_scoped_release unlocked;
     CStr reason;
     try {
-        if (CommonUI::ReplaceFileBytes(path.u16string(), Formats::WriteSurface(checked, format, now), reason))
+        if (CommonUI::ReplacePathBytes(path, Formats::WriteSurface(checked, format, now), reason))
             return;
     } catch (const Formats::EWriteError& error) {
-        throw Formats::EWriteError(path.string() + ": " + error.what());
+        throw Formats::EWriteError(NameOf(path) + ": " + error.what());
     }
-    throw Formats::EWriteError(path.string() + ": " + reason.ToUtf8());
+    throw Formats::EWriteError(NameOf(path) + ": " + reason.ToUtf8());
 }
 
 std::string Describe(const SScriptSurface& self)
@@ -216,11 +242,12 @@ void AddSurfaces(py::module_& module)
     type.def_static("from_array", &MakeOfHeights, py::arg("heights"), py::kw_only(), py::arg("dx"),
                     py::arg("dy") = py::none(), py::arg("channel") = "",
                     "A surface with a copy of the heights of an array, in m: lines of points, or one line. "
-                    "NaN is a missing point.");
+                    "What is NaN or masked is a missing point.");
     type.def_property_readonly(
         "heights", &ViewHeights,
         "The heights in m, an array of lines and points that is the surface's own memory: what is written to "
-        "it is in the surface. NaN is a missing point. Leave it alone while another thread computes.");
+        "it is in the surface. NaN is a missing point. What takes long has a copy, so that other threads "
+        "may go on writing.");
     AddSpacing<&SSurface::dx>(type, "dx", "Spacing of the points of a line, in m.");
     AddSpacing<&SSurface::dy>(type, "dy", "Spacing of the lines, in m.");
     AddText<&SSurface::channel>(type, "channel", "What was measured; empty where the file names nothing.");

@@ -62,4 +62,10 @@ bool ReplaceFileBytes(const CStr& fileName, std::string_view bytes, CStr& reason
     return file.Open(fileName, reason) && file.Write(bytes, reason) && file.Replace(reason);
 }
 
+bool ReplacePathBytes(const fs::path& path, std::string_view bytes, CStr& reason)
+{
+    CFileReplacement file;
+    return file.OpenPath(path, reason) && file.Write(bytes, reason) && file.Replace(reason);
+}
+
 } // namespace CommonUI

@@ -4,6 +4,7 @@
 #include "../Str.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -27,5 +28,8 @@ COMMONDLL_API bool FileExists(const CStr& fileName);
 /// left of a file goes with a later success, if it is older than a minute; a process looks for it once a
 /// minute.
 COMMONDLL_API bool ReplaceFileBytes(const CStr& fileName, std::string_view bytes, CStr& reason);
+
+/// Likewise, by a path, which may have bytes that are no characters.
+COMMONDLL_API bool ReplacePathBytes(const std::filesystem::path& path, std::string_view bytes, CStr& reason);
 
 } // namespace CommonUI

@@ -245,6 +245,14 @@ bool CFileReplacement::Open(const CStr& fileName, CStr& reason, const CStr& read
     });
 }
 
+bool CFileReplacement::OpenPath(const fs::path& path, CStr& reason)
+{
+    return TryFile(reason, [&] {
+        m_state = std::make_unique<SState>(path);
+        m_state->Open({});
+    });
+}
+
 bool CFileReplacement::Write(std::string_view bytes, CStr& reason)
 {
     return TryFile(reason, [&] { m_state->Write(bytes); });

@@ -3,6 +3,7 @@
 #include "../../export/Export.h"
 #include "../Str.h"
 
+#include <filesystem>
 #include <memory>
 #include <string_view>
 
@@ -25,6 +26,8 @@ public:
     /// @param readers a file whose permissions the content gets, and the one to write it; empty for those of
     ///     the file that is replaced
     bool Open(const CStr& fileName, CStr& reason, const CStr& readers = {});
+    /// Likewise, by a path, which may have bytes that are no characters.
+    bool OpenPath(const std::filesystem::path& path, CStr& reason);
     /// Writes all of the bytes behind what has been written. @param reason of a failure; else left alone
     bool Write(std::string_view bytes, CStr& reason);
     /// Puts the content in its place.

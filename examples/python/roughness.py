@@ -17,13 +17,13 @@ def main(file, folder):
     roughness = commonui.analyse(processed, cutoff="12um")
     for key in ("Sa", "Sq", "Sz"):
         print(f"{key}: {roughness.values[key]:.4g} {roughness.units[key]}")
-    (folder / "roughness.html").write_text(roughness.html())
+    (folder / "roughness.html").write_text(roughness.html(), encoding="utf-8")
 
     limit = commonui.find_threshold(processed, "otsu")
     grains = commonui.analyse(processed, grains=limit)
     areas = grains.columns()["AreaExHoles"]
     print(f"{grains.row_count} grains, the largest {areas.max():.3g} {grains.units['AreaExHoles']}")
-    (folder / "grains.txt").write_text(grains.text())
+    (folder / "grains.txt").write_text(grains.text(), encoding="utf-8")
 
 
 if __name__ == "__main__":

@@ -15,6 +15,8 @@ import sys
 ROWS = 'bench/rows'
 PAGE = 'docs/speed.md'
 BEGIN, END = '<!-- scripts/bench writes what follows -->', '<!-- scripts/bench wrote what precedes -->'
+NOTE = ('Each ratio is the median of the rounds with the least and the greatest; the load is that of the machine at the end '
+        'of the run.')
 UNITS = {'ns': 1, 'us': 1e3, 'ms': 1e6, 's': 1e9}
 
 
@@ -71,25 +73,27 @@ def beside(rounds, ours, what, other):
     return f'{what}, {time} | {as_ratio(rounds, ours, other)}'
 
 
-def line_of(row, rounds):
+def line_of(row, rounds, load):
     _, work, ours, peer, peer_name, limit, limit_name = row
     time = as_time(statistics.median(times[ours] for times in rounds))
-    return f'| {work} | {time} | {beside(rounds, ours, peer, peer_name)} | {beside(rounds, ours, limit, limit_name)} |'
+    peers = f'{beside(rounds, ours, peer, peer_name)} | {beside(rounds, ours, limit, limit_name)}'
+    return f'| {work} | {time} | {peers} | {len(rounds)} rounds, load {load:.1f} |'
 
 
-def write_page(measured, rows, note):
+def write_page(measured, rows):
+    """Rows that were not measured now keep their figures and what is said of their run."""
     with open(PAGE, encoding='utf-8') as file:
         page = file.read()
     before, rest = page.split(BEGIN)
     old, after = rest.split(END)
     kept = {line.split('|')[1].strip(): line for line in old.splitlines() if line.startswith('| ')}
-    table = ['| work | time | beside | ratio | limit | ratio |', '|---|---|---|---|---|---|']
+    table = ['| work | time | beside | ratio | limit | ratio | run |', '|---|---|---|---|---|---|---|']
     for row in rows:
         line = measured.get(row[1], kept.get(row[1]))
         if line:
             table.append(line)
     with open(PAGE, 'w', encoding='utf-8') as file:
-        file.write(before + BEGIN + '\n\n' + '\n'.join(table) + '\n\n' + note + '\n\n' + END + after)
+        file.write(before + BEGIN + '\n\n' + '\n'.join(table) + '\n\n' + NOTE + '\n\n' + END + after)
 
 
 def main():
@@ -113,12 +117,10 @@ def main():
         for name in names:
             wanted = {bench for row in of_program[name] for bench in (row[2], row[4], row[6]) if bench}
             rounds[name].append(run_once(name, sorted(wanted)))
-    measured = {row[1]: line_of(row, rounds[name]) for name in names for row in of_program[name]}
-    print('\n'.join(measured.values()))
     load = os.getloadavg()[2]
-    note = (f'{options.rounds} rounds, each ratio the median with the least and the greatest; load of the machine '
-            f'{load:.1f} on {os.cpu_count()} cores at the end of the last run.')
-    write_page(measured, rows, note)
+    measured = {row[1]: line_of(row, rounds[name], load) for name in names for row in of_program[name]}
+    print('\n'.join(measured.values()))
+    write_page(measured, rows)
 
 
 if __name__ == '__main__':

@@ -1,5 +1,10 @@
 """Surfaces as arrays, and their files."""
 
+import os
+import shutil
+import sys
+import threading
+
 import numpy as np
 import pytest
 
@@ -24,6 +29,54 @@ def test_surface_of_an_array_is_a_copy():
     assert surface.heights.tolist() == [[0, 3], [1, 4], [2, 5]]
     assert (surface.dx, surface.dy, surface.channel) == (1e-6, 2e-6, "Höhe")
     assert commonui.Surface.from_array([1, 2, 3], dx=1).heights.shape == (1, 3)
+
+
+def test_masked_points_are_missing():
+    heights = np.ma.masked_greater(np.array([[1, 2, 3], [4, 5, 6]], dtype=np.int32), 4)
+    surface = commonui.Surface.from_array(heights, dx=1e-6)
+    assert np.array_equal(surface.heights, [[1, 2, 3], [4, np.nan, np.nan]], equal_nan=True)
+    assert surface.missing == 2 and heights.data[1, 1] == 5
+    assert commonui.Surface.from_array(np.ma.array([1.0, 2.0]), dx=1).missing == 0
+
+
+def test_names_that_are_no_characters_work(sample, tmp_path):
+    name = os.path.join(os.fsencode(tmp_path), b"a\xff.sdf")
+    with pytest.raises(commonui.ReadError, match="sdf: no such file"):
+        commonui.read_surface(name)
+    shutil.copy(SAMPLE, name)
+    for path in (name, os.fsdecode(name)):
+        read = commonui.read_surface(path)
+        assert np.array_equal(read.heights, sample.heights, equal_nan=True) and read.file_name.endswith(".sdf")
+    sample.heights[0, 0] = 7e-6
+    commonui.write_surface(sample, name)
+    assert commonui.read_surface(name).heights[0, 0] == 7e-6
+    assert os.listdir(os.fsencode(tmp_path)) == [b"a\xff.sdf"]
+    with pytest.raises(commonui.WriteError, match="ends in none of"):
+        commonui.write_surface(sample, name + b".foo")
+    with pytest.raises(commonui.WriteError, match="none.*/a.sdf: .*No such file"):
+        commonui.write_surface(sample, os.fsencode(tmp_path) + b"/none\xff/a.sdf")
+    with pytest.raises(commonui.RequestError, match="preferences need a name of characters"):
+        commonui.Preferences(os.fsdecode(name))
+
+
+@pytest.fixture
+def no_switching():
+    """Threads take turns only where one lets go of the interpreter's lock."""
+    interval = sys.getswitchinterval()
+    sys.setswitchinterval(1000)
+    yield
+    sys.setswitchinterval(interval)
+
+
+def test_what_is_written_is_the_surface_of_one_moment(tmp_path, no_switching):
+    surface = commonui.Surface.from_array(np.zeros((1000, 1000)), dx=1e-6)
+    thread = threading.Thread(target=commonui.write_surface, args=(surface, tmp_path / "a.sdf"))
+    thread.start()
+    surface.heights[:] = 1e-6  # while it is written
+    surface.dx = 5e-6
+    thread.join()
+    written = commonui.read_surface(tmp_path / "a.sdf")
+    assert not written.heights.any() and written.dx == 1e-6
 
 
 @pytest.mark.parametrize("name, options", [("a.sdf", {}), ("a.sdf", {"binary": True}), ("a.x3p", {}), ("a.TXT", {})])
@@ -55,6 +108,8 @@ def test_profile_without_positions_takes_a_spacing(tmp_path):
         (lambda: commonui.Surface((2, 2), dx=0), ValueError, "dx: a spacing from 1e-18 m to 1e9 m expected, not 0"),
         (lambda: commonui.Surface((2, 2), dx=1, dy=np.nan), ValueError, "dy: a spacing"),
         (lambda: commonui.Surface.from_array(np.zeros((2, 2, 2)), dx=1), ValueError, "not of 3 dimensions"),
+        (lambda: commonui.Surface.from_array([1 + 2j, 0], dx=1), ValueError, "heights: real numbers expected"),
+        (lambda: commonui.Surface.from_array(np.ma.array([1j]), dx=1), ValueError, "heights: real numbers expected"),
         (lambda: commonui.Surface.from_array([[0, 1], [0, np.inf]], dx=1), ValueError, r"heights\[1, 1\]"),
         (lambda: commonui.read_surface("none.sdf"), commonui.ReadError, "none.sdf: no such file"),
     ],

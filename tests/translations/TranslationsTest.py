@@ -1,5 +1,6 @@
 """scripts/translations: what is exported comes back as it was, and what is wrong is refused whole."""
 
+import os
 import pathlib
 import shutil
 import subprocess
@@ -48,11 +49,36 @@ class Translations(unittest.TestCase):
 
     def test_only_rows_that_changed_are_written(self):
         self.change('msgstr "Fortschritt"', 'msgstr ""\n"Fort\\"gang\\n"\n"auf \\\\ Zeilen"')
-        self.change('msgctxt "7219"', '#, fuzzy\nmsgctxt "7219"')
-        self.change('msgstr "1D-Kalibrierung"', 'msgstr "geraten"')
+        os.link(self.german, self.tree / "old")
         self.assertEqual(self.run_script("import", self.catalogue), "")
         wanted = self.before.replace(b'u"Fortschritt"', b'u"Fort\\"gang\\nauf \\\\ Zeilen"', 1)
         self.assertEqual(self.german.read_bytes(), wanted)
+        self.assertEqual((self.tree / "old").read_bytes(), self.before)  # the file was replaced, not written over
+        self.assertEqual(len(list(self.german.parent.iterdir())), 2)
+
+    def test_what_is_not_translated_falls_back_to_english(self):
+        self.change('msgctxt "7219"', '#, fuzzy\nmsgctxt "7219"')
+        self.change('msgstr "Fortschritt"', 'msgstr ""')
+        self.assertEqual(self.run_script("import", self.catalogue), "")
+        gone = [line for line in self.before.splitlines(True) if b"{7219, " in line or b'u"Fortschritt"' in line]
+        self.assertEqual(len(gone), 2)
+        self.assertEqual(self.german.read_bytes(), self.before.replace(gone[0], b"").replace(gone[1], b""))
+        # Again, and with entries that are away: nothing more changes.
+        before = self.german.read_bytes()
+        self.assertEqual(self.run_script("import", self.catalogue), "")
+        self.catalogue.write_text("".join(self.catalogue.read_text(encoding="utf-8").partition("\n\n")[0]) + "\n", "utf-8")
+        self.assertEqual(self.run_script("import", self.catalogue), "")
+        self.assertEqual(self.german.read_bytes(), before)
+
+    def test_regions_have_tables_of_their_own(self):
+        for tag, name in (("zh_TW", "TraditionalChinese"), ("zh-CN", "SimplifiedChinese"), ("fr_FR", "French")):
+            text = self.catalogue.read_text(encoding="utf-8")
+            other = self.tree / "po" / "other.po"
+            other.write_text(text.replace("Language: de", f"Language: {tag}", 1).replace("Fortschritt", tag), "utf-8")
+            self.assertEqual(self.run_script("import", other), "")
+            made = (self.tree / "common" / f"StringTable{name}.cpp").read_text(encoding="utf-8")
+            self.assertIn(f'u"{tag}"', made)
+        self.assertEqual(self.german.read_bytes(), self.before)
 
     def test_what_is_wrong_is_refused(self):
         whole = self.catalogue.read_bytes()
@@ -60,6 +86,8 @@ class Translations(unittest.TestCase):
             ('msgctxt "7204"', 'msgctxt "1"', "there is no text of the id 1"),
             ('msgctxt "7204"', 'msgctxt "Progress"', "has no id as its context"),
             ('msgctxt "7204"\n', "", "has no id as its context"),
+            ("Language: de", "Language: de_AT", "names no language that is known"),
+            ('msgstr "Fortschritt"', 'msgstr "\\ud800"', "\\ud800 is no character"),
             ("Language: de", "Language: tlh", "names no language that is known"),
             ('msgid "Progress"', "msgid Progress", "is nothing that a catalogue"),
             ('"Language: de\\n"', '"\\q"', "\\q is not known"),
@@ -78,8 +106,20 @@ class Translations(unittest.TestCase):
         text = self.catalogue.read_text(encoding="utf-8")
         begin = text.index("#, c-format")
         first = text[begin:text.index("\n\n", begin)]
-        self.change(first, first[:first.rindex("%")] + first[first.rindex("%") + 2:])
-        self.assertIn("has not the directives", self.run_script("import", self.catalogue))
+        at = first.rindex("%")
+        whole = self.catalogue.read_bytes()
+        wrong = {first: (first[:at] + first[at + 2:], first[:at] + "%q" + first[at + 2:], first[:-1] + ' 5 %"'),
+                 'msgstr "Fortschritt"': ('msgstr "Fortschritt %d"',)}
+        for old, news in wrong.items():
+            for new in news:
+                with self.subTest(new):
+                    self.catalogue.write_bytes(whole)
+                    self.change(old, new)
+                    self.assertIn("has not the directives", self.run_script("import", self.catalogue))
+                    self.assertEqual(self.german.read_bytes(), self.before)
+        self.catalogue.write_bytes(whole)
+        self.change(first, first[:-1] + ' %%"')
+        self.assertEqual(self.run_script("import", self.catalogue), "")
 
     @unittest.skipUnless(shutil.which("msgfmt"), "there is no gettext")
     def test_tools_of_gettext_take_the_catalogues(self):
