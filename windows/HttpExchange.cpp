@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <new>
 #include <utility>
 
 namespace CommonUI
@@ -239,7 +240,10 @@ void CALLBACK CHttpExchange::OnStatus(HINTERNET /*handle*/, DWORD_PTR context, D
     default:
         return;
     }
-    told->events->Put(event);
+    try {
+        told->events->Put(event);
+    } catch (const std::bad_alloc&) { // the request ends with its time
+    }
 }
 
 } // namespace CommonUI

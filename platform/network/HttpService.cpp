@@ -57,6 +57,7 @@ struct CHttpService::SState {
         std::size_t received = 0;
         std::size_t expected = 0;
         bool isReporting = false; // a message for that is on its way
+        bool isStarted = false;
     };
 
     // Takes a request out; its functions are empty where there is none.
@@ -95,12 +96,16 @@ CHttpService::~CHttpService() = default;
 CHttpService::TIdentifier CHttpService::Get(const SHttpRequest& request, FAnswer answer, FProgress progress)
 {
     TIdentifier identifier = 0;
+    const bool isStarted = IsWebAddress(request.address);
     {
         const std::lock_guard lock(m_state->mutex);
         identifier = ++m_state->last;
-        m_state->pending[identifier] = {&GetMessageLoop(), std::move(answer), std::move(progress)};
+        m_state->pending[identifier] = {.loop = &GetMessageLoop(),
+                                        .answer = std::move(answer),
+                                        .progress = std::move(progress),
+                                        .isStarted = isStarted};
     }
-    if (IsWebAddress(request.address))
+    if (isStarted)
         Start(identifier, request);
     else
         Finish(identifier, {.outcome = EHttpOutcome::BadAddress});
@@ -109,7 +114,7 @@ CHttpService::TIdentifier CHttpService::Get(const SHttpRequest& request, FAnswer
 
 void CHttpService::Cancel(TIdentifier identifier)
 {
-    if (m_state->Take(identifier).answer)
+    if (m_state->Take(identifier).isStarted)
         Stop(identifier);
 }
 

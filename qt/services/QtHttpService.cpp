@@ -111,9 +111,11 @@ public:
     }
 
 private:
-    // 0 where the server announces nothing, or nonsense.
+    // 0 where the server announces nothing, or nonsense. What comes in chunks says itself where it ends.
     std::size_t GetExpectedSize() const
     {
+        if (m_reply->hasRawHeader("Transfer-Encoding"))
+            return 0;
         const qlonglong length = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
         return length > 0 ? static_cast<std::size_t>(length) : 0;
     }

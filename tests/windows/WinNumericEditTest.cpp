@@ -83,6 +83,20 @@ TEST_F(WinNumericEdit, LeavesEnterAndEscapeToTheDialog)
     EXPECT_EQ(CTestDialog::TakeCommands(), (std::vector<int>{IDOK, IDCANCEL}));
 }
 
+TEST_F(WinNumericEdit, ControlAndBackspaceTakeAWordAway)
+{
+    for (const wchar_t* const left : {L"2.5 ", L"", L""}) {
+        if (left[0] != 0) {
+            SendMessageW(field, EM_SETSEL, 0, -1);
+            dialog.Type(L"2.5 mm ");
+        }
+        dialog.Press(VK_BACK, true);
+        dialog.Type(L"\x7F");
+        EXPECT_EQ(Shown(), FromWide(left));
+        EXPECT_TRUE(edit->GetEdit().IsModified());
+    }
+}
+
 TEST_F(WinNumericEdit, TakesWhatIsPastedAndNothingThatTheProgramSets)
 {
     SendMessageW(field, EM_SETSEL, 0, -1);
@@ -179,6 +193,19 @@ TEST_F(WinNumericEdit, ACallbackMayDestroyTheEdit)
     EXPECT_FALSE(edit);
     EXPECT_EQ(WidthOf(field), 120) << "as it was before";
     dialog.Type(L"3");
+}
+
+TEST_F(WinNumericEdit, WhoLosesTheKeyboardMayDestroyTheEdit)
+{
+    CWinFloatEdit other(dialog.Get(), 101);
+    other.GetEdit().SetChangeNotification(
+        *this, &WinNumericEdit_WhoLosesTheKeyboardMayDestroyTheEdit_Test::OnChange);
+    other.GetEdit().Setup(1.0F, 0.0F, 10.0F, 0.1F);
+    SetFocus(dialog.GetItem(101));
+    dialog.Type(L"2");
+    destroys = true;
+    SendMessageW(GetArrows(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(4, 4));
+    EXPECT_FALSE(edit);
 }
 
 TEST_F(WinNumericEdit, AnExceptionReachesTheLoop)

@@ -95,6 +95,15 @@ TEST_F(WinProgressWindow, AnExceptionOfTheWorkReachesTheCaller)
     EXPECT_FALSE(IsWindowVisible(window));
 }
 
+TEST_F(WinProgressWindow, WithoutParentItLiesOverTheApplication)
+{
+    CWinProgressThreadDialog alone(nullptr, u"Batch", u"Reading");
+    alone.GetWindow().SetModal(true);
+    alone.GetWindow().Show(true);
+    EXPECT_EQ(GetWindow(alone.GetWindow().GetWindow(), GW_OWNER), parent.Get());
+    alone.GetWindow().SetModal(false);
+}
+
 TEST_F(WinProgressWindow, GrowsWithItsText)
 {
     RECT before{};

@@ -2,6 +2,7 @@
 
 #include "tests/windows/ClipboardTesting.h"
 #include "tests/windows/ControlTesting.h"
+#include "windows/edits/WinNumericEdit.h"
 
 #include <memory>
 #include <stdexcept>
@@ -37,6 +38,11 @@ protected:
             grid.reset();
         if (throws)
             throw std::runtime_error("from a callback");
+    }
+    void OnChange(float)
+    {
+        if (destroys)
+            grid.reset();
     }
     // The middle of a cell.
     LPARAM At(std::size_t row, std::size_t column) const
@@ -216,4 +222,22 @@ TEST_F(WinResultGrid, ACallbackMayDestroyItOrThrow)
     SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, At(1, 1));
     EXPECT_FALSE(grid);
     EXPECT_FALSE(IsWindow(window));
+}
+
+TEST_F(WinResultGrid, WhoLosesTheKeyboardMayDestroyIt)
+{
+    CWinFloatEdit edit(dialog.Get(), 100);
+    edit.GetEdit().SetChangeNotification(*this,
+                                         &WinResultGrid_WhoLosesTheKeyboardMayDestroyIt_Test::OnChange);
+    for (const UINT button : {WM_LBUTTONDOWN, WM_RBUTTONDOWN}) {
+        if (!grid)
+            grid = std::make_unique<CWinResultGrid>(dialog.Get(), 200, SRect{10, 60, 260, 200}, table);
+        grid->Update();
+        destroys = false;
+        SetFocus(edit.GetField());
+        dialog.Type(button == WM_LBUTTONDOWN ? L"2" : L"3");
+        destroys = true;
+        SendMessageW(grid->GetWindow(), button, 0, At(1, 1));
+        EXPECT_FALSE(grid);
+    }
 }

@@ -98,14 +98,17 @@ public:
     void SetModal(bool modal)
     {
         m_disabled.clear();
-        if (modal)
-            EnumThreadWindows(
-                GetCurrentThreadId(),
-                [](HWND window, LPARAM self) -> BOOL {
-                    reinterpret_cast<CWindow*>(self)->Disable(window);
-                    return TRUE;
-                },
-                reinterpret_cast<LPARAM>(this));
+        m_below = nullptr;
+        if (!modal)
+            return;
+        m_below = GetOwnerWindow(); // which later is one of those that take no input
+        EnumThreadWindows(
+            GetCurrentThreadId(),
+            [](HWND window, LPARAM self) -> BOOL {
+                GuardedCall([&] { reinterpret_cast<CWindow*>(self)->Disable(window); });
+                return TRUE;
+            },
+            reinterpret_cast<LPARAM>(this));
     }
     void SetBusy(bool busy) { m_busy = busy; }
 
@@ -205,8 +208,10 @@ private:
     // Over the middle of the window below.
     void LieOver()
     {
-        if (!m_hasParent)
-            SetWindowLongPtrW(GetHandle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(GetOwnerWindow()));
+        if (!m_hasParent) {
+            HWND__* const owner = IsWindow(m_below) ? m_below : GetOwnerWindow();
+            SetWindowLongPtrW(GetHandle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+        }
         HWND__* const below = ::GetWindow(GetHandle(), GW_OWNER);
         MONITORINFO monitor{};
         monitor.cbSize = sizeof monitor;
@@ -251,6 +256,7 @@ private:
 
     CWinProgressWindow& m_view;
     bool m_hasParent;
+    HWND m_below = nullptr; // the application's window when all were disabled
     HFONT m_font;
     bool m_busy = false;
     std::unique_ptr<CCancel> m_cancel;

@@ -20,6 +20,8 @@ constexpr struct {
     {VK_END, EKey::End},   {VK_BACK, EKey::Backspace}, {VK_DELETE, EKey::Delete},
 };
 
+constexpr WPARAM c_controlBackspace = 127; // the character that comes with the key
+
 // None for a key that writes a character, which comes as one.
 std::optional<EKey> ToNamedKey(WPARAM code)
 {
@@ -132,8 +134,7 @@ bool CWinEditField::TakeKey(WPARAM code)
 bool CWinEditField::TakeCharacter(WPARAM character)
 {
     constexpr WPARAM c_controlA = 1;
-    constexpr WPARAM c_controlDelete = 127;
-    const bool isControl = character < L' ' || character == c_controlDelete;
+    const bool isControl = character < L' ' || character == c_controlBackspace;
     if (!isControl)
         return Offer({.key = EKey::Character, .character = static_cast<char16_t>(character)});
     if (character == c_controlA)
@@ -183,10 +184,32 @@ void CWinEditField::AfterMessage(UINT message)
         GuardedCall([control = GetControl()] { control->OnFocusLost(); });
 }
 
+// What is selected already stays so.
+void CWinEditField::SelectWordBefore()
+{
+    DWORD start = 0, end = 0;
+    PassOn(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    if (start != end)
+        return;
+    const CStr text = GetText();
+    const auto skip = [&](bool blanks) {
+        while (start > 0 && (text[start - 1] == u' ') == blanks)
+            --start;
+    };
+    skip(true);
+    skip(false);
+    PassOn(EM_SETSEL, start, static_cast<LPARAM>(end));
+}
+
 LRESULT CWinEditField::OnMessage(UINT message, WPARAM wide, LPARAM longer)
 {
     if (TakeMessage(message, wide))
         return 0;
+    if (message == WM_CHAR && wide == c_controlBackspace) { // the system would write the character
+        SelectWordBefore();
+        message = WM_CLEAR;
+        wide = 0;
+    }
     const std::weak_ptr<void> life = GetLife();
     LRESULT result = PassOn(message, wide, longer);
     if (life.expired() || !GetHandle())

@@ -25,6 +25,9 @@ class CWinStepSizePopup;
 /// and Ctrl+Page Down do what the pop-up does. Screen readers know the field as one of the system, by the
 /// label in front of it.
 ///
+/// What was typed counts when the field has lost the keyboard, after the EN_KILLFOCUS that the dialog gets:
+/// a dialog hears of it by the edit's change notification.
+///
 /// The application keeps the font, and on a change of the monitor the size of the field. The window may go
 /// before the object, with its dialog. Callbacks of the edit may destroy the object, and throw: see
 /// CWinMessageLoop. User-interface thread only.

@@ -42,8 +42,11 @@ public:
 protected:
     LRESULT OnMessage(UINT message, WPARAM wide, LPARAM longer) override
     {
+        const std::weak_ptr<void> life = GetLife();
         if (message == WM_LBUTTONDOWN)
-            SetFocus(m_owner.m_field);
+            SetFocus(m_owner.m_field); // who had the keyboard may end the dialog over it
+        if (life.expired())
+            return 0;
         if (message == WM_MOUSEMOVE && !std::exchange(m_isInside, true)) {
             AwaitPointerLeft(GetHandle());
             m_owner.OnPointer(true);

@@ -277,13 +277,22 @@ void CWinGridView::Release(SPoint point, bool isCaptured)
     SendMouse(GridMouse::c_leftUp, point);
 }
 
+// Who had the keyboard may end the dialog over it.
+bool CWinGridView::TakeFocusAlive()
+{
+    const std::weak_ptr<void> life = m_life;
+    TakeFocus();
+    return !life.expired() && GetHandle();
+}
+
 bool CWinGridView::TakeMouse(UINT message, LPARAM longer)
 {
     const SPoint point = PointOf(longer);
     switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-        TakeFocus();
+        if (!TakeFocusAlive())
+            return true;
         m_pressed = true;
         m_pointer = point;
         SetCapture(GetHandle());
@@ -293,8 +302,8 @@ bool CWinGridView::TakeMouse(UINT message, LPARAM longer)
         Release(point, true);
         return true;
     case WM_RBUTTONDOWN:
-        TakeFocus();
-        SendMouse(message, point);
+        if (TakeFocusAlive())
+            SendMouse(message, point);
         return true;
     default:
         break;

@@ -166,6 +166,16 @@ public:
         return false;
     }
 
+    // Where there is no memory for an answer either, there is none.
+    void Fail() noexcept
+    {
+        try {
+            End(EHttpOutcome::Failed);
+        } catch (const std::exception&) {
+            m_exchange.reset();
+        }
+    }
+
     void End(EHttpOutcome outcome)
     {
         m_hasEnded = true;
@@ -179,9 +189,11 @@ public:
     }
 
 private:
-    // 0 where the server announces nothing, or nonsense.
+    // 0 where the server announces nothing, or nonsense. What comes in chunks says itself where it ends.
     std::size_t GetExpectedSize() const
     {
+        if (!m_answer.GetHeader("Transfer-Encoding").empty())
+            return 0;
         const std::string_view text = m_answer.GetHeader("Content-Length");
         std::size_t size = 0;
         std::from_chars(text.data(), text.data() + text.size(), size);
@@ -231,7 +243,7 @@ private:
     {
         // What a server sends besides what it announced is no content.
         const std::size_t expected = GetExpectedSize();
-        if (expected != 0 && m_answer.GetHeader("Transfer-Encoding").empty())
+        if (expected != 0)
             content = content.substr(0, expected - m_answer.body.size());
         if (content.empty())
             return Complete();
@@ -312,10 +324,12 @@ private:
             for (const auto& [identifier, request] : std::exchange(m_starting, {})) {
                 CTransfer& transfer =
                     m_transfers.try_emplace(identifier, m_service, identifier, request).first->second;
-                if (error != 0)
-                    transfer.End(OutcomeOf(error));
-                else
-                    transfer.Ask(session.get(), m_events, ++m_lastExchange);
+                Try(transfer, [&] {
+                    if (error != 0)
+                        transfer.End(OutcomeOf(error));
+                    else
+                        transfer.Ask(session.get(), m_events, ++m_lastExchange);
+                });
             }
             EndLate();
             std::erase_if(m_transfers, [](const auto& entry) { return entry.second.HasEnded(); });
@@ -341,15 +355,29 @@ private:
     void Tell(const SHttpEvent& event, HINTERNET session)
     {
         for (auto& [identifier, transfer] : m_transfers)
-            if (transfer.GetExchange() == event.exchange && transfer.Take(event))
-                transfer.Ask(session, m_events, ++m_lastExchange);
+            if (transfer.GetExchange() == event.exchange)
+                Try(transfer, [&, &told = transfer] {
+                    if (told.Take(event))
+                        told.Ask(session, m_events, ++m_lastExchange);
+                });
+    }
+
+    // One request that finds no memory leaves the others alone.
+    template<class FStep>
+    static void Try(CTransfer& transfer, FStep step)
+    {
+        try {
+            step();
+        } catch (const std::exception&) {
+            transfer.Fail();
+        }
     }
 
     void EndLate()
     {
         for (auto& [identifier, transfer] : m_transfers)
             if (!transfer.HasEnded() && transfer.GetEnd() <= TClock::now())
-                transfer.End(EHttpOutcome::TimedOut);
+                Try(transfer, [&ended = transfer] { ended.End(EHttpOutcome::TimedOut); });
     }
 
     TClock::time_point GetNextEnd() const

@@ -35,6 +35,7 @@ private:
     bool TakeKey(WPARAM key);
     bool TakeCharacter(WPARAM character);
     bool Offer(const SKey& key);
+    void SelectWordBefore();
     bool TakeWheel(WPARAM wide);
     void AfterMessage(UINT message);
 

@@ -38,6 +38,7 @@ private:
     bool TakeMessage(UINT message, WPARAM wide, LPARAM longer);
     bool TakeKey(WPARAM key);
     bool TakeColumnKey(WPARAM key);
+    bool TakeFocusAlive();
     bool TakeMouse(UINT message, LPARAM longer);
     void TakeWheel(int delta, bool sideways);
     void Release(SPoint point, bool isCaptured);
