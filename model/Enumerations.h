@@ -98,7 +98,7 @@ COMMONUI_API const CEnum<ETipEstimationArea>& GetTipEstimationAreaEnum();
 COMMONUI_API const CEnum<EMUFUFilterType>& GetMUFUFilterTypeEnum();
 /// What the robust regression can start from.
 COMMONUI_API const CEnum<EMUFURobustSeed>& GetMUFURobustSeedEnum();
-/// The ratios of the cutoffs.
+/// The ratios of the filter's cut-off to the length of the closing.
 COMMONUI_API const CEnum<EMUFUClosingCutOffRatio>& GetMUFUClosingCutOffRatioEnum();
 /// The lines of a grain analysis's summary.
 COMMONUI_API const CEnum<EMeasureSummaryItems>& GetMeasureSummaryItemsEnum();

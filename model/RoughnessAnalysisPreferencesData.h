@@ -40,7 +40,7 @@ class COMMONUI_API CRoughnessAnalysisPreferencesData : public CAnalysisPreferenc
 public:
     /// The chart of one parameter over the evaluations of a session.
     struct SBarChartConfig {
-        ERoughnessParameters parameter = ERoughnessParameters::Sa;
+        ERoughnessParameters parameter = ERoughnessParameters::Sa; ///< whose values are drawn
         int barCount = 20;        ///< the evaluations that are shown, the last ones; 1 to 1000
         bool autoScale = true;    ///< the axis follows the values instead of `lower` and `upper`
         double lower = 0;         ///< of the axis, at unit factor 1
@@ -111,9 +111,9 @@ public:
     EMUFURobustSeed GetMUFURobustSeed() const noexcept { return m_mufuRobustSeed; }
     /// Changes from what the robust filter starts.
     void SetMUFURobustSeed(EMUFURobustSeed seed);
-    /// How the cutoff of the closing relates to that of the filter in a MUFU evaluation.
+    /// The ratio of the filter's cut-off to the length of the closing in a MUFU evaluation.
     EMUFUClosingCutOffRatio GetMUFUClosingCutOffRatio() const noexcept { return m_mufuRatio; }
-    /// Changes the ratio of the cutoffs.
+    /// Changes that ratio.
     void SetMUFUClosingCutOffRatio(EMUFUClosingCutOffRatio ratio);
 
 private:
