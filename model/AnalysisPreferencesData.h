@@ -52,7 +52,7 @@ public:
         /// The parameters, and what their values and their choice depend on: the unit, the preprocessing, the
         /// form removal, the MUFU options, the standards, and what the application allows.
         bool parameters = false;
-        bool statistics = false;
+        bool statistics = false; ///< the list of statistics
         /// The outputs, and where results go: to the file, the database, the report and the bar chart.
         bool outputs = false;
 
@@ -84,6 +84,7 @@ public:
     /// One group with what the getter answers for every parameter; it must know all their numbers.
     /// @param all false leaves out dynamic parameters (with a parent) and templates (with variables)
     virtual std::vector<SParameterGroup> GetGroups(FGetter getter, bool all) const;
+    /// A copy of the object's own class, with all that it holds, the modified flag included.
     virtual std::unique_ptr<CAnalysisPreferencesData> Clone() const;
     /// The parameters in the groups of GetGroups.
     virtual std::vector<SParameterGroup> GetParameterGroups(bool all) const;
@@ -113,55 +114,81 @@ public:
     /// and its clone.
     virtual SDifferences Compare(const CAnalysisPreferencesData& other) const;
 
+    /// The analysis of the constructor; Assign never changes it.
     EAnalysis GetAnalysis() const noexcept { return m_analysis; }
     /// Compares the analysis only.
     bool operator==(EAnalysis analysis) const noexcept { return m_analysis == analysis; }
     /// The name of the analysis in the names of its sections, and the name that users see.
     /// @throws EInternal for a number that is no analysis: "Illegal Analysis value: %d"
     static CStr GetININame(EAnalysis analysis);
+    /// The name that users see, in the language of the string table; throws as GetININame does.
     static CStr GetFriendlyName(EAnalysis analysis);
+    /// The same of the object's own analysis.
     CStr GetININame() const { return GetININame(m_analysis); }
+    /// The same of the object's own analysis.
     CStr GetFriendlyName() const { return GetFriendlyName(m_analysis); }
 
     /// The first entry of that number.
     /// @throws EInternal when there is none: "Illegal Parameter ID: %d", "Illegal m_Statistic ID: %d",
     ///     "Illegal Output ID: %d"
     CParameter GetParameter(int id) const;
+    /// The first statistic of that number, throwing as GetParameter does.
     CParameter GetStatistic(int id) const;
+    /// The first output of that number, throwing as GetParameter does.
     CParameter GetOutput(int id) const;
+    /// All parameters, on or off, dynamic ones included, as copies.
     std::vector<CParameter> GetParameters() const { return m_parameters; }
+    /// All statistics, on or off, as copies.
     std::vector<CParameter> GetStatistics() const { return m_statistics; }
+    /// All outputs, on or off, as copies.
     std::vector<CParameter> GetOutputs() const { return m_outputs; }
     /// Whether the parameter is on; false also when the list does not have it.
     bool IsParameterOn(int id) const;
+    /// The numbers of all parameters, on or off.
     std::vector<int> GetParameterIDs() const;
+    /// The numbers of all statistics, on or off.
     std::vector<int> GetStatisticIDs() const;
+    /// The numbers of all outputs, on or off.
     std::vector<int> GetOutputIDs() const;
 
     /// Replaces the first parameter of that number, or appends when there is none. Always true.
     bool SetParameter(int id, const CParameter& parameter);
+    /// Replaces the first statistic of that number. @return false, and nothing changes, when there is none
     bool SetStatistic(int id, const CParameter& statistic);
+    /// Replaces the first output of that number. @return false, and nothing changes, when there is none
     bool SetOutput(int id, const CParameter& output);
+    /// Switches a parameter; a template stays off. @return whether the list has it
     bool SetParameterOn(int id, bool on);
+    /// Switches a statistic. @return whether the list has it
     bool SetStatsOn(int id, bool on);
+    /// Switches an output. @return whether the list has it
     bool SetOutputOn(int id, bool on);
     /// Replaces the entry of each element's own number.
     /// @return false when there was none for one of them; the others are replaced all the same
     bool SetStatistics(const std::vector<CParameter>& statistics);
+    /// As SetStatistics, of the outputs.
     bool SetOutputs(const std::vector<CParameter>& outputs);
 
+    /// Whether results are appended to the result file; stored.
     bool GetWriteToFile() const noexcept { return m_writeToFile; }
+    /// Changes GetWriteToFile; whether the application allows it is not asked.
     void SetWriteToFile(bool write);
+    /// Whether results are appended to the result database; stored.
     bool GetWriteToDB() const noexcept { return m_writeToDB; }
+    /// Changes GetWriteToDB; whether the application allows it is not asked.
     void SetWriteToDB(bool write);
     /// The unit in which heights are shown where no parameter says otherwise.
     const CUnit& GetUnit() const noexcept { return m_unit; }
+    /// Changes the unit of GetUnit; parameters keep the unit factors that they have.
     void SetUnit(const CUnit& unit);
+    /// What is done to a surface before the analysis evaluates it.
     ERoughnessPreprocessingOptions GetPreprocessingOption() const noexcept { return m_preprocessing; }
     /// @param number of an ERoughnessPreprocessingOptions
     /// @return false, and nothing changes, when there is no such option
     bool SetPreprocessingNo(int number);
+    /// What the application lets its users choose.
     const SAllowed& GetAllowed() const noexcept { return m_allowed; }
+    /// Replaces all of GetAllowed; dialogs leave out what is not allowed, while its choices stay stored.
     void SetAllowed(const SAllowed& allowed);
     /// Whether parameters of the standard are offered: what the map says, true where it says nothing.
     bool IsStandardEnabled(EAnalysisStandards standard) const;
@@ -170,12 +197,16 @@ public:
 
     /// The stored form of a list of parameters: see SaveParameterList and LoadParameterList.
     static void SaveParameters(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis);
+    /// Reads what SaveParameters wrote from the current section.
     static void LoadParameters(std::vector<CParameter>& parameters, CInifile& ini, EAnalysis analysis);
     /// The stored forms of statistics ("Mean_S_On", "Mean_S_Value") and outputs ("AbbottCurve_O_On"). What
     /// the section does not say keeps its value.
     static void SaveStatistics(const std::vector<CParameter>& statistics, CInifile& ini);
+    /// Reads what SaveStatistics wrote from the current section.
     static void LoadStatistics(std::vector<CParameter>& statistics, const CInifile& ini);
+    /// Writes the outputs to the current section.
     static void SaveOutput(const std::vector<CParameter>& outputs, CInifile& ini);
+    /// Reads what SaveOutput wrote; what the section does not say keeps its value.
     static void LoadOutput(std::vector<CParameter>& outputs, const CInifile& ini);
 
 protected:
@@ -186,8 +217,11 @@ protected:
         m_places.Forget();
         return m_parameters;
     }
+    /// The list of parameters itself, without a copy.
     const std::vector<CParameter>& ViewParameters() const noexcept { return m_parameters; }
+    /// The list of statistics itself, without a copy.
     const std::vector<CParameter>& ViewStatistics() const noexcept { return m_statistics; }
+    /// The list of outputs itself, without a copy.
     const std::vector<CParameter>& ViewOutputs() const noexcept { return m_outputs; }
 
 private:

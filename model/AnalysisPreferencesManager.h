@@ -19,8 +19,8 @@ enum class EPreferencesChange { Parameters = 0, Statistics = 1, Outputs = 2 };
 
 /// What listeners of the preferences manager are told.
 struct SPreferencesChange {
-    EAnalysis analysis;
-    EPreferencesChange kind;
+    EAnalysis analysis;      ///< whose preferences have changed
+    EPreferencesChange kind; ///< which part of them
 
     bool operator==(const SPreferencesChange& other) const = default;
 };
@@ -39,6 +39,7 @@ struct SPreferencesChange {
 class COMMONUI_API CAnalysisPreferencesManager
 {
 public:
+    /// What listeners subscribe to.
     using CChangeList = CMultiClosure1<void, const SPreferencesChange&>;
 
     /// All analyses with their defaults. An application needs only the one of GetAnalysisPreferencesManager.
@@ -68,6 +69,7 @@ public:
     /// The same for statistics and for outputs, each of which replaces the one of its number. When one of
     /// them is unknown, the others are replaced, but nothing is announced.
     bool SetDataStatistics(EAnalysis analysis, std::vector<CParameter>& list);
+    /// The same for outputs.
     bool SetDataOutputs(EAnalysis analysis, std::vector<CParameter>& list);
     /// Announced as a change of parameters when it is one.
     /// @return false when there is no such parameter
@@ -82,6 +84,7 @@ public:
 
     /// Loads or saves one analysis in the current section of `ini`; a load announces all three kinds.
     bool LoadData(EAnalysis analysis, CInifile& ini);
+    /// Saves one analysis in the current section; true, as CAnalysisPreferencesData::Save.
     bool SaveData(EAnalysis analysis, CInifile& ini);
     /// Loads or saves all analyses, each in the section named like the current one, "_" and the analysis's
     /// name: "Analysis_TipAnalysis". The current section is current again afterwards.
@@ -89,10 +92,12 @@ public:
     /// throws std::bad_alloc.
     /// @return whether all of them succeeded; one that fails does not keep the others from being tried
     bool Load(CInifile& ini);
+    /// Saves all analyses in the sections that Load reads, and answers as it does.
     bool Save(CInifile& ini) const;
 
 protected:
     // The name is the one that its error message carries.
+    /// GetData to be changed by derived classes, which announce nothing by it.
     CAnalysisPreferencesData& _GetData(EAnalysis analysis); // NOLINT(bugprone-reserved-identifier)
 
 private:

@@ -27,6 +27,7 @@ public:
     virtual bool IsModified() const noexcept;
     /// Gives everything that is stored its default.
     virtual void Init() = 0;
+    /// Notes that the object is what is stored; for who has stored it.
     virtual void ClearModified() noexcept;
     /// ClearModified, then Init; when Init throws, the flag is what it was.
     virtual void Reset();
@@ -47,6 +48,7 @@ public:
     virtual bool SaveText(CStr& text);
 
 protected:
+    /// To be called by whatever changes what is stored.
     void SetModified() noexcept { m_modified = true; }
 
 private:

@@ -86,13 +86,21 @@ enum class EMeasureSummaryItems {
 /// Each accessor builds its enumeration on the first call, with the texts of the language that is installed
 /// then, and returns the same object ever after. Any thread may call.
 COMMONUI_API const CEnum<EAnalysisStandards>& GetAnalysisStandardsEnum();
+/// The forms that a profile roughness analysis can remove.
 COMMONUI_API const CEnum<ERoughnessFormRemoval>& GetRoughnessFormRemovalEnum();
+/// Where reports can go.
 COMMONUI_API const CEnum<ERoughnessReportOption>& GetRoughnessReportOptionEnum();
+/// The statistics, in the order in which they are shown.
 COMMONUI_API const CEnum<EStatistics>& GetStatisticsEnum();
+/// The parts of an image that can serve the estimation of a tip.
 COMMONUI_API const CEnum<ETipEstimationArea>& GetTipEstimationAreaEnum();
+/// The filters in front of a MUFU evaluation.
 COMMONUI_API const CEnum<EMUFUFilterType>& GetMUFUFilterTypeEnum();
+/// What the robust regression can start from.
 COMMONUI_API const CEnum<EMUFURobustSeed>& GetMUFURobustSeedEnum();
+/// The ratios of the filter's cut-off to the length of the closing.
 COMMONUI_API const CEnum<EMUFUClosingCutOffRatio>& GetMUFUClosingCutOffRatioEnum();
+/// The lines of a grain analysis's summary.
 COMMONUI_API const CEnum<EMeasureSummaryItems>& GetMeasureSummaryItemsEnum();
 
 } // namespace CommonUI

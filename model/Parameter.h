@@ -52,7 +52,7 @@ public:
 
     /// The number format of a parameter.
     struct SFormatSpecifier {
-        EFormatSpecifier type = EFormatSpecifier::FormatDigits;
+        EFormatSpecifier type = EFormatSpecifier::FormatDigits; ///< see count
         /// Decimals or significant digits, 1 to 12; means nothing for FormatInteger.
         std::int32_t count = 5;
 
@@ -63,15 +63,16 @@ public:
     struct SHistogramSetup {
         /// The bounds of the histogram, each in force only when its flag is set.
         CRange<double> range{-std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
-        bool lowerOn = false;
-        bool upperOn = false;
-        int classCount = 20;
+        bool lowerOn = false; ///< whether the lower bound of the range is in force
+        bool upperOn = false; ///< whether the upper bound of the range is in force
+        int classCount = 20;  ///< how many bars the range is divided into
         /// The kind of the histogram, a number that the analysis gives its meaning.
         int kind = 0;
 
         bool operator==(const SHistogramSetup& other) const = default;
     };
 
+    /// How many histograms a parameter has.
     COMMONUI_CONSTANT std::size_t c_histogramCount = 3;
     /// What a value without a parent has in the parent's place.
     COMMONUI_CONSTANT int c_noParent = -1;
@@ -83,33 +84,48 @@ public:
     /// A dimensionless parameter without limits, shown in nano and with five significant digits.
     CParameter(int value, const CStr& iniName, const CStr& friendly, const CStr& shortFriendly, int standard,
                bool on);
+    /// The same with a dimension.
     CParameter(int value, const CStr& iniName, const CStr& friendly, const CStr& shortFriendly, int standard,
                bool on, EDimension dimension);
     /// An instance of `parent` under a new number: it takes over texts, standard, choices, limits, dimension
     /// and copies of the variables, but not the histograms and the axis.
     CParameter(int value, const CParameter& parent);
 
+    /// The number of the template, or c_noParent.
     int GetParentValue() const noexcept { return m_parentValue; }
+    /// Makes the parameter dynamic, or not with c_noParent; nothing is taken over from the parent.
     void SetParentValue(int parent) noexcept { m_parentValue = parent; }
+    /// Whether it is dynamic: made from a template or by a plug-in.
     bool HasParent() const noexcept { return m_parentValue > c_noParent; }
     /// The number of the catalogue entry behind the parameter: the parent's, or the own one where there is no
     /// parent.
     int GetBaseValue() const noexcept { return HasParent() ? m_parentValue : GetValue(); }
 
+    /// Whether the user has chosen it.
     bool IsOn() const noexcept { return m_on; }
+    /// Chooses it or not; callers keep templates off.
     void SetOn(bool on) noexcept { m_on = on; }
     /// The lower and upper bound of accepted values; c_NoLimit where there is none.
     double GetLowerLimit() const noexcept { return m_lowerLimit; }
+    /// The upper bound; see GetLowerLimit.
     double GetUpperLimit() const noexcept { return m_upperLimit; }
+    /// Sets both bounds as they are, with c_NoLimit for one that does not exist.
     void SetLimits(double lower, double upper) noexcept;
+    /// The prefix in front of the unit in which values are shown: nano from the start.
     CUnit::EUnitFactor GetUnitFactor() const noexcept { return m_unitFactor; }
+    /// Changes how values are shown; the values themselves stay at factor 1.
     void SetUnitFactor(CUnit::EUnitFactor factor) noexcept { m_unitFactor = factor; }
+    /// What kind of value it has, and so in which unit; see EDimension.
     EDimension GetDimension() const noexcept { return m_dimension; }
+    /// Changes the dimension; unit factor, format and limits stay.
     void SetDimension(EDimension dimension) noexcept { m_dimension = dimension; }
+    /// How values are written; five significant digits from the start.
     const SFormatSpecifier& GetFloatFormat() const noexcept { return m_floatFormat; }
+    /// Changes how values are written; the count is not checked.
     void SetFloatFormat(const SFormatSpecifier& format) noexcept { m_floatFormat = format; }
     /// @param index below c_histogramCount
     const SHistogramSetup& GetHistogramSetup(std::size_t index) const { return m_histograms.at(index); }
+    /// Replaces one histogram. @param index below c_histogramCount @throws std::out_of_range for another one
     void SetHistogramSetup(std::size_t index, const SHistogramSetup& setup)
     {
         m_histograms.at(index) = setup;
@@ -118,25 +134,35 @@ public:
     /// The positions of an axis's ticks and a number that goes with them, as the analysis that draws the axis
     /// has computed them. They belong to the parameter's identity (see IsEqual).
     const std::vector<double>& GetAxisTicks() const noexcept { return m_axisTicks; }
+    /// Replaces the positions of the ticks.
     void SetAxisTicks(std::vector<double> ticks) { m_axisTicks = std::move(ticks); }
+    /// The number that goes with the ticks.
     int GetAxisTickKind() const noexcept { return m_axisTickKind; }
+    /// Changes the number that goes with the ticks.
     void SetAxisTickKind(int kind) noexcept { m_axisTickKind = kind; }
     /// How the axis is scaled (1 from the start) and its range; kept for the analysis, not compared by
     /// IsEqual.
     int GetAxisMode() const noexcept { return m_axisMode; }
+    /// Changes how the axis is scaled; see GetAxisMode.
     void SetAxisMode(int mode) noexcept { m_axisMode = mode; }
+    /// The range of the axis; see GetAxisMode.
     CRange<double> GetAxisRange() const noexcept { return m_axisRange; }
+    /// Changes the range of the axis; see GetAxisMode.
     void SetAxisRange(const CRange<double>& range) noexcept { m_axisRange = range; }
 
     /// The value of a parameter that is a variable of another one, and of statistics such as a percentile.
     double GetVariableValue() const noexcept { return m_variableValue; }
+    /// Changes the value of GetVariableValue; the limits are not asked.
     void SetVariableValue(double value) noexcept { m_variableValue = value; }
+    /// How many variables it has: those of a template, or the copies of a dynamic parameter.
     std::size_t GetVariableCount() const noexcept { return m_variables.size(); }
     /// Whether it is a template: a parameter of its own with variables. A template is never on.
     bool IsTemplate() const noexcept { return !HasParent() && !m_variables.empty(); }
     /// @param index below GetVariableCount, which is not checked
     const CParameter& GetVariable(std::size_t index) const { return m_variables[index]; }
+    /// The same, to be changed in place.
     CParameter& GetVariable(std::size_t index) { return m_variables[index]; }
+    /// All variables in their order, as copies.
     std::vector<CParameter> GetVariables() const { return m_variables; }
     /// Gives the parameter one more variable: a copy of `variable`, whose parent becomes this parameter, in
     /// the original as well. A parameter without a parent becomes a template by it and is switched off.
@@ -145,9 +171,11 @@ public:
     /// How often a length unit enters a value of the dimension. Inverse quantities are not rescaled through
     /// the power: theirs is 0, and that of an angle is 1.
     static int DimensionToPower(EDimension dimension) noexcept;
+    /// The same of the parameter's own dimension.
     int DimensionToPower() const noexcept { return DimensionToPower(m_dimension); }
     /// By what a value at factor 1 is multiplied to be shown at the unit factor.
     static double CalcFactor(EDimension dimension, CUnit::EUnitFactor unitFactor) noexcept;
+    /// The same of the parameter's own dimension and unit factor.
     double CalcFactor() const noexcept { return CalcFactor(m_dimension, m_unitFactor); }
 
     /// The unit of the dimension on a surface with these units, and the power at which it enters. The empty
@@ -160,6 +188,7 @@ public:
     CStr GetScaledUnitStr(const CUnit& unit) const;
     /// The same with the unit of those axes that the dimension needs; empty when they are of different kinds.
     CStr GetScaledUnitStr(const CUnit& x, const CUnit& y, const CUnit& z) const;
+    /// The same with the units of a surface.
     CStr GetScaledUnitStr(const SBase3D<CUnit>& units) const
     {
         return GetScaledUnitStr(units.x, units.y, units.z);
@@ -206,11 +235,11 @@ private:
 
 /// Parameters under a heading of the selection dialogs, with groups below it. Copies are deep.
 struct SParameterGroup {
-    CStr name;
+    CStr name;             ///< the heading
     int standard = 0;      ///< the EAnalysisStandards number that the group stands for; 0 for none
     bool expanded = false; ///< whether a tree shows the group opened
-    std::vector<CParameter> parameters;
-    std::vector<SParameterGroup> subGroups;
+    std::vector<CParameter> parameters;     ///< those of the group itself, in the order shown
+    std::vector<SParameterGroup> subGroups; ///< the groups below it, behind its parameters
 };
 
 /// The kinds of number format, with the keys under which files store them.

@@ -17,9 +17,9 @@ namespace CommonUI
 /// has a tuple of them, from which the functions below take defaults, loading and saving.
 template<class TObject, class TValue, class TDefault>
 struct SPreference {
-    std::u16string_view key;
-    TValue TObject::*member;
-    TDefault byDefault;
+    std::u16string_view key; ///< under which the INI file has it
+    TValue TObject::*member; ///< of the object that holds the value
+    TDefault byDefault;      ///< what an object starts with; of a unit its text
 };
 template<class TObject, class TValue, class TDefault>
 SPreference(const char16_t*, TValue TObject::*, TDefault) -> SPreference<TObject, TValue, TDefault>;
@@ -32,21 +32,26 @@ const CEnum<T>& NamesOf();
 template<class T>
 inline constexpr int c_storedNumbers = 0;
 
+/// Writes a warning of a stored value to the diagnostics; the value stays what it was.
 inline void WarnOfPreference(const CStr& text)
 {
     GetDiagnostics().Write(u"Preferences", EDiagnosticLevel::Warning, text);
 }
 
+/// Reads a value, which stays what it is where the current section does not have the key.
 inline void ReadPreference(const CInifile& ini, const CStr& key, bool& value)
 {
     value = ini.ReadBool(key, value);
 }
 
+/// The same of an integer.
 inline void ReadPreference(const CInifile& ini, const CStr& key, int& value)
 {
     value = ini.ReadInt(key, value);
 }
 
+/// The same of a number, which also stays what it is, with a warning, where the file has an infinite one or
+/// NaN.
 inline void ReadPreference(const CInifile& ini, const CStr& key, double& value)
 {
     const double read = ini.ReadDouble(key, value);
@@ -56,12 +61,15 @@ inline void ReadPreference(const CInifile& ini, const CStr& key, double& value)
         WarnOfPreference(key + u": not a finite number");
 }
 
+/// The same of a unit, stored as its text.
 inline void ReadPreference(const CInifile& ini, const CStr& key, CUnit& value)
 {
     value = CUnit::FromText(ini.ReadText(key, value.GetText()));
 }
 
 template<class T>
+/// Reads the number of an enumerator; one that the enumeration does not have leaves the value, with a
+/// warning.
 void ReadNumberOf(const CInifile& ini, const CStr& key, T& value)
 {
     const int number = ini.ReadInt(key, static_cast<int>(value));
@@ -87,12 +95,14 @@ void ReadNameOf(CInifile& ini, const CStr& key, T& value)
     ini.KeepUnknown(key, NamesOf<T>().GetIniName(static_cast<int>(value)));
 }
 
+/// Reads an enumeration that is stored by its numbers; see ReadNumberOf.
 template<class T>
 requires(c_storedNumbers<T> != 0) void ReadPreference(const CInifile& ini, const CStr& key, T& value)
 {
     ReadNumberOf(ini, key, value);
 }
 
+/// Reads an enumeration that is stored by its names; see ReadNameOf.
 template<class T>
 requires(std::is_enum_v<T>&& c_storedNumbers<T> == 0) void ReadPreference(CInifile& ini, const CStr& key,
                                                                           T& value)
@@ -100,26 +110,31 @@ requires(std::is_enum_v<T>&& c_storedNumbers<T> == 0) void ReadPreference(CInifi
     ReadNameOf(ini, key, value);
 }
 
+/// Writes a value to the current section.
 inline void WritePreference(CInifile& ini, const CStr& key, bool value)
 {
     ini.WriteBool(key, value);
 }
 
+/// The same of an integer.
 inline void WritePreference(CInifile& ini, const CStr& key, int value)
 {
     ini.WriteInt(key, value);
 }
 
+/// The same of a number.
 inline void WritePreference(CInifile& ini, const CStr& key, double value)
 {
     ini.WriteDouble(key, value);
 }
 
+/// The same of a unit, by its text.
 inline void WritePreference(CInifile& ini, const CStr& key, const CUnit& value)
 {
     ini.WriteText(key, value.GetText());
 }
 
+/// The same of an enumeration, by number or name as c_storedNumbers says.
 template<class T>
 requires std::is_enum_v<T>
 void WritePreference(CInifile& ini, const CStr& key, T value)
@@ -140,6 +155,7 @@ TValue DefaultValue(const TDefault& byDefault)
         return byDefault;
 }
 
+/// Gives every value of the table its default.
 template<class TObject, class TTable>
 void InitPreferences(TObject& object, const TTable& table)
 {
@@ -160,6 +176,7 @@ void LoadPreferences(TObject& object, CInifile& ini, const TTable& table, const 
         table);
 }
 
+/// Writes every value of the table to the current section, under its key with `prefix` in front.
 template<class TObject, class TTable>
 void SavePreferences(const TObject& object, CInifile& ini, const TTable& table, const CStr& prefix = {})
 {

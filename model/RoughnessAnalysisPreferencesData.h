@@ -40,14 +40,14 @@ class COMMONUI_API CRoughnessAnalysisPreferencesData : public CAnalysisPreferenc
 public:
     /// The chart of one parameter over the evaluations of a session.
     struct SBarChartConfig {
-        ERoughnessParameters parameter = ERoughnessParameters::Sa;
-        int barCount = 20;     ///< the evaluations that are shown, the last ones; 1 to 1000
-        bool autoScale = true; ///< the axis follows the values instead of `lower` and `upper`
-        double lower = 0;      ///< of the axis, at unit factor 1
-        double upper = 1e-6;
-        bool limitsOn = false; ///< bars beyond the tolerance are marked
-        double lowerLimit = 0; ///< of the tolerance, at unit factor 1
-        double upperLimit = 1e-6;
+        ERoughnessParameters parameter = ERoughnessParameters::Sa; ///< whose values are drawn
+        int barCount = 20;        ///< the evaluations that are shown, the last ones; 1 to 1000
+        bool autoScale = true;    ///< the axis follows the values instead of `lower` and `upper`
+        double lower = 0;         ///< of the axis, at unit factor 1
+        double upper = 1e-6;      ///< of the axis, likewise
+        bool limitsOn = false;    ///< bars beyond the tolerance are marked
+        double lowerLimit = 0;    ///< of the tolerance, at unit factor 1
+        double upperLimit = 1e-6; ///< of the tolerance, likewise
 
         bool operator==(const SBarChartConfig& other) const = default;
     };
@@ -91,19 +91,29 @@ public:
     ///     of variables
     int AddTemplateInstance(ERoughnessParameters parent, const std::vector<double>& values);
 
+    /// The bar chart of the analysis; see SBarChartConfig.
     const SBarChartConfig& GetBarChartConfig() const noexcept { return m_barChart; }
     /// A bar count out of its range is brought into it.
     void SetBarChartConfig(const SBarChartConfig& config);
+    /// What form is subtracted from profiles before they are evaluated.
     ERoughnessFormRemoval GetFormRemoval() const noexcept { return m_formRemoval; }
+    /// Changes the form removal, of which listeners of the manager are told as of parameters.
     void SetFormRemoval(ERoughnessFormRemoval removal);
+    /// Whether and how results go to a report.
     ERoughnessReportOption GetReportOption() const noexcept { return m_reportOption; }
+    /// Changes the report option, of which listeners of the manager are told as of outputs.
     void SetReportOption(ERoughnessReportOption option);
     /// The filter in front of a MUFU evaluation.
     EMUFUFilterType GetMUFUFilterType() const noexcept { return m_mufuFilterType; }
+    /// Changes the filter in front of a MUFU evaluation.
     void SetMUFUFilterType(EMUFUFilterType type);
+    /// From what the robust filter of a MUFU evaluation starts.
     EMUFURobustSeed GetMUFURobustSeed() const noexcept { return m_mufuRobustSeed; }
+    /// Changes from what the robust filter starts.
     void SetMUFURobustSeed(EMUFURobustSeed seed);
+    /// The ratio of the filter's cut-off to the length of the closing in a MUFU evaluation.
     EMUFUClosingCutOffRatio GetMUFUClosingCutOffRatio() const noexcept { return m_mufuRatio; }
+    /// Changes that ratio.
     void SetMUFUClosingCutOffRatio(EMUFUClosingCutOffRatio ratio);
 
 private:

@@ -190,10 +190,10 @@ COMMONUI_API bool IsSuppliedByPlugIn(const CParameter& parameter);
 
 /// An input of a template parameter.
 struct SRoughnessVariable {
-    std::u16string_view key; ///< the symbol in the parameter's formula
-    int textId;              ///< of the display text in the string table
-    CParameter::EDimension dimension;
-    double defaultValue; ///< in m or percent, by its dimension
+    std::u16string_view key;          ///< the symbol in the parameter's formula
+    int textId;                       ///< of the display text in the string table
+    CParameter::EDimension dimension; ///< in which its values are asked for
+    double defaultValue;              ///< in m or percent, by its dimension
 };
 
 /// The inputs of a template parameter in the order in which files store their values; empty for every other

@@ -28,8 +28,8 @@ enum class ESelectionMark {
 
 /// How many changes of somebody else have been taken over, and how many own ones have overruled.
 struct SSelectionUpdate {
-    int taken = 0;
-    int kept = 0;
+    int taken = 0; ///< changes of somebody else
+    int kept = 0;  ///< own changes that have overruled one
 
     bool operator==(const SSelectionUpdate& other) const = default;
 };
@@ -52,11 +52,13 @@ public:
     CAnalysisSelection& operator=(const CAnalysisSelection&) = delete;
     ~CAnalysisSelection();
 
+    /// The analysis of the constructor.
     EAnalysis GetAnalysis() const noexcept { return m_own->GetAnalysis(); }
     /// The copy.
     const CAnalysisPreferencesData& GetData() const noexcept { return *m_own; }
     /// What the manager had when it was last looked at.
     const CAnalysisPreferencesData& GetStored() const noexcept { return *m_stored; }
+    /// The entries of one of the copy's lists, on or off, as copies.
     std::vector<CParameter> GetList(ESelectionList list) const;
     /// Whether the copy differs from what is stored.
     bool IsChanged() const;
@@ -71,6 +73,8 @@ public:
     bool SetStatisticValue(int id, double percent);
     /// @param setup with a count of classes as CGrainAnalysisPreferencesData allows it
     bool SetHistogram(int quantity, EGrainHistograms histogram, const CParameter::SHistogramSetup& setup);
+    /// Sets one of the analysis's options. @param number as the option has it; false for one that it cannot
+    /// have
     bool SetOption(ESelectionOption option, double number);
 
     /// Makes a parameter from a template and switches it on; one that there is with these values is switched
@@ -82,20 +86,24 @@ public:
     bool ChangeInstance(int id, std::span<const double> values);
     /// Whether it was made by a user, who may remove it: it has a parent, other than the plug-ins' entry.
     static bool IsRemovable(const CParameter& parameter);
+    /// Removes a parameter that IsRemovable says may be removed; false for any other.
     bool Remove(int id);
 
     /// Gives entries the choices that the analysis starts with. What a user has made is switched off.
     void SetDefaults(ESelectionList list, std::span<const int> ids);
+    /// Gives an option what the analysis starts with.
     void SetDefault(ESelectionOption option);
     /// Gives entries what is stored. What was made here is removed, and parameters that were removed here are
     /// there again.
     void Revert(ESelectionList list, std::span<const int> ids);
+    /// Gives an option what is stored.
     void Revert(ESelectionOption option);
 
     /// Takes over what has changed in the manager since it was last looked at.
     SSelectionUpdate Update();
     /// What has become of somebody else's change of an entry or an option.
     ESelectionMark GetMark(ESelectionList list, int id) const;
+    /// What has become of somebody else's change of an option.
     ESelectionMark GetMark(ESelectionOption option) const;
 
     /// Hands the copy back, by the manager's setters that compare: listeners hear of what differs, and of

@@ -21,7 +21,7 @@ enum class EInputFault {
 
 /// What is wrong with which of the numbers.
 struct SInputFault {
-    EInputFault kind{};
+    EInputFault kind{};    ///< what is wrong
     std::size_t index = 0; ///< 0 for Count
 
     bool operator==(const SInputFault& other) const = default;
