@@ -34,18 +34,23 @@ class CGridRowList
     };
 
 public:
+    /// A place in the list, for loops and the algorithms of the standard library.
     class CIterator
     {
     public:
-        using value_type = TRow;
-        using reference = const TRow&;
-        using pointer = const TRow*;
-        using difference_type = std::ptrdiff_t;
-        using iterator_category = std::forward_iterator_tag;
+        using value_type = TRow;                             ///< as the standard library asks for
+        using reference = const TRow&;                       ///< likewise
+        using pointer = const TRow*;                         ///< likewise
+        using difference_type = std::ptrdiff_t;              ///< likewise
+        using iterator_category = std::forward_iterator_tag; ///< goes forward only
 
+        /// A place in no list.
         CIterator() = default;
+        /// The row there. The place must not be the end.
         reference operator*() const { return (*m_part)->rows[m_row]; }
+        /// Likewise.
         pointer operator->() const { return &**this; }
+        /// Goes to the next row, or to the end.
         CIterator& operator++()
         {
             if (++m_row == (*m_part)->rows.size()) {
@@ -54,6 +59,7 @@ public:
             }
             return *this;
         }
+        /// Likewise. @return the place before
         CIterator operator++(int)
         {
             CIterator before = *this;
@@ -73,17 +79,23 @@ public:
         std::size_t m_row = 0;
     };
 
+    /// Whether there is no row.
     bool empty() const noexcept { return m_size == 0; }
+    /// How many rows there are, without those below them.
     std::size_t size() const noexcept { return m_size; }
-    /// @param place below size(), which is not checked; so front and back need a row
+    /// The row at a place. @param place below size(), which is not checked
     const TRow& operator[](std::size_t place) const
     {
         const SPart& part = PartAt(place);
         return part.rows[place - m_starts[part.number]];
     }
+    /// The first row; there must be one.
     const TRow& front() const { return m_parts.front()->rows.front(); }
+    /// The last row; there must be one.
     const TRow& back() const { return m_parts.back()->rows.back(); }
+    /// The place of the first row.
     CIterator begin() const { return CIterator(m_parts.data()); }
+    /// The place behind the last row.
     CIterator end() const { return CIterator(m_parts.data() + m_parts.size()); }
 
 private:
