@@ -16,13 +16,15 @@ class COMMONUIMEASUREMENT_API CBackgroundResults
 public:
     /// What has come of a request.
     struct SAnswer {
-        std::shared_ptr<SResultSet> set{}; ///< the receiver's own; null where there are no results
-        CStr error{};                      ///< why, in one sentence
-        std::shared_ptr<const SInput> input{};
+        std::shared_ptr<SResultSet> set{};            ///< the receiver's own; null where there are no results
+        CStr error{};                                 ///< why, in one sentence
+        std::shared_ptr<const SInput> input{};        ///< the surface that was asked about
         std::shared_ptr<const SFoundGrains> grains{}; ///< of EAnalysis::Measure
     };
+    /// Told what has come of a request, on the user-interface thread.
     using FAnswered = std::function<void(const SAnswer&)>;
 
+    /// @param answered called for each request that is neither replaced nor cancelled
     explicit CBackgroundResults(FAnswered answered);
     /// Gives up what is computed, without waiting for it.
     ~CBackgroundResults();

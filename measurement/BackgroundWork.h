@@ -27,6 +27,7 @@ public:
     CBackgroundWork(const CBackgroundWork&) = delete;
     CBackgroundWork& operator=(const CBackgroundWork&) = delete;
 
+    /// Asks for work, in place of what was asked for before.
     void Request(FWork work);
     /// Nobody wants what was asked for any more.
     void Cancel();

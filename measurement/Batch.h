@@ -19,7 +19,7 @@ namespace CommonUI::Measurement
 
 /// How many horizontal cross sections are shown.
 struct SBatchProfiles {
-    int count;
+    int count; ///< of cross sections
 };
 
 /// Missing points get heights.
@@ -34,6 +34,7 @@ struct SBatchUseless {
 /// A step of a batch sequence with what it needs.
 struct SBatchWork {
     CStr name; ///< where its set stands in a menu, or what it does
+    /// What is done.
     std::variant<SBatchUseless, SStep, SGrainSearch, SRoughnessSet, SReportTemplate, SBatchProfiles,
                  SBatchVoids>
         work;
@@ -42,7 +43,7 @@ struct SBatchWork {
 
 /// A batch sequence with all that its steps need.
 struct COMMONUIMEASUREMENT_API SBatch {
-    std::vector<SBatchWork> steps{};
+    std::vector<SBatchWork> steps{}; ///< in the order of the sequence
 
     /// Whether a step changes the surface.
     bool ChangesSurface() const;

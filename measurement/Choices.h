@@ -13,7 +13,7 @@ namespace CommonUI::Measurement
 /// What is computed and shown. All parameters are on, at the unit factor that was asked for, and in the order
 /// in which they are shown. Those that plug-ins supply are shown without values.
 struct SChoices {
-    SMethod method{};
+    SMethod method{};                  ///< how the surface is analysed
     std::vector<CParameter> surface{}; ///< of the surface; none where grains are measured
     std::vector<CParameter> rows{};    ///< of its profiles or its grains; those of a further analysis twice
     std::vector<CParameter> statistics{}; ///< of these, of which those count that are on

@@ -14,8 +14,8 @@ namespace CommonUI::Measurement
 
 /// The state of one of many values that are there otherwise.
 struct SIndexedState {
-    std::size_t index;
-    SValueState state;
+    std::size_t index; ///< of the value among the column's
+    SValueState state; ///< what stands in its place
 };
 
 /// A parameter with the values that the analysis has computed of it.

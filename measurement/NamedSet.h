@@ -13,9 +13,9 @@ namespace CommonUI::Measurement
 
 /// A settings set that a user specification names.
 struct SNamedSet {
-    ESettingType type = ESettingType::Unknown;
-    CStr name{}; ///< where it stands in a menu: "Filter / Smoothing / Mean 3x3"
-    CSettings settings{};
+    ESettingType type = ESettingType::Unknown; ///< which says how the settings are read
+    CStr name{};                               ///< where it stands in a menu: "Filter / Smoothing / Mean 3x3"
+    CSettings settings{};                      ///< what the set holds
 };
 
 /// Loads the set of a user specification, which becomes the most recent one of its type. A path is relative

@@ -57,7 +57,9 @@ public:
     /// A page of HTML, UTF-8, made in the same way.
     void WriteHtml(const FWriteText& write) const;
 
+    /// What WriteText writes, as a whole.
     std::string GetText() const;
+    /// What WriteHtml writes, as a whole.
     std::string GetHtml() const;
 
 private:

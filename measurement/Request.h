@@ -19,21 +19,22 @@ namespace CommonUI::Measurement
 
 /// Which grains are measured.
 struct SGrainLimit {
-    double threshold; ///< height in m on the surface as it is analysed
-    Analysis::EGrainKind kind;
+    double threshold;                      ///< height in m on the surface as it is analysed
+    Analysis::EGrainKind kind;             ///< whether they rise above the threshold or lie below it
     Analysis::SGrainSelection selection{}; ///< which of them count
     CStr rule{};                           ///< how the threshold was found; empty where it was given
 };
 
 /// How grains are found on each surface.
 struct SGrainSearch {
-    CStr name; ///< of the set, where it stands in a menu
-    SGrainThresholdSettings settings;
+    CStr name;                        ///< of the set, where it stands in a menu
+    SGrainThresholdSettings settings; ///< how grains are found and which of them count
 };
 
 /// How a surface is analysed.
 struct SMethod {
-    Analysis::ELevelling levelling = Analysis::ELevelling::None;
+    Analysis::ELevelling levelling =
+        Analysis::ELevelling::None;      ///< what is done to the surface before all else
     std::optional<double> cutoff{};      ///< of the profile filter, m; a fifth of the profile without it
     std::optional<SGrainLimit> grains{}; ///< measured instead of the roughness
     /// Likewise, where no limit is given: it is found on the surface.
@@ -42,13 +43,15 @@ struct SMethod {
     Analysis::SValleyMethod valleys{};                   ///< MakeChoices takes it from the preferences
     std::optional<SFurtherAnalysis> further{};           ///< done instead of the roughness and of grains
 
+    /// What the parameters of profiles need of it.
     Analysis::SProfileMethod OfProfiles() const { return {cutoff, motifLimits, valleys}; }
+    /// Whether grains are measured, within a limit or by a search.
     bool MeasuresGrains() const { return grains || grainSearch; }
 };
 
 /// What somebody asks for beyond the preferences.
 struct SRequest {
-    SMethod method{};
+    SMethod method{}; ///< how the surface is analysed
     /// Parameters, units and formats are those of the preferences; without it all parameters of surfaces and
     /// profiles and the usual ones of grains, each in the unit that suits it.
     bool usesPreferences = false;
@@ -80,6 +83,7 @@ private:
 class COMMONUIMEASUREMENT_API EUnknownSet : public ERequest
 {
 public:
+    /// @param userSpec by which the set was asked for; the subject of the message
     explicit EUnknownSet(const CStr& userSpec);
     ~EUnknownSet() override;
 };

@@ -19,22 +19,22 @@ namespace CommonUI::Measurement
 
 /// The grains that were measured.
 struct SFoundGrains {
-    SGrainLimit limit{};
+    SGrainLimit limit{};       ///< within which they were found
     Analysis::SGrainMap map{}; ///< without those that do not count
 };
 
 /// What the analysis of a surface has come to.
 struct SResults {
-    CStr title{};
+    CStr title{}; ///< the name of the surface's file
     /// Labels and texts of what was measured and how.
     std::vector<std::pair<CStr, CStr>> summary{};
-    SOrigin origin{};
+    SOrigin origin{}; ///< the same facts for programs
     /// One value each; or two, that of the raw surface and that of the processed one. Of a surface of one
     /// line, which is a profile, these are the parameters of profiles, and there are no rows.
     std::vector<SColumn> surface{};
-    bool isProfile = false;
-    CStr rowName{}; ///< what the rows of the columns are: profiles or grains
-    std::size_t rowCount = 0;
+    bool isProfile = false;   ///< whether the surface has one line only
+    CStr rowName{};           ///< what the rows of the columns are: profiles or grains
+    std::size_t rowCount = 0; ///< 0 for a profile
     /// Statistics of the rows' values, and these themselves unless computePart is set.
     std::vector<SColumn> columns{};
     std::vector<CParameter> statistics{}; ///< which of these are shown: those that are on

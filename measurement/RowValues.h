@@ -9,10 +9,10 @@ namespace CommonUI::Measurement
 
 /// Some columns of some rows, the ends not included.
 struct SPart {
-    std::size_t firstColumn;
-    std::size_t lastColumn;
-    std::size_t firstRow;
-    std::size_t lastRow;
+    std::size_t firstColumn; ///< the first one of the part
+    std::size_t lastColumn;  ///< the one behind the part's last
+    std::size_t firstRow;    ///< the first one of the part
+    std::size_t lastRow;     ///< the one behind the part's last
 };
 
 /// The values of a part, column by column.

@@ -18,20 +18,20 @@ namespace CommonUI::Measurement
 struct SStep {
     CStr userSpec; ///< by which the set was named
     CStr name;     ///< where it stands in a menu: "Filter / Smoothing / Mean 3x3"
-    std::variant<SPlaneCorrectionSettings, SFilterSettings> settings;
+    std::variant<SPlaneCorrectionSettings, SFilterSettings> settings; ///< what is done
 };
 
 /// A settings set that says which parameters and statistics of a roughness analysis are meant.
 struct SRoughnessSet {
-    CStr userSpec;
-    CStr name;
-    CRoughnessAnalysisPreferencesData data;
+    CStr userSpec;                          ///< by which the set was named
+    CStr name;                              ///< where it stands in a menu
+    CRoughnessAnalysisPreferencesData data; ///< the preferences that the set makes
 };
 
 /// A settings set that says what a report is made of.
 struct SReportTemplate {
-    CStr name; ///< of the set alone
-    SReportTemplateSettings layout;
+    CStr name;                      ///< of the set alone
+    SReportTemplateSettings layout; ///< its blocks and their order
 };
 
 /// What settings sets make of a run.

@@ -17,10 +17,11 @@ namespace CommonUI
 /// has a tuple of them, from which the functions below take defaults, loading and saving.
 template<class TObject, class TValue, class TDefault>
 struct SPreference {
-    std::u16string_view key; ///< under which the INI file has it
-    TValue TObject::*member; ///< of the object that holds the value
-    TDefault byDefault;      ///< what an object starts with; of a unit its text
+    std::u16string_view key; ///< under which it is stored, behind the table's prefix
+    TValue TObject::*member; ///< that holds it
+    TDefault byDefault;      ///< a unit's is its text, see DefaultValue
 };
+/// Makes a literal's type that of the key.
 template<class TObject, class TValue, class TDefault>
 SPreference(const char16_t*, TValue TObject::*, TDefault) -> SPreference<TObject, TValue, TDefault>;
 
@@ -32,26 +33,26 @@ const CEnum<T>& NamesOf();
 template<class T>
 inline constexpr int c_storedNumbers = 0;
 
-/// Writes a warning of a stored value to the diagnostics; the value stays what it was.
+/// Writes a line to the diagnostics, for a stored value that cannot be used.
 inline void WarnOfPreference(const CStr& text)
 {
     GetDiagnostics().Write(u"Preferences", EDiagnosticLevel::Warning, text);
 }
 
-/// Reads a value, which stays what it is where the current section does not have the key.
+/// Reads one value, as its type is stored; where the key is missing, `value` stays. Here: see
+/// CInifile::ReadBool.
 inline void ReadPreference(const CInifile& ini, const CStr& key, bool& value)
 {
     value = ini.ReadBool(key, value);
 }
 
-/// The same of an integer.
+/// See CInifile::ReadInt.
 inline void ReadPreference(const CInifile& ini, const CStr& key, int& value)
 {
     value = ini.ReadInt(key, value);
 }
 
-/// The same of a number, which also stays what it is, with a warning, where the file has an infinite one or
-/// NaN.
+/// A number that is not finite is not taken, with a line in the diagnostics.
 inline void ReadPreference(const CInifile& ini, const CStr& key, double& value)
 {
     const double read = ini.ReadDouble(key, value);
@@ -61,15 +62,14 @@ inline void ReadPreference(const CInifile& ini, const CStr& key, double& value)
         WarnOfPreference(key + u": not a finite number");
 }
 
-/// The same of a unit, stored as its text.
+/// A unit is stored by its text; see CUnit::FromText.
 inline void ReadPreference(const CInifile& ini, const CStr& key, CUnit& value)
 {
     value = CUnit::FromText(ini.ReadText(key, value.GetText()));
 }
 
+/// Reads an enumerator by its number; one that there is not is not taken, with a line in the diagnostics.
 template<class T>
-/// Reads the number of an enumerator; one that the enumeration does not have leaves the value, with a
-/// warning.
 void ReadNumberOf(const CInifile& ini, const CStr& key, T& value)
 {
     const int number = ini.ReadInt(key, static_cast<int>(value));
@@ -95,14 +95,14 @@ void ReadNameOf(CInifile& ini, const CStr& key, T& value)
     ini.KeepUnknown(key, NamesOf<T>().GetIniName(static_cast<int>(value)));
 }
 
-/// Reads an enumeration that is stored by its numbers; see ReadNumberOf.
+/// An enumerator that is stored by its number: see ReadNumberOf.
 template<class T>
 requires(c_storedNumbers<T> != 0) void ReadPreference(const CInifile& ini, const CStr& key, T& value)
 {
     ReadNumberOf(ini, key, value);
 }
 
-/// Reads an enumeration that is stored by its names; see ReadNameOf.
+/// An enumerator that is stored by its name: see ReadNameOf.
 template<class T>
 requires(std::is_enum_v<T>&& c_storedNumbers<T> == 0) void ReadPreference(CInifile& ini, const CStr& key,
                                                                           T& value)
@@ -110,31 +110,31 @@ requires(std::is_enum_v<T>&& c_storedNumbers<T> == 0) void ReadPreference(CInifi
     ReadNameOf(ini, key, value);
 }
 
-/// Writes a value to the current section.
+/// Writes one value, as its type is stored, to the current section. Here: see CInifile::WriteBool.
 inline void WritePreference(CInifile& ini, const CStr& key, bool value)
 {
     ini.WriteBool(key, value);
 }
 
-/// The same of an integer.
+/// See CInifile::WriteInt.
 inline void WritePreference(CInifile& ini, const CStr& key, int value)
 {
     ini.WriteInt(key, value);
 }
 
-/// The same of a number.
+/// See CInifile::WriteDouble.
 inline void WritePreference(CInifile& ini, const CStr& key, double value)
 {
     ini.WriteDouble(key, value);
 }
 
-/// The same of a unit, by its text.
+/// A unit is stored by its text.
 inline void WritePreference(CInifile& ini, const CStr& key, const CUnit& value)
 {
     ini.WriteText(key, value.GetText());
 }
 
-/// The same of an enumeration, by number or name as c_storedNumbers says.
+/// An enumerator is stored by its number where c_storedNumbers has a count, otherwise by its name.
 template<class T>
 requires std::is_enum_v<T>
 void WritePreference(CInifile& ini, const CStr& key, T value)
@@ -176,7 +176,7 @@ void LoadPreferences(TObject& object, CInifile& ini, const TTable& table, const 
         table);
 }
 
-/// Writes every value of the table to the current section, under its key with `prefix` in front.
+/// Writes every value of the table to the current section, `prefix` in front of its key.
 template<class TObject, class TTable>
 void SavePreferences(const TObject& object, CInifile& ini, const TTable& table, const CStr& prefix = {})
 {

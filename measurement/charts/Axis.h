@@ -12,13 +12,13 @@ namespace CommonUI::Measurement
 /// A mark of an axis.
 struct STick {
     double value = 0; ///< in m, or in the axis' own unit where it has none of length
-    CStr text{};
+    CStr text{};      ///< without the unit
 };
 
 /// An axis with marks at round numbers.
 struct SAxis {
-    CStr unit{}; ///< of the marks' texts: "µm"
-    std::vector<STick> ticks{};
+    CStr unit{};                ///< of the marks' texts: "µm"
+    std::vector<STick> ticks{}; ///< its marks
 };
 
 /// Marks at multiples of 1, 2 or 5 times a power of ten in the unit that suits the range; far from all units

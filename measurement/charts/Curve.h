@@ -11,8 +11,8 @@ namespace CommonUI::Measurement
 
 /// A point of a long profile.
 struct SSample {
-    std::size_t index = 0;
-    double height = 0; ///< NaN for a gap
+    std::size_t index = 0; ///< of the point in the profile
+    double height = 0;     ///< NaN for a gap
 };
 
 /// The points of a profile that make its picture: all of a short one, of a long one the lowest and the

@@ -20,6 +20,7 @@ struct SHistogram {
     std::vector<double> shares{}; ///< of the points in each class, from the lowest, percent
     double mean = 0;              ///< of the heights, m
 
+    /// How wide each class is, m. There must be classes.
     double GetClassWidth() const { return range.GetLength() / static_cast<double>(shares.size()); }
 };
 
@@ -31,13 +32,14 @@ struct SMaterialRatioFigure {
     /// Core, peaks and dales, and the heights at which the straight line of the core begins, at 0 %, and
     /// ends, at 100 %.
     struct SConstruction {
-        Analysis::SCore core{};
-        double top = 0;
-        double bottom = 0;
+        Analysis::SCore core{}; ///< the parameters of core, peaks and dales, m and percent
+        double top = 0;         ///< where the straight line begins, at 0 %, m
+        double bottom = 0;      ///< where the straight line ends, at 100 %, m
     };
 
     std::vector<SCurvePoint> points{}; ///< material ratio in percent, height in m
-    std::optional<SConstruction> construction{};
+    std::optional<SConstruction>
+        construction{};     ///< of a surface whose core can be computed; nothing of others
     CRange<double> range{}; ///< of heights, with all of the construction and a length
 };
 

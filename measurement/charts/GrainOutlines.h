@@ -13,15 +13,15 @@ namespace CommonUI::Measurement
 
 /// Where the number of a grain may stand in its picture: within a cell of the grain, next to its centre.
 struct SGrainNumber {
-    std::uint32_t label = 0;
-    double x = 0; ///< in cells of the outlines
-    double y = 0;
+    std::uint32_t label = 0; ///< of the grain in its map
+    double x = 0;            ///< in cells of the outlines
+    double y = 0;            ///< in cells of the outlines
 };
 
 /// The outlines of grains in a picture.
 struct SGrainOutlines {
     std::size_t columns = 0; ///< cells of the picture
-    std::size_t rows = 0;
+    std::size_t rows = 0;    ///< cells of the picture
     /// Of an SVG path along the edges of cells, y downwards from the last line of the map: y upwards is y of
     /// the surface.
     std::string path{};

@@ -15,10 +15,10 @@ COMMONUIMEASUREMENT_API CRange<double> MakeRoom(CRange<double> range);
 
 /// Where values lie along one direction of a picture.
 struct COMMONUIMEASUREMENT_API SScale {
-    CRange<double> range{}; ///< of values, with a length
-    double from = 0;        ///< coordinate of the lower bound
-    double to = 0;          ///< coordinate of the upper bound
-    bool isLogarithmic = false;
+    CRange<double> range{};     ///< of values, with a length
+    double from = 0;            ///< coordinate of the lower bound
+    double to = 0;              ///< coordinate of the upper bound
+    bool isLogarithmic = false; ///< whether powers of ten are equally far apart; the range is above 0 then
 
     /// The coordinate of a value, outside of the scale for one beyond the range.
     double Map(double value) const;
@@ -26,12 +26,16 @@ struct COMMONUIMEASUREMENT_API SScale {
 
 /// A frame with axes in a picture.
 struct SPlot {
-    SScale x{};
-    SScale y{};
+    SScale x{}; ///< from the left to the right
+    SScale y{}; ///< from the bottom to the top
 
+    /// The coordinate of the left edge.
     double GetLeft() const { return x.from; }
+    /// The coordinate of the right edge.
     double GetRight() const { return x.to; }
+    /// The coordinate of the top edge, which is less than that of the bottom.
     double GetTop() const { return y.to; }
+    /// The coordinate of the bottom edge.
     double GetBottom() const { return y.from; }
 };
 
@@ -45,6 +49,7 @@ COMMONUIMEASUREMENT_API void DrawAxisBelow(CSvg& svg, const SPlot& plot, const S
 /// Draws marks to the left of a frame, and the name above them.
 COMMONUIMEASUREMENT_API void DrawAxisLeft(CSvg& svg, const SPlot& plot, const SAxis& axis, const CStr& name,
                                           bool hasGrid = true);
+/// Draws the rectangle around a plot, in the class of axes.
 COMMONUIMEASUREMENT_API void DrawFrame(CSvg& svg, const SPlot& plot);
 
 /// Marks of lengths, as many as have room for their texts next to each other.
@@ -59,9 +64,10 @@ COMMONUIMEASUREMENT_API double LabelWidth(const SAxis& axis);
 
 /// A curve through points of a plot.
 struct SCurvePoint {
-    double x = 0;
+    double x = 0; ///< as the scale of the plot has it
     double y = 0; ///< NaN interrupts the curve
 };
+/// Draws a curve in straight lines; a point between two gaps becomes a dot. @param classes of the style
 COMMONUIMEASUREMENT_API void DrawCurve(CSvg& svg, const SPlot& plot, const std::vector<SCurvePoint>& points,
                                        std::string_view classes);
 

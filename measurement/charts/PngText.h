@@ -14,8 +14,8 @@ namespace CommonUI::Measurement
 
 /// A picture by the numbers of its colours, rows from the top down.
 struct SIndexedPicture {
-    std::size_t width = 0;
-    std::size_t height = 0;
+    std::size_t width = 0;               ///< pixels of a row
+    std::size_t height = 0;              ///< rows
     std::vector<SColor> colors{};        ///< those of the numbers 1, 2 and on, at most 255; 0 is transparent
     std::vector<std::uint8_t> numbers{}; ///< of the pixels
 };

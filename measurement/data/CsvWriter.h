@@ -26,11 +26,13 @@ struct SDataLine {
 class COMMONUIMEASUREMENT_API CCsvWriter
 {
 public:
+    /// Begins with the line of headers. @param write takes the pieces, from Write and Finish
     explicit CCsvWriter(FWriteText write);
     ~CCsvWriter();
     CCsvWriter(const CCsvWriter&) = delete;
     CCsvWriter& operator=(const CCsvWriter&) = delete;
 
+    /// Adds a line; a number that is not finite leaves its field empty.
     void Write(const SDataLine& line);
     /// Writes the last piece.
     void Finish();

@@ -16,19 +16,19 @@ inline constexpr std::size_t c_mostPictured = 100;
 
 /// One of the measurements that a document is about.
 struct SPicturedMeasurement {
-    CStr name{};
+    CStr name{};                      ///< as the document has it
     std::vector<SPicture> pictures{}; ///< as DrawBlocks makes them for the template; empty without any
 };
 
 /// What a document about several measurements is made of, one row of the table for each of them.
 struct SCollectionSource {
     const std::vector<SPicturedMeasurement>& measurements; ///< not more than c_mostPictured
-    const CGridBaseOutputCtrl& summary;
-    CGridBaseOutputCtrl rows; ///< below a row of units
-    const CGridBaseOutputCtrl& statistics;
-    const std::vector<SColumn>& columns; ///< of the rows
-    std::vector<CStr> notes{};           ///< lines below the rows
-    bool hasPictures = true;             ///< otherwise blocks that are pictures are left out
+    const CGridBaseOutputCtrl& summary;                    ///< what stands above all measurements
+    CGridBaseOutputCtrl rows;                              ///< below a row of units
+    const CGridBaseOutputCtrl& statistics;                 ///< of the rows, one for each statistic
+    const std::vector<SColumn>& columns;                   ///< of the rows
+    std::vector<CStr> notes{};                             ///< lines below the rows
+    bool hasPictures = true; ///< otherwise blocks that are pictures are left out
 };
 
 /// Whether one document of a template is about several measurements.

@@ -16,7 +16,7 @@ namespace CommonUI::Measurement
 
 /// What a document is made of.
 struct SDocumentSource {
-    const SInput& input;
+    const SInput& input;   ///< the surface as it was analysed
     const SMethod& method; ///< of the analysis; with the limit of the grains in force, if there is one
     const CReportTables* roughness = nullptr; ///< null where no block asks for it
     const CReportTables* grains = nullptr;    ///< null without a limit
@@ -34,6 +34,7 @@ COMMONUIMEASUREMENT_API bool HasAny(const SReportTemplateSettings& layout,
                                     std::initializer_list<EReportBlock> blocks);
 /// Whether a template has blocks of grains, of roughness results.
 COMMONUIMEASUREMENT_API bool IsAboutGrains(const SReportTemplateSettings& layout);
+/// Whether a template has blocks of roughness results.
 COMMONUIMEASUREMENT_API bool IsAboutRoughness(const SReportTemplateSettings& layout);
 
 /// What is asked for the blocks of grains: with the quantities of the template where no others are asked for.
@@ -70,7 +71,7 @@ COMMONUIMEASUREMENT_API void MakeReportDocument(const SReportTemplateSettings& l
 
 /// A report in the format that its template asks for.
 struct SDocumentFile {
-    const char* extension = ".html";
+    const char* extension = ".html";                ///< of the file's name, with the dot
     std::function<void(const FWriteText&)> write{}; ///< refers to what the file was made of
 };
 

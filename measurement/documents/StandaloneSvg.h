@@ -11,7 +11,7 @@ namespace CommonUI::Measurement
 struct SStandaloneSvg {
     std::string bytes{}; ///< a file of its own, UTF-8
     double width = 0;    ///< of its coordinates
-    double height = 0;
+    double height = 0;   ///< of its coordinates
 };
 
 /// Makes a file of an element that CSvg has written for a page: with the colours of paper in place of the

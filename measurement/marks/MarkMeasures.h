@@ -11,29 +11,31 @@ namespace CommonUI::Measurement
 
 /// From one place of a surface to another. Lengths in m; NaN where a height that is needed is missing.
 struct SDistance {
-    double dx = 0;
-    double dy = 0;
-    double dz = 0;
-    double inPlane = 0;
-    double inSpace = 0;
-    double slope = 0; ///< degrees above the plane, -90 to 90; NaN for two places that are one
+    double dx = 0;      ///< along x
+    double dy = 0;      ///< along y
+    double dz = 0;      ///< of the heights
+    double inPlane = 0; ///< without the heights
+    double inSpace = 0; ///< along the straight line through space
+    double slope = 0;   ///< degrees above the plane, -90 to 90; NaN for two places that are one
 };
+/// Measures from one place to another; heights are those of GetHeightAt.
 COMMONUIMEASUREMENT_API SDistance MeasureDistance(const Analysis::SSurface& surface,
                                                   const Analysis::SPlace& from, const Analysis::SPlace& to);
 
 /// The angle at the second of three places, degrees from 0 to 180; NaN where another one is the same, or, in
 /// space, a height is missing.
 struct SAngle {
-    double inPlane = 0;
-    double inSpace = 0;
+    double inPlane = 0; ///< without the heights, degrees
+    double inSpace = 0; ///< with the heights, degrees
 };
+/// Measures the angle between the lines from `at` to the other two.
 COMMONUIMEASUREMENT_API SAngle MeasureAngle(const Analysis::SSurface& surface, const Analysis::SPlace& from,
                                             const Analysis::SPlace& at, const Analysis::SPlace& to);
 
 /// Units and decimals in which lengths and heights of a surface are written, the same for all of its places.
 struct COMMONUIMEASUREMENT_API SLengthFormat {
-    CUnit unit{};
-    int decimals = 3;
+    CUnit unit{};     ///< at its factor
+    int decimals = 3; ///< behind the point
 
     /// @param range of the lengths, m: a ten-thousandth of it is told
     static SLengthFormat Of(double range);

@@ -16,6 +16,7 @@ namespace CommonUI::Measurement
 class COMMONUIMEASUREMENT_API CBackgroundSteps
 {
 public:
+    /// Shows something; runs on the user-interface thread.
     using FShow = std::function<void()>;
     /// Makes on the thread what shall be shown of a result, and answers what shows it, which is called on the
     /// user-interface thread. It outlives this object, so it refers to nothing that goes with it.

@@ -12,11 +12,14 @@ namespace CommonUI::Measurement
 class COMMONUIMEASUREMENT_API CPreviewSize
 {
 public:
+    /// The fewest points along a side.
     COMMONUI_CONSTANT std::size_t c_smallest = 64;
+    /// The most points along a side.
     COMMONUI_CONSTANT std::size_t c_largest = 1024;
 
     /// The time in seconds that a preview should take.
     void SetTarget(double seconds) noexcept { m_target = seconds; }
+    /// The time in seconds that a preview should take; 0.05 from the start.
     double GetTarget() const noexcept { return m_target; }
     /// At first 128.
     std::size_t Get() const noexcept { return m_size; }

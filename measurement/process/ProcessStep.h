@@ -42,6 +42,7 @@ struct COMMONUIMEASUREMENT_API SProcessStep {
     CStr Describe() const;
 };
 
+/// The steps of a surface in the order in which they are done.
 using CProcessSteps = std::vector<SProcessStep>;
 
 /// Reads a step of a batch sequence with its set, which does not become a recent one.
@@ -62,11 +63,12 @@ enum class EStepNumber {
     CutoffShare,       ///< of the evaluation length
 };
 
+/// A number of a step, with the values that it may have.
 struct SStepNumber {
-    EStepNumber number;
-    double value;
-    double lowest;
-    double highest;
+    EStepNumber number; ///< which one it is
+    double value;       ///< that it has now
+    double lowest;      ///< value that it may have
+    double highest;     ///< value that it may have
     /// Between two values that it may have; 0 for any of the range.
     double step = 0;
 };
@@ -80,7 +82,7 @@ COMMONUIMEASUREMENT_API bool SetNumber(CStepWork& work, EStepNumber number, doub
 
 /// How many points of a surface one of a smaller surface stands for, at least 1.
 struct SPointsPerPoint {
-    double x = 1;
+    double x = 1; ///< in points of a line
     double y = 1; ///< in lines
 };
 

@@ -14,12 +14,13 @@ namespace CommonUI::Measurement
 
 /// An open surface as a journal has it.
 struct SSessionSurface {
-    CStr path{};
-    CProcessSteps steps{};
+    CStr path{};           ///< of the surface's file
+    CProcessSteps steps{}; ///< done to it, those that are off included
 
     friend bool operator==(const SSessionSurface&, const SSessionSurface&) = default;
 };
 
+/// The open surfaces of a program, in its order.
 using CSession = std::vector<SSessionSurface>;
 
 /// What a running program has open, in a file of its own, "session-1.journal" or the first number that is
@@ -40,6 +41,7 @@ public:
     bool Write(const CSession& session, CStr& reason);
     /// The program ends well: the file goes.
     void Close();
+    /// The path of the journal, whether it is written or not.
     const CStr& GetPath() const noexcept { return m_path; }
 
 private:
@@ -52,8 +54,10 @@ private:
 class COMMONUIMEASUREMENT_API CDeadJournal
 {
 public:
+    /// Reads a journal, and puts one aside that is damaged. @param lock of the journal, held from now on
     CDeadJournal(const CStr& path, std::unique_ptr<CFileLock> lock);
 
+    /// The path at which the journal was found.
     const CStr& GetPath() const noexcept { return m_path; }
     /// Empty where the journal is damaged.
     const CSession& GetSession() const noexcept { return m_session; }

@@ -28,6 +28,7 @@ class COMMONUIMEASUREMENT_API CStepProcessor
 public:
     /// How many results are kept, so that their memory is that of so many surfaces.
     COMMONUI_CONSTANT std::size_t c_mostKept = 4;
+    /// Whether somebody still waits for the result.
     using FIsWanted = std::function<bool()>;
 
     CStepProcessor() = default;
@@ -45,6 +46,7 @@ public:
                                   const FIsWanted& isWanted);
     /// How many steps the last run had to do.
     std::size_t GetDone() const noexcept { return m_done; }
+    /// How many results are kept now.
     std::size_t GetKept() const noexcept { return m_kept.size(); }
 
 private:

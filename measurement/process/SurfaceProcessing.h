@@ -30,10 +30,13 @@ public:
     /// How long a number has to stay what it is before the whole surface is computed, in ms.
     COMMONUI_CONSTANT unsigned c_restTime = 250;
 
+    /// @param original as it was read; @param prepare called on the threads of whole surfaces and of previews
     CSurfaceProcessing(std::shared_ptr<const SInput> original, const FPrepare& prepare);
     ~CSurfaceProcessing();
 
+    /// The steps with all that can be undone and redone.
     const CStepHistory& GetHistory() const noexcept { return m_history; }
+    /// The steps as they are now, which the result may not have caught up with.
     const CProcessSteps& GetSteps() const noexcept { return m_history.GetSteps(); }
     /// The surface as it was read.
     const std::shared_ptr<const SInput>& GetOriginal() const noexcept { return m_original; }
@@ -41,17 +44,26 @@ public:
     void SetOriginal(std::shared_ptr<const SInput> original);
     /// The time in seconds that a preview should take.
     void SetTarget(double seconds) noexcept { m_previewSize.SetTarget(seconds); }
+    /// How many points a preview has, which follows from the times of the last ones.
     const CPreviewSize& GetPreviewSize() const noexcept { return m_previewSize; }
 
     /// As those of CStepHistory.
     void Take(const CProcessSteps& steps, const CStr& title);
+    /// See CStepHistory::Add.
     unsigned Add(SProcessStep step, unsigned behind = 0);
+    /// See CStepHistory::Remove.
     void Remove(unsigned id);
+    /// See CStepHistory::Replace.
     void Replace(unsigned id, const SProcessStep& step);
+    /// See CStepHistory::Move.
     void Move(unsigned id, int by);
+    /// See CStepHistory::Switch.
     void Switch(unsigned id, bool isOn);
+    /// See CStepHistory::Edit; a preview follows at once, the whole surface when the number has come to rest.
     bool Edit(unsigned id, EStepNumber number, double value);
+    /// See CStepHistory::Undo.
     void Undo();
+    /// See CStepHistory::Redo.
     void Redo();
 
     /// Why a step was left out when the steps were done last, in a clause; empty if it was done.

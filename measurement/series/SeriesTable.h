@@ -9,6 +9,7 @@
 namespace CommonUI::Measurement
 {
 
+/// Up to how many surfaces that failed a table tells the reason of each.
 inline constexpr std::size_t c_mostNoted = 5;
 
 /// The table of a series for a result dialog: a row for each surface, with the number of grains in front

@@ -301,6 +301,9 @@ public:
             m_counts[call] = s_counts[call];
     }
 
+    /// How often the operation calls each.
+    const std::array<int, CallCount>& GetCounts() const { return m_counts; }
+
     long TryAll(std::mt19937& random)
     {
         long faults = 0;
@@ -489,9 +492,16 @@ int main(int argc, char** argv)
     std::mt19937 random(options.seed);
     long faults = 0;
     long passes = 0;
+    std::array<long, CallCount> calls{};
     do {
-        for (const SOperation& operation : c_operations)
-            faults += CTrial(operation).TryAll(random);
+        for (const SOperation& operation : c_operations) {
+            CTrial trial(operation);
+            for (std::size_t call = 0; call < CallCount; ++call)
+                calls[call] += trial.GetCounts()[call];
+            faults += trial.TryAll(random);
+        }
+        for (std::size_t call = 0; call < CallCount; ++call)
+            Faults::Expect(calls[call] > 0, std::string(c_names[call]) + " does not come through here");
         ++passes;
     } while (time.IsLeft());
     std::cout << "call_faults: seed " << options.seed << ", " << std::size(c_operations) << " operations, "
