@@ -25,7 +25,6 @@
 #include <string_view>
 #include <sys/stat.h>
 #include <sys/types.h>
-#include <sys/uio.h>
 #include <vector>
 
 using namespace CommonUI;
@@ -40,7 +39,6 @@ enum ECall {
     Open,
     Read,
     Write,
-    WriteParts,
     Sync,
     Close,
     Rename,
@@ -54,8 +52,8 @@ enum ECall {
     CallCount
 };
 
-constexpr std::array c_names{"open", "read",  "write",     "writev",  "fsync", "close", "rename",
-                             "link", "flock", "ftruncate", "fopen64", "stat",  "lstat", "fstat"};
+constexpr std::array c_names{"open",  "read",      "write",   "fsync", "close", "rename", "link",
+                             "flock", "ftruncate", "fopen64", "stat",  "lstat", "fstat"};
 constexpr int c_short = -1; // an "error" of what reads and writes less than it could
 
 std::string s_folder; // Only what lies in it fails.
@@ -121,7 +119,6 @@ ssize_t Transfer(int file, TBytes bytes, std::size_t count)
 int FaultyOpen(const char* path, int flags, mode_t mode) __asm__("open");
 ssize_t FaultyRead(int file, void* bytes, std::size_t count) __asm__("read");
 ssize_t FaultyWrite(int file, const void* bytes, std::size_t count) __asm__("write");
-ssize_t FaultyWriteParts(int file, const iovec* parts, int count) __asm__("writev");
 int FaultySync(int file) __asm__("fsync");
 int FaultyClose(int file) __asm__("close");
 int FaultyRename(const char* from, const char* to) __asm__("rename");
@@ -150,13 +147,6 @@ ssize_t FaultyRead(int file, void* bytes, std::size_t count)
 ssize_t FaultyWrite(int file, const void* bytes, std::size_t count)
 {
     return Transfer<Write>(file, bytes, count);
-}
-
-ssize_t FaultyWriteParts(int file, const iovec* parts, int count)
-{
-    if (!IsOurs(file) || !Fails(WriteParts))
-        return CallSystem<WriteParts, ssize_t>(file, parts, count);
-    return s_error == c_short ? CallSystem<WriteParts, ssize_t>(file, parts, 1) : -1;
 }
 
 int FaultySync(int file)
@@ -309,9 +299,9 @@ public:
         long faults = 0;
         for (int call = 0; call < CallCount; ++call) {
             std::vector<int> errors{EIO, EACCES, ENOSPC};
-            if (call == Open || call == Write || call == WriteParts || call == Read || call == Lock)
+            if (call == Open || call == Write || call == Read || call == Lock)
                 errors.push_back(EINTR);
-            if (call == Write || call == WriteParts || call == Read)
+            if (call == Write || call == Read)
                 errors.push_back(c_short);
             for (int number = 1; number <= m_counts[std::size_t(call)]; ++number) {
                 const bool isShort = m_counts[std::size_t(call)] < 12;
