@@ -262,10 +262,11 @@ TEST(ResultPanelWidget, WidthsAreKeptAndShared)
 TEST(ResultPanelWidget, KeysMoveEdges)
 {
     SShownDialog other;
+    Activate(*other.dialog.GetWindow()); // or it gets the keyboard later, and takes it away
     SShownDialog shown(6, other.layouts);
     shown.dialog.GetWindow()->resize(700, 800);
     QCoreApplication::processEvents();
-    Activate(*shown.dialog.GetWindow()); // the first one may have got the keyboard late
+    Activate(*shown.dialog.GetWindow());
     shown.Results().setFocus();
     const auto widthOf = [](CResultGridWidget& table) { return table.GetPane().GetColumnWidth(1); };
     const int width = widthOf(shown.Results());
