@@ -14,6 +14,7 @@ public:
     CProgressBarView(const CProgressBarView&) = delete;
     CProgressBarView& operator=(const CProgressBarView&) = delete;
 
+    /// Sets what the bar counts from and to; a maximum is never below its minimum.
     virtual void SetBarRange(int minimum, int maximum) = 0;
     /// @param position within the range
     virtual void SetBarPosition(int position) = 0;
@@ -31,11 +32,15 @@ public:
     /// Sets the range; a position beyond it moves to its bound. A maximum below the minimum counts as the
     /// minimum.
     void SetRange(int minimum, int maximum);
+    /// Where the range begins.
     int GetMinimum() const noexcept { return m_minimum; }
+    /// Where the range ends.
     int GetMaximum() const noexcept { return m_maximum; }
     /// A position beyond the range becomes its bound.
     void SetPos(int position);
+    /// Where the bar is, within the range.
     int GetPos() const noexcept { return m_position; }
+    /// Sets by how much StepIt goes on, at first 10; a negative step goes back.
     void SetStep(int step) noexcept { m_step = step; }
     /// Goes on by the step. Past the maximum the bar starts again from its minimum.
     void StepIt();

@@ -33,10 +33,12 @@ public:
     void SetView(CProgressView* view);
     /// @param caption see the constructor
     void SetCaption(const CStr& caption);
+    /// What stands in the title.
     const CStr& GetCaption() const noexcept { return m_caption; }
     /// Lines end with "\n", and long ones are wrapped. The window grows with the text and does not shrink
     /// while it is open.
     void SetText(const CStr& text);
+    /// What the dialog says above its bar.
     const CStr& GetText() const noexcept { return m_text; }
     /// @param icon a handle of the toolkit, not owned; null leaves the icon to it. For the next opening.
     void SetIcon(const void* icon) noexcept { m_icon = icon; }
@@ -64,6 +66,7 @@ public:
     {
         m_stepCallback.Set(MakeClosure(object, method));
     }
+    /// The bar; lives as long as the dialog.
     CProgressCtrl& GetProgressCtrl() noexcept { return m_bar; }
 
     /// Enter has nothing to press.

@@ -17,6 +17,7 @@ public:
 
     /// Gives the dialog its window before it is opened; null takes it away. The view is not owned.
     void SetView(COptionsView* view);
+    /// The options in the order of the form, as they are set at present.
     const std::vector<SDialogOption>& GetOptions() const noexcept { return m_options; }
 
     /// The user has chosen an item of a list, or 1 or 0 of a check box.
@@ -26,6 +27,7 @@ public:
     void OnOK() override;
 
 protected:
+    /// @param identifier see CBaseDialog @param caption of the window
     COptionsDlg(unsigned int identifier, const CStr& caption);
 
     bool OnInitDialog() override;
@@ -38,7 +40,9 @@ protected:
     /// What the line of text says while nothing is wrong.
     virtual CStr GetRemark() const = 0;
 
+    /// The same to be changed, before the dialog opens or before Show.
     std::vector<SDialogOption>& EditOptions() noexcept { return m_options; }
+    /// Has the window show the options anew, and what is wrong with them.
     void Show();
 
 private:

@@ -14,10 +14,10 @@ namespace CommonUI
 /// {0, 0, 100, 0} grows in width; two controls side by side that share the width have {0, 0, 50, 0} and
 /// {50, 0, 100, 0}.
 struct SSizerRule {
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
+    int left = 0;   ///< of the growth in width, in percent, that the left edge moves by
+    int top = 0;    ///< of that in height the top edge
+    int right = 0;  ///< of that in width the right edge
+    int bottom = 0; ///< of that in height the bottom edge
 
     friend bool operator==(const SSizerRule&, const SSizerRule&) = default;
 };
@@ -25,14 +25,14 @@ struct SSizerRule {
 /// The rules most controls have.
 namespace SizerRules
 {
-constexpr SSizerRule c_stay{0, 0, 0, 0};
-constexpr SSizerRule c_growWidth{0, 0, 100, 0};
-constexpr SSizerRule c_growHeight{0, 0, 0, 100};
-constexpr SSizerRule c_grow{0, 0, 100, 100};
-constexpr SSizerRule c_moveRight{100, 0, 100, 0};
-constexpr SSizerRule c_moveDown{0, 100, 0, 100};
-constexpr SSizerRule c_moveCorner{100, 100, 100, 100};
-constexpr SSizerRule c_moveDownGrowWidth{0, 100, 100, 100};
+constexpr SSizerRule c_stay{0, 0, 0, 0};                    ///< keeps place and size
+constexpr SSizerRule c_growWidth{0, 0, 100, 0};             ///< grows to the right
+constexpr SSizerRule c_growHeight{0, 0, 0, 100};            ///< grows downwards
+constexpr SSizerRule c_grow{0, 0, 100, 100};                ///< grows in both
+constexpr SSizerRule c_moveRight{100, 0, 100, 0};           ///< stays at the right edge of the window
+constexpr SSizerRule c_moveDown{0, 100, 0, 100};            ///< stays at its bottom
+constexpr SSizerRule c_moveCorner{100, 100, 100, 100};      ///< stays in its bottom right corner
+constexpr SSizerRule c_moveDownGrowWidth{0, 100, 100, 100}; ///< stays at its bottom and grows to the right
 } // namespace SizerRules
 
 /// Computes where the controls of a window lie when the window is larger or smaller than its template. It
@@ -51,7 +51,9 @@ public:
     /// @return the number of the control: they are counted from 0
     std::size_t Add(const SRect& place, const SSizerRule& rule, const SSize& minimum = {});
 
+    /// How many controls there are.
     std::size_t GetCount() const noexcept { return m_controls.size(); }
+    /// The size of the window that the controls are placed for.
     const SSize& GetSize() const noexcept { return m_size; }
     /// The least size of the window at which every control has its minimum, keeps the margin of the template
     /// and covers none that it stood beside. Along a direction in which no control grows that is the size in

@@ -12,8 +12,8 @@ class CTextEditorDlg;
 
 /// A part of a text by its code units: the cursor where it is empty.
 struct STextRange {
-    std::size_t first = 0;
-    std::size_t end = 0;
+    std::size_t first = 0; ///< unit of the part
+    std::size_t end = 0;   ///< behind its last unit
 
     friend bool operator==(const STextRange&, const STextRange&) = default;
 };
@@ -27,9 +27,11 @@ public:
 
     /// Replaces the text; there is nothing to undo then, and the cursor is at its beginning.
     virtual void SetEditText(const CStr& text) = 0;
+    /// What is in the field at present.
     virtual CStr GetEditText() const = 0;
     /// While true, the text can be read and copied only, and there is no OK.
     virtual void SetReadOnly(bool readOnly) = 0;
+    /// What is selected; empty at the cursor where nothing is.
     virtual STextRange GetSelection() const = 0;
     /// Selects a part of the text and brings it into view.
     virtual void Select(const STextRange& range) = 0;

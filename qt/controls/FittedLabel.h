@@ -24,10 +24,12 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    /// @param parent owns the label
     explicit CFittedLabel(QWidget* parent);
 
     /// What of the text has room. @param room in pixels
     virtual QString Fit(int room) const = 0;
+    /// The width of a text in the font of the label, in pixels.
     double Measure(std::u16string_view text) const;
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
@@ -39,6 +41,7 @@ class COMMONUIQT_API CElidedLabel : public CFittedLabel
     Q_OBJECT
 
 public:
+    /// @param elision where the text is cut
     explicit CElidedLabel(EElision elision = EElision::Right, QWidget* parent = nullptr);
     ~CElidedLabel() override;
 
@@ -56,10 +59,13 @@ class COMMONUIQT_API CValueLabel : public CFittedLabel
     Q_OBJECT
 
 public:
+    /// @param parent owns the label
     explicit CValueLabel(QWidget* parent = nullptr);
     ~CValueLabel() override;
 
+    /// Shows another value.
     void SetValue(const SValueText& value);
+    /// What is shown, whole.
     const SValueText& GetValue() const noexcept { return m_value; }
 
 protected:
@@ -75,6 +81,7 @@ class COMMONUIQT_API CScalingLabel : public QLabel
     Q_OBJECT
 
 public:
+    /// @param parent owns the label
     explicit CScalingLabel(QWidget* parent = nullptr);
     ~CScalingLabel() override;
 

@@ -36,6 +36,7 @@ public:
     void reject() override;
 
 protected:
+    /// @param parent the widget that the window lies over, and that owns it; null for none
     explicit CDialogWindow(QWidget* parent);
 
     /// The dialog that the window shows; null if there is none.
@@ -46,11 +47,17 @@ protected:
     /// The window below; null if there is none.
     QWidget* GetWindowBelow() const noexcept { return m_below; }
 
+    /// What CDialogView::Show does.
     void ShowWindow(bool visible);
+    /// What CDialogView::SetModal does.
     void SetWindowModal(bool modal);
+    /// What CDialogView::SetBusy does.
     void SetWindowBusy(bool busy);
+    /// What CDialogView::SetCaption does.
     void SetWindowCaption(const CStr& caption);
+    /// What CDialogView::SetText does, with the mnemonic of the text where Qt wants it.
     void SetControlText(int control, const CStr& text);
+    /// What CDialogView::Enable does.
     void EnableControl(int control, bool enable);
 
     bool event(QEvent* event) override;
@@ -87,6 +94,7 @@ public:
     void Enable(int control, bool enable) override { EnableControl(control, enable); }
 
 protected:
+    /// @param parent see CDialogWindow
     using CDialogWindow::CDialogWindow;
     CBaseDialog* GetDialog() const override { return this->GetControl(); }
 };

@@ -24,6 +24,7 @@ class COMMONUIQT_API CNumericEditWidget : public QWidget
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget, as usual in Qt
     explicit CNumericEditWidget(QWidget* parent = nullptr);
     ~CNumericEditWidget() override;
 
@@ -34,8 +35,11 @@ public:
         Attach(edit, edit.GetSpinButton(), edit.GetStepSizeCtrl());
     }
 
+    /// The field with the number; lives as long as this widget.
     CQtEditField& GetField() noexcept { return *m_field; }
+    /// The button beside it; lives as long as this widget.
     CQtSpinButton& GetSpinButton() noexcept { return *m_spin; }
+    /// The pop-up for the size of steps; lives as long as this widget.
     CQtStepSizePopup& GetStepSizePopup() noexcept { return *m_popup; }
 
 protected:
@@ -57,9 +61,11 @@ class COMMONUIQT_API CFloatEditWidget : public CNumericEditWidget
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget
     explicit CFloatEditWidget(QWidget* parent = nullptr);
     ~CFloatEditWidget() override;
 
+    /// The edit that is shown; lives as long as this widget.
     CFloatEdit& GetEdit() noexcept { return m_edit; }
 
 private:
@@ -72,9 +78,11 @@ class COMMONUIQT_API CIntEditWidget : public CNumericEditWidget
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget
     explicit CIntEditWidget(QWidget* parent = nullptr);
     ~CIntEditWidget() override;
 
+    /// The edit that is shown; lives as long as this widget.
     CIntEdit& GetEdit() noexcept { return m_edit; }
 
 private:
