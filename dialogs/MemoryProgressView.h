@@ -25,12 +25,17 @@ public:
     /// Has the window painted. @return whether it painted itself
     bool Paint();
 
+    /// Where the controls were placed last.
     const SProgressLayout& GetLayout() const noexcept { return m_layout; }
+    /// The icon that was set last; null for none.
     const void* GetIcon() const noexcept { return m_icon; }
     /// How often the parent was brought to the top.
     int GetParentRaises() const noexcept { return m_parentRaises; }
+    /// Where the range of the bar begins.
     int GetBarMinimum() const noexcept { return m_barMinimum; }
+    /// Where it ends.
     int GetBarMaximum() const noexcept { return m_barMaximum; }
+    /// Where the bar is.
     int GetBarPosition() const noexcept { return m_barPosition; }
 
 private:

@@ -10,19 +10,19 @@ namespace CommonUI
 /// caption where none is given.
 namespace ProgressTemplate
 {
-constexpr unsigned int c_dialog = 7204;
-constexpr int c_cancel = 2;  ///< a button
-constexpr int c_bar = 8100;  ///< a progress bar
-constexpr int c_text = 8101; ///< a text of one or more lines
+constexpr unsigned int c_dialog = 7204; ///< the dialog itself
+constexpr int c_cancel = 2;             ///< a button
+constexpr int c_bar = 8100;             ///< a progress bar
+constexpr int c_text = 8101;            ///< a text of one or more lines
 } // namespace ProgressTemplate
 
 /// Where the controls of a progress dialog lie, in dialog units: quarters of the average width of a character
 /// and eighths of its height in the font of the dialog.
 struct SProgressLayout {
-    SSize dialog{184, 60};
-    SRect text{8, 8, 89, 16};
-    SRect bar{9, 20, 177, 34};
-    SRect cancel{64, 40, 114, 54};
+    SSize dialog{184, 60};         ///< the inside of the window
+    SRect text{8, 8, 89, 16};      ///< the text
+    SRect bar{9, 20, 177, 34};     ///< the bar
+    SRect cancel{64, 40, 114, 54}; ///< the Cancel button
 
     friend bool operator==(const SProgressLayout&, const SProgressLayout&) = default;
 };

@@ -34,9 +34,13 @@ public:
     /// What the panel shows: the cells of the tables with bars between them, a line for each row, and the
     /// notes.
     CStr Draw() const;
+    /// What was printed last, as text; empty before.
     const CStr& GetPrinted() const noexcept { return m_printed; }
+    /// How often the tables were shown anew.
     int GetTableUpdateCount() const noexcept { return m_tableUpdates; }
+    /// How often buttons and notes were.
     int GetStateUpdateCount() const noexcept { return m_stateUpdates; }
+    /// How often widths and heights were.
     int GetSizeUpdateCount() const noexcept { return m_sizeUpdates; }
 
 private:

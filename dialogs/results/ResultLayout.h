@@ -20,17 +20,17 @@ namespace CommonUI
 /// analysis gives something else, that is newer and counts.
 template<class TValue>
 struct SReplacedChoice {
-    TValue chosen{};
-    TValue replaced{};
+    TValue chosen{};   ///< what the user has chosen
+    TValue replaced{}; ///< what the analysis gave then
 
     bool operator==(const SReplacedChoice& other) const = default;
 };
 
 /// What the user has chosen about a quantity, or about another column of a table, which has a width alone.
 struct SColumnLayout {
-    std::optional<SReplacedChoice<CUnit::EUnitFactor>> unit{};
-    std::optional<SReplacedChoice<CParameter::SFormatSpecifier>> format{};
-    bool isHidden = false;
+    std::optional<SReplacedChoice<CUnit::EUnitFactor>> unit{};             ///< empty for that of the analysis
+    std::optional<SReplacedChoice<CParameter::SFormatSpecifier>> format{}; ///< likewise
+    bool isHidden = false; ///< the column is neither shown nor copied
     int width = 0; ///< in hundredths of the height of a line; 0 where the column is as wide as it needs to be
 
     bool operator==(const SColumnLayout& other) const = default;
@@ -48,6 +48,7 @@ struct SResultLayout {
     /// By the keys of the quantities; other columns have keys that are none of a quantity.
     std::map<CStr, SColumnLayout> columns{};
 
+    /// How numbers are written into text of that kind, with the signs that the user has chosen.
     SNumberProfile GetProfile(ENumberProfile kind) const;
     bool operator==(const SResultLayout& other) const = default;
 };
@@ -56,14 +57,15 @@ class CResultPanel;
 
 /// A layout that has been changed.
 struct SResultLayoutChange {
+    /// How much of what is shown a change concerns.
     enum class EPart {
         Tables, ///< anything, such as units and hidden quantities
         State,  ///< whether notes are shown, and what spreadsheets get
         Sizes   ///< widths and heights
     };
 
-    CStr name{}; ///< of the results
-    EPart part = EPart::Tables;
+    CStr name{};                          ///< of the results
+    EPart part = EPart::Tables;           ///< what has changed
     const CResultPanel* origin = nullptr; ///< the panel whose user has changed it; null for none
 };
 
@@ -81,6 +83,7 @@ public:
     /// Gives all results the layout that they have by default.
     void Clear();
 
+    /// Who is told of changes.
     using CChangeList = CMultiClosure1<void, const SResultLayoutChange&>;
     /// Called after a panel has changed a layout, and for each layout when layouts are loaded or cleared. Who
     /// changes what Get gives calls it.

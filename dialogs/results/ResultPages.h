@@ -10,10 +10,10 @@ namespace CommonUI
 
 /// What is printed. The tables belong to who prints.
 struct SResultPages {
-    CStr title{};
-    CStr provenance{}; ///< a line below it, on each page
-    const CGridBaseOutputCtrl* summary = nullptr;
-    const CGridBaseOutputCtrl* results = nullptr;
+    CStr title{};                                    ///< above the first table
+    CStr provenance{};                               ///< a line below it, on each page
+    const CGridBaseOutputCtrl* summary = nullptr;    ///< what all results have in common
+    const CGridBaseOutputCtrl* results = nullptr;    ///< the results themselves
     const CGridBaseOutputCtrl* statistics = nullptr; ///< of the same columns; without rows there are none
     std::vector<CStr> notes{};                       ///< below the tables
 };

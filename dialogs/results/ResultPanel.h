@@ -40,13 +40,17 @@ public:
 
     /// Shows results in place of those before, in the layout that is kept for such results.
     void SetResults(std::shared_ptr<const SResultSet> results);
+    /// The results that are shown; lives until other ones are set.
     const SResultSet& GetResults() const noexcept { return *m_results; }
+    /// The layout that is kept for them.
     const SResultLayout& GetLayout() const { return m_layouts->Get(m_results->name); }
+    /// The results as tables, in that layout.
     const CResultTables& GetTables() const noexcept { return *m_tables; }
     /// The same, for a view that selects in them, and may outlive the panel. They are made anew in place.
     std::shared_ptr<CResultTables> ShareTables() const noexcept { return m_tables; }
     /// The lines below the tables; none while the user does not want them.
     std::vector<CStr> GetNotes() const;
+    /// Whether the results come with notes, be they shown or not.
     bool HasNotes() const { return !m_tables->GetNotes().GetLines().empty(); }
 
     /// The quantities, by their places in the results, that a menu at a cell is about: those of which
@@ -58,22 +62,29 @@ public:
     std::vector<CParameter::CScaling> GetUnits(std::span<const std::size_t> quantities) const;
     /// The unit factor in which a quantity is shown.
     CUnit::EUnitFactor GetUnitFactor(std::size_t quantity) const;
+    /// Whether the user has hidden a quantity. @param quantity its index in the results
     bool IsHidden(std::size_t quantity) const;
     /// Whether something would be left to see.
     bool CanHide(std::span<const std::size_t> quantities) const;
+    /// Whether rows and columns can change places.
     bool CanTranspose() const noexcept;
 
+    /// Shows quantities in another unit factor. @param quantities their indices in the results
     void SetUnitFactor(std::span<const std::size_t> quantities, CUnit::EUnitFactor factor);
     /// Asks for a number format of these quantities.
     void ChangeFormat(std::span<const std::size_t> quantities);
     /// Hides quantities, unless nothing would be left, or shows them again. What is hidden is in no copy and
     /// no file.
     void Hide(std::span<const std::size_t> quantities, bool hide);
+    /// Shows again what is hidden.
     void ShowAll();
+    /// Whether the quantities are rows.
     void Transpose(bool transpose);
+    /// Whether the notes are shown below the tables.
     void ShowNotes(bool show);
     /// The signs of texts for spreadsheets: see SResultLayout.
     void SetSeparator(char16_t separator);
+    /// Likewise. @param decimal the decimal sign
     void SetDecimal(char16_t decimal);
 
     /// The user works in a table now.
@@ -98,6 +109,7 @@ public:
     std::string MakeFile(EResultFile kind) const;
     /// What is printed is what is shown when the user has chosen a printer.
     void Print();
+    /// What Print prints. The tables belong to the panel.
     SResultPages GetPages() const;
 
 private:

@@ -16,6 +16,7 @@
 namespace CommonUI
 {
 
+/// The tables of results, from top to bottom.
 enum class EResultTable { Summary, Results, Statistics };
 
 /// Summary, results and statistics as tables, made of a set of results in the layout that the user wants.
@@ -24,7 +25,7 @@ enum class EResultTable { Summary, Results, Statistics };
 class COMMONUI_API CResultTables
 {
 public:
-    COMMONUI_CONSTANT std::size_t c_count = 3;
+    COMMONUI_CONSTANT std::size_t c_count = 3; ///< how many tables there are
     /// Sets of more rows are not transposed: a table of so many columns nobody can read, and few programs.
     COMMONUI_CONSTANT std::size_t c_mostTransposedRows = 1000;
 
@@ -33,11 +34,14 @@ public:
     /// Makes the tables anew. What is selected is forgotten.
     void Make(const SResultSet& set, const SResultLayout& layout);
 
+    /// A table; without rows where the results have none of the kind.
     CGridBaseOutputCtrl& Get(EResultTable table) { return m_tables[static_cast<std::size_t>(table)]; }
+    /// Likewise.
     const CGridBaseOutputCtrl& Get(EResultTable table) const
     {
         return m_tables[static_cast<std::size_t>(table)];
     }
+    /// Whether the quantities are rows.
     bool IsTransposed() const noexcept { return m_isTransposed; }
     /// Why cells are empty: each reason once, with the quantities that it holds for.
     const CFootnotes& GetNotes() const noexcept { return m_notes; }

@@ -12,19 +12,20 @@ namespace CommonUI
 class COMMONUI_API CHistogramDlg : public COptionsDlg
 {
 public:
-    COMMONUI_CONSTANT unsigned int c_identifier = 11106;
-    COMMONUI_CONSTANT int c_histogram = 0; ///< which of the three is shown
-    COMMONUI_CONSTANT int c_lowerOn = 1;
-    COMMONUI_CONSTANT int c_lower = 2;
-    COMMONUI_CONSTANT int c_upperOn = 3;
-    COMMONUI_CONSTANT int c_upper = 4;
-    COMMONUI_CONSTANT int c_classes = 5;
+    COMMONUI_CONSTANT unsigned int c_identifier = 11106; ///< of the dialog and its help topic
+    COMMONUI_CONSTANT int c_histogram = 0;               ///< which of the three is shown
+    COMMONUI_CONSTANT int c_lowerOn = 1;                 ///< whether there is a lower bound
+    COMMONUI_CONSTANT int c_lower = 2;                   ///< the lower bound
+    COMMONUI_CONSTANT int c_upperOn = 3;                 ///< whether there is an upper bound
+    COMMONUI_CONSTANT int c_upper = 4;                   ///< the upper bound
+    COMMONUI_CONSTANT int c_classes = 5;                 ///< how many classes there are
 
     /// @param quantity with its histograms; bounds are in its unit
     /// @param units those of the surface
     CHistogramDlg(const CParameter& quantity, const SBase3D<CUnit>& units);
     ~CHistogramDlg() override;
 
+    /// What is chosen for one of the histograms.
     CParameter::SHistogramSetup GetSetup(EGrainHistograms histogram) const
     {
         return m_quantity.GetHistogramSetup(static_cast<std::size_t>(histogram));

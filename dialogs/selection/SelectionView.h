@@ -35,6 +35,7 @@ public:
 
     /// Runs a dialog over the window. @return what its DoModal returns
     virtual int Run(CFormatSpecifierDlg& dialog) = 0;
+    /// Likewise.
     virtual int Run(COptionsDlg& dialog) = 0;
 };
 

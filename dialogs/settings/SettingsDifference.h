@@ -10,6 +10,7 @@ namespace CommonUI
 
 /// A key of two sets.
 struct SSettingsDifference {
+    /// How the two sets differ in it.
     enum class EKind {
         Same,      ///< both have it with the same meaning
         Different, ///< both have it, with other values
@@ -17,11 +18,11 @@ struct SSettingsDifference {
         OnlyRight,
     };
 
-    CStr section{};
-    CStr key{};
-    CStr left{}; ///< as it is written; empty where the set does not have the key
-    CStr right{};
-    EKind kind = EKind::Same;
+    CStr section{};           ///< of the files; empty for the first one
+    CStr key{};               ///< by which the section has it
+    CStr left{};              ///< as it is written; empty where the set does not have the key
+    CStr right{};             ///< likewise
+    EKind kind = EKind::Same; ///< how they differ
 
     friend bool operator==(const SSettingsDifference&, const SSettingsDifference&) = default;
 };

@@ -16,9 +16,9 @@ enum class EFeedKind { News, Tutorials, Revisions, Modules };
 
 /// Where a part of the start pane is from.
 struct SFeedSource {
-    EFeedKind kind = EFeedKind::News;
-    CStr address{}; ///< see IsWebAddress
-    CStr title{};   ///< above the entries; empty for that of the kind
+    EFeedKind kind = EFeedKind::News; ///< what it is about
+    CStr address{};                   ///< see IsWebAddress
+    CStr title{};                     ///< above the entries; empty for that of the kind
 
     friend bool operator==(const SFeedSource&, const SFeedSource&) = default;
 };
@@ -35,9 +35,9 @@ enum class EFeedState {
 
 /// A part of the start pane: a feed and its state.
 struct SFeedSection {
-    SFeedSource source{};
-    EFeedState state = EFeedState::NotFetched;
-    SFeed feed{};
+    SFeedSource source{};                              ///< where it is from
+    EFeedState state = EFeedState::NotFetched;         ///< what has become of fetching it
+    SFeed feed{};                                      ///< what is there of it; without entries before
     std::optional<std::chrono::sys_seconds> fetched{}; ///< when the server gave the feed or confirmed it
     CStr reason{};            ///< why it is Offline or Failed, to stand in a sentence
     std::size_t received = 0; ///< while it loads: bytes so far

@@ -26,7 +26,7 @@ namespace CommonUI
 class COMMONUI_API CStartPane : public CViewedControl<CStartPaneView>
 {
 public:
-    using FClock = std::function<std::chrono::sys_seconds()>;
+    using FClock = std::function<std::chrono::sys_seconds()>; ///< tells the time
 
     CStartPane();
     /// Stops what is loading.
@@ -51,7 +51,9 @@ public:
     /// Stops what is loading; those feeds are as they were before.
     void Stop();
 
+    /// Whether any feed is on its way.
     bool IsLoading() const noexcept;
+    /// The parts of the pane, from top to bottom.
     const std::vector<SFeedSection>& GetSections() const noexcept { return m_sections; }
 
     /// The user has pressed the button.

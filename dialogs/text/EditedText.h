@@ -15,8 +15,10 @@ namespace CommonUI
 class COMMONUI_API CEditedText
 {
 public:
+    /// @param text to be edited
     explicit CEditedText(const CStr& text = {});
 
+    /// The text, with the ends of lines that it has.
     const CStr& GetText() const noexcept { return m_text; }
     /// What the field shows.
     const CStr& GetPlain() const noexcept { return m_plain; }

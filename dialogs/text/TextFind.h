@@ -11,15 +11,15 @@ namespace CommonUI
 
 /// Where a text was found.
 struct STextMatch {
-    std::size_t position = 0;
-    bool isWrapped = false; ///< beyond the end at which the search arrived
+    std::size_t position = 0; ///< of its first unit
+    bool isWrapped = false;   ///< beyond the end at which the search arrived
 
     friend bool operator==(const STextMatch&, const STextMatch&) = default;
 };
 
 /// How a text is looked for.
 struct STextSearch {
-    bool isForward = true;
+    bool isForward = true;    ///< towards the end
     bool matchesCase = false; ///< else capitals are those of ToSmall
 };
 

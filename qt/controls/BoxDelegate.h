@@ -16,8 +16,8 @@ public:
     /// The colour of a window of which a style makes an edge.
     static QColor MakeGroundOfEdge(const QColor& edge) { return edge.lighter(c_shade); }
 
-    // A list that wraps words asks for the height of an item in one width to place it and in another one to
-    // draw it.
+    /// A list that wraps words asks for the height of an item in one width to place it and in another one to
+    /// draw it.
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
         QStyleOptionViewItem placed = option;

@@ -26,7 +26,9 @@ public:
     CColorPopup(CColorPicker& picker, QWidget* parent);
     ~CColorPopup() override;
 
+    /// The list of named colours; lives as long as the widget.
     QListWidget& GetNamedList() noexcept { return *m_named; }
+    /// The field for a colour as text; lives as long as the widget.
     QLineEdit& GetTextField() noexcept { return *m_text; }
 
 protected:

@@ -25,7 +25,9 @@ public:
     CExtendedListWidget(CExtendedList& list, bool checkable, QWidget* parent = nullptr);
     ~CExtendedListWidget() override;
 
+    /// The list itself; lives as long as the widget.
     QTreeView& GetView() noexcept { return *m_view; }
+    /// The field for the filter; lives as long as the widget.
     QLineEdit& GetFilterField() noexcept { return *m_filter; }
 
     /// The index in the list of the row that the keyboard is at; empty for none, or a group.

@@ -14,6 +14,7 @@ class COMMONUIQT_API CFolderTreeWidget : public QTreeView, public CFolderTreeVie
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget
     explicit CFolderTreeWidget(QWidget* parent = nullptr);
     ~CFolderTreeWidget() override;
 

@@ -8,6 +8,7 @@
 namespace CommonUI
 {
 
+/// The same colour for Qt.
 COMMONUIQT_API QColor ToQColor(const SColor& color);
 
 /// The colours as Qt's styles take them.

@@ -23,6 +23,7 @@ public:
     CItemListWidget(CItemList& list, bool checkable, QWidget* parent = nullptr);
     ~CItemListWidget() override;
 
+    /// The list itself; lives as long as the widget.
     QListView& GetView() noexcept { return *m_view; }
 
 private:

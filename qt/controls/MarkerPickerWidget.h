@@ -27,7 +27,9 @@ public:
     explicit CMarkerPickerWidget(CMarkerPicker& picker, QWidget* parent = nullptr);
     ~CMarkerPickerWidget() override;
 
+    /// The list of shapes; lives as long as the widget.
     QComboBox& GetShapeList() noexcept { return *m_shape; }
+    /// The field for the size; lives as long as the widget.
     QSpinBox& GetSizeField() noexcept { return *m_size; }
 
 protected:

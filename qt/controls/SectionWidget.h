@@ -16,10 +16,13 @@ class COMMONUIQT_API CSectionHead : public QPushButton
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget
     explicit CSectionHead(QWidget* parent = nullptr);
     ~CSectionHead() override;
 
+    /// Whether it shows that its section is open.
     bool IsExpanded() const noexcept { return m_expanded; }
+    /// Shows that its section is open, or closed.
     void SetExpanded(bool expanded);
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -52,6 +55,7 @@ public:
 
     /// Gives the section what it shows while it is open, in place of nothing. The section owns it.
     void SetContent(QWidget& content);
+    /// The line that opens and closes the section; lives as long as the widget.
     CSectionHead& GetHead() noexcept { return *m_head; }
 
 private:

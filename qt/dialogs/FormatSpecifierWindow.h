@@ -29,7 +29,9 @@ public:
     void SelectItem(std::optional<std::size_t> index) override;
     std::optional<std::size_t> GetSelectedItem() const override;
 
+    /// The list of formats; lives as long as the window.
     QComboBox& GetList() noexcept { return *m_list; }
+    /// The field for the number of digits; lives as long as the window.
     CNumericEditWidget& GetCountWidget() noexcept { return *m_count; }
 
 private:

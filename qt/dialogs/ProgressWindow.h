@@ -36,7 +36,9 @@ public:
     void SetBarRange(int minimum, int maximum) override;
     void SetBarPosition(int position) override;
 
+    /// The bar; lives as long as the window.
     QProgressBar& GetBar() noexcept { return *m_bar; }
+    /// The Cancel button; lives as long as the window.
     QPushButton& GetCancelButton() noexcept { return *m_cancel; }
     bool eventFilter(QObject* watched, QEvent* event) override;
 

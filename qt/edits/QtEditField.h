@@ -30,6 +30,7 @@ class COMMONUIQT_API CQtEditField : public QLineEdit, public CEditView
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget
     explicit CQtEditField(QWidget* parent = nullptr);
     ~CQtEditField() override;
 

@@ -19,6 +19,7 @@ class COMMONUIQT_API CQtSpinButton : public QWidget, public CSpinView
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget
     explicit CQtSpinButton(QWidget* parent = nullptr);
     ~CQtSpinButton() override;
 
@@ -27,7 +28,9 @@ public:
     void SetEnabled(bool enabled) override { setEnabled(enabled); }
     void ShowHint(const CStr& text) override;
 
+    /// The upper one of its buttons; lives as long as the widget.
     QToolButton& GetUpButton() noexcept { return *m_buttons[0]; }
+    /// The lower one; lives as long as the widget.
     QToolButton& GetDownButton() noexcept { return *m_buttons[1]; }
     QSize sizeHint() const override;
 

@@ -20,6 +20,7 @@ class COMMONUIQT_API CQtStepSizePopup : public QWidget, public CStepSizeView
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget
     explicit CQtStepSizePopup(QWidget* parent);
     ~CQtStepSizePopup() override;
 
@@ -27,6 +28,7 @@ public:
     void Hide() override;
     void SetToolTip(const CStr& text) override;
 
+    /// One of its buttons; lives as long as the widget.
     QAbstractButton& GetButton(CStepSizeBtn::EType type) noexcept
     {
         return *m_buttons[static_cast<std::size_t>(type)];

@@ -22,7 +22,7 @@ class COMMONUIQT_API CEventTrace : public QObject
     Q_OBJECT
 
 public:
-    COMMONUI_CONSTANT std::u16string_view c_category = u"Events";
+    COMMONUI_CONSTANT std::u16string_view c_category = u"Events"; ///< of its lines in the diagnostics
 
     CEventTrace();
     ~CEventTrace() override;

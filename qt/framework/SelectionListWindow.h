@@ -30,7 +30,9 @@ public:
     void SelectRow(std::optional<std::size_t> row) override;
     void SetFilterText(const CStr& text) override;
 
+    /// The field for the filter; lives as long as the window.
     QLineEdit& GetFilterField() noexcept { return *m_filter; }
+    /// The list; lives as long as the window.
     QListView& GetList() noexcept { return *m_list; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -36,7 +36,9 @@ public:
     STextRange GetSelection() const override;
     void Select(const STextRange& range) override;
 
+    /// The field with the text; lives as long as the window.
     QPlainTextEdit& GetEditor() noexcept { return *m_editor; }
+    /// The field for what to find; lives as long as the window.
     QLineEdit& GetFindField() noexcept { return *m_find; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;

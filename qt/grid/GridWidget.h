@@ -30,6 +30,7 @@ class COMMONUIQT_API CGridWidget : public QAbstractScrollArea, public CGridView
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget
     explicit CGridWidget(QWidget* parent = nullptr);
     ~CGridWidget() override;
 
@@ -109,9 +110,11 @@ class COMMONUIQT_API CGridCtrlWidget : public CGridWidget
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget
     explicit CGridCtrlWidget(QWidget* parent = nullptr);
     ~CGridCtrlWidget() override;
 
+    /// The grid that is shown; lives as long as the widget.
     CGridCtrl& GetGrid() noexcept { return m_grid; }
 
 private:

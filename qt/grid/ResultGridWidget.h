@@ -20,6 +20,7 @@ class COMMONUIQT_API CResultGridWidget : public CGridWidget
     Q_OBJECT
 
 public:
+    /// What the user can do with the table by menu and keys.
     enum class ECommand {
         Copy, ///< what is selected, with the headers of its columns
         CopyWithoutHeaders,
@@ -35,11 +36,14 @@ public:
     explicit CResultGridWidget(CGridBaseOutputCtrl& table, QWidget* parent = nullptr);
     ~CResultGridWidget() override;
 
+    /// The table that is shown.
     CGridBaseOutputCtrl& GetTable() noexcept { return m_table; }
+    /// What lays it out and selects in it; lives as long as the widget.
     CResultGridPane& GetPane() noexcept { return m_pane; }
     /// To be called after rows or columns have changed. Columns are fitted when there are others than before.
     void Update();
 
+    /// The action of a command, for menus and toolbars of the application; lives as long as the widget.
     QAction& GetAction(ECommand command) noexcept { return *m_actions[static_cast<std::size_t>(command)]; }
 
 protected:

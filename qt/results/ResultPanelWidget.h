@@ -35,6 +35,7 @@ class COMMONUIQT_API CResultPanelWidget : public QWidget, public CResultPanelVie
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget
     explicit CResultPanelWidget(QWidget* parent = nullptr);
     ~CResultPanelWidget() override;
 
@@ -42,6 +43,7 @@ public:
     void Attach(CResultPanel& panel);
     /// Null before Attach.
     CResultGridWidget* GetTable(EResultTable table) const;
+    /// A button, from left to right. Throws std::out_of_range where there is none.
     QPushButton& GetButton(std::size_t button) const { return *m_buttons.at(button); }
 
     void UpdateTables() override;

@@ -36,6 +36,7 @@ public:
     CResultPrinter(const CResultPrinter&) = delete;
     CResultPrinter& operator=(const CResultPrinter&) = delete;
 
+    /// How many pages there are.
     std::size_t GetPageCount() const noexcept { return m_sheets.size(); }
     /// Prints a page, with its upper left corner at the origin. @param page from 0 on
     void PrintPage(QPainter& painter, std::size_t page) const;

@@ -24,6 +24,7 @@ public:
 
     /// Shows a dialog, which is not open, with its panel. It is not owned; either may go first.
     void Attach(CResultDialog& dialog);
+    /// What shows the results; lives as long as the window.
     CResultPanelWidget& GetPanelWidget() noexcept { return *m_panel; }
 
     QSize sizeHint() const override;

@@ -14,6 +14,7 @@ public:
     /// @param parent the dialog lies over the window of this widget, or over the one that the user works in
     ///     when it is null
     CQtSelectionDlg(CAnalysisPreferencesManager& manager, EAnalysis analysis, QWidget* parent = nullptr);
+    /// For surfaces in other units. @param parent see above
     CQtSelectionDlg(CAnalysisPreferencesManager& manager, EAnalysis analysis, const SBase3D<CUnit>& units,
                     QWidget* parent = nullptr);
     ~CQtSelectionDlg() override;

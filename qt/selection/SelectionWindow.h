@@ -42,7 +42,9 @@ public:
     int Run(COptionsDlg& dialog) override;
     void SetText(int control, const CStr& text) override;
 
+    /// The pages; lives as long as the window.
     QTabWidget& GetTabWidget() noexcept { return *m_tabs; }
+    /// The field for the search; lives as long as the window.
     QLineEdit& GetSearchField() noexcept { return *m_search; }
     /// The rows of a tab; null for one of options only.
     QTreeView* GetTree(std::size_t tab) const;

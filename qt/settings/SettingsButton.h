@@ -25,11 +25,13 @@ class COMMONUIQT_API CSettingsButton : public QToolButton
 public:
     /// @param withCommands see CSettingsMenu
     explicit CSettingsButton(ESettingType type, QWidget* parent = nullptr, bool withCommands = true);
+    /// @param menu what the button opens @param parent owns the widget
     explicit CSettingsButton(std::unique_ptr<CSettingsMenu> menu, QWidget* parent = nullptr);
     ~CSettingsButton() override;
 
     /// What the button shows: its callbacks and the current set.
     CSettingsMenu& GetMenu() noexcept { return *m_menu; }
+    /// The menu that the button opens; lives as long as the widget.
     QMenu& GetPopup() noexcept { return *m_popup; }
     /// Does what a command of the menu does.
     void Run(ESettingsCommand command);

@@ -29,6 +29,7 @@ public:
     explicit CSettingsChooserWindow(CSettingsMenu& menu, QWidget* parent = nullptr);
     ~CSettingsChooserWindow() override;
 
+    /// The field for the search; lives as long as the window.
     QLineEdit& GetSearch() noexcept { return *m_search; }
     void accept() override;
 

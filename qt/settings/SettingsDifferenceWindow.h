@@ -21,11 +21,13 @@ class COMMONUIQT_API CSettingsDifferenceWindow : public QDialog
     Q_OBJECT
 
 public:
+    /// @param type of the sets @param parent the widget that the window lies over, and that owns it
     explicit CSettingsDifferenceWindow(ESettingType type, QWidget* parent = nullptr);
     ~CSettingsDifferenceWindow() override;
 
     /// Picks a set, as the user does by the buttons.
     void SetLeft(const SSettingsEntry& entry);
+    /// Likewise.
     void SetRight(const SSettingsEntry& entry);
 
 private:

@@ -20,6 +20,7 @@ class COMMONUIQT_API CStartPaneWidget : public QWidget, public CStartPaneView
     Q_OBJECT
 
 public:
+    /// @param parent owns the widget
     explicit CStartPaneWidget(QWidget* parent = nullptr);
     ~CStartPaneWidget() override;
 
@@ -33,8 +34,11 @@ public:
     CStr FormatTime(std::chrono::sys_seconds time) const override;
     bool OpenAddress(const CStr& address) override;
 
+    /// What shows the page; lives as long as the widget.
     QTextBrowser& GetPage() noexcept { return *m_page; }
+    /// The line of text below it; lives as long as the widget.
     QLabel& GetStatus() noexcept { return *m_status; }
+    /// The button that refreshes or stops; lives as long as the widget.
     QPushButton& GetButton() noexcept { return *m_button; }
 
 protected:
