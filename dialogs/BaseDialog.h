@@ -27,11 +27,11 @@ public:
     /// A derived class closes the dialog in its own destructor, as nothing of it can be called from here.
     virtual ~CBaseDialog();
 
-    /// The number of the dialog and of its help topic.
+    /// The number of the dialog, and of the help topic that OnHelpInfo opens.
     unsigned int GetIdentifier() const noexcept { return m_identifier; }
-    /// The window that the dialog belongs to; null for none. Not owned.
+    /// The window that the dialog belongs to, not owned; null for none.
     CWnd* GetParent() const noexcept { return m_parent; }
-    /// Whether the dialog has been opened and not closed since, be its window shown or not.
+    /// Whether the dialog has been opened and not yet closed; one that waits to be shown is open, too.
     bool IsOpen() const noexcept { return m_open; }
 
     /// Opens the dialog, runs the message loop of the process until the dialog is closed, and returns the
@@ -61,13 +61,13 @@ public:
 protected:
     /// The dialog opens: sets up what the view shows. @return whether the view is shown at once
     virtual bool OnInitDialog() = 0;
-    /// A timer of the dialog has ticked: one that SetTimer started. Does nothing here.
+    /// A timer of SetTimer has ticked; it goes on until it is killed. By default nothing happens.
     virtual void OnTimer(unsigned int timer);
     /// What EndDialog was given.
     int GetResult() const noexcept { return m_result; }
     /// The dialog has been closed.
     virtual void OnDestroy();
-    /// What shows the dialog; null for nothing. Not owned.
+    /// The view that shows the dialog, not owned; null for none.
     virtual CDialogView* GetDialogView() const = 0;
     /// Shows or hides the view of an open dialog.
     void ShowWindow(bool visible);

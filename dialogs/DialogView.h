@@ -23,11 +23,11 @@ public:
     /// While true, the pointer shows that the other windows take no input, as nothing else does: the dialog
     /// is modal and hidden.
     virtual void SetBusy(bool busy) = 0;
-    /// Sets what stands in the title of the window.
+    /// Sets the text in the title bar.
     virtual void SetCaption(const CStr& caption) = 0;
     /// Sets the text of a button or a text, or the label of another control.
     virtual void SetText(int control, const CStr& text) = 0;
-    /// Whether a control takes input. All do at first.
+    /// Whether the user can use a control; all can be used at first.
     virtual void Enable(int control, bool enable) = 0;
 };
 

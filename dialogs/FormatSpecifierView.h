@@ -15,8 +15,8 @@ class CFormatSpecifierDlg;
 
 /// One kind of format in the list of the dialog.
 struct SFormatItem {
-    CStr text{};                          ///< as the list shows it
-    CParameter::EFormatSpecifier value{}; ///< what it stands for
+    CStr text{};                          ///< what the list shows, in the language of the string table
+    CParameter::EFormatSpecifier value{}; ///< the kind that it stands for
 
     friend bool operator==(const SFormatItem&, const SFormatItem&) = default;
 };
@@ -33,7 +33,7 @@ public:
     virtual void SetItems(const std::vector<SFormatItem>& items) = 0;
     /// @param index that of an item; empty selects none
     virtual void SelectItem(std::optional<std::size_t> index) = 0;
-    /// The index of the selected item; empty where none is.
+    /// The index of the selected item; empty when none is.
     virtual std::optional<std::size_t> GetSelectedItem() const = 0;
 };
 

@@ -22,13 +22,13 @@ public:
     void SetText(int control, const CStr& text) override { m_texts[control] = text; }
     void Enable(int control, bool enable) override { m_enabled[control] = enable; }
 
-    /// Whether the dialog has it shown.
+    /// Whether the window is shown; it is not at first.
     bool IsVisible() const noexcept { return m_visible; }
-    /// Whether other windows take no input.
+    /// Whether the other windows take no input now.
     bool IsModal() const noexcept { return m_modal; }
-    /// Whether the pointer shows that they take none.
+    /// Whether the pointer shows that the other windows take no input.
     bool IsBusy() const noexcept { return m_busy; }
-    /// What stands in the title; empty where nothing was set.
+    /// The text in the title bar; empty before one is set.
     const CStr& GetCaption() const noexcept { return m_caption; }
     /// Empty where no text was set.
     CStr GetText(int control) const

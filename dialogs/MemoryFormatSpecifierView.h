@@ -28,7 +28,7 @@ public:
     void SelectItem(std::optional<std::size_t> index) override { m_selected = index; }
     std::optional<std::size_t> GetSelectedItem() const override { return m_selected; }
 
-    /// The items of the list.
+    /// The items of the list; none before the dialog is opened.
     const std::vector<SFormatItem>& GetItems() const noexcept { return m_items; }
     /// Selects an item as the user does. @return false if there is no such item
     bool Choose(std::size_t index);

@@ -25,17 +25,17 @@ public:
     /// Has the window painted. @return whether it painted itself
     bool Paint();
 
-    /// Where the controls were placed last.
+    /// Where the controls lie now; as in the template before the dialog is opened.
     const SProgressLayout& GetLayout() const noexcept { return m_layout; }
-    /// The icon that was set last; null for none.
+    /// The handle given to SetIcon; null before.
     const void* GetIcon() const noexcept { return m_icon; }
     /// How often the parent was brought to the top.
     int GetParentRaises() const noexcept { return m_parentRaises; }
-    /// Where the range of the bar begins.
+    /// The lower end of the bar's range.
     int GetBarMinimum() const noexcept { return m_barMinimum; }
-    /// Where it ends.
+    /// The upper end of the bar's range.
     int GetBarMaximum() const noexcept { return m_barMaximum; }
-    /// Where the bar is.
+    /// Where the bar stands within its range.
     int GetBarPosition() const noexcept { return m_barPosition; }
 
 private:

@@ -14,7 +14,7 @@ public:
     CProgressBarView(const CProgressBarView&) = delete;
     CProgressBarView& operator=(const CProgressBarView&) = delete;
 
-    /// Sets what the bar counts from and to; a maximum is never below its minimum.
+    /// Sets what the ends of the bar stand for. @param maximum at least the minimum
     virtual void SetBarRange(int minimum, int maximum) = 0;
     /// @param position within the range
     virtual void SetBarPosition(int position) = 0;
@@ -32,15 +32,15 @@ public:
     /// Sets the range; a position beyond it moves to its bound. A maximum below the minimum counts as the
     /// minimum.
     void SetRange(int minimum, int maximum);
-    /// Where the range begins.
+    /// The lower end of the range, at which a bar that starts again stands.
     int GetMinimum() const noexcept { return m_minimum; }
-    /// Where the range ends.
+    /// The upper end of the range; never below the minimum.
     int GetMaximum() const noexcept { return m_maximum; }
     /// A position beyond the range becomes its bound.
     void SetPos(int position);
-    /// Where the bar is, within the range.
+    /// Where the bar stands; always within the range.
     int GetPos() const noexcept { return m_position; }
-    /// Sets by how much StepIt goes on, at first 10; a negative step goes back.
+    /// Sets what StepIt adds, at first 10. A step below 0 goes back, but not below the minimum.
     void SetStep(int step) noexcept { m_step = step; }
     /// Goes on by the step. Past the maximum the bar starts again from its minimum.
     void StepIt();

@@ -33,12 +33,12 @@ public:
     void SetView(CProgressView* view);
     /// @param caption see the constructor
     void SetCaption(const CStr& caption);
-    /// What stands in the title.
+    /// What was set; empty when the dialog is called "Progress".
     const CStr& GetCaption() const noexcept { return m_caption; }
     /// Lines end with "\n", and long ones are wrapped. The window grows with the text and does not shrink
     /// while it is open.
     void SetText(const CStr& text);
-    /// What the dialog says above its bar.
+    /// The text that is shown, or will be when the dialog opens.
     const CStr& GetText() const noexcept { return m_text; }
     /// @param icon a handle of the toolkit, not owned; null leaves the icon to it. For the next opening.
     void SetIcon(const void* icon) noexcept { m_icon = icon; }
@@ -66,7 +66,7 @@ public:
     {
         m_stepCallback.Set(MakeClosure(object, method));
     }
-    /// The bar; lives as long as the dialog.
+    /// The bar, which belongs to the dialog.
     CProgressCtrl& GetProgressCtrl() noexcept { return m_bar; }
 
     /// Enter has nothing to press.

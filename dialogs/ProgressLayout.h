@@ -10,7 +10,7 @@ namespace CommonUI
 /// caption where none is given.
 namespace ProgressTemplate
 {
-constexpr unsigned int c_dialog = 7204; ///< the dialog itself
+constexpr unsigned int c_dialog = 7204; ///< the number of the dialog
 constexpr int c_cancel = 2;             ///< a button
 constexpr int c_bar = 8100;             ///< a progress bar
 constexpr int c_text = 8101;            ///< a text of one or more lines
@@ -19,10 +19,10 @@ constexpr int c_text = 8101;            ///< a text of one or more lines
 /// Where the controls of a progress dialog lie, in dialog units: quarters of the average width of a character
 /// and eighths of its height in the font of the dialog.
 struct SProgressLayout {
-    SSize dialog{184, 60};         ///< the inside of the window
-    SRect text{8, 8, 89, 16};      ///< the text
-    SRect bar{9, 20, 177, 34};     ///< the bar
-    SRect cancel{64, 40, 114, 54}; ///< the Cancel button
+    SSize dialog{184, 60};         ///< the size of the window without its frame
+    SRect text{8, 8, 89, 16};      ///< the place of the text
+    SRect bar{9, 20, 177, 34};     ///< the place of the progress bar
+    SRect cancel{64, 40, 114, 54}; ///< the place of the Cancel button
 
     friend bool operator==(const SProgressLayout&, const SProgressLayout&) = default;
 };

@@ -22,12 +22,12 @@ public:
     /// What a worker tells its dialog, in numbers that toolkits with numbered messages leave to their
     /// windows: a step, a text, its end. Here one message without a number has the dialog look what there is.
     COMMONUI_CONSTANT unsigned int c_stepMessage = 0x40B;
-    COMMONUI_CONSTANT unsigned int c_newTextMessage = 0x40C; ///< there is another text
+    COMMONUI_CONSTANT unsigned int c_newTextMessage = 0x40C; ///< there is a new text
     COMMONUI_CONSTANT unsigned int c_closeMessage = 0x40D;   ///< the work has ended
     /// How many steps at most are made between two other messages of the loop.
     COMMONUI_CONSTANT unsigned int c_stepsPerMessage = 64;
 
-    /// @param parent, caption, text see CProgressDialogBase
+    /// Sets the dialog up without work; for the parameters see CProgressDialogBase.
     CProgressThreadDialog(CWnd* parent, const CStr& caption, const CStr& text);
     ~CProgressThreadDialog() override;
 

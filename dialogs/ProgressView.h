@@ -22,7 +22,7 @@ public:
 
     /// The size of a text in dialog units, rounded up, when wrapped at a width.
     virtual SSize MeasureText(const CStr& text, int width) const = 0;
-    /// Places the controls and gives the window its size.
+    /// Moves the controls to their places and makes the window as large as they need, also while it is open.
     virtual void SetLayout(const SProgressLayout& layout) = 0;
     /// Sets the large icon of the window. @param icon a handle of the toolkit; never null
     virtual void SetIcon(const void* icon) = 0;

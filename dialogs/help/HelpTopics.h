@@ -22,7 +22,7 @@ namespace HelpTopic
 constexpr unsigned int c_chooser = 11241; ///< the list of all settings of a type
 constexpr unsigned int c_manage = 11246;  ///< the user's own settings
 constexpr unsigned int c_compare = 11253; ///< two settings side by side
-constexpr unsigned int c_import = 11260;  ///< a settings file that is taken over
+constexpr unsigned int c_import = 11260;  ///< a set that is taken over from a file
 
 } // namespace HelpTopic
 

@@ -19,7 +19,7 @@ public:
     /// Looks for the words of a text, which blanks part; all entries have none.
     /// @return whether others are found than before
     bool SetText(const CStr& text);
-    /// What is looked for, as it was typed.
+    /// What was looked for last; empty when the entries are new.
     const CStr& GetText() const noexcept { return m_text; }
     /// The numbers of the entries found, in the order of the list.
     const std::vector<std::size_t>& GetFound() const noexcept { return m_found; }

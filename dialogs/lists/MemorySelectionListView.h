@@ -19,7 +19,7 @@ public:
 
     /// The current row.
     std::optional<std::size_t> GetRow() const noexcept { return m_row; }
-    /// What is in the field for the filter.
+    /// What the field for the filter holds.
     const CStr& GetFilterText() const noexcept { return m_filter; }
     /// Types a text into the field for the filter, in place of what is there.
     void Type(const CStr& filter);

@@ -16,14 +16,14 @@ namespace CommonUI
 class COMMONUI_API CSelectionListDlg : public CBaseDialog, public CViewedControl<CSelectionListView>
 {
 public:
-    COMMONUI_CONSTANT unsigned int c_identifier = 7820; ///< of the dialog and its help topic
+    COMMONUI_CONSTANT unsigned int c_identifier = 7820; ///< the number of the dialog and of its help topic
     COMMONUI_CONSTANT int c_filter = 8201;              ///< the field for the filter
     COMMONUI_CONSTANT int c_list = 8202;                ///< the list; its label is the prompt
     COMMONUI_CONSTANT int c_count = 8203;               ///< the text that tells how many are shown and chosen
     COMMONUI_CONSTANT int c_all = 8204;                 ///< the button that chooses all entries shown
     COMMONUI_CONSTANT int c_none = 8205;                ///< the button that chooses none of those shown
 
-    /// How many entries can be chosen.
+    /// How many entries can be chosen: one, or any number of them.
     enum class EMode { Single, Several };
 
     /// @param prompt the label of the list; may have a mnemonic
@@ -33,9 +33,9 @@ public:
     /// Gives the dialog its window before it is opened; null takes it away. The view is not owned.
     void SetView(CSelectionListView* view);
 
-    /// How many entries can be chosen: what the constructor was given.
+    /// How many entries can be chosen; fixed for the dialog's life.
     EMode GetMode() const noexcept { return m_mode; }
-    /// All entries, shown or not, in the order in which they were given.
+    /// All entries, also those that the filter does not show.
     const std::vector<CStr>& GetEntries() const noexcept { return m_entries; }
     /// Chooses entries by their numbers; those that are none are left out, and of several where one can be
     /// chosen all but the first. To be called before the dialog is opened.
@@ -46,7 +46,7 @@ public:
 
     /// The entries shown, by their numbers.
     const std::vector<std::size_t>& GetRows() const noexcept { return m_filter.GetFound(); }
-    /// Whether an entry is chosen at present. @param entry its number; false for one that there is not
+    /// Whether an entry is chosen, by its number, not its row; false for a number that is none.
     bool IsChosen(std::size_t entry) const { return entry < m_chosen.size() && m_chosen[entry]; }
 
     /// The user has typed in the field for the filter.

@@ -25,7 +25,7 @@ public:
     virtual void UpdateChoice() = 0;
     /// Makes a row the current one and brings it into view; empty leaves none.
     virtual void SelectRow(std::optional<std::size_t> row) = 0;
-    /// Replaces what is in the field for the filter.
+    /// Replaces what the field for the filter holds; the dialog empties it when it opens.
     virtual void SetFilterText(const CStr& text) = 0;
 };
 

@@ -34,13 +34,13 @@ public:
     /// What the panel shows: the cells of the tables with bars between them, a line for each row, and the
     /// notes.
     CStr Draw() const;
-    /// What was printed last, as text; empty before.
+    /// What was printed last, as Draw writes it; empty before.
     const CStr& GetPrinted() const noexcept { return m_printed; }
-    /// How often the tables were shown anew.
+    /// How often all of the tables had to be shown anew.
     int GetTableUpdateCount() const noexcept { return m_tableUpdates; }
-    /// How often buttons and notes were.
+    /// How often what is around the tables had to be shown anew: notes and commands.
     int GetStateUpdateCount() const noexcept { return m_stateUpdates; }
-    /// How often widths and heights were.
+    /// How often widths and heights had to be taken over from another panel.
     int GetSizeUpdateCount() const noexcept { return m_sizeUpdates; }
 
 private:

@@ -24,7 +24,7 @@ public:
 class COMMONUI_API CResultDialog : public CBaseDialog, public CViewedControl<CResultDialogView>
 {
 public:
-    COMMONUI_CONSTANT unsigned int c_identifier = 11601; ///< of the dialog and its help topic
+    COMMONUI_CONSTANT unsigned int c_identifier = 11601; ///< the number of the dialog and of its help topic
 
     /// @param layouts must outlive the dialog
     explicit CResultDialog(CResultLayoutManager& layouts = GetResultLayoutManager());
@@ -34,7 +34,7 @@ public:
     void SetView(CResultDialogView* view);
     /// Shows results in place of those before, also while the dialog is open.
     void SetResults(std::shared_ptr<const SResultSet> results);
-    /// The panel in the dialog; lives as long as the dialog.
+    /// The panel in the dialog, which belongs to it and serves without a window, too.
     CResultPanel& GetPanel() noexcept { return m_panel; }
 
 protected:

@@ -20,17 +20,17 @@ namespace CommonUI
 /// analysis gives something else, that is newer and counts.
 template<class TValue>
 struct SReplacedChoice {
-    TValue chosen{};   ///< what the user has chosen
-    TValue replaced{}; ///< what the analysis gave then
+    TValue chosen{};   ///< what the user wants
+    TValue replaced{}; ///< what the analysis gave when the user chose
 
     bool operator==(const SReplacedChoice& other) const = default;
 };
 
 /// What the user has chosen about a quantity, or about another column of a table, which has a width alone.
 struct SColumnLayout {
-    std::optional<SReplacedChoice<CUnit::EUnitFactor>> unit{};             ///< empty for that of the analysis
+    std::optional<SReplacedChoice<CUnit::EUnitFactor>> unit{}; ///< nothing where the analysis says it
     std::optional<SReplacedChoice<CParameter::SFormatSpecifier>> format{}; ///< likewise
-    bool isHidden = false; ///< the column is neither shown nor copied
+    bool isHidden = false; ///< whether the user has hidden the quantity
     int width = 0; ///< in hundredths of the height of a line; 0 where the column is as wide as it needs to be
 
     bool operator==(const SColumnLayout& other) const = default;
@@ -48,7 +48,7 @@ struct SResultLayout {
     /// By the keys of the quantities; other columns have keys that are none of a quantity.
     std::map<CStr, SColumnLayout> columns{};
 
-    /// How numbers are written into text of that kind, with the signs that the user has chosen.
+    /// How numbers are written in texts of a kind: for spreadsheets with the signs chosen here.
     SNumberProfile GetProfile(ENumberProfile kind) const;
     bool operator==(const SResultLayout& other) const = default;
 };
@@ -57,7 +57,7 @@ class CResultPanel;
 
 /// A layout that has been changed.
 struct SResultLayoutChange {
-    /// How much of what is shown a change concerns.
+    /// What is to be shown anew.
     enum class EPart {
         Tables, ///< anything, such as units and hidden quantities
         State,  ///< whether notes are shown, and what spreadsheets get
@@ -65,7 +65,7 @@ struct SResultLayoutChange {
     };
 
     CStr name{};                          ///< of the results
-    EPart part = EPart::Tables;           ///< what has changed
+    EPart part = EPart::Tables;           ///< of the layout
     const CResultPanel* origin = nullptr; ///< the panel whose user has changed it; null for none
 };
 
@@ -83,7 +83,7 @@ public:
     /// Gives all results the layout that they have by default.
     void Clear();
 
-    /// Who is told of changes.
+    /// Listeners to changed layouts.
     using CChangeList = CMultiClosure1<void, const SResultLayoutChange&>;
     /// Called after a panel has changed a layout, and for each layout when layouts are loaded or cleared. Who
     /// changes what Get gives calls it.

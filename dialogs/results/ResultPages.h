@@ -10,10 +10,10 @@ namespace CommonUI
 
 /// What is printed. The tables belong to who prints.
 struct SResultPages {
-    CStr title{};                                    ///< above the first table
+    CStr title{};                                    ///< of the results
     CStr provenance{};                               ///< a line below it, on each page
-    const CGridBaseOutputCtrl* summary = nullptr;    ///< what all results have in common
-    const CGridBaseOutputCtrl* results = nullptr;    ///< the results themselves
+    const CGridBaseOutputCtrl* summary = nullptr;    ///< what holds for all results; may have no rows
+    const CGridBaseOutputCtrl* results = nullptr;    ///< the results, as they are shown
     const CGridBaseOutputCtrl* statistics = nullptr; ///< of the same columns; without rows there are none
     std::vector<CStr> notes{};                       ///< below the tables
 };

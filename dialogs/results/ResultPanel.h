@@ -40,17 +40,17 @@ public:
 
     /// Shows results in place of those before, in the layout that is kept for such results.
     void SetResults(std::shared_ptr<const SResultSet> results);
-    /// The results that are shown; lives until other ones are set.
+    /// The results that are shown; an empty set before any were given. Valid until others are.
     const SResultSet& GetResults() const noexcept { return *m_results; }
-    /// The layout that is kept for them.
+    /// How the user wants to see these results; see CResultLayoutManager::Get.
     const SResultLayout& GetLayout() const { return m_layouts->Get(m_results->name); }
-    /// The results as tables, in that layout.
+    /// The tables as they are shown, with what is selected in them. They are made anew in place.
     const CResultTables& GetTables() const noexcept { return *m_tables; }
     /// The same, for a view that selects in them, and may outlive the panel. They are made anew in place.
     std::shared_ptr<CResultTables> ShareTables() const noexcept { return m_tables; }
     /// The lines below the tables; none while the user does not want them.
     std::vector<CStr> GetNotes() const;
-    /// Whether the results come with notes, be they shown or not.
+    /// Whether there are lines to show below the tables, wanted by the user or not.
     bool HasNotes() const { return !m_tables->GetNotes().GetLines().empty(); }
 
     /// The quantities, by their places in the results, that a menu at a cell is about: those of which
@@ -62,29 +62,29 @@ public:
     std::vector<CParameter::CScaling> GetUnits(std::span<const std::size_t> quantities) const;
     /// The unit factor in which a quantity is shown.
     CUnit::EUnitFactor GetUnitFactor(std::size_t quantity) const;
-    /// Whether the user has hidden a quantity. @param quantity its index in the results
+    /// Whether a quantity is in no table now.
     bool IsHidden(std::size_t quantity) const;
     /// Whether something would be left to see.
     bool CanHide(std::span<const std::size_t> quantities) const;
-    /// Whether rows and columns can change places.
+    /// Whether the results have few enough rows: see CResultTables::c_mostTransposedRows.
     bool CanTranspose() const noexcept;
 
-    /// Shows quantities in another unit factor. @param quantities their indices in the results
+    /// Shows quantities in a unit of GetUnits; the one that the analysis gives is no choice any more.
     void SetUnitFactor(std::span<const std::size_t> quantities, CUnit::EUnitFactor factor);
     /// Asks for a number format of these quantities.
     void ChangeFormat(std::span<const std::size_t> quantities);
     /// Hides quantities, unless nothing would be left, or shows them again. What is hidden is in no copy and
     /// no file.
     void Hide(std::span<const std::size_t> quantities, bool hide);
-    /// Shows again what is hidden.
+    /// Shows all quantities that are hidden again.
     void ShowAll();
-    /// Whether the quantities are rows.
+    /// Shows the quantities as rows, or as columns again. Nothing happens unless CanTranspose.
     void Transpose(bool transpose);
-    /// Whether the notes are shown below the tables.
+    /// Shows or hides the reasons of empty cells below the tables.
     void ShowNotes(bool show);
     /// The signs of texts for spreadsheets: see SResultLayout.
     void SetSeparator(char16_t separator);
-    /// Likewise. @param decimal the decimal sign
+    /// The sign in front of decimals, a point or a comma.
     void SetDecimal(char16_t decimal);
 
     /// The user works in a table now.
@@ -109,7 +109,7 @@ public:
     std::string MakeFile(EResultFile kind) const;
     /// What is printed is what is shown when the user has chosen a printer.
     void Print();
-    /// What Print prints. The tables belong to the panel.
+    /// What is printed, and what a PDF file shows. The tables stay the panel's and change with what it shows.
     SResultPages GetPages() const;
 
 private:

@@ -16,7 +16,7 @@
 namespace CommonUI
 {
 
-/// The tables of results, from top to bottom.
+/// Which of the tables, in their order from the top.
 enum class EResultTable { Summary, Results, Statistics };
 
 /// Summary, results and statistics as tables, made of a set of results in the layout that the user wants.
@@ -34,14 +34,14 @@ public:
     /// Makes the tables anew. What is selected is forgotten.
     void Make(const SResultSet& set, const SResultLayout& layout);
 
-    /// A table; without rows where the results have none of the kind.
+    /// One of the tables, in which the view selects; it lives as long as this object.
     CGridBaseOutputCtrl& Get(EResultTable table) { return m_tables[static_cast<std::size_t>(table)]; }
-    /// Likewise.
+    /// One of the tables; it lives as long as this object.
     const CGridBaseOutputCtrl& Get(EResultTable table) const
     {
         return m_tables[static_cast<std::size_t>(table)];
     }
-    /// Whether the quantities are rows.
+    /// Whether the quantities are rows; never for a set of too many rows, whatever the layout says.
     bool IsTransposed() const noexcept { return m_isTransposed; }
     /// Why cells are empty: each reason once, with the quantities that it holds for.
     const CFootnotes& GetNotes() const noexcept { return m_notes; }

@@ -13,11 +13,11 @@ namespace CommonUI
 /// One line of a form of options: a check box, a choice of a list, or a number in a field. What it stands for
 /// is told by its id.
 struct SDialogOption {
-    /// What the user sees of it: a check box, a list, a field.
+    /// What the user changes an option by.
     enum class EKind { Check, Choice, Number };
 
-    int id = 0;                    ///< tells the option within its dialog
-    EKind kind = EKind::Check;     ///< what the user sees
+    int id = 0;                    ///< different for each option of a form
+    EKind kind = EKind::Check;     ///< decides which of the other members mean something
     CStr label{};                  ///< without mnemonic and colon, with the unit of a number
     bool enabled = true;           ///< what is not means nothing at present
     std::vector<CStr> choices{};   ///< of a Choice
@@ -27,7 +27,7 @@ struct SDialogOption {
     CStr unit{};                   ///< in which a number is shown; empty for none
     double factor = 1;             ///< by which a number is divided to be shown
     double lower = 0;              ///< the range of a number, undivided
-    double upper = 100;            ///< the end of that range
+    double upper = 100;            ///< likewise
     bool whole = false;            ///< a number without decimals
     CStr fault{};                  ///< what is wrong with the text of a number; empty if nothing is
     CStr remark{};                 ///< what a tooltip says besides

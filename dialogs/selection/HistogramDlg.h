@@ -12,7 +12,7 @@ namespace CommonUI
 class COMMONUI_API CHistogramDlg : public COptionsDlg
 {
 public:
-    COMMONUI_CONSTANT unsigned int c_identifier = 11106; ///< of the dialog and its help topic
+    COMMONUI_CONSTANT unsigned int c_identifier = 11106; ///< the number of the dialog and of its help topic
     COMMONUI_CONSTANT int c_histogram = 0;               ///< which of the three is shown
     COMMONUI_CONSTANT int c_lowerOn = 1;                 ///< whether there is a lower bound
     COMMONUI_CONSTANT int c_lower = 2;                   ///< the lower bound
@@ -25,7 +25,7 @@ public:
     CHistogramDlg(const CParameter& quantity, const SBase3D<CUnit>& units);
     ~CHistogramDlg() override;
 
-    /// What is chosen for one of the histograms.
+    /// The classes and bounds of a histogram as the user has left them; for use once OK has been pressed.
     CParameter::SHistogramSetup GetSetup(EGrainHistograms histogram) const
     {
         return m_quantity.GetHistogramSetup(static_cast<std::size_t>(histogram));

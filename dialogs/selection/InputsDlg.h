@@ -14,7 +14,7 @@ namespace CommonUI
 class COMMONUI_API CInputsDlg : public COptionsDlg
 {
 public:
-    COMMONUI_CONSTANT unsigned int c_identifier = 11101; ///< of the dialog and its help topic
+    COMMONUI_CONSTANT unsigned int c_identifier = 11101; ///< the number of the dialog and of its help topic
     COMMONUI_CONSTANT int c_template = 0;   ///< the list of templates; there is none where one is changed
     COMMONUI_CONSTANT int c_firstInput = 1; ///< the field of the first variable
 
@@ -55,13 +55,13 @@ private:
 class COMMONUI_API CPercentileDlg : public COptionsDlg
 {
 public:
-    COMMONUI_CONSTANT unsigned int c_identifier = 11105; ///< of the dialog and its help topic
+    COMMONUI_CONSTANT unsigned int c_identifier = 11105; ///< the number of the dialog and of its help topic
 
-    /// @param percent to begin with
+    /// Lets the user change a number. @param percent what the field shows at first, from 0 to 100
     explicit CPercentileDlg(double percent);
     ~CPercentileDlg() override;
 
-    /// The last number that was typed and fits; before, what the dialog began with.
+    /// The last number in the field that was one from 0 to 100; for use once OK has been pressed.
     double GetPercent() const noexcept { return m_percent; }
 
 protected:

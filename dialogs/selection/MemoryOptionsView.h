@@ -15,7 +15,7 @@ public:
     void ShowOptions(const std::vector<SDialogOption>& options) override { m_options = options; }
     void FocusOption(int id) override { m_focused = id; }
 
-    /// The options as they are shown at present.
+    /// The form as it is shown; empty before the dialog is opened.
     const std::vector<SDialogOption>& GetOptions() const noexcept { return m_options; }
     /// Where the dialog has led the user last; -1 for nowhere.
     int GetFocused() const noexcept { return m_focused; }

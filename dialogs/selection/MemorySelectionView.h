@@ -29,31 +29,32 @@ public:
     /// What the user does with a dialog over the window; the dialog is cancelled when that returns and has
     /// left it open.
     CMemoryFormatSpecifierView::FUse onFormat{};
-    std::function<void(CMemoryOptionsView&)> onOptions{}; ///< likewise, with a dialog of options
+    /// What the user does with a dialog of options; otherwise as onFormat.
+    std::function<void(CMemoryOptionsView&)> onOptions{};
 
     /// A tab as text: a line for each row that is shown, with two blanks for each group around it, the check
     /// box, what the columns say, and an exclamation mark behind what is marked; then a line for each option.
     CStr Draw() const;
     /// The option that the dialog has led the user to last; -1 for none.
     int GetFocusedOption() const noexcept { return m_option; }
-    /// How often all tabs were shown anew.
+    /// How often the pages, or the rows of one, had to be made anew.
     int GetResetCount() const noexcept { return m_resets; }
-    /// How often something of them was.
+    /// How often what rows or options say had to be shown anew.
     int GetUpdateCount() const noexcept { return m_updates; }
 
-    /// The user goes to a tab. @return whether the dialog has it
+    /// Goes to a tab, if the analysis has it.
     bool GoToTab(ESelectionTab tab);
     /// Rows are named by what they show.
     bool Select(const CStr& name);
-    /// Ticks a check box, or takes the tick away. @return whether it can be done
+    /// Ticks the check box of a row, or takes the tick away.
     bool Check(const CStr& name, bool on);
-    /// Chooses a unit by its text. @return whether the row offers it
+    /// Chooses the unit of a row by its text in the list of those offered.
     bool ChooseUnit(const CStr& name, const CStr& unit);
-    /// Types in the field for the search. @return whether there is one
+    /// Types in the search field of the current tab, in place of what it holds.
     bool Search(const CStr& text);
     /// Options are named by their labels, choices by their texts; those of a check box are u"1" and u"0".
     bool Choose(const CStr& option, const CStr& choice);
-    /// Types in the field of a number. @return whether there is such a field
+    /// Types in the field of a number; a text that is none is taken, too, as the user sees what is wrong.
     bool Type(const CStr& option, const CStr& text);
     /// Presses a button by its number.
     bool Press(int button);

@@ -17,7 +17,7 @@ public:
 
     /// Gives the dialog its window before it is opened; null takes it away. The view is not owned.
     void SetView(COptionsView* view);
-    /// The options in the order of the form, as they are set at present.
+    /// The options in the order of the form, with what is typed and what is wrong with it.
     const std::vector<SDialogOption>& GetOptions() const noexcept { return m_options; }
 
     /// The user has chosen an item of a list, or 1 or 0 of a check box.
@@ -27,7 +27,7 @@ public:
     void OnOK() override;
 
 protected:
-    /// @param identifier see CBaseDialog @param caption of the window
+    /// A dialog without options, which the constructor of the derived class adds.
     COptionsDlg(unsigned int identifier, const CStr& caption);
 
     bool OnInitDialog() override;
@@ -40,9 +40,9 @@ protected:
     /// What the line of text says while nothing is wrong.
     virtual CStr GetRemark() const = 0;
 
-    /// The same to be changed, before the dialog opens or before Show.
+    /// The options, for the derived class to change; after OnOption they are shown anew by themselves.
     std::vector<SDialogOption>& EditOptions() noexcept { return m_options; }
-    /// Has the window show the options anew, and what is wrong with them.
+    /// Shows the options, and below them what is wrong, or else the remark. Without a view nothing happens.
     void Show();
 
 private:

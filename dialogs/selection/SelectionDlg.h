@@ -19,24 +19,24 @@ namespace CommonUI
 class COMMONUI_API CSelectionDlg : public CBaseDialog, public CViewedControl<CSelectionView>
 {
 public:
-    COMMONUI_CONSTANT int c_help = 3;         ///< the Help button
-    COMMONUI_CONSTANT int c_search = 11012;   ///< the field for the search
-    COMMONUI_CONSTANT int c_add = 11013;      ///< the button that adds a quantity
-    COMMONUI_CONSTANT int c_change = 11014;   ///< the button that changes one
-    COMMONUI_CONSTANT int c_remove = 11015;   ///< the button that removes one
-    COMMONUI_CONSTANT int c_format = 11016;   ///< the button for the number format
-    COMMONUI_CONSTANT int c_defaults = 11017; ///< the button that takes the defaults
-    COMMONUI_CONSTANT int c_stored = 11018;   ///< the button that takes what is stored
+    COMMONUI_CONSTANT int c_help = 3;       ///< the Help button
+    COMMONUI_CONSTANT int c_search = 11012; ///< the search field of a tab
+    COMMONUI_CONSTANT int c_add = 11013;    ///< the button that makes a parameter from a template
+    COMMONUI_CONSTANT int c_change = 11014; ///< the button for the inputs, percentile or histograms of a row
+    COMMONUI_CONSTANT int c_remove = 11015; ///< the button that removes what was made from templates
+    COMMONUI_CONSTANT int c_format = 11016; ///< the button for the number format of the selected rows
+    COMMONUI_CONSTANT int c_defaults = 11017; ///< the button that takes the tab to its defaults
+    COMMONUI_CONSTANT int c_stored = 11018;   ///< the button that takes the tab to what is stored
     COMMONUI_CONSTANT int c_count = 11036;    ///< a line of text: how many are chosen
     COMMONUI_CONSTANT int c_remark =
         11038; ///< a line of text: what is wrong, or what another window has done
 
     /// One page of the dialog.
     struct STab {
-        ESelectionTab kind{};                    ///< what the page is about
-        std::vector<ESelectionColumn> columns{}; ///< from left to right
-        CSelectionRows rows{};                   ///< what can be chosen on it
-        std::vector<SDialogOption> options{};    ///< below the rows
+        ESelectionTab kind{};                    ///< which page it is
+        std::vector<ESelectionColumn> columns{}; ///< of the rows; none for a page of options only
+        CSelectionRows rows{};                   ///< those that the search has not found, too
+        std::vector<SDialogOption> options{};    ///< of the form; none where there is no form
     };
 
     /// The number of the dialog of an analysis, and of its help topic.
@@ -63,17 +63,17 @@ public:
 
     /// What is edited, or was last; null before the dialog is first opened.
     const CAnalysisSelection* GetSelection() const noexcept { return m_selection.get(); }
-    /// The pages from left to right; none before the dialog is first opened.
+    /// The pages in their order; none before the dialog is first opened.
     const std::vector<STab>& GetTabs() const noexcept { return m_tabs; }
-    /// The index of the page that the user sees.
+    /// The index of the page that the user sees, among those of GetTabs.
     std::size_t GetCurrentTab() const noexcept { return m_current; }
     /// The rows of the current tab that commands are for.
     const std::vector<int>& GetSelectedRows() const noexcept { return m_selected; }
     /// What a column of a row says; empty for groups in other columns than the first.
     CStr GetText(std::size_t tab, int row, ESelectionColumn column) const;
-    /// What a row says when the pointer rests on it: of a group its name.
+    /// What an entry means: see GetSelectionToolTip; of a group, its name. Throws for a row that is none.
     CStr GetToolTip(std::size_t tab, int row) const;
-    /// What a row is marked with, because it cannot be computed as it is chosen.
+    /// Whether another window has changed the entry meanwhile; None for a group. Throws as GetToolTip does.
     ESelectionMark GetMark(std::size_t tab, int row) const;
     /// The units that are offered for a row; none where there is nothing to choose.
     std::vector<CParameter::CScaling> GetUnits(std::size_t tab, int row) const;
@@ -89,7 +89,7 @@ public:
     void OnSelect(const std::vector<int>& rows);
     /// The user has ticked the check box of a row of the current tab, or taken the tick away.
     void OnCheck(int row, bool on);
-    /// The user has chosen a unit for a row of the current tab.
+    /// The user has chosen a unit for a row of the current tab; means nothing but for parameters.
     void OnUnit(int row, CUnit::EUnitFactor factor);
     /// The user has pressed a button other than OK, Cancel and help.
     void OnCommand(int command);

@@ -22,7 +22,7 @@ struct SSelectionRow {
     bool shown = true;                 ///< whether the search has found it, or something in it
     CStr text{};                       ///< what is searched, in small letters
 
-    /// Whether it heads other rows, and is no entry.
+    /// Whether the row is a heading; otherwise it has an entry.
     bool IsGroup() const noexcept { return !entry; }
 };
 
@@ -45,7 +45,7 @@ public:
     /// Takes over an entry of the same number that has changed.
     void Refresh(const CParameter& entry);
 
-    /// How many rows there are, shown or not.
+    /// How many rows there are with groups, and with those that the search has not found.
     std::size_t GetCount() const noexcept { return m_rows.size(); }
     /// @param row below GetCount
     const SSelectionRow& Get(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
@@ -60,9 +60,9 @@ public:
     std::vector<int> GetSwitched(int row) const;
     /// The numbers of all entries.
     std::vector<int> GetEntries() const;
-    /// How many entries are chosen, be they shown or not.
+    /// How many entries are switched on, found by the search or not.
     std::size_t CountOn() const;
-    /// How many entries the search has found.
+    /// How many entries the search has found; groups do not count.
     std::size_t CountShown() const;
 
     /// Shows what has all words of a text, of an entry or of the groups that it is in: symbol, name, key,
@@ -70,7 +70,7 @@ public:
     /// letters and digits where these begin: u"4287 ra" finds "Ra" of "ISO4287". An empty text shows
     /// everything.
     void Search(std::u16string_view text);
-    /// What is looked for, as it was typed.
+    /// What was searched for last; empty at first. Fill keeps it.
     const CStr& GetSearch() const noexcept { return m_search; }
 
 private:

@@ -32,14 +32,14 @@ enum class ESelectionColumn {
 
 /// What a selection dialog edits.
 struct SSelectionSubject {
-    CAnalysisSelection& selection;                   ///< what is chosen; not owned
+    CAnalysisSelection& selection;                   ///< what the user has chosen so far; not owned
     SBase3D<CUnit> units{};                          ///< of the surface, in which values are shown
     const SGrainThresholdSettings* grains = nullptr; ///< null where they are not chosen in the dialog
 };
 
 /// The tabs that an analysis has, in their order.
 COMMONUI_API std::vector<ESelectionTab> GetSelectionTabs(const SSelectionSubject& subject);
-/// The name of a page, in the language of the interface.
+/// What the user reads on a tab, in the language of the string table.
 COMMONUI_API CStr GetSelectionTabName(ESelectionTab tab);
 /// The list whose entries the rows of a tab are.
 COMMONUI_API ESelectionList GetSelectionList(ESelectionTab tab);
@@ -48,7 +48,7 @@ COMMONUI_API std::vector<SParameterGroup> GetSelectionGroups(ESelectionTab tab,
                                                              const CAnalysisPreferencesData& data);
 /// The columns of a tab; none for one of options only.
 COMMONUI_API std::vector<ESelectionColumn> GetSelectionColumns(ESelectionTab tab, EAnalysis analysis);
-/// The header of a column, in the language of the interface.
+/// The heading of a column, in the language of the string table.
 COMMONUI_API CStr GetSelectionColumnName(ESelectionColumn column);
 /// What a column says of an entry.
 COMMONUI_API CStr GetSelectionText(const CParameter& entry, ESelectionColumn column, ESelectionTab tab,

@@ -35,7 +35,7 @@ public:
 
     /// Runs a dialog over the window. @return what its DoModal returns
     virtual int Run(CFormatSpecifierDlg& dialog) = 0;
-    /// Likewise.
+    /// Runs a dialog of options over the window. @return what its DoModal returns
     virtual int Run(COptionsDlg& dialog) = 0;
 };
 

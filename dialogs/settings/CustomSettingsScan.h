@@ -26,7 +26,8 @@ class COMMONUI_API CCustomSettingsScan : public CWnd
 public:
     /// Finds the files of a place; called on the worker's thread.
     using FFind = std::function<void(const CSettingsFactory::SPlace&, const FFolderFound&)>;
-    using CColors = std::vector<SColor>; ///< of a colour scale, from the lowest height to the highest
+    /// Colours of a scale, c_colorCount of them from its lowest to its highest.
+    using CColors = std::vector<SColor>;
 
     /// What has changed.
     enum class EEvent {
@@ -38,7 +39,7 @@ public:
     /// How many colours there are of a colour scale.
     COMMONUI_CONSTANT std::size_t c_colorCount = 64;
 
-    /// Searches where the factory looks. Nothing is searched before Start.
+    /// Finds nothing before Start. @param type fixed for the object's life
     explicit CCustomSettingsScan(ESettingType type);
     /// @param find looks in place of FindFilesBelow
     CCustomSettingsScan(ESettingType type, FFind find);
@@ -48,10 +49,10 @@ public:
     /// Looks, or looks again: GetFolders then keeps what was found before until the new search has ended. A
     /// search that is running goes on in its place, so that calls do not heap up threads.
     void Start();
-    /// Whether a search is going on.
+    /// Whether a search has not ended yet; of colour scales it ends when the colours are read.
     bool IsRunning() const noexcept { return m_run != nullptr; }
 
-    /// Of which sets it is.
+    /// The type whose sets are looked for.
     ESettingType GetType() const noexcept { return m_type; }
     /// What has been found, in the order of menus.
     const std::vector<SFoundFolder>& GetFolders() const noexcept { return m_folders; }
@@ -59,7 +60,7 @@ public:
     /// known, and for what is no colour scale.
     const CColors* FindColors(const CStr& path) const;
 
-    /// Who is told, on the user-interface thread, of what has changed.
+    /// Told what has changed, on the user-interface thread.
     CMultiClosure1<void, EEvent>& GetEvents() noexcept { return m_events; }
 
 private:

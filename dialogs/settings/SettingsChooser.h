@@ -16,16 +16,16 @@ class COMMONUI_API CSettingsChooser
 public:
     /// A set of the list.
     struct SRow {
-        SSettingsEntry entry{}; ///< the set
+        SSettingsEntry entry{}; ///< what CSettingsMenu::Choose takes
         CStr place{};           ///< the folders or headings that lead to it
     };
     /// A change of what is shown: so many rows come in at an index, or all rows are others. Told before and
     /// after.
     struct SChange {
-        bool isDone = false;   ///< whether it is told after the change
-        bool isReset = false;  ///< all rows are others
-        std::size_t first = 0; ///< where rows come in
-        std::size_t count = 0; ///< how many
+        bool isDone = false;   ///< false before the change, true after it
+        bool isReset = false;  ///< whether all rows are others; then the numbers below mean nothing
+        std::size_t first = 0; ///< the index of the first row that comes in
+        std::size_t count = 0; ///< how many rows come in, one behind the other
     };
 
     /// Has the menu look for sets.
@@ -34,21 +34,21 @@ public:
     CSettingsChooser(const CSettingsChooser&) = delete;
     CSettingsChooser& operator=(const CSettingsChooser&) = delete;
 
-    /// What finds and names the sets; lives as long as the chooser.
+    /// The menu whose sets are listed, and which loads one.
     CSettingsMenu& GetMenu() noexcept { return m_menu; }
     /// Shows the sets whose names or places have each word of a text, without regard to case; all for an
     /// empty one.
     void SetFilter(const CStr& text);
     /// The sets shown.
     std::size_t GetCount() const noexcept { return m_shown.size(); }
-    /// A row of those that are shown. @param index below GetCount
+    /// A set of those shown. @param index below GetCount
     const SRow& GetRow(std::size_t index) const { return m_rows[m_shown[index]].row; }
     /// The index of a set; the number of those shown if it is not among them.
     std::size_t Find(const SSettingsEntry& entry) const;
     /// How many sets are shown of how many, and whether there may be more.
     CStr Describe() const;
 
-    /// Who is told of changes of the rows.
+    /// Told before and after each change of the rows that are shown.
     CMultiClosure1<void, const SChange&>& GetChanged() noexcept { return m_changed; }
     /// Told when Describe, or the colours of a set, may be others.
     CMultiClosure0<void>& GetStateChanged() noexcept { return m_stateChanged; }

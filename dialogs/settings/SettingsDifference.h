@@ -10,7 +10,7 @@ namespace CommonUI
 
 /// A key of two sets.
 struct SSettingsDifference {
-    /// How the two sets differ in it.
+    /// Which of the sets has the key, and with what value.
     enum class EKind {
         Same,      ///< both have it with the same meaning
         Different, ///< both have it, with other values
@@ -18,11 +18,11 @@ struct SSettingsDifference {
         OnlyRight,
     };
 
-    CStr section{};           ///< of the files; empty for the first one
-    CStr key{};               ///< by which the section has it
+    CStr section{};           ///< that the key is in
+    CStr key{};               ///< its name in the section
     CStr left{};              ///< as it is written; empty where the set does not have the key
-    CStr right{};             ///< likewise
-    EKind kind = EKind::Same; ///< how they differ
+    CStr right{};             ///< likewise, of the right set
+    EKind kind = EKind::Same; ///< what comparing the values has told
 
     friend bool operator==(const SSettingsDifference&, const SSettingsDifference&) = default;
 };

@@ -16,14 +16,14 @@ namespace CommonUI
 class COMMONUI_API CSettingsImport
 {
 public:
-    /// What the second step would do.
+    /// What becomes of the user's own sets.
     enum class EEffect {
         New,      ///< there is no set of the name
         Replaced, ///< the set of the name gets another content
         Same,     ///< the set of the name is the same byte for byte
     };
 
-    /// @param type of the sets that can be taken over
+    /// Prepares nothing yet. @param type of the sets that can be taken over
     explicit CSettingsImport(ESettingType type);
 
     /// The first step: reads the file. One that is no set of the type is refused. @return whether the second
@@ -32,7 +32,7 @@ public:
     /// Has the user choose the file first. @return false also when the user cancels
     bool PrepareByPrompt();
 
-    /// What the second step would do, once the first one has been done.
+    /// What Apply would do; for use after Prepare was true.
     EEffect GetEffect() const noexcept { return m_effect; }
     /// What the second step would do, in a sentence.
     CStr Describe() const;

@@ -21,7 +21,7 @@ enum class ESettingsCommand {
 
 /// An entry of a menu of settings.
 struct SSettingsMenuItem {
-    /// What an item is.
+    /// What an entry is, and so which of the members mean something.
     enum class EKind {
         Set,
         Group,     ///< a menu of its own
@@ -31,8 +31,8 @@ struct SSettingsMenuItem {
         Command, ///< its text has a mnemonic, marked by `&`; those of all others are to be shown as they are
     };
 
-    EKind kind = EKind::Separator; ///< what the item is
-    CStr text{};                   ///< what it says
+    EKind kind = EKind::Separator; ///< what it is
+    CStr text{};                   ///< what is shown; empty for a separator
     SSettingsEntry entry{};        ///< of a set; that of a file that was found has no identifier yet
     bool isCurrent = false;        ///< of a set
     bool isCustom =
@@ -51,7 +51,8 @@ class COMMONUI_API CSettingsMenu : public CWnd
 public:
     /// How many sets of one folder a menu has at most; the others are in the chooser.
     COMMONUI_CONSTANT std::size_t c_mostOfFolder = 40;
-    using CColors = CCustomSettingsScan::CColors; ///< see CCustomSettingsScan
+    /// Colours of a scale: see CCustomSettingsScan.
+    using CColors = CCustomSettingsScan::CColors;
 
     /// @param withCommands false for a menu that picks a set and nothing more: it has no commands but the
     ///     chooser, and what is chosen does not count as used
@@ -59,16 +60,16 @@ public:
     /// @param find see CCustomSettingsScan
     CSettingsMenu(ESettingType type, bool withCommands, CCustomSettingsScan::FFind find);
 
-    /// Of which sets it is.
+    /// The type whose sets the menu has.
     ESettingType GetType() const noexcept { return m_scan.GetType(); }
-    /// Whether the menu has commands below the sets.
+    /// Whether the menu offers commands besides the chooser, and what is chosen counts as used.
     bool HasCommands() const noexcept { return m_withCommands; }
     /// The search for the user's own sets. Who shows the menu starts it.
     CCustomSettingsScan& GetScan() noexcept { return m_scan; }
 
     /// The set that the tool has; an entry with an empty name when it has none of the factory's.
     const SSettingsEntry& GetCurrent() const noexcept { return m_current; }
-    /// Says which set the tool has.
+    /// Says which set the tool has; nothing is loaded. GetCurrentChanged is told even if it is the same one.
     void SetCurrent(const SSettingsEntry& entry);
     /// What a button shows: the name of the current set.
     CStr GetText() const;
@@ -80,7 +81,7 @@ public:
     /// The colours of a colour scale from its lowest to its highest; null for other sets, and as long as
     /// those of a file are not known.
     const CColors* FindColors(const SSettingsEntry& entry) const;
-    /// Whether a command can be done at present.
+    /// Whether the menu offers a command: saving, only while somebody is subscribed to GetSaver.
     bool IsAvailable(ESettingsCommand command) const;
 
     /// Has the factory load a set. If that works, it is the current one, and GetChosen is called. If not, the
@@ -96,7 +97,7 @@ public:
     /// follows when it gets another name; that of a file in the trash is still what the tool has.
     /// @param entry receives the new path
     bool Rename(SSettingsEntry& entry, const CStr& name);
-    /// Likewise. @return false also when the user does not agree
+    /// Moves the file of a set to the trash if the user agrees. @return whether that was done
     bool Delete(const SSettingsEntry& entry);
 
     /// Told of every set that was chosen or loaded.

@@ -14,10 +14,10 @@ namespace CommonUI
 /// {0, 0, 100, 0} grows in width; two controls side by side that share the width have {0, 0, 50, 0} and
 /// {50, 0, 100, 0}.
 struct SSizerRule {
-    int left = 0;   ///< of the growth in width, in percent, that the left edge moves by
-    int top = 0;    ///< of that in height the top edge
-    int right = 0;  ///< of that in width the right edge
-    int bottom = 0; ///< of that in height the bottom edge
+    int left = 0;   ///< of the growth in width
+    int top = 0;    ///< of the growth in height
+    int right = 0;  ///< of the growth in width; at least that of the left edge
+    int bottom = 0; ///< of the growth in height; at least that of the top edge
 
     friend bool operator==(const SSizerRule&, const SSizerRule&) = default;
 };
@@ -25,14 +25,14 @@ struct SSizerRule {
 /// The rules most controls have.
 namespace SizerRules
 {
-constexpr SSizerRule c_stay{0, 0, 0, 0};                    ///< keeps place and size
-constexpr SSizerRule c_growWidth{0, 0, 100, 0};             ///< grows to the right
-constexpr SSizerRule c_growHeight{0, 0, 0, 100};            ///< grows downwards
-constexpr SSizerRule c_grow{0, 0, 100, 100};                ///< grows in both
-constexpr SSizerRule c_moveRight{100, 0, 100, 0};           ///< stays at the right edge of the window
-constexpr SSizerRule c_moveDown{0, 100, 0, 100};            ///< stays at its bottom
-constexpr SSizerRule c_moveCorner{100, 100, 100, 100};      ///< stays in its bottom right corner
-constexpr SSizerRule c_moveDownGrowWidth{0, 100, 100, 100}; ///< stays at its bottom and grows to the right
+constexpr SSizerRule c_stay{0, 0, 0, 0};               ///< keeps place and size
+constexpr SSizerRule c_growWidth{0, 0, 100, 0};        ///< keeps its distances at the left and right
+constexpr SSizerRule c_growHeight{0, 0, 0, 100};       ///< keeps its distances above and below
+constexpr SSizerRule c_grow{0, 0, 100, 100};           ///< keeps its distances from all edges of the window
+constexpr SSizerRule c_moveRight{100, 0, 100, 0};      ///< keeps its size and the distance at the right
+constexpr SSizerRule c_moveDown{0, 100, 0, 100};       ///< keeps its size and the distance below
+constexpr SSizerRule c_moveCorner{100, 100, 100, 100}; ///< keeps its size, moves with the corner
+constexpr SSizerRule c_moveDownGrowWidth{0, 100, 100, 100}; ///< keeps its height, moves down, grows in width
 } // namespace SizerRules
 
 /// Computes where the controls of a window lie when the window is larger or smaller than its template. It
@@ -51,9 +51,9 @@ public:
     /// @return the number of the control: they are counted from 0
     std::size_t Add(const SRect& place, const SSizerRule& rule, const SSize& minimum = {});
 
-    /// How many controls there are.
+    /// How many controls were added; their numbers are below it.
     std::size_t GetCount() const noexcept { return m_controls.size(); }
-    /// The size of the window that the controls are placed for.
+    /// The size of the window in the template.
     const SSize& GetSize() const noexcept { return m_size; }
     /// The least size of the window at which every control has its minimum, keeps the margin of the template
     /// and covers none that it stood beside. Along a direction in which no control grows that is the size in

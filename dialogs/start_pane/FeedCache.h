@@ -18,7 +18,7 @@ struct SCachedFeed {
     std::chrono::sys_seconds fetched{}; ///< when the server gave it, or last said that it has not changed
     std::string entityTag{};            ///< the header "ETag", or empty
     std::string lastModified{};         ///< the header "Last-Modified", or empty
-    std::string body{};                 ///< the feed as the server gave it
+    std::string body{};                 ///< the feed itself, byte for byte
 
     friend bool operator==(const SCachedFeed&, const SCachedFeed&) = default;
 };
@@ -29,7 +29,7 @@ struct SCachedFeed {
 class COMMONUI_API CFeedCache
 {
 public:
-    COMMONUI_CONSTANT std::size_t c_defaultSize = std::size_t{8} << 20; ///< in bytes
+    COMMONUI_CONSTANT std::size_t c_defaultSize = std::size_t{8} << 20; ///< of all feeds together, in bytes
 
     /// @param folder comes into being with the first feed; files in it that are no feeds are left alone
     /// @param largestSize of all feeds together, in bytes; those written the longest ago have to go

@@ -16,7 +16,7 @@ enum class EFeedKind { News, Tutorials, Revisions, Modules };
 
 /// Where a part of the start pane is from.
 struct SFeedSource {
-    EFeedKind kind = EFeedKind::News; ///< what it is about
+    EFeedKind kind = EFeedKind::News; ///< gives the title where there is no other
     CStr address{};                   ///< see IsWebAddress
     CStr title{};                     ///< above the entries; empty for that of the kind
 
@@ -35,9 +35,9 @@ enum class EFeedState {
 
 /// A part of the start pane: a feed and its state.
 struct SFeedSection {
-    SFeedSource source{};                              ///< where it is from
-    EFeedState state = EFeedState::NotFetched;         ///< what has become of fetching it
-    SFeed feed{};                                      ///< what is there of it; without entries before
+    SFeedSource source{};                              ///< where the feed is from
+    EFeedState state = EFeedState::NotFetched;         ///< decides what the other members mean
+    SFeed feed{};                                      ///< what is shown; empty where nothing is known
     std::optional<std::chrono::sys_seconds> fetched{}; ///< when the server gave the feed or confirmed it
     CStr reason{};            ///< why it is Offline or Failed, to stand in a sentence
     std::size_t received = 0; ///< while it loads: bytes so far

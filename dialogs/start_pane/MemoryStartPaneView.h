@@ -20,13 +20,13 @@ public:
     CStr FormatTime(std::chrono::sys_seconds time) const override;
     bool OpenAddress(const CStr& address) override;
 
-    /// The page that is shown, in HTML.
+    /// What the page shows, as HTML; empty before the pane has the view.
     const CStr& GetPage() const noexcept { return m_page; }
-    /// The line of text below it.
+    /// The line about the state; empty while there are no feeds.
     const CStr& GetStatus() const noexcept { return m_status; }
     /// Whether there is anything to fetch.
     bool CanRefresh() const noexcept { return m_canRefresh; }
-    /// Whether the button stops.
+    /// Whether the button stops what is loading; otherwise it refreshes.
     bool IsLoading() const noexcept { return m_isLoading; }
     /// The addresses that were opened, the oldest first.
     const std::vector<CStr>& GetOpened() const noexcept { return m_opened; }

@@ -26,7 +26,8 @@ namespace CommonUI
 class COMMONUI_API CStartPane : public CViewedControl<CStartPaneView>
 {
 public:
-    using FClock = std::function<std::chrono::sys_seconds()>; ///< tells the time
+    /// Tells the time of day in UTC.
+    using FClock = std::function<std::chrono::sys_seconds()>;
 
     CStartPane();
     /// Stops what is loading.
@@ -51,9 +52,9 @@ public:
     /// Stops what is loading; those feeds are as they were before.
     void Stop();
 
-    /// Whether any feed is on its way.
+    /// Whether the answer of a server is still to come, for any of the feeds.
     bool IsLoading() const noexcept;
-    /// The parts of the pane, from top to bottom.
+    /// The feeds and what is known of each, in the order of SetSources.
     const std::vector<SFeedSection>& GetSections() const noexcept { return m_sections; }
 
     /// The user has pressed the button.

@@ -22,7 +22,7 @@ public:
     /// @param html what stands in a body: nothing in it loads anything. Classes of elements are "state" for
     ///     what the pane says about a feed, "fault" where that is a fault, "date", "entry" and "summary"
     virtual void ShowPage(const CStr& html) = 0;
-    /// Shows a line of text below the page; empty for none.
+    /// Shows another line about the state. @param text empty while there are no feeds
     virtual void ShowStatus(const CStr& text) = 0;
     /// @param canRefresh whether there is anything to fetch
     /// @param isLoading whether the button stops; otherwise it refreshes

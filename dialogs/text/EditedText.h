@@ -15,10 +15,10 @@ namespace CommonUI
 class COMMONUI_API CEditedText
 {
 public:
-    /// @param text to be edited
+    /// Takes a text to be edited. @param text with line ends of any kind
     explicit CEditedText(const CStr& text = {});
 
-    /// The text, with the ends of lines that it has.
+    /// The text as it was given, with its own line ends.
     const CStr& GetText() const noexcept { return m_text; }
     /// What the field shows.
     const CStr& GetPlain() const noexcept { return m_plain; }

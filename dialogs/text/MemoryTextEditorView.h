@@ -18,7 +18,7 @@ public:
     STextRange GetSelection() const override { return m_selection; }
     void Select(const STextRange& range) override { m_selection = range; }
 
-    /// Whether the text can be read and copied only.
+    /// Whether the text can only be read.
     bool IsReadOnly() const noexcept { return m_readOnly; }
     /// Types a text in place of the selection, behind which the cursor is then.
     /// @return false, and nothing happens, if the text can only be read

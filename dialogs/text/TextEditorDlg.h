@@ -13,7 +13,7 @@ namespace CommonUI
 class COMMONUI_API CTextEditorDlg : public CBaseDialog, public CViewedControl<CTextEditorView>
 {
 public:
-    COMMONUI_CONSTANT unsigned int c_identifier = 7821; ///< of the dialog and its help topic
+    COMMONUI_CONSTANT unsigned int c_identifier = 7821; ///< the number of the dialog and of its help topic
     COMMONUI_CONSTANT int c_text = 8211;                ///< the field with the text
     COMMONUI_CONSTANT int c_find = 8212;                ///< the field for what to find
     COMMONUI_CONSTANT int c_next = 8213;                ///< the button that finds forward
@@ -21,17 +21,17 @@ public:
     COMMONUI_CONSTANT int c_matchCase = 8215;           ///< the check box
     COMMONUI_CONSTANT int c_status = 8216;              ///< the text that tells what was found
 
-    /// Whether the text can be changed.
+    /// Whether the text can be edited, or only read and copied.
     enum class EMode { Edit, ReadOnly };
 
-    /// @param caption of the window @param text to begin with
+    /// Sets up the dialog with a text, whose line ends may be of any kind: see CEditedText.
     CTextEditorDlg(EMode mode, const CStr& caption, const CStr& text);
     ~CTextEditorDlg() override;
 
     /// Gives the dialog its window before it is opened; null takes it away. The view is not owned.
     void SetView(CTextEditorView* view);
 
-    /// Whether the text can be changed: what the constructor was given.
+    /// Whether the text can be edited; fixed for the dialog's life.
     EMode GetMode() const noexcept { return m_mode; }
     /// The text: what was given, until OK takes what the user has made of it. What was not edited is the
     /// same unit by unit: see CEditedText.

@@ -11,7 +11,7 @@ namespace CommonUI
 
 /// Where a text was found.
 struct STextMatch {
-    std::size_t position = 0; ///< of its first unit
+    std::size_t position = 0; ///< the first code unit of the occurrence
     bool isWrapped = false;   ///< beyond the end at which the search arrived
 
     friend bool operator==(const STextMatch&, const STextMatch&) = default;
@@ -19,7 +19,7 @@ struct STextMatch {
 
 /// How a text is looked for.
 struct STextSearch {
-    bool isForward = true;    ///< towards the end
+    bool isForward = true;    ///< towards the end of the text; else towards its beginning
     bool matchesCase = false; ///< else capitals are those of ToSmall
 };
 
