@@ -11,6 +11,11 @@
 #include <utility>
 #include <vector>
 
+#ifdef _WIN32
+#include <new>
+#include <windows.h>
+#endif
+
 namespace CommonUI
 {
 
@@ -92,7 +97,53 @@ CThreadQueues& ThreadQueues()
     return queues;
 }
 
-thread_local std::shared_ptr<CThreadQueue> s_queue;
+#ifdef _WIN32
+
+// The queue of the calling thread. It is in the system's storage, which calls back when a thread ends: runtimes there
+// free the memory of a `thread_local` object before they destroy it.
+class CQueueOfThread
+{
+public:
+    static CThreadQueue* Get()
+    {
+        const auto* const queue = static_cast<std::shared_ptr<CThreadQueue>*>(::FlsGetValue(Index()));
+        return queue ? queue->get() : nullptr;
+    }
+    static void Set(std::shared_ptr<CThreadQueue> queue)
+    {
+        auto owned = std::make_unique<std::shared_ptr<CThreadQueue>>(std::move(queue));
+        Destroy(::FlsGetValue(Index()));
+        if (!::FlsSetValue(Index(), owned.get()))
+            throw std::bad_alloc();
+        owned.release();
+    }
+
+private:
+    // The first thread's queue and the index stay until the process ends.
+    static DWORD Index()
+    {
+        static const DWORD index = ::FlsAlloc(Destroy);
+        return index;
+    }
+    static void WINAPI Destroy(void* queue) { delete static_cast<std::shared_ptr<CThreadQueue>*>(queue); }
+};
+
+#else
+
+// The queue of the calling thread.
+class CQueueOfThread
+{
+public:
+    static CThreadQueue* Get() { return s_queue.get(); }
+    static void Set(std::shared_ptr<CThreadQueue> queue) { s_queue = std::move(queue); }
+
+private:
+    static thread_local std::shared_ptr<CThreadQueue> s_queue;
+};
+
+thread_local std::shared_ptr<CThreadQueue> CQueueOfThread::s_queue;
+
+#endif
 
 void Trace(const char16_t* format, unsigned int message, unsigned long thread)
 {
@@ -120,14 +171,14 @@ unsigned long GetThreadIdentifier(const CThreadQueue& queue)
 
 void AdoptThreadQueue(std::shared_ptr<CThreadQueue> queue)
 {
-    s_queue = std::move(queue);
+    CQueueOfThread::Set(std::move(queue));
 }
 
 unsigned long GetThreadIdentifier()
 {
-    if (!s_queue)
-        s_queue = CreateThreadQueue();
-    return s_queue->GetIdentifier();
+    if (!CQueueOfThread::Get())
+        CQueueOfThread::Set(CreateThreadQueue());
+    return CQueueOfThread::Get()->GetIdentifier();
 }
 
 bool PostToThread(unsigned long thread, unsigned int message)
@@ -141,9 +192,10 @@ bool PostToThread(unsigned long thread, unsigned int message)
 
 bool TakeThreadMessage(unsigned int message)
 {
-    if (!s_queue || !s_queue->Take(message))
+    CThreadQueue* const queue = CQueueOfThread::Get();
+    if (!queue || !queue->Take(message))
         return false;
-    Trace(u"%s is taken by thread %lu", message, s_queue->GetIdentifier());
+    Trace(u"%s is taken by thread %lu", message, queue->GetIdentifier());
     return true;
 }
 

@@ -58,8 +58,8 @@ bool FileExists(const CStr& fileName)
 
 bool ReplaceFileBytes(const CStr& fileName, std::string_view bytes, CStr& reason)
 {
-    CFileReplacement file;
-    return file.Open(fileName, reason) && file.Write(bytes, reason) && file.Replace(reason);
+    fs::path path;
+    return TryFile(reason, [&] { path = ToFilePath(fileName); }) && ReplacePathBytes(path, bytes, reason);
 }
 
 bool ReplacePathBytes(const fs::path& path, std::string_view bytes, CStr& reason)

@@ -105,7 +105,6 @@ private:
     // An item has come or gone: an editor whose item is no longer in the grid is closed.
     void ItemsChanged();
     void ShowAll();
-    void ShowBelow(const CGridRow& row);
     // Headers begin where the contents of rows at the top do.
     int GetHeaderIndent(std::size_t column) const { return HasTree() && column == 0 ? GetRowHeight() : 0; }
     SRect GetExpanderRect(SGridCell cell, const SRect& rect) const;

@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <thread>
+#include <vector>
+
 using namespace CommonUI;
 
 TEST(ThreadMessages, BelongToOneThreadAndEndWithIt)
@@ -42,4 +46,19 @@ TEST(ThreadMessages, BelongToOneThreadAndEndWithIt)
     EXPECT_TRUE(taken[0] && taken[1] && taken[2] && !taken[3]);
     EXPECT_FALSE(PostToThread(identifier, 7)) << "the thread has ended";
     EXPECT_EQ(service.priority, 15);
+}
+
+TEST(ThreadMessages, EndWithThreadsThatMadeTheirOwnQueue)
+{
+    for (int i = 0; i < 200; ++i) {
+        unsigned long identifier = 0;
+        std::thread thread([&identifier] {
+            identifier = GetThreadIdentifier();
+            // What a thread's end frees too early would be overwritten.
+            const std::vector<std::string> texts(200, std::string(60, 'x'));
+            EXPECT_EQ(texts.back().back(), 'x');
+        });
+        thread.join();
+        ASSERT_FALSE(PostToThread(identifier, 7)) << "thread " << i << " has ended";
+    }
 }
