@@ -1,8 +1,9 @@
 #include "formats/SurfaceReading.h"
 
+#include "analysis/numeric/DetachedThread.h"
+
 #include <atomic>
 #include <future>
-#include <thread>
 #include <utility>
 
 namespace CommonUI::Formats
@@ -33,7 +34,7 @@ CSurfaceReading::CSurfaceReading(const std::filesystem::path& path)
 CSurfaceReading::CSurfaceReading(const std::filesystem::path& path, FRead read)
     : m_shared(std::make_shared<SShared>())
 {
-    std::thread([path, read = std::move(read), shared = m_shared] {
+    Analysis::StartDetachedThread([path, read = std::move(read), shared = m_shared] {
         try {
             shared->surface.set_value(read(path, [&](double fraction) {
                 if (shared->isGivenUp)
@@ -43,7 +44,7 @@ CSurfaceReading::CSurfaceReading(const std::filesystem::path& path, FRead read)
         } catch (...) {
             shared->surface.set_exception(std::current_exception());
         }
-    }).detach();
+    });
 }
 
 CSurfaceReading::~CSurfaceReading()

@@ -1,11 +1,11 @@
 #include "measurement/BackgroundWork.h"
 
+#include "analysis/numeric/DetachedThread.h"
 #include "platform/MessageLoop.h"
 
 #include <condition_variable>
 #include <mutex>
 #include <optional>
-#include <thread>
 #include <utility>
 
 namespace CommonUI::Measurement
@@ -131,11 +131,11 @@ void CBackgroundWork::Run(std::function<void()> work)
 {
     SThreads::Get().Add(1);
     try {
-        std::thread([work = std::move(work)]() mutable {
+        Analysis::StartDetachedThread([work = std::move(work)]() mutable {
             work();
             work = nullptr; // with what it holds
             SThreads::Get().Add(-1);
-        }).detach();
+        });
     } catch (...) {
         SThreads::Get().Add(-1);
         throw;

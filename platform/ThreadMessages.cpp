@@ -99,8 +99,8 @@ CThreadQueues& ThreadQueues()
 
 #ifdef _WIN32
 
-// The queue of the calling thread. It is in the system's storage, which calls back when a thread ends: runtimes there
-// free the memory of a `thread_local` object before they destroy it.
+// The queue of the calling thread. It is in the system's storage, which calls back when a thread ends:
+// runtimes there free the memory of a `thread_local` object before they destroy it.
 class CQueueOfThread
 {
 public:

@@ -1,7 +1,8 @@
 #include "controls/folders/detail/DriveThreads.h"
 
+#include "analysis/numeric/DetachedThread.h"
+
 #include <system_error>
-#include <thread>
 #include <utility>
 
 namespace CommonUI
@@ -16,7 +17,7 @@ void CDriveThreads::Push(FTask task)
         return;
     try {
         // Nobody can wait for a thread that hangs. It shares what it uses.
-        std::thread([self = shared_from_this()] { self->Run(); }).detach();
+        Analysis::StartDetachedThread([self = shared_from_this()] { self->Run(); });
         ++m_threads;
     } catch (const std::system_error&) {
         if (m_threads > 0)

@@ -1,5 +1,6 @@
 #include "dialogs/settings/CustomSettingsScan.h"
 
+#include "analysis/numeric/DetachedThread.h"
 #include "common/Diagnostics.h"
 #include "common/file/FileBytes.h"
 #include "platform/MessageLoop.h"
@@ -8,7 +9,6 @@
 #include <exception>
 #include <mutex>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 namespace CommonUI
@@ -106,7 +106,7 @@ void CCustomSettingsScan::Start()
                          .loop = &GetMessageLoop()});
     try {
         // Nobody can wait for a thread that waits for a drive.
-        std::thread([run = m_run] { Work(run); }).detach();
+        Analysis::StartDetachedThread([run = m_run] { Work(run); });
     } catch (const std::system_error& error) {
         Warn(error);
         End();
