@@ -4,6 +4,7 @@ set(CMAKE_SYSTEM_NAME Windows)
 if(NOT mingw_machine) # mingw32.cmake sets it, and the others with it
     set(mingw_machine x86_64-w64-mingw32)
     set(mingw_packages windows-packages)
+    set(mingw_wine) # what run-wine is told
     set(CMAKE_SYSTEM_PROCESSOR x86_64)
 endif()
 set(CMAKE_C_COMPILER ${mingw_machine}-gcc-posix)
@@ -14,4 +15,4 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
-set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../scripts/lib/run-wine)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../scripts/lib/run-wine ${mingw_wine})

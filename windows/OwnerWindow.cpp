@@ -10,7 +10,7 @@ HWND GetOwnerWindow()
     HWND found = nullptr;
     EnumThreadWindows(
         GetCurrentThreadId(),
-        [](HWND window, LPARAM result) -> BOOL {
+        [](HWND window, LPARAM result) CALLBACK -> BOOL {
             const bool isShown = IsWindowVisible(window) && IsWindowEnabled(window);
             if (isShown)
                 *reinterpret_cast<HWND*>(result) = window;

@@ -1,8 +1,8 @@
 #include "dialogs/settings/SettingsFiles.h"
 
+#include "common/file/DeviceName.h"
 #include "common/file/FileBytes.h"
 #include "common/PathText.h"
-#include "common/SmallLetter.h"
 #include "common/StringTable.h"
 #include "dialogs/settings/detail/SettingsMenuTexts.h"
 #include "platform/files/FileManager.h"
@@ -28,21 +28,6 @@ bool Fail(const CStr& text)
     return false;
 }
 
-// Names that stand for devices on Windows, whatever extension they have.
-bool IsDevice(std::u16string_view name)
-{
-    CStr stem = TrimView(name.substr(0, name.find(u'.')));
-    const bool hasNumber = stem.GetLength() == 4 && stem[3] >= u'1' && stem[3] <= u'9';
-    if (hasNumber)
-        stem = stem.Left(3);
-    constexpr std::u16string_view c_numbered[] = {u"com", u"lpt"};
-    constexpr std::u16string_view c_single[] = {u"con", u"prn", u"aux", u"nul"};
-    const auto isStem = [&stem](std::u16string_view device) {
-        return std::ranges::equal(stem.View(), device, {}, [](char16_t unit) { return ToSmall(unit); });
-    };
-    return hasNumber ? std::ranges::any_of(c_numbered, isStem) : std::ranges::any_of(c_single, isStem);
-}
-
 // Whether every system takes a name for that of a file in a folder.
 bool IsFileName(std::u16string_view name)
 {
@@ -50,7 +35,7 @@ bool IsFileName(std::u16string_view name)
         return unit < u' ' || std::u16string_view(u"/\\:*?\"<>|").find(unit) != std::u16string_view::npos;
     });
     return isClean && !TrimView(name).empty() && !name.starts_with(u'.') && !name.ends_with(u'.') &&
-           !IsDevice(name);
+           !IsDeviceName(TrimView(name));
 }
 
 // Another file than that of the path: a system that takes capitals for small letters finds the same one.

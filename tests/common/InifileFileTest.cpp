@@ -55,8 +55,17 @@ TEST_F(InifileFile, LoadsChangesAndSaves)
 TEST_F(InifileFile, WhatCannotBeLoadedLeavesAnEmptyDocument)
 {
     m_folder.Write("file", "k=1");
-    for (const CStr& name : {CStr(), NameOf("missing"), NameOf("file/below"), NameOf(""), CStr(u"/dev/null"),
-                             CStr(u"\xD800"), NameOf(std::string("file\0x", 6))}) {
+    std::vector<CStr> names{CStr(),
+                            NameOf("missing"),
+                            NameOf("file/below"),
+                            NameOf(""),
+                            CStr(u"/dev/null"),
+                            CStr(u"\xD800"),
+                            NameOf(std::string("file\0x", 6))};
+#if defined(_WIN32)
+    names.insert(names.end(), {CStr(u"CON"), NameOf("nul.ini"), NameOf("file."), NameOf("file ")});
+#endif
+    for (const CStr& name : names) {
         const CDiagnosticsCapture diagnostics;
         CInifile ini = IniOf("k=1");
         EXPECT_FALSE(ini.Load(name)) << name.ToUtf8();
@@ -82,8 +91,11 @@ TEST_F(InifileFile, WhatCannotBeSavedIsToldAndLeavesNothing)
     fs::create_symlink("loop", PathOf("loop"));
     names.push_back(NameOf("loop"));
 #else
-    names.push_back(NameOf("x.ini:part"));
-    names.push_back(NameOf(std::string(300, 'x')));
+    for (const std::string& name :
+         {std::string("x.ini:part"), std::string(300, 'x'), std::string("NUL"), std::string("Aux.ini"),
+          std::string("com1 .txt"), std::string("file."), std::string("file  ")})
+        names.push_back(NameOf(name));
+    names.push_back(CStr(u"CON"));
 #endif
     const std::size_t count = CountFiles();
     for (const CStr& name : names) {

@@ -18,7 +18,7 @@ inline std::string Zip(const CEntries& entries)
     std::string bytes;
     zip_stat_t status{};
     if (zip_close(zip) == 0 && zip_source_open(source) == 0 && zip_source_stat(source, &status) == 0) {
-        bytes.resize(status.size);
+        bytes.resize(static_cast<std::size_t>(status.size));
         zip_source_read(source, bytes.data(), bytes.size());
         zip_source_close(source);
     }

@@ -67,13 +67,13 @@ TEST(WinClipboard, IsLeftWithoutHalfOfTheContent)
     CWinClipboard clipboard;
     ASSERT_TRUE(clipboard.Put(u"<p>first</p>", u"first"));
     {
-        const CReplacedCall<FLock> failing("GlobalLock", [](HGLOBAL) -> LPVOID { return nullptr; });
+        const CReplacedCall<FLock> failing("GlobalLock", [](HGLOBAL) WINAPI -> LPVOID { return nullptr; });
         EXPECT_FALSE(clipboard.Put(u"<p>second</p>", u"second"));
     }
     EXPECT_EQ(ReadClipboardText(), u"first");
     EXPECT_EQ(ReadClipboardHtml(), u"<p>first</p>");
     {
-        const CReplacedCall<FSet> failing("SetClipboardData", [](UINT format, HANDLE data) -> HANDLE {
+        const CReplacedCall<FSet> failing("SetClipboardData", [](UINT format, HANDLE data) WINAPI -> HANDLE {
             return format == CF_UNICODETEXT ? nullptr : SetClipboardData(format, data);
         });
         EXPECT_FALSE(clipboard.Put(u"<p>third</p>", u"third"));

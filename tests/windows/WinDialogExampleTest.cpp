@@ -37,7 +37,7 @@ public:
         HWND found = nullptr;
         EnumThreadWindows(
             m_process.dwThreadId,
-            [](HWND window, LPARAM result) -> BOOL {
+            [](HWND window, LPARAM result) CALLBACK -> BOOL {
                 if (TextOf(window) != u"Cut-off" || !IsWindowVisible(window))
                     return TRUE;
                 *reinterpret_cast<HWND*>(result) = window;

@@ -56,7 +56,8 @@ bool RunFor(CWinMessageLoop& loop, const CMessageLoop::FCondition& isDone)
     bool late = false;
     static bool* s_late = nullptr;
     s_late = &late;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 3000, [](HWND, UINT, UINT_PTR, DWORD) { *s_late = true; });
+    const UINT_PTR timer =
+        SetTimer(nullptr, 0, 3000, [](HWND, UINT, UINT_PTR, DWORD) CALLBACK { *s_late = true; });
     loop.RunUntil([&] { return late || isDone(); });
     KillTimer(nullptr, timer);
     return !late;
@@ -143,7 +144,7 @@ TEST(WinMessageLoop, GoesOnWhereTheSystemTakesNoPostedMessages)
     EXPECT_EQ(handled, 0);
     {
         const CReplacedCall<FPost> full("PostMessageW",
-                                        [](HWND, UINT, WPARAM, LPARAM) -> BOOL { return FALSE; });
+                                        [](HWND, UINT, WPARAM, LPARAM) WINAPI -> BOOL { return FALSE; });
         loop.Pump();
         for (int wanted = 2; wanted < 4; ++wanted) {
             post();
@@ -160,7 +161,7 @@ TEST(WinMessageLoop, SaysThatTheSystemGivesNoMessages)
 {
     using FGet = BOOL(WINAPI*)(MSG*, HWND, UINT, UINT);
     CWinMessageLoop loop;
-    const CReplacedCall<FGet> failing("GetMessageW", [](MSG*, HWND, UINT, UINT) -> BOOL { return -1; });
+    const CReplacedCall<FGet> failing("GetMessageW", [](MSG*, HWND, UINT, UINT) WINAPI -> BOOL { return -1; });
     EXPECT_THROW(loop.RunUntil([] { return false; }), std::system_error);
 }
 
@@ -169,8 +170,8 @@ TEST(WinMessageLoop, ATickThatEndsTheLoopLeavesItsMessages)
     static std::unique_ptr<CWinMessageLoop> s_loop;
     static bool s_handled = false;
     s_loop = std::make_unique<CWinMessageLoop>();
-    const UINT_PTR timer =
-        SetTimer(nullptr, 0, USER_TIMER_MINIMUM, [](HWND, UINT, UINT_PTR, DWORD) { s_loop.reset(); });
+    const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM,
+                                    [](HWND, UINT, UINT_PTR, DWORD) CALLBACK { s_loop.reset(); });
     s_loop->Post([] { s_handled = true; });
     Sleep(2 * USER_TIMER_MINIMUM); // the tick is due when the message comes
     for (MSG message; s_loop && GetMessageW(&message, nullptr, 0, 0) > 0;)

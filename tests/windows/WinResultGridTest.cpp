@@ -184,7 +184,7 @@ TEST_F(WinResultGrid, RowsAreAsHighAsTheFont)
 TEST_F(WinResultGrid, TheMenuCopies)
 {
     grid->GetPane().SelectCell({3, 1});
-    const UINT_PTR timer = SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR, DWORD) {
+    const UINT_PTR timer = SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR, DWORD) CALLBACK {
         if (HWND__* const menu = FindWindowW(L"#32768", nullptr)) {
             PostMessageW(menu, WM_KEYDOWN, VK_DOWN, 1);
             PostMessageW(menu, WM_KEYDOWN, VK_RETURN, 1);

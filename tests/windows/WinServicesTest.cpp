@@ -107,7 +107,7 @@ TEST(WinServices, ColorsAreThoseOfTheUserAndChangesAreTold)
         for (int i = 0; i < 2; ++i) // one change in several messages
             EnumThreadWindows(
                 GetCurrentThreadId(),
-                [](HWND window, LPARAM) -> BOOL {
+                [](HWND window, LPARAM) CALLBACK -> BOOL {
                     SendMessageW(window, WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"ImmersiveColorSet"));
                     return TRUE;
                 },

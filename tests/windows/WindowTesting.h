@@ -17,7 +17,7 @@ inline HWND FindDialog()
     HWND found = nullptr;
     EnumThreadWindows(
         GetCurrentThreadId(),
-        [](HWND window, LPARAM result) -> BOOL {
+        [](HWND window, LPARAM result) CALLBACK -> BOOL {
             wchar_t name[16] = {};
             GetClassNameW(window, name, 16);
             const bool isDialog = std::wstring(name) == L"#32770" && IsWindowVisible(window);

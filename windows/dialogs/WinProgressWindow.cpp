@@ -104,7 +104,7 @@ public:
         m_below = GetOwnerWindow(); // which later is one of those that take no input
         EnumThreadWindows(
             GetCurrentThreadId(),
-            [](HWND window, LPARAM self) -> BOOL {
+            [](HWND window, LPARAM self) CALLBACK -> BOOL {
                 GuardedCall([&] { reinterpret_cast<CWindow*>(self)->Disable(window); });
                 return TRUE;
             },
