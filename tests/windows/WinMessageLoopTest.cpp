@@ -161,7 +161,8 @@ TEST(WinMessageLoop, SaysThatTheSystemGivesNoMessages)
 {
     using FGet = BOOL(WINAPI*)(MSG*, HWND, UINT, UINT);
     CWinMessageLoop loop;
-    const CReplacedCall<FGet> failing("GetMessageW", [](MSG*, HWND, UINT, UINT) WINAPI -> BOOL { return -1; });
+    const CReplacedCall<FGet> failing("GetMessageW",
+                                      [](MSG*, HWND, UINT, UINT) WINAPI -> BOOL { return -1; });
     EXPECT_THROW(loop.RunUntil([] { return false; }), std::system_error);
 }
 
