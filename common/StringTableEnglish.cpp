@@ -1417,6 +1417,7 @@ constexpr SStringTableRow c_english[] = {
     {12200, u"Noise below:"},
     {12221, u"there is not enough memory"},
     {12222, u"there are none"},
+    {12241, u"There is not enough memory to copy this table."},
 };
 
 constexpr bool IsRising()

@@ -1418,6 +1418,7 @@ constexpr SStringTableRow c_german[] = {
     {12200, u"Rauschen unter:"},
     {12221, u"der Speicher reicht nicht"},
     {12222, u"es gibt keine"},
+    {12241, u"Der Speicher reicht nicht, um diese Tabelle zu kopieren."},
 };
 
 } // namespace

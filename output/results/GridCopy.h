@@ -9,7 +9,8 @@ namespace CommonUI
 
 /// Puts the text and the HTML of up to three grids, each of which may be null, on the clipboard together.
 /// @param transpose whether results and statistics are turned through 90 degrees
-/// @return false when there is nothing to copy, which leaves the clipboard alone, or the clipboard refuses
+/// @return false when there is nothing to copy, or no memory for its texts, which a message box tells; both
+///         leave the clipboard alone; or the clipboard refuses
 COMMONUI_API bool CopyGrids(const CGridBaseOutputCtrl* summary, const CGridBaseOutputCtrl* results,
                             const CGridBaseOutputCtrl* statistics, bool transpose,
                             CClipboard& clipboard = GetClipboard());
@@ -25,7 +26,7 @@ COMMONUI_API bool CopyGrid(const CGridBaseOutputCtrl& grid, bool transpose,
 
 /// Puts the text and the HTML of a grid's selected cells on the clipboard together.
 /// @param headers whether the headers of their columns go with them
-/// @return false when nothing is selected, which leaves the clipboard alone, or the clipboard refuses
+/// @return likewise
 COMMONUI_API bool CopySelection(const CGridBaseOutputCtrl& grid, bool transpose, bool headers,
                                 CClipboard& clipboard = GetClipboard());
 /// Likewise.

@@ -1,11 +1,17 @@
 // What long tables cost, by counting: as much for each row of a long table as of a short one.
 #include "output/results/FrontVector.h"
+#include "output/results/GridCopy.h"
+#include "platform/memory/MemoryClipboard.h"
+#include "platform/memory/MemoryMessageBoxService.h"
 #include "tests/common/FailingAllocation.h"
 #include "tests/output/TestTables.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <memory>
 #include <utility>
+#include <vector>
 
 using namespace CommonUI;
 
@@ -38,6 +44,20 @@ CCells RowsOf(std::size_t count, std::size_t longRows)
     for (std::size_t row = 0; row < longRows; ++row)
         cells[row][1].text = note;
     return cells;
+}
+
+// That a copy is refused in one sentence, which leaves the clipboard as it was.
+template<class FCopy>
+void ExpectRefused(FCopy copy)
+{
+    CMemoryMessageBoxService boxes;
+    const CServiceScope<CMessageBoxService> scope(boxes);
+    CMemoryClipboard clipboard;
+    clipboard.Put(u"before", u"before");
+    EXPECT_FALSE(copy(clipboard));
+    ASSERT_EQ(boxes.GetShown().size(), 1U);
+    EXPECT_EQ(boxes.GetShown()[0].text, u"There is not enough memory to copy this table.");
+    EXPECT_EQ(clipboard.GetHtml() + clipboard.GetText(), u"beforebefore");
 }
 
 } // namespace
@@ -105,5 +125,38 @@ TEST(LongTables, RoomThatThereIsNotIsDoneWithout)
         survived += each.HasFailed() ? 1 : 0;
     }
     EXPECT_GT(survived, 0);
+}
+
+TEST(LongTables, CopiesThatThereIsNoRoomForAreRefused)
+{
+    CGrid grid(SCell::Results);
+    grid.AddColumn({u"Sa", {}});
+    grid.AddRow({.name = u"Row", .cells = {u"1.5"}});
+    ExpectRefused([&grid](CMemoryClipboard& clipboard) {
+        const CFailingAllocation failing(1);
+        return CopyGrid(grid, false, clipboard);
+    });
+}
+#endif
+
+#if UINTPTR_MAX <= UINT32_MAX
+TEST(LongTables, OfAMillionRowsAreShownAndNotCopiedWhereMemoryEnds)
+{
+    const auto makeRows = [](std::size_t count) {
+        auto grid = std::make_unique<CGrid>(SCell::Results);
+        for (int column = 0; column < 19; ++column)
+            grid->AddColumn({CStr::Format(u"P%d", column), {}});
+        for (std::size_t row = 0; row < count; ++row)
+            grid->AddRow({.name = u"Row", .cells = std::vector<CStr>(19, u"1234.56789")});
+        return grid;
+    };
+    {
+        CMemoryClipboard clipboard;
+        EXPECT_TRUE(CopyGrid(*makeRows(100'000), false, clipboard));
+        EXPECT_GT(clipboard.GetText().GetLength(), 100'000U * 19 * 11);
+    }
+    const auto grid = makeRows(1'000'000);
+    EXPECT_EQ(grid->GetRows().size(), 1'000'000U);
+    ExpectRefused([&grid](CMemoryClipboard& clipboard) { return CopyGrid(*grid, false, clipboard); });
 }
 #endif
