@@ -1,5 +1,6 @@
 #include "common/ini/IniStore.h"
 
+#include "common/detail/Today.h"
 #include "common/Diagnostics.h"
 #include "common/file/detail/CompanionName.h"
 #include "common/file/FileBytes.h"
@@ -47,13 +48,6 @@ std::optional<std::string> ReadBackup(const CStr& fileName)
         FindIniDamage(bytes))
         return std::nullopt;
     return bytes;
-}
-
-CStr Today()
-{
-    const std::chrono::year_month_day day(
-        std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now()));
-    return CStr::Format(u"%d-%02u-%02u", int(day.year()), unsigned(day.month()), unsigned(day.day()));
 }
 
 int ReadVersion(CInifile& ini)

@@ -1,11 +1,13 @@
 #include "common/ini/Inifile.h"
 
+#include "common/detail/Today.h"
 #include "common/detail/Wtf8.h"
 #include "common/Diagnostics.h"
 #include "common/Exceptions.h"
 #include "common/file/detail/CompanionName.h"
 #include "common/file/FileBytes.h"
 #include "common/file/FileLock.h"
+#include "common/file/KeptFile.h"
 #include "common/ini/detail/IniDamage.h"
 #include "common/ini/detail/IniDocument.h"
 #include "common/ini/detail/IniEncoding.h"
@@ -61,6 +63,20 @@ bool WarnOfFile(std::u16string_view what, const CStr& fileName, const CStr& reas
     } catch (const std::bad_alloc&) {
         return false;
     }
+}
+
+// Saves a file that nobody else saves meanwhile; where there are no locks it is saved all the same.
+template<class FSave>
+bool SaveLocked(const CStr& fileName, CStr& reason, FSave save)
+{
+    const CFileLock lock(fileName);
+    if (lock.IsTaken())
+        reason = lock.GetReason();
+    if (lock.IsTaken() || !save())
+        return false;
+    if (!lock.IsHeld())
+        WarnOfFile(u"There was no lock for", fileName, lock.GetReason());
+    return true;
 }
 
 // Not zero, which is that of no document.
@@ -279,24 +295,47 @@ bool CInifile::SaveCopy(const CStr& fileName) const
     return WithinMemory(reason, save) || WarnOfFile(c_cannotSave, fileName, reason);
 }
 
+bool CInifile::SaveWhole()
+{
+    CStr reason;
+    const auto saveWhole = [&] { return SaveKeepingTheirs(reason); };
+    const auto save = [&] {
+        return CanSave(m_fileName, reason) && SaveLocked(m_fileName, reason, saveWhole);
+    };
+    return WithinMemory(reason, save) || WarnOfFile(c_cannotSave, m_fileName, reason);
+}
+
+bool CInifile::SaveKeepingTheirs(CStr& reason)
+{
+    std::string bytes = GetBytes();
+    if (!IsThere(m_fileName))
+        return SaveBytes(std::move(bytes), reason);
+    std::string theirs;
+    if (!ReadFileBytes(m_fileName, theirs, CIniDocument::c_maximumSize, reason))
+        return false;
+    // Who saves to a file that was not loaded wants it replaced.
+    const bool isTheirs = m_stored ? theirs != *m_stored : !IsIniText(theirs);
+    if (isTheirs && theirs != bytes) {
+        const CStr why = (m_stored ? u"changed-" : u"damaged-") + Today();
+        CStr keptAs;
+        if (!KeepFile(m_fileName, theirs, why, keptAs, reason))
+            return false;
+        Warn(u"\"" + m_fileName + u"\" had another content than this program knew, which is now \"" + keptAs +
+             u"\"");
+    }
+    return SaveBytes(std::move(bytes), reason);
+}
+
 bool CInifile::SaveChecked(const FIsOneValue& isOneValue, const FCheck& check)
 {
     CStr reason;
-    const auto save = [&] {
-        return CanSave(m_fileName, reason) && SaveBesideOthers(isOneValue, check, reason);
-    };
+    const auto merge = [&] { return SaveBesideOthers(isOneValue, check, reason); };
+    const auto save = [&] { return CanSave(m_fileName, reason) && SaveLocked(m_fileName, reason, merge); };
     return WithinMemory(reason, save) || WarnOfFile(c_cannotSave, m_fileName, reason);
 }
 
 bool CInifile::SaveBesideOthers(const FIsOneValue& isOneValue, const FCheck& check, CStr& reason)
 {
-    const CFileLock lock(m_fileName);
-    if (lock.IsTaken()) {
-        reason = lock.GetReason();
-        return false;
-    }
-    if (!lock.IsHeld())
-        Warn(u"\"" + m_fileName + u"\" is saved without a lock: " + lock.GetReason());
     std::string theirs;
     if (!IsThere(m_fileName))
         return SaveBytes(GetBytes(), reason);

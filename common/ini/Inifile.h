@@ -66,6 +66,9 @@ public:
     /// Replaces the content by what the bytes of a file would give, 1 GiB at most. Without memory for it,
     /// std::bad_alloc is thrown and the content stays.
     void LoadBytes(std::string bytes);
+    /// As LoadBytes with the bytes that the file of this document has: saves tell by them what others have
+    /// changed since.
+    void TakeStored(std::string bytes);
     /// The bytes that Save would write.
     std::string GetBytes() const;
     /// Removes all content; file name and current section stay.
@@ -87,6 +90,13 @@ public:
     /// fail; where there are no locks the file is saved all the same, with a line in the diagnostics.
     /// @param isOneValue sections that are this document's as a whole if it has changed a key of them
     bool SaveMerged(const FIsOneValue& isOneValue = {}) { return SaveChecked(isOneValue, {}); }
+
+    /// As Save, beside other programs, where a file is one value as a whole, such as a settings set, which is
+    /// never mixed with another one. What others have made of the file since it was loaded or saved here
+    /// stays beside it as "name.changed-2026-11-22", the day being that of UTC, and so does a file that was
+    /// never loaded and is no text, as "name.damaged-2026-11-22"; a line in the diagnostics says so. When it
+    /// cannot be kept, nothing is saved. The lock is as in SaveMerged.
+    bool SaveWhole();
 
     /// As Save, to another file; the file name of this object stays what it is.
     bool SaveCopy(const CStr& fileName) const;
@@ -186,10 +196,10 @@ private:
     bool CanSave(const CStr& fileName, CStr& reason) const;
     bool SaveBytes(std::string bytes, CStr& reason);
     bool IsKeptUnknown(std::u16string_view key, std::u16string_view value);
-    void TakeStored(std::string bytes);
     void Forget();
     void Refuse();
     bool SaveChecked(const FIsOneValue& isOneValue, const FCheck& check);
+    bool SaveKeepingTheirs(CStr& reason);
     bool SaveBesideOthers(const FIsOneValue& isOneValue, const FCheck& check, CStr& reason);
     bool SaveWithTheirs(std::string theirs, const FIsOneValue& isOneValue, CStr& reason);
 

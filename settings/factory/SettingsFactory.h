@@ -85,7 +85,8 @@ public:
     CSettings LoadSettings(ESettingType type, const CStr& path, bool addToRecent);
 
     /// Writes a set to the file of its entry and registers the entry, which gets its identifier. Returns
-    /// false, the file being what it was, when the entry names no file or it cannot be written.
+    /// false, the file being what it was, when the entry names no file or it cannot be written. What another
+    /// program has made of the file since the set was loaded from it is kept (see CInifile::SaveWhole).
     bool SaveSettings(CSettings& settings, bool addToRecent);
 
     /// Lets the user choose a file and loads it. When that fails, a message box says so.

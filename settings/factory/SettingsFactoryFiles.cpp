@@ -14,7 +14,7 @@ bool CSettingsFactory::ReadSettingsFile(const CStr& path, CInifile& document)
     try {
         std::string bytes;
         if (ReadFileBytes(path, bytes, c_maximumFileSize, reason)) {
-            document.LoadBytes(std::move(bytes));
+            document.TakeStored(std::move(bytes));
             return true;
         }
     } catch (const std::bad_alloc&) {
@@ -53,8 +53,11 @@ bool CSettingsFactory::SaveSettings(CSettings& settings, bool addToRecent)
         WarnOfSettings(u"Cannot save \"" + entry.m_Name + u"\", which has no file");
         return false;
     }
+    // Under another name than that of the file it was loaded from, a set replaces what is there: its user has
+    // chosen that.
+    const bool isSame = settings.GetFileName() == entry.m_File;
     settings.SetFileName(entry.m_File);
-    if (!settings.Save())
+    if (!(isSame ? settings.SaveWhole() : settings.Save()))
         return false;
     NewDynamicItem(entry, addToRecent);
     settings.SetEntryInfo(std::move(entry));

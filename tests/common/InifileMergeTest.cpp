@@ -159,7 +159,7 @@ TEST_F(InifileMerge, SavesWithoutLocksAndSaysSo)
     EXPECT_EQ(Read(), "a=2\nb=1\n");
     const std::vector<CStr> lines = diagnostics.Take();
     ASSERT_EQ(lines.size(), 1u);
-    EXPECT_NE(lines[0].Find(u"is saved without a lock: cannot lock: "), CStr::npos);
+    EXPECT_NE(lines[0].Find(u"There was no lock for"), CStr::npos);
 }
 
 // A file has the old content or the new one, also after a power cut, and the document what belongs to it.

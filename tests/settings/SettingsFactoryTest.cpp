@@ -1,7 +1,9 @@
 #include "tests/settings/SettingsFactoryTesting.h"
 
 #include <chrono>
+#include <filesystem>
 #include <functional>
+#include <map>
 
 using namespace CommonUI;
 using enum ESettingType;
@@ -203,6 +205,40 @@ TEST_F(SettingsFactory, SavedSetsAreLoadedAgain)
     EXPECT_EQ(again.ReadInt(u"Value", 0), 6);
     EXPECT_TRUE(m_factory.SaveSettings(again, false));
     EXPECT_EQ(m_folder.Read("x.flt"), "; mine\nValue=6\n");
+}
+
+TEST_F(SettingsFactory, WhatOthersHaveMadeOfAFileIsKept)
+{
+    const auto listFiles = [this] {
+        std::map<std::string, std::string> files;
+        for (const auto& file : std::filesystem::directory_iterator(m_folder.GetPath())) {
+            std::string name = file.path().filename().string();
+            name.resize(name.find("-20") == std::string::npos ? name.size() : name.find("-20")); // the day
+            files[name] = m_folder.Read(file.path().filename().string());
+        }
+        return files;
+    };
+    using CFiles = std::map<std::string, std::string>;
+    m_folder.Write("x.flt", "Value=1\n");
+    CSettings set = m_factory.LoadSettings(Filter, Path("x.flt"), false);
+    set.WriteInt(u"Value", 2);
+    m_folder.Write("x.flt", "Value=3\nOther=1\n");
+    EXPECT_TRUE(m_factory.SaveSettings(set, false));
+    const CFiles kept{{"x.flt", "Value=2\n"}, {"x.flt.changed", "Value=3\nOther=1\n"}};
+    EXPECT_EQ(listFiles(), kept);
+    EXPECT_EQ(m_warnings.GetCount(), 1);
+    EXPECT_TRUE(m_factory.SaveSettings(set, false));
+    EXPECT_EQ(listFiles(), kept) << "nobody has changed it since";
+
+    // One that never was a set, and under another name, which the user has chosen.
+    m_folder.Write("y.flt", std::string("\0\1", 2));
+    CSettings other = MakeSet(Path("y.flt"), Filter, 4);
+    EXPECT_TRUE(m_factory.SaveSettings(other, false));
+    EXPECT_EQ(listFiles()["y.flt.damaged"], std::string("\0\1", 2));
+    set.SetEntryInfo({Path("y.flt"), Filter});
+    EXPECT_TRUE(m_factory.SaveSettings(set, false));
+    EXPECT_EQ(listFiles()["y.flt"], "Value=2\n");
+    EXPECT_EQ(listFiles().size(), 4U);
 }
 
 TEST_F(SettingsFactory, WhatCannotBeSaved)
