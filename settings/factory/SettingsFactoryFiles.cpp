@@ -57,6 +57,9 @@ bool CSettingsFactory::SaveSettings(CSettings& settings, bool addToRecent)
     // chosen that.
     const bool isSame = settings.GetFileName() == entry.m_File;
     settings.SetFileName(entry.m_File);
+    // What the lists need memory for comes before the file is written.
+    NewDynamicItem(entry, false);
+    GetRecentKeys(entry.m_Type);
     if (!(isSame ? settings.SaveWhole() : settings.Save()))
         return false;
     NewDynamicItem(entry, addToRecent);
