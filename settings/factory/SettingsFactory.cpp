@@ -7,6 +7,7 @@
 #include "settings/factory/detail/SettingsWarning.h"
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace CommonUI
@@ -78,19 +79,24 @@ CSettings CSettingsFactory::GenerateSettings(EBuiltInSetting setting, bool addTo
 void CSettingsFactory::AddToRecentItems(const SSettingsEntry& entry, unsigned index)
 {
     const CRecentKey key(entry.m_IsFile, entry.m_IsFile ? index : static_cast<unsigned>(entry.m_BuiltIn));
-    CRecentKeys& recent = GetRecentKeys(entry.m_Type);
-    std::erase(recent, key);
-    recent.insert(recent.begin(), key);
-    if (recent.size() > s_MaxRecentCount)
-        recent.pop_back();
+    m_recent[entry.m_Type] = WithRecent(entry.m_Type, key);
 }
 
-// With room for one more, which then needs no memory.
-CSettingsFactory::CRecentKeys& CSettingsFactory::GetRecentKeys(ESettingType type)
+// The recent list as it is once a set is the most recent one.
+CSettingsFactory::CRecentKeys CSettingsFactory::WithRecent(ESettingType type, const CRecentKey& key) const
 {
-    CRecentKeys& recent = m_recent[type];
-    recent.reserve(s_MaxRecentCount + 1);
-    return recent;
+    CRecentKeys keys{key};
+    if (const auto recent = m_recent.find(type); recent != m_recent.end())
+        std::ranges::remove_copy(recent->second, std::back_inserter(keys), key);
+    if (keys.size() > s_MaxRecentCount)
+        keys.pop_back();
+    return keys;
+}
+
+// Of a file that is registered.
+CSettingsFactory::CRecentKey CSettingsFactory::GetFileKey(const SSettingsEntry& entry) const
+{
+    return {true, m_indices.at(entry.m_Type).at({entry.m_Name, entry.m_File})};
 }
 
 bool CSettingsFactory::NewDynamicItem(SSettingsEntry& entry, bool addToRecent)
@@ -138,9 +144,8 @@ int CSettingsFactory::GetFileID(ESettingType type, const CStr& path)
 void CSettingsFactory::OnFileMoved(ESettingType type, const CStr& from, const CStr& to)
 {
     const auto getKey = [&](const CStr& path) {
-        const SSettingsEntry entry(path, type);
         GetFileID(type, path);
-        return CRecentKey(true, m_indices[type].at({entry.m_Name, entry.m_File}));
+        return GetFileKey({path, type});
     };
     CRecentKeys& recent = m_recent[type];
     const CRecentKey before = getKey(from);
@@ -166,7 +171,7 @@ const SSettingsEntry* CSettingsFactory::FindDynamicItem(int id) const
 // Takes an unreadable file out of the recent list of its type, if the user agrees.
 void CSettingsFactory::AskToForget(const SSettingsEntry& entry)
 {
-    const CRecentKey key(true, m_indices[entry.m_Type].at({entry.m_Name, entry.m_File}));
+    const CRecentKey key = GetFileKey(entry);
     CRecentKeys& recent = m_recent[entry.m_Type];
     const bool isRecent = std::ranges::find(recent, key) != recent.end();
     const CStr text = CStr::Format(GetString(isRecent ? c_removeQuestion : c_refreshQuestion), entry.m_File);

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <filesystem>
 #include <map>
 #include <unordered_map>
@@ -177,7 +178,7 @@ protected:
 private:
     // Whether a set is a file, and its index among the dynamic items of the type or its built-in number.
     using CRecentKey = std::pair<bool, unsigned>;
-    using CRecentKeys = std::vector<CRecentKey>;
+    using CRecentKeys = std::deque<CRecentKey>;
     // By what a registered item is found.
     struct SItemKey {
         CStr name;
@@ -195,7 +196,8 @@ private:
     };
 
     const SSettingsEntry* FindDynamicItem(int id) const;
-    CRecentKeys& GetRecentKeys(ESettingType type);
+    CRecentKey GetFileKey(const SSettingsEntry& entry) const;
+    CRecentKeys WithRecent(ESettingType type, const CRecentKey& key) const;
     void AskToForget(const SSettingsEntry& entry);
 
     void LoadRecentItem(ESettingType type, const CStr& text);
