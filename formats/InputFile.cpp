@@ -10,9 +10,7 @@ namespace CommonUI::Formats
 {
 
 CInputFile::CInputFile(const std::filesystem::path& path)
-    // A name with a control character in it must not break the message, nor act on the terminal that shows
-    // it.
-    : m_name(ReplaceControls(PathToUtf8(path)))
+    : m_name(NameInMessages(path))
 {
     std::error_code error;
     const auto status = std::filesystem::status(path, error);
@@ -55,6 +53,11 @@ std::string PathToUtf8(const std::filesystem::path& path)
 {
     const std::u8string text = path.u8string();
     return ToUtf8({reinterpret_cast<const char*>(text.data()), text.size()});
+}
+
+std::string NameInMessages(const std::filesystem::path& path)
+{
+    return ReplaceControls(PathToUtf8(path));
 }
 
 } // namespace CommonUI::Formats

@@ -2,6 +2,7 @@
 
 #include "analysis/areal/HeightParameters.h"
 #include "formats/detail/Readers.h"
+#include "formats/x3p/detail/Digest.h"
 
 #include <algorithm>
 #include <cmath>
@@ -97,8 +98,8 @@ Analysis::SSurface ReadContent(CInputFile& file, const SReadOptions& options)
 
 Analysis::SSurface ReadSurface(const std::filesystem::path& path, const SReadOptions& options)
 {
-    CInputFile file(path);
     try {
+        CInputFile file(path);
         Analysis::SSurface surface = ReadContent(file, options);
         CheckSpan(surface.heights, file);
         const auto missing = std::count_if(surface.heights.begin(), surface.heights.end(),
@@ -108,8 +109,10 @@ Analysis::SSurface ReadSurface(const std::filesystem::path& path, const SReadOpt
         if (options.progress)
             options.progress(1);
         return surface;
-    } catch (const std::bad_alloc&) {
-        file.Fail("there is not enough memory for the file");
+    } catch (const ENoDigest& error) {
+        throw EReadError(NameInMessages(path) + ": " + error.what());
+    } catch (const std::bad_alloc&) { // which has given back what was read
+        throw EReadError(NameInMessages(path) + ": there is not enough memory for the file");
     }
 }
 

@@ -271,6 +271,11 @@ bool CFileReplacement::ReplaceForNow(CStr& reason)
     return TryFile(reason, [&] { m_state->ReplaceForNow(); });
 }
 
+void CFileReplacement::RemoveRests(const fs::path& path)
+{
+    RemoveOldTemporaries(path);
+}
+
 void CFileReplacement::Keep() noexcept
 {
     m_state->isForNow = false;

@@ -38,6 +38,10 @@ public:
     /// Leaves the content in its place. To be called after ReplaceForNow.
     void Keep() noexcept;
 
+    /// Removes what processes that were killed, a minute ago or earlier, have left of new contents of a file.
+    /// Replacing it does that, too; this is for one that is not replaced again. Never fails.
+    static void RemoveRests(const std::filesystem::path& path);
+
 private:
     struct SState;
 

@@ -53,26 +53,28 @@ std::vector<CStr> CIniMerge::ListSections() const
     return names;
 }
 
+// By their names only: one that is read as another's, too, for its blanks is a key of its own.
 void CIniMerge::MergeKeys(const CStr& section)
 {
     const std::uint32_t inOurs = m_ours.GetSection(section);
     const std::uint32_t inBase = m_base.GetSection(section);
     for (const CStr& key : m_ours.GetKeys(inOurs)) {
-        if (const CValue ours = m_ours.GetValue(inOurs, key); ours != m_base.GetValue(inBase, key))
+        if (const CValue ours = m_ours.GetValueToChange(inOurs, key);
+            ours != m_base.GetValueToChange(inBase, key))
             Take(section, key, ours);
     }
     for (const CStr& key : m_base.GetKeys(inBase)) {
-        if (!m_ours.GetValue(inOurs, key))
+        if (!m_ours.GetValueToChange(inOurs, key))
             Take(section, key, {});
     }
 }
 
 void CIniMerge::Take(const CStr& section, const CStr& key, CValue ours)
 {
-    const CValue theirs = m_theirs.GetValue(m_theirs.GetSection(section), key);
+    const CValue theirs = m_theirs.GetValueToChange(m_theirs.GetSection(section), key);
     if (theirs == ours)
         return;
-    if (theirs != m_base.GetValue(m_base.GetSection(section), key))
+    if (theirs != m_base.GetValueToChange(m_base.GetSection(section), key))
         AddConflict(section, u", key \"" + key + u"\"");
     const std::uint32_t to = m_merged.GetSection(section);
     if (ours) {

@@ -30,7 +30,7 @@ public:
     /// @throws EReadError where it is no file that can be read
     explicit CInputFile(const std::filesystem::path& path);
 
-    /// How messages call the file: in UTF-8, without control characters.
+    /// How messages call the file, see NameInMessages.
     const std::string& GetName() const { return m_name; }
     std::uintmax_t GetSize() const { return m_size; }
     /// The first bytes, c_headSize at the most.
@@ -51,5 +51,8 @@ private:
 };
 
 std::string PathToUtf8(const std::filesystem::path& path);
+/// In UTF-8, without control characters: they must not break a message, nor act on the terminal that shows
+/// it.
+std::string NameInMessages(const std::filesystem::path& path);
 
 } // namespace CommonUI::Formats

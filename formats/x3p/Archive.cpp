@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <set>
 
 namespace CommonUI::Formats
@@ -60,6 +61,13 @@ bool HasLargeDirectory(std::string_view bytes)
     return false;
 }
 
+// What fails for want of memory is no fault of the archive.
+void CheckMemory(zip_error_t* error)
+{
+    if (zip_error_code_zip(error) == ZIP_ER_MEMORY)
+        throw std::bad_alloc();
+}
+
 CZip OpenZip(const CInputFile& file, std::string_view bytes)
 {
     CZipError error;
@@ -69,6 +77,7 @@ CZip OpenZip(const CInputFile& file, std::string_view bytes)
     CZip zip(zip_open_from_source(source, ZIP_RDONLY, error.Get()));
     if (!zip) {
         zip_source_free(source);
+        CheckMemory(error.Get());
         file.Fail("the archive is damaged, or cut off");
     }
     return zip;
@@ -139,8 +148,10 @@ void CArchive::CheckEntry(const std::string& entry, const zip_stat_t& status) co
 std::uint64_t CArchive::SizeOf(const std::string& entry) const
 {
     zip_stat_t status{};
-    if (zip_stat(m_zip.get(), entry.c_str(), ZIP_FL_ENC_RAW, &status) != 0)
+    if (zip_stat(m_zip.get(), entry.c_str(), ZIP_FL_ENC_RAW, &status) != 0) {
+        CheckMemory(zip_get_error(m_zip.get()));
         m_file.Fail("the archive has no entry " + Quote(entry));
+    }
     CheckEntry(entry, status);
     return status.size;
 }
@@ -163,8 +174,10 @@ void CArchive::Read(const std::string& entry, std::uint64_t size,
     if (held != size)
         Fail(entry, std::to_string(size) + " bytes expected, not " + std::to_string(held));
     const CZipEntry opened(zip_fopen(m_zip.get(), entry.c_str(), ZIP_FL_ENC_RAW));
-    if (!opened)
+    if (!opened) {
+        CheckMemory(zip_get_error(m_zip.get()));
         Fail(entry, "the archive is damaged there");
+    }
     std::array<char, 1 << 16> piece;
     for (std::uint64_t done = 0; done < size;) {
         // A call may give less than is asked for, though there is more to come.
@@ -172,8 +185,10 @@ void CArchive::Read(const std::string& entry, std::uint64_t size,
         const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(piece.size(), size - done));
         while (filled < wanted) {
             const zip_int64_t got = zip_fread(opened.get(), piece.data() + filled, wanted - filled);
-            if (got <= 0)
+            if (got <= 0) {
+                CheckMemory(zip_file_get_error(opened.get()));
                 Fail(entry, "the archive is damaged there, or has less than it says");
+            }
             filled += static_cast<std::size_t>(got);
         }
         take({piece.data(), filled});

@@ -1,15 +1,12 @@
 #include "formats/x3p/detail/Digest.h"
 
-#include <stdexcept>
-
 namespace CommonUI::Formats
 {
 
-// A system can be set up to have no MD5.
 void CDigest::Refuse() const
 {
-    throw std::runtime_error(std::string(m_kind == EDigest::Md5 ? "MD5 checksums" : "SHA-256 digests") +
-                             " cannot be computed on this system");
+    throw ENoDigest(std::string(m_kind == EDigest::Md5 ? "MD5 checksums" : "SHA-256 digests") +
+                    " cannot be computed on this system");
 }
 
 std::string CDigest::ToHexadecimal(std::span<const unsigned char> digest)

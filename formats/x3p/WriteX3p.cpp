@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace CommonUI::Formats
 {
@@ -153,6 +154,18 @@ std::string DocumentOf(const Analysis::SSurface& surface, const std::string& dat
     return text + c_checksumEntry + "</ChecksumFile></Record4>\n</p:ISO5436_2>\n";
 }
 
+std::pair<std::string, std::string> DocumentAndChecksum(const Analysis::SSurface& surface,
+                                                        const std::string& data, const std::string& mask)
+{
+    try {
+        std::string document = DocumentOf(surface, data, mask);
+        std::string checksum = DigestOf(document) + " *main.xml\n";
+        return {std::move(document), std::move(checksum)};
+    } catch (const ENoDigest& error) {
+        throw EWriteError(error.what());
+    }
+}
+
 } // namespace
 
 std::string WriteX3p(const Analysis::SSurface& surface, std::chrono::sys_seconds time)
@@ -163,8 +176,7 @@ std::string WriteX3p(const Analysis::SSurface& surface, std::chrono::sys_seconds
     const bool hasMissing = std::ranges::any_of(surface.heights, [](double z) { return std::isnan(z); });
     const std::string data = DataOf(surface);
     const std::string mask = hasMissing ? MaskOf(surface) : std::string();
-    const std::string document = DocumentOf(surface, data, mask);
-    const std::string checksum = DigestOf(document) + " *main.xml\n";
+    const auto [document, checksum] = DocumentAndChecksum(surface, data, mask);
     CArchiveWriter archive(time);
     archive.Add("main.xml", document);
     archive.Add(c_checksumEntry, checksum);

@@ -43,14 +43,24 @@ CGridCtrl::~CGridCtrl()
 void CGridCtrl::AddColumn(const SColumn& column)
 {
     m_columns.push_back(column);
-    AddColumnWidth(column.width);
+    try {
+        AddColumnWidth(column.width);
+    } catch (...) {
+        m_columns.resize(GetColumnCount());
+        throw;
+    }
 }
 
 CGridRow& CGridCtrl::AddRow()
 {
     m_rows.Append(std::make_unique<CGridRow>(*this, nullptr));
     CGridRow& row = *m_rows.back();
-    m_shown.Append(&row);
+    try {
+        m_shown.Append(&row);
+    } catch (...) {
+        m_rows.Take(m_rows.size() - 1);
+        throw;
+    }
     SetRowCount(m_shown.size());
     return row;
 }
@@ -102,40 +112,69 @@ void CGridCtrl::ExpansionChanged(CGridRow& row)
         std::size_t count = 0;
         for (const auto& subRow : row.GetSubRows())
             count += CountShown(*subRow);
-        if (!row.IsExpanded())
+        if (!row.IsExpanded()) {
             m_shown.Erase(below, count);
-        else if (count > m_shown.size() / c_many)
-            ShowAll();
-        else
-            ForEachShown(row, [&, place = below](CGridRow& shown) mutable {
-                if (&shown != &row)
-                    m_shown.Insert(place++, &shown);
-            });
+            return;
+        }
+        try {
+            count > m_shown.size() / c_many ? ShowAll() : ShowBelow(row, below);
+        } catch (...) {
+            row.m_expanded = false;
+            throw;
+        }
     });
+}
+
+void CGridCtrl::ShowBelow(CGridRow& row, std::size_t place)
+{
+    const std::size_t first = place;
+    try {
+        ForEachShown(row, [&](CGridRow& shown) {
+            if (&shown == &row)
+                return;
+            m_shown.Insert(place, &shown);
+            ++place;
+        });
+    } catch (...) {
+        m_shown.Erase(first, place - first);
+        throw;
+    }
 }
 
 void CGridCtrl::ShowAll()
 {
-    m_shown.Clear();
-    for (const auto& row : m_rows)
-        ForEachShown(*row, [this](CGridRow& shown) { m_shown.Append(&shown); });
+    CGridRowList<CGridRow*> all;
+    try {
+        for (const auto& row : m_rows)
+            ForEachShown(*row, [&all](CGridRow& shown) { all.Append(&shown); });
+    } catch (...) {
+        all.Clear();
+        m_shown.TellRows();
+        throw;
+    }
+    m_shown = std::move(all);
 }
 
 // Keeps the other rows in their places, so that a tree can be built row by row.
 void CGridCtrl::SubRowAdded(CGridRow& row)
 {
-    const CGridRow& parent = *row.m_parent;
-    if (!parent.m_parent && parent.m_subRows.size() == 1)
-        ++m_trees;
+    CGridRow& parent = *row.m_parent;
+    const std::size_t count = parent.m_subRows.size();
+    const CGridRow* last = &parent;
+    if (count > 1)
+        last = parent.m_subRows[count - 2].get();
+    while (last != &parent && last->IsExpanded() && last->HasSubRows())
+        last = last->m_subRows.back().get();
     ChangeShown([&] {
-        if (!parent.IsExpanded() || !IsShown(parent))
-            return;
-        const CGridRow* last = &parent;
-        if (const std::size_t count = parent.m_subRows.size(); count > 1)
-            last = parent.m_subRows[count - 2].get();
-        while (last != &parent && last->IsExpanded() && last->HasSubRows())
-            last = last->m_subRows.back().get();
-        m_shown.Insert(m_shown.PlaceOf(*last) + 1, &row);
+        try {
+            if (parent.IsExpanded() && IsShown(parent))
+                m_shown.Insert(m_shown.PlaceOf(*last) + 1, &row);
+        } catch (...) {
+            parent.m_subRows.Take(count - 1);
+            throw;
+        }
+        if (!parent.m_parent && count == 1)
+            ++m_trees;
     });
 }
 

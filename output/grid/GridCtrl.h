@@ -15,6 +15,8 @@ namespace CommonUI
 
 /// A grid of items that the user edits: columns with headers, rows with rows below them, and an editor that
 /// opens in a cell. Tables of results, which only show, are a CResultGridPane.
+///
+/// When memory runs out in a call that adds, moves or shows rows, columns or items, nothing changes.
 class COMMONUI_API CGridCtrl : public CGridPane
 {
 public:
@@ -105,6 +107,8 @@ private:
     // An item has come or gone: an editor whose item is no longer in the grid is closed.
     void ItemsChanged();
     void ShowAll();
+    // What is below an expanded row, from that place on.
+    void ShowBelow(CGridRow& row, std::size_t place);
     // Headers begin where the contents of rows at the top do.
     int GetHeaderIndent(std::size_t column) const { return HasTree() && column == 0 ? GetRowHeight() : 0; }
     SRect GetExpanderRect(SGridCell cell, const SRect& rect) const;

@@ -32,10 +32,10 @@ std::size_t CGridRow::GetDepth() const noexcept
 
 void CGridRow::Set(std::size_t column, const std::shared_ptr<CGridItem>& item)
 {
-    if (item && item->m_row)
-        item->m_row->m_items[item->m_row->GetColumnOf(*item)].reset();
     if (column >= m_items.size())
         m_items.resize(column + 1);
+    if (item && item->m_row)
+        item->m_row->m_items[item->m_row->GetColumnOf(*item)].reset();
     if (m_items[column])
         m_items[column]->m_row = nullptr;
     m_items[column] = item;

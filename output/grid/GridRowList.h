@@ -123,6 +123,8 @@ private:
     void MakeRoom();
     void AddPart(std::size_t number, std::unique_ptr<SPart> part);
     void CountFrom(std::size_t number);
+    // Tells the rows in which parts they are.
+    void TellRows();
 
     std::vector<std::unique_ptr<SPart>> m_parts; // none is empty
     std::vector<std::size_t> m_starts;           // of each part the place of its first row

@@ -1,6 +1,7 @@
 #include "programs/surface_report/Inputs.h"
 
 #include "common/file/FileBytes.h"
+#include "common/PathText.h"
 #include "common/Str.h"
 #include "formats/SurfaceFiles.h"
 #include "programs/command_line/CommandLine.h"
@@ -37,6 +38,27 @@ bool IsFileOrUnknown(const fs::directory_entry& entry)
 {
     std::error_code error;
     return entry.is_regular_file(error) || error;
+}
+
+// With U+FFFD where there are bytes that are no characters.
+CStr TextOf(const fs::path& path)
+{
+    CStr text;
+    CommonUI::ToText(path, text);
+    return text;
+}
+
+// Where the report of an input lies: under a name that leaves room for what reports append to it.
+fs::path MakePlace(fs::path input)
+{
+    constexpr std::size_t c_longest = 200;
+    const std::u8string name = input.filename().u8string();
+    if (name.size() <= c_longest)
+        return input;
+    std::size_t length = c_longest;
+    while (length > 0 && (name[length] & 0xC0) == 0x80) // not within a character
+        --length;
+    return input.replace_filename(name.substr(0, length));
 }
 
 // Whether a name fits a pattern, in which * stands for any characters and ? for one.
@@ -112,9 +134,9 @@ private:
         std::vector<fs::path> found;
         std::error_code error;
         for (const auto& entry : fs::directory_iterator(folder, error)) {
-            if (IsFileOrUnknown(entry) &&
-                Fits(entry.path().filename().u16string(), pattern.filename().u16string()))
-                found.push_back(pattern.parent_path() / entry.path().filename());
+            const fs::path name = entry.path().filename();
+            if (IsFileOrUnknown(entry) && Fits(TextOf(name), TextOf(pattern.filename())))
+                found.push_back(pattern.parent_path() / name);
         }
         if (found.empty())
             throw EUsage("\"" + pattern.string() + "\" matches no file");
@@ -136,9 +158,10 @@ private:
     {
         if (!m_known.insert(Canonical(file)).second)
             return;
-        fs::path name = report;
+        const fs::path place = MakePlace(report);
+        fs::path name = place;
         for (int number = 2; !m_reports.insert(name).second; ++number)
-            (name = report) += "-" + std::to_string(number);
+            (name = place) += "-" + std::to_string(number);
         m_files.push_back({file, name});
     }
 

@@ -1,6 +1,7 @@
 #include "programs/surface_report/ManyFiles.h"
 
 #include "analysis/numeric/SingleThread.h"
+#include "common/file/FileReplacement.h"
 #include "formats/FileDigest.h"
 #include "formats/SurfaceReader.h"
 #include "measurement/ApplySteps.h"
@@ -274,7 +275,11 @@ private:
     {
         const std::scoped_lock lock(m_mutex);
         const SStoredReport& report = m_state.GetReports().at(KeyOf(file.path));
-        return report.making == m_making && IsWhole(report.place);
+        if (report.making != m_making || !IsWhole(report.place))
+            return false;
+        for (const std::string& extension : m_extensions) // whose like is not written again
+            CommonUI::CFileReplacement::RemoveRests((m_options.output / report.place) += extension);
+        return true;
     }
     // Each report where it was, and the others beside what is there. The state knows the places before there
     // is anything, so that what a run leaves is always replaced by the next.

@@ -57,7 +57,7 @@ void COutputFiles::Add(const fs::path& path, const std::function<void(const FWri
 {
     CommonUI::CStr reason;
     CommonUI::CFileReplacement& content = m_files.emplace_back(path).content;
-    Check(content.Open(path.u16string(), reason), path, reason);
+    Check(content.OpenPath(path, reason), path, reason);
     make([&](std::string_view piece) { Check(content.Write(piece, reason), path, reason); });
 }
 

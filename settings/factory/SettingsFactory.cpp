@@ -7,6 +7,7 @@
 #include "settings/factory/detail/SettingsWarning.h"
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace CommonUI
@@ -42,6 +43,14 @@ void CloseSettingsFactory()
 
 CSettingsFactory::~CSettingsFactory() = default;
 
+// Its parts belong together: without memory for one, none is copied.
+CSettingsFactory& CSettingsFactory::operator=(const CSettingsFactory& other)
+{
+    CSettingsFactory copy(other);
+    *this = std::move(copy);
+    return *this;
+}
+
 CSettings CSettingsFactory::GetSettings(int id, bool addToRecent)
 {
     const SSettingsEntry* const item = FindDynamicItem(id);
@@ -61,19 +70,33 @@ CSettings CSettingsFactory::GenerateSettings(EBuiltInSetting setting, bool addTo
         return {};
     }
     const SSettingsEntry entry(setting, GetSettingType(setting));
+    CSettings settings(entry, GetBuiltInSettingText(setting));
     if (addToRecent)
         AddToRecentItems(entry, 0);
-    return {entry, GetBuiltInSettingText(setting)};
+    return settings;
 }
 
 void CSettingsFactory::AddToRecentItems(const SSettingsEntry& entry, unsigned index)
 {
     const CRecentKey key(entry.m_IsFile, entry.m_IsFile ? index : static_cast<unsigned>(entry.m_BuiltIn));
-    std::deque<CRecentKey>& recent = m_recent[entry.m_Type];
-    std::erase(recent, key);
-    recent.push_front(key);
-    if (recent.size() > s_MaxRecentCount)
-        recent.pop_back();
+    m_recent[entry.m_Type] = WithRecent(entry.m_Type, key);
+}
+
+// The recent list as it is once a set is the most recent one.
+CSettingsFactory::CRecentKeys CSettingsFactory::WithRecent(ESettingType type, const CRecentKey& key) const
+{
+    CRecentKeys keys{key};
+    if (const auto recent = m_recent.find(type); recent != m_recent.end())
+        std::ranges::remove_copy(recent->second, std::back_inserter(keys), key);
+    if (keys.size() > s_MaxRecentCount)
+        keys.pop_back();
+    return keys;
+}
+
+// Of a file that is registered.
+CSettingsFactory::CRecentKey CSettingsFactory::GetFileKey(const SSettingsEntry& entry) const
+{
+    return {true, m_indices.at(entry.m_Type).at({entry.m_Name, entry.m_File})};
 }
 
 bool CSettingsFactory::NewDynamicItem(SSettingsEntry& entry, bool addToRecent)
@@ -81,11 +104,17 @@ bool CSettingsFactory::NewDynamicItem(SSettingsEntry& entry, bool addToRecent)
     DropLastBackslash(entry);
     std::vector<SSettingsEntry>& items = m_dynamicItems[entry.m_Type];
     const auto next = static_cast<unsigned>(items.size());
-    const auto [place, isNew] = m_indices[entry.m_Type].try_emplace({entry.m_Name, entry.m_File}, next);
+    auto& indices = m_indices[entry.m_Type];
+    const auto [place, isNew] = indices.try_emplace({entry.m_Name, entry.m_File}, next);
     const unsigned index = place->second;
     if (isNew) {
-        entry.m_ID = static_cast<std::int32_t>(GetNewID());
-        items.push_back(entry);
+        try {
+            items.push_back(entry);
+        } catch (...) { // an index without an item would lead nowhere
+            indices.erase(place);
+            throw;
+        }
+        entry.m_ID = items.back().m_ID = static_cast<std::int32_t>(GetNewID());
         // Only now: the indices of the items stay what they are.
         if (entry.m_Type == ESettingType::Unknown)
             return false;
@@ -115,11 +144,10 @@ int CSettingsFactory::GetFileID(ESettingType type, const CStr& path)
 void CSettingsFactory::OnFileMoved(ESettingType type, const CStr& from, const CStr& to)
 {
     const auto getKey = [&](const CStr& path) {
-        const SSettingsEntry entry(path, type);
         GetFileID(type, path);
-        return CRecentKey(true, m_indices[type].at({entry.m_Name, entry.m_File}));
+        return GetFileKey({path, type});
     };
-    std::deque<CRecentKey>& recent = m_recent[type];
+    CRecentKeys& recent = m_recent[type];
     const CRecentKey before = getKey(from);
     if (to.IsEmpty()) {
         std::erase(recent, before);
@@ -143,8 +171,8 @@ const SSettingsEntry* CSettingsFactory::FindDynamicItem(int id) const
 // Takes an unreadable file out of the recent list of its type, if the user agrees.
 void CSettingsFactory::AskToForget(const SSettingsEntry& entry)
 {
-    const CRecentKey key(true, m_indices[entry.m_Type].at({entry.m_Name, entry.m_File}));
-    std::deque<CRecentKey>& recent = m_recent[entry.m_Type];
+    const CRecentKey key = GetFileKey(entry);
+    CRecentKeys& recent = m_recent[entry.m_Type];
     const bool isRecent = std::ranges::find(recent, key) != recent.end();
     const CStr text = CStr::Format(GetString(isRecent ? c_removeQuestion : c_refreshQuestion), entry.m_File);
     const SMessageBox box{text, MessageBoxStyle::c_yesNo | MessageBoxStyle::c_warning};

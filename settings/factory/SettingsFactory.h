@@ -5,6 +5,7 @@
 #include "../Settings.h"
 #include "SimpleTree.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <filesystem>
@@ -23,6 +24,9 @@ namespace CommonUI
 /// A set has an identifier for this run: that of a built-in set is its number in the catalogue, that of a
 /// file is 200 or more and stays the same however often the file is met. One backslash at the end of a path
 /// is no part of it, wherever the path comes from.
+///
+/// When memory runs out in a call, std::bad_alloc is thrown unless the call says otherwise, and no set is
+/// lost from the lists.
 ///
 /// Used on the user-interface thread. What cannot be loaded or found gives an empty set whose entry has the
 /// identifier SSettingsEntry::s_InvalidID, with the reason in the diagnostics (category u"SettingsFactory"
@@ -63,7 +67,7 @@ public:
     CSettingsFactory() = default;
     CSettingsFactory(const CSettingsFactory&) = default;
     CSettingsFactory(CSettingsFactory&&) noexcept = default;
-    CSettingsFactory& operator=(const CSettingsFactory&) = default;
+    CSettingsFactory& operator=(const CSettingsFactory& other);
     CSettingsFactory& operator=(CSettingsFactory&&) noexcept = default;
     virtual ~CSettingsFactory();
 
@@ -174,6 +178,7 @@ protected:
 private:
     // Whether a set is a file, and its index among the dynamic items of the type or its built-in number.
     using CRecentKey = std::pair<bool, unsigned>;
+    using CRecentKeys = std::deque<CRecentKey>;
     // By what a registered item is found.
     struct SItemKey {
         CStr name;
@@ -191,6 +196,8 @@ private:
     };
 
     const SSettingsEntry* FindDynamicItem(int id) const;
+    CRecentKey GetFileKey(const SSettingsEntry& entry) const;
+    CRecentKeys WithRecent(ESettingType type, const CRecentKey& key) const;
     void AskToForget(const SSettingsEntry& entry);
 
     void LoadRecentItem(ESettingType type, const CStr& text);
@@ -202,7 +209,7 @@ private:
     std::vector<SSettingsEntry> FindByIdentifier(ESettingType type, std::u16string_view identifier) const;
 
     // The most recent first.
-    std::map<ESettingType, std::deque<CRecentKey>> m_recent;
+    std::map<ESettingType, CRecentKeys> m_recent;
     // The files met during this run, in order of their first appearance and so of their identifiers.
     std::map<ESettingType, std::vector<SSettingsEntry>> m_dynamicItems;
     // Where in m_dynamicItems an item stands.

@@ -57,9 +57,13 @@ bool CSettingsFactory::SaveSettings(CSettings& settings, bool addToRecent)
     // chosen that.
     const bool isSame = settings.GetFileName() == entry.m_File;
     settings.SetFileName(entry.m_File);
+    // What the lists need memory for comes before the file is written.
+    const bool isUsed = NewDynamicItem(entry, false) && addToRecent;
+    CRecentKeys& recent = m_recent[entry.m_Type];
+    CRecentKeys after = isUsed ? WithRecent(entry.m_Type, GetFileKey(entry)) : recent;
     if (!(isSame ? settings.SaveWhole() : settings.Save()))
         return false;
-    NewDynamicItem(entry, addToRecent);
+    recent = std::move(after);
     settings.SetEntryInfo(std::move(entry));
     return true;
 }

@@ -20,7 +20,7 @@
 #include "settings/readers/ReportTemplateSettings.h"
 #include "settings/readers/RoughnessSettings.h"
 #include "TestFolders.h"
-#include "tests/common/FailingAllocation.h"
+#include "tests/faults/AllocationTrial.h"
 #include "tests/faults/Faults.h"
 #include "tests/fuzz/FuzzBytes.h"
 #include "tests/TemporaryFolder.h"
@@ -30,132 +30,18 @@
 #include <functional>
 #include <iterator>
 #include <memory>
-#include <new>
 #include <optional>
 #include <random>
 #include <string>
 #include <vector>
 
 using namespace CommonUI;
-using Faults::Expect;
+using namespace Faults;
 
 namespace
 {
 
 namespace fs = std::filesystem;
-
-// What an operation works on. It is made anew for each round.
-class CState
-{
-public:
-    CState() = default;
-    CState(const CState&) = delete;
-    CState& operator=(const CState&) = delete;
-    virtual ~CState() = default;
-
-    // Returns false where the operation says that it has not done its work.
-    virtual bool Act() = 0;
-    // All that can be seen of what it works on.
-    virtual std::string Look() = 0;
-};
-
-struct SOperation {
-    std::string name;
-    std::function<std::unique_ptr<CState>()> make;
-    bool keepsCaches = false; // and the memory for them
-    bool mayBeInPart = false; // where nothing else is promised: it is in a state that can be used
-};
-
-long s_faults = 0;
-
-// Returns whether an allocation has failed.
-bool TryRound(const SOperation& operation, const std::string& wanted, int number, EFailing failing)
-{
-    const std::string place = operation.name + ", allocation " + std::to_string(number) +
-                              (failing == EFailing::Once ? "" : " and all after it");
-    const long living = CountLivingAllocations();
-    bool hasFailed = false;
-    {
-        const auto state = operation.make();
-        const std::string before = state->Look();
-        bool isDone = false;
-        {
-            const CFailingAllocation fault(number, failing);
-            try {
-                isDone = state->Act();
-            } catch (const std::bad_alloc&) {
-                isDone = false;
-            }
-            hasFailed = fault.HasFailed();
-        }
-        const std::string after = state->Look();
-        if (after != (isDone ? wanted : before) && (isDone || !operation.mayBeInPart))
-            Faults::Fail(place + (isDone ? ": done in part:\n" : ": something has changed:\n") + after +
-                         "\ninstead of\n" + (isDone ? wanted : before));
-    }
-    const long lost = CountLivingAllocations() - living;
-    Expect(operation.keepsCaches || lost == 0,
-           place + ": " + std::to_string(lost) + " pieces of memory are lost");
-    s_faults += hasFailed ? 1 : 0;
-    return hasFailed;
-}
-
-void Try(const SOperation& operation, int step)
-{
-    std::string wanted;
-    for (int i = 0; i < 2; ++i) { // what is made on first use is there then
-        const auto state = operation.make();
-        const std::string before = state->Look();
-        Expect(state->Act(), operation.name + " is not done at all");
-        wanted = state->Look();
-        Expect(wanted != before, operation.name + " changes nothing");
-    }
-    for (const EFailing failing : {EFailing::Once, EFailing::Onwards}) {
-        int number = 1;
-        while (TryRound(operation, wanted, number, failing))
-            number += step;
-    }
-}
-
-template<class TObject>
-class CWork : public CState
-{
-public:
-    CWork(const std::function<void(TObject&)>& prepare, std::function<bool(TObject&)> act,
-          std::function<std::string(TObject&)> look)
-        : m_act(std::move(act))
-        , m_look(std::move(look))
-    {
-        if (prepare)
-            prepare(m_object);
-    }
-    bool Act() override { return m_act(m_object); }
-    std::string Look() override { return m_look(m_object); }
-
-private:
-    TObject m_object{};
-    std::function<bool(TObject&)> m_act;
-    std::function<std::string(TObject&)> m_look;
-};
-
-template<class TObject>
-SOperation Operation(const std::string& name, std::function<void(TObject&)> prepare,
-                     std::function<bool(TObject&)> act, std::function<std::string(TObject&)> look)
-{
-    return {name, [=] { return std::make_unique<CWork<TObject>>(prepare, act, look); }};
-}
-
-// For calls that have no answer.
-template<class TObject, class FCall>
-std::function<bool(TObject&)> Call(const FCall& call)
-{
-    return [call](TObject& object) {
-        call(object);
-        return true;
-    };
-}
-
-using COperations = std::vector<SOperation>;
 
 const CStr c_long = u"a text that has no place within the object";
 
@@ -268,7 +154,7 @@ void AddSet(COperations& all, const std::string& name)
     const auto ini = std::make_shared<CInifile>(Fuzz::IniOf(CorpusOf(name)));
     TSet probe;
     if (!probe.Load(*ini) || probe == TSet())
-        Faults::Fail("the set of " + name + " cannot be tried");
+        Fail("the set of " + name + " cannot be tried");
     all.push_back(Operation<TSet>(
         name + ": load", {}, [ini](TSet& set) { return set.Load(*ini); },
         [](TSet& set) {
@@ -422,22 +308,23 @@ void AddStores(COperations& all)
 
 int main(int argc, char** argv)
 {
-    const Faults::SOptions options = Faults::ParseOptions(argc, argv);
-    const Faults::CTime time(options);
+    const SOptions options = ParseOptions(argc, argv);
+    const CTime time(options);
     GetDiagnostics().SetSink([](const SDiagnosticLine&) {});
     COperations all;
-    for (const auto add :
-         {AddTexts, AddInifile, AddModels, AddSettings, AddCallbacks, AddFeeds, AddFiles, AddStores})
+    for (const auto add : {AddTexts, AddInifile, AddModels, AddSettings, AddCallbacks, AddFeeds, AddFiles,
+                           AddStores, AddFormats, AddFactory, AddGrids})
         add(all);
     std::mt19937 random(options.seed);
+    long faults = 0;
     long passes = 0;
     do {
         std::ranges::shuffle(all, random);
         for (const SOperation& operation : all)
-            Try(operation, 1);
+            faults += TryAllocations(operation);
         ++passes;
     } while (time.IsLeft());
     std::cout << "allocation_faults: seed " << options.seed << ", " << all.size() << " operations, " << passes
-              << " passes, " << s_faults << " faults, " << time.GetSeconds() << " s" << std::endl;
+              << " passes, " << faults << " faults, " << time.GetSeconds() << " s" << std::endl;
     return 0;
 }

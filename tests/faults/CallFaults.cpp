@@ -15,6 +15,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <dirent.h>
 #include <dlfcn.h>
 #include <functional>
 #include <map>
@@ -49,11 +50,17 @@ enum ECall {
     Stat,
     StatLink,
     StatFile,
+    Unlink,
+    Remove,
+    MakeFolder,
+    OpenFolder,
     CallCount
 };
 
-constexpr std::array c_names{"open",  "read",      "write",   "fsync", "close", "rename", "link",
-                             "flock", "ftruncate", "fopen64", "stat",  "lstat", "fstat"};
+constexpr std::array c_names{"open",  "read",   "write",     "fsync",   "close",  "rename",
+                             "link",  "flock",  "ftruncate", "fopen64", "stat",   "lstat",
+                             "fstat", "unlink", "remove",    "mkdir",   "opendir"};
+static_assert(c_names.size() == CallCount);
 constexpr int c_short = -1; // an "error" of what reads and writes less than it could
 
 std::string s_folder; // Only what lies in it fails.
@@ -129,6 +136,10 @@ FILE* FaultyOpenStream(const char* path, const char* mode) __asm__("fopen64");
 int FaultyStat(const char* path, void* status) __asm__("stat");
 int FaultyStatLink(const char* path, void* status) __asm__("lstat");
 int FaultyStatFile(int file, void* status) __asm__("fstat");
+int FaultyUnlink(const char* path) __asm__("unlink");
+int FaultyRemove(const char* path) __asm__("remove");
+int FaultyMakeFolder(const char* path, mode_t mode) __asm__("mkdir");
+DIR* FaultyOpenFolder(const char* path) __asm__("opendir");
 
 #pragma GCC visibility pop
 
@@ -210,6 +221,26 @@ int FaultyStatFile(int file, void* status)
     return CallOrFail<StatFile>(-1, file, status);
 }
 
+int FaultyUnlink(const char* path)
+{
+    return CallOrFail<Unlink>(-1, path);
+}
+
+int FaultyRemove(const char* path)
+{
+    return CallOrFail<Remove>(-1, path);
+}
+
+int FaultyMakeFolder(const char* path, mode_t mode)
+{
+    return CallOrFail<MakeFolder>(-1, path, mode);
+}
+
+DIR* FaultyOpenFolder(const char* path)
+{
+    return CallOrFail<OpenFolder>(static_cast<DIR*>(nullptr), path);
+}
+
 namespace
 {
 
@@ -243,6 +274,8 @@ struct SOperation {
     std::function<void(const CTemporaryFolder&)> prepare;
     // Returns false with a reason.
     std::function<bool(const fs::path&, std::string&)> act;
+    // Where it may be done in part: goes on to the end.
+    std::function<bool(const fs::path&, std::string&)> goOn{};
 };
 
 // Without the name of the folder, which is another one each time.
@@ -266,6 +299,17 @@ bool IsKept(const std::string& name)
 {
     return name.ends_with(".backup") || name.find(".version-") != name.npos ||
            name.find(".damaged-") != name.npos || name.find(".kept") != name.npos;
+}
+
+bool IsForAWhile(const std::string& name)
+{
+    return fs::path(name).filename().string().starts_with("~") && !name.ends_with(".backup");
+}
+
+// Says how far a run on many files has come.
+bool IsOfAll(const std::string& name)
+{
+    return name.starts_with("out/report.");
 }
 
 std::string Tell(const CFiles& files)
@@ -326,6 +370,9 @@ private:
             m_isDone = m_operation.act(folder.GetPath(), m_reason);
         }
         m_after = ReadFiles(folder);
+        if (m_operation.goOn)
+            m_hasGoneOn = m_operation.goOn(folder.GetPath(), m_goOnReason);
+        m_atEnd = ReadFiles(folder);
     }
     bool TryOne(int call, int number, int error)
     {
@@ -336,6 +383,14 @@ private:
         Expect(m_isDone || !m_reason.empty(), place + ": fails without a reason");
         // Where a signal came between, or there was less, it is done in a second attempt.
         Expect(m_isDone || (error != EINTR && error != c_short), place + ": " + m_reason);
+        // What cannot be removed stays for a while.
+        if (call == Unlink || call == Remove)
+            std::erase_if(m_after, [](const auto& file) { return IsForAWhile(file.first); });
+        m_operation.goOn ? CheckParts(place) : CheckWhole(place);
+        return s_hasFailed;
+    }
+    void CheckWhole(const std::string& place) const
+    {
         const CFiles& whole = m_isDone ? m_wanted : m_before;
         CFiles after = m_after;
         std::erase_if(after,
@@ -344,11 +399,29 @@ private:
         std::erase_if(expected,
                       [&](const auto& file) { return IsKept(file.first) && !after.contains(file.first); });
         for (auto& [name, content] : expected)
-            if (IsKept(name) && m_before.contains(name) && after[name] == m_before[name])
+            if (IsKept(name) && m_before.contains(name) && after[name] == m_before.at(name))
                 content = after[name];
         Expect(after == expected, place + (m_isDone ? " (done)" : " (" + m_reason + ")") + ": there is\n" +
                                       Tell(after) + "instead of\n" + Tell(expected));
-        return s_hasFailed;
+    }
+    // Each file is there as it was, or as it shall be; nothing is left to go on from but what leads there.
+    void CheckParts(const std::string& place) const
+    {
+        for (const auto& [name, content] : m_after) {
+            if (IsKept(name))
+                continue;
+            Expect(m_wanted.contains(name), place + ": there is " + name);
+            const auto before = m_before.find(name);
+            Expect(IsOfAll(name) || content == m_wanted.at(name) ||
+                       (before != m_before.end() && content == before->second),
+                   place + ": " + name + " is in part");
+        }
+        Expect(m_hasGoneOn, place + ": it does not go on: " + m_goOnReason);
+        CFiles atEnd = m_atEnd;
+        std::erase_if(atEnd, [](const auto& file) { return IsForAWhile(file.first) || IsKept(file.first); });
+        atEnd["out/report.state"] = m_wanted.at("out/report.state"); // may know of inputs that have failed
+        Expect(atEnd == m_wanted,
+               place + ": at the end there is\n" + Tell(atEnd) + "instead of\n" + Tell(m_wanted));
     }
 
     const SOperation& m_operation;
@@ -356,6 +429,9 @@ private:
     CFiles m_before{};
     CFiles m_after{};
     CFiles m_wanted{};
+    CFiles m_atEnd{};
+    bool m_hasGoneOn = false;
+    std::string m_goOnReason{};
     bool m_isDone = false;
     std::string m_reason{};
 };
@@ -408,9 +484,10 @@ bool SaveStore(const fs::path& folder, std::string& reason)
     });
 }
 
-bool Report(const fs::path& folder, const std::vector<std::string>& more, std::string& reason)
+bool Report(const fs::path& folder, const char* input, const std::vector<std::string>& more,
+            std::string& reason)
 {
-    std::vector<std::string> words{(folder / "surface.txt").string(), "--out", (folder / "out").string(),
+    std::vector<std::string> words{(folder / input).string(), "--out", (folder / "out").string(),
                                    "--preferences", (folder / "choices.ini").string()};
     words.insert(words.end(), more.begin(), more.end());
     std::vector<const char*> arguments;
@@ -423,7 +500,7 @@ bool Report(const fs::path& folder, const std::vector<std::string>& more, std::s
     return isDone;
 }
 
-void PrepareReport(const CTemporaryFolder& folder)
+void WriteSurface(const CTemporaryFolder& folder, const fs::path& name)
 {
     std::string text = "# Width: 12 um\n# Height: 8 um\n# Value units: nm\n";
     for (int y = 0; y < 8; ++y) {
@@ -431,9 +508,26 @@ void PrepareReport(const CTemporaryFolder& folder)
             text += std::to_string((x * 7 + y * 13 + x * y) % 11) + ' ';
         text += '\n';
     }
-    folder.Write("surface.txt", text);
+    folder.Write(name, text);
+}
+
+void PrepareReport(const CTemporaryFolder& folder)
+{
+    WriteSurface(folder, "surface.txt");
     for (const char* name : {"report.txt", "report.html", "report.csv", "report.json"})
         folder.Write(fs::path("out") / name, "the old report");
+}
+
+void PrepareReports(const CTemporaryFolder& folder)
+{
+    for (const char* name : {"a.txt", "b.txt", "below/c.txt"})
+        WriteSurface(folder, fs::path("in") / name);
+}
+
+bool ReportEach(const fs::path& folder, std::vector<std::string> more, std::string& reason)
+{
+    more.insert(more.end(), {"--each", "--parameters", "Sa,Sq"});
+    return Report(folder, "in", more, reason);
 }
 
 const SOperation c_operations[] = {
@@ -469,7 +563,10 @@ const SOperation c_operations[] = {
          });
      }},
     {"report", PrepareReport,
-     [](const fs::path& folder, std::string& reason) { return Report(folder, {}, reason); }},
+     [](const fs::path& folder, std::string& reason) { return Report(folder, "surface.txt", {}, reason); }},
+    {"reports", PrepareReports,
+     [](const fs::path& folder, std::string& reason) { return ReportEach(folder, {}, reason); },
+     [](const fs::path& folder, std::string& reason) { return ReportEach(folder, {"--resume"}, reason); }},
 };
 
 } // namespace

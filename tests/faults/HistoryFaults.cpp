@@ -1,5 +1,5 @@
-// Long random histories of edits and of the preferences' manager beside simple models. Callbacks destroy whom
-// they are called by or others, throw, and change what they are told of.
+// Long random histories of edits, the preferences' manager and others beside simple models. Callbacks destroy
+// whom they are called by or others, throw, and change what they are told of.
 
 #include "common/Diagnostics.h"
 #include "controls/IntEdit.h"
@@ -9,6 +9,7 @@
 #include "platform/memory/MemoryMessageBoxService.h"
 #include "platform/MessageBoxService.h"
 #include "tests/faults/Faults.h"
+#include "tests/faults/Histories.h"
 
 #include <algorithm>
 #include <array>
@@ -286,6 +287,9 @@ void SListener::OnChange(const SPreferencesChange& change)
     game.OnChange(change);
 }
 
+constexpr std::pair<void (*)(unsigned seed, int steps), int> c_games[] = {
+    {Faults::PlayGrid, 20'000}, {Faults::PlayClosures, 100'000}, {Faults::PlayFactory, 1'000}};
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -299,6 +303,10 @@ int main(int argc, char** argv)
     do {
         CEditGame(seed).Play(100'000);
         CManagerGame(seed).Play(20'000);
+        for (const auto& [play, steps] : c_games) {
+            play(seed, steps);
+            s_steps += steps;
+        }
         ++seed;
     } while (time.IsLeft());
     std::cout << "history_faults: seeds " << options.seed << " to " << seed - 1 << ", " << s_steps

@@ -249,6 +249,23 @@ TEST_F(ManyFiles, LinkThatLeadsToItselfIsARow)
     EXPECT_TRUE(HasRow("data/loop.sdf", "\tthe file cannot be read")) << m_err.str();
 }
 
+// Also beside each other: the names of reports that are cut get numbers.
+TEST_F(ManyFiles, FilesOfAnyNameHaveReports)
+{
+    const std::string longest(125, 'x');
+    const std::string names[] = {"x\xFFy.txt", "x\ny.txt", "$(touch z); `id` 'x' \"y\" <b>.txt",
+                                 longest + longest + "1.txt", longest + longest + "2.txt"};
+    for (const std::string& name : names)
+        WriteSurface("data/" + name, 10);
+    const std::string line =
+        "$folder/data/x*.txt $folder/data --each --pictures no --out $out --parameters Sz";
+    ASSERT_EQ(Run(line), 0) << m_err.str();
+    const std::string cut(200, 'x');
+    for (const std::string& name : {names[0], names[1], "data/" + names[2], cut, cut + "-2"})
+        EXPECT_TRUE(Has(Read((name + ".txt").c_str()), "\t10\tnm")) << name;
+    ASSERT_EQ(Run(line + " --resume"), 0) << m_err.str();
+}
+
 TEST_F(ManyFiles, NamesThatAreNoUtf8AreTwoRows)
 {
     WriteSurface("data/x\xFF.txt", 10);

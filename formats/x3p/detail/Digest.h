@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -10,10 +11,18 @@ namespace CommonUI::Formats
 
 enum class EDigest { Md5, Sha256 };
 
+/// The system is set up to have none of that kind.
+class ENoDigest : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
 /// The digest of bytes that come piece by piece.
 class CDigest
 {
 public:
+    /// What follows throws ENoDigest where the system has none.
     explicit CDigest(EDigest kind = EDigest::Md5);
     ~CDigest();
     CDigest(const CDigest&) = delete;

@@ -129,6 +129,14 @@ void CGridRowList<TRow>::AddPart(std::size_t number, std::unique_ptr<SPart> part
     CountFrom(number);
 }
 
+template<class TRow>
+void CGridRowList<TRow>::TellRows()
+{
+    for (const auto& part : m_parts)
+        for (const TRow& row : part->rows)
+            CGridRow::PartOf<TRow>(*row) = part.get();
+}
+
 // Numbers the parts from that one on, whose predecessors are right.
 template<class TRow>
 void CGridRowList<TRow>::CountFrom(std::size_t number)
