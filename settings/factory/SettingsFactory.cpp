@@ -126,6 +126,14 @@ bool CSettingsFactory::NewDynamicItem(SSettingsEntry& entry, bool addToRecent)
     return true;
 }
 
+// Those that are the newest of all items; their identifiers are free again.
+void CSettingsFactory::WithdrawItems(ESettingType type, std::size_t from) noexcept
+{
+    std::vector<SSettingsEntry>& items = m_dynamicItems.at(type);
+    for (; items.size() > from; items.pop_back(), --m_nextID)
+        m_indices.at(type).erase({items.back().m_Name, items.back().m_File});
+}
+
 SSettingsEntry CSettingsFactory::GetEntry(int id) const
 {
     if (const SSettingsEntry* const item = FindDynamicItem(id))

@@ -198,6 +198,7 @@ private:
     const SSettingsEntry* FindDynamicItem(int id) const;
     CRecentKey GetFileKey(const SSettingsEntry& entry) const;
     CRecentKeys WithRecent(ESettingType type, const CRecentKey& key) const;
+    void WithdrawItems(ESettingType type, std::size_t from) noexcept;
     void AskToForget(const SSettingsEntry& entry);
 
     void LoadRecentItem(ESettingType type, const CStr& text);

@@ -57,12 +57,15 @@ bool CSettingsFactory::SaveSettings(CSettings& settings, bool addToRecent)
     // chosen that.
     const bool isSame = settings.GetFileName() == entry.m_File;
     settings.SetFileName(entry.m_File);
-    // What the lists need memory for comes before the file is written.
+    // What the lists need memory for comes before the file is written, and goes again if it is not.
+    const std::size_t known = m_dynamicItems[entry.m_Type].size();
     const bool isUsed = NewDynamicItem(entry, false) && addToRecent;
     CRecentKeys& recent = m_recent[entry.m_Type];
     CRecentKeys after = isUsed ? WithRecent(entry.m_Type, GetFileKey(entry)) : recent;
-    if (!(isSame ? settings.SaveWhole() : settings.Save()))
+    if (!(isSame ? settings.SaveWhole() : settings.Save())) {
+        WithdrawItems(entry.m_Type, known);
         return false;
+    }
     recent = std::move(after);
     settings.SetEntryInfo(std::move(entry));
     return true;

@@ -252,6 +252,7 @@ TEST_F(SettingsFactory, WhatCannotBeSaved)
         EXPECT_FALSE(m_factory.SaveSettings(*set, true));
     EXPECT_EQ(m_warnings.GetCount(), 4);
     EXPECT_EQ(Recent(Filter), u"");
+    EXPECT_EQ(m_factory.GetNewID(), 200U);
 }
 
 TEST_F(SettingsFactory, FilesThatCannotBeLoaded)
