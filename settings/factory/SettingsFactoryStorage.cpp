@@ -48,7 +48,6 @@ void CSettingsFactory::LoadRecentItem(ESettingType type, const CStr& text)
 {
     if (const CStr path = WithoutLastBackslash(GetReferredPath(text)); !path.IsEmpty()) {
         SSettingsEntry entry(path, type);
-        NewDynamicItem(entry, false); // a new one of unknown type would not become recent, and be lost
         NewDynamicItem(entry, true);
     } else if (const auto setting = FindBuiltIn(text, type)) {
         AddToRecentItems({*setting, type}, 0);
