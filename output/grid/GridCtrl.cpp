@@ -117,7 +117,10 @@ void CGridCtrl::ExpansionChanged(CGridRow& row)
             return;
         }
         try {
-            count > m_shown.size() / c_many ? ShowAll() : ShowBelow(row, below);
+            if (count > m_shown.size() / c_many)
+                ShowAll();
+            else
+                ShowBelow(row, below);
         } catch (...) {
             row.m_expanded = false;
             throw;

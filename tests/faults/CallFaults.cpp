@@ -5,8 +5,8 @@
 #include "common/file/FileBytes.h"
 #include "common/file/KeptFile.h"
 #include "common/ini/IniStore.h"
-#include "programs/surface_report/Program.h"
 #include "tests/faults/Faults.h"
+#include "tests/faults/RunReport.h"
 #include "tests/TemporaryFolder.h"
 
 #include <algorithm>
@@ -21,7 +21,6 @@
 #include <map>
 #include <memory>
 #include <random>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -490,14 +489,7 @@ bool Report(const fs::path& folder, const char* input, const std::vector<std::st
     std::vector<std::string> words{(folder / input).string(), "--out", (folder / "out").string(),
                                    "--preferences", (folder / "choices.ini").string()};
     words.insert(words.end(), more.begin(), more.end());
-    std::vector<const char*> arguments;
-    for (const std::string& word : words)
-        arguments.push_back(word.c_str());
-    std::ostringstream out;
-    std::ostringstream err;
-    const bool isDone = SurfaceReport::RunProgram(arguments, out, err) == 0;
-    reason = err.str();
-    return isDone;
+    return Faults::RunReport(words, reason) == 0;
 }
 
 void WriteSurface(const CTemporaryFolder& folder, const fs::path& name)

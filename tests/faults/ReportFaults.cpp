@@ -2,8 +2,8 @@
 // reports is always whole, and in the end it is what a run without a kill leaves, with no rest.
 
 #include "common/Diagnostics.h"
-#include "programs/surface_report/Program.h"
 #include "tests/faults/Faults.h"
+#include "tests/faults/RunReport.h"
 #include "tests/TemporaryFolder.h"
 
 #include <chrono>
@@ -13,7 +13,6 @@
 #include <map>
 #include <optional>
 #include <random>
-#include <sstream>
 #include <string>
 #include <sys/wait.h>
 #include <thread>
@@ -73,14 +72,10 @@ int Report(const SRun& run, const fs::path& folder, const CWords& more)
                  "Sa,Sq,Sk"};
     words.insert(words.end(), run.options.begin(), run.options.end());
     words.insert(words.end(), more.begin(), more.end());
-    std::vector<const char*> arguments;
-    for (const std::string& word : words)
-        arguments.push_back(word.c_str());
-    std::ostringstream out;
-    std::ostringstream err;
-    const int status = SurfaceReport::RunProgram(arguments, out, err);
+    std::string messages;
+    const int status = Faults::RunReport(words, messages);
     if (status != 0)
-        std::cerr << err.str();
+        std::cerr << messages;
     return status;
 }
 
