@@ -262,12 +262,12 @@ TEST(ResultPanelWidget, WidthsAreKeptAndShared)
 TEST(ResultPanelWidget, KeysMoveEdges)
 {
     SShownDialog other;
-    Activate(*other.dialog.GetWindow()); // or it gets the keyboard later, and takes it away
     SShownDialog shown(6, other.layouts);
     shown.dialog.GetWindow()->resize(700, 800);
     QCoreApplication::processEvents();
     Activate(*shown.dialog.GetWindow());
     shown.Results().setFocus();
+    ASSERT_TRUE(shown.Results().hasFocus());
     const auto widthOf = [](CResultGridWidget& table) { return table.GetPane().GetColumnWidth(1); };
     const int width = widthOf(shown.Results());
     Type("Down Right Alt+Shift+Right Alt+Shift+Right");

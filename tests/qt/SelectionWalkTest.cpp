@@ -36,11 +36,6 @@ protected:
         m_dialog->Create();
         Activate(Window());
     }
-    void ActivateAgain()
-    {
-        Activate(Window());
-        EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &Window(); }));
-    }
     template<class FAct>
     void ForEachTab(FAct act)
     {
@@ -159,7 +154,7 @@ protected:
         });
         open();
         EXPECT_TRUE(QTest::qWaitFor([&] { return isDone && !QApplication::activeModalWidget(); }));
-        ActivateAgain();
+        Activate(Window());
     }
     // One parameter of each template, whose inputs rise.
     void AddInstances()
@@ -193,7 +188,7 @@ protected:
         });
         open();
         EXPECT_TRUE(QTest::qWaitFor([&] { return isDone && !QApplication::activeModalWidget(); }));
-        ActivateAgain();
+        Activate(Window());
     }
     static void Replace(QLineEdit& field, const QString& text)
     {

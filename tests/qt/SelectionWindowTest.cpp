@@ -18,13 +18,6 @@ namespace
 
 using ETab = ESelectionTab;
 
-// A window over another one counts as active when that one is.
-void ActivateOver(QWidget& window)
-{
-    Activate(window);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
-}
-
 // The dialog of an analysis over a window of the application, open.
 class SelectionWindow : public testing::Test
 {
@@ -67,16 +60,16 @@ TEST_F(SelectionWindow, IsUsedByKeyboardAlone)
     QTest::keyClick(units->view(), Qt::Key_Down);
     QTest::keyClick(units->view(), Qt::Key_Return);
     EXPECT_EQ(Find("Sq", 1).data(), QStringLiteral("µm"));
-    ActivateOver(Window()); // as a window manager does when one above it closes
+    Activate(Window()); // as a window manager does when one above it closes
     WhenShown<CFormatSpecifierWindow>([](CFormatSpecifierWindow& window) {
-        ActivateOver(window);
+        Activate(window);
         Type("Alt+C 3 Alt+F Return"); // presses OK a little later
     });
     Type("Alt+F");
     EXPECT_TRUE(QTest::qWaitFor([&] { return Find("Sq", 2).data().toString() == "3 Digits"; }));
-    ActivateOver(Window());
+    Activate(Window());
     WhenShown<COptionsWindow>([](COptionsWindow& window) {
-        ActivateOver(window);
+        Activate(window);
         Type("Alt+T");
         auto* const list = qobject_cast<QComboBox*>(window.focusWidget());
         QTest::keyClicks(list, "Sch");
@@ -89,7 +82,7 @@ TEST_F(SelectionWindow, IsUsedByKeyboardAlone)
     EXPECT_TRUE(QTest::qWaitFor([&] { return Find("Sch(12").isValid(); }));
     EXPECT_EQ(Window().GetSearchField().text().toStdString(), "") << "what was made is shown";
     EXPECT_EQ(Tree().currentIndex(), Find("Sch(12"));
-    ActivateOver(Window());
+    Activate(Window());
     Type("Del");
     EXPECT_FALSE(Find("Sch(12").isValid());
     Type("Ctrl+Tab Ctrl+Tab");

@@ -13,12 +13,17 @@ namespace CommonUI
 
 using FAct = std::function<void()>;
 
-/// Shows a window and waits until the keyboard is its own.
+/// Shows a window and waits until the keyboard is its own: asked for again while it is not, since a window that
+/// was shown before it may get the keyboard later, and a window counts as active when one that it belongs to is.
 inline void Activate(QWidget& window)
 {
     window.show();
-    window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        if (QApplication::activeWindow() != &window)
+            window.activateWindow();
+        return QApplication::activeWindow() == &window;
+    }));
 }
 
 /// Types a script wherever the focus is: texts, and keys as Qt writes them, such as "7.5 Tab Ctrl+Up Esc".
