@@ -11,7 +11,7 @@
 /// From 1.0 on it rises when something has gone or changed.
 #define COMMONUI_VERSION_MAJOR 0
 /// Before 1.0 it rises when something has gone or changed, from then on when there are additions.
-#define COMMONUI_VERSION_MINOR 1
+#define COMMONUI_VERSION_MINOR 2
 /// Rises when nothing has gone or changed; additions are possible.
 #define COMMONUI_VERSION_PATCH 0
 
@@ -25,7 +25,7 @@
 namespace CommonUI
 {
 
-/// The version of the libraries that the program runs with, such as "0.1.0".
+/// The version of the libraries that the program runs with, such as "0.2.0".
 COMMONDLL_API CStr GetVersion();
 
 /// The same as a number, to compare with COMMONUI_VERSION, that of the headers it was compiled with.

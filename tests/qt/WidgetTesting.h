@@ -13,8 +13,8 @@ namespace CommonUI
 
 using FAct = std::function<void()>;
 
-/// Shows a window and waits until the keyboard is its own: asked for again while it is not, since a window that
-/// was shown before it may get the keyboard later, and a window counts as active when one that it belongs to is.
+/// Shows a window and waits until the keyboard is its own. It asks again while it is not: a window that was
+/// shown before may get the keyboard later. (A window also counts as active when one that it belongs to is.)
 inline void Activate(QWidget& window)
 {
     window.show();
