@@ -25,20 +25,20 @@ enum class ERoughnessReportOption { None = 0, Word = 1, HTML = 2 };
 
 /// The statistics that can be computed over a set of results. Their display order is not the numeric one.
 enum class EStatistics {
-    None = 0,
+    None = 0, ///< no statistic
     Minimum = 1,
     Maximum = 2,
     Sum = 3,
     Mean = 4,
-    Sd = 5,
+    Sd = 5,        ///< standard deviation
     SdPercent = 6, ///< its key ends in a blank, as earlier files have it
     Median = 7,
-    Fractile = 8,
-    Mode = 9,
-    MeanWeightArea = 10,
-    MeanWeightVolume = 11,
-    SDWeightArea = 12,
-    SDWeightVolume = 13,
+    Fractile = 8,          ///< the value below which a given share of the values lies
+    Mode = 9,              ///< the commonest value
+    MeanWeightArea = 10,   ///< mean, weighted with the areas of the grains
+    MeanWeightVolume = 11, ///< mean, weighted with their volumes
+    SDWeightArea = 12,     ///< standard deviation, weighted with their areas
+    SDWeightVolume = 13,   ///< standard deviation, weighted with their volumes
     Count = 14,
     EntryCount = 15,
     Total = 16

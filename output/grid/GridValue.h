@@ -10,18 +10,18 @@ namespace CommonUI
 
 /// The type of a grid item's value; the numbers are the type codes of variants.
 enum class EGridValueType : int {
-    Empty = 0,
-    I2 = 2,
-    I4 = 3,
-    R8 = 5,
-    String = 8,
-    Bool = 11, ///< a number of 16 bits: all bits set is true, 0 false; check states use 2 for indeterminate
-    I1 = 16,
-    UI1 = 17,
-    UI2 = 18,
-    UI4 = 19,
-    Int = 22,
-    UInt = 23
+    Empty = 0,  ///< no value
+    I2 = 2,     ///< integer of 16 bits
+    I4 = 3,     ///< integer of 32 bits
+    R8 = 5,     ///< double
+    String = 8, ///< text
+    Bool = 11,  ///< a number of 16 bits: all bits set is true, 0 false; check states use 2 for indeterminate
+    I1 = 16,    ///< integer of 8 bits
+    UI1 = 17,   ///< unsigned, 8 bits
+    UI2 = 18,   ///< unsigned, 16 bits
+    UI4 = 19,   ///< unsigned, 32 bits
+    Int = 22,   ///< integer of 32 bits, as I4
+    UInt = 23   ///< unsigned, 32 bits, as UI4
 };
 
 /// What a grid item holds: nothing, a number or a text, with the type that says how it is read and shown.
