@@ -3,7 +3,6 @@
 #include "common/detail/Wtf8.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <new>
@@ -17,7 +16,6 @@ namespace
 {
 
 constexpr std::u16string_view c_whiteSpace = u" \t\n\v\f\r";
-constexpr char16_t c_replacement = 0xFFFD;
 
 void CopyUnits(char16_t* to, const char16_t* from, std::size_t count)
 {
@@ -27,25 +25,14 @@ void CopyUnits(char16_t* to, const char16_t* from, std::size_t count)
 
 } // namespace
 
-// A reference-counted buffer; the code units follow the header.
-struct CStr::SBuffer {
-    std::atomic<std::size_t> references{1};
-    std::size_t capacity;
-
-    char16_t* Units() { return reinterpret_cast<char16_t*>(this + 1); }
-
-    static SBuffer* Create(std::size_t capacity)
-    {
-        constexpr std::size_t c_limit =
-            (static_cast<std::size_t>(-1) / 2 - sizeof(SBuffer)) / sizeof(char16_t);
-        if (capacity > c_limit)
-            throw std::length_error("CStr");
-        void* memory = ::operator new(sizeof(SBuffer) + capacity * sizeof(char16_t));
-        auto* buffer = new (memory) SBuffer;
-        buffer->capacity = capacity;
-        return buffer;
-    }
-};
+char16_t* CStr::CreateBuffer(std::size_t capacity)
+{
+    constexpr std::size_t c_limit = (static_cast<std::size_t>(-1) / 2 - sizeof(SBuffer)) / sizeof(char16_t);
+    if (capacity > c_limit)
+        throw std::length_error("CStr");
+    void* const memory = ::operator new(sizeof(SBuffer) + capacity * sizeof(char16_t));
+    return reinterpret_cast<char16_t*>(new (memory) SBuffer{1, capacity} + 1);
+}
 
 CStr::CStr(std::u16string_view text)
     : CStr()
@@ -95,28 +82,21 @@ void CStr::ReleaseBuffer() noexcept
     ::operator delete(buffer);
 }
 
-// The header in front of a shared text's units.
-CStr::SBuffer* CStr::Buffer() const noexcept
-{
-    return reinterpret_cast<SBuffer*>(m_long.units) - 1;
-}
-
 char16_t* CStr::SetLength(std::size_t length)
 {
     if (!IsShared() && length <= c_shortCapacity) {
         m_short.tag = static_cast<char16_t>(length);
         return m_short.units;
     }
-    const bool alone = IsShared() && Buffer()->references.load(std::memory_order_acquire) == 1;
-    if (!alone || Buffer()->capacity < length) {
+    if (!IsAlone() || Buffer()->capacity < length) {
         const std::size_t kept = std::min(GetLength(), length);
         const bool growing = GetLength() != 0;
-        SBuffer* fresh =
-            SBuffer::Create(growing ? std::max(length, GetLength() + GetLength() / 2 + 16) : length);
-        CopyUnits(fresh->Units(), data(), kept);
+        char16_t* const fresh =
+            CreateBuffer(growing ? std::max(length, GetLength() + GetLength() / 2 + 16) : length);
+        CopyUnits(fresh, data(), kept);
         Release();
         m_long.tag = c_sharedTag;
-        m_long.units = fresh->Units();
+        m_long.units = fresh;
     }
     m_long.length = length;
     return m_long.units;
@@ -150,11 +130,10 @@ CStr& CStr::operator+=(std::u16string_view text)
     return *this;
 }
 
-CStr& CStr::AppendToLong(char16_t unit)
+void CStr::AppendToLong(char16_t unit)
 {
     const std::size_t length = GetLength();
     SetLength(length + 1)[length] = unit;
-    return *this;
 }
 
 // Four units at a time as far as they are the same.
@@ -193,19 +172,11 @@ CStr CStr::FromAscii(std::string_view text)
 
 CStr CStr::FromUtf8(std::string_view bytes)
 {
-    if (IsUtf8(bytes))
-        return FromWtf8(bytes);
-    std::u16string text;
-    text.reserve(bytes.size());
-    for (std::size_t at = 0; at < bytes.size();) {
-        const SUtf8Sequence sequence = SequenceAt(bytes, at);
-        if (sequence.wellFormed)
-            AppendUtf16(text, bytes.substr(at, sequence.length));
-        else
-            text += c_replacement;
-        at += sequence.length;
-    }
-    return CStr(text);
+    CStr text;
+    char16_t* const units = text.SetLength(bytes.size());
+    text.SetLength(static_cast<std::size_t>(WriteUtf16(units, bytes) - units));
+    const bool isRoomy = text.IsShared() && text.Buffer()->capacity >= 2 * text.GetLength();
+    return isRoomy ? CStr(text.View()) : text;
 }
 
 std::string CStr::ToUtf8() const

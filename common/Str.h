@@ -3,6 +3,7 @@
 #include "../export/Export.h"
 #include "Format.h"
 
+#include <atomic>
 #include <compare>
 #include <concepts>
 #include <cstddef>
@@ -91,9 +92,12 @@ public:
     /// Appends a code unit, in place as above.
     CStr& operator+=(char16_t unit)
     {
-        if (m_short.tag >= c_shortCapacity)
-            return AppendToLong(unit);
-        m_short.units[m_short.tag++] = unit;
+        if (m_short.tag < c_shortCapacity)
+            m_short.units[m_short.tag++] = unit;
+        else if (IsAlone() && m_long.length < Buffer()->capacity)
+            m_long.units[m_long.length++] = unit;
+        else
+            AppendToLong(unit);
         return *this;
     }
     /// Appends 7-bit ASCII characters.
@@ -192,14 +196,23 @@ public:
     }
 
 private:
-    struct SBuffer;
+    // In front of the units of a shared text.
+    struct SBuffer {
+        std::atomic<std::size_t> references;
+        std::size_t capacity;
+    };
 
     COMMONUI_CONSTANT std::size_t c_shortCapacity = 15;
     COMMONUI_CONSTANT char16_t c_sharedTag = 0xFFFF;
 
     bool IsShared() const noexcept { return m_short.tag == c_sharedTag; }
-    SBuffer* Buffer() const noexcept;
-    CStr& AppendToLong(char16_t unit);
+    SBuffer* Buffer() const noexcept { return reinterpret_cast<SBuffer*>(m_long.units) - 1; }
+    bool IsAlone() const noexcept
+    {
+        return IsShared() && Buffer()->references.load(std::memory_order_acquire) == 1;
+    }
+    static char16_t* CreateBuffer(std::size_t capacity);
+    void AppendToLong(char16_t unit);
     static std::strong_ordering Compare(std::u16string_view a, std::u16string_view b) noexcept;
     void CopyBytes(const CStr& other) noexcept
     {

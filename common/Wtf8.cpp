@@ -1,8 +1,11 @@
 #include "common/detail/Wtf8.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 namespace CommonUI
 {
@@ -51,28 +54,70 @@ SLead LeadOf(unsigned char byte)
 }
 
 // Texts are mostly ASCII, of which this many units go at once, without a branch.
-constexpr std::size_t c_block = 16;
+constexpr std::size_t c_block = 8;
 
+// How many units a word in memory begins with that have none of the bits of `beyond`.
 template<class TUnit>
-bool IsAsciiBlock(const TUnit* units)
+std::size_t CountBefore(std::uint64_t word, std::uint64_t beyond)
 {
-    unsigned all = 0;
-    for (std::size_t i = 0; i < c_block; ++i)
-        all |= static_cast<unsigned>(units[i]); // a byte beyond ASCII may be negative, which is large here
-    return all < 0x80;
+    static_assert(std::endian::native == std::endian::little, "the first unit has the lowest bits");
+    return static_cast<std::size_t>(std::countr_zero(word & beyond)) / (8 * sizeof(TUnit));
 }
 
-// Writes the ASCII blocks that `from` begins with. @return how many units they are
+using ByteBlock [[gnu::vector_size(c_block)]] = unsigned char;
+using UnitBlock [[gnu::vector_size(2 * c_block)]] = unsigned short;
+
+std::size_t CountAscii(const ByteBlock& block)
+{
+    return CountBefore<char>(std::bit_cast<std::uint64_t>(block), 0x8080808080808080);
+}
+
+std::size_t CountAscii(const UnitBlock& block)
+{
+    const auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(block);
+    const std::size_t first = CountBefore<char16_t>(halves[0], 0xFF80FF80FF80FF80);
+    return first < 4 ? first : 4 + CountBefore<char16_t>(halves[1], 0xFF80FF80FF80FF80);
+}
+
+template<class TFrom>
+using BlockOf = std::conditional_t<sizeof(TFrom) == 1, ByteBlock, UnitBlock>;
+
+// Writes as many blocks as are in hand.
+template<class TTo, class TBlock, std::size_t blocks>
+void WriteBlocks(TTo* to, const std::array<TBlock, blocks>& from)
+{
+    for (std::size_t i = 0; i < blocks; ++i) {
+        const auto block = __builtin_convertvector(from[i], BlockOf<TTo>);
+        std::memcpy(to + i * c_block, &block, sizeof block);
+    }
+}
+
+// Writes the ASCII that `from` begins with, and anything behind it, where there is room for as many units.
+// @return how many units it is
 template<class TTo, class TFrom>
-std::size_t CopyAsciiBlocks(TTo* to, std::basic_string_view<TFrom> from)
+std::size_t CopyAscii(TTo* to, std::basic_string_view<TFrom> from)
 {
     std::size_t at = 0;
-    for (; from.size() - at >= c_block && IsAsciiBlock(from.data() + at); at += c_block) {
-        TTo block[c_block]; // which nothing else may be part of
-        for (std::size_t i = 0; i < c_block; ++i)
-            block[i] = static_cast<TTo>(from[at + i]);
-        std::memcpy(to + at, block, sizeof block);
+    const auto copyBlocks = [&]<std::size_t count>(std::array<BlockOf<TFrom>, count> blocks) {
+        std::memcpy(&blocks, from.data() + at, sizeof blocks);
+        WriteBlocks(to + at, blocks);
+        BlockOf<TFrom> all = blocks[0];
+        for (std::size_t i = 1; i < count; ++i)
+            all |= blocks[i];
+        return CountAscii(all);
+    };
+    while (from.size() - at >= c_block) {
+        const std::size_t count = copyBlocks(std::array<BlockOf<TFrom>, 1>());
+        at += count;
+        if (count < c_block)
+            return at;
+        constexpr std::size_t c_atOnce = 4; // where ASCII goes on, not from word to word of other texts
+        while (at >= 8 * c_block && from.size() - at >= c_atOnce * c_block &&
+               copyBlocks(std::array<BlockOf<TFrom>, c_atOnce>()) == c_block)
+            at += c_atOnce * c_block;
     }
+    for (; at < from.size() && static_cast<std::make_unsigned_t<TFrom>>(from[at]) < 0x80; ++at)
+        to[at] = static_cast<TTo>(from[at]);
     return at;
 }
 
@@ -126,25 +171,65 @@ char16_t* WriteUnits(char16_t* to, char32_t code)
 template<class FLoneSurrogate>
 void AppendBytes(std::string& bytes, std::u16string_view text, FLoneSurrogate loneSurrogate)
 {
-    constexpr std::size_t c_part = 32 * c_block;
-    char part[3 * (c_part + c_block)];
+    constexpr std::size_t c_part = 512;
+    char part[3 * c_part];
     for (std::size_t at = 0; at < text.size();) {
         char* to = part;
-        for (const std::size_t partEnd = std::min(at + c_part, text.size()); at < partEnd;) {
-            const std::size_t ascii = CopyAsciiBlocks(to, text.substr(at, partEnd - at));
+        const std::size_t end = std::min(at + c_part, text.size());
+        while (at < end) {
+            const std::size_t ascii = CopyAscii(to, text.substr(at, end - at));
             at += ascii;
             to += ascii;
-            for (const std::size_t end = std::min(at + c_block, partEnd); at < end; ++at) {
+            for (; at < end && text[at] >= 0x80; ++at) {
                 char32_t code = text[at];
-                if (IsPairAt(text, at))
-                    code = 0x10000 + ((code & 0x3FF) << 10) + (text[++at] & 0x3FF);
-                else if (IsSurrogate(text[at]))
-                    code = loneSurrogate(text[at]);
+                if (IsSurrogate(text[at])) {
+                    if (!IsPairAt(text, at))
+                        code = loneSurrogate(text[at]);
+                    else
+                        code = 0x10000 + ((code & 0x3FF) << 10) + (text[++at] & 0x3FF);
+                }
                 to = WriteCode(to, code);
             }
         }
-        bytes.append(part, static_cast<std::size_t>(to - part));
+        const auto count = static_cast<std::size_t>(to - part);
+        if (bytes.capacity() - bytes.size() < count) // at most once, as no unit has more than three bytes
+            bytes.reserve(bytes.size() + count + 3 * (text.size() - std::min(at, text.size())));
+        bytes.append(part, count);
     }
+}
+
+bool IsTail(std::string_view bytes, std::size_t at)
+{
+    return (ByteAt(bytes, at) & 0xC0) == 0x80;
+}
+
+// Writes the units of bytes, of which there are not more.
+// @param writeOther takes where to write and the position of any sequence, from which it goes on behind it
+// @return behind the last unit
+template<class FWriteOther>
+char16_t* WriteAll(char16_t* to, std::string_view bytes, FWriteOther writeOther)
+{
+    for (std::size_t at = 0; at < bytes.size();) {
+        const std::size_t ascii = CopyAscii(to, bytes.substr(at));
+        at += ascii;
+        to += ascii;
+        while (at < bytes.size() && ByteAt(bytes, at) >= 0x80) {
+            const unsigned char lead = ByteAt(bytes, at);
+            const std::size_t rest = bytes.size() - at;
+            // These leads take any tails.
+            if (lead > 0xE0 && lead < 0xED && rest > 2 && IsTail(bytes, at + 1) && IsTail(bytes, at + 2)) {
+                *to++ = static_cast<char16_t>((lead & 0xF) << 12 | (ByteAt(bytes, at + 1) & 0x3F) << 6 |
+                                              (ByteAt(bytes, at + 2) & 0x3F));
+                at += 3;
+            } else if (lead > 0xC1 && lead < 0xE0 && rest > 1 && IsTail(bytes, at + 1)) {
+                *to++ = static_cast<char16_t>((lead & 0x1F) << 6 | (ByteAt(bytes, at + 1) & 0x3F));
+                at += 2;
+            } else {
+                to = writeOther(to, at);
+            }
+        }
+    }
+    return to;
 }
 
 } // namespace
@@ -204,19 +289,26 @@ std::string ToUtf8(std::u16string_view text)
     return bytes;
 }
 
+char16_t* WriteUtf16(char16_t* to, std::string_view bytes) noexcept
+{
+    return WriteAll(to, bytes, [bytes](char16_t* next, std::size_t& at) {
+        const SUtf8Sequence sequence = SequenceAt(bytes, at);
+        if (sequence.wellFormed)
+            return WriteUnits(next, ReadCode(bytes, at));
+        at += sequence.length;
+        *next++ = c_replacement;
+        return next;
+    });
+}
+
 void AppendUtf16(std::u16string& text, std::string_view wtf8)
 {
     const std::size_t before = text.size();
     text.resize(before + wtf8.size()); // no byte becomes more than a unit
-    char16_t* to = text.data() + before;
-    for (std::size_t at = 0; at < wtf8.size();) {
-        const std::size_t ascii = CopyAsciiBlocks(to, wtf8.substr(at));
-        at += ascii;
-        to += ascii;
-        for (const std::size_t end = std::min(at + c_block, wtf8.size()); at < end;)
-            to = WriteUnits(to, ReadCode(wtf8, at));
-    }
-    text.resize(static_cast<std::size_t>(to - text.data()));
+    const char16_t* end = WriteAll(text.data() + before, wtf8, [wtf8](char16_t* to, std::size_t& at) {
+        return WriteUnits(to, ReadCode(wtf8, at));
+    });
+    text.resize(static_cast<std::size_t>(end - text.data()));
 }
 
 CStr FromWtf8(std::string_view wtf8)

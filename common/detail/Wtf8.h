@@ -59,6 +59,11 @@ std::string ToWtf8(std::u16string_view text);
 /// The place of the first surrogate without a partner at or after `from`, or npos.
 std::size_t FindSurrogate(std::string_view wtf8, std::size_t from = 0) noexcept;
 
+/// Writes the text of any bytes, in place of the maximal parts of ill-formed sequences U+FFFD.
+/// @param to room for as many units as there are bytes
+/// @return behind the last unit
+char16_t* WriteUtf16(char16_t* to, std::string_view bytes) noexcept;
+
 /// Appends the text of bytes that AppendWtf8 made or that IsUtf8 accepts; of others, some text.
 void AppendUtf16(std::u16string& text, std::string_view wtf8);
 

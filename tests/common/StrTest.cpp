@@ -46,6 +46,42 @@ TEST(Str, MalformedUtf8)
     }
 }
 
+// Blocks of ASCII are converted at once: what is none stands at each place of them, alone and in a row.
+TEST(Str, Utf8AtEveryPlaceOfABlock)
+{
+    const std::pair<std::string, std::u16string> pieces[] = {{"\xC3\xA9", u"é"},
+                                                             {"\xE2\x82\xAC", u"€"},
+                                                             {"\xEA\xB0\x80\xED\x9F\xBF", u"\uAC00\uD7FF"},
+                                                             {"\xF0\x9F\x98\x80", u"😀"},
+                                                             {"\xC2\x80\xDF\xBF", u"\u0080\u07FF"},
+                                                             {"\xE0\xA0\x80\xEF\xBF\xBF", u"\u0800\uFFFF"},
+                                                             {"\xFF", u"\uFFFD"},
+                                                             {"\xE2\x82", u"\uFFFD"},
+                                                             {"\xC3", u"\uFFFD"}};
+    for (const auto& [bytes, units] : pieces) {
+        const bool isWellFormed = units != u"\uFFFD";
+        for (const std::size_t length : {0U, 1U, 7U, 8U, 9U, 40U, 130U, 1030U}) {
+            for (std::size_t at = 0; at <= length; at += at < 140 ? 1 : 97) {
+                for (const std::size_t times : {1U, 3U, 600U}) {
+                    std::string from(at, 'a');
+                    std::u16string text(at, u'a');
+                    for (std::size_t i = 0; i < times; ++i) {
+                        from += bytes;
+                        text += units;
+                    }
+                    from.append(length - at, 'b');
+                    text.append(length - at, u'b');
+                    ASSERT_EQ(CStr::FromUtf8(from), text)
+                        << testing::PrintToString(bytes) << at << ' ' << times;
+                    if (isWellFormed) {
+                        ASSERT_EQ(CStr(text).ToUtf8(), from) << at << ' ' << times;
+                    }
+                }
+            }
+        }
+    }
+}
+
 TEST(Str, LoneSurrogatesLeaveAsReplacements)
 {
     const std::pair<std::u16string, std::string_view> rows[] = {
