@@ -46,6 +46,7 @@ CWinDialogWindow::CWinDialogWindow(HWND parent)
                      WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN,
                      WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT)
     , m_hasParent(parent != nullptr)
+    , m_title(GetHandle())
 {
     SetMessageFont();
 }

@@ -2,6 +2,7 @@
 
 #include "dialogs/BaseDialog.h"
 #include "windows/detail/ControlWindow.h"
+#include "windows/dialogs/WinDarkTitle.h"
 
 #include <memory>
 #include <string>
@@ -79,6 +80,7 @@ private:
     HWND m_below = nullptr; // the application's window when all were disabled
     HWND m_focus = nullptr; // the control that had the keyboard when the window was left
     HFONT m_font = nullptr;
+    CWinDarkTitle m_title;
     bool m_busy = false;
     std::vector<SLabel> m_labels;
     std::vector<std::unique_ptr<CDisabledWindow>> m_disabled;
