@@ -22,7 +22,7 @@ constexpr int c_format = 105;
 constexpr int c_progress = 106;
 constexpr int c_copy = 107;
 
-/// What is in the dialog: edits, of which one follows from the others, a table, and the dialogs of the library.
+/// What is in the dialog: edits, of which one follows from another, a table, and the library's dialogs.
 class CGallery
 {
 public:

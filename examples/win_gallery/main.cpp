@@ -1,5 +1,5 @@
-// The controls for windows of the system, alive. win_gallery [--shots FOLDER]: a window, or pictures of it and of the
-// dialogs.
+// The controls for windows of the system, alive. win_gallery [--shots FOLDER]: a window, or pictures of it
+// and of the dialogs.
 
 #include "examples/win_gallery/Gallery.h"
 #include "windows/services/WinServices.h"

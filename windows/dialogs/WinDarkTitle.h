@@ -10,8 +10,8 @@ namespace CommonUI
 {
 
 /// Has the title of a window dark while the user wants programs to be dark, as long as the object lives, and
-/// where the system has such titles: since Windows 10, 1809. What is in the window stays as it is. The windows
-/// of the library's dialogs have it. User-interface thread only.
+/// where the system has such titles: since Windows 10, 1809. What is in the window stays as it is. The
+/// windows of the library's dialogs have it. User-interface thread only.
 class COMMONUIWIN_API CWinDarkTitle
 {
 public:
