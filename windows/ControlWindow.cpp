@@ -8,30 +8,12 @@
 namespace CommonUI
 {
 
-namespace
-{
-
-// Systems before Windows 10 have one resolution for all monitors.
-UINT GetDpi(HWND window)
-{
-    using FGet = UINT(WINAPI*)(HWND);
-    static const auto get = reinterpret_cast<FGet>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
-    if (const UINT dpi = get ? get(window) : 0; dpi != 0)
-        return dpi;
-    HDC__* const screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-    ReleaseDC(nullptr, screen);
-    return static_cast<UINT>(dpi);
-}
-
-} // namespace
-
 CControlWindow::CControlWindow(HWND parent, int identifier, const SRect& place, DWORD style,
                                DWORD extendedStyle)
-    : m_window(CreateWindowExW(
-          extendedStyle, GetClass(), L"", style, place.left, place.top, place.GetWidth(), place.GetHeight(),
-          parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(identifier)), GetModule(), nullptr))
+    : m_window(CreateWindowExW(extendedStyle, MAKEINTRESOURCEW(GetClass()), L"", style, place.left, place.top,
+                               place.GetWidth(), place.GetHeight(), parent,
+                               reinterpret_cast<HMENU>(static_cast<INT_PTR>(identifier)), GetModule(),
+                               nullptr))
 {
     if (!m_window)
         throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), "a window");
@@ -63,9 +45,18 @@ LRESULT CALLBACK CControlWindow::Handle(HWND window, UINT message, WPARAM wide, 
     return DefWindowProcW(window, message, wide, longer);
 }
 
-const wchar_t* CControlWindow::GetClass()
+bool CControlWindow::TakeDialogKey(MSG& message)
 {
-    static constexpr const wchar_t* c_name = L"CommonUIControl";
+    HWND__* const root = GetAncestor(message.hwnd, GA_ROOT);
+    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST ||
+        GetClassLongPtrW(root, GCW_ATOM) != GetClass())
+        return false;
+    const auto* const self = reinterpret_cast<CControlWindow*>(GetWindowLongPtrW(root, GWLP_USERDATA));
+    return self && self->IsDialog() && IsDialogMessageW(root, &message);
+}
+
+ATOM CControlWindow::GetClass()
+{
     // Goes with the library, which may be loaded again to another place.
     static const struct SRegistration {
         SRegistration()
@@ -75,12 +66,14 @@ const wchar_t* CControlWindow::GetClass()
             description.lpfnWndProc = Handle;
             description.hInstance = GetModule();
             description.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512)); // the arrow
-            description.lpszClassName = c_name;
-            RegisterClassW(&description);
+            description.lpszClassName = L"CommonUIControl";
+            number = RegisterClassW(&description);
         }
-        ~SRegistration() { UnregisterClassW(c_name, GetModule()); }
+        ~SRegistration() { UnregisterClassW(MAKEINTRESOURCEW(number), GetModule()); }
+
+        ATOM number;
     } registration;
-    return c_name;
+    return registration.number;
 }
 
 CSubclass::CSubclass(HWND window)
@@ -156,11 +149,6 @@ SRect GetScreenRect(HWND window)
     RECT rect{};
     GetWindowRect(window, &rect);
     return {rect.left, rect.top, rect.right, rect.bottom};
-}
-
-int ScaleFor(HWND window, int pixels)
-{
-    return MulDiv(pixels, static_cast<int>(GetDpi(window)), USER_DEFAULT_SCREEN_DPI);
 }
 
 void AwaitPointerLeft(HWND window)

@@ -43,7 +43,83 @@ private:
     std::thread m_thread;
 };
 
+// Handles of the events for the other program, which inherits them: it has the clipboard, and may let it go.
+constexpr const wchar_t* c_heldBy = L"COMMONUI_CLIPBOARD_HELD";
+constexpr const wchar_t* c_releasedBy = L"COMMONUI_CLIPBOARD_RELEASED";
+
+HANDLE MakeEvent(const wchar_t* name)
+{
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    const HANDLE event = CreateEventW(&inherited, TRUE, FALSE, nullptr);
+    SetEnvironmentVariableW(name, std::to_wstring(reinterpret_cast<UINT_PTR>(event)).c_str());
+    return event;
+}
+
+HANDLE GetEvent(const wchar_t* name)
+{
+    wchar_t number[32] = {};
+    GetEnvironmentVariableW(name, number, 32);
+    return reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(std::stoull(number)));
+}
+
+// This program once more, which runs the one test that holds the clipboard.
+class CHoldingProgram
+{
+public:
+    CHoldingProgram()
+    {
+        wchar_t file[MAX_PATH] = {};
+        GetModuleFileNameW(nullptr, file, MAX_PATH);
+        std::wstring line = L"holder --gtest_also_run_disabled_tests --gtest_brief=1 "
+                            L"--gtest_filter=WinClipboard.DISABLED_IsHeldForAnotherProgram";
+        STARTUPINFOW start{};
+        start.cb = sizeof start;
+        const BOOL isStarted = CreateProcessW(file, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                                              &start, &m_process);
+        EXPECT_TRUE(isStarted);
+        const HANDLE either[] = {m_held, m_process.hProcess};
+        EXPECT_EQ(WaitForMultipleObjects(2, either, FALSE, INFINITE), WAIT_OBJECT_0) << "it ended too early";
+    }
+    ~CHoldingProgram()
+    {
+        SetEvent(m_released);
+        WaitForSingleObject(m_process.hProcess, INFINITE);
+        for (const HANDLE handle : {m_process.hProcess, m_process.hThread, m_held, m_released})
+            CloseHandle(handle);
+    }
+    CHoldingProgram(const CHoldingProgram&) = delete;
+    CHoldingProgram& operator=(const CHoldingProgram&) = delete;
+
+private:
+    HANDLE m_held = MakeEvent(c_heldBy);
+    HANDLE m_released = MakeEvent(c_releasedBy);
+    PROCESS_INFORMATION m_process{};
+};
+
 } // namespace
+
+// What CHoldingProgram runs.
+TEST(WinClipboard, DISABLED_IsHeldForAnotherProgram)
+{
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    SetEvent(GetEvent(c_heldBy));
+    WaitForSingleObject(GetEvent(c_releasedBy), INFINITE);
+    CloseClipboard();
+}
+
+TEST(WinClipboard, GivesUpWithoutLossWhileAnotherProgramHoldsIt)
+{
+    CWinClipboard clipboard;
+    ASSERT_TRUE(clipboard.Put(u"<p>first</p>", u"first"));
+    {
+        const CHoldingProgram other;
+        EXPECT_FALSE(clipboard.Put(u"<p>second</p>", u"second"));
+    }
+    EXPECT_EQ(ReadClipboardText(), u"first");
+    EXPECT_EQ(ReadClipboardHtml(), u"<p>first</p>");
+    EXPECT_TRUE(clipboard.Put(u"<p>third</p>", u"third"));
+    EXPECT_EQ(ReadClipboardText(), u"third");
+}
 
 TEST(WinClipboard, WaitsForWhoHoldsItAndGivesUpWithoutLoss)
 {

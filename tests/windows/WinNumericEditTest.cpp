@@ -218,10 +218,16 @@ TEST_F(WinNumericEdit, AnExceptionReachesTheLoop)
     EXPECT_THROW(GetMessageLoop().RunUntil([&] { return ended; }), std::runtime_error);
     GetMessageLoop().Pump();
     CDiagnosticsCapture lines;
+    CreateWindowExW(0, L"BUTTON", L"OK", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON, 20, 100, 80,
+                    24, dialog.Get(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(IDOK)), nullptr, nullptr);
+    SendMessageW(dialog.Get(), DM_SETDEFID, IDOK, 0);
+    SetFocus(field);
     SendMessageW(field, EM_SETSEL, 0, -1);
     dialog.Type(L"4");
     dialog.Press(VK_RETURN);
     EXPECT_EQ(lines.Take(), std::vector<CStr>{u"Windows: an exception left a callback: from a callback"});
+    EXPECT_EQ(GetFocus(), field) << "Enter must not go to the button that closes the dialog";
+    EXPECT_TRUE(CTestDialog::TakeCommands().empty());
 }
 
 TEST_F(WinNumericEdit, EitherMayGoFirst)

@@ -135,6 +135,45 @@ TEST_F(WinResultGrid, ABarIsThereWhereItIsNeeded)
     EXPECT_TRUE(GetWindowLongW(window, GWL_STYLE) & WS_HSCROLL);
 }
 
+TEST_F(WinResultGrid, BarsThatTakeRoomFromEachOther)
+{
+    table.Clear();
+    table.AddColumn({u"Ra", u"Height"});
+    AddRows(5);
+    grid->Update();
+    const CGridPane::SExtent cells = grid->GetPane().GetExtent();
+    const int edges = 2 * GetSystemMetrics(SM_CXEDGE);
+    constexpr LONG c_both = WS_HSCROLL | WS_VSCROLL;
+    const struct {
+        const char* description;
+        int moreWidth, moreHeight;
+        LONG bars;
+    } c_cases[] = {
+        {"all fits, and nothing is left over", 0, 0, 0},
+        {"the vertical bar hides a part of the columns", 0, -1, c_both},
+        {"neither is left when all fits again", 0, 0, 0},
+        {"the horizontal bar hides a part of the rows", -1, 0, c_both},
+        {"there is room beside the rows", 100, -1, WS_VSCROLL},
+        {"there is room below the rows", -1, 100, WS_HSCROLL},
+    };
+    for (const auto& row : c_cases) {
+        MoveWindow(window, 0, 0, cells.width + edges + row.moreWidth,
+                   static_cast<int>(cells.height) + edges + row.moreHeight, TRUE);
+        EXPECT_EQ(GetWindowLongW(window, GWL_STYLE) & c_both, row.bars) << row.description;
+    }
+}
+
+TEST_F(WinResultGrid, AFineWheelGoesAsFarAsACoarseOne)
+{
+    const CResultGridPane& pane = grid->GetPane();
+    for (const int part : {5, 8, 24}) { // of which there are many in a notch
+        for (int turned = 0; turned < 2 * WHEEL_DELTA; turned += part)
+            SendMessageW(window, WM_MOUSEWHEEL, static_cast<WPARAM>(-part * 0x10000), 0);
+        EXPECT_EQ(pane.GetScrollTop(), 6LL * pane.GetRowHeight()) << part;
+        SendMessageW(window, WM_VSCROLL, SB_TOP, 0);
+    }
+}
+
 TEST_F(WinResultGrid, AMillionRowsEndWhereTheBarEnds)
 {
     for (int row = 0; row < 999'950; ++row)
@@ -142,6 +181,38 @@ TEST_F(WinResultGrid, AMillionRowsEndWhereTheBarEnds)
     grid->Update();
     SendMessageW(window, WM_VSCROLL, SB_BOTTOM, 0);
     EXPECT_EQ(grid->GetPane().GetVisibleRange().lastRow, 999'999U);
+}
+
+TEST_F(WinResultGrid, ABarThatCountsSeveralPixelsLeadsToBothEnds)
+{
+    for (int row = 0; row < 999'950; ++row)
+        table.AddRow({.name = u"", .cells = {}});
+    grid->Update();
+    CResultGridPane& pane = grid->GetPane();
+    MoveWindow(window, 10, 60, 250, 141, FALSE); // an even number of pixels for an odd one of units
+    for (const int size : {1500, 3002}) {        // with some billions of pixels in all
+        HFONT__* const font = CreateFontW(-size, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Tahoma");
+        SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+        RECT client{};
+        GetClientRect(window, &client);
+        const long long end = pane.GetExtent().height - client.bottom;
+        int first = 0, last = 0;
+        GetScrollRange(window, SB_VERT, &first, &last);
+        const struct {
+            int position;
+            long long top;
+            long long reach;
+        } c_thumbs[] = {{last, end, 0}, {last / 2, pane.GetExtent().height / 2, 10}, {0, 0, 0}};
+        for (const auto& [position, top, reach] : c_thumbs) {
+            SetScrollPos(window, SB_VERT, position, FALSE); // as far as the thumb goes
+            SendMessageW(window, WM_VSCROLL, SB_THUMBPOSITION, 0);
+            EXPECT_NEAR(static_cast<double>(pane.GetScrollTop()), static_cast<double>(top),
+                        static_cast<double>(reach))
+                << size << ' ' << position;
+        }
+        SendMessageW(window, WM_SETFONT, 0, FALSE);
+        DeleteObject(font);
+    }
 }
 
 TEST_F(WinResultGrid, IsDrawn)

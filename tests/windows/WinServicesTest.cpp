@@ -3,7 +3,9 @@
 #include "platform/ThreadService.h"
 #include "platform/WorkerThread.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/windows/ReplacedCall.h"
 #include "windows/detail/Api.h"
+#include "windows/dialogs/WinDarkTitle.h"
 #include "windows/services/WinHelpService.h"
 
 #include <gtest/gtest.h>
@@ -123,6 +125,33 @@ TEST(WinServices, ColorsAreThoseOfTheUserAndChangesAreTold)
     EXPECT_EQ(told, 1);
     change();
     EXPECT_EQ(told, 1) << "nothing has changed";
+}
+
+TEST(WinServices, TitlesAreDarkWhereTheUserWantsThat)
+{
+    using FFind = FARPROC(WINAPI*)(HMODULE, const char*);
+    static std::vector<std::pair<DWORD, BOOL>> s_set; // attributes and values
+    // As the first systems with dark titles do.
+    static constexpr auto c_set = [](HWND, DWORD attribute, const void* value, DWORD) WINAPI -> HRESULT {
+        s_set.emplace_back(attribute, *static_cast<const BOOL*>(value));
+        return attribute == 19 ? S_OK : E_INVALIDARG;
+    };
+    const CReplacedCall<FFind> find("GetProcAddress", [](HMODULE, const char*) WINAPI -> FARPROC {
+        return reinterpret_cast<FARPROC>(
+            reinterpret_cast<void*>(static_cast<HRESULT(WINAPI*)(HWND, DWORD, const void*, DWORD)>(c_set)));
+    });
+    const COwnRegistry registry;
+    const HWND window = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr,
+                                        nullptr, nullptr, nullptr);
+    {
+        const CWinDarkTitle title(window);
+        COwnRegistry::Set(L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
+                          L"AppsUseLightTheme", 0);
+        SendMessageW(window, WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"ImmersiveColorSet"));
+    }
+    const std::vector<std::pair<DWORD, BOOL>> expected{{20, FALSE}, {19, FALSE}, {20, TRUE}, {19, TRUE}};
+    EXPECT_EQ(s_set, expected);
+    DestroyWindow(window);
 }
 
 TEST(WinServices, HelpOpensThePageAtItsChapter)

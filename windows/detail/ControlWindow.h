@@ -23,13 +23,19 @@ public:
     /// Null when the system has destroyed it.
     HWND GetHandle() const noexcept { return m_window; }
 
+    /// Has the dialog of the library that a key is for, if it is for one, do what keys do in dialogs.
+    /// @return whether it has been handled and goes nowhere else
+    static bool TakeDialogKey(MSG& message);
+
 protected:
     /// Must not throw: see GuardedCall. A callback may destroy the object.
     virtual LRESULT OnMessage(UINT message, WPARAM wide, LPARAM longer);
+    /// Whether Tab, Enter, Escape and the marked letters of labels do in it what they do in dialogs.
+    virtual bool IsDialog() const { return false; }
 
 private:
     static LRESULT CALLBACK Handle(HWND window, UINT message, WPARAM wide, LPARAM longer);
-    static const wchar_t* GetClass();
+    static ATOM GetClass();
 
     HWND m_window;
 };
@@ -86,8 +92,6 @@ private:
 HINSTANCE GetModule() noexcept;
 /// Where a window is, in pixels of the screen.
 SRect GetScreenRect(HWND window);
-/// Pixels of the monitor that the window is on, for those of a monitor with 96 in an inch.
-int ScaleFor(HWND window, int pixels);
 /// Has a message come when the pointer leaves the window.
 void AwaitPointerLeft(HWND window);
 SPoint PointOf(LPARAM longer) noexcept;

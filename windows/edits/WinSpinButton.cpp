@@ -2,6 +2,7 @@
 
 #include "windows/detail/CallGuard.h"
 #include "windows/detail/ControlWindow.h"
+#include "windows/detail/MonitorScale.h"
 
 #include <commctrl.h>
 

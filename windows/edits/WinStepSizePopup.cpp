@@ -2,6 +2,7 @@
 
 #include "windows/detail/CallGuard.h"
 #include "windows/detail/ControlWindow.h"
+#include "windows/detail/Theme.h"
 #include "windows/detail/WinText.h"
 
 #include <commctrl.h>
@@ -18,14 +19,6 @@ namespace
 RECT ToRECT(const SRect& rect)
 {
     return {rect.left, rect.top, rect.right, rect.bottom};
-}
-
-bool IsHighContrast()
-{
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON);
 }
 
 COLORREF GetGround()

@@ -5,7 +5,6 @@
 #include "windows/grid/detail/WinGridPainter.h"
 
 #include <algorithm>
-#include <limits>
 #include <optional>
 #include <utility>
 
@@ -216,22 +215,19 @@ void CWinGridView::Scroll(int bar, WPARAM wide)
         return;
     }
     const long long line = std::max(grid.GetRowHeight() / m_rowsScale, 1LL);
-    const long long top = FindPosition(info, LOWORD(wide), line);
-    const bool atEnd = top + static_cast<long long>(info.nPage) > info.nMax;
-    grid.ScrollTo(grid.GetScrollLeft(),
-                  atEnd ? std::numeric_limits<long long>::max() / 2 : std::max(top, 0LL) * m_rowsScale);
+    grid.ScrollTo(grid.GetScrollLeft(), FindPosition(info, LOWORD(wide), line) * m_rowsScale);
 }
 
 void CWinGridView::TakeWheel(int delta, bool sideways)
 {
     CGridPane& grid = *GetControl();
-    const int turned = (m_wheelRest + delta) * GetWheelLines(sideways) * grid.GetRowHeight();
+    const int turned = m_wheelRest + delta * GetWheelLines(sideways) * grid.GetRowHeight();
     const int pixels = turned / WHEEL_DELTA;
-    m_wheelRest = pixels == 0 ? m_wheelRest + delta : 0; // a fine wheel gathers its turns
+    m_wheelRest = turned % WHEEL_DELTA; // a fine wheel gathers its turns
     if (sideways)
-        grid.ScrollTo(std::max(grid.GetScrollLeft() + pixels, 0), grid.GetScrollTop());
+        grid.ScrollTo(grid.GetScrollLeft() + pixels, grid.GetScrollTop());
     else
-        grid.ScrollTo(grid.GetScrollLeft(), std::max(grid.GetScrollTop() - pixels, 0LL));
+        grid.ScrollTo(grid.GetScrollLeft(), grid.GetScrollTop() - pixels);
 }
 
 bool CWinGridView::TakeKey(WPARAM code)

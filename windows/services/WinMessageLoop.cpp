@@ -232,7 +232,7 @@ void CWinMessageLoop::SetFilter(FFilter filter)
 
 void CWinMessageLoop::Dispatch(tagMSG& message)
 {
-    if (m_filter && m_filter(message))
+    if ((m_filter && m_filter(message)) || CControlWindow::TakeDialogKey(message))
         return;
     TranslateMessage(&message);
     DispatchMessageW(&message);

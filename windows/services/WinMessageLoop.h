@@ -40,7 +40,8 @@ public:
     /// their intervals would keep it for ever.
     std::size_t Pump() override;
 
-    /// Sets the filter of RunUntil and Pump, in place of the one before.
+    /// Sets the filter of RunUntil and Pump, in place of the one before. Keys for dialogs of the library need
+    /// none there; another loop calls IsDialogMessage with the windows of those that are open.
     void SetFilter(FFilter filter);
 
 private:

@@ -2,9 +2,9 @@
 
 #include "windows/detail/CallGuard.h"
 #include "windows/detail/MessageWindow.h"
+#include "windows/detail/Theme.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace CommonUI
@@ -18,28 +18,10 @@ SColor ToColor(DWORD color)
     return {GetRValue(color), GetGValue(color), GetBValue(color)};
 }
 
-std::optional<DWORD> ReadNumber(const wchar_t* key, const wchar_t* name)
-{
-    DWORD number = 0;
-    DWORD size = sizeof number;
-    if (RegGetValueW(HKEY_CURRENT_USER, key, name, RRF_RT_REG_DWORD, nullptr, &number, &size) !=
-        ERROR_SUCCESS)
-        return std::nullopt;
-    return number;
-}
-
-bool IsHighContrast()
-{
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON);
-}
-
 SSystemColors ReadColors()
 {
     SSystemColors colors;
-    if (const auto accent = ReadNumber(L"Software\\Microsoft\\Windows\\DWM", L"AccentColor"))
+    if (const auto accent = ReadUserNumber(L"Software\\Microsoft\\Windows\\DWM", L"AccentColor"))
         colors.accent = ToColor(*accent);
     if (IsHighContrast()) {
         colors.scheme = EColorScheme::HighContrast;
@@ -47,8 +29,7 @@ SSystemColors ReadColors()
                                ToColor(GetSysColor(COLOR_HIGHLIGHT)),
                                ToColor(GetSysColor(COLOR_HIGHLIGHTTEXT)),
                                ToColor(GetSysColor(COLOR_HOTLIGHT))};
-    } else if (ReadNumber(L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
-                          L"AppsUseLightTheme") == 0U) {
+    } else if (WantsDarkPrograms()) {
         colors.scheme = EColorScheme::Dark;
     }
     return colors;

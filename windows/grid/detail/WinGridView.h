@@ -54,9 +54,9 @@ private:
     HFONT m_font = nullptr; // the application's
     int m_lineHeight = 0;
     long long m_rowsScale = 1; // the pixels of a unit of the vertical scroll bar
-    int m_wheelRest = 0;
-    bool m_pressed = false; // the left button, which was pressed here
-    SPoint m_pointer;       // where it was last while the button was held
+    int m_wheelRest = 0;       // turned, and too little for a pixel
+    bool m_pressed = false;    // the left button, which was pressed here
+    SPoint m_pointer;          // where it was last while the button was held
     std::shared_ptr<void> m_life = std::make_shared<char>();
 };
 
