@@ -64,15 +64,15 @@ std::size_t CountBefore(std::uint64_t word, std::uint64_t beyond)
     return static_cast<std::size_t>(std::countr_zero(word & beyond)) / (8 * sizeof(TUnit));
 }
 
-using ByteBlock [[gnu::vector_size(c_block)]] = unsigned char;
-using UnitBlock [[gnu::vector_size(2 * c_block)]] = unsigned short;
+using CByteBlock [[gnu::vector_size(c_block)]] = unsigned char;
+using CUnitBlock [[gnu::vector_size(2 * c_block)]] = unsigned short;
 
-std::size_t CountAscii(const ByteBlock& block)
+std::size_t CountAscii(const CByteBlock& block)
 {
     return CountBefore<char>(std::bit_cast<std::uint64_t>(block), 0x8080808080808080);
 }
 
-std::size_t CountAscii(const UnitBlock& block)
+std::size_t CountAscii(const CUnitBlock& block)
 {
     const auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(block);
     const std::size_t first = CountBefore<char16_t>(halves[0], 0xFF80FF80FF80FF80);
@@ -80,16 +80,21 @@ std::size_t CountAscii(const UnitBlock& block)
 }
 
 template<class TFrom>
-using BlockOf = std::conditional_t<sizeof(TFrom) == 1, ByteBlock, UnitBlock>;
+using CBlockOf = std::conditional_t<sizeof(TFrom) == 1, CByteBlock, CUnitBlock>;
 
-// Writes as many blocks as are in hand.
-template<class TTo, class TBlock, std::size_t blocks>
-void WriteBlocks(TTo* to, const std::array<TBlock, blocks>& from)
+// Writes blocks of units. @return the number of units that every one of them begins with in ASCII
+template<std::size_t Count, class TTo, class TFrom>
+std::size_t CopyBlocks(TTo* to, const TFrom* from)
 {
-    for (std::size_t i = 0; i < blocks; ++i) {
-        const auto block = __builtin_convertvector(from[i], BlockOf<TTo>);
+    std::array<CBlockOf<TFrom>, Count> blocks;
+    std::memcpy(&blocks, from, sizeof blocks);
+    CBlockOf<TFrom> all{};
+    for (std::size_t i = 0; i < Count; ++i) {
+        all |= blocks[i];
+        const auto block = __builtin_convertvector(blocks[i], CBlockOf<TTo>);
         std::memcpy(to + i * c_block, &block, sizeof block);
     }
+    return CountAscii(all);
 }
 
 // Writes the ASCII that `from` begins with, and anything behind it, where there is room for as many units.
@@ -98,22 +103,14 @@ template<class TTo, class TFrom>
 std::size_t CopyAscii(TTo* to, std::basic_string_view<TFrom> from)
 {
     std::size_t at = 0;
-    const auto copyBlocks = [&]<std::size_t count>(std::array<BlockOf<TFrom>, count> blocks) {
-        std::memcpy(&blocks, from.data() + at, sizeof blocks);
-        WriteBlocks(to + at, blocks);
-        BlockOf<TFrom> all = blocks[0];
-        for (std::size_t i = 1; i < count; ++i)
-            all |= blocks[i];
-        return CountAscii(all);
-    };
     while (from.size() - at >= c_block) {
-        const std::size_t count = copyBlocks(std::array<BlockOf<TFrom>, 1>());
+        const std::size_t count = CopyBlocks<1>(to + at, from.data() + at);
         at += count;
         if (count < c_block)
             return at;
         constexpr std::size_t c_atOnce = 4; // where ASCII goes on, not from word to word of other texts
         while (at >= 8 * c_block && from.size() - at >= c_atOnce * c_block &&
-               copyBlocks(std::array<BlockOf<TFrom>, c_atOnce>()) == c_block)
+               CopyBlocks<c_atOnce>(to + at, from.data() + at) == c_block)
             at += c_atOnce * c_block;
     }
     for (; at < from.size() && static_cast<std::make_unsigned_t<TFrom>>(from[at]) < 0x80; ++at)
