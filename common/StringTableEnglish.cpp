@@ -1418,6 +1418,8 @@ constexpr SStringTableRow c_english[] = {
     {12221, u"there is not enough memory"},
     {12222, u"there are none"},
     {12241, u"There is not enough memory to copy this table."},
+    {12301, u"The file \"%s\" holds no preferences of analyses."},
+    {12302, u"The preferences are no longer what was shown. Nothing has been imported."},
 };
 
 constexpr bool IsRising()

@@ -1419,6 +1419,8 @@ constexpr SStringTableRow c_german[] = {
     {12221, u"der Speicher reicht nicht"},
     {12222, u"es gibt keine"},
     {12241, u"Der Speicher reicht nicht, um diese Tabelle zu kopieren."},
+    {12301, u"Die Datei „%s“ enthält keine Voreinstellungen von Analysen."},
+    {12302, u"Die Voreinstellungen sind nicht mehr so, wie sie gezeigt wurden. Nichts wurde importiert."},
 };
 
 } // namespace

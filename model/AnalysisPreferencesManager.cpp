@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <string_view>
+#include <tuple>
+#include <utility>
 
 namespace CommonUI
 {
@@ -35,6 +37,22 @@ auto& At(TArray& data, EAnalysis analysis, std::u16string_view function)
                         u"CAnalysisPreferencesManager::" + CStr(function),
                         CStr::Format(u"Illegal Analysis value: %d", static_cast<int>(analysis)));
     return *data[index];
+}
+
+template<class TData>
+bool MoveAs(CData& to, CData& from) noexcept
+{
+    auto* const target = dynamic_cast<TData*>(&to);
+    if (target)
+        *target = std::move(dynamic_cast<TData&>(from));
+    return target != nullptr;
+}
+
+// Between objects of the same class.
+void Move(CData& to, CData& from) noexcept
+{
+    static_cast<void>(MoveAs<CGrainAnalysisPreferencesData>(to, from) || MoveAs<CRoughnessData>(to, from) ||
+                      MoveAs<CData>(to, from));
 }
 
 void SortByValue(std::vector<CParameter>& list)
@@ -95,13 +113,26 @@ bool CAnalysisPreferencesManager::SetData(EAnalysis analysis, const CAnalysisPre
         return true;
     if (!own.Assign(data))
         return false;
-    if (differences.parameters)
-        Announce(analysis, EPreferencesChange::Parameters);
-    if (differences.statistics)
-        Announce(analysis, EPreferencesChange::Statistics);
-    if (differences.outputs)
-        Announce(analysis, EPreferencesChange::Outputs);
+    Announce(analysis, differences);
     return true;
+}
+
+void CAnalysisPreferencesManager::Assign(const CAnalysisPreferencesManager& other)
+{
+    std::array<CData::SDifferences, std::tuple_size_v<decltype(m_data)>> differences;
+    decltype(m_data) next;
+    for (std::size_t i = 0; i < m_data.size(); ++i) {
+        differences[i] = m_data[i]->Compare(*other.m_data[i]);
+        if (differences[i] == CData::SDifferences())
+            continue;
+        next[i] = m_data[i]->Clone();
+        next[i]->Assign(*other.m_data[i]);
+    }
+    for (std::size_t i = 0; i < m_data.size(); ++i)
+        if (next[i])
+            Move(*m_data[i], *next[i]);
+    for (std::size_t i = 0; i < m_data.size(); ++i)
+        Announce(static_cast<EAnalysis>(i), differences[i]);
 }
 
 bool CAnalysisPreferencesManager::SetDataParameters(EAnalysis analysis, std::vector<CParameter>& list)
@@ -216,6 +247,16 @@ bool CAnalysisPreferencesManager::Save(CInifile& ini) const
 void CAnalysisPreferencesManager::Announce(EAnalysis analysis, EPreferencesChange kind) const
 {
     m_changes.Invoke({analysis, kind});
+}
+
+void CAnalysisPreferencesManager::Announce(EAnalysis analysis, const CData::SDifferences& differences) const
+{
+    if (differences.parameters)
+        Announce(analysis, EPreferencesChange::Parameters);
+    if (differences.statistics)
+        Announce(analysis, EPreferencesChange::Statistics);
+    if (differences.outputs)
+        Announce(analysis, EPreferencesChange::Outputs);
 }
 
 void CAnalysisPreferencesManager::AnnounceAll(EAnalysis analysis) const

@@ -61,6 +61,10 @@ public:
     /// @return false, and nothing changes, when `data` belongs to another analysis
     bool SetData(EAnalysis analysis, const CAnalysisPreferencesData& data);
 
+    /// Replaces the contents of all analyses by those of another manager, as SetData does for one. Listeners
+    /// are told when all are replaced. Without memory nothing has changed, and std::bad_alloc is thrown.
+    void Assign(const CAnalysisPreferencesManager& other);
+
     /// Replaces the parameters, unless they are the same by CParameter::IsEqual in whatever order, and
     /// announces it.
     /// @param list sorted by number, in place
@@ -102,6 +106,7 @@ protected:
 
 private:
     void Announce(EAnalysis analysis, EPreferencesChange kind) const;
+    void Announce(EAnalysis analysis, const CAnalysisPreferencesData::SDifferences& differences) const;
     void AnnounceAll(EAnalysis analysis) const;
 
     std::array<std::unique_ptr<CAnalysisPreferencesData>, 10> m_data; // by number; none is null

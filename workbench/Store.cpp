@@ -134,7 +134,7 @@ bool CStore::Save(CStr& reason)
     GetSettingsFactory().Save(ini);
 
     ini.SelectSection(c_section);
-    ini.WriteTexts(u"RecentFiles", files.GetAll());
+    ini.WriteRecentTexts(u"RecentFiles", files.GetAll(), c_mostFiles);
     ini.WriteText(u"ColorScale", colorScale);
     ini.WriteDouble(u"LightAround", look.lightAround);
     ini.WriteDouble(u"LightAbove", look.lightAbove);

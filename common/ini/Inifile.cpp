@@ -14,6 +14,7 @@
 #include "common/ini/detail/IniMerge.h"
 #include "common/ini/detail/IniValue.h"
 #include "common/ini/detail/WithinMemory.h"
+#include "common/ini/SectionScope.h"
 
 #include <algorithm>
 #include <atomic>
@@ -93,6 +94,11 @@ void WarnUnreadable(const CStr& section, std::u16string_view key, std::string_vi
          FromWtf8(stored.substr(0, c_mostShown)) + u"\" cannot be read; its default is used");
 }
 
+bool Contains(const std::vector<CStr>& texts, const CStr& text)
+{
+    return std::ranges::find(texts, text) != texts.end();
+}
+
 } // namespace
 
 CInifile::CInifile() = default;
@@ -104,6 +110,7 @@ CInifile::CInifile(const CInifile& other)
     , m_unreadFile(other.m_unreadFile)
     , m_fileName(other.m_fileName)
     , m_unknown(other.m_unknown)
+    , m_recent(other.m_recent)
     , m_section(other.m_section)
     , m_parseSection(other.m_parseSection)
 {
@@ -138,6 +145,7 @@ void CInifile::Swap(CInifile& other) noexcept
     m_unreadFile.Swap(other.m_unreadFile);
     m_fileName.Swap(other.m_fileName);
     m_unknown.swap(other.m_unknown);
+    m_recent.swap(other.m_recent);
     std::swap(m_section, other.m_section);
     std::swap(m_parseSection, other.m_parseSection);
 }
@@ -348,13 +356,17 @@ bool CInifile::SaveBesideOthers(const FIsOneValue& isOneValue, const FCheck& che
         reason = c_noText;
         return false;
     }
-    return SaveWithTheirs(std::move(theirs), isOneValue, reason);
+    return SaveWithTheirs(theirs, isOneValue, reason);
 }
 
 // The document stays what it is until the file is saved.
-bool CInifile::SaveWithTheirs(std::string theirs, const FIsOneValue& isOneValue, CStr& reason)
+bool CInifile::SaveWithTheirs(const std::string& theirs, const FIsOneValue& isOneValue, CStr& reason)
 {
-    CIniMerge merge(m_stored ? *m_stored : std::string(), GetDocument(), std::move(theirs));
+    CInifile oursUnited(*this);
+    CInifile theirsUnited;
+    theirsUnited.LoadBytes(theirs);
+    oursUnited.UniteRecent(theirsUnited);
+    CIniMerge merge(m_stored ? *m_stored : std::string(), oursUnited.GetDocument(), theirsUnited.GetBytes());
     merge.Run(isOneValue);
     const CStr section = GetSection();
     auto merged = std::make_unique<CIniDocument>(merge.TakeMerged());
@@ -369,6 +381,29 @@ bool CInifile::SaveWithTheirs(std::string theirs, const FIsOneValue& isOneValue,
     for (const CStr& line : merge.GetConflicts())
         Warn(u"\"" + m_fileName + u"\": " + line);
     return true;
+}
+
+// Gives both the united lists, so that merging finds nothing to choose between.
+void CInifile::UniteRecent(CInifile& theirs)
+{
+    CInifile base;
+    base.LoadBytes(m_stored ? *m_stored : std::string());
+    for (const auto& [place, most] : m_recent) {
+        const auto& [section, key] = place;
+        const CSectionScope scopeOfOurs(*this, section);
+        const CSectionScope scopeOfTheirs(theirs, section);
+        base.SelectSection(section);
+        const std::vector<CStr> before = base.ReadTexts(key);
+        const std::vector<CStr> theirTexts = theirs.ReadTexts(key);
+        std::vector<CStr> united = ReadTexts(key);
+        if (united == before || theirTexts == before || united == theirTexts)
+            continue;
+        for (const CStr& text : theirTexts)
+            if (united.size() < most && !Contains(united, text) && !Contains(before, text))
+                united.push_back(text);
+        WriteTexts(key, united);
+        theirs.WriteTexts(key, united);
+    }
 }
 
 void CInifile::Merge(const CInifile& other)
@@ -567,6 +602,12 @@ bool CInifile::IsKeptUnknown(std::u16string_view key, std::u16string_view value)
 void CInifile::WriteTexts(std::u16string_view key, const std::vector<CStr>& value)
 {
     Write(key, value);
+}
+
+void CInifile::WriteRecentTexts(std::u16string_view key, const std::vector<CStr>& value, std::size_t most)
+{
+    m_recent[{GetSection(), CStr(key)}] = most;
+    WriteTexts(key, value);
 }
 
 void CInifile::WriteDoubles(std::u16string_view key, const std::vector<double>& value)

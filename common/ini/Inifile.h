@@ -172,6 +172,11 @@ public:
     void KeepUnknown(std::u16string_view key, std::u16string_view instead);
     /// Written with commas between, each in quotes where it would not read back without them.
     void WriteTexts(std::u16string_view key, const std::vector<CStr>& value);
+    /// As WriteTexts, for what was used of late, the latest first. If others have changed the list in the
+    /// file, too, SaveMerged unites both: what is here comes first, behind it what only they have, unless it
+    /// was in the list before and has been taken out here.
+    /// @param most how many texts a united list has at most
+    void WriteRecentTexts(std::u16string_view key, const std::vector<CStr>& value, std::size_t most);
     /// Written with commas between, each as by WriteDouble.
     void WriteDoubles(std::u16string_view key, const std::vector<double>& value);
 
@@ -201,7 +206,8 @@ private:
     bool SaveChecked(const FIsOneValue& isOneValue, const FCheck& check);
     bool SaveKeepingTheirs(CStr& reason);
     bool SaveBesideOthers(const FIsOneValue& isOneValue, const FCheck& check, CStr& reason);
-    bool SaveWithTheirs(std::string theirs, const FIsOneValue& isOneValue, CStr& reason);
+    bool SaveWithTheirs(const std::string& theirs, const FIsOneValue& isOneValue, CStr& reason);
+    void UniteRecent(CInifile& theirs);
 
     std::unique_ptr<CIniDocument> m_document; // null for an empty one, so that moving needs no memory
     std::uint64_t m_documentNumber = 0;       // another one for each document: numbers of sections go with it
@@ -213,9 +219,10 @@ private:
         CStr stored;
         CStr instead;
     };
-    std::map<std::pair<CStr, CStr>, SUnknown> m_unknown; // by section and key
-    unsigned m_section = 0;                              // the number of the current section in the document
-    unsigned m_parseSection = 0;                         // the section that ParseLine adds to
+    std::map<std::pair<CStr, CStr>, SUnknown> m_unknown;   // by section and key
+    std::map<std::pair<CStr, CStr>, std::size_t> m_recent; // lists, by section and key, and their lengths
+    unsigned m_section = 0;      // the number of the current section in the document
+    unsigned m_parseSection = 0; // the section that ParseLine adds to
 };
 
 } // namespace CommonUI

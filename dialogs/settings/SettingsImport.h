@@ -1,7 +1,7 @@
 #pragma once
 
 #include "../../settings/Settings.h"
-#include "SettingsDifference.h"
+#include "../../settings/SettingsDifference.h"
 
 #include <optional>
 #include <string>

@@ -68,18 +68,24 @@ private:
     SContent List(const CStr& folder) const
     {
         SContent content;
-        for (const fs::directory_entry& item : fs::directory_iterator(ToPath(folder))) {
+        const fs::path place = ToPath(folder);
+        GetFileSystem().List(place, [&](const fs::path& item) {
+            if (item == "." || item == "..")
+                return;
             CStr name;
-            const bool isText = ToText(item.path().filename(), name);
+            const bool isText = ToText(item, name);
             const bool isFile = Matches(name);
-            std::error_code error; // of a link that leads nowhere
-            if (!isText && (isFile || item.is_directory(error)))
+            // By its text, as joining paths without memory ends the process in one of the standard libraries.
+            std::error_code error; // of a link that leads nowhere, and of what has gone meanwhile
+            const fs::file_type type = fs::status(place.native() + item.native(), error).type();
+            const bool isFolder = type == fs::file_type::directory;
+            if (!isText && (isFile || isFolder))
                 WarnOfSettings(u"Left out for its name, which is no text: \"" + folder + name + u'"');
-            else if (isText && item.is_directory(error))
+            else if (isText && isFolder)
                 content.folders.push_back({GetSortKey(name), name});
-            else if (isText && isFile && item.is_regular_file(error))
+            else if (isText && isFile && type == fs::file_type::regular)
                 content.files.push_back({GetSortKey(name), name});
-        }
+        });
         std::ranges::sort(content.folders);
         std::ranges::sort(content.files);
         return content;

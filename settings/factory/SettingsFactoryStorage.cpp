@@ -20,7 +20,7 @@ bool CSettingsFactory::Save(CInifile& ini) const
             for (const CRecentKey& key : recent->second)
                 texts.push_back(GetStoredText(recent->first, key));
         }
-        ini.WriteTexts(type.GetIniName(), texts);
+        ini.WriteRecentTexts(type.GetIniName(), texts, s_MaxRecentCount);
     }
     return true;
 }

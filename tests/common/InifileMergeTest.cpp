@@ -91,6 +91,39 @@ TEST_F(InifileMerge, OursWinsWhereBothHaveChanged)
     }
 }
 
+// Uses of both programs are kept, the latest first.
+TEST_F(InifileMerge, UnitesRecentLists)
+{
+    using CTexts = std::vector<CStr>;
+    const struct {
+        const char* base;
+        CTexts ours;
+        const char* theirs;
+        CTexts united;
+    } rows[] = {
+        {"a,b", {u"c", u"a", u"b"}, "d,a,b", {u"c", u"a", u"b", u"d"}},
+        {"a,b,c,d", {u"x", u"a", u"b", u"c"}, "y,a,b,c", {u"x", u"a", u"b", u"c"}},
+        {"a,b", {u"b"}, "d,a,b", {u"b", u"d"}}, // taken out here
+        {"a,b", {u"a", u"b"}, "d,a,b", {u"d", u"a", u"b"}},
+        {"a,b", {u"c", u"a", u"b"}, "a,b", {u"c", u"a", u"b"}},
+        {"", {u"c"}, "d,e", {u"c", u"d", u"e"}},
+        {"a", {u"x,y", u"a"}, "\"x,y\",z,a", {u"x,y", u"a", u"z"}},
+    };
+    for (const auto& [base, ours, theirs, united] : rows) {
+        SCOPED_TRACE(theirs);
+        const auto contentOf = [](const char* list) { return "[Recent]\nlist=" + std::string(list) + "\n"; };
+        CInifile ini = Part(contentOf(base), contentOf(base), contentOf(theirs) + "other=1\n");
+        ini.SelectSection(u"Recent");
+        ini.WriteRecentTexts(u"list", ours, 4);
+        CDiagnosticsCapture diagnostics;
+        EXPECT_TRUE(ini.SaveMerged());
+        EXPECT_EQ(ini.ReadTexts(u"list"), united);
+        EXPECT_EQ(ini.ReadInt(u"other", 0), 1);
+        EXPECT_EQ(ini.GetBytes(), Read());
+        EXPECT_EQ(diagnostics.GetCount(), 0);
+    }
+}
+
 TEST_F(InifileMerge, KeepsTheBytesWhereNobodyElseHasSaved)
 {
     CInifile ini = Part("a = 1\r\n\r\n# ours", "a = 2\r\n\r\n# ours", "a = 1\r\n\r\n# ours");

@@ -1,7 +1,7 @@
 #include "dialogs/settings/SettingsFiles.h"
 
-#include "dialogs/settings/SettingsDifference.h"
 #include "dialogs/settings/SettingsImport.h"
+#include "settings/SettingsDifference.h"
 #include "tests/dialogs/SettingsMenuTesting.h"
 
 using namespace CommonUI;
@@ -42,6 +42,9 @@ TEST(SettingsDifference, ComparesByMeaning)
         {"a=1,2", "a=1,2,3", u".a 1,2/1,2,3, "},
         {"a=nan", "a=NaN", u".a nan=NaN, "},
         {"a=X", "a=x", u".a X/x, "},
+        {"a=2.5 um", "a=2500 nm", u".a 2.5 um=2500 nm, "},
+        {"a=2.5 um", "a=2501 nm", u".a 2.5 um/2501 nm, "},
+        {"a=2.5 um", "a=2.5", u".a 2.5 um/2.5, "},
         {"a=", "a=0", u".a /0, "},
         {"a=1\na=2", "a=1", u".a 1=1, "},
         {"[S]\na=1\nb=2\n[T]\nc=3", "[U]\nd=4\n[S]\nb=3\ne=5", u"S.a 1<, S.b 2/3, S.e >5, T.c 3<, U.d >4, "},

@@ -119,3 +119,22 @@ TEST(WithoutMemory, AParameterListIsSavedInFullOrNotAtAll)
         ASSERT_TRUE(std::ranges::equal(saved, list, CParameter::IsSame)) << each.GetNumber();
     }
 }
+
+// Of several analyses none is replaced unless all are.
+TEST(PreferencesWithoutMemory, AllAnalysesAreReplacedOrNone)
+{
+    CWatchedManager other;
+    for (const EAnalysis analysis : {EAnalysis::Tip, EAnalysis::Roughness, EAnalysis::Measure})
+        other._GetData(analysis).SetWriteToDB(!other._GetData(analysis).GetWriteToDB());
+    for (CEachAllocation each; each.Next();) {
+        CWatchedManager manager;
+        const bool isDone = each.Try([&] { manager.Assign(other); });
+        EXPECT_EQ(manager.TakeChanges().size(), isDone ? 3U : 0U);
+        for (const EAnalysis analysis : {EAnalysis::Tip, EAnalysis::Roughness, EAnalysis::Measure}) {
+            const bool isReplaced =
+                manager.GetData(analysis).Compare(other.GetData(analysis)) == CData::SDifferences();
+            EXPECT_EQ(isReplaced, isDone);
+            EXPECT_EQ(manager.GetData(analysis).IsModified(), isDone);
+        }
+    }
+}

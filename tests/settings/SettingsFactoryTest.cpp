@@ -134,6 +134,31 @@ TEST_F(SettingsFactory, StoredKeysAreThoseOnRecord)
     EXPECT_EQ(m_warnings.GetCount(), 0);
 }
 
+TEST_F(SettingsFactory, TwoProgramsKeepTheRecentSetsOfBoth)
+{
+    const auto use = [](CInifile& ini, EBuiltInSetting setting) {
+        CTestFactory factory;
+        EXPECT_TRUE(factory.Load(ini));
+        factory.GetSettings(static_cast<int>(setting), true);
+        EXPECT_TRUE(factory.Save(ini));
+    };
+    CInifile ours;
+    CInifile theirs;
+    ours.SetFileName(Path("store.ini"));
+    theirs.SetFileName(Path("store.ini"));
+    use(theirs, EBuiltInSetting{4});
+    EXPECT_TRUE(theirs.SaveMerged());
+    EXPECT_TRUE(ours.Load());
+    use(theirs, EBuiltInSetting{5});
+    use(ours, EBuiltInSetting{6});
+    EXPECT_TRUE(theirs.SaveMerged());
+    EXPECT_TRUE(ours.SaveMerged());
+    m_factory.Load(ours);
+    const CStr recent = Recent(PlaneCorr);
+    for (const char16_t* id : {u" 4", u" 5", u" 6"})
+        EXPECT_NE(recent.Find(id), CStr::npos) << recent.ToUtf8();
+}
+
 TEST_F(SettingsFactory, RecentListsOfDamagedFiles)
 {
     const CStr level = u"BUILT-IN:PlaneCorrQuickLaunchImageLeveling";

@@ -1,8 +1,35 @@
+#include "settings/factory/FolderScan.h"
+#include "tests/common/FailingAllocation.h"
+#include "tests/common/RecordingFileSystem.h"
 #include "tests/settings/SettingsFactoryTesting.h"
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+#include <algorithm>
 
 using namespace CommonUI;
 using enum ESettingType;
 namespace fs = std::filesystem;
+
+namespace
+{
+
+// What lies in a folder called "going" goes when it has been listed, as does the folder.
+class CVanishingFolder : public CRecordingFileSystem
+{
+public:
+    void List(const fs::path& folder, const std::function<void(const fs::path&)>& visit) override
+    {
+        std::vector<fs::path> names;
+        CRecordingFileSystem::List(folder, [&](const fs::path& name) { names.push_back(name); });
+        if (folder.parent_path().filename() == "going" || folder.filename() == "going")
+            fs::remove_all(folder);
+        std::ranges::for_each(names, visit);
+    }
+};
+
+} // namespace
 
 TEST_F(SettingsFactory, TreeOfAllCategories)
 {
@@ -163,3 +190,43 @@ TEST_F(SettingsFactory, RecentSetsFollowTheirFiles)
     EXPECT_EQ(Recent(Filter), u"Recent{c.flt 202}");
     EXPECT_EQ(m_factory.GetFileID(Filter, Path("c.flt")), 202);
 }
+
+TEST_F(SettingsFactory, FoldersThatVanishWhileTheyAreListed)
+{
+    for (const char* name : {"a.flt", "going/b.flt", "going/below/c.flt", "other/d.flt"})
+        m_folder.Write(std::string("Custom Settings/") + name, "");
+    CVanishingFolder system;
+    const CFileSystemScope scope(system);
+    EXPECT_EQ(Text(m_factory.GetTree(Filter, ESettingCategory::Custom)),
+              u"Custom Settings{other{d.flt 200},a.flt 201}");
+    EXPECT_EQ(system.lists, 3);
+}
+
+TEST_F(SettingsFactory, FoldersAreListedWithoutMemory)
+{
+    for (const char* name : {"a.flt", "folder with a long name/b.flt"})
+        m_folder.Write(std::string("Custom Settings/") + name, "");
+    std::size_t found = 0;
+    for (CEachAllocation each; each.Next();) {
+        found = 0;
+        each.Try([&] {
+            FindFilesBelow(Path("Custom Settings"), u"*.flt", [&](const SFoundFolder& folder) {
+                found += folder.files.size();
+                return true;
+            });
+        });
+    }
+    EXPECT_EQ(found, 2U);
+}
+
+#ifndef _WIN32
+// Nobody writes to it: who opened it would wait for ever.
+TEST_F(SettingsFactory, APipeAmongTheFilesIsNoSet)
+{
+    m_folder.Write("Custom Settings/a.flt", "[A]\na=1");
+    ASSERT_EQ(::mkfifo((m_folder.GetPath() / "Custom Settings/pipe.flt").c_str(), 0600), 0);
+    EXPECT_EQ(Text(m_factory.GetTree(Filter, ESettingCategory::Custom)), u"Custom Settings{a.flt 200}");
+    const CSettings set = m_factory.LoadSettings(Filter, Path("Custom Settings/pipe.flt"), true);
+    EXPECT_TRUE(set.GetEntryInfo() == SSettingsEntry::s_InvalidID);
+}
+#endif

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/settings/SettingsDifference.h"
+#include "settings/SettingsDifference.h"
 
 #include <QTreeWidget>
 

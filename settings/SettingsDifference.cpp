@@ -1,6 +1,7 @@
-#include "dialogs/settings/SettingsDifference.h"
+#include "settings/SettingsDifference.h"
 
 #include "common/NumberText.h"
+#include "common/Unit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,12 +14,32 @@ namespace
 
 using EKind = SSettingsDifference::EKind;
 
+// A number with the unit of a length behind it, in m.
+bool ParseLengthValue(std::u16string_view text, double& value)
+{
+    const std::size_t blank = text.find(u' ');
+    CUnit unit;
+    if (blank == text.npos || !CUnit::ParseLength(CStr(text.substr(blank)), unit) ||
+        !ParseDouble(text.substr(0, blank), value))
+        return false;
+    value *= unit.GetFactorValue();
+    return true;
+}
+
+bool IsSameLength(double left, double right)
+{
+    constexpr double c_rounding = 1e-14; // of the products with the units
+    return left == right || std::abs(left - right) <= c_rounding * std::abs(left);
+}
+
 bool MeansTheSame(const CStr& left, const CStr& right)
 {
     double leftNumber = 0;
     double rightNumber = 0;
     if (left == right)
         return true;
+    if (ParseLengthValue(left, leftNumber) && ParseLengthValue(right, rightNumber))
+        return IsSameLength(leftNumber, rightNumber);
     if (!ParseDouble(left, leftNumber) || !ParseDouble(right, rightNumber))
         return false;
     return leftNumber == rightNumber || (std::isnan(leftNumber) && std::isnan(rightNumber));

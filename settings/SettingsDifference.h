@@ -1,7 +1,7 @@
 #pragma once
 
-#include "../../common/ini/Inifile.h"
-#include "../../export/Export.h"
+#include "../common/ini/Inifile.h"
+#include "../export/Export.h"
 
 #include <vector>
 
@@ -29,7 +29,8 @@ struct SSettingsDifference {
 
 /// All keys of two sets: those of the left one in its order, section by section, each section followed by the
 /// keys that only the right one has in it; then the other sections of the right one. Values are the same if
-/// their texts are, or if they are numbers, or lists with numbers, of the same values: 1E-6 is 0.000001.
+/// their texts are, or if they are numbers, or lists with numbers, of the same values: 1E-6 is 0.000001. So
+/// are lengths behind whose number a unit stands: 2.5 µm is 2500 nm.
 COMMONUI_API std::vector<SSettingsDifference> CompareSettings(const CInifile& left, const CInifile& right);
 
 /// How many keys are not the same in both.
