@@ -434,6 +434,13 @@ LRESULT CWinGridView::OnMessage(UINT message, WPARAM wide, LPARAM longer)
         return 0;
     case WM_GETFONT:
         return reinterpret_cast<LRESULT>(m_font);
+    case WM_GETOBJECT:
+        if (const LRESULT answer = m_automation.Answer(wide, longer))
+            return answer;
+        break;
+    case WM_DESTROY:
+        m_automation.End();
+        break;
     default:
         break;
     }

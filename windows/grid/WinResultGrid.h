@@ -20,7 +20,8 @@ class CWinGridView;
 /// The commands are in its context menu, which the context menu key opens as well; Ctrl+C and Ctrl+A do what
 /// they do everywhere. Ctrl++ fits all columns, as a double click on the edge of a header fits one;
 /// Alt+Shift+Right and Alt+Shift+Left make the column that keys go to wider and narrower. Tab, Enter and
-/// Escape are the dialog's.
+/// Escape are the dialog's. Screen readers know its cells, their headers and which of them has the keyboard,
+/// by UI Automation.
 ///
 /// Rows are as high as a line in the font of the window, at first that of the parent; WM_SETFONT gives
 /// another one, to be sent on a change of the monitor as well, and columns grow and shrink with it. The

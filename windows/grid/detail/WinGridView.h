@@ -2,6 +2,7 @@
 
 #include "output/grid/GridPane.h"
 #include "windows/detail/ControlWindow.h"
+#include "windows/grid/detail/GridProvider.h"
 
 #include <functional>
 #include <memory>
@@ -28,6 +29,7 @@ public:
     void MoveEditor(const SRect&) override {}
     void CloseEditor() override {}
     int GetTextWidth(std::u16string_view text) const override;
+    void OnSelectionChanged() override { m_automation.TellFocus(); }
 
 protected:
     LRESULT OnMessage(UINT message, WPARAM wide, LPARAM longer) override;
@@ -51,6 +53,7 @@ private:
     void Paint();
 
     std::function<void(SPoint)> m_menu;
+    CGridAutomation m_automation{GetHandle(), *this};
     HFONT m_font = nullptr; // the application's
     int m_lineHeight = 0;
     long long m_rowsScale = 1; // the pixels of a unit of the vertical scroll bar
