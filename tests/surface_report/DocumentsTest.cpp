@@ -79,7 +79,7 @@ TEST_F(Documents, FullDiskLeavesWhatWasThere)
     const std::string content = (HasOdt() ? "Format=Doc\n" : "") + std::string("Blocks=Title,Image\n");
     fs::create_directories(Out());
     std::ofstream(Out() / name) << "before";
-    for (const rlim_t room : {0, 1000, 10'000}) {
+    for (const rlim_t room : std::initializer_list<rlim_t>{0, 1000, 10'000}) {
         const CFullDisk disk(std::max<rlim_t>(room, 100)); // for the template itself
         EXPECT_EQ(RunTemplate(content, "--parameters Sa"), 1);
         EXPECT_TRUE(Has(m_err.str(), name)) << m_err.str();
