@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_set>
 
 namespace CommonUI
 {
@@ -58,17 +59,12 @@ EKind Compare(const CInifile& left, const CInifile& right, const CStr& key)
                                                                                        : EKind::Different;
 }
 
-template<class TRange>
-bool Has(const TRange& range, const CStr& text)
-{
-    return std::ranges::find(range, text) != range.end();
-}
-
 // What is in the first, then what only the second has.
 std::vector<CStr> Unite(std::vector<CStr> first, const std::vector<CStr>& second)
 {
+    std::unordered_set<CStr> known(first.begin(), first.end());
     for (const CStr& text : second)
-        if (!Has(first, text))
+        if (known.insert(text).second)
             first.push_back(text);
     return first;
 }

@@ -97,15 +97,23 @@ CTemporaries& GetTemporaries()
     return temporaries;
 }
 
+// Whether nobody writes the file any more. Those of the future, beyond what clocks of computers differ by,
+// have been left before a clock was set back.
+bool IsLeft(const fs::path& temporary)
+{
+    constexpr std::chrono::minutes c_leastAge(1);
+    constexpr std::chrono::days c_mostAhead(1);
+    const auto age = fs::file_time_type::clock::now() - fs::last_write_time(temporary);
+    return age > c_leastAge || age < -c_mostAhead;
+}
+
 // Removes what killed processes have left. Not being able to is no fault of the new content.
 void RemoveOldTemporaries(const fs::path& target)
 {
-    constexpr std::chrono::minutes c_leastAge(1);
     try {
         const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
         for (const fs::path& entry : GetTemporaries().Find(folder, GetTemporaryStart(target)))
-            if (fs::is_regular_file(fs::symlink_status(entry)) &&
-                fs::file_time_type::clock::now() - fs::last_write_time(entry) > c_leastAge)
+            if (fs::is_regular_file(fs::symlink_status(entry)) && IsLeft(entry))
                 fs::remove(entry);
     } catch (const std::exception&) {
         return;

@@ -115,7 +115,7 @@ void CStartPane::RefreshOlderThan(std::chrono::seconds age)
     const auto now = m_clock();
     for (std::size_t index = 0; index < m_sections.size(); ++index) {
         const auto& fetched = m_sections[index].fetched;
-        const bool isOld = age.count() == 0 || !fetched || now - *fetched >= age;
+        const bool isOld = age.count() == 0 || !fetched || now - *fetched >= age || *fetched > now;
         if (isOld && m_fetches[index].request == 0)
             Start(index);
     }

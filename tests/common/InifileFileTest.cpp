@@ -231,15 +231,22 @@ TEST_F(InifileFile, RestsOfKilledSavesGo)
         std::string Rest(const char* digits) const { return "~" + part + "." + digits + ".tmp"; }
         std::string Old() const { return Rest("0123456789abcdef"); }
         std::string Young() const { return Rest("0123456789abcdee"); }
+        std::string Ahead() const { return Rest("0123456789abcded"); } // by a clock that is an hour ahead
+        std::string Later() const { return Rest("0123456789abcdec"); } // before the clock was set back
         std::vector<std::string> Others() const
         {
             return {"~b" + Old().substr(2), Rest("0123456789abcde"), Rest("0123456789abcdeX")};
         }
     } rows[] = {{"a.ini", "a.ini"}, {longName, longest}};
-    const auto age = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    const auto now = fs::file_time_type::clock::now();
+    const auto age = now - std::chrono::hours(1);
     for (const SRow& row : rows) {
-        m_folder.Write(row.Old(), "x");
-        fs::last_write_time(PathOf(row.Old()), age);
+        for (const auto& [file, time] :
+             {std::pair(row.Old(), age), std::pair(row.Ahead(), now + std::chrono::hours(1)),
+              std::pair(row.Later(), now + std::chrono::hours(1000))}) {
+            m_folder.Write(file, "x");
+            fs::last_write_time(PathOf(file), time);
+        }
         for (const std::string& file : row.Others()) {
             m_folder.Write(file, "x");
             fs::last_write_time(PathOf(file), age);
@@ -251,7 +258,9 @@ TEST_F(InifileFile, RestsOfKilledSavesGo)
     for (const SRow& row : rows) {
         EXPECT_TRUE(IniOf("k=1").SaveCopy(NameOf(row.name)));
         EXPECT_FALSE(fs::exists(PathOf(row.Old()))) << row.name;
+        EXPECT_FALSE(fs::exists(PathOf(row.Later()))) << row.name;
         EXPECT_TRUE(fs::exists(PathOf(row.Young()))) << row.name;
+        EXPECT_TRUE(fs::exists(PathOf(row.Ahead()))) << row.name;
         for (const std::string& file : row.Others())
             EXPECT_TRUE(fs::exists(PathOf(file))) << file;
     }
