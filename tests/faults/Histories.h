@@ -7,5 +7,6 @@ namespace Faults
 void PlayGrid(unsigned seed, int steps);
 void PlayFactory(unsigned seed, int steps);
 void PlayClosures(unsigned seed, int steps);
+void PlayDialogs(unsigned seed, int steps);
 
 } // namespace Faults

@@ -287,8 +287,10 @@ void SListener::OnChange(const SPreferencesChange& change)
     game.OnChange(change);
 }
 
-constexpr std::pair<void (*)(unsigned seed, int steps), int> c_games[] = {
-    {Faults::PlayGrid, 20'000}, {Faults::PlayClosures, 100'000}, {Faults::PlayFactory, 1'000}};
+constexpr std::pair<void (*)(unsigned seed, int steps), int> c_games[] = {{Faults::PlayGrid, 20'000},
+                                                                          {Faults::PlayClosures, 100'000},
+                                                                          {Faults::PlayFactory, 1'000},
+                                                                          {Faults::PlayDialogs, 2'000}};
 
 } // namespace
 
