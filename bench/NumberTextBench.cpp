@@ -2,6 +2,7 @@
 #include "common/Str.h"
 
 #include <benchmark/benchmark.h>
+#include <fmt/compile.h>
 
 #include <cmath>
 #include <cstdio>
@@ -68,6 +69,25 @@ void LibraryInteger(benchmark::State& state, const char* format)
 
 #pragma GCC diagnostic pop
 
+// The form whose pattern is read when the program is compiled.
+void FmtReal(benchmark::State& state)
+{
+    ForEachValue(state, [](double value) {
+        char text[64];
+        benchmark::DoNotOptimize(fmt::format_to(text, FMT_COMPILE("{:.5f}"), value));
+        benchmark::DoNotOptimize(text);
+    });
+}
+
+void FmtInteger(benchmark::State& state)
+{
+    ForEachValue(state, [](double value) {
+        char text[64];
+        benchmark::DoNotOptimize(fmt::format_to(text, FMT_COMPILE("{}"), static_cast<int>(value)));
+        benchmark::DoNotOptimize(text);
+    });
+}
+
 SNumberFormat Parsed(const char* format)
 {
     SNumberFormat parsed;
@@ -122,5 +142,8 @@ const bool s_registered = [] {
     }
     return true;
 }();
+
+BENCHMARK(FmtReal)->Name("Real/%.5f/fmt");
+BENCHMARK(FmtInteger)->Name("Integer/%d/fmt");
 
 } // namespace

@@ -37,6 +37,13 @@ bool IsIntegerConversion(char conversion)
            conversion == 'o';
 }
 
+// %d, as most integers are written.
+bool IsPlain(const SNumberFormat& format)
+{
+    return format.conversion == 'd' && format.width <= 0 && format.precision < 0 && !format.plusSign &&
+           !format.blankSign;
+}
+
 std::string_view SignText(bool negative, const SNumberFormat& format)
 {
     if (negative)
@@ -150,12 +157,19 @@ void CNumberText::SetTruncated(double value, const SNumberFormat& format)
 void CNumberText::SetSigned(long long value, const SNumberFormat& format)
 {
     const auto bits = static_cast<unsigned long long>(value);
-    if (format.conversion == 'd')
-        SetInteger(value < 0 ? 0 - bits : bits, SignText(value < 0, format), format);
-    else if (IsIntegerConversion(format.conversion))
+    const unsigned long long magnitude = value < 0 ? 0 - bits : bits;
+    if (IsPlain(format)) {
+        m_end = std::end(m_internal);
+        m_begin = CDecimalDigits(magnitude).PutRest(m_end);
+        if (value < 0)
+            *--m_begin = '-';
+    } else if (format.conversion == 'd') {
+        SetInteger(magnitude, SignText(value < 0, format), format);
+    } else if (IsIntegerConversion(format.conversion)) {
         SetInteger(bits, {}, format);
-    else
+    } else {
         SetReal(static_cast<double>(value), format);
+    }
 }
 
 void CNumberText::SetUnsigned(unsigned long long value, const SNumberFormat& format)
