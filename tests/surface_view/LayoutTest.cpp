@@ -51,7 +51,7 @@ TEST(Layout, EveryAxisThatIsSeenHasMarksAndAName)
 TEST(Layout, TitleOfAnyLengthIsCutToTheWidthOfThePicture)
 {
     const CFreeTypeFont font;
-    for (const std::size_t length : {200, 500'000}) { // the second takes minutes when cut letter by letter
+    for (const std::size_t length : {200u, 500'000u}) { // the second takes minutes when cut letter by letter
         const SPictureText text{.title = CommonUI::CStr(length, u'i')};
         const SLabel title = MakeLayout(c_box, {30, 35}, false, text, {300, 300}, 1, font).labels[0];
         const CommonUI::CStr wider = CommonUI::CStr(title.text.GetLength(), u'i') + u"…";
