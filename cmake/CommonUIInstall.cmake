@@ -66,7 +66,7 @@ endif()
 if(COMMONUI_WITH_PUGIXML)
     list(APPEND dll_packages pugixml)
 endif()
-if(COMMONUI_WITH_OPENGL)
+if(COMMONUI_WITH_OPENGL AND NOT CMAKE_SYSTEM_NAME STREQUAL "Linux") # where they are loaded on demand
     list(APPEND dll_packages glu gl)
 endif()
 if(COMMONUI_WITH_PNG)

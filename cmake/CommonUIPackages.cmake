@@ -55,7 +55,7 @@ endfunction()
 set(components)
 set(about "CommonUI gives applications that analyse surface images and profiles from
 microscopes and profilers their models, settings, results and dialogs.")
-commonui_package(Runtime libcommonui${soversion} SECTION libs
+commonui_package(Runtime libcommonui${soversion} SECTION libs RECOMMENDS "libopengl0, libglu1-mesa"
     SUMMARY "models, settings and results for surface metrology"
     TEXT "${about}
 .

@@ -84,9 +84,9 @@ void Contain(const FCall& function) noexcept
 void Undo(EStackOperation operation)
 {
     if (operation == EStackOperation::soAttrib)
-        glPopAttrib();
+        OpenGL().popAttrib();
     else if (operation == EStackOperation::soMatrix)
-        glPopMatrix();
+        OpenGL().popMatrix();
 }
 
 } // namespace
@@ -162,7 +162,7 @@ void CGLStack::TraceContent(std::size_t first) const
 bool CGLStack::PushAttrib(unsigned int mask)
 {
     Append(EStackOperation::soAttrib);
-    glPushAttrib(mask);
+    OpenGL().pushAttrib(mask);
     const GLenum code = TakeError();
     if (code == GL_NO_ERROR) [[likely]]
         return true;
@@ -174,7 +174,7 @@ bool CGLStack::PushAttrib(unsigned int mask)
 bool CGLStack::PushMatrix()
 {
     Append(EStackOperation::soMatrix);
-    glPushMatrix();
+    OpenGL().pushMatrix();
     const GLenum code = TakeError();
     if (code == GL_NO_ERROR) [[likely]]
         return true;
@@ -188,7 +188,7 @@ bool CGLStack::PushDepthMask(bool write)
     CGroup group(*this);
     if (!PushAttrib(GL_DEPTH_BUFFER_BIT))
         return false;
-    glDepthMask(write ? GL_TRUE : GL_FALSE);
+    OpenGL().depthMask(write ? GL_TRUE : GL_FALSE);
     if (HasFailed(c_pushDepthMask))
         return false;
     return group.Close(EStackOperation::soDepthMask);
@@ -200,17 +200,17 @@ bool CGLStack::PushWindowCoord(double left, double right, double bottom, double 
     CGroup group(*this);
     if (!PushAttrib(GL_TRANSFORM_BIT))
         return false;
-    glMatrixMode(GL_PROJECTION);
+    OpenGL().matrixMode(GL_PROJECTION);
     if (HasFailed(c_matrixMode) || !PushMatrix())
         return false;
-    glLoadIdentity();
-    glOrtho(left, right, bottom, top, zNear, zFar);
+    OpenGL().loadIdentity();
+    OpenGL().ortho(left, right, bottom, top, zNear, zFar);
     if (HasFailed(c_setupProjection) || !PushAttrib(GL_TRANSFORM_BIT))
         return false;
-    glMatrixMode(GL_MODELVIEW);
+    OpenGL().matrixMode(GL_MODELVIEW);
     if (HasFailed(c_matrixMode) || !PushMatrix())
         return false;
-    glLoadIdentity();
+    OpenGL().loadIdentity();
     if (HasFailed(c_setupModelView))
         return false;
     return group.Close(EStackOperation::soWindowCoord);
@@ -219,11 +219,11 @@ bool CGLStack::PushWindowCoord(double left, double right, double bottom, double 
 bool CGLStack::PushWindowCoord(bool unitDepth)
 {
     GLint viewport[4] = {};
-    glGetIntegerv(GL_VIEWPORT, viewport);
+    OpenGL().getIntegerv(GL_VIEWPORT, viewport);
     // Inverted, since a larger eye-space z shall lie deeper.
     GLdouble depths[2] = {0.0, -1.0};
     if (!unitDepth)
-        glGetDoublev(GL_DEPTH_RANGE, depths);
+        OpenGL().getDoublev(GL_DEPTH_RANGE, depths);
     if (HasFailed(c_getInfo))
         return false;
     const auto [x, y, width, height] = viewport;

@@ -1,7 +1,7 @@
 #include "gl/GLStackWatch.h"
 
 #include "common/Diagnostics.h"
-#include "gl/detail/OpenGL.h"
+#include "gl/detail/OpenGLFunctions.h"
 
 namespace CommonUI
 {
@@ -12,7 +12,7 @@ namespace
 int GetDepth(GLenum name) noexcept
 {
     GLint depth = 0; // which it stays without a context
-    glGetIntegerv(name, &depth);
+    OpenGL().getIntegerv(name, &depth);
     return depth;
 }
 
@@ -21,11 +21,11 @@ void PopMatrices(GLenum mode, int count) noexcept
     if (count <= 0)
         return;
     GLint before = GL_MODELVIEW;
-    glGetIntegerv(GL_MATRIX_MODE, &before);
-    glMatrixMode(mode);
+    OpenGL().getIntegerv(GL_MATRIX_MODE, &before);
+    OpenGL().matrixMode(mode);
     for (; count > 0; --count)
-        glPopMatrix();
-    glMatrixMode(static_cast<GLenum>(before));
+        OpenGL().popMatrix();
+    OpenGL().matrixMode(static_cast<GLenum>(before));
 }
 
 } // namespace
@@ -70,7 +70,7 @@ void CGLStackWatch::Restore() const noexcept
     PopMatrices(GL_MODELVIEW, GetDepth(GL_MODELVIEW_STACK_DEPTH) - m_before.modelView);
     PopMatrices(GL_PROJECTION, GetDepth(GL_PROJECTION_STACK_DEPTH) - m_before.projection);
     for (int i = GetDepth(GL_ATTRIB_STACK_DEPTH) - m_before.attributes; i > 0; --i)
-        glPopAttrib();
+        OpenGL().popAttrib();
 }
 
 } // namespace CommonUI

@@ -23,7 +23,7 @@ void SetupPerspective(double fieldOfView, double zNear, double zFar, double widt
         const double tangent = std::tan(fieldOfView * 0.5 * c_pi / 180);
         vertical = std::atan(tangent * height / std::max(width, 1.0)) * 2.0 * 180 / c_pi;
     }
-    gluPerspective(vertical, aspect, zNear, zFar);
+    OpenGL().perspective(vertical, aspect, zNear, zFar);
 }
 
 void SetupOrthographic(double fieldOfView, double zNear, double zFar, double width, double height)
@@ -32,7 +32,7 @@ void SetupOrthographic(double fieldOfView, double zNear, double zFar, double wid
     const double shorter = std::tan(fieldOfView * 0.5 * c_pi / 180) * zFar;
     const double halfWidth = aspect < 1.0 ? shorter : shorter * aspect;
     const double halfHeight = aspect < 1.0 ? height / std::max(width, 1.0) * shorter : shorter;
-    glOrtho(-halfWidth, halfWidth, -halfHeight, halfHeight, zNear, zFar);
+    OpenGL().ortho(-halfWidth, halfWidth, -halfHeight, halfHeight, zNear, zFar);
 }
 
 constexpr SGLStep c_pixelPos4d{u"PixelPos4d", u"PixelPos4d", u"GLUtils"};
@@ -45,7 +45,7 @@ bool SetPixelPosition(const SGLStep& step, double z, FSetPosition setPosition)
     CGLStack stack;
     if (!stack.PushWindowCoord(true) || !stack.PushAttrib(GL_VIEWPORT_BIT))
         return false;
-    glDepthRange(z, z);
+    OpenGL().depthRange(z, z);
     setPosition();
     return !HasFailed(step);
 }
@@ -67,19 +67,19 @@ void SetupProjectionMatrix(bool orthographic, double fieldOfView, double zNear, 
 void SetupProjectionMatrix(bool orthographic, double fieldOfView, double zNear, double zFar)
 {
     GLint viewport[4] = {};
-    glGetIntegerv(GL_VIEWPORT, viewport);
+    OpenGL().getIntegerv(GL_VIEWPORT, viewport);
     const auto [x, y, width, height] = viewport;
     SetupProjectionMatrix(orthographic, fieldOfView, zNear, zFar, {x, y, x + width, y + height});
 }
 
 bool PixelPos4d(double x, double y, double z, double w)
 {
-    return SetPixelPosition(c_pixelPos4d, z, [=] { glRasterPos4d(x, y, z, w); });
+    return SetPixelPosition(c_pixelPos4d, z, [=] { OpenGL().rasterPos4d(x, y, z, w); });
 }
 
 bool PixelPos4f(float x, float y, float z, float w)
 {
-    return SetPixelPosition(c_pixelPos4f, z, [=] { glRasterPos4f(x, y, z, w); });
+    return SetPixelPosition(c_pixelPos4f, z, [=] { OpenGL().rasterPos4f(x, y, z, w); });
 }
 
 bool PixelPos2d(double x, double y)

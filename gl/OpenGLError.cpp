@@ -55,7 +55,7 @@ std::u16string_view GetOpenGLErrorName(unsigned int code)
 
 const char* GetErrorText(GLenum code)
 {
-    return reinterpret_cast<const char*>(gluErrorString(code));
+    return reinterpret_cast<const char*>(OpenGL().errorString(code));
 }
 
 void ReportError(GLenum code, const SGLStep& step)

@@ -28,13 +28,13 @@ void WriteText(std::u16string_view format, const char* text)
 
 const char* GetText(GLenum name)
 {
-    return reinterpret_cast<const char*>(glGetString(name));
+    return reinterpret_cast<const char*>(OpenGL().getString(name));
 }
 
 int GetInteger(GLenum name)
 {
     GLint value = 0;
-    glGetIntegerv(name, &value);
+    OpenGL().getIntegerv(name, &value);
     return value;
 }
 

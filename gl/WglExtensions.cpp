@@ -1,6 +1,6 @@
 #include "gl/WglExtensions.h"
 
-#include "gl/detail/OpenGL.h"
+#include "gl/detail/OpenGLFunctions.h"
 #include "platform/GLEntryPoints.h"
 
 #include <cstring>
@@ -37,7 +37,7 @@ const char* CWGL_ARB_extensions_string::GetExtensions(HDC hdc) const
 
 bool CWGL_ARB_extensions_string::IsSupported(HDC hdc, const char* name) const
 {
-    return Lists(reinterpret_cast<const char*>(glGetString(GL_EXTENSIONS)), name) ||
+    return Lists(reinterpret_cast<const char*>(OpenGL().getString(GL_EXTENSIONS)), name) ||
            Lists(GetExtensions(hdc), name);
 }
 

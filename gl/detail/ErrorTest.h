@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gl/detail/OpenGL.h"
+#include "gl/detail/OpenGLFunctions.h"
 
 #include <string_view>
 
@@ -25,7 +25,7 @@ inline GLenum TakeError()
     if (!wglGetCurrentContext())
         return GL_NO_ERROR;
 #endif
-    return glGetError();
+    return OpenGL().getError();
 }
 
 /// OpenGLErrorMsg for the steps of the library itself: as long as nothing goes wrong no text is made.
