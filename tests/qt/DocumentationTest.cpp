@@ -28,9 +28,11 @@ std::string Read(std::string path)
 std::string ToAnchor(const std::string& heading)
 {
     std::string anchor;
-    for (const unsigned char letter : heading)
+    for (const char byte : heading) {
+        const auto letter = static_cast<unsigned char>(byte);
         if (std::isalnum(letter) || letter == ' ' || letter == '-')
             anchor += letter == ' ' ? '-' : static_cast<char>(std::tolower(letter));
+    }
     return anchor;
 }
 

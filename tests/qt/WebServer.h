@@ -94,7 +94,8 @@ inline std::unique_ptr<QTcpServer> MakeSelfSignedServer()
 #if defined(COMMONUI_WITH_CRYPTO)
     if (!QSslSocket::supportsSsl())
         return nullptr;
-    const std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)> key(EVP_EC_gen("P-256"), EVP_PKEY_free);
+    const std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)> key(
+        EVP_PKEY_Q_keygen(nullptr, nullptr, "EC", "P-256"), EVP_PKEY_free);
     const std::unique_ptr<X509, decltype(&X509_free)> made(X509_new(), X509_free);
     X509_set_version(made.get(), 2);
     ASN1_INTEGER_set(X509_get_serialNumber(made.get()), 1);

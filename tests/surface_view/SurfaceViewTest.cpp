@@ -111,7 +111,7 @@ TEST_F(ViewProgram, PictureHasItsSizeColorsAndBackground)
         const SPng png = ReadPng(Picture());
         EXPECT_EQ(png.width, 300u);
         EXPECT_EQ(png.height, 200u);
-        for (const std::size_t corner : {0, 299, 199 * 300, 200 * 300 - 1})
+        for (const std::size_t corner : {0u, 299u, 199u * 300, 200u * 300 - 1})
             EXPECT_EQ(png.pixels.at(corner), (CPixel{255, 255, 255}));
         // Text is in the upper half only on the left: the picture is not upside down.
         const auto isDark = [](const CPixel& pixel) { return pixel[0] + pixel[1] + pixel[2] < 250; };

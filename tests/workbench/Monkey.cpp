@@ -228,7 +228,8 @@ QString CMonkeyHands::PressKeys(QWidget& root, const QWidget& window, CChance& c
     const bool isText = key == Qt::Key_Space || key == Qt::Key_Plus || key == Qt::Key_Minus;
     for (int times = chance.OneIn(4) ? 4 : 1; times > 0; --times)
         Press(root, key, modifiers, isText ? QString(QChar(key)) : QString());
-    return QStringLiteral("key ") + QKeySequence(modifiers.toInt() | key).toString();
+    return QStringLiteral("key ") +
+           QKeySequence(QKeyCombination(modifiers, static_cast<Qt::Key>(key))).toString();
 }
 
 QString CMonkeyHands::OpenMenu(QWidget& window, CChance& chance)

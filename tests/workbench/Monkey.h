@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <filesystem>
+#include <iterator>
 #include <random>
 #include <string>
 #include <vector>
@@ -34,7 +35,7 @@ public:
     template<class TList>
     auto& Pick(TList& list)
     {
-        return list[static_cast<std::size_t>(Below(static_cast<int>(std::size(list))))];
+        return *std::next(std::begin(list), Below(static_cast<int>(std::size(list))));
     }
     QPoint Within(const QRect& area)
     {
