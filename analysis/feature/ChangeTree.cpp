@@ -33,14 +33,21 @@ public:
         : m_heads(map.GetCount() + 1, c_none)
     {
         m_passes.reserve(c_passesPerDale * map.GetCount()); // as growing takes the memory of both sizes
-        for (std::size_t i = 0; i < map.labels.size(); ++i) {
-            const std::uint32_t own = map.labels[i];
-            landscape.ForEachNeighbour(i, [&](std::size_t q, double) {
-                if (map.labels[q] != own && landscape.IsBefore(q, i))
-                    Add(landscape.GetHeight(i), static_cast<std::uint32_t>(i), std::min(own, map.labels[q]),
-                        std::max(own, map.labels[q]));
-            });
-        }
+        // Each point meets the four neighbours behind it, and those before it have met it.
+        for (std::size_t line = 0; line < map.lines; ++line)
+            for (std::size_t column = 0; column < map.points; ++column) {
+                const std::size_t i = line * map.points + column;
+                const bool hasRight = column + 1 < map.points;
+                if (hasRight)
+                    Meet(landscape, map.labels, i, i + 1);
+                if (line + 1 == map.lines)
+                    continue;
+                if (column > 0)
+                    Meet(landscape, map.labels, i, i + map.points - 1);
+                Meet(landscape, map.labels, i, i + map.points);
+                if (hasRight)
+                    Meet(landscape, map.labels, i, i + map.points + 1);
+            }
     }
 
     // In the order in which rising water reaches them.
@@ -57,7 +64,17 @@ private:
     // A dale usually has six neighbours, each of which it shares a pass with; seldom are some stored twice.
     static constexpr std::size_t c_passesPerDale = 4;
 
-    // The points come in their order, so of equal passes the first stays.
+    // Between neighbours of two dales the pass is at the one that water reaches later.
+    void Meet(const CLandscape& landscape, const std::vector<std::uint32_t>& labels, std::size_t a,
+              std::size_t b)
+    {
+        const auto [first, second] = std::minmax(labels[a], labels[b]);
+        if (first == second || first == 0) // 0: missing
+            return;
+        const std::size_t point = landscape.IsBefore(a, b) ? b : a;
+        Add(landscape.GetHeight(point), static_cast<std::uint32_t>(point), first, second);
+    }
+
     void Add(double height, std::uint32_t point, std::uint32_t first, std::uint32_t second)
     {
         constexpr int c_mostSeen = 8; // as more would take long where one dale has many neighbours
@@ -66,7 +83,7 @@ private:
             SPass& pass = m_passes[at];
             if (pass.second != second)
                 continue;
-            if (height < pass.height) {
+            if (height < pass.height || (height == pass.height && point < pass.point)) {
                 pass.height = height;
                 pass.point = point;
             }
