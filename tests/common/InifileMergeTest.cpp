@@ -238,6 +238,9 @@ TEST_F(InifileMerge, LocksAfterSomebodyElsesWent)
 
 TEST_F(InifileMerge, SignalsDoNotMatter)
 {
+#if defined(_LIBCPP_VERSION)
+    GTEST_SKIP() << "streams of this library open files by functions within the C library";
+#endif
     CInifile ini = Part("a=1\n", "a=2\n", "a=1\nb=1\n");
     const CDiagnosticsCapture diagnostics;
     bool isSaved = false;

@@ -223,6 +223,7 @@ void AddCallbacks(COperations& all)
         look));
 }
 
+#if defined(COMMONUI_WITH_PUGIXML)
 void AddFeeds(COperations& all)
 {
     static constexpr std::string_view c_feed =
@@ -242,6 +243,7 @@ void AddFeeds(COperations& all)
             return text;
         }));
 }
+#endif
 
 // A folder with a file that programs save, and the document of one of them. What it holds counts, and that no
 // other file is left.
@@ -312,9 +314,12 @@ int main(int argc, char** argv)
     const CTime time(options);
     GetDiagnostics().SetSink([](const SDiagnosticLine&) {});
     COperations all;
-    for (const auto add : {AddTexts, AddInifile, AddModels, AddSettings, AddCallbacks, AddFeeds, AddFiles,
-                           AddStores, AddFormats, AddFactory, AddGrids})
+    for (const auto add : {AddTexts, AddInifile, AddModels, AddSettings, AddCallbacks, AddFiles, AddStores,
+                           AddFormats, AddFactory, AddGrids})
         add(all);
+#if defined(COMMONUI_WITH_PUGIXML)
+    AddFeeds(all);
+#endif
     std::mt19937 random(options.seed);
     long faults = 0;
     long passes = 0;

@@ -60,6 +60,12 @@ constexpr std::array c_names{"open",  "read",   "write",     "fsync",   "close",
                              "link",  "flock",  "ftruncate", "fopen64", "stat",   "lstat",
                              "fstat", "unlink", "remove",    "mkdir",   "opendir"};
 static_assert(c_names.size() == CallCount);
+// Streams of clang's library read by functions within the C library.
+#if defined(_LIBCPP_VERSION)
+constexpr std::array c_neverSeen{Read, OpenStream};
+#else
+constexpr std::array<ECall, 0> c_neverSeen{};
+#endif
 constexpr int c_short = -1; // an "error" of what reads and writes less than it could
 
 std::string s_folder; // Only what lies in it fails.
@@ -580,7 +586,8 @@ int main(int argc, char** argv)
             faults += trial.TryAll(random);
         }
         for (std::size_t call = 0; call < CallCount; ++call)
-            Faults::Expect(calls[call] > 0, std::string(c_names[call]) + " does not come through here");
+            Faults::Expect(calls[call] > 0 || std::ranges::count(c_neverSeen, call) > 0,
+                           std::string(c_names[call]) + " does not come through here");
         ++passes;
     } while (time.IsLeft());
     std::cout << "call_faults: seed " << options.seed << ", " << std::size(c_operations) << " operations, "

@@ -106,6 +106,9 @@ TEST(StepProcessor, WhatDoesNotFitIsLeftOutAndSaid)
 #if !defined(_WIN32) // where a program cannot replace the "new" of its libraries
 TEST(StepProcessor, TooLittleMemoryIsForgotten)
 {
+#if defined(_LIBCPP_VERSION)
+    GTEST_SKIP() << "std::async of this library waits for ever for what it had no memory to start";
+#endif
     const auto original = MakeInput(16);
     const CProcessSteps steps{Mean(1, 3), Mean(2, 5)};
     const auto expected = CStepProcessor().Run(original, steps, Always)->input->surface.heights;

@@ -14,7 +14,7 @@ std::string Golden(const std::string& name)
     std::string text =
         std::regex_replace(ReadTestData(name), std::regex("\\$version"), CommonUI::GetVersion().ToUtf8());
     if (!CommonUI::Formats::HasX3p())
-        text = std::regex_replace(text, std::regex("(<tr>\n.*)?SHA-256.*\n(.*</td>\n</tr>\n)?"), "");
+        text = std::regex_replace(text, std::regex("(<tr>\n.*)?SHA-256.*\r?\n(.*</td>\n</tr>\n)?"), "");
     return text;
 }
 
