@@ -71,7 +71,7 @@ commonui_package(Dev libcommonui-dev SECTION libdevel DEPENDS "libcommonui${sove
 This package holds the headers, the CMake package and the files of pkg-config
 for the libraries without a user interface.")
 commonui_package(Tools commonui-tools SECTION science
-    DEPENDS "libcommonui${soversion} (= ${full_version}), fonts-dejavu-core"
+    DEPENDS "libcommonui${soversion} (= ${full_version}), fonts-dejavu-core, libglu1-mesa"
     RECOMMENDS "libgl1-mesa-dri"
     SUMMARY "reports and pictures of measured surfaces"
     TEXT "surface_report reads surfaces and profiles (SDF, X3P, text) and writes tables
@@ -100,7 +100,7 @@ This package holds the widgets of controls, grids and dialogs on Qt 6.")
 This package holds the headers, the CMake component and the file of pkg-config
 for the widgets on Qt 6.")
     commonui_package(Workbench commonui-workbench SECTION science
-        DEPENDS "libcommonui-qt${soversion} (= ${full_version})"
+        DEPENDS "libcommonui-qt${soversion} (= ${full_version}), libglu1-mesa"
         RECOMMENDS "commonui-doc, libqt6svg6, qt6-translations-l10n"
         SUMMARY "desktop program for measured surfaces"
         TEXT "The workbench shows surfaces of microscopes and profilers as maps and in
