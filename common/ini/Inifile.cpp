@@ -21,6 +21,7 @@
 #include <bit>
 #include <cstdint>
 #include <new>
+#include <optional>
 #include <utility>
 
 namespace CommonUI
@@ -362,11 +363,15 @@ bool CInifile::SaveBesideOthers(const FIsOneValue& isOneValue, const FCheck& che
 // The document stays what it is until the file is saved.
 bool CInifile::SaveWithTheirs(const std::string& theirs, const FIsOneValue& isOneValue, CStr& reason)
 {
-    CInifile oursUnited(*this);
-    CInifile theirsUnited;
-    theirsUnited.LoadBytes(theirs);
-    oursUnited.UniteRecent(theirsUnited);
-    CIniMerge merge(m_stored ? *m_stored : std::string(), oursUnited.GetDocument(), theirsUnited.GetBytes());
+    std::optional<CInifile> ours;
+    std::optional<CInifile> united;
+    if (!m_recent.empty()) {
+        ours = *this;
+        united.emplace().LoadBytes(theirs);
+        ours->UniteRecent(*united);
+    }
+    CIniMerge merge(m_stored ? *m_stored : std::string(), ours ? ours->GetDocument() : GetDocument(),
+                    united ? united->GetBytes() : theirs);
     merge.Run(isOneValue);
     const CStr section = GetSection();
     auto merged = std::make_unique<CIniDocument>(merge.TakeMerged());
