@@ -156,6 +156,26 @@ TEST_F(ManyFiles, InterruptedRunLeavesWhatIsFinishedAndGoesOn)
     EXPECT_TRUE(HasRow("data/7.txt", "7.3333\t8\t")) << "of other options nothing is taken over";
 }
 
+TEST_F(ManyFiles, FolderThatGoesDuringTheRunLeavesRowsThatSayIt)
+{
+    const auto write = [this] {
+        for (int i = 0; i < 100; ++i)
+            WriteSurface((i < 20 ? "data/a/" : "data/b/") + std::to_string(i) + ".txt", i + 1);
+    };
+    write();
+    const std::string folder = (m_folder / "data").string();
+    const std::string out = Out().string();
+    const std::vector<const char*> arguments = {folder.c_str(), "--out", out.c_str(), "--parameters", "Sz"};
+    COnWriting buffer([this] { fs::remove_all(m_folder / "data/b"); });
+    std::ostream err(&buffer);
+    EXPECT_EQ(SurfaceReport::RunProgram(arguments, m_out, err), 1);
+    EXPECT_TRUE(Has(Table(), "Files: 100\r\n") && HasRow("data/a/0.txt", "1\t")) << Table();
+    EXPECT_TRUE(HasRow("data/b/99.txt", "\tthe file cannot be read")) << Table();
+    write();
+    EXPECT_EQ(Run("$folder/data --out $out --parameters Sz --resume"), 0);
+    EXPECT_TRUE(HasRow("data/b/99.txt", "100\t")) << Table();
+}
+
 TEST_F(ManyFiles, ResumedRunWritesReportsThatAreMissing)
 {
     WriteSurface("data/a.txt", 10);
