@@ -1,5 +1,7 @@
 #include "windows/detail/ControlWindow.h"
 
+#include "windows/detail/WinText.h"
+
 #include <commctrl.h>
 
 #include <algorithm>
@@ -149,6 +151,13 @@ SRect GetScreenRect(HWND window)
     RECT rect{};
     GetWindowRect(window, &rect);
     return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+CStr ReadWindowText(HWND window)
+{
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return FromWide(text);
 }
 
 void AwaitPointerLeft(HWND window)

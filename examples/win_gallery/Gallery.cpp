@@ -1,11 +1,15 @@
 #include "examples/win_gallery/Gallery.h"
 
 #include "examples/win_gallery/Shots.h"
+#include "output/grid/GridCheckItem.h"
+#include "output/grid/GridDblSpinItem.h"
+#include "output/grid/GridListItem.h"
 #include "output/results/NumberFormat.h"
 #include "windows/dialogs/WinFormatSpecifierWindow.h"
 #include "windows/dialogs/WinProgressWindow.h"
 
 #include <cmath>
+#include <iterator>
 
 namespace WinGallery
 {
@@ -51,7 +55,9 @@ CGallery::CGallery(HWND dialog)
     , m_profiles(dialog, c_profiles)
     , m_traverse(dialog, c_traverse)
     , m_table(dialog, c_table, m_results)
+    , m_choices(dialog, c_choices)
 {
+    AddChoices();
     for (CWinFloatEdit* const edit : {&m_cutoff, &m_traverse}) {
         edit->GetEdit().SetFormatString(u"%.2f mm");
         edit->GetEdit().SetScanning(EScanning::Whole);
@@ -63,6 +69,46 @@ CGallery::CGallery(HWND dialog)
     m_profiles.GetEdit().SetChangeNotification(*this, &CGallery::OnProfiles);
     m_cutoff.GetEdit().SetChangeNotification(*this, &CGallery::OnCutoff);
     m_cutoff.GetEdit().Setup(0.8F, 0.08F, 8.0F, 0.1F); // calls OnCutoff
+}
+
+void CGallery::AddChoices()
+{
+    CGridCtrl& grid = m_choices.GetGrid();
+    grid.AddColumn({u"Parameter", 130});
+    grid.AddColumn({u"Shown", 70});
+    grid.AddColumn({u"Unit", 110});
+    grid.AddColumn({u"Limit in \u00B5m", 110});
+    for (const auto& column : c_columns) {
+        CGridRow& row = grid.AddRow();
+        row.Emplace<CGridItem>(column.name).SetFlag(CGridItem::ReadOnly);
+        row.Emplace<CGridCheckItem>(1, 0);
+        CGridListItem& unit = row.Emplace<CGridListItem>();
+        unit.SetOptions({u"nm", u"\u00B5m", u"mm"});
+        unit.SetValue(CGridValue(u"\u00B5m"));
+        row.Emplace<CGridDblSpinItem>(2.5).EnableSpinControl(true, 0, 100);
+    }
+    grid.FitColumns();
+    grid.SetChangeCallback(*this, &CGallery::OnChoice);
+}
+
+// What is ticked.
+std::vector<CGallery::SChoice> CGallery::ReadChoices()
+{
+    std::vector<SChoice> choices;
+    for (std::size_t row = 0; row < std::size(c_columns); ++row) {
+        const auto item = [&](std::size_t column) { return m_choices.GetGrid().GetItem({row, column}); };
+        const CStr unit = item(2)->FormatItem();
+        const double perMicrometre = unit == u"nm" ? 1000 : unit == u"mm" ? 0.001 : 1;
+        if (item(1)->GetValue().GetInteger() != 0)
+            choices.push_back({c_columns[row].name, unit, c_columns[row].factor, perMicrometre,
+                               item(3)->GetValue().GetReal()});
+    }
+    return choices;
+}
+
+void CGallery::OnChoice(CGridItem&, int)
+{
+    Update();
 }
 
 void CGallery::OnCutoff(float cutoff)
@@ -80,13 +126,16 @@ void CGallery::Update()
 {
     m_results.Clear();
     m_results.SetNameHeader(u"Profile");
-    for (const auto& column : c_columns)
-        m_results.AddColumn({column.name, u"\u00B5m"});
+    const std::vector<SChoice> choices = ReadChoices();
+    for (const SChoice& choice : choices)
+        m_results.AddColumn({choice.name, choice.unit});
     for (int row = 1; row <= m_profiles.GetEdit().GetValue(); ++row) {
         std::vector<CStr> cells;
-        for (const auto& column : c_columns) {
-            const double value = Evaluate(column.factor, row) * m_cutoff.GetEdit().GetValue();
-            cells.push_back(FormatParameterValue(value, m_parameter.GetFloatFormat()));
+        for (const SChoice& choice : choices) {
+            const double value = Evaluate(choice.factor, row) * m_cutoff.GetEdit().GetValue();
+            const CStr text =
+                FormatParameterValue(value * choice.perMicrometre, m_parameter.GetFloatFormat());
+            cells.push_back(value > choice.limit ? text + u" !" : text);
         }
         m_results.AddRow({.name = CStr::Format(u"%d", row), .cells = cells});
     }
@@ -124,6 +173,11 @@ void CGallery::OnButton(int button)
 bool CGallery::WriteShots(const std::wstring& folder)
 {
     m_table.GetPane().SelectCell({2, 3});
+    m_choices.GetGrid().SelectCell({1, 3});
+    m_choices.GetGrid().BeginEdit();
+    // While its editor is open, which closes when another window gets the keyboard.
+    if (!WriteShot(m_dialog, folder + L"/window.png"))
+        return false;
     CWinFormatSpecifierDlg format(m_parameter, m_dialog);
     format.Create();
     CWinProgressThreadDialog progress(m_dialog, u"Evaluation", u"Profile 93 of 250");
@@ -133,8 +187,7 @@ bool CGallery::WriteShots(const std::wstring& folder)
     progress.GetWindow().SetText(ProgressTemplate::c_text, u"Profile 93 of 250");
     progress.GetWindow().SetCaption(u"Evaluation");
     progress.GetWindow().Show(true);
-    return WriteShot(m_dialog, folder + L"/window.png") &&
-           WriteShot(format.GetWindow().GetWindow(), folder + L"/format.png") &&
+    return WriteShot(format.GetWindow().GetWindow(), folder + L"/format.png") &&
            WriteShot(progress.GetWindow().GetWindow(), folder + L"/progress.png");
 }
 

@@ -3,11 +3,13 @@
 #include "model/RoughnessCatalogue.h"
 #include "windows/dialogs/WinDarkTitle.h"
 #include "windows/edits/WinNumericEdit.h"
+#include "windows/grid/WinGridCtrl.h"
 #include "windows/grid/WinResultGrid.h"
 
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 namespace WinGallery
 {
@@ -21,8 +23,10 @@ constexpr int c_table = 104;
 constexpr int c_format = 105;
 constexpr int c_progress = 106;
 constexpr int c_copy = 107;
+constexpr int c_choices = 108;
 
-/// What is in the dialog: edits, of which one follows from another, a table, and the library's dialogs.
+/// What is in the dialog: edits, of which one follows from another, a table, a grid that chooses what it
+/// shows, and the library's dialogs.
 class CGallery
 {
 public:
@@ -34,8 +38,20 @@ public:
     bool WriteShots(const std::wstring& folder);
 
 private:
+    // A column of the table.
+    struct SChoice {
+        CommonUI::CStr name;
+        CommonUI::CStr unit;
+        double factor;
+        double perMicrometre;
+        double limit; // in micrometres
+    };
+
     void OnCutoff(float cutoff);
     void OnProfiles(int count);
+    void OnChoice(CommonUI::CGridItem& item, int row);
+    void AddChoices();
+    std::vector<SChoice> ReadChoices();
     void Update();
     void ChooseFormat();
     void ShowProgress();
@@ -48,6 +64,7 @@ private:
     CommonUI::CWinIntEdit m_profiles;
     CommonUI::CWinFloatEdit m_traverse;
     CommonUI::CWinResultGrid m_table;
+    CommonUI::CWinGridCtrl m_choices;
 };
 
 } // namespace WinGallery

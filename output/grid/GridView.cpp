@@ -2,6 +2,7 @@
 
 #include "common/NumberText.h"
 #include "output/grid/GridPane.h"
+#include "platform/MessageBoxService.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,6 +44,24 @@ CStr StepGridEdit(const SGridEdit& edit, const CStr& text, int steps)
         value = edit.minimum;
     return ShortestText(
         std::clamp(value + steps, static_cast<double>(edit.minimum), static_cast<double>(edit.maximum)));
+}
+
+void EndGridEdit(EGridEditEnd end, const CStr& text, const std::function<CGridPane*()>& getGrid)
+{
+    CGridPane* grid = getGrid();
+    if (!grid)
+        return;
+    if (end == EGridEditEnd::Cancelled) {
+        grid->CancelEdit();
+        return;
+    }
+    if (!grid->EndEdit(text)) {
+        GetMessageBoxService().Beep(MessageBoxStyle::c_warning);
+        return;
+    }
+    grid = end == EGridEditEnd::Taken ? nullptr : getGrid();
+    if (grid)
+        grid->EditNext(end == EGridEditEnd::Previous);
 }
 
 CGridView::~CGridView() = default;

@@ -5,6 +5,7 @@
 #include "../../controls/View.h"
 #include "../../export/Export.h"
 
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -55,6 +56,19 @@ struct SGridEdit {
 /// The text of a spin editor after its arrows have been pressed: the number moved by whole steps and kept
 /// between minimum and maximum. A text that is no number counts as the minimum before the step.
 COMMONUI_API CStr StepGridEdit(const SGridEdit& edit, const CStr& text, int steps);
+
+/// How the user has left an editor.
+enum class EGridEditEnd {
+    Taken,
+    Next,     ///< taken, to go on in the next cell
+    Previous, ///< taken, to go on in the cell before
+    Cancelled
+};
+
+/// Tells a grid that its editor is done. A text that the cell refuses is answered by the sound of a warning.
+/// @param text of the editor
+/// @param getGrid gives the grid, or null when a callback has destroyed it or its view
+COMMONUI_API void EndGridEdit(EGridEditEnd end, const CStr& text, const std::function<CGridPane*()>& getGrid);
 
 /// The window that shows a grid, or what stands for it. It asks its control, the grid, to draw and forwards
 /// what the user does. Used on the user-interface thread.

@@ -16,7 +16,6 @@ namespace CommonUI
 {
 
 class CGridEditor;
-enum class EGridEditEnd;
 
 /// Shows a grid, whichever it is: draws what is visible, scrolls, and forwards mouse and keys. A grid of
 /// items opens its editors here. CGridCtrlWidget and CResultGridWidget own the grid that they show.

@@ -1,4 +1,3 @@
-#include "platform/MessageBoxService.h"
 #include "qt/detail/EventGuard.h"
 #include "qt/grid/detail/GridEditor.h"
 #include "qt/grid/detail/GridKeys.h"
@@ -273,17 +272,7 @@ void CGridWidget::EndEdit(EGridEditEnd end)
 {
     const QPointer<CGridWidget> self(this);
     const QPointer<CGridEditor> editor = m_editor;
-    Guarded([&] {
-        CGridPane* const grid = GetControl();
-        if (!grid || end == EGridEditEnd::Cancelled) {
-            if (grid)
-                grid->CancelEdit();
-        } else if (!grid->EndEdit(m_editor->GetText())) {
-            GetMessageBoxService().Beep(MessageBoxStyle::c_warning);
-        } else if (self && GetControl() && (end == EGridEditEnd::Next || end == EGridEditEnd::Previous)) {
-            GetControl()->EditNext(end == EGridEditEnd::Previous);
-        }
-    });
+    Guarded([&] { EndGridEdit(end, m_editor->GetText(), [&] { return self ? GetControl() : nullptr; }); });
     if (!self)
         return;
     // The grid may be another one than when the editor was opened.

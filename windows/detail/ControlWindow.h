@@ -3,6 +3,7 @@
 #include "windows/detail/Api.h"
 
 #include "common/Rect.h"
+#include "common/Str.h"
 
 #include <memory>
 
@@ -92,6 +93,8 @@ private:
 HINSTANCE GetModule() noexcept;
 /// Where a window is, in pixels of the screen.
 SRect GetScreenRect(HWND window);
+/// The title of a window, or what is typed in a field.
+CStr ReadWindowText(HWND window);
 /// Has a message come when the pointer leaves the window.
 void AwaitPointerLeft(HWND window);
 SPoint PointOf(LPARAM longer) noexcept;

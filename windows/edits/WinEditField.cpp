@@ -67,10 +67,7 @@ CWinEditField::~CWinEditField() = default;
 
 CStr CWinEditField::GetText() const
 {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(GetHandle())) + 1, L'\0');
-    text.resize(
-        static_cast<std::size_t>(GetWindowTextW(GetHandle(), text.data(), static_cast<int>(text.size()))));
-    return FromWide(text);
+    return ReadWindowText(GetHandle());
 }
 
 void CWinEditField::SetText(const CStr& text)

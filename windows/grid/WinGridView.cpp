@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 namespace CommonUI
@@ -25,6 +26,7 @@ constexpr struct {
     {VK_LEFT, EGridKey::Left},    {VK_RIGHT, EGridKey::Right},   {VK_UP, EGridKey::Up},
     {VK_DOWN, EGridKey::Down},    {VK_HOME, EGridKey::Home},     {VK_END, EGridKey::End},
     {VK_PRIOR, EGridKey::PageUp}, {VK_NEXT, EGridKey::PageDown}, {VK_SPACE, EGridKey::Space},
+    {VK_RETURN, EGridKey::Enter}, {VK_F2, EGridKey::F2},
 };
 
 std::optional<SGridKey> ToGridKey(WPARAM code)
@@ -64,6 +66,22 @@ long long FindPosition(const SCROLLINFO& info, WORD request, long long line)
     }
 }
 
+// Whether the message that a dialog asks about is the key.
+bool IsEnter(LPARAM message)
+{
+    const auto* const asked = reinterpret_cast<const MSG*>(message);
+    return asked && asked->message == WM_KEYDOWN && asked->wParam == VK_RETURN;
+}
+
+// As Enter does in a dialog.
+void PressDefaultButton(HWND dialog)
+{
+    const auto answer = static_cast<DWORD>(SendMessageW(dialog, DM_GETDEFID, 0, 0));
+    const WORD button = HIWORD(answer) == DC_HASDEFID ? LOWORD(answer) : static_cast<WORD>(IDOK);
+    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
+}
+
 // A line around everything, as themes draw it around fields.
 void DrawEdge(HWND window)
 {
@@ -87,7 +105,8 @@ int GetWheelLines(bool sideways)
 
 CWinGridView::CWinGridView(HWND parent, int identifier, const SRect& place)
     : CControlWindow(parent, identifier, place,
-                     WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_HSCROLL | WS_VSCROLL | WS_CLIPSIBLINGS,
+                     WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_HSCROLL | WS_VSCROLL | WS_CLIPSIBLINGS |
+                         WS_CLIPCHILDREN,
                      WS_EX_CLIENTEDGE)
 {
     const auto font = reinterpret_cast<HFONT>(SendMessageW(parent, WM_GETFONT, 0, 0));
@@ -96,14 +115,29 @@ CWinGridView::CWinGridView(HWND parent, int identifier, const SRect& place)
 
 CWinGridView::~CWinGridView() = default;
 
+std::unique_ptr<CWinGridView> CWinGridView::Replace(HWND dialog, int identifier)
+{
+    HWND__* const control = GetDlgItem(dialog, identifier);
+    if (!control)
+        throw std::system_error(ERROR_INVALID_WINDOW_HANDLE, std::system_category(), "the place of a table");
+    RECT place{};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    auto view = std::make_unique<CWinGridView>(dialog, identifier,
+                                               SRect{place.left, place.top, place.right, place.bottom});
+    SetWindowPos(view->GetHandle(), control, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    DestroyWindow(control);
+    return view;
+}
+
 void CWinGridView::Attach(CGridPane& grid)
 {
+    CloseEditor();
     grid.SetView(this);
     m_lineHeight = 0;
     UpdateLineHeight();
     grid.SetViewSize(GetSize());
-    if (grid.HasFocus() != (GetFocus() == GetHandle()))
-        grid.OnFocus(!grid.HasFocus());
+    UpdateFocus();
 }
 
 SSize CWinGridView::GetSize() const
@@ -116,6 +150,8 @@ SSize CWinGridView::GetSize() const
 void CWinGridView::SetFont(HFONT font)
 {
     m_font = font ? font : static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
+    if (m_editor)
+        SendMessageW(m_editor->GetHandle(), WM_SETFONT, reinterpret_cast<WPARAM>(m_font), TRUE);
     UpdateLineHeight();
     InvalidateRect(GetHandle(), nullptr, FALSE);
 }
@@ -241,6 +277,8 @@ bool CWinGridView::TakeKey(WPARAM code)
     // A callback that throws has used the key.
     bool used = key.has_value();
     GuardedCall([&] { used = key && grid.OnKey(*key); });
+    if (!used && code == VK_RETURN)
+        PressDefaultButton(GetParent(GetHandle()));
     return used;
 }
 
@@ -281,6 +319,15 @@ bool CWinGridView::TakeFocusAlive()
     return !life.expired() && GetHandle();
 }
 
+bool CWinGridView::TakeRelease(SPoint point)
+{
+    const std::weak_ptr<void> life = m_life;
+    Release(point, true);
+    if (!life.expired() && m_editor)
+        m_editor->DropDown();
+    return true;
+}
+
 bool CWinGridView::TakeMouse(UINT message, LPARAM longer)
 {
     const SPoint point = PointOf(longer);
@@ -295,8 +342,7 @@ bool CWinGridView::TakeMouse(UINT message, LPARAM longer)
         SendMouse(message, point);
         return true;
     case WM_LBUTTONUP:
-        Release(point, true);
-        return true;
+        return TakeRelease(point);
     case WM_RBUTTONDOWN:
         if (TakeFocusAlive())
             SendMouse(message, point);
@@ -375,6 +421,8 @@ bool CWinGridView::TakeMessage(UINT message, WPARAM wide, LPARAM longer)
         return true;
     case WM_KEYDOWN:
         return TakeKey(wide);
+    case WM_CHAR:
+        return TakeCharacter(static_cast<wchar_t>(wide));
     case WM_SYSKEYDOWN:
         return TakeColumnKey(wide);
     case WM_VSCROLL:
@@ -404,7 +452,7 @@ bool CWinGridView::TakeMessage(UINT message, WPARAM wide, LPARAM longer)
         return LOWORD(longer) == HTCLIENT && ShowCursor();
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
-        GuardedCall([&] { GetControl()->OnFocus(message == WM_SETFOCUS); });
+        UpdateFocus();
         return true;
     case WM_CONTEXTMENU:
         OpenMenu(longer);
@@ -427,8 +475,8 @@ LRESULT CWinGridView::OnMessage(UINT message, WPARAM wide, LPARAM longer)
         DefWindowProcW(window, message, wide, longer);
         DrawEdge(window);
         return 0;
-    case WM_GETDLGCODE: // Tab, Enter and Escape are the dialog's
-        return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    case WM_GETDLGCODE: // Tab and Escape are the dialog's
+        return DLGC_WANTARROWS | DLGC_WANTCHARS | (m_takesEnter && IsEnter(longer) ? DLGC_WANTMESSAGE : 0);
     case WM_SETFONT:
         SetFont(reinterpret_cast<HFONT>(wide));
         return 0;
@@ -444,6 +492,8 @@ LRESULT CWinGridView::OnMessage(UINT message, WPARAM wide, LPARAM longer)
     default:
         break;
     }
+    if (TakeEditorMessage(message, wide, longer))
+        return 0;
     const bool used = GetControl() && TakeMessage(message, wide, longer);
     if (used)
         return message == WM_SETCURSOR ? TRUE : 0;

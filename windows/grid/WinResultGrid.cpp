@@ -6,7 +6,6 @@
 #include "windows/grid/detail/WinGridView.h"
 
 #include <iterator>
-#include <system_error>
 
 namespace CommonUI
 {
@@ -33,28 +32,12 @@ constexpr struct {
     {ECommand::Narrower, 11831, L"\tAlt+Shift+\u2190", false},
 };
 
-// Puts a view where a control is, which goes.
-std::unique_ptr<CWinGridView> Replace(HWND dialog, int identifier)
-{
-    HWND__* const control = GetDlgItem(dialog, identifier);
-    if (!control)
-        throw std::system_error(ERROR_INVALID_WINDOW_HANDLE, std::system_category(), "the place of a table");
-    RECT place{};
-    GetWindowRect(control, &place);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-    auto view = std::make_unique<CWinGridView>(dialog, identifier,
-                                               SRect{place.left, place.top, place.right, place.bottom});
-    SetWindowPos(view->GetHandle(), control, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    DestroyWindow(control);
-    return view;
-}
-
 } // namespace
 
 CWinResultGrid::CWinResultGrid(HWND__* dialog, int identifier, CGridBaseOutputCtrl& table)
     : m_table(table)
     , m_pane(table)
-    , m_view(Replace(dialog, identifier))
+    , m_view(CWinGridView::Replace(dialog, identifier))
 {
     Show();
 }

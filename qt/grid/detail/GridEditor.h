@@ -12,14 +12,6 @@ class QKeyEvent;
 namespace CommonUI
 {
 
-/// How the user has left an editor.
-enum class EGridEditEnd {
-    Taken,
-    Next,     ///< taken, to go on in the next cell
-    Previous, ///< taken, to go on in the cell before
-    Cancelled
-};
-
 /// An editor over a cell: watches the widget in which the user types or chooses. It is a child of the widget.
 class CGridEditor : public QObject
 {
