@@ -1,11 +1,7 @@
-#include "windows/detail/Automation.h"
-
+#include "tests/windows/AutomationTesting.h"
 #include "tests/windows/ControlTesting.h"
-#include "tests/windows/ReplacedCall.h"
-#include "windows/detail/Com.h"
 #include "windows/grid/WinResultGrid.h"
 
-#include <cstring>
 #include <memory>
 
 using namespace CommonUI;
@@ -15,8 +11,7 @@ namespace
 
 using CElementOwner = CComOwner<IRawElementProviderFragment>;
 
-// What a screen reader gets, from a system that passes on what it is given.
-class WinGridAutomation : public testing::Test
+class WinGridAutomation : public CAutomationTest
 {
 protected:
     WinGridAutomation()
@@ -27,9 +22,7 @@ protected:
         for (const char16_t* const row : {u"1", u"2", u"3"})
             table.AddRow({.name = row, .cells = {CStr(u"a") + row, CStr(u"b") + row}});
         grid->Update();
-        s_focus.clear();
-        EXPECT_EQ(SendMessageW(grid->GetWindow(), WM_GETOBJECT, 0, c_rootObject), 7);
-        root = std::exchange(s_given, nullptr);
+        root = AskWindow(grid->GetWindow());
     }
     ~WinGridAutomation() override
     {
@@ -37,48 +30,6 @@ protected:
             root->Release();
     }
 
-    static FARPROC WINAPI Find(HMODULE, const char* name)
-    {
-        const auto is = [name](const char* other) { return std::strcmp(name, other) == 0; };
-        const auto any = [](auto* function) {
-            return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(function));
-        };
-        return is("UiaReturnRawElementProvider") ? any(&Give)
-               : is("UiaClientsAreListening")    ? any(&Listen)
-               : is("UiaRaiseAutomationEvent")   ? any(&Raise)
-                                                 : nullptr;
-    }
-    static LRESULT WINAPI Give(HWND, WPARAM, LPARAM, IRawElementProviderSimple* element)
-    {
-        if (element)
-            element->AddRef();
-        else
-            ++s_ended;
-        s_given = element;
-        return 7;
-    }
-    static BOOL WINAPI Listen() { return TRUE; }
-    static HRESULT WINAPI Raise(IRawElementProviderSimple* element, EVENTID)
-    {
-        s_focus.push_back(Read(element, UIA_NamePropertyId));
-        return S_OK;
-    }
-    static CStr Read(IRawElementProviderSimple* element, PROPERTYID property)
-    {
-        VARIANT value{};
-        if (FAILED(element->GetPropertyValue(property, &value)))
-            return u"gone";
-        const CStr text = value.vt == VT_BSTR   ? FromWide(value.bstrVal)
-                          : value.vt == VT_BOOL ? CStr(value.boolVal ? u"yes" : u"no")
-                                                : CStr::Format(u"%d", static_cast<int>(value.lVal));
-        VariantClear(&value);
-        return text;
-    }
-    template<class TInterface>
-    static void Ask(IUnknown* element, CComOwner<TInterface>& result)
-    {
-        EXPECT_EQ(element->QueryInterface(__uuidof(TInterface), result.ReceiveAny()), S_OK);
-    }
     static CStr NameOf(IRawElementProviderFragment* element)
     {
         CComOwner<IRawElementProviderSimple> simple;
@@ -86,12 +37,7 @@ protected:
         return Read(simple.Get(), UIA_NamePropertyId);
     }
 
-    inline static IRawElementProviderSimple* s_given = nullptr;
-    inline static std::vector<CStr> s_focus;
-    inline static int s_ended = 0; // how often the system was told that the window goes
-
     const CWinServices services;
-    const CReplacedCall<FARPROC(WINAPI*)(HMODULE, const char*)> find{"GetProcAddress", Find};
     CTestDialog dialog{1};
     CGridBaseOutputCtrl table{CGridBaseOutputCtrl::SCellInfo::Results};
     std::unique_ptr<CWinResultGrid> grid =

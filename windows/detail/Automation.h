@@ -1,6 +1,8 @@
 #pragma once
 
+#include "common/Str.h"
 #include "windows/detail/Api.h"
+#include "windows/detail/ProcAddress.h"
 
 // These need the header above.
 #include <objbase.h>
@@ -22,6 +24,27 @@ constexpr auto c_elementGone = static_cast<HRESULT>(0x80040201L); // which clien
 constexpr int c_appendRuntimeId = 3;                              // what follows is below the window
 constexpr LONG c_rootObject = -25;                                // what WM_GETOBJECT asks for
 
+/// The library that is loaded when somebody asks for what it gives, and then stays.
+constexpr const wchar_t* c_automationLibrary = L"uiautomationcore.dll";
+bool LoadAutomation();
+/// A function of it. @return null without UI Automation
+template<class FFunction>
+FFunction FindAutomation(const char* name)
+{
+    return LoadAutomation() ? FindFunction<FFunction>(c_automationLibrary, name) : nullptr;
+}
+
+/// Answers WM_GETOBJECT. @return 0 without UI Automation
+LRESULT GiveProvider(HWND window, WPARAM wide, LPARAM longer, IRawElementProviderSimple* provider);
+/// No provider of the window is to be asked any more.
+void EndProviders(HWND window);
+/// What the system itself provides for a window.
+HRESULT GetHostProvider(HWND window, IRawElementProviderSimple** result);
+
+VARIANT ToVariant(bool value);
+VARIANT ToVariant(long value);
+VARIANT ToVariant(const CStr& value);
+
 // Objects of the component model are destroyed by themselves.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
@@ -38,6 +61,16 @@ struct IGridItemProvider : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE get_RowSpan(int* result) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_ColumnSpan(int* result) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_ContainingGrid(IRawElementProviderSimple** result) = 0;
+};
+
+struct IRangeValueProvider : IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE SetValue(double value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_Value(double* result) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_IsReadOnly(BOOL* result) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_Maximum(double* result) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_Minimum(double* result) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_LargeChange(double* result) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_SmallChange(double* result) = 0;
 };
 
 /// An object of the component model, which its users count. It is made with one of them.
@@ -82,3 +115,5 @@ __CRT_UUID_DECL(CommonUI::IGridProvider, 0xb17d6187, 0x0907, 0x464b, 0xa1, 0x68,
                 0xb1)
 __CRT_UUID_DECL(CommonUI::IGridItemProvider, 0xd02541f1, 0xfb81, 0x4d64, 0xae, 0x32, 0xf5, 0x20, 0xf8, 0xa6,
                 0xdb, 0xd1)
+__CRT_UUID_DECL(CommonUI::IRangeValueProvider, 0x36dc7aef, 0x33e6, 0x4691, 0xaf, 0xe1, 0x2b, 0xe7, 0x27, 0x4b,
+                0x3d, 0x33)

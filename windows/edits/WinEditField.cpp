@@ -75,6 +75,16 @@ void CWinEditField::SetText(const CStr& text)
     SetWindowTextW(GetHandle(), ToWide(text).c_str());
 }
 
+void CWinEditField::EnterText(const CStr& text)
+{
+    CExEdit* const control = GetControl();
+    SetText(text);
+    if (!control)
+        return;
+    control->OnTextEdited();
+    GuardedCall([control] { control->Validate(); });
+}
+
 void CWinEditField::SelectAll()
 {
     SendMessageW(GetHandle(), EM_SETSEL, 0, -1);
@@ -207,6 +217,11 @@ LRESULT CWinEditField::OnMessage(UINT message, WPARAM wide, LPARAM longer)
         message = WM_CLEAR;
         wide = 0;
     }
+    if (message == WM_DESTROY)
+        m_automation.End();
+    const LRESULT provider = message == WM_GETOBJECT ? m_automation.Answer(wide, longer) : 0;
+    if (provider != 0)
+        return provider;
     const std::weak_ptr<void> life = GetLife();
     LRESULT result = PassOn(message, wide, longer);
     if (life.expired() || !GetHandle())

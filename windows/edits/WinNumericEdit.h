@@ -23,7 +23,7 @@ class CWinStepSizePopup;
 /// The spin button takes its room from the right end of the field. It goes where the field goes, and is shown
 /// and enabled as that is, so that the application moves, hides and disables the field alone. Ctrl+Page Up
 /// and Ctrl+Page Down do what the pop-up does. Screen readers know the field as one of the system, by the
-/// label in front of it.
+/// label in front of it, and the number, its range and its step by UI Automation.
 ///
 /// What was typed counts when the field has lost the keyboard, after the EN_KILLFOCUS that the dialog gets:
 /// a dialog hears of it by the edit's change notification.

@@ -2,8 +2,6 @@
 
 #include "windows/detail/Automation.h"
 #include "windows/detail/CallGuard.h"
-#include "windows/detail/ProcAddress.h"
-#include "windows/detail/WinText.h"
 
 #include <utility>
 
@@ -13,45 +11,10 @@ namespace CommonUI
 namespace
 {
 
-using FGive = LRESULT(WINAPI*)(HWND, WPARAM, LPARAM, IRawElementProviderSimple*);
 using CSource = std::shared_ptr<CGridAutomation::SSource>;
 
 constexpr long c_dataGrid = 50028, c_dataItem = 50029; // types of controls
 constexpr EVENTID c_focusChanged = 20005;
-
-// A function of the library that is loaded when somebody asks for what it gives.
-template<class FFunction>
-FFunction FindAutomation(const char* name)
-{
-    constexpr const wchar_t* c_library = L"uiautomationcore.dll";
-    static const HINSTANCE__* const library =
-        LoadLibraryExW(c_library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32); // which stays
-    return library ? FindFunction<FFunction>(c_library, name) : nullptr;
-}
-
-VARIANT ToVariant(bool value)
-{
-    VARIANT result{};
-    result.vt = VT_BOOL;
-    result.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
-    return result;
-}
-
-VARIANT ToVariant(long value)
-{
-    VARIANT result{};
-    result.vt = VT_I4;
-    result.lVal = value;
-    return result;
-}
-
-VARIANT ToVariant(const CStr& value)
-{
-    VARIANT result{};
-    result.vt = VT_BSTR;
-    result.bstrVal = SysAllocString(ToWide(value).c_str());
-    return result;
-}
 
 UiaRect ToScreen(HWND window, const SRect& rect)
 {
@@ -132,10 +95,7 @@ public:
     }
     HRESULT STDMETHODCALLTYPE get_HostRawElementProvider(IRawElementProviderSimple** result) override
     {
-        *result = nullptr;
-        const auto host =
-            FindAutomation<HRESULT(WINAPI*)(HWND, IRawElementProviderSimple**)>("UiaHostProviderFromHwnd");
-        return host && GetWindow() ? host(GetWindow(), result) : c_elementGone;
+        return GetHostProvider(GetWindow(), result);
     }
     HRESULT STDMETHODCALLTYPE Navigate(NavigateDirection direction,
                                        IRawElementProviderFragment** result) override;
@@ -344,15 +304,12 @@ HRESULT STDMETHODCALLTYPE CTableElement::GetItem(int row, int column, IRawElemen
 
 LRESULT CGridAutomation::Answer(WPARAM wide, LPARAM longer)
 {
-    const auto give = static_cast<LONG>(longer) == c_rootObject && m_source->GetGrid()
-                          ? FindAutomation<FGive>("UiaReturnRawElementProvider")
-                          : nullptr;
-    if (!give)
+    if (static_cast<LONG>(longer) != c_rootObject || !m_source->GetGrid())
         return 0;
-    m_isAsked = true;
     auto* const table = new CTableElement(m_source);
-    const LRESULT result = give(m_source->window, wide, longer, table);
+    const LRESULT result = GiveProvider(m_source->window, wide, longer, table);
     table->Release();
+    m_isAsked = m_isAsked || result != 0;
     return result;
 }
 
@@ -360,7 +317,7 @@ void CGridAutomation::End()
 {
     m_source->view = nullptr;
     if (std::exchange(m_isAsked, false))
-        FindAutomation<FGive>("UiaReturnRawElementProvider")(m_source->window, 0, 0, nullptr);
+        EndProviders(m_source->window);
 }
 
 void CGridAutomation::TellFocus() const

@@ -2,6 +2,7 @@
 
 #include "controls/ExEdit.h"
 #include "windows/detail/ControlWindow.h"
+#include "windows/edits/detail/EditProvider.h"
 
 #include <functional>
 
@@ -22,6 +23,8 @@ public:
     void SetReadOnly(bool readOnly) override;
     void MoveFocus(bool backward) override;
 
+    /// What a user enters by other means than keys.
+    void EnterText(const CStr& text);
     /// Calls `moved` when the field has another place, is shown or hidden, enabled or disabled.
     void SetMoved(std::function<void()> moved) { m_moved = std::move(moved); }
     /// Calls `step` with +1 or -1 for Ctrl+Page Up and Ctrl+Page Down, which make steps larger and smaller.
@@ -39,6 +42,7 @@ private:
     bool TakeWheel(WPARAM wide);
     void AfterMessage(UINT message);
 
+    CEditAutomation m_automation{*this};
     std::function<void()> m_moved;
     std::function<void(int)> m_stepKeys;
     bool m_keyUsed = false; // of the last key, of which a control character may be on its way
