@@ -36,7 +36,7 @@ public:
         Add<CGridItem>(CGridValue(u"A-00"), 0,
                        SGridEditRules{.mask = u"a-dd", .validCharacters = u"ABC-0123"});
         Add<CGridDblSpinItem>(2.5).EnableSpinControl(true, 0, 4);
-        Add<CGridListItem>().SetOptions({u"nm", u"mm", u"\u00B5m"});
+        Add<CGridListItem>().SetOptions({u"nm", u"mm", u"\u00B5m", CStr(60, u'x')});
         SetFocus(window);
     }
 
@@ -179,6 +179,7 @@ TEST_F(WinGridCtrl, ListsDropDownAndEndWithTheirChoice)
         EXPECT_FALSE(SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0)) << "the button is held";
         SendMessageW(window, WM_LBUTTONUP, 0, ArrowOf(List));
         EXPECT_TRUE(SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0));
+        EXPECT_GT(SendMessageW(list, CB_GETDROPPEDWIDTH, 0, 0), 200) << "the widest option has room";
         dialog.Press(VK_DOWN);
         dialog.Press(VK_DOWN);
         EXPECT_TRUE(SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0));

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace CommonUI
 {
@@ -150,6 +151,7 @@ public:
     {
         for (const CStr& option : edit.options)
             Send(CB_ADDSTRING, 0, option);
+        Widen(edit.options, font);
         const auto current = std::ranges::find(edit.options, edit.text);
         if (current != edit.options.end())
             Choose(current - edit.options.begin());
@@ -196,6 +198,23 @@ private:
     LRESULT Send(UINT message, WPARAM wide, const CStr& text) const
     {
         return SendMessageW(GetHandle(), message, wide, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
+    }
+    // The list is as wide as the widest option, however narrow the cell is.
+    void Widen(const std::vector<CStr>& options, HFONT font) const
+    {
+        HDC__* const context = GetDC(GetHandle());
+        void* const before = SelectObject(context, font);
+        LONG width = 0;
+        for (const CStr& option : options) {
+            const std::wstring text = ToWide(option);
+            SIZE size{};
+            GetTextExtentPoint32W(context, text.c_str(), static_cast<int>(text.size()), &size);
+            width = std::max(width, size.cx);
+        }
+        SelectObject(context, before);
+        ReleaseDC(GetHandle(), context);
+        const int around = GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
+        SendMessageW(GetHandle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width + around), 0);
     }
     void Choose(LRESULT option) { SendMessageW(GetHandle(), CB_SETCURSEL, static_cast<WPARAM>(option), 0); }
 
