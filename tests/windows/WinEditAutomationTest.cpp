@@ -113,4 +113,11 @@ TEST_F(WinEditAutomation, WhatIsKeptTellsNothingWhenTheEditIsGone)
     CComOwner<IRawElementProviderSimple> host;
     EXPECT_EQ(root->get_HostRawElementProvider(host.Receive()), c_elementGone);
     EXPECT_EQ(AskWindow(dialog.GetItem(100)), nullptr) << "the field is the system's again";
+
+    CWinIntEdit other(dialog.Get(), 101);
+    CComOwner<IRawElementProviderSimple> provider;
+    *provider.Receive() = AskWindow(other.GetField());
+    EXPECT_TRUE(provider.Get());
+    dialog.Close();
+    EXPECT_EQ(s_ended, 2);
 }
