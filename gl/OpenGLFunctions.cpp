@@ -36,10 +36,13 @@ public:
 private:
     bool Load()
     {
-        if (!m_tried && !(m_library = dlopen(m_name, RTLD_NOW | RTLD_LOCAL)))
-            GetDiagnostics().Write({}, EDiagnosticLevel::Error,
-                                   CStr::Format(u"OpenGL is not there: %s\n", CStr::FromUtf8(dlerror())));
-        m_tried = true;
+        if (!m_tried) {
+            m_tried = true;
+            m_library = dlopen(m_name, RTLD_NOW | RTLD_LOCAL);
+            if (!m_library)
+                GetDiagnostics().Write({}, EDiagnosticLevel::Error,
+                                       CStr::Format(u"OpenGL is not there: %s\n", CStr::FromUtf8(dlerror())));
+        }
         return m_library != nullptr;
     }
 
