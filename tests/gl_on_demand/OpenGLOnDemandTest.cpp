@@ -2,6 +2,7 @@
 #include "common/Diagnostics.h"
 #include "gl/GLStack.h"
 #include "gl/GLUtils.h"
+#include "gl/OpenGLError.h"
 #include "gl/OpenGLWrapper.h"
 
 #include <gtest/gtest.h>
@@ -29,9 +30,13 @@ bool IsLoaded(const char* library)
 [[noreturn]] void UseOpenGLWithoutLibraries()
 {
     GetDiagnostics().SetSink([](const SDiagnosticLine& line) { std::cerr << CStr(line.text).ToUtf8(); });
-    const rlimit none{};
-    setrlimit(RLIMIT_NOFILE, &none); // no file can be opened, libraries neither
-    bool good = true;
+    // At the first call no file can be opened, libraries neither.
+    rlimit most{};
+    getrlimit(RLIMIT_NOFILE, &most);
+    const rlimit none{.rlim_cur = 0, .rlim_max = most.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+    bool good = !OpenGLErrorMsg(u"", u"", u"", 0);
+    setrlimit(RLIMIT_NOFILE, &most);
     for (int i = 0; i < 2; ++i) {
         CGLStack stack;
         good = good && stack.PushAttrib(~0U) && stack.PushWindowCoord(false) && stack.Pop();
