@@ -6,7 +6,7 @@
 // Writes the sample surface to the file named on the command line.
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
+    if (argc != 2 || *argv[1] == '-') { // which would be an option
         std::cerr << "usage: make_sample FILE\n";
         return 2;
     }
