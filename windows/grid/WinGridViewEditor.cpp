@@ -41,16 +41,16 @@ void CWinGridView::CloseEditor()
         return;
     std::unique_ptr<CGridCellEditor> editor = std::exchange(m_editor, nullptr);
     editor->Disarm();
-    HWND__* const window = editor->GetHandle();
-    // The message that it ends with is still being dealt with by its window.
-    m_closedEditors.push_back(std::move(editor));
-    PostMessageW(GetHandle(), c_forgetEditors, 0, 0);
+    // Who gets the focus may call back, and run a loop of messages.
     const std::weak_ptr<void> life = m_life;
-    if (window && GetFocus() == window)
+    if (editor->GetHandle() && GetFocus() == editor->GetHandle())
         TakeFocus();
     if (life.expired())
         return;
-    m_closedEditors.back()->Hide();
+    editor->Hide();
+    // The message that it ends with is still being dealt with by its window.
+    m_closedEditors.push_back(std::move(editor));
+    PostMessageW(GetHandle(), c_forgetEditors, 0, 0);
     UpdateFocus();
 }
 
