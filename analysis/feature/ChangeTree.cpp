@@ -75,6 +75,7 @@ private:
         Add(landscape.GetHeight(point), static_cast<std::uint32_t>(point), first, second);
     }
 
+    // Of equal passes that at the first point stays.
     void Add(double height, std::uint32_t point, std::uint32_t first, std::uint32_t second)
     {
         constexpr int c_mostSeen = 8; // as more would take long where one dale has many neighbours

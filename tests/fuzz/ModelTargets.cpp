@@ -40,10 +40,11 @@ CStr SectionOf(EAnalysis analysis)
 // The first analysis that an input has a section of, or one by its length.
 EAnalysis ChooseAnalysis(std::string_view bytes)
 {
-    const auto first = std::ranges::min(std::views::iota(0, c_analyses), {}, [bytes](int analysis) {
+    const auto place = [bytes](int analysis) {
         return bytes.find("[" + SectionOf(EAnalysis{analysis}).ToUtf8() + "]");
-    });
-    const bool hasOne = bytes.find("[" + SectionOf(EAnalysis{first}).ToUtf8() + "]") != bytes.npos;
+    };
+    const int first = std::ranges::min(std::views::iota(0, c_analyses), {}, place);
+    const bool hasOne = place(first) != bytes.npos;
     return EAnalysis{hasOne ? first : static_cast<int>(bytes.size() % c_analyses)};
 }
 
@@ -69,12 +70,12 @@ private:
 class COne
 {
 public:
-    explicit COne(EAnalysis analysis)
-        : m_data(Defaults().GetData(analysis).Clone())
-    {
-    }
     explicit COne(const CAnalysisPreferencesData& data)
         : m_data(data.Clone())
+    {
+    }
+    explicit COne(EAnalysis analysis)
+        : COne(Defaults().GetData(analysis))
     {
     }
 

@@ -18,7 +18,7 @@ using CSource = std::shared_ptr<CEditAutomation::SSource>;
 
 constexpr auto c_notAllowed = static_cast<HRESULT>(0x80131509L); // an operation that is not valid now
 
-// A page of the range, as screen readers have keys for large steps: what the wheel does not do.
+// Screen readers have keys for large steps, the field has none.
 constexpr double c_largeSteps = 10;
 
 std::optional<SEditNumber> NumberOf(const CEditAutomation::SSource& source)

@@ -1,5 +1,6 @@
 #include "windows/edits/detail/WinSpinButton.h"
 
+#include "windows/detail/Arrows.h"
 #include "windows/detail/CallGuard.h"
 #include "windows/detail/ControlWindow.h"
 #include "windows/detail/MonitorScale.h"
@@ -15,19 +16,6 @@ namespace
 {
 
 constexpr UINT c_step = WM_APP;
-
-HWND MakeArrows(HWND parent)
-{
-    const INITCOMMONCONTROLSEX used{sizeof used, ICC_UPDOWN_CLASS};
-    InitCommonControlsEx(&used);
-    HWND__* const arrows = CreateWindowExW(0, UPDOWN_CLASSW, L"", WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, parent,
-                                           nullptr, GetModule(), nullptr);
-    // Around the position, which stays where it is: the number is the control's.
-    SendMessageW(arrows, UDM_SETRANGE32, static_cast<WPARAM>(-1000), 1000);
-    UDACCEL always{0, 1};
-    SendMessageW(arrows, UDM_SETACCEL, 1, reinterpret_cast<LPARAM>(&always));
-    return arrows;
-}
 
 } // namespace
 

@@ -1,6 +1,7 @@
 #include "windows/grid/detail/GridCellEditor.h"
 
 #include "controls/WheelSteps.h"
+#include "windows/detail/Arrows.h"
 #include "windows/detail/WinText.h"
 
 #include <commctrl.h>
@@ -54,7 +55,7 @@ public:
             SendMessageW(GetHandle(), EM_REPLACESEL, TRUE,
                          reinterpret_cast<LPARAM>(ToWide(edit.typed).c_str()));
         if (IsSpin(edit))
-            AddArrows(grid);
+            m_arrows = MakeArrows(grid);
     }
     ~CGridFieldEditor() override
     {
@@ -119,16 +120,6 @@ protected:
 private:
     static bool IsSpin(const SGridEdit& edit) { return edit.kind == SGridEdit::EKind::Spin; }
 
-    void AddArrows(HWND grid)
-    {
-        const INITCOMMONCONTROLSEX used{sizeof used, ICC_UPDOWN_CLASS};
-        InitCommonControlsEx(&used);
-        m_arrows = MakeWindow(UPDOWN_CLASSW, 0, grid, nullptr, m_edit.rect);
-        // Around a position which stays where it is.
-        SendMessageW(m_arrows, UDM_SETRANGE32, static_cast<WPARAM>(-1000), 1000);
-        UDACCEL always{0, 1};
-        SendMessageW(m_arrows, UDM_SETACCEL, 1, reinterpret_cast<LPARAM>(&always));
-    }
     void SetText(const CStr& text)
     {
         SetWindowTextW(GetHandle(), ToWide(text).c_str());

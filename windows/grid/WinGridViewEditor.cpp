@@ -64,7 +64,7 @@ void CWinGridView::EndEdit(EGridEditEnd end)
     if (life.expired())
         return;
     // The grid may be another one than when the editor was opened.
-    if (m_editor && m_editor.get() == editor)
+    if (m_editor.get() == editor)
         CloseEditor();
     UpdateFocus();
 }
