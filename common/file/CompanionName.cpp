@@ -1,8 +1,12 @@
 #include "common/file/detail/CompanionName.h"
 
 #include "common/file/detail/FileErrors.h"
+#include "common/file/detail/FilePath.h"
+#include "common/file/detail/SystemFiles.h"
 
 #include <cstdint>
+#include <optional>
+#include <utility>
 
 namespace CommonUI
 {
@@ -19,10 +23,11 @@ constexpr std::size_t c_longestName = 255;
 fs::path FollowLinks(fs::path path)
 {
     constexpr int c_mostLinks = 40;
-    for (int i = 0; fs::is_symlink(fs::symlink_status(path)); ++i) {
-        if (i == c_mostLinks)
+    int links = 0;
+    while (std::optional<fs::path> next = ReadLink(path)) {
+        if (++links > c_mostLinks)
             Refuse("cannot follow link", std::errc::too_many_symbolic_link_levels);
-        path = path.parent_path() / fs::read_symlink(path);
+        path = *std::move(next);
     }
     return path;
 }

@@ -1,6 +1,7 @@
 #include "common/file/FileBytes.h"
 
 #include "common/file/detail/FileErrors.h"
+#include "common/file/detail/FilePath.h"
 #include "common/file/FileReplacement.h"
 
 #include <cstdint>

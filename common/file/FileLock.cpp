@@ -2,6 +2,7 @@
 
 #include "common/file/detail/CompanionName.h"
 #include "common/file/detail/FileErrors.h"
+#include "common/file/detail/FilePath.h"
 #include "common/file/FileSystem.h"
 
 #include <algorithm>

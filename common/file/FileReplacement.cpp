@@ -2,12 +2,12 @@
 
 #include "common/file/detail/CompanionName.h"
 #include "common/file/detail/FileErrors.h"
+#include "common/file/detail/FilePath.h"
+#include "common/file/detail/SystemFiles.h"
 #include "common/file/FileSystem.h"
 
 #include <algorithm>
 #include <chrono>
-#include <fstream>
-#include <ios>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -120,14 +120,6 @@ void RemoveOldTemporaries(const fs::path& target)
     }
 }
 
-// Permission bits do not say who may write: somebody else's file in a shared folder could be replaced, but
-// must not be.
-void CheckWritable(const fs::path& target)
-{
-    std::filebuf file;
-    OpenStream(file, target, std::ios::out | std::ios::app, "write-protected");
-}
-
 // The status of a file that may be replaced.
 fs::file_status CheckTarget(const fs::path& target)
 {
@@ -139,6 +131,8 @@ fs::file_status CheckTarget(const fs::path& target)
     constexpr fs::perms c_write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     if (fs::exists(status) && (status.permissions() & c_write) == fs::perms::none)
         Refuse("write-protected", std::errc::permission_denied);
+    // Permission bits do not say who may write: somebody else's file in a shared folder could be replaced,
+    // but must not be.
     if (fs::exists(status))
         CheckWritable(target);
     return status;
@@ -173,17 +167,16 @@ struct CFileReplacement::SState {
     SState& operator=(const SState&) = delete;
     ~SState()
     {
-        std::error_code ignored;
-        CStr reason;
-        TryFile(reason, [this] { Close(); });
+        CStr ignored;
+        TryFile(ignored, [this] { Close(); });
         if (hasTemporary)
-            fs::remove(temporary, ignored);
+            RemoveFile(temporary);
         if (isForNow && before.empty())
-            fs::remove(target, ignored);
+            RemoveFile(target);
         else if (isForNow)
-            fs::rename(before, target, ignored);
+            TryFile(ignored, [this] { GetFileSystem().Replace(before, target); });
         else if (!before.empty())
-            fs::remove(before, ignored);
+            RemoveFile(before);
     }
 
     void Open(const fs::path& readers)

@@ -208,6 +208,26 @@ CFileSystem& GetSystemFiles() noexcept
     return files;
 }
 
+std::optional<fs::path> ReadLink(const fs::path& path)
+{
+    if (!fs::is_symlink(fs::symlink_status(path)))
+        return std::nullopt;
+    return path.parent_path() / fs::read_symlink(path);
+}
+
+void CheckWritable(const fs::path& path)
+{
+    const int descriptor = Open(path.c_str(), O_WRONLY | O_APPEND);
+    if (descriptor < 0)
+        Throw(errno, "write-protected");
+    ::close(descriptor);
+}
+
+void RemoveFile(const fs::path& path) noexcept
+{
+    ::unlink(path.c_str());
+}
+
 } // namespace CommonUI
 
 #endif

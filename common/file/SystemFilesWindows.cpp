@@ -8,7 +8,9 @@
 #include <memory>
 #include <new>
 #include <string>
+#include <string_view>
 #include <system_error>
+#include <utility>
 
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -48,6 +50,37 @@ bool IsInUse(DWORD error)
     return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION;
 }
 
+// Calls until that succeeds, with growing waits, for about a second while `mayEnd` says so of the error.
+template<class FCall>
+void Retry(const char* what, bool (*mayEnd)(DWORD error), const FCall& call)
+{
+    constexpr DWORD c_firstWait = 5;
+    constexpr DWORD c_longestWait = 80;
+    constexpr int c_mostTries = 16;
+    DWORD wait = c_firstWait;
+    for (int tries = 1; !call(); ++tries) {
+        const DWORD error = GetLastError();
+        if (!mayEnd(error) || tries == c_mostTries)
+            Throw(error, what);
+        Sleep(wait);
+        wait = std::min(2 * wait, c_longestWait);
+    }
+}
+
+// The form of a path that all functions take: without what the system puts before one that is in full.
+std::wstring WithoutMark(std::wstring path)
+{
+    constexpr std::wstring_view c_mark = L"\\\\?\\", c_server = L"\\\\?\\UNC\\";
+    if (path.starts_with(c_server))
+        return path.replace(0, c_server.size(), L"\\\\");
+    return path.starts_with(c_mark) ? path.substr(c_mark.size()) : path;
+}
+
+bool IsSamePath(const std::wstring& a, const std::wstring& b)
+{
+    return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_EQUAL;
+}
+
 class CSystemFiles : public CFileSystem
 {
 public:
@@ -82,19 +115,9 @@ public:
     }
     void Replace(const fs::path& from, const fs::path& to) override
     {
-        constexpr DWORD c_firstWait = 5;
-        constexpr DWORD c_longestWait = 80;
-        constexpr int c_mostTries = 16;
-        DWORD wait = c_firstWait;
-        for (int tries = 1;
-             !MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-             ++tries) {
-            const DWORD error = GetLastError();
-            if (!IsInUse(error) || tries == c_mostTries)
-                Throw(error, "cannot replace");
-            Sleep(wait);
-            wait = std::min(2 * wait, c_longestWait);
-        }
+        Retry("cannot replace", IsInUse, [&] {
+            return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+        });
     }
     void Link(const fs::path& from, const fs::path& to) override
     {
@@ -134,11 +157,13 @@ public:
     {
         constexpr int c_mostTries = 3;
         for (int tries = 1;; ++tries) {
-            const HANDLE handle =
-                CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
-                            FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+            // Of a link that somebody has put there it is the link itself that is opened, and goes.
+            const HANDLE handle = CreateFileW(
+                path.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
             if (handle != INVALID_HANDLE_VALUE) {
                 DWORD written = 0;
+                SetEndOfFile(handle);
                 WriteFile(handle, holder.data(), static_cast<DWORD>(holder.size()), &written, nullptr);
                 return ToFile(handle);
             }
@@ -176,6 +201,51 @@ public:
 };
 
 } // namespace
+
+// Asks where the name leads to, and not whether it is a link, which some systems do not tell.
+std::optional<fs::path> ReadLink(const fs::path& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    const std::wstring name = path.filename().wstring();
+    if (attributes == INVALID_FILE_ATTRIBUTES || name.empty() || name == L"." || name == L"..")
+        return std::nullopt;
+    try {
+        std::wstring found = GetSystemFiles().Resolve(path).wstring();
+        std::wstring named =
+            GetSystemFiles().Resolve(path.has_parent_path() ? path.parent_path() : L".").wstring();
+        if (!named.ends_with(L'\\'))
+            named += L'\\';
+        if (IsSamePath(found, named + name))
+            return std::nullopt;
+        return WithoutMark(std::move(found));
+    } catch (const std::system_error& error) {
+        if (attributes & FILE_ATTRIBUTE_REPARSE_POINT)
+            throw std::system_error(error.code(), "cannot follow link");
+        return std::nullopt; // its file system tells no paths
+    }
+}
+
+void CheckWritable(const fs::path& path)
+{
+    constexpr DWORD c_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const auto isShared = [](DWORD error) {
+        return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION;
+    };
+    Retry("write-protected or in use", isShared, [&] {
+        const HANDLE handle =
+            CreateFileW(path.c_str(), GENERIC_WRITE, c_all, nullptr, OPEN_EXISTING, 0, nullptr);
+        return handle != INVALID_HANDLE_VALUE && CloseHandle(handle);
+    });
+}
+
+void RemoveFile(const fs::path& path) noexcept
+{
+    try {
+        Retry("cannot remove", IsInUse, [&] { return DeleteFileW(path.c_str()); });
+    } catch (const std::exception&) {
+        return;
+    }
+}
 
 CFileSystem& GetSystemFiles() noexcept
 {

@@ -93,9 +93,12 @@ TEST_F(InifileFile, WhatCannotBeSavedIsToldAndLeavesNothing)
 #else
     for (const std::string& name :
          {std::string("x.ini:part"), std::string(300, 'x'), std::string("NUL"), std::string("Aux.ini"),
-          std::string("com1 .txt"), std::string("file."), std::string("file  ")})
+          std::string("com1 .txt"), std::string("file."), std::string("file  "), std::string("data./x"),
+          std::string("data /x"), std::string("nul/x"), std::string("data:part/x")})
         names.push_back(NameOf(name));
-    names.push_back(CStr(u"CON"));
+    fs::create_directory(PathOf("data"));
+    names.insert(names.end(),
+                 {CStr(u"CON"), CStr(u"C:x.ini"), CStr(u"\\\\.\\C:\\x.ini"), CStr(u"\\\\?\\C:x.ini")});
 #endif
     const std::size_t count = CountFiles();
     for (const CStr& name : names) {

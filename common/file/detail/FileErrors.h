@@ -1,7 +1,5 @@
 #pragma once
 
-#include "common/file/DeviceName.h"
-#include "common/PathText.h"
 #include "common/Str.h"
 
 #include <cerrno>
@@ -37,26 +35,6 @@ inline void OpenStream(std::filebuf& file, const std::filesystem::path& path, st
             return;
     } while (errno == EINTR);
     ThrowStreamError(failure);
-}
-
-inline std::filesystem::path ToFilePath(const CStr& fileName)
-{
-    // To the system the name would end there: that of another file.
-    if (fileName.Find(u'\0') != CStr::npos)
-        Refuse("the name has a character U+0000", std::errc::invalid_argument);
-    std::filesystem::path path = ToPath(fileName);
-#if defined(_WIN32)
-    // What stands behind a colon would be a part of a file, which nothing but this system knows; the system
-    // would leave out dots and blanks at the end, and so take another file.
-    const std::wstring name = path.filename().native();
-    if (name.find(L':') != std::wstring::npos)
-        Refuse("the name has a colon", std::errc::invalid_argument);
-    if (name != L"." && name != L".." && (name.ends_with(L'.') || name.ends_with(L' ')))
-        Refuse("the name ends in a dot or a blank", std::errc::invalid_argument);
-    if (IsDeviceName(path.filename().u16string()))
-        Refuse("the name is that of a device", std::errc::invalid_argument);
-#endif
-    return path;
 }
 
 /// Why something was thrown, also where there is no memory for more.
