@@ -225,7 +225,8 @@ void CheckWritable(const fs::path& path)
 
 void RemoveFile(const fs::path& path) noexcept
 {
-    ::unlink(path.c_str());
+    std::error_code ignored;
+    fs::remove(path, ignored);
 }
 
 } // namespace CommonUI
