@@ -174,7 +174,7 @@ struct CFileReplacement::SState {
         if (isForNow && before.empty())
             RemoveFile(target);
         else if (isForNow)
-            TryFile(ignored, [this] { GetFileSystem().Replace(before, target); });
+            PutBack();
         else if (!before.empty())
             RemoveFile(before);
     }
@@ -222,6 +222,14 @@ struct CFileReplacement::SState {
         Close();
         GetFileSystem().Replace(temporary, target);
         hasTemporary = false;
+    }
+    // By a plain renaming where there is no memory for more.
+    void PutBack() noexcept
+    {
+        CStr ignored;
+        std::error_code error;
+        if (!TryFile(ignored, [this] { GetFileSystem().Replace(before, target); }))
+            fs::rename(before, target, error);
     }
     void ReplaceForNow()
     {

@@ -67,10 +67,12 @@ void Retry(const char* what, bool (*mayEnd)(DWORD error), const FCall& call)
     }
 }
 
-// The form of a path that all functions take: without what the system puts before one that is in full.
+constexpr std::wstring_view c_mark = L"\\\\?\\"; // before a path in full, which may then be long
+
+// The form of a path that all functions take.
 std::wstring WithoutMark(std::wstring path)
 {
-    constexpr std::wstring_view c_mark = L"\\\\?\\", c_server = L"\\\\?\\UNC\\";
+    constexpr std::wstring_view c_server = L"\\\\?\\UNC\\";
     if (path.starts_with(c_server))
         return path.replace(0, c_server.size(), L"\\\\");
     return path.starts_with(c_mark) ? path.substr(c_mark.size()) : path;
@@ -217,7 +219,7 @@ std::optional<fs::path> ReadLink(const fs::path& path)
             named += L'\\';
         if (IsSamePath(found, named + name))
             return std::nullopt;
-        return WithoutMark(std::move(found));
+        return path.native().starts_with(c_mark) ? found : WithoutMark(std::move(found));
     } catch (const std::system_error& error) {
         if (attributes & FILE_ATTRIBUTE_REPARSE_POINT)
             throw std::system_error(error.code(), "cannot follow link");
